@@ -1,0 +1,144 @@
+// The conversions of a channel record, in the order in which a record is collected.
+#include "channel_record.h"
+
+#include "block_field.h"
+#include "decimal.h"
+#include "function_settings.h"
+#include "signaling.h"
+#include "tone_codes.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace mr4500x {
+namespace {
+
+using Record = std::span<std::uint8_t, 16>;
+using ConstRecord = std::span<const std::uint8_t, 16>;
+
+constexpr std::uint8_t InUseBit = 0x80; // of RxFlags; in TxFlags: transmit allowed
+constexpr std::uint8_t StepCodeMask = 0x03;
+constexpr std::uint8_t KeptFlags = 0x7C;   // of RxFlags and TxFlags when a record is collected
+constexpr std::uint8_t KeptOptions = 0x07; // of OptionFlags
+constexpr std::size_t OptionFlags = 12;
+
+// Where a side of the record stands and which cells show it.
+struct Side {
+  std::size_t flags, count, toneCode;
+  Direction direction;
+  GridColumn freq, step, tone, selCall;
+};
+constexpr Side Receive = {
+    0, 1, 4, Direction::Rx, GridColumn::RxFreq, GridColumn::RxStep, GridColumn::RxTone, GridColumn::RxSelCall};
+constexpr Side Transmit = {
+    6, 7, 10, Direction::Tx, GridColumn::TxFreq, GridColumn::TxStep, GridColumn::TxTone, GridColumn::TxSelCall};
+
+// The OptionFlags with a text for either state.
+// clang-format off
+struct OptionField { GridColumn column; BlockField field; const char* set; const char* clear; };
+constexpr std::array<OptionField, 4> OptionFields = {{
+    {GridColumn::PttId,       {OptionFlags, 0x10, 4}, "ON",     "OFF"},
+    {GridColumn::Combination, {OptionFlags, 0x20, 5}, "OR",     "AND"},
+    {GridColumn::TailCut,     {OptionFlags, 0x40, 6}, "ON",     "OFF"},
+    {GridColumn::HighTxPower, {OptionFlags, 0x80, 7}, "Permit", "Prohibit"},
+}};
+constexpr BlockField WideBandField =                  {OptionFlags, 0x08, 3};
+// clang-format on
+
+std::uint32_t ReadCount(ConstRecord record, std::size_t at) {
+  return record[at] + (std::uint32_t{record[at + 1]} << 8) + (std::uint32_t{record[at + 2]} << 16);
+}
+
+void WriteCount(Record record, std::size_t at, std::uint32_t count) {
+  record[at] = static_cast<std::uint8_t>(count & 0xFF);
+  record[at + 1] = static_cast<std::uint8_t>((count >> 8) & 0xFF);
+  record[at + 2] = static_cast<std::uint8_t>((count >> 16) & 0x03); // a written count has 18 bits
+}
+
+void ReadSide(const RadioImage& image, std::size_t channel, const Side& side, const FieldTexts& texts,
+              ChannelTexts& shown) {
+  const ConstRecord record = image.ChannelBlock.Row(channel);
+  const std::uint8_t flags = record[side.flags];
+  const int stepCode = flags & StepCodeMask;
+  shown[side.freq] = FrequencyText(ReadCount(record, side.count), stepCode, texts.decimalSeparator);
+  shown[side.step] = StepText(stepCode, texts.decimalSeparator);
+  shown[side.tone] = ToneText({flags, record[side.toneCode], record[side.toneCode + 1]}, texts);
+  shown[side.selCall] = SelCallText(image, channel, side.direction);
+}
+
+void CollectSide(RadioImage& image, std::size_t channel, const Side& side, bool marked, const ChannelTexts& shown,
+                 const FieldTexts& texts) {
+  const Record record = image.ChannelBlock.Row(channel);
+  std::uint8_t& flags = record[side.flags];
+  flags &= KeptFlags;
+  if (marked) flags |= InUseBit;
+  const int stepCode = StepCode(shown[side.step], texts.decimalSeparator);
+  flags = static_cast<std::uint8_t>(flags | stepCode);
+  if (const std::optional<Decimal> megahertz = ParseDecimal(shown[side.freq], texts.decimalSeparator)) {
+    const std::int64_t count = std::max<std::int64_t>(0, CountOfUnits(*megahertz, 5, StepUnit(stepCode)));
+    WriteCount(record, side.count, static_cast<std::uint32_t>(count & 0xFFFFFFFF));
+  }
+  ToneField tone = {flags, record[side.toneCode], record[side.toneCode + 1]};
+  ApplyToneText(tone, shown[side.tone], texts);
+  flags = tone.flags;
+  record[side.toneCode] = tone.codeA;
+  record[side.toneCode + 1] = tone.codeB;
+  ApplySelCallText(image, channel, side.direction, shown[side.selCall]);
+}
+
+} // namespace
+
+int StepUnit(int stepCode) {
+  constexpr std::array<int, 4> units = {250, 625, 0, 0};
+  return units[static_cast<std::size_t>(stepCode & StepCodeMask)];
+}
+
+std::string StepText(int stepCode, char decimalSeparator) {
+  return stepCode == 0 ? FormatDecimal(25, 1, 1, decimalSeparator) : FormatDecimal(625, 1, 2, decimalSeparator);
+}
+
+int StepCode(std::string_view text, char decimalSeparator) {
+  return text == StepText(0, decimalSeparator) ? 0 : 1;
+}
+
+std::string FrequencyText(std::uint32_t count, int stepCode, char decimalSeparator) {
+  return FormatDecimal(std::int64_t{count} * StepUnit(stepCode), 3, 5, decimalSeparator);
+}
+
+ChannelRecord DefaultChannelRecord(int lowerLimit) {
+  const auto count = static_cast<std::uint32_t>(RoundHalfEven(std::int64_t{lowerLimit} * 100'000, StepUnit(1)));
+  const auto low = static_cast<std::uint8_t>(count & 0xFF);
+  const auto middle = static_cast<std::uint8_t>((count >> 8) & 0xFF);
+  const auto high = static_cast<std::uint8_t>((count >> 16) & 0xFF);
+  return {0x01, low, middle, high, 0x00, 0x00, 0x81, low, middle, high, 0x00, 0x00, 0xA8, 0x00, 0x00, 0x00};
+}
+
+ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const FieldTexts& texts) {
+  const ConstRecord record = image.ChannelBlock.Row(channel);
+  ChannelTexts shown;
+  shown.noCh = (record[Receive.flags] & InUseBit) == 0;
+  shown.noTx = (record[Transmit.flags] & InUseBit) == 0;
+  ReadSide(image, channel, Receive, texts, shown);
+  ReadSide(image, channel, Transmit, texts, shown);
+  for (const OptionField& option : OptionFields) {
+    shown[option.column] = ReadField(record, option.field) != 0 ? option.set : option.clear;
+  }
+  shown[GridColumn::BandWidth] = ReadField(record, WideBandField) != 0 ? texts.WideBandText : texts.NarrowBandText;
+  shown[GridColumn::GroupCall] = GroupCallText(image, channel);
+  return shown;
+}
+
+void RecordFromTexts(RadioImage& image, std::size_t channel, const ChannelTexts& shown, const FieldTexts& texts) {
+  const Record record = image.ChannelBlock.Row(channel);
+  if (!shown.noCh) ++image.RadioSettingsBlock[ChannelsInUseByte];
+  CollectSide(image, channel, Receive, !shown.noCh, shown, texts);
+  CollectSide(image, channel, Transmit, !shown.noTx, shown, texts);
+  record[OptionFlags] &= KeptOptions;
+  WriteField(record, WideBandField, shown[GridColumn::BandWidth] != texts.NarrowBandText ? 1 : 0);
+  for (const OptionField& option : OptionFields) {
+    WriteField(record, option.field, shown[option.column] == option.set ? 1 : 0);
+  }
+  ApplyGroupCallText(image, channel, shown[GridColumn::GroupCall]);
+}
+
+} // namespace mr4500x

@@ -1,0 +1,32 @@
+// Exact decimal numbers between texts and integers. Frequencies are counted, never kept as floating point.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace mr4500x {
+
+// The number digits / 10^decimals.
+struct Decimal {
+  std::int64_t digits = 0;
+  int decimals = 0;
+};
+
+// Reads [blanks][sign]digits[separator digits][blanks] with at most 12 digits in all; nothing for any other text.
+[[nodiscard]] std::optional<Decimal> ParseDecimal(std::string_view text, char separator);
+
+// number x 10^scale / unit, rounded to the nearest integer, ties to the even neighbour. scale is 0 to 5, unit positive.
+[[nodiscard]] std::int64_t CountOfUnits(Decimal number, int scale, std::int64_t unit);
+
+// numerator / denominator rounded in the same way; the denominator is positive.
+[[nodiscard]] std::int64_t RoundHalfEven(std::int64_t numerator, std::int64_t denominator);
+
+// A non-negative value of 10^-decimals units as text: at least `integerDigits` before the separator.
+[[nodiscard]] std::string FormatDecimal(std::int64_t value, int integerDigits, int decimals, char separator);
+
+// A text of 1 to 9 decimal digits and nothing else as its number.
+[[nodiscard]] std::optional<int> ParseWhole(std::string_view text);
+
+} // namespace mr4500x

@@ -1,0 +1,71 @@
+// Band limits, digit strings and the radio's own texts.
+#include "function_settings.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::string_view DigitSymbols = "D1234567890*#ABC"; // the position is the code
+
+int ReadLimit(std::span<const std::uint8_t, 8> band, std::size_t low) {
+  return band[low] + 256 * band[low + 1];
+}
+
+void WriteLimit(std::span<std::uint8_t, 8> band, std::size_t low, int megahertz) {
+  band[low] = static_cast<std::uint8_t>(megahertz & 0xFF);
+  band[low + 1] = static_cast<std::uint8_t>((megahertz >> 8) & 0xFF);
+}
+
+} // namespace
+
+int LowerBandLimit(std::span<const std::uint8_t, 8> band) {
+  return ReadLimit(band, 0);
+}
+int UpperBandLimit(std::span<const std::uint8_t, 8> band) {
+  return ReadLimit(band, 2);
+}
+void SetLowerBandLimit(std::span<std::uint8_t, 8> band, int megahertz) {
+  WriteLimit(band, 0, megahertz);
+}
+void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz) {
+  WriteLimit(band, 2, megahertz);
+}
+
+std::string UnpackDigits(std::span<const std::uint8_t, 8> area, int length) {
+  std::string text;
+  for (int i = 0; i < std::min(length, MostDigits); ++i) {
+    const std::uint8_t byte = area[static_cast<std::size_t>(i / 2)];
+    text += DigitSymbols[i % 2 == 0 ? byte & 0x0F : byte >> 4];
+  }
+  return text;
+}
+
+void PackDigits(std::string_view text, std::span<std::uint8_t, 8> area) {
+  text = text.substr(0, MostDigits);
+  std::uint8_t code = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const std::size_t symbol = DigitSymbols.find(text[i]);
+    if (symbol != std::string_view::npos) code = static_cast<std::uint8_t>(symbol);
+    std::uint8_t& byte = area[i / 2];
+    byte = i % 2 == 0 ? code : static_cast<std::uint8_t>(byte | (code << 4));
+  }
+}
+
+std::string CharactersText(std::span<const std::uint8_t> bytes) {
+  std::string text;
+  for (const std::uint8_t byte : bytes) {
+    if (byte == 0x00) continue;
+    if (byte < 0x20 || (byte >= 0x7F && byte < 0xA0)) {
+      text += '.';
+    } else if (byte < 0x80) {
+      text += static_cast<char>(byte);
+    } else {
+      text += static_cast<char>(0xC0 | (byte >> 6));
+      text += static_cast<char>(0x80 | (byte & 0x3F));
+    }
+  }
+  return text;
+}
+
+} // namespace mr4500x

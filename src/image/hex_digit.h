@@ -1,0 +1,19 @@
+// One nibble as one digit. Nibbles of 0 to 9 read as the decimal digits that they are.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace mr4500x {
+
+constexpr char HexDigit(int nibble) {
+  return "0123456789ABCDEF"[nibble & 0x0F];
+}
+
+constexpr std::optional<std::uint8_t> HexValue(char digit) {
+  if (digit >= '0' && digit <= '9') return static_cast<std::uint8_t>(digit - '0');
+  if (digit >= 'A' && digit <= 'F') return static_cast<std::uint8_t>(digit - 'A' + 10);
+  return std::nullopt;
+}
+
+} // namespace mr4500x

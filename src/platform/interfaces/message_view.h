@@ -1,0 +1,18 @@
+// Message boxes: the one way in which a command tells the user of a failure or asks a question.
+#pragma once
+
+#include <string_view>
+
+namespace mr4500x {
+
+enum class MessageIcon { None, Information, Exclamation, Critical };
+enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
+
+class MessageView {
+public:
+  virtual ~MessageView() = default;
+  virtual Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) = 0;
+};
+
+} // namespace mr4500x

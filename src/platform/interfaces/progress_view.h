@@ -1,0 +1,16 @@
+// The progress window of a transfer: a title, a line of text and a bar.
+#pragma once
+
+#include <string_view>
+
+namespace mr4500x {
+
+class ProgressView {
+public:
+  virtual ~ProgressView() = default;
+  virtual void Open(std::string_view title, std::string_view text, int maximum) = 0; // at value 0
+  virtual void SetValue(int value) = 0; // above the maximum shows the maximum, below 0 shows 0
+  virtual void Close() = 0;             // nothing when none is open
+};
+
+} // namespace mr4500x

@@ -1,0 +1,169 @@
+#include "radio_image.h"
+
+#include "embedded_info.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace mr4500x {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr LocalTime Moment = {2004, 11, 4, 9, 5, 7};
+
+Bytes BytesOf(std::span<const std::uint8_t> bytes) {
+  return {bytes.begin(), bytes.end()};
+}
+
+RadioImage RandomImage(std::mt19937& random) {
+  RadioImage image;
+  for (const BlockPlace& place : RecordMap) {
+    for (std::uint8_t& byte : BlockBytes(image, place.block)) {
+      byte = static_cast<std::uint8_t>(random());
+    }
+  }
+  return image;
+}
+
+TEST(RadioImageTest, ResetGivesTheDefaultsAndKeepsWhatHasNone) {
+  std::mt19937 random(1);
+  const RadioImage before = RandomImage(random);
+  RadioImage image = before;
+  ResetToDefaults(image, Moment);
+
+  const Bytes unused = {0x01, 0x00, 0x13, 0x01, 0, 0, 0x81, 0x00, 0x13, 0x01, 0, 0, 0xA8, 0, 0, 0};
+  Bytes used = unused;
+  used[0] = 0x81;
+  EXPECT_EQ(BytesOf(image.ChannelBlock.Row(0)), used);
+  for (std::size_t channel = 1; channel < ChannelCount; ++channel) {
+    EXPECT_EQ(BytesOf(image.ChannelBlock.Row(channel)), unused) << channel;
+  }
+  EXPECT_EQ(BytesOf(image.RadioSettingsBlock), (Bytes{0xC2, 0x02, 0x80, 0, 5, 5, 5, 5, 5, 0, 0, 0, 0, 0x80, 0, 0}));
+  EXPECT_EQ(BytesOf(std::span(image.BandBlock).first(7)), (Bytes{0xB8, 0x01, 0xD6, 0x01, 0x00, 0x30, 0x00}));
+  EXPECT_EQ(image.BandBlock[7], before.BandBlock[7]);
+  EXPECT_EQ(BytesOf(image.ToneFrequencyBlock),
+            (Bytes{144, 1, 117, 4, 200, 1, 21,  5, 8,   2, 203, 5, 81,  2, 154, 6,
+                   163, 2, 135, 7, 2,   3, 149, 8, 110, 3, 200, 9, 233, 3, 39,  11}));
+  EXPECT_EQ(BytesOf(image.TtsTimingBlock.bytes), Bytes(32, 5));
+  EXPECT_EQ(BytesOf(std::span(image.ResetTimeBlock).first(3)), (Bytes{0, 1, 1}));
+  EXPECT_EQ(BytesOf(std::span(image.ResetTimeBlock).last(5)), BytesOf(std::span(before.ResetTimeBlock).last(5)));
+  EXPECT_EQ(image.EmbeddedInfoBlock, (EmbeddedInfo{.bytes = {}, .length = 0}));
+  EXPECT_EQ(image.RadioIdBlock, before.RadioIdBlock);
+  EXPECT_EQ(image.FirmwareVersionBlock, before.FirmwareVersionBlock);
+  EXPECT_EQ(image.SelCallCodeBlock, before.SelCallCodeBlock);
+  EXPECT_EQ(std::string(image.WriteStampBlock.begin(), image.WriteStampBlock.end()),
+            std::string("20041104090507\0\0", 16));
+  EXPECT_EQ(LastProgrammingTime(image), "2004-11-04, 09:05:07");
+}
+
+TEST(RadioImageTest, ClearForReadingKeepsTheStampAndTheWorkBlock) {
+  std::mt19937 random(2);
+  const RadioImage before = RandomImage(random);
+  RadioImage image = before;
+  image.EmbeddedInfoBlock.length = 4;
+  image.PatrolWorkBlock.fill(7);
+  ClearForReading(image);
+  RadioImage expected;
+  expected.WriteStampBlock = before.WriteStampBlock;
+  expected.PatrolWorkBlock.fill(7);
+  EXPECT_EQ(image, expected);
+}
+
+struct PlaceCase {
+  std::uint16_t address;
+  ImageBlock block;
+  std::size_t position; // of the first byte in the block, row after row
+};
+
+TEST(RadioImageTest, RecordsLandAtTheirPlaceAndNowhereElse) {
+  constexpr PlaceCase cases[] = {
+      {0x000, ImageBlock::ChannelBlock, 0},
+      {0x0F8, ImageBlock::ChannelBlock, 15 * 16 + 8},
+      {0x108, ImageBlock::RadioSettingsBlock, 8},
+      {0x110, ImageBlock::KeyProgramBlock, 0},
+      {0x138, ImageBlock::PttIdBlock, 8},
+      {0x140, ImageBlock::EmergencyAniBlock, 0},
+      {0x198, ImageBlock::TtsTimingBlock, 3 * 8},
+      {0x1C0, ImageBlock::ResetTimeBlock, 0},
+      {0x1E0, ImageBlock::ToneFrequencyBlock, 24},
+      {0x1F0, ImageBlock::RadioIdBlock, 0},
+      {0x208, ImageBlock::WriteStampBlock, 8},
+      {0x2F8, ImageBlock::EmbeddedInfoBlock, 232},
+      {0x318, ImageBlock::SelCallCodeBlock, 16 + 8},
+      {0x378, ImageBlock::SelCallCodeBlock, 7 * 16 + 8},
+      {0x3F0, ImageBlock::BandBlock, 0},
+      {0x3F8, ImageBlock::FirmwareVersionBlock, 0},
+  };
+  const std::array<std::uint8_t, 8> data = {1, 2, 3, 4, 5, 6, 7, 8};
+  for (const PlaceCase& c : cases) {
+    RadioImage image;
+    RadioImage expected;
+    for (std::size_t i = 0; i < data.size(); ++i) {
+      BlockBytes(expected, c.block)[c.position + i] = data[i];
+    }
+    EXPECT_EQ(PlaceRecord(image, c.address, data), PlaceResult::Placed) << c.address;
+    EXPECT_EQ(image, expected) << c.address;
+    EXPECT_EQ(TakeRecord(image, c.address), data) << c.address;
+  }
+}
+
+TEST(RadioImageTest, WhatIsNoRecordChangesNothing) {
+  struct {
+    std::uint16_t address;
+    std::size_t bytes;
+    PlaceResult result;
+  } const cases[] = {
+      {0x118, 8, PlaceResult::Ignored},  {0x128, 8, PlaceResult::Ignored}, {0x148, 8, PlaceResult::Ignored},
+      {0x1E8, 8, PlaceResult::Ignored},  {0x3E8, 8, PlaceResult::Ignored}, {0x400, 8, PlaceResult::Ignored},
+      {0xFFF8, 8, PlaceResult::Ignored}, {0x110, 9, PlaceResult::Unfit},   {0x004, 8, PlaceResult::Unfit},
+      {0x118, 9, PlaceResult::Unfit},    {0x210, 8, PlaceResult::Unfit}, // the block is 4 bytes long here
+  };
+  const std::array<std::uint8_t, 9> data = {1, 1, 1, 1, 1, 1, 1, 1, 1};
+  for (const auto& c : cases) {
+    RadioImage image;
+    image.EmbeddedInfoBlock.length = 4;
+    const RadioImage before = image;
+    EXPECT_EQ(PlaceRecord(image, c.address, std::span(data).first(c.bytes)), c.result) << c.address;
+    EXPECT_EQ(image, before) << c.address;
+  }
+  RadioImage image;
+  EXPECT_EQ(PlaceRecord(image, 0x3F0, std::span(data).first(2)), PlaceResult::Placed);
+  EXPECT_EQ(BytesOf(image.BandBlock), (Bytes{1, 1, 0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(TakeRecord(image, 0x118), std::nullopt);
+  EXPECT_EQ(TakeRecord(image, 0x004), std::nullopt);
+}
+
+TEST(RadioImageTest, TakingAndPlacingEveryRecordCopiesTheImage) {
+  std::mt19937 random(3);
+  for (int round = 0; round < 20; ++round) {
+    const RadioImage image = RandomImage(random);
+    RadioImage copy;
+    for (std::uint16_t address = 0; address < 0x400; address = static_cast<std::uint16_t>(address + RecordBytes)) {
+      if (const auto record = TakeRecord(image, address)) {
+        EXPECT_EQ(PlaceRecord(copy, address, *record), PlaceResult::Placed);
+      }
+    }
+    EXPECT_EQ(copy, image);
+  }
+}
+
+TEST(EmbeddedInfoTest, TextsAreUtf16LowByteFirst) {
+  EmbeddedInfo block;
+  EXPECT_EQ(EmbeddedText(block).size(), 120U);
+  EXPECT_EQ(VisibleText(EmbeddedText(block)), u"");
+  ASSERT_TRUE(StoreEmbeddedText(block, u"AB\r\nC\u20AC"));
+  EXPECT_EQ(BytesOf(std::span(block.bytes).first(block.length)),
+            (Bytes{65, 0, 66, 0, 13, 0, 10, 0, 67, 0, 0xAC, 0x20}));
+  EXPECT_EQ(EmbeddedText(block), u"AB\r\nC\u20AC");
+  EXPECT_FALSE(StoreEmbeddedText(block, std::u16string(120, u'x')));
+  EXPECT_EQ(EmbeddedText(block), u"AB\r\nC\u20AC");
+  ASSERT_TRUE(StoreEmbeddedText(block, std::u16string(119, u'x')));
+  RadioImage image;
+  image.EmbeddedInfoBlock = block;
+  EXPECT_EQ(BytesOf(*TakeRecord(image, 0x2F8)), (Bytes{'x', 0, 'x', 0, 'x', 0, 0, 0}));
+}
+
+} // namespace
+} // namespace mr4500x
