@@ -15,6 +15,8 @@ inline constexpr char LineSettings[] = "9600,O,8,2";
 inline constexpr int LineBaud = 9600;
 inline constexpr int LineBitsPerCharacter = 12;
 
+inline constexpr int PortCount = 16; // COM1 to COM16
+
 // Every operation answers false or nothing once the port has failed (it vanished, the driver refused); the port
 // then stays open until Close.
 class SerialPort {

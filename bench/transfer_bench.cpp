@@ -1,0 +1,102 @@
+// A whole read and a whole write against the simulated radio at the line's real pace, beside the sum of the waits that
+// the exchange prescribes and the time that the bytes take on the line.
+#include "child_process.h"
+
+#include "exchange.h"
+#include "qt_serial_port.h"
+#include "steady_clock.h"
+
+#include <benchmark/benchmark.h>
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <ctime>
+
+namespace mr4500x {
+namespace {
+
+constexpr double CharacterTime = 1000.0 * LineBitsPerCharacter / LineBaud; // ms
+constexpr double PollRound = 20;
+
+// Open, wake-up (answered within the first of its rounds), and after the last record the closing wait; a record costs
+// its waits, its request on the line, and the rounds until a look finds the reply, the satisfied round included.
+constexpr double ReadSum = 80 + (80 + 4 * CharacterTime + 2 * PollRound + 10) +
+                           103 * (10 + 4 * CharacterTime + 2 * PollRound + 10) + (4 * CharacterTime + 50);
+constexpr double WriteSum = 80 + (80 + 5 * CharacterTime + 2 * PollRound + 10) + 20 +
+                            66 * (12 * CharacterTime + 20 + PollRound) + (12 * CharacterTime + 50 + PollRound);
+
+class Silent final : public ProgressView, public MessageView {
+public:
+  void Open(std::string_view, std::string_view, int) override {}
+  void SetValue(int) override {}
+  void Close() override {}
+  Answer Show(MessageIcon, std::string_view, std::string_view, MessageButtons buttons) override {
+    return buttons == MessageButtons::Ok ? Answer::Ok : Answer::Yes;
+  }
+};
+
+// The simulator as a process, and the device that it prints.
+class Simulator {
+public:
+  Simulator() {
+    int output = -1;
+    m_process = StartProgram({LR7200_SIMULATOR, "--pace", "9600"}, &output);
+    char c = 0;
+    while (output >= 0 && read(output, &c, 1) == 1 && c != '\n') {
+      device += c;
+    }
+    if (output >= 0) close(output);
+  }
+  ~Simulator() {
+    rusage used{};
+    if (m_process > 0 && kill(m_process, SIGTERM) == 0) WaitForProgram(m_process, used);
+  }
+  Simulator(const Simulator&) = delete;
+  Simulator& operator=(const Simulator&) = delete;
+
+  std::string device;
+
+private:
+  pid_t m_process = -1;
+};
+
+template<typename Transfer>
+void Measure(benchmark::State& state, double sum, Transfer transfer) {
+  Simulator simulator;
+  QtSerialPort port(simulator.device);
+  SteadyClock clock;
+  SerialLine line(port, clock, 1);
+  Silent silent;
+  const std::clock_t processor = std::clock();
+  const Clock::Moment start = clock.Now();
+  for (auto _ : state) {
+    if (transfer(Exchange{line, silent, silent}) != Outcome::Complete) state.SkipWithError("the transfer failed");
+  }
+  const double wall =
+      static_cast<double>((clock.Now() - start).count()) / 1000 / static_cast<double>(state.iterations());
+  const double used = 1000.0 * static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC;
+  state.counters["prescribed_ms"] = sum;
+  state.counters["measured_ms"] = wall;
+  state.counters["over_percent"] = 100 * (wall / sum - 1);
+  state.counters["processor_percent"] = 100 * used / (wall * static_cast<double>(state.iterations()));
+}
+
+void FullRead(benchmark::State& state) {
+  RadioImage image;
+  Measure(state, ReadSum, [&](const Exchange& exchange) { return ReadRadio(exchange, image, [] { return true; }); });
+}
+BENCHMARK(FullRead)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
+
+void FullWrite(benchmark::State& state) {
+  RadioImage image;
+  ResetToDefaults(image, {2026, 1, 1, 0, 0, 0});
+  Measure(state, WriteSum, [&](const Exchange& exchange) {
+    return WriteRadio(
+        exchange, image, [] { return LocalTime{2026, 1, 1, 0, 0, 0}; }, [] {});
+  });
+}
+BENCHMARK(FullWrite)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
+
+} // namespace
+} // namespace mr4500x

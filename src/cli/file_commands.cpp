@@ -1,0 +1,59 @@
+// new and show.
+#include "file_commands.h"
+
+#include "configuration_json.h"
+#include "configuration_table.h"
+#include "editor_messages.h"
+#include "editor_values.h"
+#include "file_messages.h"
+
+#include <ostream>
+
+namespace mr4500x {
+namespace {
+
+constexpr char DecimalSeparator = '.'; // whatever the locale: scripts read what the companion prints
+
+} // namespace
+
+bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal) {
+  ResetToDefaults(image, {}); // what no file holds
+  const LoadResult result = LoadDataFile(files, path, image);
+  if (result.markerNotEmpty) terminal.err << NewVersionNotice.text << '\n';
+  const std::optional<FileMessage> failure = MessageFor(result.outcome);
+  if (failure) terminal.err << failure->text << '\n';
+  return !failure;
+}
+
+bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {
+  if (SaveDataFile(files, path, image)) return true;
+  terminal.err << MessageForFailed(SaveCommand::Save).text << '\n';
+  return false;
+}
+
+ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& now, Terminal& terminal) {
+  const FieldTexts texts = BuildFieldTexts(DecimalSeparator);
+  RadioImage image;
+  EditorValues values;
+  ResetEditor(image, values, texts, now);
+  Encode(values, image, texts); // as a save does
+  return SaveForCommand(files, path, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal) {
+  RadioImage image;
+  if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
+  EditorValues values;
+  const DecodeResult result = Decode(image, values, BuildFieldTexts(DecimalSeparator));
+  if (result.keyConflict) terminal.err << KeyConflictText << '\n';
+  if (result.end == DecodeEnd::DataError) {
+    terminal.err << DataErrorText << '\n';
+    return ExitStatus::Failed;
+  }
+  terminal.out << (form == ShowAs::Json ? ConfigurationJson(values) : ConfigurationTable(values)) << std::flush;
+  if (terminal.out.good()) return ExitStatus::Done;
+  terminal.err << "The configuration could not be printed.\n";
+  return ExitStatus::Failed;
+}
+
+} // namespace mr4500x

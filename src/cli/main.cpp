@@ -1,0 +1,154 @@
+// mr4500x-cli: the command line, and the machine's adapters handed to the command that it names.
+#include "editor_messages.h"
+#include "embedded_info.h"
+#include "file_commands.h"
+#include "info_text.h"
+#include "machine.h"
+#include "port_argument.h"
+#include "port_devices.h"
+#include "posix_file_system.h"
+#include "radio_commands.h"
+#include "settings.h"
+#include "steady_clock.h"
+
+#include <CLI/CLI.hpp>
+
+#include <unistd.h>
+
+#include <iostream>
+
+namespace mr4500x {
+namespace {
+
+struct Arguments {
+  std::string file;
+  std::string port;
+  std::string text;
+  bool json = false;
+  bool acceptBand = false;
+};
+
+class Companion {
+public:
+  Companion() : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0} {}
+
+  int Run(int argc, char** argv);
+
+private:
+  void Declare(CLI::App& app);
+  [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
+  [[nodiscard]] ExitStatus InfoWrite();
+  [[nodiscard]] ExitStatus Ports();
+  [[nodiscard]] std::string SettingsFile() { return SettingsFilePath(m_files, ProgramFolder(), UserConfigFolder()); }
+
+  PosixFileSystem m_files;
+  Terminal m_terminal;
+  Arguments m_arguments;
+  std::function<ExitStatus()> m_command;
+};
+
+ExitStatus Companion::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
+  const std::optional<PortArgument> port = ParsePortArgument(m_arguments.port);
+  if (!port) {
+    m_terminal.err << "PORT is a port number 1 to 16 or the path of a device.\n";
+    return ExitStatus::UnusableArguments;
+  }
+  const std::unique_ptr<QtSerialPort> serial = PortFor(*port, m_files, SettingsFile());
+  SteadyClock clock;
+  SerialLine line(*serial, clock, port->number, NameOf(*port));
+  return run({line, m_files, m_terminal});
+}
+
+ExitStatus Companion::InfoWrite() {
+  const std::optional<std::u16string> text = InfoFromArgument(m_arguments.text);
+  if (!text) {
+    m_terminal.err << "TEXT is not valid UTF-8.\n";
+    return ExitStatus::UnusableArguments;
+  }
+  if (text->size() > MostEmbeddedCharacters) {
+    m_terminal.err << TopSizeText << '\n';
+    return ExitStatus::UnusableArguments;
+  }
+  return WithRadio([&](const RadioCommand& command) { return RunInfoWrite(command, *text); });
+}
+
+ExitStatus Companion::Ports() {
+  const DevicePins pins = PortDevices(m_files, SettingsFile());
+  const std::vector<std::string> devices = MachineSerialDevices();
+  const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
+  QtSerialPort serial(deviceOf);
+  return RunPorts(serial, deviceOf, m_terminal);
+}
+
+void Companion::Declare(CLI::App& app) {
+  Arguments& given = m_arguments;
+  const auto command = [&](CLI::App& parent, const char* name, const char* about, std::function<ExitStatus()> run) {
+    CLI::App* const sub = parent.add_subcommand(name, about);
+    sub->final_callback([this, run = std::move(run)] { m_command = run; });
+    return sub;
+  };
+  const auto file = [&](CLI::App* sub) { sub->add_option("FILE", given.file, "data file (.K4X)")->required(); };
+  const auto port = [&](CLI::App* sub) {
+    sub->add_option("PORT", given.port, "port number 1 to 16, or the path of a device")->required();
+  };
+
+  file(command(app, "new", "Write the default configuration to FILE",
+               [this] { return RunNew(m_files, m_arguments.file, LocalNow(), m_terminal); }));
+
+  CLI::App* const show = command(app, "show", "Print every setting of FILE", [this] {
+    return RunShow(m_files, m_arguments.file, m_arguments.json ? ShowAs::Json : ShowAs::Table, m_terminal);
+  });
+  show->add_flag("--json", given.json, "as one JSON document");
+  file(show);
+
+  CLI::App* const read = command(app, "read", "Read the whole radio and store it in FILE", [this] {
+    return WithRadio([this](const RadioCommand& radio) { return RunRead(radio, m_arguments.file); });
+  });
+  port(read);
+  file(read);
+
+  CLI::App* const write = command(app, "write", "Write the configuration in FILE to the radio", [this] {
+    const auto band = m_arguments.acceptBand ? TerminalMessages::Policy::AlwaysYes : TerminalMessages::Policy::Ask;
+    return WithRadio([&](const RadioCommand& radio) { return RunWrite(radio, m_arguments.file, band, LocalNow); });
+  });
+  file(write);
+  port(write);
+  write->add_flag("--accept-band", given.acceptBand, "go on when the radio's frequency band is another");
+
+  CLI::App* const info = app.add_subcommand("info", "Read or write the embedded information");
+  info->require_subcommand(1);
+  port(command(*info, "read", "Print the text and the last programming time",
+               [this] { return WithRadio(RunInfoRead); }));
+  CLI::App* const infoWrite =
+      command(*info, "write", "Write TEXT, at most 119 characters", [this] { return InfoWrite(); });
+  port(infoWrite);
+  infoWrite->add_option("TEXT", given.text, "the text; a line break counts as two characters")->required();
+
+  command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
+          [this] { return Ports(); });
+}
+
+int Companion::Run(int argc, char** argv) {
+  CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
+  app.require_subcommand(1);
+  app.set_version_flag("--version", "mr4500x-cli " MR4500X_VERSION);
+  Declare(app);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error, std::cout, std::cerr) == 0 ? 0 : static_cast<int>(ExitStatus::UnusableArguments);
+  }
+  return static_cast<int>(m_command());
+}
+
+} // namespace
+} // namespace mr4500x
+
+int main(int argc, char** argv) {
+  try {
+    return mr4500x::Companion().Run(argc, argv);
+  } catch (const std::exception& error) { // out of memory, in the main
+    std::cerr << error.what() << '\n';
+    return static_cast<int>(mr4500x::ExitStatus::Failed);
+  }
+}

@@ -1,0 +1,18 @@
+// The texts that a fill of the editor can call for, for the windows and the command line alike.
+#pragma once
+
+#include <string_view>
+
+namespace mr4500x {
+
+inline constexpr std::string_view DataErrorTitle = "Data Error";
+inline constexpr std::string_view DataErrorText = "Data occur error in the Radio, please re-set.";
+
+inline constexpr std::string_view KeyConflictTitle = "Talk Around Or Reverse";
+inline constexpr std::string_view KeyConflictText =
+    "Talk Around or Reverse can't be present at the same time.If one key has been set to Talk Around or Reverse,"
+    "any other key must not be set to Talk Around or Reverse.";
+
+inline constexpr std::string_view TopSizeText = "It has been reached to the Top Size of the Input Text.";
+
+} // namespace mr4500x

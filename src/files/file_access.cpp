@@ -1,0 +1,195 @@
+#include "file_access.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace mr4500x {
+
+namespace {
+
+constexpr int MostLinks = 40; // in a row; more are a circle
+constexpr std::size_t CopyBytes = 16384;
+constexpr std::uint32_t NewFileMode = 0666; // less what the user's mask takes away
+constexpr std::uint32_t PrivateMode = 0600; // until the temporary has the owner of the old file
+constexpr std::uint32_t PermissionBits = 0777;
+constexpr std::uint32_t WriteBits = 0222;
+
+// The name says nothing of the file that is saved, which may have the longest name that a folder takes.
+constexpr std::string_view TemporaryPrefix = ".mr4500x-save-";
+constexpr std::string_view HexDigits = "0123456789abcdef";
+constexpr std::size_t TemporaryDigits = 16;
+
+std::string TemporaryName(std::uint64_t number) {
+  std::string name(TemporaryPrefix);
+  for (std::size_t i = 0; i < TemporaryDigits; ++i)
+    name += HexDigits[(number >> (4 * i)) & 0xF];
+  return name;
+}
+
+bool IsTemporaryName(std::string_view name) {
+  return name.starts_with(TemporaryPrefix) && name.size() == TemporaryPrefix.size() + TemporaryDigits &&
+         name.find_first_not_of(HexDigits, TemporaryPrefix.size()) == std::string_view::npos;
+}
+
+std::string FolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string InFolder(std::string folder, std::string_view name) {
+  return folder.append("/").append(name);
+}
+
+struct PlacedFile {
+  std::string path;
+  FileStatus status;
+};
+
+// Where the path leads; the file there may be missing.
+std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
+  if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
+  for (int links = 0; links <= MostLinks; ++links) {
+    const auto status = files.Status(path);
+    if (!status) return std::nullopt;
+    if (status->kind != FileKind::Link) return PlacedFile{std::move(path), *status};
+    const auto target = files.ReadLink(path);
+    if (!target) return std::nullopt;
+    path = target->starts_with('/') ? *target : InFolder(FolderOf(path), *target);
+  }
+  return std::nullopt;
+}
+
+void RemoveLeftovers(FileSystem& files, const std::string& folder) {
+  for (const std::string& name : files.List(folder).value_or(std::vector<std::string>{})) {
+    if (!IsTemporaryName(name)) continue;
+    const std::string path = InFolder(folder, name);
+    const auto status = files.Status(path);
+    if (!status || status->kind != FileKind::Regular) continue;
+    const auto file = files.OpenToRead(path);
+    if (!file) continue;
+    // One that can't be removed now is left to the next save.
+    if (files.Lock(*file)) static_cast<void>(files.Remove(path));
+    files.Close(*file);
+  }
+}
+
+// The new file on its way; it disappears again unless it took the place of the old one.
+class Temporary {
+public:
+  Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode)
+      : m_files(files), m_path(InFolder(folder, TemporaryName(files.UnpredictableNumber()))),
+        m_file(files.Create(m_path, mode)) {
+    // On a file system without locks the save goes on: there nobody gets a lock to remove the temporary either.
+    if (m_file) static_cast<void>(files.Lock(*m_file));
+  }
+  Temporary(const Temporary&) = delete;
+  Temporary& operator=(const Temporary&) = delete;
+  ~Temporary() {
+    if (!m_file) return;
+    if (!m_tookPlace) static_cast<void>(m_files.Remove(m_path));
+    m_files.Close(*m_file);
+  }
+
+  [[nodiscard]] bool IsOpen() const { return m_file.has_value(); }
+
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+      const auto count = m_files.Write(*m_file, bytes);
+      if (!count || *count == 0) return false;
+      bytes = bytes.subspan(*count);
+    }
+    return true;
+  }
+
+  // Appends what the old file holds from the offset on.
+  [[nodiscard]] bool WriteSurplus(const std::string& oldPath, std::uint64_t offset) {
+    const auto old = m_files.OpenToRead(oldPath);
+    if (!old) return false;
+    std::array<std::uint8_t, CopyBytes> buffer{};
+    auto count = m_files.ReadAt(*old, offset, buffer);
+    while (count && *count > 0 && Write(std::span(buffer).first(*count))) {
+      offset += *count;
+      count = m_files.ReadAt(*old, offset, buffer);
+    }
+    m_files.Close(*old);
+    return count && *count == 0;
+  }
+
+  [[nodiscard]] bool TakeOver(const FileStatus& old) {
+    // Another user's file can't always be given back to that user; the group alone is the next best.
+    if (!m_files.SetOwner(*m_file, old.owner, old.group)) static_cast<void>(m_files.SetGroup(*m_file, old.group));
+    return m_files.SetMode(*m_file, old.mode & PermissionBits);
+  }
+
+  [[nodiscard]] bool TakePlace(const std::string& path) {
+    m_tookPlace = m_files.Sync(*m_file) && m_files.Rename(m_path, path);
+    return m_tookPlace;
+  }
+
+private:
+  FileSystem& m_files;
+  std::string m_path;
+  std::optional<FileSystem::Handle> m_file;
+  bool m_tookPlace = false;
+};
+
+} // namespace
+
+ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
+  bytes.clear();
+  if (path.empty()) return ReadOutcome::Missing;
+  const auto found = FollowLinks(files, path);
+  if (!found) return ReadOutcome::Failed;
+  if (found->status.kind == FileKind::Missing) return ReadOutcome::Missing;
+  if (found->status.kind != FileKind::Regular) return ReadOutcome::Failed;
+  const auto file = files.OpenToRead(found->path);
+  if (!file) return ReadOutcome::Failed;
+  // One byte more than the size that was told shows the end, or that the file has grown since.
+  bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(found->status.size + 1, limit)));
+  std::size_t filled = 0;
+  std::optional<std::size_t> count = 1;
+  while (count && *count > 0 && filled < bytes.size()) {
+    count = files.ReadAt(*file, filled, std::span(bytes).subspan(filled));
+    filled += count.value_or(0);
+    if (filled == bytes.size()) bytes.resize(std::min(limit, 2 * filled));
+  }
+  files.Close(*file);
+  bytes.resize(filled);
+  return count ? ReadOutcome::Read : ReadOutcome::Failed;
+}
+
+bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus) {
+  const auto target = FollowLinks(files, path);
+  if (!target) return false;
+  const auto& [file, old] = *target;
+  const bool isNew = old.kind == FileKind::Missing;
+  if (!isNew && (old.kind != FileKind::Regular || (old.mode & WriteBits) == 0 || !files.CanWrite(file))) return false;
+
+  const std::string folder = FolderOf(file);
+  RemoveLeftovers(files, folder);
+  {
+    Temporary temporary(files, folder, isNew ? NewFileMode : PrivateMode);
+    if (!temporary.IsOpen() || !temporary.Write(bytes)) return false;
+    const bool hasSurplus = !isNew && surplus == Surplus::Keep && old.size > bytes.size();
+    if (hasSurplus && !temporary.WriteSurplus(file, bytes.size())) return false;
+    if (!isNew && !temporary.TakeOver(old)) return false;
+    if (!temporary.TakePlace(file)) return false;
+  }
+  // The new file stands and its bytes are on the disk. Should this fail, a power cut can only bring back the complete
+  // old file: no reason to call the save a failure.
+  static_cast<void>(files.SyncFolder(folder));
+  return true;
+}
+
+bool MakeFolderOf(FileSystem& files, const std::string& path) {
+  const std::string folder = FolderOf(path);
+  const auto status = files.Status(folder);
+  if (!status) return false;
+  if (status->kind != FileKind::Missing) return true;
+  return MakeFolderOf(files, folder) && files.MakeFolder(folder);
+}
+
+} // namespace mr4500x

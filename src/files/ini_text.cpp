@@ -1,0 +1,131 @@
+#include "ini_text.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view Blanks = " \t";
+constexpr std::string_view PlatformLineEnd = "\n";
+// With its 0x00, which no value holds either.
+constexpr std::string_view LineBreaks("\r\n\0", 3);
+
+bool SameName(std::string_view a, std::string_view b) {
+  a = TrimBlanks(a);
+  b = TrimBlanks(b);
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+}
+
+struct Line {
+  std::size_t begin, end; // without its line end
+  std::size_t next;
+};
+
+Line LineAt(std::string_view text, std::size_t begin) {
+  const auto feed = text.find('\n', begin);
+  if (feed == std::string_view::npos) return {begin, text.size(), text.size()};
+  return {begin, feed > begin && text[feed - 1] == '\r' ? feed - 1 : feed, feed + 1};
+}
+
+std::optional<std::string_view> SectionName(std::string_view content) {
+  const auto close = content.find(']');
+  if (!content.starts_with('[') || close == std::string_view::npos) return std::nullopt;
+  return content.substr(1, close - 1);
+}
+
+// Where a key stands, or else where it would have to be added.
+struct Place {
+  std::optional<std::size_t> sectionEnd; // behind the last line of the first such section that is not blank
+  bool hasKey = false;
+  std::size_t valueBegin = 0, valueEnd = 0; // the blanks after '=' are no part of it
+};
+
+Place FindPlace(std::string_view text, std::string_view section, std::string_view key) {
+  Place place;
+  bool isInside = false, isInFirst = false;
+  Line line{};
+  for (std::size_t at = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0; at < text.size(); at = line.next) {
+    line = LineAt(text, at);
+    const auto content = TrimBlanks(text.substr(line.begin, line.end - line.begin));
+    if (const auto name = SectionName(content)) {
+      isInside = SameName(*name, section);
+      isInFirst = isInside && !place.sectionEnd;
+    }
+    if (isInFirst && !content.empty()) place.sectionEnd = line.next;
+    const auto equals = content.find('=');
+    if (!isInside || content.starts_with(';') || content.starts_with('[') || equals == std::string_view::npos ||
+        !SameName(content.substr(0, equals), key))
+      continue;
+    const auto value = text.find_first_not_of(Blanks, text.find('=', line.begin) + 1);
+    place.hasKey = true;
+    place.valueBegin = std::min(value, line.end);
+    place.valueEnd = line.end;
+    return place;
+  }
+  return place;
+}
+
+bool IsQuoted(std::string_view value) {
+  return value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+}
+
+std::string ValueText(std::string_view value) {
+  std::string text(value);
+  for (char& character : text)
+    if (LineBreaks.find(character) != std::string_view::npos) character = ' ';
+  return IsQuoted(text) || TrimBlanks(text).size() != text.size() ? '"' + text + '"' : text;
+}
+
+bool AreNames(std::string_view section, std::string_view key) {
+  key = TrimBlanks(key);
+  return section.find_first_of(LineBreaks) == std::string_view::npos && section.find(']') == std::string_view::npos &&
+         key.find_first_of(LineBreaks) == std::string_view::npos && key.find('=') == std::string_view::npos &&
+         !key.empty() && !key.starts_with('[') && !key.starts_with(';');
+}
+
+std::string_view LineEndOf(std::string_view text) {
+  const Line first = LineAt(text, 0);
+  if (first.next == first.end) return PlatformLineEnd;
+  return first.next - first.end == 2 ? "\r\n" : "\n";
+}
+
+} // namespace
+
+char LowerAscii(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+  const auto begin = text.find_first_not_of(Blanks);
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(Blanks) - begin + 1);
+}
+
+std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section, std::string_view key) {
+  const Place place = FindPlace(text, section, key);
+  if (!place.hasKey) return std::nullopt;
+  const auto value = TrimBlanks(text.substr(place.valueBegin, place.valueEnd - place.valueBegin));
+  return IsQuoted(value) ? value.substr(1, value.size() - 2) : value;
+}
+
+bool SetIniValue(std::string& text, std::string_view section, std::string_view key, std::string_view value) {
+  if (!AreNames(section, key)) return false;
+  const Place place = FindPlace(text, section, key);
+  if (place.hasKey) {
+    text.replace(place.valueBegin, place.valueEnd - place.valueBegin, ValueText(value));
+    return true;
+  }
+  const std::string lineEnd(LineEndOf(text));
+  std::string added;
+  const std::size_t at = place.sectionEnd.value_or(text.size());
+  if (at > 0 && text[at - 1] != '\n' && text != ByteOrderMark) added += lineEnd;
+  if (!place.sectionEnd) added.append("[").append(section).append("]").append(lineEnd);
+  added.append(key).append("=").append(ValueText(value)).append(lineEnd);
+  text.insert(at, added);
+  return true;
+}
+
+} // namespace mr4500x

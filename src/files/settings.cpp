@@ -1,0 +1,68 @@
+#include "settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+
+#include "ini_text.h"
+#include "profile.h"
+
+namespace mr4500x {
+
+namespace {
+
+constexpr std::string_view SettingsFileName = "MR4500X.ini";
+constexpr std::string_view PortSection = "Comm Port";
+constexpr std::string_view PortKey = "Common Port";
+constexpr std::string_view NoPort = "No Comm";
+constexpr std::string_view FileSection = "File Name";
+constexpr std::string_view FileKey = "Default File";
+constexpr std::string_view DeviceSection = "Port Devices";
+constexpr std::string_view DeviceKey = "COM"; // and the number
+
+// 0 for a text that is no number as a whole, and for one that is out of every bound.
+double NumericValue(std::string_view text) {
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  return error == std::errc{} && end == text.data() + text.size() && std::isfinite(value) ? value : 0;
+}
+
+std::string InFolder(const std::string& folder) {
+  return folder + '/' + std::string(SettingsFileName);
+}
+
+} // namespace
+
+std::string SettingsFilePath(FileSystem& files, const std::string& programFolder, const std::string& userConfigFolder) {
+  const std::string ofProgram = InFolder(programFolder);
+  const auto status = files.Status(ofProgram);
+  const bool exists = status && status->kind != FileKind::Missing;
+  return exists || files.CanWrite(programFolder) ? ofProgram : InFolder(userConfigFolder);
+}
+
+int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
+  const std::string text = ReadProfileString(files, settingsFile, PortSection, PortKey, NoPort);
+  if (text.empty() || text.starts_with(NoPort)) return LowestPort;
+  const double port = std::clamp<double>(NumericValue(TrimBlanks(text)), LowestPort, HighestPort);
+  return static_cast<int>(std::nearbyint(port)); // in the default rounding mode: half to even
+}
+
+bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName) {
+  const std::array<ProfileValue, 2> values = {{
+      {std::string(PortSection), std::string(PortKey), std::to_string(port)},
+      {std::string(FileSection), std::string(FileKey), lastFileName},
+  }};
+  return WriteProfileStrings(files, settingsFile, values);
+}
+
+std::array<std::string, HighestPort> PortDevices(FileSystem& files, const std::string& settingsFile) {
+  const std::string text = ProfileText(files, settingsFile);
+  std::array<std::string, HighestPort> devices;
+  for (std::size_t i = 0; i < devices.size(); ++i)
+    devices[i] = ProfileString(text, DeviceSection, std::string(DeviceKey) + std::to_string(i + 1), "");
+  return devices;
+}
+
+} // namespace mr4500x

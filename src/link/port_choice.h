@@ -1,0 +1,22 @@
+// Which serial ports work, and which of them the port dialog offers first. Showing them is left to the dialog.
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "serial_port.h"
+
+namespace mr4500x {
+
+// Whether port `number` can be opened and closed again.
+[[nodiscard]] bool TestPort(SerialPort& port, int number);
+
+struct PortChoice {
+  std::array<bool, PortCount> enabled{}; // option COMn at n - 1
+  int number = 0;                        // CommPortNumber from now on, also when the dialog is cancelled
+  int preselected = 1;                   // the option that the dialog opens with
+};
+
+[[nodiscard]] PortChoice ChoosePort(int commPortNumber, const std::function<bool(int)>& portWorks);
+
+} // namespace mr4500x

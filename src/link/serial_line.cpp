@@ -1,0 +1,111 @@
+#include "serial_line.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mr4500x {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr Milliseconds AfterOpening = 80ms;
+constexpr Milliseconds PollRound = 20ms;
+constexpr Milliseconds DrainCheck = 1ms;
+constexpr Milliseconds DrainLimit = 2000ms;
+constexpr Clock::Moment CharacterTime{1'000'000 * LineBitsPerCharacter / LineBaud};
+
+constexpr char FailedAfterOpening[] = "The port failed while it was being set up.";
+
+} // namespace
+
+std::string ComName(int number) {
+  return "COM" + std::to_string(number);
+}
+
+SerialLine::SerialLine(SerialPort& port, Clock& clock, int number) : SerialLine(port, clock, number, ComName(number)) {}
+
+SerialLine::SerialLine(SerialPort& port, Clock& clock, int number, std::string name)
+    : m_port(port), m_clock(clock), m_number(number), m_name(std::move(name)) {}
+
+bool SerialLine::OpenPort(MessageView& messages) {
+  ClosePort();
+  m_port.SetPortNumber(m_number);
+  std::optional<std::string> failure = m_port.Open(LineSettings);
+  if (!failure && !(DiscardInput() && DiscardOutput())) failure = FailedAfterOpening;
+  if (failure) {
+    messages.Show(MessageIcon::Critical, "Error", m_name + ": " + *failure, MessageButtons::Ok);
+    return false;
+  }
+  Wait(AfterOpening);
+  return true;
+}
+
+void SerialLine::ReopenPort() {
+  // Where this fails, whatever follows fails too, and a message about the first failure is on its way.
+  if (!m_port.IsOpen()) static_cast<void>(m_port.Open(LineSettings));
+}
+
+void SerialLine::ClosePort() {
+  if (m_port.IsOpen()) m_port.Close();
+}
+
+void SerialLine::Wait(Milliseconds time) {
+  m_clock.WaitUntil(m_clock.Now() + time);
+}
+
+bool SerialLine::Send(std::span<const std::uint8_t> bytes) {
+  return Write(bytes) && Drain() && DiscardOutput();
+}
+
+bool SerialLine::Write(std::span<const std::uint8_t> bytes) {
+  m_written = m_clock.Now();
+  m_lineFree = m_written + CharacterTime * bytes.size();
+  return m_port.Write(bytes);
+}
+
+// A USB adapter takes all bytes at once and reports an empty buffer while they are still on their way, so an empty
+// buffer alone is not enough: the time that the bytes take on the line must be over as well.
+bool SerialLine::Drain() {
+  m_clock.WaitUntil(m_lineFree);
+  const Clock::Moment limit = m_written + DrainLimit;
+  while (true) {
+    const std::optional<std::size_t> left = m_port.BytesToTransmit();
+    if (!left) return false;
+    if (*left == 0) return true;
+    const Clock::Moment now = m_clock.Now();
+    if (now >= limit) return false;
+    m_clock.WaitUntil(std::min<Clock::Moment>(now + DrainCheck, limit));
+  }
+}
+
+Polled SerialLine::Poll(std::size_t count, int rounds) {
+  const Clock::Moment start = m_clock.Now();
+  for (int round = 0; round < rounds; ++round) {
+    const std::optional<std::size_t> waiting = BytesWaiting();
+    if (!waiting) return Polled::PortFailed;
+    m_clock.WaitUntil(start + PollRound * (round + 1));
+    if (*waiting >= count) return Polled::Satisfied;
+  }
+  return Polled::TimedOut;
+}
+
+std::optional<std::size_t> SerialLine::BytesWaiting() {
+  return m_port.BytesReceived();
+}
+
+std::optional<LineBytes> SerialLine::Receive() {
+  std::optional<LineBytes> bytes = m_port.TakeReceived();
+  if (!DiscardInput()) return std::nullopt;
+  return bytes;
+}
+
+bool SerialLine::DiscardInput() {
+  return m_port.DiscardReceived();
+}
+
+bool SerialLine::DiscardOutput() {
+  return m_port.DiscardTransmit();
+}
+
+} // namespace mr4500x

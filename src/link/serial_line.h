@@ -1,0 +1,68 @@
+// The serial line to the radio: the primitives from which every exchange is built. What the bytes mean is left to
+// the exchanges; the port always delivers plain bytes, so there is no binary mode to select.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "clock.h"
+#include "message_view.h"
+#include "serial_port.h"
+
+namespace mr4500x {
+
+using Milliseconds = std::chrono::milliseconds;
+using LineBytes = std::vector<std::uint8_t>;
+
+// "COM" and the number, as messages name a port.
+[[nodiscard]] std::string ComName(int number);
+
+enum class Polled { Satisfied, TimedOut, PortFailed };
+
+// Operations that answer false or nothing have met a failure of the port.
+class SerialLine {
+public:
+  SerialLine(SerialPort& port, Clock& clock, int number);
+  // With another name in messages than COMn.
+  SerialLine(SerialPort& port, Clock& clock, int number, std::string name);
+
+  [[nodiscard]] const std::string& PortName() const { return m_name; }
+
+  // False, after its own message, when the port is not ready.
+  [[nodiscard]] bool OpenPort(MessageView& messages);
+  // Opens the port again if it has closed, without a message.
+  void ReopenPort();
+  void ClosePort();
+
+  void Wait(Milliseconds time);
+
+  // Returns when the bytes have left the line.
+  [[nodiscard]] bool Send(std::span<const std::uint8_t> bytes);
+  // Send in its two parts, for work that is done while the bytes are on their way.
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes);
+  [[nodiscard]] bool Drain();
+
+  // Looks every 20 ms, at most `rounds` times, for `count` bytes; a satisfied look is still followed by its 20 ms.
+  [[nodiscard]] Polled Poll(std::size_t count, int rounds);
+  [[nodiscard]] std::optional<std::size_t> BytesWaiting();
+  // All bytes waiting. What arrives meanwhile is thrown away: nothing is waiting afterwards.
+  [[nodiscard]] std::optional<LineBytes> Receive();
+
+  [[nodiscard]] bool DiscardInput();
+  [[nodiscard]] bool DiscardOutput();
+
+private:
+  SerialPort& m_port;
+  Clock& m_clock;
+  int m_number;
+  std::string m_name;
+  Clock::Moment m_written{};  // when the last Write began
+  Clock::Moment m_lineFree{}; // when its last bit can have left the line
+};
+
+} // namespace mr4500x

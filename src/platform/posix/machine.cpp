@@ -1,0 +1,34 @@
+// Asking the system.
+#include "machine.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+namespace mr4500x {
+
+std::string ProgramFolder() {
+  std::error_code failed;
+  const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", failed);
+  return failed ? std::string() : executable.parent_path().string();
+}
+
+std::string UserConfigFolder() {
+  const char* const configured = std::getenv("XDG_CONFIG_HOME");
+  // A relative path there is to be ignored.
+  if (configured != nullptr && configured[0] == '/') return std::string(configured) + "/MR4500X";
+  const char* const home = std::getenv("HOME");
+  return std::string(home != nullptr ? home : "") + "/.config/MR4500X";
+}
+
+LocalTime LocalNow() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  // A leap second counts as the last second that the radio's stamp knows.
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+          local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};
+}
+
+} // namespace mr4500x

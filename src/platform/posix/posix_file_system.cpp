@@ -1,0 +1,145 @@
+#include "posix_file_system.h"
+
+#include <cerrno>
+#include <chrono>
+#include <climits>
+#include <cstdio>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace mr4500x {
+
+namespace {
+
+// Repeats a system call for as long as a signal interrupts it.
+template<typename Call>
+auto Uninterrupted(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR)
+    result = call();
+  return result;
+}
+
+FileKind KindOf(mode_t mode) {
+  if (S_ISREG(mode)) return FileKind::Regular;
+  if (S_ISDIR(mode)) return FileKind::Folder;
+  if (S_ISLNK(mode)) return FileKind::Link;
+  return FileKind::Other;
+}
+
+std::optional<FileSystem::Handle> Open(const std::string& path, int flags, mode_t mode = 0) {
+  const int file = Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); });
+  return file < 0 ? std::nullopt : std::optional(file);
+}
+
+} // namespace
+
+std::optional<FileStatus> PosixFileSystem::Status(const std::string& path) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0)
+    return errno == ENOENT || errno == ENOTDIR ? std::optional(FileStatus{}) : std::nullopt;
+  return FileStatus{KindOf(status.st_mode), status.st_mode & 07777U, status.st_uid, status.st_gid,
+                    static_cast<std::uint64_t>(status.st_size)};
+}
+
+std::optional<std::string> PosixFileSystem::ReadLink(const std::string& path) {
+  std::string target(PATH_MAX, '\0');
+  const ssize_t length = readlink(path.c_str(), target.data(), target.size());
+  if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return std::nullopt;
+  target.resize(static_cast<std::size_t>(length));
+  return target;
+}
+
+bool PosixFileSystem::CanWrite(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return false;
+  const int wanted = S_ISDIR(status.st_mode) ? W_OK | X_OK : W_OK;
+  return faccessat(AT_FDCWD, path.c_str(), wanted, AT_EACCESS) == 0;
+}
+
+std::optional<std::vector<std::string>> PosixFileSystem::List(const std::string& folder) {
+  DIR* entries = opendir(folder.c_str());
+  if (entries == nullptr) return std::nullopt;
+  std::vector<std::string> names;
+  while (const dirent* entry = readdir(entries))
+    names.emplace_back(entry->d_name);
+  closedir(entries);
+  return names;
+}
+
+bool PosixFileSystem::MakeFolder(const std::string& folder) {
+  return mkdir(folder.c_str(), 0777) == 0;
+}
+
+// Not blocking, so that a pipe that stands where a file was expected can't hold up the program.
+std::optional<FileSystem::Handle> PosixFileSystem::OpenToRead(const std::string& path) {
+  return Open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+}
+
+std::optional<FileSystem::Handle> PosixFileSystem::Create(const std::string& path, std::uint32_t mode) {
+  return Open(path, O_WRONLY | O_CREAT | O_EXCL, mode);
+}
+
+void PosixFileSystem::Close(Handle file) {
+  close(file);
+}
+
+bool PosixFileSystem::Lock(Handle file) {
+  return Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) == 0;
+}
+
+std::optional<std::size_t> PosixFileSystem::ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) {
+  const ssize_t count =
+      Uninterrupted([&] { return pread(file, bytes.data(), bytes.size(), static_cast<off_t>(offset)); });
+  return count < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(count));
+}
+
+std::optional<std::size_t> PosixFileSystem::Write(Handle file, std::span<const std::uint8_t> bytes) {
+  const ssize_t count = Uninterrupted([&] { return write(file, bytes.data(), bytes.size()); });
+  return count <= 0 ? std::nullopt : std::optional(static_cast<std::size_t>(count));
+}
+
+bool PosixFileSystem::SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) {
+  return fchown(file, owner, group) == 0;
+}
+
+bool PosixFileSystem::SetGroup(Handle file, std::uint32_t group) {
+  return fchown(file, static_cast<uid_t>(-1), group) == 0;
+}
+
+bool PosixFileSystem::SetMode(Handle file, std::uint32_t mode) {
+  return fchmod(file, mode) == 0;
+}
+
+bool PosixFileSystem::Sync(Handle file) {
+  return Uninterrupted([&] { return fsync(file); }) == 0;
+}
+
+bool PosixFileSystem::Rename(const std::string& from, const std::string& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool PosixFileSystem::Remove(const std::string& path) {
+  return unlink(path.c_str()) == 0;
+}
+
+bool PosixFileSystem::SyncFolder(const std::string& folder) {
+  const auto file = Open(folder, O_RDONLY | O_DIRECTORY);
+  if (!file) return false;
+  const bool synced = Sync(*file);
+  Close(*file);
+  return synced;
+}
+
+std::uint64_t PosixFileSystem::UnpredictableNumber() {
+  std::uint64_t number = 0;
+  if (getentropy(&number, sizeof number) == 0) return number;
+  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+  return static_cast<std::uint64_t>(now) * 0x9E3779B97F4A7C15U + static_cast<std::uint64_t>(getpid());
+}
+
+} // namespace mr4500x

@@ -1,0 +1,80 @@
+#include "profile.h"
+
+#include "files_fixture.h"
+#include "ini_text.h"
+
+namespace mr4500x {
+
+TEST(IniText, ValuesAreFoundAsThePlatformWould) {
+  const std::string text =
+      "\xEF\xBB\xBF[ First ]\r\n; a=comment\r\na = one two \t\r\nB=\"  quoted \"\r\nc='x'\na=again\n"
+      "\tlone=\"\nempty =\nno equals sign\npath=/a=b/c;d\n"
+      "[SECOND] ; trailing\na=2\nmixed=\"x'\n[first]\nlate=1";
+  const struct {
+    const char *section, *key;
+    std::optional<std::string_view> expected;
+  } cases[] = {
+      {"first", "A", "one two"},     {"FIRST", "b", "  quoted "},    {"First", "c", "x"},
+      {"first", "lone", "\""},       {"first", "empty", ""},         {"first", "late", "1"},
+      {"first", "path", "/a=b/c;d"}, {"Second", "a", "2"},           {"second", "mixed", "\"x'"},
+      {"second", "b", std::nullopt}, {"first", "; a", std::nullopt}, {"first", "no equals sign", std::nullopt},
+      {"third", "a", std::nullopt},
+  };
+  for (const auto& [section, key, expected] : cases)
+    EXPECT_EQ(FindIniValue(text, section, key), expected) << section << ' ' << key;
+}
+
+TEST(IniText, SettingAValueLeavesEveryOtherLineAsItWas) {
+  const struct {
+    const char *before, *key, *value, *after; // in section "S"
+  } cases[] = {
+      {"", "k", "v", "[S]\nk=v\n"},
+      {"\xEF\xBB\xBF", "k", "v", "\xEF\xBB\xBF[S]\nk=v\n"},
+      {"\xEF\xBB\xBF[s]\r\nk=1\r\n", "K", "v", "\xEF\xBB\xBF[s]\r\nk=v\r\n"},
+      {"; c\r\n\r\n[s]\r\n  Key =  old \t\r\nl=1\r\n", "kEY", "v", "; c\r\n\r\n[s]\r\n  Key =  v\r\nl=1\r\n"},
+      {"[S]\nk=old", "k", "v", "[S]\nk=v"},
+      {"[S]\nk=", "k", "v", "[S]\nk=v"},
+      {"[S]\nk=\n\n", "k", "", "[S]\nk=\n\n"},
+      {"[S]\nj=1", "k", "v", "[S]\nj=1\nk=v\n"},
+      {"[S]\r\nj=1\r\n\r\n \t\r\n[T]\r\nk=1\r\n", "k", "v", "[S]\r\nj=1\r\nk=v\r\n\r\n \t\r\n[T]\r\nk=1\r\n"},
+      {"[S]\n[T]\n[s]\nk=1\n", "k", "v", "[S]\n[T]\n[s]\nk=v\n"},
+      {"[S]\n[T]\n[s]\nj=1\n", "k", "v", "[S]\nk=v\n[T]\n[s]\nj=1\n"},
+      {"[T]\r\nk=1", "k", "v", "[T]\r\nk=1\r\n[S]\r\nk=v\r\n"},
+      {"[S]\n", "k", "a\r\n[T]\nk=b", "[S]\nk=a  [T] k=b\n"},
+      {"[S]\n", "k", " blank", "[S]\nk=\" blank\"\n"},
+      {"[S]\n", "k", "'q'", "[S]\nk=\"'q'\"\n"},
+  };
+  for (const auto& [before, key, value, after] : cases) {
+    std::string text = before;
+    EXPECT_TRUE(SetIniValue(text, "S", key, value));
+    EXPECT_EQ(text, after);
+  }
+  std::string text = "[S]\n";
+  for (const auto& [section, key] :
+       {std::pair{"S", "a=b"}, {"S", "a\nb"}, {"S", ";a"}, {"S", "[a]"}, {"S", ""}, {"S]", "a"}, {"S\n", "a"}})
+    EXPECT_FALSE(SetIniValue(text, section, key, "v")) << section << ' ' << key;
+  EXPECT_EQ(text, "[S]\n");
+}
+
+TEST_F(FilesTest, ProfileStringsAreCutAt255BytesBetweenCharacters) {
+  const std::string long254(254, 'x');
+  ASSERT_TRUE(WriteProfileString(files, Path("a.ini"), "S", "ascii", long254 + "yz"));
+  ASSERT_TRUE(WriteProfileString(files, Path("a.ini"), "S", "umlaut", long254 + "\xC3\xA4"));
+  EXPECT_EQ(ReadProfileString(files, Path("a.ini"), "S", "ascii", ""), long254 + "y");
+  EXPECT_EQ(ReadProfileString(files, Path("a.ini"), "S", "umlaut", ""), long254);
+  EXPECT_EQ(ReadProfileString(files, Path("a.ini"), "S", "none", "default"), "default");
+}
+
+TEST_F(FilesTest, ProfilesAreCreatedButNotOverwrittenWhenTheyCannotBeRead) {
+  const std::string tooLong = "[S]\nk=1\n" + std::string(ProfileFileLimit, ';');
+  Put("long.ini", tooLong);
+  EXPECT_EQ(ReadProfileString(files, Path("long.ini"), "S", "k", "default"), "default");
+  EXPECT_FALSE(WriteProfileString(files, Path("long.ini"), "S", "k", "2"));
+  EXPECT_EQ(Content("long.ini"), tooLong);
+  EXPECT_EQ(ReadProfileString(files, Path(""), "S", "k", "default"), "default"); // a folder
+  EXPECT_FALSE(WriteProfileString(files, Path(""), "S", "k", "2"));
+  EXPECT_TRUE(WriteProfileString(files, Path("new/folder/a.ini"), "S", "k", "v"));
+  EXPECT_EQ(Content("new/folder/a.ini"), "[S]\nk=v\n");
+}
+
+} // namespace mr4500x

@@ -1,0 +1,90 @@
+#include "settings.h"
+
+#include "files_fixture.h"
+#include "recent_files.h"
+
+namespace mr4500x {
+
+TEST_F(FilesTest, PortSettingIsANumberFrom1To16) {
+  const std::pair<const char*, int> cases[] = {
+      {"3", 3},        {"25", 16}, {"0", 1},   {"-4", 1},   {"", 1},      {"No Comm 5", 1},
+      {"3 apples", 1}, {"+5", 5},  {"2.5", 2}, {"2.51", 3}, {"16.5", 16}, {"\" 7 \"", 7},
+      {"3.5", 4},      {"nan", 1}, {"inf", 1}, {"0x5", 1},  {"1e1", 1},   {"99999999999999999999", 16},
+  };
+  EXPECT_EQ(LoadPortSetting(files, Path("MR4500X.ini")), 1) << "without a file";
+  for (const auto& [text, port] : cases) {
+    Put("MR4500X.ini", std::string("[comm port]\ncommon port=") + text + "\n");
+    EXPECT_EQ(LoadPortSetting(files, Path("MR4500X.ini")), port) << text;
+  }
+}
+
+TEST_F(FilesTest, SettingsStandUnderTheirKeys) {
+  EXPECT_TRUE(StoreSettings(files, Path("MR4500X.ini"), 7, "/data/a.K4X"));
+  EXPECT_EQ(Content("MR4500X.ini"), "[Comm Port]\nCommon Port=7\n[File Name]\nDefault File=/data/a.K4X\n");
+  Put("MR4500X.ini", "[COM1]\nCOM2=/wrong\n[Port Devices]\ncom1=/dev/ttyUSB0\nCOM16 = /dev/ttyS3\n");
+  std::array<std::string, 16> devices;
+  devices[0] = "/dev/ttyUSB0";
+  devices[15] = "/dev/ttyS3";
+  EXPECT_EQ(PortDevices(files, Path("MR4500X.ini")), devices);
+}
+
+// In the lists "-" is a slot that has no key yet.
+TEST_F(FilesTest, RecentFilesShiftSlotBySlot) {
+  using Slots = std::array<const char*, 4>;
+  const struct {
+    Slots before;
+    bool add;
+    const char* path;
+    Slots after;
+  } cases[] = {
+      {{"-", "-", "-", "-"}, true, "a", {"a", "-", "-", "-"}},
+      {{"a", "b", "c", "d"}, true, "e", {"e", "a", "b", "c"}},
+      {{"a", "b", "c", "d"}, true, "c", {"c", "a", "b", "d"}},
+      {{"a", "b", "c", "d"}, true, "d", {"d", "a", "b", "c"}},
+      {{"a", "b", "c", "d"}, true, " A ", {" A ", "b", "c", "d"}},
+      {{"a", "\xC3\x84\xD0\x96/B", "c", "d"}, true, " \xC3\xA4\xD0\xB6/b", {" \xC3\xA4\xD0\xB6/b", "a", "c", "d"}},
+      {{"a", "\xC3\x84", "", ""}, true, "\xC3", {"\xC3", "a", "\xC3\x84", ""}}, // half a character
+      {{"a", "", "c", "d"}, true, "e", {"e", "a", "c", "c"}},                   // the gap leaves slot 3 as it was
+      {{"a", "b", "a", "d"}, true, "a", {"a", "a", "b", "d"}},                  // the highest match counts
+      {{"", "No File", "c", ""}, true, "c", {"c", "No File", "c", ""}},
+      {{"a", "b", "c", "d"}, false, "B ", {"a", "c", "d", ""}},
+      {{"a", "b", "c", "d"}, false, "d", {"a", "b", "c", ""}},
+      {{"a", "b", "", "d"}, false, "a", {"b", "", "", ""}}, // what lies behind a gap is lost
+      {{"a", "b", "a", "d"}, false, "a", {"b", "a", "d", ""}},
+      {{"a", "-", "-", "-"}, false, "a", {"", "", "", ""}},
+      {{"a", "b", "-", "-"}, false, "e", {"a", "b", "-", "-"}},
+  };
+  const auto text = [](const Slots& slots) {
+    std::string lines = "[Recent Files]\n";
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+      const std::string value = slots[i];
+      const bool isQuoted = value.starts_with(' ');
+      if (value == "-") continue;
+      lines += "RecentFile" + std::to_string(i + 1) + '=' + (isQuoted ? '"' + value + '"' : value) + '\n';
+    }
+    return lines;
+  };
+  for (const auto& [before, add, path, after] : cases) {
+    Put("MR4500X.ini", text(before));
+    EXPECT_TRUE((add ? AddRecent : RemoveRecent)(files, Path("MR4500X.ini"), path));
+    EXPECT_EQ(Content("MR4500X.ini"), text(after)) << text(before) << (add ? "+ " : "- ") << path;
+  }
+  Put("MR4500X.ini", text({"/data/a.K4X", "", "No File", "-"}));
+  const RecentFileList present = {"/data/a.K4X", std::nullopt, std::nullopt, std::nullopt};
+  EXPECT_EQ(RecentFiles(files, Path("MR4500X.ini")), present);
+  EXPECT_EQ(RecentCaption(1, "/data/a.K4X"), " 1 /data/a.K4X");
+}
+
+TEST_F(FilesTest, SettingsLiveBesideTheProgramWhereTheyCan) {
+  const std::string program = Path("program"), user = Path("user");
+  std::filesystem::create_directory(program);
+  EXPECT_EQ(SettingsFilePath(files, program, user), program + "/MR4500X.ini");
+  files.unwritable = {program};
+  EXPECT_EQ(SettingsFilePath(files, program, user), user + "/MR4500X.ini");
+  std::filesystem::create_directory(user);
+  Put("user/MR4500X.ini", "");
+  Put("program/MR4500X.ini", "");
+  EXPECT_EQ(SettingsFilePath(files, program, user), program + "/MR4500X.ini");
+}
+
+} // namespace mr4500x

@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include "scripted_radio.h"
+
+namespace mr4500x {
+namespace {
+
+std::size_t Address(const LineBytes& frame) {
+  return frame.at(1) * 256u + frame.at(2);
+}
+
+TEST(Exchange, ShowsItsProgressAndCompletionAndTakesItsWaitsAndLineTimeOnly) {
+  const struct {
+    Outcome (Desk::*run)();
+    std::vector<std::string> shown; // progress window, completion
+    int first, last, end;           // progress values in steps of 5, then at the end
+    Clock::Moment records;          // the time for wake-up, records and end
+  } cases[] = {
+      {&Desk::Read,
+       {"Read|Reading data from the radio ...|505",
+        "Read Complete|Read data is complete. Press OK button to continue ..."},
+       0,
+       510,
+       505,
+       (5ms + 40ms + 10ms) + 103 * (10ms + 5ms + 40ms + 10ms) + 5ms + 50ms},
+      {&Desk::Write,
+       {"Write|Write data to the radio ...|330",
+        "Write Complete|Write data is complete. Press OK button to continue ..."},
+       0,
+       325,
+       310,
+       (6250us + 40ms + 10ms) + 20ms + 66 * (15ms + 20ms + 20ms) + 15ms + 50ms + 20ms},
+      {&Desk::ReadInfo,
+       {"Read Emedded Information|Reading embedded information from the radio ...|160",
+        "Read Information Completely|Read information is complete. Press OK button to continue ..."},
+       5,
+       160,
+       160,
+       (5ms + 40ms) + 32 * (10ms + 5ms + 40ms) + 5ms + 50ms},
+      {&Desk::WriteInfo,
+       {"Write Embedded Information|Write embedded information to radio ...|150",
+        "Write Information Completely|Write information completely. Press OK to continue."},
+       5,
+       150,
+       150,
+       (6250us + 40ms + 10ms) + 20ms + 30 * (15ms + 40ms) + 15ms + 50ms},
+  };
+  for (const auto& c : cases) {
+    Desk desk;
+    EXPECT_EQ((desk.*c.run)(), Outcome::Complete);
+    EXPECT_EQ(desk.shown, c.shown);
+    std::vector<int> values;
+    for (int value = c.first; value <= c.last; value += 5)
+      values.push_back(value);
+    values.push_back(c.end);
+    EXPECT_EQ(desk.values, values) << c.shown[0];
+    EXPECT_EQ(desk.radio.now, 80ms + 80ms + c.records) << c.shown[0];
+    EXPECT_EQ(desk.callbacks, 1);
+    EXPECT_FALSE(desk.radio.open);
+  }
+}
+
+TEST(ReadRadio, RequestsEveryRecordInOrderAndStoresIt) {
+  Desk desk;
+  ASSERT_EQ(desk.Read(), Outcome::Complete);
+  const auto& frames = desk.radio.frames;
+  ASSERT_EQ(frames.size(), 105u);
+  for (std::size_t i = 0; i < 103; ++i)
+    EXPECT_EQ(Address(frames[1 + i]), 8 * (i <= 40 ? i : i <= 44 ? i + 7 : i <= 100 ? i + 11 : i + 25)) << i;
+  EXPECT_EQ(frames.back(), (LineBytes{0x57, 0xAA, 0xAA, 0xAA}));
+  for (const BlockPlace& place : RecordMap) {
+    const auto bytes = BlockBytes(desk.image, place.block);
+    EXPECT_TRUE(std::equal(bytes.begin(), bytes.end(), desk.radio.memory.begin() + place.address)) << place.address;
+  }
+}
+
+TEST(ReadRadio, WakesTheRadioOnTheThirdTry) {
+  Desk desk;
+  desk.radio.spoil = [](std::size_t frame, LineBytes& reply) {
+    if (frame < 2) reply.clear();
+  };
+  ASSERT_EQ(desk.Read(), Outcome::Complete);
+  EXPECT_EQ(desk.radio.now, 6965ms + 2 * (80ms + 5ms + 220ms));
+}
+
+TEST(ReadRadio, StoresARecordWhereItsReplySays) {
+  Desk desk;
+  desk.radio.spoil = [](std::size_t frame, LineBytes& reply) {
+    if (frame == 1) reply = {0x57, 0x03, 0xF8, 2, 'V', '1', 0, 0, 0, 0, 0, 0}; // requested 0x000
+    if (frame == 103) reply[2] = 0xE0;                                         // requested 0x3F8: belongs nowhere
+  };
+  ASSERT_EQ(desk.Read(), Outcome::Complete);
+  EXPECT_EQ(desk.image.ChannelBlock(0, 0), 0);
+  EXPECT_EQ(desk.image.FirmwareVersionBlock, (std::array<std::uint8_t, 8>{'V', '1'}));
+}
+
+TEST(WriteRadio, WritesEveryRecordInOrderWithTheStampToAnotherBandIfTheUserAgrees) {
+  Desk source, desk;
+  ASSERT_EQ(source.Read(), Outcome::Complete);
+  auto expected = source.radio.memory;
+  const std::pair<int, int> unwritten[] = {{0x118, 0x12F}, {0x148, 0x17F}, {0x1A0, 0x1BF}, {0x1E8, 0x1FF},
+                                           {0x210, 0x2FF}, {0x380, 0x3EF}, {0x3F8, 0x3FF}};
+  for (const auto& [first, last] : unwritten)
+    std::fill(expected.begin() + first, expected.begin() + last + 1, std::uint8_t{0});
+  std::copy_n("20041104090507\0", 16, expected.begin() + 0x200);
+
+  desk.image = source.image; // of another band than the radio's
+  desk.answer = Answer::Yes;
+  desk.radio.memory.fill(0);
+  ASSERT_EQ(desk.Write(), Outcome::Complete);
+  EXPECT_EQ(desk.radio.memory, expected);
+  const auto& frames = desk.radio.frames;
+  ASSERT_EQ(frames.size(), 68u);
+  for (std::size_t i = 2; i < 67; ++i)
+    EXPECT_LT(Address(frames[i - 1]), Address(frames[i]));
+
+  // Within a record the bar moves while the bytes are on the line; output is discarded 20 ms after they have left.
+  const auto& journal = desk.radio.journal;
+  const auto bar = std::find_if(journal.begin(), journal.end(), [](auto& entry) { return entry.first == "progress"; });
+  ASSERT_LT(bar, journal.end() - 1);
+  EXPECT_EQ(bar[-1], std::pair(std::string("write"), bar->second));
+  EXPECT_EQ(bar[1], std::pair(std::string("discard output"), bar->second + 15ms + 20ms));
+}
+
+TEST(EmbeddedInfo, IsReadWithTheStampAndNothingElse) {
+  Desk desk;
+  RadioImage expected = desk.image;
+  desk.image.EmbeddedInfoBlock.length = 0;
+  desk.radio.spoil = [](std::size_t frame, LineBytes& reply) {
+    if (frame == 32) reply[1] = 0x03; // requested 0x2F8
+  };
+  ASSERT_EQ(desk.ReadInfo(), Outcome::Complete);
+  std::copy_n(desk.radio.memory.begin() + 0x200, 16, expected.WriteStampBlock.begin());
+  std::copy_n(desk.radio.memory.begin() + 0x210, 232, expected.EmbeddedInfoBlock.bytes.begin());
+  EXPECT_EQ(desk.image, expected);
+}
+
+TEST(EmbeddedInfo, IsWrittenWithZerosAfterTheText) {
+  Desk desk;
+  desk.image.EmbeddedInfoBlock.length = 10;
+  desk.image.EmbeddedInfoBlock.bytes[9] = 0x99;
+  desk.radio.identity[4] = 0x02; // another band is no matter
+  auto expected = desk.radio.memory;
+  std::fill_n(expected.begin() + 0x210, 240, std::uint8_t{0});
+  expected[0x219] = 0x99;
+  ASSERT_EQ(desk.WriteInfo(), Outcome::Complete);
+  EXPECT_EQ(desk.radio.memory, expected);
+}
+
+} // namespace
+} // namespace mr4500x

@@ -1,0 +1,230 @@
+// The serial port over a real pseudo-terminal, whose other end the test holds.
+#include "qt_serial_port.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace mr4500x {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+constexpr int LimitMilliseconds = 5000; // for what happens at once unless it never does
+
+class QtSerialPortTest : public testing::Test {
+protected:
+  void SetUp() override {
+    std::array<char, 128> name{};
+    termios raw{};
+    cfmakeraw(&raw);
+    ASSERT_EQ(openpty(&m_master, &m_slave, name.data(), &raw, nullptr), 0);
+    m_device = name.data();
+    fcntl(m_master, F_SETFL, O_NONBLOCK);
+    m_port = std::make_unique<QtSerialPort>(m_device);
+  }
+  void TearDown() override {
+    HangUp();
+    close(m_slave);
+  }
+  void Open() { ASSERT_EQ(m_port->Open(LineSettings), std::nullopt); }
+  void HangUp() {
+    if (m_master >= 0) close(m_master);
+    m_master = -1;
+  }
+  // The radio's end sends, and the driver at the computer's end has it.
+  void Arrive(const Bytes& bytes) {
+    ASSERT_EQ(write(m_master, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    pollfd state{m_slave, POLLIN, 0};
+    ASSERT_EQ(poll(&state, 1, LimitMilliseconds), 1);
+  }
+  // What has come out at the radio's end, up to and with the given last byte.
+  Bytes LeaveUpTo(std::uint8_t last) {
+    Bytes all;
+    while (all.empty() || all.back() != last) {
+      pollfd state{m_master, POLLIN, 0};
+      if (poll(&state, 1, LimitMilliseconds) != 1) break;
+      std::array<std::uint8_t, 4096> buffer{};
+      const ssize_t count = read(m_master, buffer.data(), buffer.size());
+      if (count <= 0) break;
+      all.insert(all.end(), buffer.begin(), buffer.begin() + count);
+    }
+    return all;
+  }
+
+  int m_master = -1;
+  int m_slave = -1;
+  std::string m_device;
+  std::unique_ptr<QtSerialPort> m_port;
+};
+
+TEST_F(QtSerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
+  testing::internal::CaptureStderr();
+  Open();
+  EXPECT_EQ(m_port->BytesReceived(), 0U);
+  Arrive({0x57, 0x00, 0xFF});
+  EXPECT_EQ(m_port->BytesReceived(), 3U);
+  Arrive({0x11, 0x13}); // flow control characters are plain bytes
+  EXPECT_EQ(m_port->TakeReceived(), (Bytes{0x57, 0x00, 0xFF, 0x11, 0x13}));
+  EXPECT_EQ(m_port->TakeReceived(), Bytes());
+  m_port->Close();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(QtSerialPortTest, ReceivesWhatTheEventLoopHasFetchedBefore) {
+  int count = 1;
+  char name[] = "test";
+  char* arguments[] = {name, nullptr};
+  const QCoreApplication application(count, arguments);
+  Open();
+  Arrive({1, 2, 3});
+  QCoreApplication::processEvents();
+  Arrive({4});
+  EXPECT_EQ(m_port->TakeReceived(), (Bytes{1, 2, 3, 4}));
+}
+
+TEST_F(QtSerialPortTest, TakesMoreThanOneOfQtsPortions) {
+  Open();
+  const Bytes sent(2000, 0x55);
+  Arrive(sent);
+  Bytes received;
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::milliseconds(LimitMilliseconds);
+  while (received.size() < sent.size() && std::chrono::steady_clock::now() < limit) {
+    const auto part = m_port->TakeReceived();
+    ASSERT_TRUE(part.has_value());
+    received.insert(received.end(), part->begin(), part->end());
+  }
+  EXPECT_EQ(received, sent);
+}
+
+TEST_F(QtSerialPortTest, DiscardsWhatQtAndTheDriverHaveReceived) {
+  Open();
+  Arrive({1, 2, 3});
+  EXPECT_EQ(m_port->BytesReceived(), 3U); // now with Qt
+  Arrive({4, 5});                         // still with the driver
+  EXPECT_TRUE(m_port->DiscardReceived());
+  EXPECT_EQ(m_port->BytesReceived(), 0U);
+  Arrive({6});
+  EXPECT_EQ(m_port->TakeReceived(), Bytes{6});
+}
+
+TEST_F(QtSerialPortTest, DiscardingAfterAWriteLosesNothing) {
+  Open();
+  const Bytes frame = {0x57, 0x01, 0x00, 0x08, 1, 2, 3, 4, 5, 6, 7, 0x99};
+  EXPECT_TRUE(m_port->Write(frame));
+  EXPECT_TRUE(m_port->DiscardTransmit());
+  EXPECT_TRUE(m_port->DiscardReceived());
+  m_port->Close();
+  EXPECT_EQ(LeaveUpTo(0x99), frame);
+}
+
+TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
+  Open();
+  const Bytes much(1'000'000, 0x55);
+  ASSERT_TRUE(m_port->Write(much));
+  const auto waiting = m_port->BytesToTransmit();
+  ASSERT_TRUE(waiting.has_value());
+  ASSERT_GT(*waiting, 0U);
+  ASSERT_LT(*waiting, much.size());
+  EXPECT_TRUE(m_port->DiscardTransmit());
+  EXPECT_EQ(m_port->BytesToTransmit(), 0U);
+  Bytes left;
+  // Room for the last byte appears as soon as the other end reads.
+  ASSERT_TRUE(m_port->Write(Bytes{0x99}));
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::milliseconds(LimitMilliseconds);
+  while ((left.empty() || left.back() != 0x99) && std::chrono::steady_clock::now() < limit) {
+    std::array<std::uint8_t, 4096> buffer{};
+    const ssize_t count = read(m_master, buffer.data(), buffer.size());
+    if (count > 0) left.insert(left.end(), buffer.begin(), buffer.begin() + count);
+    ASSERT_TRUE(m_port->BytesToTransmit().has_value()); // pushes on
+  }
+  EXPECT_EQ(left.size(), much.size() - *waiting + 1);
+}
+
+TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
+  struct Case {
+    const char* name;
+    std::function<bool(SerialPort&)> succeeds;
+  };
+  const Case cases[] = {
+      {"BytesReceived", [](SerialPort& port) { return port.BytesReceived().has_value(); }},
+      {"DiscardReceived", [](SerialPort& port) { return port.DiscardReceived(); }},
+      {"BytesToTransmit", [](SerialPort& port) { return port.BytesToTransmit().has_value(); }},
+      {"DiscardTransmit", [](SerialPort& port) { return port.DiscardTransmit(); }},
+      {"Write", [](SerialPort& port) { return port.Write(Bytes{1}); }},
+      {"TakeReceived", [](SerialPort& port) { return port.TakeReceived().has_value(); }},
+  };
+  for (const Case& c : cases)
+    EXPECT_FALSE(c.succeeds(*m_port)) << c.name << " before it was opened";
+  Open();
+  for (const Case& c : cases)
+    EXPECT_TRUE(c.succeeds(*m_port)) << c.name;
+  HangUp();
+  for (const Case& c : cases)
+    EXPECT_FALSE(c.succeeds(*m_port)) << c.name;
+  EXPECT_TRUE(m_port->IsOpen());
+  m_port->Close();
+  EXPECT_FALSE(m_port->IsOpen());
+}
+
+TEST_F(QtSerialPortTest, AppliesTheLineSettings) {
+  struct Case {
+    const char* settings;
+    speed_t speed;
+    bool hasTwoStopBits;
+  };
+  for (const Case& c : {Case{"9600,O,8,2", B9600, true}, Case{"4800,N,8,1", B4800, false}}) {
+    ASSERT_EQ(m_port->Open(c.settings), std::nullopt);
+    termios line{};
+    ASSERT_EQ(tcgetattr(m_slave, &line), 0);
+    EXPECT_EQ(cfgetospeed(&line), c.speed);
+    EXPECT_EQ((line.c_cflag & CSTOPB) != 0, c.hasTwoStopBits);
+  }
+}
+
+TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
+  struct Case {
+    std::string device;
+    const char* settings;
+  };
+  const Case cases[] = {{"/dev/no-such-device", LineSettings},
+                        {"/dev/null", LineSettings},
+                        {"", LineSettings},
+                        {m_device, "9600,O,8"},
+                        {m_device, "9600,O,8,2,"},
+                        {m_device, "9600x,O,8,2"},
+                        {m_device, "9600,Q,8,2"},
+                        {m_device, "9600,O,9,2"},
+                        {m_device, "9600,O,8,3"}};
+  for (const Case& c : cases) {
+    QtSerialPort port([&](int number) { return number == 7 ? c.device : m_device; });
+    port.SetPortNumber(7);
+    const auto description = port.Open(c.settings);
+    ASSERT_TRUE(description.has_value()) << c.device << " " << c.settings;
+    EXPECT_GT(description->size(), 5U);
+    EXPECT_FALSE(port.IsOpen());
+  }
+}
+
+TEST_F(QtSerialPortTest, KeepsADeviceToItselfUnderEveryName) {
+  const std::string link = testing::TempDir() + "mr4500x_port_link";
+  std::filesystem::remove(link);
+  std::filesystem::create_symlink(m_device, link);
+  Open();
+  for (const std::string& name : {m_device, link})
+    EXPECT_NE(QtSerialPort(name).Open(LineSettings), std::nullopt) << name;
+  m_port->Close();
+  EXPECT_EQ(QtSerialPort(link).Open(LineSettings), std::nullopt);
+  std::filesystem::remove(link);
+}
+
+} // namespace
+} // namespace mr4500x

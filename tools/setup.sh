@@ -1,0 +1,50 @@
+# Sourced by ./run, ./test and their like: installs the packages that are missing, and nothing when none is.
+# Works on Debian 12 and 13 and Ubuntu 24.04; elsewhere it says what to install.
+
+# need_packages PACKAGE...
+need_packages() {
+  missing=""
+  for package in "$@"; do
+    status=$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing="$missing $package"
+  done
+  [ -n "$missing" ] || return 0
+  if ! command -v apt-get >/dev/null 2>&1; then
+    echo "This needs a Debian 12, Debian 13 or Ubuntu 24.04 system. On another one, install what these of" >&2
+    echo "their packages hold and build with CMake:$missing" >&2
+    exit 1
+  fi
+  as_root=""
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null 2>&1; then
+      echo "These packages are missing; ask somebody with administrator rights to install them:$missing" >&2
+      exit 1
+    fi
+    as_root=sudo
+  fi
+  echo "Installing:$missing"
+  log=$(mktemp)
+  # shellcheck disable=SC2086 # a list of words
+  if ! { $as_root apt-get update &&
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $missing; } >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    echo "The packages could not be installed." >&2
+    exit 1
+  fi
+  rm -f "$log"
+}
+
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libcli11-dev nlohmann-json3-dev"
+
+# build PRESET [TARGET...]: configures once and builds, quietly unless it fails.
+build() {
+  preset=$1
+  shift
+  [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null
+  if [ $# -gt 0 ]; then
+    cmake --build --preset "$preset" --target "$@"
+  else
+    cmake --build --preset "$preset"
+  fi
+}
