@@ -50,10 +50,8 @@ ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Term
     terminal.err << DataErrorText << '\n';
     return ExitStatus::Failed;
   }
-  terminal.out << (form == ShowAs::Json ? ConfigurationJson(values) : ConfigurationTable(values)) << std::flush;
-  if (terminal.out.good()) return ExitStatus::Done;
-  terminal.err << "The configuration could not be printed.\n";
-  return ExitStatus::Failed;
+  terminal.out << (form == ShowAs::Json ? ConfigurationJson(values) : ConfigurationTable(values));
+  return EndOutput(terminal);
 }
 
 } // namespace mr4500x

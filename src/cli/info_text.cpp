@@ -23,6 +23,9 @@ std::string InfoToPrint(std::u16string_view text) {
   QString shown = QString::fromUtf16(visible.data(), static_cast<qsizetype>(visible.size()));
   shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  for (QChar& c : shown) { // a radio must not steer the terminal
+    if (c.category() == QChar::Other_Control && c != QLatin1Char('\n') && c != QLatin1Char('\t')) c = QLatin1Char('.');
+  }
   return shown.toStdString();
 }
 

@@ -10,7 +10,7 @@ namespace mr4500x {
 // Line breaks of any kind become carriage return and line feed. Nothing for bytes that are no UTF-8.
 [[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
 
-// What a text box would show of the text, with plain line feeds.
+// What a text box would show of the text, with plain line feeds; other control characters read as ".".
 [[nodiscard]] std::string InfoToPrint(std::u16string_view text);
 
 } // namespace mr4500x

@@ -13,6 +13,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <iostream>
@@ -26,6 +27,26 @@ struct Arguments {
   std::string text;
   bool json = false;
   bool acceptBand = false;
+};
+
+// A transfer can't be cancelled: stopped half-way it would leave the radio in its session, half programmed, and the
+// port locked. While one of these lives, signals that would end the process wait.
+class SignalsHeld {
+public:
+  SignalsHeld() {
+    sigset_t held;
+    sigemptyset(&held);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+      sigaddset(&held, signal);
+    }
+    sigprocmask(SIG_BLOCK, &held, &m_before);
+  }
+  ~SignalsHeld() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+private:
+  sigset_t m_before{};
 };
 
 class Companion {
@@ -54,6 +75,7 @@ ExitStatus Companion::WithRadio(const std::function<ExitStatus(const RadioComman
     return ExitStatus::UnusableArguments;
   }
   const std::unique_ptr<QtSerialPort> serial = PortFor(*port, m_files, SettingsFile());
+  const SignalsHeld held;
   SteadyClock clock;
   SerialLine line(*serial, clock, port->number, NameOf(*port));
   return run({line, m_files, m_terminal});
@@ -87,9 +109,11 @@ void Companion::Declare(CLI::App& app) {
     sub->final_callback([this, run = std::move(run)] { m_command = run; });
     return sub;
   };
-  const auto file = [&](CLI::App* sub) { sub->add_option("FILE", given.file, "data file (.K4X)")->required(); };
+  const auto file = [&](CLI::App* sub) {
+    sub->add_option("FILE", given.file, "data file (.K4X)")->required()->type_name("");
+  };
   const auto port = [&](CLI::App* sub) {
-    sub->add_option("PORT", given.port, "port number 1 to 16, or the path of a device")->required();
+    sub->add_option("PORT", given.port, "port number 1 to 16, or the path of a device")->required()->type_name("");
   };
 
   file(command(app, "new", "Write the default configuration to FILE",
@@ -122,7 +146,9 @@ void Companion::Declare(CLI::App& app) {
   CLI::App* const infoWrite =
       command(*info, "write", "Write TEXT, at most 119 characters", [this] { return InfoWrite(); });
   port(infoWrite);
-  infoWrite->add_option("TEXT", given.text, "the text; a line break counts as two characters")->required();
+  infoWrite->add_option("TEXT", given.text, "the text in quotes; a line break counts as two characters")
+      ->required()
+      ->type_name("");
 
   command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
           [this] { return Ports(); });
@@ -145,6 +171,7 @@ int Companion::Run(int argc, char** argv) {
 } // namespace mr4500x
 
 int main(int argc, char** argv) {
+  signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed save with its message
   try {
     return mr4500x::Companion().Run(argc, argv);
   } catch (const std::exception& error) { // out of memory, in the main

@@ -7,14 +7,34 @@
 #include "settings.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
 namespace mr4500x {
 
+namespace {
+
+bool IsNumber(std::string_view text) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// A bare name is a device of the system, unless it stands in the current folder.
+std::string DevicePath(const std::string& text) {
+  std::error_code ignored;
+  const bool isHere = text.find('/') == std::string::npos && std::filesystem::exists(text, ignored);
+  return isHere ? "./" + text : text;
+}
+
+} // namespace
+
 std::optional<PortArgument> ParsePortArgument(const std::string& text) {
+  const std::string_view named = text;
+  const bool isCom = (named.starts_with("COM") || named.starts_with("com")) && IsNumber(named.substr(3));
+  const std::string_view digits = isCom ? named.substr(3) : named;
   if (text.empty()) return std::nullopt;
-  const bool digits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-  if (!digits) return PortArgument{0, text};
-  const std::optional<int> number = ParseWhole(text);
+  if (!IsNumber(digits)) return PortArgument{0, DevicePath(text)};
+  const std::optional<int> number = ParseWhole(digits);
   if (!number || *number < 1 || *number > PortCount) return std::nullopt;
   return PortArgument{*number, {}};
 }

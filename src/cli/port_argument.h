@@ -16,7 +16,7 @@ struct PortArgument {
   std::string device; // the path; empty for a number
 };
 
-// Nothing for a number outside 1 to 16 or an empty text.
+// "3" and "COM3" are the number 3. Nothing for a number outside 1 to 16 or an empty text.
 [[nodiscard]] std::optional<PortArgument> ParsePortArgument(const std::string& text);
 
 // How messages call the port: "COM" and the number, or the path.

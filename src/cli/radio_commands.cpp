@@ -1,8 +1,10 @@
 // read, write, info read, info write and ports.
 #include "radio_commands.h"
 
+#include "editor_messages.h"
 #include "embedded_info.h"
 #include "file_commands.h"
+#include "file_messages.h"
 #include "info_text.h"
 #include "port_choice.h"
 #include "signaling.h"
@@ -13,24 +15,41 @@
 namespace mr4500x {
 namespace {
 
-ExitStatus StatusOf(Outcome outcome) {
-  return outcome == Outcome::Complete ? ExitStatus::Done : ExitStatus::Failed;
-}
-
 bool NothingToShow() {
   return true;
+}
+
+// False for a file that does not exist yet in a folder that takes none.
+bool CanBeCreated(FileSystem& files, const std::string& path) {
+  const std::optional<FileStatus> status = files.Status(path);
+  if (status && status->kind != FileKind::Missing) return true;
+  const std::size_t slash = path.rfind('/');
+  return files.CanWrite(slash == std::string::npos ? "." : path.substr(0, slash + 1));
+}
+
+// Somebody who watched the progress wants to see how it ended; a script has the exit status.
+ExitStatus Ended(Terminal& terminal, Outcome outcome, const std::string& sentence) {
+  if (outcome != Outcome::Complete) return ExitStatus::Failed;
+  if (terminal.showsProgress) terminal.err << sentence << '\n';
+  return ExitStatus::Done;
 }
 
 } // namespace
 
 ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
+  if (!CanBeCreated(command.files, path)) { // better told now than after the whole radio has been read
+    command.terminal.err << MessageForFailed(SaveCommand::Save).text << '\n';
+    return ExitStatus::Failed;
+  }
   TerminalMessages messages(command.terminal, TerminalMessages::Policy::Ask);
   TerminalProgress progress(command.terminal);
   RadioImage image;
   const Outcome outcome = ReadRadio({command.line, progress, messages}, image, NothingToShow);
   if (outcome != Outcome::Complete) return ExitStatus::Failed;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
-  return SaveForCommand(command.files, path, image, command.terminal) ? ExitStatus::Done : ExitStatus::Failed;
+  if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // what the editor would say of it
+  if (!SaveForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
+  return Ended(command.terminal, outcome, command.line.PortName() + " has been read into " + path + ".");
 }
 
 ExitStatus RunWrite(const RadioCommand& command, const std::string& path, TerminalMessages::Policy band,
@@ -39,7 +58,8 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, Termin
   if (!LoadForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
   TerminalMessages messages(command.terminal, band);
   TerminalProgress progress(command.terminal);
-  return StatusOf(WriteRadio({command.line, progress, messages}, image, now, [] {}));
+  const Outcome outcome = WriteRadio({command.line, progress, messages}, image, now, [] {});
+  return Ended(command.terminal, outcome, path + " has been written to " + command.line.PortName() + ".");
 }
 
 ExitStatus RunInfoRead(const RadioCommand& command) {
@@ -49,8 +69,8 @@ ExitStatus RunInfoRead(const RadioCommand& command) {
   const Outcome outcome = ReadEmbeddedInfo({command.line, progress, messages}, image, NothingToShow);
   if (outcome != Outcome::Complete) return ExitStatus::Failed;
   command.terminal.out << InfoToPrint(EmbeddedText(image.EmbeddedInfoBlock)) << '\n'
-                       << LastProgrammingTime(image) << std::endl;
-  return command.terminal.out.good() ? ExitStatus::Done : ExitStatus::Failed;
+                       << LastProgrammingTime(image) << '\n';
+  return EndOutput(command.terminal);
 }
 
 ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text) {
@@ -58,7 +78,8 @@ ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text) {
   if (!StoreEmbeddedText(image.EmbeddedInfoBlock, text)) return ExitStatus::UnusableArguments;
   TerminalMessages messages(command.terminal, TerminalMessages::Policy::Ask);
   TerminalProgress progress(command.terminal);
-  return StatusOf(WriteEmbeddedInfo({command.line, progress, messages}, image, [] {}));
+  const Outcome outcome = WriteEmbeddedInfo({command.line, progress, messages}, image, [] {});
+  return Ended(command.terminal, outcome, "The text has been written to " + command.line.PortName() + ".");
 }
 
 ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, Terminal& terminal) {
@@ -68,8 +89,7 @@ ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& dev
     terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
                  << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
   }
-  terminal.out << std::flush;
-  return terminal.out.good() ? ExitStatus::Done : ExitStatus::Failed;
+  return EndOutput(terminal);
 }
 
 } // namespace mr4500x

@@ -20,13 +20,20 @@ Answer TerminalMessages::Show(MessageIcon icon, std::string_view /*title*/, std:
   return Answer::No;
 }
 
+ExitStatus EndOutput(Terminal& terminal) {
+  terminal.out << std::flush;
+  if (terminal.out.good()) return ExitStatus::Done;
+  terminal.err << "The output could not be written.\n";
+  return ExitStatus::Failed;
+}
+
 Answer TerminalMessages::AskYesNo() {
   std::string line;
   for (;;) {
     m_terminal.err << " (y/n) " << std::flush;
     if (!std::getline(m_terminal.in, line)) return Answer::No;
-    line.erase(std::remove_if(line.begin(), line.end(), [](unsigned char c) { return std::isspace(c) != 0; }),
-               line.end());
+    line.erase(line.find_last_not_of(" \t\r") + 1);
+    line.erase(0, line.find_first_not_of(" \t"));
     std::transform(line.begin(), line.end(), line.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     if (line == "y" || line == "yes") return Answer::Yes;
@@ -45,7 +52,7 @@ void TerminalProgress::Open(std::string_view /*title*/, std::string_view text, i
 void TerminalProgress::SetValue(int value) {
   if (!m_terminal.showsProgress || m_maximum <= 0) return;
   const int percent = 100 * std::clamp(value, 0, m_maximum) / m_maximum;
-  if (percent == m_percent) return;
+  if (percent <= m_percent) return; // a write's last value lies below the one before
   m_percent = percent;
   m_terminal.err << '\r' << m_text << ' ' << percent << " %" << std::flush;
 }

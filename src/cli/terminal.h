@@ -1,6 +1,7 @@
 // Messages, questions and progress on a terminal or in a pipe, in the place of the windows of the desktop program.
 #pragma once
 
+#include "exit_status.h"
 #include "message_view.h"
 #include "progress_view.h"
 
@@ -14,9 +15,12 @@ struct Terminal {
   std::ostream& out;
   std::ostream& err;
   std::istream& in;
-  bool answersQuestions; // somebody sits before `in`
+  bool answersQuestions; // somebody sits before `in` and sees `err`
   bool showsProgress;    // `err` is a terminal
 };
+
+// What a command that printed data ends with: a failure when not all of it could be written.
+[[nodiscard]] ExitStatus EndOutput(Terminal& terminal);
 
 // Shows failures; a completed exchange needs no words. A question is asked where somebody can answer it, and has the
 // given answer elsewhere.

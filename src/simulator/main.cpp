@@ -10,6 +10,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <utility>
 #include <vector>
@@ -159,5 +160,10 @@ int Main(int argc, char** argv) {
 } // namespace mr4500x
 
 int main(int argc, char** argv) {
-  return mr4500x::Main(argc, argv);
+  try {
+    return mr4500x::Main(argc, argv);
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "lr7200-simulator: %s\n", failure.what());
+    return 1;
+  }
 }

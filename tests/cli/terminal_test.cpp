@@ -21,7 +21,7 @@ TEST(TerminalTest, QuestionsAreAnsweredBySomebodyOrByTheRule) {
   using Policy = TerminalMessages::Policy;
   const BandCase cases[] = {
       {"yes", "Yes\n", true, Policy::Ask, Answer::Yes},
-      {"asked again until it is an answer", "what\n\n Y \n", true, Policy::Ask, Answer::Yes},
+      {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, Policy::Ask, Answer::Yes},
       {"no", "NO\n", true, Policy::Ask, Answer::No},
       {"the end of the input", "", true, Policy::Ask, Answer::No},
       {"nobody there", "y\n", false, Policy::Ask, Answer::No},
@@ -55,16 +55,19 @@ TEST(TerminalTest, SuccessIsSilentAndProgressOnlyOnATerminal) {
   Terminal screen{out, err, in, true, true};
   TerminalProgress progress(screen);
   progress.Open("Read", "Reading ...", 505);
+  progress.SetValue(252);
+  progress.SetValue(240); // never backwards
   progress.SetValue(510);
   progress.Close();
-  EXPECT_EQ(err.str(), "\rReading ... 0 %\rReading ... 100 %\n");
+  EXPECT_EQ(err.str(), "\rReading ... 0 %\rReading ... 49 %\rReading ... 100 %\n");
 }
 
 TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
-  for (const char* const bad : {"", "0", "17", "00000000000001"}) {
+  for (const char* const bad : {"", "0", "17", "00000000000001", "COM17"}) {
     EXPECT_FALSE(ParsePortArgument(bad)) << bad;
   }
   EXPECT_EQ(NameOf(*ParsePortArgument("16")), "COM16");
+  EXPECT_EQ(NameOf(*ParsePortArgument("com3")), "COM3");
   EXPECT_EQ(NameOf(*ParsePortArgument("/dev/ttyUSB0")), "/dev/ttyUSB0");
 }
 
@@ -72,7 +75,7 @@ TEST(ArgumentsTest, InformationTexts) {
   EXPECT_EQ(InfoFromArgument("a\nb\r\nc\rd"), u"a\r\nb\r\nc\r\nd");
   EXPECT_EQ(InfoFromArgument("\xF0\x9F\x93\xBB"), u"\U0001F4FB"); // two units
   EXPECT_EQ(InfoFromArgument("a\xFF"), std::nullopt);
-  EXPECT_EQ(InfoToPrint(std::u16string_view(u"a\r\nb\0c", 6)), "a\nb");
+  EXPECT_EQ(InfoToPrint(std::u16string_view(u"a\r\nb\x1B[\0c", 8)), "a\nb.[");
 }
 
 } // namespace

@@ -18,17 +18,11 @@ TEST(FactoryMemory, HoldsTheBytesThatARadioOfThatContentWouldHold) {
       {0x010, "D0 D8 B1 02 23 00 D0 78 C1 02 23 00 E0 00 00 00"}, // 441.5 / 451.5 MHz at 2.5 kHz, DCS 023
       {0x020, "91 E1 14 01 54 07 B1 21 1B 01 27 00 38 00 00 00"}, // inverted DCS 754 / CTCSS 69.3
       {0x030, "B5 34 16 01 0C 00 B5 34 16 01 0C 00 98 01 03 11"}, // TTS 1 / TTS 3, group call tone A
-      {0x050, "81 78 18 01 00 00 01 78 18 01 00 00 28 00 00 00"}, // transmit inhibited
       {0x080, "01 00 13 01 00 00 81 00 13 01 00 00 A8 00 00 00"}, // not in use
-      {0x118, "FF FF FF FF FF FF FF FF"},
-      {0x1C8, "90 01 75 04 C8 01 15 05"},
       {0x1E0, "6E 03 C8 09 E9 03 27 0B"},
       {0x1F0, "4C 52 37 32 30 30 2D 30 30 30 30 30 34 32 31 37"},
-      {0x200, "32 30 32 34 30 31 31 35 30 39 33 30 30 30 00 00"},
       {0x210, "44 00 65 00 6D 00"},
-      {0x2F8, "00 00 00 00 00 00 00 00"},
       {0x3F0, "B8 01 D6 01 00 30 00 00"},
-      {0x3F8, "56 31 2E 30 32 20 20 20"},
   };
   // clang-format on
   const RadioMemory memory = FactoryMemory();
@@ -37,14 +31,6 @@ TEST(FactoryMemory, HoldsTheBytesThatARadioOfThatContentWouldHold) {
     const auto length = static_cast<std::ptrdiff_t>(FromHex(c.bytes).size());
     EXPECT_EQ(ToHex({start, start + length}), c.bytes) << std::hex << c.address;
   }
-}
-
-TEST(FactoryMemory, CountsItsChannelsInUse) {
-  const RadioMemory memory = FactoryMemory();
-  int inUse = 0;
-  for (std::size_t channel = 0; channel < 16; ++channel)
-    inUse += memory[16 * channel] >> 7;
-  EXPECT_EQ(memory[0x10C], inUse);
 }
 
 } // namespace

@@ -36,7 +36,7 @@ TEST(SimulatedRadio, IsReadWholeAndEndedByEitherEndPacket) {
     EXPECT_EQ(Ask(radio, Request(0)), "") << "before the wake-up";
     EXPECT_EQ(Ask(radio, "READ"), "06");
     for (std::size_t address = 0; address < RadioMemoryBytes; address += 8) {
-      const auto data = NumberedMemory().begin() + static_cast<std::ptrdiff_t>(address);
+      const auto data = radio.Memory().begin() + static_cast<std::ptrdiff_t>(address);
       EXPECT_EQ(Ask(radio, Request(address)), Request(address) + " " + ToHex({data, data + 8}));
     }
     EXPECT_EQ(Ask(radio, end), "");
@@ -49,7 +49,7 @@ TEST(SimulatedRadio, StoresWhatIsWrittenButItsIdentityAndVersion) {
   SimulatedRadio radio(NumberedMemory(), 0us);
   EXPECT_EQ(Ask(radio, "WRITE"), "52 B8 01 D6 01 00 30 00 00");
   RadioMemory expected = NumberedMemory();
-  for (const std::size_t address : {0x000, 0x1E8, 0x1F0, 0x1F8, 0x200, 0x3F0, 0x3F8}) {
+  for (const std::size_t address : {0x000U, 0x1E8U, 0x1F0U, 0x1F8U, 0x200U, 0x3F0U, 0x3F8U}) {
     EXPECT_EQ(Ask(radio, Request(address) + " 57 AA AA AA 55 06 07 08"), "06");
     const bool isReadOnly = address == 0x1F0 || address == 0x1F8 || address == 0x3F8;
     const auto data = FromHex("57 AA AA AA 55 06 07 08"); // data may look like anything

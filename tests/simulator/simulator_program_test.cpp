@@ -4,7 +4,7 @@
 #include "radio_memory.h"
 #include "steady_clock.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -28,10 +28,8 @@ public:
     int ends[2];
     if (pipe(ends) != 0) return;
     arguments.insert(arguments.begin(), SIMULATOR);
-    std::vector<char*> argv;
-    for (std::string& argument : arguments)
-      argv.push_back(argument.data());
-    argv.push_back(nullptr);
+    std::vector<char*> argv(arguments.size() + 1, nullptr);
+    std::transform(arguments.begin(), arguments.end(), argv.begin(), [](std::string& text) { return text.data(); });
     m_process = fork();
     if (m_process == 0) {
       dup2(ends[1], STDOUT_FILENO);

@@ -71,6 +71,7 @@ std::vector<std::string> InPortOrder(std::vector<SerialDevice> devices) {
     return a.kind != b.kind ? a.kind < b.kind : NaturallyBefore(a.path, b.path);
   });
   std::vector<std::string> paths;
+  paths.reserve(devices.size());
   for (SerialDevice& device : devices)
     paths.push_back(std::move(device.path));
   return paths;

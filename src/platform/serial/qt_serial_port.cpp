@@ -6,6 +6,8 @@
 #include <QLoggingCategory>
 #include <QSerialPort>
 
+#include <unistd.h>
+
 #include <charconv>
 #include <filesystem>
 #include <system_error>
@@ -69,12 +71,20 @@ bool Apply(const LineParameters& line, QSerialPort& port) {
   return port.setFlowControl(QSerialPort::NoFlowControl) && taken;
 }
 
-// The device's own path, links followed: the lock file that keeps other programs off is named after it.
+// The device's own path, links followed: the lock file that keeps other programs off is named after it. A bare name
+// stays one, and a relative path becomes absolute, as Qt looks for both among the system's devices.
 std::string OwnPath(const std::string& device) {
+  if (device.find('/') == std::string::npos) return device;
   std::error_code error;
-  if (!device.starts_with('/')) return device;
-  const std::string path = std::filesystem::canonical(device, error).string();
+  const std::string path = std::filesystem::weakly_canonical(device, error).string();
   return error ? device : path;
+}
+
+// Qt calls a port that another program holds a matter of permission, and sends its reader looking in the wrong place.
+std::string OpenFailure(const QSerialPort& port, const std::string& device) {
+  const bool isHeld = port.error() == QSerialPort::PermissionError && access(device.c_str(), R_OK | W_OK) == 0;
+  if (isHeld) return std::make_error_code(std::errc::device_or_resource_busy).message();
+  return port.errorString().toStdString();
 }
 
 // A thread without an event dispatcher has no use for notifiers, and Qt warns of each that it makes all the same.
@@ -120,7 +130,7 @@ std::optional<std::string> QtSerialPort::Open(const char* settings) {
 
   const NotifierWarningsOff quiet;
   m_port->setPortName(QString::fromStdString(device));
-  if (!m_port->open(QIODevice::ReadWrite)) return m_port->errorString().toStdString();
+  if (!m_port->open(QIODevice::ReadWrite)) return OpenFailure(*m_port, device);
   // Applied to the open device, as a pseudo-terminal may refuse settings that mean nothing to it and works without.
   if (!Apply(*line, *m_port) && !device.starts_with("/dev/pts/")) {
     const std::string description = m_port->errorString().toStdString();

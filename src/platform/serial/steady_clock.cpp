@@ -24,7 +24,6 @@ Clock::Moment SteadyClock::Now() {
 }
 
 void SteadyClock::WaitUntil(Moment moment) {
-  if (moment <= Moment::zero()) return; // before the clock's origin
   const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(moment);
   timespec deadline{};
   deadline.tv_sec = static_cast<time_t>(seconds.count());

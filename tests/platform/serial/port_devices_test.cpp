@@ -90,10 +90,5 @@ TEST_F(DescribedDevices, AreToldApartAndSpareOnesLeftOut) {
   }
 }
 
-TEST(PortDevices, TheMachinesOwnDevicesExist) {
-  for (const std::string& device : MachineSerialDevices())
-    EXPECT_TRUE(fs::exists(device)) << device;
-}
-
 } // namespace
 } // namespace mr4500x
