@@ -1,0 +1,220 @@
+// The frame's controls: layout, load and store, check boxes and colours.
+#include "channel_frame.h"
+
+#include "frequency_editor.h"
+#include "tone_editor.h"
+#include "twips.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyleOptionButton>
+
+#include <algorithm>
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr int EditorExtraTwips = 10; // an editor is this much wider than its column
+constexpr int MarginTwips = 90;
+
+// Styles show the focus around the text of a check box, and these have none.
+class RowCheckBox : public QCheckBox {
+public:
+  using QCheckBox::QCheckBox;
+
+protected:
+  void paintEvent(QPaintEvent* event) override {
+    QCheckBox::paintEvent(event);
+    if (!hasFocus()) return;
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this).adjusted(1, 1, -1, -1));
+  }
+};
+
+constexpr std::array SelcallColumns = {GridColumn::RxSelCall, GridColumn::TxSelCall, GridColumn::GroupCall};
+
+} // namespace
+
+ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices services, QWidget* parent)
+    : QGroupBox(tr("Channel Settings"), parent), m_texts(texts), m_services(std::move(services)),
+      m_gridChannel(new ChannelGrid(this)), m_txtChFreq(new FrequencyEditor(texts.decimalSeparator, this)),
+      m_cboCTCDCS(new ToneEditor(texts, this)) {
+  setObjectName("fraChannel");
+  setAccessibleName(title());
+  AddEditors();
+  AddCheckBoxes();
+  connect(m_gridChannel, &ChannelGrid::CellActivated, this, &ChannelFrame::gridChannel_Activate);
+  connect(m_gridChannel, &ChannelGrid::OtherKeyPressed, this, [this] {
+    CommitEditors();
+    m_services.commitOthers();
+  });
+  m_newLooks.setSingleShot(true);
+  connect(&m_newLooks, &QTimer::timeout, this, [this] {
+    LayOut();
+    m_gridChannel->RefreshColours();
+  });
+  LayOut();
+}
+
+void ChannelFrame::AddEditors() {
+  m_txtChFreq->hide();
+  m_cboCTCDCS->hide();
+  connect(m_txtChFreq, &FrequencyEditor::EnterPressed, this, [this] {
+    CommitFrequencyEditor();
+    m_gridChannel->setFocus();
+    m_gridChannel->MoveOn();
+  });
+  connect(m_txtChFreq, &FrequencyEditor::EscapePressed, this, &ChannelFrame::HideEditors);
+  connect(m_txtChFreq, &FrequencyEditor::StepPressed, this, &ChannelFrame::StepFrequencyEditor);
+  connect(m_txtChFreq, &FrequencyEditor::FocusLeft, this, &ChannelFrame::CommitFrequencyEditor);
+  connect(m_txtChFreq, &FrequencyEditor::CopyPressed, this, &ChannelFrame::Copy);
+  connect(m_txtChFreq, &FrequencyEditor::PastePressed, this, &ChannelFrame::Paste);
+  connect(m_cboCTCDCS, &ToneEditor::EnterPressed, this, &ChannelFrame::CommitToneEditor);
+  connect(m_cboCTCDCS, &ToneEditor::EscapePressed, this, &ChannelFrame::HideEditors);
+  connect(m_cboCTCDCS, &ToneEditor::FocusLeft, this, &ChannelFrame::CommitToneEditor);
+}
+
+void ChannelFrame::AddCheckBoxes() {
+  m_headings = {new QLabel(tr("No CH"), this), new QLabel(tr("No Tx"), this)};
+  for (int i = 0; i < static_cast<int>(ChannelCount); ++i) {
+    const auto index = static_cast<std::size_t>(i);
+    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(this);
+    chkCH->setObjectName(QStringLiteral("chkCH(%1)").arg(i));
+    chkCH->setAccessibleName(tr("No CH: channel %1 is not in use").arg(i + 1));
+    connect(chkCH, &QCheckBox::toggled, this, [this, i] { chkCH_Click(i); });
+    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(this);
+    chkTx->setObjectName(QStringLiteral("chkTx(%1)").arg(i));
+    chkTx->setAccessibleName(tr("No Tx: channel %1 cannot transmit").arg(i + 1));
+    connect(chkTx, &QCheckBox::toggled, this, [this, i] { chkTx_Click(i); });
+  }
+}
+
+void ChannelFrame::LayOut() {
+  const int margin = Pixels(MarginTwips, *this);
+  m_gridChannel->FitToFont(m_cboCTCDCS->WidthNeeded());
+  m_gridChannel->move(contentsMargins().left() + margin, contentsMargins().top() + margin);
+  const int row = m_gridChannel->ChannelRowHeight();
+  const int extra = Pixels(EditorExtraTwips, *this);
+  m_txtChFreq->setFixedSize(m_gridChannel->WidthOf(GridColumn::RxFreq) + extra, row);
+  m_cboCTCDCS->setFixedSize(m_gridChannel->WidthOf(GridColumn::RxTone) + extra, row);
+  LayOutCheckBoxes();
+  setFixedSize(m_headings.back()->geometry().right() + margin + contentsMargins().right(),
+               m_gridChannel->geometry().bottom() + 1 + margin + contentsMargins().bottom());
+}
+
+void ChannelFrame::LayOutCheckBoxes() {
+  const int gap = Pixels(MarginTwips, *this);
+  const int indicator = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this);
+  int left = m_gridChannel->geometry().right() + 1 + gap;
+  const std::array columns = {&m_chkCH, &m_chkTx};
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const int width = std::max(m_headings[i]->sizeHint().width(), indicator);
+    const int headerHeight = m_gridChannel->horizontalHeader()->height();
+    const int headingHeight = m_headings[i]->sizeHint().height();
+    m_headings[i]->setGeometry(left, m_gridChannel->y() + (headerHeight - headingHeight) / 2, width, headingHeight);
+    for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+      QCheckBox& box = *(*columns[i])[channel];
+      const QSize size = box.sizeHint().expandedTo({indicator, indicator});
+      box.setGeometry(left + (width - indicator) / 2,
+                      m_gridChannel->MiddleOfRow(static_cast<int>(channel)) - size.height() / 2, size.width(),
+                      size.height());
+    }
+    left += width + gap;
+  }
+}
+
+void ChannelFrame::changeEvent(QEvent* event) {
+  QGroupBox::changeEvent(event);
+  switch (event->type()) {
+  case QEvent::FontChange:
+  case QEvent::StyleChange:
+  case QEvent::PaletteChange:
+    m_newLooks.start(); // once the controls inside have them too
+    break;
+  default:
+    break;
+  }
+}
+
+void ChannelFrame::LoadChannelGrid(const std::array<ChannelTexts, ChannelCount>& channels) {
+  for (std::size_t i = 0; i < ChannelCount; ++i) {
+    const int channel = static_cast<int>(i);
+    m_chkCH[i]->setChecked(channels[i].noCh);
+    m_chkTx[i]->setChecked(channels[i].noTx);
+    for (std::size_t column = 1; column < GridColumnCount; ++column) {
+      m_gridChannel->SetText(channel, static_cast<GridColumn>(column),
+                             QString::fromStdString(channels[i].cells[column]));
+    }
+    ColourRxCells(channel);
+    ColourTxCells(channel);
+  }
+}
+
+void ChannelFrame::StoreChannelGrid(std::array<ChannelTexts, ChannelCount>& channels) const {
+  for (std::size_t i = 0; i < ChannelCount; ++i) {
+    channels[i].noCh = m_chkCH[i]->isChecked();
+    channels[i].noTx = m_chkTx[i]->isChecked();
+    for (std::size_t column = 1; column < GridColumnCount; ++column) {
+      channels[i].cells[column] =
+          m_gridChannel->Text(static_cast<int>(i), static_cast<GridColumn>(column)).toStdString();
+    }
+  }
+}
+
+void ChannelFrame::ResetSelcallCells() {
+  for (int channel = 0; channel < static_cast<int>(ChannelCount); ++channel) {
+    for (const GridColumn column : SelcallColumns) {
+      m_gridChannel->SetText(channel, column, QStringLiteral("OFF"));
+    }
+  }
+}
+
+void ChannelFrame::chkCH_Click(int channel) {
+  const QScopedValueRollback guard(m_gridChannel->ignoresInput, true);
+  const auto index = static_cast<std::size_t>(channel);
+  ColourRxCells(channel);
+  ColourTxCells(channel);
+  m_chkTx[index]->setEnabled(!m_chkCH[index]->isChecked());
+  emit Changed();
+}
+
+void ChannelFrame::chkTx_Click(int channel) {
+  const QScopedValueRollback guard(m_gridChannel->ignoresInput, true);
+  ColourTxCells(channel);
+  emit Changed();
+}
+
+void ChannelFrame::ColourRxCells(int channel) {
+  if (m_chkCH[static_cast<std::size_t>(channel)]->isChecked()) {
+    m_gridChannel->SetColour(channel, GridColumn::RxFreq, GridColumn::GroupCall, CellColour::Hidden);
+    return;
+  }
+  m_gridChannel->SetColour(channel, GridColumn::RxFreq, GridColumn::TailCut, CellColour::Green);
+  if (m_gridChannel->Text(channel, GridColumn::TailCut) == QLatin1String("OFF")) {
+    m_gridChannel->SetColour(channel, GridColumn::TailCut, GridColumn::TailCut, CellColour::Grey);
+  }
+  m_gridChannel->SetColour(channel, GridColumn::PttId, GridColumn::GroupCall, CellColour::Navy);
+}
+
+void ChannelFrame::ColourTxCells(int channel) {
+  const auto index = static_cast<std::size_t>(channel);
+  const bool hidden = m_chkCH[index]->isChecked() || m_chkTx[index]->isChecked();
+  m_gridChannel->SetColour(channel, GridColumn::TxFreq, GridColumn::HighTxPower,
+                           hidden ? CellColour::Hidden : CellColour::Teal);
+}
+
+void ChannelFrame::SetTailCut(int channel, bool on) {
+  m_gridChannel->SetText(channel, GridColumn::TailCut, on ? QStringLiteral("ON") : QStringLiteral("OFF"));
+  m_gridChannel->SetColour(channel, GridColumn::TailCut, GridColumn::TailCut,
+                           on ? CellColour::Green : CellColour::Grey);
+}
+
+} // namespace mr4500x

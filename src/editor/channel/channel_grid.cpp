@@ -1,0 +1,334 @@
+// The channel grid.
+#include "channel_grid.h"
+
+#include "cell_colours.h"
+#include "twips.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace mr4500x {
+namespace {
+
+struct ColumnLook {
+  const char* header;
+  int twips;
+  std::array<const char*, 2> widest; // texts that no other of the column outgrows, for any font
+};
+
+// clang-format off
+constexpr std::array<ColumnLook, GridColumnCount> Looks = {{
+    {"CH No.",           616, {" CH16",     ""}},
+    {"Rx Freq  (MHz)",   893, {"000.00000", ""}},
+    {"Step (kHz)",       539, {"6.25",      "2.5"}},
+    {"Rx CTC/DCS",       939, {"CTC200.0",  "-DCS000"}},
+    {"Rx  SelCall",      847, {"5T 00000",  "TTS 100"}},
+    {"Combo_ Signaling", 732, {"AND",       "OR"}},
+    {"Tail Cut",         508, {"OFF",       "ON"}},
+    {"Tx Freq  (MHz)",   893, {"000.00000", ""}},
+    {"Step (kHz)",       539, {"6.25",      "2.5"}},
+    {"Tx CTC/DCS",       939, {"CTC200.0",  "-DCS000"}},
+    {"Tx  SelCall",      847, {"5T 00000",  "TTS 100"}},
+    {"High Tx Power",    654, {"Prohibit",  "Permit"}},
+    {"PTT ID Enable",    508, {"OFF",       "ON"}},
+    {"Band With",        616, {"12.5",      "25"}},
+    {"Group Call",       616, {"Tone B",    "Tone A"}},
+}};
+// clang-format on
+
+constexpr int RowTwips = 255;            // the height that rows are multiples of
+constexpr double ChannelRowFactor = 1.1; // header: 2
+constexpr int HeightSlackTwips = 100;
+constexpr int EditorTopTwips = -25;
+constexpr int EditorLeftTwips = 10;
+
+constexpr int ColourRole = Qt::UserRole;
+
+const ColumnLook& LookOf(GridColumn column) {
+  return Looks[static_cast<std::size_t>(column)];
+}
+
+int TableColumn(GridColumn column) {
+  return static_cast<int>(column) - 1;
+}
+
+QColor ColourOn(const QPalette& palette, CellColour colour) {
+  const QColor background = palette.color(QPalette::Base);
+  switch (colour) {
+  case CellColour::Green:
+    return ReadableOn(GreenText, background);
+  case CellColour::Teal:
+    return ReadableOn(TealText, background);
+  case CellColour::Navy:
+    return ReadableOn(NavyText, background);
+  case CellColour::Grey:
+    return palette.color(QPalette::Disabled, QPalette::Text);
+  case CellColour::Hidden:
+    return background;
+  case CellColour::Plain:
+    break;
+  }
+  return palette.color(QPalette::Text);
+}
+
+// A header text on its two lines, broken at the blank that makes them shortest.
+QString OnTwoLines(const QString& text, const QFontMetrics& metrics) {
+  QString best = text;
+  int narrowest = metrics.horizontalAdvance(text);
+  for (qsizetype blank = text.indexOf(' '); blank >= 0; blank = text.indexOf(' ', blank + 1)) {
+    const QString broken = text.left(blank) + '\n' + text.mid(blank).trimmed();
+    const int width = metrics.size(0, broken).width();
+    if (width >= narrowest) continue;
+    narrowest = width;
+    best = broken;
+  }
+  return best;
+}
+
+class TwoLineHeader : public QHeaderView {
+public:
+  explicit TwoLineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+protected:
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override {
+    QHeaderView::initStyleOptionForIndex(option, logicalIndex);
+    option->text = OnTwoLines(model()->headerData(logicalIndex, Qt::Horizontal).toString(), fontMetrics());
+  }
+};
+
+// The current cell wears a frame rather than the selection's background, so that colours keep their meaning in it and
+// a hidden text stays hidden.
+class CellDelegate : public QStyledItemDelegate {
+public:
+  explicit CellDelegate(ChannelGrid& grid) : QStyledItemDelegate(&grid), m_grid(grid) {}
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (index != m_grid.currentIndex()) return;
+    const bool active = m_grid.hasFocus();
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option.palette.brush(active ? QPalette::Highlight : QPalette::Mid));
+    const int line = active ? 2 : 1;
+    const QRect cell = option.rect;
+    painter->drawRects(std::array{QRect(cell.left(), cell.top(), cell.width(), line),
+                                  QRect(cell.left(), cell.bottom() + 1 - line, cell.width(), line),
+                                  QRect(cell.left(), cell.top(), line, cell.height()),
+                                  QRect(cell.right() + 1 - line, cell.top(), line, cell.height())}
+                           .data(),
+                       4);
+    painter->restore();
+  }
+
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
+    if (index.data(ColourRole).toInt() == static_cast<int>(CellColour::Hidden)) option->text.clear();
+  }
+
+private:
+  ChannelGrid& m_grid;
+};
+
+} // namespace
+
+ChannelGrid::ChannelGrid(QWidget* parent)
+    : QTableWidget(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, parent),
+      m_corner(new QLabel(QLatin1String(Looks[0].header), this)) {
+  setObjectName("gridChannel");
+  setAccessibleName(tr("Channels"));
+  setItemDelegate(new CellDelegate(*this));
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(NoSelection);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  for (int row = 0; row < rowCount(); ++row) {
+    for (int column = 0; column < columnCount(); ++column) {
+      auto* const item = new QTableWidgetItem;
+      item->setTextAlignment(Qt::AlignCenter);
+      item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+      setItem(row, column, item);
+    }
+  }
+  SetUpHeaders();
+  setCurrentCell(0, 0);
+}
+
+void ChannelGrid::SetUpHeaders() {
+  setHorizontalHeader(new TwoLineHeader(this));
+  for (std::size_t column = 1; column < GridColumnCount; ++column) {
+    setHorizontalHeaderItem(static_cast<int>(column) - 1, new QTableWidgetItem(QLatin1String(Looks[column].header)));
+  }
+  for (int row = 0; row < rowCount(); ++row) {
+    setVerticalHeaderItem(row, new QTableWidgetItem(QStringLiteral(" CH%1").arg(row + 1)));
+  }
+  for (QHeaderView* const header : {horizontalHeader(), verticalHeader()}) {
+    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionsClickable(false);
+    header->setHighlightSections(false);
+    header->setMinimumSectionSize(1);
+  }
+  horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+  setCornerButtonEnabled(false);
+  m_corner->setAlignment(Qt::AlignCenter);
+  m_corner->setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+QString ChannelGrid::Text(int channel, GridColumn column) const {
+  return item(channel, TableColumn(column))->text();
+}
+
+void ChannelGrid::SetText(int channel, GridColumn column, const QString& text) {
+  item(channel, TableColumn(column))->setText(text);
+}
+
+void ChannelGrid::SetColour(int channel, GridColumn first, GridColumn last, CellColour colour) {
+  for (int column = TableColumn(first); column <= TableColumn(last); ++column) {
+    QTableWidgetItem& cell = *item(channel, column);
+    cell.setData(ColourRole, static_cast<int>(colour));
+    cell.setForeground(ColourOn(palette(), colour));
+    // A screen reader says no more than the screen shows.
+    cell.setData(Qt::AccessibleTextRole, colour == CellColour::Hidden ? QVariant(tr("not used")) : QVariant());
+  }
+}
+
+void ChannelGrid::RefreshColours() {
+  for (int row = 0; row < rowCount(); ++row) {
+    for (int column = 0; column < columnCount(); ++column) {
+      QTableWidgetItem& cell = *item(row, column);
+      cell.setForeground(ColourOn(palette(), static_cast<CellColour>(cell.data(ColourRole).toInt())));
+    }
+  }
+}
+
+void ChannelGrid::MoveOn() {
+  const int cells = rowCount() * columnCount();
+  const int next = (currentRow() * columnCount() + currentColumn() + 1) % cells;
+  setCurrentCell(next / columnCount(), next % columnCount());
+}
+
+int ChannelGrid::CellWidthNeeded(GridColumn column) const {
+  const bool label = column == GridColumn::ChannelNo;
+  const QFontMetrics metrics = label ? verticalHeader()->fontMetrics() : fontMetrics();
+  int width = 0;
+  for (const char* const text : LookOf(column).widest) {
+    width = std::max(width, metrics.horizontalAdvance(QLatin1String(text)));
+  }
+  const int margin =
+      style()->pixelMetric(label ? QStyle::PM_HeaderMargin : QStyle::PM_FocusFrameHMargin, nullptr, this);
+  return width + 2 * (margin + 1) + 1; // the grid line
+}
+
+int ChannelGrid::HeaderWidthNeeded(GridColumn column) const {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  const QString text = OnTwoLines(QLatin1String(LookOf(column).header), metrics);
+  return metrics.size(0, text).width() + 2 * (style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + 1);
+}
+
+void ChannelGrid::FitToFont(int toneEditorWidth) {
+  // The column that is tightest with this font sets the scale, so that all keep their proportions.
+  m_pixelsPerTwip = Pixels(1440, *this) / 1440.0;
+  for (std::size_t i = 0; i < GridColumnCount; ++i) {
+    const auto column = static_cast<GridColumn>(i);
+    int needed = std::max(CellWidthNeeded(column), HeaderWidthNeeded(column));
+    if (column == GridColumn::RxTone) needed = std::max(needed, toneEditorWidth);
+    m_pixelsPerTwip = std::max(m_pixelsPerTwip, needed / static_cast<double>(Looks[i].twips));
+  }
+  const int lineHeight = std::max(fontMetrics().height(), horizontalHeader()->fontMetrics().height());
+  // A row has to hold a line with the frame of its editor.
+  const double unit = std::max<double>(Pixels(RowTwips, *this), (lineHeight + 6) / ChannelRowFactor);
+  const int channelRow = static_cast<int>(std::lround(unit * ChannelRowFactor));
+  const int headerRow = static_cast<int>(std::lround(std::max(unit * 2, lineHeight * 2.0 + 4)));
+
+  horizontalHeader()->setFixedHeight(headerRow);
+  verticalHeader()->setFixedWidth(Scaled(Looks[0].twips));
+  verticalHeader()->setDefaultSectionSize(channelRow);
+  int width = 2 * frameWidth() + verticalHeader()->width();
+  for (int column = 0; column < columnCount(); ++column) {
+    setColumnWidth(column, Scaled(Looks[static_cast<std::size_t>(column) + 1].twips));
+    width += columnWidth(column);
+  }
+  setFixedSize(width, headerRow + rowCount() * channelRow + Pixels(HeightSlackTwips, *this));
+  m_corner->setFont(horizontalHeader()->font());
+  m_corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), headerRow);
+}
+
+int ChannelGrid::Scaled(double twips) const {
+  return static_cast<int>(std::lround(twips * m_pixelsPerTwip));
+}
+
+int ChannelGrid::WidthOf(GridColumn column) const {
+  return column == GridColumn::ChannelNo ? verticalHeader()->width() : columnWidth(TableColumn(column));
+}
+
+int ChannelGrid::MiddleOfRow(int channel) const {
+  return y() + frameWidth() + horizontalHeader()->height() + channel * ChannelRowHeight() +
+         (ChannelRowHeight() - 1) / 2; // above the grid line
+}
+
+QPoint ChannelGrid::EditorCorner(int channel, GridColumn column, int inset) const {
+  int left = x() + Pixels(EditorLeftTwips + inset, *this);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(column); ++i) {
+    left += WidthOf(static_cast<GridColumn>(i));
+  }
+  return {left, y() + ChannelRowHeight() * (channel + 2) + Pixels(EditorTopTwips, *this)};
+}
+
+void ChannelGrid::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || ignoresInput) return;
+  const QModelIndex cell = indexAt(event->pos());
+  m_pressed = cell.isValid();
+  if (m_pressed) setCurrentIndex(cell);
+}
+
+void ChannelGrid::mouseMoveEvent(QMouseEvent* /*event*/) {
+  // The current cell stays the one that was pressed.
+}
+
+void ChannelGrid::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || ignoresInput || !m_pressed) return;
+  m_pressed = false;
+  const bool onLabels = event->pos().x() < 0 || event->pos().y() < 0;
+  if (!onLabels) emit CellActivated();
+}
+
+void ChannelGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event); // each of two quick clicks counts
+}
+
+void ChannelGrid::keyPressEvent(QKeyEvent* event) {
+  if (ignoresInput) return;
+  switch (event->key()) {
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    MoveOn();
+    return;
+  case Qt::Key_Space:
+    emit CellActivated();
+    return;
+  case Qt::Key_Tab:
+  case Qt::Key_Backtab:
+  case Qt::Key_Delete:
+    break;
+  default:
+    if (event->text().isEmpty()) break;
+    // Not handed on: the table would search for the character.
+    emit OtherKeyPressed();
+    return;
+  }
+  QTableWidget::keyPressEvent(event);
+}
+
+} // namespace mr4500x

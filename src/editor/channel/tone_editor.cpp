@@ -1,0 +1,85 @@
+// The list of tones.
+#include "tone_editor.h"
+
+#include "filtered_edit.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QProxyStyle>
+#include <QStringListModel>
+#include <QStyleOptionComboBox>
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+constexpr int VisibleEntries = 16;
+
+// Some styles open a menu as high as the screen.
+class DropDownStyle : public QProxyStyle {
+public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returnData) const override {
+    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
+  }
+};
+
+} // namespace
+
+ToneEditor::ToneEditor(const FieldTexts& texts, QWidget* parent) : QComboBox(parent) {
+  setObjectName("cboCTCDCS");
+  auto* const dropDown = new DropDownStyle;
+  dropDown->setParent(this);
+  setStyle(dropDown);
+  setMaxVisibleItems(VisibleEntries);
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // else each measure walks the whole list
+  QStringList entries;
+  for (const std::string& choice : ToneChoiceList(texts)) {
+    entries.append(QString::fromStdString(choice));
+  }
+  setModel(new QStringListModel(entries, this));
+}
+
+void ToneEditor::Show(const QString& text) {
+  setCurrentIndex(findText(text));
+  setPlaceholderText(text);
+  show();
+}
+
+int ToneEditor::WidthNeeded() const {
+  int widest = 0;
+  for (const char* const text : {"CTC200.0", "-DCS000"}) {
+    widest = std::max(widest, fontMetrics().horizontalAdvance(QLatin1String(text)));
+  }
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  return style()->sizeFromContents(QStyle::CT_ComboBox, &option, QSize(widest, fontMetrics().height()), this).width();
+}
+
+void ToneEditor::showPopup() {
+  // The list's window is made with its first use.
+  view()->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("CTC99999.999")));
+  QComboBox::showPopup();
+}
+
+void ToneEditor::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+  case Qt::Key_Return:
+  case Qt::Key_Enter:
+    emit EnterPressed();
+    return;
+  case Qt::Key_Escape:
+    emit EscapePressed();
+    return;
+  default:
+    QComboBox::keyPressEvent(event);
+  }
+}
+
+void ToneEditor::focusOutEvent(QFocusEvent* event) {
+  QComboBox::focusOutEvent(event);
+  if (LeavesForAnotherControl(*event)) emit FocusLeft();
+}
+
+} // namespace mr4500x

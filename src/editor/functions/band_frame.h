@@ -1,0 +1,50 @@
+// "Frequency Band": the two limits in MHz. A new lower limit starts all channels anew, after a question.
+#pragma once
+
+#include "editor_values.h"
+#include "message_view.h"
+
+#include <QGroupBox>
+
+#include <functional>
+
+namespace mr4500x {
+
+class EntryBox;
+
+// What the frame needs of the data behind the editor.
+struct BandAccess {
+  std::function<int()> storedLowerLimit;
+  std::function<void(int)> storeLowerLimit;
+  std::function<void(int)> reinitialiseChannels; // stores the limit, resets all channels to it and shows them
+};
+
+class BandFrame : public QGroupBox {
+  Q_OBJECT
+public:
+  BandFrame(MessageView& messages, BandAccess access, QWidget* parent = nullptr);
+
+  void Fill(const EditorValues& values);
+  void Gather(EditorValues& values) const;
+  [[nodiscard]] std::string LowerText() const;
+  [[nodiscard]] std::string UpperText() const;
+
+signals:
+  void Changed();
+
+private:
+  void txtFreqBandL_GotFocus();
+  void txtFreqBandL_Click();
+  void txtFreqBandL_Recheck();
+  void txtFreqBandU_Recheck();
+  void txtFreqBandL_Validate();
+  void txtFreqBandU_Validate();
+
+  MessageView& m_messages;
+  BandAccess m_access;
+  EntryBox* m_lower;
+  EntryBox* m_upper;
+  QString m_rememberedLower, m_rememberedUpper;
+};
+
+} // namespace mr4500x

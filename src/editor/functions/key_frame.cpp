@@ -1,0 +1,133 @@
+// The programmable keys.
+#include "key_frame.h"
+
+#include "cell_colours.h"
+#include "editor_messages.h"
+#include "frame_parts.h"
+
+#include <QEvent>
+#include <QGridLayout>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::array<const char*, 6> KeyLabels = {"Short A", "Long A", "Short B", "Long B", "Short C", "Long C"};
+
+int RowOf(std::size_t key) {
+  return static_cast<int>(key / 2);
+}
+int FieldColumnOf(std::size_t key) {
+  return key % 2 == 0 ? 1 : 4; // short press left, long press right
+}
+
+// The place of a list stays as wide while the other list of its pair is shown.
+void KeepPlace(QWidget& list) {
+  QSizePolicy policy = list.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  list.setSizePolicy(policy);
+}
+
+} // namespace
+
+KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
+    : QGroupBox(QStringLiteral("Key Program"), parent), m_messages(messages) {
+  setObjectName(QStringLiteral("fraKey"));
+  auto* const layout = NewFieldLayout(*this);
+  for (std::size_t key = ShortA; key <= LongC; ++key) {
+    AddKey(*layout, key, QString::fromLatin1(KeyLabels[key]));
+  }
+  m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), EmergencyAlertItem, ShortA);
+  m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), CancelEmergencyAlertItem, LongA);
+  setTabOrder(m_lists[ShortA], m_fixedShortA);
+  setTabOrder(m_fixedShortA, m_lists[LongA]);
+  setTabOrder(m_lists[LongA], m_fixedLongA);
+  setTabOrder(m_fixedLongA, m_lists[ShortB]);
+  layout->setColumnMinimumWidth(2, 16);
+  layout->setColumnStretch(1, 1);
+  layout->setColumnStretch(4, 1);
+  layout->setRowStretch(3, 1);
+  ShowKeys();
+}
+
+void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label) {
+  auto* const list = new ChoiceBox(QStringLiteral("cboKey(%1)").arg(key), ItemTexts(KeyItems(key)),
+                                   QStringLiteral("Key %1 press").arg(label), this);
+  AddField(layout, RowOf(key), FieldColumnOf(key) - 1, label, list);
+  if (key == ShortA || key == LongA) KeepPlace(*list);
+  m_lists[key] = list;
+  connect(list, &ChoiceBox::Selected, this, [this, key](int position) { cboKey_Change(key, position); });
+}
+
+ChoiceBox* KeyFrame::AddFixed(QGridLayout& layout, const QString& objectName, std::string_view item, std::size_t over) {
+  auto* const list = new ChoiceBox(objectName, {ToQString(item)},
+                                   QStringLiteral("Key %1 press, fixed").arg(QLatin1String(KeyLabels[over])), this);
+  layout.addWidget(list, RowOf(over), FieldColumnOf(over));
+  KeepPlace(*list);
+  return list;
+}
+
+void KeyFrame::cboKey_Change(std::size_t key, int position) {
+  // The lists show the forbidden selection until the user has read why it goes back.
+  if (SelectKey(m_keys, key, position)) ShowConflict();
+  ShowKeys();
+  emit Changed();
+}
+
+void KeyFrame::ShowConflict() {
+  m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
+}
+
+void KeyFrame::ShowKeys() {
+  for (std::size_t key = ShortA; key <= LongC; ++key) {
+    m_lists[key]->ShowPosition(m_keys.selection[key]);
+  }
+  m_fixedShortA->setVisible(m_keys.fixedShortAShown);
+  m_lists[ShortA]->setVisible(!m_keys.fixedShortAShown);
+  m_fixedLongA->setVisible(m_keys.fixedLongAShown);
+  m_lists[LongA]->setVisible(!m_keys.fixedLongAShown);
+  SetUsable(*m_lists[LongB], LongPressEnabled(m_keys, LongB));
+  SetUsable(*m_lists[LongC], LongPressEnabled(m_keys, LongC));
+  ShowColours();
+}
+
+// A short press on "Monitor" is green, any other dark blue.
+void KeyFrame::ShowColours() {
+  for (const std::size_t shortKey : {ShortB, ShortC}) {
+    const QRgb text = m_keys.selection[shortKey] == KeySpecial ? GreenText : DarkBlueText;
+    QPalette colours;
+    // Styles differ in which of the two a list is drawn with, and on what.
+    colours.setColor(QPalette::ButtonText, ReadableOn(text, palette().color(QPalette::Button)));
+    colours.setColor(QPalette::Text, ReadableOn(text, palette().color(QPalette::Base)));
+    m_lists[shortKey]->setPalette(colours);
+  }
+}
+
+void KeyFrame::changeEvent(QEvent* event) {
+  QGroupBox::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && m_fixedLongA != nullptr) ShowKeys();
+}
+
+void KeyFrame::Fill(const EditorValues& values, bool conflict) {
+  m_keyCodes = values.keyCodes;
+  m_keys = {}; // the keys shown before must not meet the new ones
+  for (std::size_t key = ShortA; key <= LongC; ++key) {
+    conflict |= SelectKey(m_keys, key, values.keys.selection[key]);
+    emit Changed();
+  }
+  ShowKeys();
+  if (conflict) ShowConflict();
+}
+
+void KeyFrame::Gather(EditorValues& values) const {
+  values.keys = m_keys;
+  values.keyCodes = m_keyCodes;
+}
+
+void KeyFrame::AfterCollect(const EditorValues& values) {
+  if (m_keys == values.keys) return;
+  m_keys = values.keys;
+  ShowKeys();
+  emit Changed();
+}
+
+} // namespace mr4500x

@@ -1,0 +1,42 @@
+// The radio's record.
+#include "record_frame.h"
+
+#include "field_rules.h"
+#include "frame_parts.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace mr4500x {
+
+RecordFrame::RecordFrame(QWidget* parent) : QGroupBox(QStringLiteral("Radio Record"), parent) {
+  setObjectName(QStringLiteral("fraRecord"));
+  auto* const layout = NewFieldLayout(*this);
+  m_id = AddRecord(0, QStringLiteral("lblID"), QStringLiteral("ID Number: "));
+  m_version = AddRecord(1, QStringLiteral("lblVer"), QStringLiteral("Version of Firmware:"));
+  layout->setColumnStretch(1, 1);
+  layout->setRowStretch(2, 1);
+}
+
+QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString& label) {
+  auto* const text = new QLabel(ToQString(NoNumberText), this);
+  text->setObjectName(objectName);
+  text->setTextFormat(Qt::PlainText); // the characters are the radio's own
+  // A label is read out by its text; the name says whose it is.
+  text->setAccessibleDescription(label.trimmed());
+  text->setMinimumWidth(text->fontMetrics().horizontalAdvance(QString(16, QLatin1Char('0'))));
+  AddField(*static_cast<QGridLayout*>(layout()), row, 0, label, text);
+  return text;
+}
+
+void RecordFrame::Fill(const EditorValues& values) {
+  m_id->setText(ToQString(values.lblID));
+  m_version->setText(ToQString(values.lblVer));
+}
+
+void RecordFrame::Gather(EditorValues& values) const {
+  values.lblID = m_id->text().toStdString();
+  values.lblVer = m_version->text().toStdString();
+}
+
+} // namespace mr4500x

@@ -1,0 +1,27 @@
+// "Radio Record": the radio's identity number and firmware version, to look at.
+#pragma once
+
+#include "editor_values.h"
+
+#include <QGroupBox>
+
+class QLabel;
+
+namespace mr4500x {
+
+class RecordFrame : public QGroupBox {
+  Q_OBJECT
+public:
+  explicit RecordFrame(QWidget* parent = nullptr);
+
+  void Fill(const EditorValues& values);
+  void Gather(EditorValues& values) const;
+
+private:
+  QLabel* AddRecord(int row, const QString& objectName, const QString& label);
+
+  QLabel* m_id;
+  QLabel* m_version;
+};
+
+} // namespace mr4500x

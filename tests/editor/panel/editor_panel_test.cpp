@@ -1,0 +1,134 @@
+#include "editor_panel.h"
+
+#include "functions_fixture.h"
+
+#include <QTableView>
+
+#include <random>
+
+namespace mr4500x {
+namespace {
+
+constexpr LocalTime Moment = {2026, 1, 2, 3, 4, 5};
+
+class NoClipboard : public Clipboard {
+public:
+  std::string Text() override { return {}; }
+  void SetText(const std::string&) override {}
+};
+
+class EditorPanelTest : public testing::Test {
+protected:
+  RadioImage image;
+  FieldTexts texts = BuildFieldTexts('.');
+  ScriptedMessages messages;
+  NoClipboard clipboard;
+  EditorPanel panel{image, texts, {messages, clipboard}};
+
+  void SetUp() override {
+    panel.FillReset(Moment);
+    panel.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+  }
+  template<typename Control>
+  Control& Find(const char* objectName) {
+    auto* const control = panel.findChild<Control*>(QLatin1String(objectName));
+    if (control == nullptr) throw std::runtime_error(objectName);
+    return *control;
+  }
+  std::string Cell(int row, GridColumn column) {
+    const RadioImage before = image;
+    panel.Collect();
+    std::string text = TextsOfChannel(image, static_cast<std::size_t>(row), texts)[column];
+    image = before;
+    return text;
+  }
+};
+
+// The window loses, adds and turns nothing over: through its controls an image becomes what it becomes without them.
+TEST_F(EditorPanelTest, FillAndCollectThroughTheControls) {
+  std::mt19937 random(6);
+  for (int round = 0; round < 200; ++round) {
+    for (const BlockPlace& place : RecordMap) {
+      for (std::uint8_t& byte : BlockBytes(image, place.block)) {
+        byte = static_cast<std::uint8_t>(random());
+      }
+    }
+    image.ResetTimeBlock[StandardByte] = static_cast<std::uint8_t>(1 + random() % 12);
+    if (round % 2 == 0) image.ResetTimeBlock[0] = 0;
+    RadioImage expected = image;
+    EditorValues values;
+    const DecodeResult result = Decode(expected, values, texts);
+    Encode(values, expected, texts);
+    if (round % 2 == 0) expected.ResetTimeBlock[0] = 0;
+
+    messages.shown.clear();
+    EXPECT_EQ(panel.Fill(), DecodeEnd::Complete);
+    EXPECT_EQ(messages.shown.size(), result.keyConflict ? 1U : 0U) << round;
+    panel.Collect();
+    ASSERT_EQ(image, expected) << round;
+  }
+}
+
+TEST_F(EditorPanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
+  image.ResetTimeBlock = {7, 1, 0};
+  image.RadioSettingsBlock[0] = 0x03;
+  EXPECT_EQ(panel.Fill(), DecodeEnd::DataError);
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0], (ShownMessage{MessageIcon::Exclamation, "Data Error",
+                                             "Data occur error in the Radio, please re-set.", MessageButtons::Ok}));
+  EXPECT_EQ(Find<QComboBox>("cboRadio(5)").currentText(), "3");
+  EXPECT_EQ(Find<QLineEdit>("txtResetTime").text(), "5"); // not filled any more
+  EXPECT_TRUE(panel.updatesEnabled());
+}
+
+TEST_F(EditorPanelTest, AnotherModeResetsTheSelectiveCalls) {
+  image.ChannelBlock(0, 0) |= 0x04;
+  image.ChannelBlock(0, 13) = 3;
+  image.ChannelBlock(0, 15) = 0x11;
+  panel.Fill();
+  panel.ShowFunctionView();
+  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "TTS 3");
+  auto& mode = Find<QComboBox>("cboRadio(0)");
+  mode.setCurrentIndex(0);
+  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "TTS 3");
+  QTest::keyClick(&mode, Qt::Key_Down);
+  EXPECT_EQ(mode.currentText(), "5 Tone");
+  EXPECT_TRUE(Find<QComboBox>("cboFive").isEnabled());
+  EXPECT_FALSE(Find<QWidget>("gridTTS").isEnabled());
+  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "OFF");
+  EXPECT_EQ(Cell(0, GridColumn::GroupCall), "OFF");
+}
+
+TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnew) {
+  image.ChannelBlock(5, 0) = 0x81;
+  panel.Fill();
+  auto& lower = Find<QLineEdit>("txtFreqBandL");
+  for (const bool yes : {false, true}) {
+    messages.answer = yes ? Answer::Yes : Answer::No;
+    lower.setFocus();
+    lower.selectAll();
+    QTest::keyClicks(&lower, "136");
+    Find<QLineEdit>("txtFreqBandU").setFocus();
+    EXPECT_EQ(lower.text(), yes ? "136" : "440");
+    panel.Collect();
+    EXPECT_EQ(image.RadioSettingsBlock[12], yes ? 1 : 2); // channels in use
+    EXPECT_EQ(TextsOfChannel(image, 9, texts)[GridColumn::TxFreq], yes ? "136.00000" : "440.00000");
+  }
+}
+
+TEST_F(EditorPanelTest, AClickOnTheBackgroundEndsEveryEdit) {
+  auto& grid = Find<QTableView>("gridChannel");
+  const QModelIndex cell = grid.model()->index(0, 0);
+  auto& editor = Find<QLineEdit>("txtChFreq");
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(cell).center());
+  if (!editor.isVisible()) FAIL() << "the frequency editor did not open";
+  QTest::keyClicks(&editor, "450.1");
+  QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(panel.width() - 2, 2));
+  EXPECT_FALSE(editor.isVisible());
+  EXPECT_EQ(Cell(0, GridColumn::RxFreq), "450.10000");
+  EXPECT_EQ(QApplication::focusWidget(), &Find<QWidget>("Command1"));
+}
+
+} // namespace
+} // namespace mr4500x
