@@ -13,8 +13,9 @@ namespace mr4500x {
 
 struct PortChoice {
   std::array<bool, PortCount> enabled{}; // option COMn at n - 1
-  int number = 0;                        // CommPortNumber from now on, also when the dialog is cancelled
-  int preselected = 1;                   // the option that the dialog opens with
+  int number =
+      0; // the port to use when none is chosen: CommPortNumber, or the lowest that works in its place; 0 for none
+  int preselected = 1; // the option that the dialog opens with
 };
 
 [[nodiscard]] PortChoice ChoosePort(int commPortNumber, const std::function<bool(int)>& portWorks);

@@ -1,0 +1,158 @@
+// The actions of frmMain: one table of menus, items, buttons and what they run, and the building from it.
+#include "frm_main.h"
+
+#include "program_icons.h"
+#include "recent_files.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include <array>
+#include <span>
+#include <string_view>
+
+namespace mr4500x {
+
+enum class RowKind { Menu, Item, View, Separator, Recent, Hidden, HiddenSeparator, ButtonOnly };
+
+struct FrmMain::ActionRow {
+  RowKind kind;
+  const char* text = "";
+  const char* name = "";
+  const char* shortcut = "";
+  void (FrmMain::*handler)() = nullptr; // none: not available
+  const char* key = "";                 // of the toolbar button, whose object name it is
+  const char* tip = "";
+  const char* icon = "";
+
+  static std::span<const ActionRow> Table();
+};
+
+// clang-format off
+std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
+  static constexpr ActionRow rows[] = {
+    // kind           text                     name                 shortcut  handler                            key        tip                 icon
+    {RowKind::Menu,   "&File",                 "mnuFile"},
+    {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", &FrmMain::mnuFileOpen_Click,       "Open",    "Open",             "open"},
+    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       &FrmMain::mnuFileClose_Click},
+    {RowKind::Separator},
+    {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", &FrmMain::mnuFileSave_Click,       "Save",    "Save",             "save"},
+    {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       &FrmMain::mnuFileSaveAs_Click},
+    {RowKind::Separator},
+    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       nullptr,                           "Print",   "Print",            "print"},
+    {RowKind::Separator},
+    {RowKind::Recent, "",                      "mnuRecent(%1)"},
+    {RowKind::Separator},
+    {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
+    {RowKind::Menu,   "&Edit",                 "mnuEdit"},
+    {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", &FrmMain::mnuEditCopy_Click},
+    {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", &FrmMain::mnuEditPaste_Click},
+    {RowKind::Menu,   "&Option",               "mnuOption"},
+    {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels"},
+    {RowKind::Separator},
+    {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions"},
+    {RowKind::Menu,   "&Program",              "mnuProgram"},
+    {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", &FrmMain::mnuProgramRead_Click,    "Read",    "Read",             "read"},
+    {RowKind::Separator},
+    {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", &FrmMain::mnuProgramWrite_Click,   "Write",   "Write",            "write"},
+    {RowKind::Menu,   "&Embedded Information", "mnuEmbed"},
+    {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2"},
+    {RowKind::Separator},
+    {RowKind::Item,   "&Read Embedded Info",   "mnuEmbedRead",      "F3"},
+    {RowKind::Item,   " &Write Embedded Info", "mnuEmbedWrite",     "F4"},
+    {RowKind::HiddenSeparator},
+    {RowKind::Hidden, "ID Number",             "mnuEmbedID"},
+    {RowKind::Menu,   "&Comm-Port",            "mnuCommPort"},
+    {RowKind::Item,   "&Port...     ",         "mnuCommPortPort",   "F9",     &FrmMain::mnuCommPortPort_Click,   "Port",    "COM Port",         "port"},
+    {RowKind::Menu,   "&Help",                 "mnuHelp"},
+    {RowKind::Item,   "&Contents",             "mnuHelpContents",   "",       &FrmMain::mnuHelpContents_Click},
+    {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       &FrmMain::mnuHelpIndex_Click},
+    {RowKind::Separator},
+    {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       &FrmMain::mnuHelpAbout_Click},
+    {RowKind::ButtonOnly, "",                  "",                  "",       &FrmMain::tlbMainNew_ButtonClick,  "New",     "new",              "new"},
+  };
+  return rows;
+}
+// clang-format on
+
+namespace {
+
+// The keys from left to right; an empty one is a separator.
+constexpr std::array<std::string_view, 13> ToolbarOrder = {"New",   "Open", "Save", "", "Print",   "",       "Read",
+                                                           "Write", "",     "Port", "", "ChanWin", "FuncWin"};
+constexpr int IconSize = 24;
+
+void AddRecentEntries(QMenu& menu, const char* name) {
+  for (std::size_t slot = 1; slot <= RecentFileCount; ++slot) {
+    QAction* const entry = menu.addAction(QString());
+    entry->setObjectName(QString::fromLatin1(name).arg(slot));
+    entry->setVisible(false);
+  }
+}
+
+} // namespace
+
+void FrmMain::BuildMenus() {
+  QMenu* menu = nullptr;
+  for (const ActionRow& row : ActionRow::Table()) {
+    if (row.kind == RowKind::Menu) {
+      menu = menuBar()->addMenu(QString::fromLatin1(row.text));
+      menu->setObjectName(QLatin1String(row.name));
+    } else if (menu != nullptr) {
+      AddRow(*menu, row);
+    }
+  }
+  NamedAction("mnuFileClose")->setEnabled(false);
+}
+
+void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
+  switch (row.kind) {
+  case RowKind::Separator:
+  case RowKind::HiddenSeparator:
+    menu.addSeparator()->setVisible(row.kind == RowKind::Separator);
+    return;
+  case RowKind::Recent:
+    AddRecentEntries(menu, row.name);
+    return;
+  case RowKind::Item:
+  case RowKind::View:
+  case RowKind::Hidden:
+    break;
+  case RowKind::Menu:
+  case RowKind::ButtonOnly:
+    return;
+  }
+  QAction* const item = menu.addAction(QString::fromLatin1(row.text));
+  item->setObjectName(QLatin1String(row.name));
+  item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+  item->setCheckable(row.kind == RowKind::View);
+  item->setVisible(row.kind != RowKind::Hidden);
+  item->setEnabled(row.handler != nullptr);
+  if (row.handler != nullptr) connect(item, &QAction::triggered, this, row.handler);
+}
+
+void FrmMain::BuildToolbar() {
+  auto* const toolbar = new QToolBar;
+  toolbar->setObjectName(QStringLiteral("tlbMain"));
+  toolbar->setMovable(false);
+  toolbar->setIconSize(QSize(IconSize, IconSize));
+  addToolBar(toolbar);
+  for (const std::string_view key : ToolbarOrder) {
+    if (key.empty()) {
+      toolbar->addSeparator();
+      continue;
+    }
+    for (const ActionRow& row : ActionRow::Table()) {
+      if (key != row.key) continue;
+      QAction* const button = toolbar->addAction(ProgramIcon(row.icon), QString::fromLatin1(row.tip));
+      button->setObjectName(QLatin1String(row.key));
+      button->setEnabled(row.handler != nullptr);
+      if (row.handler != nullptr) connect(button, &QAction::triggered, this, row.handler);
+      toolbar->widgetForAction(button)->setObjectName(QLatin1String(row.key));
+    }
+  }
+}
+
+} // namespace mr4500x

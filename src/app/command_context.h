@@ -1,0 +1,36 @@
+// What the commands of the main window work on. The window owns all of it.
+#pragma once
+
+#include "editor_state.h"
+#include "main_services.h"
+#include "radio_image.h"
+
+#include <QAction>
+#include <QWidget>
+
+#include <string>
+#include <string_view>
+
+namespace mr4500x {
+
+class EditorPanel;
+class RecentMenu;
+class StatusPanels;
+
+struct CommandContext {
+  MainServices& services;
+  RadioImage& image;
+  EditorState& state;
+  EditorPanel& panel;
+  RecentMenu& recent;
+  StatusPanels& status;
+  QAction& closeItem;
+  QWidget& window;
+
+  [[nodiscard]] std::string Title() const { return window.windowTitle().toStdString(); }
+  void SetTitle(std::string_view title) const {
+    window.setWindowTitle(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
+  }
+};
+
+} // namespace mr4500x

@@ -1,0 +1,162 @@
+#include "file_commands.h"
+
+#include "data_file.h"
+#include "editor_panel.h"
+#include "file_title.h"
+#include "recent_files.h"
+#include "recent_menu.h"
+#include "settings.h"
+
+#include <exception>
+#include <optional>
+
+namespace mr4500x {
+namespace {
+
+constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
+constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
+constexpr char DefaultExtension[] = "K4X";
+
+// A phase of a command: running out of memory in it is one more way to fail.
+template<typename Phase>
+bool Succeeds(Phase phase) {
+  try {
+    return phase();
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+} // namespace
+
+void FileCommands::Open() {
+  m_context.panel.CommitOpenEditors();
+  const std::optional<std::string> path = m_context.services.dialogs.AskOpen(
+      {"Open", OpenFilter, m_context.services.programFolder, /*proposedName*/ "", DefaultExtension});
+  if (!path) return;
+  m_context.state.LastFileName = *path;
+  OpenFile(*path);
+}
+
+void FileCommands::OpenRecent(const std::string& path) {
+  m_context.panel.CommitOpenEditors();
+  m_context.state.LastFileName = path;
+  OpenFile(path);
+}
+
+void FileCommands::OpenFile(const std::string& path) {
+  const MainServices& services = m_context.services;
+  const std::optional<FileStatus> status = services.files.Status(path);
+  if (status && status->kind == FileKind::Missing) {
+    Show(*MessageFor(LoadOutcome::Missing));
+    RemoveRecent(services.files, services.settingsFile, path);
+    m_context.recent.Rebuild();
+    return;
+  }
+  const std::string title = m_context.Title();
+  if (title == FileTitle(path)) return;
+  if (title != BareTitle && Close() == CloseEnd::Cancelled) return;
+
+  if (!Succeeds([&] { return LoadInto(path); })) return;
+  BelongTo(path);
+}
+
+bool FileCommands::LoadInto(const std::string& path) {
+  const MainServices& services = m_context.services;
+  LoadResult result;
+  const bool isRead = Succeeds([&] {
+    result = LoadDataFile(services.files, path, m_context.image);
+    return true;
+  });
+  if (isRead && result.markerNotEmpty) Show(NewVersionNotice);
+  if (const auto message = MessageFor(result.outcome)) {
+    Show(*message);
+    if (result.outcome == LoadOutcome::Missing) { // a link that leads nowhere
+      RemoveRecent(services.files, services.settingsFile, path);
+      m_context.recent.Rebuild();
+    }
+    return false;
+  }
+  if (Succeeds([&] { return m_context.panel.Fill(), true; })) return true;
+  Show(*MessageFor(LoadOutcome::Damaged));
+  return false;
+}
+
+CloseEnd FileCommands::Close() {
+  m_context.panel.HideOpenEditors();
+  if (m_context.Title() == BareTitle) return CloseEnd::Closed;
+  if (AskAboutUnsavedData() == CloseEnd::Cancelled) return CloseEnd::Cancelled;
+  m_context.SetTitle(BareTitle);
+  m_context.panel.FillReset(m_context.services.now());
+  m_context.closeItem.setEnabled(false);
+  m_context.state.ModifiedFlag = false;
+  return CloseEnd::Closed;
+}
+
+CloseEnd FileCommands::AskAboutUnsavedData() {
+  if (!m_context.state.ModifiedFlag) return CloseEnd::Closed;
+  const Answer answer =
+      m_context.services.messages.Show(MessageIcon::Exclamation, BareTitle,
+                                       "Data hasn't been saved. Do you want to continue?", MessageButtons::YesNoCancel);
+  if (answer == Answer::Yes) Save(); // whatever comes of it
+  return answer == Answer::Cancel ? CloseEnd::Cancelled : CloseEnd::Closed;
+}
+
+void FileCommands::Save() {
+  m_context.panel.CommitOpenEditors();
+  const std::string title = m_context.Title();
+  if (IsRadioTitle(title)) {
+    SaveAs();
+    return;
+  }
+  if (title != BareTitle)
+    m_context.state.LastFileName = PathInTitle(title);
+  else if (!AskSaveName("Save"))
+    return;
+  m_context.panel.Collect();
+  WriteFile(SaveCommand::Save);
+}
+
+void FileCommands::SaveAs() {
+  m_context.panel.CommitOpenEditors();
+  m_context.panel.Collect();
+  if (AskSaveName("Save As")) WriteFile(SaveCommand::SaveAs);
+}
+
+// A cancelled dialog ends the command.
+bool FileCommands::AskSaveName(const char* title) {
+  std::string& name = m_context.state.LastFileName;
+  const std::optional<std::string> chosen =
+      m_context.services.dialogs.AskSave({title, SaveFilter, m_context.services.programFolder, name, DefaultExtension});
+  if (chosen) name = *chosen;
+  return chosen.has_value();
+}
+
+void FileCommands::WriteFile(SaveCommand command) {
+  const std::string& path = m_context.state.LastFileName;
+  if (Succeeds([&] { return SaveDataFile(m_context.services.files, path, m_context.image); }))
+    BelongTo(path);
+  else
+    Show(MessageForFailed(command));
+}
+
+// The editor and the file at the path now hold the same data.
+void FileCommands::BelongTo(const std::string& path) {
+  m_context.SetTitle(FileTitle(path));
+  m_context.state.ModifiedFlag = false;
+  m_context.closeItem.setEnabled(true);
+  AddRecent(m_context.services.files, m_context.services.settingsFile, path);
+  m_context.recent.Rebuild();
+}
+
+CloseEnd FileCommands::PrepareExit() {
+  const MainServices& services = m_context.services;
+  StoreSettings(services.files, services.settingsFile, m_context.state.CommPortNumber, m_context.state.LastFileName);
+  return AskAboutUnsavedData();
+}
+
+void FileCommands::Show(const FileMessage& message) {
+  m_context.services.messages.Show(message.icon, message.title, message.text, MessageButtons::Ok);
+}
+
+} // namespace mr4500x

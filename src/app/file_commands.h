@@ -1,0 +1,39 @@
+// The commands of the File menu: data files, the unsaved-data question, and what has to happen before the end.
+#pragma once
+
+#include "command_context.h"
+#include "file_messages.h"
+
+#include <cstdint>
+#include <string>
+
+namespace mr4500x {
+
+enum class CloseEnd : std::uint8_t { Closed, Cancelled };
+
+class FileCommands {
+public:
+  explicit FileCommands(const CommandContext& context) : m_context(context) {}
+
+  void Open();
+  void OpenRecent(const std::string& path);
+  CloseEnd Close();
+  void Save();
+  void SaveAs();
+
+  // Stores the settings, then asks about unsaved data. Cancelled: the program stays.
+  [[nodiscard]] CloseEnd PrepareExit();
+
+private:
+  void OpenFile(const std::string& path);
+  [[nodiscard]] bool LoadInto(const std::string& path);
+  [[nodiscard]] bool AskSaveName(const char* title);
+  [[nodiscard]] CloseEnd AskAboutUnsavedData();
+  void WriteFile(SaveCommand command);
+  void BelongTo(const std::string& path);
+  void Show(const FileMessage& message);
+
+  CommandContext m_context;
+};
+
+} // namespace mr4500x

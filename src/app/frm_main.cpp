@@ -1,0 +1,208 @@
+#include "frm_main.h"
+
+#include "decimal_separator.h"
+#include "editor_panel.h"
+#include "file_commands.h"
+#include "file_title.h"
+#include "frm_about.h"
+#include "program_icons.h"
+#include "radio_commands.h"
+#include "recent_menu.h"
+#include "settings.h"
+#include "status_panels.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLocale>
+#include <QScreen>
+#include <QScrollArea>
+
+#include <utility>
+
+namespace mr4500x {
+
+FrmMain::FrmMain(MainServices services)
+    : m_services(std::move(services)), m_texts(BuildFieldTexts(DecimalSeparatorOf(QLocale()))) {
+  setObjectName(QStringLiteral("frmMain"));
+  setWindowIcon(ProgramIcon("program"));
+  setContextMenuPolicy(Qt::NoContextMenu); // it would offer to hide the toolbar
+  BuildMenus();
+  BuildToolbar();
+  BuildPanel();
+  BuildCommands();
+  Load();
+  TakeDesignSize();
+}
+
+FrmMain::~FrmMain() = default;
+
+void FrmMain::BuildPanel() {
+  m_panel = new EditorPanel(m_image, m_texts, {m_services.messages, m_services.clipboard});
+  connect(m_panel, &EditorPanel::Changed, this, [this] { m_state.ModifiedFlag = true; });
+  auto* const scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidget(m_panel);
+  auto* const filler = new QWidget;
+  filler->setAutoFillBackground(true);
+  scroll->setCornerWidget(filler);
+  setCentralWidget(scroll);
+
+  const QString title = QString::fromLatin1(BareTitle.data());
+  setWindowTitle(title);
+  m_status = new StatusPanels(title);
+  setStatusBar(m_status);
+  // A click beside the controls ends the editing of a cell.
+  m_status->installEventFilter(this);
+  scroll->viewport()->installEventFilter(this);
+}
+
+void FrmMain::BuildCommands() {
+  RecentMenu::Entries entries{};
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    entries[i] = NamedAction(qPrintable(QStringLiteral("mnuRecent(%1)").arg(i + 1)));
+  m_recent =
+      std::make_unique<RecentMenu>(entries, m_services.files, m_services.settingsFile, [this](const std::string& path) {
+        RunCommand([&] { m_fileCommands->OpenRecent(path); });
+      });
+  const CommandContext context = {
+      m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *NamedAction("mnuFileClose"), *this};
+  m_fileCommands = std::make_unique<FileCommands>(context);
+  m_radioCommands = std::make_unique<RadioCommands>(context);
+}
+
+QAction* FrmMain::NamedAction(const char* name) const {
+  return findChild<QAction*>(QLatin1String(name));
+}
+
+void FrmMain::Load() {
+  m_state.CommPortNumber = LoadPortSetting(m_services.files, m_services.settingsFile);
+  m_status->ShowPort(m_state.CommPortNumber);
+  m_panel->FillReset(m_services.now());
+  m_recent->Rebuild();
+  m_state.ModifiedFlag = false;
+  ShowView(View::Channel);
+  m_panel->CommitOpenEditors(); // no field is active at the start
+}
+
+// As large as the panel needs, where the screen has room for that.
+void FrmMain::TakeDesignSize() {
+  QWidget* const scroll = centralWidget();
+  scroll->setMinimumSize(m_panel->size());
+  const QSize wanted = sizeHint();
+  scroll->setMinimumSize(0, 0);
+  resize(wanted.boundedTo(screen()->availableSize()));
+}
+
+void FrmMain::ShowView(View view) {
+  const bool isChannel = view == View::Channel;
+  if (isChannel)
+    m_panel->ShowChannelView();
+  else
+    m_panel->ShowFunctionView();
+  NamedAction("mnuOptionChannels")->setChecked(isChannel);
+  NamedAction("mnuOptionFunction")->setChecked(!isChannel);
+  NamedAction("ChanWin")->setEnabled(!isChannel);
+  NamedAction("FuncWin")->setEnabled(isChannel);
+}
+
+void FrmMain::RunCommand(const std::function<void()>& command) {
+  if (m_running) return;
+  struct Ending {
+    FrmMain& window;
+    ~Ending() {
+      window.m_services.progress.Close();
+      if (window.m_services.port.IsOpen()) window.m_services.port.Close();
+      window.m_running = false;
+    }
+  } const ending{*this};
+  m_running = true;
+  command();
+}
+
+// The desktop may ask to close the window while a command waits for an answer: that has to be given first.
+void FrmMain::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  RunCommand([&] {
+    if (m_fileCommands->PrepareExit() == CloseEnd::Cancelled) return;
+    for (QWidget* const window : QApplication::topLevelWidgets())
+      if (window != this && window->isVisible()) window->close();
+    if (!isMinimized()) m_services.storeGeometry(GeometryOf(*this));
+    event->accept();
+  });
+}
+
+bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress) m_panel->CommitOpenEditors();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void FrmMain::mnuFileOpen_Click() {
+  RunCommand([this] { m_fileCommands->Open(); });
+}
+
+void FrmMain::mnuFileClose_Click() {
+  RunCommand([this] { m_fileCommands->Close(); });
+}
+
+void FrmMain::mnuFileSave_Click() {
+  RunCommand([this] { m_fileCommands->Save(); });
+}
+
+void FrmMain::mnuFileSaveAs_Click() {
+  RunCommand([this] { m_fileCommands->SaveAs(); });
+}
+
+void FrmMain::mnuFileExit_Click() {
+  close();
+}
+
+void FrmMain::mnuEditCopy_Click() {
+  RunCommand([this] { m_panel->Copy(); });
+}
+
+void FrmMain::mnuEditPaste_Click() {
+  RunCommand([this] { m_panel->Paste(); });
+}
+
+void FrmMain::mnuOptionChannels_Click() {
+  ShowView(View::Channel);
+}
+
+void FrmMain::mnuOptionFunction_Click() {
+  ShowView(View::Function);
+}
+
+void FrmMain::mnuProgramRead_Click() {
+  RunCommand([this] { m_radioCommands->Read(); });
+}
+
+void FrmMain::mnuProgramWrite_Click() {
+  RunCommand([this] { m_radioCommands->Write(); });
+}
+
+void FrmMain::mnuCommPortPort_Click() {
+  RunCommand([this] { m_radioCommands->Port(); });
+}
+
+void FrmMain::mnuHelpContents_Click() {
+  RunCommand([this] {
+    m_panel->CommitOpenEditors();
+    m_services.help.OpenContents();
+  });
+}
+
+void FrmMain::mnuHelpIndex_Click() {
+  RunCommand([this] {
+    m_panel->CommitOpenEditors();
+    m_services.help.OpenIndex();
+  });
+}
+
+void FrmMain::mnuHelpAbout_Click() {
+  RunCommand([this] { FrmAbout(m_services.openLink, this).exec(); });
+}
+
+} // namespace mr4500x

@@ -1,0 +1,87 @@
+// The main window, frmMain: it owns the image, the editor and the commands, and puts them together. What a command
+// does is left to file_commands.h and radio_commands.h, its menu entry and button to action_table.cpp.
+#pragma once
+
+#include "editor_state.h"
+#include "field_texts.h"
+#include "main_services.h"
+#include "radio_image.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class QAction;
+class QMenu;
+
+namespace mr4500x {
+
+class EditorPanel;
+class FileCommands;
+class RadioCommands;
+class RecentMenu;
+class StatusPanels;
+
+class FrmMain final : public QMainWindow {
+  Q_OBJECT
+
+public:
+  explicit FrmMain(MainServices services);
+  ~FrmMain() override;
+
+  [[nodiscard]] const RadioImage& Image() const { return m_image; }
+  [[nodiscard]] const EditorState& State() const { return m_state; }
+  [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  enum class View { Channel, Function };
+  struct ActionRow;
+
+  void BuildMenus();
+  void AddRow(QMenu& menu, const ActionRow& row);
+  void BuildToolbar();
+  void BuildPanel();
+  void BuildCommands();
+  [[nodiscard]] QAction* NamedAction(const char* name) const;
+
+  void Load();
+  void TakeDesignSize();
+  void ShowView(View view);
+  // Runs a command unless another one is running; however it ends, nothing of it stays open.
+  void RunCommand(const std::function<void()>& command);
+
+  void mnuFileOpen_Click();
+  void mnuFileClose_Click();
+  void mnuFileSave_Click();
+  void mnuFileSaveAs_Click();
+  void mnuFileExit_Click();
+  void mnuEditCopy_Click();
+  void mnuEditPaste_Click();
+  void mnuOptionChannels_Click();
+  void mnuOptionFunction_Click();
+  void mnuProgramRead_Click();
+  void mnuProgramWrite_Click();
+  void mnuCommPortPort_Click();
+  void mnuHelpContents_Click();
+  void mnuHelpIndex_Click();
+  void mnuHelpAbout_Click();
+  void tlbMainNew_ButtonClick() {} // the button is there, a new configuration is made by Close
+
+  MainServices m_services;
+  FieldTexts m_texts;
+  RadioImage m_image;
+  EditorState m_state;
+  EditorPanel* m_panel = nullptr;
+  StatusPanels* m_status = nullptr;
+  std::unique_ptr<RecentMenu> m_recent;
+  std::unique_ptr<FileCommands> m_fileCommands;
+  std::unique_ptr<RadioCommands> m_radioCommands;
+  bool m_running = false;
+};
+
+} // namespace mr4500x

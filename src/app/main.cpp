@@ -1,0 +1,34 @@
+// MR4500X: the start. The splash stays while the main window loads, and for a moment that lets it be read.
+#include "frm_splash.h"
+#include "program.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+namespace {
+
+using namespace mr4500x;
+
+void StayUntil(Clock::Moment moment, Clock& clock) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - clock.Now());
+  if (left.count() <= 0) return;
+  QEventLoop loop;
+  QTimer::singleShot(left, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  FrmSplash splash;
+  splash.ShowPainted();
+  EventClock clock;
+  const Clock::Moment shown = clock.Now();
+  Program program;
+  StayUntil(shown + FrmSplash::LeastTime, clock);
+  program.Window().show();
+  splash.close();
+  return QApplication::exec();
+}

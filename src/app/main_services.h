@@ -1,0 +1,37 @@
+// What the program asks of the machine and the desktop, all of it replaceable.
+#pragma once
+
+#include "clipboard.h"
+#include "clock.h"
+#include "file_dialogs.h"
+#include "file_system.h"
+#include "help_viewer.h"
+#include "message_view.h"
+#include "progress_view.h"
+#include "radio_image.h"
+#include "serial_port.h"
+#include "window_geometry.h"
+
+#include <functional>
+#include <string>
+
+namespace mr4500x {
+
+struct MainServices {
+  MessageView& messages;
+  ProgressView& progress;
+  FileDialogs& dialogs;
+  Clipboard& clipboard;
+  HelpViewer& help;
+  FileSystem& files;
+  SerialPort& port;
+  Clock& clock; // of the transfers
+  std::string settingsFile;
+  std::string programFolder;
+  std::function<LocalTime()> now;
+  std::function<std::string(int)> deviceOfPort; // empty for none
+  std::function<void(const WindowGeometry&)> storeGeometry;
+  std::function<void(const std::string&)> openLink; // in the user's browser
+};
+
+} // namespace mr4500x

@@ -1,0 +1,33 @@
+// Putting the adapters together.
+#include "program.h"
+
+#include "machine.h"
+#include "port_devices.h"
+#include "settings.h"
+#include "window_titles.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace mr4500x {
+namespace {
+
+void OpenLink(const std::string& page) {
+  QDesktopServices::openUrl(QUrl(QString::fromStdString(page)));
+}
+
+} // namespace
+
+Program::Program()
+    : m_folder(ProgramFolder()), m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())),
+      m_port([this](int port) { return DeviceOf(port); }), m_progress(std::string(BareTitle)),
+      m_help(m_messages, m_folder + "/MR4500X.hlp"),
+      m_frmMain({m_messages, m_progress, m_dialogs, m_clipboard, m_help, m_files, m_port, m_clock, m_settingsFile,
+                 m_folder, LocalNow, [this](int port) { return DeviceOf(port); }, StoreWindowGeometry, OpenLink}) {}
+
+// Asked anew each time: adapters come and go while the program runs.
+std::string Program::DeviceOf(int port) {
+  return DeviceOfPort(port, PortDevices(m_files, m_settingsFile), MachineSerialDevices());
+}
+
+} // namespace mr4500x

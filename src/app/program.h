@@ -1,0 +1,40 @@
+// The running program: the machine's and the desktop's adapters, and the main window that works with them.
+#pragma once
+
+#include "event_clock.h"
+#include "frm_main.h"
+#include "posix_file_system.h"
+#include "qt_clipboard.h"
+#include "qt_file_dialogs.h"
+#include "qt_help_viewer.h"
+#include "qt_message_view.h"
+#include "qt_progress_view.h"
+#include "qt_serial_port.h"
+
+#include <string>
+
+namespace mr4500x {
+
+class Program {
+public:
+  Program();
+
+  [[nodiscard]] FrmMain& Window() { return m_frmMain; }
+
+private:
+  [[nodiscard]] std::string DeviceOf(int port);
+
+  PosixFileSystem m_files;
+  std::string m_folder;
+  std::string m_settingsFile;
+  EventClock m_clock;
+  QtSerialPort m_port;
+  QtMessageView m_messages;
+  QtProgressView m_progress;
+  QtFileDialogs m_dialogs;
+  QtClipboard m_clipboard;
+  QtHelpViewer m_help;
+  FrmMain m_frmMain;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,24 @@
+// The status bar: the program's title, the port and the time of day.
+#pragma once
+
+#include <QStatusBar>
+#include <QTimer>
+
+class QLabel;
+
+namespace mr4500x {
+
+class StatusPanels final : public QStatusBar {
+public:
+  explicit StatusPanels(const QString& title);
+  void ShowPort(int number);
+
+private:
+  void ShowTime();
+
+  QLabel* m_port;
+  QLabel* m_time;
+  QTimer m_minute;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,116 @@
+// The list, and how the tour reacts to what stands on the screen.
+#include "tour.h"
+
+#include "window_titles.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <iostream>
+
+namespace mr4500x {
+namespace {
+
+constexpr int LookMilliseconds = 100;
+constexpr int MostLooks = 1200; // a transfer takes seconds; two minutes mean that something is stuck
+
+QString DataFile(const QString& folder) {
+  return folder + QStringLiteral("/radio.K4X");
+}
+
+} // namespace
+
+Tour::Tour(FrmMain& window, QString folder) : m_window(window), m_folder(std::move(folder)), m_patience(MostLooks) {
+  m_steps = {
+      {"The window is open.", "1-start", [] {}},
+      {"Reading the radio on COM1 ...", "4-channels", [this] { Trigger("mnuProgramRead"); }},
+      {"Looking at the function settings.", "5-functions", [this] { Trigger("mnuOptionFunction"); }},
+      {"", "", [this] { Trigger("mnuOptionChannels"); }},
+      {"Saving the configuration as " + DataFile(m_folder).toStdString() + ".", "7-saved",
+       [this] { Trigger("mnuFileSave"); }},
+      {"Writing it to the radio ...", "9-written", [this] { Trigger("mnuProgramWrite"); }},
+  };
+  m_look.setInterval(LookMilliseconds);
+  connect(&m_look, &QTimer::timeout, this, &Tour::Look);
+}
+
+void Tour::Start() {
+  m_look.start();
+}
+
+void Tour::Look() {
+  if (--m_patience <= 0) {
+    std::cout << "The window does not go on; giving up." << std::endl;
+    Finish();
+    return;
+  }
+  LookAtProgress();
+  if (!AnswerDialog() && !m_isWorking) RunNextStep();
+}
+
+// Once, well into the transfer.
+void Tour::LookAtProgress() {
+  if (m_progressPictured) return;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    const auto* const bar = window->findChild<QProgressBar*>();
+    if (bar == nullptr || !window->isVisible() || bar->value() < bar->maximum() / 2) continue;
+    Picture(*window, "2-progress");
+    m_progressPictured = true;
+  }
+}
+
+bool Tour::AnswerDialog() {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  if (dialog == nullptr) return false;
+  if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
+    std::cout << "  " << box->text().toStdString() << std::endl;
+    Picture(*box, m_next == 2 ? "3-message" : "8-message");
+    box->defaultButton()->click();
+  } else if (auto* const files = qobject_cast<QFileDialog*>(dialog)) {
+    files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(DataFile(m_folder));
+    Picture(*files, "6-save-dialog");
+    files->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+  }
+  return true;
+}
+
+void Tour::RunNextStep() {
+  if (m_next > 0 && !m_steps[m_next - 1].picture.empty()) Picture(m_window, m_steps[m_next - 1].picture);
+  if (m_next == m_steps.size()) {
+    m_succeeded = m_window.windowTitle() == QString::fromUtf8(WriteTitle.data(), WriteTitle.size()) &&
+                  QFileInfo::exists(DataFile(m_folder));
+    Finish();
+    return;
+  }
+  const Step& step = m_steps[m_next++];
+  if (!step.tells.empty()) std::cout << step.tells << std::endl;
+  m_isWorking = true;
+  // Not from here: while a timer's handler waits in a dialog, the timer does not fire.
+  QTimer::singleShot(0, this, [this, &step] {
+    step.work();
+    m_isWorking = false;
+  });
+}
+
+void Tour::Trigger(const char* action) {
+  m_window.findChild<QAction*>(QLatin1String(action))->trigger();
+}
+
+void Tour::Picture(QWidget& window, const std::string& name) {
+  const QString file = m_folder + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png");
+  if (!window.grab().save(file)) std::cout << "  The picture " << file.toStdString() << " could not be saved.\n";
+}
+
+void Tour::Finish() {
+  m_look.stop();
+  emit Ended();
+}
+
+} // namespace mr4500x

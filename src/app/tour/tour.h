@@ -1,0 +1,55 @@
+// A user who works by a list: reads the radio, looks at both views, saves the configuration and writes the radio, and
+// takes a picture of each step. Everything goes through the menus, dialogs and message boxes of the real window.
+#pragma once
+
+#include "frm_main.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace mr4500x {
+
+class Tour : public QObject {
+  Q_OBJECT
+public:
+  // Pictures and the data file "radio.K4X" go to `folder`.
+  Tour(FrmMain& window, QString folder);
+
+  void Start();
+  [[nodiscard]] bool HasSucceeded() const { return m_succeeded; }
+
+signals:
+  void Ended();
+
+private:
+  struct Step {
+    std::string tells;          // what the user is told; nothing when empty
+    std::string picture;        // taken after the step
+    std::function<void()> work; // may open dialogs and message boxes, which are answered as they come
+  };
+
+  void Look(); // what a user does who looks at the screen now
+  void LookAtProgress();
+  bool AnswerDialog();
+  void RunNextStep();
+  void Trigger(const char* action);
+  void Picture(QWidget& window, const std::string& name);
+  void Finish();
+
+  FrmMain& m_window;
+  QString m_folder;
+  std::vector<Step> m_steps;
+  std::size_t m_next = 0;
+  QTimer m_look;
+  bool m_isWorking = false;
+  bool m_progressPictured = false;
+  int m_patience;
+  bool m_succeeded = false;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,71 @@
+#include "qt_message_view.h"
+
+#include "owner_window.h"
+#include "transfer_guard.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+#include <span>
+
+namespace mr4500x {
+namespace {
+
+struct BoxButton {
+  QMessageBox::StandardButton button;
+  const char* name;
+  Answer answer;
+};
+
+constexpr std::array OkButton = {BoxButton{QMessageBox::Ok, "cmdOk", Answer::Ok}};
+constexpr std::array QuestionButtons = {
+    BoxButton{QMessageBox::Yes, "cmdYes", Answer::Yes},
+    BoxButton{QMessageBox::No, "cmdNo", Answer::No},
+    BoxButton{QMessageBox::Cancel, "cmdCancel", Answer::Cancel},
+};
+
+std::span<const BoxButton> ButtonsOf(MessageButtons buttons) {
+  if (buttons == MessageButtons::Ok) return OkButton;
+  return std::span(QuestionButtons).first(buttons == MessageButtons::YesNo ? 2 : 3);
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+  case MessageIcon::Information:
+    return QMessageBox::Information;
+  case MessageIcon::Exclamation:
+    return QMessageBox::Warning;
+  case MessageIcon::Critical:
+    return QMessageBox::Critical;
+  case MessageIcon::None:
+    break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QString ToQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) {
+  const TransferGuard::Pause pause;
+  QMessageBox box(OwnerWindow());
+  box.setObjectName(QStringLiteral("messageBox"));
+  box.setIcon(IconOf(icon));
+  box.setWindowTitle(ToQString(title));
+  box.setTextFormat(Qt::PlainText); // paths and descriptions are no markup
+  box.setText(ToQString(text));
+  const std::span<const BoxButton> offered = ButtonsOf(buttons);
+  for (const BoxButton& button : offered)
+    box.addButton(button.button)->setObjectName(QLatin1String(button.name));
+  box.setDefaultButton(offered.front().button);
+  const int pressed = box.exec();
+  for (const BoxButton& button : offered)
+    if (button.button == pressed) return button.answer;
+  return offered.back().answer; // closed in another way than by a button
+}
+
+} // namespace mr4500x

@@ -1,0 +1,61 @@
+#include "qt_progress_view.h"
+
+#include "owner_window.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr int LeastCharacters = 48; // across the bar
+
+} // namespace
+
+QtProgressView::QtProgressView(std::string programTitle) : m_programTitle(std::move(programTitle)) {}
+
+QtProgressView::~QtProgressView() = default;
+
+void QtProgressView::Open(std::string_view title, std::string_view text, int maximum) {
+  Close();
+  // Without a close button: nothing that the user does ends a transfer.
+  m_window = std::make_unique<QDialog>(OwnerWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+  m_window->setObjectName(QStringLiteral("frmProgress"));
+  m_window->setWindowTitle(QString::fromStdString(std::string(title)));
+  auto* const label = new QLabel(QString::fromStdString(text.empty() ? m_programTitle : std::string(text)));
+  label->setObjectName(QStringLiteral("lblText"));
+  label->setTextFormat(Qt::PlainText);
+  m_bar = new QProgressBar;
+  m_bar->setObjectName(QStringLiteral("prgValue"));
+  m_bar->setAccessibleName(label->text());
+  m_bar->setTextVisible(false);
+  m_bar->setRange(0, maximum);
+  m_bar->setValue(0);
+  m_bar->setMinimumWidth(m_bar->fontMetrics().averageCharWidth() * LeastCharacters);
+  auto* const layout = new QVBoxLayout(m_window.get());
+  layout->setSizeConstraint(QLayout::SetFixedSize);
+  layout->addWidget(label);
+  layout->addWidget(m_bar);
+  m_window->show();
+  m_window->repaint();
+}
+
+void QtProgressView::SetValue(int value) {
+  if (!m_window) return;
+  m_bar->setValue(std::clamp(value, m_bar->minimum(), m_bar->maximum()));
+  m_window->repaint();
+}
+
+void QtProgressView::Close() {
+  if (!m_window) return;
+  m_window->hide(); // a window that is deleted while shown is closed first, and closing can be refused
+  m_window.reset();
+  m_bar = nullptr;
+}
+
+} // namespace mr4500x

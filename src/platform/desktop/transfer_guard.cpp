@@ -1,0 +1,94 @@
+#include "transfer_guard.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QThread>
+
+namespace mr4500x {
+namespace {
+
+constexpr unsigned long InputArrivalMilliseconds = 5;
+
+bool IsUserInput(QEvent::Type type) {
+  switch (type) {
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseButtonDblClick:
+  case QEvent::MouseMove:
+  case QEvent::NonClientAreaMouseButtonPress:
+  case QEvent::NonClientAreaMouseButtonRelease:
+  case QEvent::NonClientAreaMouseButtonDblClick:
+  case QEvent::NonClientAreaMouseMove:
+  case QEvent::Wheel:
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease:
+  case QEvent::ShortcutOverride:
+  case QEvent::Shortcut:
+  case QEvent::InputMethod:
+  case QEvent::ContextMenu:
+  case QEvent::Close:
+  case QEvent::Quit:
+  case QEvent::DragEnter:
+  case QEvent::DragMove:
+  case QEvent::Drop:
+  case QEvent::TouchBegin:
+  case QEvent::TouchUpdate:
+  case QEvent::TouchEnd:
+  case QEvent::TabletPress:
+  case QEvent::TabletMove:
+  case QEvent::TabletRelease:
+  case QEvent::NativeGesture:
+    return true;
+  default:
+    return false;
+  }
+}
+
+// What the user did up to now reaches the filter, and ends there. Input that the window system has sent is on its way
+// through another thread, hence the short rest.
+void DropPendingInput() {
+  QGuiApplication::sync();
+  QThread::msleep(InputArrivalMilliseconds);
+  QCoreApplication::processEvents();
+}
+
+} // namespace
+
+TransferGuard* TransferGuard::s_current = nullptr;
+
+TransferGuard::TransferGuard() {
+  Begin();
+}
+
+TransferGuard::~TransferGuard() {
+  if (s_current == this) End();
+}
+
+void TransferGuard::Begin() {
+  s_current = this;
+  qApp->installEventFilter(this);
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void TransferGuard::End() {
+  DropPendingInput();
+  qApp->removeEventFilter(this);
+  QGuiApplication::restoreOverrideCursor();
+  s_current = nullptr;
+}
+
+bool TransferGuard::eventFilter(QObject* watched, QEvent* event) {
+  if (!IsUserInput(event->type())) return QObject::eventFilter(watched, event);
+  event->ignore(); // an unanswered Close would count as agreed to
+  return true;
+}
+
+TransferGuard::Pause::Pause() : m_paused(s_current) {
+  if (m_paused != nullptr) m_paused->End();
+}
+
+TransferGuard::Pause::~Pause() {
+  if (m_paused != nullptr) m_paused->Begin();
+}
+
+} // namespace mr4500x

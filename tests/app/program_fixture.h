@@ -1,0 +1,137 @@
+// The main window on a scripted desk: answers to dialogs, a radio on COM3, and a protocol of all that happens.
+#pragma once
+
+#include "data_file.h"
+#include "editor_panel.h"
+#include "files_fixture.h"
+#include "frm_main.h"
+#include "scripted_radio.h"
+#include "window_titles.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTest>
+#include <QToolButton>
+
+#include <deque>
+
+namespace mr4500x {
+
+using Lines = std::vector<std::string>;
+
+struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, Clipboard, HelpViewer {
+  Lines happened;
+  std::deque<Answer> answers;                   // to questions
+  std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
+  std::vector<FileQuestion> questions;
+  std::function<void()> beforeAnswer = [] {}; // once
+  bool showsProgress = false;
+
+  Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {
+    const std::string icons[] = {"", "i|", "!|", "X|"};
+    happened.push_back(icons[static_cast<int>(icon)] + std::string(title) + "|" + std::string(text));
+    std::exchange(beforeAnswer, [] {})();
+    if (buttons == MessageButtons::Ok) return Answer::Ok;
+    happened.back() += buttons == MessageButtons::YesNo ? "|YN" : "|YNC";
+    EXPECT_FALSE(answers.empty()) << "unexpected question: " << text;
+    const Answer answer = answers.empty() ? Answer::Cancel : answers.front();
+    if (!answers.empty()) answers.pop_front();
+    return answer;
+  }
+  void Open(std::string_view, std::string_view, int) override { showsProgress = true; }
+  void SetValue(int) override {}
+  void Close() override { showsProgress = false; }
+  std::optional<std::string> AskOpen(const FileQuestion& question) override { return Ask(question); }
+  std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
+  std::string Text() override { return {}; }
+  void SetText(const std::string&) override {}
+  void OpenContents() override { happened.emplace_back("help contents"); }
+  void OpenIndex() override { happened.emplace_back("help index"); }
+
+private:
+  std::optional<std::string> Ask(const FileQuestion& question) {
+    happened.push_back("dialog " + question.title);
+    questions.push_back(question);
+    if (paths.empty()) return std::nullopt;
+    std::optional<std::string> path = paths.front();
+    paths.pop_front();
+    return path;
+  }
+};
+
+// Lets the window's own timers and input run while a transfer waits.
+struct DeskClock final : Clock {
+  ScriptedRadio& radio;
+  std::function<void()> duringWait = [] {};
+  explicit DeskClock(ScriptedRadio& scripted) : radio(scripted) {}
+  Moment Now() override { return radio.Now(); }
+  void WaitUntil(Moment moment) override {
+    duringWait();
+    radio.WaitUntil(moment);
+  }
+};
+
+class ProgramTest : public FilesTest {
+protected:
+  ProgramTest() {
+    Put("MR4500X.ini", "[Comm Port]\r\nCommon Port=3\r\n");
+    ResetToDefaults(image, {2004, 11, 4, 9, 5, 7});
+    image.FiveToneStandard = 1;
+    Start();
+  }
+
+  void Start() {
+    window = std::make_unique<FrmMain>(
+        MainServices{desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, Path("MR4500X.ini"),
+                     Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
+                     [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
+                     [this](const WindowGeometry& geometry) {
+                       desk.happened.emplace_back("geometry");
+                       stored = geometry;
+                     },
+                     [this](const std::string& page) { desk.happened.push_back("link " + page); }});
+    window->show();
+  }
+
+  QAction* Item(const std::string& name) { return window->findChild<QAction*>(QString::fromStdString(name)); }
+  void Choose(const std::string& name) { Item(name)->trigger(); }
+  QToolButton* Button(const std::string& key) { return window->findChild<QToolButton*>(QString::fromStdString(key)); }
+  std::string Status(int panel) {
+    return window->findChild<QLabel*>(QStringLiteral("stbMain.Panels(%1)").arg(panel))->text().toStdString();
+  }
+  std::string Title() { return window->windowTitle().toStdString(); }
+  std::string TitleOf(const std::string& name) { return "MR4500X Programming Software - " + Path(name); }
+  void Edit() { emit window->Panel().Changed(); }
+  // What has happened since the last look.
+  Lines Happened() { return std::exchange(desk.happened, {}); }
+
+  void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
+  void OpenFile(const std::string& name) {
+    desk.paths.emplace_back(Path(name));
+    Choose("mnuFileOpen");
+    EXPECT_EQ(Happened(), Lines{"dialog Open"});
+    EXPECT_EQ(Title(), TitleOf(name));
+  }
+  Lines Recent() {
+    Lines captions;
+    for (int i = 1; i <= 4; ++i)
+      if (const QAction* entry = Item("mnuRecent(" + std::to_string(i) + ")"); entry->isVisible())
+        captions.push_back(entry->text().toStdString());
+    return captions;
+  }
+
+  const std::string question = "!|MR4500X Programming Software|Data hasn't been saved. Do you want to continue?|YNC";
+  const std::string damaged = "!|Open File Error|File has been damaged!";
+  RadioImage image; // what test files hold
+  ScriptedDesk desk;
+  ScriptedRadio radio;
+  SerialPort* serialPort = nullptr; // instead of the radio's
+  DeskClock clock{radio};
+  std::optional<WindowGeometry> stored;
+  std::unique_ptr<FrmMain> window;
+};
+
+} // namespace mr4500x
