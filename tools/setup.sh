@@ -35,7 +35,7 @@ need_packages() {
   rm -f "$log"
 }
 
-build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libcli11-dev nlohmann-json3-dev"
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libqt6svg6 libcli11-dev nlohmann-json3-dev"
 
 # build PRESET [TARGET...]: configures once and builds, quietly unless it fails.
 build() {
