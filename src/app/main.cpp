@@ -1,6 +1,7 @@
 // MR4500X: the start. The splash stays while the main window loads, and for a moment that lets it be read.
 #include "frm_splash.h"
 #include "program.h"
+#include "steady_clock.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -24,7 +25,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   FrmSplash splash;
   splash.ShowPainted();
-  EventClock clock;
+  SteadyClock clock;
   const Clock::Moment shown = clock.Now();
   Program program;
   StayUntil(shown + FrmSplash::LeastTime, clock);

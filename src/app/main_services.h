@@ -17,6 +17,8 @@
 
 namespace mr4500x {
 
+class UserInput;
+
 struct MainServices {
   MessageView& messages;
   ProgressView& progress;
@@ -25,7 +27,8 @@ struct MainServices {
   HelpViewer& help;
   FileSystem& files;
   SerialPort& port;
-  Clock& clock; // of the transfers
+  Clock& clock;     // of the transfers
+  UserInput& input; // held during them
   std::string settingsFile;
   std::string programFolder;
   std::function<LocalTime()> now;

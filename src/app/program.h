@@ -10,6 +10,7 @@
 #include "qt_message_view.h"
 #include "qt_progress_view.h"
 #include "qt_serial_port.h"
+#include "transfer_guard.h"
 
 #include <string>
 
@@ -27,6 +28,7 @@ private:
   PosixFileSystem m_files;
   std::string m_folder;
   std::string m_settingsFile;
+  UserInput m_input;
   EventClock m_clock;
   QtSerialPort m_port;
   QtMessageView m_messages;

@@ -28,7 +28,7 @@ void RadioCommands::Read() {
   m_context.panel.CommitOpenEditors();
   m_context.window.repaint();
   const MainServices& services = m_context.services;
-  const TransferGuard guard;
+  const TransferGuard guard(services.input);
   SerialLine line(services.port, services.clock, m_context.state.CommPortNumber);
   const auto showImage = [&] {
     try {
@@ -48,7 +48,7 @@ void RadioCommands::Write() {
   m_context.panel.CommitOpenEditors();
   m_context.panel.Collect();
   const MainServices& services = m_context.services;
-  const TransferGuard guard;
+  const TransferGuard guard(services.input);
   m_context.window.repaint();
   SerialLine line(services.port, services.clock, m_context.state.CommPortNumber);
   static_cast<void>(WriteRadio({line, services.progress, services.messages}, m_context.image, services.now,

@@ -54,7 +54,8 @@ TEST(QtMessageView, AsksWithTheFirstButtonAsDefault) {
       EXPECT_EQ(box->defaultButton()->objectName(), names.section(' ', 0, 0));
       QTest::keyClick(box, key);
     });
-    EXPECT_EQ(QtMessageView().Show(icon, "Title", "a <b> & c", buttons), answer);
+    UserInput input;
+    EXPECT_EQ(QtMessageView(input).Show(icon, "Title", "a <b> & c", buttons), answer);
   }
 }
 
@@ -94,6 +95,7 @@ TEST(QtProgressView, KeepsItsBarWithinItsRange) {
 }
 
 TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
+  UserInput input;
   QLineEdit line;
   line.show();
   const auto typed = [&] {
@@ -103,7 +105,7 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
   };
   EXPECT_TRUE(typed());
   {
-    const TransferGuard guard;
+    const TransferGuard guard(input);
     EXPECT_FALSE(typed());
     EXPECT_FALSE(line.close());
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
@@ -111,7 +113,7 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
       EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
       QTest::mouseClick(dialog->findChild<QPushButton*>("cmdYes"), Qt::LeftButton);
     });
-    EXPECT_EQ(QtMessageView().Show(MessageIcon::None, "", "", MessageButtons::YesNo), Answer::Yes);
+    EXPECT_EQ(QtMessageView(input).Show(MessageIcon::None, "", "", MessageButtons::YesNo), Answer::Yes);
     EXPECT_FALSE(typed());
   }
   EXPECT_TRUE(typed());
@@ -119,7 +121,8 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
 }
 
 TEST(EventClock, ServesTheScreenWhileATransferWaits) {
-  EventClock clock;
+  UserInput input;
+  EventClock clock(input);
   bool isServed = false;
   const auto wait = [&](std::chrono::milliseconds time) {
     isServed = false;
@@ -132,7 +135,7 @@ TEST(EventClock, ServesTheScreenWhileATransferWaits) {
     return isServed;
   };
   EXPECT_FALSE(wait(10ms)); // outside a transfer nothing may interrupt
-  const TransferGuard guard;
+  const TransferGuard guard(input);
   EXPECT_TRUE(wait(10ms));
 }
 

@@ -6,6 +6,7 @@
 #include "files_fixture.h"
 #include "frm_main.h"
 #include "scripted_radio.h"
+#include "transfer_guard.h"
 #include "window_titles.h"
 
 #include <QAction>
@@ -85,8 +86,8 @@ protected:
 
   void Start() {
     window = std::make_unique<FrmMain>(
-        MainServices{desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, Path("MR4500X.ini"),
-                     Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
+        MainServices{desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
+                     Path("MR4500X.ini"), Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
                      [this](const WindowGeometry& geometry) {
                        desk.happened.emplace_back("geometry");
@@ -130,6 +131,7 @@ protected:
   ScriptedRadio radio;
   SerialPort* serialPort = nullptr; // instead of the radio's
   DeskClock clock{radio};
+  UserInput input;
   std::optional<WindowGeometry> stored;
   std::unique_ptr<FrmMain> window;
 };

@@ -93,10 +93,13 @@ void Tour::RunNextStep() {
   if (!step.tells.empty()) std::cout << step.tells << std::endl;
   m_isWorking = true;
   // Not from here: while a timer's handler waits in a dialog, the timer does not fire.
-  QTimer::singleShot(0, this, [this, &step] {
-    step.work();
-    m_isWorking = false;
-  });
+  QMetaObject::invokeMethod(
+      this,
+      [this, &step] {
+        step.work();
+        m_isWorking = false;
+      },
+      Qt::QueuedConnection);
 }
 
 void Tour::Trigger(const char* action) {

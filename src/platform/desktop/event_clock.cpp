@@ -19,7 +19,7 @@ constexpr Clock::Moment RoomForEvents = 5ms;
 } // namespace
 
 void EventClock::WaitUntil(Moment moment) {
-  while (TransferGuard::IsActive() && moment - Now() >= RoomForEvents) {
+  while (m_input.IsHeld() && moment - Now() >= RoomForEvents) {
     const Moment next = std::min(moment, Now() + Slice);
     QCoreApplication::processEvents();
     m_steady.WaitUntil(next);

@@ -7,12 +7,17 @@
 namespace mr4500x {
 
 // The machine's steady clock, whose waits serve the screen while a TransferGuard drops the user's input.
+class UserInput;
+
 class EventClock final : public Clock {
 public:
+  explicit EventClock(const UserInput& input) : m_input(input) {}
+
   [[nodiscard]] Moment Now() override { return m_steady.Now(); }
   void WaitUntil(Moment moment) override;
 
 private:
+  const UserInput& m_input;
   SteadyClock m_steady;
 };
 

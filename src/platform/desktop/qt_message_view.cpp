@@ -51,7 +51,7 @@ QString ToQString(std::string_view text) {
 } // namespace
 
 Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) {
-  const TransferGuard::Pause pause;
+  const TransferPause pause(m_input);
   QMessageBox box(OwnerWindow());
   box.setObjectName(QStringLiteral("messageBox"));
   box.setIcon(IconOf(icon));

@@ -54,41 +54,29 @@ void DropPendingInput() {
 
 } // namespace
 
-TransferGuard* TransferGuard::s_current = nullptr;
-
-TransferGuard::TransferGuard() {
-  Begin();
+UserInput::~UserInput() {
+  Release();
 }
 
-TransferGuard::~TransferGuard() {
-  if (s_current == this) End();
-}
-
-void TransferGuard::Begin() {
-  s_current = this;
+void UserInput::Hold() {
+  if (m_isHeld) return;
+  m_isHeld = true;
   qApp->installEventFilter(this);
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
-void TransferGuard::End() {
+void UserInput::Release() {
+  if (!m_isHeld) return;
   DropPendingInput();
   qApp->removeEventFilter(this);
   QGuiApplication::restoreOverrideCursor();
-  s_current = nullptr;
+  m_isHeld = false;
 }
 
-bool TransferGuard::eventFilter(QObject* watched, QEvent* event) {
+bool UserInput::eventFilter(QObject* watched, QEvent* event) {
   if (!IsUserInput(event->type())) return QObject::eventFilter(watched, event);
   event->ignore(); // an unanswered Close would count as agreed to
   return true;
-}
-
-TransferGuard::Pause::Pause() : m_paused(s_current) {
-  if (m_paused != nullptr) m_paused->End();
-}
-
-TransferGuard::Pause::~Pause() {
-  if (m_paused != nullptr) m_paused->Begin();
 }
 
 } // namespace mr4500x

@@ -5,38 +5,51 @@
 
 namespace mr4500x {
 
-// While it lives the pointer shows that the program is busy, and what the user does in any window of the program is
-// dropped: neither acted on now nor when the guard has gone. Painting, resizing and the window system's questions
-// are served by whoever processes events, which is safe now: EventClock does in its waits.
-class TransferGuard final : public QObject {
+// The user's input to all windows of the program. While it is held the pointer shows that the program is busy, and
+// what the user does is dropped: neither acted on now nor when it is released. Painting, resizing and the window
+// system's questions are served by whoever processes events, which is safe now: EventClock does in its waits.
+class UserInput final : public QObject {
   Q_OBJECT
 
 public:
-  TransferGuard();
-  ~TransferGuard() override;
-  Q_DISABLE_COPY_MOVE(TransferGuard)
+  UserInput() = default;
+  ~UserInput() override;
+  Q_DISABLE_COPY_MOVE(UserInput)
 
-  [[nodiscard]] static bool IsActive() { return s_current != nullptr; }
-
-  // Lets the user act while it lives, for a question in the middle of a transfer. Nothing where no guard is active.
-  class Pause {
-  public:
-    Pause();
-    ~Pause();
-    Q_DISABLE_COPY_MOVE(Pause)
-
-  private:
-    TransferGuard* m_paused;
-  };
+  void Hold();
+  void Release();
+  [[nodiscard]] bool IsHeld() const { return m_isHeld; }
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void Begin();
-  void End();
+  bool m_isHeld = false;
+};
 
-  static TransferGuard* s_current;
+// Holds the input while a transfer runs.
+class TransferGuard {
+public:
+  explicit TransferGuard(UserInput& input) : m_input(input) { m_input.Hold(); }
+  ~TransferGuard() { m_input.Release(); }
+  Q_DISABLE_COPY_MOVE(TransferGuard)
+
+private:
+  UserInput& m_input;
+};
+
+// Lets the user act while it lives, for a question in the middle of a transfer. Nothing where no input is held.
+class TransferPause {
+public:
+  explicit TransferPause(UserInput& input) : m_input(input), m_wasHeld(input.IsHeld()) { m_input.Release(); }
+  ~TransferPause() {
+    if (m_wasHeld) m_input.Hold();
+  }
+  Q_DISABLE_COPY_MOVE(TransferPause)
+
+private:
+  UserInput& m_input;
+  bool m_wasHeld;
 };
 
 } // namespace mr4500x
