@@ -1,14 +1,11 @@
 // Typing through a filter.
 #include "filtered_edit.h"
 
+#include "focus_moves.h"
+
 #include <QKeyEvent>
 
 namespace mr4500x {
-
-bool LeavesForAnotherControl(const QFocusEvent& event) {
-  return event.reason() != Qt::ActiveWindowFocusReason && event.reason() != Qt::PopupFocusReason &&
-         event.reason() != Qt::MenuBarFocusReason;
-}
 
 FilteredEdit::FilteredEdit(QWidget* parent) : QLineEdit(parent) {
   // Characters composed by an input method would come past the filter.
@@ -31,7 +28,7 @@ void FilteredEdit::keyPressEvent(QKeyEvent* event) {
 
 void FilteredEdit::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  if (LeavesForAnotherControl(*event)) emit FocusLeft(event->reason());
+  if (MovesBetweenControls(*event)) emit FocusLeft(event->reason());
 }
 
 } // namespace mr4500x

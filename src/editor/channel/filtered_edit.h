@@ -8,9 +8,6 @@
 
 namespace mr4500x {
 
-// Whether the focus goes to another control. A menu, a drop-down list and another window only borrow it.
-[[nodiscard]] bool LeavesForAnotherControl(const QFocusEvent& event);
-
 class FilteredEdit : public QLineEdit {
   Q_OBJECT
 

@@ -1,7 +1,7 @@
 // The list of tones.
 #include "tone_editor.h"
 
-#include "filtered_edit.h"
+#include "focus_moves.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -79,7 +79,7 @@ void ToneEditor::keyPressEvent(QKeyEvent* event) {
 
 void ToneEditor::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
-  if (LeavesForAnotherControl(*event)) emit FocusLeft();
+  if (MovesBetweenControls(*event) && !HoldsFocus(*this)) emit FocusLeft();
 }
 
 } // namespace mr4500x

@@ -1,28 +1,15 @@
 // The drop-down list.
 #include "choice_box.h"
 
-#include "entry_box.h"
+#include "focus_moves.h"
 #include "frame_parts.h"
 
-#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
 namespace mr4500x {
-namespace {
-
-// The popup of a list is a window of its own, but still the list's.
-bool HoldsFocus(const QObject& list) {
-  for (const QObject* holder = QApplication::focusWidget(); holder != nullptr; holder = holder->parent()) {
-    if (holder == &list) return true;
-  }
-  return false;
-}
-
-} // namespace
-
 ChoiceBox::ChoiceBox(const QString& objectName, const QStringList& items, const QString& accessibleName,
                      QWidget* parent)
     : QComboBox(parent) {

@@ -1,6 +1,8 @@
 // The text box.
 #include "entry_box.h"
 
+#include "focus_moves.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -16,11 +18,6 @@ bool IsClipboardKey(const QKeyEvent& event) {
 }
 
 } // namespace
-
-bool MovesBetweenControls(const QFocusEvent& event) {
-  const Qt::FocusReason reason = event.reason();
-  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
-}
 
 EntryBox::EntryBox(const QString& objectName, int mostCharacters, CharacterFilter filter, OtherKeys otherKeys,
                    const QString& accessibleName, QWidget* parent)

@@ -6,13 +6,7 @@
 
 #include <optional>
 
-class QFocusEvent;
-
 namespace mr4500x {
-
-// False where only the window or a menu takes the focus for a while: the entry is not over then, and a message box
-// shown for one entry must not end another.
-[[nodiscard]] bool MovesBetweenControls(const QFocusEvent& event);
 
 class EntryBox : public QLineEdit {
   Q_OBJECT

@@ -1,0 +1,198 @@
+// The typical job with the program as it runs: its window under mouse and keys, its own adapters, a file on the disk,
+// and the simulated radio as a process behind a serial device.
+#include "editor_values.h"
+#include "file_title.h"
+#include "program.h"
+#include "radio_memory.h"
+
+#include <QTest>
+#include <QtWidgets>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+
+namespace mr4500x {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr LocalTime Now = {2024, 2, 29, 23, 4, 56};
+
+// Answers every file dialog with the same path.
+struct OnePath final : FileDialogs {
+  std::string path;
+  Lines asked;
+  std::optional<std::string> AskOpen(const FileQuestion& question) override { return AskSave(question); }
+  std::optional<std::string> AskSave(const FileQuestion& question) override {
+    asked.push_back(question.title);
+    return path;
+  }
+};
+
+class EndToEndTest : public testing::Test {
+protected:
+  EndToEndTest() {
+    QLocale::setDefault(QLocale::c());
+    user.callOnTimeout([this] { LookForBox(); });
+    user.start(5);
+    radio.start(LR7200_SIMULATOR, {"--memory", folder.filePath("memory")});
+    while (!radio.canReadLine() && radio.waitForReadyRead()) {
+    }
+    device = radio.readLine().trimmed().toStdString();
+    dialogs.path = folder.filePath("radio.K4X").toStdString();
+  }
+  ~EndToEndTest() override {
+    EndRadio();
+    QLocale::setDefault(QLocale::system());
+  }
+
+  bool EndRadio() {
+    radio.terminate();
+    return radio.state() == QProcess::NotRunning || radio.waitForFinished(5000);
+  }
+
+  // Confirms a message; nothing stays open when the job takes too long.
+  void LookForBox() {
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    auto* const ok = dialog->findChild<QPushButton*>("cmdOk");
+    if (end.hasExpired()) {
+      ADD_FAILURE() << "Nobody answers " << dialog->windowTitle().toStdString();
+      dialog->done(QDialog::Rejected);
+    } else if (ok != nullptr) {
+      const auto* const box = qobject_cast<QMessageBox*>(dialog);
+      confirmed.push_back((box->windowTitle() + ": " + box->text()).toStdString());
+      ClickOn(*ok, ok->rect().center());
+    }
+  }
+
+  static void ClickOn(QWidget& widget, QPoint at) { QTest::mouseClick(&widget, Qt::LeftButton, {}, at); }
+
+  void Choose(const char* name) {
+    QAction* const item = window.findChild<QAction*>(name);
+    for (QAction* const entry : window.menuBar()->actions()) {
+      QMenu* const menu = entry->menu();
+      if (!menu->actions().contains(item)) continue;
+      ClickOn(*window.menuBar(), window.menuBar()->actionGeometry(entry).center());
+      ASSERT_EQ(QApplication::activePopupWidget(), menu);
+      ClickOn(*menu, menu->actionGeometry(item).center());
+    }
+    window.activateWindow(); // as a window manager does when a box has gone
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+  QTableWidgetItem& Cell(int channel, GridColumn column) {
+    return *grid.item(channel - 1, static_cast<int>(column) - 1);
+  }
+  void ClickCell(int channel, GridColumn column) {
+    ClickOn(*grid.viewport(), grid.visualItemRect(&Cell(channel, column)).center());
+  }
+  Lines EditedCells() {
+    return {Cell(2, GridColumn::RxFreq).text().toStdString(), Cell(1, GridColumn::RxTone).text().toStdString(),
+            noCh.isChecked() ? "No CH" : "in use"};
+  }
+  std::string Title() { return window.windowTitle().toStdString(); }
+
+  QTimer user;
+  QDeadlineTimer end{std::chrono::seconds(30)};
+  Lines confirmed;
+  QTemporaryDir folder;
+  QProcess radio;
+  std::string device;
+  PosixFileSystem files;
+  UserInput input;
+  EventClock clock{input};
+  QtSerialPort port{[this](int number) { return number == 1 ? device : std::string(); }};
+  QtMessageView messages{input};
+  QtProgressView progress{std::string(BareTitle)};
+  OnePath dialogs;
+  QtClipboard clipboard;
+  QtHelpViewer help{messages, folder.filePath("none.hlp").toStdString()};
+  FrmMain window{{messages, progress, dialogs, clipboard, help, files, port, clock, input,
+                  folder.filePath("MR4500X.ini").toStdString(), folder.path().toStdString(), [] { return Now; },
+                  [this](int) { return device; }, [](const WindowGeometry&) {}, [](const std::string&) {}}};
+  QTableWidget& grid = *window.findChild<QTableWidget*>("gridChannel");
+  QCheckBox& noCh = *window.findChild<QCheckBox*>("chkCH(8)"); // of channel 9
+};
+
+// What the radio holds after the edits: what a collect makes of the memory, without what no write sends.
+RadioMemory EditedMemory() {
+  RadioMemory memory = FactoryMemory();
+  RadioImage image;
+  for (const BlockPlace& place : RecordMap)
+    std::copy_n(memory.begin() + place.address, place.Bytes(), BlockBytes(image, place.block).begin());
+  const FieldTexts texts = BuildFieldTexts('.');
+  EditorValues values;
+  EXPECT_EQ(Decode(image, values, texts).end, DecodeEnd::Complete);
+  values.channels[1][GridColumn::RxFreq] = "442.01250";
+  values.channels[0][GridColumn::RxTone] = "DCS754";
+  values.channels[0][GridColumn::TailCut] = "ON"; // as every tone turns it
+  values.channels[8].noCh = false;
+  Encode(values, image, texts);
+  for (const BlockPlace& place : RecordMap) {
+    const bool isSent = place.block != ImageBlock::RadioIdBlock && place.block != ImageBlock::EmbeddedInfoBlock &&
+                        place.block != ImageBlock::FirmwareVersionBlock;
+    const auto block = BlockBytes(image, place.block);
+    if (isSent) std::copy(block.begin(), block.end(), memory.begin() + place.address);
+  }
+  // The edits again, as the radio has them.
+  constexpr std::pair<std::size_t, std::uint8_t> Edits[] = {
+      {0x000, 0xD1}, {0x004, 0x54}, {0x005, 0x07}, {0x00C, 0xE8}, // tone and tail cut
+      {0x011, 0xA5}, {0x012, 0xB2}, {0x013, 0x02},                // frequency
+      {0x080, 0x81}, {0x10C, 10}};                                // in use, and the count of those
+  for (const auto& [address, byte] : Edits)
+    EXPECT_EQ(std::exchange(memory[address], byte), byte) << std::hex << address;
+  std::copy_n("20240229230456\0", 16, memory.begin() + 0x200);
+  return memory;
+}
+
+TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
+  ASSERT_FALSE(device.empty());
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_EQ(Title(), BareTitle);
+  Choose("mnuProgramRead");
+  ASSERT_EQ(Title(), ReadTitle);
+  EXPECT_EQ(EditedCells(), (Lines{"441.50000", "CTC88.5", "No CH"}));
+
+  ClickCell(2, GridColumn::RxFreq);
+  ASSERT_EQ(QApplication::focusWidget(), window.findChild<QLineEdit*>("txtChFreq"));
+  QTest::keyClicks(QApplication::focusWidget(), "442.0137"); // over the selected text; rounded to the step
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
+  ClickCell(1, GridColumn::RxTone);
+  auto* const tones = window.findChild<QComboBox*>("cboCTCDCS");
+  ClickOn(*tones, tones->rect().center());
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClicks(tones->view(), "DCS754");
+  QTest::keyClick(tones->view(), Qt::Key_Enter); // picks it
+  QTest::keyClick(tones, Qt::Key_Enter);         // leaves the editor
+  ClickOn(noCh, noCh.rect().center());
+  const Lines edited = {"442.01250", "DCS754", "in use"};
+  ASSERT_EQ(EditedCells(), edited);
+
+  Choose("mnuFileSave");
+  EXPECT_EQ(Title(), FileTitle(dialogs.path));
+  Choose("mnuFileClose"); // all is saved: no question
+  EXPECT_EQ(Title(), BareTitle);
+  EXPECT_NE(EditedCells()[0], edited[0]);
+  Choose("mnuFileOpen");
+  EXPECT_EQ(Title(), FileTitle(dialogs.path));
+  EXPECT_EQ(EditedCells(), edited);
+  EXPECT_EQ(dialogs.asked, (Lines{"Save As", "Open"}));
+  Choose("mnuProgramWrite");
+  EXPECT_EQ(Title(), WriteTitle);
+  EXPECT_EQ(confirmed, (Lines{"Read Complete: Read data is complete. Press OK button to continue ...",
+                              "Write Complete: Write data is complete. Press OK button to continue ..."}));
+
+  ASSERT_TRUE(EndRadio());
+  std::ifstream file(folder.filePath("memory").toStdString(), std::ios::binary);
+  const std::string written{std::istreambuf_iterator<char>(file), {}};
+  const RadioMemory expected = EditedMemory();
+  ASSERT_EQ(written.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i)
+    EXPECT_EQ(static_cast<std::uint8_t>(written[i]), expected[i]) << std::hex << i;
+}
+
+} // namespace
+} // namespace mr4500x
