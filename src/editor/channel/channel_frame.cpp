@@ -2,6 +2,7 @@
 #include "channel_frame.h"
 
 #include "frequency_editor.h"
+#include "scroll_to.h"
 #include "tone_editor.h"
 #include "twips.h"
 
@@ -55,6 +56,9 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices service
   connect(m_gridChannel, &ChannelGrid::OtherKeyPressed, this, [this] {
     CommitEditors();
     m_services.commitOthers();
+  });
+  connect(m_gridChannel, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* current) {
+    if (current != nullptr) ScrollTo(*m_gridChannel->viewport(), m_gridChannel->visualItemRect(current));
   });
   m_newLooks.setSingleShot(true);
   connect(&m_newLooks, &QTimer::timeout, this, [this] {

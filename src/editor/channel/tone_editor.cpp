@@ -1,38 +1,21 @@
 // The list of tones.
 #include "tone_editor.h"
 
+#include "drop_down.h"
 #include "focus_moves.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
-#include <QProxyStyle>
 #include <QStringListModel>
 #include <QStyleOptionComboBox>
 
 #include <algorithm>
 
 namespace mr4500x {
-namespace {
-
-constexpr int VisibleEntries = 16;
-
-// Some styles open a menu as high as the screen.
-class DropDownStyle : public QProxyStyle {
-public:
-  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                QStyleHintReturn* returnData) const override {
-    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
-  }
-};
-
-} // namespace
 
 ToneEditor::ToneEditor(const FieldTexts& texts, QWidget* parent) : QComboBox(parent) {
   setObjectName("cboCTCDCS");
-  auto* const dropDown = new DropDownStyle;
-  dropDown->setParent(this);
-  setStyle(dropDown);
-  setMaxVisibleItems(VisibleEntries);
+  KeepDropDownShort(*this);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon); // else each measure walks the whole list
   QStringList entries;
   for (const std::string& choice : ToneChoiceList(texts)) {

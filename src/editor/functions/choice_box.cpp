@@ -1,6 +1,7 @@
 // The drop-down list.
 #include "choice_box.h"
 
+#include "drop_down.h"
 #include "focus_moves.h"
 #include "frame_parts.h"
 
@@ -10,6 +11,11 @@
 #include <QWheelEvent>
 
 namespace mr4500x {
+namespace {
+
+constexpr qsizetype MostItemsOpen = 20; // of a list that opens as a whole
+
+} // namespace
 ChoiceBox::ChoiceBox(const QString& objectName, const QStringList& items, const QString& accessibleName,
                      QWidget* parent)
     : QComboBox(parent) {
@@ -17,6 +23,7 @@ ChoiceBox::ChoiceBox(const QString& objectName, const QStringList& items, const 
   setAccessibleName(accessibleName);
   setFocusPolicy(Qt::StrongFocus);
   addItems(items);
+  if (items.size() > MostItemsOpen) KeepDropDownShort(*this);
   connect(this, &QComboBox::currentIndexChanged, this, &ChoiceBox::Selected);
 }
 

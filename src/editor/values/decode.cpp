@@ -141,8 +141,8 @@ DecodeResult Decode(RadioImage& image, EditorValues& values, const FieldTexts& t
   for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
     values.channels[channel] = TextsOfChannel(image, channel, texts);
   }
-  values.lblID = CharactersText(image.RadioIdBlock);
-  values.lblVer = CharactersText(image.FirmwareVersionBlock);
+  values.lblID = NumberOrNone(CharactersText(image.RadioIdBlock)); // no file holds them
+  values.lblVer = NumberOrNone(CharactersText(image.FirmwareVersionBlock));
   DecodeScan(image, values);
   const bool conflict = DecodeKeys(image, values);
   return {DecodeSignaling(image, values, texts.decimalSeparator), conflict};

@@ -2,6 +2,7 @@
 
 #include "functions_fixture.h"
 
+#include <QScrollArea>
 #include <QTableView>
 
 #include <random>
@@ -115,6 +116,18 @@ TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnew) {
     EXPECT_EQ(image.RadioSettingsBlock[12], yes ? 1 : 2); // channels in use
     EXPECT_EQ(TextsOfChannel(image, 9, texts)[GridColumn::TxFreq], yes ? "136.00000" : "440.00000");
   }
+}
+
+TEST_F(EditorPanelTest, TheCurrentCellStaysInSightInASmallWindow) {
+  QScrollArea small;
+  small.setWidget(new EditorPanel(image, texts, {messages, clipboard}));
+  small.resize(500, 400);
+  small.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&small));
+  auto* const grid = small.findChild<QTableView*>("gridChannel");
+  QTest::keyClick(grid, Qt::Key_End);
+  const QRect cell = grid->visualRect(grid->currentIndex());
+  EXPECT_TRUE(small.viewport()->rect().contains(grid->viewport()->mapTo(small.viewport(), cell.center())));
 }
 
 TEST_F(EditorPanelTest, AClickOnTheBackgroundEndsEveryEdit) {
