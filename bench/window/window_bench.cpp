@@ -1,0 +1,82 @@
+// The work of the editor's window: filling and collecting all of it, and opening a cell.
+#include "editor_panel.h"
+#include "radio_memory.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTest>
+
+#include <benchmark/benchmark.h>
+
+namespace mr4500x {
+namespace {
+
+struct Quiet final : MessageView, Clipboard {
+  Answer Show(MessageIcon, std::string_view, std::string_view, MessageButtons) override { return Answer::Ok; }
+  std::string Text() override { return {}; }
+  void SetText(const std::string&) override {}
+};
+
+struct ShownPanel {
+  RadioImage image;
+  FieldTexts texts = BuildFieldTexts('.');
+  Quiet quiet;
+  EditorPanel panel{image, texts, {quiet, quiet}};
+
+  ShownPanel() {
+    const RadioMemory memory = FactoryMemory();
+    for (const BlockPlace& place : RecordMap) {
+      const auto block = BlockBytes(image, place.block);
+      std::copy_n(memory.begin() + place.address, block.size(), block.begin());
+    }
+    panel.Fill();
+    panel.show();
+    static_cast<void>(QTest::qWaitForWindowActive(&panel));
+  }
+};
+
+void Fill(benchmark::State& state) {
+  ShownPanel shown;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(shown.panel.Fill());
+    QApplication::processEvents(); // the repaint is part of it
+  }
+}
+BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
+
+void Collect(benchmark::State& state) {
+  ShownPanel shown;
+  for (auto _ : state) {
+    shown.panel.Collect();
+    QApplication::processEvents();
+  }
+}
+BENCHMARK(Collect)->Unit(benchmark::kMillisecond);
+
+// From the click on a cell until its editor stands on the screen.
+void OpenCell(benchmark::State& state) {
+  ShownPanel shown;
+  auto* const grid = shown.panel.findChild<QTableWidget*>("gridChannel");
+  auto* const editor = shown.panel.findChild<QLineEdit*>("txtChFreq");
+  for (auto _ : state) {
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualItemRect(grid->item(1, 0)).center());
+    QApplication::processEvents();
+    if (!editor->isVisible()) state.SkipWithError("the editor did not open");
+    state.PauseTiming();
+    shown.panel.HideOpenEditors();
+    QApplication::processEvents();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(OpenCell)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace mr4500x
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
