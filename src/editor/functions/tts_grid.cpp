@@ -15,13 +15,13 @@
 namespace mr4500x {
 namespace {
 
-struct GridColumn {
+struct ColumnLook {
   const char* heading;
   QRgb text;
 };
 constexpr QRgb DefaultText = 0; // the desktop's
 // clang-format off
-constexpr std::array<GridColumn, TtsColumnCount> Columns = {{
+constexpr std::array<ColumnLook, TtsColumnCount> Columns = {{
     {"No.",                DefaultText},
     {"Tone A Freq(Hz)",    GreenText},
     {"Tone A Dur.(s)",     GreenText},
