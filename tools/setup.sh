@@ -35,7 +35,14 @@ need_packages() {
   rm -f "$log"
 }
 
-build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libqt6svg6 libcli11-dev nlohmann-json3-dev"
+# The toolbar's pictures are drawn by a plugin, which newer systems have in a package of its own.
+svg_package=libqt6svg6
+# shellcheck source=/dev/null
+[ ! -r /etc/os-release ] || case "$(. /etc/os-release && echo "${ID:-}:${VERSION_ID:-}")" in
+  debian:1[3-9]*) svg_package=qt6-svg-plugins ;;
+esac
+
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package libcli11-dev nlohmann-json3-dev"
 
 # build PRESET [TARGET...]: configures once and builds, quietly unless it fails.
 build() {

@@ -3,6 +3,7 @@
 #include "radio_memory.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTest>
@@ -54,18 +55,32 @@ void Collect(benchmark::State& state) {
 }
 BENCHMARK(Collect)->Unit(benchmark::kMillisecond);
 
-// From the click on a cell until its editor stands on the screen.
+class PaintWatch final : public QObject {
+public:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    painted = painted || event->type() == QEvent::Paint;
+    return false;
+  }
+  bool painted = false;
+};
+
+// From the click on a cell until its editor stands painted on the screen.
 void OpenCell(benchmark::State& state) {
   ShownPanel shown;
   auto* const grid = shown.panel.findChild<QTableWidget*>("gridChannel");
   auto* const editor = shown.panel.findChild<QLineEdit*>("txtChFreq");
+  PaintWatch watch;
+  editor->installEventFilter(&watch);
   for (auto _ : state) {
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualItemRect(grid->item(1, 0)).center());
-    QApplication::processEvents();
-    if (!editor->isVisible()) state.SkipWithError("the editor did not open");
+    if (!QTest::qWaitFor([&] { return editor->isVisible() && watch.painted; }, 1000)) {
+      state.SkipWithError("the editor did not open");
+      break;
+    }
     state.PauseTiming();
     shown.panel.HideOpenEditors();
     QApplication::processEvents();
+    watch.painted = false;
     state.ResumeTiming();
   }
 }
