@@ -41,7 +41,7 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
     {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", &FrmMain::mnuFileSave_Click,       "Save",    "Save",             "save"},
     {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       &FrmMain::mnuFileSaveAs_Click},
     {RowKind::Separator},
-    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       nullptr,                           "Print",   "Print",            "print"},
+    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       &FrmMain::mnuFilePrint_Click,      "Print",   "Print",            "print"},
     {RowKind::Separator},
     {RowKind::Recent, "",                      "mnuRecent(%1)"},
     {RowKind::Separator},

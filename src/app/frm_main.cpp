@@ -1,10 +1,11 @@
 #include "frm_main.h"
 
-#include "decimal_separator.h"
 #include "editor_panel.h"
 #include "file_commands.h"
 #include "file_title.h"
 #include "frm_about.h"
+#include "locale_texts.h"
+#include "print_command.h"
 #include "program_icons.h"
 #include "radio_commands.h"
 #include "recent_menu.h"
@@ -153,6 +154,10 @@ void FrmMain::mnuFileSave_Click() {
 
 void FrmMain::mnuFileSaveAs_Click() {
   RunCommand([this] { m_fileCommands->SaveAs(); });
+}
+
+void FrmMain::mnuFilePrint_Click() {
+  RunCommand([this] { PrintChosenReports(m_services, *m_panel, m_image, this); });
 }
 
 void FrmMain::mnuFileExit_Click() {

@@ -59,6 +59,7 @@ private:
   void mnuFileClose_Click();
   void mnuFileSave_Click();
   void mnuFileSaveAs_Click();
+  void mnuFilePrint_Click();
   void mnuFileExit_Click();
   void mnuEditCopy_Click();
   void mnuEditPaste_Click();

@@ -7,6 +7,7 @@
 #include "file_system.h"
 #include "help_viewer.h"
 #include "message_view.h"
+#include "printer.h"
 #include "progress_view.h"
 #include "radio_image.h"
 #include "serial_port.h"
@@ -25,6 +26,7 @@ struct MainServices {
   FileDialogs& dialogs;
   Clipboard& clipboard;
   HelpViewer& help;
+  Printers& printers;
   FileSystem& files;
   SerialPort& port;
   Clock& clock;     // of the transfers

@@ -8,6 +8,7 @@
 #include "qt_file_dialogs.h"
 #include "qt_help_viewer.h"
 #include "qt_message_view.h"
+#include "qt_printers.h"
 #include "qt_progress_view.h"
 #include "qt_serial_port.h"
 #include "transfer_guard.h"
@@ -36,6 +37,7 @@ private:
   QtFileDialogs m_dialogs;
   QtClipboard m_clipboard;
   QtHelpViewer m_help;
+  QtPrinters m_printers;
   FrmMain m_frmMain;
 };
 

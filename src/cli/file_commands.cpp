@@ -4,7 +4,6 @@
 #include "configuration_json.h"
 #include "configuration_table.h"
 #include "editor_messages.h"
-#include "editor_values.h"
 #include "file_messages.h"
 
 #include <ostream>
@@ -25,6 +24,15 @@ bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& imag
   return !failure;
 }
 
+bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator, RadioImage& image,
+                          EditorValues& values, Terminal& terminal) {
+  if (!LoadForCommand(files, path, image, terminal)) return false;
+  const DecodeResult result = Decode(image, values, BuildFieldTexts(decimalSeparator));
+  if (result.keyConflict) terminal.err << KeyConflictText << '\n';
+  if (result.end == DecodeEnd::DataError) terminal.err << DataErrorText << '\n';
+  return result.end != DecodeEnd::DataError;
+}
+
 bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {
   if (SaveDataFile(files, path, image)) return true;
   terminal.err << MessageForFailed(SaveCommand::Save).text << '\n';
@@ -42,14 +50,8 @@ ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& n
 
 ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal) {
   RadioImage image;
-  if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
   EditorValues values;
-  const DecodeResult result = Decode(image, values, BuildFieldTexts(DecimalSeparator));
-  if (result.keyConflict) terminal.err << KeyConflictText << '\n';
-  if (result.end == DecodeEnd::DataError) {
-    terminal.err << DataErrorText << '\n';
-    return ExitStatus::Failed;
-  }
+  if (!LoadValuesForCommand(files, path, DecimalSeparator, image, values, terminal)) return ExitStatus::Failed;
   terminal.out << (form == ShowAs::Json ? ConfigurationJson(values) : ConfigurationTable(values));
   return EndOutput(terminal);
 }

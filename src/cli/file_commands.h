@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data_file.h"
+#include "editor_values.h"
 #include "exit_status.h"
 #include "terminal.h"
 
@@ -19,6 +20,10 @@ enum class ShowAs { Table, Json };
 
 // Loads a data file over a new image and reports what there is to report; false when it could not be loaded.
 [[nodiscard]] bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal);
+
+// The same, and decodes the image into what the editor would show; false, with its message, when it shows only a part.
+[[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
+                                        RadioImage& image, EditorValues& values, Terminal& terminal);
 
 // Stores the image; false, with its message, when it could not be.
 [[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,

@@ -27,6 +27,8 @@ struct Arguments {
   std::string text;
   bool json = false;
   bool acceptBand = false;
+  std::string pdfFile;
+  std::vector<std::string> reports;
 };
 
 // A transfer can't be cancelled: stopped half-way it would leave the radio in its session, half programmed, and the
@@ -60,6 +62,7 @@ private:
   [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
   [[nodiscard]] ExitStatus InfoWrite();
   [[nodiscard]] ExitStatus Ports();
+  [[nodiscard]] ExitStatus Print();
   [[nodiscard]] std::string SettingsFile() { return SettingsFilePath(m_files, ProgramFolder(), UserConfigFolder()); }
 
   PosixFileSystem m_files;
@@ -100,6 +103,19 @@ ExitStatus Companion::Ports() {
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
   QtSerialPort serial(deviceOf);
   return RunPorts(serial, deviceOf, m_terminal);
+}
+
+// The program that draws pages takes this one's place, with its streams and its exit status.
+ExitStatus Companion::Print() {
+  std::string reports;
+  for (const std::string& report : m_arguments.reports) {
+    reports += (reports.empty() ? "" : ",") + report;
+  }
+  const std::string program = ProgramFolder() + "/mr4500x-cli-print";
+  execl(program.c_str(), "mr4500x-cli-print", m_arguments.file.c_str(), m_arguments.pdfFile.c_str(), reports.c_str(),
+        static_cast<char*>(nullptr));
+  m_terminal.err << program << " can't be started.\n";
+  return ExitStatus::Failed;
 }
 
 void Companion::Declare(CLI::App& app) {
@@ -149,6 +165,17 @@ void Companion::Declare(CLI::App& app) {
   infoWrite->add_option("TEXT", given.text, "the text in quotes; a line break counts as two characters")
       ->required()
       ->type_name("");
+
+  CLI::App* const print = command(app, "print", "Print the reports of FILE to a PDF file", [this] { return Print(); });
+  file(print);
+  print->add_option("OUT.pdf", given.pdfFile, "the PDF file to write, over one that is there")
+      ->required()
+      ->type_name("");
+  print->add_option("--reports", given.reports, "channels, tts, info, separated by commas; all by default")
+      ->type_name("NAMES")
+      ->delimiter(',')
+      ->check(CLI::IsMember({"channels", "tts", "info"}))
+      ->default_val(std::vector<std::string>{"channels", "tts", "info"});
 
   command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
           [this] { return Ports(); });

@@ -34,6 +34,7 @@ public:
   // The new configuration, from the image reset to its defaults.
   void FillReset(const LocalTime& now);
   void Collect();
+  [[nodiscard]] EditorValues Gather() const; // what the controls show
 
   void CommitOpenEditors(); // takes what they hold; no field has the focus then
   void HideOpenEditors();   // without taking their text
@@ -51,7 +52,6 @@ protected:
 
 private:
   void ConnectFrames();
-  [[nodiscard]] EditorValues Gather() const;
   void SetControls(const EditorValues& values, const DecodeResult& result);
   void ShowSelcallMode();
   void ReinitialiseChannels(int lowerLimit);

@@ -1,0 +1,42 @@
+// mr4500x-cli-print FILE OUT.pdf REPORTS: what mr4500x-cli becomes for its command print, so that its other commands
+// start without the libraries that draw pages. The arguments have been checked there.
+#include "machine.h"
+#include "posix_file_system.h"
+#include "print_command.h"
+
+#include <QGuiApplication>
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <iostream>
+
+namespace {
+
+// What Qt finds worth telling of a session without a desktop is no concern of a script's.
+void DropDiagnostics(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const auto choice = argc == 4 ? mr4500x::ParseReports(argv[3]) : std::nullopt;
+  if (!choice) {
+    std::cerr << "This is a part of mr4500x-cli: see mr4500x-cli print --help.\n";
+    return static_cast<int>(mr4500x::ExitStatus::UnusableArguments);
+  }
+  signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed save with its message
+  qInstallMessageHandler(DropDiagnostics);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  try {
+    const QGuiApplication application(argc, argv);
+    mr4500x::PosixFileSystem files;
+    mr4500x::Terminal terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0};
+    return static_cast<int>(
+        mr4500x::RunPrint(files, argv[1], argv[2], *choice, QLocale(), mr4500x::LocalNow(), terminal));
+  } catch (const std::exception& error) { // out of memory, in the main
+    std::cerr << error.what() << '\n';
+    return static_cast<int>(mr4500x::ExitStatus::Failed);
+  }
+}

@@ -1,0 +1,44 @@
+#include "print_command.h"
+
+#include "embedded_info.h"
+#include "file_commands.h"
+#include "locale_texts.h"
+#include "pdf_printer.h"
+
+#include <ostream>
+
+namespace mr4500x {
+
+std::optional<ReportChoice> ParseReports(std::string_view names) {
+  ReportChoice choice;
+  while (true) {
+    const std::string_view name = names.substr(0, names.find(','));
+    if (name == "channels") {
+      choice.channels = true;
+    } else if (name == "tts") {
+      choice.tts = true;
+    } else if (name == "info") {
+      choice.info = true;
+    } else {
+      return std::nullopt;
+    }
+    if (name.size() == names.size()) return choice;
+    names.remove_prefix(name.size() + 1);
+  }
+}
+
+ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::string& pdfFile,
+                    const ReportChoice& choice, const QLocale& locale, const LocalTime& now, Terminal& terminal) {
+  RadioImage image;
+  EditorValues values;
+  if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal)) {
+    return ExitStatus::Failed;
+  }
+  PdfPrinter printer(files, pdfFile);
+  const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));
+  const std::optional<std::string> failure = PrintReports(printer, texts, choice);
+  if (failure) terminal.err << *failure << '\n';
+  return failure ? ExitStatus::Failed : ExitStatus::Done;
+}
+
+} // namespace mr4500x

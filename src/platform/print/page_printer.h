@@ -1,0 +1,37 @@
+// A printer over one of Qt's paged devices: pages of paper or of a PDF file, drawn in twips.
+#pragma once
+
+#include "printer.h"
+
+#include <QFont>
+#include <QPainter>
+
+class QPagedPaintDevice;
+
+namespace mr4500x {
+
+// The widths of texts are those of unhinted glyphs without kerning: the same on every device and at every resolution.
+class PagePrinter : public Printer {
+public:
+  [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
+  [[nodiscard]] double TextHeight(const PrintFont& font) const override;
+  [[nodiscard]] PrintArea Area() const override;
+  [[nodiscard]] std::optional<std::string> NewPage() override;
+  void SetScale(double scale) override;
+  void PrintText(double x, double y, const PrintFont& font, std::string_view text) override;
+  void PrintLine(double x1, double y1, double x2, double y2, double thickness) override;
+
+protected:
+  // The device outlives the job.
+  [[nodiscard]] bool BeginOn(QPagedPaintDevice& device);
+  [[nodiscard]] bool EndPainting();
+
+private:
+  QPagedPaintDevice* m_device = nullptr;
+  QPainter m_painter;
+};
+
+// A4, portrait.
+void SetPaper(QPagedPaintDevice& device);
+
+} // namespace mr4500x

@@ -1,0 +1,57 @@
+#include "pdf_printer.h"
+
+#include "file_access.h"
+
+#include <QMarginsF>
+#include <QPdfWriter>
+
+#include <cstdint>
+#include <span>
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr int Resolution = 1440; // a twip each
+// What office printers can't reach of their paper. A PDF file is often printed later, and loses nothing then.
+constexpr double Unprintable = 6; // millimetres
+
+} // namespace
+
+PdfPrinter::PdfPrinter(FileSystem& files, std::string path) : m_files(files), m_path(std::move(path)) {}
+
+PdfPrinter::~PdfPrinter() {
+  AbandonJob();
+}
+
+std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
+  if (m_path.empty()) return "There is no printer. \"Printer...\" offers to print to a PDF file.";
+  m_pages.open(QIODevice::WriteOnly | QIODevice::Truncate);
+  m_writer = std::make_unique<QPdfWriter>(&m_pages);
+  m_writer->setResolution(Resolution);
+  m_writer->setTitle(QString::fromStdString(title));
+  m_writer->setCreator(QString::fromStdString(title));
+  SetPaper(*m_writer);
+  m_writer->setPageMargins(QMarginsF(Unprintable, Unprintable, Unprintable, Unprintable), QPageLayout::Millimeter);
+  if (BeginOn(*m_writer)) return std::nullopt;
+  return "The PDF file " + m_path + " can't be started.";
+}
+
+std::optional<std::string> PdfPrinter::EndJob() {
+  const bool hasEnded = EndPainting();
+  m_writer.reset();
+  m_pages.close();
+  const QByteArray& bytes = m_pages.data();
+  const std::span content(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                          static_cast<std::size_t>(bytes.size()));
+  if (hasEnded && ReplaceFile(m_files, m_path, content, Surplus::Drop)) return std::nullopt;
+  return "The PDF file " + m_path + " can't be written.";
+}
+
+void PdfPrinter::AbandonJob() {
+  static_cast<void>(EndPainting());
+  m_writer.reset();
+  m_pages.close();
+}
+
+} // namespace mr4500x

@@ -1,0 +1,29 @@
+// The desktop's printers, over Qt's printing classes.
+#pragma once
+
+#include "file_system.h"
+#include "printer.h"
+
+#include <memory>
+
+class QPrinter;
+
+namespace mr4500x {
+
+// Asks the printing system at the first use: the program starts without it.
+class QtPrinters final : public Printers {
+public:
+  explicit QtPrinters(FileSystem& files);
+  ~QtPrinters() override;
+
+  [[nodiscard]] std::unique_ptr<Printer> CurrentPrinter() override;
+  void SetUpPrinter(const std::string& title) override;
+
+private:
+  [[nodiscard]] QPrinter& Chosen();
+
+  FileSystem& m_files;
+  std::unique_ptr<QPrinter> m_printer; // as the user has set it up
+};
+
+} // namespace mr4500x

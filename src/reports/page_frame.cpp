@@ -1,0 +1,73 @@
+#include "page_frame.h"
+
+#include "window_titles.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+constexpr double Left = 400;
+constexpr double HeaderTop = 200;
+constexpr double HeaderRule = 440;
+constexpr double TitleToEdge = 1300;   // from the title's end to the right edge
+constexpr double RuleToEdge = 1000;    // from the rules' ends to the right edge
+constexpr double FooterRule = 1100;    // from the bottom edge
+constexpr double FooterTop = 1060;     // from the bottom edge
+constexpr double FooterLeft = 2800;    // from the right edge
+constexpr double AboveFooterRule = 60; // kept clear
+
+constexpr double ModelTop = 600;
+constexpr PrintFont ModelFont = {10, false};
+constexpr PrintFont ModelBold = {10, true};
+
+void AddFrame(ReportPage& page, const ReportTexts& texts, const PageSetting& setting) {
+  const std::string title(BareTitle);
+  const auto [width, height] = setting.area;
+  page.texts.push_back({Left, HeaderTop, FrameFont, "VTR"});
+  page.texts.push_back(
+      {width - setting.measure.TextWidth(title, FrameFont) - TitleToEdge, HeaderTop, FrameFont, title});
+  page.rules.push_back({Left, HeaderRule, width - RuleToEdge, HeaderRule});
+  page.rules.push_back({Left, height - FooterRule, width - RuleToEdge, height - FooterRule});
+  page.texts.push_back({width - FooterLeft, height - FooterTop, FrameFont, texts.printedAt});
+}
+
+double BottomOf(const ReportPage& page, const TextMeasure& measure) {
+  double bottom = 0;
+  for (const PageText& text : page.texts)
+    bottom = std::max(bottom, text.y + measure.TextHeight(text.font));
+  for (const PageRule& rule : page.rules)
+    bottom = std::max(bottom, rule.y2);
+  return bottom;
+}
+
+} // namespace
+
+void AddModelLine(ReportPage& page, const ReportTexts& texts) {
+  page.texts.push_back({2200, ModelTop, ModelFont, "Model: "});
+  page.texts.push_back({3000, ModelTop, ModelBold, "LR7200 Series"});
+  page.texts.push_back({5400, ModelTop, ModelFont, "Frequency Band: "});
+  page.texts.push_back({7100, ModelTop, ModelBold, texts.frequencyBand});
+}
+
+ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
+                      const std::function<void(ReportPage&, const PageSetting&)>& addReport) {
+  const auto framed = [&](const PageSetting& onSetting) {
+    ReportPage page;
+    addReport(page, onSetting);
+    AddFrame(page, texts, onSetting);
+    return page;
+  };
+  ReportPage report;
+  addReport(report, setting);
+  const double needed = BottomOf(report, setting.measure) + AboveFooterRule + FooterRule;
+  const auto [width, height] = setting.area;
+  if (needed <= height) return framed(setting);
+  const double scale = height / needed;
+  // More width than before can only need fewer lines, so that the report's end stays above the footer.
+  ReportPage page = framed({setting.measure, {width / scale, height / scale}});
+  page.scale = scale;
+  return page;
+}
+
+} // namespace mr4500x

@@ -1,0 +1,25 @@
+// Printing the chosen reports as one job.
+#pragma once
+
+#include "printer.h"
+#include "report_texts.h"
+
+#include <optional>
+#include <string>
+
+namespace mr4500x {
+
+struct ReportChoice {
+  bool channels = false; // the channel table with the global settings
+  bool tts = false;
+  bool info = false; // the embedded information
+  [[nodiscard]] bool Any() const { return channels || tts || info; }
+  bool operator==(const ReportChoice&) const = default;
+};
+
+// One page a report, in the order above. On a failure the whole job is abandoned and the answer is the system's
+// description. Does nothing where no report is chosen.
+[[nodiscard]] std::optional<std::string> PrintReports(Printer& printer, const ReportTexts& texts,
+                                                      const ReportChoice& choice);
+
+} // namespace mr4500x

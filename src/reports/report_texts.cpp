@@ -1,0 +1,124 @@
+// Which settings the reports name, under which labels and in which order.
+#include "report_texts.h"
+
+#include <span>
+#include <variant>
+
+namespace mr4500x {
+namespace {
+
+using BoxText = std::string EditorValues::*;
+struct SelCallWithStandard {}; // in 5-tone mode the mode is followed by the standard
+struct SignalSentence {};      // a sentence in the place of label and value
+enum class Key { ShortA, LongA, ShortB, LongB, ShortC, LongC };
+
+using Source = std::variant<std::monostate, ChoiceList, BoxText, Key, SelCallWithStandard, SignalSentence>;
+
+struct Item {
+  std::string_view label;
+  Source source;
+};
+
+struct Line {
+  Item left, right;
+};
+
+struct Section {
+  std::string_view title;
+  std::span<const Line> lines;
+};
+
+// clang-format off
+constexpr Line RadioRecord[] = {
+  {{"ID Number: ",         &EditorValues::lblID},          {"Version of Firmware: ", &EditorValues::lblVer}},
+};
+constexpr Line GlobalRadioSettings[] = {
+  {{"Battery Save: ",      ChoiceList::BatterySave},       {"SelCall: ",             SelCallWithStandard{}}},
+  {{"Beep Tone: ",         ChoiceList::BeepTone},          {"Digit Time: ",          ChoiceList::DigitTime}},
+  {{"Tx TOT: ",            ChoiceList::TxTot},             {"Inter Digit Time: ",    ChoiceList::InterDigitTime}},
+  {{"Busy Channel Lock: ", ChoiceList::BusyChLock},        {"Beep Enable: ",         ChoiceList::BeepEnable}},
+  {{"Squelch Level: ",     ChoiceList::SquelchLevel},      {"PTT ID: ",              ChoiceList::PttId}},
+  {{"Compander: ",         ChoiceList::Compander},         {"Connect ID: ",          &EditorValues::txtConnect}},
+  {{"VOX Sensitivity: ",   ChoiceList::VoxSensivity},      {"Disconnect ID: ",       &EditorValues::txtDisconnect}},
+  {{"Manual Tune",         ChoiceList::ManualTune},        {"Emergency Ani: ",       &EditorValues::txtANI}},
+};
+constexpr Line ScanInformation[] = {
+  {{"Scan Mode: ",         ChoiceList::ScanMode},          {"Priority CH: ",         ChoiceList::PriorityCh}},
+  {{"TO Scan Delay: ",     ChoiceList::ToScanDelay},       {"Revert CH: ",           ChoiceList::RevertCh}},
+  {{"Restore Time: ",      ChoiceList::RestoreTime},       {"Look Back: ",           ChoiceList::LookBack}},
+  {{"",                    SignalSentence{}},              {}},
+};
+constexpr Line KeyProgramLines[] = {
+  {{"Short A: ",           Key::ShortA},                   {"Long A: ",              Key::LongA}},
+  {{"Short B: ",           Key::ShortB},                   {"Long B: ",              Key::LongB}},
+  {{"Short C: ",           Key::ShortC},                   {"Long C: ",              Key::LongC}},
+};
+constexpr Section Sections[] = {
+  {"Radio Record",          RadioRecord},
+  {"Global Radio Settings", GlobalRadioSettings},
+  {"Scan Information",      ScanInformation},
+  {"Key Program",           KeyProgramLines},
+};
+// clang-format on
+
+std::string SelCallText(const EditorValues& values) {
+  std::string text(TextOf(values, ChoiceList::SelectCall));
+  const bool isTts = values[ChoiceList::SelectCall].position == 0;
+  if (!isTts) text += " (Standards: " + std::string(TextOf(values, ChoiceList::Standards)) + ")";
+  return text;
+}
+
+SettingText Resolve(const Item& item, const EditorValues& values) {
+  SettingText text{std::string(item.label), {}};
+  if (const auto* list = std::get_if<ChoiceList>(&item.source)) {
+    text.value = TextOf(values, *list);
+  } else if (const auto* box = std::get_if<BoxText>(&item.source)) {
+    text.value = values.*(*box);
+  } else if (const auto* key = std::get_if<Key>(&item.source)) {
+    text.value = KeyTextOf(values, static_cast<std::size_t>(*key));
+  } else if (std::holds_alternative<SelCallWithStandard>(item.source)) {
+    text.value = SelCallText(values);
+  } else if (std::holds_alternative<SignalSentence>(item.source)) {
+    text.label = values.chkSignal ? "Scan with Signal." : "Scan without Signal.";
+  }
+  return text;
+}
+
+std::vector<SettingsSection> SettingsOf(const EditorValues& values) {
+  std::vector<SettingsSection> sections;
+  for (const Section& section : Sections) {
+    SettingsSection& resolved = sections.emplace_back();
+    resolved.title = section.title;
+    for (const Line& line : section.lines) {
+      resolved.lines.push_back({Resolve(line.left, values), Resolve(line.right, values)});
+    }
+  }
+  return sections;
+}
+
+TtsTexts TtsOf(const EditorValues& values) {
+  TtsTexts texts;
+  for (std::size_t entry = 0; entry < texts.size(); ++entry) {
+    for (std::size_t column = 0; column < texts[entry].size(); ++column) {
+      texts[entry][column] = values.gridTTS[entry][column + 1];
+    }
+  }
+  return texts;
+}
+
+} // namespace
+
+ReportTexts ReportTextsOf(const EditorValues& values, std::u16string_view embeddedText, std::string_view printedAt) {
+  ReportTexts texts;
+  texts.printedAt = printedAt;
+  texts.frequencyBand = values.txtFreqBandL + "MHz~" + values.txtFreqBandU + "MHz";
+  texts.channels = values.channels;
+  texts.settings = SettingsOf(values);
+  texts.selCall = TextOf(values, ChoiceList::SelectCall);
+  texts.autoResetTime = values.chkResetTimeOFF ? "OFF" : values.txtResetTime + "s";
+  texts.tts = TtsOf(values);
+  texts.embeddedText = embeddedText;
+  return texts;
+}
+
+} // namespace mr4500x
