@@ -42,7 +42,7 @@ svg_package=libqt6svg6
   debian:1[3-9]*) svg_package=qt6-svg-plugins ;;
 esac
 
-build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package libcli11-dev nlohmann-json3-dev"
+build_packages="fonts-liberation fonts-droid-fallback cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package libcli11-dev nlohmann-json3-dev"
 
 # build PRESET [TARGET...]: configures once and builds, quietly unless it fails.
 build() {

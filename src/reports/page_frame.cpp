@@ -10,12 +10,12 @@ namespace {
 constexpr double Left = 400;
 constexpr double HeaderTop = 200;
 constexpr double HeaderRule = 440;
-constexpr double TitleToEdge = 1300;   // from the title's end to the right edge
-constexpr double RuleToEdge = 1000;    // from the rules' ends to the right edge
-constexpr double FooterRule = 1100;    // from the bottom edge
-constexpr double FooterTop = 1060;     // from the bottom edge
-constexpr double FooterLeft = 2800;    // from the right edge
-constexpr double AboveFooterRule = 60; // kept clear
+constexpr double TitleToEdge = 1300;    // from the title's end to the right edge
+constexpr double RuleToEdge = 1000;     // from the rules' ends to the right edge
+constexpr double FooterRule = 1100;     // from the bottom edge
+constexpr double FooterTop = 1060;      // from the bottom edge
+constexpr double FooterLeft = 2800;     // from the right edge
+constexpr double AboveFooterRule = 120; // kept clear
 
 constexpr double ModelTop = 600;
 constexpr PrintFont ModelFont = {10, false};

@@ -1,5 +1,5 @@
 // The main window: its menus and buttons and what they run, the views, the start and the end.
-#include "decimal_separator.h"
+#include "locale_texts.h"
 #include "modal_dialog.h"
 #include "program_fixture.h"
 
@@ -26,7 +26,7 @@ TEST_F(ProgramTest, HasItsMenus) {
   }
   EXPECT_EQ(menus,
             (Lines{
-                "&File/&Open...[Ctrl+O]/&Close*/-/&Save[Ctrl+S]/Save &As.../-/&Print...*/-/-/E&Xit",
+                "&File/&Open...[Ctrl+O]/&Close*/-/&Save[Ctrl+S]/Save &As.../-/&Print.../-/-/E&Xit",
                 "&Edit/&Copy[Ctrl+C]/&Paste[Ctrl+V]",
                 "&Option/&Channels Settings[F5]+/-/&Function Settings[F6]",
                 "&Program/&Read[Ctrl+R]/-/ &Write[Ctrl+W]",
@@ -46,7 +46,6 @@ TEST_F(ProgramTest, RunsTheSameCommandFromMenuAndToolbar) {
       {"mnuFileOpen", "Open", "Open", {"dialog Open"}},
       {"mnuFileSave", "Save", "Save", {"dialog Save"}},
       {"mnuFileSaveAs", "", "", {"dialog Save As"}},
-      {"mnuFilePrint", "Print", "Print", {}},
       {"mnuProgramRead", "Read", "Read", {"X|Error|COM3: gone"}},
       {"mnuProgramWrite", "Write", "Write", {"X|Error|COM3: gone"}},
       {"mnuHelpContents", "", "", {"help contents"}},

@@ -5,6 +5,7 @@
 #include "editor_panel.h"
 #include "files_fixture.h"
 #include "frm_main.h"
+#include "pdf_printer.h"
 #include "scripted_radio.h"
 #include "transfer_guard.h"
 #include "window_titles.h"
@@ -23,13 +24,15 @@ namespace mr4500x {
 
 using Lines = std::vector<std::string>;
 
-struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, Clipboard, HelpViewer {
+struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, Clipboard, HelpViewer, Printers {
   Lines happened;
   std::deque<Answer> answers;                   // to questions
   std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
   std::vector<FileQuestion> questions;
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
+  PosixFileSystem files;
+  std::string pdfFile; // that is printed to; empty: there is no printer
 
   Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {
     const std::string icons[] = {"", "i|", "!|", "X|"};
@@ -49,6 +52,8 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, Clipboard, H
   std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
   std::string Text() override { return {}; }
   void SetText(const std::string&) override {}
+  std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
+  void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
   void OpenContents() override { happened.emplace_back("help contents"); }
   void OpenIndex() override { happened.emplace_back("help index"); }
 
@@ -86,7 +91,7 @@ protected:
 
   void Start() {
     window = std::make_unique<FrmMain>(
-        MainServices{desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
+        MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
                      Path("MR4500X.ini"), Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
                      [this](const WindowGeometry& geometry) {

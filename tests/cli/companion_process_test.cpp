@@ -152,6 +152,41 @@ TEST_F(CompanionTest, FailuresHaveTheirMessageAndLeaveTheFile) {
   SetUp();
 }
 
+TEST_F(CompanionTest, PrintsAFile) {
+  ASSERT_EQ(Cli("new " + folder + "/a.K4X").status, 0);
+  const std::string pdf = folder + "/a.pdf";
+  const auto pagesOf = [&](const std::string& reports) {
+    const Ended ended = Cli("print " + folder + "/a.K4X " + pdf + reports);
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.output, "");
+    const std::string info = Shell("pdfinfo " + pdf).output;
+    return info.substr(info.find("Pages:"), std::string("Pages:           n").size());
+  };
+  EXPECT_EQ(pagesOf(""), "Pages:           3");
+  EXPECT_EQ(pagesOf(" --reports info,channels"), "Pages:           2");
+  EXPECT_NE(Shell("pdftotext " + pdf + " -").output.find("No Embedded Information."), std::string::npos);
+
+  const std::string before = Shell("cat " + pdf).output;
+  const struct {
+    std::string arguments;
+    int status;
+    std::string output;
+  } cases[] = {
+      {folder + "/none.K4X " + pdf, 1, "File has been damaged!\n"},
+      {folder + "/a.K4X " + folder, 1, "The PDF file " + folder + " can't be written.\n"},
+      {folder + "/a.K4X " + pdf + " --reports all", 2, {}},
+      {folder + "/a.K4X", 2, {}},
+  };
+  for (const auto& [arguments, status, output] : cases) {
+    const Ended ended = Cli("print " + arguments);
+    EXPECT_EQ(ended.status, status) << arguments;
+    if (status == 1) {
+      EXPECT_EQ(ended.output, output);
+    }
+  }
+  EXPECT_EQ(Shell("cat " + pdf).output, before);
+}
+
 TEST_F(CompanionTest, FilesAndArguments) {
   const std::string file = folder + "/a.K4X";
   EXPECT_EQ(Cli("new " + file).status, 0);

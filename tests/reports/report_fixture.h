@@ -1,0 +1,48 @@
+// Configurations for the reports: what they print of a new radio, and of one that fills every place.
+#pragma once
+
+#include "print_reports.h"
+
+#include <string>
+
+namespace mr4500x {
+
+inline EditorValues NewValues() {
+  RadioImage image;
+  EditorValues values;
+  ResetEditor(image, values, BuildFieldTexts('.'), {2026, 11, 24, 9, 5, 7});
+  return values;
+}
+
+// All channels in use, the longest texts that the fields can have, 5-tone signaling.
+inline EditorValues FullValues() {
+  EditorValues values = NewValues();
+  values[ChoiceList::SelectCall] = {1, 0};
+  values[ChoiceList::Standards] = {6, 0};
+  values.txtConnect = values.txtDisconnect = values.txtANI = "ABCD0123456789*#";
+  values.lblID = values.lblVer = "WWWWWWWWWWWWWWWW";
+  values.chkSignal = true;
+  values.chkResetTimeOFF = false;
+  values.txtResetTime = "255";
+  for (ChannelTexts& channel : values.channels) {
+    channel = {false,
+               false,
+               {"", "520.00000", "6.25", "D754I", "5T 88888", "AND", "OFF", "520.00000", "6.25", "CTC#77", "5T 88888",
+                "Inhibit", "OFF", "12.5", "Tone A"}};
+  }
+  return values;
+}
+
+inline ReportTexts TextsOf(const EditorValues& values, std::u16string_view embedded = {}) {
+  return ReportTextsOf(values, embedded, "24 Nov 2026 09:05:07");
+}
+
+// A text of 119 characters that is as high as one can be.
+inline std::u16string HighText() {
+  std::u16string text = u"Top";
+  while (text.size() + 2 <= 119)
+    text += u"\r\n";
+  return text;
+}
+
+} // namespace mr4500x
