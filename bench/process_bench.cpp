@@ -78,5 +78,20 @@ BENCHMARK(CliShow)
     ->Repetitions(5)
     ->ReportAggregatesOnly();
 
+void CliPrint(benchmark::State& state) {
+  const std::string stem = std::filesystem::temp_directory_path() / ("mr4500x-bench-" + std::to_string(getpid()));
+  rusage used{};
+  WaitForProgram(StartProgram({MR4500X_CLI, "new", stem + ".K4X"}), used);
+  RunProgram(state, {MR4500X_CLI, "print", stem + ".K4X", stem + ".pdf"});
+  std::filesystem::remove(stem + ".K4X");
+  std::filesystem::remove(stem + ".pdf");
+}
+BENCHMARK(CliPrint)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(20)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly();
+
 } // namespace
 } // namespace mr4500x

@@ -32,13 +32,13 @@ bool Succeeds(Phase phase) {
 void FileCommands::Open() {
   m_context.panel.CommitOpenEditors();
   const std::optional<std::string> path = m_context.services.dialogs.AskOpen(
-      {"Open", OpenFilter, m_context.services.programFolder, /*proposedName*/ "", DefaultExtension});
+      {"Open", OpenFilter, m_context.services.folderForFiles, /*proposedName*/ "", DefaultExtension});
   if (!path) return;
   m_context.state.LastFileName = *path;
   OpenFile(*path);
 }
 
-void FileCommands::OpenRecent(const std::string& path) {
+void FileCommands::OpenGiven(const std::string& path) {
   m_context.panel.CommitOpenEditors();
   m_context.state.LastFileName = path;
   OpenFile(path);
@@ -126,8 +126,8 @@ void FileCommands::SaveAs() {
 // A cancelled dialog ends the command.
 bool FileCommands::AskSaveName(const char* title) {
   std::string& name = m_context.state.LastFileName;
-  const std::optional<std::string> chosen =
-      m_context.services.dialogs.AskSave({title, SaveFilter, m_context.services.programFolder, name, DefaultExtension});
+  const std::optional<std::string> chosen = m_context.services.dialogs.AskSave(
+      {title, SaveFilter, m_context.services.folderForFiles, name, DefaultExtension});
   if (chosen) name = *chosen;
   return chosen.has_value();
 }

@@ -16,7 +16,7 @@ public:
   explicit FileCommands(const CommandContext& context) : m_context(context) {}
 
   void Open();
-  void OpenRecent(const std::string& path);
+  void OpenGiven(const std::string& path); // by the recent-file list or from outside
   CloseEnd Close();
   void Save();
   void SaveAs();

@@ -64,10 +64,8 @@ void FrmMain::BuildCommands() {
   RecentMenu::Entries entries{};
   for (std::size_t i = 0; i < entries.size(); ++i)
     entries[i] = NamedAction(qPrintable(QStringLiteral("mnuRecent(%1)").arg(i + 1)));
-  m_recent =
-      std::make_unique<RecentMenu>(entries, m_services.files, m_services.settingsFile, [this](const std::string& path) {
-        RunCommand([&] { m_fileCommands->OpenRecent(path); });
-      });
+  m_recent = std::make_unique<RecentMenu>(entries, m_services.files, m_services.settingsFile,
+                                          [this](const std::string& path) { OpenGiven(path); });
   const CommandContext context = {
       m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *NamedAction("mnuFileClose"), *this};
   m_fileCommands = std::make_unique<FileCommands>(context);
@@ -138,6 +136,10 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseButtonPress) m_panel->CommitOpenEditors();
   return QMainWindow::eventFilter(watched, event);
+}
+
+void FrmMain::OpenGiven(const std::string& path) {
+  RunCommand([&] { m_fileCommands->OpenGiven(path); });
 }
 
 void FrmMain::mnuFileOpen_Click() {

@@ -32,6 +32,8 @@ public:
 
   [[nodiscard]] const RadioImage& Image() const { return m_image; }
   [[nodiscard]] const EditorState& State() const { return m_state; }
+  // Opens a file that came from outside: with the start, by a double-click.
+  void OpenGiven(const std::string& path);
   [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
 
 protected:

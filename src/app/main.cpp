@@ -1,11 +1,14 @@
-// MR4500X: the start. The splash stays while the main window loads, and for a moment that lets it be read.
+// MR4500X [FILE]: the start. The splash stays while the main window loads, and for a moment that lets it be read.
 #include "frm_splash.h"
 #include "program.h"
 #include "steady_clock.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QEventLoop>
 #include <QTimer>
+
+#include <iostream>
 
 namespace {
 
@@ -23,6 +26,11 @@ void StayUntil(Clock::Moment moment, Clock& clock) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() > 2) {
+    std::cerr << "usage: MR4500X [FILE]\n";
+    return 2;
+  }
   FrmSplash splash;
   splash.ShowPainted();
   SteadyClock clock;
@@ -31,5 +39,9 @@ int main(int argc, char** argv) {
   StayUntil(shown + FrmSplash::LeastTime, clock);
   program.Window().show();
   splash.close();
+  if (arguments.size() == 2) {
+    const std::string path = QDir::current().absoluteFilePath(arguments[1]).toStdString();
+    QTimer::singleShot(0, &program.Window(), [&program, path] { program.Window().OpenGiven(path); });
+  }
   return QApplication::exec();
 }

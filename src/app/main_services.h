@@ -32,7 +32,7 @@ struct MainServices {
   Clock& clock;     // of the transfers
   UserInput& input; // held during them
   std::string settingsFile;
-  std::string programFolder;
+  std::string folderForFiles; // where the file dialogs start
   std::function<LocalTime()> now;
   std::function<std::string(int)> deviceOfPort; // empty for none
   std::function<void(const WindowGeometry&)> storeGeometry;

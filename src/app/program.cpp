@@ -7,6 +7,7 @@
 #include "window_titles.h"
 
 #include <QDesktopServices>
+#include <QStandardPaths>
 #include <QUrl>
 
 namespace mr4500x {
@@ -23,12 +24,18 @@ Program::Program()
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }), m_messages(m_input),
       m_progress(std::string(BareTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
       m_frmMain({m_messages, m_progress, m_dialogs, m_clipboard, m_help, m_printers, m_files, m_port, m_clock, m_input,
-                 m_settingsFile, m_folder, LocalNow, [this](int port) { return DeviceOf(port); }, StoreWindowGeometry,
-                 OpenLink}) {}
+                 m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
+                 StoreWindowGeometry, OpenLink}) {}
 
 // Asked anew each time: adapters come and go while the program runs.
 std::string Program::DeviceOf(int port) {
   return DeviceOfPort(port, PortDevices(m_files, m_settingsFile), MachineSerialDevices());
+}
+
+// Where the file dialogs start: beside the program, or with the user's own files where nothing can be kept there.
+std::string Program::FolderForFiles() {
+  if (!BelongsToSystem(m_folder) && m_files.CanWrite(m_folder)) return m_folder;
+  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
 }
 
 } // namespace mr4500x

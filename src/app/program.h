@@ -25,6 +25,7 @@ public:
 
 private:
   [[nodiscard]] std::string DeviceOf(int port);
+  [[nodiscard]] std::string FolderForFiles();
 
   PosixFileSystem m_files;
   std::string m_folder;

@@ -35,11 +35,16 @@ std::string InFolder(const std::string& folder) {
 
 } // namespace
 
+bool BelongsToSystem(const std::string& programFolder) {
+  return programFolder.starts_with("/usr/") && !programFolder.starts_with("/usr/local/");
+}
+
 std::string SettingsFilePath(FileSystem& files, const std::string& programFolder, const std::string& userConfigFolder) {
   const std::string ofProgram = InFolder(programFolder);
   const auto status = files.Status(ofProgram);
   const bool exists = status && status->kind != FileKind::Missing;
-  return exists || files.CanWrite(programFolder) ? ofProgram : InFolder(userConfigFolder);
+  const bool mayBeMade = !BelongsToSystem(programFolder) && files.CanWrite(programFolder);
+  return exists || mayBeMade ? ofProgram : InFolder(userConfigFolder);
 }
 
 int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {

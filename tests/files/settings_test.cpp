@@ -79,6 +79,7 @@ TEST_F(FilesTest, SettingsLiveBesideTheProgramWhereTheyCan) {
   const std::string program = Path("program"), user = Path("user");
   std::filesystem::create_directory(program);
   EXPECT_EQ(SettingsFilePath(files, program, user), program + "/MR4500X.ini");
+  EXPECT_EQ(SettingsFilePath(files, "/usr/bin", user), user + "/MR4500X.ini"); // also for root
   files.unwritable = {program};
   EXPECT_EQ(SettingsFilePath(files, program, user), user + "/MR4500X.ini");
   std::filesystem::create_directory(user);
