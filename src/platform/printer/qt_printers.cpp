@@ -51,6 +51,7 @@ QPrinter& QtPrinters::Chosen() {
 
 // Without a printer Qt offers PDF files, and the user has to name one.
 std::unique_ptr<Printer> QtPrinters::CurrentPrinter() {
+  if (!m_isSetUp) m_printer.reset();
   QPrinter& printer = Chosen();
   if (printer.outputFormat() != QPrinter::PdfFormat) return std::make_unique<PaperPrinter>(printer);
   return std::make_unique<PdfPrinter>(m_files, printer.outputFileName().toStdString());
@@ -62,7 +63,7 @@ void QtPrinters::SetUpPrinter(const std::string& title) {
   dialog.setObjectName(QStringLiteral("printerDialog"));
   dialog.setWindowTitle(QString::fromStdString(title));
   dialog.setOptions(QAbstractPrintDialog::PrintToFile);
-  dialog.exec();
+  if (dialog.exec() == QDialog::Accepted) m_isSetUp = true;
   SetPaper(printer);
 }
 

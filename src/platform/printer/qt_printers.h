@@ -23,7 +23,8 @@ private:
   [[nodiscard]] QPrinter& Chosen();
 
   FileSystem& m_files;
-  std::unique_ptr<QPrinter> m_printer; // as the user has set it up
+  std::unique_ptr<QPrinter> m_printer;
+  bool m_isSetUp = false; // by the user; until then each job asks for the default printer
 };
 
 } // namespace mr4500x
