@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <utility>
@@ -22,6 +23,10 @@ struct ScriptedRadio final : SerialPort, Clock {
   LineBytes identity = {'R', 0xB8, 0x01, 0xD6, 0x01, 0x00, '0', 0x77, 0x77};
   Moment latency = 2ms;                                           // from a frame's last bit to the answer's first
   std::function<void(std::size_t frame, LineBytes& reply)> spoil; // may change the answer to frame 0, 1, ...
+  struct {
+    std::size_t before = SIZE_MAX; // this byte of the next answer
+    Moment length{};
+  } gap;
   std::optional<std::string> openFailure;
   int operationsLeft = 1'000'000; // before the port fails for good
   bool stuck = false;             // bytes never leave
@@ -75,8 +80,9 @@ struct ScriptedRadio final : SerialPort, Clock {
     LineBytes reply = ReplyTo(frames.back());
     if (spoil) spoil(frames.size() - 1, reply);
     Moment arrival = sentAt + latency;
-    for (const std::uint8_t byte : reply)
-      air.emplace_back(arrival += 1250us, byte);
+    for (std::size_t i = 0; i < reply.size(); ++i)
+      air.emplace_back(arrival += 1250us + (i == gap.before ? gap.length : 0us), reply[i]);
+    gap = {};
     return true;
   }
 
