@@ -1,6 +1,7 @@
 // What the tests of files share: a folder of their own, and a file system whose calls can be made to fail.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -20,6 +21,7 @@ public:
   int failAt = 0;
   bool failFromThereOn = false;
   std::size_t mostWritten = SIZE_MAX; // of one Write
+  std::size_t diskRoom = SIZE_MAX;    // bytes until the disk is full
   std::set<std::string> unwritable;
   int calls = 0;
 
@@ -52,7 +54,12 @@ public:
     return Try([&] { return m_real.ReadAt(file, offset, bytes); });
   }
   std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override {
-    return Try([&] { return m_real.Write(file, bytes.first(std::min(bytes.size(), mostWritten))); });
+    return Try([&]() -> std::optional<std::size_t> {
+      if (diskRoom == 0) return std::nullopt;
+      const auto count = m_real.Write(file, bytes.first(std::min({bytes.size(), mostWritten, diskRoom})));
+      diskRoom -= count.value_or(0);
+      return count;
+    });
   }
   bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override {
     return Try([&] { return m_real.SetOwner(file, owner, group); });
