@@ -25,9 +25,8 @@ struct Line {
 };
 
 Line LineAt(std::string_view text, std::size_t begin) {
-  const auto feed = text.find('\n', begin);
-  if (feed == std::string_view::npos) return {begin, text.size(), text.size()};
-  return {begin, feed > begin && text[feed - 1] == '\r' ? feed - 1 : feed, feed + 1};
+  const auto end = std::min(text.find('\n', begin), text.size());
+  return {begin, end > begin && text[end - 1] == '\r' ? end - 1 : end, std::min(end + 1, text.size())};
 }
 
 std::optional<std::string_view> SectionName(std::string_view content) {
@@ -121,7 +120,7 @@ bool SetIniValue(std::string& text, std::string_view section, std::string_view k
   const std::string lineEnd(LineEndOf(text));
   std::string added;
   const std::size_t at = place.sectionEnd.value_or(text.size());
-  if (at > 0 && text[at - 1] != '\n' && text != ByteOrderMark) added += lineEnd;
+  if (at > 0 && text[at - 1] != '\n' && text != ByteOrderMark) added += text[at - 1] == '\r' ? "\n" : lineEnd;
   if (!place.sectionEnd) added.append("[").append(section).append("]").append(lineEnd);
   added.append(key).append("=").append(ValueText(value)).append(lineEnd);
   text.insert(at, added);

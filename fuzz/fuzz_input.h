@@ -1,0 +1,51 @@
+// What the fuzzing targets share: the bytes they are given, taken piece by piece, and the demand that something holds.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <span>
+#include <string>
+
+// The entry of every target, called by the fuzzer and by the replay.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace mr4500x {
+
+// Ends the process with a message unless the condition holds: the finding of a fuzzer, the failure of a replay.
+inline void Require(bool holds, const char* what) {
+  if (holds) return;
+  std::fprintf(stderr, "Does not hold: %s\n", what);
+  std::abort();
+}
+
+// Past its end an input goes on with zeros.
+class FuzzInput {
+public:
+  explicit FuzzInput(std::span<const std::uint8_t> bytes) : m_rest(bytes) {}
+
+  [[nodiscard]] bool IsEmpty() const { return m_rest.empty(); }
+  std::uint8_t Byte() {
+    if (m_rest.empty()) return 0;
+    const std::uint8_t byte = m_rest.front();
+    m_rest = m_rest.subspan(1);
+    return byte;
+  }
+  int Below(int end) { return Byte() % end; }
+  // A length and as many bytes, or what is left of them.
+  std::string Text() { return Take(Byte()); }
+  std::string Rest() { return Take(m_rest.size()); }
+
+private:
+  std::string Take(std::size_t count) {
+    const auto taken = m_rest.first(std::min(count, m_rest.size()));
+    m_rest = m_rest.subspan(taken.size());
+    return {taken.begin(), taken.end()};
+  }
+
+  std::span<const std::uint8_t> m_rest;
+};
+
+} // namespace mr4500x

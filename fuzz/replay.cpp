@@ -1,0 +1,23 @@
+// Runs a target once with each file of a folder, in builds that have no fuzzer.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "fuzz_input.h"
+
+int main(int argc, char** argv) {
+  int count = 0;
+  std::error_code failed;
+  for (const auto& entry : std::filesystem::directory_iterator(argc > 1 ? argv[1] : "", failed)) {
+    std::printf("%s\n", entry.path().c_str());
+    std::fflush(stdout); // a finding ends the process
+    std::ifstream file(entry.path(), std::ios::binary);
+    const std::vector<char> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
+    LLVMFuzzerTestOneInput(input.data(), input.size());
+    ++count;
+  }
+  std::printf("%d inputs\n", count);
+  return failed || count == 0 ? 1 : 0;
+}
