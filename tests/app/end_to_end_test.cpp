@@ -96,7 +96,7 @@ protected:
   std::string Title() { return window.windowTitle().toStdString(); }
 
   QTimer user;
-  QDeadlineTimer end{std::chrono::seconds(30)};
+  QDeadlineTimer end{std::chrono::seconds(90)};
   Lines confirmed;
   QTemporaryDir folder;
   QProcess radio;
