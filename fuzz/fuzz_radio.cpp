@@ -36,8 +36,7 @@ public:
     m_fails = m_isStuck = false;
     m_now += 2s; // until the user tries again
   }
-  void BeginWith(int operations) { m_operationsLeft = operations; }
-  [[nodiscard]] int OperationsLeft() const { return m_operationsLeft; }
+  void BeginExchange() { m_operationsLeft = MostOperations; }
 
   Moment Now() override { return m_now; }
   void WaitUntil(Moment moment) override { m_now = std::max(m_now, moment); }
@@ -149,11 +148,9 @@ private:
 
   std::deque<std::pair<Moment, std::uint8_t>> m_air; // on its way to the computer, with its arrival
   Moment m_now{};
-  int m_operationsLeft = MostOperations;
+  int m_operationsLeft = 0;
   int m_correctAnswers = 0;
   bool m_isOpen = false, m_isStuck = false, m_fails = false, m_closes = false;
-
-  friend struct Desk;
 };
 
 struct Desk final : ProgressView, MessageView {
@@ -189,7 +186,7 @@ struct Desk final : ProgressView, MessageView {
     const auto written = [] {};
     const Clock::Moment begin = radio.Now();
     messages = questions = 0;
-    radio.m_operationsLeft = MostOperations;
+    radio.BeginExchange();
     const Outcome outcome = kind == 0   ? ReadRadio(exchange, image, show)
                             : kind == 1 ? WriteRadio(
                                               exchange, image, [] { return LocalTime{2004, 11, 4, 9, 5, 7}; }, written)
