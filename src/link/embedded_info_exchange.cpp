@@ -2,6 +2,8 @@
 #include "exchange_steps.h"
 #include "record_order.h"
 
+#include <algorithm>
+
 namespace mr4500x {
 
 namespace {
@@ -26,9 +28,22 @@ constexpr Failure WriteInterrupted = {Outcome::Interrupted, "Information Error",
 constexpr Failure WriteError = {Outcome::DataError, "Write Information Error",
                                 "Writing information error, please try again."};
 
-// The memory page of the write stamp and the embedded information. Replies from other pages are not for us.
-bool IsInfoPage(std::uint16_t address) {
-  return address >> 8 == 0x02;
+// The memory page of the write stamp, 0x00 to 0x0F in it, and of the embedded information after that.
+constexpr std::uint8_t InfoPage = 0x02;
+constexpr std::size_t StampBytes = 0x10;
+
+// Stores a reply from any byte of the page on, not in whole records only. Replies from other pages are not for us.
+// False when it does not fit.
+bool PlaceInfoReply(RadioImage& image, std::span<const std::uint8_t> reply) {
+  if (reply[1] != InfoPage) return true;
+  const bool isStamp = reply[2] < StampBytes;
+  const auto block = BlockBytes(image, isStamp ? ImageBlock::WriteStampBlock : ImageBlock::EmbeddedInfoBlock);
+  const std::size_t offset = isStamp ? reply[2] : reply[2] - StampBytes;
+  const std::size_t count = reply[3];
+  const auto data = reply.subspan(RecordHeaderBytes);
+  if (count > data.size() || offset + count > block.size()) return false;
+  std::copy_n(data.begin(), count, block.begin() + static_cast<std::ptrdiff_t>(offset));
+  return true;
 }
 
 } // namespace
@@ -45,8 +60,7 @@ Outcome ReadEmbeddedInfo(const Exchange& exchange, RadioImage& image, const std:
   int value = 0;
   for (const std::uint16_t address : ReadAddresses) {
     const auto reply = RequestRecord(line, address, AfterReply);
-    if (!reply || !IsRecordReply(*reply)) return Fail(exchange, ReadError);
-    if (IsInfoPage(ReplyAddress(*reply)) && !PlaceReply(image, *reply)) return Fail(exchange, ReadError);
+    if (!reply || !IsRecordReply(*reply) || !PlaceInfoReply(image, *reply)) return Fail(exchange, ReadError);
     value += ProgressPerRecord;
     progress.SetValue(value);
   }

@@ -89,6 +89,7 @@ const struct {
 
     {ReadInfo,  Silent(0),                 NoResponse,    Dead,          4, false, Untouched, 2100ms},
     {ReadInfo,  Byte(3, 3, 9),             DataError,     InfoReadBad,   4, false, 2},
+    {ReadInfo,  Byte(2, 2, 0x09),          DataError,     InfoReadBad,   3, false, 1}, // over the end of the stamp
     {ReadInfo,  NotShown,                  DisplayError,  InfoUnseen,   35, true,  32},
 
     {WriteInfo, Cut(0),                    NoResponse,    Dead,          4, false, Untouched, 2115ms},

@@ -127,11 +127,15 @@ TEST(EmbeddedInfo, IsReadWithTheStampAndNothingElse) {
   RadioImage expected = desk.image;
   desk.image.EmbeddedInfoBlock.length = 0;
   desk.radio.spoil = [](std::size_t frame, LineBytes& reply) {
-    if (frame == 32) reply[1] = 0x03; // requested 0x2F8
+    if (frame == 31) reply = {0x57, 0x02, 0xFD, 3, 0xA1, 0xA2, 0xA3, 0, 0, 0, 0, 0}; // requested 0x2F0
+    if (frame == 32) reply[1] = 0x03;                                                // requested 0x2F8
   };
   ASSERT_EQ(desk.ReadInfo(), Outcome::Complete);
   std::copy_n(desk.radio.memory.begin() + 0x200, 16, expected.WriteStampBlock.begin());
-  std::copy_n(desk.radio.memory.begin() + 0x210, 232, expected.EmbeddedInfoBlock.bytes.begin());
+  std::copy_n(desk.radio.memory.begin() + 0x210, 224, expected.EmbeddedInfoBlock.bytes.begin());
+  expected.EmbeddedInfoBlock.bytes[237] = 0xA1;
+  expected.EmbeddedInfoBlock.bytes[238] = 0xA2;
+  expected.EmbeddedInfoBlock.bytes[239] = 0xA3;
   EXPECT_EQ(desk.image, expected);
 }
 
