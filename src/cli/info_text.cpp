@@ -19,8 +19,7 @@ std::optional<std::u16string> InfoFromArgument(std::string_view argument) {
 }
 
 std::string InfoToPrint(std::u16string_view text) {
-  const std::u16string_view visible = VisibleText(text);
-  QString shown = QString::fromUtf16(visible.data(), static_cast<qsizetype>(visible.size()));
+  QString shown = QStringView(VisibleText(text)).toString();
   shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
   for (QChar& c : shown) { // a radio must not steer the terminal
