@@ -13,6 +13,7 @@ inline constexpr std::string_view KeyConflictText =
     "Talk Around or Reverse can't be present at the same time.If one key has been set to Talk Around or Reverse,"
     "any other key must not be set to Talk Around or Reverse.";
 
+inline constexpr std::string_view TopSizeTitle = "MR4500X Programming Software";
 inline constexpr std::string_view TopSizeText = "It has been reached to the Top Size of the Input Text.";
 
 } // namespace mr4500x

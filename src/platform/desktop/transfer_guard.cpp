@@ -58,18 +58,19 @@ UserInput::~UserInput() {
   Release();
 }
 
-void UserInput::Hold() {
+void UserInput::Hold(HeldPointer pointer) {
   if (m_isHeld) return;
   m_isHeld = true;
+  m_pointer = pointer;
   qApp->installEventFilter(this);
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  if (pointer == HeldPointer::Busy) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
 void UserInput::Release() {
   if (!m_isHeld) return;
   DropPendingInput();
   qApp->removeEventFilter(this);
-  QGuiApplication::restoreOverrideCursor();
+  if (m_pointer == HeldPointer::Busy) QGuiApplication::restoreOverrideCursor();
   m_isHeld = false;
 }
 

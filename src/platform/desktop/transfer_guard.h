@@ -5,8 +5,11 @@
 
 namespace mr4500x {
 
-// The user's input to all windows of the program. While it is held the pointer shows that the program is busy, and
-// what the user does is dropped: neither acted on now nor when it is released. Painting, resizing and the window
+// What the pointer shows while input is held.
+enum class HeldPointer { Busy, Unchanged };
+
+// The user's input to all windows of the program. While it is held what the user does is dropped, which the pointer
+// may tell: it is neither acted on now nor when the input is released. Painting, resizing and the window
 // system's questions are served by whoever processes events, which is safe now: EventClock does in its waits.
 class UserInput final : public QObject {
   Q_OBJECT
@@ -16,21 +19,25 @@ public:
   ~UserInput() override;
   Q_DISABLE_COPY_MOVE(UserInput)
 
-  void Hold();
+  void Hold(HeldPointer pointer);
   void Release();
   [[nodiscard]] bool IsHeld() const { return m_isHeld; }
+  [[nodiscard]] HeldPointer Pointer() const { return m_pointer; } // of the last hold
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   bool m_isHeld = false;
+  HeldPointer m_pointer = HeldPointer::Busy;
 };
 
 // Holds the input while a transfer runs.
 class TransferGuard {
 public:
-  explicit TransferGuard(UserInput& input) : m_input(input) { m_input.Hold(); }
+  explicit TransferGuard(UserInput& input, HeldPointer pointer = HeldPointer::Busy) : m_input(input) {
+    m_input.Hold(pointer);
+  }
   ~TransferGuard() { m_input.Release(); }
   Q_DISABLE_COPY_MOVE(TransferGuard)
 
@@ -43,7 +50,7 @@ class TransferPause {
 public:
   explicit TransferPause(UserInput& input) : m_input(input), m_wasHeld(input.IsHeld()) { m_input.Release(); }
   ~TransferPause() {
-    if (m_wasHeld) m_input.Hold();
+    if (m_wasHeld) m_input.Hold(m_input.Pointer());
   }
   Q_DISABLE_COPY_MOVE(TransferPause)
 

@@ -1,0 +1,149 @@
+#include "frm_embed.h"
+
+#include "editor_messages.h"
+#include "embedded_info.h"
+#include "embedded_text_rule.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr int BoxColumns = 66, BoxRows = 8; // at least, of the dialog's own font
+
+// Unit for unit: what converts UTF-16 would take a first unit of FEFF or FFFE for a byte order mark.
+QString ToQString(std::u16string_view text) {
+  return QStringView(text).toString();
+}
+
+// The box's own units: the plain text would have blanks for the blanks that don't break.
+std::u16string ShownText(const QPlainTextEdit& box) {
+  return box.document()->toRawText().toStdU16String();
+}
+
+// Puts the corrected change in the place of the one just made, so that neither undo nor redo leads to too long a text.
+void Correct(QPlainTextEdit& box, const EmbeddedEntry& entry) {
+  box.document()->undo();
+  box.document()->clearUndoRedoStacks(QTextDocument::RedoStack);
+  QTextCursor cursor(box.document());
+  if (TextToStore(ShownText(box)) != entry.text) {
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(ToQString(entry.text));
+  }
+  cursor.setPosition(static_cast<int>(ShownLength(std::u16string_view(entry.text).substr(0, entry.caret))));
+  box.setTextCursor(cursor);
+}
+
+} // namespace
+
+FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent)
+    : QDialog(parent), m_messages(messages), m_fonts(fonts), m_rtxtbEmbed(new QPlainTextEdit(this)),
+      m_lblCount(new QLabel(this)), m_lblLastTime(new QLabel(QString::fromStdString(content.lastTime), this)),
+      m_cmdFont(new QPushButton(QStringLiteral("Font..."), this)),
+      m_cmdOK(new QPushButton(QStringLiteral("&OK"), this)),
+      m_cmdCancel(new QPushButton(QStringLiteral("&Cancel"), this)), m_given(VisibleText(content.text)),
+      m_EmbedData(m_given), m_EmbeddedTextFont(content.font) {
+  setObjectName(QStringLiteral("frmEmbed"));
+  setWindowTitle(QStringLiteral("Embedded Information"));
+  LayOut();
+  m_rtxtbEmbed->setPlainText(ToQString(m_given));
+  m_givenShown = ShownText(*m_rtxtbEmbed);
+  ApplyFont();
+  ShowCount();
+  connect(m_rtxtbEmbed, &QPlainTextEdit::textChanged, this, &FrmEmbed::rtxtbEmbed_Change);
+  connect(m_cmdFont, &QPushButton::clicked, this, &FrmEmbed::cmdFont_Click);
+  connect(m_cmdOK, &QPushButton::clicked, this, &FrmEmbed::cmdOK_Click);
+  connect(m_cmdCancel, &QPushButton::clicked, this, &FrmEmbed::reject);
+}
+
+void FrmEmbed::LayOut() {
+  m_rtxtbEmbed->setObjectName(QStringLiteral("rtxtbEmbed"));
+  m_rtxtbEmbed->setAccessibleName(windowTitle());
+  m_rtxtbEmbed->setTabChangesFocus(true);
+  m_rtxtbEmbed->setMinimumSize(fontMetrics().averageCharWidth() * BoxColumns, fontMetrics().lineSpacing() * BoxRows);
+  m_lblCount->setObjectName(QStringLiteral("lblCount"));
+  auto* const label = new QLabel(QStringLiteral("Last Programming Time"), this);
+  label->setObjectName(QStringLiteral("Label1"));
+  m_lblLastTime->setObjectName(QStringLiteral("lblLastTime"));
+  m_lblLastTime->setTextFormat(Qt::PlainText); // a radio's bytes are no markup
+  m_cmdFont->setObjectName(QStringLiteral("cmdFont"));
+  m_cmdOK->setObjectName(QStringLiteral("cmdOK"));
+  m_cmdOK->setDefault(true);
+  m_cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+
+  auto* const time = new QHBoxLayout;
+  time->addWidget(label);
+  time->addWidget(m_lblLastTime);
+  time->addStretch();
+  time->addWidget(m_lblCount);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(m_cmdFont);
+  buttons->addStretch();
+  buttons->addWidget(m_cmdOK);
+  buttons->addWidget(m_cmdCancel);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(m_rtxtbEmbed);
+  layout->addLayout(time);
+  layout->addLayout(buttons);
+  m_rtxtbEmbed->setFocus();
+}
+
+void FrmEmbed::ApplyFont() {
+  QFont font(QString::fromStdString(m_EmbeddedTextFont.name), m_EmbeddedTextFont.size);
+  font.setBold(m_EmbeddedTextFont.bold);
+  font.setItalic(m_EmbeddedTextFont.italic);
+  m_rtxtbEmbed->setFont(font);
+}
+
+void FrmEmbed::ShowCount() {
+  m_lblCount->setText(QStringLiteral("%1 / %2").arg(m_EmbedData.size()).arg(MostEmbeddedCharacters));
+}
+
+void FrmEmbed::rtxtbEmbed_Change() {
+  if (m_isCorrecting) return;
+  const std::u16string shown = ShownText(*m_rtxtbEmbed);
+  const auto caret = static_cast<std::size_t>(m_rtxtbEmbed->textCursor().position());
+  EmbeddedEntry entry = {TextToStore(shown), TextToStore(std::u16string_view(shown).substr(0, caret)).size()};
+  if (shown != m_givenShown && CutToTopSize(entry)) {
+    const QScopedValueRollback guard(m_isCorrecting, true);
+    Correct(*m_rtxtbEmbed, entry);
+    TellTopSize();
+  }
+  // Undoing, too, can lead back to the text as it was given.
+  m_EmbedData = ShownText(*m_rtxtbEmbed) == m_givenShown ? m_given : entry.text;
+  ShowCount();
+}
+
+// Not from here: the change may come from a drop or an input method, which must not wait for an answer.
+void FrmEmbed::TellTopSize() {
+  if (std::exchange(m_isTelling, true)) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        m_messages.Show(MessageIcon::None, TopSizeTitle, TopSizeText, MessageButtons::Ok);
+        m_isTelling = false;
+      },
+      Qt::QueuedConnection);
+}
+
+void FrmEmbed::cmdFont_Click() {
+  const std::optional<FontDescription> chosen = m_fonts.AskFont(m_EmbeddedTextFont);
+  if (!chosen) return;
+  m_EmbeddedTextFont = *chosen;
+  ApplyFont();
+}
+
+void FrmEmbed::cmdOK_Click() {
+  m_CancelPressed = false;
+  accept();
+}
+
+} // namespace mr4500x
