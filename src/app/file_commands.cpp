@@ -1,5 +1,6 @@
 #include "file_commands.h"
 
+#include "command_phase.h"
 #include "data_file.h"
 #include "editor_panel.h"
 #include "file_title.h"
@@ -7,7 +8,6 @@
 #include "recent_menu.h"
 #include "settings.h"
 
-#include <exception>
 #include <optional>
 
 namespace mr4500x {
@@ -16,16 +16,6 @@ namespace {
 constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
 constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
-
-// A phase of a command: running out of memory in it is one more way to fail.
-template<typename Phase>
-bool Succeeds(Phase phase) {
-  try {
-    return phase();
-  } catch (const std::exception&) {
-    return false;
-  }
-}
 
 } // namespace
 

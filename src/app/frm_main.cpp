@@ -1,6 +1,7 @@
 #include "frm_main.h"
 
 #include "editor_panel.h"
+#include "embed_commands.h"
 #include "file_commands.h"
 #include "file_title.h"
 #include "frm_about.h"
@@ -70,6 +71,7 @@ void FrmMain::BuildCommands() {
       m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *NamedAction("mnuFileClose"), *this};
   m_fileCommands = std::make_unique<FileCommands>(context);
   m_radioCommands = std::make_unique<RadioCommands>(context);
+  m_embedCommands = std::make_unique<EmbedCommands>(context);
 }
 
 QAction* FrmMain::NamedAction(const char* name) const {
@@ -188,6 +190,18 @@ void FrmMain::mnuProgramRead_Click() {
 
 void FrmMain::mnuProgramWrite_Click() {
   RunCommand([this] { m_radioCommands->Write(); });
+}
+
+void FrmMain::mnuEmbedInfo_Click() {
+  RunCommand([this] { m_embedCommands->Info(); });
+}
+
+void FrmMain::mnuEmbedRead_Click() {
+  RunCommand([this] { m_embedCommands->Read(); });
+}
+
+void FrmMain::mnuEmbedWrite_Click() {
+  RunCommand([this] { m_embedCommands->Write(); });
 }
 
 void FrmMain::mnuCommPortPort_Click() {

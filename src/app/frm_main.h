@@ -1,5 +1,5 @@
 // The main window, frmMain: it owns the image, the editor and the commands, and puts them together. What a command
-// does is left to file_commands.h and radio_commands.h, its menu entry and button to action_table.cpp.
+// does is left to file_commands.h and its like, its menu entry and button to action_table.cpp.
 #pragma once
 
 #include "editor_state.h"
@@ -18,6 +18,7 @@ class QMenu;
 namespace mr4500x {
 
 class EditorPanel;
+class EmbedCommands;
 class FileCommands;
 class RadioCommands;
 class RecentMenu;
@@ -69,6 +70,9 @@ private:
   void mnuOptionFunction_Click();
   void mnuProgramRead_Click();
   void mnuProgramWrite_Click();
+  void mnuEmbedInfo_Click();
+  void mnuEmbedRead_Click();
+  void mnuEmbedWrite_Click();
   void mnuCommPortPort_Click();
   void mnuHelpContents_Click();
   void mnuHelpIndex_Click();
@@ -84,6 +88,7 @@ private:
   std::unique_ptr<RecentMenu> m_recent;
   std::unique_ptr<FileCommands> m_fileCommands;
   std::unique_ptr<RadioCommands> m_radioCommands;
+  std::unique_ptr<EmbedCommands> m_embedCommands;
   bool m_running = false;
 };
 

@@ -5,6 +5,7 @@
 #include "clock.h"
 #include "file_dialogs.h"
 #include "file_system.h"
+#include "font_dialog.h"
 #include "help_viewer.h"
 #include "message_view.h"
 #include "printer.h"
@@ -24,6 +25,7 @@ struct MainServices {
   MessageView& messages;
   ProgressView& progress;
   FileDialogs& dialogs;
+  FontDialog& fonts;
   Clipboard& clipboard;
   HelpViewer& help;
   Printers& printers;

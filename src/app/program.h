@@ -6,6 +6,7 @@
 #include "posix_file_system.h"
 #include "qt_clipboard.h"
 #include "qt_file_dialogs.h"
+#include "qt_font_dialog.h"
 #include "qt_help_viewer.h"
 #include "qt_message_view.h"
 #include "qt_printers.h"
@@ -36,6 +37,7 @@ private:
   QtMessageView m_messages;
   QtProgressView m_progress;
   QtFileDialogs m_dialogs;
+  QtFontDialog m_fonts;
   QtClipboard m_clipboard;
   QtHelpViewer m_help;
   QtPrinters m_printers;

@@ -1,16 +1,14 @@
 #include "radio_commands.h"
 
+#include "command_phase.h"
 #include "editor_panel.h"
-#include "exchange.h"
 #include "frm_port.h"
 #include "port_choice.h"
 #include "status_panels.h"
-#include "transfer_guard.h"
+#include "transfer.h"
 #include "window_titles.h"
 
 #include <QGuiApplication>
-
-#include <exception>
 
 namespace mr4500x {
 namespace {
@@ -26,33 +24,25 @@ PortChoice TestPorts(SerialPort& port, int commPortNumber) {
 
 void RadioCommands::Read() {
   m_context.panel.CommitOpenEditors();
-  m_context.window.repaint();
-  const MainServices& services = m_context.services;
-  const TransferGuard guard(services.input);
-  SerialLine line(services.port, services.clock, m_context.state.CommPortNumber);
-  const auto showImage = [&] {
-    try {
+  const Transfer transfer(m_context);
+  const auto showImage = [this] {
+    return Succeeds([this] {
       m_context.SetTitle(ReadTitle);
       m_context.panel.Fill();
       BelongToRadio(ReadTitle);
       return true;
-    } catch (const std::exception&) {
-      return false;
-    }
+    });
   };
-  // The exchange has told the user how it ended.
-  static_cast<void>(ReadRadio({line, services.progress, services.messages}, m_context.image, showImage));
+  // The exchange tells the user how it ended.
+  static_cast<void>(ReadRadio(transfer.Parts(), m_context.image, showImage));
 }
 
 void RadioCommands::Write() {
   m_context.panel.CommitOpenEditors();
   m_context.panel.Collect();
-  const MainServices& services = m_context.services;
-  const TransferGuard guard(services.input);
-  m_context.window.repaint();
-  SerialLine line(services.port, services.clock, m_context.state.CommPortNumber);
-  static_cast<void>(WriteRadio({line, services.progress, services.messages}, m_context.image, services.now,
-                               [&] { BelongToRadio(WriteTitle); }));
+  const Transfer transfer(m_context);
+  static_cast<void>(
+      WriteRadio(transfer.Parts(), m_context.image, m_context.services.now, [this] { BelongToRadio(WriteTitle); }));
 }
 
 // ModifiedFlag stays as it is: what a radio holds is in no file.

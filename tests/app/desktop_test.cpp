@@ -1,12 +1,17 @@
-// The adapters to the desktop: message boxes, file names, progress window, and the guard of a transfer.
+// The adapters to the desktop: message boxes, file names, fonts, progress window, and the guard of a transfer.
 #include "event_clock.h"
 #include "modal_dialog.h"
 #include "qt_file_dialogs.h"
+#include "qt_font_dialog.h"
 #include "qt_message_view.h"
 #include "qt_progress_view.h"
 #include "transfer_guard.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFontDatabase>
+#include <QFontDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -70,6 +75,43 @@ TEST(QtFileDialogs, TakesFiltersAndExtensionsAsTheCommandsGiveThem) {
     EXPECT_EQ(WithExtension(given, "K4X"), whole);
 }
 
+TEST(QtFontDialog, GivesBackTheFontThatTheUserChose) {
+  const QString other = QFontDatabase::families().constLast();
+  const QString style = QFontDatabase::styles(other).constLast();
+  const struct {
+    FontDescription preset;
+    std::function<void(QFontDialog&)> choose;
+    FontDescription chosen;
+  } cases[] = {
+      // A font that the machine lacks keeps its name until another is chosen.
+      {{"No Such Font", 8}, [](QFontDialog&) {}, {"No Such Font", 8}},
+      {{"No Such Font", 8, true}, [](QFontDialog&) {}, {"No Such Font", 8, true}},
+      {{"No Such Font", 8},
+       [&](QFontDialog& dialog) { dialog.setCurrentFont(QFontDatabase::font(other, style, 14)); },
+       {other.toStdString(), 14, QFontDatabase::bold(other, style), QFontDatabase::italic(other, style)}},
+      {{"No Such Font", 13, false, false, true, true, 0x808080},
+       [](QFontDialog& dialog) {
+         for (const auto* const effect : dialog.findChildren<QCheckBox*>())
+           EXPECT_FALSE(effect->isVisible()); // neither these nor the colour are asked for
+       },
+       {"No Such Font", 13, false, false, true, true, 0x808080}},
+  };
+  for (const auto& [preset, choose, chosen] : cases) {
+    for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
+      WhenDialogOpens([&, &act = choose](QWidget* dialog) {
+        act(*qobject_cast<QFontDialog*>(dialog));
+        dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+      });
+      const auto answer = QtFontDialog().AskFont(preset);
+      ASSERT_EQ(answer.has_value(), button == QDialogButtonBox::Ok);
+      if (!answer) continue;
+      EXPECT_EQ(answer->name, chosen.name);
+      EXPECT_EQ(answer->size, chosen.size);
+      EXPECT_TRUE(*answer == chosen) << answer->bold << answer->italic;
+    }
+  }
+}
+
 TEST(QtProgressView, KeepsItsBarWithinItsRange) {
   QtProgressView view("The program");
   const auto window = [] {
@@ -104,20 +146,22 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
     return line.text() == "x";
   };
   EXPECT_TRUE(typed());
-  {
-    const TransferGuard guard(input);
+  const auto isBusy = [] { return QGuiApplication::overrideCursor() != nullptr; };
+  for (const auto pointer : {HeldPointer::Busy, HeldPointer::Unchanged}) {
+    const TransferGuard guard(input, pointer);
     EXPECT_FALSE(typed());
     EXPECT_FALSE(line.close());
-    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    WhenDialogOpens([](QWidget* dialog) {
-      EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(isBusy(), pointer == HeldPointer::Busy);
+    WhenDialogOpens([&](QWidget* dialog) {
+      EXPECT_FALSE(isBusy());
       QTest::mouseClick(dialog->findChild<QPushButton*>("cmdYes"), Qt::LeftButton);
     });
     EXPECT_EQ(QtMessageView(input).Show(MessageIcon::None, "", "", MessageButtons::YesNo), Answer::Yes);
     EXPECT_FALSE(typed());
+    EXPECT_EQ(isBusy(), pointer == HeldPointer::Busy);
   }
   EXPECT_TRUE(typed());
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  EXPECT_FALSE(isBusy());
 }
 
 TEST(EventClock, ServesTheScreenWhileATransferWaits) {

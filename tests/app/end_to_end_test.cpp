@@ -2,6 +2,7 @@
 // and the simulated radio as a process behind a serial device.
 #include "editor_values.h"
 #include "file_title.h"
+#include "modal_dialog.h"
 #include "program.h"
 #include "radio_memory.h"
 
@@ -93,6 +94,26 @@ protected:
     return {Cell(2, GridColumn::RxFreq).text().toStdString(), Cell(1, GridColumn::RxTone).text().toStdString(),
             noCh.isChecked() ? "No CH" : "in use"};
   }
+  // Adds a line to the embedded information; gives back what the dialog has shown.
+  Lines EditInfo() {
+    Lines shown;
+    WhenDialogOpens([&](QWidget* dialog) {
+      auto* const box = dialog->findChild<QPlainTextEdit*>("rtxtbEmbed");
+      shown = {box->toPlainText().toStdString(), dialog->findChild<QLabel*>("lblLastTime")->text().toStdString()};
+      QTest::keyClick(box, Qt::Key_End, Qt::ControlModifier);
+      QTest::keyClick(box, Qt::Key_Return);
+      QTest::keyClicks(box, "Depot 4");
+      auto* const ok = dialog->findChild<QPushButton*>("cmdOK");
+      ClickOn(*ok, ok->rect().center());
+    });
+    PressKey(Qt::Key_F2);
+    return shown;
+  }
+  void PressKey(Qt::Key key) {
+    QTest::keyClick(&window, key);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
   std::string Title() { return window.windowTitle().toStdString(); }
 
   QTimer user;
@@ -108,9 +129,10 @@ protected:
   QtMessageView messages{input};
   QtProgressView progress{std::string(BareTitle)};
   OnePath dialogs;
+  QtFontDialog fonts;
   QtClipboard clipboard;
   QtHelpViewer help{messages, folder.filePath("none.hlp").toStdString()};
-  FrmMain window{{messages, progress, dialogs, clipboard, help, files, port, clock, input,
+  FrmMain window{{messages, progress, dialogs, fonts, clipboard, help, files, port, clock, input,
                   folder.filePath("MR4500X.ini").toStdString(), folder.path().toStdString(), [] { return Now; },
                   [this](int) { return device; }, [](const WindowGeometry&) {}, [](const std::string&) {}}};
   QTableWidget& grid = *window.findChild<QTableWidget*>("gridChannel");
@@ -145,6 +167,11 @@ RadioMemory EditedMemory() {
   for (const auto& [address, byte] : Edits)
     EXPECT_EQ(std::exchange(memory[address], byte), byte) << std::hex << address;
   std::copy_n("20240229230456\0", 16, memory.begin() + 0x200);
+  std::size_t address = 0x25A; // after the text: a line more
+  for (const char character : {'\r', '\n', 'D', 'e', 'p', 'o', 't', ' ', '4'}) {
+    memory[address] = static_cast<std::uint8_t>(character);
+    address += 2;
+  }
   return memory;
 }
 
@@ -183,8 +210,17 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   EXPECT_EQ(dialogs.asked, (Lines{"Save As", "Open"}));
   Choose("mnuProgramWrite");
   EXPECT_EQ(Title(), WriteTitle);
-  EXPECT_EQ(confirmed, (Lines{"Read Complete: Read data is complete. Press OK button to continue ...",
-                              "Write Complete: Write data is complete. Press OK button to continue ..."}));
+
+  PressKey(Qt::Key_F3);
+  EXPECT_EQ(Title(), ReadInfoTitle);
+  EXPECT_EQ(EditInfo(), (Lines{"Demonstration radio\nHandle with care", "2024-02-29, 23:04:56"}));
+  PressKey(Qt::Key_F4);
+  EXPECT_EQ(Title(), WriteInfoTitle);
+  EXPECT_EQ(confirmed,
+            (Lines{"Read Complete: Read data is complete. Press OK button to continue ...",
+                   "Write Complete: Write data is complete. Press OK button to continue ...",
+                   "Read Information Completely: Read information is complete. Press OK button to continue ...",
+                   "Write Information Completely: Write information completely. Press OK to continue."}));
 
   ASSERT_TRUE(EndRadio());
   std::ifstream file(folder.filePath("memory").toStdString(), std::ios::binary);

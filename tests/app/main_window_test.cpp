@@ -30,7 +30,7 @@ TEST_F(ProgramTest, HasItsMenus) {
                 "&Edit/&Copy[Ctrl+C]/&Paste[Ctrl+V]",
                 "&Option/&Channels Settings[F5]+/-/&Function Settings[F6]",
                 "&Program/&Read[Ctrl+R]/-/ &Write[Ctrl+W]",
-                "&Embedded Information/Embedded &Info...[F2]*/-/&Read Embedded Info[F3]*/ &Write Embedded Info[F4]*",
+                "&Embedded Information/Embedded &Info...[F2]/-/&Read Embedded Info[F3]/ &Write Embedded Info[F4]",
                 "&Comm-Port/&Port...     [F9]",
                 "&Help/&Contents/&Index.../-/&About...",
             }));

@@ -24,11 +24,13 @@ namespace mr4500x {
 
 using Lines = std::vector<std::string>;
 
-struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, Clipboard, HelpViewer, Printers {
+struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, Clipboard, HelpViewer, Printers {
   Lines happened;
   std::deque<Answer> answers;                   // to questions
   std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
   std::vector<FileQuestion> questions;
+  std::optional<FontDescription> font; // that the font dialog returns; nothing: cancelled
+  FontDescription presetFont;
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
   PosixFileSystem files;
@@ -50,6 +52,10 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, Clipboard, H
   void Close() override { showsProgress = false; }
   std::optional<std::string> AskOpen(const FileQuestion& question) override { return Ask(question); }
   std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
+  std::optional<FontDescription> AskFont(const FontDescription& preset) override {
+    presetFont = preset;
+    return font;
+  }
   std::string Text() override { return {}; }
   void SetText(const std::string&) override {}
   std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
@@ -91,7 +97,7 @@ protected:
 
   void Start() {
     window = std::make_unique<FrmMain>(
-        MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
+        MainServices{desk, desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
                      Path("MR4500X.ini"), Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
                      [this](const WindowGeometry& geometry) {
@@ -113,6 +119,13 @@ protected:
   void Edit() { emit window->Panel().Changed(); }
   // What has happened since the last look.
   Lines Happened() { return std::exchange(desk.happened, {}); }
+
+  // Nothing of a transfer stays behind.
+  void ExpectIdle() {
+    EXPECT_FALSE(desk.showsProgress);
+    EXPECT_FALSE(radio.open);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  }
 
   void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
   void OpenFile(const std::string& name) {

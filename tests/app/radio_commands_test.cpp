@@ -19,12 +19,6 @@ protected:
       std::copy(bytes.begin(), bytes.end(), &radio.memory.at(place.address));
     }
   }
-  // Nothing of the command stays behind.
-  void ExpectIdle() {
-    EXPECT_FALSE(desk.showsProgress);
-    EXPECT_FALSE(radio.open);
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  }
 };
 
 const std::string ReadDone = "Read Complete|Read data is complete. Press OK button to continue ...";
