@@ -29,13 +29,14 @@ QString DataFile(const QString& folder) {
 
 Tour::Tour(FrmMain& window, QString folder) : m_window(window), m_folder(std::move(folder)), m_patience(MostLooks) {
   m_steps = {
-      {"The window is open.", "1-start", [] {}},
-      {"Reading the radio on COM1 ...", "4-channels", [this] { Trigger("mnuProgramRead"); }},
-      {"Looking at the function settings.", "5-functions", [this] { Trigger("mnuOptionFunction"); }},
+      {"The window is open.", "01-start", [] {}},
+      {"Reading the radio on COM1 ...", "04-channels", [this] { Trigger("mnuProgramRead"); }},
+      {"Looking at the function settings.", "05-functions", [this] { Trigger("mnuOptionFunction"); }},
       {"", "", [this] { Trigger("mnuOptionChannels"); }},
-      {"Saving the configuration as " + DataFile(m_folder).toStdString() + ".", "7-saved",
+      {"Looking at the embedded information.", "", [this] { Trigger("mnuEmbedInfo"); }},
+      {"Saving the configuration as " + DataFile(m_folder).toStdString() + ".", "08-saved",
        [this] { Trigger("mnuFileSave"); }},
-      {"Writing it to the radio ...", "9-written", [this] { Trigger("mnuProgramWrite"); }},
+      {"Writing it to the radio ...", "10-written", [this] { Trigger("mnuProgramWrite"); }},
   };
   m_look.setInterval(LookMilliseconds);
   connect(&m_look, &QTimer::timeout, this, &Tour::Look);
@@ -61,7 +62,7 @@ void Tour::LookAtProgress() {
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     const auto* const bar = window->findChild<QProgressBar*>();
     if (bar == nullptr || !window->isVisible() || bar->value() < bar->maximum() / 2) continue;
-    Picture(*window, "2-progress");
+    Picture(*window, "02-progress");
     m_progressPictured = true;
   }
 }
@@ -71,12 +72,15 @@ bool Tour::AnswerDialog() {
   if (dialog == nullptr) return false;
   if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
     std::cout << "  " << box->text().toStdString() << std::endl;
-    Picture(*box, m_next == 2 ? "3-message" : "8-message");
+    Picture(*box, m_next == 2 ? "03-message" : "09-message");
     box->defaultButton()->click();
   } else if (auto* const files = qobject_cast<QFileDialog*>(dialog)) {
     files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(DataFile(m_folder));
-    Picture(*files, "6-save-dialog");
+    Picture(*files, "07-save-dialog");
     files->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+  } else if (auto* const cancel = dialog->findChild<QPushButton*>(QStringLiteral("cmdCancel"))) {
+    Picture(*dialog, "06-embedded-information");
+    cancel->click();
   }
   return true;
 }

@@ -1,5 +1,6 @@
-// A user who works by a list: reads the radio, looks at both views, saves the configuration and writes the radio, and
-// takes a picture of each step. Everything goes through the menus, dialogs and message boxes of the real window.
+// A user who works by a list: reads the radio, looks at both views and at the embedded information, saves the
+// configuration and writes the radio, and takes a picture of each step. Everything goes through the menus, dialogs and
+// message boxes of the real window.
 #pragma once
 
 #include "frm_main.h"
