@@ -42,7 +42,14 @@ svg_package=libqt6svg6
   debian:1[3-9]*) svg_package=qt6-svg-plugins ;;
 esac
 
-build_packages="fonts-liberation fonts-droid-fallback cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package libcli11-dev nlohmann-json3-dev"
+# The help is made by qhelpgenerator and read through Qt Help, which keeps its catalogue with the sqlite plugin.
+help_packages="qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite"
+
+# The fonts of the printed reports.
+font_packages="fonts-liberation fonts-droid-fallback"
+
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package $help_packages $font_packages
+  libcli11-dev nlohmann-json3-dev"
 
 # build PRESET [TARGET...]: configures once and builds, quietly unless it fails.
 build() {

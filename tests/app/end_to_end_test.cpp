@@ -3,6 +3,7 @@
 #include "editor_values.h"
 #include "file_title.h"
 #include "modal_dialog.h"
+#include "pdf_printer.h"
 #include "program.h"
 #include "radio_memory.h"
 
@@ -32,6 +33,14 @@ struct OnePath final : FileDialogs {
   }
 };
 
+// A printer whose paper is a file.
+struct PaperFile final : Printers {
+  std::string path;
+  PosixFileSystem files;
+  std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, path); }
+  void SetUpPrinter(const std::string& /*title*/) override {}
+};
+
 class EndToEndTest : public testing::Test {
 protected:
   EndToEndTest() {
@@ -43,6 +52,7 @@ protected:
     }
     device = radio.readLine().trimmed().toStdString();
     dialogs.path = folder.filePath("radio.K4X").toStdString();
+    printers.path = folder.filePath("radio.pdf").toStdString();
   }
   ~EndToEndTest() override {
     EndRadio();
@@ -109,6 +119,24 @@ protected:
     PressKey(Qt::Key_F2);
     return shown;
   }
+  void PrintEverything() {
+    WhenDialogOpens([](QWidget* dialog) {
+      for (const char* const name : {"cmdSelAll", "cmdOK"}) {
+        auto* const button = dialog->findChild<QPushButton*>(name);
+        ClickOn(*button, button->rect().center());
+      }
+    });
+    Choose("mnuFilePrint");
+  }
+  // The printed words of the pages, without the moment of printing.
+  std::string PrintedText(const QString& pdf, const QString& lastPage) {
+    QProcess tool;
+    tool.start("pdftotext", {"-l", lastPage, "-layout", pdf, "-"});
+    EXPECT_TRUE(tool.waitForFinished());
+    return QString::fromUtf8(tool.readAllStandardOutput())
+        .remove(QRegularExpression(" +\\d+ \\w+ \\d+ [0-9:]+\n"))
+        .toStdString();
+  }
   void PressKey(Qt::Key key) {
     QTest::keyClick(&window, key);
     window.activateWindow();
@@ -131,8 +159,9 @@ protected:
   OnePath dialogs;
   QtFontDialog fonts;
   QtClipboard clipboard;
-  QtHelpViewer help{messages, folder.filePath("none.hlp").toStdString()};
-  FrmMain window{{messages, progress, dialogs, fonts, clipboard, help, files, port, clock, input,
+  QtHelpViewer help{messages, folder.filePath("none").toStdString(), folder.filePath("none.hlp").toStdString()};
+  PaperFile printers;
+  FrmMain window{{messages, progress, dialogs, fonts, clipboard, help, printers, files, port, clock, input,
                   folder.filePath("MR4500X.ini").toStdString(), folder.path().toStdString(), [] { return Now; },
                   [this](int) { return device; }, [](const WindowGeometry&) {}, [](const std::string&) {}}};
   QTableWidget& grid = *window.findChild<QTableWidget*>("gridChannel");
@@ -221,6 +250,17 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
                    "Write Complete: Write data is complete. Press OK button to continue ...",
                    "Read Information Completely: Read information is complete. Press OK button to continue ...",
                    "Write Information Completely: Write information completely. Press OK to continue."}));
+
+  PrintEverything();
+  const QString paper = folder.filePath("radio.pdf");
+  const std::string printed = PrintedText(paper, "3");
+  for (const char* const text : {"442.01250", "DCS754", "Demonstration radio", "Depot 4"})
+    EXPECT_NE(printed.find(text), std::string::npos) << text;
+  // The companion prints the same of the file.
+  const QString companions = folder.filePath("companion.pdf");
+  EXPECT_EQ(QProcess::execute(MR4500X_CLI, {"print", "--reports", "channels,tts", dialogs.path.c_str(), companions}),
+            0);
+  EXPECT_EQ(PrintedText(companions, "2"), PrintedText(paper, "2"));
 
   ASSERT_TRUE(EndRadio());
   std::ifstream file(folder.filePath("memory").toStdString(), std::ios::binary);

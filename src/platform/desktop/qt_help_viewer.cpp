@@ -1,15 +1,44 @@
 #include "qt_help_viewer.h"
 
+#include <QProcess>
+
 #include <utility>
 
 namespace mr4500x {
+namespace {
 
-QtHelpViewer::QtHelpViewer(MessageView& messages, std::string helpFile)
-    : m_messages(messages), m_helpFile(std::move(helpFile)) {}
+constexpr int EndMilliseconds = 1000; // for the viewer to end by itself
 
-void QtHelpViewer::ReportUnreadable() {
-  m_messages.Show(MessageIcon::Exclamation, "Help", "The help file " + m_helpFile + " can't be opened.",
-                  MessageButtons::Ok);
+} // namespace
+
+QtHelpViewer::QtHelpViewer(MessageView& messages, std::string viewerProgram, std::string helpFile)
+    : m_messages(messages), m_viewerProgram(std::move(viewerProgram)), m_helpFile(std::move(helpFile)) {}
+
+QtHelpViewer::~QtHelpViewer() {
+  if (!IsRunning()) return;
+  m_viewer->closeWriteChannel();
+  if (m_viewer->waitForFinished(EndMilliseconds)) return;
+  m_viewer->kill();
+  m_viewer->waitForFinished(EndMilliseconds);
+}
+
+bool QtHelpViewer::IsRunning() const {
+  return m_viewer && m_viewer->state() != QProcess::NotRunning;
+}
+
+void QtHelpViewer::Request(const char* line) {
+  if (IsRunning() || Start()) m_viewer->write(line);
+}
+
+bool QtHelpViewer::Start() {
+  m_viewer = std::make_unique<QProcess>();
+  m_viewer->setProcessChannelMode(QProcess::ForwardedChannels);
+  m_viewer->start(QString::fromStdString(m_viewerProgram), {QString::fromStdString(m_helpFile)});
+  if (m_viewer->waitForStarted()) return true;
+  const std::string reason = m_viewer->errorString().toStdString();
+  m_messages.Show(MessageIcon::Exclamation, "Help",
+                  "The help viewer " + m_viewerProgram + " can't be started: " + reason, MessageButtons::Ok);
+  return false;
 }
 
 } // namespace mr4500x
