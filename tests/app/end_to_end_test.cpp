@@ -128,14 +128,13 @@ protected:
     });
     Choose("mnuFilePrint");
   }
-  // The printed words of the pages, without the moment of printing.
+  // The printed words of the pages, without the moment of printing, and without what a radio tells and no file holds.
   std::string PrintedText(const QString& pdf, const QString& lastPage) {
     QProcess tool;
     tool.start("pdftotext", {"-l", lastPage, "-layout", pdf, "-"});
     EXPECT_TRUE(tool.waitForFinished());
-    return QString::fromUtf8(tool.readAllStandardOutput())
-        .remove(QRegularExpression(" +\\d+ \\w+ \\d+ [0-9:]+\n"))
-        .toStdString();
+    QString text = QString::fromUtf8(tool.readAllStandardOutput());
+    return text.remove(QRegularExpression(" +\\d+ \\w+ \\d+ [0-9:]+\n|(?<=Firmware: ).*\n")).toStdString();
   }
   void PressKey(Qt::Key key) {
     QTest::keyClick(&window, key);

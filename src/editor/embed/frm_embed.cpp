@@ -12,8 +12,6 @@
 #include <QTextCursor>
 #include <QVBoxLayout>
 
-#include <utility>
-
 namespace mr4500x {
 namespace {
 
@@ -58,6 +56,9 @@ FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialo
   m_givenShown = ShownText(*m_rtxtbEmbed);
   ApplyFont();
   ShowCount();
+  m_tellTopSize.setSingleShot(true);
+  m_tellTopSize.callOnTimeout(
+      [this] { m_messages.Show(MessageIcon::None, TopSizeTitle, TopSizeText, MessageButtons::Ok); });
   connect(m_rtxtbEmbed, &QPlainTextEdit::textChanged, this, &FrmEmbed::rtxtbEmbed_Change);
   connect(m_cmdFont, &QPushButton::clicked, this, &FrmEmbed::cmdFont_Click);
   connect(m_cmdOK, &QPushButton::clicked, this, &FrmEmbed::cmdOK_Click);
@@ -115,23 +116,12 @@ void FrmEmbed::rtxtbEmbed_Change() {
   if (shown != m_givenShown && CutToTopSize(entry)) {
     const QScopedValueRollback guard(m_isCorrecting, true);
     Correct(*m_rtxtbEmbed, entry);
-    TellTopSize();
+    // Not from here: the change may come from a drop or an input method, which must not wait for an answer.
+    m_tellTopSize.start();
   }
   // Undoing, too, can lead back to the text as it was given.
   m_EmbedData = ShownText(*m_rtxtbEmbed) == m_givenShown ? m_given : entry.text;
   ShowCount();
-}
-
-// Not from here: the change may come from a drop or an input method, which must not wait for an answer.
-void FrmEmbed::TellTopSize() {
-  if (std::exchange(m_isTelling, true)) return;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        m_messages.Show(MessageIcon::None, TopSizeTitle, TopSizeText, MessageButtons::Ok);
-        m_isTelling = false;
-      },
-      Qt::QueuedConnection);
 }
 
 void FrmEmbed::cmdFont_Click() {

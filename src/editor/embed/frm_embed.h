@@ -6,6 +6,7 @@
 #include "message_view.h"
 
 #include <QDialog>
+#include <QTimer>
 
 #include <string>
 
@@ -39,7 +40,6 @@ private:
   void LayOut();
   void ApplyFont();
   void ShowCount();
-  void TellTopSize();
   void rtxtbEmbed_Change();
   void cmdFont_Click();
   void cmdOK_Click();
@@ -58,7 +58,7 @@ private:
   FontDescription m_EmbeddedTextFont;
   bool m_CancelPressed = true;
   bool m_isCorrecting = false;
-  bool m_isTelling = false;
+  QTimer m_tellTopSize;
 };
 
 } // namespace mr4500x
