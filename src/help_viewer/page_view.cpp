@@ -40,7 +40,8 @@ void PageView::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
 }
 
 QVariant PageView::loadResource(int type, const QUrl& name) {
-  const QByteArray content = m_book.Content(source().resolved(name));
+  // Of the page that is being opened, which source() is not yet. All pages lie in one folder.
+  const QByteArray content = m_book.Content(HelpBook::Home().resolved(name));
   if (type == QTextDocument::ImageResource) return FittedPicture(content, devicePixelRatioF());
   if (type == QTextDocument::HtmlResource && content.isEmpty())
     return QStringLiteral("<p>This page can't be read. The help file may be damaged.</p>");

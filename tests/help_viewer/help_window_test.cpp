@@ -68,6 +68,7 @@ protected:
 TEST_F(HelpWindowTest, OpensPagesFromTheContents) {
   auto* const tree = Find<QHelpContentWidget>("treeContents");
   EXPECT_EQ(Page(), "index.html");
+  EXPECT_TRUE(page->toHtml().contains("#008000")); // the style sheet's
   EXPECT_EQ(tree->currentIndex().data().toString(), "Start");
   const QModelIndex scan = tree->model()->index(1, 0, tree->model()->index(0, 0));
   QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(scan).center());

@@ -3,11 +3,13 @@
 
 #include "window_titles.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -21,6 +23,9 @@ namespace {
 constexpr int LookMilliseconds = 100;
 constexpr int MostLooks = 1200; // a transfer takes seconds; two minutes mean that something is stuck
 
+constexpr int RxSelCallColumn = 4;
+constexpr int GroupCallColumn = 14;
+
 QString DataFile(const QString& folder) {
   return folder + QStringLiteral("/radio.K4X");
 }
@@ -30,10 +35,16 @@ QString DataFile(const QString& folder) {
 Tour::Tour(FrmMain& window, QString folder) : m_window(window), m_folder(std::move(folder)), m_patience(MostLooks) {
   m_steps = {
       {"The window is open.", "01-start", [] {}},
+      {"Choosing the port.", "", [this] { Trigger("mnuCommPortPort"); }},
       {"Reading the radio on COM1 ...", "04-channels", [this] { Trigger("mnuProgramRead"); }},
       {"Looking at the function settings.", "05-functions", [this] { Trigger("mnuOptionFunction"); }},
+      {"", "", [this] { PictureFrames(); }},
       {"", "", [this] { Trigger("mnuOptionChannels"); }},
-      {"Looking at the embedded information.", "", [this] { Trigger("mnuEmbedInfo"); }},
+      {"", "", [this] { OpenCell(RxSelCallColumn); }},
+      {"", "", [this] { OpenCell(GroupCallColumn); }},
+      {"Reading the embedded information ...", "", [this] { Trigger("mnuEmbedRead"); }},
+      {"Looking at it.", "", [this] { Trigger("mnuEmbedInfo"); }},
+      {"Looking at what can be printed.", "", [this] { Trigger("mnuFilePrint"); }},
       {"Saving the configuration as " + DataFile(m_folder).toStdString() + ".", "08-saved",
        [this] { Trigger("mnuFileSave"); }},
       {"Writing it to the radio ...", "10-written", [this] { Trigger("mnuProgramWrite"); }},
@@ -61,7 +72,8 @@ void Tour::LookAtProgress() {
   if (m_progressPictured) return;
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     const auto* const bar = window->findChild<QProgressBar*>();
-    if (bar == nullptr || !window->isVisible() || bar->value() < bar->maximum() / 2) continue;
+    if (bar == nullptr || bar->window() != window || !window->isVisible() || bar->value() < bar->maximum() / 2)
+      continue;
     Picture(*window, "02-progress");
     m_progressPictured = true;
   }
@@ -72,15 +84,15 @@ bool Tour::AnswerDialog() {
   if (dialog == nullptr) return false;
   if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
     std::cout << "  " << box->text().toStdString() << std::endl;
-    Picture(*box, m_next == 2 ? "03-message" : "09-message");
+    Picture(*box, m_next == 3 ? "03-message" : "09-message");
     box->defaultButton()->click();
   } else if (auto* const files = qobject_cast<QFileDialog*>(dialog)) {
     files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(DataFile(m_folder));
     Picture(*files, "07-save-dialog");
     files->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
-  } else if (auto* const cancel = dialog->findChild<QPushButton*>(QStringLiteral("cmdCancel"))) {
-    Picture(*dialog, "06-embedded-information");
-    cancel->click();
+  } else { // nothing is changed on a tour
+    Picture(*dialog, dialog->objectName().toStdString());
+    dialog->findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
   }
   return true;
 }
@@ -108,6 +120,19 @@ void Tour::RunNextStep() {
 
 void Tour::Trigger(const char* action) {
   m_window.findChild<QAction*>(QLatin1String(action))->trigger();
+}
+
+// As a user does who moves there and presses Space. The first channel is in use.
+void Tour::OpenCell(int column) {
+  auto* const grid = m_window.findChild<QAbstractItemView*>(QStringLiteral("gridChannel"));
+  grid->setCurrentIndex(grid->model()->index(0, column - 1));
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+  QApplication::sendEvent(grid, &press);
+}
+
+void Tour::PictureFrames() {
+  for (const char* frame : {"fraRadio", "fraScan", "fraKey", "fraTTS", "fraResetTime"})
+    if (auto* const shown = m_window.findChild<QWidget*>(QLatin1String(frame))) Picture(*shown, frame);
 }
 
 void Tour::Picture(QWidget& window, const std::string& name) {

@@ -39,6 +39,8 @@ private:
   bool AnswerDialog();
   void RunNextStep();
   void Trigger(const char* action);
+  void OpenCell(int column);
+  void PictureFrames();
   void Picture(QWidget& window, const std::string& name);
   void Finish();
 
