@@ -7,12 +7,45 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace mr4500x {
 namespace {
 
 constexpr int PictureSize = 64;
 constexpr char MakersPage[] = "https://www.calvorne-vtr.example/";
+
+QLabel* MakePlainLabel(const QString& text, const char* name) {
+  auto* const label = new QLabel(text);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+// What the program and its companions are made with. None of it is changed, and no font is brought along.
+QString LicencesText() {
+  return QStringLiteral("Qt %1 and its modules, Qt Help among them: LGPL version 3\n"
+                        "CLI11, in mr4500x-cli: BSD 3-Clause\n"
+                        "nlohmann-json, in mr4500x-cli: MIT\n"
+                        "The licences' texts come with the system's packages, in /usr/share/doc")
+      .arg(QLatin1String(qVersion()));
+}
+
+// Unfolds the licences, for the few who look for them; the window grows with them.
+QToolButton* MakeLicencesButton(QLabel& licences) {
+  auto* const button = new QToolButton;
+  button->setObjectName(QStringLiteral("cmdLicences"));
+  button->setText(FrmAbout::tr("&Licences"));
+  button->setCheckable(true);
+  button->setAutoRaise(true);
+  button->setArrowType(Qt::RightArrow);
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  QObject::connect(button, &QToolButton::toggled, &licences, [button, &licences](bool unfolded) {
+    button->setArrowType(unfolded ? Qt::DownArrow : Qt::RightArrow);
+    licences.setVisible(unfolded);
+  });
+  return button;
+}
 
 QLabel* MakeLink(const std::function<void(const std::string&)>& openLink) {
   auto* const link = new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(QLatin1String(MakersPage)));
@@ -34,9 +67,9 @@ FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWid
   auto* const picture = new QLabel;
   picture->setObjectName(QStringLiteral("imgPicture"));
   picture->setPixmap(ProgramIcon("program").pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF()));
-  auto* const text = new QLabel(title + QStringLiteral("  For Windows 98/NT/2000"));
-  text->setObjectName(QStringLiteral("lblText"));
-  text->setTextFormat(Qt::PlainText);
+  QLabel* const licences = MakePlainLabel(LicencesText(), "lblLicences");
+  licences->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  licences->hide();
   auto* const buttons = new QDialogButtonBox;
   QPushButton* const close = buttons->addButton(QStringLiteral("&Close"), QDialogButtonBox::RejectRole);
   close->setObjectName(QStringLiteral("cmdClose"));
@@ -44,17 +77,22 @@ FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWid
 
   auto* const words = new QVBoxLayout;
   words->addStretch();
-  words->addWidget(text);
+  words->addWidget(MakePlainLabel(title + QStringLiteral("  For Windows 98/NT/2000"), "lblText"));
+  words->addWidget(MakePlainLabel(tr("Version %1").arg(QLatin1String(MR4500X_VERSION)), "lblVersion"));
   words->addWidget(MakeLink(openLink));
   words->addStretch();
   auto* const top = new QHBoxLayout;
   top->setSpacing(fontMetrics().averageCharWidth() * 3);
   top->addWidget(picture);
   top->addLayout(words);
+  auto* const bottom = new QHBoxLayout;
+  bottom->addWidget(MakeLicencesButton(*licences));
+  bottom->addWidget(buttons);
   auto* const layout = new QVBoxLayout(this);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addLayout(top);
-  layout->addWidget(buttons);
+  layout->addLayout(bottom);
+  layout->addWidget(licences);
   close->setFocus();
 }
 

@@ -5,6 +5,7 @@
 
 #include <QLocale>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -155,10 +156,18 @@ TEST_F(ProgramTest, RunsOneCommandAtATime) {
   EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(ProgramTest, AboutOpensTheMakersPage) {
+TEST_F(ProgramTest, AboutTellsVersionAndLicencesAndOpensTheMakersPage) {
   WhenDialogOpens([](QWidget* about) {
     EXPECT_EQ(about->windowTitle(), "About MR4500X Programming Software");
     EXPECT_EQ(about->findChild<QLabel*>("lblText")->text(), "MR4500X Programming Software  For Windows 98/NT/2000");
+    EXPECT_NE(
+        about->findChild<QLabel*>("lblVersion")->text().indexOf(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$")),
+        -1);
+    auto* const licences = about->findChild<QLabel*>("lblLicences");
+    for (const bool unfolded : {true, false}) {
+      about->findChild<QToolButton*>("cmdLicences")->click();
+      EXPECT_EQ(licences->isVisible(), unfolded);
+    }
     auto* const link = about->findChild<QLabel*>("lblLink");
     QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(link->fontMetrics().averageCharWidth() * 3, link->height() / 2));
     about->findChild<QPushButton*>("cmdClose")->click();
