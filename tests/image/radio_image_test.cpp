@@ -85,7 +85,7 @@ TEST(RadioImageTest, RecordsLandAtTheirPlaceAndNowhereElse) {
       {0x110, ImageBlock::KeyProgramBlock, 0},
       {0x138, ImageBlock::PttIdBlock, 8},
       {0x140, ImageBlock::EmergencyAniBlock, 0},
-      {0x198, ImageBlock::TtsTimingBlock, 3 * 8},
+      {0x198, ImageBlock::TtsTimingBlock, 24},
       {0x1C0, ImageBlock::ResetTimeBlock, 0},
       {0x1E0, ImageBlock::ToneFrequencyBlock, 24},
       {0x1F0, ImageBlock::RadioIdBlock, 0},

@@ -19,7 +19,7 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
     : QDialog(parent), m_printers(printers), m_messages(messages) {
   setObjectName(QStringLiteral("frmPrint"));
   setWindowTitle(tr("Print Output"));
-  const auto button = [this](const char* name, const QString& text) {
+  const auto button = [](const char* name, const QString& text) {
     auto* const made = new QPushButton(text);
     made->setObjectName(QLatin1String(name));
     made->setAutoDefault(false); // Return confirms, wherever the focus is
