@@ -75,43 +75,6 @@ TEST(QtFileDialogs, TakesFiltersAndExtensionsAsTheCommandsGiveThem) {
     EXPECT_EQ(WithExtension(given, "K4X"), whole);
 }
 
-TEST(QtFontDialog, GivesBackTheFontThatTheUserChose) {
-  const QString other = QFontDatabase::families().constLast();
-  const QString style = QFontDatabase::styles(other).constLast();
-  const struct {
-    FontDescription preset;
-    std::function<void(QFontDialog&)> choose;
-    FontDescription chosen;
-  } cases[] = {
-      // A font that the machine lacks keeps its name until another is chosen.
-      {{"No Such Font", 8}, [](QFontDialog&) {}, {"No Such Font", 8}},
-      {{"No Such Font", 8, true}, [](QFontDialog&) {}, {"No Such Font", 8, true}},
-      {{"No Such Font", 8},
-       [&](QFontDialog& dialog) { dialog.setCurrentFont(QFontDatabase::font(other, style, 14)); },
-       {other.toStdString(), 14, QFontDatabase::bold(other, style), QFontDatabase::italic(other, style)}},
-      {{"No Such Font", 13, false, false, true, true, 0x808080},
-       [](QFontDialog& dialog) {
-         for (const auto* const effect : dialog.findChildren<QCheckBox*>())
-           EXPECT_FALSE(effect->isVisible()); // neither these nor the colour are asked for
-       },
-       {"No Such Font", 13, false, false, true, true, 0x808080}},
-  };
-  for (const auto& [preset, choose, chosen] : cases) {
-    for (const auto button : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel}) {
-      WhenDialogOpens([&, &act = choose](QWidget* dialog) {
-        act(*qobject_cast<QFontDialog*>(dialog));
-        dialog->findChild<QDialogButtonBox*>()->button(button)->click();
-      });
-      const auto answer = QtFontDialog().AskFont(preset);
-      ASSERT_EQ(answer.has_value(), button == QDialogButtonBox::Ok);
-      if (!answer) continue;
-      EXPECT_EQ(answer->name, chosen.name);
-      EXPECT_EQ(answer->size, chosen.size);
-      EXPECT_TRUE(*answer == chosen) << answer->bold << answer->italic;
-    }
-  }
-}
-
 TEST(QtProgressView, KeepsItsBarWithinItsRange) {
   QtProgressView view("The program");
   const auto window = [] {
@@ -162,25 +125,6 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
   }
   EXPECT_TRUE(typed());
   EXPECT_FALSE(isBusy());
-}
-
-TEST(EventClock, ServesTheScreenWhileATransferWaits) {
-  UserInput input;
-  EventClock clock(input);
-  bool isServed = false;
-  const auto wait = [&](std::chrono::milliseconds time) {
-    isServed = false;
-    QTimer screen;
-    screen.callOnTimeout([&] { isServed = true; });
-    screen.start(0);
-    const Clock::Moment end = clock.Now() + time;
-    clock.WaitUntil(end);
-    EXPECT_GE(clock.Now(), end);
-    return isServed;
-  };
-  EXPECT_FALSE(wait(10ms)); // outside a transfer nothing may interrupt
-  const TransferGuard guard(input);
-  EXPECT_TRUE(wait(10ms));
 }
 
 } // namespace

@@ -24,32 +24,6 @@ protected:
 const std::string ReadDone = "Read Complete|Read data is complete. Press OK button to continue ...";
 const std::string WriteDone = "Write Complete|Write data is complete. Press OK button to continue ...";
 
-TEST_F(RadioTest, ReadsEditsSavesAndWrites) {
-  Choose("mnuProgramRead");
-  EXPECT_EQ(Happened(), Lines{ReadDone});
-  EXPECT_EQ(Title(), ReadTitle);
-  EXPECT_TRUE(window->State().ModifiedFlag); // as filling has changed controls
-  EXPECT_TRUE(Item("mnuFileClose")->isEnabled());
-  EXPECT_EQ(window->Image().ChannelBlock, image.ChannelBlock);
-  ExpectIdle();
-
-  desk.paths = {Path("radio.K4X")};
-  Choose("mnuFileSave"); // data of a radio belongs to no file yet
-  EXPECT_EQ(Happened(), Lines{"dialog Save As"});
-  EXPECT_EQ(Title(), TitleOf("radio.K4X"));
-  RadioImage saved;
-  EXPECT_EQ(LoadDataFile(files, Path("radio.K4X"), saved).outcome, LoadOutcome::Loaded);
-  EXPECT_EQ(saved.ChannelBlock, image.ChannelBlock);
-
-  std::fill_n(radio.memory.begin(), image.ChannelBlock.bytes.size(), std::uint8_t{0});
-  Choose("mnuProgramWrite");
-  EXPECT_EQ(Happened(), Lines{WriteDone});
-  EXPECT_EQ(Title(), WriteTitle);
-  EXPECT_FALSE(window->State().ModifiedFlag);
-  EXPECT_TRUE(std::equal(image.ChannelBlock.bytes.begin(), image.ChannelBlock.bytes.end(), radio.memory.begin()));
-  ExpectIdle();
-}
-
 TEST_F(RadioTest, FailsWithoutALeftover) {
   const struct {
     const char* command;
@@ -78,34 +52,6 @@ TEST_F(RadioTest, FailsWithoutALeftover) {
     EXPECT_FALSE(Item("mnuFileClose")->isEnabled());
     ExpectIdle();
   }
-}
-
-TEST_F(RadioTest, DropsInputDuringATransfer) {
-  desk.paths = {Path("a.K4X")};
-  auto* const field = window->findChild<QCheckBox*>("chkCH(1)");
-  int waits = 0;
-  clock.duringWait = [&] {
-    if (++waits % 50 != 0) return;
-    QTest::mouseClick(Button("Open"), Qt::LeftButton);
-    QTest::keyClick(window.get(), Qt::Key_O, Qt::ControlModifier);
-    QTest::mouseClick(field, Qt::LeftButton);
-    QCloseEvent close;
-    QApplication::sendEvent(window->windowHandle(), &close);
-    EXPECT_FALSE(close.isAccepted());
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) // not dealt with yet when the transfer ends
-      QApplication::postEvent(field, new QKeyEvent(type, Qt::Key_Space, {}));
-  };
-  Choose("mnuProgramWrite");
-  EXPECT_GT(waits, 200);
-  clock.duringWait = [] {};
-  QCoreApplication::processEvents();
-  EXPECT_EQ(Happened(), Lines{WriteDone});
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_TRUE(field->isChecked());
-  EXPECT_FALSE(window->State().ModifiedFlag);
-
-  QTest::mouseClick(Button("Open"), Qt::LeftButton); // counts again
-  EXPECT_EQ(Happened(), (Lines{"dialog Open", damaged}));
 }
 
 // Ports of which some can be opened.

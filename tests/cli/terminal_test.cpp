@@ -40,28 +40,6 @@ TEST(TerminalTest, QuestionsAreAnsweredBySomebodyOrByTheRule) {
   }
 }
 
-TEST(TerminalTest, SuccessIsSilentAndProgressOnlyOnATerminal) {
-  std::ostringstream out;
-  std::ostringstream err;
-  std::istringstream in;
-  Terminal pipe{out, err, in, false, false};
-  TerminalMessages(pipe, TerminalMessages::Policy::Ask)
-      .Show(MessageIcon::None, "Read Complete", "Done.", MessageButtons::Ok);
-  TerminalProgress silent(pipe);
-  silent.Open("Read", "Reading ...", 505);
-  silent.SetValue(505);
-  silent.Close();
-  EXPECT_EQ(err.str(), "");
-  Terminal screen{out, err, in, true, true};
-  TerminalProgress progress(screen);
-  progress.Open("Read", "Reading ...", 505);
-  progress.SetValue(252);
-  progress.SetValue(240); // never backwards
-  progress.SetValue(510);
-  progress.Close();
-  EXPECT_EQ(err.str(), "\rReading ... 0 %\rReading ... 49 %\rReading ... 100 %\n");
-}
-
 TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
   for (const char* const bad : {"", "0", "17", "00000000000001", "COM17"}) {
     EXPECT_FALSE(ParsePortArgument(bad)) << bad;

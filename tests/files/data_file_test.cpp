@@ -1,6 +1,5 @@
 #include "data_file.h"
 
-#include <random>
 #include <vector>
 
 #include "files_fixture.h"
@@ -28,15 +27,6 @@ Bytes FreshFile() {
 Bytes Part(const Bytes& bytes, std::size_t offset, std::size_t count) {
   const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
   return {begin, begin + static_cast<std::ptrdiff_t>(count)};
-}
-
-RadioImage RandomImage(std::mt19937& random) {
-  RadioImage image;
-  for (const BlockPlace& place : RecordMap)
-    for (std::uint8_t& byte : BlockBytes(image, place.block))
-      byte = static_cast<std::uint8_t>(random());
-  image.FiveToneStandard = static_cast<std::int16_t>(random());
-  return image;
 }
 
 } // namespace
@@ -69,23 +59,6 @@ TEST(DataFile, IsTheDocumentedBytes) {
     EXPECT_EQ(Part(file, ItemOffsets[i], heads[i].size()), heads[i]) << "item " << i + 1;
 }
 
-TEST_F(FilesTest, SavedImagesComeBackExceptForWhatNoFileHolds) {
-  std::mt19937 random(7200);
-  for (int i = 0; i < 25; ++i) {
-    const RadioImage saved = RandomImage(random);
-    const RadioImage before = RandomImage(random);
-    RadioImage loaded = before;
-    ASSERT_TRUE(SaveDataFile(files, Path("a.K4X"), saved));
-    ASSERT_EQ(LoadDataFile(files, Path("a.K4X"), loaded), (LoadResult{LoadOutcome::Loaded, false}));
-    RadioImage expected = saved;
-    expected.RadioIdBlock = before.RadioIdBlock;
-    expected.WriteStampBlock = before.WriteStampBlock;
-    expected.EmbeddedInfoBlock = before.EmbeddedInfoBlock;
-    expected.FirmwareVersionBlock = before.FirmwareVersionBlock;
-    ASSERT_EQ(loaded, expected);
-  }
-}
-
 TEST_F(FilesTest, LoadingTellsMissingFromDamaged) {
   RadioImage image;
   Put("empty.K4X", "");
@@ -102,19 +75,6 @@ TEST_F(FilesTest, LoadingTellsMissingFromDamaged) {
   for (const auto& [name, outcome] : cases)
     EXPECT_EQ(LoadDataFile(files, Path(name), image).outcome, outcome) << name;
   EXPECT_EQ(LoadDataFile(files, "", image).outcome, LoadOutcome::Missing);
-}
-
-TEST(DataFile, CutShortAnywhereIsDamagedAndKeepsTheBlocksBefore) {
-  const Bytes file = FreshFile();
-  const RadioImage fresh = FreshImage();
-  for (std::size_t length = 0; length < file.size(); ++length) {
-    RadioImage image;
-    image.KeyProgramBlock.fill(0x55);
-    EXPECT_EQ(ParseDataFile(Part(file, 0, length), image).outcome, LoadOutcome::Damaged) << length;
-    EXPECT_EQ(image.ChannelBlock == fresh.ChannelBlock, length >= 329) << length;
-    EXPECT_EQ(image.KeyProgramBlock == fresh.KeyProgramBlock, length >= 405) << length;
-    EXPECT_EQ(image.BandBlock == fresh.BandBlock, length >= 689) << length;
-  }
 }
 
 TEST(DataFile, EditedFilesHaveTheirOutcome) {

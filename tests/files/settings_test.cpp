@@ -5,19 +5,6 @@
 
 namespace mr4500x {
 
-TEST_F(FilesTest, PortSettingIsANumberFrom1To16) {
-  const std::pair<const char*, int> cases[] = {
-      {"3", 3},        {"25", 16}, {"0", 1},   {"-4", 1},   {"", 1},      {"No Comm 5", 1},
-      {"3 apples", 1}, {"+5", 5},  {"2.5", 2}, {"2.51", 3}, {"16.5", 16}, {"\" 7 \"", 7},
-      {"3.5", 4},      {"nan", 1}, {"inf", 1}, {"0x5", 1},  {"1e1", 1},   {"99999999999999999999", 16},
-  };
-  EXPECT_EQ(LoadPortSetting(files, Path("MR4500X.ini")), 1) << "without a file";
-  for (const auto& [text, port] : cases) {
-    Put("MR4500X.ini", std::string("[comm port]\ncommon port=") + text + "\n");
-    EXPECT_EQ(LoadPortSetting(files, Path("MR4500X.ini")), port) << text;
-  }
-}
-
 TEST_F(FilesTest, SettingsStandUnderTheirKeys) {
   EXPECT_TRUE(StoreSettings(files, Path("MR4500X.ini"), 7, "/data/a.K4X"));
   EXPECT_EQ(Content("MR4500X.ini"), "[Comm Port]\nCommon Port=7\n[File Name]\nDefault File=/data/a.K4X\n");

@@ -96,32 +96,5 @@ TEST(HelpBook, KeepsItsCatalogueWhereThereIsRoom) {
   qputenv("XDG_CACHE_HOME", before[2]);
 }
 
-TEST(PageSearch, FindsPagesWithEveryWordBestFirst) {
-  const QList<SearchPage> pages = {
-      PlainPage(QUrl("a"),
-                "<html><head><title>Keys</title></head><body>Scan once, <b>short</b> &amp; long.</body></html>"),
-      PlainPage(QUrl("b"), "<html><head><title>Menus</title></head><body>scan, scan and SCAN again</body></html>"),
-      PlainPage(QUrl("c"), "<html><head><title>Scan</title></head><body>Look back.</body></html>"),
-  };
-  const std::pair<QString, QString> cases[] = {
-      {"scan", "c b a"},
-      {"SCAN", "c b a"},
-      {"scan again", "b"},
-      {"short & long", "a"},
-      {"\"short & long\"", "a"},
-      {"\"once short\"", ""},
-      {"scan nowhere", ""},
-      {"  ", ""},
-      {"\"\"", ""},
-      {"title", ""},
-  };
-  for (const auto& [question, expected] : cases) {
-    QStringList found;
-    for (const SearchPage& page : FindPages(pages, SearchWords(question)))
-      found.append(page.url.toString());
-    EXPECT_EQ(found.join(' '), expected) << question.toStdString();
-  }
-}
-
 } // namespace
 } // namespace mr4500x

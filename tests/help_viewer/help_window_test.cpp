@@ -65,19 +65,6 @@ protected:
   PageView* page = nullptr;
 };
 
-TEST_F(HelpWindowTest, OpensPagesFromTheContents) {
-  auto* const tree = Find<QHelpContentWidget>("treeContents");
-  EXPECT_EQ(Page(), "index.html");
-  EXPECT_TRUE(page->toHtml().contains("#008000")); // the style sheet's
-  EXPECT_EQ(tree->currentIndex().data().toString(), "Start");
-  const QModelIndex scan = tree->model()->index(1, 0, tree->model()->index(0, 0));
-  QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(scan).center());
-  EXPECT_EQ(Page(), "scan.html");
-  QTest::keyClick(tree, Qt::Key_Up);
-  QTest::keyClick(tree, Qt::Key_Return);
-  EXPECT_EQ(Page(), "tones.html");
-}
-
 TEST_F(HelpWindowTest, GoesBackForwardAndHome) {
   EXPECT_EQ(Ways(), "");
   Open("tones.html#dcs");
@@ -144,25 +131,6 @@ TEST_F(HelpWindowTest, SearchesTheTextOfAllPages) {
   EXPECT_EQ(page->textCursor().selectedText(), "squelch");
   Ask("txtSearch", "nowhere");
   EXPECT_EQ(results->count(), 0);
-}
-
-TEST_F(HelpWindowTest, FindsATextInThePage) {
-  Open("scan.html");
-  Find<QAction>("actFind")->trigger();
-  Ask("txtFind", "squelch");
-  const int first = page->textCursor().position();
-  QTest::keyClick(Find<QLineEdit>("txtFind"), Qt::Key_Return);
-  EXPECT_GT(page->textCursor().position(), first);
-  QTest::keyClick(Find<QLineEdit>("txtFind"), Qt::Key_Return); // from the top again
-  EXPECT_EQ(page->textCursor().position(), first);
-  Ask("txtFind", "nowhere");
-  EXPECT_NE(Find<QLabel>("lblNotFound")->text(), "");
-  QTest::keyClick(Find<QLineEdit>("txtFind"), Qt::Key_Escape);
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_FALSE(Find<QLineEdit>("txtFind")->isVisible());
-  QSignalSpy closed(window.get(), &HelpWindow::Closed);
-  QTest::keyClick(page, Qt::Key_Escape);
-  EXPECT_EQ(closed.count(), 1);
 }
 
 TEST_F(HelpWindowTest, DoesWhatTheMainProgramAsksFor) {

@@ -49,19 +49,6 @@ TEST_F(HelpProcessTest, ReusesTheViewerAndEndsItWithTheProgram) {
   EXPECT_TRUE(messages.texts.empty());
 }
 
-TEST_F(HelpProcessTest, StartsAnotherViewerWhenTheUserHasClosedIt) {
-  QtHelpViewer help(messages, Script("read request; echo \"$request\" $$ >>\"$1\""), Book().toStdString());
-  QByteArrayList processes;
-  for (int i = 1; i <= 2; ++i) {
-    help.OpenIndex();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Received().count('\n') == i && !help.IsRunning(); }));
-  }
-  for (const QByteArray& line : Received().trimmed().split('\n'))
-    processes.append(line.split(' ').at(1));
-  EXPECT_NE(processes.at(0), processes.at(1));
-  EXPECT_TRUE(messages.texts.empty());
-}
-
 TEST_F(HelpProcessTest, TellsThatTheViewerCanNotBeStarted) {
   const std::string program = folder.filePath("none").toStdString();
   QtHelpViewer help(messages, program, Book().toStdString());

@@ -106,23 +106,6 @@ protected:
   fs::path m_folder;
 };
 
-TEST_F(SimulatorProgram, ServesOneClientAfterAnotherUntilItIsStopped) {
-  for (const int signal : {SIGINT, SIGTERM}) {
-    Simulator simulator({"--link", Path("radio")});
-    const std::string device = simulator.Device();
-    EXPECT_EQ(fs::read_symlink(Path("radio")).string(), device);
-    for (const std::string& name : {Path("radio"), device}) {
-      QtSerialPort port(name);
-      ASSERT_EQ(port.Open(LineSettings), std::nullopt);
-      EXPECT_EQ(Ask(port, "READ", 1), "06");
-      EXPECT_EQ(Ask(port, "57 03 F8 08", 12), "57 03 F8 08 56 31 2E 30 32 20 20 20");
-    }
-    simulator.Signal(signal);
-    EXPECT_EQ(simulator.ExitStatus(), 0);
-    EXPECT_FALSE(fs::is_symlink(Path("radio")));
-  }
-}
-
 TEST_F(SimulatorProgram, KeepsItsMemoryInAFile) {
   const std::string file = Path("memory");
   {

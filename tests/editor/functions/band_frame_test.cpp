@@ -99,23 +99,6 @@ TEST_F(BandFrameTest, AsksBeforeANewLowerLimitStartsTheChannelsAnew) {
   EXPECT_EQ(window.Text(Lower), "440");
 }
 
-TEST_F(BandFrameTest, EnteringTheLowerBoxStoresALimitOfThreeCharacters) {
-  window.GoElsewhere();
-  for (const auto& [text, expected] : {std::pair{"450", 450}, std::pair{"99", 440}, std::pair{"1450", 440}}) {
-    stored = 440;
-    Fill(text, "60000");
-    window.Box(Lower).setFocus(Qt::MouseFocusReason);
-    EXPECT_EQ(stored, expected) << text;
-    Fill("440", "470");
-    window.GoElsewhere();
-  }
-  stored = 440;
-  Fill("450", "470");
-  QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
-  QApplication::sendEvent(&window.Box(Lower), &back);
-  EXPECT_EQ(stored, 440) << "coming back to the window is not entering the box";
-}
-
 TEST_F(BandFrameTest, ClicksAndKeysOfTheLowerBox) {
   QLineEdit& box = window.Box(Lower);
   QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(2, box.height() / 2));
@@ -126,25 +109,6 @@ TEST_F(BandFrameTest, ClicksAndKeysOfTheLowerBox) {
   }
   QTest::keyClicks(&box, "4567");
   EXPECT_EQ(box.text(), "456");
-}
-
-TEST_F(BandFrameTest, AStoredLimitLongerThanTheBoxSurvives) {
-  QSignalSpy changed(frame, &BandFrame::Changed);
-  Fill("1000", "65535");
-  EXPECT_EQ(changed.count(), 2);
-  EditorValues values;
-  frame->Gather(values);
-  EXPECT_EQ(values.txtFreqBandL, "1000");
-  EXPECT_EQ(values.txtFreqBandU, "65535");
-
-  QLineEdit& box = window.Box(Upper);
-  box.setFocus();
-  for (const char* const left : {"6553", "655"}) {
-    QTest::keyClick(&box, Qt::Key_Backspace);
-    EXPECT_EQ(box.text(), left);
-  }
-  QTest::keyClicks(&box, "9");
-  EXPECT_EQ(box.text(), "655");
 }
 
 TEST_F(BandFrameTest, AMessageBoxDoesNotEndTheEntryOfTheNextBox) {

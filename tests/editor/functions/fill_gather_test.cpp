@@ -75,22 +75,5 @@ TEST(FillAndGather, GiveBackWhatAnyImageHolds) {
   EXPECT_GT(unlisted, 10);
 }
 
-TEST(FillAndGather, EverySelectionOfAFillIsAChange) {
-  AllFrames frames;
-  EditorValues values; // as the lists show before any fill
-  for (Choice& choice : values.lists) {
-    choice.position = 0;
-  }
-  QSignalSpy lists(&frames.global, &GlobalSettingsFrame::ListChanged);
-  QSignalSpy global(&frames.global, &GlobalSettingsFrame::Changed);
-  QSignalSpy scan(&frames.scan, &ScanFrame::Changed);
-  QSignalSpy fiveTone(&frames.fiveTone, &FiveToneFrame::Changed);
-  frames.Fill(values, false);
-  EXPECT_EQ(lists.count(), 11);
-  EXPECT_EQ(global.count(), 11);
-  EXPECT_EQ(scan.count(), 6);
-  EXPECT_EQ(fiveTone.count(), 1);
-}
-
 } // namespace
 } // namespace mr4500x

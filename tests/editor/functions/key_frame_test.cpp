@@ -90,18 +90,5 @@ TEST_F(KeyFrameTest, ASecondTalkAroundOrReverseGoesBack) {
   EXPECT_EQ(changed.count(), 1);
 }
 
-TEST_F(KeyFrameTest, AFillTellsItsOwnConflictOnce) {
-  Fill({0, 0, 0, 0, TalkAround, 0});
-  Fill({Reverse, 0, 0, 0, 0, 0}); // does not meet the keys of before
-  EXPECT_EQ(messages.Taken(), NoMessage());
-  QSignalSpy changed(frame, &KeyFrame::Changed);
-  Fill({TalkAround, 0, 0, 0, 0, 0}, true);
-  EXPECT_EQ(messages.Taken(), conflictMessage);
-  EXPECT_GE(changed.count(), 1);
-  Fill({TalkAround, Reverse, 0, LongBReverse, 2, 1});
-  EXPECT_EQ(messages.Taken(), conflictMessage);
-  EXPECT_EQ(Shown(), (std::array{TalkAround, 0, 0, 0, 2, 1}));
-}
-
 } // namespace
 } // namespace mr4500x

@@ -70,52 +70,6 @@ TEST_F(TtsFrameTest, LimitsAFrequencyAtEveryEndOfItsEntry) {
   }
 }
 
-TEST_F(TtsFrameTest, TheKeysOfTheFrequencyEditor) {
-  Click(0, ToneBFreq); // 1141
-  QTest::keyClick(&box, Qt::Key_Up);
-  QTest::keyClick(&box, Qt::Key_Up);
-  QTest::keyClick(&box, Qt::Key_Down);
-  frame->Copy();
-  EXPECT_EQ(clipboard.text, "1142");
-  QTest::keyClick(&box, Qt::Key_Escape);
-  frame->Copy(); // nothing is open
-  EXPECT_EQ(clipboard.text, "1142");
-  EXPECT_FALSE(box.isVisible());
-  EXPECT_EQ(Cell(0, ToneBFreq), "1141");
-
-  Click(0, ToneBFreq);
-  QTest::keyClick(&box, Qt::Key_End);
-  QTest::mouseClick(&box, Qt::LeftButton);
-  EXPECT_EQ(box.selectedText(), "1141");
-  QTest::keyClick(&box, Qt::Key_Backspace);
-  QTest::keyClick(&box, Qt::Key_Up);
-  EXPECT_EQ(messages.Taken(), ErrorMessage("TTS Frequency Invalid!"));
-  EXPECT_EQ(box.text(), "1141") << "the cell's text again";
-  QTest::keyClick(&box, Qt::Key_Return);
-  EXPECT_EQ(Current(), std::pair(0, ToneBFreq)) << "only tone A moves on";
-}
-
-TEST_F(TtsFrameTest, AnEditorStandsOverItsCellInItsColour) {
-  const QColor colours[] = {{},
-                            QColor(0, 128, 0),
-                            QColor(0, 128, 0),
-                            QColor(0, 128, 128),
-                            QColor(0, 128, 128),
-                            QColor(128, 128, 0),
-                            QColor(128, 128, 0)};
-  for (int column = ToneAFreq; column <= GroupCallDur; ++column) {
-    QSignalSpy changed(frame, &TtsFrame::Changed);
-    Click(7, column);
-    QWidget& editor = column == ToneAFreq || column == ToneBFreq ? static_cast<QWidget&>(box) : list;
-    QWidget& other = &editor == &box ? static_cast<QWidget&>(list) : box;
-    EXPECT_TRUE(editor.isVisible() && editor.hasFocus() && !other.isVisible()) << column;
-    EXPECT_EQ(editor.geometry(), grid.visualItemRect(grid.item(7, column))) << column;
-    EXPECT_EQ(editor.palette().color(QPalette::Text), colours[column]) << column;
-    EXPECT_EQ(grid.item(7, column)->foreground().color(), colours[column]) << column;
-    EXPECT_EQ(changed.count(), 1) << column;
-  }
-}
-
 TEST_F(TtsFrameTest, HeadingsOpenNothing) {
   QSignalSpy changed(frame, &TtsFrame::Changed);
   Click(3, 0);
@@ -124,41 +78,6 @@ TEST_F(TtsFrameTest, HeadingsOpenNothing) {
   EXPECT_FALSE(box.isVisible() || list.isVisible());
   EXPECT_EQ(Current(), std::pair(0, ToneAFreq));
   EXPECT_EQ(changed.count(), 0);
-}
-
-TEST_F(TtsFrameTest, EnterWalksThroughTheTableAndSpaceOpens) {
-  grid.setFocus();
-  for (int step = 1; step <= 48; ++step) {
-    QTest::keyClick(&grid, Qt::Key_Return);
-    ASSERT_EQ(Current(), std::pair(step / 6 % 8, step % 6 + 1));
-  }
-  QTest::keyClick(&grid, Qt::Key_Left); // the heading column is no place to be
-  QTest::keyClicks(&grid, "5");         // nor does typing lead anywhere
-  EXPECT_EQ(Current(), std::pair(0, ToneAFreq));
-  EXPECT_FALSE(box.isVisible());
-  QTest::keyClick(&grid, Qt::Key_Space);
-  EXPECT_TRUE(box.isVisible());
-}
-
-TEST_F(TtsFrameTest, ATimeIsPickedFromTheList) {
-  ASSERT_EQ(list.count(), 100);
-  EXPECT_EQ(list.itemText(0) + list.itemText(99), "0.110.0");
-  grid.item(1, GroupCallDur)->setText("25.5"); // a stored time beyond the list
-  Click(1, GroupCallDur);
-  EXPECT_EQ(list.currentIndex(), -1);
-  window.GoElsewhere();
-  EXPECT_FALSE(list.isVisible());
-  EXPECT_EQ(Cell(1, GroupCallDur), "25.5");
-
-  Click(1, GroupCallDur);
-  list.showPopup();
-  EXPECT_TRUE(list.isVisible()) << "its own popup does not hide it";
-  list.view()->setCurrentIndex(list.model()->index(11, 0));
-  QTest::keyClick(list.view(), Qt::Key_Return);
-  EXPECT_EQ(Cell(1, GroupCallDur), "1.2");
-  QTest::keyClick(&list, Qt::Key_Escape);
-  EXPECT_FALSE(list.isVisible());
-  EXPECT_TRUE(grid.hasFocus());
 }
 
 TEST_F(TtsFrameTest, FiveToneModeTakesTheTableOutOfUse) {
