@@ -1,0 +1,36 @@
+# Completion of mr4500x-cli for bash.
+_mr4500x_cli() {
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word count=0
+  local command=${COMP_WORDS[1]} files="" ports="" words=""
+  for word in "${COMP_WORDS[@]:2:COMP_CWORD-2}"; do
+    case $word in -* | "$current") ;; *) count=$((count + 1)) ;; esac
+  done
+  if [ "$COMP_CWORD" -eq 1 ]; then
+    words="new show read write info print ports --help --version"
+  elif [ "$previous" = --reports ]; then
+    words="channels tts info channels,tts channels,info tts,info channels,tts,info"
+  else
+    case $command:$count in
+      new:0 | show:0 | write:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
+      print:*) files='*.pdf' ;;
+      read:0 | write:1 | info:1) ports=yes ;;
+      info:0) words="read write" ;;
+    esac
+    case $command in
+      show) words="$words --json" ;;
+      write) words="$words --accept-band" ;;
+      print) words="$words --reports" ;;
+    esac
+    words="$words --help"
+  fi
+  [ -z "$ports" ] || words="$(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/ttyACM*') $words"
+  mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+  [ -n "$files" ] || return 0
+  local extglob_was_set=0
+  shopt -q extglob && extglob_was_set=1
+  shopt -s extglob
+  mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X "!$files" -- "$current"; compgen -d -S / -- "$current")
+  [ "$extglob_was_set" -eq 1 ] || shopt -u extglob
+  [ "${#COMPREPLY[@]}" -ne 1 ] || [[ ${COMPREPLY[0]} != */ ]] || compopt -o nospace
+}
+complete -o filenames -F _mr4500x_cli mr4500x-cli
