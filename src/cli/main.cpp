@@ -16,6 +16,9 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <iostream>
 
 namespace mr4500x {
@@ -105,8 +108,22 @@ ExitStatus Companion::Ports() {
   return RunPorts(serial, deviceOf, m_terminal);
 }
 
+// Whether printing to a path would take a data file's place: FILE itself under whatever name, or any other.
+bool LeadsToDataFile(const std::string& dataFile, const std::string& pdfFile) {
+  std::error_code failed; // a file that is not there is nobody's
+  if (std::filesystem::equivalent(dataFile, pdfFile, failed)) return true;
+  std::string extension = std::filesystem::weakly_canonical(pdfFile, failed).extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return std::toupper(c); });
+  return extension == ".K4X" || extension == ".K4Y";
+}
+
 // The program that draws pages takes this one's place, with its streams and its exit status.
 ExitStatus Companion::Print() {
+  if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_arguments.file, m_arguments.pdfFile)) {
+    m_terminal.err << "OUT.pdf is the PDF file to write; it must not be a data file.\n";
+    return ExitStatus::UnusableArguments;
+  }
   std::string reports;
   for (const std::string& report : m_arguments.reports) {
     reports += (reports.empty() ? "" : ",") + report;

@@ -167,6 +167,7 @@ TEST_F(CompanionTest, PrintsAFile) {
   EXPECT_NE(Shell("pdftotext " + pdf + " -").output.find("No Embedded Information."), std::string::npos);
 
   const std::string before = Shell("cat " + pdf).output;
+  std::filesystem::create_symlink("a.K4X", folder + "/link.pdf");
   const struct {
     std::string arguments;
     int status;
@@ -175,6 +176,9 @@ TEST_F(CompanionTest, PrintsAFile) {
       {folder + "/none.K4X " + pdf, 1, "File has been damaged!\n"},
       {folder + "/a.K4X " + folder, 1, "The PDF file " + folder + " can't be written.\n"},
       {folder + "/a.K4X " + pdf + " --reports all", 2, {}},
+      {folder + "/a.K4X " + folder + "/./a.K4X", 2, {}},
+      {folder + "/a.K4X " + folder + "/link.pdf", 2, {}},
+      {folder + "/a.K4X ''", 2, {}},
       {folder + "/a.K4X", 2, {}},
   };
   for (const auto& [arguments, status, output] : cases) {
@@ -185,6 +189,7 @@ TEST_F(CompanionTest, PrintsAFile) {
     }
   }
   EXPECT_EQ(Shell("cat " + pdf).output, before);
+  EXPECT_EQ(std::filesystem::file_size(folder + "/a.K4X"), 713U); // still a data file
 }
 
 TEST_F(CompanionTest, FilesAndArguments) {
