@@ -45,6 +45,7 @@ BookOutcome HelpBook::Open(const QString& file) {
   // The catalogue keeps a relative path, which leads astray where a link is part of it.
   const QString path = QFileInfo(file).canonicalFilePath();
   if (path.isEmpty()) return BookOutcome::Missing;
+  if (!QFileInfo(path).isFile()) return BookOutcome::Damaged; // a pipe would never be read to its end
   if (QHelpEngineCore::namespaceName(path) != QLatin1String(Namespace)) return BookOutcome::Damaged;
   if (!PrepareCatalogue()) return BookOutcome::NoRoom;
   const bool isKnown = m_engine->registerDocumentation(path) && m_engine->setupData();

@@ -9,8 +9,10 @@
 #include <QIcon>
 #include <QMessageBox>
 
+#include <csignal>
 #include <cstdio>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -29,9 +31,18 @@ void OpenLink(const QUrl& page) {
   QDesktopServices::openUrl(page);
 }
 
+// The input is at its end from now on.
+void EndInput(int /*signal*/ = 0) {
+  const int nothing = open("/dev/null", O_RDONLY);
+  if (nothing > STDIN_FILENO) dup2(nothing, STDIN_FILENO);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+  if (fcntl(STDIN_FILENO, F_GETFD) < 0) EndInput(); // before another file gets its number
+  for (const int end : {SIGTERM, SIGHUP, SIGINT})
+    std::signal(end, EndInput); // so that the catalogue is removed
   const QApplication application(argc, argv);
   if (argc != 2) {
     std::fputs("usage: MR4500X-help FILE\n", stderr);
