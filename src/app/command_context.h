@@ -28,9 +28,7 @@ struct CommandContext {
   QWidget& window;
 
   [[nodiscard]] std::string Title() const { return window.windowTitle().toStdString(); }
-  void SetTitle(std::string_view title) const {
-    window.setWindowTitle(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
-  }
+  void SetTitle(std::string_view title) const { window.setWindowTitle(QString::fromUtf8(title)); }
 };
 
 } // namespace mr4500x

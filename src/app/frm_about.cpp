@@ -61,7 +61,7 @@ QLabel* MakeLink(const std::function<void(const std::string&)>& openLink) {
 
 FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmAbout"));
-  const QString title = QString::fromUtf8(BareTitle.data(), static_cast<qsizetype>(BareTitle.size()));
+  const QString title = QString::fromUtf8(BareTitle);
   setWindowTitle(QStringLiteral("About ") + title);
 
   auto* const picture = new QLabel;

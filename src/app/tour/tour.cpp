@@ -100,8 +100,7 @@ bool Tour::AnswerDialog() {
 void Tour::RunNextStep() {
   if (m_next > 0 && !m_steps[m_next - 1].picture.empty()) Picture(m_window, m_steps[m_next - 1].picture);
   if (m_next == m_steps.size()) {
-    m_succeeded = m_window.windowTitle() == QString::fromUtf8(WriteTitle.data(), WriteTitle.size()) &&
-                  QFileInfo::exists(DataFile(m_folder));
+    m_succeeded = m_window.windowTitle() == QString::fromUtf8(WriteTitle) && QFileInfo::exists(DataFile(m_folder));
     Finish();
     return;
   }

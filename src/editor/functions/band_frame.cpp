@@ -123,8 +123,8 @@ void BandFrame::txtFreqBandU_Validate() {
 }
 
 void BandFrame::Fill(const EditorValues& values) {
-  m_rememberedLower = ToQString(values.txtFreqBandL);
-  m_rememberedUpper = ToQString(values.txtFreqBandU);
+  m_rememberedLower = QString::fromUtf8(values.txtFreqBandL);
+  m_rememberedUpper = QString::fromUtf8(values.txtFreqBandU);
   m_lower->SetWholeText(m_rememberedLower);
   m_upper->SetWholeText(m_rememberedUpper);
 }

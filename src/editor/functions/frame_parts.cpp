@@ -9,15 +9,11 @@
 
 namespace mr4500x {
 
-QString ToQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QStringList ItemTexts(std::span<const std::string_view> items) {
   QStringList texts;
   texts.reserve(static_cast<qsizetype>(items.size()));
   for (const std::string_view item : items) {
-    texts.append(ToQString(item));
+    texts.append(QString::fromUtf8(item));
   }
   return texts;
 }

@@ -16,7 +16,6 @@ class QWidget;
 
 namespace mr4500x {
 
-[[nodiscard]] QString ToQString(std::string_view text);
 [[nodiscard]] QStringList ItemTexts(std::span<const std::string_view> items);
 
 // Puts a field into the layout's columns `column` (its label) and `column + 1`.

@@ -21,7 +21,7 @@ ChoiceList ListAt(std::size_t index) {
 
 void UseIdBox(EntryBox& box, bool usable) {
   SetUsable(box, usable);
-  if (!usable) box.setText(ToQString(NoNumberText));
+  if (!usable) box.setText(QString::fromUtf8(NoNumberText));
 }
 
 } // namespace
@@ -69,7 +69,7 @@ ChoiceBox* GlobalSettingsFrame::AddList(ChoiceList list, const QString& label, i
 EntryBox* GlobalSettingsFrame::AddIdBox(const QString& objectName, const QString& label, int row,
                                         std::string_view invalidText) {
   auto* const box = new EntryBox(objectName, MostIdCharacters, IdCharacter, EntryBox::OtherKeys::Edit, label, this);
-  box->setText(ToQString(NoNumberText));
+  box->setText(QString::fromUtf8(NoNumberText));
   box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   AddField(*static_cast<QGridLayout*>(layout()), row, 3, label, box);
   connect(box, &EntryBox::Left, this, [this, box, invalidText] { IdBox_Validate(*box, invalidText); });
@@ -92,7 +92,7 @@ void GlobalSettingsFrame::cboRadio_Change() {
 void GlobalSettingsFrame::IdBox_Validate(EntryBox& box, std::string_view invalidText) {
   if (IdTextValid(box.text().toStdString())) return;
   ShowEntryError(m_messages, invalidText);
-  box.setText(ToQString(NoNumberText));
+  box.setText(QString::fromUtf8(NoNumberText));
 }
 
 void GlobalSettingsFrame::FillLists(const EditorValues& values) {
@@ -102,12 +102,12 @@ void GlobalSettingsFrame::FillLists(const EditorValues& values) {
 }
 
 void GlobalSettingsFrame::FillIdBoxes(const EditorValues& values) {
-  m_connect->setText(ToQString(values.txtConnect));
-  m_disconnect->setText(ToQString(values.txtDisconnect));
+  m_connect->setText(QString::fromUtf8(values.txtConnect));
+  m_disconnect->setText(QString::fromUtf8(values.txtDisconnect));
 }
 
 void GlobalSettingsFrame::FillAni(const EditorValues& values) {
-  m_ani->setText(ToQString(values.txtANI));
+  m_ani->setText(QString::fromUtf8(values.txtANI));
 }
 
 void GlobalSettingsFrame::Gather(EditorValues& values) const {

@@ -59,7 +59,7 @@ void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label
 }
 
 ChoiceBox* KeyFrame::AddFixed(QGridLayout& layout, const QString& objectName, std::string_view item, std::size_t over) {
-  auto* const list = new ChoiceBox(objectName, {ToQString(item)},
+  auto* const list = new ChoiceBox(objectName, {QString::fromUtf8(item)},
                                    QStringLiteral("Key %1 press, fixed").arg(QLatin1String(KeyLabels[over])), this);
   layout.addWidget(list, RowOf(over), FieldColumnOf(over));
   KeepPlace(*list);

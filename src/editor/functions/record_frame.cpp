@@ -19,7 +19,7 @@ RecordFrame::RecordFrame(QWidget* parent) : QGroupBox(QStringLiteral("Radio Reco
 }
 
 QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString& label) {
-  auto* const text = new QLabel(ToQString(NoNumberText), this);
+  auto* const text = new QLabel(QString::fromUtf8(NoNumberText), this);
   text->setObjectName(objectName);
   text->setTextFormat(Qt::PlainText); // the characters are the radio's own
   // A label is read out by its text; the name says whose it is.
@@ -30,8 +30,8 @@ QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString
 }
 
 void RecordFrame::Fill(const EditorValues& values) {
-  m_id->setText(ToQString(values.lblID));
-  m_version->setText(ToQString(values.lblVer));
+  m_id->setText(QString::fromUtf8(values.lblID));
+  m_version->setText(QString::fromUtf8(values.lblVer));
 }
 
 void RecordFrame::Gather(EditorValues& values) const {

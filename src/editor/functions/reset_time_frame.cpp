@@ -47,7 +47,7 @@ ResetTimeFrame::ResetTimeFrame(MessageView& messages, QWidget* parent)
 }
 
 void ResetTimeFrame::Take(const ResetTimeCheck& check) {
-  m_seconds->setText(ToQString(check.text));
+  m_seconds->setText(QString::fromUtf8(check.text));
   if (check.off) m_off->setChecked(true);
 }
 
@@ -64,7 +64,7 @@ void ResetTimeFrame::txtResetTime_Validate() {
 void ResetTimeFrame::vsbResetTime_Change(int by) {
   const auto spun = SpinResetTime(m_seconds->text().toStdString(), by);
   if (!spun) ShowEntryError(m_messages, ResetTimeInvalidAtSpinnerText);
-  m_seconds->setText(ToQString(spun.value_or("1")));
+  m_seconds->setText(QString::fromUtf8(spun.value_or("1")));
 }
 
 void ResetTimeFrame::chkResetTimeOFF_Click(bool off) {
@@ -76,7 +76,7 @@ void ResetTimeFrame::chkResetTimeOFF_Click(bool off) {
 void ResetTimeFrame::Fill(const EditorValues& values) {
   m_off->setChecked(values.chkResetTimeOFF);
   // Under OFF the box goes on showing what it showed.
-  if (!values.chkResetTimeOFF) m_seconds->setText(ToQString(values.txtResetTime));
+  if (!values.chkResetTimeOFF) m_seconds->setText(QString::fromUtf8(values.txtResetTime));
 }
 
 void ResetTimeFrame::Gather(EditorValues& values) const {

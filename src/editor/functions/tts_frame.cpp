@@ -24,7 +24,7 @@ QStringList TimeTexts(char decimalSeparator) {
   QStringList texts;
   texts.reserve(TimeCount);
   for (int tenths = 1; tenths <= TimeCount; ++tenths) {
-    texts.append(ToQString(TtsTimeText(static_cast<std::uint8_t>(tenths), decimalSeparator)));
+    texts.append(QString::fromUtf8(TtsTimeText(static_cast<std::uint8_t>(tenths), decimalSeparator)));
   }
   return texts;
 }
@@ -120,7 +120,7 @@ void TtsFrame::StoreFrequency() {
     ReportFrequency();
     return;
   }
-  const QString text = ToQString(*limited);
+  const QString text = QString::fromUtf8(*limited);
   if (text == m_grid->Text(m_row, m_column)) return;
   m_grid->SetText(m_row, m_column, text);
   emit Changed();
@@ -167,7 +167,7 @@ void TtsFrame::Copy() {
 }
 
 void TtsFrame::Paste() {
-  if (HasOpenFrequencyEditor()) m_frequency->PutText(ToQString(m_clipboard.Text()));
+  if (HasOpenFrequencyEditor()) m_frequency->PutText(QString::fromUtf8(m_clipboard.Text()));
 }
 
 void TtsFrame::changeEvent(QEvent* event) {
@@ -180,7 +180,7 @@ void TtsFrame::Fill(const EditorValues& values) {
   for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
     for (std::size_t column = 1; column < TtsColumnCount; ++column) {
       m_grid->SetText(static_cast<int>(entry - 1), static_cast<int>(column),
-                      ToQString(values.Tts(entry, static_cast<TtsColumn>(column))));
+                      QString::fromUtf8(values.Tts(entry, static_cast<TtsColumn>(column))));
     }
   }
 }

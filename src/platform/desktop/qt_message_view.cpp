@@ -44,10 +44,6 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-QString ToQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 } // namespace
 
 Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) {
@@ -55,9 +51,9 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   QMessageBox box(OwnerWindow());
   box.setObjectName(QStringLiteral("messageBox"));
   box.setIcon(IconOf(icon));
-  box.setWindowTitle(ToQString(title));
+  box.setWindowTitle(QString::fromUtf8(title));
   box.setTextFormat(Qt::PlainText); // paths and descriptions are no markup
-  box.setText(ToQString(text));
+  box.setText(QString::fromUtf8(text));
   const std::span<const BoxButton> offered = ButtonsOf(buttons);
   for (const BoxButton& button : offered)
     box.addButton(button.button)->setObjectName(QLatin1String(button.name));

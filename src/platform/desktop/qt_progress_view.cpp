@@ -26,7 +26,7 @@ void QtProgressView::Open(std::string_view title, std::string_view text, int max
   // Without a close button: nothing that the user does ends a transfer.
   m_window = std::make_unique<QDialog>(OwnerWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   m_window->setObjectName(QStringLiteral("frmProgress"));
-  m_window->setWindowTitle(QString::fromStdString(std::string(title)));
+  m_window->setWindowTitle(QString::fromUtf8(title));
   auto* const label = new QLabel(QString::fromStdString(text.empty() ? m_programTitle : std::string(text)));
   label->setObjectName(QStringLiteral("lblText"));
   label->setTextFormat(Qt::PlainText);

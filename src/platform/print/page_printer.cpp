@@ -21,14 +21,10 @@ QFont FontOf(const PrintFont& font) {
   return made;
 }
 
-QString ToQString(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 } // namespace
 
 double PagePrinter::TextWidth(std::string_view text, const PrintFont& font) const {
-  return QFontMetricsF(FontOf(font)).horizontalAdvance(ToQString(text));
+  return QFontMetricsF(FontOf(font)).horizontalAdvance(QString::fromUtf8(text));
 }
 
 double PagePrinter::TextHeight(const PrintFont& font) const {
@@ -62,7 +58,7 @@ void PagePrinter::SetScale(double scale) {
 void PagePrinter::PrintText(double x, double y, const PrintFont& font, std::string_view text) {
   const QFont shown = FontOf(font);
   m_painter.setFont(shown);
-  m_painter.drawText(QPointF(x, y + QFontMetricsF(shown).ascent()), ToQString(text));
+  m_painter.drawText(QPointF(x, y + QFontMetricsF(shown).ascent()), QString::fromUtf8(text));
 }
 
 void PagePrinter::PrintLine(double x1, double y1, double x2, double y2, double thickness) {
