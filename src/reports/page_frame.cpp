@@ -52,21 +52,18 @@ void AddModelLine(ReportPage& page, const ReportTexts& texts) {
 
 ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
                       const std::function<void(ReportPage&, const PageSetting&)>& addReport) {
-  const auto framed = [&](const PageSetting& onSetting) {
-    ReportPage page;
-    addReport(page, onSetting);
-    AddFrame(page, texts, onSetting);
-    return page;
-  };
-  ReportPage report;
-  addReport(report, setting);
-  const double needed = BottomOf(report, setting.measure) + AboveFooterRule + FooterRule;
-  const auto [width, height] = setting.area;
-  if (needed <= height) return framed(setting);
-  const double scale = height / needed;
-  // More width than before can only need fewer lines, so that the report's end stays above the footer.
-  ReportPage page = framed({setting.measure, {width / scale, height / scale}});
-  page.scale = scale;
+  ReportPage page;
+  addReport(page, setting);
+  PrintArea area = setting.area;
+  const double needed = BottomOf(page, setting.measure) + AboveFooterRule + FooterRule;
+  if (needed > area.height) {
+    const double scale = area.height / needed;
+    area = {area.width / scale, area.height / scale};
+    page = {.texts = {}, .rules = {}, .scale = scale};
+    // More width than before can only need fewer lines, so that the report's end stays above the footer.
+    addReport(page, {setting.measure, area});
+  }
+  AddFrame(page, texts, {setting.measure, area});
   return page;
 }
 

@@ -1,6 +1,8 @@
 // Which settings the reports name, under which labels and in which order.
 #include "report_texts.h"
 
+#include "key_rules.h"
+
 #include <span>
 #include <variant>
 
@@ -10,7 +12,6 @@ namespace {
 using BoxText = std::string EditorValues::*;
 struct SelCallWithStandard {}; // in 5-tone mode the mode is followed by the standard
 struct SignalSentence {};      // a sentence in the place of label and value
-enum class Key { ShortA, LongA, ShortB, LongB, ShortC, LongC };
 
 using Source = std::variant<std::monostate, ChoiceList, BoxText, Key, SelCallWithStandard, SignalSentence>;
 
@@ -49,9 +50,9 @@ constexpr Line ScanInformation[] = {
   {{"",                    SignalSentence{}},              {}},
 };
 constexpr Line KeyProgramLines[] = {
-  {{"Short A: ",           Key::ShortA},                   {"Long A: ",              Key::LongA}},
-  {{"Short B: ",           Key::ShortB},                   {"Long B: ",              Key::LongB}},
-  {{"Short C: ",           Key::ShortC},                   {"Long C: ",              Key::LongC}},
+  {{"Short A: ",           ShortA},                        {"Long A: ",              LongA}},
+  {{"Short B: ",           ShortB},                        {"Long B: ",              LongB}},
+  {{"Short C: ",           ShortC},                        {"Long C: ",              LongC}},
 };
 constexpr Section Sections[] = {
   {"Radio Record",          RadioRecord},
@@ -75,7 +76,7 @@ SettingText Resolve(const Item& item, const EditorValues& values) {
   } else if (const auto* box = std::get_if<BoxText>(&item.source)) {
     text.value = values.*(*box);
   } else if (const auto* key = std::get_if<Key>(&item.source)) {
-    text.value = KeyTextOf(values, static_cast<std::size_t>(*key));
+    text.value = KeyTextOf(values, *key);
   } else if (std::holds_alternative<SelCallWithStandard>(item.source)) {
     text.value = SelCallText(values);
   } else if (std::holds_alternative<SignalSentence>(item.source)) {

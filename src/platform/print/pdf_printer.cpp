@@ -38,9 +38,7 @@ std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
 }
 
 std::optional<std::string> PdfPrinter::EndJob() {
-  const bool hasEnded = EndPainting();
-  m_writer.reset();
-  m_pages.close();
+  const bool hasEnded = ClosePages();
   const QByteArray& bytes = m_pages.data();
   const std::span content(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                           static_cast<std::size_t>(bytes.size()));
@@ -49,9 +47,14 @@ std::optional<std::string> PdfPrinter::EndJob() {
 }
 
 void PdfPrinter::AbandonJob() {
-  static_cast<void>(EndPainting());
+  static_cast<void>(ClosePages());
+}
+
+bool PdfPrinter::ClosePages() {
+  const bool hasEnded = EndPainting();
   m_writer.reset();
   m_pages.close();
+  return hasEnded;
 }
 
 } // namespace mr4500x

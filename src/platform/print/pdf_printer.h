@@ -24,6 +24,8 @@ public:
   void AbandonJob() override;
 
 private:
+  [[nodiscard]] bool ClosePages();
+
   FileSystem& m_files;
   std::string m_path;
   QBuffer m_pages;
