@@ -34,7 +34,7 @@ std::string Program::DeviceOf(int port) {
 
 // Where the file dialogs start: beside the program, or with the user's own files where nothing can be kept there.
 std::string Program::FolderForFiles() {
-  if (!BelongsToSystem(m_folder) && m_files.CanWrite(m_folder)) return m_folder;
+  if (MayKeepFilesIn(m_files, m_folder)) return m_folder;
   return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
 }
 

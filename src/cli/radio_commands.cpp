@@ -3,6 +3,7 @@
 
 #include "editor_messages.h"
 #include "embedded_info.h"
+#include "file_access.h"
 #include "file_commands.h"
 #include "file_messages.h"
 #include "info_text.h"
@@ -23,8 +24,7 @@ bool NothingToShow() {
 bool CanBeCreated(FileSystem& files, const std::string& path) {
   const std::optional<FileStatus> status = files.Status(path);
   if (status && status->kind != FileKind::Missing) return true;
-  const std::size_t slash = path.rfind('/');
-  return files.CanWrite(slash == std::string::npos ? "." : path.substr(0, slash + 1));
+  return files.CanWrite(FolderOf(path));
 }
 
 // Somebody who watched the progress wants to see how it ended; a script has the exit status.

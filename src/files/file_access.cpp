@@ -33,12 +33,6 @@ bool IsTemporaryName(std::string_view name) {
          name.find_first_not_of(HexDigits, TemporaryPrefix.size()) == std::string_view::npos;
 }
 
-std::string FolderOf(const std::string& path) {
-  const auto slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 std::string InFolder(std::string folder, std::string_view name) {
   return folder.append("/").append(name);
 }
@@ -137,6 +131,12 @@ private:
 };
 
 } // namespace
+
+std::string FolderOf(const std::string& path) {
+  const auto slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
 
 ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
   bytes.clear();

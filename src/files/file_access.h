@@ -34,6 +34,9 @@ enum class Surplus { Drop, Keep };
 [[nodiscard]] bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
                                Surplus surplus);
 
+// The folder in which the path lies, "." for a name alone.
+[[nodiscard]] std::string FolderOf(const std::string& path);
+
 // Creates the folder in which the path lies, and those above it, as far as they are missing.
 [[nodiscard]] bool MakeFolderOf(FileSystem& files, const std::string& path);
 

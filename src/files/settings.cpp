@@ -35,16 +35,16 @@ std::string InFolder(const std::string& folder) {
 
 } // namespace
 
-bool BelongsToSystem(const std::string& programFolder) {
-  return programFolder.starts_with("/usr/") && !programFolder.starts_with("/usr/local/");
+bool MayKeepFilesIn(FileSystem& files, const std::string& programFolder) {
+  const bool isOfSystem = programFolder.starts_with("/usr/") && !programFolder.starts_with("/usr/local/");
+  return !isOfSystem && files.CanWrite(programFolder);
 }
 
 std::string SettingsFilePath(FileSystem& files, const std::string& programFolder, const std::string& userConfigFolder) {
   const std::string ofProgram = InFolder(programFolder);
   const auto status = files.Status(ofProgram);
   const bool exists = status && status->kind != FileKind::Missing;
-  const bool mayBeMade = !BelongsToSystem(programFolder) && files.CanWrite(programFolder);
-  return exists || mayBeMade ? ofProgram : InFolder(userConfigFolder);
+  return exists || MayKeepFilesIn(files, programFolder) ? ofProgram : InFolder(userConfigFolder);
 }
 
 int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {

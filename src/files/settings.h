@@ -12,8 +12,9 @@ namespace mr4500x {
 inline constexpr int LowestPort = 1;
 inline constexpr int HighestPort = 16;
 
-// A folder of the package manager's: nobody's own files go there, the administrator's neither.
-[[nodiscard]] bool BelongsToSystem(const std::string& programFolder);
+// Whether the program may keep files beside itself: not in a folder of the package manager's, where nobody's own files
+// go, the administrator's neither.
+[[nodiscard]] bool MayKeepFilesIn(FileSystem& files, const std::string& programFolder);
 
 // The program folder's file where there is one or where one can be created, else that of the user's configuration
 // folder. So an installed program can bring settings for everybody: with a file in a program folder that users can't
