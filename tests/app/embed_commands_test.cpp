@@ -157,15 +157,8 @@ TEST_F(EmbedTest, FailsWithoutALeftover) {
       {"mnuEmbedWrite", silentRecord, "!|Information Error|Writing information is interrupted, please try again."},
       {"mnuEmbedWrite", badStatus, "!|Write Information Error|Writing information error, please try again."},
   };
-  for (const auto& [command, spoil, message] : cases) {
-    radio.frames.clear();
-    radio.spoil = spoil;
-    Choose(command);
-    EXPECT_EQ(Happened(), Lines{message});
-    EXPECT_EQ(Title(), BareTitle);
-    EXPECT_FALSE(Item("mnuFileClose")->isEnabled());
-    ExpectIdle();
-  }
+  for (const auto& [command, spoil, message] : cases)
+    ExpectFailure(command, spoil, message);
   radio.openFailure = "No such device";
   for (const char* command : {"mnuEmbedRead", "mnuEmbedWrite"}) {
     Choose(command);

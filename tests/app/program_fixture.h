@@ -127,6 +127,18 @@ protected:
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   }
 
+  // A transfer that the radio spoils ends with the message and leaves nothing behind.
+  void ExpectFailure(const char* command, const std::function<void(std::size_t, LineBytes&)>& spoil,
+                     const std::string& message) {
+    radio.frames.clear();
+    radio.spoil = spoil;
+    Choose(command);
+    EXPECT_EQ(Happened(), Lines{message});
+    EXPECT_EQ(Title(), BareTitle);
+    EXPECT_FALSE(Item("mnuFileClose")->isEnabled());
+    ExpectIdle();
+  }
+
   void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
   void OpenFile(const std::string& name) {
     desk.paths.emplace_back(Path(name));

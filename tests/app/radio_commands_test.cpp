@@ -43,15 +43,8 @@ TEST_F(RadioTest, FailsWithoutALeftover) {
        },
        "!|Write Interrupt|Writing is interrupted, please retry Write."},
   };
-  for (const auto& [command, spoil, message] : cases) {
-    radio.frames.clear();
-    radio.spoil = spoil;
-    Choose(command);
-    EXPECT_EQ(Happened(), Lines{message});
-    EXPECT_EQ(Title(), BareTitle);
-    EXPECT_FALSE(Item("mnuFileClose")->isEnabled());
-    ExpectIdle();
-  }
+  for (const auto& [command, spoil, message] : cases)
+    ExpectFailure(command, spoil, message);
 }
 
 // Ports of which some can be opened.
