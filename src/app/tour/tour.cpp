@@ -23,9 +23,6 @@ namespace {
 constexpr int LookMilliseconds = 100;
 constexpr int MostLooks = 1200; // a transfer takes seconds; two minutes mean that something is stuck
 
-constexpr int RxSelCallColumn = 4;
-constexpr int GroupCallColumn = 14;
-
 QString DataFile(const QString& folder) {
   return folder + QStringLiteral("/radio.K4X");
 }
@@ -40,8 +37,8 @@ Tour::Tour(FrmMain& window, QString folder) : m_window(window), m_folder(std::mo
       {"Looking at the function settings.", "05-functions", [this] { Trigger("mnuOptionFunction"); }},
       {"", "", [this] { PictureFrames(); }},
       {"", "", [this] { Trigger("mnuOptionChannels"); }},
-      {"", "", [this] { OpenCell(RxSelCallColumn); }},
-      {"", "", [this] { OpenCell(GroupCallColumn); }},
+      {"", "", [this] { OpenCell(GridColumn::RxSelCall); }},
+      {"", "", [this] { OpenCell(GridColumn::GroupCall); }},
       {"Reading the embedded information ...", "", [this] { Trigger("mnuEmbedRead"); }},
       {"Looking at it.", "", [this] { Trigger("mnuEmbedInfo"); }},
       {"Looking at what can be printed.", "", [this] { Trigger("mnuFilePrint"); }},
@@ -122,9 +119,9 @@ void Tour::Trigger(const char* action) {
 }
 
 // As a user does who moves there and presses Space. The first channel is in use.
-void Tour::OpenCell(int column) {
+void Tour::OpenCell(GridColumn column) {
   auto* const grid = m_window.findChild<QAbstractItemView*>(QStringLiteral("gridChannel"));
-  grid->setCurrentIndex(grid->model()->index(0, column - 1));
+  grid->setCurrentIndex(grid->model()->index(0, static_cast<int>(column) - 1));
   QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
   QApplication::sendEvent(grid, &press);
 }

@@ -3,6 +3,7 @@
 // message boxes of the real window.
 #pragma once
 
+#include "channel_record.h"
 #include "frm_main.h"
 
 #include <QObject>
@@ -39,7 +40,7 @@ private:
   bool AnswerDialog();
   void RunNextStep();
   void Trigger(const char* action);
-  void OpenCell(int column);
+  void OpenCell(GridColumn column);
   void PictureFrames();
   void Picture(QWidget& window, const std::string& name);
   void Finish();
