@@ -3,6 +3,7 @@
 
 #include "program_icons.h"
 #include "recent_files.h"
+#include "translatable.h"
 
 #include <QAction>
 #include <QMenu>
@@ -33,45 +34,45 @@ struct FrmMain::ActionRow {
 // clang-format off
 std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
   static constexpr ActionRow rows[] = {
-    // kind           text                     name                 shortcut  handler                            key        tip                 icon
-    {RowKind::Menu,   "&File",                 "mnuFile"},
-    {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", &FrmMain::mnuFileOpen_Click,       "Open",    "Open",             "open"},
-    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       &FrmMain::mnuFileClose_Click},
+    // kind           text                            name                 shortcut  handler                            key        tip                        icon
+    {RowKind::Menu,   SHOWN("&File"),                 "mnuFile"},
+    {RowKind::Item,   SHOWN("&Open..."),              "mnuFileOpen",       "Ctrl+O", &FrmMain::mnuFileOpen_Click,       "Open",    SHOWN("Open"),             "open"},
+    {RowKind::Item,   SHOWN("&Close"),                "mnuFileClose",      "",       &FrmMain::mnuFileClose_Click},
     {RowKind::Separator},
-    {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", &FrmMain::mnuFileSave_Click,       "Save",    "Save",             "save"},
-    {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       &FrmMain::mnuFileSaveAs_Click},
+    {RowKind::Item,   SHOWN("&Save"),                 "mnuFileSave",       "Ctrl+S", &FrmMain::mnuFileSave_Click,       "Save",    SHOWN("Save"),             "save"},
+    {RowKind::Item,   SHOWN("Save &As..."),           "mnuFileSaveAs",     "",       &FrmMain::mnuFileSaveAs_Click},
     {RowKind::Separator},
-    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       &FrmMain::mnuFilePrint_Click,      "Print",   "Print",            "print"},
+    {RowKind::Item,   SHOWN("&Print..."),             "mnuFilePrint",      "",       &FrmMain::mnuFilePrint_Click,      "Print",   SHOWN("Print"),            "print"},
     {RowKind::Separator},
-    {RowKind::Recent, "",                      "mnuRecent(%1)"},
+    {RowKind::Recent, "",                             "mnuRecent(%1)"},
     {RowKind::Separator},
-    {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
-    {RowKind::Menu,   "&Edit",                 "mnuEdit"},
-    {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", &FrmMain::mnuEditCopy_Click},
-    {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", &FrmMain::mnuEditPaste_Click},
-    {RowKind::Menu,   "&Option",               "mnuOption"},
-    {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels"},
+    {RowKind::Item,   SHOWN("E&Xit"),                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
+    {RowKind::Menu,   SHOWN("&Edit"),                 "mnuEdit"},
+    {RowKind::Item,   SHOWN("&Copy"),                 "mnuEditCopy",       "Ctrl+C", &FrmMain::mnuEditCopy_Click},
+    {RowKind::Item,   SHOWN("&Paste"),                "mnuEditPaste",      "Ctrl+V", &FrmMain::mnuEditPaste_Click},
+    {RowKind::Menu,   SHOWN("&Option"),               "mnuOption"},
+    {RowKind::View,   SHOWN("&Channels Settings"),    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", SHOWN("Channel Windows"),  "channels"},
     {RowKind::Separator},
-    {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions"},
-    {RowKind::Menu,   "&Program",              "mnuProgram"},
-    {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", &FrmMain::mnuProgramRead_Click,    "Read",    "Read",             "read"},
+    {RowKind::View,   SHOWN("&Function Settings"),    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", SHOWN("Function Windows"), "functions"},
+    {RowKind::Menu,   SHOWN("&Program"),              "mnuProgram"},
+    {RowKind::Item,   SHOWN("&Read"),                 "mnuProgramRead",    "Ctrl+R", &FrmMain::mnuProgramRead_Click,    "Read",    SHOWN("Read"),             "read"},
     {RowKind::Separator},
-    {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", &FrmMain::mnuProgramWrite_Click,   "Write",   "Write",            "write"},
-    {RowKind::Menu,   "&Embedded Information", "mnuEmbed"},
-    {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2",     &FrmMain::mnuEmbedInfo_Click},
+    {RowKind::Item,   SHOWN(" &Write"),               "mnuProgramWrite",   "Ctrl+W", &FrmMain::mnuProgramWrite_Click,   "Write",   SHOWN("Write"),            "write"},
+    {RowKind::Menu,   SHOWN("&Embedded Information"), "mnuEmbed"},
+    {RowKind::Item,   SHOWN("Embedded &Info..."),     "mnuEmbedInfo",      "F2",     &FrmMain::mnuEmbedInfo_Click},
     {RowKind::Separator},
-    {RowKind::Item,   "&Read Embedded Info",   "mnuEmbedRead",      "F3",     &FrmMain::mnuEmbedRead_Click},
-    {RowKind::Item,   " &Write Embedded Info", "mnuEmbedWrite",     "F4",     &FrmMain::mnuEmbedWrite_Click},
+    {RowKind::Item,   SHOWN("&Read Embedded Info"),   "mnuEmbedRead",      "F3",     &FrmMain::mnuEmbedRead_Click},
+    {RowKind::Item,   SHOWN(" &Write Embedded Info"), "mnuEmbedWrite",     "F4",     &FrmMain::mnuEmbedWrite_Click},
     {RowKind::HiddenSeparator},
-    {RowKind::Hidden, "ID Number",             "mnuEmbedID"},
-    {RowKind::Menu,   "&Comm-Port",            "mnuCommPort"},
-    {RowKind::Item,   "&Port...     ",         "mnuCommPortPort",   "F9",     &FrmMain::mnuCommPortPort_Click,   "Port",    "COM Port",         "port"},
-    {RowKind::Menu,   "&Help",                 "mnuHelp"},
-    {RowKind::Item,   "&Contents",             "mnuHelpContents",   "",       &FrmMain::mnuHelpContents_Click},
-    {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       &FrmMain::mnuHelpIndex_Click},
+    {RowKind::Hidden, SHOWN("ID Number"),             "mnuEmbedID"},
+    {RowKind::Menu,   SHOWN("&Comm-Port"),            "mnuCommPort"},
+    {RowKind::Item,   SHOWN("&Port...     "),         "mnuCommPortPort",   "F9",     &FrmMain::mnuCommPortPort_Click,   "Port",    SHOWN("COM Port"),         "port"},
+    {RowKind::Menu,   SHOWN("&Help"),                 "mnuHelp"},
+    {RowKind::Item,   SHOWN("&Contents"),             "mnuHelpContents",   "",       &FrmMain::mnuHelpContents_Click},
+    {RowKind::Item,   SHOWN("&Index..."),             "mnuHelpIndex",      "",       &FrmMain::mnuHelpIndex_Click},
     {RowKind::Separator},
-    {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       &FrmMain::mnuHelpAbout_Click},
-    {RowKind::ButtonOnly, "",                  "",                  "",       &FrmMain::tlbMainNew_ButtonClick,  "New",     "new",              "new"},
+    {RowKind::Item,   SHOWN("&About..."),             "mnuHelpAbout",      "",       &FrmMain::mnuHelpAbout_Click},
+    {RowKind::ButtonOnly, "",                         "",                  "",       &FrmMain::tlbMainNew_ButtonClick,  "New",     SHOWN("new"),              "new"},
   };
   return rows;
 }
@@ -98,7 +99,7 @@ void FrmMain::BuildMenus() {
   QMenu* menu = nullptr;
   for (const ActionRow& row : ActionRow::Table()) {
     if (row.kind == RowKind::Menu) {
-      menu = menuBar()->addMenu(QString::fromLatin1(row.text));
+      menu = menuBar()->addMenu(tr(row.text));
       menu->setObjectName(QLatin1String(row.name));
     } else if (menu != nullptr) {
       AddRow(*menu, row);
@@ -124,7 +125,7 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
   case RowKind::ButtonOnly:
     return;
   }
-  QAction* const item = menu.addAction(QString::fromLatin1(row.text));
+  QAction* const item = menu.addAction(tr(row.text));
   item->setObjectName(QLatin1String(row.name));
   item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
   item->setCheckable(row.kind == RowKind::View);
@@ -146,7 +147,7 @@ void FrmMain::BuildToolbar() {
     }
     for (const ActionRow& row : ActionRow::Table()) {
       if (key != row.key) continue;
-      QAction* const button = toolbar->addAction(ProgramIcon(row.icon), QString::fromLatin1(row.tip));
+      QAction* const button = toolbar->addAction(ProgramIcon(row.icon), tr(row.tip));
       button->setObjectName(QLatin1String(row.key));
       button->setEnabled(row.handler != nullptr);
       if (row.handler != nullptr) connect(button, &QAction::triggered, this, row.handler);

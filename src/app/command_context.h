@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor_state.h"
+#include "locale_texts.h"
 #include "main_services.h"
 #include "radio_image.h"
 
@@ -26,9 +27,13 @@ struct CommandContext {
   StatusPanels& status;
   QAction& closeItem;
   QWidget& window;
+  std::string& title; // of the window, as it is without a translation
 
-  [[nodiscard]] std::string Title() const { return window.windowTitle().toStdString(); }
-  void SetTitle(std::string_view title) const { window.setWindowTitle(QString::fromUtf8(title)); }
+  [[nodiscard]] std::string Title() const { return title; }
+  void SetTitle(std::string_view text) const {
+    title = text;
+    window.setWindowTitle(Translated(text));
+  }
 };
 
 } // namespace mr4500x

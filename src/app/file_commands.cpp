@@ -7,14 +7,20 @@
 #include "recent_files.h"
 #include "recent_menu.h"
 #include "settings.h"
+#include "translatable.h"
 
 #include <optional>
 
 namespace mr4500x {
 namespace {
 
-constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
-constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
+constexpr char UnsavedDataText[] = SHOWN("Data hasn't been saved. Do you want to continue?");
+constexpr char OpenTitle[] = SHOWN("Open");
+constexpr char SaveTitle[] = SHOWN("Save");
+constexpr char SaveAsTitle[] = SHOWN("Save As");
+// Each name is followed by its pattern.
+constexpr char OpenFilter[] = SHOWN("Data Files(*.K4X)") "|*.K4X|" SHOWN("Data Files(*.K4Y)") "|*.K4Y";
+constexpr char SaveFilter[] = SHOWN("Data files(*.K4X)") "|*.K4X|" SHOWN("Data files(*.K4Y)") "|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
 
 } // namespace
@@ -22,7 +28,7 @@ constexpr char DefaultExtension[] = "K4X";
 void FileCommands::Open() {
   m_context.panel.CommitOpenEditors();
   const std::optional<std::string> path = m_context.services.dialogs.AskOpen(
-      {"Open", OpenFilter, m_context.services.folderForFiles, /*proposedName*/ "", DefaultExtension});
+      {OpenTitle, OpenFilter, m_context.services.folderForFiles, /*proposedName*/ "", DefaultExtension});
   if (!path) return;
   m_context.state.LastFileName = *path;
   OpenFile(*path);
@@ -85,9 +91,8 @@ CloseEnd FileCommands::Close() {
 
 CloseEnd FileCommands::AskAboutUnsavedData() {
   if (!m_context.state.ModifiedFlag) return CloseEnd::Closed;
-  const Answer answer =
-      m_context.services.messages.Show(MessageIcon::Exclamation, BareTitle,
-                                       "Data hasn't been saved. Do you want to continue?", MessageButtons::YesNoCancel);
+  const Answer answer = m_context.services.messages.Show(MessageIcon::Exclamation, BareTitle, UnsavedDataText,
+                                                         MessageButtons::YesNoCancel);
   if (answer == Answer::Yes) Save(); // whatever comes of it
   return answer == Answer::Cancel ? CloseEnd::Cancelled : CloseEnd::Closed;
 }
@@ -101,7 +106,7 @@ void FileCommands::Save() {
   }
   if (title != BareTitle)
     m_context.state.LastFileName = PathInTitle(title);
-  else if (!AskSaveName("Save"))
+  else if (!AskSaveName(SaveTitle))
     return;
   m_context.panel.Collect();
   WriteFile(SaveCommand::Save);
@@ -110,7 +115,7 @@ void FileCommands::Save() {
 void FileCommands::SaveAs() {
   m_context.panel.CommitOpenEditors();
   m_context.panel.Collect();
-  if (AskSaveName("Save As")) WriteFile(SaveCommand::SaveAs);
+  if (AskSaveName(SaveAsTitle)) WriteFile(SaveCommand::SaveAs);
 }
 
 // A cancelled dialog ends the command.

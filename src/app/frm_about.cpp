@@ -24,10 +24,10 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
 
 // What the program and its companions are made with. None of it is changed, and no font is brought along.
 QString LicencesText() {
-  return QStringLiteral("Qt %1 and its modules, Qt Help among them: LGPL version 3\n"
-                        "CLI11, in mr4500x-cli: BSD 3-Clause\n"
-                        "nlohmann-json, in mr4500x-cli: MIT\n"
-                        "The licences' texts come with the system's packages, in /usr/share/doc")
+  return FrmAbout::tr("Qt %1 and its modules, Qt Help among them: LGPL version 3\n"
+                      "CLI11, in mr4500x-cli: BSD 3-Clause\n"
+                      "nlohmann-json, in mr4500x-cli: MIT\n"
+                      "The licences' texts come with the system's packages, in /usr/share/doc")
       .arg(QLatin1String(qVersion()));
 }
 
@@ -62,7 +62,7 @@ QLabel* MakeLink(const std::function<void(const std::string&)>& openLink) {
 FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmAbout"));
   const QString title = QString::fromUtf8(BareTitle);
-  setWindowTitle(QStringLiteral("About ") + title);
+  setWindowTitle(tr("About %1").arg(title));
 
   auto* const picture = new QLabel;
   picture->setObjectName(QStringLiteral("imgPicture"));
@@ -71,13 +71,13 @@ FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWid
   licences->setTextInteractionFlags(Qt::TextSelectableByMouse);
   licences->hide();
   auto* const buttons = new QDialogButtonBox;
-  QPushButton* const close = buttons->addButton(QStringLiteral("&Close"), QDialogButtonBox::RejectRole);
+  QPushButton* const close = buttons->addButton(tr("&Close"), QDialogButtonBox::RejectRole);
   close->setObjectName(QStringLiteral("cmdClose"));
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
   auto* const words = new QVBoxLayout;
   words->addStretch();
-  words->addWidget(MakePlainLabel(title + QStringLiteral("  For Windows 98/NT/2000"), "lblText"));
+  words->addWidget(MakePlainLabel(tr("%1  For Windows 98/NT/2000").arg(title), "lblText"));
   words->addWidget(MakePlainLabel(tr("Version %1").arg(QLatin1String(MR4500X_VERSION)), "lblVersion"));
   words->addWidget(MakeLink(openLink));
   words->addStretch();

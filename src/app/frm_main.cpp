@@ -68,7 +68,7 @@ void FrmMain::BuildCommands() {
   m_recent = std::make_unique<RecentMenu>(entries, m_services.files, m_services.settingsFile,
                                           [this](const std::string& path) { OpenGiven(path); });
   const CommandContext context = {
-      m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *NamedAction("mnuFileClose"), *this};
+      m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *NamedAction("mnuFileClose"), *this, m_title};
   m_fileCommands = std::make_unique<FileCommands>(context);
   m_radioCommands = std::make_unique<RadioCommands>(context);
   m_embedCommands = std::make_unique<EmbedCommands>(context);

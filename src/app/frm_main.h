@@ -6,6 +6,7 @@
 #include "field_texts.h"
 #include "main_services.h"
 #include "radio_image.h"
+#include "window_titles.h"
 
 #include <QMainWindow>
 
@@ -89,6 +90,7 @@ private:
   std::unique_ptr<FileCommands> m_fileCommands;
   std::unique_ptr<RadioCommands> m_radioCommands;
   std::unique_ptr<EmbedCommands> m_embedCommands;
+  std::string m_title{BareTitle}; // as the commands know it, without a translation
   bool m_running = false;
 };
 

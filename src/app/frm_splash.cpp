@@ -1,5 +1,7 @@
 #include "frm_splash.h"
 
+#include "locale_texts.h"
+#include "translatable.h"
 #include "window_titles.h"
 
 #include <QEventLoop>
@@ -25,9 +27,9 @@ struct SplashLine {
 
 constexpr SplashLine Lines[] = {
     {BareTitle.data(), 2.2, 1.6, true},
-    {"LR7200 Radio Series", 5.2, 1.15, false},
+    {SHOWN("LR7200 Radio Series"), 5.2, 1.15, false},
     {"136MHz-520MHz", 7.0, 1.15, false},
-    {"2003 Version", 11.0, 1.0, false},
+    {SHOWN("2003 Version"), 11.0, 1.0, false},
 };
 
 // The radio's waves, from the lower right corner.
@@ -85,7 +87,7 @@ void FrmSplash::paintEvent(QPaintEvent* /*event*/) {
     font.setBold(row.strong);
     painter.setFont(font);
     const QRectF place(2 * line, row.top * line - line, width() - 4 * line, 3 * line);
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, QString::fromLatin1(row.text));
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Translated(row.text));
   }
   emit Painted();
 }

@@ -1,11 +1,16 @@
 #include "status_panels.h"
 
+#include "locale_texts.h"
+#include "translatable.h"
+
 #include <QLabel>
 #include <QLocale>
 #include <QTime>
 
 namespace mr4500x {
 namespace {
+
+constexpr char PortText[] = SHOWN("COM %1");
 
 // Without seconds, which a clock that moves once a minute does not know.
 QString TimeText(const QTime& time) {
@@ -26,7 +31,7 @@ StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(ne
     addPermanentWidget(panel, number == 1 ? 1 : 0);
   }
   const int room = fontMetrics().averageCharWidth() * 3;
-  m_port->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("COM 16")) + room);
+  m_port->setMinimumWidth(fontMetrics().horizontalAdvance(Translated(PortText).arg(16)) + room);
   m_time->setMinimumWidth(fontMetrics().horizontalAdvance(TimeText(QTime(22, 58))) + room);
 
   m_minute.setSingleShot(true);
@@ -36,7 +41,7 @@ StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(ne
 }
 
 void StatusPanels::ShowPort(int number) {
-  m_port->setText(QStringLiteral("COM %1").arg(number));
+  m_port->setText(Translated(PortText).arg(number));
 }
 
 void StatusPanels::ShowTime() {

@@ -31,7 +31,7 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpBook> book, std::function<void(const 
       m_tabs(new QTabWidget), m_contents(m_book->Engine().contentWidget()), m_index(new IndexTab(m_book->Engine())),
       m_search(new SearchTab(*m_book)) {
   setObjectName(QStringLiteral("frmHelp"));
-  setWindowTitle(QStringLiteral("MR4500X Help"));
+  setWindowTitle(tr("MR4500X Help"));
   setContextMenuPolicy(Qt::NoContextMenu); // it would offer to hide the toolbar
   BuildTabs();
   BuildToolbar();

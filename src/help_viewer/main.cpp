@@ -3,10 +3,12 @@
 #include "help_book.h"
 #include "help_window.h"
 #include "request_input.h"
+#include "translations.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QIcon>
+#include <QLocale>
 #include <QMessageBox>
 
 #include <csignal>
@@ -20,7 +22,7 @@ namespace {
 using namespace mr4500x;
 
 int Report(const QString& message) {
-  QMessageBox box(QMessageBox::Warning, QStringLiteral("MR4500X Help"), message, QMessageBox::Ok);
+  QMessageBox box(QMessageBox::Warning, HelpWindow::tr("MR4500X Help"), message, QMessageBox::Ok);
   box.setObjectName(QStringLiteral("messageBox"));
   box.setTextFormat(Qt::PlainText);
   box.exec();
@@ -48,6 +50,7 @@ int main(int argc, char** argv) {
     std::fputs("usage: MR4500X-help FILE\n", stderr);
     return 2;
   }
+  const Translations translations{QLocale()};
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/help/program.svg")));
   RequestInput requests(STDIN_FILENO);
   // Queued: the input may have ended already, before there is a loop that could be quit.

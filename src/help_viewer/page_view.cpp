@@ -44,7 +44,7 @@ QVariant PageView::loadResource(int type, const QUrl& name) {
   const QByteArray content = m_book.Content(HelpBook::Home().resolved(name));
   if (type == QTextDocument::ImageResource) return FittedPicture(content, devicePixelRatioF());
   if (type == QTextDocument::HtmlResource && content.isEmpty())
-    return QStringLiteral("<p>This page can't be read. The help file may be damaged.</p>");
+    return tr("<p>This page can't be read. The help file may be damaged.</p>");
   return content;
 }
 

@@ -1,5 +1,7 @@
 #include "serial_line.h"
 
+#include "translatable.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -15,7 +17,8 @@ constexpr Milliseconds DrainCheck = 1ms;
 constexpr Milliseconds DrainLimit = 2000ms;
 constexpr Clock::Moment CharacterTime{1'000'000 * LineBitsPerCharacter / LineBaud};
 
-constexpr char FailedAfterOpening[] = "The port failed while it was being set up.";
+constexpr char ErrorTitle[] = SHOWN("Error");
+constexpr char FailedAfterOpening[] = SHOWN("The port failed while it was being set up.");
 
 } // namespace
 
@@ -34,7 +37,7 @@ bool SerialLine::OpenPort(MessageView& messages) {
   std::optional<std::string> failure = m_port.Open(LineSettings);
   if (!failure && !(DiscardInput() && DiscardOutput())) failure = FailedAfterOpening;
   if (failure) {
-    messages.Show(MessageIcon::Critical, "Error", m_name + ": " + *failure, MessageButtons::Ok);
+    messages.Show(MessageIcon::Critical, ErrorTitle, m_name + ": " + *failure, MessageButtons::Ok);
     return false;
   }
   Wait(AfterOpening);

@@ -2,6 +2,7 @@
 #include "channel_frame.h"
 
 #include "cell_colours.h"
+#include "channel_messages.h"
 #include "channel_record.h"
 #include "frequency_editor.h"
 #include "group_dialog.h"
@@ -212,7 +213,7 @@ void ChannelFrame::CommitFrequencyEditor() {
 void ChannelFrame::RefuseFrequency() {
   {
     const QScopedValueRollback guard(m_closing, true);
-    m_services.messages.Show(MessageIcon::Exclamation, "Error", "Frequency Invalid!", MessageButtons::Ok);
+    m_services.messages.Show(MessageIcon::Exclamation, EntryErrorTitle, FrequencyInvalidText, MessageButtons::Ok);
   }
   m_txtChFreq->setText(m_gridChannel->Text(m_editedChannel, m_editedColumn));
   Close(*m_txtChFreq);

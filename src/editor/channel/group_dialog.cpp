@@ -44,8 +44,9 @@ GroupDialog::GroupDialog(const QString& cellText, bool ttsMode, QWidget* parent)
 void GroupDialog::LayOut() {
   auto* const layout = new QGridLayout(this);
   layout->setSizeConstraint(QLayout::SetFixedSize);
-  const std::array<QStringList, 2> items = {QStringList{"OFF", "Tone A", "Tone B"},
-                                            QStringList{"OFF", "First 1", "First 2", "First 3", "First 4"}};
+  const std::array<QStringList, 2> items = {
+      QStringList{tr("OFF"), tr("Tone A"), tr("Tone B")},
+      QStringList{tr("OFF"), tr("First 1"), tr("First 2"), tr("First 3"), tr("First 4")}};
   const std::array captions = {tr("TTS"), tr("5 Tone")};
   for (std::size_t i = 0; i < items.size(); ++i) {
     const int row = static_cast<int>(i);

@@ -2,6 +2,7 @@
 #include "two_five_dialog.h"
 
 #include "cell_colours.h"
+#include "channel_messages.h"
 #include "field_rules.h"
 #include "filtered_edit.h"
 
@@ -48,9 +49,9 @@ TwoFiveDialog::TwoFiveDialog(const QString& cellText, bool ttsMode, QRgb colour,
 void TwoFiveDialog::LayOut() {
   auto* const layout = new QGridLayout(this);
   layout->setSizeConstraint(QLayout::SetFixedSize);
-  constexpr std::array captions = {"OFF", "TTS", "5 Tone"};
+  const std::array captions = {tr("OFF"), tr("TTS"), tr("5 Tone")};
   for (std::size_t i = 0; i < m_optSig.size(); ++i) {
-    m_optSig[i] = new QRadioButton(QLatin1String(captions[i]), this);
+    m_optSig[i] = new QRadioButton(captions[i], this);
     m_optSig[i]->setObjectName(QStringLiteral("optSig(%1)").arg(i));
     layout->addWidget(m_optSig[i], static_cast<int>(i), 0);
   }
@@ -117,9 +118,8 @@ void TwoFiveDialog::txtFiveSig_Validate() {
   const CodeCheck check = CheckFiveToneCode(m_txtFiveSig->text().toStdString());
   if (check.entry == CodeEntry::Accepted || m_validating) return;
   const QScopedValueRollback guard(m_validating, true);
-  m_messages.Show(MessageIcon::Exclamation, "Error",
-                  check.entry == CodeEntry::NotDigits ? "Invalide 5 Tone!" : "The number of 5 Tone must be five!",
-                  MessageButtons::Ok);
+  m_messages.Show(MessageIcon::Exclamation, EntryErrorTitle,
+                  check.entry == CodeEntry::NotDigits ? FiveToneInvalidText : FiveToneLengthText, MessageButtons::Ok);
   m_txtFiveSig->setText(QString::fromStdString(check.text));
   m_txtFiveSig->setFocus();
   m_txtFiveSig->selectAll();

@@ -45,12 +45,11 @@ void Correct(QPlainTextEdit& box, const EmbeddedEntry& entry) {
 FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent)
     : QDialog(parent), m_messages(messages), m_fonts(fonts), m_rtxtbEmbed(new QPlainTextEdit(this)),
       m_lblCount(new QLabel(this)), m_lblLastTime(new QLabel(QString::fromStdString(content.lastTime), this)),
-      m_cmdFont(new QPushButton(QStringLiteral("Font..."), this)),
-      m_cmdOK(new QPushButton(QStringLiteral("&OK"), this)),
-      m_cmdCancel(new QPushButton(QStringLiteral("&Cancel"), this)), m_given(VisibleText(content.text)),
-      m_EmbedData(m_given), m_EmbeddedTextFont(content.font) {
+      m_cmdFont(new QPushButton(tr("Font..."), this)), m_cmdOK(new QPushButton(tr("&OK"), this)),
+      m_cmdCancel(new QPushButton(tr("&Cancel"), this)), m_given(VisibleText(content.text)), m_EmbedData(m_given),
+      m_EmbeddedTextFont(content.font) {
   setObjectName(QStringLiteral("frmEmbed"));
-  setWindowTitle(QStringLiteral("Embedded Information"));
+  setWindowTitle(tr("Embedded Information"));
   LayOut();
   m_rtxtbEmbed->setPlainText(ToQString(m_given));
   m_givenShown = ShownText(*m_rtxtbEmbed);
@@ -71,7 +70,7 @@ void FrmEmbed::LayOut() {
   m_rtxtbEmbed->setTabChangesFocus(true);
   m_rtxtbEmbed->setMinimumSize(fontMetrics().averageCharWidth() * BoxColumns, fontMetrics().lineSpacing() * BoxRows);
   m_lblCount->setObjectName(QStringLiteral("lblCount"));
-  auto* const label = new QLabel(QStringLiteral("Last Programming Time"), this);
+  auto* const label = new QLabel(tr("Last Programming Time"), this);
   label->setObjectName(QStringLiteral("Label1"));
   m_lblLastTime->setObjectName(QStringLiteral("lblLastTime"));
   m_lblLastTime->setTextFormat(Qt::PlainText); // a radio's bytes are no markup

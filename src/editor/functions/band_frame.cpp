@@ -28,18 +28,18 @@ EntryBox* NewLimitBox(const QString& objectName, const QString& accessibleName, 
 } // namespace
 
 BandFrame::BandFrame(MessageView& messages, BandAccess access, QWidget* parent)
-    : QGroupBox(QStringLiteral("Frequency Band"), parent), m_messages(messages), m_access(std::move(access)) {
+    : QGroupBox(tr("Frequency Band"), parent), m_messages(messages), m_access(std::move(access)) {
   setObjectName(QStringLiteral("fraModel"));
-  m_lower = NewLimitBox(QStringLiteral("txtFreqBandL"), QStringLiteral("Frequency band, lower limit in MHz"), this);
-  m_upper = NewLimitBox(QStringLiteral("txtFreqBandU"), QStringLiteral("Frequency band, upper limit in MHz"), this);
+  m_lower = NewLimitBox(QStringLiteral("txtFreqBandL"), tr("Frequency band, lower limit in MHz"), this);
+  m_upper = NewLimitBox(QStringLiteral("txtFreqBandU"), tr("Frequency band, upper limit in MHz"), this);
   auto* const layout = new QHBoxLayout(this);
   layout->setSpacing(8);
-  layout->addWidget(new QLabel(QStringLiteral("LR7200 Series"), this));
+  layout->addWidget(new QLabel(tr("LR7200 Series"), this));
   layout->addSpacing(8);
   layout->addWidget(m_lower);
   layout->addWidget(new QLabel(QStringLiteral("~"), this));
   layout->addWidget(m_upper);
-  layout->addWidget(new QLabel(QStringLiteral("MHz"), this));
+  layout->addWidget(new QLabel(tr("MHz"), this));
   layout->addStretch(1);
 
   connect(m_lower, &EntryBox::Arrived, this, &BandFrame::txtFreqBandL_GotFocus);

@@ -8,11 +8,11 @@
 
 namespace mr4500x {
 
-FiveToneFrame::FiveToneFrame(QWidget* parent) : QGroupBox(QStringLiteral("5 Tone"), parent) {
+FiveToneFrame::FiveToneFrame(QWidget* parent) : QGroupBox(tr("5 Tone"), parent) {
   setObjectName(QStringLiteral("fraFive"));
   auto* const layout = NewFieldLayout(*this);
-  m_list = NewChoiceBox(QStringLiteral("cboFive"), ChoiceList::Standards, QStringLiteral("5 Tone Standards"), this);
-  m_label = AddField(*layout, 0, 0, QStringLiteral("Standards"), m_list);
+  m_list = NewChoiceBox(QStringLiteral("cboFive"), ChoiceList::Standards, tr("5 Tone Standards"), this);
+  m_label = AddField(*layout, 0, 0, tr("Standards"), m_list);
   m_label->setObjectName(QStringLiteral("Label7"));
   layout->setColumnStretch(2, 1);
   layout->setRowStretch(1, 1);

@@ -2,6 +2,7 @@
 #include "frame_parts.h"
 
 #include "function_messages.h"
+#include "locale_texts.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -13,7 +14,7 @@ QStringList ItemTexts(std::span<const std::string_view> items) {
   QStringList texts;
   texts.reserve(static_cast<qsizetype>(items.size()));
   for (const std::string_view item : items) {
-    texts.append(QString::fromUtf8(item));
+    texts.append(Translated(item));
   }
   return texts;
 }

@@ -27,33 +27,33 @@ void UseIdBox(EntryBox& box, bool usable) {
 } // namespace
 
 GlobalSettingsFrame::GlobalSettingsFrame(MessageView& messages, QWidget* parent)
-    : QGroupBox(QStringLiteral("Global Radio Settings"), parent), m_messages(messages) {
+    : QGroupBox(tr("Global Radio Settings"), parent), m_messages(messages) {
   setObjectName(QStringLiteral("fraRadio"));
   auto* const layout = NewFieldLayout(*this);
   constexpr int left = 0;
   constexpr int right = 3;
   layout->setColumnMinimumWidth(left + 2, 16);
 
-  AddList(ChoiceList::BatterySave, QStringLiteral("Battery Save"), 0, left);
-  AddList(ChoiceList::BeepTone, QStringLiteral("Beep Tone"), 1, left);
-  AddList(ChoiceList::TxTot, QStringLiteral("Tx TOT"), 2, left);
-  AddList(ChoiceList::BusyChLock, QStringLiteral("Busy CH Lock"), 3, left);
-  AddList(ChoiceList::SquelchLevel, QStringLiteral("Squelch Level"), 4, left);
-  AddList(ChoiceList::Compander, QStringLiteral("Compander"), 5, left);
-  AddList(ChoiceList::VoxSensivity, QStringLiteral("VOX Sensivity"), 6, left);
+  AddList(ChoiceList::BatterySave, tr("Battery Save"), 0, left);
+  AddList(ChoiceList::BeepTone, tr("Beep Tone"), 1, left);
+  AddList(ChoiceList::TxTot, tr("Tx TOT"), 2, left);
+  AddList(ChoiceList::BusyChLock, tr("Busy CH Lock"), 3, left);
+  AddList(ChoiceList::SquelchLevel, tr("Squelch Level"), 4, left);
+  AddList(ChoiceList::Compander, tr("Compander"), 5, left);
+  AddList(ChoiceList::VoxSensivity, tr("VOX Sensivity"), 6, left);
 
-  AddList(ChoiceList::BeepEnable, QStringLiteral("Beep Enable"), 0, right);
-  m_ani = AddIdBox(QStringLiteral("txtANI"), QStringLiteral("Emerge ANI "), 1, AniInvalidText);
-  AddList(ChoiceList::PttId, QStringLiteral("PTT ID"), 2, right);
-  m_connect = AddIdBox(QStringLiteral("txtConnect"), QStringLiteral("Connect ID"), 3, ConnectInvalidText);
-  m_disconnect = AddIdBox(QStringLiteral("txtDisconnect"), QStringLiteral("Disconnect ID"), 4, DisconnectInvalidText);
-  AddList(ChoiceList::DigitTime, QStringLiteral("Digit Time"), 5, right);
-  AddList(ChoiceList::InterDigitTime, QStringLiteral("Inter Digit Time"), 6, right);
+  AddList(ChoiceList::BeepEnable, tr("Beep Enable"), 0, right);
+  m_ani = AddIdBox(QStringLiteral("txtANI"), tr("Emerge ANI "), 1, AniInvalidText);
+  AddList(ChoiceList::PttId, tr("PTT ID"), 2, right);
+  m_connect = AddIdBox(QStringLiteral("txtConnect"), tr("Connect ID"), 3, ConnectInvalidText);
+  m_disconnect = AddIdBox(QStringLiteral("txtDisconnect"), tr("Disconnect ID"), 4, DisconnectInvalidText);
+  AddList(ChoiceList::DigitTime, tr("Digit Time"), 5, right);
+  AddList(ChoiceList::InterDigitTime, tr("Inter Digit Time"), 6, right);
   layout->setColumnStretch(left + 1, 1);
   layout->setColumnStretch(right + 1, 1);
   layout->setRowStretch(7, 1);
 
-  m_ani->setAccessibleName(QStringLiteral("Emergency ANI"));
+  m_ani->setAccessibleName(tr("Emergency ANI"));
   UseIdBoxes();
 }
 

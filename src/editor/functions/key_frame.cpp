@@ -4,6 +4,8 @@
 #include "cell_colours.h"
 #include "editor_messages.h"
 #include "frame_parts.h"
+#include "locale_texts.h"
+#include "translatable.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -11,7 +13,8 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::array<const char*, 6> KeyLabels = {"Short A", "Long A", "Short B", "Long B", "Short C", "Long C"};
+constexpr std::array<const char*, 6> KeyLabels = {SHOWN("Short A"), SHOWN("Long A"),  SHOWN("Short B"),
+                                                  SHOWN("Long B"),  SHOWN("Short C"), SHOWN("Long C")};
 
 int RowOf(std::size_t key) {
   return static_cast<int>(key / 2);
@@ -30,11 +33,11 @@ void KeepPlace(QWidget& list) {
 } // namespace
 
 KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
-    : QGroupBox(QStringLiteral("Key Program"), parent), m_messages(messages) {
+    : QGroupBox(tr("Key Program"), parent), m_messages(messages) {
   setObjectName(QStringLiteral("fraKey"));
   auto* const layout = NewFieldLayout(*this);
   for (std::size_t key = ShortA; key <= LongC; ++key) {
-    AddKey(*layout, key, QString::fromLatin1(KeyLabels[key]));
+    AddKey(*layout, key, Translated(KeyLabels[key]));
   }
   m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), EmergencyAlertItem, ShortA);
   m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), CancelEmergencyAlertItem, LongA);
@@ -51,7 +54,7 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
 
 void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label) {
   auto* const list = new ChoiceBox(QStringLiteral("cboKey(%1)").arg(key), ItemTexts(KeyItems(key)),
-                                   QStringLiteral("Key %1 press").arg(label), this);
+                                   tr("Key %1 press").arg(label), this);
   AddField(layout, RowOf(key), FieldColumnOf(key) - 1, label, list);
   if (key == ShortA || key == LongA) KeepPlace(*list);
   m_lists[key] = list;
@@ -59,8 +62,8 @@ void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label
 }
 
 ChoiceBox* KeyFrame::AddFixed(QGridLayout& layout, const QString& objectName, std::string_view item, std::size_t over) {
-  auto* const list = new ChoiceBox(objectName, {QString::fromUtf8(item)},
-                                   QStringLiteral("Key %1 press, fixed").arg(QLatin1String(KeyLabels[over])), this);
+  auto* const list =
+      new ChoiceBox(objectName, {Translated(item)}, tr("Key %1 press, fixed").arg(Translated(KeyLabels[over])), this);
   layout.addWidget(list, RowOf(over), FieldColumnOf(over));
   KeepPlace(*list);
   return list;

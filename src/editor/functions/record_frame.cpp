@@ -9,11 +9,11 @@
 
 namespace mr4500x {
 
-RecordFrame::RecordFrame(QWidget* parent) : QGroupBox(QStringLiteral("Radio Record"), parent) {
+RecordFrame::RecordFrame(QWidget* parent) : QGroupBox(tr("Radio Record"), parent) {
   setObjectName(QStringLiteral("fraRecord"));
   auto* const layout = NewFieldLayout(*this);
-  m_id = AddRecord(0, QStringLiteral("lblID"), QStringLiteral("ID Number: "));
-  m_version = AddRecord(1, QStringLiteral("lblVer"), QStringLiteral("Version of Firmware:"));
+  m_id = AddRecord(0, QStringLiteral("lblID"), tr("ID Number: "));
+  m_version = AddRecord(1, QStringLiteral("lblVer"), tr("Version of Firmware:"));
   layout->setColumnStretch(1, 1);
   layout->setRowStretch(2, 1);
 }

@@ -14,17 +14,17 @@
 namespace mr4500x {
 
 ResetTimeFrame::ResetTimeFrame(MessageView& messages, QWidget* parent)
-    : QGroupBox(QStringLiteral("Auto Reset Time"), parent), m_messages(messages) {
+    : QGroupBox(tr("Auto Reset Time"), parent), m_messages(messages) {
   setObjectName(QStringLiteral("fraResetTime"));
   m_seconds = new EntryBox(QStringLiteral("txtResetTime"), 3, DigitCharacter, EntryBox::OtherKeys::Ignore,
-                           QStringLiteral("Auto Reset Time in seconds"), this);
+                           tr("Auto Reset Time in seconds"), this);
   m_seconds->setText(QStringLiteral("5"));
   m_seconds->setInputMethodHints(Qt::ImhDigitsOnly);
-  m_spinner = new ArrowPair(QStringLiteral("vsbResetTime"), QStringLiteral("Auto Reset Time up or down"), this);
-  m_off = new QCheckBox(QStringLiteral("OFF"), this);
+  m_spinner = new ArrowPair(QStringLiteral("vsbResetTime"), tr("Auto Reset Time up or down"), this);
+  m_off = new QCheckBox(tr("OFF"), this);
   m_off->setObjectName(QStringLiteral("chkResetTimeOFF"));
-  m_off->setAccessibleName(QStringLiteral("Auto Reset Time OFF"));
-  auto* const label = new QLabel(QStringLiteral("Auto Reset Time(s)"), this);
+  m_off->setAccessibleName(tr("Auto Reset Time OFF"));
+  auto* const label = new QLabel(tr("Auto Reset Time(s)"), this);
   label->setBuddy(m_seconds);
 
   auto* const layout = new QHBoxLayout(this);

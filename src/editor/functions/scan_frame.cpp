@@ -2,6 +2,8 @@
 #include "scan_frame.h"
 
 #include "frame_parts.h"
+#include "locale_texts.h"
+#include "translatable.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -19,29 +21,29 @@ struct ScanField {
 // In the order in which they are filled.
 // clang-format off
 constexpr std::array<ScanField, 6> Fields = {{
-    {ChoiceList::ScanMode,    0, "Scan Mode",     0, 1},
-    {ChoiceList::ToScanDelay, 1, "TO Scan Delay", 1, 1},
-    {ChoiceList::PriorityCh,  3, "Priority CH",   0, 4},
-    {ChoiceList::LookBack,    4, "Look Back",     2, 4},
-    {ChoiceList::RestoreTime, 5, "Restore Time",  2, 1},
-    {ChoiceList::RevertCh,    6, "Revert CH",     1, 4},
+    {ChoiceList::ScanMode,    0, SHOWN("Scan Mode"),     0, 1},
+    {ChoiceList::ToScanDelay, 1, SHOWN("TO Scan Delay"), 1, 1},
+    {ChoiceList::PriorityCh,  3, SHOWN("Priority CH"),   0, 4},
+    {ChoiceList::LookBack,    4, SHOWN("Look Back"),     2, 4},
+    {ChoiceList::RestoreTime, 5, SHOWN("Restore Time"),  2, 1},
+    {ChoiceList::RevertCh,    6, SHOWN("Revert CH"),     1, 4},
 }};
 // clang-format on
 
 } // namespace
 
-ScanFrame::ScanFrame(QWidget* parent) : QGroupBox(QStringLiteral("Scan Information"), parent) {
+ScanFrame::ScanFrame(QWidget* parent) : QGroupBox(tr("Scan Information"), parent) {
   setObjectName(QStringLiteral("fraScan"));
   auto* const layout = NewFieldLayout(*this);
-  m_signal = new QCheckBox(QStringLiteral("Signal"), this);
+  m_signal = new QCheckBox(tr("Signal"), this);
   m_signal->setObjectName(QStringLiteral("chkSignal"));
-  m_signal->setAccessibleName(QStringLiteral("Scan Signal"));
+  m_signal->setAccessibleName(tr("Scan Signal"));
   layout->addWidget(m_signal, 0, 0);
   connect(m_signal, &QCheckBox::toggled, this, &ScanFrame::Changed);
 
   for (std::size_t i = 0; i < Fields.size(); ++i) {
     const ScanField& field = Fields[i];
-    const QString label = QString::fromLatin1(field.label);
+    const QString label = Translated(field.label);
     m_lists[i] = NewChoiceBox(QStringLiteral("cboScan(%1)").arg(field.control), field.list, label, this);
     AddField(*layout, field.row, field.column, label, m_lists[i]);
     connect(m_lists[i], &ChoiceBox::Selected, this, &ScanFrame::Changed);

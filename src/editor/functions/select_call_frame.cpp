@@ -12,11 +12,11 @@ constexpr int TtsPosition = 0;
 
 } // namespace
 
-SelectCallFrame::SelectCallFrame(QWidget* parent) : QGroupBox(QStringLiteral("Select Call"), parent) {
+SelectCallFrame::SelectCallFrame(QWidget* parent) : QGroupBox(tr("Select Call"), parent) {
   setObjectName(QStringLiteral("fraSelCall"));
   auto* const layout = NewFieldLayout(*this);
-  m_list = NewChoiceBox(QStringLiteral("cboRadio(0)"), ChoiceList::SelectCall, QStringLiteral("Select Call"), this);
-  AddField(*layout, 0, 0, QStringLiteral("Select Call"), m_list);
+  m_list = NewChoiceBox(QStringLiteral("cboRadio(0)"), ChoiceList::SelectCall, tr("Select Call"), this);
+  AddField(*layout, 0, 0, tr("Select Call"), m_list);
   layout->setColumnStretch(2, 1);
   layout->setRowStretch(1, 1);
   connect(m_list, &ChoiceBox::Selected, this, &SelectCallFrame::cboRadio_Change);

@@ -43,7 +43,7 @@ void ColourText(QWidget& editor, const QColor& text) {
 } // namespace
 
 TtsFrame::TtsFrame(MessageView& messages, Clipboard& clipboard, char decimalSeparator, QWidget* parent)
-    : QGroupBox(QStringLiteral("TTS"), parent), m_messages(messages), m_clipboard(clipboard) {
+    : QGroupBox(tr("TTS"), parent), m_messages(messages), m_clipboard(clipboard) {
   setObjectName(QStringLiteral("fraTTS"));
   m_grid = new TtsGrid(this);
   auto* const layout = new QVBoxLayout(this);
@@ -51,11 +51,11 @@ TtsFrame::TtsFrame(MessageView& messages, Clipboard& clipboard, char decimalSepa
   layout->addStretch(1);
 
   m_frequency = new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitCharacter,
-                             EntryBox::OtherKeys::Edit, QStringLiteral("TTS frequency in Hz"), m_grid->viewport());
+                             EntryBox::OtherKeys::Edit, tr("TTS frequency in Hz"), m_grid->viewport());
   m_frequency->setAlignment(Qt::AlignCenter);
   m_frequency->LeaveClipboardToMenu();
   m_frequency->hide();
-  m_time = new ChoiceBox(QStringLiteral("cmbTTST"), TimeTexts(decimalSeparator), QStringLiteral("TTS time in seconds"),
+  m_time = new ChoiceBox(QStringLiteral("cmbTTST"), TimeTexts(decimalSeparator), tr("TTS time in seconds"),
                          m_grid->viewport());
   m_time->hide();
 

@@ -3,6 +3,8 @@
 
 #include "cell_colours.h"
 #include "frame_parts.h"
+#include "locale_texts.h"
+#include "translatable.h"
 #include "twips.h"
 
 #include <QHeaderView>
@@ -22,13 +24,13 @@ struct ColumnLook {
 constexpr QRgb DefaultText = 0; // the desktop's
 // clang-format off
 constexpr std::array<ColumnLook, TtsColumnCount> Columns = {{
-    {"No.",                DefaultText},
-    {"Tone A Freq(Hz)",    GreenText},
-    {"Tone A Dur.(s)",     GreenText},
-    {"Tone B Freq(Hz)",    TealText},
-    {"Tone B Dur.(s)",     TealText},
-    {"Gap Time(s)",        OliveText},
-    {"Group Call Dur.(s)", OliveText},
+    {SHOWN("No."),                DefaultText},
+    {SHOWN("Tone A Freq(Hz)"),    GreenText},
+    {SHOWN("Tone A Dur.(s)"),     GreenText},
+    {SHOWN("Tone B Freq(Hz)"),    TealText},
+    {SHOWN("Tone B Dur.(s)"),     TealText},
+    {SHOWN("Gap Time(s)"),        OliveText},
+    {SHOWN("Group Call Dur.(s)"), OliveText},
 }};
 // clang-format on
 
@@ -48,7 +50,7 @@ constexpr double HeadingHeight = 2.3 * BaseHeight;
 
 TtsGrid::TtsGrid(QWidget* parent) : QTableWidget(RowCount, static_cast<int>(TtsColumnCount), parent) {
   setObjectName(QStringLiteral("gridTTS"));
-  setAccessibleName(QStringLiteral("TTS table, entries 1 to 8"));
+  setAccessibleName(tr("TTS table, entries 1 to 8"));
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setTabKeyNavigation(false);
@@ -66,8 +68,8 @@ TtsGrid::TtsGrid(QWidget* parent) : QTableWidget(RowCount, static_cast<int>(TtsC
   headings->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
 
   for (int column = 0; column <= LastColumn; ++column) {
-    setHorizontalHeaderItem(
-        column, new QTableWidgetItem(QString::fromLatin1(Columns[static_cast<std::size_t>(column)].heading)));
+    setHorizontalHeaderItem(column,
+                            new QTableWidgetItem(Translated(Columns[static_cast<std::size_t>(column)].heading)));
     for (int row = 0; row < RowCount; ++row) {
       auto* const cell = new QTableWidgetItem(column == 0 ? QString::number(row + 1) : QString());
       cell->setTextAlignment(Qt::AlignCenter);

@@ -7,11 +7,11 @@
 
 namespace mr4500x {
 
-TuneFrame::TuneFrame(QWidget* parent) : QGroupBox(QStringLiteral("Manual Tune Enable"), parent) {
+TuneFrame::TuneFrame(QWidget* parent) : QGroupBox(tr("Manual Tune Enable"), parent) {
   setObjectName(QStringLiteral("fraTuneSwitch"));
   auto* const layout = NewFieldLayout(*this);
-  m_list = NewChoiceBox(QStringLiteral("cboTuneSwitch"), ChoiceList::ManualTune, QStringLiteral("Manual Tune"), this);
-  AddField(*layout, 0, 0, QStringLiteral("Manual Tune"), m_list);
+  m_list = NewChoiceBox(QStringLiteral("cboTuneSwitch"), ChoiceList::ManualTune, tr("Manual Tune"), this);
+  AddField(*layout, 0, 0, tr("Manual Tune"), m_list);
   layout->setColumnStretch(2, 1);
   layout->setRowStretch(1, 1);
 }

@@ -2,6 +2,8 @@
 // editor's values hold; the texts are what the user sees.
 #pragma once
 
+#include "translatable.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -42,8 +44,8 @@ inline constexpr std::size_t ChoiceListCount = 20;
 [[nodiscard]] std::span<const std::string_view> KeyItems(std::size_t key);
 
 // The single items of cboKey(10) over Short A and cboKey(11) over Long A.
-inline constexpr std::string_view EmergencyAlertItem = "Emergency Alert";
-inline constexpr std::string_view CancelEmergencyAlertItem = "Cancel Emergency Alert";
+inline constexpr char EmergencyAlertItem[] = SHOWN("Emergency Alert");
+inline constexpr char CancelEmergencyAlertItem[] = SHOWN("Cancel Emergency Alert");
 
 // The item at a position, "" for no selection.
 [[nodiscard]] std::string_view ItemAt(std::span<const std::string_view> items, int position);

@@ -1,19 +1,24 @@
 // The texts that a fill of the editor can call for, for the windows and the command line alike.
 #pragma once
 
+#include "translatable.h"
+
 #include <string_view>
 
 namespace mr4500x {
 
-inline constexpr std::string_view DataErrorTitle = "Data Error";
-inline constexpr std::string_view DataErrorText = "Data occur error in the Radio, please re-set.";
+// Of all messages about what was typed.
+inline constexpr char EntryErrorTitle[] = SHOWN("Error");
 
-inline constexpr std::string_view KeyConflictTitle = "Talk Around Or Reverse";
-inline constexpr std::string_view KeyConflictText =
-    "Talk Around or Reverse can't be present at the same time.If one key has been set to Talk Around or Reverse,"
-    "any other key must not be set to Talk Around or Reverse.";
+inline constexpr char DataErrorTitle[] = SHOWN("Data Error");
+inline constexpr char DataErrorText[] = SHOWN("Data occur error in the Radio, please re-set.");
 
-inline constexpr std::string_view TopSizeTitle = "MR4500X Programming Software";
-inline constexpr std::string_view TopSizeText = "It has been reached to the Top Size of the Input Text.";
+inline constexpr char KeyConflictTitle[] = SHOWN("Talk Around Or Reverse");
+inline constexpr char KeyConflictText[] =
+    SHOWN("Talk Around or Reverse can't be present at the same time.If one key has been set to Talk Around or Reverse,"
+          "any other key must not be set to Talk Around or Reverse.");
+
+inline constexpr char TopSizeTitle[] = "MR4500X Programming Software";
+inline constexpr char TopSizeText[] = SHOWN("It has been reached to the Top Size of the Input Text.");
 
 } // namespace mr4500x

@@ -15,7 +15,7 @@ constexpr int Rows = 4; // of the options, which run down the columns
 
 QRadioButton* MakeOption(int number, const PortChoice& choice, const PortDeviceTexts& devices) {
   const auto index = static_cast<std::size_t>(number - 1);
-  auto* const option = new QRadioButton(QStringLiteral("COM%1").arg(number));
+  auto* const option = new QRadioButton(FrmPort::tr("COM%1").arg(number));
   option->setObjectName(QStringLiteral("optPort(%1)").arg(number));
   option->setEnabled(choice.enabled[index]);
   option->setChecked(number == choice.preselected);
@@ -30,9 +30,9 @@ QRadioButton* MakeOption(int number, const PortChoice& choice, const PortDeviceT
 FrmPort::FrmPort(const PortChoice& choice, const PortDeviceTexts& devices, QWidget* parent)
     : QDialog(parent), m_options(new QButtonGroup(this)) {
   setObjectName(QStringLiteral("frmPort"));
-  setWindowTitle(QStringLiteral("Port"));
+  setWindowTitle(tr("Port"));
 
-  auto* const frame = new QGroupBox(QStringLiteral("Communication Port"));
+  auto* const frame = new QGroupBox(tr("Communication Port"));
   frame->setObjectName(QStringLiteral("fraPort"));
   auto* const grid = new QGridLayout(frame);
   grid->setHorizontalSpacing(fontMetrics().averageCharWidth() * 3);
@@ -43,8 +43,8 @@ FrmPort::FrmPort(const PortChoice& choice, const PortDeviceTexts& devices, QWidg
   }
 
   auto* const buttons = new QDialogButtonBox;
-  QPushButton* const ok = buttons->addButton(QStringLiteral("&OK"), QDialogButtonBox::AcceptRole);
-  QPushButton* const cancel = buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole);
+  QPushButton* const ok = buttons->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
+  QPushButton* const cancel = buttons->addButton(tr("&Cancel"), QDialogButtonBox::RejectRole);
   ok->setObjectName(QStringLiteral("cmdOK"));
   ok->setDefault(true);
   cancel->setObjectName(QStringLiteral("cmdCancel"));

@@ -1,5 +1,6 @@
 #include "qt_file_dialogs.h"
 
+#include "locale_texts.h"
 #include "owner_window.h"
 
 #include <QFileDialog>
@@ -11,7 +12,7 @@ namespace {
 
 void Prepare(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
-  dialog.setWindowTitle(QString::fromStdString(question.title));
+  dialog.setWindowTitle(Translated(question.title));
   dialog.setDirectory(QString::fromStdString(question.folder));
   dialog.setOption(QFileDialog::HideNameFilterDetails); // the names tell them already
   dialog.setNameFilters(NameFilters(question.filter));
@@ -44,7 +45,8 @@ QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
-    filters.append(QStringLiteral("%1 (%2 %3)").arg(parts[i], parts[i + 1], parts[i + 1].toLower()));
+    filters.append(
+        QStringLiteral("%1 (%2 %3)").arg(Translated(parts[i].toStdString()), parts[i + 1], parts[i + 1].toLower()));
   return filters;
 }
 

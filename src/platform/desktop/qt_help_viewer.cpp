@@ -1,11 +1,17 @@
 #include "qt_help_viewer.h"
 
+#include "locale_texts.h"
+#include "translatable.h"
+
 #include <QProcess>
 
 #include <utility>
 
 namespace mr4500x {
 namespace {
+
+constexpr char HelpTitle[] = SHOWN("Help");
+constexpr char NotStartedText[] = SHOWN("The help viewer %1 can't be started: %2");
 
 constexpr int EndMilliseconds = 1000; // for the viewer to end by itself
 
@@ -35,9 +41,8 @@ bool QtHelpViewer::Start() {
   m_viewer->setProcessChannelMode(QProcess::ForwardedChannels);
   m_viewer->start(QString::fromStdString(m_viewerProgram), {QString::fromStdString(m_helpFile)});
   if (m_viewer->waitForStarted()) return true;
-  const std::string reason = m_viewer->errorString().toStdString();
-  m_messages.Show(MessageIcon::Exclamation, "Help",
-                  "The help viewer " + m_viewerProgram + " can't be started: " + reason, MessageButtons::Ok);
+  const QString text = Translated(NotStartedText).arg(QString::fromStdString(m_viewerProgram), m_viewer->errorString());
+  m_messages.Show(MessageIcon::Exclamation, HelpTitle, text.toStdString(), MessageButtons::Ok);
   return false;
 }
 

@@ -1,5 +1,6 @@
 #include "locale_texts.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
 
@@ -9,6 +10,10 @@ char DecimalSeparatorOf(const QLocale& locale) {
   bool isNumber = false;
   const double value = locale.toDouble(QStringLiteral("9.55"), &isNumber);
   return isNumber && value >= 9.54 && value <= 9.56 ? '.' : ',';
+}
+
+QString Translated(std::string_view text) {
+  return QCoreApplication::translate("mr4500x", std::string(text).c_str());
 }
 
 std::string DateTimeText(const QLocale& locale, const LocalTime& time) {

@@ -1,5 +1,7 @@
 #include "page_printer.h"
 
+#include "translatable.h"
+
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
@@ -7,6 +9,7 @@
 namespace mr4500x {
 namespace {
 
+constexpr char NoFurtherPageText[] = SHOWN("The printer does not take a further page.");
 constexpr int TwipsPerPoint = 20;
 constexpr double TwipsPerInch = 1440;
 
@@ -47,7 +50,7 @@ bool PagePrinter::EndPainting() {
 
 std::optional<std::string> PagePrinter::NewPage() {
   if (m_device->newPage()) return std::nullopt;
-  return "The printer does not take a further page.";
+  return NoFurtherPageText;
 }
 
 void PagePrinter::SetScale(double scale) {

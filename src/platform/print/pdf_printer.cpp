@@ -1,6 +1,8 @@
 #include "pdf_printer.h"
 
 #include "file_access.h"
+#include "locale_texts.h"
+#include "translatable.h"
 
 #include <QMarginsF>
 #include <QPdfWriter>
@@ -12,9 +14,17 @@
 namespace mr4500x {
 namespace {
 
+constexpr char NoPrinterText[] = SHOWN("There is no printer. \"Printer...\" offers to print to a PDF file.");
+constexpr char NotStartedText[] = SHOWN("The PDF file %1 can't be started.");
+constexpr char NotWrittenText[] = SHOWN("The PDF file %1 can't be written.");
+
 constexpr int Resolution = 1440; // a twip each
 // What office printers can't reach of their paper. A PDF file is often printed later, and loses nothing then.
 constexpr double Unprintable = 6; // millimetres
+
+std::string AboutFile(const char* text, const std::string& path) {
+  return Translated(text).arg(QString::fromStdString(path)).toStdString();
+}
 
 } // namespace
 
@@ -25,7 +35,7 @@ PdfPrinter::~PdfPrinter() {
 }
 
 std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
-  if (m_path.empty()) return "There is no printer. \"Printer...\" offers to print to a PDF file.";
+  if (m_path.empty()) return NoPrinterText;
   m_pages.open(QIODevice::WriteOnly | QIODevice::Truncate);
   m_writer = std::make_unique<QPdfWriter>(&m_pages);
   m_writer->setResolution(Resolution);
@@ -34,7 +44,7 @@ std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
   SetPaper(*m_writer);
   m_writer->setPageMargins(QMarginsF(Unprintable, Unprintable, Unprintable, Unprintable), QPageLayout::Millimeter);
   if (BeginOn(*m_writer)) return std::nullopt;
-  return "The PDF file " + m_path + " can't be started.";
+  return AboutFile(NotStartedText, m_path);
 }
 
 std::optional<std::string> PdfPrinter::EndJob() {
@@ -43,7 +53,7 @@ std::optional<std::string> PdfPrinter::EndJob() {
   const std::span content(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                           static_cast<std::size_t>(bytes.size()));
   if (hasEnded && ReplaceFile(m_files, m_path, content, Surplus::Drop)) return std::nullopt;
-  return "The PDF file " + m_path + " can't be written.";
+  return AboutFile(NotWrittenText, m_path);
 }
 
 void PdfPrinter::AbandonJob() {

@@ -1,14 +1,19 @@
 #include "qt_printers.h"
 
+#include "locale_texts.h"
 #include "owner_window.h"
 #include "page_printer.h"
 #include "pdf_printer.h"
+#include "translatable.h"
 
 #include <QPrintDialog>
 #include <QPrinter>
 
 namespace mr4500x {
 namespace {
+
+constexpr char NotStartedText[] = SHOWN("The printer %1 can't be started.");
+constexpr char NotTakenText[] = SHOWN("The printer %1 did not take the job.");
 
 class PaperPrinter final : public PagePrinter {
 public:
@@ -18,11 +23,11 @@ public:
   std::optional<std::string> BeginJob(const std::string& title) override {
     m_printer.setDocName(QString::fromStdString(title));
     if (BeginOn(m_printer)) return std::nullopt;
-    return "The printer " + Name() + " can't be started.";
+    return Translated(NotStartedText).arg(m_printer.printerName()).toStdString();
   }
   std::optional<std::string> EndJob() override {
     if (EndPainting() && m_printer.printerState() != QPrinter::Error) return std::nullopt;
-    return "The printer " + Name() + " did not take the job.";
+    return Translated(NotTakenText).arg(m_printer.printerName()).toStdString();
   }
   void AbandonJob() override {
     m_printer.abort();
@@ -30,8 +35,6 @@ public:
   }
 
 private:
-  [[nodiscard]] std::string Name() const { return m_printer.printerName().toStdString(); }
-
   QPrinter& m_printer;
 };
 
@@ -61,7 +64,7 @@ void QtPrinters::SetUpPrinter(const std::string& title) {
   QPrinter& printer = Chosen();
   QPrintDialog dialog(&printer, OwnerWindow());
   dialog.setObjectName(QStringLiteral("printerDialog"));
-  dialog.setWindowTitle(QString::fromStdString(title));
+  dialog.setWindowTitle(Translated(title));
   dialog.setOptions(QAbstractPrintDialog::PrintToFile);
   if (dialog.exec() == QDialog::Accepted) m_isSetUp = true;
   SetPaper(printer);

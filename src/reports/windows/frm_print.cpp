@@ -1,5 +1,7 @@
 #include "frm_print.h"
 
+#include "locale_texts.h"
+#include "translatable.h"
 #include "window_titles.h"
 
 #include <QCheckBox>
@@ -11,7 +13,9 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::array Reports = {"Channel Settings and Global Settings", "TTS", "Embedded Information"};
+constexpr std::array<const char*, 3> Reports = {SHOWN("Channel Settings and Global Settings"), SHOWN("TTS"),
+                                                SHOWN("Embedded Information")};
+constexpr char NothingChosenText[] = SHOWN("Please select items you want to print.");
 
 } // namespace
 
@@ -28,7 +32,7 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
 
   auto* const boxes = new QVBoxLayout;
   for (std::size_t i = 0; i < Reports.size(); ++i) {
-    m_chkPrintOutput[i] = new QCheckBox(tr(Reports[i]));
+    m_chkPrintOutput[i] = new QCheckBox(Translated(Reports[i]));
     m_chkPrintOutput[i]->setObjectName(QStringLiteral("chkPrintOutput(%1)").arg(i));
     boxes->addWidget(m_chkPrintOutput[i]);
   }
@@ -76,7 +80,7 @@ void FrmPrint::cmdOK_Click() {
   const ReportChoice ticked = {m_chkPrintOutput[0]->isChecked(), m_chkPrintOutput[1]->isChecked(),
                                m_chkPrintOutput[2]->isChecked()};
   if (!ticked.Any()) {
-    m_messages.Show(MessageIcon::Information, BareTitle, "Please select items you want to print.", MessageButtons::Ok);
+    m_messages.Show(MessageIcon::Information, BareTitle, NothingChosenText, MessageButtons::Ok);
     return;
   }
   m_chk0 = ticked.channels;
