@@ -71,16 +71,6 @@ QStringList SentencesIn(QString source) {
   return sentences;
 }
 
-// The texts of a catalogue for translators, a line each.
-QString SourcesIn(const QString& path) {
-  QString sources;
-  QXmlStreamReader xml(ReadText(path));
-  while (!xml.atEnd())
-    if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == QLatin1String("source"))
-      sources += xml.readElementText().simplified() + QLatin1Char('\n');
-  return sources;
-}
-
 TEST(SentencesIn, SeesThroughCommentsAndLineEnds) {
   EXPECT_EQ(
       SentencesIn(
@@ -93,7 +83,8 @@ TEST_F(ManualTest, KnowsEveryMessageOfTheProgram) {
       "Data file of LR7200 Radio Series, Calvorne VTR.", // the headers of data files
       "Data file of LR7201 Radio Series, Calvorne VTR.",
   };
-  const QString catalogue = SourcesIn(SOURCE_FOLDER "/translations/mr4500x.ts");
+  QString catalogue = ReadText(SOURCE_FOLDER "/translations/mr4500x.ts").simplified();
+  catalogue.replace("&apos;", "'").replace("&quot;", "\"").replace("&amp;", "&");
   int count = 0;
   for (const char* folder :
        {"app", "editor", "files", "link", "platform/desktop", "platform/print", "platform/printer", "reports"}) {

@@ -156,14 +156,6 @@ TEST_F(SimulatorProgram, TouchesNoFileThatIsNotItsOwn) {
   EXPECT_EQ(fs::read_symlink(Path("stale-link")), device);
 }
 
-TEST_F(SimulatorProgram, RefusesUnusableArguments) {
-  for (const auto& arguments : std::vector<std::vector<std::string>>{
-           {"--fault", "nonsense"}, {"--fault", "ng@1"}, {"--pace", "fast"}, {"--pace", "0"}, {"more"}, {"--fault"}}) {
-    Simulator simulator(arguments);
-    EXPECT_EQ(simulator.ExitStatus(), 2) << arguments.back();
-  }
-}
-
 TEST_F(SimulatorProgram, VanishesInMidTransfer) {
   Simulator simulator({"--fault", "vanish@1", "--fault", "late-answer"});
   QtSerialPort port(simulator.Device());
@@ -172,17 +164,6 @@ TEST_F(SimulatorProgram, VanishesInMidTransfer) {
   EXPECT_EQ(Ask(port, "57 00 80 08", 12), "57 00 80 08 01 00 13 01 00 00 81 00");
   EXPECT_EQ(Ask(port, "57 00 00 08", 12), "port failed");
   EXPECT_EQ(simulator.ExitStatus(), 0);
-}
-
-TEST_F(SimulatorProgram, AnswersNoSoonerThanALineCould) {
-  Simulator simulator({"--pace", "9600"});
-  QtSerialPort port(simulator.Device());
-  ASSERT_EQ(port.Open(LineSettings), std::nullopt);
-  EXPECT_EQ(Ask(port, "READ", 1), "06");
-  SteadyClock clock;
-  const auto start = clock.Now();
-  EXPECT_EQ(Ask(port, "57 00 80 08", 12), "57 00 80 08 01 00 13 01 00 00 81 00");
-  EXPECT_GE(clock.Now() - start, 20ms); // 16 characters of 12 bits
 }
 
 } // namespace

@@ -50,7 +50,7 @@ constexpr std::array<Text, 10> ShortAItems = {
     SHOWN("Talk Around"), SHOWN("Reverse"), SHOWN("Call"), SHOWN("Selcall"), SHOWN("GroupCall")};
 constexpr std::array<Text, 10> LongAItems = {
     SHOWN("Unassigned"), CancelEmergencyAlertItem, SHOWN("Scan"), SHOWN("Nuisance Delete"), SHOWN("Power Select"),
-    SHOWN("Talk Around"), SHOWN("Reverse "), SHOWN("Call"), SHOWN("Selcall"), SHOWN("GroupCall")}; // the blank is the program's own
+    SHOWN("Talk Around"), SHOWN("Reverse "), SHOWN("Call"), SHOWN("Selcall"), SHOWN("GroupCall")}; // the blank is meant
 constexpr std::array<Text, 10> ShortBAndCItems = {
     SHOWN("Unassigned"), SHOWN("Monitor"), SHOWN("Scan"), SHOWN("Nuisance Delete"), SHOWN("Power Select"),
     SHOWN("Talk Around"), SHOWN("Reverse"), SHOWN("Call"), SHOWN("Selcall"), SHOWN("GroupCall")};
