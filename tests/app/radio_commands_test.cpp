@@ -21,9 +21,6 @@ protected:
   }
 };
 
-const std::string ReadDone = "Read Complete|Read data is complete. Press OK button to continue ...";
-const std::string WriteDone = "Write Complete|Write data is complete. Press OK button to continue ...";
-
 TEST_F(RadioTest, FailsWithoutALeftover) {
   const struct {
     const char* command;
