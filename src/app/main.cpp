@@ -28,6 +28,7 @@ void StayUntil(Clock::Moment moment, Clock& clock) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
+  QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // whose menu entry and icon a desktop shows
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() > 2) {
     std::cerr << "usage: MR4500X [FILE]\n";

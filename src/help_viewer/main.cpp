@@ -46,6 +46,7 @@ int main(int argc, char** argv) {
   for (const int end : {SIGTERM, SIGHUP, SIGINT})
     std::signal(end, EndInput); // so that the catalogue is removed
   const QApplication application(argc, argv);
+  QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // whose menu entry and icon a desktop shows
   if (argc != 2) {
     std::fputs("usage: MR4500X-help FILE\n", stderr);
     return 2;
