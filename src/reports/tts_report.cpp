@@ -44,7 +44,8 @@ void AddRules(ReportPage& page) {
   for (const double x : VerticalRules)
     page.rules.push_back({x, TableTop, x, RowsBottom});
   page.rules.push_back({VerticalRules.front(), TableTop, VerticalRules.back(), TableTop});
-  for (double y = TableTop + HeadingBand; y <= RowsBottom; y += RowHeight) {
+  for (std::size_t row = 0; row <= TtsEntryCount; ++row) {
+    const double y = TableTop + HeadingBand + RowHeight * static_cast<double>(row);
     page.rules.push_back({VerticalRules.front(), y, VerticalRules.back(), y});
   }
 }

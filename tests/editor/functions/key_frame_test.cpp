@@ -6,7 +6,6 @@ namespace {
 
 constexpr int Scan = 2; // of the lists with a special function
 constexpr int TalkAround = 5;
-constexpr int Reverse = 6;
 constexpr int LongBReverse = 5;
 
 class KeyFrameTest : public ::testing::Test {

@@ -8,7 +8,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr int ToneAFreq = 1, ToneADur = 2, ToneBFreq = 3, GroupCallDur = 6;
+constexpr int ToneAFreq = 1, ToneADur = 2;
 
 class TtsFrameTest : public ::testing::Test {
 protected:
