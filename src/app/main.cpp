@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // whose menu entry and icon a desktop shows
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() > 2) {
+  if (arguments.size() > 2 || arguments.value(1).startsWith(QLatin1Char('-'))) {
     std::cerr << "usage: MR4500X [FILE]\n";
     return 2;
   }

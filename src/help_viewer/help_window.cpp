@@ -22,7 +22,7 @@ namespace mr4500x {
 namespace {
 
 constexpr QSize StartSize(1000, 700);
-constexpr int TabsWidth = 290;
+constexpr int TabsWidth = 330;
 
 } // namespace
 

@@ -5,7 +5,9 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QTreeView>
 
 namespace mr4500x {
 namespace {
@@ -16,6 +18,9 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setDirectory(QString::fromStdString(question.folder));
   dialog.setOption(QFileDialog::HideNameFilterDetails); // the names tell them already
   dialog.setNameFilters(NameFilters(question.filter));
+  // Qt's own dialog would cut sizes and dates; a desktop's has no such list.
+  if (const auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView")))
+    details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
 std::optional<QString> Chosen(QFileDialog& dialog) {
