@@ -11,12 +11,11 @@
 #include <algorithm>
 #include <filesystem>
 
-extern char** environ;
-
 namespace mr4500x {
 
 pid_t StartProgram(const std::vector<std::string>& words, int* output) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words) {
     arguments.push_back(const_cast<char*>(word.c_str()));
   }
