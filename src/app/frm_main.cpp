@@ -19,6 +19,7 @@
 #include <QLocale>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 
 #include <utility>
 
@@ -94,7 +95,8 @@ void FrmMain::TakeDesignSize() {
   scroll->setMinimumSize(m_panel->size());
   const QSize wanted = sizeHint();
   scroll->setMinimumSize(0, 0);
-  resize(wanted.boundedTo(screen()->availableSize()));
+  const QSize border(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the window system's own is not known yet
+  resize(wanted.boundedTo(screen()->availableSize() - border));
 }
 
 void FrmMain::ShowView(View view) {

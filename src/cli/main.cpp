@@ -1,4 +1,5 @@
 // mr4500x-cli: the command line, and the machine's adapters handed to the command that it names.
+#include "data_file.h"
 #include "editor_messages.h"
 #include "embedded_info.h"
 #include "file_commands.h"
@@ -108,19 +109,21 @@ ExitStatus Companion::Ports() {
   return RunPorts(serial, deviceOf, m_terminal);
 }
 
-// Whether printing to a path would take a data file's place: FILE itself under whatever name, or any other.
-bool LeadsToDataFile(const std::string& dataFile, const std::string& pdfFile) {
+// Whether printing to a path would take a data file's place: FILE itself, or any other, under whatever name.
+bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& pdfFile) {
   std::error_code failed; // a file that is not there is nobody's
   if (std::filesystem::equivalent(dataFile, pdfFile, failed)) return true;
   std::string extension = std::filesystem::weakly_canonical(pdfFile, failed).extension().string();
   std::transform(extension.begin(), extension.end(), extension.begin(),
                  [](unsigned char c) { return std::toupper(c); });
-  return extension == ".K4X" || extension == ".K4Y";
+  if (extension == ".K4X" || extension == ".K4Y") return true;
+  RadioImage unused;
+  return LoadDataFile(files, pdfFile, unused).outcome == LoadOutcome::Loaded;
 }
 
 // The program that draws pages takes this one's place, with its streams and its exit status.
 ExitStatus Companion::Print() {
-  if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_arguments.file, m_arguments.pdfFile)) {
+  if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_files, m_arguments.file, m_arguments.pdfFile)) {
     m_terminal.err << "OUT.pdf is the PDF file to write; it must not be a data file.\n";
     return ExitStatus::UnusableArguments;
   }

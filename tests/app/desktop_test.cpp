@@ -22,6 +22,9 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <cstdio>
+
 namespace mr4500x {
 namespace {
 
@@ -125,6 +128,17 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
   }
   EXPECT_TRUE(typed());
   EXPECT_FALSE(isBusy());
+}
+
+TEST(TransferGuard, LetsSignalsEndTheProgramOnlyAfterTheTransfer) {
+  const auto transfer = [](int signal) {
+    UserInput input;
+    const TransferGuard guard(input);
+    std::raise(signal);
+    std::fputs("transferred", stderr);
+  };
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+    EXPECT_EXIT(transfer(signal), testing::KilledBySignal(signal), "transferred");
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // A transfer blocks the user, not the screen.
 #pragma once
 
+#include "end_signals.h"
+
 #include <QObject>
 
 namespace mr4500x {
@@ -32,7 +34,7 @@ private:
   HeldPointer m_pointer = HeldPointer::Busy;
 };
 
-// Holds the input while a transfer runs.
+// Holds the input while a transfer runs, and the signals that would end the program.
 class TransferGuard {
 public:
   explicit TransferGuard(UserInput& input, HeldPointer pointer = HeldPointer::Busy) : m_input(input) {
@@ -42,6 +44,7 @@ public:
   Q_DISABLE_COPY_MOVE(TransferGuard)
 
 private:
+  EndSignalsHeld m_endSignals;
   UserInput& m_input;
 };
 
