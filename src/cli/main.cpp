@@ -2,6 +2,7 @@
 #include "data_file.h"
 #include "editor_messages.h"
 #include "embedded_info.h"
+#include "end_signals.h"
 #include "file_commands.h"
 #include "info_text.h"
 #include "machine.h"
@@ -35,26 +36,6 @@ struct Arguments {
   std::vector<std::string> reports;
 };
 
-// A transfer can't be cancelled: stopped half-way it would leave the radio in its session, half programmed, and the
-// port locked. While one of these lives, signals that would end the process wait.
-class SignalsHeld {
-public:
-  SignalsHeld() {
-    sigset_t held;
-    sigemptyset(&held);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-      sigaddset(&held, signal);
-    }
-    sigprocmask(SIG_BLOCK, &held, &m_before);
-  }
-  ~SignalsHeld() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
-  SignalsHeld(const SignalsHeld&) = delete;
-  SignalsHeld& operator=(const SignalsHeld&) = delete;
-
-private:
-  sigset_t m_before{};
-};
-
 class Companion {
 public:
   Companion() : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0} {}
@@ -82,7 +63,7 @@ ExitStatus Companion::WithRadio(const std::function<ExitStatus(const RadioComman
     return ExitStatus::UnusableArguments;
   }
   const std::unique_ptr<QtSerialPort> serial = PortFor(*port, m_files, SettingsFile());
-  const SignalsHeld held;
+  const EndSignalsHeld held;
   SteadyClock clock;
   SerialLine line(*serial, clock, port->number, NameOf(*port));
   return run({line, m_files, m_terminal});

@@ -1,5 +1,5 @@
 // Ctrl-C in the terminal, a logout, a shutdown: signals that end the program wait while one of these lives, and end it
-// then. Stopped half-way a transfer would leave the radio in its session, half programmed.
+// then. Stopped half-way a transfer would leave the radio in its session, half programmed, and the port locked.
 #pragma once
 
 #include <array>

@@ -13,7 +13,7 @@ void KeepWaiting(int signal) {
 
 } // namespace
 
-// By handlers and not by the signal mask: that is each thread's own, and Qt has threads.
+// By handlers and not by the signal mask: that is each thread's own, and Qt starts threads.
 EndSignalsHeld::EndSignalsHeld() {
   waitingSignal = 0;
   struct sigaction keep {};
