@@ -1,8 +1,8 @@
 // The work on one configuration in memory: showing and collecting it, building and parsing its data file.
 #include "allocations.h"
 
+#include "configuration.h"
 #include "data_file.h"
-#include "editor_values.h"
 #include "radio_memory.h"
 
 #include <benchmark/benchmark.h>
@@ -35,7 +35,7 @@ void Measure(benchmark::State& state, Work work) {
 
 void DecodeAndEncode(benchmark::State& state) {
   RadioImage image = FactoryImage();
-  EditorValues values;
+  Configuration values;
   const FieldTexts texts = BuildFieldTexts('.');
   Measure(state, [&] {
     benchmark::DoNotOptimize(Decode(image, values, texts));

@@ -1,7 +1,7 @@
 // Any text in any cell: what the rules make of it is shown again after it has been through the image, and what the
 // image takes of a text that no rule has seen stays the same from then on.
+#include "configuration.h"
 #include "decimal.h"
-#include "editor_values.h"
 #include "embedded_info.h"
 #include "field_rules.h"
 #include "function_settings.h"
@@ -17,14 +17,14 @@ constexpr LocalTime Moment = {2004, 11, 4, 9, 5, 7};
 struct Editor {
   FieldTexts texts;
   RadioImage image;
-  EditorValues values;
+  Configuration values;
 
   [[nodiscard]] char Separator() const { return texts.decimalSeparator; }
   [[nodiscard]] Band Limits() const { return {LowerBandLimit(image.BandBlock), UpperBandLimit(image.BandBlock)}; }
   // Collects the values and shows what the image holds then.
-  EditorValues ShownAgain() {
+  Configuration ShownAgain() {
     Encode(values, image, texts);
-    EditorValues shown = values;
+    Configuration shown = values;
     static_cast<void>(Decode(image, shown, texts));
     return shown;
   }
@@ -72,10 +72,10 @@ void TypeBand(Editor& editor, FuzzInput& input) {
   Require(low.entry == high.entry, "both limits are judged alike");
   if (low.entry != BandEntry::Accepted || low.value >= high.value) return;
   Require(low.value >= LowestBandLimit && high.value <= HighestBandLimit, "the limits are limited");
-  editor.values.txtFreqBandL = std::to_string(low.value);
-  editor.values.txtFreqBandU = std::to_string(high.value);
-  const EditorValues shown = editor.ShownAgain();
-  Require(shown.txtFreqBandL == editor.values.txtFreqBandL && shown.txtFreqBandU == editor.values.txtFreqBandU,
+  editor.values.lowerBandLimit = std::to_string(low.value);
+  editor.values.upperBandLimit = std::to_string(high.value);
+  const Configuration shown = editor.ShownAgain();
+  Require(shown.lowerBandLimit == editor.values.lowerBandLimit && shown.upperBandLimit == editor.values.upperBandLimit,
           "the band is shown again");
 }
 
@@ -84,12 +84,12 @@ void TypeId(Editor& editor, FuzzInput& input) {
   for (const char key : input.Text())
     if (const auto character = IdCharacter(key); character && id.size() < MostDigits) id += *character;
   Require(IdTextValid(id), "what the keys give is an ID");
-  std::string* const boxes[] = {&editor.values.txtANI, &editor.values.txtConnect, &editor.values.txtDisconnect};
+  std::string* const boxes[] = {&editor.values.emergencyAni, &editor.values.connectId, &editor.values.disconnectId};
   *boxes[input.Below(3)] = id.empty() ? std::string(NoNumberText) : id;
   editor.values[ChoiceList::PttId] = {3, 0}; // both IDs in use
-  const EditorValues shown = editor.ShownAgain();
-  Require(shown.txtANI == editor.values.txtANI && shown.txtConnect == editor.values.txtConnect &&
-              shown.txtDisconnect == editor.values.txtDisconnect,
+  const Configuration shown = editor.ShownAgain();
+  Require(shown.emergencyAni == editor.values.emergencyAni && shown.connectId == editor.values.connectId &&
+              shown.disconnectId == editor.values.disconnectId,
           "the IDs are shown again");
 }
 
@@ -98,10 +98,10 @@ void TypeResetTime(Editor& editor, FuzzInput& input) {
   const int by = input.Below(2) == 0 ? 1 : -1;
   if (const auto spun = SpinResetTime(typed, by)) Require(LimitResetTime(*spun).text == *spun, "spinning stays inside");
   const ResetTimeCheck check = StepResetTime(typed, by).value_or(LimitResetTime(typed));
-  editor.values.txtResetTime = check.text;
-  editor.values.chkResetTimeOFF = check.off;
-  const EditorValues shown = editor.ShownAgain();
-  Require(shown.txtResetTime == check.text && shown.chkResetTimeOFF == check.off, "the reset time is shown again");
+  editor.values.autoResetTime = check.text;
+  editor.values.autoResetOff = check.off;
+  const Configuration shown = editor.ShownAgain();
+  Require(shown.autoResetTime == check.text && shown.autoResetOff == check.off, "the reset time is shown again");
 }
 
 void TypeCode(Editor& editor, FuzzInput& input) {
@@ -122,7 +122,7 @@ void TypeTts(Editor& editor, FuzzInput& input) {
   const auto tenths = TtsTime(input.Text(), editor.Separator());
   if (hertz) editor.values.Tts(entry, TtsColumn::ToneBFreq) = *hertz;
   if (tenths) editor.values.Tts(entry, TtsColumn::GapTime) = TtsTimeText(*tenths, editor.Separator());
-  Require(editor.ShownAgain().gridTTS == editor.values.gridTTS, "the TTS table is shown again");
+  Require(editor.ShownAgain().ttsTable == editor.values.ttsTable, "the TTS table is shown again");
 }
 
 void ChooseTone(Editor& editor, FuzzInput& input) {
@@ -173,7 +173,7 @@ void PutAnything(Editor& editor, FuzzInput& input) {
   editor.values.channels[TakeChannel(input)].cells[column] = text;
   editor.values = editor.ShownAgain();
   const RadioImage image = editor.image;
-  EditorValues shown = editor.ShownAgain();
+  Configuration shown = editor.ShownAgain();
   Require(editor.image == image && shown == editor.values, "what was collected once is at rest");
 }
 

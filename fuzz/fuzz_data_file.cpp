@@ -1,7 +1,7 @@
 // Any file, opened: what it leaves in the image, and that showing, saving and opening it again changes nothing more.
+#include "configuration.h"
 #include "data_file.h"
 #include "decimal.h"
-#include "editor_values.h"
 #include "fuzz_input.h"
 #include "memory_file_system.h"
 
@@ -53,7 +53,7 @@ bool IsWritable(const ChannelTexts& channel, GridColumn freq, GridColumn step) {
 }
 
 // What the user sees must be the same after a save; a frequency beyond all bands can't be.
-void RequireSameView(EditorValues before, const EditorValues& after) {
+void RequireSameView(Configuration before, const Configuration& after) {
   for (std::size_t i = 0; i < ChannelCount; ++i) {
     for (const auto& [freq, step] :
          {std::pair{GridColumn::RxFreq, GridColumn::RxStep}, std::pair{GridColumn::TxFreq, GridColumn::TxStep}})
@@ -63,14 +63,15 @@ void RequireSameView(EditorValues before, const EditorValues& after) {
   for (std::size_t list = 0; list < ChoiceListCount; ++list)
     Require(before.lists[list] == after.lists[list], "a list is shown as before the save");
   Require(before.keys.selection == after.keys.selection, "the keys are shown as before the save");
-  Require(before.gridTTS == after.gridTTS, "the TTS table is shown as before the save");
-  Require(before.txtFreqBandL + before.txtFreqBandU == after.txtFreqBandL + after.txtFreqBandU, "the band stays");
-  Require(before.txtANI == after.txtANI && before.txtConnect == after.txtConnect &&
-              before.txtDisconnect == after.txtDisconnect,
+  Require(before.ttsTable == after.ttsTable, "the TTS table is shown as before the save");
+  Require(before.lowerBandLimit + before.upperBandLimit == after.lowerBandLimit + after.upperBandLimit,
+          "the band stays");
+  Require(before.emergencyAni == after.emergencyAni && before.connectId == after.connectId &&
+              before.disconnectId == after.disconnectId,
           "the IDs are shown as before the save");
-  Require(before.chkResetTimeOFF == after.chkResetTimeOFF && before.txtResetTime == after.txtResetTime,
+  Require(before.autoResetOff == after.autoResetOff && before.autoResetTime == after.autoResetTime,
           "the reset time is shown as before the save");
-  Require(before.chkSignal == after.chkSignal, "the scan signal is shown as before the save");
+  Require(before.scanSignal == after.scanSignal, "the scan signal is shown as before the save");
 }
 
 void OpenFile(const std::string& content) {
@@ -88,15 +89,15 @@ void OpenFile(const std::string& content) {
   SavedAndOpened(files, image);
 
   RadioImage reset;
-  EditorValues shown;
+  Configuration shown;
   ResetEditor(reset, shown, Texts, Moment);
   const DecodeResult decoded = Decode(image, shown, Texts);
-  EditorValues shownFirst = shown;
+  Configuration shownFirst = shown;
   Encode(shown, image, Texts);
   shownFirst.keys = shown.keys; // the collect completes the emergency pair
   image = SavedAndOpened(files, image);
   const RadioImage collected = image;
-  EditorValues shownAgain = shown;
+  Configuration shownAgain = shown;
   const DecodeResult decodedAgain = Decode(image, shownAgain, Texts);
   Require(decodedAgain.end == DecodeEnd::Complete && !decodedAgain.keyConflict, "what was collected can be shown");
   if (decoded.end == DecodeEnd::Complete) RequireSameView(shownFirst, shownAgain);

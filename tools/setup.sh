@@ -50,10 +50,6 @@ font_packages="fonts-liberation fonts-droid-fallback"
 
 build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package $help_packages $font_packages
   libcli11-dev nlohmann-json3-dev"
-# The translations' compiler, where there is one to compile.
-for language in translations/mr4500x_*.ts; do
-  [ ! -e "$language" ] || build_packages="$build_packages qt6-l10n-tools"
-done
 test_packages="$build_packages libgtest-dev poppler-utils"
 package_packages="$build_packages librsvg2-bin dpkg-dev file gzip"
 package_check_packages="lintian desktop-file-utils appstream"

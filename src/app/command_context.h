@@ -2,7 +2,6 @@
 #pragma once
 
 #include "editor_state.h"
-#include "locale_texts.h"
 #include "main_services.h"
 #include "radio_image.h"
 
@@ -27,12 +26,12 @@ struct CommandContext {
   StatusPanels& status;
   QAction& closeItem;
   QWidget& window;
-  std::string& title; // of the window, as it is without a translation
+  std::string& title;
 
   [[nodiscard]] std::string Title() const { return title; }
   void SetTitle(std::string_view text) const {
     title = text;
-    window.setWindowTitle(Translated(text));
+    window.setWindowTitle(QString::fromUtf8(text));
   }
 };
 

@@ -7,20 +7,25 @@
 #include "recent_files.h"
 #include "recent_menu.h"
 #include "settings.h"
-#include "translatable.h"
 
 #include <optional>
 
 namespace mr4500x {
 namespace {
 
-constexpr char UnsavedDataText[] = SHOWN("Data hasn't been saved. Do you want to continue?");
-constexpr char OpenTitle[] = SHOWN("Open");
-constexpr char SaveTitle[] = SHOWN("Save");
-constexpr char SaveAsTitle[] = SHOWN("Save As");
+constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to continue?";
+constexpr char OpenTitle[] = "Open";
+constexpr char SaveTitle[] = "Save";
+constexpr char SaveAsTitle[] = "Save As";
 // Each name is followed by its pattern.
-constexpr char OpenFilter[] = SHOWN("Data Files(*.K4X)") "|*.K4X|" SHOWN("Data Files(*.K4Y)") "|*.K4Y";
-constexpr char SaveFilter[] = SHOWN("Data files(*.K4X)") "|*.K4X|" SHOWN("Data files(*.K4Y)") "|*.K4Y";
+constexpr char OpenFilter[] = "Data Files(*.K4X)"
+                              "|*.K4X|"
+                              "Data Files(*.K4Y)"
+                              "|*.K4Y";
+constexpr char SaveFilter[] = "Data files(*.K4X)"
+                              "|*.K4X|"
+                              "Data files(*.K4Y)"
+                              "|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
 
 } // namespace

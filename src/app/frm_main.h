@@ -90,7 +90,7 @@ private:
   std::unique_ptr<FileCommands> m_fileCommands;
   std::unique_ptr<RadioCommands> m_radioCommands;
   std::unique_ptr<EmbedCommands> m_embedCommands;
-  std::string m_title{BareTitle}; // as the commands know it, without a translation
+  std::string m_title{BareTitle};
   bool m_running = false;
 };
 

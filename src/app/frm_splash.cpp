@@ -1,7 +1,5 @@
 #include "frm_splash.h"
 
-#include "locale_texts.h"
-#include "translatable.h"
 #include "window_titles.h"
 
 #include <QEventLoop>
@@ -27,9 +25,9 @@ struct SplashLine {
 
 constexpr SplashLine Lines[] = {
     {BareTitle.data(), 2.2, 1.6, true},
-    {SHOWN("LR7200 Radio Series"), 5.2, 1.15, false},
+    {"LR7200 Radio Series", 5.2, 1.15, false},
     {"136MHz-520MHz", 7.0, 1.15, false},
-    {SHOWN("2003 Version"), 11.0, 1.0, false},
+    {"2003 Version", 11.0, 1.0, false},
 };
 
 // The radio's waves, from the lower right corner.
@@ -87,7 +85,7 @@ void FrmSplash::paintEvent(QPaintEvent* /*event*/) {
     font.setBold(row.strong);
     painter.setFont(font);
     const QRectF place(2 * line, row.top * line - line, width() - 4 * line, 3 * line);
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, Translated(row.text));
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, QString::fromUtf8(row.text));
   }
   emit Painted();
 }

@@ -2,12 +2,10 @@
 #include "frm_splash.h"
 #include "program.h"
 #include "steady_clock.h"
-#include "translations.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
-#include <QLocale>
 #include <QTimer>
 
 #include <iostream>
@@ -34,7 +32,6 @@ int main(int argc, char** argv) {
     std::cerr << "usage: MR4500X [FILE]\n";
     return 2;
   }
-  const Translations translations{QLocale()};
   FrmSplash splash;
   splash.ShowPainted();
   SteadyClock clock;

@@ -1,8 +1,5 @@
 #include "status_panels.h"
 
-#include "locale_texts.h"
-#include "translatable.h"
-
 #include <QLabel>
 #include <QLocale>
 #include <QTime>
@@ -10,7 +7,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr char PortText[] = SHOWN("COM %1");
+constexpr char PortText[] = "COM %1";
 
 // Without seconds, which a clock that moves once a minute does not know.
 QString TimeText(const QTime& time) {
@@ -31,7 +28,7 @@ StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(ne
     addPermanentWidget(panel, number == 1 ? 1 : 0);
   }
   const int room = fontMetrics().averageCharWidth() * 3;
-  m_port->setMinimumWidth(fontMetrics().horizontalAdvance(Translated(PortText).arg(16)) + room);
+  m_port->setMinimumWidth(fontMetrics().horizontalAdvance(QString::fromUtf8(PortText).arg(16)) + room);
   m_time->setMinimumWidth(fontMetrics().horizontalAdvance(TimeText(QTime(22, 58))) + room);
 
   m_minute.setSingleShot(true);
@@ -41,7 +38,7 @@ StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(ne
 }
 
 void StatusPanels::ShowPort(int number) {
-  m_port->setText(Translated(PortText).arg(number));
+  m_port->setText(QString::fromUtf8(PortText).arg(number));
 }
 
 void StatusPanels::ShowTime() {

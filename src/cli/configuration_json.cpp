@@ -50,25 +50,25 @@ int Number(std::string_view text) {
   return ParseWhole(text).value_or(0);
 }
 
-void AddLists(Json& object, std::span<const ListKey> keys, const EditorValues& values) {
+void AddLists(Json& object, std::span<const ListKey> keys, const Configuration& values) {
   for (const ListKey& row : keys) {
     object[row.key] = TextOf(values, row.list);
   }
 }
 
-Json GlobalSettings(const EditorValues& values) {
+Json GlobalSettings(const Configuration& values) {
   Json global = Json::object();
   AddLists(global, GlobalLists, values);
-  global["emergency_ani"] = values.txtANI;
+  global["emergency_ani"] = values.emergencyAni;
   global["ptt_id"] = TextOf(values, ChoiceList::PttId);
-  global["connect_id"] = values.txtConnect;
-  global["disconnect_id"] = values.txtDisconnect;
+  global["connect_id"] = values.connectId;
+  global["disconnect_id"] = values.disconnectId;
   global["digit_time"] = TextOf(values, ChoiceList::DigitTime);
   global["inter_digit_time"] = TextOf(values, ChoiceList::InterDigitTime);
   return global;
 }
 
-Json TtsTable(const EditorValues& values) {
+Json TtsTable(const Configuration& values) {
   Json table = Json::array();
   for (std::size_t n = 1; n <= TtsEntryCount; ++n) {
     table.push_back({{"tone_a", Number(values.Tts(n, TtsColumn::ToneAFreq))},
@@ -95,22 +95,22 @@ Json Channel(std::size_t number, const ChannelTexts& texts) {
 
 } // namespace
 
-std::string ConfigurationJson(const EditorValues& values) {
+std::string ConfigurationJson(const Configuration& values) {
   Json document;
-  document["band"] = {{"lower", Number(values.txtFreqBandL)}, {"upper", Number(values.txtFreqBandU)}};
+  document["band"] = {{"lower", Number(values.lowerBandLimit)}, {"upper", Number(values.upperBandLimit)}};
   document["manual_tune"] = TextOf(values, ChoiceList::ManualTune);
   document["select_call"] = TextOf(values, ChoiceList::SelectCall);
   document["five_tone_standard"] = TextOf(values, ChoiceList::Standards);
   document["global"] = GlobalSettings(values);
-  document["scan"]["signal"] = values.chkSignal;
+  document["scan"]["signal"] = values.scanSignal;
   AddLists(document["scan"], ScanLists, values);
   for (std::size_t key = 0; key < KeyNames.size(); ++key) {
     document["keys"][KeyNames[key]] = KeyTextOf(values, key);
   }
-  if (values.chkResetTimeOFF) {
+  if (values.autoResetOff) {
     document["auto_reset_time"] = "OFF";
   } else {
-    document["auto_reset_time"] = Number(values.txtResetTime);
+    document["auto_reset_time"] = Number(values.autoResetTime);
   }
   document["tts"] = TtsTable(values);
   document["channels"] = Json::array();

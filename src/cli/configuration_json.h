@@ -1,12 +1,12 @@
 // The configuration as one JSON document for scripts. Its keys and their order are a contract.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 
 #include <string>
 
 namespace mr4500x {
 
-[[nodiscard]] std::string ConfigurationJson(const EditorValues& values);
+[[nodiscard]] std::string ConfigurationJson(const Configuration& values);
 
 } // namespace mr4500x

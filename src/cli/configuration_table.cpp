@@ -39,7 +39,7 @@ void AppendSection(std::string& text, std::string_view title, const std::vector<
   AppendAligned(text, rows);
 }
 
-Row ListRow(std::string_view label, const EditorValues& values, ChoiceList list) {
+Row ListRow(std::string_view label, const Configuration& values, ChoiceList list) {
   return {"  " + std::string(label), std::string(TextOf(values, list))};
 }
 
@@ -47,7 +47,7 @@ Row TextRow(std::string_view label, std::string_view text) {
   return {"  " + std::string(label), std::string(text)};
 }
 
-std::vector<Row> ChannelRows(const EditorValues& values) {
+std::vector<Row> ChannelRows(const Configuration& values) {
   std::vector<Row> rows = {{"  CH No.", "In Use", "Rx Freq (MHz)", "Step (kHz)", "Rx CTC/DCS", "Rx SelCall",
                             "Combo_Signaling", "Tail Cut", "Tx", "Tx Freq (MHz)", "Step (kHz)", "Tx CTC/DCS",
                             "Tx SelCall", "High Tx Power", "PTT ID Enable", "Band With", "Group Call"}};
@@ -63,18 +63,18 @@ std::vector<Row> ChannelRows(const EditorValues& values) {
   return rows;
 }
 
-std::vector<Row> TtsRows(const EditorValues& values) {
+std::vector<Row> TtsRows(const Configuration& values) {
   std::vector<Row> rows = {{"  No.", "Tone A Freq(Hz)", "Tone A Dur.(s)", "Tone B Freq(Hz)", "Tone B Dur.(s)",
                             "Gap Time(s)", "Group Call Dur.(s)"}};
   for (std::size_t n = 1; n <= TtsEntryCount; ++n) {
     Row row = {"  " + std::to_string(n)};
-    row.insert(row.end(), values.gridTTS[n - 1].begin() + 1, values.gridTTS[n - 1].end());
+    row.insert(row.end(), values.ttsTable[n - 1].begin() + 1, values.ttsTable[n - 1].end());
     rows.push_back(std::move(row));
   }
   return rows;
 }
 
-std::vector<Row> KeyRows(const EditorValues& values) {
+std::vector<Row> KeyRows(const Configuration& values) {
   constexpr std::array<std::string_view, 6> labels = {"Short A", "Long A", "Short B", "Long B", "Short C", "Long C"};
   std::vector<Row> rows;
   for (std::size_t key = 0; key < labels.size(); ++key) {
@@ -85,10 +85,10 @@ std::vector<Row> KeyRows(const EditorValues& values) {
 
 } // namespace
 
-std::string ConfigurationTable(const EditorValues& values) {
+std::string ConfigurationTable(const Configuration& values) {
   std::string text;
   AppendSection(text, "Frequency Band",
-                {TextRow("Limits", values.txtFreqBandL + " ~ " + values.txtFreqBandU + " MHz")});
+                {TextRow("Limits", values.lowerBandLimit + " ~ " + values.upperBandLimit + " MHz")});
   AppendSection(text, "Channel Settings", ChannelRows(values));
   AppendSection(
       text, "Global Radio Settings",
@@ -96,20 +96,20 @@ std::string ConfigurationTable(const EditorValues& values) {
        ListRow("Tx TOT", values, ChoiceList::TxTot), ListRow("Busy CH Lock", values, ChoiceList::BusyChLock),
        ListRow("Squelch Level", values, ChoiceList::SquelchLevel), ListRow("Compander", values, ChoiceList::Compander),
        ListRow("VOX Sensivity", values, ChoiceList::VoxSensivity),
-       ListRow("Beep Enable", values, ChoiceList::BeepEnable), TextRow("Emerge ANI", values.txtANI),
-       ListRow("PTT ID", values, ChoiceList::PttId), TextRow("Connect ID", values.txtConnect),
-       TextRow("Disconnect ID", values.txtDisconnect), ListRow("Digit Time", values, ChoiceList::DigitTime),
+       ListRow("Beep Enable", values, ChoiceList::BeepEnable), TextRow("Emerge ANI", values.emergencyAni),
+       ListRow("PTT ID", values, ChoiceList::PttId), TextRow("Connect ID", values.connectId),
+       TextRow("Disconnect ID", values.disconnectId), ListRow("Digit Time", values, ChoiceList::DigitTime),
        ListRow("Inter Digit Time", values, ChoiceList::InterDigitTime),
        ListRow("Manual Tune", values, ChoiceList::ManualTune)});
   AppendSection(
       text, "Scan Information",
-      {TextRow("Signal", values.chkSignal ? "ON" : "OFF"), ListRow("Scan Mode", values, ChoiceList::ScanMode),
+      {TextRow("Signal", values.scanSignal ? "ON" : "OFF"), ListRow("Scan Mode", values, ChoiceList::ScanMode),
        ListRow("Priority CH", values, ChoiceList::PriorityCh),
        ListRow("TO Scan Delay", values, ChoiceList::ToScanDelay), ListRow("Revert CH", values, ChoiceList::RevertCh),
        ListRow("Restore Time", values, ChoiceList::RestoreTime), ListRow("Look Back", values, ChoiceList::LookBack)});
   AppendSection(text, "Key Program", KeyRows(values));
   AppendSection(text, "Auto Reset Time",
-                {TextRow("Auto Reset Time(s)", values.chkResetTimeOFF ? "OFF" : values.txtResetTime)});
+                {TextRow("Auto Reset Time(s)", values.autoResetOff ? "OFF" : values.autoResetTime)});
   AppendSection(
       text, "Signaling",
       {ListRow("Select Call", values, ChoiceList::SelectCall), ListRow("Standards", values, ChoiceList::Standards)});

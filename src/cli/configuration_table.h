@@ -1,12 +1,12 @@
 // The configuration as readable tables, under the labels of the editor.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 
 #include <string>
 
 namespace mr4500x {
 
-[[nodiscard]] std::string ConfigurationTable(const EditorValues& values);
+[[nodiscard]] std::string ConfigurationTable(const Configuration& values);
 
 } // namespace mr4500x

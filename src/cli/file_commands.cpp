@@ -3,8 +3,8 @@
 
 #include "configuration_json.h"
 #include "configuration_table.h"
-#include "editor_messages.h"
 #include "file_messages.h"
+#include "fill_messages.h"
 
 #include <ostream>
 
@@ -25,7 +25,7 @@ bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& imag
 }
 
 bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator, RadioImage& image,
-                          EditorValues& values, Terminal& terminal) {
+                          Configuration& values, Terminal& terminal) {
   if (!LoadForCommand(files, path, image, terminal)) return false;
   const DecodeResult result = Decode(image, values, BuildFieldTexts(decimalSeparator));
   if (result.keyConflict) terminal.err << KeyConflictText << '\n';
@@ -42,7 +42,7 @@ bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage
 ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& now, Terminal& terminal) {
   const FieldTexts texts = BuildFieldTexts(DecimalSeparator);
   RadioImage image;
-  EditorValues values;
+  Configuration values;
   ResetEditor(image, values, texts, now);
   Encode(values, image, texts); // as a save does
   return SaveForCommand(files, path, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
@@ -50,7 +50,7 @@ ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& n
 
 ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal) {
   RadioImage image;
-  EditorValues values;
+  Configuration values;
   if (!LoadValuesForCommand(files, path, DecimalSeparator, image, values, terminal)) return ExitStatus::Failed;
   terminal.out << (form == ShowAs::Json ? ConfigurationJson(values) : ConfigurationTable(values));
   return EndOutput(terminal);

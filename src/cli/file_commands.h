@@ -1,8 +1,8 @@
 // The commands that work on a data file alone.
 #pragma once
 
+#include "configuration.h"
 #include "data_file.h"
-#include "editor_values.h"
 #include "exit_status.h"
 #include "terminal.h"
 
@@ -23,7 +23,7 @@ enum class ShowAs { Table, Json };
 
 // The same, and decodes the image into what the editor would show; false, with its message, when it shows only a part.
 [[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
-                                        RadioImage& image, EditorValues& values, Terminal& terminal);
+                                        RadioImage& image, Configuration& values, Terminal& terminal);
 
 // Stores the image; false, with its message, when it could not be.
 [[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,

@@ -1,9 +1,9 @@
 // mr4500x-cli: the command line, and the machine's adapters handed to the command that it names.
 #include "data_file.h"
-#include "editor_messages.h"
 #include "embedded_info.h"
 #include "end_signals.h"
 #include "file_commands.h"
+#include "fill_messages.h"
 #include "info_text.h"
 #include "machine.h"
 #include "port_argument.h"

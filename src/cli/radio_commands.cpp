@@ -1,11 +1,11 @@
 // read, write, info read, info write and ports.
 #include "radio_commands.h"
 
-#include "editor_messages.h"
 #include "embedded_info.h"
 #include "file_access.h"
 #include "file_commands.h"
 #include "file_messages.h"
+#include "fill_messages.h"
 #include "info_text.h"
 #include "port_choice.h"
 #include "signaling.h"

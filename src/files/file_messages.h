@@ -7,7 +7,6 @@
 
 #include "data_file.h"
 #include "message_view.h"
-#include "translatable.h"
 
 namespace mr4500x {
 
@@ -21,8 +20,8 @@ struct FileMessage {
 enum class SaveCommand : std::uint8_t { Save, SaveAs };
 
 inline constexpr FileMessage NewVersionNotice = {
-    MessageIcon::Exclamation, SHOWN("New Version File"),
-    SHOWN("This software version isn't applied to the radio, please use new software.")};
+    MessageIcon::Exclamation, "New Version File",
+    "This software version isn't applied to the radio, please use new software."};
 
 // Nothing to tell of a loaded file.
 [[nodiscard]] constexpr std::optional<FileMessage> MessageFor(LoadOutcome outcome) {
@@ -30,20 +29,20 @@ inline constexpr FileMessage NewVersionNotice = {
   case LoadOutcome::Loaded:
     return std::nullopt;
   case LoadOutcome::LaterVersion:
-    return FileMessage{MessageIcon::Information, SHOWN("Error"), SHOWN("Later Version of this File!")};
+    return FileMessage{MessageIcon::Information, "Error", "Later Version of this File!"};
   case LoadOutcome::ErrorVersion:
-    return FileMessage{MessageIcon::Information, SHOWN("Error"), SHOWN("Error Version of this File!")};
+    return FileMessage{MessageIcon::Information, "Error", "Error Version of this File!"};
   case LoadOutcome::Missing:
   case LoadOutcome::Damaged:
     break;
   }
-  return FileMessage{MessageIcon::Exclamation, SHOWN("Open File Error"), SHOWN("File has been damaged!")};
+  return FileMessage{MessageIcon::Exclamation, "Open File Error", "File has been damaged!"};
 }
 
 [[nodiscard]] constexpr FileMessage MessageForFailed(SaveCommand command) {
-  return {MessageIcon::Exclamation, SHOWN("Save File Error"),
-          command == SaveCommand::SaveAs ? SHOWN("File hasn't been saved. Please redo!")
-                                         : SHOWN("File hasn't been saved. Please try again!")};
+  return {MessageIcon::Exclamation, "Save File Error",
+          command == SaveCommand::SaveAs ? "File hasn't been saved. Please redo!"
+                                         : "File hasn't been saved. Please try again!"};
 }
 
 } // namespace mr4500x

@@ -2,9 +2,6 @@
 // has one of its own for its lifetime: there is none to be shared, to be out of date or to be damaged.
 #include "help_book.h"
 
-#include "locale_texts.h"
-#include "translatable.h"
-
 #include <QDir>
 #include <QFileInfo>
 #include <QHelpEngine>
@@ -67,11 +64,11 @@ QByteArray HelpBook::Content(const QUrl& url) const {
 QString BookMessage(BookOutcome outcome, const QString& file) {
   switch (outcome) {
   case BookOutcome::Missing:
-    return Translated(SHOWN("The help file %1 is missing.")).arg(file);
+    return QString::fromUtf8("The help file %1 is missing.").arg(file);
   case BookOutcome::Damaged:
-    return Translated(SHOWN("The help file %1 is damaged or can't be read.")).arg(file);
+    return QString::fromUtf8("The help file %1 is damaged or can't be read.").arg(file);
   case BookOutcome::NoRoom:
-    return Translated(SHOWN("The help file %1 can't be opened: there is no room for a temporary file.")).arg(file);
+    return QString::fromUtf8("The help file %1 can't be opened: there is no room for a temporary file.").arg(file);
   case BookOutcome::Opened:
     break;
   }

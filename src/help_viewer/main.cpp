@@ -3,7 +3,6 @@
 #include "help_book.h"
 #include "help_window.h"
 #include "request_input.h"
-#include "translations.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -51,7 +50,6 @@ int main(int argc, char** argv) {
     std::fputs("usage: MR4500X-help FILE\n", stderr);
     return 2;
   }
-  const Translations translations{QLocale()};
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/help/program.svg")));
   RequestInput requests(STDIN_FILENO);
   // Queued: the input may have ended already, before there is a loop that could be quit.

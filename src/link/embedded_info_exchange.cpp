@@ -1,7 +1,6 @@
 // Reading and writing the embedded information alone.
 #include "exchange_steps.h"
 #include "record_order.h"
-#include "translatable.h"
 
 #include <algorithm>
 
@@ -20,15 +19,15 @@ constexpr int WriteProgressMaximum = 150;
 constexpr auto ReadAddresses = RecordAddresses<ReadInfoOrder>();
 constexpr auto WriteAddresses = RecordAddresses<WriteInfoOrder>();
 
-constexpr Failure ReadError = {Outcome::DataError, SHOWN("Read Information Error"),
-                               SHOWN("Read information error, please try again.")};
-constexpr Failure DisplayError = {Outcome::DisplayError, SHOWN("Information Error"),
-                                  SHOWN("Data that has been read can't correctly display!"), /*endsSession*/ true};
-constexpr Failure WriteInterrupted = {Outcome::Interrupted, SHOWN("Information Error"),
-                                      SHOWN("Writing information is interrupted, please try again."),
+constexpr Failure ReadError = {Outcome::DataError, "Read Information Error",
+                               "Read information error, please try again."};
+constexpr Failure DisplayError = {Outcome::DisplayError, "Information Error",
+                                  "Data that has been read can't correctly display!", /*endsSession*/ true};
+constexpr Failure WriteInterrupted = {Outcome::Interrupted, "Information Error",
+                                      "Writing information is interrupted, please try again.",
                                       /*endsSession*/ true};
-constexpr Failure WriteError = {Outcome::DataError, SHOWN("Write Information Error"),
-                                SHOWN("Writing information error, please try again.")};
+constexpr Failure WriteError = {Outcome::DataError, "Write Information Error",
+                                "Writing information error, please try again."};
 
 // The memory page of the write stamp, 0x00 to 0x0F in it, and of the embedded information after that.
 constexpr std::uint8_t InfoPage = 0x02;
@@ -58,8 +57,7 @@ Outcome ReadEmbeddedInfo(const Exchange& exchange, RadioImage& image, const std:
   if (!answer || !IsAcknowledge(*answer)) return FailWithoutResponse(exchange);
 
   image.EmbeddedInfoBlock = EmbeddedInfo{};
-  progress.Open(SHOWN("Read Emedded Information"), SHOWN("Reading embedded information from the radio ..."),
-                ReadProgressMaximum);
+  progress.Open("Read Emedded Information", "Reading embedded information from the radio ...", ReadProgressMaximum);
   int value = 0;
   for (const std::uint16_t address : ReadAddresses) {
     const auto reply = RequestRecord(line, address, AfterReply);
@@ -73,8 +71,8 @@ Outcome ReadEmbeddedInfo(const Exchange& exchange, RadioImage& image, const std:
   line.Wait(BeforeClosingProgress);
   progress.Close();
 
-  ShowCompletion(exchange, SHOWN("Read Information Completely"),
-                 SHOWN("Read information is complete. Press OK button to continue ..."));
+  ShowCompletion(exchange, "Read Information Completely",
+                 "Read information is complete. Press OK button to continue ...");
   if (!showInfo()) return Fail(exchange, DisplayError);
   line.ClosePort();
   return Outcome::Complete;
@@ -90,8 +88,7 @@ Outcome WriteEmbeddedInfo(const Exchange& exchange, const RadioImage& image, con
 
   if (!line.DiscardOutput()) return FailWithoutResponse(exchange);
   line.Wait(BeforeRecords);
-  progress.Open(SHOWN("Write Embedded Information"), SHOWN("Write embedded information to radio ..."),
-                WriteProgressMaximum);
+  progress.Open("Write Embedded Information", "Write embedded information to radio ...", WriteProgressMaximum);
   int value = 0;
   for (const std::uint16_t address : WriteAddresses) {
     const auto data = TakeRecord(image, address);
@@ -111,8 +108,7 @@ Outcome WriteEmbeddedInfo(const Exchange& exchange, const RadioImage& image, con
   const auto status = line.Receive();
   if (!status || !line.DiscardInput() || !IsGoodStatus(*status)) return Fail(exchange, WriteError);
 
-  ShowCompletion(exchange, SHOWN("Write Information Completely"),
-                 SHOWN("Write information completely. Press OK to continue."));
+  ShowCompletion(exchange, "Write Information Completely", "Write information completely. Press OK to continue.");
   showWritten();
   line.ClosePort();
   return Outcome::Complete;

@@ -1,7 +1,5 @@
 #include "exchange_steps.h"
 
-#include "translatable.h"
-
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -11,7 +9,7 @@ namespace mr4500x {
 namespace {
 
 // The name of the port stands in the place of %1.
-constexpr char NoResponseText[] = SHOWN("%1 port don't respond, please check your connection!");
+constexpr char NoResponseText[] = "%1 port don't respond, please check your connection!";
 
 constexpr Milliseconds BeforeWakeUp{80};
 constexpr Milliseconds BeforeRequest{10};
@@ -120,12 +118,12 @@ Outcome FailToOpen(const Exchange& exchange) {
 
 Outcome FailWithoutResponse(const Exchange& exchange) {
   const std::string text = exchange.line.PortName() + (NoResponseText + std::strlen("%1"));
-  return Fail(exchange, {Outcome::NoResponse, SHOWN("Communication port error"), text});
+  return Fail(exchange, {Outcome::NoResponse, "Communication port error", text});
 }
 
 Outcome FailWithWrongModel(const Exchange& exchange) {
-  ShowFailure(exchange, SHOWN("Error"),
-              SHOWN("The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!"));
+  ShowFailure(exchange, "Error",
+              "The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!");
   exchange.line.ClosePort();
   return Outcome::WrongModel;
 }

@@ -1,7 +1,6 @@
 // Reading the radio's whole memory into the image.
 #include "exchange_steps.h"
 #include "record_order.h"
-#include "translatable.h"
 
 namespace mr4500x {
 
@@ -12,12 +11,11 @@ constexpr Milliseconds AfterReply{10};
 constexpr int ProgressMaximum = 505;
 constexpr auto Addresses = RecordAddresses<ReadOrder>();
 
-constexpr Failure Interrupted = {Outcome::Interrupted, SHOWN("Read Interrupt"),
-                                 SHOWN("Reading is interrupted, please retry Read."),
+constexpr Failure Interrupted = {Outcome::Interrupted, "Read Interrupt", "Reading is interrupted, please retry Read.",
                                  /*endsSession*/ true};
-constexpr Failure DataError = {Outcome::DataError, SHOWN("Data Error"), SHOWN("Read data error, please retry Read.")};
-constexpr Failure DisplayError = {Outcome::DisplayError, SHOWN("Data Error"),
-                                  SHOWN("Data read can't display correctly. Please confirm."), /*endsSession*/ true};
+constexpr Failure DataError = {Outcome::DataError, "Data Error", "Read data error, please retry Read."};
+constexpr Failure DisplayError = {Outcome::DisplayError, "Data Error",
+                                  "Data read can't display correctly. Please confirm.", /*endsSession*/ true};
 
 } // namespace
 
@@ -28,7 +26,7 @@ Outcome ReadRadio(const Exchange& exchange, RadioImage& image, const std::functi
   const auto answer = WakeUp(line, Call);
   if (!answer || !IsAcknowledge(*answer)) return FailWithoutResponse(exchange);
 
-  progress.Open(SHOWN("Read"), SHOWN("Reading data from the radio ..."), ProgressMaximum);
+  progress.Open("Read", "Reading data from the radio ...", ProgressMaximum);
   ClearForReading(image);
   int value = 0;
   for (const std::uint16_t address : Addresses) {
@@ -45,7 +43,7 @@ Outcome ReadRadio(const Exchange& exchange, RadioImage& image, const std::functi
   line.Wait(BeforeClosingProgress);
   progress.Close();
 
-  ShowCompletion(exchange, SHOWN("Read Complete"), SHOWN("Read data is complete. Press OK button to continue ..."));
+  ShowCompletion(exchange, "Read Complete", "Read data is complete. Press OK button to continue ...");
   if (!showImage()) return Fail(exchange, DisplayError);
   line.ClosePort();
   return Outcome::Complete;

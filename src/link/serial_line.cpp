@@ -1,7 +1,5 @@
 #include "serial_line.h"
 
-#include "translatable.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -17,8 +15,8 @@ constexpr Milliseconds DrainCheck = 1ms;
 constexpr Milliseconds DrainLimit = 2000ms;
 constexpr Clock::Moment CharacterTime{1'000'000 * LineBitsPerCharacter / LineBaud};
 
-constexpr char ErrorTitle[] = SHOWN("Error");
-constexpr char FailedAfterOpening[] = SHOWN("The port failed while it was being set up.");
+constexpr char ErrorTitle[] = "Error";
+constexpr char FailedAfterOpening[] = "The port failed while it was being set up.";
 
 } // namespace
 

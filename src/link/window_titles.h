@@ -1,18 +1,16 @@
 // The main window's titles that name no file. The four that follow a transfer mark the data as a radio's.
 #pragma once
 
-#include "translatable.h"
-
 #include <algorithm>
 #include <array>
 #include <string_view>
 
 namespace mr4500x {
 
-inline constexpr char ReadTitle[] = SHOWN("Read Completely - MR4500X Programming Software");
-inline constexpr char WriteTitle[] = SHOWN("Write Completely - MR4500X Programming Software");
-inline constexpr char ReadInfoTitle[] = SHOWN("Read Information Completely - MR4500X Programming Software");
-inline constexpr char WriteInfoTitle[] = SHOWN("Write Information Completely - MR4500X Programming Software");
+inline constexpr char ReadTitle[] = "Read Completely - MR4500X Programming Software";
+inline constexpr char WriteTitle[] = "Write Completely - MR4500X Programming Software";
+inline constexpr char ReadInfoTitle[] = "Read Information Completely - MR4500X Programming Software";
+inline constexpr char WriteInfoTitle[] = "Write Information Completely - MR4500X Programming Software";
 
 // The product's name, in every language.
 inline constexpr std::string_view BareTitle = "MR4500X Programming Software";

@@ -3,7 +3,6 @@
 
 #include "exchange_steps.h"
 #include "record_order.h"
-#include "translatable.h"
 
 namespace mr4500x {
 
@@ -18,18 +17,16 @@ constexpr int ProgressMaximum = 330;
 constexpr int ProgressAtEnd = 310; // the bar closes before it is full
 constexpr auto Addresses = RecordAddresses<WriteOrder>();
 
-constexpr Failure Interrupted = {Outcome::Interrupted, SHOWN("Write Interrupt"),
-                                 SHOWN("Writing is interrupted, please retry Write."),
+constexpr Failure Interrupted = {Outcome::Interrupted, "Write Interrupt", "Writing is interrupted, please retry Write.",
                                  /*endsSession*/ true};
-constexpr Failure DataError = {Outcome::DataError, SHOWN("Data Error"),
-                               SHOWN("Writing data error, please retry Write.")};
+constexpr Failure DataError = {Outcome::DataError, "Data Error", "Writing data error, please retry Write."};
 
 bool AcceptsBand(const Exchange& exchange, const RadioImage& image, const LineBytes& identity) {
   const auto radioBand = identity.begin() + 1;
   if (std::equal(radioBand, radioBand + 4, image.BandBlock.begin())) return true;
   return exchange.messages.Show(
-             MessageIcon::Exclamation, SHOWN("Frequency Band"),
-             SHOWN("The frequency band is different from the destination radio model.Are you still continue?"),
+             MessageIcon::Exclamation, "Frequency Band",
+             "The frequency band is different from the destination radio model.Are you still continue?",
              MessageButtons::YesNo) == Answer::Yes;
 }
 
@@ -51,7 +48,7 @@ Outcome WriteRadio(const Exchange& exchange, RadioImage& image, const std::funct
 
   if (!line.DiscardOutput()) return FailWithoutResponse(exchange);
   line.Wait(BeforeRecords);
-  progress.Open(SHOWN("Write"), SHOWN("Write data to the radio ..."), ProgressMaximum);
+  progress.Open("Write", "Write data to the radio ...", ProgressMaximum);
   Stamp(image, now());
   int value = 0;
   for (const std::uint16_t address : Addresses) {
@@ -74,7 +71,7 @@ Outcome WriteRadio(const Exchange& exchange, RadioImage& image, const std::funct
   const auto status = AwaitReply(line, 1, StatusRounds);
   if (!status || !IsGoodStatus(*status)) return Fail(exchange, DataError);
 
-  ShowCompletion(exchange, SHOWN("Write Complete"), SHOWN("Write data is complete. Press OK button to continue ..."));
+  ShowCompletion(exchange, "Write Complete", "Write data is complete. Press OK button to continue ...");
   showWritten();
   line.ClosePort();
   return Outcome::Complete;

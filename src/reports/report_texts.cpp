@@ -9,7 +9,7 @@
 namespace mr4500x {
 namespace {
 
-using BoxText = std::string EditorValues::*;
+using BoxText = std::string Configuration::*;
 struct SelCallWithStandard {}; // in 5-tone mode the mode is followed by the standard
 struct SignalSentence {};      // a sentence in the place of label and value
 
@@ -31,7 +31,7 @@ struct Section {
 
 // clang-format off
 constexpr Line RadioRecord[] = {
-  {{"ID Number: ",         &EditorValues::lblID},          {"Version of Firmware: ", &EditorValues::lblVer}},
+  {{"ID Number: ",         &Configuration::identityNumber},          {"Version of Firmware: ", &Configuration::firmwareVersion}},
 };
 constexpr Line GlobalRadioSettings[] = {
   {{"Battery Save: ",      ChoiceList::BatterySave},       {"SelCall: ",             SelCallWithStandard{}}},
@@ -39,9 +39,9 @@ constexpr Line GlobalRadioSettings[] = {
   {{"Tx TOT: ",            ChoiceList::TxTot},             {"Inter Digit Time: ",    ChoiceList::InterDigitTime}},
   {{"Busy Channel Lock: ", ChoiceList::BusyChLock},        {"Beep Enable: ",         ChoiceList::BeepEnable}},
   {{"Squelch Level: ",     ChoiceList::SquelchLevel},      {"PTT ID: ",              ChoiceList::PttId}},
-  {{"Compander: ",         ChoiceList::Compander},         {"Connect ID: ",          &EditorValues::txtConnect}},
-  {{"VOX Sensitivity: ",   ChoiceList::VoxSensivity},      {"Disconnect ID: ",       &EditorValues::txtDisconnect}},
-  {{"Manual Tune",         ChoiceList::ManualTune},        {"Emergency Ani: ",       &EditorValues::txtANI}},
+  {{"Compander: ",         ChoiceList::Compander},         {"Connect ID: ",          &Configuration::connectId}},
+  {{"VOX Sensitivity: ",   ChoiceList::VoxSensivity},      {"Disconnect ID: ",       &Configuration::disconnectId}},
+  {{"Manual Tune",         ChoiceList::ManualTune},        {"Emergency Ani: ",       &Configuration::emergencyAni}},
 };
 constexpr Line ScanInformation[] = {
   {{"Scan Mode: ",         ChoiceList::ScanMode},          {"Priority CH: ",         ChoiceList::PriorityCh}},
@@ -62,14 +62,14 @@ constexpr Section Sections[] = {
 };
 // clang-format on
 
-std::string SelCallText(const EditorValues& values) {
+std::string SelCallText(const Configuration& values) {
   std::string text(TextOf(values, ChoiceList::SelectCall));
   const bool isTts = values[ChoiceList::SelectCall].position == 0;
   if (!isTts) text += " (Standards: " + std::string(TextOf(values, ChoiceList::Standards)) + ")";
   return text;
 }
 
-SettingText Resolve(const Item& item, const EditorValues& values) {
+SettingText Resolve(const Item& item, const Configuration& values) {
   SettingText text{std::string(item.label), {}};
   if (const auto* list = std::get_if<ChoiceList>(&item.source)) {
     text.value = TextOf(values, *list);
@@ -80,12 +80,12 @@ SettingText Resolve(const Item& item, const EditorValues& values) {
   } else if (std::holds_alternative<SelCallWithStandard>(item.source)) {
     text.value = SelCallText(values);
   } else if (std::holds_alternative<SignalSentence>(item.source)) {
-    text.label = values.chkSignal ? "Scan with Signal." : "Scan without Signal.";
+    text.label = values.scanSignal ? "Scan with Signal." : "Scan without Signal.";
   }
   return text;
 }
 
-std::vector<SettingsSection> SettingsOf(const EditorValues& values) {
+std::vector<SettingsSection> SettingsOf(const Configuration& values) {
   std::vector<SettingsSection> sections;
   for (const Section& section : Sections) {
     SettingsSection& resolved = sections.emplace_back();
@@ -97,11 +97,11 @@ std::vector<SettingsSection> SettingsOf(const EditorValues& values) {
   return sections;
 }
 
-TtsTexts TtsOf(const EditorValues& values) {
+TtsTexts TtsOf(const Configuration& values) {
   TtsTexts texts;
   for (std::size_t entry = 0; entry < texts.size(); ++entry) {
     for (std::size_t column = 0; column < texts[entry].size(); ++column) {
-      texts[entry][column] = values.gridTTS[entry][column + 1];
+      texts[entry][column] = values.ttsTable[entry][column + 1];
     }
   }
   return texts;
@@ -109,14 +109,14 @@ TtsTexts TtsOf(const EditorValues& values) {
 
 } // namespace
 
-ReportTexts ReportTextsOf(const EditorValues& values, std::u16string_view embeddedText, std::string_view printedAt) {
+ReportTexts ReportTextsOf(const Configuration& values, std::u16string_view embeddedText, std::string_view printedAt) {
   ReportTexts texts;
   texts.printedAt = printedAt;
-  texts.frequencyBand = values.txtFreqBandL + "MHz~" + values.txtFreqBandU + "MHz";
+  texts.frequencyBand = values.lowerBandLimit + "MHz~" + values.upperBandLimit + "MHz";
   texts.channels = values.channels;
   texts.settings = SettingsOf(values);
   texts.selCall = TextOf(values, ChoiceList::SelectCall);
-  texts.autoResetTime = values.chkResetTimeOFF ? "OFF" : values.txtResetTime + "s";
+  texts.autoResetTime = values.autoResetOff ? "OFF" : values.autoResetTime + "s";
   texts.tts = TtsOf(values);
   texts.embeddedText = embeddedText;
   return texts;

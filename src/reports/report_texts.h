@@ -3,7 +3,7 @@
 #pragma once
 
 #include "channel_record.h"
-#include "editor_values.h"
+#include "configuration.h"
 
 #include <array>
 #include <string>
@@ -39,7 +39,7 @@ struct ReportTexts {
   std::u16string embeddedText; // as it stands in its block, zero characters included
 };
 
-[[nodiscard]] ReportTexts ReportTextsOf(const EditorValues& values, std::u16string_view embeddedText,
+[[nodiscard]] ReportTexts ReportTextsOf(const Configuration& values, std::u16string_view embeddedText,
                                         std::string_view printedAt);
 
 } // namespace mr4500x

@@ -1,6 +1,6 @@
 // The typical job with the program as it runs: its window under mouse and keys, its own adapters, a file on the disk,
 // and the simulated radio as a process behind a serial device.
-#include "editor_values.h"
+#include "configuration.h"
 #include "file_title.h"
 #include "modal_dialog.h"
 #include "pdf_printer.h"
@@ -174,7 +174,7 @@ RadioMemory EditedMemory() {
   for (const BlockPlace& place : RecordMap)
     std::copy_n(memory.begin() + place.address, place.Bytes(), BlockBytes(image, place.block).begin());
   const FieldTexts texts = BuildFieldTexts('.');
-  EditorValues values;
+  Configuration values;
   EXPECT_EQ(Decode(image, values, texts).end, DecodeEnd::Complete);
   values.channels[1][GridColumn::RxFreq] = "442.01250";
   values.channels[0][GridColumn::RxTone] = "DCS754";

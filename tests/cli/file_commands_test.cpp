@@ -1,6 +1,6 @@
+#include "configuration.h"
 #include "configuration_json.h"
 #include "configuration_table.h"
-#include "editor_values.h"
 #include "function_settings.h"
 
 #include <nlohmann/json.hpp>
@@ -16,7 +16,7 @@ class ConfigurationTest : public testing::Test {
 protected:
   FieldTexts texts = BuildFieldTexts('.');
   RadioImage image;
-  EditorValues values;
+  Configuration values;
   void SetUp() override { ResetEditor(image, values, texts, {2026, 1, 1, 0, 0, 0}); }
 };
 

@@ -83,8 +83,6 @@ TEST_F(ManualTest, KnowsEveryMessageOfTheProgram) {
       "Data file of LR7200 Radio Series, Calvorne VTR.", // the headers of data files
       "Data file of LR7201 Radio Series, Calvorne VTR.",
   };
-  QString catalogue = ReadText(SOURCE_FOLDER "/translations/mr4500x.ts").simplified();
-  catalogue.replace("&apos;", "'").replace("&quot;", "\"").replace("&amp;", "&");
   int count = 0;
   for (const char* folder :
        {"app", "editor", "files", "link", "platform/desktop", "platform/print", "platform/printer", "reports"}) {
@@ -96,9 +94,6 @@ TEST_F(ManualTest, KnowsEveryMessageOfTheProgram) {
       for (QString sentence : SentencesIn(ReadText(file))) {
         if (noMessages.contains(sentence)) continue;
         ++count;
-        EXPECT_TRUE(catalogue.contains(sentence) || file.contains("report_") ||
-                    file.contains("_report")) // paper is not translated
-            << "not for translation: " << sentence.toStdString();
         for (const QString& part : sentence.remove('&').split(QRegularExpression("%\\d"), Qt::SkipEmptyParts))
           EXPECT_TRUE(words.contains(part.trimmed())) << file.toStdString() << ": " << sentence.toStdString();
       }
@@ -112,7 +107,7 @@ TEST_F(ManualTest, KnowsEveryMessageOfTheProgram) {
 TEST_F(ManualTest, KnowsEveryCommandAndButton) {
   const QString table = ReadText(SOURCE_FOLDER "/src/app/action_table.cpp");
   const QString menus = PlainPage({}, pages.value(HelpBook::Home().resolved(QUrl("menus.html")))).text;
-  const QStringList texts = Captures(table, "RowKind::(?:Menu|Item|View),\\s*SHOWN\\(\"([^\"]*)\"");
+  const QStringList texts = Captures(table, "RowKind::(?:Menu|Item|View),\\s*\"([^\"]*)\"");
   const QStringList keys = Captures(table, "\"(Ctrl\\+\\w|F\\d)\"");
   EXPECT_GT(texts.size(), 20);
   EXPECT_GT(keys.size(), 8);

@@ -7,23 +7,23 @@
 
 namespace mr4500x {
 
-inline EditorValues NewValues() {
+inline Configuration NewValues() {
   RadioImage image;
-  EditorValues values;
+  Configuration values;
   ResetEditor(image, values, BuildFieldTexts('.'), {2026, 11, 24, 9, 5, 7});
   return values;
 }
 
 // All channels in use, the longest texts that the fields can have, 5-tone signaling.
-inline EditorValues FullValues() {
-  EditorValues values = NewValues();
+inline Configuration FullValues() {
+  Configuration values = NewValues();
   values[ChoiceList::SelectCall] = {1, 0};
   values[ChoiceList::Standards] = {6, 0};
-  values.txtConnect = values.txtDisconnect = values.txtANI = "ABCD0123456789*#";
-  values.lblID = values.lblVer = "WWWWWWWWWWWWWWWW";
-  values.chkSignal = true;
-  values.chkResetTimeOFF = false;
-  values.txtResetTime = "255";
+  values.connectId = values.disconnectId = values.emergencyAni = "ABCD0123456789*#";
+  values.identityNumber = values.firmwareVersion = "WWWWWWWWWWWWWWWW";
+  values.scanSignal = true;
+  values.autoResetOff = false;
+  values.autoResetTime = "255";
   for (ChannelTexts& channel : values.channels) {
     channel = {false,
                false,
@@ -33,7 +33,7 @@ inline EditorValues FullValues() {
   return values;
 }
 
-inline ReportTexts TextsOf(const EditorValues& values, std::u16string_view embedded = {}) {
+inline ReportTexts TextsOf(const Configuration& values, std::u16string_view embedded = {}) {
   return ReportTextsOf(values, embedded, "24 Nov 2026 09:05:07");
 }
 

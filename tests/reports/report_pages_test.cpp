@@ -72,12 +72,12 @@ TEST_F(ReportPagesTest, EveryPageHasTheFrame) {
 }
 
 TEST_F(ReportPagesTest, ChannelsAndSettingsStandInTheirPlaces) {
-  EditorValues values = NewValues(); // channel 1 is in use, 2 to 16 are not
+  Configuration values = NewValues(); // channel 1 is in use, 2 to 16 are not
   values.channels[0] = {false,
                         false,
                         {"", "440.12500", "6.25", "67.0", "TTS 1", "AND", "ON", "445.00000", "2.5", "D023N", "TTS 8",
                          "Inhibit", "AUTO", "12.5", "Tone B"}};
-  values.lblID = "1234567890123456";
+  values.identityNumber = "1234567890123456";
   values[ChoiceList::SelectCall] = {1, 0};
   values[ChoiceList::Standards] = {6, 0};
   const ReportPage page = ChannelReportPage(TextsOf(values), setting);
@@ -110,7 +110,7 @@ TEST_F(ReportPagesTest, ChannelsAndSettingsStandInTheirPlaces) {
 }
 
 TEST_F(ReportPagesTest, AChannelWithoutTransmitHasDashesForIt) {
-  EditorValues values = FullValues();
+  Configuration values = FullValues();
   values.channels[0].noTx = true;
   const ReportPage page = ChannelReportPage(TextsOf(values), setting);
   for (const auto& [x, text] : std::vector<std::pair<double, std::string>>{
@@ -131,7 +131,7 @@ TEST_F(ReportPagesTest, UnusedChannelsShareALine) {
       {{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}, {" CH1\uFF5ECH16  are Null"}},
   };
   for (const auto& [unused, lines] : cases) {
-    EditorValues values = FullValues();
+    Configuration values = FullValues();
     for (const std::size_t number : unused)
       values.channels[number - 1].noCh = true;
     const ReportPage page = ChannelReportPage(TextsOf(values), setting);
@@ -145,9 +145,9 @@ TEST_F(ReportPagesTest, UnusedChannelsShareALine) {
 }
 
 TEST_F(ReportPagesTest, TheTtsTableIsRuledAndFilled) {
-  EditorValues values = NewValues();
-  values.chkResetTimeOFF = false;
-  values.txtResetTime = "12";
+  Configuration values = NewValues();
+  values.autoResetOff = false;
+  values.autoResetTime = "12";
   values.Tts(8, TtsColumn::GroupCallDur) = "7.5";
   const ReportPage page = TtsReportPage(TextsOf(values), setting);
   constexpr PrintFont bold = {8, true}, plain = {8, false};
@@ -165,7 +165,7 @@ TEST_F(ReportPagesTest, TheTtsTableIsRuledAndFilled) {
                       {"7.5", 7840, 3440 + 7 * 400, bold}});
   EXPECT_EQ(page.rules.size(), 2U + 8 + 10);
   EXPECT_TRUE(std::ranges::any_of(page.rules, [](const PageRule& rule) { return rule.y2 == 2700 + 600 + 8 * 400; }));
-  values.chkResetTimeOFF = true;
+  values.autoResetOff = true;
   EXPECT_NE(Find(TtsReportPage(TextsOf(values), setting), "OFF"), nullptr);
 }
 

@@ -30,7 +30,7 @@ std::optional<ReportChoice> ParseReports(std::string_view names) {
 ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::string& pdfFile,
                     const ReportChoice& choice, const QLocale& locale, const LocalTime& now, Terminal& terminal) {
   RadioImage image;
-  EditorValues values;
+  Configuration values;
   if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal)) {
     return ExitStatus::Failed;
   }

@@ -4,7 +4,7 @@
 
 #include "channel_grid.h"
 #include "clipboard.h"
-#include "editor_values.h"
+#include "configuration.h"
 #include "field_rules.h"
 #include "message_view.h"
 

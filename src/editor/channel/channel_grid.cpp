@@ -2,8 +2,6 @@
 #include "channel_grid.h"
 
 #include "cell_colours.h"
-#include "locale_texts.h"
-#include "translatable.h"
 #include "twips.h"
 
 #include <QHeaderView>
@@ -28,21 +26,21 @@ struct ColumnLook {
 
 // clang-format off
 constexpr std::array<ColumnLook, GridColumnCount> Looks = {{
-    {SHOWN("CH No."),           616, {" CH16",     ""}},
-    {SHOWN("Rx Freq  (MHz)"),   893, {"000.00000", ""}},
-    {SHOWN("Step (kHz)"),       539, {"6.25",      "2.5"}},
-    {SHOWN("Rx CTC/DCS"),       939, {"CTC200.0",  "-DCS000"}},
-    {SHOWN("Rx  SelCall"),      847, {"5T 00000",  "TTS 100"}},
-    {SHOWN("Combo_ Signaling"), 732, {"AND",       "OR"}},
-    {SHOWN("Tail Cut"),         508, {"OFF",       "ON"}},
-    {SHOWN("Tx Freq  (MHz)"),   893, {"000.00000", ""}},
-    {SHOWN("Step (kHz)"),       539, {"6.25",      "2.5"}},
-    {SHOWN("Tx CTC/DCS"),       939, {"CTC200.0",  "-DCS000"}},
-    {SHOWN("Tx  SelCall"),      847, {"5T 00000",  "TTS 100"}},
-    {SHOWN("High Tx Power"),    654, {"Prohibit",  "Permit"}},
-    {SHOWN("PTT ID Enable"),    508, {"OFF",       "ON"}},
-    {SHOWN("Band With"),        616, {"12.5",      "25"}},
-    {SHOWN("Group Call"),       616, {"Tone B",    "Tone A"}},
+    {"CH No.",           616, {" CH16",     ""}},
+    {"Rx Freq  (MHz)",   893, {"000.00000", ""}},
+    {"Step (kHz)",       539, {"6.25",      "2.5"}},
+    {"Rx CTC/DCS",       939, {"CTC200.0",  "-DCS000"}},
+    {"Rx  SelCall",      847, {"5T 00000",  "TTS 100"}},
+    {"Combo_ Signaling", 732, {"AND",       "OR"}},
+    {"Tail Cut",         508, {"OFF",       "ON"}},
+    {"Tx Freq  (MHz)",   893, {"000.00000", ""}},
+    {"Step (kHz)",       539, {"6.25",      "2.5"}},
+    {"Tx CTC/DCS",       939, {"CTC200.0",  "-DCS000"}},
+    {"Tx  SelCall",      847, {"5T 00000",  "TTS 100"}},
+    {"High Tx Power",    654, {"Prohibit",  "Permit"}},
+    {"PTT ID Enable",    508, {"OFF",       "ON"}},
+    {"Band With",        616, {"12.5",      "25"}},
+    {"Group Call",       616, {"Tone B",    "Tone A"}},
 }};
 // clang-format on
 
@@ -146,7 +144,7 @@ private:
 
 ChannelGrid::ChannelGrid(QWidget* parent)
     : QTableWidget(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, parent),
-      m_corner(new QLabel(Translated(Looks[0].header), this)) {
+      m_corner(new QLabel(QString::fromUtf8(Looks[0].header), this)) {
   setObjectName("gridChannel");
   setAccessibleName(tr("Channels"));
   setItemDelegate(new CellDelegate(*this));
@@ -171,7 +169,8 @@ ChannelGrid::ChannelGrid(QWidget* parent)
 void ChannelGrid::SetUpHeaders() {
   setHorizontalHeader(new TwoLineHeader(this));
   for (std::size_t column = 1; column < GridColumnCount; ++column) {
-    setHorizontalHeaderItem(static_cast<int>(column) - 1, new QTableWidgetItem(Translated(Looks[column].header)));
+    setHorizontalHeaderItem(static_cast<int>(column) - 1,
+                            new QTableWidgetItem(QString::fromUtf8(Looks[column].header)));
   }
   for (int row = 0; row < rowCount(); ++row) {
     setVerticalHeaderItem(row, new QTableWidgetItem(tr(" CH%1").arg(row + 1)));
@@ -235,7 +234,7 @@ int ChannelGrid::CellWidthNeeded(GridColumn column) const {
 
 int ChannelGrid::HeaderWidthNeeded(GridColumn column) const {
   const QFontMetrics metrics = horizontalHeader()->fontMetrics();
-  const QString text = OnTwoLines(Translated(LookOf(column).header), metrics);
+  const QString text = OnTwoLines(QString::fromUtf8(LookOf(column).header), metrics);
   return metrics.size(0, text).width() + 2 * (style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + 1);
 }
 

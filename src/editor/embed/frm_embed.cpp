@@ -1,8 +1,8 @@
 #include "frm_embed.h"
 
-#include "editor_messages.h"
 #include "embedded_info.h"
 #include "embedded_text_rule.h"
+#include "fill_messages.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

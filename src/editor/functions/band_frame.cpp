@@ -122,16 +122,16 @@ void BandFrame::txtFreqBandU_Validate() {
   m_rememberedUpper = m_upper->text();
 }
 
-void BandFrame::Fill(const EditorValues& values) {
-  m_rememberedLower = QString::fromUtf8(values.txtFreqBandL);
-  m_rememberedUpper = QString::fromUtf8(values.txtFreqBandU);
+void BandFrame::Fill(const Configuration& values) {
+  m_rememberedLower = QString::fromUtf8(values.lowerBandLimit);
+  m_rememberedUpper = QString::fromUtf8(values.upperBandLimit);
   m_lower->SetWholeText(m_rememberedLower);
   m_upper->SetWholeText(m_rememberedUpper);
 }
 
-void BandFrame::Gather(EditorValues& values) const {
-  values.txtFreqBandL = LowerText();
-  values.txtFreqBandU = UpperText();
+void BandFrame::Gather(Configuration& values) const {
+  values.lowerBandLimit = LowerText();
+  values.upperBandLimit = UpperText();
 }
 
 std::string BandFrame::LowerText() const {

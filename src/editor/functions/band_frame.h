@@ -1,7 +1,7 @@
 // "Frequency Band": the two limits in MHz. A new lower limit starts all channels anew, after a question.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 #include "message_view.h"
 
 #include <QGroupBox>
@@ -24,8 +24,8 @@ class BandFrame : public QGroupBox {
 public:
   BandFrame(MessageView& messages, BandAccess access, QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
   [[nodiscard]] std::string LowerText() const;
   [[nodiscard]] std::string UpperText() const;
 

@@ -2,7 +2,7 @@
 // without an item is kept until the user picks one.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 
 #include <QComboBox>
 

@@ -26,13 +26,13 @@ void FiveToneFrame::SetTtsMode(bool tts) {
   m_label->setEnabled(!tts);
 }
 
-void FiveToneFrame::Fill(const EditorValues& values) {
-  m_standard = values.FiveToneStandard;
+void FiveToneFrame::Fill(const Configuration& values) {
+  m_standard = values.fiveToneStandard;
   m_list->SetChoice(values[ChoiceList::Standards]);
 }
 
-void FiveToneFrame::Gather(EditorValues& values) const {
-  values.FiveToneStandard = m_standard;
+void FiveToneFrame::Gather(Configuration& values) const {
+  values.fiveToneStandard = m_standard;
   values[ChoiceList::Standards] = m_list->Chosen();
 }
 

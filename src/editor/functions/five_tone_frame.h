@@ -14,10 +14,10 @@ class FiveToneFrame : public QGroupBox {
 public:
   explicit FiveToneFrame(QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
   // A collect takes the selected standard over; it is what a later one in TTS mode stores.
-  void AfterCollect(const EditorValues& values) { m_standard = values.FiveToneStandard; }
+  void AfterCollect(const Configuration& values) { m_standard = values.fiveToneStandard; }
   void SetTtsMode(bool tts);
 
 signals:

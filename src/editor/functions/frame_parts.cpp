@@ -2,7 +2,6 @@
 #include "frame_parts.h"
 
 #include "function_messages.h"
-#include "locale_texts.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -14,7 +13,7 @@ QStringList ItemTexts(std::span<const std::string_view> items) {
   QStringList texts;
   texts.reserve(static_cast<qsizetype>(items.size()));
   for (const std::string_view item : items) {
-    texts.append(Translated(item));
+    texts.append(QString::fromUtf8(item));
   }
   return texts;
 }

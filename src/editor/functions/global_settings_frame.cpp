@@ -95,28 +95,28 @@ void GlobalSettingsFrame::IdBox_Validate(EntryBox& box, std::string_view invalid
   box.setText(QString::fromUtf8(NoNumberText));
 }
 
-void GlobalSettingsFrame::FillLists(const EditorValues& values) {
+void GlobalSettingsFrame::FillLists(const Configuration& values) {
   for (std::size_t i = 0; i < m_lists.size(); ++i) {
     m_lists[i]->SetChoice(values[ListAt(i)]);
   }
 }
 
-void GlobalSettingsFrame::FillIdBoxes(const EditorValues& values) {
-  m_connect->setText(QString::fromUtf8(values.txtConnect));
-  m_disconnect->setText(QString::fromUtf8(values.txtDisconnect));
+void GlobalSettingsFrame::FillIdBoxes(const Configuration& values) {
+  m_connect->setText(QString::fromUtf8(values.connectId));
+  m_disconnect->setText(QString::fromUtf8(values.disconnectId));
 }
 
-void GlobalSettingsFrame::FillAni(const EditorValues& values) {
-  m_ani->setText(QString::fromUtf8(values.txtANI));
+void GlobalSettingsFrame::FillAni(const Configuration& values) {
+  m_ani->setText(QString::fromUtf8(values.emergencyAni));
 }
 
-void GlobalSettingsFrame::Gather(EditorValues& values) const {
+void GlobalSettingsFrame::Gather(Configuration& values) const {
   for (std::size_t i = 0; i < m_lists.size(); ++i) {
     values[ListAt(i)] = m_lists[i]->Chosen();
   }
-  values.txtANI = m_ani->text().toStdString();
-  values.txtConnect = m_connect->text().toStdString();
-  values.txtDisconnect = m_disconnect->text().toStdString();
+  values.emergencyAni = m_ani->text().toStdString();
+  values.connectId = m_connect->text().toStdString();
+  values.disconnectId = m_disconnect->text().toStdString();
 }
 
 } // namespace mr4500x

@@ -19,10 +19,10 @@ public:
   explicit GlobalSettingsFrame(MessageView& messages, QWidget* parent = nullptr);
 
   // A fill sets the lists first: each change of one may put the placeholder into the boxes.
-  void FillLists(const EditorValues& values);
-  void FillIdBoxes(const EditorValues& values); // Connect ID and Disconnect ID
-  void FillAni(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void FillLists(const Configuration& values);
+  void FillIdBoxes(const Configuration& values); // Connect ID and Disconnect ID
+  void FillAni(const Configuration& values);
+  void Gather(Configuration& values) const;
 
 signals:
   void Changed();

@@ -2,10 +2,8 @@
 #include "key_frame.h"
 
 #include "cell_colours.h"
-#include "editor_messages.h"
+#include "fill_messages.h"
 #include "frame_parts.h"
-#include "locale_texts.h"
-#include "translatable.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -13,8 +11,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::array<const char*, 6> KeyLabels = {SHOWN("Short A"), SHOWN("Long A"),  SHOWN("Short B"),
-                                                  SHOWN("Long B"),  SHOWN("Short C"), SHOWN("Long C")};
+constexpr std::array<const char*, 6> KeyLabels = {"Short A", "Long A", "Short B", "Long B", "Short C", "Long C"};
 
 int RowOf(std::size_t key) {
   return static_cast<int>(key / 2);
@@ -37,7 +34,7 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
   setObjectName(QStringLiteral("fraKey"));
   auto* const layout = NewFieldLayout(*this);
   for (std::size_t key = ShortA; key <= LongC; ++key) {
-    AddKey(*layout, key, Translated(KeyLabels[key]));
+    AddKey(*layout, key, QString::fromUtf8(KeyLabels[key]));
   }
   m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), EmergencyAlertItem, ShortA);
   m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), CancelEmergencyAlertItem, LongA);
@@ -62,8 +59,8 @@ void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label
 }
 
 ChoiceBox* KeyFrame::AddFixed(QGridLayout& layout, const QString& objectName, std::string_view item, std::size_t over) {
-  auto* const list =
-      new ChoiceBox(objectName, {Translated(item)}, tr("Key %1 press, fixed").arg(Translated(KeyLabels[over])), this);
+  auto* const list = new ChoiceBox(objectName, {QString::fromUtf8(item)},
+                                   tr("Key %1 press, fixed").arg(QString::fromUtf8(KeyLabels[over])), this);
   layout.addWidget(list, RowOf(over), FieldColumnOf(over));
   KeepPlace(*list);
   return list;
@@ -110,7 +107,7 @@ void KeyFrame::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && m_fixedLongA != nullptr) ShowKeys();
 }
 
-void KeyFrame::Fill(const EditorValues& values, bool conflict) {
+void KeyFrame::Fill(const Configuration& values, bool conflict) {
   m_keyCodes = values.keyCodes;
   m_keys = {}; // the keys shown before must not meet the new ones
   for (std::size_t key = ShortA; key <= LongC; ++key) {
@@ -121,12 +118,12 @@ void KeyFrame::Fill(const EditorValues& values, bool conflict) {
   if (conflict) ShowConflict();
 }
 
-void KeyFrame::Gather(EditorValues& values) const {
+void KeyFrame::Gather(Configuration& values) const {
   values.keys = m_keys;
   values.keyCodes = m_keyCodes;
 }
 
-void KeyFrame::AfterCollect(const EditorValues& values) {
+void KeyFrame::AfterCollect(const Configuration& values) {
   if (m_keys == values.keys) return;
   m_keys = values.keys;
   ShowKeys();

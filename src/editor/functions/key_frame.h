@@ -20,10 +20,10 @@ public:
 
   // Selects the keys in their order, each under the rules and starting from none assigned. One message is shown when
   // two keys conflict, or when `conflict` tells that two did on the way to these values.
-  void Fill(const EditorValues& values, bool conflict);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values, bool conflict);
+  void Gather(Configuration& values) const;
   // Shows the keys as a collect has paired them.
-  void AfterCollect(const EditorValues& values);
+  void AfterCollect(const Configuration& values);
 
 signals:
   void Changed();

@@ -29,14 +29,14 @@ QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString
   return text;
 }
 
-void RecordFrame::Fill(const EditorValues& values) {
-  m_id->setText(QString::fromUtf8(values.lblID));
-  m_version->setText(QString::fromUtf8(values.lblVer));
+void RecordFrame::Fill(const Configuration& values) {
+  m_id->setText(QString::fromUtf8(values.identityNumber));
+  m_version->setText(QString::fromUtf8(values.firmwareVersion));
 }
 
-void RecordFrame::Gather(EditorValues& values) const {
-  values.lblID = m_id->text().toStdString();
-  values.lblVer = m_version->text().toStdString();
+void RecordFrame::Gather(Configuration& values) const {
+  values.identityNumber = m_id->text().toStdString();
+  values.firmwareVersion = m_version->text().toStdString();
 }
 
 } // namespace mr4500x

@@ -1,7 +1,7 @@
 // "Radio Record": the radio's identity number and firmware version, to look at.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 
 #include <QGroupBox>
 
@@ -14,8 +14,8 @@ class RecordFrame : public QGroupBox {
 public:
   explicit RecordFrame(QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
 
 private:
   QLabel* AddRecord(int row, const QString& objectName, const QString& label);

@@ -73,15 +73,15 @@ void ResetTimeFrame::chkResetTimeOFF_Click(bool off) {
   emit Changed();
 }
 
-void ResetTimeFrame::Fill(const EditorValues& values) {
-  m_off->setChecked(values.chkResetTimeOFF);
+void ResetTimeFrame::Fill(const Configuration& values) {
+  m_off->setChecked(values.autoResetOff);
   // Under OFF the box goes on showing what it showed.
-  if (!values.chkResetTimeOFF) m_seconds->setText(QString::fromUtf8(values.txtResetTime));
+  if (!values.autoResetOff) m_seconds->setText(QString::fromUtf8(values.autoResetTime));
 }
 
-void ResetTimeFrame::Gather(EditorValues& values) const {
-  values.chkResetTimeOFF = m_off->isChecked();
-  values.txtResetTime = m_seconds->text().toStdString();
+void ResetTimeFrame::Gather(Configuration& values) const {
+  values.autoResetOff = m_off->isChecked();
+  values.autoResetTime = m_seconds->text().toStdString();
 }
 
 } // namespace mr4500x

@@ -1,7 +1,7 @@
 // "Auto Reset Time": seconds to type or to step, or OFF.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 #include "message_view.h"
 
 #include <QGroupBox>
@@ -19,8 +19,8 @@ class ResetTimeFrame : public QGroupBox {
 public:
   explicit ResetTimeFrame(MessageView& messages, QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
 
 signals:
   void Changed();

@@ -2,8 +2,6 @@
 #include "scan_frame.h"
 
 #include "frame_parts.h"
-#include "locale_texts.h"
-#include "translatable.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -21,12 +19,12 @@ struct ScanField {
 // In the order in which they are filled.
 // clang-format off
 constexpr std::array<ScanField, 6> Fields = {{
-    {ChoiceList::ScanMode,    0, SHOWN("Scan Mode"),     0, 1},
-    {ChoiceList::ToScanDelay, 1, SHOWN("TO Scan Delay"), 1, 1},
-    {ChoiceList::PriorityCh,  3, SHOWN("Priority CH"),   0, 4},
-    {ChoiceList::LookBack,    4, SHOWN("Look Back"),     2, 4},
-    {ChoiceList::RestoreTime, 5, SHOWN("Restore Time"),  2, 1},
-    {ChoiceList::RevertCh,    6, SHOWN("Revert CH"),     1, 4},
+    {ChoiceList::ScanMode,    0, "Scan Mode",     0, 1},
+    {ChoiceList::ToScanDelay, 1, "TO Scan Delay", 1, 1},
+    {ChoiceList::PriorityCh,  3, "Priority CH",   0, 4},
+    {ChoiceList::LookBack,    4, "Look Back",     2, 4},
+    {ChoiceList::RestoreTime, 5, "Restore Time",  2, 1},
+    {ChoiceList::RevertCh,    6, "Revert CH",     1, 4},
 }};
 // clang-format on
 
@@ -43,7 +41,7 @@ ScanFrame::ScanFrame(QWidget* parent) : QGroupBox(tr("Scan Information"), parent
 
   for (std::size_t i = 0; i < Fields.size(); ++i) {
     const ScanField& field = Fields[i];
-    const QString label = Translated(field.label);
+    const QString label = QString::fromUtf8(field.label);
     m_lists[i] = NewChoiceBox(QStringLiteral("cboScan(%1)").arg(field.control), field.list, label, this);
     AddField(*layout, field.row, field.column, label, m_lists[i]);
     connect(m_lists[i], &ChoiceBox::Selected, this, &ScanFrame::Changed);
@@ -60,18 +58,18 @@ ScanFrame::ScanFrame(QWidget* parent) : QGroupBox(tr("Scan Information"), parent
   layout->setRowStretch(3, 1);
 }
 
-void ScanFrame::FillSignal(const EditorValues& values) {
-  m_signal->setChecked(values.chkSignal);
+void ScanFrame::FillSignal(const Configuration& values) {
+  m_signal->setChecked(values.scanSignal);
 }
 
-void ScanFrame::FillLists(const EditorValues& values) {
+void ScanFrame::FillLists(const Configuration& values) {
   for (std::size_t i = 0; i < Fields.size(); ++i) {
     m_lists[i]->SetChoice(values[Fields[i].list]);
   }
 }
 
-void ScanFrame::Gather(EditorValues& values) const {
-  values.chkSignal = m_signal->isChecked();
+void ScanFrame::Gather(Configuration& values) const {
+  values.scanSignal = m_signal->isChecked();
   for (std::size_t i = 0; i < Fields.size(); ++i) {
     values[Fields[i].list] = m_lists[i]->Chosen();
   }

@@ -16,9 +16,9 @@ class ScanFrame : public QGroupBox {
 public:
   explicit ScanFrame(QWidget* parent = nullptr);
 
-  void FillSignal(const EditorValues& values);
-  void FillLists(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void FillSignal(const Configuration& values);
+  void FillLists(const Configuration& values);
+  void Gather(Configuration& values) const;
 
 signals:
   void Changed();

@@ -34,11 +34,11 @@ void SelectCallFrame::cboRadio_Change(int position) {
   emit Changed();
 }
 
-void SelectCallFrame::Fill(const EditorValues& values) {
+void SelectCallFrame::Fill(const Configuration& values) {
   m_list->SetChoice(values[ChoiceList::SelectCall]);
 }
 
-void SelectCallFrame::Gather(EditorValues& values) const {
+void SelectCallFrame::Gather(Configuration& values) const {
   values[ChoiceList::SelectCall] = m_list->Chosen();
 }
 

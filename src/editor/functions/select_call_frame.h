@@ -12,8 +12,8 @@ class SelectCallFrame : public QGroupBox {
 public:
   explicit SelectCallFrame(QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
   [[nodiscard]] bool IsTts() const;
 
 signals:

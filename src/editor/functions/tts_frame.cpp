@@ -175,7 +175,7 @@ void TtsFrame::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && m_grid != nullptr) m_grid->ShowColours();
 }
 
-void TtsFrame::Fill(const EditorValues& values) {
+void TtsFrame::Fill(const Configuration& values) {
   HideEditors();
   for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
     for (std::size_t column = 1; column < TtsColumnCount; ++column) {
@@ -185,7 +185,7 @@ void TtsFrame::Fill(const EditorValues& values) {
   }
 }
 
-void TtsFrame::Gather(EditorValues& values) const {
+void TtsFrame::Gather(Configuration& values) const {
   for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
     for (std::size_t column = 1; column < TtsColumnCount; ++column) {
       values.Tts(entry, static_cast<TtsColumn>(column)) =

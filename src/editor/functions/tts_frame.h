@@ -2,7 +2,7 @@
 #pragma once
 
 #include "clipboard.h"
-#include "editor_values.h"
+#include "configuration.h"
 #include "message_view.h"
 
 #include <QGroupBox>
@@ -19,8 +19,8 @@ public:
   // Times have the separator of the user's numbers.
   TtsFrame(MessageView& messages, Clipboard& clipboard, char decimalSeparator, QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
   void SetTtsMode(bool tts);
 
   void CommitEditors(); // takes the text of an open frequency editor and hides both

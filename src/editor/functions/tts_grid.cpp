@@ -3,8 +3,6 @@
 
 #include "cell_colours.h"
 #include "frame_parts.h"
-#include "locale_texts.h"
-#include "translatable.h"
 #include "twips.h"
 
 #include <QHeaderView>
@@ -24,13 +22,13 @@ struct ColumnLook {
 constexpr QRgb DefaultText = 0; // the desktop's
 // clang-format off
 constexpr std::array<ColumnLook, TtsColumnCount> Columns = {{
-    {SHOWN("No."),                DefaultText},
-    {SHOWN("Tone A Freq(Hz)"),    GreenText},
-    {SHOWN("Tone A Dur.(s)"),     GreenText},
-    {SHOWN("Tone B Freq(Hz)"),    TealText},
-    {SHOWN("Tone B Dur.(s)"),     TealText},
-    {SHOWN("Gap Time(s)"),        OliveText},
-    {SHOWN("Group Call Dur.(s)"), OliveText},
+    {"No.",                DefaultText},
+    {"Tone A Freq(Hz)",    GreenText},
+    {"Tone A Dur.(s)",     GreenText},
+    {"Tone B Freq(Hz)",    TealText},
+    {"Tone B Dur.(s)",     TealText},
+    {"Gap Time(s)",        OliveText},
+    {"Group Call Dur.(s)", OliveText},
 }};
 // clang-format on
 
@@ -69,7 +67,7 @@ TtsGrid::TtsGrid(QWidget* parent) : QTableWidget(RowCount, static_cast<int>(TtsC
 
   for (int column = 0; column <= LastColumn; ++column) {
     setHorizontalHeaderItem(column,
-                            new QTableWidgetItem(Translated(Columns[static_cast<std::size_t>(column)].heading)));
+                            new QTableWidgetItem(QString::fromUtf8(Columns[static_cast<std::size_t>(column)].heading)));
     for (int row = 0; row < RowCount; ++row) {
       auto* const cell = new QTableWidgetItem(column == 0 ? QString::number(row + 1) : QString());
       cell->setTextAlignment(Qt::AlignCenter);

@@ -5,7 +5,7 @@
 // entry n is row n - 1.
 #pragma once
 
-#include "editor_values.h"
+#include "configuration.h"
 
 #include <QTableWidget>
 

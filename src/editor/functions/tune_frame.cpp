@@ -16,11 +16,11 @@ TuneFrame::TuneFrame(QWidget* parent) : QGroupBox(tr("Manual Tune Enable"), pare
   layout->setRowStretch(1, 1);
 }
 
-void TuneFrame::Fill(const EditorValues& values) {
+void TuneFrame::Fill(const Configuration& values) {
   m_list->SetChoice(values[ChoiceList::ManualTune]);
 }
 
-void TuneFrame::Gather(EditorValues& values) const {
+void TuneFrame::Gather(Configuration& values) const {
   values[ChoiceList::ManualTune] = m_list->Chosen();
 }
 

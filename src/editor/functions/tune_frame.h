@@ -12,8 +12,8 @@ class TuneFrame : public QGroupBox {
 public:
   explicit TuneFrame(QWidget* parent = nullptr);
 
-  void Fill(const EditorValues& values);
-  void Gather(EditorValues& values) const;
+  void Fill(const Configuration& values);
+  void Gather(Configuration& values) const;
 
 private:
   ChoiceBox* m_list;

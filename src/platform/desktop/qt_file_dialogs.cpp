@@ -1,6 +1,5 @@
 #include "qt_file_dialogs.h"
 
-#include "locale_texts.h"
 #include "owner_window.h"
 
 #include <QFileDialog>
@@ -14,7 +13,7 @@ namespace {
 
 void Prepare(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
-  dialog.setWindowTitle(Translated(question.title));
+  dialog.setWindowTitle(QString::fromUtf8(question.title));
   dialog.setDirectory(QString::fromStdString(question.folder));
   dialog.setOption(QFileDialog::HideNameFilterDetails); // the names tell them already
   dialog.setNameFilters(NameFilters(question.filter));
@@ -50,8 +49,8 @@ QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
-    filters.append(
-        QStringLiteral("%1 (%2 %3)").arg(Translated(parts[i].toStdString()), parts[i + 1], parts[i + 1].toLower()));
+    filters.append(QStringLiteral("%1 (%2 %3)")
+                       .arg(QString::fromUtf8(parts[i].toStdString()), parts[i + 1], parts[i + 1].toLower()));
   return filters;
 }
 

@@ -1,8 +1,5 @@
 #include "qt_help_viewer.h"
 
-#include "locale_texts.h"
-#include "translatable.h"
-
 #include <QProcess>
 
 #include <utility>
@@ -10,8 +7,8 @@
 namespace mr4500x {
 namespace {
 
-constexpr char HelpTitle[] = SHOWN("Help");
-constexpr char NotStartedText[] = SHOWN("The help viewer %1 can't be started: %2");
+constexpr char HelpTitle[] = "Help";
+constexpr char NotStartedText[] = "The help viewer %1 can't be started: %2";
 
 constexpr int EndMilliseconds = 1000; // for the viewer to end by itself
 
@@ -41,7 +38,8 @@ bool QtHelpViewer::Start() {
   m_viewer->setProcessChannelMode(QProcess::ForwardedChannels);
   m_viewer->start(QString::fromStdString(m_viewerProgram), {QString::fromStdString(m_helpFile)});
   if (m_viewer->waitForStarted()) return true;
-  const QString text = Translated(NotStartedText).arg(QString::fromStdString(m_viewerProgram), m_viewer->errorString());
+  const QString text =
+      QString::fromUtf8(NotStartedText).arg(QString::fromStdString(m_viewerProgram), m_viewer->errorString());
   m_messages.Show(MessageIcon::Exclamation, HelpTitle, text.toStdString(), MessageButtons::Ok);
   return false;
 }

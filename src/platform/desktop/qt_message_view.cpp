@@ -1,6 +1,5 @@
 #include "qt_message_view.h"
 
-#include "locale_texts.h"
 #include "owner_window.h"
 #include "transfer_guard.h"
 
@@ -45,18 +44,6 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-// A message about a port begins with the port's name: "COM1: ..." before a text that has its own entry in the
-// catalogue, or "COM1 ..." where the entry has a mark for the name.
-QString MessageText(std::string_view text) {
-  const std::string_view name = text.substr(0, text.find(' '));
-  if (name.ends_with(':') && name.size() < text.size())
-    return QString::fromUtf8(name) + QLatin1Char(' ') + Translated(text.substr(name.size() + 1));
-  const std::string pattern = "%1" + std::string(text.substr(name.size()));
-  const QString translated = Translated(pattern);
-  if (translated == QString::fromStdString(pattern)) return Translated(text);
-  return translated.arg(QString::fromUtf8(name));
-}
-
 } // namespace
 
 Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) {
@@ -64,9 +51,9 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   QMessageBox box(OwnerWindow());
   box.setObjectName(QStringLiteral("messageBox"));
   box.setIcon(IconOf(icon));
-  box.setWindowTitle(Translated(title));
+  box.setWindowTitle(QString::fromUtf8(title));
   box.setTextFormat(Qt::PlainText); // paths and descriptions are no markup
-  box.setText(MessageText(text));
+  box.setText(QString::fromUtf8(text));
   const std::span<const BoxButton> offered = ButtonsOf(buttons);
   for (const BoxButton& button : offered)
     box.addButton(button.button)->setObjectName(QLatin1String(button.name));

@@ -1,6 +1,5 @@
 #include "qt_progress_view.h"
 
-#include "locale_texts.h"
 #include "owner_window.h"
 
 #include <QDialog>
@@ -27,8 +26,8 @@ void QtProgressView::Open(std::string_view title, std::string_view text, int max
   // Without a close button: nothing that the user does ends a transfer.
   m_window = std::make_unique<QDialog>(OwnerWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   m_window->setObjectName(QStringLiteral("frmProgress"));
-  m_window->setWindowTitle(Translated(title));
-  auto* const label = new QLabel(Translated(text.empty() ? std::string_view(m_programTitle) : text));
+  m_window->setWindowTitle(QString::fromUtf8(title));
+  auto* const label = new QLabel(QString::fromUtf8(text.empty() ? std::string_view(m_programTitle) : text));
   label->setObjectName(QStringLiteral("lblText"));
   label->setTextFormat(Qt::PlainText);
   m_bar = new QProgressBar;

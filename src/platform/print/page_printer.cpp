@@ -1,7 +1,5 @@
 #include "page_printer.h"
 
-#include "translatable.h"
-
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
@@ -9,7 +7,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr char NoFurtherPageText[] = SHOWN("The printer does not take a further page.");
+constexpr char NoFurtherPageText[] = "The printer does not take a further page.";
 constexpr int TwipsPerPoint = 20;
 constexpr double TwipsPerInch = 1440;
 

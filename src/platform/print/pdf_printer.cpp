@@ -1,8 +1,6 @@
 #include "pdf_printer.h"
 
 #include "file_access.h"
-#include "locale_texts.h"
-#include "translatable.h"
 
 #include <QMarginsF>
 #include <QPdfWriter>
@@ -14,16 +12,16 @@
 namespace mr4500x {
 namespace {
 
-constexpr char NoPrinterText[] = SHOWN("There is no printer. \"Printer...\" offers to print to a PDF file.");
-constexpr char NotStartedText[] = SHOWN("The PDF file %1 can't be started.");
-constexpr char NotWrittenText[] = SHOWN("The PDF file %1 can't be written.");
+constexpr char NoPrinterText[] = "There is no printer. \"Printer...\" offers to print to a PDF file.";
+constexpr char NotStartedText[] = "The PDF file %1 can't be started.";
+constexpr char NotWrittenText[] = "The PDF file %1 can't be written.";
 
 constexpr int Resolution = 1440; // a twip each
 // What office printers can't reach of their paper. A PDF file is often printed later, and loses nothing then.
 constexpr double Unprintable = 6; // millimetres
 
 std::string AboutFile(const char* text, const std::string& path) {
-  return Translated(text).arg(QString::fromStdString(path)).toStdString();
+  return QString::fromUtf8(text).arg(QString::fromStdString(path)).toStdString();
 }
 
 } // namespace

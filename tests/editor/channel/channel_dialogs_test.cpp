@@ -44,12 +44,12 @@ struct SelectiveCallCase {
   const char* entry;  // typed into the code or picked from the list, unless ""
   const char* button;
   const char* result;
-  std::vector<std::string> shown;
+  ShownMessages shown;
 };
 
 TEST_F(DialogTest, SelectiveCall) {
-  const std::vector<std::string> notFive = {"Error: The number of 5 Tone must be five!"};
-  const std::vector<std::string> notDigits = {"Error: Invalide 5 Tone!"};
+  const ShownMessages notFive = ErrorMessage("The number of 5 Tone must be five!");
+  const ShownMessages notDigits = ErrorMessage("Invalide 5 Tone!");
   for (const int column : {4, 10}) {
     for (const SelectiveCallCase& c :
          {SelectiveCallCase{true, "OFF", "optSig(1)", "", "cmdOK", "TTS 1", {}},
@@ -102,7 +102,7 @@ TEST_F(DialogTest, AWrongCodeIsPaddedAndSelectedWhenTheFocusLeavesIt) {
   SetCell(2, 4, "5T 01234");
   Ask(2, 4, [this](QDialog& dialog) {
     auto* const code = dialog.findChild<QLineEdit*>("txtFiveSig");
-    messages.whileOpen = [&dialog] { dialog.findChild<QWidget*>("optSig(0)")->setFocus(); };
+    messages.whileShown = [&dialog] { dialog.findChild<QWidget*>("optSig(0)")->setFocus(); };
     for (const auto& [text, padded] : {std::pair{"12", "12000"}, std::pair{"12a45", "12000"}, std::pair{"", "00000"}}) {
       messages.shown.clear();
       code->setFocus();

@@ -6,7 +6,7 @@
 namespace mr4500x {
 namespace {
 
-const std::vector<std::string> FrequencyInvalid = {"Error: Frequency Invalid!"};
+const ShownMessages FrequencyInvalid = ErrorMessage("Frequency Invalid!");
 
 TEST_F(ChannelFrameTest, TypedFrequenciesAreFilteredRoundedAndClamped) {
   struct Case {
@@ -53,7 +53,7 @@ TEST_F(ChannelFrameTest, EachWayToLeaveTheFrequencyEditor) {
     for (const char* const typed : {"460", "4.6.0"}) {
       messages.shown.clear();
       // As a real box does, and as the focus would go when it closes.
-      messages.whileOpen = [this] {
+      messages.whileShown = [this] {
         elsewhere.setFocus();
         frequency->setFocus();
       };
@@ -64,7 +64,7 @@ TEST_F(ChannelFrameTest, EachWayToLeaveTheFrequencyEditor) {
       c.leave();
       const bool valid = std::string(typed) == "460";
       EXPECT_EQ(Cell(2, 1), valid && c.commits ? "460.00000" : "450.00000") << c.name;
-      EXPECT_EQ(messages.shown, valid || !c.commits ? std::vector<std::string>{} : FrequencyInvalid) << c.name;
+      EXPECT_EQ(messages.shown, valid || !c.commits ? NoMessage() : FrequencyInvalid) << c.name;
       EXPECT_FALSE(frame.HasOpenFrequencyEditor()) << c.name;
       EXPECT_EQ(changes > 0, (valid && c.commits) || std::string(c.name) == "another cell") << c.name;
       EXPECT_TRUE(!valid || grid->hasFocus() == c.gridFocused) << c.name;

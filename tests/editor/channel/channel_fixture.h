@@ -3,6 +3,7 @@
 #pragma once
 
 #include "channel_frame.h"
+#include "editor_fakes.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,24 +18,6 @@
 #include <vector>
 
 namespace mr4500x {
-
-struct ScriptedMessages : MessageView {
-  std::vector<std::string> shown;
-  std::function<void()> whileOpen = [] {};
-  Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {
-    EXPECT_EQ(icon, MessageIcon::Exclamation);
-    EXPECT_EQ(buttons, MessageButtons::Ok);
-    shown.push_back(std::string(title) + ": " + std::string(text));
-    whileOpen();
-    return Answer::Ok;
-  }
-};
-
-struct MemoryClipboard : Clipboard {
-  std::string text;
-  std::string Text() override { return text; }
-  void SetText(const std::string& newText) override { text = newText; }
-};
 
 class ChannelFrameTest : public ::testing::Test {
 protected:

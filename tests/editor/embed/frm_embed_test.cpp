@@ -1,7 +1,7 @@
 // The dialog of the embedded information under keys, clipboard, drops and input methods.
 #include "frm_embed.h"
 
-#include "editor_messages.h"
+#include "fill_messages.h"
 #include "functions_fixture.h"
 
 #include <QApplication>

@@ -14,9 +14,9 @@ class BandFrameTest : public ::testing::Test {
 protected:
   BandFrameTest() { Fill("440", "470"); }
   void Fill(const char* lower, const char* upper) {
-    EditorValues values;
-    values.txtFreqBandL = lower;
-    values.txtFreqBandU = upper;
+    Configuration values;
+    values.lowerBandLimit = lower;
+    values.upperBandLimit = upper;
     frame->Fill(values);
   }
 

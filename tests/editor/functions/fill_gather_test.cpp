@@ -30,12 +30,12 @@ struct AllFrames {
   TtsFrame tts{messages, clipboard, '.'};
   ResetTimeFrame resetTime{messages};
 
-  void Fill(const EditorValues& values, bool conflict) {
+  void Fill(const Configuration& values, bool conflict) {
     band.Fill(values), tune.Fill(values), selectCall.Fill(values), global.FillLists(values), scan.FillSignal(values);
     global.FillIdBoxes(values), global.FillAni(values), record.Fill(values), scan.FillLists(values);
     keys.Fill(values, conflict), fiveTone.Fill(values), tts.Fill(values), resetTime.Fill(values);
   }
-  void Gather(EditorValues& values) const {
+  void Gather(Configuration& values) const {
     band.Gather(values), tune.Gather(values), selectCall.Gather(values), global.Gather(values), scan.Gather(values);
     record.Gather(values), keys.Gather(values), fiveTone.Gather(values), tts.Gather(values), resetTime.Gather(values);
   }
@@ -45,7 +45,7 @@ TEST(FillAndGather, GiveBackWhatAnyImageHolds) {
   AllFrames frames;
   const FieldTexts texts = BuildFieldTexts('.');
   std::mt19937 random(20031);
-  EditorValues values;
+  Configuration values;
   int conflicts = 0, unlisted = 0;
   for (int round = 0; round < 200; ++round) {
     RadioImage image;
@@ -66,7 +66,7 @@ TEST(FillAndGather, GiveBackWhatAnyImageHolds) {
     conflicts += result.keyConflict ? 1 : 0;
     unlisted += values[ChoiceList::DigitTime].position < 0 ? 1 : 0;
 
-    EditorValues gathered;
+    Configuration gathered;
     gathered.channels = values.channels;
     frames.Gather(gathered);
     ASSERT_EQ(gathered, values) << "round " << round;

@@ -11,7 +11,7 @@ constexpr int LongBReverse = 5;
 class KeyFrameTest : public ::testing::Test {
 protected:
   void Fill(std::array<int, 6> selection, bool conflict = false) {
-    EditorValues values;
+    Configuration values;
     values.keys.selection = selection;
     frame->Fill(values, conflict);
   }

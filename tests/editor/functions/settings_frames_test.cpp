@@ -67,8 +67,8 @@ TEST_F(GlobalSettingsTest, TheIdBoxesFilterKeysAndCheckPastedTexts) {
 class ResetTimeTest : public ::testing::Test {
 protected:
   void Fill(const char* seconds) {
-    EditorValues values;
-    values.txtResetTime = seconds;
+    Configuration values;
+    values.autoResetTime = seconds;
     frame->Fill(values);
   }
   void ClickArrow(bool up) {
@@ -127,9 +127,9 @@ TEST_F(ResetTimeTest, EveryChangeIsToldAndAFillUnderOffLeavesTheText) {
   QTest::mouseClick(&Off(), Qt::LeftButton, {}, {8, Off().height() / 2});
   EXPECT_EQ(changed.count(), 2);
 
-  EditorValues values;
-  values.chkResetTimeOFF = true;
-  values.txtResetTime = "9";
+  Configuration values;
+  values.autoResetOff = true;
+  values.autoResetTime = "9";
   frame->Fill(values);
   EXPECT_EQ(box.text(), "123");
   EXPECT_FALSE(box.isEnabled());
@@ -144,7 +144,7 @@ TEST(SelectCallFrame, TellsOnlyARealChangeOfTheMode) {
   QSignalSpy mode(frame, &SelectCallFrame::ModeChanged);
   QSignalSpy lists(frame, &SelectCallFrame::ListChanged);
   QSignalSpy changed(frame, &SelectCallFrame::Changed);
-  EditorValues values;
+  Configuration values;
   values[ChoiceList::SelectCall].position = 0;
   frame->Fill(values);
   EXPECT_EQ(mode.count(), 0);

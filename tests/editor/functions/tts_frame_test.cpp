@@ -14,7 +14,7 @@ class TtsFrameTest : public ::testing::Test {
 protected:
   TtsFrameTest() {
     RadioImage image;
-    EditorValues values;
+    Configuration values;
     ResetEditor(image, values, BuildFieldTexts('.'), {});
     frame->Fill(values);
   }

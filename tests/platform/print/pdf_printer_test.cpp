@@ -22,7 +22,7 @@ constexpr char Embedded[] = "Channels of the fire brigade \u0431\r\nValid to 202
 
 class PdfPrinterTest : public FilesTest {
 protected:
-  std::optional<std::string> Print(const EditorValues& values, std::u16string_view text, ReportChoice choice) {
+  std::optional<std::string> Print(const Configuration& values, std::u16string_view text, ReportChoice choice) {
     PdfPrinter printer(files, Path("out.pdf"));
     return PrintReports(printer, TextsOf(values, text), choice);
   }

@@ -1,0 +1,211 @@
+// Filling and collecting, and what the frames have to do with each other.
+#include "editor_panel.h"
+
+#include "decimal.h"
+#include "editor_views.h"
+#include "fill_messages.h"
+#include "function_settings.h"
+
+#include <QPushButton>
+#include <QStackedLayout>
+
+namespace mr4500x {
+namespace {
+
+constexpr int ChannelView = 0;
+constexpr int FunctionView = 1;
+
+// Intermediate states are not drawn while one of these lives.
+class UndrawnPanel {
+public:
+  explicit UndrawnPanel(QWidget& panel) : m_panel(panel) { m_panel.setUpdatesEnabled(false); }
+  ~UndrawnPanel() { m_panel.setUpdatesEnabled(true); }
+  UndrawnPanel(const UndrawnPanel&) = delete;
+  UndrawnPanel& operator=(const UndrawnPanel&) = delete;
+
+private:
+  QWidget& m_panel;
+};
+
+} // namespace
+
+EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, EditorServices services, QWidget* parent)
+    : QWidget(parent), m_image(image), m_texts(texts), m_messages(services.messages),
+      m_focusHolder(new QPushButton(this)), m_views(std::make_unique<EditorViews>()) {
+  setObjectName(QStringLiteral("picEditor"));
+  EditorViews& views = *m_views;
+  views.band = new BandFrame(m_messages, {[this] { return LowerBandLimit(m_image.BandBlock); },
+                                          [this](int limit) { SetLowerBandLimit(m_image.BandBlock, limit); },
+                                          [this](int limit) { ReinitialiseChannels(limit); }});
+  views.record = new RecordFrame;
+  views.selectCall = new SelectCallFrame;
+  views.tts = new TtsFrame(m_messages, services.clipboard, texts.decimalSeparator);
+  views.channels = new ChannelFrame(texts, {m_messages, services.clipboard,
+                                            [band = views.band] {
+                                              return Band{ParseWhole(band->LowerText()).value_or(LowestBandLimit),
+                                                          ParseWhole(band->UpperText()).value_or(HighestBandLimit)};
+                                            },
+                                            [mode = views.selectCall] { return mode->IsTts(); },
+                                            [tts = views.tts] { tts->CommitEditors(); }});
+  views.global = new GlobalSettingsFrame(m_messages);
+  views.scan = new ScanFrame;
+  views.keys = new KeyFrame(m_messages);
+  views.fiveTone = new FiveToneFrame;
+  views.resetTime = new ResetTimeFrame(m_messages);
+  views.tune = new TuneFrame;
+  ArrangeViews(*this, views);
+  ConnectFrames();
+
+  m_focusHolder->setObjectName(QStringLiteral("Command1"));
+  m_focusHolder->setAccessibleName(tr("No field"));
+  m_focusHolder->setFocusPolicy(Qt::ClickFocus); // not on the way of Tab
+  m_focusHolder->setGeometry(0, 0, 1, 1);
+  m_focusHolder->lower();
+}
+
+EditorPanel::~EditorPanel() = default;
+
+void EditorPanel::ConnectFrames() {
+  const EditorViews& views = *m_views;
+  connect(views.band, &BandFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.channels, &ChannelFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.global, &GlobalSettingsFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.scan, &ScanFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.keys, &KeyFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.selectCall, &SelectCallFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.tts, &TtsFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.fiveTone, &FiveToneFrame::Changed, this, &EditorPanel::Changed);
+  connect(views.resetTime, &ResetTimeFrame::Changed, this, &EditorPanel::Changed);
+
+  connect(views.selectCall, &SelectCallFrame::ModeChanged, views.channels, &ChannelFrame::ResetSelcallCells);
+  connect(views.selectCall, &SelectCallFrame::ListChanged, this, &EditorPanel::ShowSelcallMode);
+  connect(views.global, &GlobalSettingsFrame::ListChanged, this, &EditorPanel::ShowSelcallMode);
+}
+
+void EditorPanel::ShowSelcallMode() {
+  const bool tts = m_views->selectCall->IsTts();
+  m_views->tts->SetTtsMode(tts);
+  m_views->fiveTone->SetTtsMode(tts);
+}
+
+DecodeEnd EditorPanel::Fill() {
+  Configuration values = Gather(); // a reset time of 0 leaves the box's text
+  const DecodeResult result = Decode(m_image, values, m_texts);
+  SetControls(values, result);
+  if (result.end == DecodeEnd::DataError) {
+    m_messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
+  }
+  return result.end;
+}
+
+void EditorPanel::FillReset(const LocalTime& now) {
+  Configuration values = Gather();
+  ResetEditor(m_image, values, m_texts, now);
+  SetControls(values, {DecodeEnd::Complete, false});
+}
+
+// The order matters: each step runs the change handling of its frame, which may touch fields that a later one fills.
+void EditorPanel::SetControls(const Configuration& values, const DecodeResult& result) {
+  const UndrawnPanel undrawn(*this);
+  const EditorViews& views = *m_views;
+  views.band->Fill(values);
+  views.tune->Fill(values);
+  views.selectCall->Fill(values);
+  views.global->FillLists(values);
+  views.scan->FillSignal(values);
+  views.global->FillIdBoxes(values);
+  views.global->FillAni(values);
+  views.channels->LoadChannelGrid(values.channels);
+  views.record->Fill(values);
+  views.scan->FillLists(values);
+  views.keys->Fill(values, result.keyConflict);
+  if (result.end == DecodeEnd::DataError) return;
+  views.fiveTone->Fill(values);
+  views.tts->Fill(values);
+  ShowSelcallMode();
+  views.resetTime->Fill(values);
+}
+
+Configuration EditorPanel::Gather() const {
+  Configuration values;
+  const EditorViews& views = *m_views;
+  views.band->Gather(values);
+  views.tune->Gather(values);
+  views.selectCall->Gather(values);
+  views.global->Gather(values);
+  views.scan->Gather(values);
+  views.channels->StoreChannelGrid(values.channels);
+  views.record->Gather(values);
+  views.keys->Gather(values);
+  views.fiveTone->Gather(values);
+  views.tts->Gather(values);
+  views.resetTime->Gather(values);
+  return values;
+}
+
+void EditorPanel::Collect() {
+  const UndrawnPanel undrawn(*this);
+  Configuration values = Gather();
+  Encode(values, m_image, m_texts);
+  m_views->keys->AfterCollect(values);
+  m_views->fiveTone->AfterCollect(values);
+}
+
+std::array<ChannelTexts, ChannelCount> EditorPanel::ChannelsOfImage() const {
+  std::array<ChannelTexts, ChannelCount> channels;
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+    channels[channel] = TextsOfChannel(m_image, channel, m_texts);
+  }
+  return channels;
+}
+
+void EditorPanel::ReinitialiseChannels(int lowerLimit) {
+  const UndrawnPanel undrawn(*this);
+  SetLowerBandLimit(m_image.BandBlock, lowerLimit);
+  ResetChannels(m_image);
+  m_views->channels->LoadChannelGrid(ChannelsOfImage());
+  // The image learns of a new mode at the next collect only: until then its group calls are the other mode's.
+  if (m_views->selectCall->IsTts() != IsTtsMode(m_image)) m_views->channels->ResetSelcallCells();
+}
+
+void EditorPanel::CommitOpenEditors() {
+  m_views->channels->CommitEditors();
+  m_views->tts->CommitEditors();
+  m_focusHolder->setFocus();
+}
+
+void EditorPanel::HideOpenEditors() {
+  m_views->channels->HideEditors();
+  m_views->tts->HideEditors();
+}
+
+void EditorPanel::Copy() {
+  if (m_views->channels->HasOpenFrequencyEditor()) {
+    m_views->channels->Copy();
+  } else {
+    m_views->tts->Copy();
+  }
+}
+
+void EditorPanel::Paste() {
+  if (m_views->channels->HasOpenFrequencyEditor()) {
+    m_views->channels->Paste();
+  } else {
+    m_views->tts->Paste();
+  }
+}
+
+void EditorPanel::ShowChannelView() {
+  m_views->stack->setCurrentIndex(ChannelView);
+}
+void EditorPanel::ShowFunctionView() {
+  m_views->stack->setCurrentIndex(FunctionView);
+}
+
+// A click that no control takes: on the background, a frame or a label.
+void EditorPanel::mousePressEvent(QMouseEvent* event) {
+  CommitOpenEditors();
+  QWidget::mousePressEvent(event);
+}
+
+} // namespace mr4500x

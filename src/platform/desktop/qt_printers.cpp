@@ -1,0 +1,71 @@
+#include "qt_printers.h"
+
+#include "owner_window.h"
+#include "page_printer.h"
+#include "pdf_printer.h"
+
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace mr4500x {
+namespace {
+
+constexpr char NotStartedText[] = "The printer %1 can't be started.";
+constexpr char NotTakenText[] = "The printer %1 did not take the job.";
+
+class PaperPrinter final : public PagePrinter {
+public:
+  explicit PaperPrinter(QPrinter& printer) : m_printer(printer) {}
+  ~PaperPrinter() override { static_cast<void>(EndPainting()); }
+
+  std::optional<std::string> BeginJob(const std::string& title) override {
+    m_printer.setDocName(QString::fromStdString(title));
+    if (BeginOn(m_printer)) return std::nullopt;
+    return QString::fromUtf8(NotStartedText).arg(m_printer.printerName()).toStdString();
+  }
+  std::optional<std::string> EndJob() override {
+    if (EndPainting() && m_printer.printerState() != QPrinter::Error) return std::nullopt;
+    return QString::fromUtf8(NotTakenText).arg(m_printer.printerName()).toStdString();
+  }
+  void AbandonJob() override {
+    m_printer.abort();
+    static_cast<void>(EndPainting());
+  }
+
+private:
+  QPrinter& m_printer;
+};
+
+} // namespace
+
+QtPrinters::QtPrinters(FileSystem& files) : m_files(files) {}
+
+QtPrinters::~QtPrinters() = default;
+
+QPrinter& QtPrinters::Chosen() {
+  if (m_printer == nullptr) {
+    m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    SetPaper(*m_printer);
+  }
+  return *m_printer;
+}
+
+// Without a printer Qt offers PDF files, and the user has to name one.
+std::unique_ptr<Printer> QtPrinters::CurrentPrinter() {
+  if (!m_isSetUp) m_printer.reset();
+  QPrinter& printer = Chosen();
+  if (printer.outputFormat() != QPrinter::PdfFormat) return std::make_unique<PaperPrinter>(printer);
+  return std::make_unique<PdfPrinter>(m_files, printer.outputFileName().toStdString());
+}
+
+void QtPrinters::SetUpPrinter(const std::string& title) {
+  QPrinter& printer = Chosen();
+  QPrintDialog dialog(&printer, OwnerWindow());
+  dialog.setObjectName(QStringLiteral("printerDialog"));
+  dialog.setWindowTitle(QString::fromUtf8(title));
+  dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+  if (dialog.exec() == QDialog::Accepted) m_isSetUp = true;
+  SetPaper(printer);
+}
+
+} // namespace mr4500x
