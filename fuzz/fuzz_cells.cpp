@@ -23,10 +23,11 @@ struct Editor {
   [[nodiscard]] Band Limits() const { return {LowerBandLimit(image.BandBlock), UpperBandLimit(image.BandBlock)}; }
   // Collects the values and shows what the image holds then.
   Configuration ShownAgain() {
+    CompleteEmergencyPair(values);
+    TakeSelectedStandard(values);
     Encode(values, image, texts);
-    Configuration shown = values;
-    static_cast<void>(Decode(image, shown, texts));
-    return shown;
+    SettleAfterFill(image);
+    return Decode(image, texts).configuration;
   }
   // As the window does it: a new mode empties the cells whose texts belong to the old one.
   void ChooseMode(int position) {
@@ -179,7 +180,7 @@ void PutAnything(Editor& editor, FuzzInput& input) {
 
 void Type(FuzzInput input) {
   Editor editor{BuildFieldTexts(input.Below(2) == 0 ? '.' : ','), {}, {}};
-  ResetEditor(editor.image, editor.values, editor.texts, Moment);
+  editor.values = NewConfiguration(editor.image, editor.texts, Moment);
   void (*const actions[])(Editor&, FuzzInput&) = {TypeFrequency, TypeBand,         TypeId,     TypeResetTime,
                                                   TypeCode,      TypeTts,          ChooseTone, StoreTone,
                                                   SelectKeys,    StoreInformation, PutAnything};

@@ -48,7 +48,7 @@ RadioImage SavedAndOpened(MemoryFileSystem& files, const RadioImage& image) {
 // A frequency that the 18 bits of a written count hold.
 bool IsWritable(const ChannelTexts& channel, GridColumn freq, GridColumn step) {
   const auto megahertz = ParseDecimal(channel[freq], Texts.decimalSeparator);
-  const int unit = StepUnit(StepCode(channel[step], Texts.decimalSeparator));
+  const int unit = StepUnit(StepCode(channel[step], Texts.decimalSeparator).value_or(1));
   return megahertz && CountOfUnits(*megahertz, 5, unit) < 1 << 18;
 }
 
@@ -88,20 +88,17 @@ void OpenFile(const std::string& content) {
   }
   SavedAndOpened(files, image);
 
-  RadioImage reset;
-  Configuration shown;
-  ResetEditor(reset, shown, Texts, Moment);
-  const DecodeResult decoded = Decode(image, shown, Texts);
-  Configuration shownFirst = shown;
-  Encode(shown, image, Texts);
-  shownFirst.keys = shown.keys; // the collect completes the emergency pair
+  Decoded decoded = Decode(image, Texts);
+  SettleAfterFill(image);
+  CompleteEmergencyPair(decoded.configuration);
+  Encode(decoded.configuration, image, Texts);
   image = SavedAndOpened(files, image);
   const RadioImage collected = image;
-  Configuration shownAgain = shown;
-  const DecodeResult decodedAgain = Decode(image, shownAgain, Texts);
+  const Decoded decodedAgain = Decode(image, Texts);
   Require(decodedAgain.end == DecodeEnd::Complete && !decodedAgain.keyConflict, "what was collected can be shown");
-  if (decoded.end == DecodeEnd::Complete) RequireSameView(shownFirst, shownAgain);
-  Encode(shownAgain, image, Texts);
+  if (decoded.end == DecodeEnd::Complete) RequireSameView(decoded.configuration, decodedAgain.configuration);
+  SettleAfterFill(image);
+  Encode(decodedAgain.configuration, image, Texts);
   Require(image == collected, "collecting once more changes nothing");
 }
 

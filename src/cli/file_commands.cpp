@@ -27,10 +27,11 @@ bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& imag
 bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator, RadioImage& image,
                           Configuration& values, Terminal& terminal) {
   if (!LoadForCommand(files, path, image, terminal)) return false;
-  const DecodeResult result = Decode(image, values, BuildFieldTexts(decimalSeparator));
-  if (result.keyConflict) terminal.err << KeyConflictText << '\n';
-  if (result.end == DecodeEnd::DataError) terminal.err << DataErrorText << '\n';
-  return result.end != DecodeEnd::DataError;
+  Decoded decoded = Decode(image, BuildFieldTexts(decimalSeparator));
+  if (decoded.keyConflict) terminal.err << KeyConflictText << '\n';
+  if (decoded.end == DecodeEnd::DataError) terminal.err << DataErrorText << '\n';
+  values = std::move(decoded.configuration);
+  return decoded.end != DecodeEnd::DataError;
 }
 
 bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {
@@ -42,9 +43,7 @@ bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage
 ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& now, Terminal& terminal) {
   const FieldTexts texts = BuildFieldTexts(DecimalSeparator);
   RadioImage image;
-  Configuration values;
-  ResetEditor(image, values, texts, now);
-  Encode(values, image, texts); // as a save does
+  Encode(NewConfiguration(image, texts, now), image, texts); // as a save does
   return SaveForCommand(files, path, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
 }
 

@@ -1,4 +1,3 @@
-// The list texts, written out.
 #include "choice_lists.h"
 
 namespace mr4500x {
@@ -37,37 +36,71 @@ constexpr std::array<Text, 2> ManualTuneItems = {"Enable", "Disable"};
 constexpr std::array<Text, 11> StandardItems = {
     "ZVEI1", "ZVEI2", "ZVEI3", "PZVEI", "DZVEI", "PDZVEI", "CCIR1", "CCIR2", "PCCIR", "EEA", "NATEL"};
 
-constexpr std::array<std::span<const Text>, ChoiceListCount> Lists = {
-    SelectCallItems, OffOnItems,     BatterySaveItems, BusyChLockItems, TxTotItems,        // SelectCall … TxTot
-    SquelchLevelItems, OffOnItems,   DigitTimeItems,   DigitTimeItems,  PttIdItems,        // SquelchLevel … PttId
-    VoxSensivityItems, OffOnItems,   ScanModeItems,    HalfSecondItems, PriorityChItems,   // VoxSensivity … PriorityCh
-    LookBackItems,   HalfSecondItems, RevertChItems,   ManualTuneItems, StandardItems};    // LookBack … Standards
+struct List {
+  std::span<const Text> items;
+  ListCoding coding;
+};
 
-constexpr std::array<Text, 10> ShortAItems = {
-    "Unassigned", EmergencyAlertItem, "Scan", "Nuisance Delete", "Power Select",
-    "Talk Around", "Reverse", "Call", "Selcall", "GroupCall"};
-constexpr std::array<Text, 10> LongAItems = {
-    "Unassigned", CancelEmergencyAlertItem, "Scan", "Nuisance Delete", "Power Select",
-    "Talk Around", "Reverse ", "Call", "Selcall", "GroupCall"}; // the blank is meant
-constexpr std::array<Text, 10> ShortBAndCItems = {
-    "Unassigned", "Monitor", "Scan", "Nuisance Delete", "Power Select",
-    "Talk Around", "Reverse", "Call", "Selcall", "GroupCall"};
-constexpr std::array<Text, 9> LongBAndCItems = {
-    "Unassigned", "Scan", "Nuisance Delete", "Power Select", "Talk Around",
-    "Reverse", "Call", "Selcall", "GroupCall"};
+// In the order of ChoiceList.
+constexpr std::array<List, ChoiceListCount> Lists = {{
+    {SelectCallItems,   {}},                             // SelcallMode is 1 for TTS
+    {OffOnItems,        {Setting::BeepTone}},
+    {BatterySaveItems,  {Setting::BatterySave}},
+    {BusyChLockItems,   {}},                             // two fields: on, and its kind
+    {TxTotItems,        {Setting::TxTot}},
+    {SquelchLevelItems, {Setting::SquelchLevel, 1}},
+    {OffOnItems,        {Setting::Compander}},
+    {DigitTimeItems,    {Setting::DigitTime, 5}},
+    {DigitTimeItems,    {Setting::InterDigitTime, 5}},
+    {PttIdItems,        {Setting::PttId}},
+    {VoxSensivityItems, {Setting::VoxSensivity}},
+    {OffOnItems,        {Setting::BeepEnable}},
+    {ScanModeItems,     {Setting::ScanMode}},
+    {HalfSecondItems,   {Setting::ToScanDelay, 5, 5}},
+    {PriorityChItems,   {}},                             // two fields: on, and the channel
+    {LookBackItems,     {Setting::LookBack, 3}},
+    {HalfSecondItems,   {Setting::RestoreTime, 5, 5}},
+    {RevertChItems,     {Setting::RevertCh}},
+    {ManualTuneItems,   {Setting::ManualTune}},
+    {StandardItems,     {}},                             // of ResetTimeBlock
+}};
 
-constexpr std::array<std::span<const Text>, 6> KeyLists = {
+constexpr std::array<KeyItem, 10> ShortAItems = {{
+    {0x00, "Unassigned"}, {0xC1, "Emergency Alert"}, {0x83, "Scan"}, {0x84, "Nuisance Delete"}, {0x85, "Power Select"},
+    {0x86, "Talk Around"}, {0x87, "Reverse"}, {0x88, "Call"}, {0x89, "Selcall"}, {0x8A, "GroupCall"}}};
+constexpr std::array<KeyItem, 10> LongAItems = {{
+    {0x00, "Unassigned"}, {0xC2, "Cancel Emergency Alert"}, {0x83, "Scan"}, {0x84, "Nuisance Delete"},
+    {0x85, "Power Select"}, {0x86, "Talk Around"}, {0x87, "Reverse "}, // with the blank
+    {0x88, "Call"}, {0x89, "Selcall"}, {0x8A, "GroupCall"}}};
+constexpr std::array<KeyItem, 10> ShortBAndCItems = {{
+    {0x00, "Unassigned"}, {0xC0, "Monitor"}, {0x83, "Scan"}, {0x84, "Nuisance Delete"}, {0x85, "Power Select"},
+    {0x86, "Talk Around"}, {0x87, "Reverse"}, {0x88, "Call"}, {0x89, "Selcall"}, {0x8A, "GroupCall"}}};
+constexpr std::array<KeyItem, 9> LongBAndCItems = {{
+    {0x00, "Unassigned"}, {0x83, "Scan"}, {0x84, "Nuisance Delete"}, {0x85, "Power Select"}, {0x86, "Talk Around"},
+    {0x87, "Reverse"}, {0x88, "Call"}, {0x89, "Selcall"}, {0x8A, "GroupCall"}}};
+
+constexpr std::array<std::span<const KeyItem>, KeyCount> KeyLists = {
     ShortAItems, LongAItems, ShortBAndCItems, LongBAndCItems, ShortBAndCItems, LongBAndCItems};
 // clang-format on
 
 } // namespace
 
-std::span<const std::string_view> ItemsOf(ChoiceList list) {
-  return Lists[static_cast<std::size_t>(list)];
+const ListCoding& CodingOf(ChoiceList list) {
+  return Lists[static_cast<std::size_t>(list)].coding;
 }
 
-std::span<const std::string_view> KeyItems(std::size_t key) {
+std::span<const std::string_view> ItemsOf(ChoiceList list) {
+  return Lists[static_cast<std::size_t>(list)].items;
+}
+
+std::span<const KeyItem> KeyItems(std::size_t key) {
   return KeyLists[key];
+}
+
+std::string_view KeyItemText(std::size_t key, int position) {
+  const std::span<const KeyItem> items = KeyItems(key);
+  if (position < 0 || static_cast<std::size_t>(position) >= items.size()) return {};
+  return items[static_cast<std::size_t>(position)].text;
 }
 
 std::string_view ItemAt(std::span<const std::string_view> items, int position) {

@@ -1,10 +1,13 @@
-// The choice lists of the function settings and signaling editors. A list's position, counted from 0, is what the
-// editor's values hold; the texts are what the user sees.
+// The drop-down lists: their items, and the stored code that each item stands for. A list's position, counted from 0,
+// is what the configuration holds; the texts are what the user sees.
 #pragma once
+
+#include "function_settings.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -35,15 +38,42 @@ enum class ChoiceList : std::uint8_t {
 };
 inline constexpr std::size_t ChoiceListCount = 20;
 
+// How a list's positions are stored: position 0 as `firstCode`, each further one `step` more. Without a setting the
+// list has a rule of its own in decode.cpp and encode.cpp.
+struct ListCoding {
+  std::optional<Setting> setting;
+  int firstCode = 0;
+  int step = 1;
+};
+
+[[nodiscard]] const ListCoding& CodingOf(ChoiceList list);
 // Times have a decimal point whatever the separator of the frequencies.
 [[nodiscard]] std::span<const std::string_view> ItemsOf(ChoiceList list);
 
-// The items of key 0 Short A, 1 Long A, 2 Short B, 3 Long B, 4 Short C, 5 Long C.
-[[nodiscard]] std::span<const std::string_view> KeyItems(std::size_t key);
+// Positions of lists that rules look at.
+inline constexpr int TtsMode = 0;      // of SelectCall
+inline constexpr int FiveToneMode = 1; // of SelectCall
+inline constexpr int ListOff = 0;      // of BusyChLock, PriorityCh and PttId
 
-// The single items of cboKey(10) over Short A and cboKey(11) over Long A.
-inline constexpr char EmergencyAlertItem[] = "Emergency Alert";
-inline constexpr char CancelEmergencyAlertItem[] = "Cancel Emergency Alert";
+// The PttId positions are two bits: whether the Connect ID and the Disconnect ID are sent.
+constexpr bool SendsConnectId(int pttId) {
+  return (pttId & 1) != 0;
+}
+constexpr bool SendsDisconnectId(int pttId) {
+  return (pttId & 2) != 0;
+}
+
+// The programmable keys, in the order of KeyProgramBlock.
+enum Key : std::size_t { ShortA, LongA, ShortB, LongB, ShortC, LongC };
+
+// A function of a key, under the byte that KeyProgramBlock holds for it.
+struct KeyItem {
+  std::uint8_t code;
+  std::string_view text;
+};
+[[nodiscard]] std::span<const KeyItem> KeyItems(std::size_t key);
+// "" for no selection.
+[[nodiscard]] std::string_view KeyItemText(std::size_t key, int position);
 
 // The item at a position, "" for no selection.
 [[nodiscard]] std::string_view ItemAt(std::span<const std::string_view> items, int position);

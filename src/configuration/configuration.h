@@ -1,8 +1,9 @@
-// Everything that the editor shows, as one plain record. Decode makes it from the image and Encode puts it back; the
-// windows set their controls from it and gather it again, the headless companion prints it, the reports print from it.
+// One radio's configuration as the editor shows it: every setting in its text or list position. Decode makes it from
+// the image and Encode puts it back; the windows, the reports and the command line show it. A setting by its name is
+// fields.h's business.
 //
-// What a list has no item for is shown as no selection (-1), and what a cell has no text for under a text that names
-// it. Either comes back as it was, unless the user edits that list or cell: a list keeps the code beside its position.
+// A stored value without a list item shows as no selection (-1) and keeps its code; one without a text in a channel
+// cell shows a text that names it ("CTC#77"). Either comes back as it was, unless the user edits that list or cell.
 #pragma once
 
 #include "channel_record.h"
@@ -14,8 +15,11 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace mr4500x {
+
+inline constexpr std::string_view NoNumberText = "----------------"; // no ID, no ANI, no radio record
 
 // The selection of a list and, for no selection, the stored code that has no item.
 struct Choice {
@@ -29,18 +33,18 @@ enum class TtsColumn : std::uint8_t { No, ToneAFreq, ToneADur, ToneBFreq, ToneBD
 inline constexpr std::size_t TtsColumnCount = 7;
 
 struct Configuration {
-  std::string lowerBandLimit, upperBandLimit;
-  std::array<Choice, ChoiceListCount> lists; // by ChoiceList: cboRadio, cboScan, cboTuneSwitch, cboFive
+  std::string lowerBandLimit, upperBandLimit; // whole MHz
+  std::array<Choice, ChoiceListCount> lists;  // by ChoiceList
   bool scanSignal = false;
   std::string emergencyAni, connectId, disconnectId;
-  std::array<ChannelTexts, ChannelCount> channels; // gridChannel, chkCH, chkTx
-  std::string identityNumber, firmwareVersion;
-  KeyProgram keys;                        // cboKey
-  std::array<std::uint8_t, 6> keyCodes{}; // the key bytes behind a list without a selection
+  std::array<ChannelTexts, ChannelCount> channels;
+  std::string identityNumber, firmwareVersion; // of the radio; no file holds them
+  KeyProgram keys;
+  std::array<std::uint8_t, KeyCount> keyCodes{}; // the key bytes behind a list without a selection
   std::array<std::array<std::string, TtsColumnCount>, TtsEntryCount> ttsTable; // column 0 stays empty
-  std::int16_t fiveToneStandard = 1;
+  std::int16_t fiveToneStandard = 1; // the standard in force; the list "Standards" is taken over by a collect
   bool autoResetOff = false;
-  std::string autoResetTime = "5";
+  std::string autoResetTime = "5"; // seconds; kept while it is OFF
 
   Choice& operator[](ChoiceList list) { return lists[static_cast<std::size_t>(list)]; }
   const Choice& operator[](ChoiceList list) const { return lists[static_cast<std::size_t>(list)]; }
@@ -54,28 +58,39 @@ struct Configuration {
 };
 
 // What the user sees of a list: the selected item, "" for no selection.
-[[nodiscard]] std::string_view TextOf(const Configuration& values, ChoiceList list);
-[[nodiscard]] std::string_view KeyTextOf(const Configuration& values, std::size_t key);
+[[nodiscard]] std::string_view TextOf(const Configuration& configuration, ChoiceList list);
+[[nodiscard]] std::string_view KeyTextOf(const Configuration& configuration, std::size_t key);
+[[nodiscard]] inline bool IsTtsMode(const Configuration& configuration) {
+  return configuration[ChoiceList::SelectCall].position == TtsMode;
+}
 
 enum class DecodeEnd {
   Complete,
-  DataError, // ResetTimeBlock byte 2 was 0 and is now 1; the standard, the TTS table and the reset time are not filled
+  DataError, // no valid 5-tone standard is stored; the standard, the TTS table and the reset time have not been filled
 };
-struct DecodeResult {
-  DecodeEnd end;
-  bool keyConflict; // two keys with Talk Around or Reverse: the message is due, the second is put back
+struct Decoded {
+  Configuration configuration;
+  bool keyConflict = false; // two keys had Talk Around or Reverse: the second is put back, the message is due
+  DecodeEnd end = DecodeEnd::Complete;
 };
 
-// Fills the values from the image. The values come in as the editor showed them before: a reset time of 0 leaves the
-// box's text. In 5-tone mode the TTS defaults go into the grid and the image, as the TTS table is not kept then; the
-// tones of a standard that the list does not offer are left in the image.
-[[nodiscard]] DecodeResult Decode(RadioImage& image, Configuration& values, const FieldTexts& texts);
+// What the image shows. In 5-tone mode the TTS table shows its defaults, as the radio keeps none then.
+[[nodiscard]] Decoded Decode(const RadioImage& image, const FieldTexts& texts);
 
-// Collects the image from the values. Forces the emergency pair in both. A number box that holds no number leaves
+// After a fill of the editor: a stored standard 0 becomes 1; in 5-tone mode the TTS defaults go into the image, but the
+// tones of a standard that the list does not offer stay.
+void SettleAfterFill(RadioImage& image);
+
+// Collects the image. Either half of the emergency pair is stored as the pair. A number box that holds no number leaves
 // its bytes as they were.
-void Encode(Configuration& values, RadioImage& image, const FieldTexts& texts);
+void Encode(const Configuration& configuration, RadioImage& image, const FieldTexts& texts);
 
-// The new configuration: the image reset to its defaults and the editor showing it.
-void ResetEditor(RadioImage& image, Configuration& values, const FieldTexts& texts, const LocalTime& now);
+// Before a collect: what Encode stores for half of the emergency pair, shown; true when a key list changed.
+bool CompleteEmergencyPair(Configuration& configuration);
+// Before a collect: in 5-tone mode the standard in force becomes the one selected.
+void TakeSelectedStandard(Configuration& configuration);
+
+// Resets the image to its defaults and returns what the editor shows of it, without a radio's identity and firmware.
+[[nodiscard]] Configuration NewConfiguration(RadioImage& image, const FieldTexts& texts, const LocalTime& now);
 
 } // namespace mr4500x

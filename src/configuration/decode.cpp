@@ -1,10 +1,8 @@
-// Filling the editor's values from the image, in the order of the fill.
 #include "configuration.h"
 
 #include "decimal.h"
-#include "field_rules.h"
-#include "function_settings.h"
-#include "setting_lists.h"
+
+#include <algorithm>
 
 namespace mr4500x {
 namespace {
@@ -14,146 +12,142 @@ Choice ChoiceFor(ChoiceList list, int position, int code) {
   return {listed ? position : -1, static_cast<std::uint8_t>(listed ? 0 : code)};
 }
 
-void DecodeList(const RadioImage& image, const SettingList& row, Configuration& values) {
-  const int code = ReadSetting(image, row.setting);
-  const auto position = static_cast<int>(RoundHalfEven(code - row.firstCode, row.step));
-  values[row.list] = ChoiceFor(row.list, position, code);
+// A code between two items rounds to the nearer.
+void DecodeLists(const RadioImage& image, Configuration& configuration) {
+  for (std::size_t i = 0; i < ChoiceListCount; ++i) {
+    const auto list = static_cast<ChoiceList>(i);
+    const ListCoding& coding = CodingOf(list);
+    if (!coding.setting) continue;
+    const int code = ReadSetting(image, *coding.setting);
+    const auto position = static_cast<int>(RoundHalfEven(code - coding.firstCode, coding.step));
+    configuration[list] = ChoiceFor(list, position, code);
+  }
+  const bool lock = ReadSetting(image, Setting::BusyLockOn) != 0;
+  const bool priority = ReadSetting(image, Setting::PriorityOn) != 0;
+  configuration[ChoiceList::SelectCall] = {IsTtsMode(image) ? TtsMode : FiveToneMode, 0};
+  configuration[ChoiceList::BusyChLock] = {lock ? 1 + ReadSetting(image, Setting::BusyLockKind) : ListOff, 0};
+  configuration[ChoiceList::PriorityCh] = {priority ? 1 + ReadSetting(image, Setting::PriorityCh) : ListOff, 0};
 }
 
 std::string NumberOrNone(std::string digits) {
   return digits.empty() ? std::string(NoNumberText) : std::move(digits);
 }
 
-std::span<const std::uint8_t, 8> ConnectArea(const RadioImage& image) {
-  return std::span(image.PttIdBlock).first<8>();
-}
-std::span<const std::uint8_t, 8> DisconnectArea(const RadioImage& image) {
-  return std::span(image.PttIdBlock).last<8>();
-}
-
-void DecodeGlobalSettings(const RadioImage& image, Configuration& values) {
-  for (const SettingList& row : GlobalSettingLists) {
-    DecodeList(image, row, values);
-  }
-  const bool lock = ReadSetting(image, Setting::BusyLockOn) != 0;
-  values[ChoiceList::BusyChLock] = {lock ? 1 + ReadSetting(image, Setting::BusyLockKind) : 0, 0};
-  values.scanSignal = ReadSetting(image, Setting::ScanSignal) != 0;
-
-  const int pttId = ReadSetting(image, Setting::PttId); // bit 0: Connect ID in use, bit 1: Disconnect ID
-  values.connectId = NumberOrNone(
-      (pttId & 1) != 0 ? UnpackDigits(ConnectArea(image), ReadSetting(image, Setting::ConnectLength)) : "");
-  values.disconnectId = NumberOrNone(
-      (pttId & 2) != 0 ? UnpackDigits(DisconnectArea(image), ReadSetting(image, Setting::DisconnectLength)) : "");
-  values.emergencyAni = NumberOrNone(UnpackDigits(image.EmergencyAniBlock, ReadSetting(image, Setting::AniLength)));
+void DecodeNumbers(const RadioImage& image, Configuration& configuration) {
+  const auto number = [&](bool used, std::span<const std::uint8_t, 8> area, Setting length) {
+    return used ? NumberOrNone(UnpackDigits(area, ReadSetting(image, length))) : std::string(NoNumberText);
+  };
+  const int pttId = configuration[ChoiceList::PttId].position;
+  configuration.connectId = number(SendsConnectId(pttId), ConnectIdDigits(image), Setting::ConnectLength);
+  configuration.disconnectId = number(SendsDisconnectId(pttId), DisconnectIdDigits(image), Setting::DisconnectLength);
+  configuration.emergencyAni = number(true, image.EmergencyAniBlock, Setting::AniLength);
+  configuration.identityNumber = NumberOrNone(CharactersText(image.RadioIdBlock));
+  configuration.firmwareVersion = NumberOrNone(CharactersText(image.FirmwareVersionBlock));
 }
 
-void DecodeScan(const RadioImage& image, Configuration& values) {
-  for (const SettingList& row : ScanLists) {
-    DecodeList(image, row, values);
-  }
-  const bool priority = ReadSetting(image, Setting::PriorityOn) != 0;
-  values[ChoiceList::PriorityCh] = {priority ? ReadSetting(image, Setting::PriorityCh) + 1 : 0, 0};
-}
-
-// The list position of a key byte, no selection where its list has no item for it.
+// Only the bits count that tell the functions apart: an unassigned key may hold any others.
 int KeyPosition(const RadioImage& image, std::size_t key) {
   const std::uint8_t byte = image.KeyProgramBlock[key];
   if ((byte & KeyAssignedBit) == 0) return KeyUnassigned;
+  const bool isSpecial = (byte & KeySpecialBit) != 0;
   if (key == LongB || key == LongC) {
     if ((image.KeyProgramBlock[key - 1] & KeySpecialBit) != 0) return KeyUnassigned;
-    if ((byte & KeySpecialBit) != 0) return KeyNoSelection;
-  } else if ((byte & KeySpecialBit) != 0) {
+    if (isSpecial) return KeyNoSelection;
+  } else if (isSpecial) {
     return KeySpecial;
   }
-  const int code = byte & KeyCodeMask;
-  constexpr int firstCode = 3; // "Scan"
-  const int position = code - KeyCodeOffset(key);
-  const bool listed = code >= firstCode && static_cast<std::size_t>(position) < KeyItems(key).size();
-  return listed ? position : KeyNoSelection;
+  const int code = KeyAssignedBit | (byte & KeyCodeMask);
+  const std::span<const KeyItem> items = KeyItems(key);
+  const auto found =
+      std::find_if(items.begin(), items.end(), [code](const KeyItem& item) { return item.code == code; });
+  return found == items.end() ? KeyNoSelection : static_cast<int>(found - items.begin());
 }
 
-bool DecodeKeys(const RadioImage& image, Configuration& values) {
-  values.keys = {}; // the keys shown before must not meet the new ones
+bool DecodeKeys(const RadioImage& image, Configuration& configuration) {
   bool conflict = false;
   for (std::size_t key = 0; key < KeyCount; ++key) {
-    values.keyCodes[key] = image.KeyProgramBlock[key];
-    conflict |= SelectKey(values.keys, key, KeyPosition(image, key));
+    configuration.keyCodes[key] = image.KeyProgramBlock[key];
+    conflict |= SelectKey(configuration.keys, key, KeyPosition(image, key));
   }
   return conflict;
 }
 
-void FillTtsGrid(const RadioImage& image, Configuration& values, char separator) {
+void DecodeTtsTable(const RadioImage& image, Configuration& configuration, char separator) {
   for (std::size_t n = 1; n <= TtsEntryCount; ++n) {
-    const TtsEntry entry = ReadTtsEntry(image, n);
-    values.Tts(n, TtsColumn::ToneAFreq) = std::to_string(entry.toneA);
-    values.Tts(n, TtsColumn::ToneADur) = TtsTimeText(entry.toneADuration, separator);
-    values.Tts(n, TtsColumn::ToneBFreq) = std::to_string(entry.toneB);
-    values.Tts(n, TtsColumn::ToneBDur) = TtsTimeText(entry.toneBDuration, separator);
-    values.Tts(n, TtsColumn::GapTime) = TtsTimeText(entry.gap, separator);
-    values.Tts(n, TtsColumn::GroupCallDur) = TtsTimeText(entry.groupCallDuration, separator);
+    const TtsEntry entry = IsTtsMode(image) ? ReadTtsEntry(image, n) : TtsDefaultTable[n - 1];
+    configuration.Tts(n, TtsColumn::ToneAFreq) = std::to_string(entry.toneA);
+    configuration.Tts(n, TtsColumn::ToneADur) = TtsTimeText(entry.toneADuration, separator);
+    configuration.Tts(n, TtsColumn::ToneBFreq) = std::to_string(entry.toneB);
+    configuration.Tts(n, TtsColumn::ToneBDur) = TtsTimeText(entry.toneBDuration, separator);
+    configuration.Tts(n, TtsColumn::GapTime) = TtsTimeText(entry.gap, separator);
+    configuration.Tts(n, TtsColumn::GroupCallDur) = TtsTimeText(entry.groupCallDuration, separator);
   }
 }
 
-// The standard, the TTS table and the reset time; the check of the standard can end the fill before them.
-DecodeEnd DecodeSignaling(RadioImage& image, Configuration& values, char separator) {
-  std::uint8_t& stored = image.ResetTimeBlock[StandardByte];
-  if (stored == 0) {
-    stored = 1;
-    return DecodeEnd::DataError;
-  }
-  const std::uint8_t standard = stored;
-  values.fiveToneStandard = standard;
-  values[ChoiceList::Standards] = ChoiceFor(ChoiceList::Standards, standard - 1, standard);
-  if (!IsTtsMode(image)) {
-    const RadioImage before = image;
-    LoadTtsDefaults(image);
-    FillTtsGrid(image, values, separator);
-    if (values[ChoiceList::Standards].position < 0) {
-      image.ToneFrequencyBlock = before.ToneFrequencyBlock; // nothing could rebuild these tones
-      image.ResetTimeBlock = before.ResetTimeBlock;
-    }
-  } else {
-    FillTtsGrid(image, values, separator);
-  }
-  values.autoResetOff = image.ResetTimeBlock[0] == 0;
-  if (!values.autoResetOff) values.autoResetTime = std::to_string(image.ResetTimeBlock[0]);
-  return DecodeEnd::Complete;
+bool IsListedStandard(int standard) {
+  return standard >= 1 && static_cast<std::size_t>(standard) <= FiveToneStandardTable.size();
 }
 
 } // namespace
 
-std::string_view TextOf(const Configuration& values, ChoiceList list) {
-  return ItemAt(ItemsOf(list), values[list].position);
+std::string_view TextOf(const Configuration& configuration, ChoiceList list) {
+  return ItemAt(ItemsOf(list), configuration[list].position);
 }
 
-std::string_view KeyTextOf(const Configuration& values, std::size_t key) {
-  if (key == ShortA && values.keys.fixedShortAShown) return EmergencyAlertItem;
-  if (key == LongA && values.keys.fixedLongAShown) return CancelEmergencyAlertItem;
-  return ItemAt(KeyItems(key), values.keys.selection[key]);
+std::string_view KeyTextOf(const Configuration& configuration, std::size_t key) {
+  const KeyProgram& keys = configuration.keys;
+  const bool fixed = (key == ShortA && keys.fixedShortAShown) || (key == LongA && keys.fixedLongAShown);
+  return KeyItemText(key, fixed ? KeySpecial : keys.selection[key]);
 }
 
-DecodeResult Decode(RadioImage& image, Configuration& values, const FieldTexts& texts) {
-  values.lowerBandLimit = std::to_string(LowerBandLimit(image.BandBlock));
-  values.upperBandLimit = std::to_string(UpperBandLimit(image.BandBlock));
-  DecodeList(image, ManualTuneList, values);
-  values[ChoiceList::SelectCall] = {IsTtsMode(image) ? 0 : 1, 0};
-  DecodeGlobalSettings(image, values);
+Decoded Decode(const RadioImage& image, const FieldTexts& texts) {
+  Decoded decoded;
+  Configuration& configuration = decoded.configuration;
+  configuration.lowerBandLimit = std::to_string(LowerBandLimit(image.BandBlock));
+  configuration.upperBandLimit = std::to_string(UpperBandLimit(image.BandBlock));
+  DecodeLists(image, configuration);
+  configuration.scanSignal = ReadSetting(image, Setting::ScanSignal) != 0;
+  DecodeNumbers(image, configuration);
   for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
-    values.channels[channel] = TextsOfChannel(image, channel, texts);
+    configuration.channels[channel] = TextsOfChannel(image, channel, texts);
   }
-  values.identityNumber = NumberOrNone(CharactersText(image.RadioIdBlock)); // no file holds them
-  values.firmwareVersion = NumberOrNone(CharactersText(image.FirmwareVersionBlock));
-  DecodeScan(image, values);
-  const bool conflict = DecodeKeys(image, values);
-  return {DecodeSignaling(image, values, texts.decimalSeparator), conflict};
+  decoded.keyConflict = DecodeKeys(image, configuration);
+
+  const std::uint8_t standard = image.ResetTimeBlock[StandardByte];
+  if (standard == 0) {
+    decoded.end = DecodeEnd::DataError;
+    return decoded;
+  }
+  configuration.fiveToneStandard = standard;
+  configuration[ChoiceList::Standards] = ChoiceFor(ChoiceList::Standards, standard - 1, standard);
+  DecodeTtsTable(image, configuration, texts.decimalSeparator);
+  const std::uint8_t seconds = image.ResetTimeBlock[ResetTimeByte];
+  configuration.autoResetOff = seconds == 0;
+  if (!configuration.autoResetOff) configuration.autoResetTime = std::to_string(seconds);
+  return decoded;
 }
 
-void ResetEditor(RadioImage& image, Configuration& values, const FieldTexts& texts, const LocalTime& now) {
+void SettleAfterFill(RadioImage& image) {
+  std::uint8_t& standard = image.ResetTimeBlock[StandardByte];
+  if (standard == 0) {
+    standard = 1;
+  } else if (!IsTtsMode(image)) {
+    // Nothing could rebuild the tones of a standard that is not in the table.
+    const auto tones = image.ToneFrequencyBlock;
+    const auto resetTime = image.ResetTimeBlock;
+    LoadTtsDefaults(image);
+    if (IsListedStandard(resetTime[StandardByte])) return;
+    image.ToneFrequencyBlock = tones;
+    image.ResetTimeBlock = resetTime;
+  }
+}
+
+Configuration NewConfiguration(RadioImage& image, const FieldTexts& texts, const LocalTime& now) {
   ResetToDefaults(image, now);
-  // The defaults hold a valid standard and no assigned key, so the fill has nothing to report.
-  static_cast<void>(Decode(image, values, texts));
-  values.identityNumber = NoNumberText;
-  values.firmwareVersion = NoNumberText;
+  Configuration configuration = Decode(image, texts).configuration;
+  configuration.identityNumber = NoNumberText;
+  configuration.firmwareVersion = NoNumberText;
+  return configuration;
 }
 
 } // namespace mr4500x

@@ -9,8 +9,6 @@
 
 namespace mr4500x {
 
-inline constexpr std::string_view NoNumberText = "----------------"; // no ID, no ANI, no radio record
-
 // Frequencies in tens of Hz: a text of five decimals is a whole number of them.
 using TensOfHertz = std::int64_t;
 [[nodiscard]] std::optional<TensOfHertz> ReadFrequency(std::string_view text, char separator);

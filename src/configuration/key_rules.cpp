@@ -1,4 +1,3 @@
-// The key rules, step by step.
 #include "key_rules.h"
 
 namespace mr4500x {
@@ -11,10 +10,10 @@ bool ShowsCancelEmergency(const KeyProgram& keys) {
   return keys.selection[LongA] == KeySpecial;
 }
 
-// The lists without a special function (Long B, Long C) have every later item one place further up.
 bool IsTalkAroundOrReverse(std::size_t key, int position) {
-  const int talkAround = key == LongB || key == LongC ? 4 : 5;
-  return position == talkAround || position == talkAround + 1;
+  if (position < 0) return false;
+  const std::uint8_t code = KeyItems(key)[static_cast<std::size_t>(position)].code;
+  return code == TalkAroundKey || code == ReverseKey;
 }
 
 int CountTalkAroundOrReverse(const KeyProgram& keys) {

@@ -2,6 +2,8 @@
 // "Talk Around" or "Reverse". Pure: a window shows what this record says and the message when told to.
 #pragma once
 
+#include "choice_lists.h"
+
 #include <array>
 #include <cstddef>
 
@@ -12,13 +14,11 @@ inline constexpr int KeyUnassigned = 0;
 inline constexpr int KeySpecial = 1; // Short A "Emergency Alert", Long A "Cancel Emergency Alert", Short B, C "Monitor"
 inline constexpr int KeyNoSelection = -1;
 
-enum Key : std::size_t { ShortA, LongA, ShortB, LongB, ShortC, LongC };
-
 struct KeyProgram {
-  std::array<int, 6> selection{};  // cboKey(0) to cboKey(5)
-  std::array<int, 6> remembered{}; // the last selections that passed the rules
-  bool fixedShortAShown = false;   // cboKey(10) stands in the place of cboKey(0)
-  bool fixedLongAShown = false;    // cboKey(11) stands in the place of cboKey(1)
+  std::array<int, KeyCount> selection{};  // cboKey(0) to cboKey(5)
+  std::array<int, KeyCount> remembered{}; // the last selections that passed the rules
+  bool fixedShortAShown = false;          // cboKey(10) stands in the place of cboKey(0)
+  bool fixedLongAShown = false;           // cboKey(11) stands in the place of cboKey(1)
 
   bool operator==(const KeyProgram&) const = default;
 };

@@ -89,25 +89,24 @@ void EditorPanel::ShowSelcallMode() {
 }
 
 DecodeEnd EditorPanel::Fill() {
-  Configuration values = Gather(); // a reset time of 0 leaves the box's text
-  const DecodeResult result = Decode(m_image, values, m_texts);
-  SetControls(values, result);
-  if (result.end == DecodeEnd::DataError) {
+  const Decoded decoded = Decode(m_image, m_texts);
+  SettleAfterFill(m_image);
+  SetControls(decoded);
+  if (decoded.end == DecodeEnd::DataError) {
     m_messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
   }
-  return result.end;
+  return decoded.end;
 }
 
 void EditorPanel::FillReset(const LocalTime& now) {
-  Configuration values = Gather();
-  ResetEditor(m_image, values, m_texts, now);
-  SetControls(values, {DecodeEnd::Complete, false});
+  SetControls({NewConfiguration(m_image, m_texts, now)});
 }
 
 // The order matters: each step runs the change handling of its frame, which may touch fields that a later one fills.
-void EditorPanel::SetControls(const Configuration& values, const DecodeResult& result) {
+void EditorPanel::SetControls(const Decoded& decoded) {
   const UndrawnPanel undrawn(*this);
   const EditorViews& views = *m_views;
+  const Configuration& values = decoded.configuration;
   views.band->Fill(values);
   views.tune->Fill(values);
   views.selectCall->Fill(values);
@@ -118,8 +117,8 @@ void EditorPanel::SetControls(const Configuration& values, const DecodeResult& r
   views.channels->LoadChannelGrid(values.channels);
   views.record->Fill(values);
   views.scan->FillLists(values);
-  views.keys->Fill(values, result.keyConflict);
-  if (result.end == DecodeEnd::DataError) return;
+  views.keys->Fill(values, decoded.keyConflict);
+  if (decoded.end == DecodeEnd::DataError) return;
   views.fiveTone->Fill(values);
   views.tts->Fill(values);
   ShowSelcallMode();
@@ -146,6 +145,8 @@ Configuration EditorPanel::Gather() const {
 void EditorPanel::Collect() {
   const UndrawnPanel undrawn(*this);
   Configuration values = Gather();
+  CompleteEmergencyPair(values);
+  TakeSelectedStandard(values);
   Encode(values, m_image, m_texts);
   m_views->keys->AfterCollect(values);
   m_views->fiveTone->AfterCollect(values);

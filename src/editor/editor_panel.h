@@ -52,7 +52,7 @@ protected:
 
 private:
   void ConnectFrames();
-  void SetControls(const Configuration& values, const DecodeResult& result);
+  void SetControls(const Decoded& decoded);
   void ShowSelcallMode();
   void ReinitialiseChannels(int lowerLimit);
   [[nodiscard]] std::array<ChannelTexts, ChannelCount> ChannelsOfImage() const;

@@ -18,8 +18,7 @@ using ConstRecord = std::span<const std::uint8_t, 16>;
 
 constexpr std::uint8_t InUseBit = 0x80; // of RxFlags; in TxFlags: transmit allowed
 constexpr std::uint8_t StepCodeMask = 0x03;
-constexpr std::uint8_t KeptFlags = 0x7C;   // of RxFlags and TxFlags when a record is collected
-constexpr std::uint8_t KeptOptions = 0x07; // of OptionFlags
+constexpr std::uint8_t KeptFlags = 0x7C; // of RxFlags and TxFlags when a record is collected
 constexpr std::size_t OptionFlags = 12;
 
 // Where a side of the record stands and which cells show it.
@@ -70,12 +69,11 @@ void CollectSide(RadioImage& image, std::size_t channel, const Side& side, bool 
                  const FieldTexts& texts) {
   const Record record = image.ChannelBlock.Row(channel);
   std::uint8_t& flags = record[side.flags];
-  flags &= KeptFlags;
-  if (marked) flags |= InUseBit;
-  const int stepCode = StepCode(shown[side.step], texts.decimalSeparator);
-  flags = static_cast<std::uint8_t>(flags | stepCode);
-  if (const std::optional<Decimal> megahertz = ParseDecimal(shown[side.freq], texts.decimalSeparator)) {
-    const std::int64_t count = std::max<std::int64_t>(0, CountOfUnits(*megahertz, 5, StepUnit(stepCode)));
+  const int stepCode = StepCode(shown[side.step], texts.decimalSeparator).value_or(flags & StepCodeMask);
+  flags = static_cast<std::uint8_t>((flags & KeptFlags) | (marked ? InUseBit : 0) | stepCode);
+  const std::optional<Decimal> megahertz = ParseDecimal(shown[side.freq], texts.decimalSeparator);
+  if (megahertz && megahertz->digits >= 0 && StepUnit(stepCode) > 0) {
+    const std::int64_t count = CountOfUnits(*megahertz, 5, StepUnit(stepCode));
     WriteCount(record, side.count, static_cast<std::uint32_t>(count & 0xFFFFFFFF));
   }
   ToneField tone = {flags, record[side.toneCode], record[side.toneCode + 1]};
@@ -84,6 +82,11 @@ void CollectSide(RadioImage& image, std::size_t channel, const Side& side, bool 
   record[side.toneCode] = tone.codeA;
   record[side.toneCode + 1] = tone.codeB;
   ApplySelCallText(image, channel, side.direction, shown[side.selCall]);
+}
+
+void CollectOption(Record record, BlockField field, std::string_view text, std::string_view set,
+                   std::string_view clear) {
+  if (text == set || text == clear) WriteField(record, field, text == set ? 1 : 0);
 }
 
 } // namespace
@@ -97,8 +100,11 @@ std::string StepText(int stepCode, char decimalSeparator) {
   return stepCode == 0 ? FormatDecimal(25, 1, 1, decimalSeparator) : FormatDecimal(625, 1, 2, decimalSeparator);
 }
 
-int StepCode(std::string_view text, char decimalSeparator) {
-  return text == StepText(0, decimalSeparator) ? 0 : 1;
+std::optional<int> StepCode(std::string_view text, char decimalSeparator) {
+  for (const int code : {0, 1}) {
+    if (text == StepText(code, decimalSeparator)) return code;
+  }
+  return std::nullopt;
 }
 
 std::string FrequencyText(std::uint32_t count, int stepCode, char decimalSeparator) {
@@ -133,10 +139,9 @@ void RecordFromTexts(RadioImage& image, std::size_t channel, const ChannelTexts&
   if (!shown.noCh) ++image.RadioSettingsBlock[ChannelsInUseByte];
   CollectSide(image, channel, Receive, !shown.noCh, shown, texts);
   CollectSide(image, channel, Transmit, !shown.noTx, shown, texts);
-  record[OptionFlags] &= KeptOptions;
-  WriteField(record, WideBandField, shown[GridColumn::BandWidth] != texts.NarrowBandText ? 1 : 0);
+  CollectOption(record, WideBandField, shown[GridColumn::BandWidth], texts.WideBandText, texts.NarrowBandText);
   for (const OptionField& option : OptionFields) {
-    WriteField(record, option.field, shown[option.column] == option.set ? 1 : 0);
+    CollectOption(record, option.field, shown[option.column], option.set, option.clear);
   }
   ApplyGroupCallText(image, channel, shown[GridColumn::GroupCall]);
 }

@@ -17,6 +17,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -57,7 +58,8 @@ struct ChannelTexts {
 
 // StepCode 0 is 2.5 kHz, 1 is 6.25 kHz. Codes 2 and 3 can come from a radio: a step of 0 kHz with the text "6.25".
 [[nodiscard]] std::string StepText(int stepCode, char decimalSeparator);
-[[nodiscard]] int StepCode(std::string_view text, char decimalSeparator);
+// 0 or 1; nothing for another text.
+[[nodiscard]] std::optional<int> StepCode(std::string_view text, char decimalSeparator);
 
 // The step unit in tens of Hz: 250 or 625, and 0 for codes 2 and 3.
 [[nodiscard]] int StepUnit(int stepCode);

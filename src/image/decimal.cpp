@@ -92,4 +92,12 @@ std::optional<int> ParseWhole(std::string_view text) {
   return number;
 }
 
+std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view prefix) {
+  if (!text.starts_with(prefix)) return std::nullopt;
+  const std::string_view digits = text.substr(prefix.size());
+  const std::optional<int> number = ParseWhole(digits);
+  if (!number || *number > 0xFF || (digits.front() == '0' && digits.size() > 1)) return std::nullopt;
+  return static_cast<std::uint8_t>(*number);
+}
+
 } // namespace mr4500x

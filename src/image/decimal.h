@@ -29,4 +29,7 @@ struct Decimal {
 // A text of 1 to 9 decimal digits and nothing else as its number.
 [[nodiscard]] std::optional<int> ParseWhole(std::string_view text);
 
+// The number after a prefix, 0 to 255 without leading zeros; nothing for any other text.
+[[nodiscard]] std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view prefix);
+
 } // namespace mr4500x

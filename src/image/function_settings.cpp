@@ -31,6 +31,10 @@ void SetLowerBandLimit(std::span<std::uint8_t, 8> band, int megahertz) {
 void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz) {
   WriteLimit(band, 2, megahertz);
 }
+void SetSeriesMark(std::span<std::uint8_t, 8> band) {
+  band[4] = 0x00;
+  band[5] = 0x30;
+}
 
 std::string UnpackDigits(std::span<const std::uint8_t, 8> area, int length) {
   std::string text;

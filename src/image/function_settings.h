@@ -80,6 +80,9 @@ static_assert(RadioSettingsLayout.size() == static_cast<std::size_t>(Setting::An
 
 inline constexpr std::size_t ChannelsInUseByte = 12; // of RadioSettingsBlock
 
+// The bytes of RadioSettingsBlock that an encode builds anew from 0; their bits without a field become 0.
+inline constexpr std::array<std::size_t, 4> RebuiltSettingsBytes = {0, 1, 3, 14};
+
 constexpr BlockField FieldOf(Setting setting) {
   return RadioSettingsLayout[static_cast<std::size_t>(setting)];
 }
@@ -97,8 +100,10 @@ constexpr bool IsTtsMode(const RadioImage& image) {
 // KeyProgramBlock: byte k belongs to key k (Short A, Long A, Short B, Long B, Short C, Long C).
 inline constexpr std::size_t KeyCount = 6;
 inline constexpr std::uint8_t KeyAssignedBit = 0x80;
-inline constexpr std::uint8_t KeySpecialBit = 0x40;           // the key's special function, on the keys that have one
-inline constexpr std::uint8_t KeyCodeMask = 0x0F;             // 3 Scan … 10 GroupCall
+inline constexpr std::uint8_t KeySpecialBit = 0x40; // the key's special function, on the keys that have one
+inline constexpr std::uint8_t KeyCodeMask = 0x0F;   // 3 Scan … 10 GroupCall
+inline constexpr std::uint8_t TalkAroundKey = 0x86;
+inline constexpr std::uint8_t ReverseKey = 0x87;
 inline constexpr std::uint8_t MonitorKey = 0xC0;              // Short B, Short C
 inline constexpr std::uint8_t EmergencyAlertKey = 0xC1;       // Short A
 inline constexpr std::uint8_t CancelEmergencyAlertKey = 0xC2; // Long A
@@ -108,6 +113,22 @@ inline constexpr std::uint8_t CancelEmergencyAlertKey = 0xC2; // Long A
 [[nodiscard]] int UpperBandLimit(std::span<const std::uint8_t, 8> band);
 void SetLowerBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
 void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
+// Bytes 4 and 5, the same in every radio of the series.
+void SetSeriesMark(std::span<std::uint8_t, 8> band);
+
+// Where the digits of the two IDs stand.
+constexpr std::span<std::uint8_t, 8> ConnectIdDigits(RadioImage& image) {
+  return std::span(image.PttIdBlock).first<8>();
+}
+constexpr std::span<const std::uint8_t, 8> ConnectIdDigits(const RadioImage& image) {
+  return std::span(image.PttIdBlock).first<8>();
+}
+constexpr std::span<std::uint8_t, 8> DisconnectIdDigits(RadioImage& image) {
+  return std::span(image.PttIdBlock).last<8>();
+}
+constexpr std::span<const std::uint8_t, 8> DisconnectIdDigits(const RadioImage& image) {
+  return std::span(image.PttIdBlock).last<8>();
+}
 
 // DTMF digits, two a byte, the first in the low nibble; "0" is stored as 10, "*" 11, "#" 12, "A" to "C" 13 to 15,
 // "D" 0. A length above 16 reads as 16.

@@ -82,9 +82,9 @@ void ResetToDefaults(RadioImage& image, const LocalTime& now) {
   image.PttIdBlock = {};
   image.EmergencyAniBlock = {};
   image.KeyProgramBlock = {};
-  image.ResetTimeBlock[0] = 0x00;
+  image.ResetTimeBlock[ResetTimeByte] = 0x00;
   LoadTtsDefaults(image);
-  image.FiveToneStandard = image.ResetTimeBlock[2];
+  image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
   Stamp(image, now);
   image.EmbeddedInfoBlock = {.bytes = {}, .length = 0};
 }

@@ -6,12 +6,16 @@
 #include "function_settings.h"
 #include "hex_digit.h"
 
+#include <algorithm>
 namespace mr4500x {
 namespace {
 
 constexpr std::size_t CodeBytes = 8; // a channel's share of SelCallCodeBlock
 constexpr std::size_t CodeDigits = 5;
 constexpr std::size_t TtsGroupByte = 15;
+constexpr std::string_view TtsPrefix = "TTS ";
+constexpr std::string_view FiveTonePrefix = "5T ";
+constexpr std::array<std::string_view, 3> TtsGroupItems = {"OFF", "Tone A", "Tone B"};
 constexpr std::string_view UnlistedGroup = "Tone #";
 
 // One direction of a channel: its bytes in the channel record and its code digits, d1 first.
@@ -53,12 +57,16 @@ std::uint16_t ReadFrequency(const RadioImage& image, std::size_t position) {
                                     256 * image.ToneFrequencyBlock[2 * position + 1]);
 }
 
-// The number after a prefix, 0 to 255.
-std::optional<std::uint8_t> NumberAfter(std::string_view text, std::string_view prefix) {
-  if (!text.starts_with(prefix)) return std::nullopt;
-  const std::optional<int> number = ParseWhole(text.substr(prefix.size()));
-  if (!number || *number > 0xFF) return std::nullopt;
-  return static_cast<std::uint8_t>(*number);
+// Five digits, of which those above 9 are hexadecimal; nothing for any other text.
+std::optional<std::array<std::uint8_t, CodeDigits>> CodeAfter(std::string_view text, std::string_view prefix) {
+  if (!text.starts_with(prefix) || text.size() != prefix.size() + CodeDigits) return std::nullopt;
+  std::array<std::uint8_t, CodeDigits> digits{};
+  for (std::size_t i = 0; i < CodeDigits; ++i) {
+    const std::optional<std::uint8_t> digit = HexValue(text[prefix.size() + i]);
+    if (!digit) return std::nullopt;
+    digits[i] = *digit;
+  }
+  return digits;
 }
 
 } // namespace
@@ -67,8 +75,8 @@ std::string SelCallText(const RadioImage& image, std::size_t channel, Direction 
   const SelCallPlace& place = PlaceOf(direction);
   const auto record = image.ChannelBlock.Row(channel);
   if (ReadField(record, place.on) == 0) return "OFF";
-  if (IsTtsMode(image)) return "TTS " + std::to_string(record[place.ttsEntry]);
-  std::string text = "5T ";
+  if (IsTtsMode(image)) return std::string(TtsPrefix) + std::to_string(record[place.ttsEntry]);
+  std::string text(FiveTonePrefix);
   for (const BlockField& digit : place.digits) {
     text += HexDigit(ReadField(CodeOf(image, channel), digit));
   }
@@ -78,17 +86,18 @@ std::string SelCallText(const RadioImage& image, std::size_t channel, Direction 
 void ApplySelCallText(RadioImage& image, std::size_t channel, Direction direction, std::string_view text) {
   const SelCallPlace& place = PlaceOf(direction);
   const auto record = image.ChannelBlock.Row(channel);
+  const auto turnOn = [&](bool on, std::uint8_t ttsEntry) {
+    WriteField(record, place.on, on ? 1 : 0);
+    record[place.ttsEntry] = ttsEntry;
+  };
   if (text == "OFF") {
-    WriteField(record, place.on, 0);
-    record[place.ttsEntry] = 0;
-  } else if (const auto entry = NumberAfter(text, "TTS ")) {
-    WriteField(record, place.on, 1);
-    record[place.ttsEntry] = *entry;
-  } else if (text.starts_with("5T ") && text.size() == 3 + CodeDigits) {
-    WriteField(record, place.on, 1);
-    record[place.ttsEntry] = 0;
+    turnOn(false, 0);
+  } else if (IsTtsMode(image)) {
+    if (const auto entry = ByteAfter(text, TtsPrefix)) turnOn(true, *entry);
+  } else if (const auto digits = CodeAfter(text, FiveTonePrefix)) {
+    turnOn(true, 0);
     for (std::size_t i = 0; i < CodeDigits; ++i) {
-      if (const auto digit = HexValue(text[3 + i])) WriteField(CodeOf(image, channel), place.digits[i], *digit);
+      WriteField(CodeOf(image, channel), place.digits[i], (*digits)[i]);
     }
   }
 }
@@ -96,38 +105,28 @@ void ApplySelCallText(RadioImage& image, std::size_t channel, Direction directio
 std::string GroupCallText(const RadioImage& image, std::size_t channel) {
   if (!IsTtsMode(image)) {
     const int group = ReadField(CodeOf(image, channel), FiveToneGroup);
-    return group == 0 ? "OFF" : "5T " + std::to_string(group);
+    return group == 0 ? "OFF" : std::string(FiveTonePrefix) + std::to_string(group);
   }
-  const int group = image.ChannelBlock(channel, TtsGroupByte) & 0x0F;
-  switch (group) {
-  case 0:
-    return "OFF";
-  case 1:
-    return "Tone A";
-  case 2:
-    return "Tone B";
-  default:
-    return std::string(UnlistedGroup) + std::to_string(group);
-  }
+  const auto group = static_cast<std::size_t>(image.ChannelBlock(channel, TtsGroupByte) & 0x0F);
+  if (group < TtsGroupItems.size()) return std::string(TtsGroupItems[group]);
+  return std::string(UnlistedGroup) + std::to_string(group);
 }
 
 void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view text) {
   if (IsTtsMode(image)) {
     std::uint8_t& stored = image.ChannelBlock(channel, TtsGroupByte);
-    if (text == "OFF") {
-      stored = 0x00;
-    } else if (text == "Tone A") {
-      stored = 0x11;
-    } else if (text == "Tone B") {
-      stored = 0x22;
-    } else if (const auto group = NumberAfter(text, UnlistedGroup); group && (stored & 0x0F) != *group) {
-      stored = static_cast<std::uint8_t>((*group & 0x0F) * 0x11);
+    const auto* const item = std::find(TtsGroupItems.begin(), TtsGroupItems.end(), text);
+    if (item != TtsGroupItems.end()) {
+      stored = static_cast<std::uint8_t>((item - TtsGroupItems.begin()) * 0x11); // in both nibbles
+    } else if (const auto group = ByteAfter(text, UnlistedGroup);
+               group && *group >= TtsGroupItems.size() && *group <= 0x0F && (stored & 0x0F) != *group) {
+      stored = static_cast<std::uint8_t>(*group * 0x11);
     }
     return;
   }
-  const auto group = text == "OFF" ? std::optional<std::uint8_t>(0) : NumberAfter(text, "5T ");
+  const auto group = text == "OFF" ? std::optional<std::uint8_t>(0) : ByteAfter(text, FiveTonePrefix);
   const std::span<std::uint8_t> code = CodeOf(image, channel);
-  if (!group || *group > 0x0F) return;
+  if (!group || *group > 0x0F || (*group == 0 && text != "OFF")) return;
   if (*group > FiveToneGroups && ReadField(code, FiveToneGroup) == *group) return;
   WriteField(code, FiveToneGroup, *group);
   WriteField(code, FiveToneGroupCopy, *group);

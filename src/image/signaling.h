@@ -24,8 +24,10 @@ namespace mr4500x {
 enum class Direction : std::uint8_t { Rx, Tx };
 
 inline constexpr std::size_t TtsEntryCount = 8;
-inline constexpr std::size_t ToneLengthByte = 1; // of ResetTimeBlock
-inline constexpr std::size_t StandardByte = 2;   // of ResetTimeBlock
+// The bytes of ResetTimeBlock.
+inline constexpr std::size_t ResetTimeByte = 0; // seconds, 0 for OFF
+inline constexpr std::size_t ToneLengthByte = 1;
+inline constexpr std::size_t StandardByte = 2;
 
 // One row of the TTS table: frequencies in Hz, times in 0.1 s.
 struct TtsEntry {

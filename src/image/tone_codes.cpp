@@ -11,16 +11,17 @@ namespace mr4500x {
 namespace {
 
 constexpr std::string_view UnlistedCtcss = "CTC#";
+constexpr std::string_view DcsNormal = "DCS";
+constexpr std::string_view DcsInverted = "-DCS";
 
 std::optional<std::uint8_t> CtcssIndex(std::string_view text, const FieldTexts& texts) {
   const auto* const found = std::find(texts.CtcssNames.begin(), texts.CtcssNames.end(), text);
   if (found != texts.CtcssNames.end()) {
     return static_cast<std::uint8_t>(found - texts.CtcssNames.begin() + 1);
   }
-  if (!text.starts_with(UnlistedCtcss)) return std::nullopt;
-  const std::optional<int> index = ParseWhole(text.substr(UnlistedCtcss.size()));
-  if (!index || *index > 0xFF) return std::nullopt;
-  return static_cast<std::uint8_t>(*index);
+  const std::optional<std::uint8_t> index = ByteAfter(text, UnlistedCtcss);
+  if (!index || (*index >= 1 && *index <= CtcssToneCount)) return std::nullopt;
+  return index;
 }
 
 void SetToneFlags(ToneField& tone, unsigned bits) {
@@ -28,9 +29,8 @@ void SetToneFlags(ToneField& tone, unsigned bits) {
   tone.flags = static_cast<std::uint8_t>((tone.flags & ~all) | bits);
 }
 
-void ApplyDcsText(ToneField& tone, std::string_view text, unsigned polarity) {
-  if (text.size() < 3) return;
-  const std::string_view digits = text.substr(text.size() - 3);
+void ApplyDcsDigits(ToneField& tone, std::string_view digits, unsigned polarity) {
+  if (digits.size() != 3) return;
   const auto hundreds = HexValue(digits[0]);
   const auto tens = HexValue(digits[1]);
   const auto units = HexValue(digits[2]);
@@ -48,7 +48,7 @@ std::string ToneText(ToneField tone, const FieldTexts& texts) {
     if (tone.codeA >= 1 && tone.codeA <= CtcssToneCount) return texts.CtcssNames[tone.codeA - 1U];
     return std::string(UnlistedCtcss) + std::to_string(tone.codeA);
   }
-  std::string text = (tone.flags & ToneDcsNormalBit) != 0 ? "DCS" : "-DCS";
+  std::string text((tone.flags & ToneDcsNormalBit) != 0 ? DcsNormal : DcsInverted);
   text += HexDigit(tone.codeB & 0x0F);
   text += HexDigit(tone.codeA >> 4);
   text += HexDigit(tone.codeA & 0x0F);
@@ -56,25 +56,15 @@ std::string ToneText(ToneField tone, const FieldTexts& texts) {
 }
 
 void ApplyToneText(ToneField& tone, std::string_view text, const FieldTexts& texts) {
-  if (text.empty()) return;
-  switch (text.front()) {
-  case 'O':
+  if (text == "OFF") {
     SetToneFlags(tone, 0);
-    break;
-  case 'C':
-    if (const auto index = CtcssIndex(text, texts)) {
-      SetToneFlags(tone, ToneOnBit | ToneCtcssBit);
-      tone.codeA = *index;
-    }
-    break;
-  case 'D':
-    ApplyDcsText(tone, text, ToneDcsNormalBit);
-    break;
-  case '-':
-    ApplyDcsText(tone, text, 0);
-    break;
-  default:
-    break;
+  } else if (text.starts_with(DcsNormal)) {
+    ApplyDcsDigits(tone, text.substr(DcsNormal.size()), ToneDcsNormalBit);
+  } else if (text.starts_with(DcsInverted)) {
+    ApplyDcsDigits(tone, text.substr(DcsInverted.size()), 0);
+  } else if (const auto index = CtcssIndex(text, texts)) {
+    SetToneFlags(tone, ToneOnBit | ToneCtcssBit);
+    tone.codeA = *index;
   }
 }
 

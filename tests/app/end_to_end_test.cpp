@@ -174,8 +174,7 @@ RadioMemory EditedMemory() {
   for (const BlockPlace& place : RecordMap)
     std::copy_n(memory.begin() + place.address, place.Bytes(), BlockBytes(image, place.block).begin());
   const FieldTexts texts = BuildFieldTexts('.');
-  Configuration values;
-  EXPECT_EQ(Decode(image, values, texts).end, DecodeEnd::Complete);
+  Configuration values = Decode(image, texts).configuration;
   values.channels[1][GridColumn::RxFreq] = "442.01250";
   values.channels[0][GridColumn::RxTone] = "DCS754";
   values.channels[0][GridColumn::TailCut] = "ON"; // as every tone turns it

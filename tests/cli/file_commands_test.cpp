@@ -17,7 +17,7 @@ protected:
   FieldTexts texts = BuildFieldTexts('.');
   RadioImage image;
   Configuration values;
-  void SetUp() override { ResetEditor(image, values, texts, {2026, 1, 1, 0, 0, 0}); }
+  void SetUp() override { values = NewConfiguration(image, texts, {2026, 1, 1, 0, 0, 0}); }
 };
 
 // The keys and their order are what scripts rely on.
@@ -49,7 +49,7 @@ TEST_F(ConfigurationTest, JsonShowsWhatTheEditorShows) {
   image.KeyProgramBlock = {0xC1, 0xC2, 0x00, 0x87, 0x00, 0x00};
   image.RadioSettingsBlock[1] = 0x0F; // a time-out that the list does not offer
   image.ResetTimeBlock[0] = 255;
-  static_cast<void>(Decode(image, values, texts));
+  values = Decode(image, texts).configuration;
   const Json document = Json::parse(ConfigurationJson(values));
   EXPECT_EQ(document["keys"]["long_a"], "Cancel Emergency Alert");
   EXPECT_EQ(document["keys"]["long_b"], "Reverse");

@@ -87,7 +87,7 @@ TEST(KeyRulesTest, RandomSelectionsComeToRest) {
     const bool emergency = keys.selection[ShortA] == 1 || keys.selection[LongA] == 1;
     int count = 0;
     for (std::size_t k = emergency ? 2 : 0; k < 6; ++k) {
-      const std::string_view text = ItemAt(KeyItems(k), keys.selection[k]);
+      const std::string_view text = KeyItemText(k, keys.selection[k]);
       if (LongPressEnabled(keys, k) && (text == "Talk Around" || text == "Reverse" || text == "Reverse ")) ++count;
     }
     ASSERT_LE(count, 1);

@@ -10,7 +10,7 @@ namespace mr4500x {
 inline Configuration NewValues() {
   RadioImage image;
   Configuration values;
-  ResetEditor(image, values, BuildFieldTexts('.'), {2026, 11, 24, 9, 5, 7});
+  values = NewConfiguration(image, BuildFieldTexts('.'), {2026, 11, 24, 9, 5, 7});
   return values;
 }
 

@@ -187,7 +187,8 @@ void ChannelFrame::OpenToneEditor(int channel, GridColumn column) {
 
 int ChannelFrame::StepBeside(GridColumn frequencyColumn, int channel) const {
   const GridColumn stepColumn = IsTransmit(frequencyColumn) ? GridColumn::TxStep : GridColumn::RxStep;
-  return StepUnit(StepCode(m_gridChannel->Text(channel, stepColumn).toStdString(), m_texts.decimalSeparator));
+  return StepUnit(
+      StepCode(m_gridChannel->Text(channel, stepColumn).toStdString(), m_texts.decimalSeparator).value_or(1));
 }
 
 void ChannelFrame::CommitFrequencyEditor() {

@@ -1,6 +1,7 @@
 // The global settings and their ID boxes.
 #include "global_settings_frame.h"
 
+#include "configuration.h"
 #include "entry_box.h"
 #include "field_rules.h"
 #include "frame_parts.h"

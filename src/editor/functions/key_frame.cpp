@@ -36,8 +36,8 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
   for (std::size_t key = ShortA; key <= LongC; ++key) {
     AddKey(*layout, key, QString::fromUtf8(KeyLabels[key]));
   }
-  m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), EmergencyAlertItem, ShortA);
-  m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), CancelEmergencyAlertItem, LongA);
+  m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), KeyItemText(ShortA, KeySpecial), ShortA);
+  m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), KeyItemText(LongA, KeySpecial), LongA);
   setTabOrder(m_lists[ShortA], m_fixedShortA);
   setTabOrder(m_fixedShortA, m_lists[LongA]);
   setTabOrder(m_lists[LongA], m_fixedLongA);
@@ -50,8 +50,11 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
 }
 
 void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label) {
-  auto* const list = new ChoiceBox(QStringLiteral("cboKey(%1)").arg(key), ItemTexts(KeyItems(key)),
-                                   tr("Key %1 press").arg(label), this);
+  QStringList items;
+  for (const KeyItem& item : KeyItems(key)) {
+    items.append(QString::fromUtf8(item.text));
+  }
+  auto* const list = new ChoiceBox(QStringLiteral("cboKey(%1)").arg(key), items, tr("Key %1 press").arg(label), this);
   AddField(layout, RowOf(key), FieldColumnOf(key) - 1, label, list);
   if (key == ShortA || key == LongA) KeepPlace(*list);
   m_lists[key] = list;

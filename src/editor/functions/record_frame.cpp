@@ -1,6 +1,7 @@
 // The radio's record.
 #include "record_frame.h"
 
+#include "configuration.h"
 #include "field_rules.h"
 #include "frame_parts.h"
 

@@ -60,7 +60,10 @@ TEST(FillAndGather, GiveBackWhatAnyImageHolds) {
       if (random() % 2 == 0) key = std::array<std::uint8_t, 4>{0x86, 0x87, 0xC0, 0x8A}[random() % 4];
     }
     image.ResetTimeBlock[StandardByte] |= 1;
-    const DecodeResult result = Decode(image, values, texts);
+    Decoded result = Decode(image, texts);
+    if (result.configuration.autoResetOff)
+      result.configuration.autoResetTime = values.autoResetTime; // the box keeps it
+    values = result.configuration;
     frames.Fill(values, result.keyConflict);
     EXPECT_EQ(frames.messages.Taken().size(), result.keyConflict ? 1U : 0U);
     conflicts += result.keyConflict ? 1 : 0;

@@ -15,7 +15,7 @@ protected:
   TtsFrameTest() {
     RadioImage image;
     Configuration values;
-    ResetEditor(image, values, BuildFieldTexts('.'), {});
+    values = NewConfiguration(image, BuildFieldTexts('.'), {});
     frame->Fill(values);
   }
   // Rows count from 0 below the headings, columns from 0 with "No.".

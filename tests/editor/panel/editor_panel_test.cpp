@@ -58,9 +58,9 @@ TEST_F(EditorPanelTest, FillAndCollectThroughTheControls) {
     image.ResetTimeBlock[StandardByte] = static_cast<std::uint8_t>(1 + random() % 12);
     if (round % 2 == 0) image.ResetTimeBlock[0] = 0;
     RadioImage expected = image;
-    Configuration values;
-    const DecodeResult result = Decode(expected, values, texts);
-    Encode(values, expected, texts);
+    const Decoded result = Decode(expected, texts);
+    SettleAfterFill(expected);
+    Encode(result.configuration, expected, texts);
     if (round % 2 == 0) expected.ResetTimeBlock[0] = 0;
 
     messages.shown.clear();
