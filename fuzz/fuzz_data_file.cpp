@@ -69,7 +69,8 @@ void RequireSameView(Configuration before, const Configuration& after) {
   Require(before.emergencyAni == after.emergencyAni && before.connectId == after.connectId &&
               before.disconnectId == after.disconnectId,
           "the IDs are shown as before the save");
-  Require(before.autoResetOff == after.autoResetOff && before.autoResetTime == after.autoResetTime,
+  Require(before.autoResetOff == after.autoResetOff &&
+              (after.autoResetOff || before.autoResetTime == after.autoResetTime),
           "the reset time is shown as before the save");
   Require(before.scanSignal == after.scanSignal, "the scan signal is shown as before the save");
 }
@@ -90,13 +91,14 @@ void OpenFile(const std::string& content) {
 
   Decoded decoded = Decode(image, Texts);
   SettleAfterFill(image);
+  if (decoded.end == DecodeEnd::DataError) decoded = Decode(image, Texts); // the standard is valid now
   CompleteEmergencyPair(decoded.configuration);
   Encode(decoded.configuration, image, Texts);
   image = SavedAndOpened(files, image);
   const RadioImage collected = image;
   const Decoded decodedAgain = Decode(image, Texts);
   Require(decodedAgain.end == DecodeEnd::Complete && !decodedAgain.keyConflict, "what was collected can be shown");
-  if (decoded.end == DecodeEnd::Complete) RequireSameView(decoded.configuration, decodedAgain.configuration);
+  RequireSameView(decoded.configuration, decodedAgain.configuration);
   SettleAfterFill(image);
   Encode(decodedAgain.configuration, image, Texts);
   Require(image == collected, "collecting once more changes nothing");

@@ -1,5 +1,6 @@
-// Laying the tables out.
 #include "configuration_table.h"
+
+#include "fields.h"
 
 #include <algorithm>
 #include <vector>
@@ -39,81 +40,69 @@ void AppendSection(std::string& text, std::string_view title, const std::vector<
   AppendAligned(text, rows);
 }
 
-Row ListRow(std::string_view label, const Configuration& values, ChoiceList list) {
-  return {"  " + std::string(label), std::string(TextOf(values, list))};
-}
+constexpr std::string_view Indent = "  ";
 
-Row TextRow(std::string_view label, std::string_view text) {
-  return {"  " + std::string(label), std::string(text)};
-}
-
-std::vector<Row> ChannelRows(const Configuration& values) {
-  std::vector<Row> rows = {{"  CH No.", "In Use", "Rx Freq (MHz)", "Step (kHz)", "Rx CTC/DCS", "Rx SelCall",
-                            "Combo_Signaling", "Tail Cut", "Tx", "Tx Freq (MHz)", "Step (kHz)", "Tx CTC/DCS",
-                            "Tx SelCall", "High Tx Power", "PTT ID Enable", "Band With", "Group Call"}};
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
-    const ChannelTexts& texts = values.channels[channel];
-    Row row = {"   CH" + std::to_string(channel + 1), texts.noCh ? "no" : "yes"};
-    for (std::size_t column = 1; column < GridColumnCount; ++column) {
-      if (static_cast<GridColumn>(column) == GridColumn::TxFreq) row.emplace_back(texts.noTx ? "no" : "yes");
-      row.push_back(texts.cells[column]);
-    }
-    rows.push_back(std::move(row));
+// A heading of a grid without its line break.
+std::string OnOneLine(std::string_view label) {
+  std::string text;
+  for (const char c : label) {
+    if (c != ' ' || !(text.ends_with(' ') || text.ends_with('_'))) text += c;
   }
-  return rows;
+  return text;
 }
 
-std::vector<Row> TtsRows(const Configuration& values) {
-  std::vector<Row> rows = {{"  No.", "Tone A Freq(Hz)", "Tone A Dur.(s)", "Tone B Freq(Hz)", "Tone B Dur.(s)",
-                            "Gap Time(s)", "Group Call Dur.(s)"}};
-  for (std::size_t n = 1; n <= TtsEntryCount; ++n) {
-    Row row = {"  " + std::to_string(n)};
-    row.insert(row.end(), values.ttsTable[n - 1].begin() + 1, values.ttsTable[n - 1].end());
-    rows.push_back(std::move(row));
-  }
-  return rows;
+// Yes or no as ON or OFF, for a check box, and as yes or no in the columns of a grid.
+std::string ShownText(const Configuration& configuration, FieldAt at) {
+  const std::string text = TextOf(configuration, at);
+  if (at.field->kind != FieldKind::YesNo) return text;
+  const bool yes = text == "true";
+  return IsArray(at.field->group) ? (yes ? "yes" : "no") : (yes ? "ON" : "OFF");
 }
 
-std::vector<Row> KeyRows(const Configuration& values) {
-  constexpr std::array<std::string_view, 6> labels = {"Short A", "Long A", "Short B", "Long B", "Short C", "Long C"};
+Row SettingRow(const Configuration& configuration, const Field& field) {
+  return {std::string(Indent) + OnOneLine(field.label), ShownText(configuration, {&field})};
+}
+
+std::vector<Row> GroupRows(const Configuration& configuration, FieldGroup group) {
   std::vector<Row> rows;
-  for (std::size_t key = 0; key < labels.size(); ++key) {
-    rows.push_back(TextRow(labels[key], KeyTextOf(values, key)));
+  for (const Field& field : Fields()) {
+    if (field.group == group) rows.push_back(SettingRow(configuration, field));
+  }
+  return rows;
+}
+
+// One row an entry, under a heading; the first column numbers the entries.
+std::vector<Row> GridRows(const Configuration& configuration, FieldGroup group, std::string_view heading,
+                          std::string_view number) {
+  std::vector<Row> rows(1 + EntriesOf(group));
+  for (std::size_t entry = 0; entry < rows.size(); ++entry) {
+    Row& row = rows[entry];
+    row.push_back(entry == 0 ? std::string(heading) : std::string(number) + std::to_string(entry));
+    for (const Field& field : Fields()) {
+      if (field.group == group)
+        row.push_back(entry == 0 ? OnOneLine(field.label) : ShownText(configuration, {&field, entry}));
+    }
   }
   return rows;
 }
 
 } // namespace
 
-std::string ConfigurationTable(const Configuration& values) {
+std::string ConfigurationTable(const Configuration& configuration) {
+  const auto setting = [&](FieldPlace place) { return SettingRow(configuration, FieldOf(place)); };
+  std::vector<Row> global = GroupRows(configuration, FieldGroup::Global);
+  global.push_back(setting(ChoiceList::ManualTune));
+
   std::string text;
   AppendSection(text, "Frequency Band",
-                {TextRow("Limits", values.lowerBandLimit + " ~ " + values.upperBandLimit + " MHz")});
-  AppendSection(text, "Channel Settings", ChannelRows(values));
-  AppendSection(
-      text, "Global Radio Settings",
-      {ListRow("Battery Save", values, ChoiceList::BatterySave), ListRow("Beep Tone", values, ChoiceList::BeepTone),
-       ListRow("Tx TOT", values, ChoiceList::TxTot), ListRow("Busy CH Lock", values, ChoiceList::BusyChLock),
-       ListRow("Squelch Level", values, ChoiceList::SquelchLevel), ListRow("Compander", values, ChoiceList::Compander),
-       ListRow("VOX Sensivity", values, ChoiceList::VoxSensivity),
-       ListRow("Beep Enable", values, ChoiceList::BeepEnable), TextRow("Emerge ANI", values.emergencyAni),
-       ListRow("PTT ID", values, ChoiceList::PttId), TextRow("Connect ID", values.connectId),
-       TextRow("Disconnect ID", values.disconnectId), ListRow("Digit Time", values, ChoiceList::DigitTime),
-       ListRow("Inter Digit Time", values, ChoiceList::InterDigitTime),
-       ListRow("Manual Tune", values, ChoiceList::ManualTune)});
-  AppendSection(
-      text, "Scan Information",
-      {TextRow("Signal", values.scanSignal ? "ON" : "OFF"), ListRow("Scan Mode", values, ChoiceList::ScanMode),
-       ListRow("Priority CH", values, ChoiceList::PriorityCh),
-       ListRow("TO Scan Delay", values, ChoiceList::ToScanDelay), ListRow("Revert CH", values, ChoiceList::RevertCh),
-       ListRow("Restore Time", values, ChoiceList::RestoreTime), ListRow("Look Back", values, ChoiceList::LookBack)});
-  AppendSection(text, "Key Program", KeyRows(values));
-  AppendSection(text, "Auto Reset Time",
-                {TextRow("Auto Reset Time(s)", values.autoResetOff ? "OFF" : values.autoResetTime)});
-  AppendSection(
-      text, "Signaling",
-      {ListRow("Select Call", values, ChoiceList::SelectCall), ListRow("Standards", values, ChoiceList::Standards)});
-  AppendSection(text, "TTS", TtsRows(values));
+                {{"  Limits", configuration.lowerBandLimit + " ~ " + configuration.upperBandLimit + " MHz"}});
+  AppendSection(text, "Channel Settings", GridRows(configuration, FieldGroup::Channels, "  CH No.", "   CH"));
+  AppendSection(text, "Global Radio Settings", global);
+  AppendSection(text, "Scan Information", GroupRows(configuration, FieldGroup::Scan));
+  AppendSection(text, "Key Program", GroupRows(configuration, FieldGroup::Keys));
+  AppendSection(text, "Auto Reset Time", {setting(Box::AutoResetTime)});
+  AppendSection(text, "Signaling", {setting(ChoiceList::SelectCall), setting(ChoiceList::Standards)});
+  AppendSection(text, "TTS", GridRows(configuration, FieldGroup::Tts, "  No.", "  "));
   return text;
 }
 

@@ -1,7 +1,7 @@
 // Which settings the reports name, under which labels and in which order.
 #include "report_texts.h"
 
-#include "key_rules.h"
+#include "fields.h"
 
 #include <span>
 #include <variant>
@@ -9,11 +9,11 @@
 namespace mr4500x {
 namespace {
 
-using BoxText = std::string Configuration::*;
-struct SelCallWithStandard {}; // in 5-tone mode the mode is followed by the standard
-struct SignalSentence {};      // a sentence in the place of label and value
+using RadioText = std::string Configuration::*; // of the radio record, which is no setting
+struct SelCallWithStandard {};                  // in 5-tone mode the mode is followed by the standard
+struct SignalSentence {};                       // a sentence in the place of label and value
 
-using Source = std::variant<std::monostate, ChoiceList, BoxText, Key, SelCallWithStandard, SignalSentence>;
+using Source = std::variant<std::monostate, FieldPlace, RadioText, SelCallWithStandard, SignalSentence>;
 
 struct Item {
   std::string_view label;
@@ -39,9 +39,9 @@ constexpr Line GlobalRadioSettings[] = {
   {{"Tx TOT: ",            ChoiceList::TxTot},             {"Inter Digit Time: ",    ChoiceList::InterDigitTime}},
   {{"Busy Channel Lock: ", ChoiceList::BusyChLock},        {"Beep Enable: ",         ChoiceList::BeepEnable}},
   {{"Squelch Level: ",     ChoiceList::SquelchLevel},      {"PTT ID: ",              ChoiceList::PttId}},
-  {{"Compander: ",         ChoiceList::Compander},         {"Connect ID: ",          &Configuration::connectId}},
-  {{"VOX Sensitivity: ",   ChoiceList::VoxSensivity},      {"Disconnect ID: ",       &Configuration::disconnectId}},
-  {{"Manual Tune",         ChoiceList::ManualTune},        {"Emergency Ani: ",       &Configuration::emergencyAni}},
+  {{"Compander: ",         ChoiceList::Compander},         {"Connect ID: ",          Box::ConnectId}},
+  {{"VOX Sensitivity: ",   ChoiceList::VoxSensivity},      {"Disconnect ID: ",       Box::DisconnectId}},
+  {{"Manual Tune",         ChoiceList::ManualTune},        {"Emergency Ani: ",       Box::EmergencyAni}},
 };
 constexpr Line ScanInformation[] = {
   {{"Scan Mode: ",         ChoiceList::ScanMode},          {"Priority CH: ",         ChoiceList::PriorityCh}},
@@ -64,19 +64,16 @@ constexpr Section Sections[] = {
 
 std::string SelCallText(const Configuration& values) {
   std::string text(TextOf(values, ChoiceList::SelectCall));
-  const bool isTts = values[ChoiceList::SelectCall].position == 0;
-  if (!isTts) text += " (Standards: " + std::string(TextOf(values, ChoiceList::Standards)) + ")";
+  if (!IsTtsMode(values)) text += " (Standards: " + std::string(TextOf(values, ChoiceList::Standards)) + ")";
   return text;
 }
 
 SettingText Resolve(const Item& item, const Configuration& values) {
   SettingText text{std::string(item.label), {}};
-  if (const auto* list = std::get_if<ChoiceList>(&item.source)) {
-    text.value = TextOf(values, *list);
-  } else if (const auto* box = std::get_if<BoxText>(&item.source)) {
-    text.value = values.*(*box);
-  } else if (const auto* key = std::get_if<Key>(&item.source)) {
-    text.value = KeyTextOf(values, *key);
+  if (const auto* place = std::get_if<FieldPlace>(&item.source)) {
+    text.value = TextOf(values, {&FieldOf(*place)});
+  } else if (const auto* record = std::get_if<RadioText>(&item.source)) {
+    text.value = values.*(*record);
   } else if (std::holds_alternative<SelCallWithStandard>(item.source)) {
     text.value = SelCallText(values);
   } else if (std::holds_alternative<SignalSentence>(item.source)) {
