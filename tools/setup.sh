@@ -42,8 +42,8 @@ svg_package=libqt6svg6
   debian:1[3-9]*) svg_package=qt6-svg-plugins ;;
 esac
 
-# The help is made by qhelpgenerator and read through Qt Help, which keeps its catalogue with the sqlite plugin.
-help_packages="qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite"
+# The help is made by qhelpgenerator and shown by Qt Assistant. Both need the sqlite plugin.
+help_packages="qt6-documentation-tools assistant-qt6 libqt6sql6-sqlite"
 
 # The fonts of the printed reports.
 font_packages="fonts-liberation fonts-droid-fallback"

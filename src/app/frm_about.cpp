@@ -24,7 +24,7 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
 
 // What the program and its companions are made with. None of it is changed, and no font is brought along.
 QString LicencesText() {
-  return FrmAbout::tr("Qt %1 and its modules, Qt Help among them: LGPL version 3\n"
+  return FrmAbout::tr("Qt %1 and its modules: LGPL version 3\n"
                       "CLI11, in mr4500x-cli: BSD 3-Clause\n"
                       "nlohmann-json, in mr4500x-cli: MIT\n"
                       "The licences' texts come with the system's packages, in /usr/share/doc")

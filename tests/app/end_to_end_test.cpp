@@ -158,7 +158,7 @@ protected:
   OnePath dialogs;
   QtFontDialog fonts;
   QtClipboard clipboard;
-  QtHelpViewer help{messages, folder.filePath("none").toStdString(), folder.filePath("none.hlp").toStdString()};
+  QtHelpViewer help{messages, folder.filePath("none.hlp").toStdString()};
   PaperFile printers;
   FrmMain window{{messages, progress, dialogs, fonts, clipboard, help, printers, files, port, clock, input,
                   folder.filePath("MR4500X.ini").toStdString(), folder.path().toStdString(), [] { return Now; },

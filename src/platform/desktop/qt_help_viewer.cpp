@@ -1,47 +1,119 @@
 #include "qt_help_viewer.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLibraryInfo>
 #include <QProcess>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QtEndian>
 
+#include <csignal>
 #include <utility>
+
+#include <sys/prctl.h>
 
 namespace mr4500x {
 namespace {
 
 constexpr char HelpTitle[] = "Help";
+constexpr char MissingText[] = "The help file %1 is missing.";
+constexpr char DamagedText[] = "The help file %1 is damaged or can't be read.";
+constexpr char NoViewerText[] = "The help viewer is missing. Please install the package assistant-qt6.";
 constexpr char NotStartedText[] = "The help viewer %1 can't be started: %2";
+constexpr char FailedText[] = "The help viewer %1 has failed: %2";
 
-constexpr int EndMilliseconds = 1000; // for the viewer to end by itself
+constexpr char ContentsCommands[] = "show contents;expandToc 1;setSource qthelp://mr4500x/help/index.html\n";
+constexpr char IndexCommands[] = "show index\n";
+
+constexpr QSize StartSize(1000, 700);
+constexpr int EndMilliseconds = 1000; // for Assistant to end by itself
+
+// The help file is an SQLite database. Assistant shows an empty window for one that was cut short.
+bool IsWhole(const QString& path) {
+  constexpr char Magic[] = "SQLite format 3";
+  QFile file(path);
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false; // a pipe would block
+  const QByteArray header = file.read(100);
+  if (header.size() < 100 || !header.startsWith(Magic)) return false;
+  const qint64 pageSize = qFromBigEndian<quint16>(header.constData() + 16);
+  const qint64 pageCount = qFromBigEndian<quint32>(header.constData() + 28);
+  return file.size() == pageSize * pageCount;
+}
+
+// Debian keeps Assistant with Qt's tools, outside of PATH.
+QString FindProgram(const QString& name) {
+  const QString withQt = QStandardPaths::findExecutable(name, {QLibraryInfo::path(QLibraryInfo::BinariesPath)});
+  return withQt.isEmpty() ? QStandardPaths::findExecutable(name) : withQt;
+}
+
+// Assistant's own first window is too narrow for the manual's tables.
+QString StartGeometry() {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  QRect place({}, StartSize.boundedTo(room.size()));
+  place.moveCenter(room.center());
+  return QStringLiteral("%1x%2+%3+%4").arg(place.width()).arg(place.height()).arg(place.x()).arg(place.y());
+}
 
 } // namespace
 
-QtHelpViewer::QtHelpViewer(MessageView& messages, std::string viewerProgram, std::string helpFile)
-    : m_messages(messages), m_viewerProgram(std::move(viewerProgram)), m_helpFile(std::move(helpFile)) {}
+QtHelpViewer::QtHelpViewer(MessageView& messages, std::string helpFile, std::string assistant)
+    : m_messages(messages), m_helpFile(std::move(helpFile)), m_assistant(std::move(assistant)) {}
 
 QtHelpViewer::~QtHelpViewer() {
   if (!IsRunning()) return;
-  m_viewer->closeWriteChannel();
-  if (m_viewer->waitForFinished(EndMilliseconds)) return;
-  m_viewer->kill();
-  m_viewer->waitForFinished(EndMilliseconds);
+  m_process->terminate();
+  if (m_process->waitForFinished(EndMilliseconds)) return;
+  m_process->kill();
+  m_process->waitForFinished(EndMilliseconds);
 }
 
 bool QtHelpViewer::IsRunning() const {
-  return m_viewer && m_viewer->state() != QProcess::NotRunning;
+  return m_process && m_process->state() != QProcess::NotRunning;
 }
 
-void QtHelpViewer::Request(const char* line) {
-  if (IsRunning() || Start()) m_viewer->write(line);
+void QtHelpViewer::OpenContents() {
+  Request(ContentsCommands);
+}
+
+void QtHelpViewer::OpenIndex() {
+  Request(IndexCommands);
+}
+
+void QtHelpViewer::Request(const char* commands) {
+  if (IsRunning() || Start()) m_process->write(commands);
 }
 
 bool QtHelpViewer::Start() {
-  m_viewer = std::make_unique<QProcess>();
-  m_viewer->setProcessChannelMode(QProcess::ForwardedChannels);
-  m_viewer->start(QString::fromStdString(m_viewerProgram), {QString::fromStdString(m_helpFile)});
-  if (m_viewer->waitForStarted()) return true;
-  const QString text =
-      QString::fromUtf8(NotStartedText).arg(QString::fromStdString(m_viewerProgram), m_viewer->errorString());
-  m_messages.Show(MessageIcon::Exclamation, HelpTitle, text.toStdString(), MessageButtons::Ok);
+  // Assistant tells why it can't start on its standard error only. It has no window then; the next request says so.
+  if (const auto failed = std::exchange(m_process, nullptr);
+      failed && failed->exitStatus() == QProcess::NormalExit && failed->exitCode() != 0) {
+    const QString reason = QString::fromLocal8Bit(failed->readAllStandardError()).trimmed().section('\n', -1);
+    Report(QString::fromUtf8(FailedText).arg(failed->program(), reason));
+    return false;
+  }
+  const QFileInfo helpFile(QString::fromStdString(m_helpFile));
+  // Assistant forgets a help file that is missing once, and does not take it back.
+  if (!helpFile.exists()) return Report(QString::fromUtf8(MissingText).arg(helpFile.filePath())), false;
+  if (!IsWhole(helpFile.filePath())) return Report(QString::fromUtf8(DamagedText).arg(helpFile.filePath())), false;
+  const QString assistant = FindProgram(QString::fromStdString(m_assistant));
+  if (assistant.isEmpty()) return Report(QString::fromUtf8(NoViewerText)), false;
+
+  m_process = std::make_unique<QProcess>();
+  m_process->setStandardOutputFile(QProcess::nullDevice());
+  m_process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+  const QString collection = helpFile.path() + '/' + helpFile.completeBaseName() + QStringLiteral(".qhc");
+  m_process->start(assistant,
+                   {"-collectionFile", collection, "-enableRemoteControl", "-qwindowgeometry", StartGeometry()});
+  if (m_process->waitForStarted()) return true;
+  Report(QString::fromUtf8(NotStartedText).arg(assistant, m_process->errorString()));
+  m_process.reset();
   return false;
+}
+
+void QtHelpViewer::Report(const QString& text) {
+  m_messages.Show(MessageIcon::Exclamation, HelpTitle, text.toStdString(), MessageButtons::Ok);
 }
 
 } // namespace mr4500x

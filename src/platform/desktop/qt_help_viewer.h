@@ -1,4 +1,4 @@
-// The viewer of the help file: a program of its own, started when help is first asked for.
+// The help, shown by Qt Assistant: a program of its own, so that the manual stays readable during a transfer.
 #pragma once
 
 #include "help_viewer.h"
@@ -8,29 +8,32 @@
 #include <string>
 
 class QProcess;
+class QString;
 
 namespace mr4500x {
 
-// A viewer that runs is told what to show on its standard input; it ends with that input, and so with the program,
-// however the program ends. It reports itself when it can't read the help file.
+// Assistant is started when help is first asked for and told over its standard input what to show. It ends with the
+// program, however the program ends.
 class QtHelpViewer final : public HelpViewer {
 public:
-  QtHelpViewer(MessageView& messages, std::string viewerProgram, std::string helpFile);
+  // The collection that registers the help file lies beside it. The viewer is a path, or a name to look up.
+  QtHelpViewer(MessageView& messages, std::string helpFile, std::string assistant = "assistant");
   ~QtHelpViewer() override;
 
-  void OpenContents() override { Request("contents\n"); }
-  void OpenIndex() override { Request("index\n"); }
+  void OpenContents() override;
+  void OpenIndex() override;
 
   [[nodiscard]] bool IsRunning() const;
 
 private:
-  void Request(const char* line);
+  void Request(const char* commands);
   [[nodiscard]] bool Start();
+  void Report(const QString& text);
 
   MessageView& m_messages;
-  std::string m_viewerProgram;
   std::string m_helpFile;
-  std::unique_ptr<QProcess> m_viewer;
+  std::string m_assistant;
+  std::unique_ptr<QProcess> m_process;
 };
 
 } // namespace mr4500x
