@@ -22,10 +22,10 @@ void OpenLink(const std::string& page) {
 Program::Program()
     : m_folder(ProgramFolder()), m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())),
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }), m_messages(m_input),
-      m_progress(std::string(BareTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"),
-      m_printers(m_files), m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_clipboard, m_help, m_printers,
-                                      m_files, m_port, m_clock, m_input, m_settingsFile, FolderForFiles(), LocalNow,
-                                      [this](int port) { return DeviceOf(port); }, StoreWindowGeometry, OpenLink}) {}
+      m_progress(std::string(BareTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
+      m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_clipboard, m_help, m_printers, m_files, m_port, m_clock,
+                 m_input, m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
+                 StoreWindowGeometry, OpenLink}) {}
 
 // Asked anew each time: adapters come and go while the program runs.
 std::string Program::DeviceOf(int port) {
