@@ -10,7 +10,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr char NotStartedText[] = "The printer %1 can't be started.";
+constexpr char PrinterNotStarted[] = "The printer %1 can't be started.";
 constexpr char NotTakenText[] = "The printer %1 did not take the job.";
 
 class PaperPrinter final : public PagePrinter {
@@ -21,7 +21,7 @@ public:
   std::optional<std::string> BeginJob(const std::string& title) override {
     m_printer.setDocName(QString::fromStdString(title));
     if (BeginOn(m_printer)) return std::nullopt;
-    return QString::fromUtf8(NotStartedText).arg(m_printer.printerName()).toStdString();
+    return QString::fromUtf8(PrinterNotStarted).arg(m_printer.printerName()).toStdString();
   }
   std::optional<std::string> EndJob() override {
     if (EndPainting() && m_printer.printerState() != QPrinter::Error) return std::nullopt;
