@@ -57,10 +57,4 @@ bool WriteProfileStrings(FileSystem& files, const std::string& file, std::span<c
   return ReplaceFile(files, file, std::vector<std::uint8_t>(text.begin(), text.end()), Surplus::Drop);
 }
 
-bool WriteProfileString(FileSystem& files, const std::string& file, std::string_view section, std::string_view key,
-                        std::string_view value) {
-  const ProfileValue one{std::string(section), std::string(key), std::string(value)};
-  return WriteProfileStrings(files, file, std::span(&one, 1));
-}
-
 } // namespace mr4500x

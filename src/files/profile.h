@@ -30,7 +30,5 @@ struct ProfileValue {
 // Writes values in their order and saves once: all of them stand in the file then, or none. The file and its folder
 // are created where they are missing. Settings are no reason to stop anybody: false may be ignored.
 bool WriteProfileStrings(FileSystem& files, const std::string& file, std::span<const ProfileValue> values);
-bool WriteProfileString(FileSystem& files, const std::string& file, std::string_view section, std::string_view key,
-                        std::string_view value);
 
 } // namespace mr4500x

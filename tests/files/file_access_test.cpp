@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 
 #include "files_fixture.h"
-#include "profile.h"
 
 namespace mr4500x {
 
@@ -65,7 +64,7 @@ protected:
 TEST_F(SaveFaults, LeaveTheOldOrTheNewFileAndNoTemporary) {
   std::filesystem::create_symlink("file", Path("link"));
   const Save data = SaveText(Path("link"), "0123456789", Surplus::Keep);
-  const Save profile = [&](FileSystem& faulty) { return WriteProfileString(faulty, Path("link"), "S", "key", "new"); };
+  const Save profile = [&](FileSystem& faulty) { return WriteValue(faulty, Path("link"), "key", "new"); };
   for (const bool killed : {false, true}) {
     FailEachCall(data, "old file with surplus", "0123456789ith surplus", killed);
     FailEachCall(profile, "[S]\nkey=a long old value\n", "[S]\nkey=new\n", killed);

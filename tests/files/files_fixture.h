@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "posix_file_system.h"
+#include "profile.h"
 
 namespace mr4500x {
 
@@ -94,6 +95,11 @@ private:
 
   PosixFileSystem m_real;
 };
+
+inline bool WriteValue(FileSystem& files, const std::string& file, const std::string& key, const std::string& value) {
+  const ProfileValue one{"S", key, value};
+  return WriteProfileStrings(files, file, {&one, 1});
+}
 
 class FilesTest : public testing::Test {
 protected:

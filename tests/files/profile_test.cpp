@@ -1,4 +1,3 @@
-#include "profile.h"
 
 #include "files_fixture.h"
 #include "ini_text.h"
@@ -46,8 +45,8 @@ TEST(IniText, SettingAValueLeavesEveryOtherLineAsItWas) {
   };
   for (const auto& [before, key, value, after] : cases) {
     std::string text = before;
-    EXPECT_TRUE(SetIniValue(text, "S", key, value));
-    EXPECT_EQ(text, after);
+    EXPECT_TRUE(SetIniValue(text, "S", key, value)) << before << key;
+    EXPECT_EQ(text, after) << before << key;
   }
   std::string text = "[S]\n";
   for (const auto& [section, key] :
@@ -58,8 +57,8 @@ TEST(IniText, SettingAValueLeavesEveryOtherLineAsItWas) {
 
 TEST_F(FilesTest, ProfileStringsAreCutAt255BytesBetweenCharacters) {
   const std::string long254(254, 'x');
-  ASSERT_TRUE(WriteProfileString(files, Path("a.ini"), "S", "ascii", long254 + "yz"));
-  ASSERT_TRUE(WriteProfileString(files, Path("a.ini"), "S", "umlaut", long254 + "\xC3\xA4"));
+  ASSERT_TRUE(WriteValue(files, Path("a.ini"), "ascii", long254 + "yz"));
+  ASSERT_TRUE(WriteValue(files, Path("a.ini"), "umlaut", long254 + "\xC3\xA4"));
   EXPECT_EQ(ReadProfileString(files, Path("a.ini"), "S", "ascii", ""), long254 + "y");
   EXPECT_EQ(ReadProfileString(files, Path("a.ini"), "S", "umlaut", ""), long254);
   EXPECT_EQ(ReadProfileString(files, Path("a.ini"), "S", "none", "default"), "default");
@@ -69,11 +68,11 @@ TEST_F(FilesTest, ProfilesAreCreatedButNotOverwrittenWhenTheyCannotBeRead) {
   const std::string tooLong = "[S]\nk=1\n" + std::string(ProfileFileLimit, ';');
   Put("long.ini", tooLong);
   EXPECT_EQ(ReadProfileString(files, Path("long.ini"), "S", "k", "default"), "default");
-  EXPECT_FALSE(WriteProfileString(files, Path("long.ini"), "S", "k", "2"));
+  EXPECT_FALSE(WriteValue(files, Path("long.ini"), "k", "2"));
   EXPECT_EQ(Content("long.ini"), tooLong);
   EXPECT_EQ(ReadProfileString(files, Path(""), "S", "k", "default"), "default"); // a folder
-  EXPECT_FALSE(WriteProfileString(files, Path(""), "S", "k", "2"));
-  EXPECT_TRUE(WriteProfileString(files, Path("new/folder/a.ini"), "S", "k", "v"));
+  EXPECT_FALSE(WriteValue(files, Path(""), "k", "2"));
+  EXPECT_TRUE(WriteValue(files, Path("new/folder/a.ini"), "k", "v"));
   EXPECT_EQ(Content("new/folder/a.ini"), "[S]\nk=v\n");
 }
 

@@ -10,7 +10,6 @@
 
 #include "data_file.h"
 #include "files_fixture.h"
-#include "profile.h"
 
 namespace mr4500x {
 
@@ -86,7 +85,7 @@ protected:
 TEST_F(SaveSurvival, AProcessKilledAtAnySystemCallLeavesTheOldOrTheNewFile) {
   const std::string older = TextOf(ImageOf(1)), newer = TextOf(ImageOf(2));
   const Save data = [&](FileSystem& fs) { return SaveDataFile(fs, Path("file"), ImageOf(2)); };
-  const Save profile = [&](FileSystem& fs) { return WriteProfileString(fs, Path("file"), "S", "key", "new"); };
+  const Save profile = [&](FileSystem& fs) { return WriteValue(fs, Path("file"), "key", "new"); };
   KillEverywhere(data, older, newer);
   KillEverywhere(data, older + "surplus", newer + "surplus");
   KillEverywhere(data, std::nullopt, newer);

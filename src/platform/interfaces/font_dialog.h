@@ -1,7 +1,6 @@
 // The desktop's dialog for choosing a font.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -10,8 +9,7 @@ namespace mr4500x {
 struct FontDescription {
   std::string name = "Arial";
   int size = 8; // points
-  bool bold = false, italic = false, underlined = false, struckOut = false;
-  std::uint32_t colour = 0x000000;
+  bool bold = false, italic = false;
   bool operator==(const FontDescription&) const = default;
 };
 

@@ -55,15 +55,9 @@ bool IsSpare(const fs::path& entry) {
 
 std::string DeviceOfPort(int n, const DevicePins& pins, const std::vector<std::string>& devices) {
   if (n < 1 || n > PortCount) return {};
-#ifdef _WIN32
-  static_cast<void>(pins);
-  static_cast<void>(devices);
-  return "COM" + std::to_string(n);
-#else
   const auto index = static_cast<std::size_t>(n - 1);
   if (!pins[index].empty()) return pins[index];
   return index < devices.size() ? devices[index] : std::string();
-#endif
 }
 
 std::vector<std::string> InPortOrder(std::vector<SerialDevice> devices) {

@@ -13,7 +13,7 @@ namespace mr4500x {
 
 using DevicePins = std::array<std::string, PortCount>; // the device path chosen for COM1 to COM16; empty for none
 
-// The device of port n: on Windows COMn; elsewhere its pin, else the n-th of `devices`; empty for none. A pin takes
+// The device of port n: its pin, else the n-th of `devices`; empty for none. A pin takes
 // nothing out of the count: a device pinned to one port is still the n-th device too, so that pinning one port leaves
 // the others where they were.
 [[nodiscard]] std::string DeviceOfPort(int n, const DevicePins& pins, const std::vector<std::string>& devices);
