@@ -7,8 +7,8 @@
 namespace mr4500x {
 namespace {
 
-constexpr int MostDigits = 12; // 10^12 x 10^5 stays within 64 bits
-constexpr std::array<std::int64_t, MostDigits + 1> PowersOfTen = {
+constexpr int MostParsedDigits = 12; // 10^12 x 10^5 stays within 64 bits
+constexpr std::array<std::int64_t, MostParsedDigits + 1> PowersOfTen = {
     1,          10,          100,           1'000,          10'000,          100'000,          1'000'000,
     10'000'000, 100'000'000, 1'000'000'000, 10'000'000'000, 100'000'000'000, 1'000'000'000'000};
 
@@ -43,7 +43,7 @@ std::optional<Decimal> ParseDecimal(std::string_view text, char separator) {
       fraction = true;
       continue;
     }
-    if (!IsDigit(c) || ++digitCount > MostDigits) return std::nullopt;
+    if (!IsDigit(c) || ++digitCount > MostParsedDigits) return std::nullopt;
     number.digits = number.digits * 10 + (c - '0');
     if (fraction) ++number.decimals;
   }

@@ -7,7 +7,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr double Left = 400;
+constexpr double FrameLeft = 400;
 constexpr double HeaderTop = 200;
 constexpr double HeaderRule = 440;
 constexpr double TitleToEdge = 1300;    // from the title's end to the right edge
@@ -24,11 +24,11 @@ constexpr PrintFont ModelBold = {10, true};
 void AddFrame(ReportPage& page, const ReportTexts& texts, const PageSetting& setting) {
   const std::string title(BareTitle);
   const auto [width, height] = setting.area;
-  page.texts.push_back({Left, HeaderTop, FrameFont, "VTR"});
+  page.texts.push_back({FrameLeft, HeaderTop, FrameFont, "VTR"});
   page.texts.push_back(
       {width - setting.measure.TextWidth(title, FrameFont) - TitleToEdge, HeaderTop, FrameFont, title});
-  page.rules.push_back({Left, HeaderRule, width - RuleToEdge, HeaderRule});
-  page.rules.push_back({Left, height - FooterRule, width - RuleToEdge, height - FooterRule});
+  page.rules.push_back({FrameLeft, HeaderRule, width - RuleToEdge, HeaderRule});
+  page.rules.push_back({FrameLeft, height - FooterRule, width - RuleToEdge, height - FooterRule});
   page.texts.push_back({width - FooterLeft, height - FooterTop, FrameFont, texts.printedAt});
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double LabelX = 800;
 constexpr double ValueX = 2400;
-constexpr double TitleTop = 1100;
+constexpr double TtsTitleTop = 1100;
 constexpr double SelCallTop = 1700;
 constexpr double ResetTimeTop = 2300;
 
@@ -72,7 +72,7 @@ void AddTable(ReportPage& page, const TtsTexts& tts) {
 ReportPage TtsReportPage(const ReportTexts& texts, const PageSetting& setting) {
   return FramedPage(texts, setting, [&](ReportPage& page, const PageSetting&) {
     AddModelLine(page, texts);
-    page.texts.push_back({LabelX, TitleTop, TitleFont, "TTS"});
+    page.texts.push_back({LabelX, TtsTitleTop, TitleFont, "TTS"});
     page.texts.push_back({LabelX, SelCallTop, Small, "SelCall: "});
     page.texts.push_back({ValueX, SelCallTop, SmallBold, texts.selCall});
     page.texts.push_back({LabelX, ResetTimeTop, Small, "Auto Reset Time: "});
