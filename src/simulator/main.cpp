@@ -15,9 +15,7 @@
 #include <utility>
 #include <vector>
 
-#ifdef __linux__
 #include <sys/prctl.h>
-#endif
 
 namespace mr4500x {
 namespace {
@@ -150,9 +148,7 @@ int Main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
   }
-#ifdef __linux__
   prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL); // replies leave within microseconds of their time, not within 50
-#endif
   return Serve(options);
 }
 
