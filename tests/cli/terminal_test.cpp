@@ -9,17 +9,14 @@
 namespace mr4500x {
 namespace {
 
-struct BandCase {
-  const char* story;
-  const char* typed;
-  bool answersQuestions;
-  TerminalMessages::Policy policy;
-  Answer answer;
-};
-
 TEST(TerminalTest, QuestionsAreAnsweredBySomebodyOrByTheRule) {
   using Policy = TerminalMessages::Policy;
-  const BandCase cases[] = {
+  const struct {
+    const char *story, *typed;
+    bool answersQuestions;
+    Policy policy;
+    Answer answer;
+  } cases[] = {
       {"yes", "Yes\n", true, Policy::Ask, Answer::Yes},
       {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, Policy::Ask, Answer::Yes},
       {"no", "NO\n", true, Policy::Ask, Answer::No},
@@ -27,9 +24,8 @@ TEST(TerminalTest, QuestionsAreAnsweredBySomebodyOrByTheRule) {
       {"nobody there", "y\n", false, Policy::Ask, Answer::No},
       {"accepted beforehand", "n\n", true, Policy::AlwaysYes, Answer::Yes},
   };
-  for (const BandCase& c : cases) {
-    std::ostringstream out;
-    std::ostringstream err;
+  for (const auto& c : cases) {
+    std::ostringstream out, err;
     std::istringstream in(c.typed);
     Terminal terminal{out, err, in, c.answersQuestions, false};
     TerminalMessages messages(terminal, c.policy);

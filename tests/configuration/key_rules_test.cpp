@@ -11,69 +11,44 @@ namespace {
 struct Step {
   std::size_t key;
   int position;
-  bool message;
-};
-
-struct KeyCase {
-  const char* story;
-  std::vector<Step> steps;
-  std::array<int, 6> selection;
-  bool fixedShortA, fixedLongA;
+  bool message = false;
 };
 
 TEST(KeyRulesTest, PairsAndConflicts) {
-  const KeyCase cases[] = {
-      {"Emergency Alert brings the fixed Cancel", {{ShortA, 1, false}}, {1, 0, 0, 0, 0, 0}, false, true},
-      {"Cancel brings the fixed Emergency Alert", {{LongA, 1, false}}, {0, 1, 0, 0, 0, 0}, true, false},
-      {"leaving Emergency Alert brings the own list back",
-       {{LongA, 7, false}, {ShortA, 1, false}, {ShortA, 2, false}},
-       {2, 7, 0, 0, 0, 0},
-       false,
-       false},
-      {"leaving Cancel", {{LongA, 1, false}, {LongA, 2, false}}, {0, 2, 0, 0, 0, 0}, false, false},
-      {"a filled pair shows one fixed list", {{ShortA, 1, false}, {LongA, 1, false}}, {1, 1, 0, 0, 0, 0}, false, true},
-      {"a new choice on Long A frees Short A",
-       {{ShortA, 1, false}, {LongA, 2, false}},
-       {0, 2, 0, 0, 0, 0},
-       false,
-       false},
-      {"Reverse against Talk Around", {{ShortA, 5, false}, {LongB, 5, true}}, {5, 0, 0, 0, 0, 0}, false, false},
-      {"a refused key returns to what it had",
-       {{ShortA, 5, false}, {LongC, 3, false}, {LongC, 4, true}},
-       {5, 0, 0, 0, 0, 3},
-       false,
-       false},
-      {"Long A's own Reverse counts", {{LongA, 6, false}, {ShortB, 6, true}}, {0, 6, 0, 0, 0, 0}, false, false},
-      {"a long press under Monitor does not count",
-       {{LongB, 4, false}, {ShortB, 1, false}, {ShortA, 5, false}},
-       {5, 0, 1, 4, 0, 0},
-       false,
-       false},
-      {"leaving Monitor makes it count again",
-       {{LongB, 4, false}, {ShortB, 1, false}, {ShortA, 5, false}, {ShortB, 2, true}},
-       {5, 0, 1, 4, 0, 0},
-       false,
-       false},
-      {"under the emergency pair keys A do not count",
-       {{LongA, 5, false}, {ShortA, 1, false}, {ShortB, 5, false}},
-       {1, 5, 5, 0, 0, 0},
-       false,
-       true},
+  enum Fixed { None, FixedShortA, FixedLongA };
+  constexpr bool refused = true;
+  const struct {
+    const char* story;
+    std::vector<Step> steps;
+    std::array<int, 6> selection;
+    Fixed fixed = None;
+  } cases[] = {
+      {"Emergency Alert brings the fixed Cancel", {{ShortA, 1}}, {1}, FixedLongA},
+      {"Cancel brings the fixed Emergency Alert", {{LongA, 1}}, {0, 1}, FixedShortA},
+      {"leaving Emergency Alert brings the own list back", {{LongA, 7}, {ShortA, 1}, {ShortA, 2}}, {2, 7}},
+      {"leaving Cancel", {{LongA, 1}, {LongA, 2}}, {0, 2}},
+      {"a filled pair shows one fixed list", {{ShortA, 1}, {LongA, 1}}, {1, 1}, FixedLongA},
+      {"a new choice on Long A frees Short A", {{ShortA, 1}, {LongA, 2}}, {0, 2}},
+      {"Reverse against Talk Around", {{ShortA, 5}, {LongB, 5, refused}}, {5}},
+      {"a refused key returns to what it had", {{ShortA, 5}, {LongC, 3}, {LongC, 4, refused}}, {5, 0, 0, 0, 0, 3}},
+      {"Long A's own Reverse counts", {{LongA, 6}, {ShortB, 6, refused}}, {0, 6}},
+      {"a long press under Monitor does not count", {{LongB, 4}, {ShortB, 1}, {ShortA, 5}}, {5, 0, 1, 4}},
+      {"leaving Monitor makes it count", {{LongB, 4}, {ShortB, 1}, {ShortA, 5}, {ShortB, 2, refused}}, {5, 0, 1, 4}},
+      {"under the pair keys A do not count", {{LongA, 5}, {ShortA, 1}, {ShortB, 5}}, {1, 5, 5}, FixedLongA},
       {"and leaving the pair is refused",
-       {{LongA, 5, false}, {ShortA, 1, false}, {ShortB, 5, false}, {ShortA, 2, true}},
-       {1, 5, 5, 0, 0, 0},
-       false,
-       true},
+       {{LongA, 5}, {ShortA, 1}, {ShortB, 5}, {ShortA, 2, refused}},
+       {1, 5, 5},
+       FixedLongA},
   };
-  for (const KeyCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.story);
     KeyProgram keys;
     for (const Step& step : c.steps) {
       EXPECT_EQ(SelectKey(keys, step.key, step.position), step.message);
     }
     EXPECT_EQ(keys.selection, c.selection);
-    EXPECT_EQ(keys.fixedShortAShown, c.fixedShortA);
-    EXPECT_EQ(keys.fixedLongAShown, c.fixedLongA);
+    EXPECT_EQ(keys.fixedShortAShown, c.fixed == FixedShortA);
+    EXPECT_EQ(keys.fixedLongAShown, c.fixed == FixedLongA);
   }
 }
 
