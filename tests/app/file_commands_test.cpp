@@ -2,6 +2,8 @@
 #include "program_fixture.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
+#include <QTableView>
 
 namespace mr4500x {
 namespace {
@@ -95,6 +97,27 @@ TEST_F(ProgramTest, AsksBeforeDataIsLost) {
       Choose("mnuFileClose");
       Happened();
     }
+}
+
+TEST_F(ProgramTest, CloseDropsTheTextOfAnOpenEditor) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  auto* const grid = window->findChild<QTableView*>("gridChannel");
+  auto* const editor = window->findChild<QLineEdit*>("txtChFreq");
+  grid->setFocus();
+  QTest::keyClick(grid, Qt::Key_Space);
+  ASSERT_FALSE(editor->isHidden());
+  QTest::keyClicks(editor, "450.1");
+  bool hidden = false, unchanged = false;
+  desk.answers = {Answer::Cancel};
+  desk.beforeAnswer = [&] {
+    hidden = editor->isHidden();
+    unchanged = grid->model()->index(0, 0).data() == "440.00000";
+  };
+  Choose("mnuFileClose");
+  EXPECT_EQ(Happened(), Lines{question});
+  EXPECT_TRUE(hidden);
+  EXPECT_TRUE(unchanged);
 }
 
 TEST_F(ProgramTest, SavesWhereTheDataBelongs) {

@@ -55,6 +55,7 @@ public:
     return Try([&] { return m_real.ReadAt(file, offset, bytes); });
   }
   std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override {
+    m_unsynced = true;
     return Try([&]() -> std::optional<std::size_t> {
       if (diskRoom == 0) return std::nullopt;
       const auto count = m_real.Write(file, bytes.first(std::min({bytes.size(), mostWritten, diskRoom})));
@@ -72,9 +73,10 @@ public:
     return Try([&] { return m_real.SetMode(file, mode); });
   }
   bool Sync(Handle file) override {
-    return Try([&] { return m_real.Sync(file); });
+    return Try([&] { return !(m_unsynced = !m_real.Sync(file)); });
   }
   bool Rename(const std::string& from, const std::string& to) override {
+    EXPECT_FALSE(m_unsynced) << from << " takes its place before its bytes are on the disk";
     return Try([&] { return m_real.Rename(from, to); });
   }
   bool Remove(const std::string& path) override {
@@ -94,6 +96,7 @@ private:
   }
 
   PosixFileSystem m_real;
+  bool m_unsynced = false; // what was written last
 };
 
 inline bool WriteValue(FileSystem& files, const std::string& file, const std::string& key, const std::string& value) {

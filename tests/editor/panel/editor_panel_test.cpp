@@ -1,5 +1,6 @@
 #include "editor_panel.h"
 
+#include "function_settings.h"
 #include "functions_fixture.h"
 
 #include <QScrollArea>
@@ -116,6 +117,27 @@ TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnew) {
     EXPECT_EQ(image.RadioSettingsBlock[12], yes ? 1 : 2); // channels in use
     EXPECT_EQ(TextsOfChannel(image, 9, texts)[GridColumn::TxFreq], yes ? "136.00000" : "440.00000");
   }
+}
+
+// The image still holds the codes of the mode that it was filled with.
+TEST_F(EditorPanelTest, ANewLowerLimitEmptiesTheSelectiveCallCells) {
+  WriteSetting(image, Setting::SelcallMode, 0);
+  image.ChannelBlock(0, 0) |= 0x04;
+  image.SelCallCodeBlock.bytes.fill(0x33);
+  panel.Fill();
+  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "5T 33333");
+  auto& mode = Find<QComboBox>("cboRadio(0)");
+  mode.setFocus();
+  QTest::keyClick(&mode, Qt::Key_Up); // TTS
+  auto& lower = Find<QLineEdit>("txtFreqBandL");
+  messages.answer = Answer::Yes;
+  lower.setFocus();
+  lower.selectAll();
+  QTest::keyClicks(&lower, "136");
+  Find<QLineEdit>("txtFreqBandU").setFocus();
+  const auto& grid = *Find<QTableView>("gridChannel").model();
+  for (const GridColumn column : {GridColumn::RxSelCall, GridColumn::TxSelCall, GridColumn::GroupCall})
+    EXPECT_EQ(grid.index(0, static_cast<int>(column) - 1).data().toString(), "OFF") << static_cast<int>(column);
 }
 
 TEST_F(EditorPanelTest, TheCurrentCellStaysInSightInASmallWindow) {
