@@ -146,6 +146,10 @@ TEST_F(DecodeEncodeTest, AStandardOfZeroEndsTheFill) {
   EXPECT_EQ(Fill().end, DecodeEnd::Complete);
   EXPECT_EQ(values.autoResetTime, "9");
   EXPECT_FALSE(values.autoResetOff);
+  image.ResetTimeBlock[0] = 0;
+  Fill();
+  EXPECT_TRUE(values.autoResetOff);
+  EXPECT_EQ(values.autoResetTime, "9"); // what the box showed
 }
 
 TEST_F(DecodeEncodeTest, FiveToneModeStoresTheChosenStandard) {
