@@ -41,7 +41,7 @@ FrmMain::FrmMain(MainServices services)
 FrmMain::~FrmMain() = default;
 
 void FrmMain::BuildPanel() {
-  m_panel = new EditorPanel(m_image, m_texts, {m_services.messages, m_services.clipboard});
+  m_panel = new EditorPanel(m_image, m_texts, m_services.messages);
   connect(m_panel, &EditorPanel::Changed, this, [this] { m_state.ModifiedFlag = true; });
   auto* const scroll = new QScrollArea;
   scroll->setFrameShape(QFrame::NoFrame);

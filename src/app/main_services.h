@@ -1,7 +1,6 @@
 // What the program asks of the machine and the desktop, all of it replaceable.
 #pragma once
 
-#include "clipboard.h"
 #include "clock.h"
 #include "file_dialogs.h"
 #include "file_system.h"
@@ -26,7 +25,6 @@ struct MainServices {
   ProgressView& progress;
   FileDialogs& dialogs;
   FontDialog& fonts;
-  Clipboard& clipboard;
   HelpViewer& help;
   Printers& printers;
   FileSystem& files;

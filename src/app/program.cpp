@@ -23,7 +23,7 @@ Program::Program()
     : m_folder(ProgramFolder()), m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())),
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }), m_messages(m_input),
       m_progress(std::string(BareTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
-      m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_clipboard, m_help, m_printers, m_files, m_port, m_clock,
+      m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files, m_port, m_clock,
                  m_input, m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
                  StoreWindowGeometry, OpenLink}) {}
 

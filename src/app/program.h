@@ -4,7 +4,6 @@
 #include "event_clock.h"
 #include "frm_main.h"
 #include "posix_file_system.h"
-#include "qt_clipboard.h"
 #include "qt_file_dialogs.h"
 #include "qt_font_dialog.h"
 #include "qt_help_viewer.h"
@@ -38,7 +37,6 @@ private:
   QtProgressView m_progress;
   QtFileDialogs m_dialogs;
   QtFontDialog m_fonts;
-  QtClipboard m_clipboard;
   QtHelpViewer m_help;
   QtPrinters m_printers;
   FrmMain m_frmMain;

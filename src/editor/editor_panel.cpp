@@ -1,8 +1,8 @@
-// Filling and collecting, and what the frames have to do with each other.
 #include "editor_panel.h"
 
 #include "decimal.h"
 #include "editor_views.h"
+#include "entry_box.h"
 #include "fill_messages.h"
 #include "function_settings.h"
 
@@ -29,9 +29,9 @@ private:
 
 } // namespace
 
-EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, EditorServices services, QWidget* parent)
-    : QWidget(parent), m_image(image), m_texts(texts), m_messages(services.messages),
-      m_focusHolder(new QPushButton(this)), m_views(std::make_unique<EditorViews>()) {
+EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent)
+    : QWidget(parent), m_image(image), m_texts(texts), m_messages(messages), m_focusHolder(new QPushButton(this)),
+      m_views(std::make_unique<EditorViews>()) {
   setObjectName(QStringLiteral("picEditor"));
   EditorViews& views = *m_views;
   views.band = new BandFrame(m_messages, {[this] { return LowerBandLimit(m_image.BandBlock); },
@@ -39,8 +39,8 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, EditorServi
                                           [this](int limit) { ReinitialiseChannels(limit); }});
   views.record = new RecordFrame;
   views.selectCall = new SelectCallFrame;
-  views.tts = new TtsFrame(m_messages, services.clipboard, texts.decimalSeparator);
-  views.channels = new ChannelFrame(texts, {m_messages, services.clipboard,
+  views.tts = new TtsFrame(m_messages, texts.decimalSeparator);
+  views.channels = new ChannelFrame(texts, {m_messages,
                                             [band = views.band] {
                                               return Band{ParseWhole(band->LowerText()).value_or(LowestBandLimit),
                                                           ParseWhole(band->UpperText()).value_or(HighestBandLimit)};
@@ -128,17 +128,17 @@ void EditorPanel::SetControls(const Decoded& decoded) {
 Configuration EditorPanel::Gather() const {
   Configuration values;
   const EditorViews& views = *m_views;
-  views.band->Gather(values);
-  views.tune->Gather(values);
-  views.selectCall->Gather(values);
-  views.global->Gather(values);
-  views.scan->Gather(values);
+  views.band->Collect(values);
+  views.tune->Collect(values);
+  views.selectCall->Collect(values);
+  views.global->Collect(values);
+  views.scan->Collect(values);
   views.channels->StoreChannelGrid(values.channels);
-  views.record->Gather(values);
-  views.keys->Gather(values);
-  views.fiveTone->Gather(values);
-  views.tts->Gather(values);
-  views.resetTime->Gather(values);
+  views.record->Collect(values);
+  views.keys->Collect(values);
+  views.fiveTone->Collect(values);
+  views.tts->Collect(values);
+  views.resetTime->Collect(values);
   return values;
 }
 
@@ -180,20 +180,17 @@ void EditorPanel::HideOpenEditors() {
   m_views->tts->HideEditors();
 }
 
+EntryBox* EditorPanel::OpenEntry() const {
+  EntryBox* const frequency = m_views->channels->OpenEntry();
+  return frequency != nullptr ? frequency : m_views->tts->OpenEntry();
+}
+
 void EditorPanel::Copy() {
-  if (m_views->channels->HasOpenFrequencyEditor()) {
-    m_views->channels->Copy();
-  } else {
-    m_views->tts->Copy();
-  }
+  if (const EntryBox* const box = OpenEntry()) box->CopyWhole();
 }
 
 void EditorPanel::Paste() {
-  if (m_views->channels->HasOpenFrequencyEditor()) {
-    m_views->channels->Paste();
-  } else {
-    m_views->tts->Paste();
-  }
+  if (EntryBox* const box = OpenEntry()) box->PasteWhole();
 }
 
 void EditorPanel::ShowChannelView() {

@@ -2,7 +2,6 @@
 // two the controls are the only copy of the configuration. What the frames show and check is left to them.
 #pragma once
 
-#include "clipboard.h"
 #include "configuration.h"
 #include "message_view.h"
 
@@ -15,17 +14,13 @@ class QPushButton;
 
 namespace mr4500x {
 
+class EntryBox;
 struct EditorViews;
-
-struct EditorServices {
-  MessageView& messages;
-  Clipboard& clipboard;
-};
 
 class EditorPanel : public QWidget {
   Q_OBJECT
 public:
-  EditorPanel(RadioImage& image, const FieldTexts& texts, EditorServices services, QWidget* parent = nullptr);
+  EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent = nullptr);
   ~EditorPanel() override;
 
   // Sets every control from the image, in order, each selection handled as a user's. Tells of conflicting keys; on an
@@ -38,7 +33,7 @@ public:
 
   void CommitOpenEditors(); // takes what they hold; no field has the focus then
   void HideOpenEditors();   // without taking their text
-  void Copy();
+  void Copy();              // the whole text of the open frequency box, if there is one
   void Paste();
 
   void ShowChannelView();
@@ -52,6 +47,7 @@ protected:
 
 private:
   void ConnectFrames();
+  [[nodiscard]] EntryBox* OpenEntry() const;
   void SetControls(const Decoded& decoded);
   void ShowSelcallMode();
   void ReinitialiseChannels(int lowerLimit);

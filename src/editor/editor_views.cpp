@@ -1,4 +1,3 @@
-// Arranging the frames.
 #include "editor_views.h"
 
 #include <QBoxLayout>

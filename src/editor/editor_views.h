@@ -3,15 +3,13 @@
 
 #include "band_frame.h"
 #include "channel_frame.h"
-#include "five_tone_frame.h"
 #include "global_settings_frame.h"
 #include "key_frame.h"
+#include "one_list_frames.h"
 #include "record_frame.h"
 #include "reset_time_frame.h"
 #include "scan_frame.h"
-#include "select_call_frame.h"
 #include "tts_frame.h"
-#include "tune_frame.h"
 
 class QStackedLayout;
 

@@ -157,10 +157,9 @@ protected:
   QtProgressView progress{std::string(BareTitle)};
   OnePath dialogs;
   QtFontDialog fonts;
-  QtClipboard clipboard;
   QtHelpViewer help{messages, folder.filePath("none.hlp").toStdString()};
   PaperFile printers;
-  FrmMain window{{messages, progress, dialogs, fonts, clipboard, help, printers, files, port, clock, input,
+  FrmMain window{{messages, progress, dialogs, fonts, help, printers, files, port, clock, input,
                   folder.filePath("MR4500X.ini").toStdString(), folder.path().toStdString(), [] { return Now; },
                   [this](int) { return device; }, [](const WindowGeometry&) {}, [](const std::string&) {}}};
   QTableWidget& grid = *window.findChild<QTableWidget*>("gridChannel");

@@ -24,7 +24,7 @@ namespace mr4500x {
 
 using Lines = std::vector<std::string>;
 
-struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, Clipboard, HelpViewer, Printers {
+struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, HelpViewer, Printers {
   Lines happened;
   std::deque<Answer> answers;                   // to questions
   std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
@@ -56,8 +56,6 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
     presetFont = preset;
     return font;
   }
-  std::string Text() override { return {}; }
-  void SetText(const std::string&) override {}
   std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
   void OpenContents() override { happened.emplace_back("help contents"); }
@@ -97,7 +95,7 @@ protected:
 
   void Start() {
     window = std::make_unique<FrmMain>(
-        MainServices{desk, desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
+        MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
                      Path("MR4500X.ini"), Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
                      [this](const WindowGeometry& geometry) {

@@ -1,18 +1,17 @@
 // The frame's controls: layout, load and store, check boxes and colours.
 #include "channel_frame.h"
 
-#include "frequency_editor.h"
-#include "scroll_to.h"
-#include "tone_editor.h"
-#include "twips.h"
+#include "choice_box.h"
+#include "entry_box.h"
+#include "entry_messages.h"
+#include "focus_moves.h"
+#include "look.h"
 
 #include <QCheckBox>
-#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPainter>
-#include <QScopedValueRollback>
-#include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
 
 #include <algorithm>
 #include <utility>
@@ -22,6 +21,7 @@ namespace {
 
 constexpr int EditorExtraTwips = 10; // an editor is this much wider than its column
 constexpr int MarginTwips = 90;
+constexpr int LongestFrequency = 9; // "000.00000"
 
 // Styles show the focus around the text of a check box, and these have none.
 class RowCheckBox : public QCheckBox {
@@ -42,17 +42,50 @@ protected:
 
 constexpr std::array SelcallColumns = {GridColumn::RxSelCall, GridColumn::TxSelCall, GridColumn::GroupCall};
 
+// Digits and the decimal separator. Once the keypad's decimal key has been pressed, "." and "," both mean the
+// separator.
+CharacterFilter FrequencyFilter(char separator) {
+  return [separator, eitherMeant = false](char typed, bool onKeypad) mutable -> std::optional<char> {
+    if (typed != '.' && typed != ',') return DigitFilter(typed, onKeypad);
+    eitherMeant = eitherMeant || onKeypad;
+    if (typed != separator && !eitherMeant) return std::nullopt;
+    return separator;
+  };
+}
+
+QStringList ToneItems(const FieldTexts& texts) {
+  QStringList items;
+  for (const std::string& choice : ToneChoiceList(texts)) {
+    items.append(QString::fromStdString(choice));
+  }
+  return items;
+}
+
+int ToneEditorWidth(const ChoiceBox& editor) {
+  const QFontMetrics metrics = editor.fontMetrics();
+  const int widest = std::max(metrics.horizontalAdvance(QLatin1String("CTC200.0")),
+                              metrics.horizontalAdvance(QLatin1String("-DCS000")));
+  QStyleOptionComboBox option;
+  option.initFrom(&editor);
+  return editor.style()
+      ->sizeFromContents(QStyle::CT_ComboBox, &option, QSize(widest, metrics.height()), &editor)
+      .width();
+}
+
 } // namespace
 
 ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices services, QWidget* parent)
-    : QGroupBox(tr("Channel Settings"), parent), m_texts(texts), m_services(std::move(services)),
-      m_gridChannel(new ChannelGrid(this)), m_txtChFreq(new FrequencyEditor(texts.decimalSeparator, this)),
-      m_cboCTCDCS(new ToneEditor(texts, this)) {
+    : GridFrame(tr("Channel Settings"), FrequencyInvalidText, services.messages, parent), m_texts(texts),
+      m_services(std::move(services)), m_gridChannel(new ChannelGrid(this)),
+      m_txtChFreq(new EntryBox("txtChFreq", LongestFrequency, FrequencyFilter(texts.decimalSeparator), {}, this)),
+      m_cboCTCDCS(new ChoiceBox("cboCTCDCS", ToneItems(texts), {}, this)) {
   setObjectName("fraChannel");
   setAccessibleName(title());
-  AddEditors();
+  m_cboCTCDCS->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // else each measure walks it
+  m_cboCTCDCS->KeepPopupWiderThan(QStringLiteral("CTC99999.999"));
+  SetUp(*m_gridChannel, *m_txtChFreq, *m_cboCTCDCS);
   AddCheckBoxes();
-  connect(m_gridChannel, &ChannelGrid::CellActivated, this, &ChannelFrame::gridChannel_Activate);
+  connect(m_txtChFreq, &EntryBox::Stepped, this, [this](int by) { txtChFreq_Step(by > 0); });
   connect(m_gridChannel, &ChannelGrid::OtherKeyPressed, this, [this] {
     CommitEditors();
     m_services.commitOthers();
@@ -60,30 +93,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices service
   connect(m_gridChannel, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* current) {
     if (current != nullptr) ScrollTo(*m_gridChannel->viewport(), m_gridChannel->visualItemRect(current));
   });
-  m_newLooks.setSingleShot(true);
-  connect(&m_newLooks, &QTimer::timeout, this, [this] {
-    LayOut();
-    m_gridChannel->RefreshColours();
-  });
   LayOut();
-}
-
-void ChannelFrame::AddEditors() {
-  m_txtChFreq->hide();
-  m_cboCTCDCS->hide();
-  connect(m_txtChFreq, &FrequencyEditor::EnterPressed, this, [this] {
-    CommitFrequencyEditor();
-    m_gridChannel->setFocus();
-    m_gridChannel->MoveOn();
-  });
-  connect(m_txtChFreq, &FrequencyEditor::EscapePressed, this, &ChannelFrame::HideEditors);
-  connect(m_txtChFreq, &FrequencyEditor::StepPressed, this, &ChannelFrame::StepFrequencyEditor);
-  connect(m_txtChFreq, &FrequencyEditor::FocusLeft, this, &ChannelFrame::CommitFrequencyEditor);
-  connect(m_txtChFreq, &FrequencyEditor::CopyPressed, this, &ChannelFrame::Copy);
-  connect(m_txtChFreq, &FrequencyEditor::PastePressed, this, &ChannelFrame::Paste);
-  connect(m_cboCTCDCS, &ToneEditor::EnterPressed, this, &ChannelFrame::CommitToneEditor);
-  connect(m_cboCTCDCS, &ToneEditor::EscapePressed, this, &ChannelFrame::HideEditors);
-  connect(m_cboCTCDCS, &ToneEditor::FocusLeft, this, &ChannelFrame::CommitToneEditor);
 }
 
 void ChannelFrame::AddCheckBoxes() {
@@ -103,7 +113,8 @@ void ChannelFrame::AddCheckBoxes() {
 
 void ChannelFrame::LayOut() {
   const int margin = Pixels(MarginTwips, *this);
-  m_gridChannel->FitToFont(m_cboCTCDCS->WidthNeeded());
+  m_gridChannel->FitToFont(ToneEditorWidth(*m_cboCTCDCS));
+  m_gridChannel->RefreshColours();
   m_gridChannel->move(contentsMargins().left() + margin, contentsMargins().top() + margin);
   const int row = m_gridChannel->ChannelRowHeight();
   const int extra = Pixels(EditorExtraTwips, *this);
@@ -132,19 +143,6 @@ void ChannelFrame::LayOutCheckBoxes() {
                       size.height());
     }
     left += width + gap;
-  }
-}
-
-void ChannelFrame::changeEvent(QEvent* event) {
-  QGroupBox::changeEvent(event);
-  switch (event->type()) {
-  case QEvent::FontChange:
-  case QEvent::StyleChange:
-  case QEvent::PaletteChange:
-    m_newLooks.start(); // once the controls inside have them too
-    break;
-  default:
-    break;
   }
 }
 
@@ -182,7 +180,6 @@ void ChannelFrame::ResetSelcallCells() {
 }
 
 void ChannelFrame::chkCH_Click(int channel) {
-  const QScopedValueRollback guard(m_gridChannel->ignoresInput, true);
   const auto index = static_cast<std::size_t>(channel);
   ColourRxCells(channel);
   ColourTxCells(channel);
@@ -191,7 +188,6 @@ void ChannelFrame::chkCH_Click(int channel) {
 }
 
 void ChannelFrame::chkTx_Click(int channel) {
-  const QScopedValueRollback guard(m_gridChannel->ignoresInput, true);
   ColourTxCells(channel);
   emit Changed();
 }

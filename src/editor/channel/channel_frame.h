@@ -3,13 +3,9 @@
 #pragma once
 
 #include "channel_grid.h"
-#include "clipboard.h"
 #include "configuration.h"
 #include "field_rules.h"
-#include "message_view.h"
-
-#include <QGroupBox>
-#include <QTimer>
+#include "grid_frame.h"
 
 #include <array>
 #include <functional>
@@ -19,18 +15,14 @@ class QDialog;
 
 namespace mr4500x {
 
-class FrequencyEditor;
-class ToneEditor;
-
 struct ChannelFrameServices {
   MessageView& messages;
-  Clipboard& clipboard;
   std::function<Band()> band;         // the whole-MHz limits shown in the band boxes
   std::function<bool()> isTtsMode;    // the "Select Call" choice
   std::function<void()> commitOthers; // commits the editors of the TTS grid
 };
 
-class ChannelFrame : public QGroupBox {
+class ChannelFrame : public GridFrame {
   Q_OBJECT
 
 public:
@@ -39,25 +31,17 @@ public:
   void LoadChannelGrid(const std::array<ChannelTexts, ChannelCount>& channels);
   void StoreChannelGrid(std::array<ChannelTexts, ChannelCount>& channels) const;
 
-  void CommitEditors(); // an open editor's text is checked, stored and the editor hidden
-  void HideEditors();   // without taking their text
   void ResetSelcallCells();
 
-  [[nodiscard]] bool HasOpenFrequencyEditor() const;
-  // The whole text of the frequency editor. Nothing while it is hidden.
-  void Copy();
-  void Paste();
-
-signals:
-  void Changed(); // each change notification, those of a load included
-
 protected:
-  void changeEvent(QEvent* event) override;
+  void CellOpened(int row, int column) override;
+  [[nodiscard]] std::optional<QString> CheckedEntry(const QString& typed) const override;
+  void Picked(const QString& tone) override;
+  void EntryConfirmed() override { m_gridChannel->MoveOn(); }
+  void LayOut() override;
 
 private:
   void AddCheckBoxes();
-  void AddEditors();
-  void LayOut();
   void LayOutCheckBoxes();
 
   void chkCH_Click(int channel);
@@ -66,9 +50,7 @@ private:
   void ColourTxCells(int channel);
   void SetTailCut(int channel, bool on);
 
-  void gridChannel_Activate();
   void ToggleStep(int channel, GridColumn stepColumn);
-  void ToggleTailCut(int channel);
   void ToggleText(int channel, GridColumn column);
   void AskSelectiveCall(int channel, GridColumn column);
   void AskGroupCall(int channel);
@@ -76,12 +58,9 @@ private:
 
   void OpenFrequencyEditor(int channel, GridColumn column);
   void OpenToneEditor(int channel, GridColumn column);
-  void CommitFrequencyEditor();
-  void CommitToneEditor();
-  void RefuseFrequency();
-  void StepFrequencyEditor(bool up);
-  void Close(QWidget& editor);
-  [[nodiscard]] int StepBeside(GridColumn frequencyColumn, int channel) const;
+  void txtChFreq_Step(bool up);
+  [[nodiscard]] GridColumn EditedColumn() const { return static_cast<GridColumn>(OpenColumn() + 1); }
+  [[nodiscard]] int StepOfEditedCell() const;
 
   const FieldTexts m_texts;
   ChannelFrameServices m_services;
@@ -89,13 +68,8 @@ private:
   std::array<QCheckBox*, ChannelCount> m_chkCH{};
   std::array<QCheckBox*, ChannelCount> m_chkTx{};
   std::array<QWidget*, 2> m_headings{};
-  QTimer m_newLooks; // the desktop's font or colours have changed
-  FrequencyEditor* m_txtChFreq;
-  ToneEditor* m_cboCTCDCS;
-  // The cell under the open editor.
-  int m_editedChannel = 0;
-  GridColumn m_editedColumn = GridColumn::RxFreq;
-  bool m_closing = false; // an editor is being committed or hidden: the focus that leaves it means nothing
+  EntryBox* m_txtChFreq;
+  ChoiceBox* m_cboCTCDCS;
 };
 
 } // namespace mr4500x

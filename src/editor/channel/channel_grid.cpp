@@ -1,13 +1,9 @@
-// The channel grid.
 #include "channel_grid.h"
 
-#include "cell_colours.h"
-#include "twips.h"
+#include "look.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -95,7 +91,11 @@ QString OnTwoLines(const QString& text, const QFontMetrics& metrics) {
 
 class TwoLineHeader : public QHeaderView {
 public:
-  explicit TwoLineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+  explicit TwoLineHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+    setSectionResizeMode(Fixed);
+    setMinimumSectionSize(1);
+    setDefaultAlignment(Qt::AlignCenter);
+  }
 
 protected:
   void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override {
@@ -143,46 +143,21 @@ private:
 } // namespace
 
 ChannelGrid::ChannelGrid(QWidget* parent)
-    : QTableWidget(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, parent),
+    : CellGrid(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, 0, parent),
       m_corner(new QLabel(QString::fromUtf8(Looks[0].header), this)) {
   setObjectName("gridChannel");
   setAccessibleName(tr("Channels"));
   setItemDelegate(new CellDelegate(*this));
-  setEditTriggers(NoEditTriggers);
   setSelectionMode(NoSelection);
-  setTabKeyNavigation(false);
   setWordWrap(false);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  for (int row = 0; row < rowCount(); ++row) {
-    for (int column = 0; column < columnCount(); ++column) {
-      auto* const item = new QTableWidgetItem;
-      item->setTextAlignment(Qt::AlignCenter);
-      item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-      setItem(row, column, item);
-    }
-  }
-  SetUpHeaders();
-  setCurrentCell(0, 0);
-}
-
-void ChannelGrid::SetUpHeaders() {
   setHorizontalHeader(new TwoLineHeader(this));
-  for (std::size_t column = 1; column < GridColumnCount; ++column) {
-    setHorizontalHeaderItem(static_cast<int>(column) - 1,
-                            new QTableWidgetItem(QString::fromUtf8(Looks[column].header)));
+  for (int column = 0; column < columnCount(); ++column) {
+    const ColumnLook& look = Looks[static_cast<std::size_t>(column) + 1];
+    setHorizontalHeaderItem(column, new QTableWidgetItem(QString::fromUtf8(look.header)));
   }
   for (int row = 0; row < rowCount(); ++row) {
     setVerticalHeaderItem(row, new QTableWidgetItem(tr(" CH%1").arg(row + 1)));
   }
-  for (QHeaderView* const header : {horizontalHeader(), verticalHeader()}) {
-    header->setSectionResizeMode(QHeaderView::Fixed);
-    header->setSectionsClickable(false);
-    header->setHighlightSections(false);
-    header->setMinimumSectionSize(1);
-  }
-  horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
-  setCornerButtonEnabled(false);
   m_corner->setAlignment(Qt::AlignCenter);
   m_corner->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -212,12 +187,6 @@ void ChannelGrid::RefreshColours() {
       cell.setForeground(ColourOn(palette(), static_cast<CellColour>(cell.data(ColourRole).toInt())));
     }
   }
-}
-
-void ChannelGrid::MoveOn() {
-  const int cells = rowCount() * columnCount();
-  const int next = (currentRow() * columnCount() + currentColumn() + 1) % cells;
-  setCurrentCell(next / columnCount(), next % columnCount());
 }
 
 int ChannelGrid::CellWidthNeeded(GridColumn column) const {
@@ -285,51 +254,6 @@ QPoint ChannelGrid::EditorCorner(int channel, GridColumn column, int inset) cons
     left += WidthOf(static_cast<GridColumn>(i));
   }
   return {left, y() + ChannelRowHeight() * (channel + 2) + Pixels(EditorTopTwips, *this)};
-}
-
-void ChannelGrid::mousePressEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || ignoresInput) return;
-  const QModelIndex cell = indexAt(event->pos());
-  m_pressed = cell.isValid();
-  if (m_pressed) setCurrentIndex(cell);
-}
-
-void ChannelGrid::mouseMoveEvent(QMouseEvent* /*event*/) {
-  // The current cell stays the one that was pressed.
-}
-
-void ChannelGrid::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || ignoresInput || !m_pressed) return;
-  m_pressed = false;
-  const bool onLabels = event->pos().x() < 0 || event->pos().y() < 0;
-  if (!onLabels) emit CellActivated();
-}
-
-void ChannelGrid::mouseDoubleClickEvent(QMouseEvent* event) {
-  mousePressEvent(event); // each of two quick clicks counts
-}
-
-void ChannelGrid::keyPressEvent(QKeyEvent* event) {
-  if (ignoresInput) return;
-  switch (event->key()) {
-  case Qt::Key_Return:
-  case Qt::Key_Enter:
-    MoveOn();
-    return;
-  case Qt::Key_Space:
-    emit CellActivated();
-    return;
-  case Qt::Key_Tab:
-  case Qt::Key_Backtab:
-  case Qt::Key_Delete:
-    break;
-  default:
-    if (event->text().isEmpty()) break;
-    // Not handed on: the table would search for the character.
-    emit OtherKeyPressed();
-    return;
-  }
-  QTableWidget::keyPressEvent(event);
 }
 
 } // namespace mr4500x

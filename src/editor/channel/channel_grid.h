@@ -1,11 +1,9 @@
-// The grid of 16 channels: its cells with their colours, its measures and its keys. What a click on a cell means is the
-// frame's.
+// The grid of 16 channels: its cells with their colours and its measures. What a click on a cell means is the frame's.
 #pragma once
 
+#include "cell_grid.h"
 #include "channel_record.h"
 #include "radio_image.h"
-
-#include <QTableWidget>
 
 class QLabel;
 
@@ -20,7 +18,7 @@ enum class CellColour {
   Hidden, // the background's own colour: the text cannot be seen
 };
 
-class ChannelGrid : public QTableWidget {
+class ChannelGrid : public CellGrid {
   Q_OBJECT
 
 public:
@@ -32,10 +30,6 @@ public:
   void SetColour(int channel, GridColumn first, GridColumn last, CellColour colour);
   void RefreshColours(); // after a change of the desktop's colours
 
-  [[nodiscard]] int CurrentChannel() const { return currentRow(); }
-  [[nodiscard]] GridColumn CurrentColumn() const { return static_cast<GridColumn>(currentColumn() + 1); }
-  void MoveOn(); // to the next cell on the path of the Enter key
-
   // Takes the measures from the font. The tone column is at least as wide as its editor needs.
   void FitToFont(int toneEditorWidth);
   [[nodiscard]] int Scaled(double twips) const; // in the grid's own scale
@@ -45,19 +39,6 @@ public:
   // The corner of an editor over a cell, `inset` twips in from where the columns to its left end.
   [[nodiscard]] QPoint EditorCorner(int channel, GridColumn column, int inset) const;
 
-  bool ignoresInput = false; // while the handler of a check box runs
-
-signals:
-  void CellActivated(); // the left button let go on the current cell, or Space
-  void OtherKeyPressed();
-
-protected:
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-
 private:
   void SetUpHeaders();
   [[nodiscard]] int CellWidthNeeded(GridColumn column) const;
@@ -65,7 +46,6 @@ private:
 
   QLabel* m_corner;
   double m_pixelsPerTwip = 1.0 / 15;
-  bool m_pressed = false; // the left button went down on a cell
 };
 
 } // namespace mr4500x

@@ -3,6 +3,7 @@
 #include "embedded_info.h"
 #include "embedded_text_rule.h"
 #include "fill_messages.h"
+#include "frame_parts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -45,8 +46,7 @@ void Correct(QPlainTextEdit& box, const EmbeddedEntry& entry) {
 FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent)
     : QDialog(parent), m_messages(messages), m_fonts(fonts), m_rtxtbEmbed(new QPlainTextEdit(this)),
       m_lblCount(new QLabel(this)), m_lblLastTime(new QLabel(QString::fromStdString(content.lastTime), this)),
-      m_cmdFont(new QPushButton(tr("Font..."), this)), m_cmdOK(new QPushButton(tr("&OK"), this)),
-      m_cmdCancel(new QPushButton(tr("&Cancel"), this)), m_given(VisibleText(content.text)), m_EmbedData(m_given),
+      m_cmdFont(new QPushButton(tr("Font..."), this)), m_given(VisibleText(content.text)), m_EmbedData(m_given),
       m_EmbeddedTextFont(content.font) {
   setObjectName(QStringLiteral("frmEmbed"));
   setWindowTitle(tr("Embedded Information"));
@@ -60,8 +60,6 @@ FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialo
       [this] { m_messages.Show(MessageIcon::None, TopSizeTitle, TopSizeText, MessageButtons::Ok); });
   connect(m_rtxtbEmbed, &QPlainTextEdit::textChanged, this, &FrmEmbed::rtxtbEmbed_Change);
   connect(m_cmdFont, &QPushButton::clicked, this, &FrmEmbed::cmdFont_Click);
-  connect(m_cmdOK, &QPushButton::clicked, this, &FrmEmbed::cmdOK_Click);
-  connect(m_cmdCancel, &QPushButton::clicked, this, &FrmEmbed::reject);
 }
 
 void FrmEmbed::LayOut() {
@@ -75,24 +73,19 @@ void FrmEmbed::LayOut() {
   m_lblLastTime->setObjectName(QStringLiteral("lblLastTime"));
   m_lblLastTime->setTextFormat(Qt::PlainText); // a radio's bytes are no markup
   m_cmdFont->setObjectName(QStringLiteral("cmdFont"));
-  m_cmdOK->setObjectName(QStringLiteral("cmdOK"));
-  m_cmdOK->setDefault(true);
-  m_cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
 
   auto* const time = new QHBoxLayout;
   time->addWidget(label);
   time->addWidget(m_lblLastTime);
   time->addStretch();
   time->addWidget(m_lblCount);
-  auto* const buttons = new QHBoxLayout;
-  buttons->addWidget(m_cmdFont);
-  buttons->addStretch();
-  buttons->addWidget(m_cmdOK);
-  buttons->addWidget(m_cmdCancel);
+  const OkCancel buttons = NewOkCancel(*this);
+  buttons.row->insertWidget(0, m_cmdFont);
+  connect(buttons.ok, &QPushButton::clicked, this, &FrmEmbed::cmdOK_Click);
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_rtxtbEmbed);
   layout->addLayout(time);
-  layout->addLayout(buttons);
+  layout->addLayout(buttons.row);
   m_rtxtbEmbed->setFocus();
 }
 

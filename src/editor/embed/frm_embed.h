@@ -50,8 +50,6 @@ private:
   QLabel* m_lblCount;
   QLabel* m_lblLastTime;
   QPushButton* m_cmdFont;
-  QPushButton* m_cmdOK;
-  QPushButton* m_cmdCancel;
   std::u16string m_given;      // the text that the dialog opened with ...
   std::u16string m_givenShown; // ... and how the box shows it
   std::u16string m_EmbedData;

@@ -1,11 +1,10 @@
-// The band limits.
 #include "band_frame.h"
 
 #include "decimal.h"
 #include "entry_box.h"
+#include "entry_messages.h"
 #include "field_rules.h"
 #include "frame_parts.h"
-#include "function_messages.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,9 +18,8 @@ constexpr int BoxCharacters = 3;
 constexpr char UpperAfterEmpty[] = "420";
 
 EntryBox* NewLimitBox(const QString& objectName, const QString& accessibleName, QWidget* parent) {
-  auto* const box =
-      new EntryBox(objectName, BoxCharacters, DigitCharacter, EntryBox::OtherKeys::Ignore, accessibleName, parent);
-  box->setInputMethodHints(Qt::ImhDigitsOnly);
+  auto* const box = new EntryBox(objectName, BoxCharacters, DigitFilter, accessibleName, parent);
+  box->IgnoreEditingKeys();
   return box;
 }
 
@@ -129,7 +127,7 @@ void BandFrame::Fill(const Configuration& values) {
   m_upper->SetWholeText(m_rememberedUpper);
 }
 
-void BandFrame::Gather(Configuration& values) const {
+void BandFrame::Collect(Configuration& values) const {
   values.lowerBandLimit = LowerText();
   values.upperBandLimit = UpperText();
 }

@@ -25,7 +25,7 @@ public:
   BandFrame(MessageView& messages, BandAccess access, QWidget* parent = nullptr);
 
   void Fill(const Configuration& values);
-  void Gather(Configuration& values) const;
+  void Collect(Configuration& values) const;
   [[nodiscard]] std::string LowerText() const;
   [[nodiscard]] std::string UpperText() const;
 

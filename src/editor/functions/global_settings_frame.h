@@ -2,44 +2,36 @@
 // in use.
 #pragma once
 
-#include "choice_box.h"
+#include "list_frame.h"
 #include "message_view.h"
-
-#include <QGroupBox>
-
-#include <array>
 
 namespace mr4500x {
 
 class EntryBox;
 
-class GlobalSettingsFrame : public QGroupBox {
+class GlobalSettingsFrame : public ListFrame {
   Q_OBJECT
 public:
   explicit GlobalSettingsFrame(MessageView& messages, QWidget* parent = nullptr);
 
   // A fill sets the lists first: each change of one may put the placeholder into the boxes.
-  void FillLists(const Configuration& values);
   void FillIdBoxes(const Configuration& values); // Connect ID and Disconnect ID
   void FillAni(const Configuration& values);
-  void Gather(Configuration& values) const;
+  void Collect(Configuration& values) const;
 
 signals:
-  void Changed();
   void ListChanged(); // a list was set: the steps of the selective-call mode are due
 
 private:
-  ChoiceBox* AddList(ChoiceList list, const QString& label, int row, int column);
-  EntryBox* AddIdBox(const QString& objectName, const QString& label, int row, std::string_view invalidText);
+  ChoiceBox* Add(int row, int column, ChoiceList list);
+  EntryBox* AddIdBox(int row, const QString& objectName, const QString& label, std::string_view invalidText);
   void UseIdBoxes();
-  void cboRadio_Change();
-  void IdBox_Validate(EntryBox& box, std::string_view invalidText);
 
   MessageView& m_messages;
-  std::array<ChoiceBox*, 11> m_lists{}; // cboRadio(1) to cboRadio(11)
+  ChoiceBox* m_pttId = nullptr;
   EntryBox* m_ani;
-  EntryBox* m_connect;
-  EntryBox* m_disconnect;
+  EntryBox* m_connect = nullptr;
+  EntryBox* m_disconnect = nullptr;
 };
 
 } // namespace mr4500x

@@ -1,9 +1,8 @@
-// The programmable keys.
 #include "key_frame.h"
 
-#include "cell_colours.h"
 #include "fill_messages.h"
 #include "frame_parts.h"
+#include "look.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -97,11 +96,7 @@ void KeyFrame::ShowKeys() {
 void KeyFrame::ShowColours() {
   for (const std::size_t shortKey : {ShortB, ShortC}) {
     const QRgb text = m_keys.selection[shortKey] == KeySpecial ? GreenText : DarkBlueText;
-    QPalette colours;
-    // Styles differ in which of the two a list is drawn with, and on what.
-    colours.setColor(QPalette::ButtonText, ReadableOn(text, palette().color(QPalette::Button)));
-    colours.setColor(QPalette::Text, ReadableOn(text, palette().color(QPalette::Base)));
-    m_lists[shortKey]->setPalette(colours);
+    SetTextColour(*m_lists[shortKey], text, *this);
   }
 }
 
@@ -121,7 +116,7 @@ void KeyFrame::Fill(const Configuration& values, bool conflict) {
   if (conflict) ShowConflict();
 }
 
-void KeyFrame::Gather(Configuration& values) const {
+void KeyFrame::Collect(Configuration& values) const {
   values.keys = m_keys;
   values.keyCodes = m_keyCodes;
 }

@@ -21,7 +21,7 @@ public:
   // Selects the keys in their order, each under the rules and starting from none assigned. One message is shown when
   // two keys conflict, or when `conflict` tells that two did on the way to these values.
   void Fill(const Configuration& values, bool conflict);
-  void Gather(Configuration& values) const;
+  void Collect(Configuration& values) const;
   // Shows the keys as a collect has paired them.
   void AfterCollect(const Configuration& values);
 

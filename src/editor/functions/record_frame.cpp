@@ -1,4 +1,3 @@
-// The radio's record.
 #include "record_frame.h"
 
 #include "configuration.h"
@@ -35,7 +34,7 @@ void RecordFrame::Fill(const Configuration& values) {
   m_version->setText(QString::fromUtf8(values.firmwareVersion));
 }
 
-void RecordFrame::Gather(Configuration& values) const {
+void RecordFrame::Collect(Configuration& values) const {
   values.identityNumber = m_id->text().toStdString();
   values.firmwareVersion = m_version->text().toStdString();
 }

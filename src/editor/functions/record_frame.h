@@ -15,7 +15,7 @@ public:
   explicit RecordFrame(QWidget* parent = nullptr);
 
   void Fill(const Configuration& values);
-  void Gather(Configuration& values) const;
+  void Collect(Configuration& values) const;
 
 private:
   QLabel* AddRecord(int row, const QString& objectName, const QString& label);

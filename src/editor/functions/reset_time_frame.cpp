@@ -1,11 +1,10 @@
-// The auto reset time.
 #include "reset_time_frame.h"
 
 #include "arrow_pair.h"
 #include "entry_box.h"
+#include "entry_messages.h"
 #include "field_rules.h"
 #include "frame_parts.h"
-#include "function_messages.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -16,10 +15,9 @@ namespace mr4500x {
 ResetTimeFrame::ResetTimeFrame(MessageView& messages, QWidget* parent)
     : QGroupBox(tr("Auto Reset Time"), parent), m_messages(messages) {
   setObjectName(QStringLiteral("fraResetTime"));
-  m_seconds = new EntryBox(QStringLiteral("txtResetTime"), 3, DigitCharacter, EntryBox::OtherKeys::Ignore,
-                           tr("Auto Reset Time in seconds"), this);
+  m_seconds = new EntryBox(QStringLiteral("txtResetTime"), 3, DigitFilter, tr("Auto Reset Time in seconds"), this);
+  m_seconds->IgnoreEditingKeys();
   m_seconds->setText(QStringLiteral("5"));
-  m_seconds->setInputMethodHints(Qt::ImhDigitsOnly);
   m_spinner = new ArrowPair(QStringLiteral("vsbResetTime"), tr("Auto Reset Time up or down"), this);
   m_off = new QCheckBox(tr("OFF"), this);
   m_off->setObjectName(QStringLiteral("chkResetTimeOFF"));
@@ -79,7 +77,7 @@ void ResetTimeFrame::Fill(const Configuration& values) {
   if (!values.autoResetOff) m_seconds->setText(QString::fromUtf8(values.autoResetTime));
 }
 
-void ResetTimeFrame::Gather(Configuration& values) const {
+void ResetTimeFrame::Collect(Configuration& values) const {
   values.autoResetOff = m_off->isChecked();
   values.autoResetTime = m_seconds->text().toStdString();
 }

@@ -20,7 +20,7 @@ public:
   explicit ResetTimeFrame(MessageView& messages, QWidget* parent = nullptr);
 
   void Fill(const Configuration& values);
-  void Gather(Configuration& values) const;
+  void Collect(Configuration& values) const;
 
 signals:
   void Changed();

@@ -1,15 +1,12 @@
-// The TTS table's frame and its editors.
 #include "tts_frame.h"
 
 #include "choice_box.h"
 #include "decimal.h"
 #include "entry_box.h"
+#include "entry_messages.h"
 #include "field_rules.h"
-#include "frame_parts.h"
-#include "function_messages.h"
 #include "tts_grid.h"
 
-#include <QEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -33,126 +30,66 @@ bool IsFrequency(int column) {
   return column == static_cast<int>(TtsColumn::ToneAFreq) || column == static_cast<int>(TtsColumn::ToneBFreq);
 }
 
-void ColourText(QWidget& editor, const QColor& text) {
-  QPalette colours;
-  colours.setColor(QPalette::Text, text);
-  colours.setColor(QPalette::ButtonText, text);
-  editor.setPalette(colours);
-}
-
 } // namespace
 
-TtsFrame::TtsFrame(MessageView& messages, Clipboard& clipboard, char decimalSeparator, QWidget* parent)
-    : QGroupBox(tr("TTS"), parent), m_messages(messages), m_clipboard(clipboard) {
+TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator, QWidget* parent)
+    : GridFrame(tr("TTS"), TtsFrequencyInvalidText, messages, parent), m_grid(new TtsGrid(this)) {
   setObjectName(QStringLiteral("fraTTS"));
-  m_grid = new TtsGrid(this);
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_grid);
   layout->addStretch(1);
 
-  m_frequency = new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitCharacter,
-                             EntryBox::OtherKeys::Edit, tr("TTS frequency in Hz"), m_grid->viewport());
+  m_frequency = new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitFilter, tr("TTS frequency in Hz"),
+                             m_grid->viewport());
   m_frequency->setAlignment(Qt::AlignCenter);
-  m_frequency->LeaveClipboardToMenu();
-  m_frequency->hide();
   m_time = new ChoiceBox(QStringLiteral("cmbTTST"), TimeTexts(decimalSeparator), tr("TTS time in seconds"),
                          m_grid->viewport());
-  m_time->hide();
-
-  connect(m_grid, &TtsGrid::CellOpened, this, &TtsFrame::gridTTS_Open);
-  connect(m_frequency, &EntryBox::Confirmed, this, &TtsFrame::txtTTSFreq_Enter);
-  connect(m_frequency, &EntryBox::Escaped, this, &TtsFrame::HideEditors);
+  SetUp(*m_grid, *m_frequency, *m_time);
   connect(m_frequency, &EntryBox::Stepped, this, &TtsFrame::txtTTSFreq_Step);
-  connect(m_frequency, &EntryBox::Clicked, this, [this] { m_frequency->setSelection(0, FrequencyCharacters); });
-  connect(m_frequency, &EntryBox::Left, this, &TtsFrame::CommitEditors);
+  connect(m_frequency, &EntryBox::Clicked, m_frequency, &EntryBox::SelectEntry);
   connect(m_time, &ChoiceBox::Selected, this, &TtsFrame::cmbTTST_Click);
-  connect(m_time, &ChoiceBox::Left, this, &TtsFrame::HideEditors);
-  connect(m_time, &ChoiceBox::Finished, this, &TtsFrame::HideEditors);
 }
 
-void TtsFrame::gridTTS_Open(int row, int column) {
-  CommitEditors();
-  m_row = row;
-  m_column = column;
-  const QString text = m_grid->Text(row, column);
+void TtsFrame::CellOpened(int row, int column) {
+  const QRect place = m_grid->visualRect(m_grid->model()->index(row, column));
   if (IsFrequency(column)) {
-    m_frequency->SetWholeText(text);
-    m_open = Editor::Frequency;
-    Place(*m_frequency);
-    m_frequency->setSelection(0, FrequencyCharacters);
+    m_frequency->SetWholeText(OpenText());
+    ShowEditor(*m_frequency, place, TtsGrid::TextColour(column));
   } else {
-    m_time->ShowPosition(m_time->findText(text)); // no selection for a time that the list lacks
-    m_open = Editor::Time;
-    Place(*m_time);
+    m_time->ShowText(OpenText());
+    ShowEditor(*m_time, place, TtsGrid::TextColour(column));
   }
   emit Changed();
 }
 
-// Over the open cell, in its colour and with the focus.
-void TtsFrame::Place(QWidget& editor) {
-  ColourText(editor, m_grid->TextColour(m_column));
-  editor.setGeometry(m_grid->visualRect(m_grid->model()->index(m_row, m_column)));
-  editor.show();
-  editor.setFocus();
+std::optional<QString> TtsFrame::CheckedEntry(const QString& typed) const {
+  const auto limited = LimitTtsFrequency(typed.toStdString());
+  if (!limited) return std::nullopt;
+  return QString::fromUtf8(*limited);
 }
 
-// Closed first, hidden then: what leaves the focus on hiding has nothing more to commit.
-void TtsFrame::Close() {
-  m_open = Editor::None;
-  for (QWidget* const editor : {static_cast<QWidget*>(m_frequency), static_cast<QWidget*>(m_time)}) {
-    if (editor->hasFocus()) m_grid->setFocus();
-    editor->hide();
-  }
+void TtsFrame::EntryConfirmed() {
+  if (OpenColumn() == static_cast<int>(TtsColumn::ToneAFreq)) m_grid->MoveOn();
 }
 
-void TtsFrame::CommitEditors() {
-  if (m_open == Editor::Frequency) StoreFrequency();
-  Close();
-}
-
-void TtsFrame::HideEditors() {
-  Close();
-}
-
-void TtsFrame::StoreFrequency() {
-  const auto limited = LimitTtsFrequency(m_frequency->text().toStdString());
-  if (!limited) {
-    ReportFrequency();
-    return;
-  }
-  const QString text = QString::fromUtf8(*limited);
-  if (text == m_grid->Text(m_row, m_column)) return;
-  m_grid->SetText(m_row, m_column, text);
-  emit Changed();
-}
-
-void TtsFrame::ReportFrequency() {
-  ShowEntryError(m_messages, TtsFrequencyInvalidText);
-  m_frequency->SetWholeText(m_grid->Text(m_row, m_column));
-}
-
-void TtsFrame::txtTTSFreq_Enter() {
-  const bool toneA = m_column == static_cast<int>(TtsColumn::ToneAFreq);
-  const int row = m_row;
-  m_grid->setFocus(); // which commits
-  CommitEditors();    // where the window is inactive and the focus does not move
-  if (toneA) m_grid->setCurrentCell(row, static_cast<int>(TtsColumn::ToneADur));
-}
-
-// The limits are the commit's business; a text without a sign stops at 0.
+// The commit keeps the limits; a text without a sign stops at 0.
 void TtsFrame::txtTTSFreq_Step(int by) {
   const std::optional<int> hertz = ParseWhole(m_frequency->text().toStdString());
-  if (!hertz) {
-    ReportFrequency();
-    return;
+  if (hertz) {
+    m_frequency->SetWholeText(QString::number(std::max(*hertz + by, 0)));
+  } else {
+    RefuseEntry();
   }
-  m_frequency->SetWholeText(QString::number(std::max(*hertz + by, 0)));
 }
 
+// A time is stored as soon as it is picked.
 void TtsFrame::cmbTTST_Click() {
-  if (m_open != Editor::Time) return;
-  m_grid->SetText(m_row, m_column, m_time->currentText());
-  emit Changed();
+  if (!m_time->isHidden()) Store(m_time->currentText());
+}
+
+void TtsFrame::LayOut() {
+  m_grid->FitToFont();
+  m_grid->ShowColours();
 }
 
 void TtsFrame::SetTtsMode(bool tts) {
@@ -160,19 +97,6 @@ void TtsFrame::SetTtsMode(bool tts) {
   if (tts == m_grid->isEnabledTo(this) && tts == isEnabled()) return;
   setEnabled(tts);
   m_grid->SetUsed(tts);
-}
-
-void TtsFrame::Copy() {
-  if (HasOpenFrequencyEditor()) m_clipboard.SetText(m_frequency->text().toStdString());
-}
-
-void TtsFrame::Paste() {
-  if (HasOpenFrequencyEditor()) m_frequency->PutText(QString::fromUtf8(m_clipboard.Text()));
-}
-
-void TtsFrame::changeEvent(QEvent* event) {
-  QGroupBox::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && m_grid != nullptr) m_grid->ShowColours();
 }
 
 void TtsFrame::Fill(const Configuration& values) {
@@ -185,7 +109,7 @@ void TtsFrame::Fill(const Configuration& values) {
   }
 }
 
-void TtsFrame::Gather(Configuration& values) const {
+void TtsFrame::Collect(Configuration& values) const {
   for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
     for (std::size_t column = 1; column < TtsColumnCount; ++column) {
       values.Tts(entry, static_cast<TtsColumn>(column)) =

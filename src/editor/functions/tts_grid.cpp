@@ -1,13 +1,8 @@
-// The TTS table.
 #include "tts_grid.h"
 
-#include "cell_colours.h"
-#include "frame_parts.h"
-#include "twips.h"
+#include "look.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
-#include <QMouseEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -46,36 +41,20 @@ constexpr double HeadingHeight = 2.3 * BaseHeight;
 
 } // namespace
 
-TtsGrid::TtsGrid(QWidget* parent) : QTableWidget(RowCount, static_cast<int>(TtsColumnCount), parent) {
+TtsGrid::TtsGrid(QWidget* parent) : CellGrid(RowCount, static_cast<int>(TtsColumnCount), FirstDataColumn, parent) {
   setObjectName(QStringLiteral("gridTTS"));
   setAccessibleName(tr("TTS table, entries 1 to 8"));
-  setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
-  setTabKeyNavigation(false);
-  setAutoScroll(false);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   verticalHeader()->hide();
-  verticalHeader()->setMinimumSectionSize(1);
-  QHeaderView* const headings = horizontalHeader();
-  headings->setMinimumSectionSize(1);
-  headings->setSectionResizeMode(QHeaderView::Fixed);
-  headings->setSectionsClickable(false);
-  headings->setHighlightSections(false);
-  headings->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
-
+  horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
   for (int column = 0; column <= LastColumn; ++column) {
-    setHorizontalHeaderItem(column,
-                            new QTableWidgetItem(QString::fromUtf8(Columns[static_cast<std::size_t>(column)].heading)));
-    for (int row = 0; row < RowCount; ++row) {
-      auto* const cell = new QTableWidgetItem(column == 0 ? QString::number(row + 1) : QString());
-      cell->setTextAlignment(Qt::AlignCenter);
-      cell->setFlags(column == 0 ? Qt::NoItemFlags : Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-      setItem(row, column, cell);
-    }
+    const ColumnLook& look = Columns[static_cast<std::size_t>(column)];
+    setHorizontalHeaderItem(column, new QTableWidgetItem(QString::fromUtf8(look.heading)));
   }
-  setCurrentCell(0, FirstDataColumn, QItemSelectionModel::NoUpdate);
+  for (int row = 0; row < RowCount; ++row) {
+    item(row, 0)->setText(QString::number(row + 1));
+  }
   FitToFont();
   ShowColours();
 }
@@ -98,8 +77,8 @@ void TtsGrid::FitToFont() {
                headingHeight + RowCount * rowHeight + 2 * frameWidth());
 }
 
-QColor TtsGrid::TextColour(int column) const {
-  return ReadableOn(Columns[static_cast<std::size_t>(column)].text, parentWidget()->palette().color(QPalette::Base));
+QRgb TtsGrid::TextColour(int column) {
+  return Columns[static_cast<std::size_t>(column)].text;
 }
 
 void TtsGrid::ShowColours() {
@@ -112,8 +91,8 @@ void TtsGrid::ShowColours() {
     item(row, 0)->setForeground(
         desktop.brush(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     for (int column = FirstDataColumn; column <= LastColumn; ++column) {
-      item(row, column)
-          ->setForeground(isEnabled() ? QBrush(TextColour(column)) : desktop.brush(QPalette::Disabled, QPalette::Text));
+      const QColor text = ReadableOn(TextColour(column), desktop.color(QPalette::Base));
+      item(row, column)->setForeground(isEnabled() ? QBrush(text) : desktop.brush(QPalette::Disabled, QPalette::Text));
     }
   }
 }
@@ -121,11 +100,6 @@ void TtsGrid::ShowColours() {
 void TtsGrid::SetUsed(bool used) {
   setEnabled(used);
   ShowColours();
-}
-
-void TtsGrid::changeEvent(QEvent* event) {
-  QTableWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitToFont();
 }
 
 // The current cell stands out while the table has the focus.
@@ -137,46 +111,6 @@ void TtsGrid::focusInEvent(QFocusEvent* event) {
 void TtsGrid::focusOutEvent(QFocusEvent* event) {
   QTableWidget::focusOutEvent(event);
   clearSelection();
-}
-
-// Along the row, then to the next one, and from the last cell to the first.
-void TtsGrid::MoveOn() {
-  if (currentColumn() < LastColumn) {
-    setCurrentCell(currentRow(), currentColumn() + 1);
-  } else {
-    setCurrentCell((currentRow() + 1) % RowCount, FirstDataColumn);
-  }
-}
-
-void TtsGrid::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-  case Qt::Key_Return:
-  case Qt::Key_Enter:
-    MoveOn();
-    break;
-  case Qt::Key_Space:
-    emit CellOpened(currentRow(), currentColumn());
-    break;
-  case Qt::Key_Left:
-  case Qt::Key_Right:
-  case Qt::Key_Up:
-  case Qt::Key_Down:
-  case Qt::Key_Home:
-  case Qt::Key_End:
-  case Qt::Key_PageUp:
-  case Qt::Key_PageDown:
-    QTableWidget::keyPressEvent(event);
-    break;
-  default:
-    event->ignore();
-  }
-}
-
-void TtsGrid::mouseReleaseEvent(QMouseEvent* event) {
-  QTableWidget::mouseReleaseEvent(event);
-  const QModelIndex under = indexAt(event->position().toPoint());
-  if (event->button() != Qt::LeftButton || !under.isValid() || under.column() < FirstDataColumn) return;
-  emit CellOpened(currentRow(), currentColumn());
 }
 
 } // namespace mr4500x

@@ -1,17 +1,15 @@
-// The TTS table alone: headings, sizes, colours, the path of Enter and where a click counts. What opens over its cells
-// is its frame's business.
+// The TTS table alone: headings, sizes and colours. What opens over its cells is its frame's business.
 //
 // The heading row is the table's header, the heading column its column 0; so the columns count as TtsColumn does, and
 // entry n is row n - 1.
 #pragma once
 
+#include "cell_grid.h"
 #include "configuration.h"
-
-#include <QTableWidget>
 
 namespace mr4500x {
 
-class TtsGrid : public QTableWidget {
+class TtsGrid : public CellGrid {
   Q_OBJECT
 public:
   explicit TtsGrid(QWidget* parent);
@@ -23,22 +21,11 @@ public:
   // Takes colours and sizes from the desktop anew.
   void ShowColours();
   void FitToFont();
-  [[nodiscard]] QColor TextColour(int column) const;
-
-  void keyboardSearch(const QString& /*search*/) override {} // typing does not jump
-
-signals:
-  void CellOpened(int row, int column); // a click or Space on a cell with data
+  [[nodiscard]] static QRgb TextColour(int column); // as designed
 
 protected:
-  void keyPressEvent(QKeyEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void changeEvent(QEvent* event) override;
-
-private:
-  void MoveOn();
 };
 
 } // namespace mr4500x

@@ -1,0 +1,35 @@
+// frmGroup: asks for the group call of a channel. It takes the cell's text and gives back a new one.
+#pragma once
+
+#include <QDialog>
+
+#include <array>
+
+class QComboBox;
+class QRadioButton;
+
+namespace mr4500x {
+
+class FrmGroup : public QDialog {
+  Q_OBJECT
+
+public:
+  // Only the option and the list of the mode in force can be used.
+  FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent = nullptr);
+
+  [[nodiscard]] const QString& CellText() const { return m_cellText; } // the new one after OK
+
+private:
+  enum Mode : std::size_t { Tts, FiveTone };
+
+  void LayOut();
+  void ShowCell();
+  void optSig_Click();
+  void cmdOK_Click();
+
+  QString m_cellText;
+  std::array<QRadioButton*, 2> m_optSig{}; // optSig(1), optSig(2)
+  std::array<QComboBox*, 2> m_cboTwoSig{};
+};
+
+} // namespace mr4500x

@@ -1,0 +1,47 @@
+#include "look.h"
+
+#include <QFontMetricsF>
+#include <QPalette>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace mr4500x {
+
+int Pixels(double twips, const QWidget& widget) {
+  constexpr double twipsPerDesignPixel = 15.0; // at 96 dots an inch
+  constexpr double designDigitWidth = 6.0;     // of the digits of the design's font, in its pixels
+  const double digitWidth = QFontMetricsF(widget.font()).horizontalAdvance(QLatin1Char('0'));
+  return static_cast<int>(std::lround(twips / twipsPerDesignPixel * std::max(1.0, digitWidth / designDigitWidth)));
+}
+
+QColor ReadableOn(QRgb text, const QColor& background) {
+  const QColor designed(text);
+  if (background.lightnessF() >= 0.5) return designed;
+  const QColor hsl = designed.toHsl();
+  // Blue is the darkest of the hues at one lightness: it needs more of it.
+  const bool blue = hsl.hslHueF() > 0.6F && hsl.hslHueF() < 0.75F;
+  return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), blue ? 0.82F : 0.68F);
+}
+
+void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
+  const QPalette& present = like.palette();
+  QPalette colours; // what it does not set comes from the parent
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
+    colours.setColor(group, QPalette::Text, ReadableOn(text, present.color(QPalette::Base)));
+    colours.setColor(group, QPalette::ButtonText, ReadableOn(text, present.color(QPalette::Button)));
+    colours.setColor(group, QPalette::PlaceholderText, ReadableOn(text, present.color(QPalette::Button)));
+  }
+  widget.setPalette(colours);
+}
+
+void SetUsable(QWidget& field, bool usable) {
+  QPalette palette; // what it does not set comes from the parent
+  if (!usable) palette.setBrush(QPalette::Base, field.parentWidget()->palette().brush(QPalette::Button));
+  field.setPalette(palette);
+  field.setEnabled(usable);
+}
+
+} // namespace mr4500x

@@ -1,0 +1,186 @@
+// The two in-place editors.
+#include "channel_fixture.h"
+#include "look.h"
+
+namespace mr4500x {
+namespace {
+
+const ShownMessages FrequencyInvalid = ErrorMessage("Frequency Invalid!");
+
+TEST_F(ChannelFrameTest, TypedFrequenciesAreFilteredRoundedAndClamped) {
+  struct Case {
+    const char *typed, *step, *stored;
+  };
+  for (const int column : {1, 7}) {
+    for (const Case& c :
+         {Case{"458.0137", "2.5", "458.01250"}, Case{"458.0137", "6.25", "458.01250"},
+          Case{"445.55125", "2.5", "445.55000"}, Case{"445.51875", "2.5", "445.52000"}, Case{"430", "2.5", "440.00000"},
+          Case{"470", "2.5", "469.99750"}, Case{"500", "6.25", "469.99375"}, Case{"", "2.5", "450.00000"},
+          Case{"4x5,1", "6.25", "451.00000"}}) {
+      SCOPED_TRACE(c.typed);
+      SetCell(6, column, "450.00000");
+      SetCell(6, column + 1, c.step);
+      Click(6, column);
+      ASSERT_EQ(frequency->selectedText(), "450.00000");
+      EXPECT_EQ(frequency->palette().color(QPalette::Text).rgb(), column == 1 ? GreenText : TealText);
+      QTest::keyClick(frequency, Qt::Key_Backspace);
+      Type(c.typed);
+      QTest::keyClick(frequency, Qt::Key_Return);
+      EXPECT_EQ(Cell(6, column), c.stored);
+      EXPECT_TRUE(frequency->isHidden() && grid->hasFocus());
+      EXPECT_EQ(grid->currentColumn(), column) << "the cell to the right";
+      SetCell(6, column, "450.00000");
+      EXPECT_EQ(Cell(6, 8 - column), "450.00000");
+    }
+  }
+  EXPECT_EQ(messages.shown, ErrorMessage(""));
+}
+
+TEST_F(ChannelFrameTest, EachWayToLeaveTheFrequencyEditor) {
+  const auto key = [this](Qt::Key k) { return [=, this] { QTest::keyClick(frequency, k); }; };
+  struct Case {
+    const char* name;
+    std::function<void()> leave;
+    bool commits;
+    bool gridFocused;
+  };
+  for (const Case& c : {Case{"Enter", key(Qt::Key_Enter), true, true}, Case{"Escape", key(Qt::Key_Escape), false, true},
+                        Case{"Tab", key(Qt::Key_Tab), true, false},
+                        Case{"another control", [this] { window.GoElsewhere(); }, true, false},
+                        Case{"another cell", [this] { Click(9, 12); }, true, true},
+                        Case{"command", [this] { frame.CommitEditors(); }, true, true},
+                        Case{"close", [this] { frame.HideEditors(); }, false, true}}) {
+    for (const bool valid : {true, false}) {
+      SCOPED_TRACE(c.name + std::string(valid ? " valid" : " invalid"));
+      messages.whileShown = [this] { // as a real box does, and as the focus would go when it closes
+        window.GoElsewhere();
+        frequency->setFocus();
+      };
+      SetCell(2, 1, "450.00000");
+      Click(2, 1);
+      changes = 0;
+      Type(valid ? "460" : "4.6.0");
+      c.leave();
+      EXPECT_EQ(Cell(2, 1), valid && c.commits ? "460.00000" : "450.00000");
+      EXPECT_EQ(messages.Taken(), valid || !c.commits ? ErrorMessage("") : FrequencyInvalid);
+      EXPECT_EQ(frame.OpenEntry(), nullptr);
+      EXPECT_EQ(changes > 0, (valid && c.commits) || std::string(c.name) == "another cell");
+      EXPECT_TRUE(!valid || grid->hasFocus() == c.gridFocused);
+    }
+  }
+}
+
+TEST_F(ChannelFrameTest, AMenuOrAnotherWindowOnlyBorrowsTheFocus) {
+  for (const int column : {1, 3}) {
+    Click(1, column);
+    QWidget& editor = column == 1 ? static_cast<QWidget&>(*frequency) : *tone;
+    for (const auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
+      QFocusEvent out(QEvent::FocusOut, reason);
+      QApplication::sendEvent(&editor, &out);
+      EXPECT_FALSE(editor.isHidden()) << column << " reason " << reason;
+    }
+  }
+  EXPECT_EQ(frame.OpenEntry(), nullptr) << "one editor at a time";
+}
+
+TEST_F(ChannelFrameTest, ArrowKeysStepWithoutRounding) {
+  struct Case {
+    const char *text, *step;
+    Qt::Key key;
+    const char* after;
+  };
+  for (const Case& c :
+       {Case{"450.00000", "2.5", Qt::Key_Up, "450.00250"}, Case{"450", "6.25", Qt::Key_Down, "449.99375"},
+        Case{"450.001", "2.5", Qt::Key_Up, "450.00350"}, Case{"469.99750", "2.5", Qt::Key_Up, "469.99750"},
+        Case{"469.9975", "6.25", Qt::Key_Up, "470.00375"}, Case{"440", "2.5", Qt::Key_Down, "440"}}) {
+    SetCell(1, 8, c.step);
+    Click(1, 7);
+    Type(c.text);
+    QTest::keyClick(frequency, c.key);
+    EXPECT_EQ(frequency->text(), c.after) << c.text;
+    EXPECT_EQ(Cell(1, 7), "450.00000") << c.text;
+    frame.HideEditors();
+  }
+  Click(1, 7);
+  Type("..");
+  QTest::keyClick(frequency, Qt::Key_Up);
+  EXPECT_EQ(messages.shown, FrequencyInvalid);
+  EXPECT_TRUE(frequency->isHidden());
+}
+
+TEST_F(ChannelFrameTest, TheOtherSeparatorWaitsForTheKeypad) {
+  Click(1, 1);
+  Type("44,5.12345678");
+  EXPECT_EQ(frequency->text(), "445.12345") << "nine characters";
+  frequency->selectAll();
+  Type("4");
+  QTest::keyClick(frequency, Qt::Key_Comma, Qt::KeypadModifier);
+  Type("1,");
+  EXPECT_EQ(frequency->text(), "4.1.");
+}
+
+struct CommaFrameTest : ChannelFrameTest {
+  CommaFrameTest() : ChannelFrameTest(',') {}
+};
+
+TEST_F(CommaFrameTest, UsesTheSeparatorOfTheLocale) {
+  SetCell(1, 2, "2,5");
+  Click(1, 1);
+  Type("451.,00626");
+  QTest::keyClick(frequency, Qt::Key_Return);
+  EXPECT_EQ(Cell(1, 1), "451,00750");
+  Click(1, 2);
+  EXPECT_EQ(Cell(1, 1) + " " + Cell(1, 2), "451,00625 6,25");
+  Click(1, 13);
+  EXPECT_EQ(Cell(1, 13), "12,5");
+}
+
+TEST_F(ChannelFrameTest, CopyAndPasteTakeTheWholeTextUnfiltered) {
+  QClipboard& clipboard = *QApplication::clipboard();
+  Click(1, 1);
+  QTest::keyClick(frequency, Qt::Key_End); // nothing is selected
+  QTest::keyClick(frequency, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(clipboard.text(), "450.00000");
+  clipboard.setText("4a1");
+  QTest::keyClick(frequency, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(frequency->text(), "4a1");
+  QTest::keyClick(frequency, Qt::Key_Return);
+  EXPECT_EQ(messages.shown, FrequencyInvalid);
+  EXPECT_EQ(Cell(1, 1), "450.00000");
+}
+
+TEST_F(ChannelFrameTest, ATonePickedForReceiveSetsTheTailCut) {
+  EXPECT_EQ(tone->count(), 206);
+  const std::pair<const char*, std::function<void()>> ways[] = {
+      {"Enter", [this] { QTest::keyClick(tone, Qt::Key_Return); }},
+      {"Escape", [this] { QTest::keyClick(tone, Qt::Key_Escape); }}};
+  struct Case {
+    int column;
+    const char *before, *picked, *after, *tailBefore, *tailAfter;
+  };
+  for (const auto& [column, before, picked, after, tailBefore, tailAfter] :
+       {Case{3, "OFF", "CTC88.5", "CTC88.5", "OFF", "ON"}, Case{3, "DCS023", "OFF", "OFF", "ON", "OFF"},
+        Case{9, "OFF", "-DCS754", "-DCS754", "OFF", "OFF"}, Case{3, "CTC#77", "", "CTC#77", "OFF", "OFF"},
+        Case{9, "DCS0A3", "DCS023", "DCS023", "ON", "ON"}}) {
+    for (const auto& [way, leave] : ways) {
+      SCOPED_TRACE(std::string(before) + " to " + picked + " by " + way);
+      SetCell(5, column, before);
+      SetCell(5, 6, tailBefore);
+      Click(5, column);
+      ASSERT_TRUE(tone->hasFocus());
+      EXPECT_EQ(tone->currentIndex(), tone->findText(before));
+      if (*picked != 0) tone->setCurrentText(picked);
+      leave();
+      const bool kept = std::string(way) == "Escape";
+      EXPECT_TRUE(tone->isHidden());
+      EXPECT_EQ(Cell(5, column), kept ? before : after);
+      EXPECT_EQ(Cell(5, 6), kept ? tailBefore : tailAfter);
+      if (column != 3 || kept || *picked == 0) continue;
+      const QRgb grey = frame.palette().color(QPalette::Disabled, QPalette::Text).rgb();
+      EXPECT_EQ(ColourOf(5, 6), Cell(5, 6) == "ON" ? GreenText : grey);
+    }
+  }
+}
+
+} // namespace
+} // namespace mr4500x
