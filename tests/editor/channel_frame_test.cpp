@@ -72,14 +72,9 @@ TEST_F(ChannelFrameTest, HiddenTextsStayHiddenUnderTheFocusAndOnADarkDesktop) {
 }
 
 TEST_F(ChannelFrameTest, EachClickOrSpaceTogglesTheCell) {
-  struct Case {
-    int column;
-    const char *before, *after;
-  };
-  for (const auto& [column, before, after] :
-       {Case{5, "AND", "OR"}, Case{5, "OR", "AND"}, Case{6, "ON", "OFF"}, Case{6, "OFF", "ON"},
-        Case{11, "Permit", "Prohibit"}, Case{11, "Prohibit", "Permit"}, Case{12, "OFF", "ON"}, Case{12, "ON", "OFF"},
-        Case{13, "25", "12.5"}, Case{13, "12.5", "25"}}) {
+  const std::tuple<int, const char*, const char*> cases[] = {
+      {5, "AND", "OR"}, {6, "ON", "OFF"}, {11, "Permit", "Prohibit"}, {12, "OFF", "ON"}, {13, "25", "12.5"}};
+  for (const auto& [column, before, after] : cases) {
     SCOPED_TRACE(before);
     SetCell(4, column, before);
     const QRgb colour = ColourOf(4, column);
@@ -99,22 +94,18 @@ TEST_F(ChannelFrameTest, EachClickOrSpaceTogglesTheCell) {
 }
 
 TEST_F(ChannelFrameTest, TheStepToggleRoundsAndClampsItsFrequency) {
-  struct Case {
-    const char *frequency, *step, *newFrequency, *newStep;
-  };
   for (const int first : {1, 7}) {
-    for (const Case& c :
-         {Case{"450.01250", "2.5", "450.01250", "6.25"}, Case{"450.00625", "6.25", "450.00500", "2.5"},
-          Case{"469.99750", "2.5", "469.99375", "6.25"}, Case{"136.00000", "6.25", "440.00000", "2.5"}}) {
-      SCOPED_TRACE(c.frequency);
-      SetCell(2, first, c.frequency);
-      SetCell(2, first + 1, c.step);
-      SetCell(2, 8 - first, "451.00000");
+    SetCell(2, first, "450.00625");
+    for (const auto& [step, stored] : {std::pair{"6.25", "450.00625"}, std::pair{"2.5", "450.00500"}}) {
       Click(2, first + 1);
-      EXPECT_EQ(Cell(2, first), c.newFrequency);
-      EXPECT_EQ(Cell(2, first + 1), c.newStep);
-      EXPECT_EQ(Cell(2, 8 - first), "451.00000");
+      EXPECT_EQ(Cell(2, first + 1), step);
+      EXPECT_EQ(Cell(2, first), stored) << step;
     }
+    SetCell(2, first, "520.00000");
+    Click(2, first + 1);
+    EXPECT_EQ(Cell(2, first), "469.99375");
+    SetCell(2, first, "450.00000");
+    EXPECT_EQ(Cell(2, 8 - first), "450.00000");
   }
 }
 
