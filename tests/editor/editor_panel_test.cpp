@@ -122,9 +122,7 @@ TEST_F(EditorPanelTest, ANewLowerLimitEmptiesTheSelectiveCallCells) {
   image.SelCallCodeBlock.bytes.fill(0x33);
   panel.Fill();
   EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "5T 33333");
-  auto& mode = Find<QComboBox>("cboRadio(0)");
-  mode.setFocus();
-  QTest::keyClick(&mode, Qt::Key_Up); // TTS
+  Find<QComboBox>("cboRadio(0)").setCurrentText("TTS");
   auto& lower = Find<QLineEdit>("txtFreqBandL");
   messages.answer = Answer::Yes;
   lower.setFocus();

@@ -1,5 +1,6 @@
 #include "channel_grid.h"
 
+#include "fields.h"
 #include "look.h"
 
 #include <QHeaderView>
@@ -15,28 +16,27 @@ namespace mr4500x {
 namespace {
 
 struct ColumnLook {
-  const char* header;
   int twips;
   std::array<const char*, 2> widest; // texts that no other of the column outgrows, for any font
 };
 
 // clang-format off
 constexpr std::array<ColumnLook, GridColumnCount> Looks = {{
-    {"CH No.",           616, {" CH16",     ""}},
-    {"Rx Freq  (MHz)",   893, {"000.00000", ""}},
-    {"Step (kHz)",       539, {"6.25",      "2.5"}},
-    {"Rx CTC/DCS",       939, {"CTC200.0",  "-DCS000"}},
-    {"Rx  SelCall",      847, {"5T 00000",  "TTS 100"}},
-    {"Combo_ Signaling", 732, {"AND",       "OR"}},
-    {"Tail Cut",         508, {"OFF",       "ON"}},
-    {"Tx Freq  (MHz)",   893, {"000.00000", ""}},
-    {"Step (kHz)",       539, {"6.25",      "2.5"}},
-    {"Tx CTC/DCS",       939, {"CTC200.0",  "-DCS000"}},
-    {"Tx  SelCall",      847, {"5T 00000",  "TTS 100"}},
-    {"High Tx Power",    654, {"Prohibit",  "Permit"}},
-    {"PTT ID Enable",    508, {"OFF",       "ON"}},
-    {"Band With",        616, {"12.5",      "25"}},
-    {"Group Call",       616, {"Tone B",    "Tone A"}},
+    {616, {" CH16",     ""}},
+    {893, {"000.00000", ""}},
+    {539, {"6.25",      "2.5"}},
+    {939, {"CTC200.0",  "-DCS000"}},
+    {847, {"5T 00000",  "TTS 100"}},
+    {732, {"AND",       "OR"}},
+    {508, {"OFF",       "ON"}},
+    {893, {"000.00000", ""}},
+    {539, {"6.25",      "2.5"}},
+    {939, {"CTC200.0",  "-DCS000"}},
+    {847, {"5T 00000",  "TTS 100"}},
+    {654, {"Prohibit",  "Permit"}},
+    {508, {"OFF",       "ON"}},
+    {616, {"12.5",      "25"}},
+    {616, {"Tone B",    "Tone A"}},
 }};
 // clang-format on
 
@@ -50,6 +50,10 @@ constexpr int ColourRole = Qt::UserRole;
 
 const ColumnLook& LookOf(GridColumn column) {
   return Looks[static_cast<std::size_t>(column)];
+}
+
+QString HeaderText(GridColumn column) {
+  return column == GridColumn::ChannelNo ? ChannelGrid::tr("CH No.") : QString::fromUtf8(LabelOf(column));
 }
 
 int TableColumn(GridColumn column) {
@@ -144,7 +148,7 @@ private:
 
 ChannelGrid::ChannelGrid(QWidget* parent)
     : CellGrid(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, 0, parent),
-      m_corner(new QLabel(QString::fromUtf8(Looks[0].header), this)) {
+      m_corner(new QLabel(HeaderText(GridColumn::ChannelNo), this)) {
   setObjectName("gridChannel");
   setAccessibleName(tr("Channels"));
   setItemDelegate(new CellDelegate(*this));
@@ -152,8 +156,7 @@ ChannelGrid::ChannelGrid(QWidget* parent)
   setWordWrap(false);
   setHorizontalHeader(new TwoLineHeader(this));
   for (int column = 0; column < columnCount(); ++column) {
-    const ColumnLook& look = Looks[static_cast<std::size_t>(column) + 1];
-    setHorizontalHeaderItem(column, new QTableWidgetItem(QString::fromUtf8(look.header)));
+    setHorizontalHeaderItem(column, new QTableWidgetItem(HeaderText(static_cast<GridColumn>(column + 1))));
   }
   for (int row = 0; row < rowCount(); ++row) {
     setVerticalHeaderItem(row, new QTableWidgetItem(tr(" CH%1").arg(row + 1)));
@@ -203,7 +206,7 @@ int ChannelGrid::CellWidthNeeded(GridColumn column) const {
 
 int ChannelGrid::HeaderWidthNeeded(GridColumn column) const {
   const QFontMetrics metrics = horizontalHeader()->fontMetrics();
-  const QString text = OnTwoLines(QString::fromUtf8(LookOf(column).header), metrics);
+  const QString text = OnTwoLines(HeaderText(column), metrics);
   return metrics.size(0, text).width() + 2 * (style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + 1);
 }
 

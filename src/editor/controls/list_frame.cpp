@@ -1,5 +1,6 @@
 #include "list_frame.h"
 
+#include "fields.h"
 #include "frame_parts.h"
 
 #include <QGridLayout>
@@ -9,35 +10,14 @@
 namespace mr4500x {
 namespace {
 
-struct ListControl {
-  const char* objectName;
-  const char* label;
-};
-
-// By ChoiceList. "Sensivity" is the product's own spelling.
+// By ChoiceList.
 // clang-format off
-constexpr std::array<ListControl, ChoiceListCount> Controls = {{
-    {"cboRadio(0)",   "Select Call"},
-    {"cboRadio(1)",   "Beep Tone"},
-    {"cboRadio(2)",   "Battery Save"},
-    {"cboRadio(3)",   "Busy CH Lock"},
-    {"cboRadio(4)",   "Tx TOT"},
-    {"cboRadio(5)",   "Squelch Level"},
-    {"cboRadio(6)",   "Compander"},
-    {"cboRadio(7)",   "Digit Time"},
-    {"cboRadio(8)",   "Inter Digit Time"},
-    {"cboRadio(9)",   "PTT ID"},
-    {"cboRadio(10)",  "VOX Sensivity"},
-    {"cboRadio(11)",  "Beep Enable"},
-    {"cboScan(0)",    "Scan Mode"},
-    {"cboScan(1)",    "TO Scan Delay"},
-    {"cboScan(3)",    "Priority CH"},
-    {"cboScan(4)",    "Look Back"},
-    {"cboScan(5)",    "Restore Time"},
-    {"cboScan(6)",    "Revert CH"},
-    {"cboTuneSwitch", "Manual Tune"},
-    {"cboFive",       "Standards"},
-}};
+constexpr std::array<const char*, ChoiceListCount> Controls = {
+    "cboRadio(0)", "cboRadio(1)", "cboRadio(2)", "cboRadio(3)", "cboRadio(4)",  "cboRadio(5)",
+    "cboRadio(6)", "cboRadio(7)", "cboRadio(8)", "cboRadio(9)", "cboRadio(10)", "cboRadio(11)",
+    "cboScan(0)",  "cboScan(1)",  "cboScan(3)",  "cboScan(4)",  "cboScan(5)",   "cboScan(6)",
+    "cboTuneSwitch", "cboFive",
+};
 // clang-format on
 
 } // namespace
@@ -48,9 +28,9 @@ ListFrame::ListFrame(const QString& objectName, const QString& title, QWidget* p
 }
 
 ChoiceBox* ListFrame::AddList(int row, int column, ChoiceList list) {
-  const ListControl& control = Controls[static_cast<std::size_t>(list)];
-  const QString label = QString::fromUtf8(control.label);
-  auto* const box = new ChoiceBox(QString::fromUtf8(control.objectName), ItemTexts(ItemsOf(list)), label, this);
+  const QString objectName = QString::fromUtf8(Controls[static_cast<std::size_t>(list)]);
+  const QString label = QString::fromUtf8(LabelOf(list));
+  auto* const box = new ChoiceBox(objectName, ItemTexts(ItemsOf(list)), label, this);
   AddField(*m_fields, row, column, label, box);
   m_lists[list] = box;
   return box;

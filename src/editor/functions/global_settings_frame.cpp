@@ -4,6 +4,7 @@
 #include "entry_box.h"
 #include "entry_messages.h"
 #include "field_rules.h"
+#include "fields.h"
 #include "frame_parts.h"
 #include "look.h"
 
@@ -37,10 +38,10 @@ GlobalSettingsFrame::GlobalSettingsFrame(MessageView& messages, QWidget* parent)
   Add(6, Left, ChoiceList::VoxSensivity);
 
   Add(0, Right, ChoiceList::BeepEnable);
-  m_ani = AddIdBox(1, QStringLiteral("txtANI"), tr("Emerge ANI "), AniInvalidText);
+  m_ani = AddIdBox(1, QStringLiteral("txtANI"), Box::EmergencyAni, AniInvalidText);
   m_pttId = Add(2, Right, ChoiceList::PttId);
-  m_connect = AddIdBox(3, QStringLiteral("txtConnect"), tr("Connect ID"), ConnectInvalidText);
-  m_disconnect = AddIdBox(4, QStringLiteral("txtDisconnect"), tr("Disconnect ID"), DisconnectInvalidText);
+  m_connect = AddIdBox(3, QStringLiteral("txtConnect"), Box::ConnectId, ConnectInvalidText);
+  m_disconnect = AddIdBox(4, QStringLiteral("txtDisconnect"), Box::DisconnectId, DisconnectInvalidText);
   Add(5, Right, ChoiceList::DigitTime);
   Add(6, Right, ChoiceList::InterDigitTime);
   Fields().setColumnStretch(Left + 1, 1);
@@ -61,9 +62,9 @@ ChoiceBox* GlobalSettingsFrame::Add(int row, int column, ChoiceList list) {
   return box;
 }
 
-EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, const QString& label,
-                                        std::string_view invalidText) {
+EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box setting, std::string_view invalidText) {
   const auto filter = [](char typed, bool /*onKeypad*/) { return IdCharacter(typed); };
+  const QString label = QString::fromUtf8(LabelOf(setting));
   auto* const box = new EntryBox(objectName, MostIdCharacters, filter, label, this);
   box->setText(QString::fromUtf8(NoNumberText));
   box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -8,6 +8,7 @@
 namespace mr4500x {
 
 class EntryBox;
+enum class Box : std::uint8_t;
 
 class GlobalSettingsFrame : public ListFrame {
   Q_OBJECT
@@ -24,7 +25,7 @@ signals:
 
 private:
   ChoiceBox* Add(int row, int column, ChoiceList list);
-  EntryBox* AddIdBox(int row, const QString& objectName, const QString& label, std::string_view invalidText);
+  EntryBox* AddIdBox(int row, const QString& objectName, Box setting, std::string_view invalidText);
   void UseIdBoxes();
 
   MessageView& m_messages;

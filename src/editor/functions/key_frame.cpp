@@ -1,5 +1,6 @@
 #include "key_frame.h"
 
+#include "fields.h"
 #include "fill_messages.h"
 #include "frame_parts.h"
 #include "look.h"
@@ -10,7 +11,9 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::array<const char*, 6> KeyLabels = {"Short A", "Long A", "Short B", "Long B", "Short C", "Long C"};
+QString LabelOfKey(std::size_t key) {
+  return QString::fromUtf8(LabelOf(static_cast<Key>(key)));
+}
 
 int RowOf(std::size_t key) {
   return static_cast<int>(key / 2);
@@ -33,7 +36,7 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
   setObjectName(QStringLiteral("fraKey"));
   auto* const layout = NewFieldLayout(*this);
   for (std::size_t key = ShortA; key <= LongC; ++key) {
-    AddKey(*layout, key, QString::fromUtf8(KeyLabels[key]));
+    AddKey(*layout, key, LabelOfKey(key));
   }
   m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), KeyItemText(ShortA, KeySpecial), ShortA);
   m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), KeyItemText(LongA, KeySpecial), LongA);
@@ -61,8 +64,8 @@ void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label
 }
 
 ChoiceBox* KeyFrame::AddFixed(QGridLayout& layout, const QString& objectName, std::string_view item, std::size_t over) {
-  auto* const list = new ChoiceBox(objectName, {QString::fromUtf8(item)},
-                                   tr("Key %1 press, fixed").arg(QString::fromUtf8(KeyLabels[over])), this);
+  auto* const list =
+      new ChoiceBox(objectName, {QString::fromUtf8(item)}, tr("Key %1 press, fixed").arg(LabelOfKey(over)), this);
   layout.addWidget(list, RowOf(over), FieldColumnOf(over));
   KeepPlace(*list);
   return list;

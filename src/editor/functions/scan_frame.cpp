@@ -1,12 +1,14 @@
 #include "scan_frame.h"
 
+#include "fields.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 
 namespace mr4500x {
 
 ScanFrame::ScanFrame(QWidget* parent) : ListFrame(QStringLiteral("fraScan"), tr("Scan Information"), parent) {
-  m_signal = new QCheckBox(tr("Signal"), this);
+  m_signal = new QCheckBox(QString::fromUtf8(LabelOf(Box::ScanSignal)), this);
   m_signal->setObjectName(QStringLiteral("chkSignal"));
   m_signal->setAccessibleName(tr("Scan Signal"));
   Fields().addWidget(m_signal, 0, 0);

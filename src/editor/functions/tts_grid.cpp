@@ -1,5 +1,6 @@
 #include "tts_grid.h"
 
+#include "fields.h"
 #include "look.h"
 
 #include <QHeaderView>
@@ -10,22 +11,9 @@
 namespace mr4500x {
 namespace {
 
-struct ColumnLook {
-  const char* heading;
-  QRgb text;
-};
-constexpr QRgb DefaultText = 0; // the desktop's
-// clang-format off
-constexpr std::array<ColumnLook, TtsColumnCount> Columns = {{
-    {"No.",                DefaultText},
-    {"Tone A Freq(Hz)",    GreenText},
-    {"Tone A Dur.(s)",     GreenText},
-    {"Tone B Freq(Hz)",    TealText},
-    {"Tone B Dur.(s)",     TealText},
-    {"Gap Time(s)",        OliveText},
-    {"Group Call Dur.(s)", OliveText},
-}};
-// clang-format on
+// By TtsColumn; the numbers have the desktop's colour.
+constexpr std::array<QRgb, TtsColumnCount> Colours = {0,        GreenText, GreenText, TealText,
+                                                      TealText, OliveText, OliveText};
 
 constexpr int FirstDataColumn = 1;
 constexpr int LastColumn = static_cast<int>(TtsColumnCount) - 1;
@@ -49,8 +37,8 @@ TtsGrid::TtsGrid(QWidget* parent) : CellGrid(RowCount, static_cast<int>(TtsColum
   verticalHeader()->hide();
   horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
   for (int column = 0; column <= LastColumn; ++column) {
-    const ColumnLook& look = Columns[static_cast<std::size_t>(column)];
-    setHorizontalHeaderItem(column, new QTableWidgetItem(QString::fromUtf8(look.heading)));
+    const QString heading = column == 0 ? tr("No.") : QString::fromUtf8(LabelOf(static_cast<TtsColumn>(column)));
+    setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
   }
   for (int row = 0; row < RowCount; ++row) {
     item(row, 0)->setText(QString::number(row + 1));
@@ -78,7 +66,7 @@ void TtsGrid::FitToFont() {
 }
 
 QRgb TtsGrid::TextColour(int column) {
-  return Columns[static_cast<std::size_t>(column)].text;
+  return Colours[static_cast<std::size_t>(column)];
 }
 
 void TtsGrid::ShowColours() {
