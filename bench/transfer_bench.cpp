@@ -16,24 +16,23 @@
 namespace mr4500x {
 namespace {
 
-constexpr double CharacterTime = 1000.0 * LineBitsPerCharacter / LineBaud; // ms
+constexpr double ByteTime = CharacterTime.count() / 1000.0; // ms
 constexpr double PollRound = 20;
 
 // Open, wake-up (answered within the first of its rounds), and after the last record the closing wait; a record costs
 // its waits, its request on the line, and the rounds until a look finds the reply, the satisfied round included.
-constexpr double ReadSum = 80 + (80 + 4 * CharacterTime + 2 * PollRound + 10) +
-                           103 * (10 + 4 * CharacterTime + 2 * PollRound + 10) + (4 * CharacterTime + 50);
-constexpr double WriteSum = 80 + (80 + 5 * CharacterTime + 2 * PollRound + 10) + 20 +
-                            66 * (12 * CharacterTime + 20 + PollRound) + (12 * CharacterTime + 50 + PollRound);
+constexpr double ReadSum = 80 + (80 + 4 * ByteTime + 2 * PollRound + 10) +
+                           103 * (10 + 4 * ByteTime + 2 * PollRound + 10) + (4 * ByteTime + 50);
+constexpr double WriteSum = 80 + (80 + 5 * ByteTime + 2 * PollRound + 10) + 20 + 66 * (12 * ByteTime + 20 + PollRound) +
+                            (12 * ByteTime + 50 + PollRound);
 
-class Silent final : public ProgressView, public MessageView {
+class Silent final : public ExchangeObserver {
 public:
-  void Open(std::string_view, std::string_view, int) override {}
-  void SetValue(int) override {}
-  void Close() override {}
-  Answer Show(MessageIcon, std::string_view, std::string_view, MessageButtons buttons) override {
-    return buttons == MessageButtons::Ok ? Answer::Ok : Answer::Yes;
-  }
+  void Began(Transfer, int) override {}
+  void Progress(int) override {}
+  void Ended() override {}
+  bool AcceptsOtherBand() override { return true; }
+  bool Complete(Transfer) override { return true; }
 };
 
 // The simulator as a process, and the device that it prints.
@@ -61,8 +60,8 @@ private:
   pid_t m_process = -1;
 };
 
-template<typename Transfer>
-void Measure(benchmark::State& state, double sum, Transfer transfer) {
+template<typename Run>
+void Measure(benchmark::State& state, double sum, Run run) {
   Simulator simulator;
   QtSerialPort port(simulator.device);
   SteadyClock clock;
@@ -71,7 +70,7 @@ void Measure(benchmark::State& state, double sum, Transfer transfer) {
   const std::clock_t processor = std::clock();
   const Clock::Moment start = clock.Now();
   for (auto _ : state) {
-    if (transfer(Exchange{line, silent, silent}) != Outcome::Complete) state.SkipWithError("the transfer failed");
+    if (run(line, silent).outcome != Outcome::Complete) state.SkipWithError("the transfer failed");
   }
   const double wall =
       static_cast<double>((clock.Now() - start).count()) / 1000 / static_cast<double>(state.iterations());
@@ -84,16 +83,17 @@ void Measure(benchmark::State& state, double sum, Transfer transfer) {
 
 void FullRead(benchmark::State& state) {
   RadioImage image;
-  Measure(state, ReadSum, [&](const Exchange& exchange) { return ReadRadio(exchange, image, [] { return true; }); });
+  Measure(state, ReadSum,
+          [&](SerialLine& line, ExchangeObserver& observer) { return ReadRadio(line, image, observer); });
 }
 BENCHMARK(FullRead)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
 
 void FullWrite(benchmark::State& state) {
   RadioImage image;
   ResetToDefaults(image, {2026, 1, 1, 0, 0, 0});
-  Measure(state, WriteSum, [&](const Exchange& exchange) {
+  Measure(state, WriteSum, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteRadio(
-        exchange, image, [] { return LocalTime{2026, 1, 1, 0, 0, 0}; }, [] {});
+        line, image, [] { return LocalTime{2026, 1, 1, 0, 0, 0}; }, observer);
   });
 }
 BENCHMARK(FullWrite)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);

@@ -2,7 +2,6 @@
 #include "frm_main.h"
 
 #include "program_icons.h"
-#include "recent_files.h"
 
 #include <QAction>
 #include <QMenu>
@@ -26,6 +25,8 @@ struct FrmMain::ActionRow {
   const char* key = "";                 // of the toolbar button, whose object name it is
   const char* tip = "";
   const char* icon = "";
+  QAction* FrmMain::*heldItem = nullptr; // where the window keeps them
+  QAction* FrmMain::*heldButton = nullptr;
 
   static std::span<const ActionRow> Table();
 };
@@ -33,10 +34,10 @@ struct FrmMain::ActionRow {
 // clang-format off
 std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
   static constexpr ActionRow rows[] = {
-    // kind           text                            name                 shortcut  handler                            key        tip                        icon
+    // kind         text                      name                 shortcut  handler                            key        tip                 icon         held item, held button
     {RowKind::Menu,   "&File",                 "mnuFile"},
     {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", &FrmMain::mnuFileOpen_Click,       "Open",    "Open",             "open"},
-    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       &FrmMain::mnuFileClose_Click},
+    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       &FrmMain::mnuFileClose_Click,      "",        "",                 "",          &FrmMain::m_mnuFileClose},
     {RowKind::Separator},
     {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", &FrmMain::mnuFileSave_Click,       "Save",    "Save",             "save"},
     {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       &FrmMain::mnuFileSaveAs_Click},
@@ -50,9 +51,9 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
     {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", &FrmMain::mnuEditCopy_Click},
     {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", &FrmMain::mnuEditPaste_Click},
     {RowKind::Menu,   "&Option",               "mnuOption"},
-    {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels"},
+    {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels",  &FrmMain::m_mnuOptionChannels, &FrmMain::m_btnChanWin},
     {RowKind::Separator},
-    {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions"},
+    {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions", &FrmMain::m_mnuOptionFunction, &FrmMain::m_btnFuncWin},
     {RowKind::Menu,   "&Program",              "mnuProgram"},
     {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", &FrmMain::mnuProgramRead_Click,    "Read",    "Read",             "read"},
     {RowKind::Separator},
@@ -84,14 +85,6 @@ constexpr std::array<std::string_view, 13> ToolbarOrder = {"New",   "Open", "Sav
                                                            "Write", "",     "Port", "", "ChanWin", "FuncWin"};
 constexpr int IconSize = 24;
 
-void AddRecentEntries(QMenu& menu, const char* name) {
-  for (std::size_t slot = 1; slot <= RecentFileCount; ++slot) {
-    QAction* const entry = menu.addAction(QString());
-    entry->setObjectName(QString::fromLatin1(name).arg(slot));
-    entry->setVisible(false);
-  }
-}
-
 } // namespace
 
 void FrmMain::BuildMenus() {
@@ -104,7 +97,7 @@ void FrmMain::BuildMenus() {
       AddRow(*menu, row);
     }
   }
-  NamedAction("mnuFileClose")->setEnabled(false);
+  m_mnuFileClose->setEnabled(false);
 }
 
 void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
@@ -114,7 +107,11 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
     menu.addSeparator()->setVisible(row.kind == RowKind::Separator);
     return;
   case RowKind::Recent:
-    AddRecentEntries(menu, row.name);
+    for (std::size_t i = 0; i < m_mnuRecent.size(); ++i) {
+      m_mnuRecent[i] = menu.addAction(QString());
+      m_mnuRecent[i]->setObjectName(QString::fromLatin1(row.name).arg(i + 1));
+      m_mnuRecent[i]->setVisible(false);
+    }
     return;
   case RowKind::Item:
   case RowKind::View:
@@ -130,6 +127,7 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
   item->setCheckable(row.kind == RowKind::View);
   item->setVisible(row.kind != RowKind::Hidden);
   item->setEnabled(row.handler != nullptr);
+  if (row.heldItem != nullptr) this->*row.heldItem = item;
   if (row.handler != nullptr) connect(item, &QAction::triggered, this, row.handler);
 }
 
@@ -149,6 +147,7 @@ void FrmMain::BuildToolbar() {
       QAction* const button = toolbar->addAction(ProgramIcon(row.icon), tr(row.tip));
       button->setObjectName(QLatin1String(row.key));
       button->setEnabled(row.handler != nullptr);
+      if (row.heldButton != nullptr) this->*row.heldButton = button;
       if (row.handler != nullptr) connect(button, &QAction::triggered, this, row.handler);
       toolbar->widgetForAction(button)->setObjectName(QLatin1String(row.key));
     }

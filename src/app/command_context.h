@@ -8,8 +8,7 @@
 #include <QAction>
 #include <QWidget>
 
-#include <string>
-#include <string_view>
+#include <utility>
 
 namespace mr4500x {
 
@@ -26,12 +25,10 @@ struct CommandContext {
   StatusPanels& status;
   QAction& closeItem;
   QWidget& window;
-  std::string& title;
 
-  [[nodiscard]] std::string Title() const { return title; }
-  void SetTitle(std::string_view text) const {
-    title = text;
-    window.setWindowTitle(QString::fromUtf8(text));
+  void SetOrigin(Origin origin) const {
+    state.origin = std::move(origin);
+    window.setWindowTitle(QString::fromStdString(TitleOf(state.origin)));
   }
 };
 

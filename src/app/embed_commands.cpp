@@ -1,11 +1,9 @@
 #include "embed_commands.h"
 
-#include "command_phase.h"
 #include "editor_panel.h"
 #include "embedded_info.h"
 #include "frm_embed.h"
 #include "transfer.h"
-#include "window_titles.h"
 
 namespace mr4500x {
 
@@ -24,22 +22,22 @@ void EmbedCommands::Info() {
 
 void EmbedCommands::Read() {
   m_context.panel.CommitOpenEditors();
-  const Transfer transfer(m_context);
-  // The exchange tells the user how it ended.
-  static_cast<void>(ReadEmbeddedInfo(transfer.Parts(), m_context.image, [this] {
-    return Succeeds([this] {
-      m_context.SetTitle(ReadInfoTitle);
-      m_context.closeItem.setEnabled(true);
-      return true;
-    });
-  }));
+  const auto exchange = [this](SerialLine& line, ExchangeObserver& observer) {
+    return ReadEmbeddedInfo(line, m_context.image, observer);
+  };
+  RunTransfer(m_context, HeldPointer::Busy, exchange, [this] {
+    m_context.SetOrigin(RadioOrigin{Transfer::ReadInfo});
+    m_context.closeItem.setEnabled(true);
+  });
 }
 
 void EmbedCommands::Write() {
   m_context.panel.CommitOpenEditors();
-  const Transfer transfer(m_context, HeldPointer::Unchanged);
-  static_cast<void>(
-      WriteEmbeddedInfo(transfer.Parts(), m_context.image, [this] { m_context.SetTitle(WriteInfoTitle); }));
+  const auto exchange = [this](SerialLine& line, ExchangeObserver& observer) {
+    return WriteEmbeddedInfo(line, m_context.image, observer);
+  };
+  RunTransfer(m_context, HeldPointer::Unchanged, exchange,
+              [this] { m_context.SetOrigin(RadioOrigin{Transfer::WriteInfo}); });
 }
 
 } // namespace mr4500x

@@ -3,7 +3,7 @@
 #include "command_phase.h"
 #include "data_file.h"
 #include "editor_panel.h"
-#include "file_title.h"
+#include "program_title.h"
 #include "recent_files.h"
 #include "recent_menu.h"
 #include "settings.h"
@@ -54,9 +54,9 @@ void FileCommands::OpenFile(const std::string& path) {
     m_context.recent.Rebuild();
     return;
   }
-  const std::string title = m_context.Title();
-  if (title == FileTitle(path)) return;
-  if (title != BareTitle && Close() == CloseEnd::Cancelled) return;
+  const Origin& origin = m_context.state.origin;
+  if (origin == Origin(FileOrigin{path})) return;
+  if (origin != Origin() && Close() == CloseEnd::Cancelled) return;
 
   if (!Succeeds([&] { return LoadInto(path); })) return;
   BelongTo(path);
@@ -85,9 +85,9 @@ bool FileCommands::LoadInto(const std::string& path) {
 
 CloseEnd FileCommands::Close() {
   m_context.panel.HideOpenEditors();
-  if (m_context.Title() == BareTitle) return CloseEnd::Closed;
+  if (m_context.state.origin == Origin()) return CloseEnd::Closed;
   if (AskAboutUnsavedData() == CloseEnd::Cancelled) return CloseEnd::Cancelled;
-  m_context.SetTitle(BareTitle);
+  m_context.SetOrigin(NoOrigin());
   m_context.panel.FillReset(m_context.services.now());
   m_context.closeItem.setEnabled(false);
   m_context.state.ModifiedFlag = false;
@@ -96,7 +96,7 @@ CloseEnd FileCommands::Close() {
 
 CloseEnd FileCommands::AskAboutUnsavedData() {
   if (!m_context.state.ModifiedFlag) return CloseEnd::Closed;
-  const Answer answer = m_context.services.messages.Show(MessageIcon::Exclamation, BareTitle, UnsavedDataText,
+  const Answer answer = m_context.services.messages.Show(MessageIcon::Exclamation, ProgramTitle, UnsavedDataText,
                                                          MessageButtons::YesNoCancel);
   if (answer == Answer::Yes) Save(); // whatever comes of it
   return answer == Answer::Cancel ? CloseEnd::Cancelled : CloseEnd::Closed;
@@ -104,13 +104,13 @@ CloseEnd FileCommands::AskAboutUnsavedData() {
 
 void FileCommands::Save() {
   m_context.panel.CommitOpenEditors();
-  const std::string title = m_context.Title();
-  if (IsRadioTitle(title)) {
+  const Origin& origin = m_context.state.origin;
+  if (std::holds_alternative<RadioOrigin>(origin)) {
     SaveAs();
     return;
   }
-  if (title != BareTitle)
-    m_context.state.LastFileName = PathInTitle(title);
+  if (const auto* const file = std::get_if<FileOrigin>(&origin))
+    m_context.state.LastFileName = file->path;
   else if (!AskSaveName(SaveTitle))
     return;
   m_context.panel.Collect();
@@ -142,7 +142,7 @@ void FileCommands::WriteFile(SaveCommand command) {
 
 // The editor and the file at the path now hold the same data.
 void FileCommands::BelongTo(const std::string& path) {
-  m_context.SetTitle(FileTitle(path));
+  m_context.SetOrigin(FileOrigin{path});
   m_context.state.ModifiedFlag = false;
   m_context.closeItem.setEnabled(true);
   AddRecent(m_context.services.files, m_context.services.settingsFile, path);
@@ -155,7 +155,7 @@ CloseEnd FileCommands::PrepareExit() {
   return AskAboutUnsavedData();
 }
 
-void FileCommands::Show(const FileMessage& message) {
+void FileCommands::Show(const Message& message) {
   m_context.services.messages.Show(message.icon, message.title, message.text, MessageButtons::Ok);
 }
 

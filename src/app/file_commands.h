@@ -31,7 +31,7 @@ private:
   [[nodiscard]] CloseEnd AskAboutUnsavedData();
   void WriteFile(SaveCommand command);
   void BelongTo(const std::string& path);
-  void Show(const FileMessage& message);
+  void Show(const Message& message);
 
   CommandContext m_context;
 };

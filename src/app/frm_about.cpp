@@ -1,7 +1,7 @@
 #include "frm_about.h"
 
 #include "program_icons.h"
-#include "window_titles.h"
+#include "program_title.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -61,7 +61,7 @@ QLabel* MakeLink(const std::function<void(const std::string&)>& openLink) {
 
 FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("frmAbout"));
-  const QString title = QString::fromUtf8(BareTitle);
+  const QString title = QString::fromUtf8(ProgramTitle);
   setWindowTitle(tr("About %1").arg(title));
 
   auto* const picture = new QLabel;

@@ -3,11 +3,11 @@
 #include "editor_panel.h"
 #include "embed_commands.h"
 #include "file_commands.h"
-#include "file_title.h"
 #include "frm_about.h"
 #include "locale_texts.h"
 #include "print_command.h"
 #include "program_icons.h"
+#include "program_title.h"
 #include "radio_commands.h"
 #include "recent_menu.h"
 #include "settings.h"
@@ -53,9 +53,8 @@ void FrmMain::BuildPanel() {
   scroll->setCornerWidget(filler);
   setCentralWidget(scroll);
 
-  const QString title = QString::fromLatin1(BareTitle.data());
-  setWindowTitle(title);
-  m_status = new StatusPanels(title);
+  setWindowTitle(QString::fromStdString(TitleOf(m_state.origin)));
+  m_status = new StatusPanels(QString::fromUtf8(ProgramTitle));
   setStatusBar(m_status);
   // A click beside the controls ends the editing of a cell.
   m_status->installEventFilter(this);
@@ -63,20 +62,12 @@ void FrmMain::BuildPanel() {
 }
 
 void FrmMain::BuildCommands() {
-  RecentMenu::Entries entries{};
-  for (std::size_t i = 0; i < entries.size(); ++i)
-    entries[i] = NamedAction(qPrintable(QStringLiteral("mnuRecent(%1)").arg(i + 1)));
-  m_recent = std::make_unique<RecentMenu>(entries, m_services.files, m_services.settingsFile,
+  m_recent = std::make_unique<RecentMenu>(m_mnuRecent, m_services.files, m_services.settingsFile,
                                           [this](const std::string& path) { OpenGiven(path); });
-  const CommandContext context = {
-      m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *NamedAction("mnuFileClose"), *this, m_title};
+  const CommandContext context = {m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *m_mnuFileClose, *this};
   m_fileCommands = std::make_unique<FileCommands>(context);
   m_radioCommands = std::make_unique<RadioCommands>(context);
   m_embedCommands = std::make_unique<EmbedCommands>(context);
-}
-
-QAction* FrmMain::NamedAction(const char* name) const {
-  return findChild<QAction*>(QLatin1String(name));
 }
 
 void FrmMain::Load() {
@@ -105,10 +96,10 @@ void FrmMain::ShowView(View view) {
     m_panel->ShowChannelView();
   else
     m_panel->ShowFunctionView();
-  NamedAction("mnuOptionChannels")->setChecked(isChannel);
-  NamedAction("mnuOptionFunction")->setChecked(!isChannel);
-  NamedAction("ChanWin")->setEnabled(!isChannel);
-  NamedAction("FuncWin")->setEnabled(isChannel);
+  m_mnuOptionChannels->setChecked(isChannel);
+  m_mnuOptionFunction->setChecked(!isChannel);
+  m_btnChanWin->setEnabled(!isChannel);
+  m_btnFuncWin->setEnabled(isChannel);
 }
 
 void FrmMain::RunCommand(const std::function<void()>& command) {

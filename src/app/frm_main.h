@@ -6,10 +6,11 @@
 #include "field_texts.h"
 #include "main_services.h"
 #include "radio_image.h"
-#include "window_titles.h"
+#include "recent_files.h"
 
 #include <QMainWindow>
 
+#include <array>
 #include <functional>
 #include <memory>
 
@@ -51,7 +52,6 @@ private:
   void BuildToolbar();
   void BuildPanel();
   void BuildCommands();
-  [[nodiscard]] QAction* NamedAction(const char* name) const;
 
   void Load();
   void TakeDesignSize();
@@ -90,7 +90,13 @@ private:
   std::unique_ptr<FileCommands> m_fileCommands;
   std::unique_ptr<RadioCommands> m_radioCommands;
   std::unique_ptr<EmbedCommands> m_embedCommands;
-  std::string m_title{BareTitle};
+  // The actions that change; the others need nobody to hold them.
+  QAction* m_mnuFileClose = nullptr;
+  QAction* m_mnuOptionChannels = nullptr;
+  QAction* m_mnuOptionFunction = nullptr;
+  QAction* m_btnChanWin = nullptr;
+  QAction* m_btnFuncWin = nullptr;
+  std::array<QAction*, RecentFileCount> m_mnuRecent{};
   bool m_running = false;
 };
 

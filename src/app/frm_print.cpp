@@ -1,6 +1,6 @@
 #include "frm_print.h"
 
-#include "window_titles.h"
+#include "program_title.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -77,7 +77,7 @@ void FrmPrint::cmdOK_Click() {
   const ReportChoice ticked = {m_chkPrintOutput[0]->isChecked(), m_chkPrintOutput[1]->isChecked(),
                                m_chkPrintOutput[2]->isChecked()};
   if (!ticked.Any()) {
-    m_messages.Show(MessageIcon::Information, BareTitle, NothingChosenText, MessageButtons::Ok);
+    m_messages.Show(MessageIcon::Information, ProgramTitle, NothingChosenText, MessageButtons::Ok);
     return;
   }
   m_chk0 = ticked.channels;

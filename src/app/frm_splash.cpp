@@ -1,6 +1,6 @@
 #include "frm_splash.h"
 
-#include "window_titles.h"
+#include "program_title.h"
 
 #include <QEventLoop>
 #include <QLinearGradient>
@@ -24,7 +24,7 @@ struct SplashLine {
 };
 
 constexpr SplashLine Lines[] = {
-    {BareTitle.data(), 2.2, 1.6, true},
+    {ProgramTitle.data(), 2.2, 1.6, true},
     {"LR7200 Radio Series", 5.2, 1.15, false},
     {"136MHz-520MHz", 7.0, 1.15, false},
     {"2003 Version", 11.0, 1.0, false},
@@ -50,7 +50,7 @@ void DrawWaves(QPainter& painter, const QRect& area, double line) {
 
 FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
   setObjectName(QStringLiteral("frmSplash"));
-  setWindowTitle(QString::fromLatin1(BareTitle.data()));
+  setWindowTitle(QString::fromLatin1(ProgramTitle.data()));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_QuitOnClose, false); // there is no other window yet when it goes
   setFixedSize(fontMetrics().height() * 30, fontMetrics().height() * 13);

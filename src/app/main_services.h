@@ -6,10 +6,10 @@
 #include "file_system.h"
 #include "font_dialog.h"
 #include "help_viewer.h"
+#include "local_time.h"
 #include "message_view.h"
 #include "printer.h"
 #include "progress_view.h"
-#include "radio_image.h"
 #include "serial_port.h"
 #include "window_geometry.h"
 

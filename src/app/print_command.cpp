@@ -4,7 +4,7 @@
 #include "embedded_info.h"
 #include "frm_print.h"
 #include "locale_texts.h"
-#include "window_titles.h"
+#include "program_title.h"
 
 #include <QGuiApplication>
 #include <QLocale>
@@ -21,7 +21,7 @@ void PrintChosenReports(const MainServices& services, EditorPanel& panel, const 
   const std::unique_ptr<Printer> printer = services.printers.CurrentPrinter();
   const std::optional<std::string> failure = PrintReports(*printer, texts, *choice);
   QGuiApplication::restoreOverrideCursor();
-  if (failure) services.messages.Show(MessageIcon::Exclamation, BareTitle, *failure, MessageButtons::Ok);
+  if (failure) services.messages.Show(MessageIcon::Exclamation, ProgramTitle, *failure, MessageButtons::Ok);
 }
 
 } // namespace mr4500x

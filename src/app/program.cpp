@@ -2,9 +2,10 @@
 #include "program.h"
 
 #include "machine.h"
+#include "port_choice.h"
 #include "port_devices.h"
+#include "program_title.h"
 #include "settings.h"
-#include "window_titles.h"
 
 #include <QDesktopServices>
 #include <QStandardPaths>
@@ -12,6 +13,8 @@
 
 namespace mr4500x {
 namespace {
+
+static_assert(HighestPort == PortCount);
 
 void OpenLink(const std::string& page) {
   QDesktopServices::openUrl(QUrl(QString::fromStdString(page)));
@@ -22,7 +25,7 @@ void OpenLink(const std::string& page) {
 Program::Program()
     : m_folder(ProgramFolder()), m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())),
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }), m_messages(m_input),
-      m_progress(std::string(BareTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
+      m_progress(std::string(ProgramTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
       m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files, m_port, m_clock,
                  m_input, m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
                  StoreWindowGeometry, OpenLink}) {}

@@ -1,12 +1,10 @@
 #include "radio_commands.h"
 
-#include "command_phase.h"
 #include "editor_panel.h"
 #include "frm_port.h"
 #include "port_choice.h"
 #include "status_panels.h"
 #include "transfer.h"
-#include "window_titles.h"
 
 #include <QGuiApplication>
 
@@ -22,33 +20,29 @@ PortChoice TestPorts(SerialPort& port, int commPortNumber) {
 
 } // namespace
 
+// Neither changes ModifiedFlag: what a radio holds is in no file.
 void RadioCommands::Read() {
   m_context.panel.CommitOpenEditors();
-  const Transfer transfer(m_context);
-  const auto showImage = [this] {
-    return Succeeds([this] {
-      m_context.SetTitle(ReadTitle);
-      m_context.panel.Fill();
-      BelongToRadio(ReadTitle);
-      return true;
-    });
+  const auto exchange = [this](SerialLine& line, ExchangeObserver& observer) {
+    return ReadRadio(line, m_context.image, observer);
   };
-  // The exchange tells the user how it ended.
-  static_cast<void>(ReadRadio(transfer.Parts(), m_context.image, showImage));
+  RunTransfer(m_context, HeldPointer::Busy, exchange, [this] {
+    m_context.SetOrigin(RadioOrigin{Transfer::Read});
+    m_context.panel.Fill();
+    m_context.closeItem.setEnabled(true);
+  });
 }
 
 void RadioCommands::Write() {
   m_context.panel.CommitOpenEditors();
   m_context.panel.Collect();
-  const Transfer transfer(m_context);
-  static_cast<void>(
-      WriteRadio(transfer.Parts(), m_context.image, m_context.services.now, [this] { BelongToRadio(WriteTitle); }));
-}
-
-// ModifiedFlag stays as it is: what a radio holds is in no file.
-void RadioCommands::BelongToRadio(std::string_view title) {
-  m_context.SetTitle(title);
-  m_context.closeItem.setEnabled(true);
+  const auto exchange = [this](SerialLine& line, ExchangeObserver& observer) {
+    return WriteRadio(line, m_context.image, m_context.services.now, observer);
+  };
+  RunTransfer(m_context, HeldPointer::Busy, exchange, [this] {
+    m_context.SetOrigin(RadioOrigin{Transfer::Write});
+    m_context.closeItem.setEnabled(true);
+  });
 }
 
 void RadioCommands::Port() {

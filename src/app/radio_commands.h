@@ -14,8 +14,6 @@ public:
   void Port();
 
 private:
-  void BelongToRadio(std::string_view title);
-
   CommandContext m_context;
 };
 

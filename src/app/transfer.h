@@ -1,29 +1,19 @@
-// What a command has for one exchange with the radio: the line to the chosen port, the desk's windows, and the user's
-// input held as long as this lives.
+// How a command runs one exchange with the radio: over the line to the chosen port, with the progress window and the
+// messages, and with the user's input held.
 #pragma once
 
 #include "command_context.h"
 #include "exchange.h"
 #include "transfer_guard.h"
 
+#include <functional>
+
 namespace mr4500x {
 
-class Transfer {
-public:
-  explicit Transfer(const CommandContext& context, HeldPointer pointer = HeldPointer::Busy)
-      : m_guard(context.services.input, pointer),
-        m_line(context.services.port, context.services.clock, context.state.CommPortNumber),
-        m_exchange{m_line, context.services.progress, context.services.messages} {
-    context.window.repaint(); // it may not be for a while
-  }
-  Q_DISABLE_COPY_MOVE(Transfer)
+using RunExchange = std::function<ExchangeResult(SerialLine& line, ExchangeObserver& observer)>;
 
-  [[nodiscard]] const Exchange& Parts() const { return m_exchange; }
-
-private:
-  TransferGuard m_guard;
-  SerialLine m_line;
-  Exchange m_exchange;
-};
+// `completed` changes the window when all is done, while the port is still open.
+void RunTransfer(const CommandContext& context, HeldPointer pointer, const RunExchange& exchange,
+                 const std::function<void()>& completed);
 
 } // namespace mr4500x

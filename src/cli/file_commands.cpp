@@ -19,7 +19,7 @@ bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& imag
   ResetToDefaults(image, {}); // what no file holds
   const LoadResult result = LoadDataFile(files, path, image);
   if (result.markerNotEmpty) terminal.err << NewVersionNotice.text << '\n';
-  const std::optional<FileMessage> failure = MessageFor(result.outcome);
+  const std::optional<Message> failure = MessageFor(result.outcome);
   if (failure) terminal.err << failure->text << '\n';
   return !failure;
 }

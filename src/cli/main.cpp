@@ -83,7 +83,7 @@ ExitStatus Companion::InfoWrite() {
 }
 
 ExitStatus Companion::Ports() {
-  const DevicePins pins = PortDevices(m_files, SettingsFile());
+  const auto pins = PortDevices(m_files, SettingsFile());
   const std::vector<std::string> devices = MachineSerialDevices();
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
   QtSerialPort serial(deviceOf);
@@ -149,7 +149,7 @@ void Companion::Declare(CLI::App& app) {
   file(read);
 
   CLI::App* const write = command(app, "write", "Write the configuration in FILE to the radio", [this] {
-    const auto band = m_arguments.acceptBand ? TerminalMessages::Policy::AlwaysYes : TerminalMessages::Policy::Ask;
+    const auto band = m_arguments.acceptBand ? BandAnswer::Yes : BandAnswer::Ask;
     return WithRadio([&](const RadioCommand& radio) { return RunWrite(radio, m_arguments.file, band, LocalNow); });
   });
   file(write);

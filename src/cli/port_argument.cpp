@@ -2,6 +2,7 @@
 #include "port_argument.h"
 
 #include "decimal.h"
+#include "port_choice.h"
 #include "port_devices.h"
 #include "serial_line.h"
 #include "settings.h"

@@ -9,16 +9,13 @@
 #include "info_text.h"
 #include "port_choice.h"
 #include "signaling.h"
+#include "transfer_messages.h"
 
 #include <iomanip>
 #include <ostream>
 
 namespace mr4500x {
 namespace {
-
-bool NothingToShow() {
-  return true;
-}
 
 // False for a file that does not exist yet in a folder that takes none.
 bool CanBeCreated(FileSystem& files, const std::string& path) {
@@ -27,9 +24,14 @@ bool CanBeCreated(FileSystem& files, const std::string& path) {
   return files.CanWrite(FolderOf(path));
 }
 
+// False, with its message, for a transfer that is not complete.
+bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
+  if (const auto failure = FailureOf(result)) terminal.err << failure->text << '\n';
+  return result.outcome == Outcome::Complete;
+}
+
 // Somebody who watched the progress wants to see how it ended; a script has the exit status.
-ExitStatus Ended(Terminal& terminal, Outcome outcome, const std::string& sentence) {
-  if (outcome != Outcome::Complete) return ExitStatus::Failed;
+ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   if (terminal.showsProgress) terminal.err << sentence << '\n';
   return ExitStatus::Done;
 }
@@ -41,33 +43,28 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
     command.terminal.err << MessageForFailed(SaveCommand::Save).text << '\n';
     return ExitStatus::Failed;
   }
-  TerminalMessages messages(command.terminal, TerminalMessages::Policy::Ask);
-  TerminalProgress progress(command.terminal);
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage image;
-  const Outcome outcome = ReadRadio({command.line, progress, messages}, image, NothingToShow);
-  if (outcome != Outcome::Complete) return ExitStatus::Failed;
+  if (!IsComplete(command.terminal, ReadRadio(command.line, image, observer))) return ExitStatus::Failed;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
   if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // what the editor would say of it
   if (!SaveForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
-  return Ended(command.terminal, outcome, command.line.PortName() + " has been read into " + path + ".");
+  return Done(command.terminal, command.line.PortName() + " has been read into " + path + ".");
 }
 
-ExitStatus RunWrite(const RadioCommand& command, const std::string& path, TerminalMessages::Policy band,
+ExitStatus RunWrite(const RadioCommand& command, const std::string& path, BandAnswer band,
                     const std::function<LocalTime()>& now) {
   RadioImage image;
   if (!LoadForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
-  TerminalMessages messages(command.terminal, band);
-  TerminalProgress progress(command.terminal);
-  const Outcome outcome = WriteRadio({command.line, progress, messages}, image, now, [] {});
-  return Ended(command.terminal, outcome, path + " has been written to " + command.line.PortName() + ".");
+  TerminalObserver observer(command.terminal, band);
+  if (!IsComplete(command.terminal, WriteRadio(command.line, image, now, observer))) return ExitStatus::Failed;
+  return Done(command.terminal, path + " has been written to " + command.line.PortName() + ".");
 }
 
 ExitStatus RunInfoRead(const RadioCommand& command) {
-  TerminalMessages messages(command.terminal, TerminalMessages::Policy::Ask);
-  TerminalProgress progress(command.terminal);
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage image;
-  const Outcome outcome = ReadEmbeddedInfo({command.line, progress, messages}, image, NothingToShow);
-  if (outcome != Outcome::Complete) return ExitStatus::Failed;
+  if (!IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
   command.terminal.out << InfoToPrint(EmbeddedText(image.EmbeddedInfoBlock)) << '\n'
                        << LastProgrammingTime(image) << '\n';
   return EndOutput(command.terminal);
@@ -76,10 +73,9 @@ ExitStatus RunInfoRead(const RadioCommand& command) {
 ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text) {
   RadioImage image;
   if (!StoreEmbeddedText(image.EmbeddedInfoBlock, text)) return ExitStatus::UnusableArguments;
-  TerminalMessages messages(command.terminal, TerminalMessages::Policy::Ask);
-  TerminalProgress progress(command.terminal);
-  const Outcome outcome = WriteEmbeddedInfo({command.line, progress, messages}, image, [] {});
-  return Ended(command.terminal, outcome, "The text has been written to " + command.line.PortName() + ".");
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
+  if (!IsComplete(command.terminal, WriteEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
+  return Done(command.terminal, "The text has been written to " + command.line.PortName() + ".");
 }
 
 ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, Terminal& terminal) {

@@ -1,7 +1,6 @@
 // The commands that talk to a radio or look for one.
 #pragma once
 
-#include "exchange.h"
 #include "exit_status.h"
 #include "file_system.h"
 #include "terminal.h"
@@ -22,7 +21,7 @@ struct RadioCommand {
 [[nodiscard]] ExitStatus RunRead(const RadioCommand& command, const std::string& path);
 
 // Sends what the file holds, under the present write stamp.
-[[nodiscard]] ExitStatus RunWrite(const RadioCommand& command, const std::string& path, TerminalMessages::Policy band,
+[[nodiscard]] ExitStatus RunWrite(const RadioCommand& command, const std::string& path, BandAnswer band,
                                   const std::function<LocalTime()>& now);
 
 // Prints the text and the last programming time.

@@ -1,24 +1,13 @@
-// Talking on a terminal.
 #include "terminal.h"
+
+#include "transfer_messages.h"
 
 #include <algorithm>
 #include <cctype>
 #include <iostream>
+#include <string>
 
 namespace mr4500x {
-
-Answer TerminalMessages::Show(MessageIcon icon, std::string_view /*title*/, std::string_view text,
-                              MessageButtons buttons) {
-  if (buttons == MessageButtons::Ok) {
-    if (icon != MessageIcon::None) m_terminal.err << text << '\n';
-    return Answer::Ok;
-  }
-  if (m_policy == Policy::AlwaysYes) return Answer::Yes;
-  m_terminal.err << text;
-  if (m_terminal.answersQuestions) return AskYesNo();
-  m_terminal.err << '\n';
-  return Answer::No;
-}
 
 ExitStatus EndOutput(Terminal& terminal) {
   terminal.out << std::flush;
@@ -27,39 +16,46 @@ ExitStatus EndOutput(Terminal& terminal) {
   return ExitStatus::Failed;
 }
 
-Answer TerminalMessages::AskYesNo() {
+bool TerminalObserver::AcceptsOtherBand() {
+  if (m_band == BandAnswer::Yes) return true;
+  m_terminal.err << BandQuestion().text;
+  if (m_terminal.answersQuestions) return AskYesNo();
+  m_terminal.err << '\n';
+  return false;
+}
+
+bool TerminalObserver::AskYesNo() {
   std::string line;
   for (;;) {
     m_terminal.err << " (y/n) " << std::flush;
-    if (!std::getline(m_terminal.in, line)) return Answer::No;
+    if (!std::getline(m_terminal.in, line)) return false;
     line.erase(line.find_last_not_of(" \t\r") + 1);
     line.erase(0, line.find_first_not_of(" \t"));
     std::transform(line.begin(), line.end(), line.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    if (line == "y" || line == "yes") return Answer::Yes;
-    if (line == "n" || line == "no") return Answer::No;
+    if (line == "y" || line == "yes") return true;
+    if (line == "n" || line == "no") return false;
     m_terminal.err << "Please answer yes or no.";
   }
 }
 
-void TerminalProgress::Open(std::string_view /*title*/, std::string_view text, int maximum) {
-  m_text = text;
+void TerminalObserver::Began(Transfer transfer, int maximum) {
+  m_text = ProgressOf(transfer).text;
   m_maximum = maximum;
   m_percent = -1;
-  SetValue(0);
+  Progress(0);
 }
 
-void TerminalProgress::SetValue(int value) {
-  if (!m_terminal.showsProgress || m_maximum <= 0) return;
+void TerminalObserver::Progress(int value) {
+  if (!m_terminal.showsProgress) return;
   const int percent = 100 * std::clamp(value, 0, m_maximum) / m_maximum;
   if (percent <= m_percent) return; // a write's last value lies below the one before
   m_percent = percent;
   m_terminal.err << '\r' << m_text << ' ' << percent << " %" << std::flush;
 }
 
-void TerminalProgress::Close() {
-  if (m_terminal.showsProgress && m_maximum > 0) m_terminal.err << '\n' << std::flush;
-  m_maximum = 0;
+void TerminalObserver::Ended() {
+  if (m_terminal.showsProgress) m_terminal.err << '\n' << std::flush;
 }
 
 } // namespace mr4500x

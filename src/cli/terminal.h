@@ -1,12 +1,11 @@
-// Messages, questions and progress on a terminal or in a pipe, in the place of the windows of the desktop program.
+// A command's messages, questions and progress on a terminal or in a pipe.
 #pragma once
 
+#include "exchange.h"
 #include "exit_status.h"
-#include "message_view.h"
-#include "progress_view.h"
 
 #include <iosfwd>
-#include <string>
+#include <string_view>
 
 namespace mr4500x {
 
@@ -22,34 +21,26 @@ struct Terminal {
 // What a command that printed data ends with: a failure when not all of it could be written.
 [[nodiscard]] ExitStatus EndOutput(Terminal& terminal);
 
-// Shows failures; a completed exchange needs no words. A question is asked where somebody can answer it, and has the
-// given answer elsewhere.
-class TerminalMessages final : public MessageView {
-public:
-  enum class Policy { Ask, AlwaysYes };
-  TerminalMessages(const Terminal& terminal, Policy policy) : m_terminal(terminal), m_policy(policy) {}
+// The question of another band is asked where somebody can answer it. Nobody: No.
+enum class BandAnswer : std::uint8_t { Ask, Yes };
 
-  Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override;
+// Shows a transfer's progress as one line that is written over; nothing off a terminal. Its end is left to the command.
+class TerminalObserver final : public ExchangeObserver {
+public:
+  TerminalObserver(const Terminal& terminal, BandAnswer band) : m_terminal(terminal), m_band(band) {}
+
+  void Began(Transfer transfer, int maximum) override;
+  void Progress(int value) override;
+  void Ended() override;
+  [[nodiscard]] bool AcceptsOtherBand() override;
+  [[nodiscard]] bool Complete(Transfer /*transfer*/) override { return true; }
 
 private:
-  Answer AskYesNo();
+  [[nodiscard]] bool AskYesNo();
 
   const Terminal& m_terminal;
-  Policy m_policy;
-};
-
-// One line that is written over as the transfer goes on; nothing off a terminal.
-class TerminalProgress final : public ProgressView {
-public:
-  explicit TerminalProgress(const Terminal& terminal) : m_terminal(terminal) {}
-
-  void Open(std::string_view title, std::string_view text, int maximum) override;
-  void SetValue(int value) override;
-  void Close() override;
-
-private:
-  const Terminal& m_terminal;
-  std::string m_text;
+  BandAnswer m_band;
+  std::string_view m_text;
   int m_maximum = 0;
   int m_percent = -1;
 };

@@ -1,5 +1,5 @@
 // Data files: the storable part of a radio image on disk. One layout is written, version 1; versions 0 and 1 are read.
-// Words for the user are left to file_messages.h, bytes on the disk to file_access.h.
+// Words for the user are left to src/messages, bytes on the disk to file_access.h.
 #pragma once
 
 #include <array>

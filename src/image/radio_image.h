@@ -8,6 +8,8 @@
 #include <optional>
 #include <span>
 
+#include "local_time.h"
+
 namespace mr4500x {
 
 inline constexpr std::size_t ChannelCount = 16;
@@ -120,11 +122,6 @@ constexpr std::size_t SerialPosition(std::size_t row, std::size_t column, std::s
 // The bytes of a block in radio memory order. EmbeddedInfoBlock yields its current length only.
 [[nodiscard]] std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block);
 [[nodiscard]] std::span<const std::uint8_t> BlockBytes(const RadioImage& image, ImageBlock block);
-
-// A moment of the local clock: full year, month 1 to 12, day 1 to 31, hour 0 to 23.
-struct LocalTime {
-  int year, month, day, hour, minute, second;
-};
 
 // The new image: the defaults of every block that has some. RadioIdBlock, FirmwareVersionBlock, SelCallCodeBlock,
 // PatrolWorkBlock and the bytes without a default keep their values. Showing it is left to the editor.

@@ -1,48 +1,60 @@
-// The four exchanges with the radio. Each runs from opening the port to closing it, shows its own progress and
-// messages, and tells the caller how it ended. Pointer, editor, titles and menus are left to the caller, who has a
-// callback at the moment at which the window changes while the port is still open.
+// The four exchanges with the radio. Each runs from opening the port to closing it and returns how it ended. What the
+// user sees meanwhile is left to an observer, words for the result to transfer_messages.h.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <string>
 
-#include "message_view.h"
-#include "progress_view.h"
 #include "radio_image.h"
 #include "serial_line.h"
 
 namespace mr4500x {
 
-// What an exchange works with.
-struct Exchange {
-  SerialLine& line;
-  ProgressView& progress;
-  MessageView& messages;
-};
+enum class Transfer : std::uint8_t { Read, Write, ReadInfo, WriteInfo };
 
-enum class Outcome {
+enum class Outcome : std::uint8_t {
   Complete,
   PortNotOpened,
   NoResponse,
   WrongModel,   // the two writes only
-  BandDeclined, // WriteRadio only: the user chose not to write
+  BandDeclined, // Write only: the observer chose not to write
   Interrupted,  // the radio stopped answering as it should; the session has been ended on the line
   DataError,
   DisplayError, // the two reads only: all data has been received, but it could not be shown
 };
 
-// `showImage` runs after the completion message: it sets the title and fills the editor; false is a display error.
-[[nodiscard]] Outcome ReadRadio(const Exchange& exchange, RadioImage& image, const std::function<bool()>& showImage);
+struct ExchangeResult {
+  Transfer transfer;
+  Outcome outcome;
+  std::string port;              // as messages name it
+  std::string systemDescription; // of PortNotOpened; empty where the port failed only after it had opened
+};
 
-// `now` gives the moment of the write stamp just before the first record; `showWritten` runs after the completion
-// message. The image keeps the stamp whatever happens after it.
-[[nodiscard]] Outcome WriteRadio(const Exchange& exchange, RadioImage& image, const std::function<LocalTime()>& now,
-                                 const std::function<void()>& showWritten);
+class ExchangeObserver {
+public:
+  virtual ~ExchangeObserver() = default;
+  // The radio has answered, and its records follow.
+  virtual void Began(Transfer transfer, int maximum) = 0;
+  virtual void Progress(int value) = 0; // the last ones of a read pass the maximum
+  // The records are over, well or not. Comes once after Began.
+  virtual void Ended() = 0;
+  // Whether to write to a radio whose band is not the image's.
+  [[nodiscard]] virtual bool AcceptsOtherBand() = 0;
+  // All is done, and the port still open. False: what has been read can't be shown.
+  [[nodiscard]] virtual bool Complete(Transfer transfer) = 0;
+};
+
+[[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer);
+
+// `now` gives the moment of the write stamp just before the first record. The image keeps the stamp whatever happens
+// after it.
+[[nodiscard]] ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,
+                                        ExchangeObserver& observer);
 
 // Replaces EmbeddedInfoBlock and WriteStampBlock.
-[[nodiscard]] Outcome ReadEmbeddedInfo(const Exchange& exchange, RadioImage& image,
-                                       const std::function<bool()>& showInfo);
+[[nodiscard]] ExchangeResult ReadEmbeddedInfo(SerialLine& line, RadioImage& image, ExchangeObserver& observer);
 
-[[nodiscard]] Outcome WriteEmbeddedInfo(const Exchange& exchange, const RadioImage& image,
-                                        const std::function<void()>& showWritten);
+[[nodiscard]] ExchangeResult WriteEmbeddedInfo(SerialLine& line, const RadioImage& image, ExchangeObserver& observer);
 
 } // namespace mr4500x

@@ -1,5 +1,7 @@
 #include "port_choice.h"
 
+#include "serial_line.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -7,7 +9,7 @@ namespace mr4500x {
 
 bool TestPort(SerialPort& port, int number) {
   port.SetPortNumber(number);
-  if (!port.IsOpen() && port.Open(LineSettings)) return false;
+  if (!port.IsOpen() && port.Open(RadioLine)) return false;
   if (port.IsOpen()) port.Close();
   return true;
 }

@@ -8,13 +8,15 @@
 
 namespace mr4500x {
 
+inline constexpr int PortCount = 16; // COM1 to COM16
+
 // Whether port `number` can be opened and closed again.
 [[nodiscard]] bool TestPort(SerialPort& port, int number);
 
 struct PortChoice {
   std::array<bool, PortCount> enabled{}; // option COMn at n - 1
-  int number =
-      0; // the port to use when none is chosen: CommPortNumber, or the lowest that works in its place; 0 for none
+  // The port to use when none is chosen: CommPortNumber, or the lowest that works in its place; 0 for none.
+  int number = 0;
   int preselected = 1; // the option that the dialog opens with
 };
 

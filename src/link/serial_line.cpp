@@ -13,10 +13,6 @@ constexpr Milliseconds AfterOpening = 80ms;
 constexpr Milliseconds PollRound = 20ms;
 constexpr Milliseconds DrainCheck = 1ms;
 constexpr Milliseconds DrainLimit = 2000ms;
-constexpr Clock::Moment CharacterTime{1'000'000 * LineBitsPerCharacter / LineBaud};
-
-constexpr char ErrorTitle[] = "Error";
-constexpr char FailedAfterOpening[] = "The port failed while it was being set up.";
 
 } // namespace
 
@@ -29,22 +25,18 @@ SerialLine::SerialLine(SerialPort& port, Clock& clock, int number) : SerialLine(
 SerialLine::SerialLine(SerialPort& port, Clock& clock, int number, std::string name)
     : m_port(port), m_clock(clock), m_number(number), m_name(std::move(name)) {}
 
-bool SerialLine::OpenPort(MessageView& messages) {
+std::optional<std::string> SerialLine::OpenPort() {
   ClosePort();
   m_port.SetPortNumber(m_number);
-  std::optional<std::string> failure = m_port.Open(LineSettings);
-  if (!failure && !(DiscardInput() && DiscardOutput())) failure = FailedAfterOpening;
-  if (failure) {
-    messages.Show(MessageIcon::Critical, ErrorTitle, m_name + ": " + *failure, MessageButtons::Ok);
-    return false;
-  }
+  if (std::optional<std::string> failure = m_port.Open(RadioLine)) return failure;
+  if (!DiscardInput() || !DiscardOutput()) return "";
   Wait(AfterOpening);
-  return true;
+  return std::nullopt;
 }
 
 void SerialLine::ReopenPort() {
-  // Where this fails, whatever follows fails too, and a message about the first failure is on its way.
-  if (!m_port.IsOpen()) static_cast<void>(m_port.Open(LineSettings));
+  // Where this fails, whatever follows fails too, and the first failure is the one to report.
+  if (!m_port.IsOpen()) static_cast<void>(m_port.Open(RadioLine));
 }
 
 void SerialLine::ClosePort() {

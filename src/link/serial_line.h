@@ -11,13 +11,20 @@
 #include <vector>
 
 #include "clock.h"
-#include "message_view.h"
 #include "serial_port.h"
 
 namespace mr4500x {
 
 using Milliseconds = std::chrono::milliseconds;
 using LineBytes = std::vector<std::uint8_t>;
+
+// No hardware or software handshaking.
+inline constexpr LineSettings RadioLine = {.baud = 9600, .parity = Parity::Odd, .dataBits = 8, .stopBits = 2};
+
+constexpr int BitsPerCharacter(const LineSettings& line) {
+  return 1 + line.dataBits + (line.parity == Parity::None ? 0 : 1) + line.stopBits;
+}
+inline constexpr Clock::Moment CharacterTime{1'000'000 * BitsPerCharacter(RadioLine) / RadioLine.baud};
 
 // "COM" and the number, as messages name a port.
 [[nodiscard]] std::string ComName(int number);
@@ -33,10 +40,9 @@ public:
 
   [[nodiscard]] const std::string& PortName() const { return m_name; }
 
-  // False, after its own message, when the port is not ready.
-  [[nodiscard]] bool OpenPort(MessageView& messages);
-  // Opens the port again if it has closed, without a message.
-  void ReopenPort();
+  // Nothing when the port is ready. Else the system's description; an empty one for a port that failed once open.
+  [[nodiscard]] std::optional<std::string> OpenPort();
+  void ReopenPort(); // if it has closed
   void ClosePort();
 
   void Wait(Milliseconds time);

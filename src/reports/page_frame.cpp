@@ -1,6 +1,6 @@
 #include "page_frame.h"
 
-#include "window_titles.h"
+#include "program_title.h"
 
 #include <algorithm>
 
@@ -22,7 +22,7 @@ constexpr PrintFont ModelFont = {10, false};
 constexpr PrintFont ModelBold = {10, true};
 
 void AddFrame(ReportPage& page, const ReportTexts& texts, const PageSetting& setting) {
-  const std::string title(BareTitle);
+  const std::string title(ProgramTitle);
   const auto [width, height] = setting.area;
   page.texts.push_back({FrameLeft, HeaderTop, FrameFont, "VTR"});
   page.texts.push_back(

@@ -1,7 +1,7 @@
 #include "print_reports.h"
 
+#include "program_title.h"
 #include "report_pages.h"
-#include "window_titles.h"
 
 namespace mr4500x {
 namespace {
@@ -32,7 +32,7 @@ std::optional<std::string> PrintReports(Printer& printer, const ReportTexts& tex
   bool hasBegun = false;
   for (const auto& [wanted, layOut] : reports) {
     if (!wanted) continue;
-    if (auto failure = hasBegun ? printer.NewPage() : printer.BeginJob(std::string(BareTitle)))
+    if (auto failure = hasBegun ? printer.NewPage() : printer.BeginJob(std::string(ProgramTitle)))
       return Abandon(printer, failure);
     hasBegun = true;
     Draw(printer, layOut(texts, {printer, printer.Area()}));

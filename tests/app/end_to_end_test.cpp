@@ -1,10 +1,10 @@
 // The typical job with the program as it runs: its window under mouse and keys, its own adapters, a file on the disk,
 // and the simulated radio as a process behind a serial device.
 #include "configuration.h"
-#include "file_title.h"
 #include "modal_dialog.h"
 #include "pdf_printer.h"
 #include "program.h"
+#include "program_title.h"
 #include "radio_memory.h"
 
 #include <QTest>
@@ -154,7 +154,7 @@ protected:
   EventClock clock{input};
   QtSerialPort port{[this](int number) { return number == 1 ? device : std::string(); }};
   QtMessageView messages{input};
-  QtProgressView progress{std::string(BareTitle)};
+  QtProgressView progress{std::string(ProgramTitle)};
   OnePath dialogs;
   QtFontDialog fonts;
   QtHelpViewer help{messages, folder.filePath("none.hlp").toStdString()};
@@ -205,9 +205,9 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   ASSERT_FALSE(device.empty());
   window.show();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  EXPECT_EQ(Title(), BareTitle);
+  EXPECT_EQ(Title(), ProgramTitle);
   Choose("mnuProgramRead");
-  ASSERT_EQ(Title(), ReadTitle);
+  ASSERT_EQ(Title(), TitleOf(RadioOrigin{Transfer::Read}));
   EXPECT_EQ(EditedCells(), (Lines{"441.50000", "CTC88.5", "No CH"}));
 
   ClickCell(2, GridColumn::RxFreq);
@@ -226,22 +226,22 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   ASSERT_EQ(EditedCells(), edited);
 
   Choose("mnuFileSave");
-  EXPECT_EQ(Title(), FileTitle(dialogs.path));
+  EXPECT_EQ(Title(), TitleOf(FileOrigin{dialogs.path}));
   Choose("mnuFileClose"); // all is saved: no question
-  EXPECT_EQ(Title(), BareTitle);
+  EXPECT_EQ(Title(), ProgramTitle);
   EXPECT_NE(EditedCells()[0], edited[0]);
   Choose("mnuFileOpen");
-  EXPECT_EQ(Title(), FileTitle(dialogs.path));
+  EXPECT_EQ(Title(), TitleOf(FileOrigin{dialogs.path}));
   EXPECT_EQ(EditedCells(), edited);
   EXPECT_EQ(dialogs.asked, (Lines{"Save As", "Open"}));
   Choose("mnuProgramWrite");
-  EXPECT_EQ(Title(), WriteTitle);
+  EXPECT_EQ(Title(), TitleOf(RadioOrigin{Transfer::Write}));
 
   PressKey(Qt::Key_F3);
-  EXPECT_EQ(Title(), ReadInfoTitle);
+  EXPECT_EQ(Title(), TitleOf(RadioOrigin{Transfer::ReadInfo}));
   EXPECT_EQ(EditInfo(), (Lines{"Demonstration radio\nHandle with care", "2024-02-29, 23:04:56"}));
   PressKey(Qt::Key_F4);
-  EXPECT_EQ(Title(), WriteInfoTitle);
+  EXPECT_EQ(Title(), TitleOf(RadioOrigin{Transfer::WriteInfo}));
   EXPECT_EQ(confirmed,
             (Lines{"Read Complete: Read data is complete. Press OK button to continue ...",
                    "Write Complete: Write data is complete. Press OK button to continue ...",

@@ -56,7 +56,7 @@ TEST_F(ProgramTest, RefusesFilesThatAreNone) {
     Lines expected = {"dialog Open"};
     expected.insert(expected.end(), messages.begin(), messages.end());
     EXPECT_EQ(Happened(), expected);
-    EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : BareTitle);
+    EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : ProgramTitle);
     EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens);
   }
 }
@@ -88,7 +88,7 @@ TEST_F(ProgramTest, AsksBeforeDataIsLost) {
       if (opens) expected.emplace_back("dialog Open");
       if (asks) expected.push_back(question);
       EXPECT_EQ(Happened(), expected);
-      EXPECT_EQ(Title(), !closes ? TitleOf("a.K4X") : opens ? TitleOf("b.K4X") : BareTitle);
+      EXPECT_EQ(Title(), !closes ? TitleOf("a.K4X") : opens ? TitleOf("b.K4X") : ProgramTitle);
       EXPECT_EQ(window->State().ModifiedFlag, !closes);
       EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens || !closes);
       EXPECT_EQ(std::filesystem::exists(Path("a.K4X")), saves);
@@ -124,7 +124,7 @@ TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
   Edit();
   Choose("mnuFileSave"); // cancelled: nothing happens
   EXPECT_EQ(Happened(), Lines{"dialog Save"});
-  EXPECT_EQ(Title(), BareTitle);
+  EXPECT_EQ(Title(), ProgramTitle);
   EXPECT_TRUE(window->State().ModifiedFlag);
 
   const auto takeIntoUse = [&](int index) {

@@ -65,7 +65,7 @@ TEST_F(ProgramTest, RunsTheSameCommandFromMenuAndToolbar) {
       Button(key)->click();
       EXPECT_EQ(Happened(), effect);
     }
-    EXPECT_EQ(Title(), BareTitle);
+    EXPECT_EQ(Title(), ProgramTitle);
     EXPECT_FALSE(window->State().ModifiedFlag);
   }
 }
@@ -94,7 +94,7 @@ TEST_F(ProgramTest, StartsOnItsStoredPortWithNothingToSave) {
   EXPECT_EQ(Status(1), "MR4500X Programming Software");
   EXPECT_EQ(Status(2), "COM 3");
   EXPECT_EQ(Status(3).size(), 5U) << Status(3); // hours and minutes
-  EXPECT_EQ(Title(), BareTitle);
+  EXPECT_EQ(Title(), ProgramTitle);
   EXPECT_FALSE(window->State().ModifiedFlag);
   EXPECT_EQ(window->focusWidget()->objectName(), "Command1");
 

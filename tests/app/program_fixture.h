@@ -6,9 +6,10 @@
 #include "files_fixture.h"
 #include "frm_main.h"
 #include "pdf_printer.h"
+#include "program_title.h"
+#include "require.h"
 #include "scripted_radio.h"
 #include "transfer_guard.h"
-#include "window_titles.h"
 
 #include <QAction>
 #include <QApplication>
@@ -117,25 +118,6 @@ protected:
   void Edit() { emit window->Panel().Changed(); }
   // What has happened since the last look.
   Lines Happened() { return std::exchange(desk.happened, {}); }
-
-  // Nothing of a transfer stays behind.
-  void ExpectIdle() {
-    EXPECT_FALSE(desk.showsProgress);
-    EXPECT_FALSE(radio.open);
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  }
-
-  // A transfer that the radio spoils ends with the message and leaves nothing behind.
-  void ExpectFailure(const char* command, const std::function<void(std::size_t, LineBytes&)>& spoil,
-                     const std::string& message) {
-    radio.frames.clear();
-    radio.spoil = spoil;
-    Choose(command);
-    EXPECT_EQ(Happened(), Lines{message});
-    EXPECT_EQ(Title(), BareTitle);
-    EXPECT_FALSE(Item("mnuFileClose")->isEnabled());
-    ExpectIdle();
-  }
 
   void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
   void OpenFile(const std::string& name) {

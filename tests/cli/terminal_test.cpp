@@ -9,31 +9,44 @@
 namespace mr4500x {
 namespace {
 
-TEST(TerminalTest, QuestionsAreAnsweredBySomebodyOrByTheRule) {
-  using Policy = TerminalMessages::Policy;
+TEST(TerminalTest, TheBandQuestionIsAnsweredBySomebodyOrByTheRule) {
   const struct {
-    const char *story, *typed;
+    const char* name;
+    const char* typed;
     bool answersQuestions;
-    Policy policy;
-    Answer answer;
+    BandAnswer band;
+    bool accepted;
   } cases[] = {
-      {"yes", "Yes\n", true, Policy::Ask, Answer::Yes},
-      {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, Policy::Ask, Answer::Yes},
-      {"no", "NO\n", true, Policy::Ask, Answer::No},
-      {"the end of the input", "", true, Policy::Ask, Answer::No},
-      {"nobody there", "y\n", false, Policy::Ask, Answer::No},
-      {"accepted beforehand", "n\n", true, Policy::AlwaysYes, Answer::Yes},
+      {"yes", "Yes\n", true, BandAnswer::Ask, true},
+      {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, BandAnswer::Ask, true},
+      {"no", "NO\n", true, BandAnswer::Ask, false},
+      {"the end of the input", "", true, BandAnswer::Ask, false},
+      {"nobody there", "y\n", false, BandAnswer::Ask, false},
+      {"accepted beforehand", "n\n", true, BandAnswer::Yes, true},
   };
-  for (const auto& c : cases) {
-    std::ostringstream out, err;
-    std::istringstream in(c.typed);
-    Terminal terminal{out, err, in, c.answersQuestions, false};
-    TerminalMessages messages(terminal, c.policy);
-    EXPECT_EQ(messages.Show(MessageIcon::Exclamation, "Frequency Band", "Go on?", MessageButtons::YesNo), c.answer)
-        << c.story;
+  for (const auto& [name, typed, answersQuestions, band, accepted] : cases) {
+    SCOPED_TRACE(name);
+    std::ostringstream out;
+    std::ostringstream err;
+    std::istringstream in(typed);
+    const Terminal terminal{out, err, in, answersQuestions, false};
+    EXPECT_EQ(TerminalObserver(terminal, band).AcceptsOtherBand(), accepted);
     EXPECT_EQ(out.str(), "");
-    EXPECT_EQ(err.str().empty(), c.policy == Policy::AlwaysYes) << c.story;
+    EXPECT_EQ(err.str().empty(), band == BandAnswer::Yes);
   }
+}
+
+TEST(TerminalTest, ProgressIsOneLineThatNeverGoesBack) {
+  std::ostringstream err;
+  std::istringstream in;
+  const Terminal terminal{err, err, in, false, true};
+  TerminalObserver observer(terminal, BandAnswer::Ask);
+  observer.Began(Transfer::Write, 330);
+  for (const int value : {33, 34, 330, 310})
+    observer.Progress(value);
+  observer.Ended();
+  const std::string text = "\rWrite data to the radio ... ";
+  EXPECT_EQ(err.str(), text + "0 %" + text + "10 %" + text + "100 %\n");
 }
 
 TEST(ArgumentsTest, PortsAreNumbersOrPaths) {

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
+#include "require.h"
 #include "scripted_radio.h"
+#include "session.h"
 
 namespace mr4500x {
 namespace {
@@ -9,60 +9,38 @@ std::size_t Address(const LineBytes& frame) {
   return frame.at(1) * 256u + frame.at(2);
 }
 
-TEST(Exchange, ShowsItsProgressAndCompletionAndTakesItsWaitsAndLineTimeOnly) {
+TEST(Exchange, ShowsItsProgressAndTakesItsWaitsAndLineTimeOnly) {
   const struct {
-    Outcome (Desk::*run)();
-    std::vector<std::string> shown; // progress window, completion
-    int first, last, end;           // progress values in steps of 5, then at the end
-    Clock::Moment records;          // the time for wake-up, records and end
+    const char* name;
+    Transfer transfer;
+    int maximum, first, last, end; // progress values in steps of 5, then at the end
+    Clock::Moment records;         // the time for wake-up, records and end
   } cases[] = {
-      {&Desk::Read,
-       {"Read|Reading data from the radio ...|505",
-        "Read Complete|Read data is complete. Press OK button to continue ..."},
-       0,
-       510,
-       505,
-       (5ms + 40ms + 10ms) + 103 * (10ms + 5ms + 40ms + 10ms) + 5ms + 50ms},
-      {&Desk::Write,
-       {"Write|Write data to the radio ...|330",
-        "Write Complete|Write data is complete. Press OK button to continue ..."},
-       0,
-       325,
-       310,
+      {"read", Transfer::Read, 505, 0, 510, 505, (5ms + 40ms + 10ms) + 103 * (10ms + 5ms + 40ms + 10ms) + 5ms + 50ms},
+      {"write", Transfer::Write, 330, 0, 325, 310,
        (6250us + 40ms + 10ms) + 20ms + 66 * (15ms + 20ms + 20ms) + 15ms + 50ms + 20ms},
-      {&Desk::ReadInfo,
-       {"Read Emedded Information|Reading embedded information from the radio ...|160",
-        "Read Information Completely|Read information is complete. Press OK button to continue ..."},
-       5,
-       160,
-       160,
-       (5ms + 40ms) + 32 * (10ms + 5ms + 40ms) + 5ms + 50ms},
-      {&Desk::WriteInfo,
-       {"Write Embedded Information|Write embedded information to radio ...|150",
-        "Write Information Completely|Write information completely. Press OK to continue."},
-       5,
-       150,
-       150,
+      {"read info", Transfer::ReadInfo, 160, 5, 160, 160, (5ms + 40ms) + 32 * (10ms + 5ms + 40ms) + 5ms + 50ms},
+      {"write info", Transfer::WriteInfo, 150, 5, 150, 150,
        (6250us + 40ms + 10ms) + 20ms + 30 * (15ms + 40ms) + 15ms + 50ms},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
     Desk desk;
-    EXPECT_EQ((desk.*c.run)(), Outcome::Complete);
-    EXPECT_EQ(desk.shown, c.shown);
+    EXPECT_EQ(desk.Run(c.transfer).outcome, Outcome::Complete);
+    EXPECT_EQ(desk.maximum, c.maximum);
     std::vector<int> values;
     for (int value = c.first; value <= c.last; value += 5)
       values.push_back(value);
     values.push_back(c.end);
-    EXPECT_EQ(desk.values, values) << c.shown[0];
-    EXPECT_EQ(desk.radio.now, 80ms + 80ms + c.records) << c.shown[0];
-    EXPECT_EQ(desk.callbacks, 1);
-    EXPECT_FALSE(desk.radio.open);
+    EXPECT_EQ(desk.values, values);
+    EXPECT_EQ(desk.radio.now, 80ms + 80ms + c.records);
+    EXPECT_EQ(desk.completions, 1);
   }
 }
 
 TEST(ReadRadio, RequestsEveryRecordInOrderAndStoresIt) {
   Desk desk;
-  ASSERT_EQ(desk.Read(), Outcome::Complete);
+  ASSERT_EQ(desk.Run(Transfer::Read).outcome, Outcome::Complete);
   const auto& frames = desk.radio.frames;
   ASSERT_EQ(frames.size(), 105u);
   for (std::size_t i = 0; i < 103; ++i)
@@ -79,7 +57,7 @@ TEST(ReadRadio, WakesTheRadioOnTheThirdTry) {
   desk.radio.spoil = [](std::size_t frame, LineBytes& reply) {
     if (frame < 2) reply.clear();
   };
-  ASSERT_EQ(desk.Read(), Outcome::Complete);
+  ASSERT_EQ(desk.Run(Transfer::Read).outcome, Outcome::Complete);
   EXPECT_EQ(desk.radio.now, 6965ms + 2 * (80ms + 5ms + 220ms));
 }
 
@@ -89,14 +67,14 @@ TEST(ReadRadio, StoresARecordWhereItsReplySays) {
     if (frame == 1) reply = {0x57, 0x03, 0xF8, 2, 'V', '1', 0, 0, 0, 0, 0, 0}; // requested 0x000
     if (frame == 103) reply[2] = 0xE0;                                         // requested 0x3F8: belongs nowhere
   };
-  ASSERT_EQ(desk.Read(), Outcome::Complete);
+  ASSERT_EQ(desk.Run(Transfer::Read).outcome, Outcome::Complete);
   EXPECT_EQ(desk.image.ChannelBlock(0, 0), 0);
   EXPECT_EQ(desk.image.FirmwareVersionBlock, (std::array<std::uint8_t, 8>{'V', '1'}));
 }
 
 TEST(WriteRadio, WritesEveryRecordInOrderWithTheStampToAnotherBandIfTheUserAgrees) {
   Desk source, desk;
-  ASSERT_EQ(source.Read(), Outcome::Complete);
+  ASSERT_EQ(source.Run(Transfer::Read).outcome, Outcome::Complete);
   auto expected = source.radio.memory;
   const std::pair<int, int> unwritten[] = {{0x118, 0x12F}, {0x148, 0x17F}, {0x1A0, 0x1BF}, {0x1E8, 0x1FF},
                                            {0x210, 0x2FF}, {0x380, 0x3EF}, {0x3F8, 0x3FF}};
@@ -105,9 +83,9 @@ TEST(WriteRadio, WritesEveryRecordInOrderWithTheStampToAnotherBandIfTheUserAgree
   std::copy_n("20041104090507\0", 16, expected.begin() + 0x200);
 
   desk.image = source.image; // of another band than the radio's
-  desk.answer = Answer::Yes;
+  desk.acceptsBand = true;
   desk.radio.memory.fill(0);
-  ASSERT_EQ(desk.Write(), Outcome::Complete);
+  ASSERT_EQ(desk.Run(Transfer::Write).outcome, Outcome::Complete);
   EXPECT_EQ(desk.radio.memory, expected);
   const auto& frames = desk.radio.frames;
   ASSERT_EQ(frames.size(), 68u);
@@ -130,7 +108,7 @@ TEST(EmbeddedInfo, IsReadWithTheStampAndNothingElse) {
     if (frame == 31) reply = {0x57, 0x02, 0xFD, 3, 0xA1, 0xA2, 0xA3, 0, 0, 0, 0, 0}; // requested 0x2F0
     if (frame == 32) reply[1] = 0x03;                                                // requested 0x2F8
   };
-  ASSERT_EQ(desk.ReadInfo(), Outcome::Complete);
+  ASSERT_EQ(desk.Run(Transfer::ReadInfo).outcome, Outcome::Complete);
   std::copy_n(desk.radio.memory.begin() + 0x200, 16, expected.WriteStampBlock.begin());
   std::copy_n(desk.radio.memory.begin() + 0x210, 224, expected.EmbeddedInfoBlock.bytes.begin());
   expected.EmbeddedInfoBlock.bytes[237] = 0xA1;
@@ -147,8 +125,34 @@ TEST(EmbeddedInfo, IsWrittenWithZerosAfterTheText) {
   auto expected = desk.radio.memory;
   std::fill_n(expected.begin() + 0x210, 240, std::uint8_t{0});
   expected[0x219] = 0x99;
-  ASSERT_EQ(desk.WriteInfo(), Outcome::Complete);
+  ASSERT_EQ(desk.Run(Transfer::WriteInfo).outcome, Outcome::Complete);
   EXPECT_EQ(desk.radio.memory, expected);
+}
+
+// Identifying a radio, reading a part of it back, and leaving it again.
+TEST(Session, ItsPartsCanBeUsedOneByOne) {
+  constexpr ReadPace patient = {.tries = 4, .wakeUpRounds = 11, .afterWakeUp = 10ms, .afterReply = 10ms};
+  constexpr WritePace calm = {
+      .tries = 5, .wakeUpRounds = 11, .afterRecord = 20ms, .acknowledgeRounds = 10, .statusRounds = 10};
+  Desk desk;
+  ASSERT_EQ(desk.line.OpenPort(), std::nullopt);
+  ASSERT_TRUE(WakeToRead(desk.line, patient));
+  constexpr std::uint16_t version[] = {0x3F8};
+  const auto place = [&](std::span<const std::uint8_t> reply) { return PlaceReply(desk.image, reply); };
+  ASSERT_EQ(ReadRecords(desk.line, patient, version, place), Moved::All);
+  EXPECT_TRUE(std::ranges::equal(desk.image.FirmwareVersionBlock, std::span(desk.radio.memory).subspan(0x3F8)));
+  ASSERT_TRUE(EndReading(desk.line));
+
+  const auto identity = WakeToWrite(desk.line, calm);
+  ASSERT_TRUE(identity && identity->IsOfThisSeries());
+  EXPECT_TRUE(std::ranges::equal(identity->Band(), std::span(desk.image.BandBlock).first(4)));
+  ASSERT_TRUE(PrepareToWrite(desk.line));
+  constexpr std::uint16_t keys[] = {0x110};
+  const auto give = [](std::uint16_t) { return RecordData{1, 2, 3, 4, 5, 6, 7, 8}; };
+  ASSERT_EQ(WriteRecords(desk.line, calm, keys, give, [] {}), Moved::All);
+  EXPECT_EQ(desk.radio.memory[0x117], 8);
+  ASSERT_TRUE(EndSession(desk.line));
+  EXPECT_TRUE(AwaitGoodStatus(desk.line, calm));
 }
 
 } // namespace

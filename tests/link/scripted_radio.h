@@ -1,5 +1,5 @@
 // A radio on a serial port for tests: it speaks the protocol from its memory on a virtual clock, its bytes arrive at
-// line pace, and a test may spoil any of its answers or the port itself.
+// line pace, and a test may spoil any of its answers or the port itself. Require(bool, text) is the includer's.
 #pragma once
 
 #include <algorithm>
@@ -7,8 +7,6 @@
 #include <deque>
 #include <functional>
 #include <utility>
-
-#include <gtest/gtest.h>
 
 #include "exchange.h"
 
@@ -18,7 +16,9 @@ using namespace std::chrono_literals;
 
 inline const LineBytes EndPacket = {0x57, 0xAA, 0xAA, 0xAA, 0x55, 0x55, 0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
 
-struct ScriptedRadio final : SerialPort, Clock {
+struct ScriptedRadio : SerialPort, Clock {
+  static constexpr int MostOperations = 1'000'000;
+
   std::array<std::uint8_t, 1024> memory{};
   LineBytes identity = {'R', 0xB8, 0x01, 0xD6, 0x01, 0x00, '0', 0x77, 0x77};
   Moment latency = 2ms;                                           // from a frame's last bit to the answer's first
@@ -28,8 +28,8 @@ struct ScriptedRadio final : SerialPort, Clock {
     Moment length{};
   } gap;
   std::optional<std::string> openFailure;
-  int operationsLeft = 1'000'000; // before the port fails for good
-  bool stuck = false;             // bytes never leave
+  int operationsLeft = MostOperations; // before the port fails for good
+  bool stuck = false;                  // bytes never leave
   bool open = false;
   std::vector<LineBytes> frames;                   // what was written
   std::deque<std::pair<Moment, std::uint8_t>> air; // on its way to the computer, with its arrival
@@ -45,9 +45,9 @@ struct ScriptedRadio final : SerialPort, Clock {
   Moment Now() override { return now; }
   void WaitUntil(Moment moment) override { now = std::max(now, moment); }
 
-  void SetPortNumber(int number) override { EXPECT_EQ(number, 3); }
-  std::optional<std::string> Open(const char* settings) override {
-    EXPECT_STREQ(settings, "9600,O,8,2");
+  void SetPortNumber(int number) override { Require(number == 3, "the port is COM3"); }
+  std::optional<std::string> Open(const LineSettings& settings) override {
+    Require(settings == LineSettings{9600, Parity::Odd, 8, 2}, "the line is 9600,O,8,2");
     open = !openFailure;
     return openFailure;
   }
@@ -63,7 +63,7 @@ struct ScriptedRadio final : SerialPort, Clock {
   }
   bool DiscardTransmit() override {
     Note("discard output");
-    EXPECT_GE(now, sentAt) << "bytes thrown away that were meant to go";
+    Require(now >= sentAt, "bytes that were meant to go are not thrown away");
     return Works();
   }
   std::optional<LineBytes> TakeReceived() override {
@@ -79,7 +79,7 @@ struct ScriptedRadio final : SerialPort, Clock {
     frames.emplace_back(bytes.begin(), bytes.end());
     LineBytes reply = ReplyTo(frames.back());
     if (spoil) spoil(frames.size() - 1, reply);
-    Moment arrival = sentAt + latency;
+    Moment arrival = std::max(sentAt + latency, air.empty() ? Moment{} : air.back().first);
     for (std::size_t i = 0; i < reply.size(); ++i)
       air.emplace_back(arrival += 1250us + (i == gap.before ? gap.length : 0us), reply[i]);
     gap = {};
@@ -94,7 +94,8 @@ private:
     if (frame == LineBytes{'w', 'R', 'I', 'T', 'E'}) return identity;
     if (frame == EndPacket) return {'O', 'K'};
     if (frame == LineBytes{0x57, 0xAA, 0xAA, 0xAA}) return {};
-    EXPECT_TRUE(frame.at(0) == 0x57 && frame.at(3) == 0x08 && (frame.size() == 4 || frame.size() == 12));
+    const bool isRecord = (frame.size() == 4 || frame.size() == 12) && frame[0] == 0x57 && frame[3] == 0x08;
+    Require(isRecord && frame[2] % 8 == 0, "a frame is one of the protocol's");
     auto* record = &memory.at(frame[1] * 256u + frame[2]);
     if (frame.size() == 12) return std::copy_n(frame.begin() + 4, 8, record), LineBytes{0x06};
     LineBytes reply = frame;
@@ -103,49 +104,52 @@ private:
   }
 };
 
-// A user at a computer with the radio on COM3: keeps what is shown, and runs the exchanges.
-struct Desk final : ProgressView, MessageView {
+// A user at a computer with the radio on COM3, who watches the exchanges.
+struct Desk final : ExchangeObserver {
   ScriptedRadio radio;
   SerialLine line{radio, radio, 3};
   RadioImage image;
-  Answer answer = Answer::No;
-  bool canShow = true;            // whether the editor can show what was read
-  std::vector<std::string> shown; // title|text|maximum of windows, icon|title|text of messages
-  std::vector<int> values;        // of the bar
+  bool acceptsBand = false;
+  bool canShow = true; // whether the editor can show what was read
+  // Of the last exchange:
+  int maximum = 0; // 0: it has not begun
   bool showsProgress = false;
-  int callbacks = 0; // that found the port still open
+  std::vector<int> values; // of the progress
+  int questions = 0, completions = 0;
 
   Desk() { std::copy_n(radio.identity.begin() + 1, 4, image.BandBlock.begin()); }
 
-  void Open(std::string_view title, std::string_view text, int maximum) override {
-    shown.push_back(std::string(title) + "|" + std::string(text) + "|" + std::to_string(maximum));
+  void Began(Transfer /*transfer*/, int most) override {
+    Require(maximum == 0, "an exchange begins once");
+    maximum = most;
     showsProgress = true;
   }
-  void SetValue(int value) override {
+  void Progress(int value) override {
+    Require(showsProgress, "progress is made between begin and end");
     radio.Note("progress");
     values.push_back(value);
   }
-  void Close() override { showsProgress = false; }
-  Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {
-    EXPECT_FALSE(showsProgress) << "a message over the progress window";
-    const char* icons[] = {"", "i|", "!|", "X|"};
-    shown.push_back(icons[static_cast<int>(icon)] + std::string(title) + "|" + std::string(text));
-    return buttons == MessageButtons::Ok ? Answer::Ok : answer;
+  void Ended() override { Require(std::exchange(showsProgress, false), "what ends has begun"); }
+  bool AcceptsOtherBand() override {
+    Require(maximum == 0 && radio.open, "the question comes before the records");
+    return ++questions, acceptsBand;
+  }
+  bool Complete(Transfer /*transfer*/) override {
+    Require(!showsProgress && radio.open, "completion is told over an open port and no progress");
+    return ++completions, canShow;
   }
 
-  bool Callback() { return callbacks += radio.open, canShow; }
-  Outcome Read() {
-    return ReadRadio({line, *this, *this}, image, [this] { return Callback(); });
-  }
-  Outcome Write() {
+  ExchangeResult Run(Transfer transfer) {
+    maximum = questions = completions = 0;
+    values.clear();
     const auto now = [] { return LocalTime{2004, 11, 4, 9, 5, 7}; };
-    return WriteRadio({line, *this, *this}, image, now, [this] { Callback(); });
-  }
-  Outcome ReadInfo() {
-    return ReadEmbeddedInfo({line, *this, *this}, image, [this] { return Callback(); });
-  }
-  Outcome WriteInfo() {
-    return WriteEmbeddedInfo({line, *this, *this}, image, [this] { Callback(); });
+    const ExchangeResult result = transfer == Transfer::Read       ? ReadRadio(line, image, *this)
+                                  : transfer == Transfer::Write    ? WriteRadio(line, image, now, *this)
+                                  : transfer == Transfer::ReadInfo ? ReadEmbeddedInfo(line, image, *this)
+                                                                   : WriteEmbeddedInfo(line, image, *this);
+    Require(result.transfer == transfer && result.port == "COM3", "a result names its transfer and its port");
+    Require(!showsProgress && !radio.open, "nothing of an exchange stays open");
+    return result;
   }
 };
 

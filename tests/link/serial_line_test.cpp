@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "port_choice.h"
+#include "require.h"
 #include "scripted_radio.h"
 
 namespace mr4500x {

@@ -112,7 +112,7 @@ TEST_F(SimulatorProgram, KeepsItsMemoryInAFile) {
     Simulator simulator({"--memory", file});
     QtSerialPort port(simulator.Device());
     EXPECT_EQ(fs::file_size(file), RadioMemoryBytes);
-    ASSERT_EQ(port.Open(LineSettings), std::nullopt);
+    ASSERT_EQ(port.Open({9600, Parity::Odd, 8, 2}), std::nullopt);
     EXPECT_EQ(Ask(port, "WRITE", 9), "52 B8 01 D6 01 00 30 00 00");
     EXPECT_EQ(Ask(port, "57 01 00 08 A1 A2 A3 A4 A5 A6 A7 A8", 1), "06");
     EXPECT_EQ(Ask(port, "END", 2), "4F 4B");
@@ -129,7 +129,7 @@ TEST_F(SimulatorProgram, KeepsItsMemoryInAFile) {
 
   Simulator again({"--memory", file});
   QtSerialPort port(again.Device());
-  ASSERT_EQ(port.Open(LineSettings), std::nullopt);
+  ASSERT_EQ(port.Open({9600, Parity::Odd, 8, 2}), std::nullopt);
   EXPECT_EQ(Ask(port, "READ", 1), "06");
   EXPECT_EQ(Ask(port, "57 01 00 08", 12), "57 01 00 08 A1 A2 A3 A4 A5 A6 A7 A8");
 }
@@ -159,7 +159,7 @@ TEST_F(SimulatorProgram, TouchesNoFileThatIsNotItsOwn) {
 TEST_F(SimulatorProgram, VanishesInMidTransfer) {
   Simulator simulator({"--fault", "vanish@1", "--fault", "late-answer"});
   QtSerialPort port(simulator.Device());
-  ASSERT_EQ(port.Open(LineSettings), std::nullopt);
+  ASSERT_EQ(port.Open({9600, Parity::Odd, 8, 2}), std::nullopt);
   EXPECT_EQ(Ask(port, "READ READ READ", 1), "06");
   EXPECT_EQ(Ask(port, "57 00 80 08", 12), "57 00 80 08 01 00 13 01 00 00 81 00");
   EXPECT_EQ(Ask(port, "57 00 00 08", 12), "port failed");

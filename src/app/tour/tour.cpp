@@ -1,8 +1,6 @@
 // The list, and how the tour reacts to what stands on the screen.
 #include "tour.h"
 
-#include "window_titles.h"
-
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -97,7 +95,8 @@ bool Tour::AnswerDialog() {
 void Tour::RunNextStep() {
   if (m_next > 0 && !m_steps[m_next - 1].picture.empty()) Picture(m_window, m_steps[m_next - 1].picture);
   if (m_next == m_steps.size()) {
-    m_succeeded = m_window.windowTitle() == QString::fromUtf8(WriteTitle) && QFileInfo::exists(DataFile(m_folder));
+    m_succeeded =
+        m_window.State().origin == Origin(RadioOrigin{Transfer::Write}) && QFileInfo::exists(DataFile(m_folder));
     Finish();
     return;
   }

@@ -1,7 +1,7 @@
 // What the user's locale decides of the texts on screen and paper.
 #pragma once
 
-#include "radio_image.h"
+#include "local_time.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // Where the program stands on this machine, and the machine's local time.
 #pragma once
 
-#include "radio_image.h"
+#include "local_time.h"
 
 #include <string>
 

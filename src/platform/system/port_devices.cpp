@@ -53,9 +53,9 @@ bool IsSpare(const fs::path& entry) {
 
 } // namespace
 
-std::string DeviceOfPort(int n, const DevicePins& pins, const std::vector<std::string>& devices) {
-  if (n < 1 || n > PortCount) return {};
-  const auto index = static_cast<std::size_t>(n - 1);
+std::string DeviceOfPort(int n, std::span<const std::string> pins, const std::vector<std::string>& devices) {
+  const auto index = static_cast<std::size_t>(n) - 1;
+  if (n < 1 || index >= pins.size()) return {};
   if (!pins[index].empty()) return pins[index];
   return index < devices.size() ? devices[index] : std::string();
 }

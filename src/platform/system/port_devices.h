@@ -1,22 +1,19 @@
 // Which serial device of this machine stands for COM1 to COM16.
 #pragma once
 
-#include "serial_port.h"
-
-#include <array>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace mr4500x {
 
-using DevicePins = std::array<std::string, PortCount>; // the device path chosen for COM1 to COM16; empty for none
-
-// The device of port n: its pin, else the n-th of `devices`; empty for none. A pin takes
-// nothing out of the count: a device pinned to one port is still the n-th device too, so that pinning one port leaves
-// the others where they were.
-[[nodiscard]] std::string DeviceOfPort(int n, const DevicePins& pins, const std::vector<std::string>& devices);
+// The device of port n: its pin, else the n-th of `devices`; empty for none. There are as many ports as `pins`, which
+// holds the device path chosen for each, or an empty one. A pin takes nothing out of the count: a device pinned to one
+// port is still the n-th device too, so that pinning one port leaves the others where they were.
+[[nodiscard]] std::string DeviceOfPort(int n, std::span<const std::string> pins,
+                                       const std::vector<std::string>& devices);
 
 enum class DeviceKind { UsbAdapter, BuiltIn, Other };
 

@@ -8,66 +8,30 @@
 
 #include <unistd.h>
 
-#include <charconv>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
 
 namespace mr4500x {
 namespace {
 
-struct LineParameters {
-  qint32 baud = 0;
-  QSerialPort::Parity parity = QSerialPort::NoParity;
-  QSerialPort::DataBits dataBits = QSerialPort::Data8;
-  QSerialPort::StopBits stopBits = QSerialPort::OneStop;
-};
-
-std::optional<QSerialPort::Parity> ParityOf(std::string_view text) {
-  if (text == "N") return QSerialPort::NoParity;
-  if (text == "O") return QSerialPort::OddParity;
-  if (text == "E") return QSerialPort::EvenParity;
-  if (text == "M") return QSerialPort::MarkParity;
-  if (text == "S") return QSerialPort::SpaceParity;
-  return std::nullopt;
-}
-
-std::optional<QSerialPort::StopBits> StopBitsOf(std::string_view text) {
-  if (text == "1") return QSerialPort::OneStop;
-  if (text == "1.5") return QSerialPort::OneAndHalfStop;
-  if (text == "2") return QSerialPort::TwoStop;
-  return std::nullopt;
-}
-
-// "baud,parity,data bits,stop bits", for example "9600,O,8,2".
-std::optional<LineParameters> ParseLineSettings(std::string_view text) {
-  std::array<std::string_view, 4> fields;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const std::size_t comma = text.find(',');
-    const bool isLast = i + 1 == fields.size();
-    if ((comma == std::string_view::npos) != isLast) return std::nullopt;
-    fields[i] = text.substr(0, comma);
-    if (!isLast) text.remove_prefix(comma + 1);
+QSerialPort::Parity ParityOf(Parity parity) {
+  switch (parity) {
+  case Parity::Odd:
+    return QSerialPort::OddParity;
+  case Parity::Even:
+    return QSerialPort::EvenParity;
+  case Parity::None:
+    break;
   }
-  LineParameters line;
-  const char* const baudEnd = fields[0].data() + fields[0].size();
-  const auto [end, error] = std::from_chars(fields[0].data(), baudEnd, line.baud);
-  const auto parity = ParityOf(fields[1]);
-  const auto stopBits = StopBitsOf(fields[3]);
-  const bool hasDataBits = fields[2].size() == 1 && fields[2][0] >= '5' && fields[2][0] <= '8';
-  if (error != std::errc() || end != baudEnd || line.baud <= 0 || !parity || !stopBits || !hasDataBits) {
-    return std::nullopt;
-  }
-  line.parity = *parity;
-  line.dataBits = static_cast<QSerialPort::DataBits>(fields[2][0] - '0');
-  line.stopBits = *stopBits;
-  return line;
+  return QSerialPort::NoParity;
 }
 
-bool Apply(const LineParameters& line, QSerialPort& port) {
+bool Apply(const LineSettings& line, QSerialPort& port) {
   bool taken = port.setBaudRate(line.baud);
-  taken = port.setDataBits(line.dataBits) && taken;
-  taken = port.setParity(line.parity) && taken;
-  taken = port.setStopBits(line.stopBits) && taken;
+  taken = port.setDataBits(static_cast<QSerialPort::DataBits>(line.dataBits)) && taken;
+  taken = port.setParity(ParityOf(line.parity)) && taken;
+  taken = port.setStopBits(line.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) && taken;
   return port.setFlowControl(QSerialPort::NoFlowControl) && taken;
 }
 
@@ -87,24 +51,33 @@ std::string OpenFailure(const QSerialPort& port, const std::string& device) {
   return port.errorString().toStdString();
 }
 
-// A thread without an event dispatcher has no use for notifiers, and Qt warns of each that it makes all the same.
+// A thread without an event dispatcher has no use for notifiers, and Qt warns of each that it makes all the same. The
+// category is the whole program's: the last of several threads switches its warnings on again.
 class NotifierWarningsOff {
 public:
-  NotifierWarningsOff() {
-    if (QAbstractEventDispatcher::instance() != nullptr) return;
-    m_category = QLoggingCategory::defaultCategory();
-    m_wasEnabled = m_category->isWarningEnabled();
-    m_category->setEnabled(QtWarningMsg, false);
+  NotifierWarningsOff() : m_isNeeded(QAbstractEventDispatcher::instance() == nullptr) {
+    if (!m_isNeeded) return;
+    const std::lock_guard lock(s_mutex);
+    if (s_holders++ == 0) {
+      s_wasEnabled = Category().isWarningEnabled();
+      Category().setEnabled(QtWarningMsg, false);
+    }
   }
   ~NotifierWarningsOff() {
-    if (m_category != nullptr) m_category->setEnabled(QtWarningMsg, m_wasEnabled);
+    if (!m_isNeeded) return;
+    const std::lock_guard lock(s_mutex);
+    if (--s_holders == 0) Category().setEnabled(QtWarningMsg, s_wasEnabled);
   }
-  NotifierWarningsOff(const NotifierWarningsOff&) = delete;
-  NotifierWarningsOff& operator=(const NotifierWarningsOff&) = delete;
+  Q_DISABLE_COPY_MOVE(NotifierWarningsOff)
 
 private:
-  QLoggingCategory* m_category = nullptr;
-  bool m_wasEnabled = false;
+  static QLoggingCategory& Category() { return *QLoggingCategory::defaultCategory(); }
+
+  static inline std::mutex s_mutex;
+  static inline int s_holders = 0;
+  static inline bool s_wasEnabled = false;
+
+  const bool m_isNeeded;
 };
 
 } // namespace
@@ -121,10 +94,8 @@ void QtSerialPort::SetPortNumber(int number) {
   m_number = number;
 }
 
-std::optional<std::string> QtSerialPort::Open(const char* settings) {
+std::optional<std::string> QtSerialPort::Open(const LineSettings& settings) {
   Close();
-  const std::optional<LineParameters> line = ParseLineSettings(settings);
-  if (!line) return std::make_error_code(std::errc::invalid_argument).message();
   const std::string device = OwnPath(m_lookup(m_number));
   if (device.empty()) return std::make_error_code(std::errc::no_such_device).message();
 
@@ -132,7 +103,7 @@ std::optional<std::string> QtSerialPort::Open(const char* settings) {
   m_port->setPortName(QString::fromStdString(device));
   if (!m_port->open(QIODevice::ReadWrite)) return OpenFailure(*m_port, device);
   // Applied to the open device, as a pseudo-terminal may refuse settings that mean nothing to it and works without.
-  if (!Apply(*line, *m_port) && !device.starts_with("/dev/pts/")) {
+  if (!Apply(settings, *m_port) && !device.starts_with("/dev/pts/")) {
     const std::string description = m_port->errorString().toStdString();
     Close();
     return description;

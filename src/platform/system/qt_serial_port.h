@@ -21,7 +21,7 @@ public:
   ~QtSerialPort() override;
 
   void SetPortNumber(int number) override;
-  [[nodiscard]] std::optional<std::string> Open(const char* settings) override;
+  [[nodiscard]] std::optional<std::string> Open(const LineSettings& settings) override;
   void Close() override;
   [[nodiscard]] bool IsOpen() const override;
 

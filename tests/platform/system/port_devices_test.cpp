@@ -11,14 +11,13 @@ namespace fs = std::filesystem;
 
 TEST(PortDevices, APortIsItsPinElseTheDeviceOfItsNumber) {
   const std::vector<std::string> devices = {"/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyS0"};
-  DevicePins pins;
+  std::vector<std::string> pins(16);
   pins[1] = "/dev/ttyUSB0";
   pins[15] = "/dev/radio";
-  struct Case {
+  const struct {
     int port;
     std::string device;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {1, "/dev/ttyUSB0"}, // also though it is pinned to port 2
       {2, "/dev/ttyUSB0"}, // the pin
       {3, "/dev/ttyS0"},   // where it was before the pin
@@ -28,8 +27,8 @@ TEST(PortDevices, APortIsItsPinElseTheDeviceOfItsNumber) {
       {17, ""},
       {-32768, ""},
   };
-  for (const Case& c : cases)
-    EXPECT_EQ(DeviceOfPort(c.port, pins, devices), c.device) << "port " << c.port;
+  for (const auto& [port, device] : cases)
+    EXPECT_EQ(DeviceOfPort(port, pins, devices), device) << "port " << port;
 }
 
 TEST(PortDevices, UsbAdaptersComeFirstAndNumbersCountAsNumbers) {
@@ -46,48 +45,38 @@ TEST(PortDevices, UsbAdaptersComeFirstAndNumbersCountAsNumbers) {
   EXPECT_EQ(order, expected);
 }
 
-// A copy of how the system describes its terminals.
-class DescribedDevices : public testing::Test {
-protected:
-  void SetUp() override {
-    m_root = fs::path(testing::TempDir()) / "mr4500x_terminals";
-    fs::remove_all(m_root);
-    Add("ttyUSB0", "devices/pci0000:00/usb1/1-1/1-1:1.0/ttyUSB0", "");
-    Add("ttyS0", "devices/pnp0/00:04", "4\n");
-    Add("ttyS1", "devices/platform/serial8250", "0\n");
-    Add("ttyAMA0", "devices/platform/soc/uart0", "32\n");
-    fs::create_directories(m_root / "tty" / "rfcomm0");
-  }
-  void TearDown() override { fs::remove_all(m_root); }
-
-  void Add(const std::string& name, const std::string& hardware, const std::string& uartType) {
-    fs::create_directories(m_root / hardware);
-    fs::create_directories(m_root / "tty" / name);
-    fs::create_directory_symlink(m_root / hardware, m_root / "tty" / name / "device");
-    if (!uartType.empty()) std::ofstream(m_root / "tty" / name / "type") << uartType;
-  }
-
-  fs::path m_root;
-};
-
-TEST_F(DescribedDevices, AreToldApartAndSpareOnesLeftOut) {
-  struct Case {
+// Over a copy of how the system describes its terminals.
+TEST(PortDevices, AreToldApartAndSpareOnesLeftOut) {
+  const fs::path root = fs::path(testing::TempDir()) / "mr4500x_terminals";
+  const struct {
     const char* name;
+    const char* hardware; // none: unknown
+    const char* uartType;
     std::optional<DeviceKind> kind;
+  } cases[] = {
+      {"ttyUSB0", "devices/pci0000:00/usb1/1-1/1-1:1.0/ttyUSB0", nullptr, DeviceKind::UsbAdapter},
+      {"ttyS0", "devices/pnp0/00:04", "4\n", DeviceKind::BuiltIn},
+      {"ttyS1", "devices/platform/serial8250", "0\n", std::nullopt},
+      {"ttyAMA0", "devices/platform/soc/uart0", "32\n", DeviceKind::BuiltIn},
+      {"rfcomm0", nullptr, nullptr, DeviceKind::Other},
+      {"cu.usbserial-1410", nullptr, nullptr, DeviceKind::UsbAdapter},
   };
-  const Case cases[] = {{"ttyUSB0", DeviceKind::UsbAdapter},
-                        {"ttyS0", DeviceKind::BuiltIn},
-                        {"ttyS1", std::nullopt},
-                        {"ttyAMA0", DeviceKind::BuiltIn},
-                        {"rfcomm0", DeviceKind::Other},
-                        {"cu.usbserial-1410", DeviceKind::UsbAdapter}};
-  for (const Case& c : cases) {
-    const auto device = DescribeDevice(m_root / "tty", c.name);
-    ASSERT_EQ(device.has_value(), c.kind.has_value()) << c.name;
+  fs::remove_all(root);
+  for (const auto& [name, hardware, uartType, kind] : cases) {
+    const fs::path terminal = root / "tty" / name;
+    fs::create_directories(terminal);
+    if (hardware != nullptr) {
+      fs::create_directories(root / hardware);
+      fs::create_directory_symlink(root / hardware, terminal / "device");
+    }
+    if (uartType != nullptr) std::ofstream(terminal / "type") << uartType;
+    const auto device = DescribeDevice(root / "tty", name);
+    ASSERT_EQ(device.has_value(), kind.has_value()) << name;
     if (!device) continue;
-    EXPECT_EQ(device->kind, *c.kind) << c.name;
-    EXPECT_EQ(device->path, std::string("/dev/") + c.name);
+    EXPECT_EQ(device->kind, *kind) << name;
+    EXPECT_EQ(device->path, std::string("/dev/") + name);
   }
+  fs::remove_all(root);
 }
 
 } // namespace

@@ -10,12 +10,15 @@
 
 namespace mr4500x {
 
-// 9600 baud, odd parity, 8 data bits, 2 stop bits, no handshaking: 12 bits a character on the line.
-inline constexpr char LineSettings[] = "9600,O,8,2";
-inline constexpr int LineBaud = 9600;
-inline constexpr int LineBitsPerCharacter = 12;
+enum class Parity : std::uint8_t { None, Odd, Even };
 
-inline constexpr int PortCount = 16; // COM1 to COM16
+struct LineSettings {
+  int baud;
+  Parity parity;
+  int dataBits;
+  int stopBits;
+  bool operator==(const LineSettings&) const = default;
+};
 
 // Every operation answers false or nothing once the port has failed (it vanished, the driver refused); the port
 // then stays open until Close.
@@ -25,8 +28,8 @@ public:
 
   // Chooses the device that the next Open takes: port n is COMn, or what stands for it on this machine.
   virtual void SetPortNumber(int number) = 0;
-  // Opens with the given line settings; on failure the operating system's description, else nothing.
-  [[nodiscard]] virtual std::optional<std::string> Open(const char* settings) = 0;
+  // Opens without handshaking; on failure the operating system's description, else nothing.
+  [[nodiscard]] virtual std::optional<std::string> Open(const LineSettings& settings) = 0;
   virtual void Close() = 0;
   [[nodiscard]] virtual bool IsOpen() const = 0;
 

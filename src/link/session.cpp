@@ -1,0 +1,181 @@
+#include "session.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+
+namespace {
+
+constexpr Milliseconds BeforeWakeUp{80};
+constexpr Milliseconds AfterIdentity{10};
+constexpr Milliseconds BeforeRequest{10};
+constexpr Milliseconds BeforeRecords{20};
+constexpr int RecordReplyRounds = 21;
+
+constexpr std::size_t RecordHeaderBytes = 4; // 57, address high, address low, count
+constexpr std::size_t RecordFrameBytes = RecordHeaderBytes + RecordBytes;
+constexpr std::uint8_t RecordMark = 0x57;
+constexpr std::uint8_t Acknowledge = 0x06;
+
+// 72 45 41 44: "rEAD", answered by 06
+constexpr std::array<std::uint8_t, 4> ReadWord = {0x72, 0x45, 0x41, 0x44};
+// 77 52 49 54 45: "wRITE", answered by the identity
+constexpr std::array<std::uint8_t, 5> WriteWord = {0x77, 0x52, 0x49, 0x54, 0x45};
+// 57 AA AA AA: ends a read, not answered
+constexpr std::array<std::uint8_t, 4> EndOfRead = {0x57, 0xAA, 0xAA, 0xAA};
+// 57 AA AA AA 55 55 55 55 55 55 55 55: ends a write, answered by a status, and whatever went wrong
+constexpr std::array<std::uint8_t, 12> EndOfSession = {0x57, 0xAA, 0xAA, 0xAA, 0x55, 0x55,
+                                                       0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
+
+// The memory page of the write stamp, 0x00 to 0x0F in it, and of the embedded information after that.
+constexpr std::uint8_t InfoPage = 0x02;
+constexpr std::size_t StampBytes = 0x10;
+
+struct WakeUpCall {
+  std::span<const std::uint8_t> word;
+  int tries;
+  std::size_t answerBytes; // that end the tries
+  int rounds;
+  Milliseconds afterAnswer;
+};
+
+// What the radio answered, possibly nothing. std::nullopt: the port failed, here and in AwaitReply.
+std::optional<LineBytes> WakeUp(SerialLine& line, const WakeUpCall& call) {
+  for (int attempt = 0; attempt < call.tries; ++attempt) {
+    if (!line.DiscardOutput() || !line.DiscardInput()) return std::nullopt;
+    line.Wait(BeforeWakeUp);
+    if (!line.Send(call.word)) return std::nullopt;
+    if (line.Poll(call.answerBytes, call.rounds) == Polled::PortFailed) return std::nullopt;
+    // Looked at once more: an answer that arrives in the last round's 20 ms counts.
+    const std::optional<std::size_t> waiting = line.BytesWaiting();
+    if (!waiting) return std::nullopt;
+    if (*waiting >= call.answerBytes) break;
+  }
+  std::optional<LineBytes> answer = line.Receive();
+  line.Wait(call.afterAnswer);
+  if (!line.DiscardInput()) return std::nullopt;
+  return answer;
+}
+
+// Polls, receives, pauses and discards what came after.
+std::optional<LineBytes> AwaitReply(SerialLine& line, std::size_t count, int rounds, Milliseconds pause) {
+  if (line.Poll(count, rounds) == Polled::PortFailed) return std::nullopt;
+  std::optional<LineBytes> reply = line.Receive();
+  line.Wait(pause);
+  if (!line.DiscardInput()) return std::nullopt;
+  return reply;
+}
+
+// 57 hi lo 08
+std::array<std::uint8_t, RecordHeaderBytes> RecordHeader(std::uint16_t address) {
+  return {RecordMark, static_cast<std::uint8_t>(address >> 8), static_cast<std::uint8_t>(address & 0xFF), RecordBytes};
+}
+
+// 57 hi lo 08 d0 d1 d2 d3 d4 d5 d6 d7
+std::array<std::uint8_t, RecordFrameBytes> RecordWrite(std::uint16_t address, const RecordData& data) {
+  std::array<std::uint8_t, RecordFrameBytes> frame{};
+  const auto header = RecordHeader(address);
+  std::copy(data.begin(), data.end(), std::copy(header.begin(), header.end(), frame.begin()));
+  return frame;
+}
+
+bool IsAcknowledge(std::span<const std::uint8_t> reply) {
+  return !reply.empty() && reply[0] == Acknowledge;
+}
+
+bool IsRecordReply(std::span<const std::uint8_t> reply) {
+  return reply.size() >= RecordFrameBytes && reply[0] == RecordMark;
+}
+
+// The bytes that a record reply's count announces; nothing when it brings fewer.
+std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t> reply) {
+  const auto data = reply.subspan(RecordHeaderBytes);
+  if (reply[3] > data.size()) return std::nullopt;
+  return data.first(reply[3]);
+}
+
+} // namespace
+
+bool WakeToRead(SerialLine& line, const ReadPace& pace) {
+  const auto answer = WakeUp(line, {ReadWord, pace.tries, /*answerBytes*/ 1, pace.wakeUpRounds, pace.afterWakeUp});
+  return answer && IsAcknowledge(*answer);
+}
+
+std::optional<Identity> WakeToWrite(SerialLine& line, const WritePace& pace) {
+  Identity identity;
+  const auto answer = WakeUp(line, {WriteWord, pace.tries, identity.bytes.size(), pace.wakeUpRounds, AfterIdentity});
+  if (!answer || answer->size() < identity.bytes.size()) return std::nullopt;
+  std::copy_n(answer->begin(), identity.bytes.size(), identity.bytes.begin());
+  return identity;
+}
+
+Moved ReadRecords(SerialLine& line, const ReadPace& pace, Addresses addresses,
+                  const std::function<bool(std::span<const std::uint8_t>)>& take) {
+  for (const std::uint16_t address : addresses) {
+    if (!line.DiscardOutput()) return Moved::PortFailed;
+    line.Wait(BeforeRequest);
+    if (!line.Send(RecordHeader(address))) return Moved::PortFailed;
+    const auto reply = AwaitReply(line, RecordFrameBytes, RecordReplyRounds, pace.afterReply);
+    if (!reply) return Moved::PortFailed;
+    if (!IsRecordReply(*reply)) return Moved::BadAnswer;
+    if (!take(*reply)) return Moved::Refused;
+  }
+  return Moved::All;
+}
+
+bool PlaceReply(RadioImage& image, std::span<const std::uint8_t> reply) {
+  const auto data = DataOf(reply);
+  const auto address = static_cast<std::uint16_t>((reply[1] << 8) | reply[2]);
+  return data && PlaceRecord(image, address, *data) != PlaceResult::Unfit;
+}
+
+bool PlaceInfoReply(RadioImage& image, std::span<const std::uint8_t> reply) {
+  if (reply[1] != InfoPage) return true;
+  const bool isStamp = reply[2] < StampBytes;
+  const auto block = BlockBytes(image, isStamp ? ImageBlock::WriteStampBlock : ImageBlock::EmbeddedInfoBlock);
+  const std::size_t offset = isStamp ? reply[2] : reply[2] - StampBytes;
+  const auto data = DataOf(reply);
+  if (!data || offset + data->size() > block.size()) return false;
+  std::ranges::copy(*data, block.begin() + static_cast<std::ptrdiff_t>(offset));
+  return true;
+}
+
+bool PrepareToWrite(SerialLine& line) {
+  if (!line.DiscardOutput()) return false;
+  line.Wait(BeforeRecords);
+  return true;
+}
+
+Moved WriteRecords(SerialLine& line, const WritePace& pace, Addresses addresses,
+                   const std::function<std::optional<RecordData>(std::uint16_t)>& give,
+                   const std::function<void()>& written) {
+  for (const std::uint16_t address : addresses) {
+    const auto data = give(address);
+    if (!data) return Moved::Refused;
+    if (!line.Write(RecordWrite(address, *data))) return Moved::PortFailed;
+    written();
+    if (!line.Drain()) return Moved::PortFailed;
+    line.Wait(pace.afterRecord);
+    if (!line.DiscardOutput()) return Moved::PortFailed;
+    const auto reply = AwaitReply(line, 1, pace.acknowledgeRounds, Milliseconds{0});
+    if (!reply) return Moved::PortFailed;
+    if (!IsAcknowledge(*reply)) return Moved::BadAnswer;
+  }
+  return Moved::All;
+}
+
+bool EndReading(SerialLine& line) {
+  return line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfRead);
+}
+
+bool EndSession(SerialLine& line) {
+  return line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfSession);
+}
+
+// 4F 4B "OK", 4E 47 "NG"; any two bytes but "NG" are taken as the first
+bool AwaitGoodStatus(SerialLine& line, const WritePace& pace) {
+  const auto status = AwaitReply(line, 1, pace.statusRounds, Milliseconds{0});
+  return status && status->size() == 2 && *status != LineBytes{0x4E, 0x47};
+}
+
+} // namespace mr4500x

@@ -1,0 +1,58 @@
+#include "end_signals.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdio>
+#include <optional>
+#include <thread>
+
+namespace mr4500x {
+namespace {
+
+// "held" is what a program still says that a signal has not ended at once.
+TEST(EndSignals, WaitUntilTheLastHolderHasGone) {
+  const auto nested = [](int signal) {
+    const EndSignalsHeld outer;
+    std::raise(signal);
+    { const EndSignalsHeld inner; } // neither forgets the signal nor lets it through
+    std::fputs("held", stderr);
+  };
+  const auto inTwoThreads = [](int signal) {
+    std::optional<EndSignalsHeld> first(std::in_place);
+    std::thread([&] {
+      const EndSignalsHeld second;
+      first.reset();
+      std::raise(signal);
+      std::fputs("held", stderr);
+    }).join();
+    std::fputs("not ended", stderr);
+    _Exit(0);
+  };
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    EXPECT_EXIT(nested(signal), testing::KilledBySignal(signal), "^held$");
+    EXPECT_EXIT(inTwoThreads(signal), testing::KilledBySignal(signal), "^held$");
+  }
+}
+
+std::sig_atomic_t volatile heard = 0;
+
+// Every one that waits is delivered, to the handler that was there before; a signal that was ignored stays so.
+TEST(EndSignals, AreAllDelivered) {
+  const auto bit = [](int signal) { heard = heard | (1 << signal); };
+  const auto before = std::signal(SIGINT, bit);
+  std::signal(SIGTERM, bit);
+  std::signal(SIGHUP, SIG_IGN);
+  {
+    const EndSignalsHeld held;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+      std::raise(signal);
+    EXPECT_EQ(heard, 0);
+  }
+  EXPECT_EQ(heard, 1 << SIGINT | 1 << SIGTERM);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+    std::signal(signal, before);
+}
+
+} // namespace
+} // namespace mr4500x
