@@ -1,0 +1,16 @@
+# Pastes C++ files into one. What they include from their own folders is included from there.
+FNR == 1 {
+  folder = FILENAME
+  sub(/[^\/]*$/, "", folder)
+  print "// " FILENAME
+}
+/^#include "/ {
+  header = $0
+  gsub(/^#include "|".*$/, "", header)
+  if ((getline line < (folder header)) >= 0) {
+    close(folder header)
+    print "#include \"" folder header "\""
+    next
+  }
+}
+{ print }
