@@ -11,12 +11,10 @@ namespace {
 TEST(ConfigurationJsonTest, ShowsAListWithoutAnItemForItsByte) {
   const FieldTexts texts = BuildFieldTexts('.');
   RadioImage image;
-  Configuration values;
-  ResetEditor(image, values, texts, {2026, 1, 1, 0, 0, 0});
+  ResetToDefaults(image, {2026, 1, 1, 0, 0, 0});
   image.KeyProgramBlock = {0xC1, 0xC2, 0x00, 0x80};
   image.RadioSettingsBlock[1] = 0x0F;
-  static_cast<void>(Decode(image, values, texts));
-  const auto document = nlohmann::json::parse(ConfigurationJson(values));
+  const auto document = nlohmann::json::parse(ConfigurationJson(Decode(image, texts).configuration));
   EXPECT_EQ(document["keys"]["long_b"], "");
   EXPECT_EQ(document["global"]["tx_tot"], "");
 }

@@ -149,7 +149,7 @@ TEST_F(DecodeEncodeTest, AStandardOfZeroEndsTheFill) {
   image.ResetTimeBlock[0] = 0;
   Fill();
   EXPECT_TRUE(values.autoResetOff);
-  EXPECT_EQ(values.autoResetTime, "9"); // what the box showed
+  EXPECT_EQ(values.autoResetTime, "5"); // that of a new box
 }
 
 TEST_F(DecodeEncodeTest, FiveToneModeStoresTheChosenStandard) {
