@@ -3,9 +3,11 @@
 #include "editor_fixture.h"
 #include "function_settings.h"
 
+#include <QLabel>
 #include <QScrollArea>
 #include <QTableView>
 
+#include <map>
 #include <random>
 
 namespace mr4500x {
@@ -112,6 +114,25 @@ TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnew) {
     panel.Collect();
     EXPECT_EQ(image.RadioSettingsBlock[12], yes ? 1 : 2); // channels in use
     EXPECT_EQ(TextsOfChannel(image, 9, texts)[GridColumn::TxFreq], yes ? "136.00000" : "440.00000");
+  }
+}
+
+TEST_F(EditorPanelTest, EachListStandsBesideItsLabel) {
+  const std::pair<const char*, const char*> labels[] = {
+      {"cboRadio(0)", "Select Call"},   {"cboRadio(1)", "Beep Tone"},      {"cboRadio(2)", "Battery Save"},
+      {"cboRadio(3)", "Busy CH Lock"},  {"cboRadio(4)", "Tx TOT"},         {"cboRadio(5)", "Squelch Level"},
+      {"cboRadio(6)", "Compander"},     {"cboRadio(7)", "Digit Time"},     {"cboRadio(8)", "Inter Digit Time"},
+      {"cboRadio(9)", "PTT ID"},        {"cboRadio(10)", "VOX Sensivity"}, {"cboRadio(11)", "Beep Enable"},
+      {"cboScan(0)", "Scan Mode"},      {"cboScan(1)", "TO Scan Delay"},   {"cboScan(3)", "Priority CH"},
+      {"cboScan(4)", "Look Back"},      {"cboScan(5)", "Restore Time"},    {"cboScan(6)", "Revert CH"},
+      {"cboTuneSwitch", "Manual Tune"}, {"cboFive", "Standards"},          {"cboKey(0)", "Short A"},
+      {"cboKey(5)", "Long C"},          {"txtANI", "Emerge ANI "},         {"txtDisconnect", "Disconnect ID"}};
+  std::map<QString, QString> shown;
+  for (const QLabel* const label : panel.findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr) shown[label->buddy()->objectName()] = label->text();
+  }
+  for (const auto& [control, label] : labels) {
+    EXPECT_EQ(shown[control], label) << control;
   }
 }
 
