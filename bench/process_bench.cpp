@@ -1,4 +1,4 @@
-// The companion as a process: `show` beside `true`, the least that any process costs.
+// The command line tool as a process: `show` beside `true`, the least that any process costs.
 #include "child_process.h"
 
 #include <benchmark/benchmark.h>

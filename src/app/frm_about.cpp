@@ -22,7 +22,7 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
   return label;
 }
 
-// What the program and its companions are made with. None of it is changed, and no font is brought along.
+// What the programs are made with. None of it is changed, and no font is brought along.
 QString LicencesText() {
   return FrmAbout::tr("Qt %1 and its modules: LGPL version 3\n"
                       "CLI11, in mr4500x-cli: BSD 3-Clause\n"

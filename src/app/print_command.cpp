@@ -17,7 +17,7 @@ void PrintChosenReports(const MainServices& services, EditorPanel& panel, const 
   if (!choice) return;
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const ReportTexts texts =
-      ReportTextsOf(panel.Gather(), EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(QLocale(), services.now()));
+      ReportTextsOf(panel.Shown(), EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(QLocale(), services.now()));
   const std::unique_ptr<Printer> printer = services.printers.CurrentPrinter();
   const std::optional<std::string> failure = PrintReports(*printer, texts, *choice);
   QGuiApplication::restoreOverrideCursor();

@@ -26,8 +26,8 @@ Program::Program()
     : m_folder(ProgramFolder()), m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())),
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }), m_messages(m_input),
       m_progress(std::string(ProgramTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
-      m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files, m_port, m_clock,
-                 m_input, m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
+      m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files, m_port, m_clock, m_input,
+                 m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
                  StoreWindowGeometry, OpenLink}) {}
 
 // Asked anew each time: adapters come and go while the program runs.

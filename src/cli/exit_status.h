@@ -1,4 +1,4 @@
-// How a command of the companion ended, as its exit status.
+// How a command ended, as its exit status.
 #pragma once
 
 namespace mr4500x {

@@ -11,7 +11,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr char DecimalSeparator = '.'; // whatever the locale: scripts read what the companion prints
+constexpr char DecimalSeparator = '.'; // whatever the locale: scripts read what this program prints
 
 } // namespace
 

@@ -36,9 +36,9 @@ struct Arguments {
   std::vector<std::string> reports;
 };
 
-class Companion {
+class CommandLine {
 public:
-  Companion() : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0} {}
+  CommandLine() : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0} {}
 
   int Run(int argc, char** argv);
 
@@ -56,7 +56,7 @@ private:
   std::function<ExitStatus()> m_command;
 };
 
-ExitStatus Companion::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
+ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
   const std::optional<PortArgument> port = ParsePortArgument(m_arguments.port);
   if (!port) {
     m_terminal.err << "PORT is a port number 1 to 16 or the path of a device.\n";
@@ -69,7 +69,7 @@ ExitStatus Companion::WithRadio(const std::function<ExitStatus(const RadioComman
   return run({line, m_files, m_terminal});
 }
 
-ExitStatus Companion::InfoWrite() {
+ExitStatus CommandLine::InfoWrite() {
   const std::optional<std::u16string> text = InfoFromArgument(m_arguments.text);
   if (!text) {
     m_terminal.err << "TEXT is not valid UTF-8.\n";
@@ -82,7 +82,7 @@ ExitStatus Companion::InfoWrite() {
   return WithRadio([&](const RadioCommand& command) { return RunInfoWrite(command, *text); });
 }
 
-ExitStatus Companion::Ports() {
+ExitStatus CommandLine::Ports() {
   const auto pins = PortDevices(m_files, SettingsFile());
   const std::vector<std::string> devices = MachineSerialDevices();
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
@@ -103,7 +103,7 @@ bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::
 }
 
 // The program that draws pages takes this one's place, with its streams and its exit status.
-ExitStatus Companion::Print() {
+ExitStatus CommandLine::Print() {
   if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_files, m_arguments.file, m_arguments.pdfFile)) {
     m_terminal.err << "OUT.pdf is the PDF file to write; it must not be a data file.\n";
     return ExitStatus::UnusableArguments;
@@ -119,7 +119,7 @@ ExitStatus Companion::Print() {
   return ExitStatus::Failed;
 }
 
-void Companion::Declare(CLI::App& app) {
+void CommandLine::Declare(CLI::App& app) {
   Arguments& given = m_arguments;
   const auto command = [&](CLI::App& parent, const char* name, const char* about, std::function<ExitStatus()> run) {
     CLI::App* const sub = parent.add_subcommand(name, about);
@@ -182,7 +182,7 @@ void Companion::Declare(CLI::App& app) {
           [this] { return Ports(); });
 }
 
-int Companion::Run(int argc, char** argv) {
+int CommandLine::Run(int argc, char** argv) {
   CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
   app.require_subcommand(1);
   app.set_version_flag("--version", "mr4500x-cli " MR4500X_VERSION);
@@ -201,7 +201,7 @@ int Companion::Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed save with its message
   try {
-    return mr4500x::Companion().Run(argc, argv);
+    return mr4500x::CommandLine().Run(argc, argv);
   } catch (const std::exception& error) { // out of memory, in the main
     std::cerr << error.what() << '\n';
     return static_cast<int>(mr4500x::ExitStatus::Failed);

@@ -125,7 +125,7 @@ void EditorPanel::SetControls(const Decoded& decoded) {
   views.resetTime->Fill(values);
 }
 
-Configuration EditorPanel::Gather() const {
+Configuration EditorPanel::Shown() const {
   Configuration values;
   const EditorViews& views = *m_views;
   views.band->Collect(values);
@@ -144,7 +144,7 @@ Configuration EditorPanel::Gather() const {
 
 void EditorPanel::Collect() {
   const UndrawnPanel undrawn(*this);
-  Configuration values = Gather();
+  Configuration values = Shown();
   CompleteEmergencyPair(values);
   TakeSelectedStandard(values);
   Encode(values, m_image, m_texts);

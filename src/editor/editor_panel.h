@@ -29,7 +29,7 @@ public:
   // The new configuration, from the image reset to its defaults.
   void FillReset(const LocalTime& now);
   void Collect();
-  [[nodiscard]] Configuration Gather() const; // what the controls show
+  [[nodiscard]] Configuration Shown() const; // what the controls show
 
   void CommitOpenEditors(); // takes what they hold; no field has the focus then
   void HideOpenEditors();   // without taking their text

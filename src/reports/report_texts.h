@@ -1,5 +1,5 @@
-// The texts that the reports print, as one plain record: the window fills it from its controls, the headless
-// companion from a data file. Where they stand on the page is left to report_pages.h.
+// The texts that the reports print, as one plain record: the window makes it from what it shows, the command line tool
+// from a data file. Where they stand on the page is report_pages.h's business.
 #pragma once
 
 #include "channel_record.h"

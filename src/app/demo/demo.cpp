@@ -1,5 +1,5 @@
-// The list, and how the tour reacts to what stands on the screen.
-#include "tour.h"
+// The list of steps, and how the demo reacts to what is on the screen.
+#include "demo.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -27,7 +27,7 @@ QString DataFile(const QString& folder) {
 
 } // namespace
 
-Tour::Tour(FrmMain& window, QString folder) : m_window(window), m_folder(std::move(folder)), m_patience(MostLooks) {
+Demo::Demo(FrmMain& window, QString folder) : m_window(window), m_folder(std::move(folder)), m_patience(MostLooks) {
   m_steps = {
       {"The window is open.", "01-start", [] {}},
       {"Choosing the port.", "", [this] { Trigger("mnuCommPortPort"); }},
@@ -45,14 +45,14 @@ Tour::Tour(FrmMain& window, QString folder) : m_window(window), m_folder(std::mo
       {"Writing it to the radio ...", "10-written", [this] { Trigger("mnuProgramWrite"); }},
   };
   m_look.setInterval(LookMilliseconds);
-  connect(&m_look, &QTimer::timeout, this, &Tour::Look);
+  connect(&m_look, &QTimer::timeout, this, &Demo::Look);
 }
 
-void Tour::Start() {
+void Demo::Start() {
   m_look.start();
 }
 
-void Tour::Look() {
+void Demo::Look() {
   if (--m_patience <= 0) {
     std::cout << "The window does not go on; giving up." << std::endl;
     Finish();
@@ -63,7 +63,7 @@ void Tour::Look() {
 }
 
 // Once, well into the transfer.
-void Tour::LookAtProgress() {
+void Demo::LookAtProgress() {
   if (m_progressPictured) return;
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     const auto* const bar = window->findChild<QProgressBar*>();
@@ -74,7 +74,7 @@ void Tour::LookAtProgress() {
   }
 }
 
-bool Tour::AnswerDialog() {
+bool Demo::AnswerDialog() {
   QWidget* const dialog = QApplication::activeModalWidget();
   if (dialog == nullptr) return false;
   if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
@@ -85,14 +85,14 @@ bool Tour::AnswerDialog() {
     files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(DataFile(m_folder));
     Picture(*files, "07-save-dialog");
     files->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
-  } else { // nothing is changed on a tour
+  } else { // the demo changes nothing
     Picture(*dialog, dialog->objectName().toStdString());
     dialog->findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
   }
   return true;
 }
 
-void Tour::RunNextStep() {
+void Demo::RunNextStep() {
   if (m_next > 0 && !m_steps[m_next - 1].picture.empty()) Picture(m_window, m_steps[m_next - 1].picture);
   if (m_next == m_steps.size()) {
     m_succeeded =
@@ -113,29 +113,29 @@ void Tour::RunNextStep() {
       Qt::QueuedConnection);
 }
 
-void Tour::Trigger(const char* action) {
+void Demo::Trigger(const char* action) {
   m_window.findChild<QAction*>(QLatin1String(action))->trigger();
 }
 
 // As a user does who moves there and presses Space. The first channel is in use.
-void Tour::OpenCell(GridColumn column) {
+void Demo::OpenCell(GridColumn column) {
   auto* const grid = m_window.findChild<QAbstractItemView*>(QStringLiteral("gridChannel"));
   grid->setCurrentIndex(grid->model()->index(0, static_cast<int>(column) - 1));
   QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
   QApplication::sendEvent(grid, &press);
 }
 
-void Tour::PictureFrames() {
+void Demo::PictureFrames() {
   for (const char* frame : {"fraRadio", "fraScan", "fraKey", "fraTTS", "fraResetTime"})
     if (auto* const shown = m_window.findChild<QWidget*>(QLatin1String(frame))) Picture(*shown, frame);
 }
 
-void Tour::Picture(QWidget& window, const std::string& name) {
+void Demo::Picture(QWidget& window, const std::string& name) {
   const QString file = m_folder + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png");
   if (!window.grab().save(file)) std::cout << "  The picture " << file.toStdString() << " could not be saved.\n";
 }
 
-void Tour::Finish() {
+void Demo::Finish() {
   m_look.stop();
   emit Ended();
 }

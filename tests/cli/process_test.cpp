@@ -1,4 +1,4 @@
-// The companion against the simulated radio, both as processes, over a real serial device.
+// The command line tool against the simulated radio, both as processes, over a real serial device.
 #include "data_file.h"
 #include "posix_file_system.h"
 #include "radio_memory.h"
@@ -36,7 +36,7 @@ Ended Shell(const std::string& command) {
   return ended;
 }
 
-class CompanionTest : public testing::Test {
+class CommandLineTest : public testing::Test {
 protected:
   void SetUp() override {
     std::string pattern = std::filesystem::temp_directory_path() / "mr4500x-cli-XXXXXX";
@@ -80,7 +80,7 @@ private:
   pid_t m_simulator = -1;
 };
 
-TEST_F(CompanionTest, TheTypicalJob) {
+TEST_F(CommandLineTest, TheTypicalJob) {
   StartRadio();
   const std::string file = folder + "/radio.K4X";
   Ended ended = Cli("read " + port + " " + file);
@@ -112,7 +112,7 @@ TEST_F(CompanionTest, TheTypicalJob) {
   EXPECT_EQ(image.RadioSettingsBlock[4], 100);
 }
 
-TEST_F(CompanionTest, FailuresHaveTheirMessageAndLeaveTheFile) {
+TEST_F(CommandLineTest, FailuresHaveTheirMessageAndLeaveTheFile) {
   const struct {
     const char *fault, *command, *message; // FILE and PORT stand for themselves
   } cases[] = {
@@ -146,7 +146,7 @@ TEST_F(CompanionTest, FailuresHaveTheirMessageAndLeaveTheFile) {
   SetUp();
 }
 
-TEST_F(CompanionTest, PrintsAFile) {
+TEST_F(CommandLineTest, PrintsAFile) {
   ASSERT_EQ(Cli("new " + folder + "/a.K4X").status, 0);
   const std::string pdf = folder + "/a.pdf";
   const auto pagesOf = [&](const std::string& reports) {
@@ -183,7 +183,7 @@ TEST_F(CompanionTest, PrintsAFile) {
   EXPECT_EQ(std::filesystem::file_size(folder + "/a.K4X"), 713U); // still a data file
 }
 
-TEST_F(CompanionTest, FilesAndArguments) {
+TEST_F(CommandLineTest, FilesAndArguments) {
   const std::string file = folder + "/a.K4X", damaged = folder + "/damaged.K4X";
   EXPECT_EQ(Cli("new " + file).status, 0);
   EXPECT_EQ(Cli("show --json " + file).output.substr(0, 1), "{");

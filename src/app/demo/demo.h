@@ -16,11 +16,11 @@
 
 namespace mr4500x {
 
-class Tour : public QObject {
+class Demo : public QObject {
   Q_OBJECT
 public:
   // Pictures and the data file "radio.K4X" go to `folder`.
-  Tour(FrmMain& window, QString folder);
+  Demo(FrmMain& window, QString folder);
 
   void Start();
   [[nodiscard]] bool HasSucceeded() const { return m_succeeded; }
