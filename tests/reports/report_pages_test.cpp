@@ -50,7 +50,8 @@ TEST_F(ReportPagesTest, SixteenUnusedChannelsShareOneLine) {
 
 // Lines begin one paragraph step (324) below the title; a break by width steps 216, a line end 324.
 TEST_F(ReportPagesTest, TheTextIsBrokenAtTheWidthAndAtLineEnds) {
-  const std::u16string row(255, u'm'); // 255 x 40 twips: just no more than width - 1000
+  const PageSetting narrow{measure, {255 * 40 + 1000, Paper.height}};
+  const std::u16string row(255, u'm'); // just fills a line
   const std::string printedRow(254, 'm');
   const struct {
     const char* name;
@@ -72,7 +73,7 @@ TEST_F(ReportPagesTest, TheTextIsBrokenAtTheWidthAndAtLineEnds) {
   };
   for (const auto& [name, text, lines] : cases) {
     SCOPED_TRACE(name);
-    const ReportPage page = InfoReportPage(TextsOf(NewValues(), text), setting);
+    const ReportPage page = InfoReportPage(TextsOf(NewValues(), text), narrow);
     const PageText& title = *Find(page, "Embedded Information");
     EXPECT_EQ(std::tuple(title.x, title.y, title.font.points), std::tuple(400, 600, 12));
     EXPECT_EQ(Find(page, "No Embedded Information.") != nullptr, lines.empty());
