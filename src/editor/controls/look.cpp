@@ -2,7 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPalette>
-#include <QWidget>
+#include <QRadioButton>
 
 #include <algorithm>
 #include <cmath>
@@ -29,10 +29,15 @@ void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
   const QPalette& present = like.palette();
   QPalette colours; // what it does not set comes from the parent
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-    colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
     colours.setColor(group, QPalette::Text, ReadableOn(text, present.color(QPalette::Base)));
     colours.setColor(group, QPalette::ButtonText, ReadableOn(text, present.color(QPalette::Button)));
     colours.setColor(group, QPalette::PlaceholderText, ReadableOn(text, present.color(QPalette::Button)));
+  }
+  // An option stands on the window itself. A field's WindowText is the colour of the arrows in its popup's scroll bar.
+  if (qobject_cast<const QRadioButton*>(&widget) != nullptr) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+      colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
+    }
   }
   widget.setPalette(colours);
 }

@@ -20,7 +20,7 @@ inline constexpr QRgb DarkBlueText = qRgb(0, 0, 192);
 // The colour with its lightness mirrored where the background is dark; its hue stays.
 [[nodiscard]] QColor ReadableOn(QRgb text, const QColor& background);
 
-// Texts of this colour on fields, buttons and windows that otherwise look as `like` does.
+// Texts of this colour in a field or an option, readable on the backgrounds of `like`.
 void SetTextColour(QWidget& widget, QRgb text, const QWidget& like);
 
 // Out of use: disabled, on the colour of a button's face.
