@@ -307,7 +307,7 @@ TEST_P(EverySettingTest, IsInTheWindow) {
 }
 
 TEST(EveryListTest, OffersItsItems) {
-  const Window window(RadioImage{});
+  const Window window(ReadImage("new/radio.hex"));
   Lines lines;
   for (const auto* const label : window.panel.findChildren<QLabel*>()) {
     const auto* const list = qobject_cast<QComboBox*>(label->buddy());
