@@ -2,6 +2,7 @@
 #pragma once
 
 #include "main_services.h"
+#include "radio_image.h"
 
 class QWidget;
 

@@ -129,17 +129,6 @@ TEST_F(TransferTest, WritesToAnotherBandOnlyIfTheUserAgrees) {
   EXPECT_EQ(Happened(), (Lines{asked, Transfers[1].done}));
 }
 
-TEST_F(RadioTest, WhatARadioHoldsCanBeClosed) {
-  for (const char* const command : {"mnuProgramRead", "mnuProgramWrite"}) {
-    SCOPED_TRACE(command);
-    Start();
-    ASSERT_FALSE(Item("mnuFileClose")->isEnabled());
-    Choose(command);
-    EXPECT_TRUE(Item("mnuFileClose")->isEnabled());
-    ExpectIdle();
-  }
-}
-
 // Ports of which some can be opened.
 struct SomePorts final : SerialPort {
   std::set<int> working;
