@@ -252,11 +252,11 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   const QString paper = folder.filePath("radio.pdf");
   const std::string printed = PrintedText(paper, "3");
   for (const char* const text : {"442.01250", "DCS754", "Demonstration radio", "Depot 4"})
-    EXPECT_NE(printed.find(text), std::string::npos) << text;
+    EXPECT_NE(fromFile.find(text), std::string::npos) << text;
   // The command line tool prints the same of the file.
-  const QString printed = folder.filePath("cli.pdf");
-  EXPECT_EQ(QProcess::execute(MR4500X_CLI, {"print", "--reports", "channels,tts", dialogs.path.c_str(), printed}), 0);
-  EXPECT_EQ(PrintedText(printed, "2"), PrintedText(paper, "2"));
+  const QString fromFile = folder.filePath("cli.pdf");
+  EXPECT_EQ(QProcess::execute(MR4500X_CLI, {"print", "--reports", "channels,tts", dialogs.path.c_str(), fromFile}), 0);
+  EXPECT_EQ(PrintedText(fromFile, "2"), PrintedText(paper, "2"));
 
   ASSERT_TRUE(EndRadio());
   std::ifstream file(folder.filePath("memory").toStdString(), std::ios::binary);
