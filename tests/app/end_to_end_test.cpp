@@ -252,7 +252,7 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   const QString paper = folder.filePath("radio.pdf");
   const std::string printed = PrintedText(paper, "3");
   for (const char* const text : {"442.01250", "DCS754", "Demonstration radio", "Depot 4"})
-    EXPECT_NE(fromFile.find(text), std::string::npos) << text;
+    EXPECT_NE(printed.find(text), std::string::npos) << text;
   // The command line tool prints the same of the file.
   const QString fromFile = folder.filePath("cli.pdf");
   EXPECT_EQ(QProcess::execute(MR4500X_CLI, {"print", "--reports", "channels,tts", dialogs.path.c_str(), fromFile}), 0);
