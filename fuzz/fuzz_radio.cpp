@@ -2,7 +2,7 @@
 // spoilt no further than it may be, and a sound radio afterwards is read or written as if nothing had been.
 #include "fuzz_input.h"
 
-#include "../tests/link/scripted_radio.h"
+#include "scripted_radio.h"
 
 namespace mr4500x {
 
