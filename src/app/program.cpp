@@ -1,4 +1,3 @@
-// Putting the adapters together.
 #include "program.h"
 
 #include "machine.h"

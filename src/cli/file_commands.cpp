@@ -1,4 +1,3 @@
-// new and show.
 #include "file_commands.h"
 
 #include "configuration_json.h"

@@ -1,4 +1,3 @@
-// Converting the text.
 #include "info_text.h"
 
 #include "embedded_info.h"

@@ -1,4 +1,3 @@
-// Reading the argument and finding its device.
 #include "port_argument.h"
 
 #include "decimal.h"

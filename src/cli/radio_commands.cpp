@@ -1,4 +1,3 @@
-// read, write, info read, info write and ports.
 #include "radio_commands.h"
 
 #include "embedded_info.h"

@@ -1,4 +1,3 @@
-// The field rules.
 #include "field_rules.h"
 
 #include "decimal.h"

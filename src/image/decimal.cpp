@@ -1,4 +1,3 @@
-// Decimal conversions in integer arithmetic.
 #include "decimal.h"
 
 #include <algorithm>

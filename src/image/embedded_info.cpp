@@ -1,4 +1,3 @@
-// Text and time of the embedded information.
 #include "embedded_info.h"
 
 #include "function_settings.h"

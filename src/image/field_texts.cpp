@@ -1,4 +1,3 @@
-// Building the start-up texts.
 #include "field_texts.h"
 
 #include "decimal.h"

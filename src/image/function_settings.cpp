@@ -1,4 +1,3 @@
-// Band limits, digit strings and the radio's own texts.
 #include "function_settings.h"
 
 #include <algorithm>

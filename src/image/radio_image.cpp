@@ -1,4 +1,3 @@
-// Placing and taking records, and the operations on the whole image.
 #include "radio_image.h"
 
 #include "channel_record.h"

@@ -1,4 +1,3 @@
-// The conversions of the selective-call fields.
 #include "signaling.h"
 
 #include "block_field.h"

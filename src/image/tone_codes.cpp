@@ -1,4 +1,3 @@
-// Reading and writing tone texts.
 #include "tone_codes.h"
 
 #include "decimal.h"

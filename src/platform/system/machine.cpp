@@ -1,4 +1,3 @@
-// Asking the system.
 #include "machine.h"
 
 #include <cstdlib>
