@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -16,83 +17,56 @@
 
 namespace mr4500x {
 
-// Counts the calls that can fail and fails the one numbered failAt, or all from there on.
+// Counts the calls that can fail and fails the one numbered failAt, or ends the process there.
 class FaultyFileSystem final : public FileSystem {
 public:
+  using Path = const std::string&;
   int failAt = 0;
-  bool failFromThereOn = false;
+  bool isKilled = false;              // instead
   std::size_t mostWritten = SIZE_MAX; // of one Write
   std::size_t diskRoom = SIZE_MAX;    // bytes until the disk is full
   std::set<std::string> unwritable;
   int calls = 0;
 
-  std::optional<FileStatus> Status(const std::string& path) override {
-    return Try([&] { return m_real.Status(path); });
-  }
-  std::optional<std::string> ReadLink(const std::string& path) override {
-    return Try([&] { return m_real.ReadLink(path); });
-  }
-  bool CanWrite(const std::string& path) override {
-    return Try([&] { return !unwritable.contains(path) && m_real.CanWrite(path); });
-  }
-  std::optional<std::vector<std::string>> List(const std::string& path) override {
-    return Try([&] { return m_real.List(path); });
-  }
-  bool MakeFolder(const std::string& path) override {
-    return Try([&] { return m_real.MakeFolder(path); });
-  }
-  std::optional<Handle> OpenToRead(const std::string& path) override {
-    return Try([&] { return m_real.OpenToRead(path); });
-  }
-  std::optional<Handle> Create(const std::string& path, std::uint32_t mode) override {
-    return Try([&] { return m_real.Create(path, mode); });
-  }
+  std::optional<FileStatus> Status(Path path) override { return Try(&FileSystem::Status, path); }
+  std::optional<std::string> ReadLink(Path path) override { return Try(&FileSystem::ReadLink, path); }
+  bool CanWrite(Path path) override { return Try(&FileSystem::CanWrite, path) && !unwritable.contains(path); }
+  std::optional<std::vector<std::string>> List(Path path) override { return Try(&FileSystem::List, path); }
+  bool MakeFolder(Path path) override { return Try(&FileSystem::MakeFolder, path); }
+  std::optional<Handle> OpenToRead(Path path) override { return Try(&FileSystem::OpenToRead, path); }
+  std::optional<Handle> Create(Path path, std::uint32_t mode) override { return Try(&FileSystem::Create, path, mode); }
   void Close(Handle file) override { m_real.Close(file); } // as the end of the process does
-  bool Lock(Handle file) override {
-    return Try([&] { return m_real.Lock(file); });
-  }
+  bool Lock(Handle file) override { return Try(&FileSystem::Lock, file); }
   std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override {
-    return Try([&] { return m_real.ReadAt(file, offset, bytes); });
+    return Try(&FileSystem::ReadAt, file, offset, bytes);
   }
   std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override {
     m_unsynced = true;
-    return Try([&]() -> std::optional<std::size_t> {
-      if (diskRoom == 0) return std::nullopt;
-      const auto count = m_real.Write(file, bytes.first(std::min({bytes.size(), mostWritten, diskRoom})));
-      diskRoom -= count.value_or(0);
-      return count;
-    });
+    if (diskRoom == 0) return std::nullopt;
+    const auto count = Try(&FileSystem::Write, file, bytes.first(std::min({bytes.size(), mostWritten, diskRoom})));
+    diskRoom -= count.value_or(0);
+    return count;
   }
   bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override {
-    return Try([&] { return m_real.SetOwner(file, owner, group); });
+    return Try(&FileSystem::SetOwner, file, owner, group);
   }
-  bool SetGroup(Handle file, std::uint32_t group) override {
-    return Try([&] { return m_real.SetGroup(file, group); });
-  }
-  bool SetMode(Handle file, std::uint32_t mode) override {
-    return Try([&] { return m_real.SetMode(file, mode); });
-  }
-  bool Sync(Handle file) override {
-    return Try([&] { return !(m_unsynced = !m_real.Sync(file)); });
-  }
-  bool Rename(const std::string& from, const std::string& to) override {
+  bool SetGroup(Handle file, std::uint32_t group) override { return Try(&FileSystem::SetGroup, file, group); }
+  bool SetMode(Handle file, std::uint32_t mode) override { return Try(&FileSystem::SetMode, file, mode); }
+  bool Sync(Handle file) override { return !(m_unsynced = !Try(&FileSystem::Sync, file)); }
+  bool Rename(Path from, Path to) override {
     EXPECT_FALSE(m_unsynced) << from << " takes its place before its bytes are on the disk";
-    return Try([&] { return m_real.Rename(from, to); });
+    return Try(&FileSystem::Rename, from, to);
   }
-  bool Remove(const std::string& path) override {
-    return Try([&] { return m_real.Remove(path); });
-  }
-  bool SyncFolder(const std::string& path) override {
-    return Try([&] { return m_real.SyncFolder(path); });
-  }
+  bool Remove(Path path) override { return Try(&FileSystem::Remove, path); }
+  bool SyncFolder(Path path) override { return Try(&FileSystem::SyncFolder, path); }
   std::uint64_t UnpredictableNumber() override { return m_real.UnpredictableNumber(); }
 
 private:
-  template<typename Call>
-  auto Try(Call call) -> decltype(call()) {
-    ++calls;
-    const bool fails = failAt > 0 && (failFromThereOn ? calls >= failAt : calls == failAt);
-    return fails ? decltype(call()){} : call();
+  template<typename Answer, typename... Parameters>
+  Answer Try(Answer (FileSystem::*call)(Parameters...), std::type_identity_t<Parameters>... arguments) {
+    const bool fails = ++calls == failAt;
+    if (fails && isKilled) std::raise(SIGKILL);
+    return fails ? Answer{} : (m_real.*call)(arguments...);
   }
 
   PosixFileSystem m_real;
@@ -103,6 +77,8 @@ inline bool WriteValue(FileSystem& files, const std::string& file, const std::st
   const ProfileValue one{"S", key, value};
   return WriteProfileStrings(files, file, {&one, 1});
 }
+
+inline const std::string Leftover = ".mr4500x-save-0123456789abcdef"; // as a killed save leaves one
 
 class FilesTest : public testing::Test {
 protected:
@@ -119,6 +95,9 @@ protected:
   [[nodiscard]] std::string Content(const std::string& name) const {
     std::ifstream file(Path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  }
+  [[nodiscard]] unsigned ModeOf(const std::string& name) const {
+    return static_cast<unsigned>(std::filesystem::status(Path(name)).permissions());
   }
   [[nodiscard]] std::set<std::string> Names() const {
     std::set<std::string> names;
