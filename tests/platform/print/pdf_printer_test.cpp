@@ -4,21 +4,19 @@
 #include "report_fixture.h"
 #include "report_pages.h"
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QProcess>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <cstdio>
+#include <cstring>
 
 namespace mr4500x {
 namespace {
 
-constexpr double MarginPoints = 6 / 25.4 * 72;
-constexpr char Embedded[] = "Channels of the fire brigade \u0431\r\nValid to 2027";
+constexpr char16_t Embedded[] = u"Channels of the fire brigade \u0431\r\nValid to 2027";
 
 class PdfPrinterTest : public FilesTest {
 protected:
@@ -34,77 +32,47 @@ protected:
     return tool.readAllStandardOutput().toStdString();
   }
   QString Pdf() { return QString::fromStdString(Path("out.pdf")); }
-  std::u16string Text() { return QString::fromUtf8(Embedded).toStdU16String(); }
 };
 
-struct Word {
-  int page;
-  double x, y; // points from the corner of the sheet, y of the line's top
-  QString text;
-};
-
-std::vector<Word> WordsOf(const std::string& xml) {
-  static const QRegularExpression pattern(
-      QStringLiteral("<page |<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>([^<]*)</word>"));
-  std::vector<Word> words;
-  int page = 0;
-  for (auto i = pattern.globalMatch(QString::fromStdString(xml)); i.hasNext();) {
-    const QRegularExpressionMatch match = i.next();
-    if (match.captured(3).isEmpty())
-      ++page;
-    else
-      words.push_back({page, match.captured(1).toDouble(), match.captured(2).toDouble(), match.captured(3)});
-  }
-  return words;
-}
-
-// Every text that was laid out is in the file, at its place to a third of a point, and nothing else is.
+// With poppler's xMin and yMin, whose top of a line differs a little from the printer's.
 TEST_F(PdfPrinterTest, TheFileHoldsEveryTextAtItsPlace) {
-  ASSERT_EQ(Print(FullValues(), Text(), {true, true, true}), std::nullopt);
-  const std::vector<Word> words = WordsOf(Tool("pdftotext", {"-bbox", Pdf(), "-"}));
-  const ReportTexts texts = TextsOf(FullValues(), Text());
-  PdfPrinter measure(files, "unused");
-  const PrintArea area = {11906 - 2 * 340.157, 16838 - 2 * 340.157};
-  qsizetype characters = 0;
-  int number = 0;
-  for (const auto layOut : {ChannelReportPage, TtsReportPage, InfoReportPage}) {
-    const ReportPage page = layOut(texts, {measure, area});
-    ++number;
-    for (const PageText& text : page.texts) {
-      const QStringList parts = QString::fromStdString(text.text).split(' ', Qt::SkipEmptyParts);
-      characters += parts.join("").size();
-      if (parts.isEmpty() || text.text.front() == ' ') continue;
-      const double x = MarginPoints + text.x * page.scale / 20;
-      const double y = MarginPoints + text.y * page.scale / 20;
-      EXPECT_TRUE(std::ranges::any_of(words,
-                                      [&](const Word& word) {
-                                        return word.page == number && word.text.startsWith(parts.first()) &&
-                                               std::abs(word.x - x) < 0.35 &&
-                                               std::abs(word.y - y) < 1.5; // the tools' tops of lines differ
-                                      }))
-          << text.text << " at " << x << ", " << y << " on page " << number;
-    }
+  PdfPrinter printer(files, Path("out.pdf"));
+  ASSERT_EQ(printer.BeginJob("title"), std::nullopt);
+  printer.SetScale(1);
+  printer.PrintText(0, 0, {}, "corner");
+  printer.PrintText(2880, 1440, {}, "Straße");
+  ASSERT_EQ(printer.NewPage(), std::nullopt);
+  printer.SetScale(0.5);
+  printer.PrintText(2880, 1440, {}, "half");
+  ASSERT_EQ(printer.EndJob(), std::nullopt);
+  const std::string words = Tool("pdftotext", {"-bbox", Pdf(), "-"});
+  double x = 0, y = 0;
+  const struct {
+    const char* text;
+    double x, y; // points from the corner of the sheet
+  } places[] = {{"corner", 17, 17}, {"Straße", 161, 89}, {"half", 89, 53}};
+  auto at = words.find("<word");
+  for (const auto& place : places) {
+    ASSERT_EQ(std::sscanf(words.c_str() + at, "<word xMin=\"%lf\" yMin=\"%lf\"", &x, &y), 2) << words;
+    EXPECT_NEAR(x, place.x, 0.35) << place.text;
+    EXPECT_NEAR(y, place.y, 1.5) << place.text;
+    at = words.find('>', at);
+    EXPECT_EQ(words.compare(at + 1, std::strlen(place.text), place.text), 0) << place.text;
+    at = words.find("<word", at);
   }
-  qsizetype printed = 0;
-  for (const Word& word : words)
-    printed += word.text.size();
-  EXPECT_EQ(printed, characters);
-  EXPECT_EQ(words.back().page, 3);
 }
 
 // Small pictures in grey, so that another way of smoothing edges makes no difference that counts. To renew them run
 // this with MR4500X_KEEP_PICTURES naming a folder, look at what it leaves there, and copy it to golden/.
 TEST_F(PdfPrinterTest, ThePagesLookAsTheyShould) {
-  ASSERT_EQ(Print(FullValues(), Text(), {true, true, true}), std::nullopt);
+  ASSERT_EQ(Print(FullValues(), Embedded, {true, true, true}), std::nullopt);
   const QString keepIn = qEnvironmentVariable("MR4500X_KEEP_PICTURES");
-  if (!keepIn.isEmpty()) QFile::copy(Pdf(), keepIn + "/reports.pdf");
   Tool("pdftoppm", {"-r", "50", "-gray", "-png", Pdf(), QString::fromStdString(Path("page"))});
   for (const char* const name : {"page-1.png", "page-2.png", "page-3.png"}) {
     const QImage page(QString::fromStdString(Path(name)));
     if (!keepIn.isEmpty()) page.save(keepIn + "/" + name);
     const QImage golden(QStringLiteral(GOLDEN_PICTURES "/") + name);
-    EXPECT_EQ(page.size(), golden.size()) << name;
-    if (page.size() != golden.size()) continue;
+    ASSERT_EQ(page.size(), golden.size()) << name;
     int different = 0;
     for (int y = 0; y < page.height(); ++y)
       for (int x = 0; x < page.width(); ++x)
