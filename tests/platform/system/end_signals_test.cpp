@@ -20,14 +20,12 @@ TEST(EndSignals, WaitUntilTheLastHolderHasGone) {
   };
   const auto inTwoThreads = [](int signal) {
     std::optional<EndSignalsHeld> first(std::in_place);
-    std::thread([&] {
+    std::jthread([&] {
       const EndSignalsHeld second;
       first.reset();
       std::raise(signal);
       std::fputs("held", stderr);
-    }).join();
-    std::fputs("not ended", stderr);
-    _Exit(0);
+    });
   };
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
     EXPECT_EXIT(nested(signal), testing::KilledBySignal(signal), "^held$");
