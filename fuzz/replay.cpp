@@ -2,7 +2,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <vector>
 
 #include "fuzz_input.h"
 
@@ -13,9 +12,8 @@ int main(int argc, char** argv) {
     std::printf("%s\n", entry.path().c_str());
     std::fflush(stdout); // a finding ends the process
     std::ifstream file(entry.path(), std::ios::binary);
-    const std::vector<char> bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
-    LLVMFuzzerTestOneInput(input.data(), input.size());
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     ++count;
   }
   std::printf("%d inputs\n", count);
