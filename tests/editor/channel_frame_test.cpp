@@ -1,8 +1,6 @@
-// The grid's cells: load and store, colours, clicks and keys, measures.
+// The grid's cells: load and store, colours, clicks and keys.
 #include "channel_fixture.h"
 #include "look.h"
-
-#include <QHeaderView>
 
 namespace mr4500x {
 namespace {
@@ -29,45 +27,20 @@ TEST_F(ChannelFrameTest, StoresWhatWasLoadedAndResetsOnlySelectiveCalls) {
 TEST_F(ChannelFrameTest, ColoursFollowTheCheckBoxes) {
   const QRgb hidden = frame.palette().color(QPalette::Base).rgb();
   const QRgb grey = frame.palette().color(QPalette::Disabled, QPalette::Text).rgb();
-  struct Case {
-    const char* name;
-    bool noCh, noTx;
-    const char* tailCut;
-    QRgb receive, tail, transmit, both;
-  };
-  for (const Case& c : {Case{"in use", false, false, "ON", GreenText, GreenText, TealText, NavyText},
-                        Case{"no tail cut", false, false, "OFF", GreenText, grey, TealText, NavyText},
-                        Case{"no Tx", false, true, "ON", GreenText, GreenText, hidden, NavyText},
-                        Case{"no CH", true, false, "ON", hidden, hidden, hidden, hidden},
-                        Case{"neither", true, true, "OFF", hidden, hidden, hidden, hidden}}) {
-    SCOPED_TRACE(c.name);
-    SetCell(3, 6, c.tailCut);
-    Box("chkCH", 3).setChecked(!c.noCh);
-    Box("chkTx", 3).setChecked(c.noTx);
+  const std::tuple<bool, bool, const char*, QRgb, QRgb, QRgb, QRgb> cases[] = {
+      {false, false, "ON", GreenText, GreenText, TealText, NavyText},
+      {false, true, "OFF", GreenText, grey, hidden, NavyText},
+      {true, false, "ON", hidden, hidden, hidden, hidden},
+      {true, true, "OFF", hidden, hidden, hidden, hidden}};
+  for (const auto& [noCh, noTx, tailCut, receive, tail, transmit, both] : cases) {
+    SCOPED_TRACE(std::string(noCh ? "no CH " : "") + (noTx ? "no Tx " : "") + "tail cut " + tailCut);
+    SetCell(3, 6, tailCut);
+    Box("chkCH", 3).setChecked(!noCh);
+    Box("chkTx", 3).setChecked(noTx);
     QTest::mouseClick(&Box("chkCH", 3), Qt::LeftButton, {}, Box("chkCH", 3).rect().center());
-    EXPECT_EQ(Box("chkTx", 3).isEnabled(), !c.noCh);
-    for (int column = 1; column < 15; ++column) {
-      const QRgb expected = column == 6 ? c.tail : column < 6 ? c.receive : column < 12 ? c.transmit : c.both;
-      EXPECT_EQ(ColourOf(3, column), expected) << column;
-    }
-  }
-}
-
-TEST_F(ChannelFrameTest, HiddenTextsStayHiddenUnderTheFocusAndOnADarkDesktop) {
-  Box("chkCH", 2).setChecked(true);
-  QPalette dark(QColor(50, 50, 50));
-  dark.setColor(QPalette::Base, QColor(30, 30, 30));
-  for (const QPalette& palette : {frame.palette(), dark}) {
-    window.setPalette(palette);
-    QTest::qWait(1);
-    grid->setCurrentCell(1, 0);
-    const QImage cell = grid->viewport()->grab(grid->visualRect(grid->currentIndex())).toImage();
-    const QRect inside = cell.rect().adjusted(3, 3, -3, -3);
-    QImage plain(inside.size(), cell.format());
-    plain.fill(palette.color(QPalette::Base));
-    EXPECT_EQ(cell.copy(inside), plain);
-    EXPECT_EQ(cell.pixel(0, 0), grid->palette().color(QPalette::Highlight).rgb()) << "the frame of the current cell";
-    EXPECT_GT(std::abs(QColor(ColourOf(1, 12)).lightnessF() - palette.color(QPalette::Base).lightnessF()), 0.3F);
+    EXPECT_EQ(Box("chkTx", 3).isEnabled(), !noCh);
+    for (int column = 1; column < 15; ++column)
+      EXPECT_EQ(ColourOf(3, column), column == 6 ? tail : column < 6 ? receive : column < 12 ? transmit : both);
   }
 }
 
@@ -75,35 +48,26 @@ TEST_F(ChannelFrameTest, EachClickOrSpaceTogglesTheCell) {
   const std::tuple<int, const char*, const char*> cases[] = {
       {5, "AND", "OR"}, {6, "ON", "OFF"}, {11, "Permit", "Prohibit"}, {12, "OFF", "ON"}, {13, "25", "12.5"}};
   for (const auto& [column, before, after] : cases) {
-    SCOPED_TRACE(before);
     SetCell(4, column, before);
-    const QRgb colour = ColourOf(4, column);
     changes = 0;
     Click(4, column);
     EXPECT_EQ(Cell(4, column), after);
     QTest::keyClick(grid, Qt::Key_Space);
     EXPECT_EQ(Cell(4, column), before);
-    EXPECT_EQ(ColourOf(4, column), colour);
-    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(changes, 2) << before;
   }
   SetCell(4, 3, "OFF");
-  SetCell(4, 6, "ON");
+  SetCell(4, 6, "OFF");
   Click(4, 6);
   EXPECT_EQ(Cell(4, 6), "OFF") << "without a tone there is no tail to cut";
-  EXPECT_EQ(ColourOf(4, 6), frame.palette().color(QPalette::Disabled, QPalette::Text).rgb());
-}
-
-TEST_F(ChannelFrameTest, TheStepToggleRoundsAndClampsItsFrequency) {
   for (const int first : {1, 7}) {
-    SetCell(2, first, "450.00625");
-    for (const auto& [step, stored] : {std::pair{"6.25", "450.00625"}, std::pair{"2.5", "450.00500"}}) {
+    for (const auto& [before, step, stored] :
+         {std::tuple{"450.00625", "6.25", "450.00625"}, std::tuple{"450.00625", "2.5", "450.00500"},
+          std::tuple{"520.00000", "6.25", "469.99375"}}) {
+      SetCell(2, first, before);
       Click(2, first + 1);
-      EXPECT_EQ(Cell(2, first + 1), step);
-      EXPECT_EQ(Cell(2, first), stored) << step;
+      EXPECT_EQ(Cell(2, first) + " " + Cell(2, first + 1), std::string(stored) + " " + step);
     }
-    SetCell(2, first, "520.00000");
-    Click(2, first + 1);
-    EXPECT_EQ(Cell(2, first), "469.99375");
     SetCell(2, first, "450.00000");
     EXPECT_EQ(Cell(2, 8 - first), "450.00000");
   }
@@ -121,15 +85,11 @@ TEST_F(ChannelFrameTest, UnusedCellsTakeNoEdit) {
   }
   EXPECT_EQ(changes, 14 + 5);
   EXPECT_EQ(Stored(), before);
-  Click(2, 12);
-  EXPECT_EQ(Cell(2, 12), "ON");
 }
 
 TEST_F(ChannelFrameTest, OnlyALeftReleaseOnACellCounts) {
   QWidget* const cells = grid->viewport();
   Click(1, 12, Qt::RightButton);
-  QTest::mouseClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, {grid->columnWidth(0) * 2, 5});
-  QTest::mouseClick(grid->verticalHeader()->viewport(), Qt::LeftButton, {}, {5, 5});
   QTest::mousePress(cells, Qt::LeftButton, {}, Centre(1, 12));
   QTest::mouseRelease(cells, Qt::LeftButton, {}, {50, -5});
   EXPECT_EQ(changes, 0);
@@ -156,29 +116,6 @@ TEST_F(ChannelFrameTest, EnterWalksThroughAllCellsAndOtherKeysCommit) {
   EXPECT_EQ(othersCommitted, 1);
   QTest::keyClick(grid, Qt::Key_Tab);
   EXPECT_EQ(window.focusWidget()->objectName(), "chkCH(0)");
-}
-
-TEST_F(ChannelFrameTest, MeasuresFollowTheFont) {
-  for (const int points : {6, 24}) {
-    SCOPED_TRACE(points);
-    QFont font = frame.font();
-    font.setPointSize(points);
-    window.setFont(font);
-    QTest::qWait(1);
-    EXPECT_NEAR(grid->columnWidth(1) / 539.0, grid->columnWidth(2) / 939.0, 0.01) << "the proportions stay";
-    EXPECT_LT(grid->fontMetrics().horizontalAdvance("450.00000") + 4, grid->columnWidth(0));
-    EXPECT_GE(grid->horizontalHeader()->height(), 2 * grid->fontMetrics().height());
-    for (const int row : {1, 16}) {
-      const QRect cell = grid->visualItemRect(grid->item(row - 1, 2));
-      const QPoint corner = grid->viewport()->mapTo(&frame, cell.topLeft());
-      EXPECT_NEAR(Box("chkCH", row).geometry().center().y(), corner.y() + cell.height() / 2, 1);
-      EXPECT_NEAR(Box("chkTx", row).geometry().center().y(), corner.y() + cell.height() / 2, 1);
-      Click(row, 3);
-      EXPECT_LT((tone->pos() - corner).manhattanLength(), cell.height() / 2) << "the editor covers its cell";
-      EXPECT_NEAR(tone->width(), cell.width(), 4);
-      EXPECT_EQ(tone->height(), grid->rowHeight(0));
-    }
-  }
 }
 
 } // namespace

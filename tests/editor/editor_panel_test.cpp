@@ -1,45 +1,10 @@
-#include "editor_panel.h"
-
-#include "editor_fixture.h"
 #include "function_settings.h"
+#include "panel_fixture.h"
 
-#include <QLabel>
-#include <QScrollArea>
-#include <QTableView>
-
-#include <map>
 #include <random>
 
 namespace mr4500x {
 namespace {
-
-constexpr LocalTime Moment = {2026, 1, 2, 3, 4, 5};
-
-struct EditorPanelTest : testing::Test {
-  RadioImage image;
-  FieldTexts texts = BuildFieldTexts('.');
-  ScriptedMessages messages;
-  EditorPanel panel{image, texts, messages};
-
-  void SetUp() override {
-    panel.FillReset(Moment);
-    panel.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
-  }
-  template<typename Control>
-  Control& Find(const char* objectName) {
-    auto* const control = panel.findChild<Control*>(QLatin1String(objectName));
-    if (control == nullptr) throw std::runtime_error(objectName);
-    return *control;
-  }
-  std::string Cell(int row, GridColumn column) {
-    const RadioImage before = image;
-    panel.Collect();
-    std::string text = TextsOfChannel(image, static_cast<std::size_t>(row), texts)[column];
-    image = before;
-    return text;
-  }
-};
 
 // The window loses, adds and turns nothing over: through its controls an image becomes what it becomes without them.
 TEST_F(EditorPanelTest, FillAndCollectThroughTheControls) {
@@ -77,107 +42,81 @@ TEST_F(EditorPanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
   EXPECT_EQ(panel.Fill(), DecodeEnd::DataError);
   EXPECT_EQ(messages.shown, (ShownMessages{{MessageIcon::Exclamation, "Data Error",
                                             "Data occur error in the Radio, please re-set.", MessageButtons::Ok}}));
-  EXPECT_EQ(Find<QComboBox>("cboRadio(5)").currentText(), "3");
-  EXPECT_EQ(Find<QLineEdit>("txtResetTime").text(), "5"); // not filled any more
+  EXPECT_EQ(window.List("cboRadio(5)").currentText(), "3");
+  EXPECT_EQ(window.Text("txtResetTime"), "5"); // not filled any more
   EXPECT_TRUE(panel.updatesEnabled());
 }
 
-TEST_F(EditorPanelTest, AnotherModeResetsTheSelectiveCalls) {
+constexpr int RxSelCall = 3, TxFreq = 6, TxSelCall = 9, GroupCall = 13; // columns of the table
+
+TEST_F(EditorPanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
   image.ChannelBlock(0, 0) |= 0x04;
   image.ChannelBlock(0, 13) = 3;
   image.ChannelBlock(0, 15) = 0x11;
   panel.Fill();
   panel.ShowFunctionView();
-  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "TTS 3");
-  auto& mode = Find<QComboBox>("cboRadio(0)");
+  auto& table = window.Get<QTableWidget>("gridTTS");
+  auto& mode = window.List("cboRadio(0)");
   mode.setCurrentIndex(0);
-  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "TTS 3");
-  QTest::keyClick(&mode, Qt::Key_Down);
-  EXPECT_EQ(mode.currentText(), "5 Tone");
-  EXPECT_TRUE(Find<QComboBox>("cboFive").isEnabled());
-  EXPECT_FALSE(Find<QWidget>("gridTTS").isEnabled());
-  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "OFF");
-  EXPECT_EQ(Cell(0, GridColumn::GroupCall), "OFF");
-}
-
-TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnew) {
-  image.ChannelBlock(5, 0) = 0x81;
-  panel.Fill();
-  auto& lower = Find<QLineEdit>("txtFreqBandL");
-  for (const bool yes : {false, true}) {
-    messages.answer = yes ? Answer::Yes : Answer::No;
-    lower.setFocus();
-    lower.selectAll();
-    QTest::keyClicks(&lower, "136");
-    Find<QLineEdit>("txtFreqBandU").setFocus();
-    EXPECT_EQ(lower.text(), yes ? "136" : "440");
-    panel.Collect();
-    EXPECT_EQ(image.RadioSettingsBlock[12], yes ? 1 : 2); // channels in use
-    EXPECT_EQ(TextsOfChannel(image, 9, texts)[GridColumn::TxFreq], yes ? "136.00000" : "440.00000");
-  }
-}
-
-TEST_F(EditorPanelTest, EachListStandsBesideItsLabel) {
-  const std::pair<const char*, const char*> labels[] = {
-      {"cboRadio(0)", "Select Call"},   {"cboRadio(1)", "Beep Tone"},      {"cboRadio(2)", "Battery Save"},
-      {"cboRadio(3)", "Busy CH Lock"},  {"cboRadio(4)", "Tx TOT"},         {"cboRadio(5)", "Squelch Level"},
-      {"cboRadio(6)", "Compander"},     {"cboRadio(7)", "Digit Time"},     {"cboRadio(8)", "Inter Digit Time"},
-      {"cboRadio(9)", "PTT ID"},        {"cboRadio(10)", "VOX Sensivity"}, {"cboRadio(11)", "Beep Enable"},
-      {"cboScan(0)", "Scan Mode"},      {"cboScan(1)", "TO Scan Delay"},   {"cboScan(3)", "Priority CH"},
-      {"cboScan(4)", "Look Back"},      {"cboScan(5)", "Restore Time"},    {"cboScan(6)", "Revert CH"},
-      {"cboTuneSwitch", "Manual Tune"}, {"cboFive", "Standards"},          {"cboKey(0)", "Short A"},
-      {"cboKey(5)", "Long C"},          {"txtANI", "Emerge ANI "},         {"txtDisconnect", "Disconnect ID"}};
-  std::map<QString, QString> shown;
-  for (const QLabel* const label : panel.findChildren<QLabel*>()) {
-    if (label->buddy() != nullptr) shown[label->buddy()->objectName()] = label->text();
-  }
-  for (const auto& [control, label] : labels) {
-    EXPECT_EQ(shown[control], label) << control;
+  EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3");
+  Click(table, 4, 1);
+  QTest::keyClicks(&window.Box("txtTTSFreq"), "700");
+  for (const bool fiveTone : {true, false}) {
+    mode.setCurrentIndex(fiveTone ? 1 : 0);
+    EXPECT_EQ(window.List("cboFive").isEnabled(), fiveTone);
+    EXPECT_EQ(table.isEnabled(), !fiveTone);
+    EXPECT_TRUE(window.Box("txtTTSFreq").isHidden());
+    EXPECT_EQ(Cell(table, 4, 1), "675");
+    for (const int column : {RxSelCall, GroupCall}) {
+      EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
+      channels.item(0, column)->setText("TTS 3");
+    }
+    mode.setCurrentIndex(fiveTone ? 1 : 0);
+    EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3") << "the mode is the same";
   }
 }
 
 // The image still holds the codes of the mode that it was filled with.
-TEST_F(EditorPanelTest, ANewLowerLimitEmptiesTheSelectiveCallCells) {
+TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
   WriteSetting(image, Setting::SelcallMode, 0);
   image.ChannelBlock(0, 0) |= 0x04;
+  image.ChannelBlock(5, 0) = 0x81;
   image.SelCallCodeBlock.bytes.fill(0x33);
   panel.Fill();
-  EXPECT_EQ(Cell(0, GridColumn::RxSelCall), "5T 33333");
-  Find<QComboBox>("cboRadio(0)").setCurrentText("TTS");
-  auto& lower = Find<QLineEdit>("txtFreqBandL");
-  messages.answer = Answer::Yes;
-  lower.setFocus();
-  lower.selectAll();
-  QTest::keyClicks(&lower, "136");
-  Find<QLineEdit>("txtFreqBandU").setFocus();
-  const auto& grid = *Find<QTableView>("gridChannel").model();
-  for (const GridColumn column : {GridColumn::RxSelCall, GridColumn::TxSelCall, GridColumn::GroupCall})
-    EXPECT_EQ(grid.index(0, static_cast<int>(column) - 1).data().toString(), "OFF") << static_cast<int>(column);
-}
-
-TEST_F(EditorPanelTest, TheCurrentCellStaysInSightInASmallWindow) {
-  QScrollArea small;
-  small.setWidget(new EditorPanel(image, texts, messages));
-  small.resize(500, 400);
-  small.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&small));
-  auto* const grid = small.findChild<QTableView*>("gridChannel");
-  QTest::keyClick(grid, Qt::Key_End);
-  const QRect cell = grid->visualRect(grid->currentIndex());
-  EXPECT_TRUE(small.viewport()->rect().contains(grid->viewport()->mapTo(small.viewport(), cell.center())));
+  EXPECT_EQ(Cell(channels, 0, RxSelCall), "5T 33333");
+  window.List("cboRadio(0)").setCurrentText("TTS");
+  for (const bool yes : {false, true}) {
+    SCOPED_TRACE(yes ? "Yes" : "No");
+    messages.answer = yes ? Answer::Yes : Answer::No;
+    window.Type("txtFreqBandL", "100");
+    window.GoElsewhere();
+    EXPECT_EQ(messages.Taken(), (ShownMessages{{MessageIcon::Exclamation, "Frequency Band Change",
+                                                "Change the lower limit value, all data will be initiated. Do you "
+                                                "want to continue?",
+                                                MessageButtons::YesNo}}));
+    EXPECT_EQ(window.Text("txtFreqBandL"), yes ? "136" : "440");
+    EXPECT_EQ(Cell(channels, 9, TxFreq), yes ? "136.00000" : "440.00000");
+    for (const int column : {RxSelCall, TxSelCall, GroupCall})
+      EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
+    const RadioImage before = image;
+    panel.Collect();
+    EXPECT_EQ(image.RadioSettingsBlock[12], yes ? 1 : 2); // channels in use
+    image = before;
+  }
+  window.Type("txtFreqBandL", "");
+  window.GoElsewhere();
+  EXPECT_EQ(window.Text("txtFreqBandL"), "440") << "the remembered value is still the filled one";
 }
 
 TEST_F(EditorPanelTest, AClickOnTheBackgroundEndsEveryEdit) {
-  auto& grid = Find<QTableView>("gridChannel");
-  const QModelIndex cell = grid.model()->index(0, 0);
-  auto& editor = Find<QLineEdit>("txtChFreq");
-  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.visualRect(cell).center());
-  if (!editor.isVisible()) FAIL() << "the frequency editor did not open";
+  Click(channels, 0, 0);
+  auto& editor = window.Box("txtChFreq");
+  ASSERT_TRUE(editor.isVisible());
   QTest::keyClicks(&editor, "450.1");
   QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(panel.width() - 2, 2));
   EXPECT_FALSE(editor.isVisible());
-  EXPECT_EQ(Cell(0, GridColumn::RxFreq), "450.10000");
-  EXPECT_EQ(QApplication::focusWidget(), &Find<QWidget>("Command1"));
+  EXPECT_EQ(Cell(channels, 0, 0), "450.10000");
+  EXPECT_TRUE(window.Get<QWidget>("Command1").hasFocus());
 }
 
 } // namespace
