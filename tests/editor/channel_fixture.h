@@ -14,10 +14,8 @@ struct ChannelFrameTest : testing::Test {
       : frame(*new ChannelFrame(
             BuildFieldTexts(separator),
             {messages, [this] { return band; }, [this] { return ttsMode; }, [this] { ++othersCommitted; }})) {
-    for (ChannelTexts& channel : channels) {
-      channel.cells = {"",    "450.00000", "2.5", "CTC88.5", "OFF", "AND", "ON", "450.00000",
-                       "2.5", "DCS023",    "OFF", "Permit",  "OFF", "25",  "OFF"};
-    }
+    channels.fill({.cells = {"", "450.00000", "2.5", "CTC88.5", "OFF", "AND", "ON", "450.00000", "2.5", "DCS023", "OFF",
+                             "Permit", "OFF", "25", "OFF"}});
     frame.LoadChannelGrid(channels);
     QObject::connect(&frame, &ChannelFrame::Changed, &window, [this] { ++changes; });
     grid->setFocus();
