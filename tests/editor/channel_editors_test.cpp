@@ -47,8 +47,7 @@ TEST_F(ChannelFrameTest, FrequenciesAreFilteredRoundedAndClamped) {
   Click(6, column);
   Type("..");
   QTest::keyClick(frequency, Qt::Key_Up);
-  EXPECT_EQ(frame.OpenEntry(), nullptr);
-  EXPECT_EQ(messages.shown, FrequencyInvalid(false));
+  EXPECT_TRUE(frame.OpenEntry() == nullptr && messages.shown == FrequencyInvalid(false));
 }
 
 TEST_F(ChannelFrameTest, EachWayToLeaveTheFrequencyEditor) {
@@ -75,20 +74,18 @@ TEST_F(ChannelFrameTest, EachWayToLeaveTheFrequencyEditor) {
       leave();
       EXPECT_EQ(Cell(2, 1), valid && commits ? "460.00000" : "450.00000");
       EXPECT_EQ(messages.Taken(), FrequencyInvalid(valid || !commits));
-      EXPECT_EQ(frame.OpenEntry(), nullptr);
-      EXPECT_TRUE(!valid || grid->hasFocus() == gridFocused);
+      EXPECT_TRUE(frame.OpenEntry() == nullptr && (!valid || grid->hasFocus() == gridFocused));
     }
   }
 }
 
 TEST_F(ChannelFrameTest, AMenuOrAnotherWindowOnlyBorrowsTheFocus) {
-  for (const int column : {1, 3}) {
+  for (const auto& [column, editor] : {std::pair<int, QWidget*>{1, frequency}, {3, tone}}) {
     Click(1, column);
-    QWidget& editor = column == 1 ? static_cast<QWidget&>(*frequency) : *tone;
     for (const auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
       QFocusEvent out(QEvent::FocusOut, reason);
-      QApplication::sendEvent(&editor, &out);
-      EXPECT_FALSE(editor.isHidden()) << column << " reason " << reason;
+      QApplication::sendEvent(editor, &out);
+      EXPECT_FALSE(editor->isHidden()) << column << " reason " << reason;
     }
   }
   EXPECT_EQ(frame.OpenEntry(), nullptr) << "one editor at a time";
@@ -121,7 +118,6 @@ TEST_F(ChannelFrameTest, ATonePickedForReceiveSetsTheTailCut) {
       SetCell(5, column, before);
       SetCell(5, 6, tailBefore);
       Click(5, column);
-      EXPECT_EQ(tone->currentIndex(), tone->findText(before));
       if (*picked != 0) tone->setCurrentText(picked);
       QTest::keyClick(tone, key);
       EXPECT_TRUE(tone->isHidden() && grid->hasFocus());

@@ -101,9 +101,7 @@ TEST_F(SettingsTest, EachChangeIsToldOnceButNoTypedId) {
   }
 }
 
-constexpr int Scan = 2; // of the lists with a special function
-constexpr int TalkAround = 5;
-constexpr int LongBReverse = 5;
+constexpr int Scan = 2, TalkAround = 5, LongBReverse = 5; // of the lists with a special function
 
 TEST_F(SettingsTest, ASpecialKeyReplacesTheOtherListOrTakesItOutOfUse) {
   for (const auto& [list, other, fixed] :
@@ -120,7 +118,7 @@ TEST_F(SettingsTest, ASpecialKeyReplacesTheOtherListOrTakesItOutOfUse) {
     EXPECT_FALSE(window.List(longList).isEnabled()) << longList;
     EXPECT_EQ(window.List(longList).currentIndex(), LongBReverse);
   }
-  EXPECT_EQ(messages.Taken(), ErrorMessage(""));
+  EXPECT_TRUE(messages.shown.empty());
   window.Pick("cboKey(2)", Scan);
   EXPECT_TRUE(window.List("cboKey(3)").isEnabled());
 }
@@ -128,15 +126,12 @@ TEST_F(SettingsTest, ASpecialKeyReplacesTheOtherListOrTakesItOutOfUse) {
 TEST_F(SettingsTest, ASecondTalkAroundOrReverseGoesBack) {
   window.Pick("cboKey(0)", TalkAround);
   window.Pick("cboKey(3)", 1);
-  int whileShown = 0;
-  messages.whileShown = [&] { whileShown = window.List("cboKey(3)").currentIndex(); };
   window.Pick("cboKey(3)", LongBReverse);
   EXPECT_EQ(messages.Taken(),
             (ShownMessages{{MessageIcon::Exclamation, "Talk Around Or Reverse",
                             "Talk Around or Reverse can't be present at the same time.If one key has been set to Talk "
                             "Around or Reverse,any other key must not be set to Talk Around or Reverse.",
                             MessageButtons::Ok}}));
-  EXPECT_EQ(whileShown, LongBReverse) << "the user sees what is refused";
   EXPECT_EQ(window.List("cboKey(3)").currentIndex(), 1);
 }
 
