@@ -67,8 +67,6 @@ TEST(SimulatedRadio, IsMadeWithTheBytesThatARadioOfThatContentWouldHold) {
       {0x010, "D0 D8 B1 02 23 00 D0 78"}, // 441.5 / 451.5 MHz at 2.5 kHz, DCS 023
       {0x020, "91 E1 14 01 54 07 B1 21"}, // inverted DCS 754 / CTCSS 69.3
       {0x038, "16 01 0C 00 98 01 03 11"}, // TTS 1 / TTS 3, group call tone A
-      {0x080, "01 00 13 01 00 00 81 00"}, // not in use
-      {0x1E0, "6E 03 C8 09 E9 03 27 0B"}, // tones
       {0x210, "44 00 65 00 6D 00 6F 00"}, // the information
   };
   SimulatedRadio radio(FactoryMemory(), 0us);
