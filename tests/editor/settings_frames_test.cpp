@@ -78,8 +78,8 @@ TEST_F(SettingsTest, PttIdDecidesWhichIdBoxesAreInUse) {
       pttId.setCurrentText("Both");
       window.Type(name, "12");
       pttId.setCurrentText(choice);
-      EXPECT_EQ(window.Box(name).isEnabled(), used) << name << " at " << choice;
-      EXPECT_EQ(window.Text(name), used ? "12" : NoNumberText) << name << " at " << choice;
+      const std::string shown = window.Text(name) + (window.Box(name).isEnabled() ? "" : " disabled");
+      EXPECT_EQ(shown, used ? "12" : std::string(NoNumberText) + " disabled") << name << " at " << choice;
     }
   }
 }
@@ -108,8 +108,8 @@ TEST_F(SettingsTest, ASpecialKeyReplacesTheOtherListOrTakesItOutOfUse) {
        {std::tuple{"cboKey(0)", "cboKey(1)", "cboKey(11)"}, std::tuple{"cboKey(1)", "cboKey(0)", "cboKey(10)"}}) {
     for (const int position : {KeySpecial, Scan}) {
       window.Pick(list, position);
-      EXPECT_EQ(window.List(fixed).isVisible(), position == KeySpecial) << fixed;
-      EXPECT_EQ(window.List(other).isVisible(), position != KeySpecial) << other;
+      EXPECT_TRUE(window.List(position == KeySpecial ? fixed : other).isVisible()) << other << position;
+      EXPECT_TRUE(window.List(position == KeySpecial ? other : fixed).isHidden()) << other << position;
     }
   }
   for (const auto& [shortList, longList] : {std::pair{"cboKey(2)", "cboKey(3)"}, {"cboKey(4)", "cboKey(5)"}}) {
@@ -159,8 +159,7 @@ TEST_F(TtsTableTest, LimitsAFrequencyAndGoesToTheTimeBesideIt) {
     QTest::keyClick(&box, Qt::Key_Return);
     EXPECT_EQ(Cell(grid, 2, ToneAFreq), stored);
     EXPECT_EQ(messages.Taken(), ErrorMessage(error));
-    EXPECT_EQ(Current(), std::pair(2, ToneADur));
-    EXPECT_TRUE(box.isHidden() && grid.hasFocus());
+    EXPECT_TRUE(box.isHidden() && grid.hasFocus() && Current() == std::pair(2, ToneADur));
   }
 }
 
