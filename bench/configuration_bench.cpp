@@ -27,9 +27,8 @@ void Measure(benchmark::State& state, Work work) {
   const std::size_t before = AllocationCount();
   work();
   const std::size_t allocations = AllocationCount() - before;
-  for (auto _ : state) {
+  for (auto _ : state)
     work();
-  }
   state.counters["allocations"] = static_cast<double>(allocations);
 }
 

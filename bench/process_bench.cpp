@@ -16,9 +16,8 @@ namespace mr4500x {
 pid_t StartProgram(const std::vector<std::string>& words, int* output) {
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
-  for (const std::string& word : words) {
+  for (const std::string& word : words)
     arguments.push_back(const_cast<char*>(word.c_str()));
-  }
   arguments.push_back(nullptr);
   int ends[2] = {-1, -1};
   posix_spawn_file_actions_t actions;

@@ -42,9 +42,8 @@ public:
     int output = -1;
     m_process = StartProgram({LR7200_SIMULATOR, "--pace", "9600"}, &output);
     char c = 0;
-    while (output >= 0 && read(output, &c, 1) == 1 && c != '\n') {
+    while (output >= 0 && read(output, &c, 1) == 1 && c != '\n')
       device += c;
-    }
     if (output >= 0) close(output);
   }
   ~Simulator() {
@@ -69,9 +68,8 @@ void Measure(benchmark::State& state, double sum, Run run) {
   Silent silent;
   const std::clock_t processor = std::clock();
   const Clock::Moment start = clock.Now();
-  for (auto _ : state) {
+  for (auto _ : state)
     if (run(line, silent).outcome != Outcome::Complete) state.SkipWithError("the transfer failed");
-  }
   const double wall =
       static_cast<double>((clock.Now() - start).count()) / 1000 / static_cast<double>(state.iterations());
   const double used = 1000.0 * static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC;

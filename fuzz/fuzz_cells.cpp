@@ -9,7 +9,6 @@
 #include "tone_codes.h"
 
 namespace mr4500x {
-
 namespace {
 
 constexpr LocalTime Moment = {2004, 11, 4, 9, 5, 7};
@@ -189,7 +188,6 @@ void Type(FuzzInput input) {
 }
 
 } // namespace
-
 } // namespace mr4500x
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -5,7 +5,6 @@
 #include "fuzz_input.h"
 
 namespace mr4500x {
-
 namespace {
 
 const FieldTexts Texts = BuildFieldTexts('.');
@@ -85,7 +84,6 @@ void OpenFile(std::span<const std::uint8_t> content) {
 }
 
 } // namespace
-
 } // namespace mr4500x
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -5,7 +5,6 @@
 #include "scripted_radio.h"
 
 namespace mr4500x {
-
 namespace {
 
 constexpr Clock::Moment LongestExchange = 60s;
@@ -127,7 +126,6 @@ void TryTwice(FuzzInput input) {
 }
 
 } // namespace
-
 } // namespace mr4500x
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

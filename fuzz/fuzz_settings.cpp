@@ -3,7 +3,6 @@
 #include "ini_text.h"
 
 namespace mr4500x {
-
 namespace {
 
 // Only within one line, or by whole new lines, may a text change.
@@ -46,7 +45,6 @@ void UseSettings(FuzzInput input) {
 }
 
 } // namespace
-
 } // namespace mr4500x
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -22,18 +22,16 @@ Json ValueOf(const Configuration& configuration, FieldAt at) {
 Json Entry(const Configuration& configuration, FieldGroup group, std::size_t entry) {
   Json object = Json::object();
   if (group == FieldGroup::Channels) object["number"] = entry;
-  for (const Field& field : Fields()) {
+  for (const Field& field : Fields())
     if (field.group == group) object[field.key] = ValueOf(configuration, {&field, entry});
-  }
   return object;
 }
 
 Json Group(const Configuration& configuration, FieldGroup group) {
   if (!IsArray(group)) return Entry(configuration, group, 1);
   Json array = Json::array();
-  for (std::size_t entry = 1; entry <= EntriesOf(group); ++entry) {
+  for (std::size_t entry = 1; entry <= EntriesOf(group); ++entry)
     array.push_back(Entry(configuration, group, entry));
-  }
   return array;
 }
 
@@ -41,13 +39,11 @@ Json Group(const Configuration& configuration, FieldGroup group) {
 
 std::string ConfigurationJson(const Configuration& configuration) {
   Json document;
-  for (const Field& field : Fields()) {
-    if (field.group == FieldGroup::None) {
+  for (const Field& field : Fields())
+    if (field.group == FieldGroup::None)
       document[field.key] = ValueOf(configuration, {&field, 1});
-    } else if (!document.contains(NameOf(field.group))) {
+    else if (!document.contains(NameOf(field.group)))
       document[NameOf(field.group)] = Group(configuration, field.group);
-    }
-  }
   return document.dump(2) + '\n';
 }
 

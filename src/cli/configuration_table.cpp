@@ -17,9 +17,8 @@ void AppendAligned(std::string& text, const std::vector<Row>& rows) {
   std::vector<std::size_t> widths;
   for (const Row& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));
-    for (std::size_t column = 0; column < row.size(); ++column) {
+    for (std::size_t column = 0; column < row.size(); ++column)
       widths[column] = std::max(widths[column], row[column].size());
-    }
   }
   for (const Row& row : rows) {
     std::string line;
@@ -45,9 +44,8 @@ constexpr std::string_view Indent = "  ";
 // A heading of a grid without its line break.
 std::string OnOneLine(std::string_view label) {
   std::string text;
-  for (const char c : label) {
+  for (const char c : label)
     if (c != ' ' || !(text.ends_with(' ') || text.ends_with('_'))) text += c;
-  }
   return text;
 }
 
@@ -65,9 +63,8 @@ Row SettingRow(const Configuration& configuration, const Field& field) {
 
 std::vector<Row> GroupRows(const Configuration& configuration, FieldGroup group) {
   std::vector<Row> rows;
-  for (const Field& field : Fields()) {
+  for (const Field& field : Fields())
     if (field.group == group) rows.push_back(SettingRow(configuration, field));
-  }
   return rows;
 }
 
@@ -78,10 +75,9 @@ std::vector<Row> GridRows(const Configuration& configuration, FieldGroup group, 
   for (std::size_t entry = 0; entry < rows.size(); ++entry) {
     Row& row = rows[entry];
     row.push_back(entry == 0 ? std::string(heading) : std::string(number) + std::to_string(entry));
-    for (const Field& field : Fields()) {
+    for (const Field& field : Fields())
       if (field.group == group)
         row.push_back(entry == 0 ? OnOneLine(field.label) : ShownText(configuration, {&field, entry}));
-    }
   }
   return rows;
 }

@@ -109,9 +109,8 @@ ExitStatus CommandLine::Print() {
     return ExitStatus::UnusableArguments;
   }
   std::string reports;
-  for (const std::string& report : m_arguments.reports) {
+  for (const std::string& report : m_arguments.reports)
     reports += (reports.empty() ? "" : ",") + report;
-  }
   const std::string program = ProgramFolder() + "/mr4500x-cli-print";
   execl(program.c_str(), "mr4500x-cli-print", m_arguments.file.c_str(), m_arguments.pdfFile.c_str(), reports.c_str(),
         static_cast<char*>(nullptr));

@@ -12,7 +12,6 @@
 #include <system_error>
 
 namespace mr4500x {
-
 namespace {
 
 bool IsNumber(std::string_view text) {

@@ -108,9 +108,8 @@ Decoded Decode(const RadioImage& image, const FieldTexts& texts) {
   DecodeLists(image, configuration);
   configuration.scanSignal = ReadSetting(image, Setting::ScanSignal) != 0;
   DecodeNumbers(image, configuration);
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
     configuration.channels[channel] = TextsOfChannel(image, channel, texts);
-  }
   decoded.keyConflict = DecodeKeys(image, configuration);
 
   const std::uint8_t standard = image.ResetTimeBlock[StandardByte];

@@ -14,9 +14,8 @@ void EncodeBand(const Configuration& configuration, RadioImage& image) {
 }
 
 void EncodeLists(const Configuration& configuration, RadioImage& image) {
-  for (const std::size_t byte : RebuiltSettingsBytes) {
+  for (const std::size_t byte : RebuiltSettingsBytes)
     image.RadioSettingsBlock[byte] = 0;
-  }
   for (std::size_t i = 0; i < ChoiceListCount; ++i) {
     const auto list = static_cast<ChoiceList>(i);
     const ListCoding& coding = CodingOf(list);
@@ -46,12 +45,10 @@ void EncodeNumbers(const Configuration& configuration, RadioImage& image) {
   WriteSetting(image, Setting::ConnectLength, 0);
   WriteSetting(image, Setting::DisconnectLength, 0);
   const int pttId = ReadSetting(image, Setting::PttId);
-  if (SendsConnectId(pttId)) {
+  if (SendsConnectId(pttId))
     EncodeNumber(configuration.connectId, Setting::ConnectLength, ConnectIdDigits(image), image);
-  }
-  if (SendsDisconnectId(pttId)) {
+  if (SendsDisconnectId(pttId))
     EncodeNumber(configuration.disconnectId, Setting::DisconnectLength, DisconnectIdDigits(image), image);
-  }
   EncodeNumber(configuration.emergencyAni, Setting::AniLength, image.EmergencyAniBlock, image);
 }
 
@@ -63,9 +60,8 @@ std::uint8_t KeyByte(const Configuration& configuration, std::size_t key) {
 
 void EncodeKeys(const Configuration& configuration, RadioImage& image) {
   auto& keys = image.KeyProgramBlock;
-  for (std::size_t key = 0; key < KeyCount; ++key) {
+  for (std::size_t key = 0; key < KeyCount; ++key)
     keys[key] = LongPressEnabled(configuration.keys, key) ? KeyByte(configuration, key) : KeyItems(key)[0].code;
-  }
   if (keys[ShortA] == EmergencyAlertKey || keys[LongA] == CancelEmergencyAlertKey) {
     keys[ShortA] = EmergencyAlertKey;
     keys[LongA] = CancelEmergencyAlertKey;
@@ -87,9 +83,8 @@ void EncodeSignaling(const Configuration& configuration, RadioImage& image, char
     const auto time = [&](TtsColumn column, std::uint8_t kept) {
       return TtsTime(configuration.Tts(n, column), separator).value_or(kept);
     };
-    if (IsTtsMode(configuration)) {
+    if (IsTtsMode(configuration))
       WriteTtsFrequencies(image, n, hertz(TtsColumn::ToneAFreq, old.toneA), hertz(TtsColumn::ToneBFreq, old.toneB));
-    }
     WriteTtsTimes(image, n,
                   {0, 0, time(TtsColumn::ToneADur, old.toneADuration), time(TtsColumn::ToneBDur, old.toneBDuration),
                    time(TtsColumn::GapTime, old.gap), time(TtsColumn::GroupCallDur, old.groupCallDuration)});
@@ -108,16 +103,14 @@ void Encode(const Configuration& configuration, RadioImage& image, const FieldTe
   EncodeLists(configuration, image);
   EncodeNumbers(configuration, image);
   WriteSetting(image, Setting::ChannelsInUse, 0);
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
     RecordFromTexts(image, channel, configuration.channels[channel], texts);
-  }
   image.RadioIdBlock = {};
   EncodeKeys(configuration, image);
-  if (configuration.autoResetOff) {
+  if (configuration.autoResetOff)
     image.ResetTimeBlock[ResetTimeByte] = 0;
-  } else if (const auto seconds = ParseWhole(configuration.autoResetTime)) {
+  else if (const auto seconds = ParseWhole(configuration.autoResetTime))
     image.ResetTimeBlock[ResetTimeByte] = static_cast<std::uint8_t>(std::min(*seconds, 255));
-  }
   EncodeSignaling(configuration, image, texts.decimalSeparator);
 }
 

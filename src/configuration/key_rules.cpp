@@ -19,9 +19,8 @@ bool IsTalkAroundOrReverse(std::size_t key, int position) {
 int CountTalkAroundOrReverse(const KeyProgram& keys) {
   const bool emergency = ShowsEmergency(keys) || ShowsCancelEmergency(keys);
   int count = 0;
-  for (std::size_t key = emergency ? ShortB : ShortA; key <= LongC; ++key) {
+  for (std::size_t key = emergency ? ShortB : ShortA; key <= LongC; ++key)
     if (LongPressEnabled(keys, key) && IsTalkAroundOrReverse(key, keys.selection[key])) ++count;
-  }
   return count;
 }
 
@@ -36,12 +35,10 @@ bool SetAndRun(KeyProgram& keys, std::size_t key, int position) {
 bool RunRules(KeyProgram& keys, std::size_t changed) {
   bool message = false;
   keys.fixedLongAShown = ShowsEmergency(keys) && !keys.fixedShortAShown;
-  if (changed == LongA && !ShowsCancelEmergency(keys) && ShowsEmergency(keys)) {
+  if (changed == LongA && !ShowsCancelEmergency(keys) && ShowsEmergency(keys))
     message |= SetAndRun(keys, ShortA, KeyUnassigned);
-  }
-  if (changed == ShortA && !ShowsEmergency(keys) && ShowsCancelEmergency(keys)) {
+  if (changed == ShortA && !ShowsEmergency(keys) && ShowsCancelEmergency(keys))
     message |= SetAndRun(keys, LongA, KeyUnassigned);
-  }
   keys.fixedShortAShown = ShowsCancelEmergency(keys) && !keys.fixedLongAShown;
   if (CountTalkAroundOrReverse(keys) >= 2) {
     // Where even the remembered selection would not do, the key ends unassigned: the rules must come to rest.

@@ -23,9 +23,8 @@ constexpr std::string_view FiveToneCode = "5T ";
 std::string InWords(const std::vector<std::string>& choices) {
   const bool whole = choices.size() <= ChoicesWrittenOut;
   std::string words = "one of ";
-  for (std::size_t i = 0; i < (whole ? choices.size() : 3); ++i) {
+  for (std::size_t i = 0; i < (whole ? choices.size() : 3); ++i)
     words += (i == 0 ? "" : ", ") + choices[i];
-  }
   return whole ? words : words + " … " + choices.back();
 }
 
@@ -163,9 +162,8 @@ private:
     RadioImage image;
     SetLowerBandLimit(image.BandBlock, *limit);
     ResetChannels(image);
-    for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+    for (std::size_t channel = 0; channel < ChannelCount; ++channel)
       configuration.channels[channel] = TextsOfChannel(image, channel, texts);
-    }
     return true;
   }
 
@@ -277,14 +275,12 @@ std::string Allowed(const Configuration& configuration, FieldAt at, std::string_
   if (at.field->kind == FieldKind::Frequency) return AllowedFrequency(configuration, at, text, texts);
   if (const auto* box = std::get_if<Box>(&place)) return AllowedBox(configuration, *box);
   const std::vector<std::string> choices = ChoicesOf(configuration, at, texts);
-  if (place == FieldPlace(ChoiceList::Standards) && IsTtsMode(configuration)) {
+  if (place == FieldPlace(ChoiceList::Standards) && IsTtsMode(configuration))
     return "no change while Select Call is TTS";
-  }
   if (const auto* key = std::get_if<Key>(&place)) return AllowedKey(configuration, *key, choices);
   if (choices.empty()) return InWords(TtsFrequencies);
-  if (const auto* column = std::get_if<GridColumn>(&place); column && TakesFiveToneCode(configuration, *column)) {
+  if (const auto* column = std::get_if<GridColumn>(&place); column && TakesFiveToneCode(configuration, *column))
     return "OFF, or 5T and 5 digits";
-  }
   return InWords(choices);
 }
 
@@ -334,13 +330,11 @@ std::vector<std::string> ChoicesOf(const Configuration& configuration, FieldAt a
     const std::span<const std::string_view> items = ItemsOf(*list);
     choices.assign(items.begin(), items.end());
   } else if (const auto* key = std::get_if<Key>(&place)) {
-    for (const KeyItem& item : KeyItems(*key)) {
+    for (const KeyItem& item : KeyItems(*key))
       choices.emplace_back(item.text);
-    }
   } else if (std::holds_alternative<TtsColumn>(place)) {
-    for (int tenths = 1; tenths <= LongestTtsTime; ++tenths) {
+    for (int tenths = 1; tenths <= LongestTtsTime; ++tenths)
       choices.push_back(TtsTimeText(static_cast<std::uint8_t>(tenths), texts.decimalSeparator));
-    }
   } else if (const auto* column = std::get_if<GridColumn>(&place)) {
     choices = ChannelChoices(configuration, at, *column, texts);
   }
@@ -359,9 +353,8 @@ std::string AllowedFor(const Configuration& configuration, FieldAt at, const Fie
 }
 
 void ResetSelcallCells(Configuration& configuration) {
-  for (ChannelTexts& channel : configuration.channels) {
+  for (ChannelTexts& channel : configuration.channels)
     channel[GridColumn::RxSelCall] = channel[GridColumn::TxSelCall] = channel[GridColumn::GroupCall] = "OFF";
-  }
 }
 
 } // namespace mr4500x

@@ -8,7 +8,6 @@
 #include "tagged_items.h"
 
 namespace mr4500x {
-
 namespace {
 
 constexpr std::string_view HeaderVersion0 = "Data file of LR7200 Radio Series, Calvorne VTR.";

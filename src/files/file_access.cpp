@@ -6,7 +6,6 @@
 #include <string_view>
 
 namespace mr4500x {
-
 namespace {
 
 constexpr int MostLinks = 40; // in a row; more are a circle

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace mr4500x {
-
 namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";

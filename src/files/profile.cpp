@@ -8,7 +8,6 @@
 #include "ini_text.h"
 
 namespace mr4500x {
-
 namespace {
 
 ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& text) {

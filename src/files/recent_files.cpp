@@ -6,7 +6,6 @@
 #include "profile.h"
 
 namespace mr4500x {
-
 namespace {
 
 constexpr std::string_view Section = "Recent Files";

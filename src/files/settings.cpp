@@ -9,7 +9,6 @@
 #include "profile.h"
 
 namespace mr4500x {
-
 namespace {
 
 constexpr std::string_view SettingsFileName = "MR4500X.ini";

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace mr4500x {
-
 namespace {
 
 std::uint32_t NumberAt(std::span<const std::uint8_t> bytes, std::size_t at, std::size_t count) {

@@ -29,9 +29,8 @@ constexpr bool FieldsAreSound(std::span<const BlockField> fields, std::size_t bl
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (fields[i].byte >= blockBytes || ((fields[i].mask >> fields[i].shift) & 1) == 0) return false;
     if ((fields[i].mask & ((1U << fields[i].shift) - 1)) != 0) return false;
-    for (std::size_t j = 0; j < i; ++j) {
+    for (std::size_t j = 0; j < i; ++j)
       if (fields[i].byte == fields[j].byte && (fields[i].mask & fields[j].mask) != 0) return false;
-    }
   }
   return true;
 }

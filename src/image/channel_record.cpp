@@ -101,9 +101,8 @@ std::string StepText(int stepCode, char decimalSeparator) {
 }
 
 std::optional<int> StepCode(std::string_view text, char decimalSeparator) {
-  for (const int code : {0, 1}) {
+  for (const int code : {0, 1})
     if (text == StepText(code, decimalSeparator)) return code;
-  }
   return std::nullopt;
 }
 
@@ -126,9 +125,8 @@ ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const 
   shown.noTx = (record[Transmit.flags] & InUseBit) == 0;
   ReadSide(image, channel, Receive, texts, shown);
   ReadSide(image, channel, Transmit, texts, shown);
-  for (const OptionField& option : OptionFields) {
+  for (const OptionField& option : OptionFields)
     shown[option.column] = ReadField(record, option.field) != 0 ? option.set : option.clear;
-  }
   shown[GridColumn::BandWidth] = ReadField(record, WideBandField) != 0 ? texts.WideBandText : texts.NarrowBandText;
   shown[GridColumn::GroupCall] = GroupCallText(image, channel);
   return shown;
@@ -140,9 +138,8 @@ void RecordFromTexts(RadioImage& image, std::size_t channel, const ChannelTexts&
   CollectSide(image, channel, Receive, !shown.noCh, shown, texts);
   CollectSide(image, channel, Transmit, !shown.noTx, shown, texts);
   CollectOption(record, WideBandField, shown[GridColumn::BandWidth], texts.WideBandText, texts.NarrowBandText);
-  for (const OptionField& option : OptionFields) {
+  for (const OptionField& option : OptionFields)
     CollectOption(record, option.field, shown[option.column], option.set, option.clear);
-  }
   ApplyGroupCallText(image, channel, shown[GridColumn::GroupCall]);
 }
 

@@ -72,22 +72,19 @@ std::string FormatDecimal(std::int64_t value, int integerDigits, int decimals, c
   std::array<char, 32> buffer{};
   std::size_t at = buffer.size();
   const auto put = [&](char c) { buffer[--at] = c; };
-  for (int i = 0; i < decimals; ++i, value /= 10) {
+  for (int i = 0; i < decimals; ++i, value /= 10)
     put(static_cast<char>('0' + value % 10));
-  }
   if (decimals > 0) put(separator);
-  for (int i = 0; i < integerDigits || value > 0; ++i, value /= 10) {
+  for (int i = 0; i < integerDigits || value > 0; ++i, value /= 10)
     put(static_cast<char>('0' + value % 10));
-  }
   return {buffer.data() + at, buffer.size() - at};
 }
 
 std::optional<int> ParseWhole(std::string_view text) {
   if (text.empty() || text.size() > 9 || !std::all_of(text.begin(), text.end(), IsDigit)) return std::nullopt;
   int number = 0;
-  for (const char c : text) {
+  for (const char c : text)
     number = number * 10 + (c - '0');
-  }
   return number;
 }
 

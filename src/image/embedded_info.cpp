@@ -7,9 +7,8 @@ namespace mr4500x {
 std::u16string EmbeddedText(const EmbeddedInfo& block) {
   std::u16string text;
   text.reserve(block.length / 2);
-  for (std::size_t i = 0; i + 1 < block.length; i += 2) {
+  for (std::size_t i = 0; i + 1 < block.length; i += 2)
     text += static_cast<char16_t>(block.bytes[i] + 256 * block.bytes[i + 1]);
-  }
   return text;
 }
 
@@ -35,9 +34,8 @@ std::string LastProgrammingTime(const RadioImage& image) {
   constexpr std::array<Piece, 6> pieces = {
       {{0, 4, "-"}, {4, 2, "-"}, {6, 2, ", "}, {8, 2, ":"}, {10, 2, ":"}, {12, 2, ""}}};
   std::string text;
-  for (const Piece& piece : pieces) {
+  for (const Piece& piece : pieces)
     text += CharactersText(std::span(image.WriteStampBlock).subspan(piece.at, piece.bytes)) + piece.after;
-  }
   return text;
 }
 

@@ -90,9 +90,8 @@ void ResetToDefaults(RadioImage& image, const LocalTime& now) {
 
 void ResetChannels(RadioImage& image) {
   const ChannelRecord record = DefaultChannelRecord(LowerBandLimit(image.BandBlock));
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
     std::copy(record.begin(), record.end(), image.ChannelBlock.Row(channel).begin());
-  }
   image.ChannelBlock(0, 0) = 0x81;
 }
 
@@ -128,9 +127,8 @@ std::optional<std::array<std::uint8_t, RecordBytes>> TakeRecord(const RadioImage
   const std::span<const std::uint8_t> block = BlockBytes(image, place->block);
   const std::size_t offset = std::size_t{address} - place->address;
   std::array<std::uint8_t, RecordBytes> record{};
-  for (std::size_t i = 0; i < RecordBytes && offset + i < block.size(); ++i) {
+  for (std::size_t i = 0; i < RecordBytes && offset + i < block.size(); ++i)
     record[i] = block[offset + i];
-  }
   return record;
 }
 

@@ -6,6 +6,7 @@
 #include "hex_digit.h"
 
 #include <algorithm>
+
 namespace mr4500x {
 namespace {
 
@@ -76,9 +77,8 @@ std::string SelCallText(const RadioImage& image, std::size_t channel, Direction 
   if (ReadField(record, place.on) == 0) return "OFF";
   if (IsTtsMode(image)) return std::string(TtsPrefix) + std::to_string(record[place.ttsEntry]);
   std::string text(FiveTonePrefix);
-  for (const BlockField& digit : place.digits) {
+  for (const BlockField& digit : place.digits)
     text += HexDigit(ReadField(CodeOf(image, channel), digit));
-  }
   return text;
 }
 
@@ -95,9 +95,8 @@ void ApplySelCallText(RadioImage& image, std::size_t channel, Direction directio
     if (const auto entry = ByteAfter(text, TtsPrefix)) turnOn(true, *entry);
   } else if (const auto digits = CodeAfter(text, FiveTonePrefix)) {
     turnOn(true, 0);
-    for (std::size_t i = 0; i < CodeDigits; ++i) {
+    for (std::size_t i = 0; i < CodeDigits; ++i)
       WriteField(CodeOf(image, channel), place.digits[i], (*digits)[i]);
-    }
   }
 }
 
@@ -115,12 +114,11 @@ void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view
   if (IsTtsMode(image)) {
     std::uint8_t& stored = image.ChannelBlock(channel, TtsGroupByte);
     const auto* const item = std::find(TtsGroupItems.begin(), TtsGroupItems.end(), text);
-    if (item != TtsGroupItems.end()) {
+    if (item != TtsGroupItems.end())
       stored = static_cast<std::uint8_t>((item - TtsGroupItems.begin()) * 0x11); // in both nibbles
-    } else if (const auto group = ByteAfter(text, UnlistedGroup);
-               group && *group >= TtsGroupItems.size() && *group <= 0x0F && (stored & 0x0F) != *group) {
+    else if (const auto group = ByteAfter(text, UnlistedGroup);
+             group && *group >= TtsGroupItems.size() && *group <= 0x0F && (stored & 0x0F) != *group)
       stored = static_cast<std::uint8_t>(*group * 0x11);
-    }
     return;
   }
   const auto group = text == "OFF" ? std::optional<std::uint8_t>(0) : ByteAfter(text, FiveTonePrefix);
@@ -170,9 +168,8 @@ std::optional<std::uint8_t> TtsTime(std::string_view text, char decimalSeparator
 bool ApplyStandard(RadioImage& image, int standard) {
   if (standard < 1 || standard > static_cast<int>(FiveToneStandardTable.size())) return false;
   const FiveToneRow& row = FiveToneStandardTable[static_cast<std::size_t>(standard - 1)];
-  for (std::size_t tone = 0; tone < row.tones.size(); ++tone) {
+  for (std::size_t tone = 0; tone < row.tones.size(); ++tone)
     WriteFrequency(image, tone, row.tones[tone]);
-  }
   image.ResetTimeBlock[ToneLengthByte] = row.toneLength;
   image.ResetTimeBlock[StandardByte] = static_cast<std::uint8_t>(standard);
   return true;

@@ -15,9 +15,7 @@ constexpr std::string_view DcsInverted = "-DCS";
 
 std::optional<std::uint8_t> CtcssIndex(std::string_view text, const FieldTexts& texts) {
   const auto* const found = std::find(texts.CtcssNames.begin(), texts.CtcssNames.end(), text);
-  if (found != texts.CtcssNames.end()) {
-    return static_cast<std::uint8_t>(found - texts.CtcssNames.begin() + 1);
-  }
+  if (found != texts.CtcssNames.end()) return static_cast<std::uint8_t>(found - texts.CtcssNames.begin() + 1);
   const std::optional<std::uint8_t> index = ByteAfter(text, UnlistedCtcss);
   if (!index || (*index >= 1 && *index <= CtcssToneCount)) return std::nullopt;
   return index;

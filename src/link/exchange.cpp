@@ -6,7 +6,6 @@
 #include <algorithm>
 
 namespace mr4500x {
-
 namespace {
 
 constexpr int ProgressPerRecord = 5;

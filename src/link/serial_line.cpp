@@ -4,7 +4,6 @@
 #include <utility>
 
 namespace mr4500x {
-
 namespace {
 
 using namespace std::chrono_literals;

@@ -81,9 +81,8 @@ double AddChannels(ReportPage& page, const ReportTexts& texts) {
       page.texts.push_back({Columns.front().x, y, SmallBold, NullText(first + 1, channel + 1)});
       continue;
     }
-    for (const Column& column : Columns) {
+    for (const Column& column : Columns)
       page.texts.push_back({column.x, y, SmallBold, CellText(column, channel, texts.channels[channel])});
-    }
   }
   return y;
 }

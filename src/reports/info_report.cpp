@@ -16,15 +16,14 @@ constexpr char32_t Replacement = 0xFFFD; // for half a surrogate pair
 
 void AppendUtf8(std::string& text, char32_t c) {
   const auto trail = [c](int shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-  if (c < 0x80) {
+  if (c < 0x80)
     text += static_cast<char>(c);
-  } else if (c < 0x800) {
+  else if (c < 0x800)
     text += {static_cast<char>(0xC0 | (c >> 6)), trail(0)};
-  } else if (c < 0x10000) {
+  else if (c < 0x10000)
     text += {static_cast<char>(0xE0 | (c >> 12)), trail(6), trail(0)};
-  } else {
+  else
     text += {static_cast<char>(0xF0 | (c >> 18)), trail(12), trail(6), trail(0)};
-  }
 }
 
 // The next character, two units where they are a surrogate pair; moves behind it.
@@ -41,9 +40,8 @@ char32_t TakeCharacter(std::u16string_view& text) {
 // Zero characters print as nothing, so that a text of nothing else is an empty one.
 std::u16string PrintableText(std::u16string_view text) {
   std::u16string printable;
-  for (const char16_t unit : text) {
+  for (const char16_t unit : text)
     if (unit != u'\0') printable += unit;
-  }
   const std::size_t first = printable.find_first_not_of(u' ');
   if (first == std::u16string::npos) return {};
   return printable.substr(first, printable.find_last_not_of(u' ') - first + 1);
@@ -65,13 +63,11 @@ public:
   [[nodiscard]] double FirstLine() const { return m_y; }
 
   void Write(std::u16string_view text) {
-    while (!text.empty()) {
-      if (TakeLineEnd(text)) {
+    while (!text.empty())
+      if (TakeLineEnd(text))
         EndLine(m_paragraphStep);
-      } else {
+      else
         Append(TakeCharacter(text));
-      }
-    }
     EndLine(0);
   }
 
@@ -106,11 +102,10 @@ ReportPage InfoReportPage(const ReportTexts& texts, const PageSetting& setting) 
     page.texts.push_back({Left, Top, TitleFont, "Embedded Information"});
     LineWriter writer(page, onSetting);
     const std::u16string text = PrintableText(texts.embeddedText);
-    if (text.empty()) {
+    if (text.empty())
       page.texts.push_back({EmptyNoteX, writer.FirstLine(), EmptyNoteFont, "No Embedded Information."});
-    } else {
+    else
       writer.Write(text);
-    }
   });
 }
 

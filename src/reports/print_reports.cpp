@@ -12,9 +12,8 @@ void Draw(Printer& printer, const ReportPage& page) {
   printer.SetScale(page.scale);
   for (const PageRule& rule : page.rules)
     printer.PrintLine(rule.x1, rule.y1, rule.x2, rule.y2, RuleThickness);
-  for (const PageText& text : page.texts) {
+  for (const PageText& text : page.texts)
     if (!text.text.empty()) printer.PrintText(text.x, text.y, text.font, text.text);
-  }
 }
 
 std::optional<std::string> Abandon(Printer& printer, std::optional<std::string> failure) {

@@ -70,15 +70,14 @@ std::string SelCallText(const Configuration& values) {
 
 SettingText Resolve(const Item& item, const Configuration& values) {
   SettingText text{std::string(item.label), {}};
-  if (const auto* place = std::get_if<FieldPlace>(&item.source)) {
+  if (const auto* place = std::get_if<FieldPlace>(&item.source))
     text.value = TextOf(values, {&FieldOf(*place)});
-  } else if (const auto* record = std::get_if<RadioText>(&item.source)) {
+  else if (const auto* record = std::get_if<RadioText>(&item.source))
     text.value = values.*(*record);
-  } else if (std::holds_alternative<SelCallWithStandard>(item.source)) {
+  else if (std::holds_alternative<SelCallWithStandard>(item.source))
     text.value = SelCallText(values);
-  } else if (std::holds_alternative<SignalSentence>(item.source)) {
+  else if (std::holds_alternative<SignalSentence>(item.source))
     text.label = values.scanSignal ? "Scan with Signal." : "Scan without Signal.";
-  }
   return text;
 }
 
@@ -87,20 +86,17 @@ std::vector<SettingsSection> SettingsOf(const Configuration& values) {
   for (const Section& section : Sections) {
     SettingsSection& resolved = sections.emplace_back();
     resolved.title = section.title;
-    for (const Line& line : section.lines) {
+    for (const Line& line : section.lines)
       resolved.lines.push_back({Resolve(line.left, values), Resolve(line.right, values)});
-    }
   }
   return sections;
 }
 
 TtsTexts TtsOf(const Configuration& values) {
   TtsTexts texts;
-  for (std::size_t entry = 0; entry < texts.size(); ++entry) {
-    for (std::size_t column = 0; column < texts[entry].size(); ++column) {
+  for (std::size_t entry = 0; entry < texts.size(); ++entry)
+    for (std::size_t column = 0; column < texts[entry].size(); ++column)
       texts[entry][column] = values.ttsTable[entry][column + 1];
-    }
-  }
   return texts;
 }
 

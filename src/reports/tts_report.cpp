@@ -61,9 +61,8 @@ void AddTable(ReportPage& page, const TtsTexts& tts) {
   double y = TableTop + HeadingBand + TextInRow;
   for (std::size_t entry = 0; entry < tts.size(); ++entry, y += RowHeight) {
     page.texts.push_back({numberX, y, SmallBold, std::to_string(entry + 1)});
-    for (std::size_t column = 0; column < Headings.size(); ++column) {
+    for (std::size_t column = 0; column < Headings.size(); ++column)
       page.texts.push_back({DataColumnX(column), y, SmallBold, tts[entry][column]});
-    }
   }
 }
 

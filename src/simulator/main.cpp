@@ -92,9 +92,8 @@ int Serve(const Options& options) {
     if (const auto failure = LoadOrCreate(options.memoryFile, memory)) return Fail(*failure);
   }
   std::vector<PlannedFault> faults;
-  for (const std::string& text : options.faults) {
+  for (const std::string& text : options.faults)
     if (const auto fault = ParseFault(text)) faults.push_back(*fault);
-  }
   const auto characterTime = options.baud == 0
                                  ? std::chrono::microseconds(0)
                                  : std::chrono::microseconds(std::chrono::seconds(1)) * BitsPerCharacter / options.baud;

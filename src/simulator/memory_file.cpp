@@ -12,9 +12,8 @@ std::optional<std::string> LoadOrCreate(const std::string& path, RadioMemory& me
   std::ifstream file(path, std::ios::binary);
   RadioMemory stored{};
   file.read(reinterpret_cast<char*>(stored.data()), RadioMemoryBytes);
-  if (!file || file.peek() != std::ifstream::traits_type::eof()) {
+  if (!file || file.peek() != std::ifstream::traits_type::eof())
     return path + " is not a memory file of " + std::to_string(RadioMemoryBytes) + " bytes";
-  }
   memory = stored;
   return std::nullopt;
 }

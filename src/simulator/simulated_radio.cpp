@@ -131,11 +131,10 @@ std::size_t SimulatedRadio::TakeRecord() {
   const std::size_t address = std::size_t{m_heard[1]} * 256 + m_heard[2];
   m_hasVanished = m_faults.At(Fault::Vanish, m_record);
   if (m_hasVanished) return length;
-  if (m_session == Session::Write) {
+  if (m_session == Session::Write)
     AnswerWrite(address);
-  } else {
+  else
     AnswerRead(address);
-  }
   ++m_record;
   return length;
 }

@@ -13,15 +13,14 @@ std::optional<ReportChoice> ParseReports(std::string_view names) {
   ReportChoice choice;
   while (true) {
     const std::string_view name = names.substr(0, names.find(','));
-    if (name == "channels") {
+    if (name == "channels")
       choice.channels = true;
-    } else if (name == "tts") {
+    else if (name == "tts")
       choice.tts = true;
-    } else if (name == "info") {
+    else if (name == "info")
       choice.info = true;
-    } else {
+    else
       return std::nullopt;
-    }
     if (name.size() == names.size()) return choice;
     names.remove_prefix(name.size() + 1);
   }
@@ -31,9 +30,8 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
                     const ReportChoice& choice, const QLocale& locale, const LocalTime& now, Terminal& terminal) {
   RadioImage image;
   Configuration values;
-  if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal)) {
+  if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal))
     return ExitStatus::Failed;
-  }
   PdfPrinter printer(files, pdfFile);
   const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));
   const std::optional<std::string> failure = PrintReports(printer, texts, choice);
