@@ -1,4 +1,3 @@
-// Replaces the allocation functions by counting ones.
 #include "allocations.h"
 
 #include <atomic>

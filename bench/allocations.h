@@ -1,4 +1,3 @@
-// Counts what the program allocates.
 #pragma once
 
 #include <cstddef>

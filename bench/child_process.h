@@ -1,4 +1,3 @@
-// A program run as a child process, with what it used.
 #pragma once
 
 #include <sys/resource.h>
@@ -9,10 +8,10 @@
 
 namespace mr4500x {
 
-// Starts a program with its output thrown away, or readable at the returned descriptor where `output` is given.
+// Discards the program's output, or makes it readable at `*output`.
 [[nodiscard]] pid_t StartProgram(const std::vector<std::string>& words, int* output = nullptr);
 
-// Waits for its end. Its exit status, -1 when it was killed.
+// Waits for the program. Returns its exit status, -1 if it was killed.
 int WaitForProgram(pid_t process, rusage& used);
 
 } // namespace mr4500x

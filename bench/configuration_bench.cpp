@@ -1,4 +1,4 @@
-// The work on one configuration in memory: showing and collecting it, building and parsing its data file.
+// Decoding and encoding a configuration, building and parsing its data file.
 #include "allocations.h"
 
 #include "configuration.h"
@@ -20,7 +20,7 @@ RadioImage FactoryImage() {
   return image;
 }
 
-// Reports the allocations of one run beside its time.
+// Reports the allocations of one run as well as its time.
 template<typename Work>
 void Measure(benchmark::State& state, Work work) {
   work();

@@ -1,4 +1,4 @@
-// The command line tool as a process: `show` beside `true`, the least that any process costs.
+// The command line tool as a process, compared with `true`, the minimum cost of a process.
 #include "child_process.h"
 
 #include <benchmark/benchmark.h>

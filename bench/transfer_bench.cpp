@@ -1,5 +1,5 @@
-// A whole read and a whole write against the simulated radio at the line's real pace, beside the sum of the waits that
-// the exchange prescribes and the time that the bytes take on the line.
+// A full read and a full write with the simulated radio at the real line speed, compared with the sum of the prescribed
+// waits and the time of the bytes on the line.
 #include "child_process.h"
 
 #include "exchange.h"
@@ -19,8 +19,8 @@ namespace {
 constexpr double ByteTime = CharacterTime.count() / 1000.0; // ms
 constexpr double PollRound = 20;
 
-// Open, wake-up (answered within the first of its rounds), and after the last record the closing wait; a record costs
-// its waits, its request on the line, and the rounds until a look finds the reply, the satisfied round included.
+// Opening, a wake-up answered in its first round, the records, and the wait at the end. A record takes its waits, its
+// request on the line, and the rounds up to the one after the look that finds the reply.
 constexpr double ReadSum = 80 + (80 + 4 * ByteTime + 2 * PollRound + 10) +
                            103 * (10 + 4 * ByteTime + 2 * PollRound + 10) + (4 * ByteTime + 50);
 constexpr double WriteSum = 80 + (80 + 5 * ByteTime + 2 * PollRound + 10) + 20 + 66 * (12 * ByteTime + 20 + PollRound) +
@@ -35,7 +35,6 @@ public:
   bool Complete(Transfer) override { return true; }
 };
 
-// The simulator as a process, and the device that it prints.
 class Simulator {
 public:
   Simulator() {

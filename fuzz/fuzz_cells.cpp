@@ -1,11 +1,12 @@
-// Any text in any cell: what the rules make of it is shown again after it has been through the image, and what the
-// image takes of a text that no rule has seen stays the same from then on.
+// Any text in any cell: what the rules accept survives a collect and a fill, and after one collect even a text that no
+// rule has checked stays stable.
 #include "configuration.h"
 #include "decimal.h"
 #include "embedded_info.h"
 #include "field_rules.h"
 #include "function_settings.h"
 #include "fuzz_input.h"
+#include "set_field.h"
 #include "tone_codes.h"
 
 namespace mr4500x {
@@ -20,7 +21,7 @@ struct Editor {
 
   [[nodiscard]] char Separator() const { return texts.decimalSeparator; }
   [[nodiscard]] Band Limits() const { return {LowerBandLimit(image.BandBlock), UpperBandLimit(image.BandBlock)}; }
-  // Collects the values and shows what the image holds then.
+  // A collect and a fill.
   Configuration ShownAgain() {
     CompleteEmergencyPair(values);
     TakeSelectedStandard(values);
@@ -28,12 +29,10 @@ struct Editor {
     SettleAfterFill(image);
     return Decode(image, texts).configuration;
   }
-  // As the window does it: a new mode empties the cells whose texts belong to the old one.
   void ChooseMode(int position) {
     if (values[ChoiceList::SelectCall].position == position) return;
     values[ChoiceList::SelectCall] = {position, 0};
-    for (ChannelTexts& channel : values.channels)
-      channel[GridColumn::RxSelCall] = channel[GridColumn::TxSelCall] = channel[GridColumn::GroupCall] = "OFF";
+    ResetSelcallCells(values);
   }
 };
 
@@ -150,7 +149,7 @@ void SelectKeys(Editor& editor, FuzzInput& input) {
   const auto key = static_cast<std::size_t>(input.Below(KeyCount));
   static_cast<void>(SelectKey(editor.values.keys, key, input.Below(static_cast<int>(KeyItems(key).size()))));
   const KeyProgram shown = editor.ShownAgain().keys;
-  const KeyProgram& keys = editor.values.keys; // the collect has completed the emergency pair
+  const KeyProgram& keys = editor.values.keys; // with the emergency pair completed by the collect
   for (std::size_t i = 0; i < KeyCount; ++i)
     Require(!LongPressEnabled(keys, i) || shown.selection[i] == keys.selection[i], "the keys are shown again");
 }
@@ -166,7 +165,7 @@ void StoreInformation(Editor& editor, FuzzInput& input) {
           "the information comes back");
 }
 
-// Past the rules, as no user can: the image takes what it can, and is at rest then.
+// Bypasses the rules, as no user can: the image takes what it can and is stable from then on.
 void PutAnything(Editor& editor, FuzzInput& input) {
   const std::string text = input.Text();
   const auto column = 1U + static_cast<std::size_t>(input.Below(static_cast<int>(GridColumnCount) - 1));

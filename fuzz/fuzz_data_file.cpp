@@ -1,4 +1,4 @@
-// Any file, opened: what it leaves in the image, and that showing, saving and opening it again changes nothing more.
+// Opens any file: checks the image, and that showing, saving and opening it again changes nothing more.
 #include "configuration.h"
 #include "data_file.h"
 #include "decimal.h"
@@ -18,7 +18,7 @@ RadioImage MarkedImage() {
   return image;
 }
 
-// The image with the blocks that no file holds taken from another.
+// The image with the blocks that no file holds from `other`.
 RadioImage WithUnstored(RadioImage image, const RadioImage& other) {
   image.PatrolWorkBlock = other.PatrolWorkBlock;
   image.RadioIdBlock = other.RadioIdBlock;
@@ -35,14 +35,14 @@ void RequireKept(const RadioImage& image) {
   Require(opened == image, "what was saved comes back");
 }
 
-// A frequency that the 18 bits of a written count hold.
+// Whether the frequency fits the 18 bits of a written count.
 bool IsWritable(const ChannelTexts& channel, GridColumn freq, GridColumn step) {
   const auto megahertz = ParseDecimal(channel[freq], Texts.decimalSeparator);
   const int unit = StepUnit(StepCode(channel[step], Texts.decimalSeparator).value_or(1));
   return megahertz && CountOfUnits(*megahertz, 5, unit) < 1 << 18;
 }
 
-// What the user sees must be the same after a save; a frequency beyond all bands can't be.
+// The user must see the same after a save, except a frequency that can't be written.
 void RequireSameView(Configuration before, const Configuration& after) {
   for (std::size_t i = 0; i < ChannelCount; ++i)
     for (const auto& [freq, step] :

@@ -1,4 +1,4 @@
-// What the fuzzing targets share: the bytes they are given, taken piece by piece, and the demand that something holds.
+// The input of the fuzz targets, taken piece by piece, and their checks.
 #pragma once
 
 #include <algorithm>
@@ -9,19 +9,19 @@
 #include <span>
 #include <string>
 
-// The entry of every target, called by the fuzzer and by the replay.
+// The entry point of every target, called by the fuzzer and the replay.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace mr4500x {
 
-// Ends the process with a message unless the condition holds: the finding of a fuzzer, the failure of a replay.
+// Aborts with a message unless the condition holds.
 inline void Require(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "Does not hold: %s\n", what);
   std::abort();
 }
 
-// Past its end an input goes on with zeros.
+// Past its end the input continues with zeros.
 class FuzzInput {
 public:
   explicit FuzzInput(std::span<const std::uint8_t> bytes) : m_rest(bytes) {}
@@ -34,7 +34,7 @@ public:
     return byte;
   }
   int Below(int end) { return Byte() % end; }
-  // A length and as many bytes, or what is left of them.
+  // A length byte and that many bytes, or what is left.
   std::string Text() { return Take(Byte()); }
   std::string Rest() { return Take(m_rest.size()); }
 

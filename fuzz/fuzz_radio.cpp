@@ -1,5 +1,5 @@
-// Any radio at the other end of the line: each exchange ends in its bounded time with a closed port, the image is
-// spoilt no further than it may be, and a sound radio afterwards is read or written as if nothing had been.
+// Any radio on the line: every exchange ends in bounded time with the port closed and changes only its own blocks of
+// the image, and the next exchange with a working radio succeeds.
 #include "fuzz_input.h"
 
 #include "scripted_radio.h"
@@ -8,9 +8,9 @@ namespace mr4500x {
 namespace {
 
 constexpr Clock::Moment LongestExchange = 60s;
-constexpr char Stamped[] = "20041104090507\0"; // and the 0x00 that ends the literal
+constexpr char Stamped[] = "20041104090507\0"; // the literal's own 0x00 is the 16th byte
 
-// Answers as it should, except where the input has something else in mind.
+// Spoils the radio's answers as the input says.
 class Fuzzer {
 public:
   bool isFaulty = false; // whether the input has changed anything
@@ -23,7 +23,7 @@ public:
     m_radio.spoil = nullptr;
     m_radio.operationsLeft = ScriptedRadio::MostOperations;
     m_radio.stuck = false;
-    m_radio.now += 2s; // until the user tries again
+    m_radio.now += 2s; // before the user tries again
   }
 
 private:

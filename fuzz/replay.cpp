@@ -1,4 +1,4 @@
-// Runs a target once with each file of a folder, in builds that have no fuzzer.
+// Runs a target with each file of a folder, in builds without a fuzzer.
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
   std::error_code failed;
   for (const auto& entry : std::filesystem::directory_iterator(argc > 1 ? argv[1] : "", failed)) {
     std::printf("%s\n", entry.path().c_str());
-    std::fflush(stdout); // a finding ends the process
+    std::fflush(stdout); // a finding aborts the process
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(file)), {});
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());

@@ -1,4 +1,4 @@
-// A window with a table of 17 rows and 15 columns, and nothing else.
+// A window with nothing but a table of 17 rows and 15 columns, for comparison.
 #include <QApplication>
 #include <QMainWindow>
 #include <QTableWidget>

@@ -1,4 +1,4 @@
-// The work of the editor's window: filling and collecting all of it, and opening a cell.
+// The editor's window: filling it, collecting it, opening a cell.
 #include "editor_panel.h"
 #include "radio_memory.h"
 
@@ -41,7 +41,7 @@ void Fill(benchmark::State& state) {
   ShownPanel shown;
   for (auto _ : state) {
     benchmark::DoNotOptimize(shown.panel.Fill());
-    QApplication::processEvents(); // the repaint is part of it
+    QApplication::processEvents(); // includes the repaint
   }
 }
 BENCHMARK(Fill)->Unit(benchmark::kMillisecond);
@@ -64,7 +64,7 @@ public:
   bool painted = false;
 };
 
-// From the click on a cell until its editor stands painted on the screen.
+// From the click on a cell until its editor is painted.
 void OpenCell(benchmark::State& state) {
   ShownPanel shown;
   auto* const grid = shown.panel.findChild<QTableWidget*>("gridChannel");

@@ -14,11 +14,11 @@ Json ValueOf(const Configuration& configuration, FieldAt at) {
   const std::string text = TextOf(configuration, at);
   if (at.field->kind == FieldKind::YesNo) return text == "true";
   if (at.field->kind != FieldKind::WholeNumber) return text;
-  const std::optional<int> number = ParseWhole(text); // "OFF" is none
+  const std::optional<int> number = ParseWhole(text); // none for "OFF"
   return number ? Json(*number) : Json(text);
 }
 
-// The object of a group, or of one entry of an array.
+// A group that is an object, or one entry of an array.
 Json Entry(const Configuration& configuration, FieldGroup group, std::size_t entry) {
   Json object = Json::object();
   if (group == FieldGroup::Channels) object["number"] = entry;

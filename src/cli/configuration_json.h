@@ -1,4 +1,4 @@
-// The configuration as one JSON document for scripts. Its keys and their order are a contract.
+// The configuration as a JSON document. Scripts rely on the keys and their order.
 #pragma once
 
 #include "configuration.h"

@@ -12,7 +12,7 @@ using Row = std::vector<std::string>;
 
 constexpr std::string_view ColumnGap = "  ";
 
-// The rows with every column as wide as its longest text.
+// Makes every column as wide as its longest text.
 void AppendAligned(std::string& text, const std::vector<Row>& rows) {
   std::vector<std::size_t> widths;
   for (const Row& row : rows) {
@@ -41,7 +41,7 @@ void AppendSection(std::string& text, std::string_view title, const std::vector<
 
 constexpr std::string_view Indent = "  ";
 
-// A heading of a grid without its line break.
+// A grid heading without its line break.
 std::string OnOneLine(std::string_view label) {
   std::string text;
   for (const char c : label)
@@ -49,7 +49,7 @@ std::string OnOneLine(std::string_view label) {
   return text;
 }
 
-// Yes or no as ON or OFF, for a check box, and as yes or no in the columns of a grid.
+// "ON" and "OFF" for a check box, "yes" and "no" in a grid.
 std::string ShownText(const Configuration& configuration, FieldAt at) {
   const std::string text = TextOf(configuration, at);
   if (at.field->kind != FieldKind::YesNo) return text;
@@ -68,7 +68,7 @@ std::vector<Row> GroupRows(const Configuration& configuration, FieldGroup group)
   return rows;
 }
 
-// One row an entry, under a heading; the first column numbers the entries.
+// A heading and one row per entry. The first column numbers the entries.
 std::vector<Row> GridRows(const Configuration& configuration, FieldGroup group, std::string_view heading,
                           std::string_view number) {
   std::vector<Row> rows(1 + EntriesOf(group));

@@ -1,4 +1,4 @@
-// The configuration as readable tables, under the labels of the editor.
+// The configuration as readable tables with the editor's labels.
 #pragma once
 
 #include "configuration.h"

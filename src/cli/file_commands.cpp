@@ -10,12 +10,12 @@
 namespace mr4500x {
 namespace {
 
-constexpr char DecimalSeparator = '.'; // whatever the locale: scripts read what this program prints
+constexpr char DecimalSeparator = '.'; // in every locale: scripts read the output
 
 } // namespace
 
 bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal) {
-  ResetToDefaults(image, {}); // what no file holds
+  ResetToDefaults(image, {}); // for what no file holds
   const LoadResult result = LoadDataFile(files, path, image);
   if (result.markerNotEmpty) terminal.err << NewVersionNotice.text << '\n';
   const std::optional<Message> failure = MessageFor(result.outcome);

@@ -1,4 +1,4 @@
-// The commands that work on a data file alone.
+// The commands that need only a data file, and loading and saving for all commands.
 #pragma once
 
 #include "configuration.h"
@@ -18,14 +18,14 @@ enum class ShowAs { Table, Json };
 // Prints every setting as the editor shows it, with "." as the decimal separator.
 [[nodiscard]] ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal);
 
-// Loads a data file over a new image and reports what there is to report; false when it could not be loaded.
+// Loads a data file into a new image and prints its messages. False if it could not be loaded.
 [[nodiscard]] bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal);
 
-// The same, and decodes the image into what the editor would show; false, with its message, when it shows only a part.
+// The same, and decodes the image. False, with a message, also if it can be decoded only in part.
 [[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
                                         RadioImage& image, Configuration& values, Terminal& terminal);
 
-// Stores the image; false, with its message, when it could not be.
+// False, with a message, if the image could not be stored.
 [[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
                                   Terminal& terminal);
 

@@ -21,7 +21,7 @@ std::string InfoToPrint(std::u16string_view text) {
   QString shown = QStringView(VisibleText(text)).toString();
   shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-  for (QChar& c : shown) // a radio must not steer the terminal
+  for (QChar& c : shown) // keep a radio's text from controlling the terminal
     if (c.category() == QChar::Other_Control && c != QLatin1Char('\n') && c != QLatin1Char('\t')) c = QLatin1Char('.');
   return shown.toStdString();
 }

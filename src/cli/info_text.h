@@ -1,4 +1,4 @@
-// Embedded information between the command line's UTF-8 and the radio's 16-bit units.
+// Embedded information as UTF-8 on the command line and as 16-bit units in the radio.
 #pragma once
 
 #include <optional>
@@ -7,10 +7,10 @@
 
 namespace mr4500x {
 
-// Line breaks of any kind become carriage return and line feed. Nothing for bytes that are no UTF-8.
+// Every line break becomes carriage return and line feed. nullopt if the argument is not UTF-8.
 [[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
 
-// What a text box would show of the text, with plain line feeds; other control characters read as ".".
+// What a text box shows, with plain line feeds. Other control characters except tabs become ".".
 [[nodiscard]] std::string InfoToPrint(std::u16string_view text);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// mr4500x-cli: the command line, and the machine's adapters handed to the command that it names.
+// mr4500x-cli: parses the command line and runs the command with the machine's serial port, files and clock.
 #include "data_file.h"
 #include "embedded_info.h"
 #include "end_signals.h"
@@ -90,9 +90,9 @@ ExitStatus CommandLine::Ports() {
   return RunPorts(serial, deviceOf, m_terminal);
 }
 
-// Whether printing to a path would take a data file's place: FILE itself, or any other, under whatever name.
+// Whether a PDF file at that path would overwrite a data file: FILE itself or any other, whatever its name.
 bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& pdfFile) {
-  std::error_code failed; // a file that is not there is nobody's
+  std::error_code failed; // of a missing file there is nothing to overwrite
   if (std::filesystem::equivalent(dataFile, pdfFile, failed)) return true;
   std::string extension = std::filesystem::weakly_canonical(pdfFile, failed).extension().string();
   std::transform(extension.begin(), extension.end(), extension.begin(),
@@ -102,7 +102,7 @@ bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::
   return LoadDataFile(files, pdfFile, unused).outcome == LoadOutcome::Loaded;
 }
 
-// The program that draws pages takes this one's place, with its streams and its exit status.
+// Replaces this process by the program that draws the pages, which keeps its streams and gives its exit status.
 ExitStatus CommandLine::Print() {
   if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_files, m_arguments.file, m_arguments.pdfFile)) {
     m_terminal.err << "OUT.pdf is the PDF file to write; it must not be a data file.\n";
@@ -198,10 +198,10 @@ int CommandLine::Run(int argc, char** argv) {
 } // namespace mr4500x
 
 int main(int argc, char** argv) {
-  signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed save with its message
+  signal(SIGXFSZ, SIG_IGN); // at a file size limit a save fails with its message
   try {
     return mr4500x::CommandLine().Run(argc, argv);
-  } catch (const std::exception& error) { // out of memory, in the main
+  } catch (const std::exception& error) { // mostly out of memory
     std::cerr << error.what() << '\n';
     return static_cast<int>(mr4500x::ExitStatus::Failed);
   }

@@ -15,10 +15,10 @@ namespace mr4500x {
 namespace {
 
 bool IsNumber(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
 }
 
-// A bare name is a device of the system, unless it stands in the current folder.
+// A bare name is a device in /dev unless there is such a file in the current folder.
 std::string DevicePath(const std::string& text) {
   std::error_code ignored;
   const bool isHere = text.find('/') == std::string::npos && std::filesystem::exists(text, ignored);

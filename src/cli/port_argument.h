@@ -16,13 +16,13 @@ struct PortArgument {
   std::string device; // the path; empty for a number
 };
 
-// "3" and "COM3" are the number 3. Nothing for a number outside 1 to 16 or an empty text.
+// "3" and "COM3" are port 3. nullopt for a number outside 1 to 16 and for an empty text.
 [[nodiscard]] std::optional<PortArgument> ParsePortArgument(const std::string& text);
 
-// How messages call the port: "COM" and the number, or the path.
+// The port's name in messages: "COM" and the number, or the path.
 [[nodiscard]] std::string NameOf(const PortArgument& port);
 
-// The device of a number is looked up with the pins of the settings file.
+// Looks up the device of a number, using the devices pinned in the settings file.
 [[nodiscard]] std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& files,
                                                     const std::string& settingsFile);
 

@@ -16,20 +16,20 @@
 namespace mr4500x {
 namespace {
 
-// False for a file that does not exist yet in a folder that takes none.
+// False for a new file in a folder that is not writable.
 bool CanBeCreated(FileSystem& files, const std::string& path) {
   const std::optional<FileStatus> status = files.Status(path);
   if (status && status->kind != FileKind::Missing) return true;
   return files.CanWrite(FolderOf(path));
 }
 
-// False, with its message, for a transfer that is not complete.
+// False, with a message, unless the transfer is complete.
 bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
   if (const auto failure = FailureOf(result)) terminal.err << failure->text << '\n';
   return result.outcome == Outcome::Complete;
 }
 
-// Somebody who watched the progress wants to see how it ended; a script has the exit status.
+// Tells a user who watched the progress how it ended. A script uses the exit status.
 ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   if (terminal.showsProgress) terminal.err << sentence << '\n';
   return ExitStatus::Done;
@@ -38,7 +38,7 @@ ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
 } // namespace
 
 ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
-  if (!CanBeCreated(command.files, path)) { // better told now than after the whole radio has been read
+  if (!CanBeCreated(command.files, path)) { // fail before reading the whole radio
     command.terminal.err << MessageForFailed(SaveCommand::Save).text << '\n';
     return ExitStatus::Failed;
   }
@@ -46,7 +46,7 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
   RadioImage image;
   if (!IsComplete(command.terminal, ReadRadio(command.line, image, observer))) return ExitStatus::Failed;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
-  if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // what the editor would say of it
+  if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // as the editor does
   if (!SaveForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
   return Done(command.terminal, command.line.PortName() + " has been read into " + path + ".");
 }

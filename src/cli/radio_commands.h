@@ -1,4 +1,4 @@
-// The commands that talk to a radio or look for one.
+// The commands that use a serial port.
 #pragma once
 
 #include "exit_status.h"
@@ -10,27 +10,26 @@
 
 namespace mr4500x {
 
-// What every command of this kind works with.
 struct RadioCommand {
   SerialLine& line;
   FileSystem& files;
   Terminal& terminal;
 };
 
-// Stores the radio's configuration as received, its standard taken from ResetTimeBlock.
+// Stores the configuration as received, with the 5-tone standard from ResetTimeBlock.
 [[nodiscard]] ExitStatus RunRead(const RadioCommand& command, const std::string& path);
 
-// Sends what the file holds, under the present write stamp.
+// Sends the content of the file with a new write stamp.
 [[nodiscard]] ExitStatus RunWrite(const RadioCommand& command, const std::string& path, BandAnswer band,
                                   const std::function<LocalTime()>& now);
 
 // Prints the text and the last programming time.
 [[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command);
 
-// The text as the embedded information, at most 119 units.
+// Writes a text of at most 119 units.
 [[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text);
 
-// COM1 to COM16: the device that each stands for, and whether it opens.
+// Lists COM1 to COM16 with their devices and whether they open.
 [[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf,
                                   Terminal& terminal);
 

@@ -49,7 +49,7 @@ void TerminalObserver::Began(Transfer transfer, int maximum) {
 void TerminalObserver::Progress(int value) {
   if (!m_terminal.showsProgress) return;
   const int percent = 100 * std::clamp(value, 0, m_maximum) / m_maximum;
-  if (percent <= m_percent) return; // a write's last value lies below the one before
+  if (percent <= m_percent) return; // the last value of a write is below the one before
   m_percent = percent;
   m_terminal.err << '\r' << m_text << ' ' << percent << " %" << std::flush;
 }

@@ -1,4 +1,4 @@
-// A command's messages, questions and progress on a terminal or in a pipe.
+// Output, messages, questions and progress of a command, on a terminal or in a pipe.
 #pragma once
 
 #include "exchange.h"
@@ -9,22 +9,22 @@
 
 namespace mr4500x {
 
-// Where a command talks. Data goes to `out`; messages, questions and progress to `err`.
+// Data goes to `out`; messages, questions and progress go to `err`.
 struct Terminal {
   std::ostream& out;
   std::ostream& err;
   std::istream& in;
-  bool answersQuestions; // somebody sits before `in` and sees `err`
+  bool answersQuestions; // a user reads `err` and types into `in`
   bool showsProgress;    // `err` is a terminal
 };
 
-// What a command that printed data ends with: a failure when not all of it could be written.
+// The exit status after printing data: Failed, with a message, if it could not all be written.
 [[nodiscard]] ExitStatus EndOutput(Terminal& terminal);
 
-// The question of another band is asked where somebody can answer it. Nobody: No.
+// Ask: without a user to answer, the answer is no.
 enum class BandAnswer : std::uint8_t { Ask, Yes };
 
-// Shows a transfer's progress as one line that is written over; nothing off a terminal. Its end is left to the command.
+// Shows progress as one line that is overwritten, on a terminal only. The command reports the end.
 class TerminalObserver final : public ExchangeObserver {
 public:
   TerminalObserver(const Terminal& terminal, BandAnswer band) : m_terminal(terminal), m_band(band) {}

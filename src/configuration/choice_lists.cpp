@@ -43,7 +43,7 @@ struct List {
 
 // In the order of ChoiceList.
 constexpr std::array<List, ChoiceListCount> Lists = {{
-    {SelectCallItems,   {}},                             // SelcallMode is 1 for TTS
+    {SelectCallItems,   {}},                             // SelcallMode, 1 for TTS
     {OffOnItems,        {Setting::BeepTone}},
     {BatterySaveItems,  {Setting::BatterySave}},
     {BusyChLockItems,   {}},                             // two fields: on, and its kind
@@ -62,7 +62,7 @@ constexpr std::array<List, ChoiceListCount> Lists = {{
     {HalfSecondItems,   {Setting::RestoreTime, 5, 5}},
     {RevertChItems,     {Setting::RevertCh}},
     {ManualTuneItems,   {Setting::ManualTune}},
-    {StandardItems,     {}},                             // of ResetTimeBlock
+    {StandardItems,     {}},                             // in ResetTimeBlock
 }};
 
 constexpr std::array<KeyItem, 10> ShortAItems = {{
@@ -70,7 +70,7 @@ constexpr std::array<KeyItem, 10> ShortAItems = {{
     {0x86, "Talk Around"}, {0x87, "Reverse"}, {0x88, "Call"}, {0x89, "Selcall"}, {0x8A, "GroupCall"}}};
 constexpr std::array<KeyItem, 10> LongAItems = {{
     {0x00, "Unassigned"}, {0xC2, "Cancel Emergency Alert"}, {0x83, "Scan"}, {0x84, "Nuisance Delete"},
-    {0x85, "Power Select"}, {0x86, "Talk Around"}, {0x87, "Reverse "}, // with the blank
+    {0x85, "Power Select"}, {0x86, "Talk Around"}, {0x87, "Reverse "}, // the product's text ends in a blank
     {0x88, "Call"}, {0x89, "Selcall"}, {0x8A, "GroupCall"}}};
 constexpr std::array<KeyItem, 10> ShortBAndCItems = {{
     {0x00, "Unassigned"}, {0xC0, "Monitor"}, {0x83, "Scan"}, {0x84, "Nuisance Delete"}, {0x85, "Power Select"},
@@ -98,9 +98,8 @@ std::span<const KeyItem> KeyItems(std::size_t key) {
 }
 
 std::string_view KeyItemText(std::size_t key, int position) {
-  const std::span<const KeyItem> items = KeyItems(key);
-  if (position < 0 || static_cast<std::size_t>(position) >= items.size()) return {};
-  return items[static_cast<std::size_t>(position)].text;
+  const bool isListed = position >= 0 && static_cast<std::size_t>(position) < KeyItems(key).size();
+  return isListed ? KeyItems(key)[static_cast<std::size_t>(position)].text : std::string_view();
 }
 
 std::string_view ItemAt(std::span<const std::string_view> items, int position) {

@@ -1,9 +1,6 @@
-// One radio's configuration as the editor shows it: every setting in its text or list position. Decode makes it from
-// the image and Encode puts it back; the windows, the reports and the command line show it. A setting by its name is
-// fields.h's business.
-//
-// A stored value without a list item shows as no selection (-1) and keeps its code; one without a text in a channel
-// cell shows a text that names it ("CTC#77"). Either comes back as it was, unless the user edits that list or cell.
+// One radio's configuration as the editor shows it: every setting as a text or list position. A stored value without a
+// list item shows as no selection (-1), one that a channel cell has no text for as a text like "CTC#77". Both are
+// stored unchanged unless the user edits that list or cell.
 #pragma once
 
 #include "channel_record.h"
@@ -21,14 +18,14 @@ namespace mr4500x {
 
 inline constexpr std::string_view NoNumberText = "----------------"; // no ID, no ANI, no radio record
 
-// The selection of a list and, for no selection, the stored code that has no item.
+// A list's selection or, if that is -1, the stored code that has no item.
 struct Choice {
   int position = -1;
   std::uint8_t unlisted = 0;
   bool operator==(const Choice&) const = default;
 };
 
-// The columns of gridTTS.
+// In the order of gridTTS.
 enum class TtsColumn : std::uint8_t { No, ToneAFreq, ToneADur, ToneBFreq, ToneBDur, GapTime, GroupCallDur };
 inline constexpr std::size_t TtsColumnCount = 7;
 
@@ -38,11 +35,11 @@ struct Configuration {
   bool scanSignal = false;
   std::string emergencyAni, connectId, disconnectId;
   std::array<ChannelTexts, ChannelCount> channels;
-  std::string identityNumber, firmwareVersion; // of the radio; no file holds them
+  std::string identityNumber, firmwareVersion; // read from the radio; not in files
   KeyProgram keys;
-  std::array<std::uint8_t, KeyCount> keyCodes{}; // the key bytes behind a list without a selection
+  std::array<std::uint8_t, KeyCount> keyCodes{}; // the stored bytes, for lists without a selection
   std::array<std::array<std::string, TtsColumnCount>, TtsEntryCount> ttsTable; // column 0 stays empty
-  std::int16_t fiveToneStandard = 1; // the standard in force; the list "Standards" is taken over by a collect
+  std::int16_t fiveToneStandard = 1; // in force; a collect takes it from the list "Standards"
   bool autoResetOff = false;
   std::string autoResetTime = "5"; // seconds; kept while it is OFF
 
@@ -57,7 +54,7 @@ struct Configuration {
   bool operator==(const Configuration&) const = default;
 };
 
-// What the user sees of a list: the selected item, "" for no selection.
+// The selected item, "" for no selection.
 [[nodiscard]] std::string_view TextOf(const Configuration& configuration, ChoiceList list);
 [[nodiscard]] std::string_view KeyTextOf(const Configuration& configuration, std::size_t key);
 [[nodiscard]] inline bool IsTtsMode(const Configuration& configuration) {
@@ -66,31 +63,31 @@ struct Configuration {
 
 enum class DecodeEnd {
   Complete,
-  DataError, // no valid 5-tone standard is stored; the standard, the TTS table and the reset time have not been filled
+  DataError, // the stored 5-tone standard is 0: standard, TTS table and reset time are not filled in
 };
 struct Decoded {
   Configuration configuration;
-  bool keyConflict = false; // two keys had Talk Around or Reverse: the second is put back, the message is due
+  bool keyConflict = false; // two keys had Talk Around or Reverse: the second is put back; show KeyConflictText
   DecodeEnd end = DecodeEnd::Complete;
 };
 
-// What the image shows. In 5-tone mode the TTS table shows its defaults, as the radio keeps none then.
+// In 5-tone mode the TTS table gets its defaults, as the radio has none then.
 [[nodiscard]] Decoded Decode(const RadioImage& image, const FieldTexts& texts);
 
-// After a fill of the editor: a stored standard 0 becomes 1; in 5-tone mode the TTS defaults go into the image, but the
-// tones of a standard that the list does not offer stay.
+// Call after filling the editor. A stored standard 0 becomes 1. In 5-tone mode it loads the TTS defaults into the
+// image, but keeps the tones of a standard that is not in the list.
 void SettleAfterFill(RadioImage& image);
 
-// Collects the image. Either half of the emergency pair is stored as the pair. A number box that holds no number leaves
-// its bytes as they were.
+// Stores the configuration in the image. Half of the emergency pair is stored as the whole pair. A number box without a
+// number leaves its bytes unchanged.
 void Encode(const Configuration& configuration, RadioImage& image, const FieldTexts& texts);
 
-// Before a collect: what Encode stores for half of the emergency pair, shown; true when a key list changed.
+// Call before a collect. Shows the whole emergency pair that Encode stores for half of it; true if a key list changed.
 bool CompleteEmergencyPair(Configuration& configuration);
-// Before a collect: in 5-tone mode the standard in force becomes the one selected.
+// Call before a collect. In 5-tone mode the selected standard comes into force.
 void TakeSelectedStandard(Configuration& configuration);
 
-// Resets the image to its defaults and returns what the editor shows of it, without a radio's identity and firmware.
+// Resets the image to its defaults and returns what the editor shows, without identity number and firmware version.
 [[nodiscard]] Configuration NewConfiguration(RadioImage& image, const FieldTexts& texts, const LocalTime& now);
 
 } // namespace mr4500x

@@ -12,7 +12,7 @@ Choice ChoiceFor(ChoiceList list, int position, int code) {
   return {listed ? position : -1, static_cast<std::uint8_t>(listed ? 0 : code)};
 }
 
-// A code between two items rounds to the nearer.
+// A code between two items rounds to the nearer one.
 void DecodeLists(const RadioImage& image, Configuration& configuration) {
   for (std::size_t i = 0; i < ChoiceListCount; ++i) {
     const auto list = static_cast<ChoiceList>(i);
@@ -45,7 +45,7 @@ void DecodeNumbers(const RadioImage& image, Configuration& configuration) {
   configuration.firmwareVersion = NumberOrNone(CharactersText(image.FirmwareVersionBlock));
 }
 
-// Only the bits count that tell the functions apart: an unassigned key may hold any others.
+// Looks only at the bits that tell the functions apart; the others may have any value.
 int KeyPosition(const RadioImage& image, std::size_t key) {
   const std::uint8_t byte = image.KeyProgramBlock[key];
   if ((byte & KeyAssignedBit) == 0) return KeyUnassigned;
@@ -131,7 +131,7 @@ void SettleAfterFill(RadioImage& image) {
   if (standard == 0) {
     standard = 1;
   } else if (!IsTtsMode(image)) {
-    // Nothing could rebuild the tones of a standard that is not in the table.
+    // The tones of a standard that is not in the table could not be rebuilt.
     const auto tones = image.ToneFrequencyBlock;
     const auto resetTime = image.ResetTimeBlock;
     LoadTtsDefaults(image);

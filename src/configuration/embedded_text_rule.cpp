@@ -17,7 +17,7 @@ bool IsLowSurrogate(char16_t unit) {
   return (unit & 0xFC00) == 0xDC00;
 }
 
-// Whether the two units around the position are halves of one character.
+// Between the halves of a surrogate pair or of a line end.
 bool IsInsideCharacter(std::u16string_view text, std::size_t position) {
   if (position == 0 || position >= text.size()) return false;
   const char16_t before = text[position - 1], after = text[position];

@@ -37,7 +37,7 @@ void EncodeLists(const Configuration& configuration, RadioImage& image) {
 void EncodeNumber(const std::string& text, Setting lengthSetting, std::span<std::uint8_t, 8> area, RadioImage& image) {
   const auto length = std::min(text.size(), static_cast<std::size_t>(MostDigits));
   WriteSetting(image, lengthSetting, text == NoNumberText ? 0 : static_cast<int>(length));
-  // The placeholder's dashes would overwrite the digits with zeros; without a length nobody reads them.
+  // The dashes of the placeholder would overwrite the digits with zeros. With length 0 nobody reads the old digits.
   if (text != NoNumberText) PackDigits(text, area);
 }
 
@@ -118,7 +118,7 @@ bool CompleteEmergencyPair(Configuration& configuration) {
   KeyProgram& keys = configuration.keys;
   const bool emergency = keys.selection[ShortA] == KeySpecial;
   if (emergency == (keys.selection[LongA] == KeySpecial)) return false;
-  // With both shown no key of A counts for Talk Around, so that the rules have no conflict to report.
+  // Reports no conflict: with the pair shown, the keys of A don't count for Talk Around.
   static_cast<void>(SelectKey(keys, emergency ? LongA : ShortA, KeySpecial));
   return true;
 }

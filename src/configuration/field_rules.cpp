@@ -13,8 +13,13 @@ constexpr int LowestTtsFrequency = 288;
 constexpr int HighestTtsFrequency = 3000;
 constexpr std::size_t FiveToneDigits = 5;
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
+// `box` is the limit that is being checked.
+BandCheck CheckBand(std::string_view lower, std::string_view upper, std::string_view box) {
+  const std::optional<int> low = ParseWhole(lower);
+  const std::optional<int> high = ParseWhole(upper);
+  if (!low || !high) return {BandEntry::Empty, 0};
+  if (*low >= *high) return {BandEntry::Refused, 0};
+  return {BandEntry::Accepted, LimitToBandRange(*ParseWhole(box))};
 }
 
 } // namespace
@@ -67,19 +72,11 @@ int LimitToBandRange(int megahertz) {
 }
 
 BandCheck CheckLowerBand(std::string_view lower, std::string_view upper) {
-  const std::optional<int> low = ParseWhole(lower);
-  const std::optional<int> high = ParseWhole(upper);
-  if (!low || !high) return {BandEntry::Empty, 0};
-  if (*low >= *high) return {BandEntry::Refused, 0};
-  return {BandEntry::Accepted, LimitToBandRange(*low)};
+  return CheckBand(lower, upper, lower);
 }
 
 BandCheck CheckUpperBand(std::string_view lower, std::string_view upper) {
-  const std::optional<int> low = ParseWhole(lower);
-  const std::optional<int> high = ParseWhole(upper);
-  if (!low || !high) return {BandEntry::Empty, 0};
-  if (*high <= *low) return {BandEntry::Refused, 0};
-  return {BandEntry::Accepted, LimitToBandRange(*high)};
+  return CheckBand(lower, upper, upper);
 }
 
 ResetTimeCheck LimitResetTime(std::string_view text) {

@@ -1,5 +1,4 @@
-// The rules of the editor's fields, without the fields: what a text becomes, which message is due. Windows call these
-// for every decision.
+// The rules of the editor's fields: what a typed text becomes and which message it calls for.
 #pragma once
 
 #include <cstdint>
@@ -9,31 +8,31 @@
 
 namespace mr4500x {
 
-// Frequencies in tens of Hz: a text of five decimals is a whole number of them.
+// The unit of a frequency text in MHz with five decimals.
 using TensOfHertz = std::int64_t;
 [[nodiscard]] std::optional<TensOfHertz> ReadFrequency(std::string_view text, char separator);
 [[nodiscard]] std::string FrequencyText(TensOfHertz frequency, char separator);
 
-// The whole-MHz limits of the band boxes and the step (250 or 625) that the upper edge is kept off by.
+// The limits in whole MHz. `step` below is 250 or 625 tens of Hz.
 struct Band {
   int lower, upper;
 };
 
-// The frequency moved into [lower, upper - step].
+// Clamps to [lower, upper - step].
 [[nodiscard]] TensOfHertz ClampToBand(TensOfHertz frequency, Band band, int step);
 
-// What the commit of the frequency editor makes of a text: rounded to the step grid (ties to the even count), then
-// clamped. Nothing when the text is no number.
+// The committed text of the frequency editor: rounded to the step grid (ties to the even count), then clamped. nullopt
+// if the text is not a number.
 [[nodiscard]] std::optional<std::string> CommitFrequency(std::string_view text, Band band, int step, char separator);
 
-// A frequency one step up or down from the text, neither rounded nor clamped; the text itself at the band's end.
-// Nothing when the text is no number.
+// One step up or down, neither rounded nor clamped; the same text at the end of the band. nullopt if it is not a
+// number.
 [[nodiscard]] std::optional<std::string> StepFrequency(std::string_view text, bool up, Band band, int step,
                                                        char separator);
 
-// The character that a key press puts into an ID box: digits, "#", "*", "A" to "D" (small letters become capitals).
+// What a key press enters in an ID box: digits, "#", "*", "A" to "D", also for lower case letters.
 [[nodiscard]] std::optional<char> IdCharacter(char key);
-// An ID text may hold those and "-".
+// The characters above and "-".
 [[nodiscard]] bool IdTextValid(std::string_view text);
 
 inline constexpr int LowestBandLimit = 136;
@@ -45,7 +44,7 @@ struct BandCheck {
   BandEntry entry;
   int value; // the limited number when accepted
 };
-// Validation of a band box: the number itself and that of the other box, as texts.
+// Validation of a band box, from the texts of both boxes.
 [[nodiscard]] BandCheck CheckLowerBand(std::string_view lower, std::string_view upper);
 [[nodiscard]] BandCheck CheckUpperBand(std::string_view lower, std::string_view upper);
 
@@ -55,10 +54,10 @@ struct ResetTimeCheck {
   bool off; // the OFF box becomes checked
 };
 [[nodiscard]] ResetTimeCheck LimitResetTime(std::string_view text);                       // at validation
-[[nodiscard]] std::optional<ResetTimeCheck> StepResetTime(std::string_view text, int by); // nothing: the box is empty
+[[nodiscard]] std::optional<ResetTimeCheck> StepResetTime(std::string_view text, int by); // nullopt: not a number
 [[nodiscard]] std::optional<std::string> SpinResetTime(std::string_view text, int by);    // never touches OFF
 
-// The five digits of a 5-tone code, padded or cut where the message of the outcome is due.
+// A 5-tone code. Unless it is accepted the text is cut or padded with zeros to five digits.
 enum class CodeEntry { Accepted, NotDigits, NotFive };
 struct CodeCheck {
   CodeEntry entry;
@@ -66,7 +65,7 @@ struct CodeCheck {
 };
 [[nodiscard]] CodeCheck CheckFiveToneCode(std::string_view text);
 
-// A TTS frequency text limited to 288 to 3000 Hz, "288" for an empty one; nothing when it is no number.
+// Clamps a TTS frequency to 288 to 3000 Hz. "288" for an empty text, nullopt if it is not a number.
 [[nodiscard]] std::optional<std::string> LimitTtsFrequency(std::string_view text);
 
 } // namespace mr4500x

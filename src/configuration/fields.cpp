@@ -14,9 +14,9 @@ using L = ChoiceList;
 using C = GridColumn;
 using T = TtsColumn;
 
-// The labels are the windows'. A channel's heading breaks where it has two blanks, or one after "_". "VOX Sensivity"
-// and "Band With" are spelt as the product spells them. The check boxes of a channel, "No CH" and "No Tx", say the
-// opposite of its two yes-or-no settings.
+// The labels of the windows. "VOX Sensivity" and "Band With" are misspelt on purpose, as in the product. A channel
+// heading breaks at two blanks and after "_". The check boxes "No CH" and "No Tx" say the opposite of in_use and
+// tx_allowed.
 // clang-format off
 constexpr std::array<Field, 55> Table = {{
     {G::Band,     "lower",              "Lower Limit",         K::WholeNumber, Box::LowerBandLimit},
@@ -91,26 +91,19 @@ struct TextReader {
   std::string operator()(TtsColumn column) const { return configuration.Tts(entry, column); }
   std::string operator()(GridColumn column) const { return Channel()[column]; }
   std::string operator()(Box box) const {
+    // clang-format off
     switch (box) {
-    case Box::LowerBandLimit:
-      return configuration.lowerBandLimit;
-    case Box::UpperBandLimit:
-      return configuration.upperBandLimit;
-    case Box::EmergencyAni:
-      return configuration.emergencyAni;
-    case Box::ConnectId:
-      return configuration.connectId;
-    case Box::DisconnectId:
-      return configuration.disconnectId;
-    case Box::ScanSignal:
-      return YesNoText(configuration.scanSignal);
-    case Box::AutoResetTime:
-      return configuration.autoResetOff ? "OFF" : configuration.autoResetTime;
-    case Box::InUse:
-      return YesNoText(!Channel().noCh);
-    case Box::TxAllowed:
-      return YesNoText(!Channel().noTx);
+    case Box::LowerBandLimit: return configuration.lowerBandLimit;
+    case Box::UpperBandLimit: return configuration.upperBandLimit;
+    case Box::EmergencyAni:   return configuration.emergencyAni;
+    case Box::ConnectId:      return configuration.connectId;
+    case Box::DisconnectId:   return configuration.disconnectId;
+    case Box::ScanSignal:     return YesNoText(configuration.scanSignal);
+    case Box::AutoResetTime:  return configuration.autoResetOff ? "OFF" : configuration.autoResetTime;
+    case Box::InUse:          return YesNoText(!Channel().noCh);
+    case Box::TxAllowed:      return YesNoText(!Channel().noTx);
     }
+    // clang-format on
     return {};
   }
 

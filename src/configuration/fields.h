@@ -1,6 +1,5 @@
-// Every setting by name, in one table: what the command line's table and JSON, the windows' labels and the scripts go
-// by. A setting's identifier is its path in the JSON document ("global.tx_tot", "channels.3.rx_freq"; entries count
-// from 1). Changing a setting is set_field.h's business.
+// The table of all settings, for JSON and table output, labels and scripts. A setting's identifier is its path in the
+// JSON document: "global.tx_tot", "channels.3.rx_freq" (entries count from 1). set_field.h changes settings.
 #pragma once
 
 #include "configuration.h"
@@ -14,7 +13,7 @@
 
 namespace mr4500x {
 
-// The object or array of the JSON document that a setting stands in.
+// The object or array of the JSON document that contains a setting.
 enum class FieldGroup : std::uint8_t { None, Band, Global, Scan, Keys, Tts, Channels };
 
 enum class FieldKind : std::uint8_t {
@@ -25,7 +24,7 @@ enum class FieldKind : std::uint8_t {
   YesNo,       // "true" or "false"
 };
 
-// Settings that the configuration holds neither in a list nor in a cell.
+// Settings that are neither lists nor cells.
 enum class Box : std::uint8_t {
   LowerBandLimit,
   UpperBandLimit,
@@ -34,7 +33,7 @@ enum class Box : std::uint8_t {
   DisconnectId,
   ScanSignal,
   AutoResetTime, // "OFF" or seconds
-  InUse,         // of a channel, as the next
+  InUse,         // of a channel, like TxAllowed
   TxAllowed,
 };
 
@@ -48,17 +47,17 @@ struct Field {
   FieldPlace place;
 };
 
-// The rows of the table in the order of the JSON document.
+// In the order of the JSON document.
 [[nodiscard]] std::span<const Field> Fields();
 
-// The name of a group in the document, "" for None, and how many entries it has: 8 and 16 for the arrays, else 1.
+// The group's name in the document, "" for None; its number of entries is 8 and 16 for the arrays, else 1.
 [[nodiscard]] std::string_view NameOf(FieldGroup group);
 [[nodiscard]] std::size_t EntriesOf(FieldGroup group);
 [[nodiscard]] constexpr bool IsArray(FieldGroup group) {
   return group == FieldGroup::Tts || group == FieldGroup::Channels;
 }
 
-// One setting: a row of the table and, in an array, the entry from 1.
+// A row of the table and, in an array, the entry from 1.
 struct FieldAt {
   const Field* field = nullptr;
   std::size_t entry = 1;
@@ -68,13 +67,12 @@ struct FieldAt {
 [[nodiscard]] std::string IdentifierOf(FieldAt at);
 [[nodiscard]] std::optional<FieldAt> FindField(std::string_view identifier);
 
-// The row of a setting that exists once, or of a column.
 [[nodiscard]] const Field& FieldOf(FieldPlace place);
 [[nodiscard]] inline std::string_view LabelOf(FieldPlace place) {
   return FieldOf(place).label;
 }
 
-// What the editor shows of a setting; "" for a list without a selection.
+// As the editor shows it; "" for a list without a selection.
 [[nodiscard]] std::string TextOf(const Configuration& configuration, FieldAt at);
 
 } // namespace mr4500x

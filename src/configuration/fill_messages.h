@@ -1,11 +1,11 @@
-// The texts that a fill of the editor can call for, for the windows and the command line alike.
+// Messages that the windows and the command line tool share.
 #pragma once
 
 #include <string_view>
 
 namespace mr4500x {
 
-// Of all messages about what was typed.
+// For all messages about typed input.
 inline constexpr char EntryErrorTitle[] = "Error";
 
 inline constexpr char DataErrorTitle[] = "Data Error";

@@ -41,7 +41,7 @@ bool RunRules(KeyProgram& keys, std::size_t changed) {
     message |= SetAndRun(keys, LongA, KeyUnassigned);
   keys.fixedShortAShown = ShowsCancelEmergency(keys) && !keys.fixedLongAShown;
   if (CountTalkAroundOrReverse(keys) >= 2) {
-    // Where even the remembered selection would not do, the key ends unassigned: the rules must come to rest.
+    // If the remembered selection conflicts too, the key becomes unassigned, so that the recursion ends.
     const int back = keys.selection[changed] == keys.remembered[changed] ? KeyUnassigned : keys.remembered[changed];
     SetAndRun(keys, changed, back);
     return true;

@@ -1,4 +1,4 @@
-// The program's name, as windows, messages and papers show it.
+// The program's name in windows, messages and reports.
 #pragma once
 
 #include <string_view>

@@ -16,7 +16,7 @@ struct Range {
 constexpr Range TtsFrequencies = {288, 3000}; // Hz
 constexpr Range ResetTimes = {1, 255};        // s
 constexpr int LongestTtsTime = 100;           // 0.1 s
-constexpr std::size_t ChoicesWrittenOut = 20; // a longer list is told by its ends
+constexpr std::size_t ChoicesWrittenOut = 20; // a longer list is shortened to its ends
 constexpr std::string_view DigitsAllowed = "up to 16 of 0 to 9, A to D, * and #, or ----------------";
 constexpr std::string_view FiveToneCode = "5T ";
 
@@ -63,7 +63,7 @@ bool IsReceive(GridColumn column) {
   return column < GridColumn::TxFreq;
 }
 
-// One change of one setting. Each operator answers whether the text was taken.
+// One change of one setting. The operators return whether the text was accepted.
 struct Setter {
   Configuration& configuration;
   std::size_t entry;
@@ -71,7 +71,7 @@ struct Setter {
   const FieldTexts& texts;
 
   bool operator()(ChoiceList list) {
-    if (list == ChoiceList::Standards && IsTtsMode(configuration)) return false; // out of use, and not stored
+    if (list == ChoiceList::Standards && IsTtsMode(configuration)) return false; // not in use, and not stored
     const std::span<const std::string_view> items = ItemsOf(list);
     const auto item = std::find(items.begin(), items.end(), text);
     if (item == items.end()) return false;
@@ -81,7 +81,7 @@ struct Setter {
     return true;
   }
 
-  // A list that is not in use, or stands under its fixed counterpart, can't be changed.
+  // A list that is disabled or replaced by its fixed counterpart can't be changed.
   bool operator()(Key key) {
     const KeyProgram& keys = configuration.keys;
     if ((key == ShortA && keys.fixedShortAShown) || (key == LongA && keys.fixedLongAShown)) return false;
@@ -96,26 +96,19 @@ struct Setter {
   }
 
   bool operator()(Box box) {
+    // clang-format off
     switch (box) {
-    case Box::LowerBandLimit:
-      return SetLowerLimit();
-    case Box::UpperBandLimit:
-      return SetUpperLimit();
-    case Box::EmergencyAni:
-      return SetDigits(configuration.emergencyAni, true);
-    case Box::ConnectId:
-      return SetDigits(configuration.connectId, SendsConnectId(PttIdPosition()));
-    case Box::DisconnectId:
-      return SetDigits(configuration.disconnectId, SendsDisconnectId(PttIdPosition()));
-    case Box::ScanSignal:
-      return SetYesNo(configuration.scanSignal, true);
-    case Box::AutoResetTime:
-      return SetAutoResetTime();
-    case Box::InUse:
-      return SetYesNo(Channel().noCh, false);
-    case Box::TxAllowed:
-      return SetYesNo(Channel().noTx, false);
+    case Box::LowerBandLimit: return SetLowerLimit();
+    case Box::UpperBandLimit: return SetUpperLimit();
+    case Box::EmergencyAni:   return SetDigits(configuration.emergencyAni, true);
+    case Box::ConnectId:      return SetDigits(configuration.connectId, SendsConnectId(PttIdPosition()));
+    case Box::DisconnectId:   return SetDigits(configuration.disconnectId, SendsDisconnectId(PttIdPosition()));
+    case Box::ScanSignal:     return SetYesNo(configuration.scanSignal, true);
+    case Box::AutoResetTime:  return SetAutoResetTime();
+    case Box::InUse:          return SetYesNo(Channel().noCh, false);
+    case Box::TxAllowed:      return SetYesNo(Channel().noTx, false);
     }
+    // clang-format on
     return false;
   }
 
@@ -199,7 +192,7 @@ private:
     const int unit = StepOf(Channel(), column, texts);
     const Band band = BandOf(configuration);
     if (!frequency || ClampToBand(*frequency, band, unit) != *frequency || *frequency % unit != 0) return false;
-    if (!HasAtMostDecimals(*ParseDecimal(text, texts.decimalSeparator), 5)) return false; // it was rounded
+    if (!HasAtMostDecimals(*ParseDecimal(text, texts.decimalSeparator), 5)) return false; // ReadFrequency rounded it
     Channel()[column] = FrequencyText(*frequency, texts.decimalSeparator);
     return true;
   }
@@ -213,7 +206,7 @@ private:
   }
 
 public:
-  // The step of a side in tens of Hz.
+  // In tens of Hz.
   static int StepOf(const ChannelTexts& channel, GridColumn column, const FieldTexts& texts) {
     const GridColumn step = IsReceive(column) ? GridColumn::RxStep : GridColumn::TxStep;
     return StepUnit(StepCode(channel[step], texts.decimalSeparator).value_or(1));

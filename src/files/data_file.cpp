@@ -12,11 +12,11 @@ namespace {
 
 constexpr std::string_view HeaderVersion0 = "Data file of LR7200 Radio Series, Calvorne VTR.";
 constexpr std::string_view HeaderVersion1 = "Data file of LR7201 Radio Series, Calvorne VTR.";
-constexpr std::string_view HeaderOfSeries = "Data file of LR720"; // later versions included
+constexpr std::string_view HeaderOfSeries = "Data file of LR720"; // of this or a later version
 
 struct FileItem {
-  std::optional<ImageBlock> block; // none: the integer item, FiveToneStandard
-  std::uint16_t rows;              // 1: an array of one dimension
+  std::optional<ImageBlock> block; // nullopt: the integer item FiveToneStandard
+  std::uint16_t rows;              // 1 for an array of one dimension
   std::uint16_t columns;
 
   constexpr std::size_t DimensionCount() const { return rows > 1 ? 2 : 1; }
@@ -61,7 +61,7 @@ constexpr bool ShapesAreTheImages() {
 }
 static_assert(ShapesAreTheImages());
 
-// Calls copy(position in the block, position in the file's elements) for every element.
+// Calls copy(index in the block, index in the file item) for every element.
 template<typename Copy>
 void ForEachElement(const FileItem& shape, Copy copy) {
   for (std::size_t row = 0; row < shape.rows; ++row)
@@ -88,8 +88,8 @@ bool StoreItem(const TaggedItem& item, const FileItem& shape, RadioImage& image)
   return true;
 }
 
-// Version 0 has no emergency ANI. What stands in its place may have any shape, and the length that the settings
-// hold for it (byte 14, bits 4 to 0) means nothing.
+// Version 0 has no emergency ANI: the item in its place may have any shape, and its length in the settings (byte 14,
+// bits 4 to 0) is meaningless.
 void ClearEmergencyAni(RadioImage& image) {
   image.EmergencyAniBlock.fill(0x00);
   image.RadioSettingsBlock[14] &= 0xE0;

@@ -8,14 +8,14 @@
 namespace mr4500x {
 namespace {
 
-constexpr int MostLinks = 40; // in a row; more are a circle
+constexpr int MostLinks = 40; // more are taken for a loop
 constexpr std::size_t CopyBytes = 16384;
-constexpr std::uint32_t NewFileMode = 0666; // less what the user's mask takes away
-constexpr std::uint32_t PrivateMode = 0600; // until the temporary has the owner of the old file
+constexpr std::uint32_t NewFileMode = 0666; // before the umask
+constexpr std::uint32_t PrivateMode = 0600; // until the temporary file has the old file's owner
 constexpr std::uint32_t PermissionBits = 0777;
 constexpr std::uint32_t WriteBits = 0222;
 
-// The name says nothing of the file that is saved, which may have the longest name that a folder takes.
+// Independent of the saved file's name, which may already have the greatest length allowed.
 constexpr std::string_view TemporaryPrefix = ".mr4500x-save-";
 constexpr std::string_view HexDigits = "0123456789abcdef";
 constexpr std::size_t TemporaryDigits = 16;
@@ -41,7 +41,7 @@ struct PlacedFile {
   FileStatus status;
 };
 
-// Where the path leads; the file there may be missing.
+// The file may be missing.
 std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
   if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
   for (int links = 0; links <= MostLinks; ++links) {
@@ -63,19 +63,18 @@ void RemoveLeftovers(FileSystem& files, const std::string& folder) {
     if (!status || status->kind != FileKind::Regular) continue;
     const auto file = files.OpenToRead(path);
     if (!file) continue;
-    // One that can't be removed now is left to the next save.
-    if (files.Lock(*file)) static_cast<void>(files.Remove(path));
+    if (files.Lock(*file)) static_cast<void>(files.Remove(path)); // else left to a later save
     files.Close(*file);
   }
 }
 
-// The new file on its way; it disappears again unless it took the place of the old one.
+// The new file. Removed again unless TakePlace succeeded.
 class Temporary {
 public:
   Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode)
       : m_files(files), m_path(InFolder(folder, TemporaryName(files.UnpredictableNumber()))),
         m_file(files.Create(m_path, mode)) {
-    // On a file system without locks the save goes on: there nobody gets a lock to remove the temporary either.
+    // A file system without locks does not stop the save: there no other save can lock and remove this file either.
     if (m_file) static_cast<void>(files.Lock(*m_file));
   }
   Temporary(const Temporary&) = delete;
@@ -97,7 +96,7 @@ public:
     return true;
   }
 
-  // Appends what the old file holds from the offset on.
+  // Appends the old file's bytes from `offset`.
   [[nodiscard]] bool WriteSurplus(const std::string& oldPath, std::uint64_t offset) {
     const auto old = m_files.OpenToRead(oldPath);
     if (!old) return false;
@@ -112,7 +111,7 @@ public:
   }
 
   [[nodiscard]] bool TakeOver(const FileStatus& old) {
-    // Another user's file can't always be given back to that user; the group alone is the next best.
+    // Only root can give a file to another user; else keep at least the group.
     if (!m_files.SetOwner(*m_file, old.owner, old.group)) static_cast<void>(m_files.SetGroup(*m_file, old.group));
     return m_files.SetMode(*m_file, old.mode & PermissionBits);
   }
@@ -146,7 +145,7 @@ ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t lim
   if (found->status.kind != FileKind::Regular) return ReadOutcome::Failed;
   const auto file = files.OpenToRead(found->path);
   if (!file) return ReadOutcome::Failed;
-  // One byte more than the size that was told shows the end, or that the file has grown since.
+  // One byte more than the reported size finds the end, or shows that the file has grown.
   bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(found->status.size + 1, limit)));
   std::size_t filled = 0;
   std::optional<std::size_t> count = 1;
@@ -177,8 +176,8 @@ bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std
     if (!isNew && !temporary.TakeOver(old)) return false;
     if (!temporary.TakePlace(file)) return false;
   }
-  // The new file stands and its bytes are on the disk. Should this fail, a power cut can only bring back the complete
-  // old file: no reason to call the save a failure.
+  // The new file is in place and on the disk. If this fails, a power cut can at worst bring back the complete old file,
+  // which is no reason to report a failed save.
   static_cast<void>(files.SyncFolder(folder));
   return true;
 }

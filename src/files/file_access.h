@@ -1,5 +1,5 @@
-// Whole files: reading one, and replacing one so that its path never holds anything but the complete old or the
-// complete new content. What the content means is left to the callers.
+// Reading a whole file, and replacing one so that its path always holds either the complete old or the complete new
+// content.
 #pragma once
 
 #include <cstddef>
@@ -14,30 +14,29 @@ namespace mr4500x {
 
 enum class ReadOutcome { Read, Missing, Failed };
 
-// The file's first bytes, `limit` at most. Only a regular file, or a link to one, is read.
+// Reads at most `limit` bytes of a regular file, or of one that a link leads to.
 [[nodiscard]] ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit,
                                    std::vector<std::uint8_t>& bytes);
 
-// What becomes of an old file's bytes beyond the new length.
+// What happens to the old file's bytes beyond the new length.
 enum class Surplus { Drop, Keep };
 
-// Creates or replaces the file at the path. The way:
-//  1. A link is followed, also one that leads nowhere yet: its target is the file.
-//  2. Refused unless the file is missing or a regular file that may be written. One without any write permission is
-//     refused to everyone: it was protected on purpose.
-//  3. Temporaries that a killed save left in the folder are removed. A save holds the lock of its own as long as it
-//     lives, so an unlocked one is nobody's any more.
-//  4. The new content goes to a new file in the same folder, which gets the owner, where that can be, and the
-//     permissions of the old one, and is flushed to the disk.
-//  5. It is renamed over the old file in one step, and the folder is flushed.
-// When anything up to the renaming fails the answer is false, the old file is as it was and no temporary stays.
+// Creates or replaces the file at the path:
+//  1. Follows links, even to a missing file: the target is the file to write.
+//  2. Refuses anything but a missing file or a regular file that may be written. A file without any write permission
+//     was protected on purpose and is refused even to root.
+//  3. Removes temporary files that a killed save left in the folder. A running save holds a lock on its own.
+//  4. Writes a temporary file in the same folder, gives it the old file's owner (if allowed) and permissions, and
+//     flushes it to the disk.
+//  5. Renames it over the old file and flushes the folder.
+// If anything up to the rename fails it returns false, with the old file unchanged and no temporary file left.
 [[nodiscard]] bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
                                Surplus surplus);
 
-// The folder in which the path lies, "." for a name alone.
+// "." for a bare name.
 [[nodiscard]] std::string FolderOf(const std::string& path);
 
-// Creates the folder in which the path lies, and those above it, as far as they are missing.
+// Creates the folder of a path and its parents if they are missing.
 [[nodiscard]] bool MakeFolderOf(FileSystem& files, const std::string& path);
 
 } // namespace mr4500x

@@ -8,7 +8,7 @@ namespace {
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view Blanks = " \t";
 constexpr std::string_view PlatformLineEnd = "\n";
-// With its 0x00, which no value holds either.
+// Includes 0x00, which a value cannot hold either.
 constexpr std::string_view LineBreaks("\r\n\0", 3);
 
 bool SameName(std::string_view a, std::string_view b) {
@@ -19,7 +19,7 @@ bool SameName(std::string_view a, std::string_view b) {
 }
 
 struct Line {
-  std::size_t begin, end; // without its line end
+  std::size_t begin, end; // without the line break
   std::size_t next;
 };
 
@@ -34,11 +34,11 @@ std::optional<std::string_view> SectionName(std::string_view content) {
   return content.substr(1, close - 1);
 }
 
-// Where a key stands, or else where it would have to be added.
+// Where a key is, or where to add it.
 struct Place {
-  std::optional<std::size_t> sectionEnd; // behind the last line of the first such section that is not blank
+  std::optional<std::size_t> sectionEnd; // after the last line of the section (the first so named) that is not blank
   bool hasKey = false;
-  std::size_t valueBegin = 0, valueEnd = 0; // the blanks after '=' are no part of it
+  std::size_t valueBegin = 0, valueEnd = 0; // without the blanks after '='
 };
 
 Place FindPlace(std::string_view text, std::string_view section, std::string_view key) {

@@ -13,7 +13,7 @@ namespace {
 ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& text) {
   std::vector<std::uint8_t> bytes;
   const ReadOutcome outcome = ReadFile(files, file, ProfileFileLimit, bytes);
-  // Of a file that reaches the limit only a part is known, and a part must not be written back.
+  // At the limit the text may be incomplete, and must not be written back.
   if (bytes.size() == ProfileFileLimit) return ReadOutcome::Failed;
   if (outcome == ReadOutcome::Read) text.assign(bytes.begin(), bytes.end());
   return outcome;

@@ -1,5 +1,4 @@
-// Profile strings: the values of an INI file, read with a default and written key by key. The file is read anew each
-// time, for another program may have changed it. What the values mean is left to settings.h and recent_files.h.
+// Values of an INI file. The file is read again each time, since another program may have changed it.
 #pragma once
 
 #include <cstddef>
@@ -11,13 +10,13 @@
 
 namespace mr4500x {
 
-inline constexpr std::size_t ProfileStringBytes = 255; // the most that a read yields
+inline constexpr std::size_t ProfileStringBytes = 255; // the longest value that a read returns
 inline constexpr std::size_t ProfileFileLimit = std::size_t{1} << 20;
 
-// The whole file; empty where it is missing, can't be read or reaches the limit.
+// The whole file; empty if it is missing, can't be read or reaches the limit.
 [[nodiscard]] std::string ProfileText(FileSystem& files, const std::string& file);
 
-// The value, or the default where there is none, cut between two characters to the bytes that a read yields.
+// The value or the default, cut to ProfileStringBytes without splitting a character.
 [[nodiscard]] std::string ProfileString(std::string_view profileText, std::string_view section, std::string_view key,
                                         std::string_view defaultText);
 [[nodiscard]] std::string ReadProfileString(FileSystem& files, const std::string& file, std::string_view section,
@@ -27,8 +26,8 @@ struct ProfileValue {
   std::string section, key, value;
 };
 
-// Writes values in their order and saves once: all of them stand in the file then, or none. The file and its folder
-// are created where they are missing. Settings are no reason to stop anybody: false may be ignored.
+// Writes all values or none. Creates the file and its folder if they are missing. Callers may ignore false: settings
+// that can't be stored must not stop the user.
 bool WriteProfileStrings(FileSystem& files, const std::string& file, std::span<const ProfileValue> values);
 
 } // namespace mr4500x

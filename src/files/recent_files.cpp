@@ -9,10 +9,10 @@ namespace mr4500x {
 namespace {
 
 constexpr std::string_view Section = "Recent Files";
-constexpr std::string_view Key = "RecentFile"; // and the slot's number
+constexpr std::string_view Key = "RecentFile"; // plus the slot number
 constexpr std::string_view NoFile = "No File";
 
-// Slots are counted from 1 here, as their keys are; 0 is no slot.
+// Slots count from 1, like their keys; 0 means no slot.
 std::string SlotKey(std::size_t slot) {
   return std::string(Key) + std::to_string(slot);
 }
@@ -26,7 +26,7 @@ bool Holds(const RecentFileList& list, std::size_t slot, const std::string& path
   return held && IsSamePath(*held, path);
 }
 
-// The next code point; a byte that begins none stands for itself, beyond all code points.
+// The next code point. A byte that starts none becomes a value above all code points.
 std::uint32_t TakeCodePoint(std::string_view& text) {
   constexpr std::uint32_t LoneByte = 0x110000;
   const auto first = static_cast<std::uint8_t>(text.front());
@@ -44,7 +44,7 @@ std::uint32_t TakeCodePoint(std::string_view& text) {
 
 std::uint32_t LowerCase(std::uint32_t point) {
   struct Range {
-    std::uint32_t first, last, step, distance; // every step-th code point is a capital
+    std::uint32_t first, last, step, distance; // every step-th code point is upper case
   };
   // clang-format off
   constexpr std::array<Range, 10> Capitals = {{
@@ -92,7 +92,7 @@ bool AddRecent(FileSystem& files, const std::string& settingsFile, const std::st
   std::size_t found = RecentFileCount;
   while (found > 0 && !Holds(list, found, path))
     --found;
-  // An absent slot leaves the one below it as it was.
+  // An empty slot is not moved down: the slot below keeps its path.
   std::vector<ProfileValue> values;
   for (std::size_t slot = (found == 0 ? RecentFileCount : found) - 1; slot >= 1; --slot)
     if (const auto& held = list[slot - 1]) values.push_back(SlotValue(slot + 1, *held));

@@ -18,9 +18,9 @@ constexpr std::string_view NoPort = "No Comm";
 constexpr std::string_view FileSection = "File Name";
 constexpr std::string_view FileKey = "Default File";
 constexpr std::string_view DeviceSection = "Port Devices";
-constexpr std::string_view DeviceKey = "COM"; // and the number
+constexpr std::string_view DeviceKey = "COM"; // plus the number
 
-// 0 for a text that is no number as a whole, and for one that is out of every bound.
+// 0 unless the whole text is a finite number.
 double NumericValue(std::string_view text) {
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   double value = 0;

@@ -62,7 +62,7 @@ std::optional<TaggedItem> ItemReader::TakeArray() {
   const auto dimensions = number ? Take(*number * DimensionBytes) : std::nullopt;
   if (!dimensions || dimensions->empty()) return std::nullopt;
   TaggedItem item{ItemTag::ByteArray, 0, *dimensions, {}};
-  // The counts are anything: their product stays at one more than there is once it is too large.
+  // The counts may be anything: a product beyond the remaining bytes is capped, so that it cannot overflow.
   const std::uint64_t tooMany = std::uint64_t{m_rest.size()} + 1;
   std::uint64_t elements = 1;
   for (std::size_t i = 0; i < item.DimensionCount(); ++i) {

@@ -1,5 +1,4 @@
-// The alphabet of data files: tagged items, one after another, all numbers little-endian. Which item means what is
-// left to data_file.h.
+// The tagged items that data files consist of. All numbers are little-endian.
 //
 //   tag     item         payload
 //   00 00   empty        none
@@ -36,12 +35,12 @@ struct ItemDimension {
   bool operator==(const ItemDimension&) const = default;
 };
 
-// A well-formed item. Its spans point into the bytes it was read from.
+// The spans point into the bytes that the item was read from.
 struct TaggedItem {
   ItemTag tag = ItemTag::Empty;
   std::int16_t integer = 0;
-  std::span<const std::uint8_t> dimensions; // as stored, DimensionBytes each
-  std::span<const std::uint8_t> content;    // of a text its characters, of an array its elements
+  std::span<const std::uint8_t> dimensions; // of an array, as stored
+  std::span<const std::uint8_t> content;    // the characters of a text or the elements of an array
 
   [[nodiscard]] bool IsText(std::string_view text) const;
   [[nodiscard]] bool IsTextStartingWith(std::string_view text) const;
@@ -53,7 +52,7 @@ class ItemReader {
 public:
   explicit ItemReader(std::span<const std::uint8_t> bytes) : m_rest(bytes) {}
 
-  // Nothing where no complete item of a known tag stands; the reader is of no further use then.
+  // nullopt if the next item is incomplete or its tag unknown. Don't call again after that.
   [[nodiscard]] std::optional<TaggedItem> Next();
 
 private:
@@ -64,7 +63,7 @@ private:
   std::span<const std::uint8_t> m_rest;
 };
 
-// Fills a buffer that the caller made large enough.
+// The caller provides a buffer that is large enough.
 class ItemWriter {
 public:
   explicit ItemWriter(std::span<std::uint8_t> bytes) : m_rest(bytes) {}
@@ -72,7 +71,7 @@ public:
   void PutEmpty() { PutNumber(static_cast<std::uint16_t>(ItemTag::Empty), 2); }
   void PutInteger(std::int16_t value);
   void PutText(std::string_view text);
-  // The elements are the caller's to fill.
+  // Returns the elements, for the caller to fill.
   [[nodiscard]] std::span<std::uint8_t> PutArray(std::span<const ItemDimension> dimensions);
 
 private:

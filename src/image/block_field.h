@@ -1,5 +1,5 @@
-// A field of a block: some bits of one byte. Each codec lays its block out as a table of these and walks it in both
-// directions, so that reading and writing cannot drift apart.
+// A field of a block: some bits of one byte. A codec describes its block as a table of fields and uses that table both
+// ways, so that reading and writing cannot drift apart.
 #pragma once
 
 #include <cstddef>
@@ -11,20 +11,20 @@ namespace mr4500x {
 struct BlockField {
   std::uint8_t byte;
   std::uint8_t mask;
-  std::uint8_t shift; // of the field's lowest bit
+  std::uint8_t shift; // position of the lowest bit
 };
 
 constexpr std::uint8_t ReadField(std::span<const std::uint8_t> block, BlockField field) {
   return static_cast<std::uint8_t>((block[field.byte] & field.mask) >> field.shift);
 }
 
-// Bits of the value that the field has no room for are dropped; the byte's other bits are kept.
+// Drops the bits of the value that do not fit the field. Keeps the other bits of the byte.
 constexpr void WriteField(std::span<std::uint8_t> block, BlockField field, unsigned value) {
   block[field.byte] =
       static_cast<std::uint8_t>((block[field.byte] & ~field.mask) | ((value << field.shift) & field.mask));
 }
 
-// For the static_assert under each table: every mask starts at its shift, no two fields share a bit, all fit.
+// For static_assert: every field lies in the block, every mask starts at its shift, no two fields share a bit.
 constexpr bool FieldsAreSound(std::span<const BlockField> fields, std::size_t blockBytes) {
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (fields[i].byte >= blockBytes || ((fields[i].mask >> fields[i].shift) & 1) == 0) return false;

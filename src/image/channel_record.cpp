@@ -1,4 +1,3 @@
-// The conversions of a channel record, in the order in which a record is collected.
 #include "channel_record.h"
 
 #include "block_field.h"
@@ -7,7 +6,6 @@
 #include "signaling.h"
 #include "tone_codes.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace mr4500x {
@@ -21,7 +19,7 @@ constexpr std::uint8_t StepCodeMask = 0x03;
 constexpr std::uint8_t KeptFlags = 0x7C; // of RxFlags and TxFlags when a record is collected
 constexpr std::size_t OptionFlags = 12;
 
-// Where a side of the record stands and which cells show it.
+// The bytes of one side of the record and the cells that show them.
 struct Side {
   std::size_t flags, count, toneCode;
   Direction direction;
@@ -32,7 +30,6 @@ constexpr Side Receive = {
 constexpr Side Transmit = {
     6, 7, 10, Direction::Tx, GridColumn::TxFreq, GridColumn::TxStep, GridColumn::TxTone, GridColumn::TxSelCall};
 
-// The OptionFlags with a text for either state.
 // clang-format off
 struct OptionField { GridColumn column; BlockField field; const char* set; const char* clear; };
 constexpr std::array<OptionField, 4> OptionFields = {{
@@ -51,7 +48,7 @@ std::uint32_t ReadCount(ConstRecord record, std::size_t at) {
 void WriteCount(Record record, std::size_t at, std::uint32_t count) {
   record[at] = static_cast<std::uint8_t>(count & 0xFF);
   record[at + 1] = static_cast<std::uint8_t>((count >> 8) & 0xFF);
-  record[at + 2] = static_cast<std::uint8_t>((count >> 16) & 0x03); // a written count has 18 bits
+  record[at + 2] = static_cast<std::uint8_t>((count >> 16) & 0x03); // writes 18 bits, though 24 are read
 }
 
 void ReadSide(const RadioImage& image, std::size_t channel, const Side& side, const FieldTexts& texts,

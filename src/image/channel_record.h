@@ -1,5 +1,5 @@
-// One channel's 16-byte record: its layout, and its fields as the texts that the channel grid and the report show.
-// Tone fields are tone_codes', selective-call and group-call fields are signaling's.
+// One channel's 16-byte record and its fields as the texts of the channel grid and the report. The tone fields are in
+// tone_codes.h, selective call and group call in signaling.h.
 //
 //   byte  content
 //   0     RxFlags     7 in use | 6 DCS normal | 5 CTCSS | 4 tone on | 3 kept | 2 selective call on | 1-0 StepCode
@@ -25,27 +25,16 @@ namespace mr4500x {
 
 using ChannelRecord = std::array<std::uint8_t, 16>;
 
-// The columns of the channel grid, in its order.
+// In the order of the channel grid.
+// clang-format off
 enum class GridColumn : std::uint8_t {
-  ChannelNo,
-  RxFreq,
-  RxStep,
-  RxTone,
-  RxSelCall,
-  Combination,
-  TailCut,
-  TxFreq,
-  TxStep,
-  TxTone,
-  TxSelCall,
-  HighTxPower,
-  PttId,
-  BandWidth,
-  GroupCall,
+    ChannelNo, RxFreq, RxStep, RxTone, RxSelCall, Combination, TailCut, TxFreq, TxStep, TxTone, TxSelCall,
+    HighTxPower, PttId, BandWidth, GroupCall,
 };
+// clang-format on
 inline constexpr std::size_t GridColumnCount = 15;
 
-// What the editor shows of one channel. The ChannelNo cell is the grid's own and stays empty here.
+// What the editor shows of one channel. The ChannelNo cell stays empty: the grid fills it.
 struct ChannelTexts {
   bool noCh = false; // "No CH" checked: the channel is not in use
   bool noTx = false; // "No Tx" checked: transmit is inhibited
@@ -56,25 +45,25 @@ struct ChannelTexts {
   bool operator==(const ChannelTexts&) const = default;
 };
 
-// StepCode 0 is 2.5 kHz, 1 is 6.25 kHz. Codes 2 and 3 can come from a radio: a step of 0 kHz with the text "6.25".
+// "2.5" for code 0, "6.25" for code 1. Codes 2 and 3, which only a radio can bring, count 0 kHz and read as "6.25".
 [[nodiscard]] std::string StepText(int stepCode, char decimalSeparator);
-// 0 or 1; nothing for another text.
+// 0 or 1; nullopt for any other text.
 [[nodiscard]] std::optional<int> StepCode(std::string_view text, char decimalSeparator);
 
-// The step unit in tens of Hz: 250 or 625, and 0 for codes 2 and 3.
+// The step in tens of Hz: 250 or 625, or 0 for codes 2 and 3.
 [[nodiscard]] int StepUnit(int stepCode);
 
-// The frequency of a count of step units in MHz, "000.00000".
+// The frequency of a count of steps, in MHz as "000.00000".
 [[nodiscard]] std::string FrequencyText(std::uint32_t count, int stepCode, char decimalSeparator);
 
-// The record of a channel at the lower band limit (whole MHz): not in use, 6.25 kHz steps, transmit allowed.
+// A channel that is not in use, at the lower band limit (whole MHz), with 6.25 kHz steps and transmit allowed.
 [[nodiscard]] ChannelRecord DefaultChannelRecord(int lowerLimit);
 
-// All texts of channel 0 to 15, under the image's own SelcallMode.
+// `channel` is 0 to 15. Selective calls read by the image's own SelcallMode, here and below.
 [[nodiscard]] ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const FieldTexts& texts);
 
-// Rebuilds the record of a channel (and its share of SelCallCodeBlock) from its texts, under the image's own
-// SelcallMode, and counts the channel in ChannelsInUse. A text that no field can have leaves the field as it was.
+// Rebuilds the channel's record and its codes in SelCallCodeBlock, and adds a channel in use to ChannelsInUse. A text
+// that a field cannot hold leaves that field unchanged.
 void RecordFromTexts(RadioImage& image, std::size_t channel, const ChannelTexts& channelTexts, const FieldTexts& texts);
 
 } // namespace mr4500x

@@ -15,10 +15,6 @@ std::int64_t PowerOfTen(int exponent) {
   return PowersOfTen[static_cast<std::size_t>(exponent)];
 }
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-
 std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};

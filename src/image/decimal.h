@@ -1,4 +1,4 @@
-// Exact decimal numbers between texts and integers. Frequencies are counted, never kept as floating point.
+// Decimal numbers as text and as integers, exact: frequencies are counted in units, never kept as floating point.
 #pragma once
 
 #include <cstdint>
@@ -14,22 +14,26 @@ struct Decimal {
   int decimals = 0;
 };
 
-// Reads [blanks][sign]digits[separator digits][blanks] with at most 12 digits in all; nothing for any other text.
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// Reads [blanks][sign]digits[separator digits][blanks], at most 12 digits in all; nullopt for any other text.
 [[nodiscard]] std::optional<Decimal> ParseDecimal(std::string_view text, char separator);
 
-// number x 10^scale / unit, rounded to the nearest integer, ties to the even neighbour. scale is 0 to 5, unit positive.
+// number x 10^scale / unit, rounded to the nearest integer, ties to even. scale is 0 to 5, unit positive.
 [[nodiscard]] std::int64_t CountOfUnits(Decimal number, int scale, std::int64_t unit);
 
-// numerator / denominator rounded in the same way; the denominator is positive.
+// numerator / denominator, rounded in the same way. The denominator is positive.
 [[nodiscard]] std::int64_t RoundHalfEven(std::int64_t numerator, std::int64_t denominator);
 
-// A non-negative value of 10^-decimals units as text: at least `integerDigits` before the separator.
+// A non-negative count of 10^-decimals units, with at least `integerDigits` digits before the separator.
 [[nodiscard]] std::string FormatDecimal(std::int64_t value, int integerDigits, int decimals, char separator);
 
-// A text of 1 to 9 decimal digits and nothing else as its number.
+// The number of a text of 1 to 9 decimal digits; nullopt for any other text.
 [[nodiscard]] std::optional<int> ParseWhole(std::string_view text);
 
-// The number after a prefix, 0 to 255 without leading zeros; nothing for any other text.
+// The number after a prefix, 0 to 255 without leading zeros; nullopt for any other text.
 [[nodiscard]] std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view prefix);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// The embedded information: a short free text in 16-bit units, low byte first, and the radio's last programming time.
+// The embedded information, a short text in 16-bit units with the low byte first, and the last programming time.
 #pragma once
 
 #include "radio_image.h"
@@ -10,16 +10,16 @@ namespace mr4500x {
 
 inline constexpr std::size_t MostEmbeddedCharacters = 119;
 
-// One character a byte pair; a block as read from a radio gives 120 characters, zero characters at its end.
+// One character per byte pair. A block read from a radio gives 120 characters, padded with zero characters.
 [[nodiscard]] std::u16string EmbeddedText(const EmbeddedInfo& block);
 
-// The part of the text that a text box shows: all before the first zero character.
+// What a text box shows: everything before the first zero character.
 [[nodiscard]] std::u16string_view VisibleText(std::u16string_view text);
 
-// Two bytes a character and nothing else. A text of more than 119 characters is refused: false, block unchanged.
+// False, with the block unchanged, for a text of more than 119 characters.
 [[nodiscard]] bool StoreEmbeddedText(EmbeddedInfo& block, std::u16string_view text);
 
-// The stamp as "2004-11-04, 09:30:15", as UTF-8.
+// The write stamp in the form "2004-11-04, 09:30:15", in UTF-8.
 [[nodiscard]] std::string LastProgrammingTime(const RadioImage& image);
 
 } // namespace mr4500x

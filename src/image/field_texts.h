@@ -1,5 +1,4 @@
-// The texts of the record fields that depend on the user's decimal separator, built once at start-up and handed to
-// every conversion.
+// The texts that depend on the user's decimal separator, built once at start-up.
 #pragma once
 
 #include <array>
@@ -12,7 +11,7 @@ inline constexpr std::size_t CtcssToneCount = 39;
 
 struct FieldTexts {
   char decimalSeparator;
-  std::array<std::string, CtcssToneCount> CtcssNames; // "CTC67.0" … in the order of CtcssToneTable
+  std::array<std::string, CtcssToneCount> CtcssNames; // "CTC67.0" …, as CtcssToneTable
   std::string WideBandText;                           // "25"
   std::string NarrowBandText;                         // "12.5"
 };

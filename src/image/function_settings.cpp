@@ -7,28 +7,24 @@ namespace {
 
 constexpr std::string_view DigitSymbols = "D1234567890*#ABC"; // the position is the code
 
-int ReadLimit(std::span<const std::uint8_t, 8> band, std::size_t low) {
-  return band[low] + 256 * band[low + 1];
-}
-
-void WriteLimit(std::span<std::uint8_t, 8> band, std::size_t low, int megahertz) {
-  band[low] = static_cast<std::uint8_t>(megahertz & 0xFF);
-  band[low + 1] = static_cast<std::uint8_t>((megahertz >> 8) & 0xFF);
+void WriteLimit(std::span<std::uint8_t, 2> limit, int megahertz) {
+  limit[0] = static_cast<std::uint8_t>(megahertz & 0xFF);
+  limit[1] = static_cast<std::uint8_t>((megahertz >> 8) & 0xFF);
 }
 
 } // namespace
 
 int LowerBandLimit(std::span<const std::uint8_t, 8> band) {
-  return ReadLimit(band, 0);
+  return band[0] + 256 * band[1];
 }
 int UpperBandLimit(std::span<const std::uint8_t, 8> band) {
-  return ReadLimit(band, 2);
+  return band[2] + 256 * band[3];
 }
 void SetLowerBandLimit(std::span<std::uint8_t, 8> band, int megahertz) {
-  WriteLimit(band, 0, megahertz);
+  WriteLimit(band.first<2>(), megahertz);
 }
 void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz) {
-  WriteLimit(band, 2, megahertz);
+  WriteLimit(band.subspan<2, 2>(), megahertz);
 }
 void SetSeriesMark(std::span<std::uint8_t, 8> band) {
   band[4] = 0x00;

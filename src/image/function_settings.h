@@ -1,5 +1,5 @@
-// The radio-wide function settings: the layout of RadioSettingsBlock and the values of the small blocks beside it.
-// Which list position stands for which stored value is left to the editor's values.
+// The radio-wide settings: RadioSettingsBlock, keys, band limits and digits. The lists that show them are in
+// choice_lists.h.
 #pragma once
 
 #include "block_field.h"
@@ -12,38 +12,16 @@
 
 namespace mr4500x {
 
-// The fields of RadioSettingsBlock, in the order of the table below.
+// The fields of RadioSettingsBlock, in the order of RadioSettingsLayout.
+// clang-format off
 enum class Setting : std::uint8_t {
-  BeepTone,
-  Compander,
-  BusyLockOn,
-  BeepEnable,
-  VoxSensivity,
-  SquelchLevel,
-  BatterySave,
-  TxTot,
-  SelcallMode,
-  ScanMode,
-  PriorityOn,
-  RevertCh,
-  PriorityCh,
-  ToScanDelay,
-  RestoreTime,
-  LookBack,
-  DigitTime,
-  InterDigitTime,
-  PttId,
-  ConnectLength,
-  DisconnectLength,
-  ChannelsInUse,
-  ManualTune,
-  ScanSignal,
-  BusyLockKind,
-  AniLength,
+    BeepTone, Compander, BusyLockOn, BeepEnable, VoxSensivity, SquelchLevel, BatterySave, TxTot, SelcallMode,
+    ScanMode, PriorityOn, RevertCh, PriorityCh, ToScanDelay, RestoreTime, LookBack, DigitTime, InterDigitTime, PttId,
+    ConnectLength, DisconnectLength, ChannelsInUse, ManualTune, ScanSignal, BusyLockKind, AniLength,
 };
+// clang-format on
 
-// Bits without a field are kept by every operation, but for bit 7 of byte 1 and bit 5 of byte 14: an encode clears
-// those two.
+// Bits without a field keep their value, except bit 7 of byte 1 and bit 5 of byte 14, which an encode clears.
 // clang-format off
 inline constexpr std::array<BlockField, 26> RadioSettingsLayout = {{
     //byte mask shift    field              stored value
@@ -51,7 +29,7 @@ inline constexpr std::array<BlockField, 26> RadioSettingsLayout = {{
     { 0, 0x40, 6},    // Compander          0 OFF, 1 ON
     { 0, 0x20, 5},    // BusyLockOn         1 active; its kind is BusyLockKind
     { 0, 0x10, 4},    // BeepEnable         0 OFF, 1 ON
-    { 0, 0x0C, 2},    // VoxSensivity       0 OFF, 1 to 3 level
+    { 0, 0x0C, 2},    // VoxSensivity       0 OFF, 1 to 3 level (the product's spelling)
     { 0, 0x03, 0},    // SquelchLevel       1 to 3
     { 1, 0x70, 4},    // BatterySave        0 OFF, n = 1 to 7: n x 5 s
     { 1, 0x0F, 0},    // TxTot              0 OFF, n = 1 to 10: n x 30 s
@@ -80,7 +58,7 @@ static_assert(RadioSettingsLayout.size() == static_cast<std::size_t>(Setting::An
 
 inline constexpr std::size_t ChannelsInUseByte = 12; // of RadioSettingsBlock
 
-// The bytes of RadioSettingsBlock that an encode builds anew from 0; their bits without a field become 0.
+// The bytes of RadioSettingsBlock that an encode rebuilds from 0, including their bits without a field.
 inline constexpr std::array<std::size_t, 4> RebuiltSettingsBytes = {0, 1, 3, 14};
 
 constexpr BlockField FieldOf(Setting setting) {
@@ -113,33 +91,27 @@ inline constexpr std::uint8_t CancelEmergencyAlertKey = 0xC2; // Long A
 [[nodiscard]] int UpperBandLimit(std::span<const std::uint8_t, 8> band);
 void SetLowerBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
 void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
-// Bytes 4 and 5, the same in every radio of the series.
+// 00 30 in bytes 4 and 5, as in every radio of the series.
 void SetSeriesMark(std::span<std::uint8_t, 8> band);
 
-// Where the digits of the two IDs stand.
-constexpr std::span<std::uint8_t, 8> ConnectIdDigits(RadioImage& image) {
-  return std::span(image.PttIdBlock).first<8>();
+// The areas of the two IDs, of an image or a constant image.
+constexpr auto ConnectIdDigits(auto& image) {
+  return std::span(image.PttIdBlock).template first<8>();
 }
-constexpr std::span<const std::uint8_t, 8> ConnectIdDigits(const RadioImage& image) {
-  return std::span(image.PttIdBlock).first<8>();
-}
-constexpr std::span<std::uint8_t, 8> DisconnectIdDigits(RadioImage& image) {
-  return std::span(image.PttIdBlock).last<8>();
-}
-constexpr std::span<const std::uint8_t, 8> DisconnectIdDigits(const RadioImage& image) {
-  return std::span(image.PttIdBlock).last<8>();
+constexpr auto DisconnectIdDigits(auto& image) {
+  return std::span(image.PttIdBlock).template last<8>();
 }
 
-// DTMF digits, two a byte, the first in the low nibble; "0" is stored as 10, "*" 11, "#" 12, "A" to "C" 13 to 15,
-// "D" 0. A length above 16 reads as 16.
+// DTMF digits, two to a byte, the first in the low nibble: "0" is stored as 10, "*" as 11, "#" as 12, "A" to "C" as
+// 13 to 15, "D" as 0. A length above 16 reads as 16.
 inline constexpr int MostDigits = 16;
 [[nodiscard]] std::string UnpackDigits(std::span<const std::uint8_t, 8> area, int length);
-// Writes the first half of the text's length in bytes, rounded up; at most 16 characters count. A character that is
-// no DTMF symbol repeats the code before it, 0 at the start.
+// Writes at most 16 characters and leaves the bytes after them alone. A character that is no DTMF symbol repeats the
+// code before it, or is 0 at the start.
 void PackDigits(std::string_view text, std::span<std::uint8_t, 8> area);
 
-// The characters of the identity number or the firmware version: each byte one character (Latin-1), as UTF-8. Zero
-// bytes are left out, other control codes read as ".".
+// The identity number or firmware version in UTF-8, read as Latin-1. Zero bytes are left out, other control codes
+// become ".".
 [[nodiscard]] std::string CharactersText(std::span<const std::uint8_t> bytes);
 
 } // namespace mr4500x

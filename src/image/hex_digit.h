@@ -1,4 +1,4 @@
-// One nibble as one digit. Nibbles of 0 to 9 read as the decimal digits that they are.
+// A nibble as a hexadecimal digit.
 #pragma once
 
 #include <cstdint>

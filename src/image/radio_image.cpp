@@ -34,38 +34,25 @@ std::uint8_t Digit(int number) {
 } // namespace
 
 std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block) {
+  // clang-format off
   switch (block) {
-  case ImageBlock::ChannelBlock:
-    return image.ChannelBlock.bytes;
-  case ImageBlock::RadioSettingsBlock:
-    return image.RadioSettingsBlock;
-  case ImageBlock::KeyProgramBlock:
-    return image.KeyProgramBlock;
-  case ImageBlock::PttIdBlock:
-    return image.PttIdBlock;
-  case ImageBlock::EmergencyAniBlock:
-    return image.EmergencyAniBlock;
-  case ImageBlock::TtsTimingBlock:
-    return image.TtsTimingBlock.bytes;
-  case ImageBlock::ResetTimeBlock:
-    return image.ResetTimeBlock;
-  case ImageBlock::ToneFrequencyBlock:
-    return image.ToneFrequencyBlock;
-  case ImageBlock::RadioIdBlock:
-    return image.RadioIdBlock;
-  case ImageBlock::WriteStampBlock:
-    return image.WriteStampBlock;
-  case ImageBlock::EmbeddedInfoBlock:
-    return std::span(image.EmbeddedInfoBlock.bytes).first(image.EmbeddedInfoBlock.length);
-  case ImageBlock::SelCallCodeBlock:
-    return image.SelCallCodeBlock.bytes;
-  case ImageBlock::BandBlock:
-    return image.BandBlock;
-  case ImageBlock::FirmwareVersionBlock:
-    return image.FirmwareVersionBlock;
-  case ImageBlock::PatrolWorkBlock:
-    return image.PatrolWorkBlock;
+  case ImageBlock::ChannelBlock:         return image.ChannelBlock.bytes;
+  case ImageBlock::RadioSettingsBlock:   return image.RadioSettingsBlock;
+  case ImageBlock::KeyProgramBlock:      return image.KeyProgramBlock;
+  case ImageBlock::PttIdBlock:           return image.PttIdBlock;
+  case ImageBlock::EmergencyAniBlock:    return image.EmergencyAniBlock;
+  case ImageBlock::TtsTimingBlock:       return image.TtsTimingBlock.bytes;
+  case ImageBlock::ResetTimeBlock:       return image.ResetTimeBlock;
+  case ImageBlock::ToneFrequencyBlock:   return image.ToneFrequencyBlock;
+  case ImageBlock::RadioIdBlock:         return image.RadioIdBlock;
+  case ImageBlock::WriteStampBlock:      return image.WriteStampBlock;
+  case ImageBlock::EmbeddedInfoBlock:    return std::span(image.EmbeddedInfoBlock.bytes).first(image.EmbeddedInfoBlock.length);
+  case ImageBlock::SelCallCodeBlock:     return image.SelCallCodeBlock.bytes;
+  case ImageBlock::BandBlock:            return image.BandBlock;
+  case ImageBlock::FirmwareVersionBlock: return image.FirmwareVersionBlock;
+  case ImageBlock::PatrolWorkBlock:      return image.PatrolWorkBlock;
   }
+  // clang-format on
   return {};
 }
 

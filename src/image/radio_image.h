@@ -1,5 +1,5 @@
-// The radio's configuration memory as the program holds it: the blocks, the map of 8-byte transfer records and the
-// operations on the whole image. What the bytes of a block mean is left to the codec of that block.
+// The radio's configuration memory as blocks, the map of its 8-byte transfer records, and the operations on the whole
+// image. The codecs (channel_record.h, function_settings.h, signaling.h …) know what the bytes of a block mean.
 #pragma once
 
 #include <array>
@@ -13,10 +13,10 @@
 namespace mr4500x {
 
 inline constexpr std::size_t ChannelCount = 16;
-inline constexpr std::size_t RecordBytes = 8; // what one transfer record carries
+inline constexpr std::size_t RecordBytes = 8; // of one transfer record
 inline constexpr std::size_t EmbeddedInfoCapacity = 240;
 
-// A two-dimensional block, addressed (row, column) from 0. Rows lie one after another, as in radio memory.
+// A two-dimensional block, indexed (row, column) from 0 and stored row by row, as in radio memory.
 template<std::size_t RowCount, std::size_t ColumnCount>
 struct GridBlock {
   static constexpr std::size_t Rows = RowCount;
@@ -34,54 +34,44 @@ struct GridBlock {
   bool operator==(const GridBlock&) const = default;
 };
 
-// The one block of variable length, 0 to 240 bytes. Bytes from `length` on are kept at 0x00.
+// The only block of variable length, 0 to 240 bytes. The bytes after `length` stay 0x00.
 struct EmbeddedInfo {
   std::array<std::uint8_t, EmbeddedInfoCapacity> bytes{};
   std::size_t length = EmbeddedInfoCapacity;
   bool operator==(const EmbeddedInfo&) const = default;
 };
 
+// clang-format off
 enum class ImageBlock : std::uint8_t {
-  ChannelBlock,
-  RadioSettingsBlock,
-  KeyProgramBlock,
-  PttIdBlock,
-  EmergencyAniBlock,
-  TtsTimingBlock,
-  ResetTimeBlock,
-  ToneFrequencyBlock,
-  RadioIdBlock,
-  WriteStampBlock,
-  EmbeddedInfoBlock,
-  SelCallCodeBlock,
-  BandBlock,
-  FirmwareVersionBlock,
-  PatrolWorkBlock,
+    ChannelBlock, RadioSettingsBlock, KeyProgramBlock, PttIdBlock, EmergencyAniBlock, TtsTimingBlock, ResetTimeBlock,
+    ToneFrequencyBlock, RadioIdBlock, WriteStampBlock, EmbeddedInfoBlock, SelCallCodeBlock, BandBlock,
+    FirmwareVersionBlock, PatrolWorkBlock,
 };
+// clang-format on
 
-// A value of this type is a created image: every block in its shape, every byte 0x00.
+// A new image has 0x00 in every byte.
 struct RadioImage {
-  GridBlock<ChannelCount, 16> ChannelBlock; // row = channel 0 to 15, column = byte of its record
+  GridBlock<ChannelCount, 16> ChannelBlock; // row: channel 0 to 15, column: byte of its record
   std::array<std::uint8_t, 16> RadioSettingsBlock{};
   std::array<std::uint8_t, 8> KeyProgramBlock{};
   std::array<std::uint8_t, 16> PttIdBlock{};
   std::array<std::uint8_t, 8> EmergencyAniBlock{};
-  GridBlock<4, 8> TtsTimingBlock; // row r = TTS entries 2r and 2r + 1
+  GridBlock<4, 8> TtsTimingBlock; // row r: TTS entries 2r and 2r + 1
   std::array<std::uint8_t, 8> ResetTimeBlock{};
   std::array<std::uint8_t, 32> ToneFrequencyBlock{};
   std::array<std::uint8_t, 16> RadioIdBlock{};    // read from the radio, never written to it
   std::array<std::uint8_t, 16> WriteStampBlock{}; // YYYYMMDDhhmmss in ASCII, then 0x00 0x00
   EmbeddedInfo EmbeddedInfoBlock;
-  GridBlock<8, 16> SelCallCodeBlock; // row r = channels 2r and 2r + 1, 8 bytes each
+  GridBlock<8, 16> SelCallCodeBlock; // row r: channels 2r and 2r + 1, 8 bytes each
   std::array<std::uint8_t, 8> BandBlock{};
   std::array<std::uint8_t, 8> FirmwareVersionBlock{}; // read from the radio, never written to it
-  std::array<std::uint8_t, 8> PatrolWorkBlock{};      // no radio memory, no file item
-  std::int16_t FiveToneStandard = 0;                  // 1 to 11; travels in data files beside the blocks
+  std::array<std::uint8_t, 8> PatrolWorkBlock{};      // neither in the radio nor in data files
+  std::int16_t FiveToneStandard = 0;                  // 1 to 11; in data files an item of its own
 
   bool operator==(const RadioImage&) const = default;
 };
 
-// The shape of a block and its place in radio memory. Rows is 1 for a one-dimensional block.
+// A block's shape and place in radio memory. `rows` is 1 for a one-dimensional block.
 struct BlockPlace {
   ImageBlock block;
   std::uint16_t address; // of its first byte in radio memory
@@ -90,9 +80,8 @@ struct BlockPlace {
   constexpr std::size_t Bytes() const { return std::size_t{rows} * columns; }
 };
 
-// The record map: both PlaceRecord and TakeRecord walk this table. In radio memory a block is one run of bytes,
-// row after row, so the position in its block follows from the address alone. Memory between the ranges
-// (0x118-0x12F, 0x148-0x17F, 0x1A0-0x1BF, 0x1E8-0x1EF, 0x380-0x3EF) belongs to no block.
+// Where each block lies in radio memory, stored row by row without gaps. PlaceRecord and TakeRecord both use this
+// table. The addresses 0x118-0x12F, 0x148-0x17F, 0x1A0-0x1BF, 0x1E8-0x1EF and 0x380-0x3EF belong to no block.
 // clang-format off
 inline constexpr std::array<BlockPlace, 14> RecordMap = {{
     //  block                              address  rows  columns
@@ -113,42 +102,38 @@ inline constexpr std::array<BlockPlace, 14> RecordMap = {{
 }};
 // clang-format on
 
-// Where the element (row, column) of a block with `rows` rows stands when the block is stored as one run of bytes
-// in a data file: the row index varies fastest.
+// The index of element (row, column) in a data file, which stores a block column by column.
 constexpr std::size_t SerialPosition(std::size_t row, std::size_t column, std::size_t rows) {
   return row + rows * column;
 }
 
-// The bytes of a block in radio memory order. EmbeddedInfoBlock yields its current length only.
+// A block's bytes in the order of radio memory; of EmbeddedInfoBlock only its current length.
 [[nodiscard]] std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block);
 [[nodiscard]] std::span<const std::uint8_t> BlockBytes(const RadioImage& image, ImageBlock block);
 
-// The new image: the defaults of every block that has some. RadioIdBlock, FirmwareVersionBlock, SelCallCodeBlock,
-// PatrolWorkBlock and the bytes without a default keep their values. Showing it is left to the editor.
+// Sets every block to its defaults. RadioIdBlock, FirmwareVersionBlock, SelCallCodeBlock, PatrolWorkBlock and bytes
+// without a default keep their values.
 void ResetToDefaults(RadioImage& image, const LocalTime& now);
 
-// Writes the default channel record, computed from the lower limit in BandBlock, into all channels and takes
-// channel 1 into use.
+// Sets all channels to the default record at the lower limit of BandBlock, and channel 1 in use.
 void ResetChannels(RadioImage& image);
 
-// Sets every block but PatrolWorkBlock and WriteStampBlock to 0x00 (EmbeddedInfoBlock to 240 bytes), so that what
-// no record fills reads as 0x00.
+// Before a read: sets every block except PatrolWorkBlock and WriteStampBlock to 0x00, EmbeddedInfoBlock with 240 bytes.
 void ClearForReading(RadioImage& image);
 
-// Fills WriteStampBlock with the given moment.
+// Fills WriteStampBlock.
 void Stamp(RadioImage& image, const LocalTime& now);
 
 enum class PlaceResult {
   Placed,
   Ignored, // the address belongs to no block
-  Unfit,   // not a record: over 8 bytes, an address that is no multiple of 8, or more bytes than the block holds
+  Unfit,   // over 8 bytes, an address that is not a multiple of 8, or past the end of the block
 };
 
-// Stores the bytes of a record at the positions of the record map. Unless it answers Placed nothing has changed.
+// Stores a record by RecordMap. Changes nothing unless it returns Placed.
 [[nodiscard]] PlaceResult PlaceRecord(RadioImage& image, std::uint16_t address, std::span<const std::uint8_t> data);
 
-// The 8 bytes at the positions of the record map; 0x00 where EmbeddedInfoBlock is shorter. Nothing for an address
-// that is not in the map.
+// The record at an address, 0x00 after the end of a shorter EmbeddedInfoBlock; nullopt for an address of no block.
 [[nodiscard]] std::optional<std::array<std::uint8_t, RecordBytes>> TakeRecord(const RadioImage& image,
                                                                               std::uint16_t address);
 

@@ -10,7 +10,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::size_t CodeBytes = 8; // a channel's share of SelCallCodeBlock
+constexpr std::size_t CodeBytes = 8; // of one channel in SelCallCodeBlock
 constexpr std::size_t CodeDigits = 5;
 constexpr std::size_t TtsGroupByte = 15;
 constexpr std::string_view TtsPrefix = "TTS ";
@@ -57,7 +57,7 @@ std::uint16_t ReadFrequency(const RadioImage& image, std::size_t position) {
                                     256 * image.ToneFrequencyBlock[2 * position + 1]);
 }
 
-// Five digits, of which those above 9 are hexadecimal; nothing for any other text.
+// The five hexadecimal digits after a prefix; nullopt for any other text.
 std::optional<std::array<std::uint8_t, CodeDigits>> CodeAfter(std::string_view text, std::string_view prefix) {
   if (!text.starts_with(prefix) || text.size() != prefix.size() + CodeDigits) return std::nullopt;
   std::array<std::uint8_t, CodeDigits> digits{};

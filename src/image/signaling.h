@@ -1,11 +1,10 @@
-// Selective calling: the TTS table, the 5-tone standards and each channel's selective-call and group-call fields,
-// as bytes and as the texts that the editor and the report show.
+// Selective calling: the TTS table, the 5-tone standards, and each channel's selective-call and group-call fields.
 //
 //   ToneFrequencyBlock  16 little-endian frequencies in Hz. TTS: tone A and tone B of entries 1 to 8;
 //                       5-tone: tones 0 to 15 of the selected standard.
-//   TtsTimingBlock      4 bytes an entry, in 0.1 s: tone A duration, tone B duration, gap, group call duration.
-//   SelCallCodeBlock    8 bytes a channel, one 5-tone code each way as packed decimal digits (d1 the first typed):
-//                         byte 0: Rx d4 d5    byte 1: Rx d2 d3    byte 2: group call (copy), Rx d1
+//   TtsTimingBlock      4 bytes per entry, in 0.1 s: tone A duration, tone B duration, gap, group call duration.
+//   SelCallCodeBlock    8 bytes per channel, a receive and a transmit 5-tone code in packed digits, d1 typed first:
+//                         byte 0: Rx d4 d5    byte 1: Rx d2 d3    byte 2: group call again, Rx d1
 //                         byte 3: Tx d4 d5    byte 4: Tx d2 d3    byte 5: group call, Tx d1    bytes 6, 7: kept
 //   ChannelBlock        bit 2 of the flag bytes 0 and 6: selective call on; bytes 13 and 14: Rx and Tx TTS entry;
 //                       byte 15: TTS group call, the value in both nibbles.
@@ -24,7 +23,8 @@ namespace mr4500x {
 enum class Direction : std::uint8_t { Rx, Tx };
 
 inline constexpr std::size_t TtsEntryCount = 8;
-// The bytes of ResetTimeBlock.
+
+// Bytes of ResetTimeBlock.
 inline constexpr std::size_t ResetTimeByte = 0; // seconds, 0 for OFF
 inline constexpr std::size_t ToneLengthByte = 1;
 inline constexpr std::size_t StandardByte = 2;
@@ -65,12 +65,12 @@ inline constexpr std::array<FiveToneRow, 11> FiveToneStandardTable = {{
 }};
 // clang-format on
 
-// "OFF", "TTS 3" or "5T 01234", after the on bit and SelcallMode. A code digit above 9 reads as its hexadecimal digit.
+// "OFF", "TTS 3" or "5T 01234", by the on bit and SelcallMode. A code digit above 9 shows as a hexadecimal digit.
 [[nodiscard]] std::string SelCallText(const RadioImage& image, std::size_t channel, Direction direction);
 void ApplySelCallText(RadioImage& image, std::size_t channel, Direction direction, std::string_view text);
 
 // "OFF", "Tone A", "Tone B" (TTS) or "OFF", "5T 1" … (5-tone). A TTS value above 2 reads as "Tone #" and its number.
-// A value that the group-call dialog does not offer is left as it stands by a text that still names it.
+// Applying the text of a value that the group-call dialog does not offer leaves the stored bytes as they are.
 [[nodiscard]] std::string GroupCallText(const RadioImage& image, std::size_t channel);
 void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view text);
 
@@ -79,14 +79,14 @@ void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view
 void WriteTtsFrequencies(RadioImage& image, std::size_t entry, std::uint16_t toneA, std::uint16_t toneB);
 void WriteTtsTimes(RadioImage& image, std::size_t entry, const TtsEntry& times);
 
-// A time of 0.1 s units as seconds with one decimal, and back; 0 to 255 units, nothing for a text that is no such time.
+// Tenths of a second as seconds with one decimal, and back; nullopt unless the text is a time of 0 to 25.5 s.
 [[nodiscard]] std::string TtsTimeText(std::uint8_t tenths, char decimalSeparator);
 [[nodiscard]] std::optional<std::uint8_t> TtsTime(std::string_view text, char decimalSeparator);
 
-// Fills ToneFrequencyBlock, the tone length and the standard's number; false, and nothing done, outside 1 to 11.
+// Sets ToneFrequencyBlock, the tone length and the standard's number. False, with no change, outside 1 to 11.
 bool ApplyStandard(RadioImage& image, int standard);
 
-// TtsDefaultTable into the blocks, tone length and standard 1.
+// Stores TtsDefaultTable, and sets tone length and standard to 1.
 void LoadTtsDefaults(RadioImage& image);
 
 } // namespace mr4500x

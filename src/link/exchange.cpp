@@ -68,7 +68,7 @@ constexpr WriteCourse WholeWrite = {
     .transfer = Transfer::Write,
     .pace = {.tries = 5, .wakeUpRounds = 11, .afterRecord = Milliseconds{20}, .acknowledgeRounds = 10, .statusRounds = 10},
     .addresses = WriteAddresses,
-    .scale = {.maximum = 330, .atFirst = 0, .atEnd = 310}, // the bar closes before it is full
+    .scale = {.maximum = 330, .atFirst = 0, .atEnd = 310}, // closes before it is full
     .comparesBand = true,
 };
 
@@ -86,7 +86,7 @@ ExchangeResult NotOpened(SerialLine& line, Transfer transfer, const std::string&
   return {transfer, Outcome::PortNotOpened, line.PortName(), description};
 }
 
-// Where the radio still takes part it is told that the session is over. Whether it hears that changes nothing any more.
+// Tells a radio that may still be in the session that it is over. Whether that arrives makes no difference.
 ExchangeResult Close(SerialLine& line, Transfer transfer, Outcome outcome) {
   if (outcome == Outcome::Interrupted || outcome == Outcome::DisplayError || outcome == Outcome::BandDeclined) {
     line.ReopenPort();
@@ -124,7 +124,7 @@ bool HasBandOf(const RadioImage& image, const Identity& identity) {
   return std::ranges::equal(identity.Band(), std::span(image.BandBlock).first(identity.Band().size()));
 }
 
-// `stamp` runs just before the first record is taken from the image.
+// Calls `stamp` just before taking the first record from the image.
 ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioImage& image,
                      const std::function<void()>& stamp, ExchangeObserver& observer) {
   const auto close = [&](Outcome outcome) { return Close(line, course.transfer, outcome); };
@@ -152,7 +152,7 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
   observer.Ended();
   if (!hasEnded) return close(moved == Moved::BadAnswer ? Outcome::Interrupted : Outcome::DataError);
   if (!AwaitGoodStatus(line, course.pace)) return close(Outcome::DataError);
-  static_cast<void>(observer.Complete(course.transfer)); // nothing was read that had to be shown
+  static_cast<void>(observer.Complete(course.transfer)); // a write has nothing to show
   return close(Outcome::Complete);
 }
 

@@ -1,5 +1,5 @@
-// The four exchanges with the radio. Each runs from opening the port to closing it and returns how it ended. What the
-// user sees meanwhile is left to an observer, words for the result to transfer_messages.h.
+// The four exchanges with the radio. Each opens the port, closes it and returns how it went. An observer shows the
+// progress; transfer_messages.h has the texts for the outcome.
 #pragma once
 
 #include <cstdint>
@@ -19,36 +19,35 @@ enum class Outcome : std::uint8_t {
   NoResponse,
   WrongModel,   // the two writes only
   BandDeclined, // Write only: the observer chose not to write
-  Interrupted,  // the radio stopped answering as it should; the session has been ended on the line
+  Interrupted,  // a bad or missing answer; the end of session has been sent
   DataError,
-  DisplayError, // the two reads only: all data has been received, but it could not be shown
+  DisplayError, // the two reads only: all data was received but could not be shown
 };
 
 struct ExchangeResult {
   Transfer transfer;
   Outcome outcome;
-  std::string port;              // as messages name it
-  std::string systemDescription; // of PortNotOpened; empty where the port failed only after it had opened
+  std::string port;              // its name in messages
+  std::string systemDescription; // for PortNotOpened; empty if the port failed after it was opened
 };
 
 class ExchangeObserver {
 public:
   virtual ~ExchangeObserver() = default;
-  // The radio has answered, and its records follow.
+  // The radio has answered; the records follow.
   virtual void Began(Transfer transfer, int maximum) = 0;
-  virtual void Progress(int value) = 0; // the last ones of a read pass the maximum
-  // The records are over, well or not. Comes once after Began.
+  virtual void Progress(int value) = 0; // a read passes the maximum at its end
+  // Follows every Began, after success and failure.
   virtual void Ended() = 0;
-  // Whether to write to a radio whose band is not the image's.
+  // Whether to write to a radio whose band differs from the image's.
   [[nodiscard]] virtual bool AcceptsOtherBand() = 0;
-  // All is done, and the port still open. False: what has been read can't be shown.
+  // All done, with the port still open. False if what was read can't be shown.
   [[nodiscard]] virtual bool Complete(Transfer transfer) = 0;
 };
 
 [[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer);
 
-// `now` gives the moment of the write stamp just before the first record. The image keeps the stamp whatever happens
-// after it.
+// Stamps the image with `now` just before the first record. The stamp stays even if the write fails.
 [[nodiscard]] ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,
                                         ExchangeObserver& observer);
 

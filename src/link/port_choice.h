@@ -1,4 +1,4 @@
-// Which serial ports work, and which of them the port dialog offers first. Showing them is left to the dialog.
+// Which serial ports work and which one the port dialog preselects.
 #pragma once
 
 #include <array>
@@ -15,9 +15,9 @@ inline constexpr int PortCount = 16; // COM1 to COM16
 
 struct PortChoice {
   std::array<bool, PortCount> enabled{}; // option COMn at n - 1
-  // The port to use when none is chosen: CommPortNumber, or the lowest that works in its place; 0 for none.
+  // The port to use until the user chooses: CommPortNumber, else the lowest that works, 0 if none does.
   int number = 0;
-  int preselected = 1; // the option that the dialog opens with
+  int preselected = 1;
 };
 
 [[nodiscard]] PortChoice ChoosePort(int commPortNumber, const std::function<bool(int)>& portWorks);

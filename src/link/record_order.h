@@ -1,5 +1,4 @@
-// Which records of radio memory each exchange moves, and in which order. Where their bytes belong is the image's
-// record map.
+// Which records each exchange transfers, in which order. RecordMap in radio_image.h says what they hold.
 #pragma once
 
 #include <array>
@@ -17,9 +16,9 @@ struct RecordRun {
 
 // clang-format off
 inline constexpr std::array ReadOrder = {
-    RecordRun{0x000, 0x140}, // channels to Emergency ANI, the unused 0x118-0x12F among them
+    RecordRun{0x000, 0x140}, // channels to emergency ANI, with the unused 0x118-0x12F
     RecordRun{0x180, 0x198}, // TTS timing
-    RecordRun{0x1C0, 0x378}, // reset time to selective-call codes, the unused 0x1E8 among them
+    RecordRun{0x1C0, 0x378}, // reset time to selective-call codes, with the unused 0x1E8
     RecordRun{0x3F0, 0x3F8}, // band, firmware version
 };
 
@@ -51,7 +50,6 @@ static_assert(RecordCount(WriteOrder) == 66);
 static_assert(RecordCount(ReadInfoOrder) == 32);
 static_assert(RecordCount(WriteInfoOrder) == 30);
 
-// The address of every record, by its number.
 template<const auto& Order>
 constexpr std::array<std::uint16_t, RecordCount(Order)> RecordAddresses() {
   std::array<std::uint16_t, RecordCount(Order)> addresses{};

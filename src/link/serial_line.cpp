@@ -34,7 +34,7 @@ std::optional<std::string> SerialLine::OpenPort() {
 }
 
 void SerialLine::ReopenPort() {
-  // Where this fails, whatever follows fails too, and the first failure is the one to report.
+  // If this fails, so does what follows; the failure to report is the one that came before.
   if (!m_port.IsOpen()) static_cast<void>(m_port.Open(RadioLine));
 }
 
@@ -56,8 +56,8 @@ bool SerialLine::Write(std::span<const std::uint8_t> bytes) {
   return m_port.Write(bytes);
 }
 
-// A USB adapter takes all bytes at once and reports an empty buffer while they are still on their way, so an empty
-// buffer alone is not enough: the time that the bytes take on the line must be over as well.
+// A USB adapter accepts all bytes at once and reports an empty buffer while they are still being sent. So this also
+// waits for the time that the bytes take on the line.
 bool SerialLine::Drain() {
   m_clock.WaitUntil(m_lineFree);
   const Clock::Moment limit = m_written + DrainLimit;

@@ -1,5 +1,4 @@
-// The serial line to the radio: the primitives from which every exchange is built. What the bytes mean is left to
-// the exchanges; the port always delivers plain bytes, so there is no binary mode to select.
+// The serial line to the radio: the primitives that sessions are built from.
 #pragma once
 
 #include <chrono>
@@ -26,21 +25,21 @@ constexpr int BitsPerCharacter(const LineSettings& line) {
 }
 inline constexpr Clock::Moment CharacterTime{1'000'000 * BitsPerCharacter(RadioLine) / RadioLine.baud};
 
-// "COM" and the number, as messages name a port.
+// The name of a port in messages.
 [[nodiscard]] std::string ComName(int number);
 
 enum class Polled { Satisfied, TimedOut, PortFailed };
 
-// Operations that answer false or nothing have met a failure of the port.
+// false and nullopt mean that the port has failed, unless a function says otherwise.
 class SerialLine {
 public:
   SerialLine(SerialPort& port, Clock& clock, int number);
-  // With another name in messages than COMn.
+  // With another name in messages than "COMn".
   SerialLine(SerialPort& port, Clock& clock, int number, std::string name);
 
   [[nodiscard]] const std::string& PortName() const { return m_name; }
 
-  // Nothing when the port is ready. Else the system's description; an empty one for a port that failed once open.
+  // nullopt when the port is ready, else the system's description: empty if the port failed after it was opened.
   [[nodiscard]] std::optional<std::string> OpenPort();
   void ReopenPort(); // if it has closed
   void ClosePort();
@@ -49,14 +48,14 @@ public:
 
   // Returns when the bytes have left the line.
   [[nodiscard]] bool Send(std::span<const std::uint8_t> bytes);
-  // Send in its two parts, for work that is done while the bytes are on their way.
+  // The two halves of Send, for work to be done while the bytes are being sent.
   [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes);
   [[nodiscard]] bool Drain();
 
-  // Looks every 20 ms, at most `rounds` times, for `count` bytes; a satisfied look is still followed by its 20 ms.
+  // Looks for `count` bytes every 20 ms, at most `rounds` times. Waits the 20 ms after a successful look too.
   [[nodiscard]] Polled Poll(std::size_t count, int rounds);
   [[nodiscard]] std::optional<std::size_t> BytesWaiting();
-  // All bytes waiting. What arrives meanwhile is thrown away: nothing is waiting afterwards.
+  // All bytes waiting. Discards what arrives meanwhile.
   [[nodiscard]] std::optional<LineBytes> Receive();
 
   [[nodiscard]] bool DiscardInput();

@@ -22,30 +22,30 @@ constexpr std::array<std::uint8_t, 4> ReadWord = {0x72, 0x45, 0x41, 0x44};
 constexpr std::array<std::uint8_t, 5> WriteWord = {0x77, 0x52, 0x49, 0x54, 0x45};
 // 57 AA AA AA: ends a read, not answered
 constexpr std::array<std::uint8_t, 4> EndOfRead = {0x57, 0xAA, 0xAA, 0xAA};
-// 57 AA AA AA 55 55 55 55 55 55 55 55: ends a write, answered by a status, and whatever went wrong
+// 57 AA AA AA 55 55 55 55 55 55 55 55: ends a write, answered by a status; also ends any session that failed
 constexpr std::array<std::uint8_t, 12> EndOfSession = {0x57, 0xAA, 0xAA, 0xAA, 0x55, 0x55,
                                                        0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
 
-// The memory page of the write stamp, 0x00 to 0x0F in it, and of the embedded information after that.
+// The memory page 0x200 to 0x2FF: the write stamp in its first 16 bytes, then the embedded information.
 constexpr std::uint8_t InfoPage = 0x02;
 constexpr std::size_t StampBytes = 0x10;
 
 struct WakeUpCall {
   std::span<const std::uint8_t> word;
   int tries;
-  std::size_t answerBytes; // that end the tries
+  std::size_t answerBytes; // needed to end the tries
   int rounds;
   Milliseconds afterAnswer;
 };
 
-// What the radio answered, possibly nothing. std::nullopt: the port failed, here and in AwaitReply.
+// What the radio answered, possibly no bytes. Here and in AwaitReply, nullopt means that the port failed.
 std::optional<LineBytes> WakeUp(SerialLine& line, const WakeUpCall& call) {
   for (int attempt = 0; attempt < call.tries; ++attempt) {
     if (!line.DiscardOutput() || !line.DiscardInput()) return std::nullopt;
     line.Wait(BeforeWakeUp);
     if (!line.Send(call.word)) return std::nullopt;
     if (line.Poll(call.answerBytes, call.rounds) == Polled::PortFailed) return std::nullopt;
-    // Looked at once more: an answer that arrives in the last round's 20 ms counts.
+    // Look once more: an answer that arrives in the 20 ms of the last round counts.
     const std::optional<std::size_t> waiting = line.BytesWaiting();
     if (!waiting) return std::nullopt;
     if (*waiting >= call.answerBytes) break;
@@ -56,7 +56,6 @@ std::optional<LineBytes> WakeUp(SerialLine& line, const WakeUpCall& call) {
   return answer;
 }
 
-// Polls, receives, pauses and discards what came after.
 std::optional<LineBytes> AwaitReply(SerialLine& line, std::size_t count, int rounds, Milliseconds pause) {
   if (line.Poll(count, rounds) == Polled::PortFailed) return std::nullopt;
   std::optional<LineBytes> reply = line.Receive();
@@ -86,7 +85,7 @@ bool IsRecordReply(std::span<const std::uint8_t> reply) {
   return reply.size() >= RecordFrameBytes && reply[0] == RecordMark;
 }
 
-// The bytes that a record reply's count announces; nothing when it brings fewer.
+// As many bytes as the reply's count says; nullopt if it has fewer.
 std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t> reply) {
   const auto data = reply.subspan(RecordHeaderBytes);
   if (reply[3] > data.size()) return std::nullopt;
@@ -171,7 +170,7 @@ bool EndSession(SerialLine& line) {
   return line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfSession);
 }
 
-// 4F 4B "OK", 4E 47 "NG"; any two bytes but "NG" are taken as the first
+// 4F 4B "OK", 4E 47 "NG". Any two bytes other than "NG" count as "OK".
 bool AwaitGoodStatus(SerialLine& line, const WritePace& pace) {
   const auto status = AwaitReply(line, 1, pace.statusRounds, Milliseconds{0});
   return status && status->size() == 2 && *status != LineBytes{0x4E, 0x47};

@@ -1,5 +1,5 @@
-// The parts of a session with the radio, one by one, over a line that is open: waking the radio up, reading and writing
-// records, ending. exchange.h makes the whole exchanges of them.
+// The steps of a session with the radio on an open line: wake-up, reading and writing records, ending. exchange.h puts
+// them together.
 #pragma once
 
 #include <array>
@@ -14,9 +14,9 @@
 
 namespace mr4500x {
 
-// How patiently the radio is read. A round is 20 ms.
+// Tries, 20 ms rounds and waits of a read.
 struct ReadPace {
-  int tries; // to wake it up
+  int tries; // of the wake-up
   int wakeUpRounds;
   Milliseconds afterWakeUp;
   Milliseconds afterReply;
@@ -27,13 +27,13 @@ struct WritePace {
   int wakeUpRounds;
   Milliseconds afterRecord;
   int acknowledgeRounds;
-  int statusRounds; // 0: the status must be there when it is asked for
+  int statusRounds; // 0: the status must have arrived already
 };
 
 using Addresses = std::span<const std::uint16_t>; // of records
 using RecordData = std::array<std::uint8_t, RecordBytes>;
 
-// 52 bb bb bb bb 00 30 xx xx: bb the band, xx not examined
+// 52 bb bb bb bb 00 30 xx xx: bb is the band, xx is ignored
 struct Identity {
   std::array<std::uint8_t, 9> bytes{};
 
@@ -41,38 +41,35 @@ struct Identity {
   [[nodiscard]] std::span<const std::uint8_t, 4> Band() const { return std::span(bytes).subspan<1, 4>(); }
 };
 
-// Whether the radio is ready to be read.
 [[nodiscard]] bool WakeToRead(SerialLine& line, const ReadPace& pace);
-// Nothing when the radio does not answer in full.
+// nullopt unless the radio answers with all 9 bytes.
 [[nodiscard]] std::optional<Identity> WakeToWrite(SerialLine& line, const WritePace& pace);
 
 enum class Moved : std::uint8_t {
   All,
   PortFailed,
-  BadAnswer, // short, missing, or another than it should be
-  Refused,   // by the caller's function
+  BadAnswer, // wrong, short or missing
+  Refused,   // by `take` or `give`
 };
 
-// Gives each reply to `take`. Its address need not be the one that was asked for.
+// Passes each reply to `take`. Its address may differ from the requested one.
 [[nodiscard]] Moved ReadRecords(SerialLine& line, const ReadPace& pace, Addresses addresses,
                                 const std::function<bool(std::span<const std::uint8_t>)>& take);
-// Stores a reply at the address that it carries. False when it does not fit there.
+// Stores a reply at the address that it carries. False if it does not fit there.
 [[nodiscard]] bool PlaceReply(RadioImage& image, std::span<const std::uint8_t> reply);
-// The same for a reply of the page of write stamp and embedded information, from any byte of it on. Replies of other
-// pages are dropped.
+// The same for write stamp and embedded information, at any address of their page. Ignores replies for other pages.
 [[nodiscard]] bool PlaceInfoReply(RadioImage& image, std::span<const std::uint8_t> reply);
 
-// To be called once before the first record. False: the port failed.
+// Call once before the first record. False if the port failed.
 [[nodiscard]] bool PrepareToWrite(SerialLine& line);
-// Takes the data of each record from `give`; `written` is called while a record is on its way.
+// Takes the data of each record from `give`. Calls `written` while a record is being sent.
 [[nodiscard]] Moved WriteRecords(SerialLine& line, const WritePace& pace, Addresses addresses,
                                  const std::function<std::optional<RecordData>(std::uint16_t)>& give,
                                  const std::function<void()>& written);
 
 [[nodiscard]] bool EndReading(SerialLine& line);
-// Ends a write, which the radio answers with its status, and a session of either kind that went wrong.
+// Ends a write, which the radio answers with its status, or any session that failed.
 [[nodiscard]] bool EndSession(SerialLine& line);
-// Whether the radio is content with what was written.
 [[nodiscard]] bool AwaitGoodStatus(SerialLine& line, const WritePace& pace);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// What the user is told about data files.
+// The messages about data files.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum class SaveCommand : std::uint8_t { Save, SaveAs };
 inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version File",
                                          "This software version isn't applied to the radio, please use new software."};
 
-// Nothing to tell of a loaded file.
+// nullopt for Loaded.
 [[nodiscard]] inline std::optional<Message> MessageFor(LoadOutcome outcome) {
   switch (outcome) {
   case LoadOutcome::Loaded:

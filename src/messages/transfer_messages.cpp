@@ -23,23 +23,23 @@ struct MessageRow {
   const char* text;
 };
 
-struct CommonRow { // of every transfer
+struct CommonRow { // for every transfer
   Outcome outcome;
   MessageIcon icon;
   const char* title;
-  const char* text; // behind the name of the port, where it begins with ":" or a blank
+  const char* text; // follows the port's name if it begins with ":" or a blank
 };
 
 // clang-format off
 constexpr std::array ProgressRows = {
     ProgressRow{Read,      {"Read", "Reading data from the radio ..."}},
     ProgressRow{Write,     {"Write", "Write data to the radio ..."}},
-    ProgressRow{ReadInfo,  {"Read Emedded Information", "Reading embedded information from the radio ..."}}, // misspelt on purpose
+    ProgressRow{ReadInfo,  {"Read Emedded Information", "Reading embedded information from the radio ..."}}, // "Emedded": misspelt on purpose
     ProgressRow{WriteInfo, {"Write Embedded Information", "Write embedded information to radio ..."}},
 };
 
 constexpr std::array CommonRows = {
-    CommonRow{PortNotOpened, Critical,    "Error", ": "}, // and the system's description
+    CommonRow{PortNotOpened, Critical,    "Error", ": "}, // plus the system's description
     CommonRow{NoResponse,    Exclamation, "Communication port error", " port don't respond, please check your connection!"},
     CommonRow{WrongModel,    Exclamation, "Error", "The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!"},
 };

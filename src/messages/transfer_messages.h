@@ -1,4 +1,4 @@
-// What the user is told of a transfer.
+// The messages of a transfer.
 #pragma once
 
 #include <optional>
@@ -16,9 +16,9 @@ struct ProgressWords {
 
 [[nodiscard]] ProgressWords ProgressOf(Transfer transfer);
 [[nodiscard]] Message BandQuestion();
-// While the port is still open.
+// Shown while the port is still open.
 [[nodiscard]] Message CompletionOf(Transfer transfer);
-// At the end. Nothing for a transfer that is complete, or that the user has declined.
+// Shown at the end; nullopt for a transfer that completed or that the user declined.
 [[nodiscard]] std::optional<Message> FailureOf(const ExchangeResult& result);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// Report 1: the channel table and, below it, the global settings.
+// Report 1: the channel table and the global settings below it.
 #include "page_frame.h"
 
 #include <array>
@@ -16,6 +16,7 @@ struct Column {
   WhenTxInhibited inhibited = WhenTxInhibited::Cell;
 };
 
+// "Enalbe" is misspelt on purpose, as in the product.
 // clang-format off
 constexpr std::array<Column, 13> Columns = {{
   {  480, "CH No.",  "",          GridColumn::ChannelNo},
@@ -42,7 +43,7 @@ constexpr double FirstRow = 2200;
 constexpr double RowStep = 380;
 
 constexpr PrintFont SectionFont = {12, false, /*underlined*/ true};
-constexpr double BelowTable = 100; // below the place of a further channel line
+constexpr double BelowTable = 100; // below the next channel line
 constexpr double LeftValueX = 2800;
 constexpr double RightLabelX = 6400;
 constexpr double RightValueX = 8000;
@@ -64,13 +65,13 @@ std::string CellText(const Column& column, std::size_t channel, const ChannelTex
   return texts[column.cell];
 }
 
-// The line in the place of the channels `first` to `last`, counted from 1.
+// The line that replaces the unused channels `first` to `last`, counted from 1.
 std::string NullText(std::size_t first, std::size_t last) {
   if (first == last) return " CH" + std::to_string(first) + "  is Null";
   return " CH" + std::to_string(first) + "\uFF5ECH" + std::to_string(last) + "  are Null";
 }
 
-// The y of the line after the last one.
+// Returns the y of the next line.
 double AddChannels(ReportPage& page, const ReportTexts& texts) {
   double y = FirstRow;
   for (std::size_t channel = 0; channel < ChannelCount; ++channel, y += RowStep) {

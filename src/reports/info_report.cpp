@@ -26,7 +26,7 @@ void AppendUtf8(std::string& text, char32_t c) {
     text += {static_cast<char>(0xF0 | (c >> 18)), trail(12), trail(6), trail(0)};
 }
 
-// The next character, two units where they are a surrogate pair; moves behind it.
+// Takes one unit, or two for a surrogate pair.
 char32_t TakeCharacter(std::u16string_view& text) {
   const char32_t first = text.front();
   text.remove_prefix(1);
@@ -37,7 +37,7 @@ char32_t TakeCharacter(std::u16string_view& text) {
   return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
 }
 
-// Zero characters print as nothing, so that a text of nothing else is an empty one.
+// Drops zero characters, so that a text of nothing else counts as empty, and blanks at the ends.
 std::u16string PrintableText(std::u16string_view text) {
   std::u16string printable;
   for (const char16_t unit : text)
@@ -47,7 +47,7 @@ std::u16string PrintableText(std::u16string_view text) {
   return printable.substr(first, printable.find_last_not_of(u' ') - first + 1);
 }
 
-// A line feed that follows no carriage return ends a line too: other programs write such texts.
+// A lone line feed ends a line too: other programs write such texts.
 bool TakeLineEnd(std::u16string_view& text) {
   if (text.front() != u'\r' && text.front() != u'\n') return false;
   text.remove_prefix(text.substr(0, 2) == u"\r\n" ? 2 : 1);
@@ -74,7 +74,7 @@ public:
 private:
   void Append(char32_t character) {
     std::string shown;
-    AppendUtf8(shown, character < U' ' ? U' ' : character); // no control of the printer
+    AppendUtf8(shown, character < U' ' ? U' ' : character); // no control characters to the printer
     const double width = m_setting.measure.TextWidth(shown, Small);
     if (m_width + width > m_setting.area.width - RightSpace) EndLine(m_lineStep);
     m_line += shown;

@@ -10,7 +10,7 @@ namespace {
 constexpr double FrameLeft = 400;
 constexpr double HeaderTop = 200;
 constexpr double HeaderRule = 440;
-constexpr double TitleToEdge = 1300;    // from the title's end to the right edge
+constexpr double TitleToEdge = 1300;    // from the end of the title to the right edge
 constexpr double RuleToEdge = 1000;     // from the rules' ends to the right edge
 constexpr double FooterRule = 1100;     // from the bottom edge
 constexpr double FooterTop = 1060;      // from the bottom edge
@@ -60,7 +60,7 @@ ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
     const double scale = area.height / needed;
     area = {area.width / scale, area.height / scale};
     page = {.texts = {}, .rules = {}, .scale = scale};
-    // More width than before can only need fewer lines, so that the report's end stays above the footer.
+    // The wider area can only need fewer lines, so the report still ends above the footer.
     addReport(page, {setting.measure, area});
   }
   AddFrame(page, texts, {setting.measure, area});

@@ -1,4 +1,4 @@
-// What the pages of all reports share: the frame, the model line, and the fitting of a page above its footer.
+// What all reports share: fonts, frame, model line, and the scaling of a page that is too long.
 #pragma once
 
 #include "report_pages.h"
@@ -15,7 +15,7 @@ inline constexpr PrintFont TitleFont = {12, false};
 // The first line of reports 1 and 2.
 void AddModelLine(ReportPage& page, const ReportTexts& texts);
 
-// The page that `addReport` makes on a setting, framed and scaled as far as it has to be.
+// Adds the frame to the page that `addReport` makes, scaled down if it would reach the footer.
 [[nodiscard]] ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
                                     const std::function<void(ReportPage&, const PageSetting&)>& addReport);
 

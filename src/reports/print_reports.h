@@ -1,4 +1,4 @@
-// Printing the chosen reports as one job.
+// Prints the chosen reports as one job.
 #pragma once
 
 #include "printer.h"
@@ -17,8 +17,7 @@ struct ReportChoice {
   bool operator==(const ReportChoice&) const = default;
 };
 
-// One page a report, in the order above. On a failure the whole job is abandoned and the answer is the system's
-// description. Does nothing where no report is chosen.
+// Prints one page per report, in the order above. On failure it abandons the job and returns the system's description.
 [[nodiscard]] std::optional<std::string> PrintReports(Printer& printer, const ReportTexts& texts,
                                                       const ReportChoice& choice);
 

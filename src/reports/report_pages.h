@@ -1,4 +1,4 @@
-// The three reports laid out on their pages: what stands where. Drawing it is left to print_reports.h.
+// The layout of the three reports. print_reports.h draws it.
 #pragma once
 
 #include "printer.h"
@@ -21,21 +21,19 @@ struct PageRule {
 
 inline constexpr double RuleThickness = 6;
 
-// The places are in twips before the scale is applied.
+// In twips before scaling.
 struct ReportPage {
   std::vector<PageText> texts;
   std::vector<PageRule> rules;
   double scale = 1;
 };
 
-// What a report is laid out with.
 struct PageSetting {
   const TextMeasure& measure;
   PrintArea area;
 };
 
-// Each page has its frame. Where the report would run into the footer, the page as a whole is scaled so that it fits:
-// it is laid out for a larger area, which the scale then brings down to the real one.
+// With the frame. A report that would reach the footer is laid out for a larger area and the whole page scaled down.
 [[nodiscard]] ReportPage ChannelReportPage(const ReportTexts& texts, const PageSetting& setting);
 [[nodiscard]] ReportPage TtsReportPage(const ReportTexts& texts, const PageSetting& setting);
 [[nodiscard]] ReportPage InfoReportPage(const ReportTexts& texts, const PageSetting& setting);

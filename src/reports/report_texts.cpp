@@ -1,4 +1,3 @@
-// Which settings the reports name, under which labels and in which order.
 #include "report_texts.h"
 
 #include "fields.h"
@@ -9,9 +8,9 @@
 namespace mr4500x {
 namespace {
 
-using RadioText = std::string Configuration::*; // of the radio record, which is no setting
-struct SelCallWithStandard {};                  // in 5-tone mode the mode is followed by the standard
-struct SignalSentence {};                       // a sentence in the place of label and value
+using RadioText = std::string Configuration::*; // of the radio record, which has no settings
+struct SelCallWithStandard {};                  // the mode, with the standard in 5-tone mode
+struct SignalSentence {};                       // one sentence instead of label and value
 
 using Source = std::variant<std::monostate, FieldPlace, RadioText, SelCallWithStandard, SignalSentence>;
 

@@ -1,5 +1,4 @@
-// The texts that the reports print, as one plain record: the window makes it from what it shows, the command line tool
-// from a data file. Where they stand on the page is report_pages.h's business.
+// All texts that the reports print, from the window or a data file. report_pages.h lays them out.
 #pragma once
 
 #include "channel_record.h"
@@ -29,14 +28,14 @@ struct SettingsSection {
 using TtsTexts = std::array<std::array<std::string, TtsColumnCount - 1>, TtsEntryCount>;
 
 struct ReportTexts {
-  std::string printedAt;     // date and time as the user's locale writes them
+  std::string printedAt;     // date and time in the user's locale
   std::string frequencyBand; // "440MHz~470MHz"
   std::array<ChannelTexts, ChannelCount> channels;
   std::vector<SettingsSection> settings;
   std::string selCall;
   std::string autoResetTime;
   TtsTexts tts;
-  std::u16string embeddedText; // as it stands in its block, zero characters included
+  std::u16string embeddedText; // the whole block, with its zero characters
 };
 
 [[nodiscard]] ReportTexts ReportTextsOf(const Configuration& values, std::u16string_view embeddedText,

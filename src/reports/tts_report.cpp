@@ -1,4 +1,4 @@
-// Report 2: the selective-call mode, the auto reset time and the TTS table, which is printed in both modes.
+// Report 2: the selective-call mode, the auto reset time and, in both modes, the TTS table.
 #include "page_frame.h"
 
 #include <array>

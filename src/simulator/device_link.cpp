@@ -8,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Left behind: a link to nothing, or to the very device that is ours now.
+// A link left behind: to nothing, or to the device that is now ours.
 bool IsStale(const std::string& path, const std::string& device) {
   std::error_code error;
   if (!fs::is_symlink(fs::symlink_status(path, error))) return false;

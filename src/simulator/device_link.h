@@ -1,4 +1,4 @@
-// A symbolic link that gives the pseudo-terminal a name of the user's choice, as long as the simulator runs.
+// A symbolic link to the pseudo-terminal, with a name of the user's choice, while the simulator runs.
 #pragma once
 
 #include <optional>
@@ -9,11 +9,11 @@ namespace mr4500x {
 class DeviceLink {
 public:
   DeviceLink() = default;
-  ~DeviceLink(); // removes the link unless somebody else has taken over its name
+  ~DeviceLink(); // removes the link unless it no longer leads to our device
   DeviceLink(const DeviceLink&) = delete;
   DeviceLink& operator=(const DeviceLink&) = delete;
 
-  // Replaces a link that an earlier run left behind, but nothing else. On failure the reason.
+  // Replaces a link that an earlier run left behind, but nothing else. Returns the reason of a failure.
   [[nodiscard]] std::optional<std::string> Make(const std::string& path, const std::string& device);
 
 private:

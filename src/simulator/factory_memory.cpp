@@ -1,5 +1,4 @@
-// The content of a new simulated radio, written out byte by byte where the radio keeps it. The bytes are spelled out
-// here and not made by the editor's codecs, so that a fault of these shows against the simulated radio.
+// The memory of a new simulated radio. It does not use the program's codecs, so that their faults show against it.
 #include "radio_memory.h"
 
 #include <algorithm>
@@ -34,7 +33,6 @@ struct Side {
   std::uint8_t ttsEntry; // 1 to 8; 0 for no selective call
 };
 
-// Options of a channel.
 constexpr std::uint8_t HighPower = 0x80, TailCut = 0x40, Or = 0x20, PttId = 0x10, Wide = 0x08;
 
 struct Channel {
@@ -114,25 +112,20 @@ void PutChannels(RadioMemory& memory) {
 
 void PutSettings(RadioMemory& memory) {
   const auto inUse = std::count_if(Channels.begin(), Channels.end(), [](const Channel& c) { return c.isInUse; });
-  Put(memory, 0x100,
-      {
-          0xD6, // beep tone, compander and beep on, VOX level 1, squelch level 2
-          0x22, // battery save 10 s, transmit time-out 60 s
-          0x80, // selective call by two tones
-          0x61, // scan mode CO, priority channel 2, revert to it
-          20,
-          10,
-          5, // TO scan delay 2.0 s, restore time 1.0 s, look back 0.5 s
-          10,
-          10,   // digit and inter-digit time 100 ms
-          0xC0, // PTT ID: connect and disconnect
-          5,
-          5,                                // digits of the connect and the disconnect ID
-          static_cast<std::uint8_t>(inUse), // channels in use
-          0x80,                             // manual tuning off
-          0x84,                             // scan by signal; digits of the emergency ANI
-          0x00,
-      });
+  // clang-format off
+  Put(memory, 0x100, {
+      0xD6,       // beep tone, compander and beep on, VOX level 1, squelch level 2
+      0x22,       // battery save 10 s, transmit time-out 60 s
+      0x80,       // selective call by two tones
+      0x61,       // scan mode CO, priority channel 2, revert to it
+      20, 10, 5,  // TO scan delay 2.0 s, restore time 1.0 s, look back 0.5 s
+      10, 10,     // digit and inter-digit time 100 ms
+      0xC0, 5, 5, // PTT ID: connect and disconnect, and their digits
+      static_cast<std::uint8_t>(inUse),
+      0x80,       // manual tuning off
+      0x84, 0x00, // scan by signal; 4 digits of emergency ANI
+  });
+  // clang-format on
   Put(memory, 0x110, {0xC1, 0xC2, 0xC0, 0x00, 0x83, 0x86, 0x00, 0x00}); // emergency, monitor, scan, talk around
   Put(memory, 0x130, {0x21, 0x43, 0x05, 0, 0, 0, 0, 0});                // connect ID 12345
   Put(memory, 0x138, {0x45, 0x23, 0x01, 0, 0, 0, 0, 0});                // disconnect ID 54321
@@ -148,7 +141,7 @@ void PutToneTable(RadioMemory& memory) {
     Put(memory, 0x1C8 + 2 * i, {Low(Hertz[i]), Low(Hertz[i] >> 8U)});
 }
 
-// UTF-16, low byte first; 0x00 up to the end of its area.
+// UTF-16, low byte first, padded with 0x00.
 void PutEmbeddedText(RadioMemory& memory, std::u16string_view text) {
   std::fill_n(memory.begin() + 0x210, 240, std::uint8_t{0});
   for (std::size_t i = 0; i < text.size(); ++i)
@@ -159,7 +152,7 @@ void PutEmbeddedText(RadioMemory& memory, std::u16string_view text) {
 
 RadioMemory FactoryMemory() {
   RadioMemory memory;
-  memory.fill(0xFF); // erased, as what no setting uses stays
+  memory.fill(0xFF); // erased; stays where no setting is
   PutChannels(memory);
   PutSettings(memory);
   PutToneTable(memory);

@@ -32,7 +32,7 @@ constexpr std::array<FaultKind, 19> Kinds = {{
 }};
 // clang-format on
 
-constexpr int VanishRecord = 10; // in mid-transfer of every exchange
+constexpr int VanishRecord = 10; // in the middle of every exchange
 
 } // namespace
 

@@ -1,4 +1,4 @@
-// The failures that a simulated radio can be asked to show, by name, for all of a session or at one record of it.
+// The faults that a simulated radio can be asked for, throughout a session or at one record.
 #pragma once
 
 #include <cstdint>
@@ -9,32 +9,17 @@
 
 namespace mr4500x {
 
+// clang-format off
 enum class Fault : std::uint8_t {
-  Silent,
-  WrongAnswer,
-  LateAnswer,
-  ShortIdentity,
-  WrongModel,
-  OtherBand,
-  ShortReply,
-  ForeignReply,
-  WrongAddress,
-  BadCount,
-  LongReply,
-  WrongAcknowledge,
-  NoAcknowledge,
-  Ng,
-  LateStatus,
-  LongStatus,
-  Garbage,
-  SplitReply,
-  Vanish,
+    Silent, WrongAnswer, LateAnswer, ShortIdentity, WrongModel, OtherBand, ShortReply, ForeignReply, WrongAddress,
+    BadCount, LongReply, WrongAcknowledge, NoAcknowledge, Ng, LateStatus, LongStatus, Garbage, SplitReply, Vanish,
 };
+// clang-format on
 
 struct FaultKind {
   Fault fault;
   std::string_view name;
-  bool takesRecord; // NAME@RECORD confines it to one record, counted from 0 in each session
+  bool takesRecord; // NAME@RECORD limits it to one record, counted from 0 in each session
   std::string_view description;
 };
 
@@ -53,8 +38,8 @@ public:
   FaultPlan() = default;
   explicit FaultPlan(std::vector<PlannedFault> faults) : m_faults(std::move(faults)) {}
 
-  [[nodiscard]] bool Throughout(Fault fault) const;     // planned for the whole session
-  [[nodiscard]] bool At(Fault fault, int record) const; // planned for the session or just this record
+  [[nodiscard]] bool Throughout(Fault fault) const;     // for the whole session
+  [[nodiscard]] bool At(Fault fault, int record) const; // for the session or this record
 
 private:
   std::vector<PlannedFault> m_faults;

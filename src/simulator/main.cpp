@@ -1,4 +1,4 @@
-// lr7200-simulator: an LR7200 radio at a pseudo-terminal, for training, demonstrations and tests.
+// lr7200-simulator: a simulated LR7200 radio on a pseudo-terminal, for training, demos and tests.
 #include "device_link.h"
 #include "memory_file.h"
 #include "pseudo_terminal.h"
@@ -35,7 +35,7 @@ void Stop(int) {
   g_isStopped = 1;
 }
 
-// From here on SIGINT and SIGTERM arrive in waits only. Answers the mask for these.
+// From now on SIGINT and SIGTERM arrive only in waits. Returns the signal mask for the waits.
 sigset_t CatchSignals() {
   struct sigaction action {};
   action.sa_handler = Stop;
@@ -61,7 +61,7 @@ int Fail(const std::string& reason) {
   return 1;
 }
 
-// Until a signal stops it or the planned fault pulls its cable.
+// Runs until a signal or the fault "vanish".
 void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::string& memoryFile,
               const sigset_t& mask) {
   constexpr SimulatedRadio::Moment Idle = std::chrono::seconds(1);
@@ -77,7 +77,7 @@ void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::
     radio.Hear(bytes, now);
     terminal.Write(radio.TakeReplies(now));
     if (now - lastHeard >= Idle) terminal.EndExclusiveUse();
-    // Not before the session's last answer is out: the computer waits for that one.
+    // Only after the last answer of the session: the computer is waiting for it.
     if (!memoryFile.empty() && radio.EndedSessions() != storedSessions && !radio.NextReplyAt()) {
       if (const auto failure = Store(memoryFile, radio.Memory())) Fail(*failure);
       storedSessions = radio.EndedSessions();
@@ -147,7 +147,7 @@ int Main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : 2;
   }
-  prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL); // replies leave within microseconds of their time, not within 50
+  prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL); // send replies within 1 us of their time, not the default 50
   return Serve(options);
 }
 

@@ -1,4 +1,4 @@
-// The file that keeps a simulated radio's memory between runs: its 1,024 bytes as they are.
+// The file that keeps a simulated radio's memory between runs: 1024 bytes.
 #pragma once
 
 #include "radio_memory.h"
@@ -8,10 +8,10 @@
 
 namespace mr4500x {
 
-// Fills the memory from the file, or makes the file from the memory when there is none. On failure the reason.
+// Loads the memory, or creates the file if it is missing. Returns the reason of a failure.
 [[nodiscard]] std::optional<std::string> LoadOrCreate(const std::string& path, RadioMemory& memory);
 
-// Replaces the file at once, so that it is never half written. On failure the reason.
+// Replaces the file in one step. Returns the reason of a failure.
 [[nodiscard]] std::optional<std::string> Store(const std::string& path, const RadioMemory& memory);
 
 } // namespace mr4500x

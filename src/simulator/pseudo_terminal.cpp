@@ -27,7 +27,7 @@ std::optional<std::string> PseudoTerminal::Open() {
   if (isReady) m_slave = open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
   isReady = isReady && m_slave >= 0 && tcgetattr(m_slave, &line) == 0;
   if (isReady) {
-    cfmakeraw(&line); // else the terminal would echo, and translate bytes
+    cfmakeraw(&line); // no echo, no translation of bytes
     isReady = tcsetattr(m_slave, TCSANOW, &line) == 0;
   }
   if (!isReady) return "cannot open a pseudo-terminal: " + std::generic_category().message(errno);
@@ -52,7 +52,7 @@ std::vector<std::uint8_t> PseudoTerminal::Read() const {
 }
 
 void PseudoTerminal::Write(std::span<const std::uint8_t> bytes) const {
-  // A cable with nobody at its other end loses what is sent: when no room is left the rest is dropped.
+  // Like a cable with nobody at the other end: when the buffer is full the rest is lost.
   while (!bytes.empty()) {
     const ssize_t count = write(m_master, bytes.data(), bytes.size());
     if (count <= 0) return;

@@ -1,4 +1,4 @@
-// The device at which the simulated radio is found: a pseudo-terminal, seen from the radio's end.
+// The serial device of the simulated radio: a pseudo-terminal, seen from the radio's side.
 #pragma once
 
 #include <chrono>
@@ -19,20 +19,20 @@ public:
   PseudoTerminal(const PseudoTerminal&) = delete;
   PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
-  [[nodiscard]] std::optional<std::string> Open(); // on failure the reason
+  [[nodiscard]] std::optional<std::string> Open(); // returns the reason of a failure
   [[nodiscard]] const std::string& Device() const { return m_device; }
 
-  // Sleeps until bytes come in, the time is over or a signal outside `blocked` arrives.
+  // Waits for bytes, the end of the time, or a signal that is not in `blocked`.
   void Wait(std::chrono::nanoseconds atMost, const sigset_t& blocked) const;
-  [[nodiscard]] std::vector<std::uint8_t> Read() const; // what has come in, possibly nothing
+  [[nodiscard]] std::vector<std::uint8_t> Read() const;
   void Write(std::span<const std::uint8_t> bytes) const;
 
-  // Lets the next program open the device although one that kept it for itself was killed.
+  // Lets a program open the device after one that had it exclusively was killed.
   void EndExclusiveUse() const;
 
 private:
   int m_master = -1;
-  // Open all the time: without it the device would hang up whenever a program closes it.
+  // Kept open, or the device would hang up whenever a program closes it.
   int m_slave = -1;
   std::string m_device;
 };

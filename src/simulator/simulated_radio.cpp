@@ -20,7 +20,7 @@ constexpr std::array<std::uint8_t, 4> ReadWord = {0x72, 0x45, 0x41, 0x44};
 constexpr std::array<std::uint8_t, 5> WriteWord = {0x77, 0x52, 0x49, 0x54, 0x45};
 constexpr std::array<std::uint8_t, 12> EndPacket = {0x57, 0xAA, 0xAA, 0xAA, 0x55, 0x55,
                                                     0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
-constexpr std::size_t EndMarkBytes = 4; // of the end packet, which alone end reading
+constexpr std::size_t EndMarkBytes = 4; // at the start of the end packet; alone they end reading
 constexpr std::uint8_t RecordMark = 0x57;
 constexpr std::size_t RecordBytes = 8;
 constexpr std::size_t RecordHeaderBytes = 4;
@@ -28,8 +28,8 @@ constexpr std::size_t RecordHeaderBytes = 4;
 constexpr std::uint8_t Acknowledge = 0x06;
 constexpr std::uint8_t Refusal = 0x15;
 
-// A message that pauses longer was given up by its sender. Adapters hold bytes back for up to 16 ms; the computer
-// pauses at least 80 ms before it starts anew.
+// After a longer pause the rest of a message will not come. Adapters delay bytes by up to 16 ms; the computer waits at
+// least 80 ms before a new try.
 constexpr auto MessageGap = 40ms;
 constexpr auto SplitPause = 50ms;
 constexpr auto StatusDelay = 400ms;
@@ -43,7 +43,7 @@ constexpr bool IsReadOnly(std::size_t address) {
   return isIdentity || isFirmware;
 }
 
-// Whether one of the two is the beginning of the other.
+// Whether one of the two starts with the other.
 bool Agree(std::span<const std::uint8_t> heard, std::span<const std::uint8_t> message) {
   const std::size_t common = std::min(heard.size(), message.size());
   return std::equal(heard.begin(), heard.begin() + static_cast<std::ptrdiff_t>(common), message.begin());
@@ -84,7 +84,7 @@ std::vector<std::uint8_t> SimulatedRadio::TakeReplies(Moment now) {
 }
 
 void SimulatedRadio::DropStaleMessage() {
-  // A write session that is ended by the mark alone ends without a status.
+  // The mark alone ends a write session too, without a status.
   const bool isEnd = m_heard.size() >= EndMarkBytes && Agree(m_heard, EndPacket);
   if (isEnd) EndSession();
   m_heard.clear();
@@ -117,11 +117,11 @@ std::size_t SimulatedRadio::TakeEnd() {
     return EndPacket.size();
   }
   EndSession();
-  return EndMarkBytes; // what follows the mark after reading is noise to a radio without a session
+  return EndMarkBytes; // after reading, what follows the mark is noise outside a session
 }
 
 std::size_t SimulatedRadio::TakeRecord() {
-  // Told as early as possible, so that little is lost of what follows a damaged header.
+  // Refuse a damaged header as early as possible, so that little of what follows is lost.
   if (m_heard[1] >= RadioMemoryBytes / 256) return 1;
   if (m_heard.size() > 2 && m_heard[2] % RecordBytes != 0) return 1;
   if (m_heard.size() > 3 && m_heard[3] != RecordBytes) return 1;
@@ -167,7 +167,7 @@ void SimulatedRadio::AnswerWakeUp() {
   }
   if (m_session == Session::Read) return Answer({Acknowledge}, isNoisy);
 
-  // 52, the four band bytes, 00 30, two bytes of no meaning
+  // 52, the four band bytes, 00 30, two unused bytes
   Bytes identity = {'R', 0, 0, 0, 0, 0x00, 0x30, 0x00, 0x00};
   std::copy_n(m_memory.begin() + BandAddress, 4, identity.begin() + 1);
   if (m_faults.Throughout(Fault::OtherBand)) {

@@ -1,5 +1,4 @@
-// The radio's side of the programming protocol: bytes in with the moments they were written, bytes out with the
-// moments they are due. It does no input or output and reads no clock.
+// The radio's side of the protocol: bytes in and out with their times. It does no input or output and reads no clock.
 #pragma once
 
 #include "fault_plan.h"
@@ -17,20 +16,20 @@ class SimulatedRadio {
 public:
   using Moment = std::chrono::microseconds;
 
-  // `characterTime` is what one character takes on the line, in either direction; 0 for a line without delay.
+  // `characterTime` is the time of one character on the line, 0 for no delay.
   SimulatedRadio(const RadioMemory& memory, Moment characterTime, FaultPlan faults = {});
 
-  // The computer wrote these bytes at that moment. Moments never go back.
+  // Bytes that the computer wrote. Times must not decrease.
   void Hear(std::span<const std::uint8_t> bytes, Moment writtenAt);
 
-  // When the next bytes have arrived at the computer; nothing when none are on their way.
+  // When the next reply has arrived at the computer; nullopt if there is none.
   [[nodiscard]] std::optional<Moment> NextReplyAt() const;
-  // All bytes that have arrived by then and were not taken before.
+  // The bytes that have arrived since the last call.
   [[nodiscard]] std::vector<std::uint8_t> TakeReplies(Moment now);
 
   [[nodiscard]] const RadioMemory& Memory() const { return m_memory; }
-  [[nodiscard]] unsigned EndedSessions() const { return m_endedSessions; } // by an end packet
-  [[nodiscard]] bool HasVanished() const { return m_hasVanished; }         // as planned
+  [[nodiscard]] unsigned EndedSessions() const { return m_endedSessions; } // by an end packet or its mark
+  [[nodiscard]] bool HasVanished() const { return m_hasVanished; }         // by the fault "vanish"
 
 private:
   enum class Session : std::uint8_t { None, Read, Write };
@@ -40,7 +39,7 @@ private:
   };
   using Bytes = std::vector<std::uint8_t>;
 
-  // Each deals with what stands at the front of m_heard and tells how many bytes that was; 0 when more must come.
+  // Handle the start of m_heard and return how many bytes they used, 0 to wait for more.
   std::size_t TakeMessage();
   std::size_t TakeEnd();
   std::size_t TakeRecord();
@@ -62,7 +61,7 @@ private:
   Session m_session = Session::None;
   int m_record = 0;  // of the session, counted from 0
   int m_wakeUps = 0; // in a row without an answer
-  Bytes m_heard;     // of a message that is not complete
+  Bytes m_heard;     // of an incomplete message
   Moment m_heardAt{0};
   std::deque<Reply> m_replies;
   Moment m_lineFreeAt{0};

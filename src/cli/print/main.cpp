@@ -1,5 +1,5 @@
-// mr4500x-cli-print FILE OUT.pdf REPORTS: what mr4500x-cli becomes for its command print, so that its other commands
-// start without the libraries that draw pages. The arguments have been checked there.
+// mr4500x-cli-print FILE OUT.pdf REPORTS: runs the print command of mr4500x-cli, whose other commands thus start
+// without the libraries that draw pages. mr4500x-cli has checked the arguments.
 #include "machine.h"
 #include "posix_file_system.h"
 #include "print_command.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-// What Qt finds worth telling of a session without a desktop is no concern of a script's.
+// Keeps Qt's warnings about a missing desktop from scripts.
 void DropDiagnostics(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
   if (type == QtFatalMsg) std::cerr << text.toStdString() << '\n';
 }
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     std::cerr << "This is a part of mr4500x-cli: see mr4500x-cli print --help.\n";
     return static_cast<int>(mr4500x::ExitStatus::UnusableArguments);
   }
-  signal(SIGXFSZ, SIG_IGN); // a file that may not grow is a failed save with its message
+  signal(SIGXFSZ, SIG_IGN); // at a file size limit a save fails with its message
   qInstallMessageHandler(DropDiagnostics);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   try {
@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
     mr4500x::Terminal terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0};
     return static_cast<int>(
         mr4500x::RunPrint(files, argv[1], argv[2], *choice, QLocale(), mr4500x::LocalNow(), terminal));
-  } catch (const std::exception& error) { // out of memory, in the main
+  } catch (const std::exception& error) { // mostly out of memory
     std::cerr << error.what() << '\n';
     return static_cast<int>(mr4500x::ExitStatus::Failed);
   }

@@ -1,4 +1,4 @@
-// print: the reports of a data file as a PDF file.
+// The print command: the reports of a data file as a PDF file.
 #pragma once
 
 #include "exit_status.h"
@@ -14,11 +14,10 @@
 
 namespace mr4500x {
 
-// "channels,tts,info", or some of them in any order; nothing for another name or for none.
+// "channels,tts,info" or some of them in any order; nullopt for an unknown or empty name.
 [[nodiscard]] std::optional<ReportChoice> ParseReports(std::string_view names);
 
-// The pages that the desktop program prints of the same file. Numbers and date are written as the locale has them,
-// which is the window's way too.
+// Prints the same pages as the desktop program, with numbers and date in the user's locale.
 [[nodiscard]] ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::string& pdfFile,
                                   const ReportChoice& choice, const QLocale& locale, const LocalTime& now,
                                   Terminal& terminal);
