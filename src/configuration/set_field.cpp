@@ -242,24 +242,19 @@ std::string AllowedBox(const Configuration& configuration, Box box) {
   const int pttId = configuration[ChoiceList::PttId].position;
   const std::string unsent =
       "---------------- while PTT ID is " + std::string(TextOf(configuration, ChoiceList::PttId));
+  // clang-format off
   switch (box) {
-  case Box::LowerBandLimit:
-    return InWords({LowestBandLimit, band.upper - 1});
-  case Box::UpperBandLimit:
-    return InWords({band.lower + 1, HighestBandLimit});
-  case Box::EmergencyAni:
-    return std::string(DigitsAllowed);
-  case Box::ConnectId:
-    return SendsConnectId(pttId) ? std::string(DigitsAllowed) : unsent;
-  case Box::DisconnectId:
-    return SendsDisconnectId(pttId) ? std::string(DigitsAllowed) : unsent;
-  case Box::AutoResetTime:
-    return "OFF or " + InWords(ResetTimes);
+  case Box::LowerBandLimit: return InWords({LowestBandLimit, band.upper - 1});
+  case Box::UpperBandLimit: return InWords({band.lower + 1, HighestBandLimit});
+  case Box::EmergencyAni:   return std::string(DigitsAllowed);
+  case Box::ConnectId:      return SendsConnectId(pttId) ? std::string(DigitsAllowed) : unsent;
+  case Box::DisconnectId:   return SendsDisconnectId(pttId) ? std::string(DigitsAllowed) : unsent;
+  case Box::AutoResetTime:  return "OFF or " + InWords(ResetTimes);
   case Box::ScanSignal:
   case Box::InUse:
-  case Box::TxAllowed:
-    break;
+  case Box::TxAllowed:      break;
   }
+  // clang-format on
   return "true or false";
 }
 

@@ -143,15 +143,9 @@ LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image)
 
 LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image) {
   std::vector<std::uint8_t> bytes;
-  switch (ReadFile(files, path, DataFileReadLimit, bytes)) {
-  case ReadOutcome::Read:
-    return ParseDataFile(bytes, image);
-  case ReadOutcome::Missing:
-    return {LoadOutcome::Missing};
-  case ReadOutcome::Failed:
-    break;
-  }
-  return {LoadOutcome::Damaged};
+  const ReadOutcome outcome = ReadFile(files, path, DataFileReadLimit, bytes);
+  if (outcome == ReadOutcome::Read) return ParseDataFile(bytes, image);
+  return {outcome == ReadOutcome::Missing ? LoadOutcome::Missing : LoadOutcome::Damaged};
 }
 
 bool SaveDataFile(FileSystem& files, const std::string& path, const RadioImage& image) {

@@ -16,17 +16,15 @@ inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version 
 
 // nullopt for Loaded.
 [[nodiscard]] inline std::optional<Message> MessageFor(LoadOutcome outcome) {
+  // clang-format off
   switch (outcome) {
-  case LoadOutcome::Loaded:
-    return std::nullopt;
-  case LoadOutcome::LaterVersion:
-    return Message{MessageIcon::Information, "Error", "Later Version of this File!"};
-  case LoadOutcome::ErrorVersion:
-    return Message{MessageIcon::Information, "Error", "Error Version of this File!"};
+  case LoadOutcome::Loaded:       return std::nullopt;
+  case LoadOutcome::LaterVersion: return Message{MessageIcon::Information, "Error", "Later Version of this File!"};
+  case LoadOutcome::ErrorVersion: return Message{MessageIcon::Information, "Error", "Error Version of this File!"};
   case LoadOutcome::Missing:
-  case LoadOutcome::Damaged:
-    break;
+  case LoadOutcome::Damaged:      break;
   }
+  // clang-format on
   return Message{MessageIcon::Exclamation, "Open File Error", "File has been damaged!"};
 }
 
