@@ -1,25 +1,16 @@
 // Open, Close, Save, Save As and the recent files, through the main window.
 #include "program_fixture.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QTableView>
-
 namespace mr4500x {
 namespace {
 
-TEST_F(ProgramTest, OpensAFileAndKnowsItAgain) {
+TEST_F(ProgramTest, KnowsTheOpenFileAgain) {
   image.ChannelBlock(0, 1) = 0x21;
   PutDataFile("a.K4X");
   OpenFile("a.K4X");
   EXPECT_EQ(window->Image().ChannelBlock(0, 1), 0x21);
-  EXPECT_FALSE(window->State().ModifiedFlag);
-  EXPECT_TRUE(Item("mnuFileClose")->isEnabled());
-  const FileQuestion& asked = desk.questions.back();
-  EXPECT_EQ(asked.filter, "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y");
-  EXPECT_EQ(asked.folder, Path(""));
-  EXPECT_EQ(asked.extension, "K4X");
-
+  EXPECT_EQ(desk.lastQuestion.filter, "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y");
+  EXPECT_EQ(desk.lastQuestion.folder, Path(""));
   Edit();
   OpenFile("a.K4X"); // neither asks nor reads
   EXPECT_TRUE(window->State().ModifiedFlag);
@@ -33,69 +24,59 @@ TEST_F(ProgramTest, OpensAFileAndKnowsItAgain) {
 TEST_F(ProgramTest, RefusesFilesThatAreNone) {
   PutDataFile("good.K4X");
   const std::string good = Content("good.K4X");
-  const std::string notice =
-      "!|New Version File|This software version isn't applied to the radio, please use new software.";
-  const auto changed = [&](std::size_t at, std::size_t count, const std::string& with) {
-    return std::string(good).replace(at, count, with);
-  };
   const struct {
-    std::string content;
-    Lines messages;
-    bool opens;
+    const char* name;
+    std::size_t at, count; // that are replaced
+    std::string with;
+    std::string message;
+    bool opens = false;
   } cases[] = {
-      {good.substr(0, 600), {damaged}, false},
-      {"", {damaged}, false},
-      {changed(4 + 17, 2, "18"), {"i|Error|Error Version of this File!"}, false},
-      {changed(4 + 13, 6, "LR7209"), {"i|Error|Later Version of this File!"}, false},
-      {changed(51, 2, std::string("\x02\0\x01\0", 4)), {notice}, true},
+      {"cut off", 600, 1000, "", damaged},
+      {"empty", 0, 1000, "", damaged},
+      {"another version", 4 + 17, 2, "18", "i|Error|Error Version of this File!"},
+      {"another radio", 4 + 13, 6, "LR7209", "i|Error|Later Version of this File!"},
+      {"newer", 51, 2, std::string("\x02\0\x01\0", 4),
+       "!|New Version File|This software version isn't applied to the radio, please use new software.", true},
   };
-  for (const auto& [content, messages, opens] : cases) {
-    Put("b.K4X", content);
+  for (const auto& [name, at, count, with, message, opens] : cases) {
+    SCOPED_TRACE(name);
+    Put("b.K4X", std::string(good).replace(at, count, with));
     desk.paths = {Path("b.K4X")};
     Choose("mnuFileOpen");
-    Lines expected = {"dialog Open"};
-    expected.insert(expected.end(), messages.begin(), messages.end());
-    EXPECT_EQ(Happened(), expected);
-    EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : ProgramTitle);
+    EXPECT_EQ(Happened(), (Lines{"dialog Open", message}));
+    EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
     EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens);
   }
 }
 
 TEST_F(ProgramTest, AsksBeforeDataIsLost) {
-  PutDataFile("a.K4X");
-  PutDataFile("b.K4X");
-  const struct {
-    bool edited;
-    Answer answer;
-    bool asks, closes, saves;
-  } cases[] = {
-      {false, Answer::Cancel, false, true, false},
-      {true, Answer::Cancel, true, false, false},
-      {true, Answer::No, true, true, false},
-      {true, Answer::Yes, true, true, true},
+  // name, edited, answer, closes, saves
+  const std::tuple<const char*, bool, Answer, bool, bool> cases[] = {
+      {"nothing to save", false, Answer::Cancel, true, false},
+      {"cancelled", true, Answer::Cancel, false, false},
+      {"not saved", true, Answer::No, true, false},
+      {"saved", true, Answer::Yes, true, true},
   };
+  PutDataFile("b.K4X");
   for (const std::string command : {"mnuFileClose", "mnuFileOpen"})
-    for (const auto& [edited, answer, asks, closes, saves] : cases) {
-      SCOPED_TRACE(command + std::to_string(static_cast<int>(answer)) + std::to_string(edited));
-      const bool opens = command == "mnuFileOpen";
+    for (const auto& [name, edited, answer, closes, saves] : cases) {
+      SCOPED_TRACE(command + ' ' + name);
+      Start();
+      PutDataFile("a.K4X");
       OpenFile("a.K4X");
       std::filesystem::remove(Path("a.K4X"));
       if (edited) Edit();
       desk.answers = {answer};
+      const bool opens = command == "mnuFileOpen";
       if (opens) desk.paths = {Path("b.K4X")};
+      Lines expected(opens ? 1 : 0, "dialog Open");
+      if (edited) expected.push_back(question);
       Choose(command);
-      Lines expected;
-      if (opens) expected.emplace_back("dialog Open");
-      if (asks) expected.push_back(question);
       EXPECT_EQ(Happened(), expected);
-      EXPECT_EQ(Title(), !closes ? TitleOf("a.K4X") : opens ? TitleOf("b.K4X") : ProgramTitle);
+      EXPECT_EQ(Title(), !closes ? TitleOf("a.K4X") : opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
       EXPECT_EQ(window->State().ModifiedFlag, !closes);
       EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens || !closes);
-      EXPECT_EQ(std::filesystem::exists(Path("a.K4X")), saves);
-      PutDataFile("a.K4X");
-      desk.answers = {Answer::No};
-      Choose("mnuFileClose");
-      Happened();
+      EXPECT_EQ(Names().contains("a.K4X"), saves);
     }
 }
 
@@ -103,63 +84,47 @@ TEST_F(ProgramTest, CloseDropsTheTextOfAnOpenEditor) {
   PutDataFile("a.K4X");
   OpenFile("a.K4X");
   auto* const grid = window->findChild<QTableView*>("gridChannel");
-  auto* const editor = window->findChild<QLineEdit*>("txtChFreq");
-  grid->setFocus();
+  const auto* const editor = window->findChild<QLineEdit*>("txtChFreq");
   QTest::keyClick(grid, Qt::Key_Space);
   ASSERT_FALSE(editor->isHidden());
-  QTest::keyClicks(editor, "450.1");
-  bool hidden = false, unchanged = false;
+  QTest::keyClicks(window->findChild<QLineEdit*>("txtChFreq"), "450.1");
   desk.answers = {Answer::Cancel};
   desk.beforeAnswer = [&] {
-    hidden = editor->isHidden();
-    unchanged = grid->model()->index(0, 0).data() == "440.00000";
+    EXPECT_TRUE(editor->isHidden());
+    EXPECT_EQ(grid->model()->index(0, 0).data(), "440.00000");
   };
   Choose("mnuFileClose");
   EXPECT_EQ(Happened(), Lines{question});
-  EXPECT_TRUE(hidden);
-  EXPECT_TRUE(unchanged);
 }
 
 TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
-  Edit();
-  Choose("mnuFileSave"); // cancelled: nothing happens
-  EXPECT_EQ(Happened(), Lines{"dialog Save"});
-  EXPECT_EQ(Title(), ProgramTitle);
-  EXPECT_TRUE(window->State().ModifiedFlag);
-
-  const auto takeIntoUse = [&](int index) {
-    window->findChild<QCheckBox*>(QStringLiteral("chkCH(%1)").arg(index))->click();
+  // name, command, chosen in the dialog, effect, proposed, written file
+  const std::tuple<const char*, const char*, std::optional<std::string>, Lines, std::string, std::string> cases[] = {
+      {"new, cancelled", "mnuFileSave", {}, {"dialog Save"}, "", ""},
+      {"new", "mnuFileSave", "a.K4X", {"dialog Save"}, "", "a.K4X"},
+      {"elsewhere, cancelled", "mnuFileSaveAs", {}, {"dialog Save As"}, "a.K4X", ""},
+      {"elsewhere", "mnuFileSaveAs", "c.K4X", {"dialog Save As"}, "a.K4X", "c.K4X"},
+      {"once more", "mnuFileSave", {}, {}, "a.K4X", "c.K4X"},
   };
   constexpr std::size_t firstFlags = 73; // byte 0 of channel 1; those of the others follow
-  constexpr char inUse = '\x81';
-  takeIntoUse(1);
-  desk.paths = {Path("a.K4X")};
-  Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), Lines{"dialog Save"});
-  EXPECT_EQ(Content("a.K4X").at(firstFlags + 1), inUse);
-  EXPECT_EQ(desk.questions.back().filter, "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y");
-  EXPECT_EQ(Content("a.K4X").size(), DataFileBytes);
-  EXPECT_EQ(Title(), TitleOf("a.K4X"));
-  EXPECT_FALSE(window->State().ModifiedFlag);
-  EXPECT_TRUE(Item("mnuFileClose")->isEnabled());
-
-  std::filesystem::remove(Path("a.K4X"));
-  takeIntoUse(2);
-  Happened();
-  Choose("mnuFileSaveAs"); // cancelled
-  EXPECT_EQ(Happened(), Lines{"dialog Save As"});
-  EXPECT_EQ(Names(), std::set<std::string>{"MR4500X.ini"});
-  desk.paths = {Path("c.K4X")};
-  Choose("mnuFileSaveAs");
-  EXPECT_EQ(Content("c.K4X").at(firstFlags + 2), inUse);
-  EXPECT_EQ(desk.questions.back().proposedName, Path("a.K4X"));
-  EXPECT_EQ(Title(), TitleOf("c.K4X"));
-  std::filesystem::remove(Path("c.K4X"));
-  Edit();
-  Happened();
-  Choose("mnuFileSave"); // needs no dialog
-  EXPECT_EQ(Happened(), Lines{});
-  EXPECT_EQ(Names(), (std::set<std::string>{"MR4500X.ini", "c.K4X"}));
+  std::string title(ProgramTitle);
+  for (std::size_t channel = 1; const auto& [name, command, chosen, effect, proposed, written] : cases) {
+    SCOPED_TRACE(name);
+    window->findChild<QCheckBox*>(QStringLiteral("chkCH(%1)").arg(channel))->click(); // takes it into use
+    if (chosen) desk.paths = {Path(*chosen)};
+    Choose(command);
+    EXPECT_EQ(Happened(), effect);
+    EXPECT_EQ(desk.lastQuestion.proposedName, proposed.empty() ? "" : Path(proposed));
+    if (!written.empty()) {
+      title = TitleOf(written);
+      EXPECT_EQ(Content(written).substr(firstFlags + channel, 1), "\x81");
+      std::filesystem::remove(Path(written));
+    }
+    EXPECT_EQ(Names(), std::set<std::string>{"MR4500X.ini"});
+    EXPECT_EQ(Title(), title);
+    EXPECT_EQ(window->State().ModifiedFlag, written.empty());
+    ++channel;
+  }
 }
 
 TEST_F(ProgramTest, TellsThatAFileCouldNotBeSaved) {
@@ -182,17 +147,16 @@ TEST_F(ProgramTest, OpensRecentFilesAndForgetsMissingOnes) {
     PutDataFile(name);
     OpenFile(name);
   }
-  EXPECT_EQ(Recent(), (Lines{" 1 " + Path("c.K4X"), " 2 " + Path("a && b.K4X")})); // a doubled & is no access key
+  const std::string a = Path("a && b.K4X"), c = Path("c.K4X"); // a doubled & is no access key
+  EXPECT_EQ(Recent(), (Lines{" 1 " + c, " 2 " + a}));
   Choose("mnuRecent(2)");
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));
-  EXPECT_EQ(window->State().LastFileName, Path("a & b.K4X"));
-  EXPECT_EQ(Recent(), (Lines{" 1 " + Path("a && b.K4X"), " 2 " + Path("c.K4X")}));
+  EXPECT_EQ(Recent(), (Lines{" 1 " + a, " 2 " + c}));
   EXPECT_EQ(Happened(), Lines{});
-
-  std::filesystem::remove(Path("c.K4X"));
+  std::filesystem::remove(c);
   Choose("mnuRecent(2)");
   EXPECT_EQ(Happened(), Lines{damaged});
-  EXPECT_EQ(Recent(), Lines{" 1 " + Path("a && b.K4X")});
+  EXPECT_EQ(Recent(), Lines{" 1 " + a});
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));
 }
 

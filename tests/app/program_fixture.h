@@ -5,19 +5,15 @@
 #include "editor_panel.h"
 #include "files_fixture.h"
 #include "frm_main.h"
+#include "modal_dialog.h"
 #include "pdf_printer.h"
 #include "program_title.h"
 #include "require.h"
 #include "scripted_radio.h"
 #include "transfer_guard.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCloseEvent>
-#include <QLabel>
-#include <QMenuBar>
 #include <QTest>
-#include <QToolButton>
+#include <QtWidgets>
 
 #include <deque>
 
@@ -29,9 +25,8 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   Lines happened;
   std::deque<Answer> answers;                   // to questions
   std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
-  std::vector<FileQuestion> questions;
-  std::optional<FontDescription> font; // that the font dialog returns; nothing: cancelled
-  FontDescription presetFont;
+  FileQuestion lastQuestion;
+  std::optional<FontDescription> font;        // that the font dialog returns; nothing: cancelled
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
   PosixFileSystem files;
@@ -53,10 +48,7 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   void Close() override { showsProgress = false; }
   std::optional<std::string> AskOpen(const FileQuestion& question) override { return Ask(question); }
   std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
-  std::optional<FontDescription> AskFont(const FontDescription& preset) override {
-    presetFont = preset;
-    return font;
-  }
+  std::optional<FontDescription> AskFont(const FontDescription&) override { return font; }
   std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
   void OpenContents() override { happened.emplace_back("help contents"); }
@@ -65,23 +57,11 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
 private:
   std::optional<std::string> Ask(const FileQuestion& question) {
     happened.push_back("dialog " + question.title);
-    questions.push_back(question);
+    lastQuestion = question;
     if (paths.empty()) return std::nullopt;
     std::optional<std::string> path = paths.front();
     paths.pop_front();
     return path;
-  }
-};
-
-// Lets the window's own timers and input run while a transfer waits.
-struct DeskClock final : Clock {
-  ScriptedRadio& radio;
-  std::function<void()> duringWait = [] {};
-  explicit DeskClock(ScriptedRadio& scripted) : radio(scripted) {}
-  Moment Now() override { return radio.Now(); }
-  void WaitUntil(Moment moment) override {
-    duringWait();
-    radio.WaitUntil(moment);
   }
 };
 
@@ -96,12 +76,12 @@ protected:
 
   void Start() {
     window = std::make_unique<FrmMain>(
-        MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, clock, input,
+        MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, radio, input,
                      Path("MR4500X.ini"), Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
-                     [this](const WindowGeometry& geometry) {
+                     [this](const WindowGeometry& geometry) { // at 96 dots an inch
                        desk.happened.emplace_back("geometry");
-                       stored = geometry;
+                       EXPECT_EQ(geometry.width, window->frameGeometry().width() * 15);
                      },
                      [this](const std::string& page) { desk.happened.push_back("link " + page); }});
     window->show();
@@ -140,9 +120,7 @@ protected:
   ScriptedDesk desk;
   ScriptedRadio radio;
   SerialPort* serialPort = nullptr; // instead of the radio's
-  DeskClock clock{radio};
   UserInput input;
-  std::optional<WindowGeometry> stored;
   std::unique_ptr<FrmMain> window;
 };
 
