@@ -10,13 +10,8 @@ namespace mr4500x {
 namespace {
 
 TEST(TerminalTest, TheBandQuestionIsAnsweredBySomebodyOrByTheRule) {
-  const struct {
-    const char* name;
-    const char* typed;
-    bool answersQuestions;
-    BandAnswer band;
-    bool accepted;
-  } cases[] = {
+  // name, typed, whether somebody answers, the rule, accepted
+  const std::tuple<const char*, const char*, bool, BandAnswer, bool> cases[] = {
       {"yes", "Yes\n", true, BandAnswer::Ask, true},
       {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, BandAnswer::Ask, true},
       {"no", "NO\n", true, BandAnswer::Ask, false},
@@ -26,8 +21,7 @@ TEST(TerminalTest, TheBandQuestionIsAnsweredBySomebodyOrByTheRule) {
   };
   for (const auto& [name, typed, answersQuestions, band, accepted] : cases) {
     SCOPED_TRACE(name);
-    std::ostringstream out;
-    std::ostringstream err;
+    std::ostringstream out, err;
     std::istringstream in(typed);
     const Terminal terminal{out, err, in, answersQuestions, false};
     EXPECT_EQ(TerminalObserver(terminal, band).AcceptsOtherBand(), accepted);
@@ -50,9 +44,8 @@ TEST(TerminalTest, ProgressIsOneLineThatNeverGoesBack) {
 }
 
 TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
-  for (const char* const bad : {"", "0", "17", "00000000000001", "COM17"}) {
+  for (const char* const bad : {"", "0", "17", "00000000000001", "COM17"})
     EXPECT_FALSE(ParsePortArgument(bad)) << bad;
-  }
   EXPECT_EQ(NameOf(*ParsePortArgument("16")), "COM16");
   EXPECT_EQ(NameOf(*ParsePortArgument("com3")), "COM3");
   EXPECT_EQ(NameOf(*ParsePortArgument("/dev/ttyUSB0")), "/dev/ttyUSB0");
