@@ -11,7 +11,6 @@
 #include <optional>
 
 namespace mr4500x {
-namespace {
 
 constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to continue?";
 constexpr char OpenTitle[] = "Open";
@@ -27,8 +26,6 @@ constexpr char SaveFilter[] = "Data files(*.K4X)"
                               "Data files(*.K4Y)"
                               "|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
-
-} // namespace
 
 void FileCommands::Open() {
   m_context.panel.CommitOpenEditors();

@@ -136,67 +136,51 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
 void FrmMain::OpenGiven(const std::string& path) {
   RunCommand([&] { m_fileCommands->OpenGiven(path); });
 }
-
 void FrmMain::mnuFileOpen_Click() {
   RunCommand([this] { m_fileCommands->Open(); });
 }
-
 void FrmMain::mnuFileClose_Click() {
   RunCommand([this] { m_fileCommands->Close(); });
 }
-
 void FrmMain::mnuFileSave_Click() {
   RunCommand([this] { m_fileCommands->Save(); });
 }
-
 void FrmMain::mnuFileSaveAs_Click() {
   RunCommand([this] { m_fileCommands->SaveAs(); });
 }
-
 void FrmMain::mnuFilePrint_Click() {
   RunCommand([this] { PrintChosenReports(m_services, *m_panel, m_image, this); });
 }
-
 void FrmMain::mnuFileExit_Click() {
   close();
 }
-
 void FrmMain::mnuEditCopy_Click() {
   RunCommand([this] { m_panel->Copy(); });
 }
-
 void FrmMain::mnuEditPaste_Click() {
   RunCommand([this] { m_panel->Paste(); });
 }
-
 void FrmMain::mnuOptionChannels_Click() {
   ShowView(View::Channel);
 }
-
 void FrmMain::mnuOptionFunction_Click() {
   ShowView(View::Function);
 }
-
 void FrmMain::mnuProgramRead_Click() {
   RunCommand([this] { m_radioCommands->Read(); });
 }
-
 void FrmMain::mnuProgramWrite_Click() {
   RunCommand([this] { m_radioCommands->Write(); });
 }
-
 void FrmMain::mnuEmbedInfo_Click() {
   RunCommand([this] { m_embedCommands->Info(); });
 }
-
 void FrmMain::mnuEmbedRead_Click() {
   RunCommand([this] { m_embedCommands->Read(); });
 }
-
 void FrmMain::mnuEmbedWrite_Click() {
   RunCommand([this] { m_embedCommands->Write(); });
 }
-
 void FrmMain::mnuCommPortPort_Click() {
   RunCommand([this] { m_radioCommands->Port(); });
 }

@@ -9,12 +9,9 @@
 #include <QVBoxLayout>
 
 namespace mr4500x {
-namespace {
 
 constexpr std::array<const char*, 3> Reports = {"Channel Settings and Global Settings", "TTS", "Embedded Information"};
 constexpr char NothingChosenText[] = "Please select items you want to print.";
-
-} // namespace
 
 FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
     : QDialog(parent), m_printers(printers), m_messages(messages) {

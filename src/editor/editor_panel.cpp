@@ -92,9 +92,8 @@ DecodeEnd EditorPanel::Fill() {
   const Decoded decoded = Decode(m_image, m_texts);
   SettleAfterFill(m_image);
   SetControls(decoded);
-  if (decoded.end == DecodeEnd::DataError) {
+  if (decoded.end == DecodeEnd::DataError)
     m_messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
-  }
   return decoded.end;
 }
 
@@ -154,9 +153,8 @@ void EditorPanel::Collect() {
 
 std::array<ChannelTexts, ChannelCount> EditorPanel::ChannelsOfImage() const {
   std::array<ChannelTexts, ChannelCount> channels;
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
     channels[channel] = TextsOfChannel(m_image, channel, m_texts);
-  }
   return channels;
 }
 
@@ -188,11 +186,9 @@ EntryBox* EditorPanel::OpenEntry() const {
 void EditorPanel::Copy() {
   if (const EntryBox* const box = OpenEntry()) box->CopyWhole();
 }
-
 void EditorPanel::Paste() {
   if (EntryBox* const box = OpenEntry()) box->PasteWhole();
 }
-
 void EditorPanel::ShowChannelView() {
   m_views->stack->setCurrentIndex(ChannelView);
 }

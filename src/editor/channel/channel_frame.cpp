@@ -55,9 +55,8 @@ CharacterFilter FrequencyFilter(char separator) {
 
 QStringList ToneItems(const FieldTexts& texts) {
   QStringList items;
-  for (const std::string& choice : ToneChoiceList(texts)) {
+  for (const std::string& choice : ToneChoiceList(texts))
     items.append(QString::fromStdString(choice));
-  }
   return items;
 }
 
@@ -172,11 +171,9 @@ void ChannelFrame::StoreChannelGrid(std::array<ChannelTexts, ChannelCount>& chan
 }
 
 void ChannelFrame::ResetSelcallCells() {
-  for (int channel = 0; channel < static_cast<int>(ChannelCount); ++channel) {
-    for (const GridColumn column : SelcallColumns) {
+  for (int channel = 0; channel < static_cast<int>(ChannelCount); ++channel)
+    for (const GridColumn column : SelcallColumns)
       m_gridChannel->SetText(channel, column, QStringLiteral("OFF"));
-    }
-  }
 }
 
 void ChannelFrame::chkCH_Click(int channel) {
@@ -198,9 +195,8 @@ void ChannelFrame::ColourRxCells(int channel) {
     return;
   }
   m_gridChannel->SetColour(channel, GridColumn::RxFreq, GridColumn::TailCut, CellColour::Green);
-  if (m_gridChannel->Text(channel, GridColumn::TailCut) == QLatin1String("OFF")) {
+  if (m_gridChannel->Text(channel, GridColumn::TailCut) == QLatin1String("OFF"))
     m_gridChannel->SetColour(channel, GridColumn::TailCut, GridColumn::TailCut, CellColour::Grey);
-  }
   m_gridChannel->SetColour(channel, GridColumn::PttId, GridColumn::GroupCall, CellColour::Navy);
 }
 

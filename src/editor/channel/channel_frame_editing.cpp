@@ -28,11 +28,9 @@ constexpr int ToneEditorInset = 15;
 bool IsTransmit(GridColumn column) {
   return column >= GridColumn::TxFreq && column <= GridColumn::HighTxPower;
 }
-
 QString SideName(GridColumn column) {
   return IsTransmit(column) ? ChannelFrame::tr("transmit") : ChannelFrame::tr("receive");
 }
-
 QRgb SideColour(GridColumn column) {
   return IsTransmit(column) ? TealText : GreenText;
 }
@@ -98,11 +96,10 @@ void ChannelFrame::ToggleText(int channel, GridColumn column) {
     toggle("AND", "OR");
     break;
   case GridColumn::TailCut:
-    if (m_gridChannel->Text(channel, GridColumn::RxTone) == QLatin1String("OFF")) {
+    if (m_gridChannel->Text(channel, GridColumn::RxTone) == QLatin1String("OFF"))
       SetTailCut(channel, false);
-    } else {
+    else
       toggle("OFF", "ON");
-    }
     break;
   case GridColumn::HighTxPower:
     toggle("Permit", "Prohibit");

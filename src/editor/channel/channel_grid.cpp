@@ -51,11 +51,9 @@ constexpr int ColourRole = Qt::UserRole;
 const ColumnLook& LookOf(GridColumn column) {
   return Looks[static_cast<std::size_t>(column)];
 }
-
 QString HeaderText(GridColumn column) {
   return column == GridColumn::ChannelNo ? ChannelGrid::tr("CH No.") : QString::fromUtf8(LabelOf(column));
 }
-
 int TableColumn(GridColumn column) {
   return static_cast<int>(column) - 1;
 }
@@ -155,12 +153,10 @@ ChannelGrid::ChannelGrid(QWidget* parent)
   setSelectionMode(NoSelection);
   setWordWrap(false);
   setHorizontalHeader(new TwoLineHeader(this));
-  for (int column = 0; column < columnCount(); ++column) {
+  for (int column = 0; column < columnCount(); ++column)
     setHorizontalHeaderItem(column, new QTableWidgetItem(HeaderText(static_cast<GridColumn>(column + 1))));
-  }
-  for (int row = 0; row < rowCount(); ++row) {
+  for (int row = 0; row < rowCount(); ++row)
     setVerticalHeaderItem(row, new QTableWidgetItem(tr(" CH%1").arg(row + 1)));
-  }
   m_corner->setAlignment(Qt::AlignCenter);
   m_corner->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -168,7 +164,6 @@ ChannelGrid::ChannelGrid(QWidget* parent)
 QString ChannelGrid::Text(int channel, GridColumn column) const {
   return item(channel, TableColumn(column))->text();
 }
-
 void ChannelGrid::SetText(int channel, GridColumn column, const QString& text) {
   item(channel, TableColumn(column))->setText(text);
 }
@@ -196,9 +191,8 @@ int ChannelGrid::CellWidthNeeded(GridColumn column) const {
   const bool label = column == GridColumn::ChannelNo;
   const QFontMetrics metrics = label ? verticalHeader()->fontMetrics() : fontMetrics();
   int width = 0;
-  for (const char* const text : LookOf(column).widest) {
+  for (const char* const text : LookOf(column).widest)
     width = std::max(width, metrics.horizontalAdvance(QLatin1String(text)));
-  }
   const int margin =
       style()->pixelMetric(label ? QStyle::PM_HeaderMargin : QStyle::PM_FocusFrameHMargin, nullptr, this);
   return width + 2 * (margin + 1) + 1; // the grid line
@@ -241,7 +235,6 @@ void ChannelGrid::FitToFont(int toneEditorWidth) {
 int ChannelGrid::Scaled(double twips) const {
   return static_cast<int>(std::lround(twips * m_pixelsPerTwip));
 }
-
 int ChannelGrid::WidthOf(GridColumn column) const {
   return column == GridColumn::ChannelNo ? verticalHeader()->width() : columnWidth(TableColumn(column));
 }
@@ -253,9 +246,8 @@ int ChannelGrid::MiddleOfRow(int channel) const {
 
 QPoint ChannelGrid::EditorCorner(int channel, GridColumn column, int inset) const {
   int left = x() + Pixels(EditorLeftTwips + inset, *this);
-  for (std::size_t i = 0; i < static_cast<std::size_t>(column); ++i) {
+  for (std::size_t i = 0; i < static_cast<std::size_t>(column); ++i)
     left += WidthOf(static_cast<GridColumn>(i));
-  }
   return {left, y() + ChannelRowHeight() * (channel + 2) + Pixels(EditorTopTwips, *this)};
 }
 

@@ -28,9 +28,8 @@ FrmGroup::FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent) : QDi
   ShowCell();
   const Mode mode = ttsMode ? Tts : FiveTone;
   m_optSig[ttsMode ? FiveTone : Tts]->setEnabled(false);
-  for (QRadioButton* const option : m_optSig) {
+  for (QRadioButton* const option : m_optSig)
     connect(option, &QRadioButton::toggled, this, &FrmGroup::optSig_Click);
-  }
   m_optSig[mode]->setChecked(true);
   optSig_Click();
   // A value that the list does not offer stays unless the user picks another.
@@ -68,15 +67,13 @@ void FrmGroup::LayOut() {
 }
 
 void FrmGroup::ShowCell() {
-  for (std::size_t i = 0; i < m_cboTwoSig.size(); ++i) {
+  for (std::size_t i = 0; i < m_cboTwoSig.size(); ++i)
     m_cboTwoSig[i]->setCurrentIndex(std::max(0, static_cast<int>(CellTexts()[i].indexOf(m_cellText))));
-  }
 }
 
 void FrmGroup::optSig_Click() {
-  for (std::size_t i = 0; i < m_optSig.size(); ++i) {
+  for (std::size_t i = 0; i < m_optSig.size(); ++i)
     m_cboTwoSig[i]->setEnabled(m_optSig[i]->isChecked());
-  }
 }
 
 void FrmGroup::cmdOK_Click() {

@@ -14,12 +14,9 @@
 #include <QScopedValueRollback>
 
 namespace mr4500x {
-namespace {
 
 constexpr int CodeLength = 5;
 constexpr int TtsEntries = 8;
-
-} // namespace
 
 FrmTwoFive::FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, MessageView& messages, QWidget* parent)
     : QDialog(parent), m_messages(messages), m_cellText(cellText) {
@@ -31,13 +28,11 @@ FrmTwoFive::FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, Messa
   m_optSig[FiveTone]->setVisible(!ttsMode);
   m_txtFiveSig->setVisible(!ttsMode);
   for (QWidget* const field :
-       std::initializer_list<QWidget*>{m_optSig[Off], m_optSig[Tts], m_optSig[FiveTone], m_cboTwoSig, m_txtFiveSig}) {
+       std::initializer_list<QWidget*>{m_optSig[Off], m_optSig[Tts], m_optSig[FiveTone], m_cboTwoSig, m_txtFiveSig})
     SetTextColour(*field, colour, *this);
-  }
   ShowCell();
-  for (QRadioButton* const option : m_optSig) {
+  for (QRadioButton* const option : m_optSig)
     connect(option, &QRadioButton::toggled, this, &FrmTwoFive::optSig_Click);
-  }
   connect(m_txtFiveSig, &EntryBox::Left, this, &FrmTwoFive::txtFiveSig_LostFocus);
   connect(m_txtFiveSig, &EntryBox::Confirmed, m_cmdOK, &QPushButton::click);
   connect(m_txtFiveSig, &EntryBox::Escaped, this, &FrmTwoFive::reject);
@@ -59,9 +54,8 @@ void FrmTwoFive::LayOut() {
   m_cboTwoSig = new QComboBox(this);
   m_cboTwoSig->setObjectName("cboTwoSig");
   m_cboTwoSig->setAccessibleName(tr("Entry of the TTS table"));
-  for (int entry = 1; entry <= TtsEntries; ++entry) {
+  for (int entry = 1; entry <= TtsEntries; ++entry)
     m_cboTwoSig->addItem(QString::number(entry));
-  }
   layout->addWidget(m_cboTwoSig, Tts, 1);
   addOption(FiveTone, tr("5 Tone"), tr("5 tone selective call"));
   m_txtFiveSig = new EntryBox("txtFiveSig", CodeLength, DigitFilter, tr("5 tone code, five digits"), this);

@@ -36,19 +36,17 @@ QSize ArrowPair::sizeHint() const {
 
 // There is no number to type.
 void ArrowPair::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
     QSpinBox::keyPressEvent(event);
-  } else {
+  else
     event->ignore();
-  }
 }
 
 void ArrowPair::wheelEvent(QWheelEvent* event) {
-  if (hasFocus()) {
+  if (hasFocus())
     QSpinBox::wheelEvent(event);
-  } else {
+  else
     event->ignore();
-  }
 }
 
 } // namespace mr4500x

@@ -32,11 +32,10 @@ CellGrid::CellGrid(int rows, int columns, int firstColumn, QWidget* parent)
 }
 
 void CellGrid::MoveOn() {
-  if (currentColumn() < columnCount() - 1) {
+  if (currentColumn() < columnCount() - 1)
     setCurrentCell(currentRow(), currentColumn() + 1);
-  } else {
+  else
     setCurrentCell((currentRow() + 1) % rowCount(), m_firstColumn);
-  }
 }
 
 void CellGrid::mousePressEvent(QMouseEvent* event) {

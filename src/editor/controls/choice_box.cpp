@@ -45,11 +45,10 @@ ChoiceBox::ChoiceBox(const QString& objectName, const QStringList& items, const 
 
 void ChoiceBox::SetChoice(const Choice& choice) {
   m_unlisted = choice.unlisted;
-  if (choice.position == currentIndex()) {
+  if (choice.position == currentIndex())
     emit Selected(choice.position);
-  } else {
+  else
     setCurrentIndex(choice.position);
-  }
 }
 
 Choice ChoiceBox::Chosen() const {
@@ -95,11 +94,10 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
 
 // Turning the wheel scrolls the panel, not the list under the pointer.
 void ChoiceBox::wheelEvent(QWheelEvent* event) {
-  if (hasFocus()) {
+  if (hasFocus())
     QComboBox::wheelEvent(event);
-  } else {
+  else
     event->ignore();
-  }
 }
 
 } // namespace mr4500x

@@ -44,7 +44,6 @@ void EntryBox::PutText(const QString& text) {
 void EntryBox::CopyWhole() const {
   QGuiApplication::clipboard()->setText(text());
 }
-
 void EntryBox::PasteWhole() {
   PutText(QGuiApplication::clipboard()->text());
 }

@@ -12,9 +12,8 @@ bool MovesBetweenControls(const QFocusEvent& event) {
 }
 
 bool HoldsFocus(const QWidget& control) {
-  for (const QObject* holder = QApplication::focusWidget(); holder != nullptr; holder = holder->parent()) {
+  for (const QObject* holder = QApplication::focusWidget(); holder != nullptr; holder = holder->parent())
     if (holder == &control) return true;
-  }
   return false;
 }
 

@@ -12,9 +12,8 @@ namespace mr4500x {
 QStringList ItemTexts(std::span<const std::string_view> items) {
   QStringList texts;
   texts.reserve(static_cast<qsizetype>(items.size()));
-  for (const std::string_view item : items) {
+  for (const std::string_view item : items)
     texts.append(QString::fromUtf8(item));
-  }
   return texts;
 }
 

@@ -54,7 +54,6 @@ void GridFrame::ShowEditor(QWidget& editor, const QRect& place, QRgb colour) {
 EntryBox* GridFrame::OpenEntry() const {
   return m_entry->isHidden() ? nullptr : m_entry;
 }
-
 QString GridFrame::OpenText() const {
   return m_grid->item(m_row, m_column)->text();
 }
@@ -76,11 +75,10 @@ void GridFrame::RefuseEntry() {
 void GridFrame::CommitEditors() {
   if (m_closing) return;
   if (OpenEntry() != nullptr) {
-    if (const auto text = CheckedEntry(m_entry->text())) {
+    if (const auto text = CheckedEntry(m_entry->text()))
       Store(*text);
-    } else {
+    else
       RefuseEntry();
-    }
   }
   // Nothing is selected while the cell's text is none of the list: it stays.
   if (!m_list->isHidden() && m_list->currentIndex() >= 0) {

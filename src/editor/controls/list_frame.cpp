@@ -8,7 +8,6 @@
 #include <array>
 
 namespace mr4500x {
-namespace {
 
 // By ChoiceList.
 // clang-format off
@@ -19,8 +18,6 @@ constexpr std::array<const char*, ChoiceListCount> Controls = {
     "cboTuneSwitch", "cboFive",
 };
 // clang-format on
-
-} // namespace
 
 ListFrame::ListFrame(const QString& objectName, const QString& title, QWidget* parent)
     : QGroupBox(title, parent), m_fields(NewFieldLayout(*this)) {
@@ -37,15 +34,13 @@ ChoiceBox* ListFrame::AddList(int row, int column, ChoiceList list) {
 }
 
 void ListFrame::FillLists(const Configuration& values) {
-  for (const auto& [list, box] : m_lists) {
+  for (const auto& [list, box] : m_lists)
     box->SetChoice(values[list]);
-  }
 }
 
 void ListFrame::CollectLists(Configuration& values) const {
-  for (const auto& [list, box] : m_lists) {
+  for (const auto& [list, box] : m_lists)
     values[list] = box->Chosen();
-  }
 }
 
 } // namespace mr4500x

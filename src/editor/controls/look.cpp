@@ -34,11 +34,9 @@ void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
     colours.setColor(group, QPalette::PlaceholderText, ReadableOn(text, present.color(QPalette::Button)));
   }
   // An option stands on the window itself. A field's WindowText is the colour of the arrows in its popup's scroll bar.
-  if (qobject_cast<const QRadioButton*>(&widget) != nullptr) {
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+  if (qobject_cast<const QRadioButton*>(&widget) != nullptr)
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
       colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
-    }
-  }
   widget.setPalette(colours);
 }
 

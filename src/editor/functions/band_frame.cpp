@@ -70,11 +70,10 @@ void BandFrame::txtFreqBandL_Recheck() {
     m_lower->SetWholeText(m_rememberedLower);
     return;
   }
-  if (*lower < LowestBandLimit) {
+  if (*lower < LowestBandLimit)
     m_lower->SetWholeText(QString::number(LowestBandLimit));
-  } else if (*lower >= *upper) {
+  else if (*lower >= *upper)
     m_lower->SetWholeText(m_rememberedLower);
-  }
   m_rememberedLower = m_lower->text();
 }
 
@@ -102,11 +101,10 @@ void BandFrame::txtFreqBandL_Validate() {
   if (check.value == m_access.storedLowerLimit()) return;
   const Answer answer =
       m_messages.Show(MessageIcon::Exclamation, BandChangeTitle, BandChangeText, MessageButtons::YesNo);
-  if (answer == Answer::Yes) {
+  if (answer == Answer::Yes)
     m_access.reinitialiseChannels(check.value);
-  } else {
+  else
     m_lower->SetWholeText(QString::number(m_access.storedLowerLimit()));
-  }
 }
 
 void BandFrame::txtFreqBandU_Validate() {

@@ -14,7 +14,6 @@ namespace {
 QString LabelOfKey(std::size_t key) {
   return QString::fromUtf8(LabelOf(static_cast<Key>(key)));
 }
-
 int RowOf(std::size_t key) {
   return static_cast<int>(key / 2);
 }
@@ -35,9 +34,8 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
     : QGroupBox(tr("Key Program"), parent), m_messages(messages) {
   setObjectName(QStringLiteral("fraKey"));
   auto* const layout = NewFieldLayout(*this);
-  for (std::size_t key = ShortA; key <= LongC; ++key) {
+  for (std::size_t key = ShortA; key <= LongC; ++key)
     AddKey(*layout, key, LabelOfKey(key));
-  }
   m_fixedShortA = AddFixed(*layout, QStringLiteral("cboKey(10)"), KeyItemText(ShortA, KeySpecial), ShortA);
   m_fixedLongA = AddFixed(*layout, QStringLiteral("cboKey(11)"), KeyItemText(LongA, KeySpecial), LongA);
   setTabOrder(m_lists[ShortA], m_fixedShortA);
@@ -53,9 +51,8 @@ KeyFrame::KeyFrame(MessageView& messages, QWidget* parent)
 
 void KeyFrame::AddKey(QGridLayout& layout, std::size_t key, const QString& label) {
   QStringList items;
-  for (const KeyItem& item : KeyItems(key)) {
+  for (const KeyItem& item : KeyItems(key))
     items.append(QString::fromUtf8(item.text));
-  }
   auto* const list = new ChoiceBox(QStringLiteral("cboKey(%1)").arg(key), items, tr("Key %1 press").arg(label), this);
   AddField(layout, RowOf(key), FieldColumnOf(key) - 1, label, list);
   if (key == ShortA || key == LongA) KeepPlace(*list);
@@ -83,9 +80,8 @@ void KeyFrame::ShowConflict() {
 }
 
 void KeyFrame::ShowKeys() {
-  for (std::size_t key = ShortA; key <= LongC; ++key) {
+  for (std::size_t key = ShortA; key <= LongC; ++key)
     m_lists[key]->ShowPosition(m_keys.selection[key]);
-  }
   m_fixedShortA->setVisible(m_keys.fixedShortAShown);
   m_lists[ShortA]->setVisible(!m_keys.fixedShortAShown);
   m_fixedLongA->setVisible(m_keys.fixedLongAShown);

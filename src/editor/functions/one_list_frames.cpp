@@ -3,11 +3,8 @@
 #include <QGridLayout>
 
 namespace mr4500x {
-namespace {
 
 constexpr int TtsPosition = 0;
-
-} // namespace
 
 OneListFrame::OneListFrame(const QString& objectName, const QString& title, ChoiceList list, QWidget* parent)
     : ListFrame(objectName, title, parent), m_list(AddList(0, 0, list)) {

@@ -22,9 +22,8 @@ ScanFrame::ScanFrame(QWidget* parent) : ListFrame(QStringLiteral("fraScan"), tr(
                                           {1, left, ChoiceList::ToScanDelay},
                                           {1, right, ChoiceList::RevertCh},
                                           {2, left, ChoiceList::RestoreTime},
-                                          {2, right, ChoiceList::LookBack}}) {
+                                          {2, right, ChoiceList::LookBack}})
     connect(AddList(row, column, list), &ChoiceBox::Selected, this, &ScanFrame::Changed);
-  }
   Fields().setColumnMinimumWidth(right - 1, 16);
   Fields().setColumnStretch(left + 1, 1);
   Fields().setColumnStretch(right + 1, 1);

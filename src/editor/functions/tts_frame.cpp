@@ -20,9 +20,8 @@ constexpr int TimeCount = 100; // 0.1 s to 10 s
 QStringList TimeTexts(char decimalSeparator) {
   QStringList texts;
   texts.reserve(TimeCount);
-  for (int tenths = 1; tenths <= TimeCount; ++tenths) {
+  for (int tenths = 1; tenths <= TimeCount; ++tenths)
     texts.append(QString::fromUtf8(TtsTimeText(static_cast<std::uint8_t>(tenths), decimalSeparator)));
-  }
   return texts;
 }
 
@@ -75,11 +74,10 @@ void TtsFrame::EntryConfirmed() {
 // The commit keeps the limits; a text without a sign stops at 0.
 void TtsFrame::txtTTSFreq_Step(int by) {
   const std::optional<int> hertz = ParseWhole(m_frequency->text().toStdString());
-  if (hertz) {
+  if (hertz)
     m_frequency->SetWholeText(QString::number(std::max(*hertz + by, 0)));
-  } else {
+  else
     RefuseEntry();
-  }
 }
 
 // A time is stored as soon as it is picked.

@@ -9,7 +9,6 @@
 #include <cmath>
 
 namespace mr4500x {
-namespace {
 
 // By TtsColumn; the numbers have the desktop's colour.
 constexpr std::array<QRgb, TtsColumnCount> Colours = {0,        GreenText, GreenText, TealText,
@@ -27,8 +26,6 @@ constexpr double DataColumnWidth = 1.1 * BaseWidth;
 constexpr double DataRowHeight = 1.05 * BaseHeight;
 constexpr double HeadingHeight = 2.3 * BaseHeight;
 
-} // namespace
-
 TtsGrid::TtsGrid(QWidget* parent) : CellGrid(RowCount, static_cast<int>(TtsColumnCount), FirstDataColumn, parent) {
   setObjectName(QStringLiteral("gridTTS"));
   setAccessibleName(tr("TTS table, entries 1 to 8"));
@@ -40,9 +37,8 @@ TtsGrid::TtsGrid(QWidget* parent) : CellGrid(RowCount, static_cast<int>(TtsColum
     const QString heading = column == 0 ? tr("No.") : QString::fromUtf8(LabelOf(static_cast<TtsColumn>(column)));
     setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
   }
-  for (int row = 0; row < RowCount; ++row) {
+  for (int row = 0; row < RowCount; ++row)
     item(row, 0)->setText(QString::number(row + 1));
-  }
   FitToFont();
   ShowColours();
 }
@@ -56,9 +52,8 @@ void TtsGrid::FitToFont() {
   const int rowHeight = std::max(Pixels(DataRowHeight, *this), metrics.height() + 4);
   const int headingHeight = std::max(Pixels(HeadingHeight, *this), 2 * metrics.lineSpacing() + 8);
   setColumnWidth(0, numberWidth);
-  for (int column = FirstDataColumn; column <= LastColumn; ++column) {
+  for (int column = FirstDataColumn; column <= LastColumn; ++column)
     setColumnWidth(column, dataWidth);
-  }
   verticalHeader()->setDefaultSectionSize(rowHeight);
   horizontalHeader()->setFixedHeight(headingHeight);
   setFixedSize(numberWidth + LastColumn * dataWidth + 2 * frameWidth(),

@@ -7,7 +7,6 @@
 #include <algorithm>
 
 namespace mr4500x {
-namespace {
 
 using namespace std::chrono_literals;
 
@@ -15,8 +14,6 @@ using namespace std::chrono_literals;
 // met by sleeping. Waits too short for that leave the screen to the next one.
 constexpr Clock::Moment Slice = 10ms;
 constexpr Clock::Moment RoomForEvents = 5ms;
-
-} // namespace
 
 void EventClock::WaitUntil(Moment moment) {
   while (m_input.IsHeld() && moment - Now() >= RoomForEvents) {

@@ -72,15 +72,12 @@ QtHelpViewer::~QtHelpViewer() {
 bool QtHelpViewer::IsRunning() const {
   return m_process && m_process->state() != QProcess::NotRunning;
 }
-
 void QtHelpViewer::OpenContents() {
   Request(ContentsCommands);
 }
-
 void QtHelpViewer::OpenIndex() {
   Request(IndexCommands);
 }
-
 void QtHelpViewer::Request(const char* commands) {
   if (IsRunning() || Start()) m_process->write(commands);
 }

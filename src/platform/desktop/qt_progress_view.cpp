@@ -11,11 +11,8 @@
 #include <utility>
 
 namespace mr4500x {
-namespace {
 
 constexpr int LeastCharacters = 48; // across the bar
-
-} // namespace
 
 QtProgressView::QtProgressView(std::string programTitle) : m_programTitle(std::move(programTitle)) {}
 

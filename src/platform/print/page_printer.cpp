@@ -27,7 +27,6 @@ QFont FontOf(const PrintFont& font) {
 double PagePrinter::TextWidth(std::string_view text, const PrintFont& font) const {
   return QFontMetricsF(FontOf(font)).horizontalAdvance(QString::fromUtf8(text));
 }
-
 double PagePrinter::TextHeight(const PrintFont& font) const {
   return QFontMetricsF(FontOf(font)).height();
 }

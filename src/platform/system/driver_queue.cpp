@@ -12,13 +12,12 @@ std::optional<std::size_t> HandToDriver(int device, std::span<const std::uint8_t
   std::size_t taken = 0;
   while (taken < bytes.size()) {
     const ssize_t count = write(device, bytes.data() + taken, bytes.size() - taken);
-    if (count > 0) {
+    if (count > 0)
       taken += static_cast<std::size_t>(count);
-    } else if (count == 0 || errno == EAGAIN) {
+    else if (count == 0 || errno == EAGAIN)
       break;
-    } else if (errno != EINTR) {
+    else if (errno != EINTR)
       return std::nullopt;
-    }
   }
   return taken;
 }

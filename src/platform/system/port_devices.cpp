@@ -92,9 +92,8 @@ std::vector<std::string> MachineSerialDevices() {
   // Qt leaves out built-in ports that this user may not open. They count all the same: the number of a port must not
   // depend on who asks, and opening it is what tells that a permission is missing.
   std::error_code error;
-  for (fs::directory_iterator entry(terminals, error); entry != fs::directory_iterator(); entry.increment(error)) {
+  for (fs::directory_iterator entry(terminals, error); entry != fs::directory_iterator(); entry.increment(error))
     if (fs::exists(entry->path() / "device", error)) names.insert(entry->path().filename().string());
-  }
   std::vector<SerialDevice> devices;
   for (const std::string& name : names) {
     const auto device = DescribeDevice(terminals, name);

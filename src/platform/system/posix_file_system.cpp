@@ -79,15 +79,12 @@ bool PosixFileSystem::MakeFolder(const std::string& folder) {
 std::optional<FileSystem::Handle> PosixFileSystem::OpenToRead(const std::string& path) {
   return Open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
 }
-
 std::optional<FileSystem::Handle> PosixFileSystem::Create(const std::string& path, std::uint32_t mode) {
   return Open(path, O_WRONLY | O_CREAT | O_EXCL, mode);
 }
-
 void PosixFileSystem::Close(Handle file) {
   close(file);
 }
-
 bool PosixFileSystem::Lock(Handle file) {
   return Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) == 0;
 }
@@ -106,23 +103,18 @@ std::optional<std::size_t> PosixFileSystem::Write(Handle file, std::span<const s
 bool PosixFileSystem::SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) {
   return fchown(file, owner, group) == 0;
 }
-
 bool PosixFileSystem::SetGroup(Handle file, std::uint32_t group) {
   return fchown(file, static_cast<uid_t>(-1), group) == 0;
 }
-
 bool PosixFileSystem::SetMode(Handle file, std::uint32_t mode) {
   return fchmod(file, mode) == 0;
 }
-
 bool PosixFileSystem::Sync(Handle file) {
   return Uninterrupted([&] { return fsync(file); }) == 0;
 }
-
 bool PosixFileSystem::Rename(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str()) == 0;
 }
-
 bool PosixFileSystem::Remove(const std::string& path) {
   return unlink(path.c_str()) == 0;
 }
