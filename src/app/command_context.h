@@ -1,4 +1,3 @@
-// What the commands of the main window work on. The window owns all of it.
 #pragma once
 
 #include "editor_state.h"
@@ -16,6 +15,7 @@ class EditorPanel;
 class RecentMenu;
 class StatusPanels;
 
+// What the commands work on, all owned by the main window.
 struct CommandContext {
   MainServices& services;
   RadioImage& image;

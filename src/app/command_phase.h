@@ -1,11 +1,10 @@
-// How a command guards one of its phases.
 #pragma once
 
 #include <exception>
 
 namespace mr4500x {
 
-// Whether the phase answers true. Running out of memory in it is one more way to fail.
+// Whether the phase of a command returns true. An exception (out of memory) counts as a failure.
 template<typename Phase>
 [[nodiscard]] bool Succeeds(Phase phase) {
   try {

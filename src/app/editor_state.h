@@ -1,4 +1,3 @@
-// What the main window keeps beside the image.
 #pragma once
 
 #include "font_dialog.h"
@@ -8,11 +7,12 @@
 
 namespace mr4500x {
 
+// What the main window keeps besides the image.
 struct EditorState {
   Origin origin;
-  bool ModifiedFlag = false; // the editor holds changes that are in no file
+  bool ModifiedFlag = false; // there are unsaved changes
   int CommPortNumber = 1;
-  std::string LastFileName; // the path last chosen for a file
+  std::string LastFileName; // path
   FontDescription EmbeddedTextFont;
 };
 

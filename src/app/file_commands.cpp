@@ -16,7 +16,6 @@ constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to conti
 constexpr char OpenTitle[] = "Open";
 constexpr char SaveTitle[] = "Save";
 constexpr char SaveAsTitle[] = "Save As";
-// Each name is followed by its pattern.
 constexpr char OpenFilter[] = "Data Files(*.K4X)"
                               "|*.K4X|"
                               "Data Files(*.K4Y)"
@@ -69,7 +68,7 @@ bool FileCommands::LoadInto(const std::string& path) {
   if (isRead && result.markerNotEmpty) Show(NewVersionNotice);
   if (const auto message = MessageFor(result.outcome)) {
     Show(*message);
-    if (result.outcome == LoadOutcome::Missing) { // a link that leads nowhere
+    if (result.outcome == LoadOutcome::Missing) { // a dangling link
       RemoveRecent(services.files, services.settingsFile, path);
       m_context.recent.Rebuild();
     }
@@ -95,7 +94,7 @@ CloseEnd FileCommands::AskAboutUnsavedData() {
   if (!m_context.state.ModifiedFlag) return CloseEnd::Closed;
   const Answer answer = m_context.services.messages.Show(MessageIcon::Exclamation, ProgramTitle, UnsavedDataText,
                                                          MessageButtons::YesNoCancel);
-  if (answer == Answer::Yes) Save(); // whatever comes of it
+  if (answer == Answer::Yes) Save(); // goes on even if saving fails
   return answer == Answer::Cancel ? CloseEnd::Cancelled : CloseEnd::Closed;
 }
 
@@ -120,7 +119,6 @@ void FileCommands::SaveAs() {
   if (AskSaveName(SaveAsTitle)) WriteFile(SaveCommand::SaveAs);
 }
 
-// A cancelled dialog ends the command.
 bool FileCommands::AskSaveName(const char* title) {
   std::string& name = m_context.state.LastFileName;
   const std::optional<std::string> chosen = m_context.services.dialogs.AskSave(
@@ -137,7 +135,7 @@ void FileCommands::WriteFile(SaveCommand command) {
     Show(MessageForFailed(command));
 }
 
-// The editor and the file at the path now hold the same data.
+// The editor now holds the data of this file.
 void FileCommands::BelongTo(const std::string& path) {
   m_context.SetOrigin(FileOrigin{path});
   m_context.state.ModifiedFlag = false;

@@ -1,4 +1,4 @@
-// The commands of the File menu: data files, the unsaved-data question, and what has to happen before the end.
+// The commands of the File menu, and what has to be done before the program exits.
 #pragma once
 
 #include "command_context.h"
@@ -16,12 +16,12 @@ public:
   explicit FileCommands(const CommandContext& context) : m_context(context) {}
 
   void Open();
-  void OpenGiven(const std::string& path); // by the recent-file list or from outside
+  void OpenGiven(const std::string& path); // from the recent files or the command line
   CloseEnd Close();
   void Save();
   void SaveAs();
 
-  // Stores the settings, then asks about unsaved data. Cancelled: the program stays.
+  // Stores the settings, then asks about unsaved data. Cancelled: don't exit.
   [[nodiscard]] CloseEnd PrepareExit();
 
 private:

@@ -22,7 +22,7 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
   return label;
 }
 
-// What the programs are made with. None of it is changed, and no font is brought along.
+// The libraries of all programs, unmodified. No fonts are shipped.
 QString LicencesText() {
   return FrmAbout::tr("Qt %1 and its modules: LGPL version 3\n"
                       "CLI11, in mr4500x-cli: BSD 3-Clause\n"
@@ -31,7 +31,6 @@ QString LicencesText() {
       .arg(QLatin1String(qVersion()));
 }
 
-// Unfolds the licences, for the few who look for them; the window grows with them.
 QToolButton* MakeLicencesButton(QLabel& licences) {
   auto* const button = new QToolButton;
   button->setObjectName(QStringLiteral("cmdLicences"));

@@ -1,4 +1,3 @@
-// The About window, frmAbout.
 #pragma once
 
 #include <QDialog>

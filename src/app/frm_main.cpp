@@ -29,7 +29,7 @@ FrmMain::FrmMain(MainServices services)
     : m_services(std::move(services)), m_texts(BuildFieldTexts(DecimalSeparatorOf(QLocale()))) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowIcon(ProgramIcon("program"));
-  setContextMenuPolicy(Qt::NoContextMenu); // it would offer to hide the toolbar
+  setContextMenuPolicy(Qt::NoContextMenu); // Qt's would offer to hide the toolbar
   BuildMenus();
   BuildToolbar();
   BuildPanel();
@@ -56,7 +56,7 @@ void FrmMain::BuildPanel() {
   setWindowTitle(QString::fromStdString(TitleOf(m_state.origin)));
   m_status = new StatusPanels(QString::fromUtf8(ProgramTitle));
   setStatusBar(m_status);
-  // A click beside the controls ends the editing of a cell.
+  // A click outside the controls commits an open editor.
   m_status->installEventFilter(this);
   scroll->viewport()->installEventFilter(this);
 }
@@ -77,16 +77,16 @@ void FrmMain::Load() {
   m_recent->Rebuild();
   m_state.ModifiedFlag = false;
   ShowView(View::Channel);
-  m_panel->CommitOpenEditors(); // no field is active at the start
+  m_panel->CommitOpenEditors(); // no field has the focus at the start
 }
 
-// As large as the panel needs, where the screen has room for that.
+// As large as the panel, but not larger than the screen.
 void FrmMain::TakeDesignSize() {
   QWidget* const scroll = centralWidget();
   scroll->setMinimumSize(m_panel->size());
   const QSize wanted = sizeHint();
   scroll->setMinimumSize(0, 0);
-  const QSize border(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the window system's own is not known yet
+  const QSize border(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the real frame is not known yet
   resize(wanted.boundedTo(screen()->availableSize() - border));
 }
 
@@ -116,7 +116,7 @@ void FrmMain::RunCommand(const std::function<void()>& command) {
   command();
 }
 
-// The desktop may ask to close the window while a command waits for an answer: that has to be given first.
+// Refused while a command runs, for instance one that waits in a message box.
 void FrmMain::closeEvent(QCloseEvent* event) {
   event->ignore();
   RunCommand([&] {

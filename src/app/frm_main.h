@@ -1,5 +1,5 @@
-// The main window, frmMain: it owns the image, the editor and the commands, and puts them together. What a command
-// does is left to file_commands.h and its like, its menu entry and button to action_table.cpp.
+// The main window, frmMain: owns the image, the editor and the commands and connects them. The commands themselves are
+// in file_commands.h and the like, the menus and the toolbar in action_table.cpp.
 #pragma once
 
 #include "editor_state.h"
@@ -35,7 +35,7 @@ public:
 
   [[nodiscard]] const RadioImage& Image() const { return m_image; }
   [[nodiscard]] const EditorState& State() const { return m_state; }
-  // Opens a file that came from outside: with the start, by a double-click.
+  // Opens a file given on the command line, for instance by a double-click.
   void OpenGiven(const std::string& path);
   [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
 
@@ -56,7 +56,7 @@ private:
   void Load();
   void TakeDesignSize();
   void ShowView(View view);
-  // Runs a command unless another one is running; however it ends, nothing of it stays open.
+  // Runs a command unless another is running. Afterwards the port and the progress window are closed in any case.
   void RunCommand(const std::function<void()>& command);
 
   void mnuFileOpen_Click();
@@ -78,7 +78,7 @@ private:
   void mnuHelpContents_Click();
   void mnuHelpIndex_Click();
   void mnuHelpAbout_Click();
-  void tlbMainNew_ButtonClick() {} // the button is there, a new configuration is made by Close
+  void tlbMainNew_ButtonClick() {} // does nothing: Close makes a new configuration
 
   MainServices m_services;
   FieldTexts m_texts;
@@ -90,7 +90,7 @@ private:
   std::unique_ptr<FileCommands> m_fileCommands;
   std::unique_ptr<RadioCommands> m_radioCommands;
   std::unique_ptr<EmbedCommands> m_embedCommands;
-  // The actions that change; the others need nobody to hold them.
+  // The actions whose state changes.
   QAction* m_mnuFileClose = nullptr;
   QAction* m_mnuOptionChannels = nullptr;
   QAction* m_mnuOptionFunction = nullptr;

@@ -11,7 +11,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr int Rows = 4; // of the options, which run down the columns
+constexpr int Rows = 4; // the options are laid out column by column
 
 QRadioButton* MakeOption(int number, const PortChoice& choice, const PortDeviceTexts& devices) {
   const auto index = static_cast<std::size_t>(number - 1);

@@ -1,5 +1,4 @@
-// The port dialog, frmPort: which of COM1 to COM16 the radio is connected to. Finding the ports that work is left to
-// port_choice.h.
+// The port dialog, frmPort: the choice among COM1 to COM16. port_choice.h finds the ports that work.
 #pragma once
 
 #include "port_choice.h"
@@ -14,7 +13,7 @@ class QButtonGroup;
 
 namespace mr4500x {
 
-using PortDeviceTexts = std::array<QString, PortCount>; // what stands for COM1 to COM16; empty for none
+using PortDeviceTexts = std::array<QString, PortCount>; // device paths of COM1 to COM16; empty for none
 
 class FrmPort final : public QDialog {
   Q_OBJECT
@@ -27,7 +26,7 @@ private:
   QButtonGroup* m_options;
 };
 
-// The port that the user confirmed.
+// The chosen port; nullopt when cancelled.
 [[nodiscard]] std::optional<int> AskPort(const PortChoice& choice, const PortDeviceTexts& devices, QWidget* parent);
 
 } // namespace mr4500x

@@ -20,7 +20,7 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
   const auto button = [](const char* name, const QString& text) {
     auto* const made = new QPushButton(text);
     made->setObjectName(QLatin1String(name));
-    made->setAutoDefault(false); // Return confirms, wherever the focus is
+    made->setAutoDefault(false); // Return always means OK
     return made;
   };
 

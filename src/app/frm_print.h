@@ -1,4 +1,4 @@
-// The print dialog, frmPrint: which reports to print, and the way to the printer's setup.
+// The print dialog, frmPrint: the choice of reports, and the printer setup.
 #pragma once
 
 #include "message_view.h"
@@ -18,8 +18,7 @@ class FrmPrint final : public QDialog {
 
 public:
   FrmPrint(Printers& printers, MessageView& messages, QWidget* parent);
-  // After OK.
-  [[nodiscard]] ReportChoice Choice() const { return {m_chk0, m_chk1, m_chk2}; }
+  [[nodiscard]] ReportChoice Choice() const { return {m_chk0, m_chk1, m_chk2}; } // after OK
 
 private:
   void SetAll(bool ticked);
@@ -32,7 +31,7 @@ private:
   bool m_chk0 = false, m_chk1 = false, m_chk2 = false;
 };
 
-// The reports that the user confirmed, one at least.
+// The chosen reports, at least one; nullopt when cancelled.
 [[nodiscard]] std::optional<ReportChoice> AskReports(Printers& printers, MessageView& messages, QWidget* parent);
 
 } // namespace mr4500x

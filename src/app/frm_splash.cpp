@@ -11,15 +11,15 @@
 namespace mr4500x {
 namespace {
 
-constexpr int PaintLimit = 500; // ms after which a window system that asks for no painting is not waited for
+constexpr int PaintLimit = 500; // ms to wait for the first paint event
 constexpr QRgb DarkBlue = qRgb(16, 42, 67);
 constexpr QRgb Blue = qRgb(36, 89, 138);
 constexpr QRgb Signal = qRgb(94, 178, 240);
 
 struct SplashLine {
   const char* text;
-  double top;  // in lines of the window's font
-  double size; // in its size
+  double top;  // in line heights
+  double size; // relative to the window's font
   bool strong;
 };
 
@@ -30,7 +30,7 @@ constexpr SplashLine Lines[] = {
     {"2003 Version", 11.0, 1.0, false},
 };
 
-// The radio's waves, from the lower right corner.
+// Radio waves from the lower right corner.
 void DrawWaves(QPainter& painter, const QRect& area, double line) {
   const QPointF source(area.right() - 2 * line, area.bottom() - 2 * line);
   painter.setBrush(Qt::NoBrush);
@@ -52,14 +52,14 @@ FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
   setObjectName(QStringLiteral("frmSplash"));
   setWindowTitle(QString::fromLatin1(ProgramTitle.data()));
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setAttribute(Qt::WA_QuitOnClose, false); // there is no other window yet when it goes
+  setAttribute(Qt::WA_QuitOnClose, false); // it may close before the main window shows
   setFixedSize(fontMetrics().height() * 30, fontMetrics().height() * 13);
   move(screen()->availableGeometry().center() - rect().center());
 }
 
 void FrmSplash::ShowPainted() {
   QEventLoop loop;
-  // Queued, for the painting may already be done when the loop begins.
+  // Queued, as the window may have been painted before the loop starts.
   connect(this, &FrmSplash::Painted, &loop, &QEventLoop::quit, Qt::QueuedConnection);
   QTimer limit;
   limit.callOnTimeout(&loop, &QEventLoop::quit);

@@ -1,24 +1,21 @@
-// The splash window, shown while the main window loads.
 #pragma once
 
 #include "clock.h"
 
 #include <QWidget>
 
-#include <functional>
-
 namespace mr4500x {
 
+// Shown while the main window loads.
 class FrmSplash final : public QWidget {
   Q_OBJECT
 
 public:
-  static constexpr Clock::Moment LeastTime{1'200'000};
+  static constexpr Clock::Moment LeastTime{1'200'000}; // us on the screen
 
   FrmSplash();
 
-  // Returns once the window is on the screen.
-  void ShowPainted();
+  void ShowPainted(); // returns once the window has been painted
 
 protected:
   void paintEvent(QPaintEvent* event) override;

@@ -1,4 +1,4 @@
-// MR4500X [FILE]: the start. The splash stays while the main window loads, and for a moment that lets it be read.
+// MR4500X [FILE]: shows the splash until the main window has loaded, but at least FrmSplash::LeastTime.
 #include "frm_splash.h"
 #include "program.h"
 #include "steady_clock.h"
@@ -26,7 +26,7 @@ void StayUntil(Clock::Moment moment, Clock& clock) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // whose menu entry and icon a desktop shows
+  QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // for the desktop's menu entry and icon
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() > 2 || arguments.value(1).startsWith(QLatin1Char('-'))) {
     std::cerr << "usage: MR4500X [FILE]\n";

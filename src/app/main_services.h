@@ -1,4 +1,3 @@
-// What the program asks of the machine and the desktop, all of it replaceable.
 #pragma once
 
 #include "clock.h"
@@ -20,6 +19,7 @@ namespace mr4500x {
 
 class UserInput;
 
+// What the main window needs of the machine and the desktop; tests replace it.
 struct MainServices {
   MessageView& messages;
   ProgressView& progress;
@@ -29,12 +29,12 @@ struct MainServices {
   Printers& printers;
   FileSystem& files;
   SerialPort& port;
-  Clock& clock;     // of the transfers
-  UserInput& input; // held during them
+  Clock& clock;     // for transfers
+  UserInput& input; // held during transfers
   std::string settingsFile;
-  std::string folderForFiles; // where the file dialogs start
+  std::string folderForFiles; // initial folder of the file dialogs
   std::function<LocalTime()> now;
-  std::function<std::string(int)> deviceOfPort; // empty for none
+  std::function<std::string(int)> deviceOfPort; // device path of a port; empty for none
   std::function<void(const WindowGeometry&)> storeGeometry;
   std::function<void(const std::string&)> openLink; // in the user's browser
 };

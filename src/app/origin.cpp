@@ -8,17 +8,9 @@ namespace {
 constexpr std::string_view Separator = " - ";
 
 std::string_view TransferTitle(Transfer transfer) {
-  switch (transfer) {
-  case Transfer::Read:
-    return "Read Completely";
-  case Transfer::Write:
-    return "Write Completely";
-  case Transfer::ReadInfo:
-    return "Read Information Completely";
-  case Transfer::WriteInfo:
-    break;
-  }
-  return "Write Information Completely";
+  if (transfer == Transfer::Read) return "Read Completely";
+  if (transfer == Transfer::Write) return "Write Completely";
+  return transfer == Transfer::ReadInfo ? "Read Information Completely" : "Write Information Completely";
 }
 
 } // namespace

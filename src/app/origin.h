@@ -1,4 +1,4 @@
-// Where the data in the editor belongs, and the window's title for it.
+// Where the data in the editor came from, and the window title for it.
 #pragma once
 
 #include "exchange.h"

@@ -1,4 +1,3 @@
-// The print command: the reports that the user chooses, of what the editor shows.
 #pragma once
 
 #include "main_services.h"
@@ -10,7 +9,7 @@ namespace mr4500x {
 
 class EditorPanel;
 
-// Of the image only the embedded information is printed, which the editor's controls do not show.
+// Asks for the reports and prints what the editor shows. Only the embedded information comes from the image.
 void PrintChosenReports(const MainServices& services, EditorPanel& panel, const RadioImage& image, QWidget* window);
 
 } // namespace mr4500x

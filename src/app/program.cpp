@@ -29,12 +29,12 @@ Program::Program()
                  m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
                  StoreWindowGeometry, OpenLink}) {}
 
-// Asked anew each time: adapters come and go while the program runs.
+// Looked up each time, as adapters come and go.
 std::string Program::DeviceOf(int port) {
   return DeviceOfPort(port, PortDevices(m_files, m_settingsFile), MachineSerialDevices());
 }
 
-// Where the file dialogs start: beside the program, or with the user's own files where nothing can be kept there.
+// The program's folder, or the user's documents if that is not writable.
 std::string Program::FolderForFiles() {
   if (MayKeepFilesIn(m_files, m_folder)) return m_folder;
   return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();

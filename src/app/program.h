@@ -1,4 +1,3 @@
-// The running program: the machine's and the desktop's adapters, and the main window that works with them.
 #pragma once
 
 #include "event_clock.h"
@@ -17,6 +16,7 @@
 
 namespace mr4500x {
 
+// The main window with the real services behind it.
 class Program {
 public:
   Program();

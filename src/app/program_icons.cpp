@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// A library's resources have to be asked for, and that from outside every namespace.
+// A static library's resources need this call, and the macro only works outside of namespaces.
 static void LoadIcons() {
   Q_INIT_RESOURCE(icons);
 }

@@ -18,7 +18,7 @@ void RecentMenu::Rebuild() {
     QAction& entry = *m_entries[i];
     const std::string path = list[i].value_or("");
     QString caption = list[i] ? QString::fromStdString(RecentCaption(i + 1, path)) : QString();
-    entry.setText(caption.replace(QLatin1Char('&'), QLatin1String("&&"))); // it marks no access key in a path
+    entry.setText(caption.replace(QLatin1Char('&'), QLatin1String("&&"))); // no access key in a path
     entry.setData(QString::fromStdString(path));
     entry.setVisible(list[i].has_value());
   }

@@ -1,4 +1,3 @@
-// The recent files in the File menu.
 #pragma once
 
 #include "file_system.h"
@@ -13,11 +12,12 @@
 
 namespace mr4500x {
 
+// The recent files in the File menu.
 class RecentMenu {
 public:
   using Entries = std::array<QAction*, RecentFileCount>;
 
-  // `chosen` gets the path of the entry that the user picks.
+  // `chosen` is called with the path that the user picks.
   RecentMenu(const Entries& entries, FileSystem& files, std::string settingsFile,
              const std::function<void(const std::string&)>& chosen);
 

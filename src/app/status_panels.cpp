@@ -9,7 +9,7 @@ namespace {
 
 constexpr char PortText[] = "COM %1";
 
-// Without seconds, which a clock that moves once a minute does not know.
+// Without seconds, as the clock is updated once a minute.
 QString TimeText(const QTime& time) {
   const QLocale locale;
   return locale.toString(time, locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss")));
@@ -32,7 +32,7 @@ StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(ne
   m_time->setMinimumWidth(fontMetrics().horizontalAdvance(TimeText(QTime(22, 58))) + room);
 
   m_minute.setSingleShot(true);
-  m_minute.setTimerType(Qt::PreciseTimer); // a coarse one may fire before the minute is over, and so twice
+  m_minute.setTimerType(Qt::PreciseTimer); // a coarse timer may fire early, and so twice
   m_minute.callOnTimeout(this, &StatusPanels::ShowTime);
   ShowTime();
 }

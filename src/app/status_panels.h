@@ -1,4 +1,3 @@
-// The status bar: the program's title, the port and the time of day.
 #pragma once
 
 #include <QStatusBar>
@@ -8,6 +7,7 @@ class QLabel;
 
 namespace mr4500x {
 
+// The status bar: the program's title, the port and the time of day.
 class StatusPanels final : public QStatusBar {
 public:
   explicit StatusPanels(const QString& title);

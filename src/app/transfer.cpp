@@ -38,7 +38,7 @@ void RunTransfer(const CommandContext& context, HeldPointer pointer, const RunEx
                  const std::function<void()>& completed) {
   const MainServices& services = context.services;
   const TransferGuard guard(services.input, pointer);
-  context.window.repaint(); // it may not be for a while
+  context.window.repaint(); // the exchange may block painting for a while
   SerialLine line(services.port, services.clock, context.state.CommPortNumber);
   WindowObserver observer(services, completed);
   const std::optional<Message> failure = FailureOf(exchange(line, observer));

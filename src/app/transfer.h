@@ -1,5 +1,3 @@
-// How a command runs one exchange with the radio: over the line to the chosen port, with the progress window and the
-// messages, and with the user's input held.
 #pragma once
 
 #include "command_context.h"
@@ -12,7 +10,8 @@ namespace mr4500x {
 
 using RunExchange = std::function<ExchangeResult(SerialLine& line, ExchangeObserver& observer)>;
 
-// `completed` changes the window when all is done, while the port is still open.
+// Runs an exchange over the chosen port with the progress window and messages, and with the user's input held.
+// `completed` is called after success, while the port is still open.
 void RunTransfer(const CommandContext& context, HeldPointer pointer, const RunExchange& exchange,
                  const std::function<void()>& completed);
 

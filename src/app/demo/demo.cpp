@@ -1,4 +1,3 @@
-// The list of steps, and how the demo reacts to what is on the screen.
 #include "demo.h"
 
 #include <QAbstractItemView>
@@ -19,7 +18,7 @@ namespace mr4500x {
 namespace {
 
 constexpr int LookMilliseconds = 100;
-constexpr int MostLooks = 1200; // a transfer takes seconds; two minutes mean that something is stuck
+constexpr int MostLooks = 1200; // two minutes: a transfer takes seconds, so the window hangs
 
 QString DataFile(const QString& folder) {
   return folder + QStringLiteral("/radio.K4X");
@@ -62,7 +61,7 @@ void Demo::Look() {
   if (!AnswerDialog() && !m_isWorking) RunNextStep();
 }
 
-// Once, well into the transfer.
+// Once, halfway through the transfer.
 void Demo::LookAtProgress() {
   if (m_progressPictured) return;
   for (QWidget* const window : QApplication::topLevelWidgets()) {
@@ -85,7 +84,7 @@ bool Demo::AnswerDialog() {
     files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(DataFile(m_folder));
     Picture(*files, "07-save-dialog");
     files->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
-  } else { // the demo changes nothing
+  } else { // changes nothing
     Picture(*dialog, dialog->objectName().toStdString());
     dialog->findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
   }
@@ -103,7 +102,7 @@ void Demo::RunNextStep() {
   const Step& step = m_steps[m_next++];
   if (!step.tells.empty()) std::cout << step.tells << std::endl;
   m_isWorking = true;
-  // Not from here: while a timer's handler waits in a dialog, the timer does not fire.
+  // Queued: a timer does not fire while its own handler waits in a dialog.
   QMetaObject::invokeMethod(
       this,
       [this, &step] {
@@ -117,7 +116,7 @@ void Demo::Trigger(const char* action) {
   m_window.findChild<QAction*>(QLatin1String(action))->trigger();
 }
 
-// As a user does who moves there and presses Space. The first channel is in use.
+// Moves to the cell of the first channel, which is in use, and presses Space.
 void Demo::OpenCell(GridColumn column) {
   auto* const grid = m_window.findChild<QAbstractItemView*>(QStringLiteral("gridChannel"));
   grid->setCurrentIndex(grid->model()->index(0, static_cast<int>(column) - 1));

@@ -1,6 +1,5 @@
-// A user who works by a list: reads the radio, looks at both views and at the embedded information, saves the
-// configuration and writes the radio, and takes a picture of each step. Everything goes through the menus, dialogs and
-// message boxes of the real window.
+// The demo: drives the real window through its menus and dialogs and takes a screenshot of each step. It reads the
+// radio, shows both views and the embedded information, saves the configuration and writes the radio.
 #pragma once
 
 #include "channel_record.h"
@@ -30,12 +29,12 @@ signals:
 
 private:
   struct Step {
-    std::string tells;          // what the user is told; nothing when empty
+    std::string tells;          // printed on standard output unless empty
     std::string picture;        // taken after the step
-    std::function<void()> work; // may open dialogs and message boxes, which are answered as they come
+    std::function<void()> work; // the dialogs and message boxes it opens are answered by Look
   };
 
-  void Look(); // what a user does who looks at the screen now
+  void Look(); // answers an open dialog, else runs the next step
   void LookAtProgress();
   bool AnswerDialog();
   void RunNextStep();

@@ -1,4 +1,4 @@
-// mr4500x-demo FOLDER: the program does the typical job by itself. Exit status 0 when the radio has been written.
+// mr4500x-demo FOLDER: runs the demo. Exits with 0 if the radio was written.
 #include "demo.h"
 #include "program.h"
 

@@ -10,8 +10,8 @@ namespace mr4500x {
 
 using namespace std::chrono_literals;
 
-// The screen is served at the beginning of each slice, and the rest is slept: the last moment of a wait is always
-// met by sleeping. Waits too short for that leave the screen to the next one.
+// Each slice begins with the pending events and sleeps for the rest, so that a wait always ends in a sleep, on time.
+// Waits shorter than RoomForEvents process no events.
 constexpr Clock::Moment Slice = 10ms;
 constexpr Clock::Moment RoomForEvents = 5ms;
 

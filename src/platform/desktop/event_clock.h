@@ -1,4 +1,3 @@
-// The clock of transfers that run under a window.
 #pragma once
 
 #include "clock.h"
@@ -6,9 +5,9 @@
 
 namespace mr4500x {
 
-// The machine's steady clock, whose waits serve the screen while a TransferGuard drops the user's input.
 class UserInput;
 
+// The clock of transfers: the steady clock, which processes events in its waits while the user's input is held.
 class EventClock final : public Clock {
 public:
   explicit EventClock(const UserInput& input) : m_input(input) {}

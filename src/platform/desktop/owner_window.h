@@ -1,11 +1,10 @@
-// Which window a dialog of the program belongs to.
 #pragma once
 
 class QWidget;
 
 namespace mr4500x {
 
-// The open modal dialog, else the main window while it is shown, else none.
+// The parent for a new dialog: the open modal dialog, else the visible main window, else nullptr.
 [[nodiscard]] QWidget* OwnerWindow();
 
 } // namespace mr4500x

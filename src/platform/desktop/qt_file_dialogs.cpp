@@ -15,9 +15,9 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
   dialog.setWindowTitle(QString::fromUtf8(question.title));
   dialog.setDirectory(QString::fromStdString(question.folder));
-  dialog.setOption(QFileDialog::HideNameFilterDetails); // the names tell them already
+  dialog.setOption(QFileDialog::HideNameFilterDetails); // the names contain the patterns
   dialog.setNameFilters(NameFilters(question.filter));
-  // Qt's own dialog would cut sizes and dates; a desktop's has no such list.
+  // Qt's own dialog truncates sizes and dates. A native one has no such view.
   if (const auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView")))
     details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
@@ -36,7 +36,7 @@ bool MayBeWritten(const QString& path, bool hasBeenExtended, const QString& titl
             .arg(file.path()));
     return false;
   }
-  // The dialog has asked about the name as it was given.
+  // The dialog has already asked about the name as typed, but not about the extended one.
   if (!hasBeenExtended || !file.exists()) return true;
   return QMessageBox::warning(OwnerWindow(), title,
                               QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(file.fileName()),

@@ -1,4 +1,3 @@
-// The desktop's dialogs for choosing a file.
 #pragma once
 
 #include "file_dialogs.h"
@@ -13,10 +12,10 @@ public:
   [[nodiscard]] std::optional<std::string> AskSave(const FileQuestion& question) override;
 };
 
-// "Data Files(*.K4X)|*.K4X|..." as Qt wants filters; files with the extension in small letters are shown as well.
+// Converts "Data Files(*.K4X)|*.K4X|..." to Qt's filters, which also match the extension in lower case.
 [[nodiscard]] QStringList NameFilters(const std::string& filter);
 
-// The name with the extension where it has none.
+// Appends the extension to a name without one.
 [[nodiscard]] QString WithExtension(const QString& path, const std::string& extension);
 
 } // namespace mr4500x

@@ -9,7 +9,7 @@
 namespace mr4500x {
 namespace {
 
-// Nobody asks for strikeout and underline. Their place stays, as it gives the sample its height.
+// Strikeout and underline are not used. Their space stays reserved, since it gives the sample its height.
 void HideEffects(QFontDialog& dialog) {
   for (const QCheckBox* const effect : dialog.findChildren<QCheckBox*>()) {
     QWidget* const group = effect->parentWidget();
@@ -26,8 +26,8 @@ std::optional<FontDescription> QtFontDialog::AskFont(const FontDescription& pres
   QFont font(QString::fromStdString(preset.name), preset.size);
   font.setBold(preset.bold);
   font.setItalic(preset.italic);
-  // The dialog lists the fonts that the machine has, by the names of their styles: it is preset to the one that is
-  // drawn for the font, whose name stays unless the user chooses another.
+  // The dialog lists installed fonts only, so it is preset to the substitute for a missing one. The original name is
+  // kept unless the user picks another family.
   const QFontInfo drawn(font);
   font.setFamilies({drawn.family()});
   font.setStyleName(drawn.styleName());
@@ -39,7 +39,7 @@ std::optional<FontDescription> QtFontDialog::AskFont(const FontDescription& pres
   const QFont chosen = dialog.selectedFont();
   FontDescription answer = preset;
   if (chosen.family() != drawn.family()) answer.name = chosen.family().toStdString();
-  if (chosen.pointSize() > 0) answer.size = chosen.pointSize(); // else it is in pixels
+  if (chosen.pointSize() > 0) answer.size = chosen.pointSize(); // -1 for a size in pixels
   answer.bold = chosen.bold();
   answer.italic = chosen.italic();
   return answer;

@@ -1,4 +1,3 @@
-// The desktop's dialog for choosing a font.
 #pragma once
 
 #include "font_dialog.h"

@@ -28,9 +28,9 @@ constexpr char ContentsCommands[] = "show contents;expandToc 1;setSource qthelp:
 constexpr char IndexCommands[] = "show index\n";
 
 constexpr QSize StartSize(1000, 700);
-constexpr int EndMilliseconds = 1000; // for Assistant to end by itself
+constexpr int EndMilliseconds = 1000; // granted to Assistant to exit
 
-// The help file is an SQLite database. Assistant shows an empty window for one that was cut short.
+// The help file is an SQLite database. Assistant shows an empty window for a truncated one.
 bool IsWhole(const QString& path) {
   constexpr char Magic[] = "SQLite format 3";
   QFile file(path);
@@ -42,13 +42,13 @@ bool IsWhole(const QString& path) {
   return file.size() == pageSize * pageCount;
 }
 
-// Debian keeps Assistant with Qt's tools, outside of PATH.
+// Debian installs Assistant with Qt's tools, outside of PATH.
 QString FindProgram(const QString& name) {
   const QString withQt = QStandardPaths::findExecutable(name, {QLibraryInfo::path(QLibraryInfo::BinariesPath)});
   return withQt.isEmpty() ? QStandardPaths::findExecutable(name) : withQt;
 }
 
-// Assistant's own first window is too narrow for the manual's tables.
+// Assistant's default window is too narrow for the manual's tables.
 QString StartGeometry() {
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
   QRect place({}, StartSize.boundedTo(room.size()));
@@ -83,7 +83,7 @@ void QtHelpViewer::Request(const char* commands) {
 }
 
 bool QtHelpViewer::Start() {
-  // Assistant tells why it can't start on its standard error only. It has no window then; the next request says so.
+  // When Assistant fails it only writes to standard error and shows no window, so the next request reports it.
   if (const auto failed = std::exchange(m_process, nullptr);
       failed && failed->exitStatus() == QProcess::NormalExit && failed->exitCode() != 0) {
     const QString reason = QString::fromLocal8Bit(failed->readAllStandardError()).trimmed().section('\n', -1);
@@ -91,7 +91,7 @@ bool QtHelpViewer::Start() {
     return false;
   }
   const QFileInfo helpFile(QString::fromStdString(m_helpFile));
-  // Assistant forgets a help file that is missing once, and does not take it back.
+  // Assistant drops a missing help file from its collection for good.
   if (!helpFile.exists()) return Report(QString::fromUtf8(MissingText).arg(helpFile.filePath())), false;
   if (!IsWhole(helpFile.filePath())) return Report(QString::fromUtf8(DamagedText).arg(helpFile.filePath())), false;
   const QString assistant = FindProgram(QString::fromStdString(m_assistant));

@@ -1,4 +1,3 @@
-// The help, shown by Qt Assistant: a program of its own, so that the manual stays readable during a transfer.
 #pragma once
 
 #include "help_viewer.h"
@@ -12,11 +11,11 @@ class QString;
 
 namespace mr4500x {
 
-// Assistant is started when help is first asked for and told over its standard input what to show. It ends with the
-// program, however the program ends.
+// Shows the help in Qt Assistant, a separate process, so that the manual stays readable during a transfer. Assistant
+// is started on first use, takes commands on standard input and ends with the program, even when that crashes.
 class QtHelpViewer final : public HelpViewer {
 public:
-  // The collection that registers the help file lies beside it. The viewer is a path, or a name to look up.
+  // The .qhc collection must lie beside the help file. `assistant` is a path, or a name to look up.
   QtHelpViewer(MessageView& messages, std::string helpFile, std::string assistant = "assistant");
   ~QtHelpViewer() override;
 

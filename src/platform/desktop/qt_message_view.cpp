@@ -31,17 +31,9 @@ std::span<const BoxButton> ButtonsOf(MessageButtons buttons) {
 }
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
-  switch (icon) {
-  case MessageIcon::Information:
-    return QMessageBox::Information;
-  case MessageIcon::Exclamation:
-    return QMessageBox::Warning;
-  case MessageIcon::Critical:
-    return QMessageBox::Critical;
-  case MessageIcon::None:
-    break;
-  }
-  return QMessageBox::NoIcon;
+  if (icon == MessageIcon::Information) return QMessageBox::Information;
+  if (icon == MessageIcon::Exclamation) return QMessageBox::Warning;
+  return icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon;
 }
 
 } // namespace
@@ -52,7 +44,7 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   box.setObjectName(QStringLiteral("messageBox"));
   box.setIcon(IconOf(icon));
   box.setWindowTitle(QString::fromUtf8(title));
-  box.setTextFormat(Qt::PlainText); // paths and descriptions are no markup
+  box.setTextFormat(Qt::PlainText); // paths are not markup
   box.setText(QString::fromUtf8(text));
   const std::span<const BoxButton> offered = ButtonsOf(buttons);
   for (const BoxButton& button : offered)
@@ -61,7 +53,7 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   const int pressed = box.exec();
   for (const BoxButton& button : offered)
     if (button.button == pressed) return button.answer;
-  return offered.back().answer; // closed in another way than by a button
+  return offered.back().answer; // closed without a button
 }
 
 } // namespace mr4500x

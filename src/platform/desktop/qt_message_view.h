@@ -1,14 +1,13 @@
-// Message boxes of the desktop.
 #pragma once
 
 #include "message_view.h"
 
 namespace mr4500x {
 
-// A box is named "messageBox", its buttons "cmdOk", "cmdYes", "cmdNo" and "cmdCancel"; the first is the default.
-// During a transfer the user's input counts again while a box is open.
 class UserInput;
 
+// Boxes are named "messageBox", their buttons "cmdOk", "cmdYes", "cmdNo" and "cmdCancel"; the first is the default.
+// An open box releases the input that a transfer holds.
 class QtMessageView final : public MessageView {
 public:
   explicit QtMessageView(UserInput& input) : m_input(input) {}

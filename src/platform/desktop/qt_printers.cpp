@@ -50,7 +50,7 @@ QPrinter& QtPrinters::Chosen() {
   return *m_printer;
 }
 
-// Without a printer Qt offers PDF files, and the user has to name one.
+// Without a printer, Qt falls back to PDF output, with a file name only if the user gave one in the dialog.
 std::unique_ptr<Printer> QtPrinters::CurrentPrinter() {
   if (!m_isSetUp) m_printer.reset();
   QPrinter& printer = Chosen();

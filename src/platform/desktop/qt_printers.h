@@ -1,4 +1,3 @@
-// The desktop's printers, over Qt's printing classes.
 #pragma once
 
 #include "file_system.h"
@@ -10,7 +9,7 @@ class QPrinter;
 
 namespace mr4500x {
 
-// Asks the printing system at the first use: the program starts without it.
+// Contacts the printing system on first use, not at program start.
 class QtPrinters final : public Printers {
 public:
   explicit QtPrinters(FileSystem& files);
@@ -24,7 +23,7 @@ private:
 
   FileSystem& m_files;
   std::unique_ptr<QPrinter> m_printer;
-  bool m_isSetUp = false; // by the user; until then each job asks for the default printer
+  bool m_isSetUp = false; // by the user; until then each job uses the current default printer
 };
 
 } // namespace mr4500x

@@ -12,7 +12,7 @@
 
 namespace mr4500x {
 
-constexpr int LeastCharacters = 48; // across the bar
+constexpr int LeastCharacters = 48; // width of the bar
 
 QtProgressView::QtProgressView(std::string programTitle) : m_programTitle(std::move(programTitle)) {}
 
@@ -20,7 +20,7 @@ QtProgressView::~QtProgressView() = default;
 
 void QtProgressView::Open(std::string_view title, std::string_view text, int maximum) {
   Close();
-  // Without a close button: nothing that the user does ends a transfer.
+  // No close button: a transfer can't be cancelled.
   m_window = std::make_unique<QDialog>(OwnerWindow(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
   m_window->setObjectName(QStringLiteral("frmProgress"));
   m_window->setWindowTitle(QString::fromUtf8(title));
@@ -50,7 +50,7 @@ void QtProgressView::SetValue(int value) {
 
 void QtProgressView::Close() {
   if (!m_window) return;
-  m_window->hide(); // a window that is deleted while shown is closed first, and closing can be refused
+  m_window->hide(); // deleting a visible window closes it first, and the input filter refuses closing
   m_window.reset();
   m_bar = nullptr;
 }

@@ -1,4 +1,3 @@
-// The progress window of a transfer, frmProgress.
 #pragma once
 
 #include "progress_view.h"
@@ -11,12 +10,13 @@ class QProgressBar;
 
 namespace mr4500x {
 
+// frmProgress.
 class QtProgressView final : public ProgressView {
 public:
   explicit QtProgressView(std::string programTitle);
   ~QtProgressView() override;
 
-  void Open(std::string_view title, std::string_view text, int maximum) override; // an empty text: the program title
+  void Open(std::string_view title, std::string_view text, int maximum) override; // empty text: the program title
   void SetValue(int value) override;
   void Close() override;
 

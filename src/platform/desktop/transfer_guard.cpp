@@ -4,48 +4,47 @@
 #include <QEvent>
 #include <QThread>
 
+#include <algorithm>
+#include <array>
+
 namespace mr4500x {
 namespace {
 
 constexpr unsigned long InputArrivalMilliseconds = 5;
 
 bool IsUserInput(QEvent::Type type) {
-  switch (type) {
-  case QEvent::MouseButtonPress:
-  case QEvent::MouseButtonRelease:
-  case QEvent::MouseButtonDblClick:
-  case QEvent::MouseMove:
-  case QEvent::NonClientAreaMouseButtonPress:
-  case QEvent::NonClientAreaMouseButtonRelease:
-  case QEvent::NonClientAreaMouseButtonDblClick:
-  case QEvent::NonClientAreaMouseMove:
-  case QEvent::Wheel:
-  case QEvent::KeyPress:
-  case QEvent::KeyRelease:
-  case QEvent::ShortcutOverride:
-  case QEvent::Shortcut:
-  case QEvent::InputMethod:
-  case QEvent::ContextMenu:
-  case QEvent::Close:
-  case QEvent::Quit:
-  case QEvent::DragEnter:
-  case QEvent::DragMove:
-  case QEvent::Drop:
-  case QEvent::TouchBegin:
-  case QEvent::TouchUpdate:
-  case QEvent::TouchEnd:
-  case QEvent::TabletPress:
-  case QEvent::TabletMove:
-  case QEvent::TabletRelease:
-  case QEvent::NativeGesture:
-    return true;
-  default:
-    return false;
-  }
+  static constexpr std::array types = {QEvent::MouseButtonPress,
+                                       QEvent::MouseButtonRelease,
+                                       QEvent::MouseButtonDblClick,
+                                       QEvent::MouseMove,
+                                       QEvent::NonClientAreaMouseButtonPress,
+                                       QEvent::NonClientAreaMouseButtonRelease,
+                                       QEvent::NonClientAreaMouseButtonDblClick,
+                                       QEvent::NonClientAreaMouseMove,
+                                       QEvent::Wheel,
+                                       QEvent::KeyPress,
+                                       QEvent::KeyRelease,
+                                       QEvent::ShortcutOverride,
+                                       QEvent::Shortcut,
+                                       QEvent::InputMethod,
+                                       QEvent::ContextMenu,
+                                       QEvent::Close,
+                                       QEvent::Quit,
+                                       QEvent::DragEnter,
+                                       QEvent::DragMove,
+                                       QEvent::Drop,
+                                       QEvent::TouchBegin,
+                                       QEvent::TouchUpdate,
+                                       QEvent::TouchEnd,
+                                       QEvent::TabletPress,
+                                       QEvent::TabletMove,
+                                       QEvent::TabletRelease,
+                                       QEvent::NativeGesture};
+  return std::find(types.begin(), types.end(), type) != types.end();
 }
 
-// What the user did up to now reaches the filter, and ends there. Input that the window system has sent is on its way
-// through another thread, hence the short rest.
+// Lets pending input reach the filter, which drops it. The sleep gives events that the window system has already sent
+// time to arrive through another thread.
 void DropPendingInput() {
   QGuiApplication::sync();
   QThread::msleep(InputArrivalMilliseconds);
@@ -76,7 +75,7 @@ void UserInput::Release() {
 
 bool UserInput::eventFilter(QObject* watched, QEvent* event) {
   if (!IsUserInput(event->type())) return QObject::eventFilter(watched, event);
-  event->ignore(); // an unanswered Close would count as agreed to
+  event->ignore(); // else a dropped Close would count as accepted
   return true;
 }
 

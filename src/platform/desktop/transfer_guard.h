@@ -1,4 +1,4 @@
-// A transfer blocks the user, not the screen.
+// Blocking the user's input during a transfer, while the windows go on painting.
 #pragma once
 
 #include "end_signals.h"
@@ -7,12 +7,10 @@
 
 namespace mr4500x {
 
-// What the pointer shows while input is held.
-enum class HeldPointer { Busy, Unchanged };
+enum class HeldPointer { Busy, Unchanged }; // the mouse pointer while input is held
 
-// The user's input to all windows of the program. While it is held what the user does is dropped, which the pointer
-// may tell: it is neither acted on now nor when the input is released. Painting, resizing and the window
-// system's questions are served by whoever processes events, which is safe now: EventClock does in its waits.
+// The user's input to all windows of the program. While held, input is dropped for good, not queued. That makes it safe
+// to process events during a transfer, as EventClock does: only painting, resizing and the like get through.
 class UserInput final : public QObject {
   Q_OBJECT
 
@@ -34,7 +32,7 @@ private:
   HeldPointer m_pointer = HeldPointer::Busy;
 };
 
-// Holds the input while a transfer runs, and the signals that would end the program.
+// Holds the input and the signals that would end the program.
 class TransferGuard {
 public:
   explicit TransferGuard(UserInput& input, HeldPointer pointer = HeldPointer::Busy) : m_input(input) {
@@ -48,7 +46,7 @@ private:
   UserInput& m_input;
 };
 
-// Lets the user act while it lives, for a question in the middle of a transfer. Nothing where no input is held.
+// Releases held input while it lives, for a question in the middle of a transfer.
 class TransferPause {
 public:
   explicit TransferPause(UserInput& input) : m_input(input), m_wasHeld(input.IsHeld()) { m_input.Release(); }

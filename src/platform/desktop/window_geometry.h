@@ -1,11 +1,11 @@
-// Where the main window stood at the end, kept in the user's settings store.
+// The position of the main window, stored at exit in the user's settings.
 #pragma once
 
 class QWidget;
 
 namespace mr4500x {
 
-// With the frame, in twips: 1/1440 inch.
+// Including the frame, in twips (1/1440 inch).
 struct WindowGeometry {
   int left, top, width, height;
 };

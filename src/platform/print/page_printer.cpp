@@ -11,7 +11,7 @@ constexpr char NoFurtherPageText[] = "The printer does not take a further page."
 constexpr int TwipsPerPoint = 20;
 constexpr double TwipsPerInch = 1440;
 
-// Sized in the painter's own unit, the twip.
+// Pixel sizes are in the painter's unit, the twip.
 QFont FontOf(const PrintFont& font) {
   QFont made(QStringLiteral("Arial"));
   made.setPixelSize(font.points * TwipsPerPoint);

@@ -1,4 +1,3 @@
-// A printer over one of Qt's paged devices: pages of paper or of a PDF file, drawn in twips.
 #pragma once
 
 #include "printer.h"
@@ -10,7 +9,8 @@ class QPagedPaintDevice;
 
 namespace mr4500x {
 
-// The widths of texts are those of unhinted glyphs without kerning: the same on every device and at every resolution.
+// A printer on any of Qt's paged devices, drawing in twips. Text is measured unhinted and without kerning, so widths
+// are the same on every device and at every resolution.
 class PagePrinter : public Printer {
 public:
   [[nodiscard]] double TextWidth(std::string_view text, const PrintFont& font) const override;
@@ -22,7 +22,7 @@ public:
   void PrintLine(double x1, double y1, double x2, double y2, double thickness) override;
 
 protected:
-  // The device outlives the job.
+  // The device must outlive the job.
   [[nodiscard]] bool BeginOn(QPagedPaintDevice& device);
   [[nodiscard]] bool EndPainting();
 

@@ -16,9 +16,9 @@ constexpr char NoPrinterText[] = "There is no printer. \"Printer...\" offers to 
 constexpr char NotStartedText[] = "The PDF file %1 can't be started.";
 constexpr char NotWrittenText[] = "The PDF file %1 can't be written.";
 
-constexpr int Resolution = 1440; // a twip each
-// What office printers can't reach of their paper. A PDF file is often printed later, and loses nothing then.
-constexpr double Unprintable = 6; // millimetres
+constexpr int Resolution = 1440; // dots per inch: one per twip
+// The margin that office printers can't print on, so that nothing is lost when the PDF file is printed later.
+constexpr double Unprintable = 6; // mm
 
 std::string AboutFile(const char* text, const std::string& path) {
   return QString::fromUtf8(text).arg(QString::fromStdString(path)).toStdString();

@@ -1,4 +1,3 @@
-// A printer whose paper is a PDF file.
 #pragma once
 
 #include "file_system.h"
@@ -12,8 +11,8 @@ class QPdfWriter;
 
 namespace mr4500x {
 
-// The file takes the place of an old one when the job ends, whole; before that, and when the job fails or is abandoned,
-// nothing of the disk is touched. An empty path stands for a machine without a printer: no job begins.
+// Prints to a PDF file, which is written as a whole when the job ends; an abandoned or failed job leaves an old file as
+// it was. An empty path means that there is no printer: BeginJob fails.
 class PdfPrinter final : public PagePrinter {
 public:
   PdfPrinter(FileSystem& files, std::string path);

@@ -1,4 +1,4 @@
-// What the driver of an open serial device holds, for which Qt has no operation.
+// Access to a serial driver's transmit queue, which Qt does not offer.
 #pragma once
 
 #include <cstddef>
@@ -8,13 +8,13 @@
 
 namespace mr4500x {
 
-// Hands over as many bytes as the driver takes without waiting, possibly none. Nothing when the device failed.
+// Writes without blocking. Returns the number of bytes taken, possibly 0, or nullopt if the device failed.
 [[nodiscard]] std::optional<std::size_t> HandToDriver(int device, std::span<const std::uint8_t> bytes);
 
-// Bytes that the driver has taken and not yet sent. Nothing when the device failed.
+// Bytes that the driver has not sent yet; nullopt if the device failed.
 [[nodiscard]] std::optional<std::size_t> DriverQueueLength(int device);
 
-// Whether the device is gone: an adapter pulled, the other end of a pseudo-terminal closed.
+// Whether the device is gone: an adapter unplugged, the other end of a pseudo-terminal closed.
 [[nodiscard]] bool HasHungUp(int device);
 
 } // namespace mr4500x

@@ -12,11 +12,11 @@ namespace {
 struct HeldSignal {
   int number;
   struct sigaction before {};
-  std::atomic<bool> isWaiting = false; // all that a handler touches
+  std::atomic<bool> isWaiting = false; // the only thing that the handler touches
 };
 static_assert(std::atomic<bool>::is_always_lock_free);
 
-// Signals are the process's own, and so are these.
+// Global, as signal handlers are.
 std::array<HeldSignal, 4> heldSignals = {{{SIGINT}, {SIGTERM}, {SIGHUP}, {SIGQUIT}}};
 std::mutex mutex;
 int holders = 0;
@@ -28,7 +28,7 @@ void KeepWaiting(int number) {
 
 } // namespace
 
-// By handlers and not by the signal mask: that is each thread's own, and Qt starts threads.
+// Handlers rather than a signal mask: masks are per thread, and Qt starts threads.
 EndSignalsHeld::EndSignalsHeld() {
   const std::lock_guard lock(mutex);
   if (holders++ > 0) return;
@@ -49,7 +49,7 @@ EndSignalsHeld::~EndSignalsHeld() {
     for (const HeldSignal& held : heldSignals)
       sigaction(held.number, &held.before, nullptr);
   }
-  // Outside the lock: a handler of the program's own may hold signals itself, and then they go on waiting.
+  // Outside the lock: the program's own handler may hold signals too, which then stay pending.
   for (HeldSignal& held : heldSignals)
     if (held.isWaiting.exchange(false)) raise(held.number);
 }

@@ -1,10 +1,9 @@
-// Ctrl-C in the terminal, a logout, a shutdown: signals that end the program wait while one of these lives, in any
-// thread, and end it when the last has gone. Stopped half-way a transfer would leave the radio in its session, half
-// programmed, and the port locked.
 #pragma once
 
 namespace mr4500x {
 
+// Defers SIGINT, SIGTERM, SIGHUP and SIGQUIT until the last instance is gone, in any thread. A transfer that was killed
+// halfway would leave the radio half programmed and in its session, and the port locked.
 class EndSignalsHeld {
 public:
   EndSignalsHeld();

@@ -1,4 +1,3 @@
-// What the user's locale decides of the texts on screen and paper.
 #pragma once
 
 #include "local_time.h"
@@ -9,11 +8,10 @@ class QLocale;
 
 namespace mr4500x {
 
-// The decimal separator, as far as this program knows separators: "." where the locale reads 9.55 as the number that it
-// is, else ",".
+// "." if the locale reads "9.55" as that number, else ",": the program knows no other separators.
 [[nodiscard]] char DecimalSeparatorOf(const QLocale& locale);
 
-// Date and time in the locale's own short form.
+// Date and time in the locale's short format.
 [[nodiscard]] std::string DateTimeText(const QLocale& locale, const LocalTime& time);
 
 } // namespace mr4500x

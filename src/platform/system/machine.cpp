@@ -15,7 +15,7 @@ std::string ProgramFolder() {
 
 std::string UserConfigFolder() {
   const char* const configured = std::getenv("XDG_CONFIG_HOME");
-  // A relative path there is to be ignored.
+  // The XDG rules say to ignore a relative path.
   if (configured != nullptr && configured[0] == '/') return std::string(configured) + "/MR4500X";
   const char* const home = std::getenv("HOME");
   return std::string(home != nullptr ? home : "") + "/.config/MR4500X";
@@ -25,7 +25,7 @@ LocalTime LocalNow() {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   localtime_r(&now, &local);
-  // A leap second counts as the last second that the radio's stamp knows.
+  // The radio's time stamp ends at second 59: a leap second counts as 59.
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
           local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};
 }

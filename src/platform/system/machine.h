@@ -1,4 +1,3 @@
-// Where the program stands on this machine, and the machine's local time.
 #pragma once
 
 #include "local_time.h"
@@ -7,10 +6,10 @@
 
 namespace mr4500x {
 
-// The folder of the running executable, links resolved; empty when the system does not tell.
+// The folder of the running executable, links resolved; empty if unknown.
 [[nodiscard]] std::string ProgramFolder();
 
-// The user's own folder for this program's settings: "MR4500X" in the XDG configuration folder. It need not exist.
+// "MR4500X" in the user's XDG configuration folder. It may not exist.
 [[nodiscard]] std::string UserConfigFolder();
 
 [[nodiscard]] LocalTime LocalNow();

@@ -17,7 +17,7 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// Takes the digits off the front of the text, without their leading zeros.
+// Removes the leading digits from the text and returns them without leading zeros.
 std::string_view TakeNumber(std::string_view& text) {
   const std::size_t length =
       static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), IsDigit) - text.begin());
@@ -44,7 +44,7 @@ bool NaturallyBefore(std::string_view a, std::string_view b) {
   return a.size() < b.size();
 }
 
-// The driver of the built-in ports lists more of them than there are; the spare ones have UART type 0.
+// The 8250 driver lists more built-in ports than exist; the spare ones have UART type 0.
 bool IsSpare(const fs::path& entry) {
   std::ifstream file(entry / "type");
   int type = 0;
@@ -77,7 +77,7 @@ std::optional<SerialDevice> DescribeDevice(const fs::path& terminals, const std:
   std::error_code error;
   const std::string hardware = fs::canonical(entry / "device", error).string();
   if (error) {
-    // No hardware known behind it: a Bluetooth link, say; or a system that keeps no such folder.
+    // No known hardware, such as a Bluetooth link, or a system without this folder.
     return SerialDevice{path, name.find("usb") != std::string::npos ? DeviceKind::UsbAdapter : DeviceKind::Other};
   }
   if (IsSpare(entry)) return std::nullopt;
@@ -89,8 +89,8 @@ std::vector<std::string> MachineSerialDevices() {
   std::set<std::string> names;
   for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
     names.insert(info.portName().toStdString());
-  // Qt leaves out built-in ports that this user may not open. They count all the same: the number of a port must not
-  // depend on who asks, and opening it is what tells that a permission is missing.
+  // Qt omits built-in ports that this user may not open. They are added here, as port numbers must not depend on the
+  // user, and the missing permission is reported when the port is opened.
   std::error_code error;
   for (fs::directory_iterator entry(terminals, error); entry != fs::directory_iterator(); entry.increment(error))
     if (fs::exists(entry->path() / "device", error)) names.insert(entry->path().filename().string());

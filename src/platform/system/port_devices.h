@@ -1,4 +1,4 @@
-// Which serial device of this machine stands for COM1 to COM16.
+// The mapping of COM1 to COM16 to this machine's serial devices.
 #pragma once
 
 #include <filesystem>
@@ -9,9 +9,9 @@
 
 namespace mr4500x {
 
-// The device of port n: its pin, else the n-th of `devices`; empty for none. There are as many ports as `pins`, which
-// holds the device path chosen for each, or an empty one. A pin takes nothing out of the count: a device pinned to one
-// port is still the n-th device too, so that pinning one port leaves the others where they were.
+// The device of port n, counted from 1: its entry in `pins` (the device paths set by the user, empty for none), else
+// the n-th of `devices`; empty for none or n out of range. A pinned device keeps its place in `devices`, so that
+// pinning a port does not move the others.
 [[nodiscard]] std::string DeviceOfPort(int n, std::span<const std::string> pins,
                                        const std::vector<std::string>& devices);
 
@@ -22,12 +22,10 @@ struct SerialDevice {
   DeviceKind kind;
 };
 
-// USB adapters first, then built-in ports, then the rest (Bluetooth and the like), each in natural name order:
-// ttyUSB2 before ttyUSB10.
+// USB adapters, built-in ports, then others such as Bluetooth, each in natural order: ttyUSB2 before ttyUSB10.
 [[nodiscard]] std::vector<std::string> InPortOrder(std::vector<SerialDevice> devices);
 
-// The system's description of the terminal `name`, in its folder of terminals; nothing for one that stands for no
-// hardware, such as the spare entries of the built-in ports' driver.
+// Describes a terminal from its entry in `terminals` (/sys/class/tty); nullopt for a spare entry without hardware.
 [[nodiscard]] std::optional<SerialDevice> DescribeDevice(const std::filesystem::path& terminals,
                                                          const std::string& name);
 

@@ -15,7 +15,7 @@ namespace mr4500x {
 
 namespace {
 
-// Repeats a system call for as long as a signal interrupts it.
+// Retries a system call that a signal interrupts.
 template<typename Call>
 auto Uninterrupted(Call call) {
   auto result = call();
@@ -75,7 +75,7 @@ bool PosixFileSystem::MakeFolder(const std::string& folder) {
   return mkdir(folder.c_str(), 0777) == 0;
 }
 
-// Not blocking, so that a pipe that stands where a file was expected can't hold up the program.
+// Non-blocking, so that a pipe in place of a file can't hang the program.
 std::optional<FileSystem::Handle> PosixFileSystem::OpenToRead(const std::string& path) {
   return Open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
 }

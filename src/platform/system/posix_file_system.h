@@ -1,10 +1,10 @@
-// The file system of POSIX machines: the plain system calls, interrupted ones taken up again.
 #pragma once
 
 #include "file_system.h"
 
 namespace mr4500x {
 
+// Plain system calls, retried when interrupted.
 class PosixFileSystem final : public FileSystem {
 public:
   std::optional<FileStatus> Status(const std::string& path) override;

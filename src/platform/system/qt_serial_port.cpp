@@ -16,15 +16,8 @@ namespace mr4500x {
 namespace {
 
 QSerialPort::Parity ParityOf(Parity parity) {
-  switch (parity) {
-  case Parity::Odd:
-    return QSerialPort::OddParity;
-  case Parity::Even:
-    return QSerialPort::EvenParity;
-  case Parity::None:
-    break;
-  }
-  return QSerialPort::NoParity;
+  if (parity == Parity::Odd) return QSerialPort::OddParity;
+  return parity == Parity::Even ? QSerialPort::EvenParity : QSerialPort::NoParity;
 }
 
 bool Apply(const LineSettings& line, QSerialPort& port) {
@@ -35,8 +28,8 @@ bool Apply(const LineSettings& line, QSerialPort& port) {
   return port.setFlowControl(QSerialPort::NoFlowControl) && taken;
 }
 
-// The device's own path, links followed: the lock file that keeps other programs off is named after it. A bare name
-// stays one, and a relative path becomes absolute, as Qt looks for both among the system's devices.
+// Resolves links, since the lock file that keeps other programs out is named after the real device. A bare name stays
+// as it is and a relative path becomes absolute: Qt would look for either in /dev.
 std::string OwnPath(const std::string& device) {
   if (device.find('/') == std::string::npos) return device;
   std::error_code error;
@@ -44,15 +37,15 @@ std::string OwnPath(const std::string& device) {
   return error ? device : path;
 }
 
-// Qt calls a port that another program holds a matter of permission, and sends its reader looking in the wrong place.
+// Qt reports a port in use by another program as a permission error, which misleads the user.
 std::string OpenFailure(const QSerialPort& port, const std::string& device) {
   const bool isHeld = port.error() == QSerialPort::PermissionError && access(device.c_str(), R_OK | W_OK) == 0;
   if (isHeld) return std::make_error_code(std::errc::device_or_resource_busy).message();
   return port.errorString().toStdString();
 }
 
-// A thread without an event dispatcher has no use for notifiers, and Qt warns of each that it makes all the same. The
-// category is the whole program's: the last of several threads switches its warnings on again.
+// Suppresses Qt's warnings about socket notifiers in a thread without an event dispatcher, which does not need them.
+// The logging category is global, so the last of several threads restores it.
 class NotifierWarningsOff {
 public:
   NotifierWarningsOff() : m_isNeeded(QAbstractEventDispatcher::instance() == nullptr) {
@@ -102,7 +95,7 @@ std::optional<std::string> QtSerialPort::Open(const LineSettings& settings) {
   const NotifierWarningsOff quiet;
   m_port->setPortName(QString::fromStdString(device));
   if (!m_port->open(QIODevice::ReadWrite)) return OpenFailure(*m_port, device);
-  // Applied to the open device, as a pseudo-terminal may refuse settings that mean nothing to it and works without.
+  // Set after opening: a pseudo-terminal may refuse settings that it does not need.
   if (!Apply(settings, *m_port) && !device.starts_with("/dev/pts/")) {
     const std::string description = m_port->errorString().toStdString();
     Close();
@@ -130,7 +123,7 @@ bool QtSerialPort::IsUsable() {
 bool QtSerialPort::FetchReceived() {
   if (!IsUsable()) return false;
   m_port->clearError();
-  // Each round fetches up to 512 bytes. Bounded, so that an endless sender can't hold the caller here.
+  // Up to 512 bytes a round. Bounded, so that a babbling device can't hang the caller.
   constexpr int MostRounds = 64;
   for (int round = 0; round < MostRounds && m_port->waitForReadyRead(0); ++round) {
   }

@@ -1,5 +1,3 @@
-// The serial port over Qt's. It needs neither an application object nor a running event loop: each operation asks the
-// device itself, so nothing has to be delivered in between.
 #pragma once
 
 #include "serial_port.h"
@@ -11,13 +9,14 @@ class QSerialPort;
 
 namespace mr4500x {
 
+// Needs neither an application object nor an event loop: each operation polls the device.
 class QtSerialPort final : public SerialPort {
 public:
-  // The path of the device that stands for a port number; empty for none.
+  // The device path for a port number; empty for none.
   using DeviceLookup = std::function<std::string(int)>;
 
   explicit QtSerialPort(DeviceLookup lookup);
-  explicit QtSerialPort(std::string device); // whatever the port number
+  explicit QtSerialPort(std::string device); // for every port number
   ~QtSerialPort() override;
 
   void SetPortNumber(int number) override;
@@ -33,14 +32,14 @@ public:
   [[nodiscard]] std::optional<std::vector<std::uint8_t>> TakeReceived() override;
 
 private:
-  [[nodiscard]] bool IsUsable();      // open, and not failed up to now
-  [[nodiscard]] bool FetchReceived(); // moves what the driver received into Qt's buffer
-  [[nodiscard]] bool PushUnsent();    // hands what the driver takes of m_unsent to it
+  [[nodiscard]] bool IsUsable();      // open and not failed
+  [[nodiscard]] bool FetchReceived(); // moves received bytes into Qt's buffer
+  [[nodiscard]] bool PushUnsent();    // passes on what the driver takes of m_unsent
 
   DeviceLookup m_lookup;
   std::unique_ptr<QSerialPort> m_port;
-  // What the driver has not taken yet. Kept here, as Qt can't empty its write buffer without flushing the driver's
-  // queue along with it, and that would lose bytes that were meant to go.
+  // Bytes that the driver has not taken. Kept here because Qt can only clear its own write buffer together with the
+  // driver's queue, whose bytes must still be sent.
   std::vector<std::uint8_t> m_unsent;
   int m_number = 1;
   bool m_failed = false;

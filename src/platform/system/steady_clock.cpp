@@ -11,7 +11,7 @@ namespace mr4500x {
 
 SteadyClock::SteadyClock() {
 #ifdef __linux__
-  // The system may wake a sleeper up to 50 us late to save power, which an exchange of some hundred waits would feel.
+  // By default Linux may wake a sleeper 50 us late to save power, which adds up over hundreds of waits.
   constexpr unsigned long SlackNanoseconds = 1000;
   prctl(PR_SET_TIMERSLACK, SlackNanoseconds, 0UL, 0UL, 0UL);
 #endif

@@ -1,4 +1,3 @@
-// The machine's monotonic clock.
 #pragma once
 
 #include "clock.h"

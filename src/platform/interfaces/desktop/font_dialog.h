@@ -1,4 +1,3 @@
-// The desktop's dialog for choosing a font.
 #pragma once
 
 #include <optional>
@@ -16,7 +15,7 @@ struct FontDescription {
 class FontDialog {
 public:
   virtual ~FontDialog() = default;
-  // The font with the name, size, bold and italic that the user chose; nothing when the user cancelled.
+  // nullopt when cancelled.
   [[nodiscard]] virtual std::optional<FontDescription> AskFont(const FontDescription& preset) = 0;
 };
 

@@ -1,8 +1,8 @@
-// The viewer of the help file. It reports itself when it cannot open it.
 #pragma once
 
 namespace mr4500x {
 
+// Reports its own failures to the user.
 class HelpViewer {
 public:
   virtual ~HelpViewer() = default;

@@ -1,4 +1,4 @@
-// Message boxes: the one way in which a command tells the user of a failure or asks a question.
+// Message boxes: all failures and questions of the commands go through them.
 #pragma once
 
 #include <string_view>

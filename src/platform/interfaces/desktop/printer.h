@@ -1,5 +1,5 @@
-// The printer as the reports see it. Positions and sizes are twips (1/1440 inch) from the top-left corner of a page's
-// printable area.
+// The printer that reports are written to. Positions and sizes are in twips (1/1440 inch), from the top left corner of
+// the page's printable area.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-// Of the family "Arial".
+// Always Arial.
 struct PrintFont {
   int points = 8;
   bool bold = false;
@@ -27,30 +27,28 @@ class TextMeasure {
 public:
   virtual ~TextMeasure() = default;
   [[nodiscard]] virtual double TextWidth(std::string_view text, const PrintFont& font) const = 0;
-  [[nodiscard]] virtual double TextHeight(const PrintFont& font) const = 0; // of a line, without leading
+  [[nodiscard]] virtual double TextHeight(const PrintFont& font) const = 0; // of one line, without leading
 };
 
-// A job goes from BeginJob to EndJob or AbandonJob. What can fail answers with the system's description, else nothing.
+// A job runs from BeginJob to EndJob or AbandonJob. Calls that can fail return a description of the error, or nullopt.
 class Printer : public TextMeasure {
 public:
-  [[nodiscard]] virtual std::optional<std::string> BeginJob(const std::string& title) = 0; // with its first page
+  [[nodiscard]] virtual std::optional<std::string> BeginJob(const std::string& title) = 0; // and its first page
   [[nodiscard]] virtual PrintArea Area() const = 0;
   [[nodiscard]] virtual std::optional<std::string> NewPage() = 0;
-  virtual void SetScale(double scale) = 0; // of what follows on the page: 1 for positions as they are
-  virtual void PrintText(double x, double y, const PrintFont& font, std::string_view text) = 0; // y: the line's top
+  virtual void SetScale(double scale) = 0; // for the rest of the page; 1 is unscaled
+  virtual void PrintText(double x, double y, const PrintFont& font, std::string_view text) = 0; // y: top of the line
   virtual void PrintLine(double x1, double y1, double x2, double y2, double thickness) = 0;
   [[nodiscard]] virtual std::optional<std::string> EndJob() = 0; // sends the job
-  virtual void AbandonJob() = 0;                                 // nothing of the job is printed
+  virtual void AbandonJob() = 0;                                 // prints nothing
 };
 
-// The desktop's printers.
 class Printers {
 public:
   virtual ~Printers() = default;
-  // The one that the user has set up, else the system's default. Where there is none, its BeginJob tells so.
+  // The one that the user set up, else the system's default. If there is none, BeginJob fails.
   [[nodiscard]] virtual std::unique_ptr<Printer> CurrentPrinter() = 0;
-  // The desktop's dialog in which the user chooses and sets up the printer; cancelling changes nothing. The paper is
-  // A4, portrait, whatever was chosen.
+  // Opens the printer dialog; cancelling it changes nothing. The paper stays A4 portrait, whatever the user chooses.
   virtual void SetUpPrinter(const std::string& title) = 0;
 };
 

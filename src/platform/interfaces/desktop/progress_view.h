@@ -8,9 +8,9 @@ namespace mr4500x {
 class ProgressView {
 public:
   virtual ~ProgressView() = default;
-  virtual void Open(std::string_view title, std::string_view text, int maximum) = 0; // at value 0
-  virtual void SetValue(int value) = 0; // above the maximum shows the maximum, below 0 shows 0
-  virtual void Close() = 0;             // nothing when none is open
+  virtual void Open(std::string_view title, std::string_view text, int maximum) = 0; // starts at 0
+  virtual void SetValue(int value) = 0;                                              // clamped to 0..maximum
+  virtual void Close() = 0;                                                          // no effect when not open
 };
 
 } // namespace mr4500x

@@ -1,11 +1,10 @@
-// Time as the radio exchanges see it.
 #pragma once
 
 #include <chrono>
 
 namespace mr4500x {
 
-// A steady clock of its own origin. Waits are to absolute moments, so that their errors do not add up.
+// A steady clock with an arbitrary epoch. Waits have absolute deadlines so that errors don't accumulate.
 class Clock {
 public:
   using Moment = std::chrono::microseconds;

@@ -1,10 +1,9 @@
-// A moment of the local clock.
 #pragma once
 
 namespace mr4500x {
 
 struct LocalTime {
-  int year, month, day; // the full year; month and day from 1
+  int year, month, day; // four-digit year; month and day from 1
   int hour, minute, second;
 };
 

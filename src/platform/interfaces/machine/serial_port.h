@@ -1,4 +1,3 @@
-// The serial port as the radio exchanges see it.
 #pragma once
 
 #include <cstddef>
@@ -20,24 +19,23 @@ struct LineSettings {
   bool operator==(const LineSettings&) const = default;
 };
 
-// Every operation answers false or nothing once the port has failed (it vanished, the driver refused); the port
-// then stays open until Close.
+// Once the port has failed (unplugged, driver error), operations return false or nullopt; it stays open until Close.
 class SerialPort {
 public:
   virtual ~SerialPort() = default;
 
-  // Chooses the device that the next Open takes: port n is COMn, or what stands for it on this machine.
+  // Selects the port for the next Open: n stands for COMn, or the device mapped to it.
   virtual void SetPortNumber(int number) = 0;
-  // Opens without handshaking; on failure the operating system's description, else nothing.
+  // Opens without flow control. Returns the system's error description on failure, else nullopt.
   [[nodiscard]] virtual std::optional<std::string> Open(const LineSettings& settings) = 0;
   virtual void Close() = 0;
   [[nodiscard]] virtual bool IsOpen() const = 0;
 
-  [[nodiscard]] virtual std::optional<std::size_t> BytesReceived() = 0; // waiting to be taken
+  [[nodiscard]] virtual std::optional<std::size_t> BytesReceived() = 0; // and not yet taken
   [[nodiscard]] virtual bool DiscardReceived() = 0;
-  // Written bytes that have not left the computer, the driver's queue included.
+  // Written bytes that have not left the computer, including the driver's queue.
   [[nodiscard]] virtual std::optional<std::size_t> BytesToTransmit() = 0;
-  // Forgets bytes not yet handed to the driver. What the driver holds was meant to go and goes.
+  // Discards bytes not yet passed to the driver. The driver still sends what it has.
   [[nodiscard]] virtual bool DiscardTransmit() = 0;
   [[nodiscard]] virtual bool Write(std::span<const std::uint8_t> bytes) = 0;
   [[nodiscard]] virtual std::optional<std::vector<std::uint8_t>> TakeReceived() = 0; // everything waiting
