@@ -1,4 +1,4 @@
-// The actions of frmMain: one table of menus, items, buttons and what they run, and the building from it.
+// The menus and the toolbar of frmMain, built from one table.
 #include "frm_main.h"
 
 #include "program_icons.h"
@@ -21,11 +21,11 @@ struct FrmMain::ActionRow {
   const char* text = "";
   const char* name = "";
   const char* shortcut = "";
-  void (FrmMain::*handler)() = nullptr; // none: not available
-  const char* key = "";                 // of the toolbar button, whose object name it is
+  void (FrmMain::*handler)() = nullptr; // nullptr disables the action
+  const char* key = "";                 // of the toolbar button; also its object name
   const char* tip = "";
   const char* icon = "";
-  QAction* FrmMain::*heldItem = nullptr; // where the window keeps them
+  QAction* FrmMain::*heldItem = nullptr; // members that keep the actions
   QAction* FrmMain::*heldButton = nullptr;
 
   static std::span<const ActionRow> Table();
@@ -101,24 +101,15 @@ void FrmMain::BuildMenus() {
 }
 
 void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
-  switch (row.kind) {
-  case RowKind::Separator:
-  case RowKind::HiddenSeparator:
-    menu.addSeparator()->setVisible(row.kind == RowKind::Separator);
-    return;
-  case RowKind::Recent:
+  if (row.kind == RowKind::ButtonOnly) return;
+  if (row.kind == RowKind::Separator || row.kind == RowKind::HiddenSeparator)
+    return menu.addSeparator()->setVisible(row.kind == RowKind::Separator);
+  if (row.kind == RowKind::Recent) {
     for (std::size_t i = 0; i < m_mnuRecent.size(); ++i) {
       m_mnuRecent[i] = menu.addAction(QString());
       m_mnuRecent[i]->setObjectName(QString::fromLatin1(row.name).arg(i + 1));
       m_mnuRecent[i]->setVisible(false);
     }
-    return;
-  case RowKind::Item:
-  case RowKind::View:
-  case RowKind::Hidden:
-    break;
-  case RowKind::Menu:
-  case RowKind::ButtonOnly:
     return;
   }
   QAction* const item = menu.addAction(tr(row.text));

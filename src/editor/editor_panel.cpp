@@ -9,19 +9,20 @@
 #include <QPushButton>
 #include <QStackedLayout>
 
+#include <array>
+
 namespace mr4500x {
 namespace {
 
 constexpr int ChannelView = 0;
 constexpr int FunctionView = 1;
 
-// Intermediate states are not drawn while one of these lives.
+// Suppresses painting while it lives.
 class UndrawnPanel {
 public:
   explicit UndrawnPanel(QWidget& panel) : m_panel(panel) { m_panel.setUpdatesEnabled(false); }
   ~UndrawnPanel() { m_panel.setUpdatesEnabled(true); }
-  UndrawnPanel(const UndrawnPanel&) = delete;
-  UndrawnPanel& operator=(const UndrawnPanel&) = delete;
+  Q_DISABLE_COPY_MOVE(UndrawnPanel)
 
 private:
   QWidget& m_panel;
@@ -58,7 +59,7 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
 
   m_focusHolder->setObjectName(QStringLiteral("Command1"));
   m_focusHolder->setAccessibleName(tr("No field"));
-  m_focusHolder->setFocusPolicy(Qt::ClickFocus); // not on the way of Tab
+  m_focusHolder->setFocusPolicy(Qt::ClickFocus); // not in the tab order
   m_focusHolder->setGeometry(0, 0, 1, 1);
   m_focusHolder->lower();
 }
@@ -101,7 +102,7 @@ void EditorPanel::FillReset(const LocalTime& now) {
   SetControls({NewConfiguration(m_image, m_texts, now)});
 }
 
-// The order matters: each step runs the change handling of its frame, which may touch fields that a later one fills.
+// The order matters: each frame's change handling may touch fields that a later step fills.
 void EditorPanel::SetControls(const Decoded& decoded) {
   const UndrawnPanel undrawn(*this);
   const EditorViews& views = *m_views;
@@ -151,19 +152,15 @@ void EditorPanel::Collect() {
   m_views->fiveTone->AfterCollect(values);
 }
 
-std::array<ChannelTexts, ChannelCount> EditorPanel::ChannelsOfImage() const {
-  std::array<ChannelTexts, ChannelCount> channels;
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
-    channels[channel] = TextsOfChannel(m_image, channel, m_texts);
-  return channels;
-}
-
 void EditorPanel::ReinitialiseChannels(int lowerLimit) {
   const UndrawnPanel undrawn(*this);
   SetLowerBandLimit(m_image.BandBlock, lowerLimit);
   ResetChannels(m_image);
-  m_views->channels->LoadChannelGrid(ChannelsOfImage());
-  // The image learns of a new mode at the next collect only: until then its group calls are the other mode's.
+  std::array<ChannelTexts, ChannelCount> channels;
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
+    channels[channel] = TextsOfChannel(m_image, channel, m_texts);
+  m_views->channels->LoadChannelGrid(channels);
+  // Until the next collect, the image and its group calls may still be in the old mode.
   if (m_views->selectCall->IsTts() != IsTtsMode(m_image)) m_views->channels->ResetSelcallCells();
 }
 
@@ -196,7 +193,7 @@ void EditorPanel::ShowFunctionView() {
   m_views->stack->setCurrentIndex(FunctionView);
 }
 
-// A click that no control takes: on the background, a frame or a label.
+// A click on the background, a frame or a label.
 void EditorPanel::mousePressEvent(QMouseEvent* event) {
   CommitOpenEditors();
   QWidget::mousePressEvent(event);

@@ -1,5 +1,5 @@
-// The editor panel: all frames of both views. Fills them from the image and collects the image from them; between the
-// two the controls are the only copy of the configuration. What the frames show and check is left to them.
+// The editor panel: all frames of both views. Fills them from the image and collects them into the image. In between,
+// only the controls hold the configuration.
 #pragma once
 
 #include "configuration.h"
@@ -7,7 +7,6 @@
 
 #include <QWidget>
 
-#include <array>
 #include <memory>
 
 class QPushButton;
@@ -23,17 +22,16 @@ public:
   EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent = nullptr);
   ~EditorPanel() override;
 
-  // Sets every control from the image, in order, each selection handled as a user's. Tells of conflicting keys; on an
-  // invalid standard it tells so and leaves the standard, the TTS table and the reset time as they were.
+  // Sets the controls from the image, as if the user had made each selection. Reports conflicting keys. An invalid 5
+  // tone standard is reported too and leaves the standard, the TTS table and the reset time unchanged.
   DecodeEnd Fill();
-  // The new configuration, from the image reset to its defaults.
-  void FillReset(const LocalTime& now);
+  void FillReset(const LocalTime& now); // resets the image to a new configuration and shows it
   void Collect();
   [[nodiscard]] Configuration Shown() const; // what the controls show
 
-  void CommitOpenEditors(); // takes what they hold; no field has the focus then
-  void HideOpenEditors();   // without taking their text
-  void Copy();              // the whole text of the open frequency box, if there is one
+  void CommitOpenEditors(); // stores their text; then no field has the focus
+  void HideOpenEditors();   // without storing their text
+  void Copy();              // the whole text of the open frequency box, if any
   void Paste();
 
   void ShowChannelView();
@@ -51,7 +49,6 @@ private:
   void SetControls(const Decoded& decoded);
   void ShowSelcallMode();
   void ReinitialiseChannels(int lowerLimit);
-  [[nodiscard]] std::array<ChannelTexts, ChannelCount> ChannelsOfImage() const;
 
   RadioImage& m_image;
   const FieldTexts& m_texts;

@@ -1,4 +1,4 @@
-// The frames of the editor and where they stand in the channel view and the function view.
+// The frames of the editor and their layout in the channel view and the function view.
 #pragma once
 
 #include "band_frame.h"
@@ -31,7 +31,7 @@ struct EditorViews {
   QStackedLayout* stack = nullptr; // the channel view, then the function view
 };
 
-// Puts the frames on two pages, of which the panel shows the first.
+// Lays the frames out on the two pages; the panel shows the first.
 void ArrangeViews(QWidget& panel, EditorViews& views);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// The frame's controls: layout, load and store, check boxes and colours.
+// Layout, load and store, check boxes and colours.
 #include "channel_frame.h"
 
 #include "choice_box.h"
@@ -19,11 +19,11 @@
 namespace mr4500x {
 namespace {
 
-constexpr int EditorExtraTwips = 10; // an editor is this much wider than its column
+constexpr int EditorExtraTwips = 10; // by which an editor is wider than its column
 constexpr int MarginTwips = 90;
 constexpr int LongestFrequency = 9; // "000.00000"
 
-// Styles show the focus around the text of a check box, and these have none.
+// Draws the focus itself: styles draw it around the text, and these boxes have none.
 class RowCheckBox : public QCheckBox {
 public:
   using QCheckBox::QCheckBox;
@@ -42,8 +42,7 @@ protected:
 
 constexpr std::array SelcallColumns = {GridColumn::RxSelCall, GridColumn::TxSelCall, GridColumn::GroupCall};
 
-// Digits and the decimal separator. Once the keypad's decimal key has been pressed, "." and "," both mean the
-// separator.
+// Digits and the decimal separator. After the first keypad decimal key, both "." and "," count as the separator.
 CharacterFilter FrequencyFilter(char separator) {
   return [separator, eitherMeant = false](char typed, bool onKeypad) mutable -> std::optional<char> {
     if (typed != '.' && typed != ',') return DigitFilter(typed, onKeypad);
@@ -80,7 +79,8 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices service
       m_cboCTCDCS(new ChoiceBox("cboCTCDCS", ToneItems(texts), {}, this)) {
   setObjectName("fraChannel");
   setAccessibleName(title());
-  m_cboCTCDCS->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // else each measure walks it
+  m_cboCTCDCS->setSizeAdjustPolicy(
+      QComboBox::AdjustToMinimumContentsLengthWithIcon); // else every size hint measures all items
   m_cboCTCDCS->KeepPopupWiderThan(QStringLiteral("CTC99999.999"));
   SetUp(*m_gridChannel, *m_txtChFreq, *m_cboCTCDCS);
   AddCheckBoxes();

@@ -1,5 +1,5 @@
-// The "Channel Settings" frame: the channel grid with its check boxes, in-place editors and dialogs. The cells' texts
-// are the only place where the editor keeps the channels; their values are the field rules'.
+// The "Channel Settings" frame: the channel grid with its check boxes, in-place editors and dialogs. The editor keeps
+// the channels only as the cells' texts.
 #pragma once
 
 #include "channel_grid.h"
@@ -17,7 +17,7 @@ namespace mr4500x {
 
 struct ChannelFrameServices {
   MessageView& messages;
-  std::function<Band()> band;         // the whole-MHz limits shown in the band boxes
+  std::function<Band()> band;         // the limits shown in the band boxes, in MHz
   std::function<bool()> isTtsMode;    // the "Select Call" choice
   std::function<void()> commitOthers; // commits the editors of the TTS grid
 };

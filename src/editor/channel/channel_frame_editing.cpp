@@ -1,4 +1,4 @@
-// What a click on a cell does, and the two in-place editors.
+// Clicks on cells, and the two in-place editors.
 #include "channel_frame.h"
 
 #include "channel_record.h"
@@ -16,7 +16,7 @@
 namespace mr4500x {
 namespace {
 
-// Twips from the corner of the main window.
+// Positions of the dialogs, in twips from the corner of the main window.
 constexpr int DialogTop = 3100;
 constexpr int RxSelCallLeft = 4000;
 constexpr int TxSelCallLeft = 8000;
@@ -40,14 +40,8 @@ QRgb SideColour(GridColumn column) {
 void ChannelFrame::CellOpened(int channel, int tableColumn) {
   const auto column = static_cast<GridColumn>(tableColumn + 1);
   const auto index = static_cast<std::size_t>(channel);
-  if (m_chkCH[index]->isChecked()) {
-    chkCH_Click(channel);
-    return;
-  }
-  if (m_chkTx[index]->isChecked() && IsTransmit(column)) {
-    chkTx_Click(channel);
-    return;
-  }
+  if (m_chkCH[index]->isChecked()) return chkCH_Click(channel);
+  if (m_chkTx[index]->isChecked() && IsTransmit(column)) return chkTx_Click(channel);
   switch (column) {
   case GridColumn::RxFreq:
   case GridColumn::TxFreq:
@@ -85,7 +79,7 @@ void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
   if (frequency) m_gridChannel->SetText(channel, frequencyColumn, QString::fromStdString(*frequency));
 }
 
-// Of the two texts of a cell, anything that is not the first becomes the first.
+// Toggles between the two texts of a cell; any other text becomes the first.
 void ChannelFrame::ToggleText(int channel, GridColumn column) {
   const QString text = m_gridChannel->Text(channel, column);
   const auto toggle = [&](const QString& first, const QString& second) {
@@ -93,25 +87,18 @@ void ChannelFrame::ToggleText(int channel, GridColumn column) {
   };
   switch (column) {
   case GridColumn::Combination:
-    toggle("AND", "OR");
-    break;
+    return toggle("AND", "OR");
   case GridColumn::TailCut:
-    if (m_gridChannel->Text(channel, GridColumn::RxTone) == QLatin1String("OFF"))
-      SetTailCut(channel, false);
-    else
-      toggle("OFF", "ON");
-    break;
+    if (m_gridChannel->Text(channel, GridColumn::RxTone) == QLatin1String("OFF")) return SetTailCut(channel, false);
+    return toggle("OFF", "ON");
   case GridColumn::HighTxPower:
-    toggle("Permit", "Prohibit");
-    break;
+    return toggle("Permit", "Prohibit");
   case GridColumn::PttId:
-    toggle("OFF", "ON");
-    break;
+    return toggle("OFF", "ON");
   case GridColumn::BandWidth:
-    toggle(QString::fromStdString(m_texts.WideBandText), QString::fromStdString(m_texts.NarrowBandText));
-    break;
+    return toggle(QString::fromStdString(m_texts.WideBandText), QString::fromStdString(m_texts.NarrowBandText));
   default:
-    break;
+    return;
   }
 }
 
@@ -129,10 +116,9 @@ void ChannelFrame::AskGroupCall(int channel) {
 bool ChannelFrame::Ask(QDialog& dialog, int leftTwips) {
   dialog.adjustSize();
   QPoint corner = window()->frameGeometry().topLeft() + QPoint(Pixels(leftTwips, *this), Pixels(DialogTop, *this));
-  // Not past the edge of the screen.
-  const QRect desk = screen()->availableGeometry();
-  corner.setX(std::max(desk.left(), std::min(corner.x(), desk.right() + 1 - dialog.width())));
-  corner.setY(std::max(desk.top(), std::min(corner.y(), desk.bottom() + 1 - dialog.height())));
+  const QRect available = screen()->availableGeometry();
+  corner.setX(std::max(available.left(), std::min(corner.x(), available.right() + 1 - dialog.width())));
+  corner.setY(std::max(available.top(), std::min(corner.y(), available.bottom() + 1 - dialog.height())));
   dialog.move(corner);
   return dialog.exec() == QDialog::Accepted;
 }

@@ -17,7 +17,7 @@ namespace {
 
 struct ColumnLook {
   int twips;
-  std::array<const char*, 2> widest; // texts that no other of the column outgrows, for any font
+  std::array<const char*, 2> widest; // the widest texts of the column, whatever the font
 };
 
 // clang-format off
@@ -40,17 +40,14 @@ constexpr std::array<ColumnLook, GridColumnCount> Looks = {{
 }};
 // clang-format on
 
-constexpr int RowTwips = 255;            // the height that rows are multiples of
-constexpr double ChannelRowFactor = 1.1; // header: 2
+constexpr int RowTwips = 255;            // unit of the row heights
+constexpr double ChannelRowFactor = 1.1; // the header's is 2
 constexpr int HeightSlackTwips = 100;
 constexpr int EditorTopTwips = -25;
 constexpr int EditorLeftTwips = 10;
 
 constexpr int ColourRole = Qt::UserRole;
 
-const ColumnLook& LookOf(GridColumn column) {
-  return Looks[static_cast<std::size_t>(column)];
-}
 QString HeaderText(GridColumn column) {
   return column == GridColumn::ChannelNo ? ChannelGrid::tr("CH No.") : QString::fromUtf8(LabelOf(column));
 }
@@ -60,24 +57,15 @@ int TableColumn(GridColumn column) {
 
 QColor ColourOn(const QPalette& palette, CellColour colour) {
   const QColor background = palette.color(QPalette::Base);
-  switch (colour) {
-  case CellColour::Green:
-    return ReadableOn(GreenText, background);
-  case CellColour::Teal:
-    return ReadableOn(TealText, background);
-  case CellColour::Navy:
-    return ReadableOn(NavyText, background);
-  case CellColour::Grey:
-    return palette.color(QPalette::Disabled, QPalette::Text);
-  case CellColour::Hidden:
-    return background;
-  case CellColour::Plain:
-    break;
-  }
+  if (colour == CellColour::Green) return ReadableOn(GreenText, background);
+  if (colour == CellColour::Teal) return ReadableOn(TealText, background);
+  if (colour == CellColour::Navy) return ReadableOn(NavyText, background);
+  if (colour == CellColour::Hidden) return background;
+  if (colour == CellColour::Grey) return palette.color(QPalette::Disabled, QPalette::Text);
   return palette.color(QPalette::Text);
 }
 
-// A header text on its two lines, broken at the blank that makes them shortest.
+// Breaks a header text at the space that makes its two lines shortest.
 QString OnTwoLines(const QString& text, const QFontMetrics& metrics) {
   QString best = text;
   int narrowest = metrics.horizontalAdvance(text);
@@ -106,8 +94,8 @@ protected:
   }
 };
 
-// The current cell wears a frame rather than the selection's background, so that colours keep their meaning in it and
-// a hidden text stays hidden.
+// Marks the current cell with a frame instead of the selection's background, so that its text keeps its colour, and a
+// hidden text stays hidden.
 class CellDelegate : public QStyledItemDelegate {
 public:
   explicit CellDelegate(ChannelGrid& grid) : QStyledItemDelegate(&grid), m_grid(grid) {}
@@ -173,7 +161,7 @@ void ChannelGrid::SetColour(int channel, GridColumn first, GridColumn last, Cell
     QTableWidgetItem& cell = *item(channel, column);
     cell.setData(ColourRole, static_cast<int>(colour));
     cell.setForeground(ColourOn(palette(), colour));
-    // A screen reader says no more than the screen shows.
+    // A screen reader must not read out a hidden text.
     cell.setData(Qt::AccessibleTextRole, colour == CellColour::Hidden ? QVariant(tr("not used")) : QVariant());
   }
 }
@@ -191,7 +179,7 @@ int ChannelGrid::CellWidthNeeded(GridColumn column) const {
   const bool label = column == GridColumn::ChannelNo;
   const QFontMetrics metrics = label ? verticalHeader()->fontMetrics() : fontMetrics();
   int width = 0;
-  for (const char* const text : LookOf(column).widest)
+  for (const char* const text : Looks[static_cast<std::size_t>(column)].widest)
     width = std::max(width, metrics.horizontalAdvance(QLatin1String(text)));
   const int margin =
       style()->pixelMetric(label ? QStyle::PM_HeaderMargin : QStyle::PM_FocusFrameHMargin, nullptr, this);
@@ -205,7 +193,7 @@ int ChannelGrid::HeaderWidthNeeded(GridColumn column) const {
 }
 
 void ChannelGrid::FitToFont(int toneEditorWidth) {
-  // The column that is tightest with this font sets the scale, so that all keep their proportions.
+  // The tightest column sets the scale, so that all columns keep their proportions.
   m_pixelsPerTwip = Pixels(1440, *this) / 1440.0;
   for (std::size_t i = 0; i < GridColumnCount; ++i) {
     const auto column = static_cast<GridColumn>(i);
@@ -214,7 +202,7 @@ void ChannelGrid::FitToFont(int toneEditorWidth) {
     m_pixelsPerTwip = std::max(m_pixelsPerTwip, needed / static_cast<double>(Looks[i].twips));
   }
   const int lineHeight = std::max(fontMetrics().height(), horizontalHeader()->fontMetrics().height());
-  // A row has to hold a line with the frame of its editor.
+  // A row must fit a line of text with the frame of its editor.
   const double unit = std::max<double>(Pixels(RowTwips, *this), (lineHeight + 6) / ChannelRowFactor);
   const int channelRow = static_cast<int>(std::lround(unit * ChannelRowFactor));
   const int headerRow = static_cast<int>(std::lround(std::max(unit * 2, lineHeight * 2.0 + 4)));

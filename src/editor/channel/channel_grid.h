@@ -1,4 +1,4 @@
-// The grid of 16 channels: its cells with their colours and its measures. What a click on a cell means is the frame's.
+// The grid of 16 channels: cells, colours and sizes. ChannelFrame handles the clicks.
 #pragma once
 
 #include "cell_grid.h"
@@ -15,7 +15,7 @@ enum class CellColour {
   Teal,
   Navy,
   Grey,
-  Hidden, // the background's own colour: the text cannot be seen
+  Hidden, // in the background colour
 };
 
 class ChannelGrid : public CellGrid {
@@ -24,23 +24,21 @@ class ChannelGrid : public CellGrid {
 public:
   explicit ChannelGrid(QWidget* parent);
 
-  // Channels count from 0.
+  // Channels are counted from 0.
   [[nodiscard]] QString Text(int channel, GridColumn column) const;
   void SetText(int channel, GridColumn column, const QString& text);
   void SetColour(int channel, GridColumn first, GridColumn last, CellColour colour);
-  void RefreshColours(); // after a change of the desktop's colours
+  void RefreshColours(); // after a change of the palette
 
-  // Takes the measures from the font. The tone column is at least as wide as its editor needs.
-  void FitToFont(int toneEditorWidth);
-  [[nodiscard]] int Scaled(double twips) const; // in the grid's own scale
+  void FitToFont(int toneEditorWidth); // the least width of the tone column, in pixels
   [[nodiscard]] int WidthOf(GridColumn column) const;
   [[nodiscard]] int ChannelRowHeight() const { return rowHeight(0); }
-  [[nodiscard]] int MiddleOfRow(int channel) const; // in the coordinates of the parent
-  // The corner of an editor over a cell, `inset` twips in from where the columns to its left end.
+  [[nodiscard]] int MiddleOfRow(int channel) const; // in the parent's coordinates
+  // The top left corner of an editor over a cell, `inset` twips right of the cell's left edge.
   [[nodiscard]] QPoint EditorCorner(int channel, GridColumn column, int inset) const;
 
 private:
-  void SetUpHeaders();
+  [[nodiscard]] int Scaled(double twips) const; // in the grid's own scale
   [[nodiscard]] int CellWidthNeeded(GridColumn column) const;
   [[nodiscard]] int HeaderWidthNeeded(GridColumn column) const;
 

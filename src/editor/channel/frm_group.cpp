@@ -12,7 +12,7 @@
 namespace mr4500x {
 namespace {
 
-// What the cell shows for each position of the two lists.
+// The cell's text for each item of the two lists.
 const std::array<QStringList, 2>& CellTexts() {
   static const std::array<QStringList, 2> texts = {QStringList{"OFF", "Tone A", "Tone B"},
                                                    QStringList{"OFF", "5T 1", "5T 2", "5T 3", "5T 4"}};
@@ -32,7 +32,7 @@ FrmGroup::FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent) : QDi
     connect(option, &QRadioButton::toggled, this, &FrmGroup::optSig_Click);
   m_optSig[mode]->setChecked(true);
   optSig_Click();
-  // A value that the list does not offer stays unless the user picks another.
+  // A value that is not in the list is kept unless the user picks another.
   if (!CellTexts()[mode].contains(m_cellText)) {
     m_cboTwoSig[mode]->setCurrentIndex(-1);
     m_cboTwoSig[mode]->setPlaceholderText(m_cellText);

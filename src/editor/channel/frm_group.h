@@ -1,4 +1,4 @@
-// frmGroup: asks for the group call of a channel. It takes the cell's text and gives back a new one.
+// frmGroup: edits the group call of a channel, as the cell's text.
 #pragma once
 
 #include <QDialog>
@@ -14,7 +14,7 @@ class FrmGroup : public QDialog {
   Q_OBJECT
 
 public:
-  // Only the option and the list of the mode in force can be used.
+  // Only the current mode's controls are enabled.
   FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent = nullptr);
 
   [[nodiscard]] const QString& CellText() const { return m_cellText; } // the new one after OK

@@ -39,7 +39,7 @@ FrmTwoFive::FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, Messa
   connect(m_cmdOK, &QPushButton::clicked, this, &FrmTwoFive::cmdOK_Click);
 }
 
-// The order of Tab is that of creation: each field right after its option.
+// Creates each field right after its option, which makes the tab order.
 void FrmTwoFive::LayOut() {
   auto* const layout = new QGridLayout(this);
   layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -71,7 +71,7 @@ void FrmTwoFive::ShowCell() {
   Option chosen = Off;
   if (m_cellText.startsWith(QLatin1String("TTS"))) {
     chosen = Tts;
-    // An entry that the list does not have stays unless the user picks another.
+    // An entry that is not in the list is kept unless the user picks another.
     m_cboTwoSig->setCurrentIndex(m_cboTwoSig->findText(m_cellText.mid(4)));
     m_cboTwoSig->setPlaceholderText(m_cellText.mid(4));
   } else if (m_cellText.startsWith(QLatin1String("5T"))) {
@@ -101,8 +101,7 @@ void FrmTwoFive::txtFiveSig_Validate() {
 
 void FrmTwoFive::txtFiveSig_LostFocus(Qt::FocusReason reason) {
   if (!isVisible() || !m_txtFiveSig->isEnabled()) return;
-  // Pressing a button of the dialog: OK checks the code itself, and Cancel has no use for it. A message now would
-  // swallow the click.
+  // Not when a button is clicked: a message would swallow the click. OK checks the code itself, Cancel discards it.
   const QWidget* const next = QApplication::focusWidget();
   const bool byTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
   if (!byTab && (next == m_cmdOK || next == m_cmdCancel)) return;

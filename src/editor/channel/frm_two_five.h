@@ -1,4 +1,4 @@
-// frmTwoFive: asks for the selective call of one side of a channel. It takes the cell's text and gives back a new one.
+// frmTwoFive: edits the receive or transmit selective call of a channel, as the cell's text.
 #pragma once
 
 #include "message_view.h"
@@ -19,7 +19,7 @@ class FrmTwoFive : public QDialog {
   Q_OBJECT
 
 public:
-  // The choices of the mode that is not in force are hidden; what is left wears the colour of its column.
+  // The other mode's controls are hidden; the rest have the text colour `colour`.
   FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, MessageView& messages, QWidget* parent = nullptr);
 
   [[nodiscard]] const QString& CellText() const { return m_cellText; } // the new one after OK

@@ -16,7 +16,7 @@ ArrowPair::ArrowPair(const QString& objectName, const QString& accessibleName, Q
   setValue(rest);
   lineEdit()->hide();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  // A click leaves the focus, and with it an unfinished entry, where it is.
+  // A click must not take the focus, which would end an unfinished entry.
   setFocusPolicy(Qt::TabFocus);
 }
 
@@ -24,7 +24,7 @@ void ArrowPair::stepBy(int steps) {
   if (steps != 0) emit Stepped(steps > 0 ? 1 : -1);
 }
 
-// The arrows and the frame around them, without a field.
+// The arrows and their frame only.
 QSize ArrowPair::sizeHint() const {
   QStyleOptionSpinBox option;
   initStyleOption(&option);
@@ -34,19 +34,14 @@ QSize ArrowPair::sizeHint() const {
   return {up.width() + frame, option.rect.height()};
 }
 
-// There is no number to type.
 void ArrowPair::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
-    QSpinBox::keyPressEvent(event);
-  else
-    event->ignore();
+  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) return QSpinBox::keyPressEvent(event);
+  event->ignore();
 }
 
 void ArrowPair::wheelEvent(QWheelEvent* event) {
-  if (hasFocus())
-    QSpinBox::wheelEvent(event);
-  else
-    event->ignore();
+  if (hasFocus()) return QSpinBox::wheelEvent(event);
+  event->ignore();
 }
 
 } // namespace mr4500x

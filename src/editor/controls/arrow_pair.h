@@ -1,5 +1,4 @@
-// An up and a down arrow in the style's own drawing. Its value always rests in the middle: every click of an arrow is
-// one step up or down.
+// A spin box without a number: each click on an arrow emits one step up or down.
 #pragma once
 
 #include <QSpinBox>

@@ -45,9 +45,7 @@ void CellGrid::mousePressEvent(QMouseEvent* event) {
   if (m_pressed) setCurrentIndex(cell);
 }
 
-void CellGrid::mouseMoveEvent(QMouseEvent* /*event*/) {
-  // The current cell stays the one that was pressed.
-}
+void CellGrid::mouseMoveEvent(QMouseEvent* /*event*/) {} // dragging does not change the current cell
 
 void CellGrid::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !m_pressed) return;
@@ -57,7 +55,7 @@ void CellGrid::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void CellGrid::mouseDoubleClickEvent(QMouseEvent* event) {
-  mousePressEvent(event); // each of two quick clicks counts
+  mousePressEvent(event); // two quick clicks are two clicks
 }
 
 void CellGrid::keyPressEvent(QKeyEvent* event) {
@@ -75,7 +73,7 @@ void CellGrid::keyPressEvent(QKeyEvent* event) {
     break;
   default:
     if (event->text().isEmpty()) break;
-    // Not handed on: the table would search for the character.
+    // Not passed on: the table would search for the character.
     emit OtherKeyPressed();
     return;
   }

@@ -1,4 +1,4 @@
-// What the channel grid and the TTS table share: cells that open rather than take text, and their keys and clicks.
+// The base of the channel grid and the TTS table: cells that open an editor, and their keys and clicks.
 #pragma once
 
 #include <QTableWidget>
@@ -8,14 +8,14 @@ namespace mr4500x {
 class CellGrid : public QTableWidget {
   Q_OBJECT
 public:
-  void MoveOn(); // along the row, then to the next one, and from the last cell to the first
+  void MoveOn(); // to the next cell, row by row; from the last cell to the first
 
 signals:
-  void CellOpened(); // the current one, by the left button let go on it or by Space
+  void CellOpened(); // the current cell, by a left click or Space
   void OtherKeyPressed();
 
 protected:
-  // Columns before the first one hold labels, which take no click.
+  // Columns before `firstColumn` are labels, which ignore clicks.
   CellGrid(int rows, int columns, int firstColumn, QWidget* parent);
 
   void mousePressEvent(QMouseEvent* event) override;

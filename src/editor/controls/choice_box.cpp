@@ -12,11 +12,10 @@
 namespace mr4500x {
 namespace {
 
-constexpr qsizetype MostItemsOpen = 20; // of a list that opens as a whole
-constexpr int VisibleItems = 16;        // of one that scrolls
+constexpr qsizetype MostItemsOpen = 20; // longer lists scroll
+constexpr int VisibleItems = 16;        // of a list that scrolls
 
-// Some styles open a long list as a menu as high as the screen, with another item than the current one under the
-// pointer.
+// Some styles open a long list as a menu as tall as the screen, and not at the current item.
 class ShortDropDown : public QProxyStyle {
 public:
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -67,7 +66,7 @@ void ChoiceBox::ShowText(const QString& text) {
 }
 
 void ChoiceBox::showPopup() {
-  // Here and not before: asking for the popup makes it.
+  // Not earlier: view() creates the popup.
   if (!m_popupText.isEmpty()) view()->setMinimumWidth(fontMetrics().horizontalAdvance(m_popupText));
   QComboBox::showPopup();
 }
@@ -92,12 +91,10 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// Turning the wheel scrolls the panel, not the list under the pointer.
+// Without the focus, the wheel scrolls the panel instead of changing the selection.
 void ChoiceBox::wheelEvent(QWheelEvent* event) {
-  if (hasFocus())
-    QComboBox::wheelEvent(event);
-  else
-    event->ignore();
+  if (hasFocus()) return QComboBox::wheelEvent(event);
+  event->ignore();
 }
 
 } // namespace mr4500x

@@ -1,5 +1,5 @@
-// A drop-down list of the editor: a selection made by a fill is handled exactly as one by the user, and a stored code
-// without an item is kept until the user picks one.
+// A drop-down list of the editor. SetChoice acts like a selection by the user, and a stored code without an item is
+// kept until the user picks one.
 #pragma once
 
 #include "configuration.h"
@@ -13,17 +13,17 @@ class ChoiceBox : public QComboBox {
 public:
   ChoiceBox(const QString& objectName, const QStringList& items, const QString& accessibleName, QWidget* parent);
 
-  void SetChoice(const Choice& choice); // always followed by Selected
+  void SetChoice(const Choice& choice); // always emits Selected
   [[nodiscard]] Choice Chosen() const;
   void ShowPosition(int position);    // without Selected
-  void ShowText(const QString& text); // without Selected; a text that is no item is shown with nothing selected
+  void ShowText(const QString& text); // without Selected; shows a text without an item with nothing selected
   void KeepPopupWiderThan(const QString& text) { m_popupText = text; }
 
   void showPopup() override;
 
 signals:
   void Selected(int position);
-  void Left(); // the focus went to another control
+  void Left(); // focus moved to another control
   void Confirmed();
   void Escaped();
 

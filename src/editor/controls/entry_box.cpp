@@ -26,7 +26,7 @@ EntryBox::EntryBox(const QString& objectName, int mostCharacters, CharacterFilte
   setAccessibleName(accessibleName);
   setMaxLength(mostCharacters);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  // Characters composed by an input method would come past the filter.
+  // Input methods would bypass the filter.
   setAttribute(Qt::WA_InputMethodEnabled, false);
   connect(this, &QLineEdit::textEdited, this, &EntryBox::NarrowLimit);
 }
@@ -55,11 +55,11 @@ void EntryBox::NarrowLimit(const QString& text) {
   setCursorPosition(cursor);
 }
 
-// As wide as the limit of digits needs, and a little room.
+// Wide enough for the maximum number of digits.
 QSize EntryBox::sizeHint() const {
   const QSize usual = QLineEdit::sizeHint();
   const QFontMetrics metrics = fontMetrics();
-  constexpr int usualCharacters = 17; // of an "x" each
+  constexpr int usualCharacters = 17; // QLineEdit's hint is 17 times "x"
   const int surround = usual.width() - usualCharacters * metrics.horizontalAdvance(QLatin1Char('x'));
   return {metrics.horizontalAdvance(QString(m_mostCharacters, QLatin1Char('0')) + QLatin1Char(' ')) + surround,
           usual.height()};
@@ -67,14 +67,8 @@ QSize EntryBox::sizeHint() const {
 
 void EntryBox::keyPressEvent(QKeyEvent* event) {
   event->accept();
-  if (m_wholeClipboard && event->matches(QKeySequence::Copy)) {
-    CopyWhole();
-    return;
-  }
-  if (m_wholeClipboard && event->matches(QKeySequence::Paste)) {
-    PasteWhole();
-    return;
-  }
+  if (m_wholeClipboard && event->matches(QKeySequence::Copy)) return CopyWhole();
+  if (m_wholeClipboard && event->matches(QKeySequence::Paste)) return PasteWhole();
   switch (event->key()) {
   case Qt::Key_Up:
     emit Stepped(1);
@@ -97,12 +91,12 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
     if (KeepsKey(*event)) QLineEdit::keyPressEvent(event);
     return;
   }
-  const char key = typed.front().toLatin1(); // 0 for a character that is none of Latin-1
+  const char key = typed.front().toLatin1(); // 0 if not Latin-1
   const auto character = m_filter(key, event->modifiers().testFlag(Qt::KeypadModifier));
   if (character) insert(QString(QLatin1Char(*character)));
 }
 
-// Backspace and the clipboard are always the box's own.
+// Backspace and the clipboard keys always work.
 bool EntryBox::KeepsKey(const QKeyEvent& event) const {
   if (m_editingKeys || event.key() == Qt::Key_Backspace) return true;
   return event.modifiers() == Qt::ControlModifier &&

@@ -1,5 +1,5 @@
-// A text box that filters what is typed into it and tells its frame of the moments at which an entry counts: the focus
-// coming or going between controls, Enter, Escape, Up, Down and clicks. What is pasted is not filtered.
+// A text box that filters typed characters, but not pasted text. It signals focus changes between controls, Enter,
+// Escape, Up, Down and clicks.
 #pragma once
 
 #include <QLineEdit>
@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-// The character that a typed one puts into a box.
+// Returns the character to insert for a typed one; nullopt to ignore it.
 using CharacterFilter = std::function<std::optional<char>(char typed, bool onKeypad)>;
 [[nodiscard]] std::optional<char> DigitFilter(char typed, bool onKeypad);
 
@@ -20,12 +20,10 @@ public:
            QWidget* parent);
 
   void IgnoreEditingKeys() { m_editingKeys = false; }   // Delete, Left, Home and the like
-  void CopyAndPasteWhole() { m_wholeClipboard = true; } // Ctrl+C and Ctrl+V take the whole text, not the selection
+  void CopyAndPasteWhole() { m_wholeClipboard = true; } // by Ctrl+C and Ctrl+V, whatever is selected
 
-  // Shows a text of the data. One beyond the limit stays whole until the user edits it.
-  void SetWholeText(const QString& text);
-  // Puts a text in as the user would: cut at the limit.
-  void PutText(const QString& text);
+  void SetWholeText(const QString& text); // a text beyond the limit stays whole until the user edits it
+  void PutText(const QString& text);      // cuts the text at the limit
   void SelectEntry() { setSelection(0, m_mostCharacters); }
 
   void CopyWhole() const;

@@ -1,4 +1,4 @@
-// The messages about entries, odd spellings included. All have the exclamation icon.
+// The messages about entries, with the exclamation icon. "Invalide", "Auot" and "initiated" are spelled so on purpose.
 #pragma once
 
 #include "fill_messages.h"

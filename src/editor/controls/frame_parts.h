@@ -1,4 +1,4 @@
-// What the frames and dialogs are put together from: labelled fields, OK and Cancel, the message about an entry.
+// Helpers for frames and dialogs: labelled fields, OK and Cancel, error messages.
 #pragma once
 
 #include "message_view.h"
@@ -20,13 +20,12 @@ namespace mr4500x {
 
 [[nodiscard]] QStringList ItemTexts(std::span<const std::string_view> items);
 
-// Puts a field into the layout's columns `column` (its label) and `column + 1`.
+// Adds the label in `column` and the field in `column + 1`. Returns the label.
 QLabel* AddField(QGridLayout& layout, int row, int column, const QString& label, QWidget* field);
 
-// Columns of labelled fields, apart from each other.
 [[nodiscard]] QGridLayout* NewFieldLayout(QWidget& frame);
 
-// The buttons of a dialog, at the right of their row. Cancel is connected.
+// Right-aligned buttons. Cancel is connected to reject, OK to nothing.
 struct OkCancel {
   QHBoxLayout* row;
   QPushButton* ok;

@@ -25,7 +25,7 @@ void GridFrame::SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list) {
   entry.hide();
   list.hide();
   connect(&grid, &CellGrid::CellOpened, this, [this] {
-    CommitEditors(); // in a window without the focus, no editor has lost it
+    CommitEditors(); // an inactive window sends no focus-out that would commit
     m_row = m_grid->currentRow();
     m_column = m_grid->currentColumn();
     CellOpened(m_row, m_column);
@@ -80,7 +80,7 @@ void GridFrame::CommitEditors() {
     else
       RefuseEntry();
   }
-  // Nothing is selected while the cell's text is none of the list: it stays.
+  // A cell text that is not in the list has no selection, and stays.
   if (!m_list->isHidden() && m_list->currentIndex() >= 0) {
     const QString text = m_list->currentText();
     Store(text);
@@ -92,7 +92,7 @@ void GridFrame::CommitEditors() {
 void GridFrame::HideEditors() {
   const QScopedValueRollback guard(m_closing, true);
   for (QWidget* const editor : std::initializer_list<QWidget*>{m_entry, m_list}) {
-    // Hiding the control with the focus would send it to any neighbour.
+    // Hiding the control with the focus would move it to any neighbour.
     if (editor->hasFocus()) m_grid->setFocus();
     editor->hide();
   }
@@ -100,15 +100,9 @@ void GridFrame::HideEditors() {
 
 void GridFrame::changeEvent(QEvent* event) {
   QGroupBox::changeEvent(event);
-  switch (event->type()) {
-  case QEvent::FontChange:
-  case QEvent::StyleChange:
-  case QEvent::PaletteChange:
-    m_newLooks.start(); // once the controls inside have them too
-    break;
-  default:
-    break;
-  }
+  const QEvent::Type type = event->type();
+  if (type == QEvent::FontChange || type == QEvent::StyleChange || type == QEvent::PaletteChange)
+    m_newLooks.start(); // after the child controls have changed too
 }
 
 } // namespace mr4500x

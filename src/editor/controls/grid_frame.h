@@ -1,5 +1,5 @@
-// A frame around a grid whose cells are edited in a text box or a list that opens over them, one at a time. What a text
-// has to look like and where an editor stands is left to the frames that derive from it.
+// A frame around a grid whose cells are edited in a text box or a list opened over the cell, one at a time. Derived
+// frames check the entries and place the editors.
 #pragma once
 
 #include "message_view.h"
@@ -18,27 +18,27 @@ class EntryBox;
 class GridFrame : public QGroupBox {
   Q_OBJECT
 public:
-  void CommitEditors();                      // an open editor's text is checked, stored and the editor hidden
-  void HideEditors();                        // without taking their text
-  [[nodiscard]] EntryBox* OpenEntry() const; // nullptr while the text box is hidden
+  void CommitEditors();                      // checks and stores the open editor's text, then hides it
+  void HideEditors();                        // without storing their text
+  [[nodiscard]] EntryBox* OpenEntry() const; // nullptr if the text box is hidden
 
 signals:
   void Changed();
 
 protected:
-  // `refusal` is the message about an entry that can't be read.
+  // `refusal` is the message about an invalid entry.
   GridFrame(const QString& title, const char* refusal, MessageView& messages, QWidget* parent);
   void SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list);
 
   virtual void CellOpened(int row, int column) = 0;
-  // What a typed text puts into the open cell. Nothing where it can't be read.
+  // The text to store for a typed one; nullopt if it is invalid.
   [[nodiscard]] virtual std::optional<QString> CheckedEntry(const QString& typed) const = 0;
-  virtual void Picked(const QString& /*text*/) {} // the list's text has been stored
-  virtual void EntryConfirmed() {}                // Enter has ended an entry
-  virtual void LayOut() = 0;                      // takes measures and colours from the desktop
+  virtual void Picked(const QString& /*text*/) {} // after the list's text was stored
+  virtual void EntryConfirmed() {}                // after Enter
+  virtual void LayOut() = 0;                      // applies the current font and palette
 
   void ShowEditor(QWidget& editor, const QRect& place, QRgb colour);
-  void RefuseEntry(); // shows the message and the cell's own text
+  void RefuseEntry(); // shows the message and restores the cell's text
   [[nodiscard]] QString OpenText() const;
   void Store(const QString& text); // in the open cell
 
@@ -54,9 +54,9 @@ private:
   CellGrid* m_grid = nullptr;
   EntryBox* m_entry = nullptr;
   ChoiceBox* m_list = nullptr;
-  int m_row = 0, m_column = 0; // of the cell that was opened last
-  bool m_closing = false;      // the focus that leaves an editor means nothing
-  QTimer m_newLooks;           // the desktop's font or colours have changed
+  int m_row = 0, m_column = 0; // of the cell opened last
+  bool m_closing = false;      // ignore the focus leaving an editor
+  QTimer m_newLooks;           // after a change of font, style or palette
 };
 
 } // namespace mr4500x

@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-// By ChoiceList.
+// Indexed by ChoiceList.
 // clang-format off
 constexpr std::array<const char*, ChoiceListCount> Controls = {
     "cboRadio(0)", "cboRadio(1)", "cboRadio(2)", "cboRadio(3)", "cboRadio(4)",  "cboRadio(5)",

@@ -1,4 +1,4 @@
-// A frame with lists of the configuration, each labelled and named after its control.
+// The base of frames with lists of the configuration.
 #pragma once
 
 #include "choice_box.h"
@@ -23,7 +23,7 @@ signals:
 protected:
   ListFrame(const QString& objectName, const QString& title, QWidget* parent);
 
-  // Puts a list into the columns `column` (its label) and `column + 1`.
+  // Adds the label in `column` and the list in `column + 1`.
   ChoiceBox* AddList(int row, int column, ChoiceList list);
   [[nodiscard]] QGridLayout& Fields() const { return *m_fields; }
 

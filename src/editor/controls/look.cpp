@@ -10,8 +10,8 @@
 namespace mr4500x {
 
 int Pixels(double twips, const QWidget& widget) {
-  constexpr double twipsPerDesignPixel = 15.0; // at 96 dots an inch
-  constexpr double designDigitWidth = 6.0;     // of the digits of the design's font, in its pixels
+  constexpr double twipsPerDesignPixel = 15.0; // at 96 dpi
+  constexpr double designDigitWidth = 6.0;     // in the design's font, in design pixels
   const double digitWidth = QFontMetricsF(widget.font()).horizontalAdvance(QLatin1Char('0'));
   return static_cast<int>(std::lround(twips / twipsPerDesignPixel * std::max(1.0, digitWidth / designDigitWidth)));
 }
@@ -20,20 +20,20 @@ QColor ReadableOn(QRgb text, const QColor& background) {
   const QColor designed(text);
   if (background.lightnessF() >= 0.5) return designed;
   const QColor hsl = designed.toHsl();
-  // Blue is the darkest of the hues at one lightness: it needs more of it.
+  // Blue looks darkest at the same lightness and needs more.
   const bool blue = hsl.hslHueF() > 0.6F && hsl.hslHueF() < 0.75F;
   return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), blue ? 0.82F : 0.68F);
 }
 
 void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
   const QPalette& present = like.palette();
-  QPalette colours; // what it does not set comes from the parent
+  QPalette colours; // the rest comes from the parent
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
     colours.setColor(group, QPalette::Text, ReadableOn(text, present.color(QPalette::Base)));
     colours.setColor(group, QPalette::ButtonText, ReadableOn(text, present.color(QPalette::Button)));
     colours.setColor(group, QPalette::PlaceholderText, ReadableOn(text, present.color(QPalette::Button)));
   }
-  // An option stands on the window itself. A field's WindowText is the colour of the arrows in its popup's scroll bar.
+  // Options only: they stand on the window. In a list, WindowText would colour the arrows of the popup's scroll bar.
   if (qobject_cast<const QRadioButton*>(&widget) != nullptr)
     for (const auto group : {QPalette::Active, QPalette::Inactive})
       colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
@@ -41,7 +41,7 @@ void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
 }
 
 void SetUsable(QWidget& field, bool usable) {
-  QPalette palette; // what it does not set comes from the parent
+  QPalette palette; // the rest comes from the parent
   if (!usable) palette.setBrush(QPalette::Base, field.parentWidget()->palette().brush(QPalette::Button));
   field.setPalette(palette);
   field.setEnabled(usable);

@@ -16,19 +16,19 @@
 namespace mr4500x {
 namespace {
 
-constexpr int BoxColumns = 66, BoxRows = 8; // at least, of the dialog's own font
+constexpr int BoxColumns = 66, BoxRows = 8; // least size, in the dialog's font
 
-// Unit for unit: what converts UTF-16 would take a first unit of FEFF or FFFE for a byte order mark.
+// Unit for unit: QString::fromUtf16 would take a leading FEFF or FFFE for a byte order mark.
 QString ToQString(std::u16string_view text) {
   return QStringView(text).toString();
 }
 
-// The box's own units: the plain text would have blanks for the blanks that don't break.
+// The raw text: toPlainText would replace no-break spaces by spaces.
 std::u16string ShownText(const QPlainTextEdit& box) {
   return box.document()->toRawText().toStdU16String();
 }
 
-// Puts the corrected change in the place of the one just made, so that neither undo nor redo leads to too long a text.
+// Replaces the last change by the corrected one, so that neither undo nor redo leads to a text that is too long.
 void Correct(QPlainTextEdit& box, const EmbeddedEntry& entry) {
   box.document()->undo();
   box.document()->clearUndoRedoStacks(QTextDocument::RedoStack);
@@ -71,7 +71,7 @@ void FrmEmbed::LayOut() {
   auto* const label = new QLabel(tr("Last Programming Time"), this);
   label->setObjectName(QStringLiteral("Label1"));
   m_lblLastTime->setObjectName(QStringLiteral("lblLastTime"));
-  m_lblLastTime->setTextFormat(Qt::PlainText); // a radio's bytes are no markup
+  m_lblLastTime->setTextFormat(Qt::PlainText); // comes from the radio
   m_cmdFont->setObjectName(QStringLiteral("cmdFont"));
 
   auto* const time = new QHBoxLayout;
@@ -108,10 +108,10 @@ void FrmEmbed::rtxtbEmbed_Change() {
   if (shown != m_givenShown && CutToTopSize(entry)) {
     const QScopedValueRollback guard(m_isCorrecting, true);
     Correct(*m_rtxtbEmbed, entry);
-    // Not from here: the change may come from a drop or an input method, which must not wait for an answer.
+    // Deferred: the change may come from a drop or an input method, which must not wait in a message box.
     m_tellTopSize.start();
   }
-  // Undoing, too, can lead back to the text as it was given.
+  // Undo can also restore the original text.
   m_EmbedData = ShownText(*m_rtxtbEmbed) == m_givenShown ? m_given : entry.text;
   ShowCount();
 }

@@ -1,5 +1,4 @@
-// frmEmbed: edits the embedded information, and shows it in a font of the user's choice. It takes the text and the
-// font and gives back new ones; how much text there may be is left to embedded_text_rule.h.
+// frmEmbed: edits the embedded information and its font. embedded_text_rule.h limits the length.
 #pragma once
 
 #include "font_dialog.h"
@@ -16,9 +15,8 @@ class QPushButton;
 
 namespace mr4500x {
 
-// What the dialog shows when it opens.
 struct EmbedContent {
-  std::u16string text;  // as the radio has it; shown up to its first zero character
+  std::u16string text;  // as in the radio; shown up to its first zero character
   std::string lastTime; // the last programming time
   FontDescription font;
 };
@@ -29,11 +27,11 @@ class FrmEmbed final : public QDialog {
 public:
   FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent);
 
-  // The text of the box. What the user has not edited stays as it was given, unit for unit: also a text of the 120
-  // units that a radio can hold, and characters that the box shows in another way, such as a lone line feed.
+  // An unedited text is returned exactly as given, even one that fills all 120 units of the radio or has characters
+  // that the box changes, such as a lone line feed.
   [[nodiscard]] const std::u16string& EmbedData() const { return m_EmbedData; }
   [[nodiscard]] bool CancelPressed() const { return m_CancelPressed; }
-  // The font last chosen, whether or not the text was confirmed.
+  // The font last chosen, even after Cancel.
   [[nodiscard]] const FontDescription& EmbeddedTextFont() const { return m_EmbeddedTextFont; }
 
 private:
@@ -50,7 +48,7 @@ private:
   QLabel* m_lblCount;
   QLabel* m_lblLastTime;
   QPushButton* m_cmdFont;
-  std::u16string m_given;      // the text that the dialog opened with ...
+  std::u16string m_given;      // the original text ...
   std::u16string m_givenShown; // ... and how the box shows it
   std::u16string m_EmbedData;
   FontDescription m_EmbeddedTextFont;

@@ -50,7 +50,7 @@ BandFrame::BandFrame(MessageView& messages, BandAccess access, QWidget* parent)
   connect(m_upper, &QLineEdit::textChanged, this, &BandFrame::Changed);
 }
 
-// The question of the validation is whether the limit differs from what the box held when it was entered.
+// The validation compares the limit with the one that the box held when it got the focus.
 void BandFrame::txtFreqBandL_GotFocus() {
   const std::optional<int> lower = ParseWhole(LowerText());
   if (lower && m_lower->text().size() == BoxCharacters) m_access.storeLowerLimit(*lower);
@@ -61,7 +61,7 @@ void BandFrame::txtFreqBandL_Click() {
   m_lower->setSelection(start, BoxCharacters);
 }
 
-// Up and Down do not step: they check the entry again.
+// Up and Down check the entry again instead of stepping.
 void BandFrame::txtFreqBandL_Recheck() {
   const std::optional<int> lower = ParseWhole(LowerText());
   const std::optional<int> upper = ParseWhole(UpperText());

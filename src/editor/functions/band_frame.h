@@ -1,4 +1,4 @@
-// "Frequency Band": the two limits in MHz. A new lower limit starts all channels anew, after a question.
+// "Frequency Band": the two limits in MHz. After a question, a new lower limit resets all channels.
 #pragma once
 
 #include "configuration.h"
@@ -12,11 +12,10 @@ namespace mr4500x {
 
 class EntryBox;
 
-// What the frame needs of the data behind the editor.
 struct BandAccess {
   std::function<int()> storedLowerLimit;
   std::function<void(int)> storeLowerLimit;
-  std::function<void(int)> reinitialiseChannels; // stores the limit, resets all channels to it and shows them
+  std::function<void(int)> reinitialiseChannels; // stores the limit and resets all channels
 };
 
 class BandFrame : public QGroupBox {

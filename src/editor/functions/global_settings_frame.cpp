@@ -28,7 +28,7 @@ GlobalSettingsFrame::GlobalSettingsFrame(MessageView& messages, QWidget* parent)
     : ListFrame(QStringLiteral("fraRadio"), tr("Global Radio Settings"), parent), m_messages(messages) {
   Fields().setColumnMinimumWidth(Right - 1, 16);
 
-  // The order of Tab.
+  // In tab order.
   Add(0, Left, ChoiceList::BatterySave);
   Add(1, Left, ChoiceList::BeepTone);
   Add(2, Left, ChoiceList::TxTot);

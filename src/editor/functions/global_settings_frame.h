@@ -1,5 +1,4 @@
-// "Global Radio Settings": eleven lists and the three ID boxes. The choice of "PTT ID" decides which of the boxes are
-// in use.
+// "Global Radio Settings": lists and three ID boxes. The "PTT ID" list enables two of the boxes.
 #pragma once
 
 #include "list_frame.h"
@@ -15,13 +14,13 @@ class GlobalSettingsFrame : public ListFrame {
 public:
   explicit GlobalSettingsFrame(MessageView& messages, QWidget* parent = nullptr);
 
-  // A fill sets the lists first: each change of one may put the placeholder into the boxes.
+  // To be called after FillLists: a change of a list may reset the boxes to the placeholder.
   void FillIdBoxes(const Configuration& values); // Connect ID and Disconnect ID
   void FillAni(const Configuration& values);
   void Collect(Configuration& values) const;
 
 signals:
-  void ListChanged(); // a list was set: the steps of the selective-call mode are due
+  void ListChanged(); // the panel then updates the selective call mode
 
 private:
   ChoiceBox* Add(int row, int column, ChoiceList list);

@@ -21,7 +21,7 @@ int FieldColumnOf(std::size_t key) {
   return key % 2 == 0 ? 1 : 4; // short press left, long press right
 }
 
-// The place of a list stays as wide while the other list of its pair is shown.
+// Reserves the space of a hidden list, so that the column keeps its width.
 void KeepPlace(QWidget& list) {
   QSizePolicy policy = list.sizePolicy();
   policy.setRetainSizeWhenHidden(true);
@@ -69,7 +69,7 @@ ChoiceBox* KeyFrame::AddFixed(QGridLayout& layout, const QString& objectName, st
 }
 
 void KeyFrame::cboKey_Change(std::size_t key, int position) {
-  // The lists show the forbidden selection until the user has read why it goes back.
+  // The lists show the conflicting selection until the message is closed.
   if (SelectKey(m_keys, key, position)) ShowConflict();
   ShowKeys();
   emit Changed();
@@ -88,12 +88,8 @@ void KeyFrame::ShowKeys() {
   m_lists[LongA]->setVisible(!m_keys.fixedLongAShown);
   SetUsable(*m_lists[LongB], LongPressEnabled(m_keys, LongB));
   SetUsable(*m_lists[LongC], LongPressEnabled(m_keys, LongC));
-  ShowColours();
-}
-
-// A short press on "Monitor" is green, any other dark blue.
-void KeyFrame::ShowColours() {
   for (const std::size_t shortKey : {ShortB, ShortC}) {
+    // "Monitor" on a short press is green, other functions are dark blue.
     const QRgb text = m_keys.selection[shortKey] == KeySpecial ? GreenText : DarkBlueText;
     SetTextColour(*m_lists[shortKey], text, *this);
   }
@@ -106,7 +102,7 @@ void KeyFrame::changeEvent(QEvent* event) {
 
 void KeyFrame::Fill(const Configuration& values, bool conflict) {
   m_keyCodes = values.keyCodes;
-  m_keys = {}; // the keys shown before must not meet the new ones
+  m_keys = {}; // the old keys must not conflict with the new ones
   for (std::size_t key = ShortA; key <= LongC; ++key) {
     conflict |= SelectKey(m_keys, key, values.keys.selection[key]);
     emit Changed();

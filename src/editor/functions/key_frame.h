@@ -1,5 +1,4 @@
-// "Key Program": the six key lists and the two fixed ones that take the place of Short A and Long A. What they show is
-// what the key rules say.
+// "Key Program": the six key lists and the two fixed ones that replace Short A and Long A.
 #pragma once
 
 #include "choice_box.h"
@@ -18,12 +17,11 @@ class KeyFrame : public QGroupBox {
 public:
   explicit KeyFrame(MessageView& messages, QWidget* parent = nullptr);
 
-  // Selects the keys in their order, each under the rules and starting from none assigned. One message is shown when
-  // two keys conflict, or when `conflict` tells that two did on the way to these values.
+  // Clears all keys, then selects each under the key rules. Shows one message if two keys conflict, now or, as
+  // `conflict` says, while the values were decoded.
   void Fill(const Configuration& values, bool conflict);
   void Collect(Configuration& values) const;
-  // Shows the keys as a collect has paired them.
-  void AfterCollect(const Configuration& values);
+  void AfterCollect(const Configuration& values); // shows the keys as paired by the panel's Collect
 
 signals:
   void Changed();
@@ -37,14 +35,13 @@ private:
   void cboKey_Change(std::size_t key, int position);
   void ShowConflict();
   void ShowKeys();
-  void ShowColours();
 
   MessageView& m_messages;
   std::array<ChoiceBox*, 6> m_lists{}; // cboKey(0) to cboKey(5)
   ChoiceBox* m_fixedShortA = nullptr;  // cboKey(10)
   ChoiceBox* m_fixedLongA = nullptr;   // cboKey(11)
   KeyProgram m_keys;
-  std::array<std::uint8_t, 6> m_keyCodes{}; // behind a list without a selection
+  std::array<std::uint8_t, 6> m_keyCodes{}; // for lists without a selection
 };
 
 } // namespace mr4500x

@@ -20,14 +20,13 @@ private:
   ChoiceBox* m_list;
 };
 
-// A choice here does not count as a change of the data.
+// Never emits Changed: this choice does not count as a change of the data.
 class TuneFrame : public OneListFrame {
   Q_OBJECT
 public:
   explicit TuneFrame(QWidget* parent = nullptr);
 };
 
-// It knows the mode that was in force before, so that only a real change is told.
 class SelectCallFrame : public OneListFrame {
   Q_OBJECT
 public:
@@ -36,7 +35,7 @@ public:
   [[nodiscard]] bool IsTts() const;
 
 signals:
-  // In this order and before Changed at each selection, the first one only when the mode is not the remembered one.
+  // In this order, before Changed; ModeChanged only if the mode differs from the last one.
   void ModeChanged(bool tts);
   void ListChanged();
 
@@ -46,7 +45,7 @@ private:
   int m_rememberedMode = 0;
 };
 
-// In use while the mode is 5-tone.
+// Enabled in 5 tone mode.
 class FiveToneFrame : public OneListFrame {
   Q_OBJECT
 public:
@@ -54,7 +53,7 @@ public:
 
   void Fill(const Configuration& values);
   void Collect(Configuration& values) const;
-  // A collect takes the selected standard over; it is what a later one in TTS mode stores.
+  // Remembers the collected standard, which a later collect in TTS mode stores.
   void AfterCollect(const Configuration& values) { m_standard = values.fiveToneStandard; }
   void SetTtsMode(bool tts);
 

@@ -21,8 +21,8 @@ RecordFrame::RecordFrame(QWidget* parent) : QGroupBox(tr("Radio Record"), parent
 QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString& label) {
   auto* const text = new QLabel(QString::fromUtf8(NoNumberText), this);
   text->setObjectName(objectName);
-  text->setTextFormat(Qt::PlainText); // the characters are the radio's own
-  // A label is read out by its text; the name says whose it is.
+  text->setTextFormat(Qt::PlainText); // comes from the radio
+  // Screen readers read out a label's text; the description adds what it is.
   text->setAccessibleDescription(label.trimmed());
   text->setMinimumWidth(text->fontMetrics().horizontalAdvance(QString(16, QLatin1Char('0'))));
   AddField(*static_cast<QGridLayout*>(layout()), row, 0, label, text);

@@ -1,4 +1,4 @@
-// "Radio Record": the radio's identity number and firmware version, to look at.
+// "Radio Record": the radio's identity number and firmware version, read-only.
 #pragma once
 
 #include "configuration.h"

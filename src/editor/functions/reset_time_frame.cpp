@@ -29,7 +29,7 @@ ResetTimeFrame::ResetTimeFrame(MessageView& messages, QWidget* parent)
   layout->setSpacing(8);
   layout->addWidget(label);
   auto* const time = new QHBoxLayout;
-  time->setSpacing(0); // the arrows belong to the box
+  time->setSpacing(0); // joins the arrows to the box
   time->addWidget(m_seconds);
   time->addWidget(m_spinner);
   layout->addLayout(time);
@@ -73,7 +73,7 @@ void ResetTimeFrame::chkResetTimeOFF_Click(bool off) {
 
 void ResetTimeFrame::Fill(const Configuration& values) {
   m_off->setChecked(values.autoResetOff);
-  // Under OFF the box goes on showing what it showed.
+  // With OFF, the box keeps its text.
   if (!values.autoResetOff) m_seconds->setText(QString::fromUtf8(values.autoResetTime));
 }
 

@@ -1,4 +1,4 @@
-// "Auto Reset Time": seconds to type or to step, or OFF.
+// "Auto Reset Time": seconds, or OFF.
 #pragma once
 
 #include "configuration.h"

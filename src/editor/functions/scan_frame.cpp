@@ -14,7 +14,7 @@ ScanFrame::ScanFrame(QWidget* parent) : ListFrame(QStringLiteral("fraScan"), tr(
   Fields().addWidget(m_signal, 0, 0);
   connect(m_signal, &QCheckBox::toggled, this, &ScanFrame::Changed);
 
-  // Row by row, which is the order of Tab.
+  // In tab order.
   constexpr int left = 1;
   constexpr int right = 4;
   for (const auto& [row, column, list] : {std::tuple{0, left, ChoiceList::ScanMode},

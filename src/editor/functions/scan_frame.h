@@ -1,4 +1,4 @@
-// "Scan Information": six lists and the "Signal" box, without rules among them.
+// "Scan Information": six lists and the "Signal" box.
 #pragma once
 
 #include "list_frame.h"

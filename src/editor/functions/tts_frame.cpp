@@ -71,7 +71,7 @@ void TtsFrame::EntryConfirmed() {
   if (OpenColumn() == static_cast<int>(TtsColumn::ToneAFreq)) m_grid->MoveOn();
 }
 
-// The commit keeps the limits; a text without a sign stops at 0.
+// Stops at 0, as the box takes no sign; the commit applies the limits.
 void TtsFrame::txtTTSFreq_Step(int by) {
   const std::optional<int> hertz = ParseWhole(m_frequency->text().toStdString());
   if (hertz)

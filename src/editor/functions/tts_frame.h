@@ -1,4 +1,4 @@
-// "TTS": the table of the two-tone entries and the two editors that open over its cells.
+// "TTS": the table of the two-tone entries and its two editors.
 #pragma once
 
 #include "configuration.h"
@@ -11,7 +11,6 @@ class TtsGrid;
 class TtsFrame : public GridFrame {
   Q_OBJECT
 public:
-  // Times have the separator of the user's numbers.
   TtsFrame(MessageView& messages, char decimalSeparator, QWidget* parent = nullptr);
 
   void Fill(const Configuration& values);

@@ -10,7 +10,7 @@
 
 namespace mr4500x {
 
-// By TtsColumn; the numbers have the desktop's colour.
+// Indexed by TtsColumn; column 0 has the desktop's colour.
 constexpr std::array<QRgb, TtsColumnCount> Colours = {0,        GreenText, GreenText, TealText,
                                                       TealText, OliveText, OliveText};
 
@@ -18,7 +18,7 @@ constexpr int FirstDataColumn = 1;
 constexpr int LastColumn = static_cast<int>(TtsColumnCount) - 1;
 constexpr int RowCount = static_cast<int>(TtsEntryCount);
 
-// Twips.
+// In twips.
 constexpr double BaseWidth = 770;
 constexpr double BaseHeight = 255;
 constexpr double NumberColumnWidth = 0.65 * BaseWidth;
@@ -43,7 +43,7 @@ TtsGrid::TtsGrid(QWidget* parent) : CellGrid(RowCount, static_cast<int>(TtsColum
   ShowColours();
 }
 
-// The design's proportions, and never a heading that is cut.
+// Keeps the design's proportions, but never truncates a heading.
 void TtsGrid::FitToFont() {
   const QFontMetrics metrics = fontMetrics();
   const int widestLine = metrics.horizontalAdvance(QStringLiteral("Tone A Dur.")) + 14;
@@ -85,7 +85,7 @@ void TtsGrid::SetUsed(bool used) {
   ShowColours();
 }
 
-// The current cell stands out while the table has the focus.
+// Selects the current cell, but only while the table has the focus.
 void TtsGrid::focusInEvent(QFocusEvent* event) {
   QTableWidget::focusInEvent(event);
   setCurrentCell(currentRow(), currentColumn());

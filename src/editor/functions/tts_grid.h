@@ -1,6 +1,4 @@
-// The TTS table alone: headings, sizes and colours. What opens over its cells is its frame's business.
-//
-// The heading row is the table's header, the heading column its column 0; so the columns count as TtsColumn does, and
+// The TTS table: headings, sizes and colours. Column 0 holds the entry numbers, so columns are counted as in TtsColumn;
 // entry n is row n - 1.
 #pragma once
 
@@ -16,12 +14,10 @@ public:
 
   void SetText(int row, int column, const QString& text) { item(row, column)->setText(text); }
   [[nodiscard]] QString Text(int row, int column) const { return item(row, column)->text(); }
-  // Out of use: disabled and greyed.
-  void SetUsed(bool used);
-  // Takes colours and sizes from the desktop anew.
-  void ShowColours();
+  void SetUsed(bool used); // disables and greys the table
+  void ShowColours();      // applies the current palette
   void FitToFont();
-  [[nodiscard]] static QRgb TextColour(int column); // as designed
+  [[nodiscard]] static QRgb TextColour(int column); // for a light background
 
 protected:
   void focusInEvent(QFocusEvent* event) override;
