@@ -51,7 +51,7 @@ std::string OnOneLine(std::string_view label) {
 
 // "ON" and "OFF" for a check box, "yes" and "no" in a grid.
 std::string ShownText(const Configuration& configuration, FieldAt at) {
-  const std::string text = TextOf(configuration, at);
+  std::string text = TextOf(configuration, at);
   if (at.field->kind != FieldKind::YesNo) return text;
   const bool yes = text == "true";
   return IsArray(at.field->group) ? (yes ? "yes" : "no") : (yes ? "ON" : "OFF");

@@ -168,7 +168,8 @@ private:
 
   bool SetDigits(std::string& digits, bool used) const {
     const bool none = text.empty() || text == NoNumberText;
-    if (!none && (!used || text.size() > MostDigits || !IdTextValid(text) || text.find('-') != text.npos)) return false;
+    if (!none && (!used || text.size() > MostDigits || !IdTextValid(text) || text.find('-') != std::string_view::npos))
+      return false;
     digits = none ? NoNumberText : text;
     return true;
   }
@@ -216,7 +217,7 @@ public:
 std::string AllowedFrequency(const Configuration& configuration, FieldAt at, std::string_view text,
                              const FieldTexts& texts) {
   const Band band = BandOf(configuration);
-  const std::string limits = std::to_string(band.lower) + " to " + std::to_string(band.upper) + " MHz";
+  std::string limits = std::to_string(band.lower) + " to " + std::to_string(band.upper) + " MHz";
   const GridColumn column = std::get<GridColumn>(at.field->place);
   const ChannelTexts& channel = configuration.channels[at.entry - 1];
   const int unit = Setter::StepOf(channel, column, texts);

@@ -92,7 +92,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices service
   connect(m_gridChannel, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* current) {
     if (current != nullptr) ScrollTo(*m_gridChannel->viewport(), m_gridChannel->visualItemRect(current));
   });
-  LayOut();
+  ChannelFrame::LayOut();
 }
 
 void ChannelFrame::AddCheckBoxes() {

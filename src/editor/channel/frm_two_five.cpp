@@ -47,7 +47,7 @@ void FrmTwoFive::LayOut() {
     m_optSig[option] = new QRadioButton(caption, this);
     m_optSig[option]->setObjectName(QStringLiteral("optSig(%1)").arg(option));
     m_optSig[option]->setAccessibleName(accessibleName);
-    layout->addWidget(m_optSig[option], option, 0);
+    layout->addWidget(m_optSig[option], static_cast<int>(option), 0);
   };
   addOption(Off, tr("OFF"), tr("No selective call"));
   addOption(Tts, tr("TTS"), tr("Two-tone selective call (TTS)"));
