@@ -13,17 +13,15 @@
 namespace mr4500x {
 namespace {
 
-struct Quiet final : MessageView, Clipboard {
+struct Quiet final : MessageView {
   Answer Show(MessageIcon, std::string_view, std::string_view, MessageButtons) override { return Answer::Ok; }
-  std::string Text() override { return {}; }
-  void SetText(const std::string&) override {}
 };
 
 struct ShownPanel {
   RadioImage image;
   FieldTexts texts = BuildFieldTexts('.');
   Quiet quiet;
-  EditorPanel panel{image, texts, {quiet, quiet}};
+  EditorPanel panel{image, texts, quiet};
 
   ShownPanel() {
     const RadioMemory memory = FactoryMemory();
