@@ -1,5 +1,5 @@
 // Report 1: the channel table and the global settings below it.
-#include "page_frame.h"
+#include "report_pages.h"
 
 #include <array>
 #include <string_view>
@@ -7,13 +7,11 @@
 namespace mr4500x {
 namespace {
 
-enum class WhenTxInhibited : std::uint8_t { Cell, LongDash, ShortDash };
-
 struct Column {
   double x;
   std::string_view line1, line2;
   GridColumn cell;
-  WhenTxInhibited inhibited = WhenTxInhibited::Cell;
+  std::string_view whenNoTx = {}; // instead of the cell
 };
 
 // "Enalbe" is misspelt on purpose, as in the product.
@@ -25,10 +23,10 @@ constexpr std::array<Column, 13> Columns = {{
   { 3130, "Rx",      "SelCall",   GridColumn::RxSelCall},
   { 4000, "Combo_",  "Signaling", GridColumn::Combination},
   { 4880, "Tail",    "Cut",       GridColumn::TailCut},
-  { 5440, "Tx Freq", "(MHz)",     GridColumn::TxFreq,      WhenTxInhibited::LongDash},
-  { 6420, "Tx",      "CTC/DCS",   GridColumn::TxTone,      WhenTxInhibited::ShortDash},
-  { 7390, "Tx",      "SelCall",   GridColumn::TxSelCall,   WhenTxInhibited::ShortDash},
-  { 8300, "High Tx", "Power",     GridColumn::HighTxPower, WhenTxInhibited::ShortDash},
+  { 5440, "Tx Freq", "(MHz)",     GridColumn::TxFreq,      "--------"},
+  { 6420, "Tx",      "CTC/DCS",   GridColumn::TxTone,      "----"},
+  { 7390, "Tx",      "SelCall",   GridColumn::TxSelCall,   "----"},
+  { 8300, "High Tx", "Power",     GridColumn::HighTxPower, "----"},
   { 9020, "PTT ID",  "Enalbe",    GridColumn::PttId},
   { 9700, "Band",    "Width",     GridColumn::BandWidth},
   {10420, "Group",   "Call",      GridColumn::GroupCall},
@@ -60,9 +58,7 @@ void AddHeadings(ReportPage& page) {
 
 std::string CellText(const Column& column, std::size_t channel, const ChannelTexts& texts) {
   if (column.cell == GridColumn::ChannelNo) return std::to_string(channel + 1);
-  if (texts.noTx && column.inhibited == WhenTxInhibited::LongDash) return "--------";
-  if (texts.noTx && column.inhibited == WhenTxInhibited::ShortDash) return "----";
-  return texts[column.cell];
+  return texts.noTx && !column.whenNoTx.empty() ? std::string(column.whenNoTx) : texts[column.cell];
 }
 
 // The line that replaces the unused channels `first` to `last`, counted from 1.

@@ -1,6 +1,7 @@
 // Report 3: the embedded information, broken into lines.
-#include "page_frame.h"
+#include "report_pages.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace mr4500x {
@@ -14,16 +15,12 @@ constexpr PrintFont EmptyNoteFont = {12, true};
 
 constexpr char32_t Replacement = 0xFFFD; // for half a surrogate pair
 
-void AppendUtf8(std::string& text, char32_t c) {
+std::string Utf8(char32_t c) {
   const auto trail = [c](int shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-  if (c < 0x80)
-    text += static_cast<char>(c);
-  else if (c < 0x800)
-    text += {static_cast<char>(0xC0 | (c >> 6)), trail(0)};
-  else if (c < 0x10000)
-    text += {static_cast<char>(0xE0 | (c >> 12)), trail(6), trail(0)};
-  else
-    text += {static_cast<char>(0xF0 | (c >> 18)), trail(12), trail(6), trail(0)};
+  if (c < 0x80) return {static_cast<char>(c)};
+  if (c < 0x800) return {static_cast<char>(0xC0 | (c >> 6)), trail(0)};
+  if (c < 0x10000) return {static_cast<char>(0xE0 | (c >> 12)), trail(6), trail(0)};
+  return {static_cast<char>(0xF0 | (c >> 18)), trail(12), trail(6), trail(0)};
 }
 
 // Takes one unit, or two for a surrogate pair.
@@ -73,8 +70,7 @@ public:
 
 private:
   void Append(char32_t character) {
-    std::string shown;
-    AppendUtf8(shown, character < U' ' ? U' ' : character); // no control characters to the printer
+    const std::string shown = Utf8(std::max(character, U' ')); // no control characters to the printer
     const double width = m_setting.measure.TextWidth(shown, Small);
     if (m_width + width > m_setting.area.width - RightSpace) EndLine(m_lineStep);
     m_line += shown;

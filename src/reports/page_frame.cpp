@@ -1,4 +1,4 @@
-#include "page_frame.h"
+#include "report_pages.h"
 
 #include "program_title.h"
 

@@ -6,7 +6,7 @@
 namespace mr4500x {
 namespace {
 
-using LayOut = ReportPage (*)(const ReportTexts&, const PageSetting&);
+constexpr double RuleThickness = 6;
 
 void Draw(Printer& printer, const ReportPage& page) {
   printer.SetScale(page.scale);
@@ -16,29 +16,24 @@ void Draw(Printer& printer, const ReportPage& page) {
     if (!text.text.empty()) printer.PrintText(text.x, text.y, text.font, text.text);
 }
 
-std::optional<std::string> Abandon(Printer& printer, std::optional<std::string> failure) {
-  printer.AbandonJob();
-  return failure;
-}
-
 } // namespace
 
 std::optional<std::string> PrintReports(Printer& printer, const ReportTexts& texts, const ReportChoice& choice) {
   const struct {
     bool wanted;
-    LayOut layOut;
+    ReportPage (*layOut)(const ReportTexts&, const PageSetting&);
   } reports[] = {{choice.channels, ChannelReportPage}, {choice.tts, TtsReportPage}, {choice.info, InfoReportPage}};
   bool hasBegun = false;
+  std::optional<std::string> failure;
   for (const auto& [wanted, layOut] : reports) {
-    if (!wanted) continue;
-    if (auto failure = hasBegun ? printer.NewPage() : printer.BeginJob(std::string(ProgramTitle)))
-      return Abandon(printer, failure);
+    if (!wanted || failure) continue;
+    failure = hasBegun ? printer.NewPage() : printer.BeginJob(std::string(ProgramTitle));
     hasBegun = true;
-    Draw(printer, layOut(texts, {printer, printer.Area()}));
+    if (!failure) Draw(printer, layOut(texts, {printer, printer.Area()}));
   }
-  if (!hasBegun) return std::nullopt;
-  if (auto failure = printer.EndJob()) return Abandon(printer, failure);
-  return std::nullopt;
+  if (hasBegun && !failure) failure = printer.EndJob();
+  if (failure) printer.AbandonJob();
+  return failure;
 }
 
 } // namespace mr4500x

@@ -1,9 +1,10 @@
-// The layout of the three reports. print_reports.h draws it.
+// The layout of the three reports, and what they share. print_reports.h draws it.
 #pragma once
 
 #include "printer.h"
 #include "report_texts.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,6 @@ struct PageText {
 struct PageRule {
   double x1, y1, x2, y2;
 };
-
-inline constexpr double RuleThickness = 6;
 
 // In twips before scaling.
 struct ReportPage {
@@ -37,5 +36,17 @@ struct PageSetting {
 [[nodiscard]] ReportPage ChannelReportPage(const ReportTexts& texts, const PageSetting& setting);
 [[nodiscard]] ReportPage TtsReportPage(const ReportTexts& texts, const PageSetting& setting);
 [[nodiscard]] ReportPage InfoReportPage(const ReportTexts& texts, const PageSetting& setting);
+
+inline constexpr PrintFont Small = {8, false};
+inline constexpr PrintFont SmallBold = {8, true};
+inline constexpr PrintFont FrameFont = {9, true};
+inline constexpr PrintFont TitleFont = {12, false};
+
+// The first line of reports 1 and 2.
+void AddModelLine(ReportPage& page, const ReportTexts& texts);
+
+// Adds the frame to the page that `addReport` makes, scaled down if it would reach the footer.
+[[nodiscard]] ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
+                                    const std::function<void(ReportPage&, const PageSetting&)>& addReport);
 
 } // namespace mr4500x

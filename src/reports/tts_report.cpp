@@ -1,8 +1,7 @@
 // Report 2: the selective-call mode, the auto reset time and, in both modes, the TTS table.
-#include "page_frame.h"
+#include "report_pages.h"
 
 #include <array>
-#include <string_view>
 
 namespace mr4500x {
 namespace {
@@ -23,11 +22,7 @@ constexpr double RowsBottom = TableTop + HeadingBand + RowHeight * TtsEntryCount
 
 constexpr std::array<double, 8> VerticalRules = {1000, 1600, 2800, 4000, 5200, 6400, 7600, 8800};
 
-struct Heading {
-  std::string_view line1, line2;
-};
-
-constexpr std::array<Heading, TtsColumnCount - 1> Headings = {{
+constexpr std::array<std::array<const char*, 2>, TtsColumnCount - 1> Headings = {{
     {"Tone A", "Freq(Hz)"},
     {"Tone A", "Dur.(s)"},
     {"Tone B", "Freq(Hz)"},
@@ -55,8 +50,8 @@ void AddTable(ReportPage& page, const TtsTexts& tts) {
   AddRules(page);
   page.texts.push_back({numberX, TableTop + NumberHeading, Small, "No."});
   for (std::size_t column = 0; column < Headings.size(); ++column) {
-    page.texts.push_back({DataColumnX(column), TableTop + HeadingLine1, Small, std::string(Headings[column].line1)});
-    page.texts.push_back({DataColumnX(column), TableTop + HeadingLine2, Small, std::string(Headings[column].line2)});
+    page.texts.push_back({DataColumnX(column), TableTop + HeadingLine1, Small, Headings[column][0]});
+    page.texts.push_back({DataColumnX(column), TableTop + HeadingLine2, Small, Headings[column][1]});
   }
   double y = TableTop + HeadingBand + TextInRow;
   for (std::size_t entry = 0; entry < tts.size(); ++entry, y += RowHeight) {
