@@ -1,7 +1,7 @@
 // The menus and the toolbar of frmMain, built from one table.
 #include "frm_main.h"
 
-#include "program_icons.h"
+#include "window_parts.h"
 
 #include <QAction>
 #include <QMenu>
@@ -21,8 +21,8 @@ struct FrmMain::ActionRow {
   const char* text = "";
   const char* name = "";
   const char* shortcut = "";
-  void (FrmMain::*handler)() = nullptr; // nullptr disables the action
-  const char* key = "";                 // of the toolbar button; also its object name
+  Handler handler = Command(); // none disables the action
+  const char* key = "";        // of the toolbar button; also its object name
   const char* tip = "";
   const char* icon = "";
   QAction* FrmMain::*heldItem = nullptr; // members that keep the actions
@@ -36,43 +36,43 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
   static constexpr ActionRow rows[] = {
     // kind         text                      name                 shortcut  handler                            key        tip                 icon         held item, held button
     {RowKind::Menu,   "&File",                 "mnuFile"},
-    {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", &FrmMain::mnuFileOpen_Click,       "Open",    "Open",             "open"},
-    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       &FrmMain::mnuFileClose_Click,      "",        "",                 "",          &FrmMain::m_mnuFileClose},
+    {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", commands::Open,                    "Open",    "Open",             "open"},
+    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       commands::Close,                   "",        "",                 "",          &FrmMain::m_mnuFileClose},
     {RowKind::Separator},
-    {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", &FrmMain::mnuFileSave_Click,       "Save",    "Save",             "save"},
-    {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       &FrmMain::mnuFileSaveAs_Click},
+    {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", commands::Save,                    "Save",    "Save",             "save"},
+    {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       commands::SaveAs},
     {RowKind::Separator},
-    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       &FrmMain::mnuFilePrint_Click,      "Print",   "Print",            "print"},
+    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       commands::Print,                   "Print",   "Print",            "print"},
     {RowKind::Separator},
     {RowKind::Recent, "",                             "mnuRecent(%1)"},
     {RowKind::Separator},
     {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
     {RowKind::Menu,   "&Edit",                 "mnuEdit"},
-    {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", &FrmMain::mnuEditCopy_Click},
-    {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", &FrmMain::mnuEditPaste_Click},
+    {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", commands::Copy},
+    {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", commands::Paste},
     {RowKind::Menu,   "&Option",               "mnuOption"},
     {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels",  &FrmMain::m_mnuOptionChannels, &FrmMain::m_btnChanWin},
     {RowKind::Separator},
     {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions", &FrmMain::m_mnuOptionFunction, &FrmMain::m_btnFuncWin},
     {RowKind::Menu,   "&Program",              "mnuProgram"},
-    {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", &FrmMain::mnuProgramRead_Click,    "Read",    "Read",             "read"},
+    {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", commands::Read,                    "Read",    "Read",             "read"},
     {RowKind::Separator},
-    {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", &FrmMain::mnuProgramWrite_Click,   "Write",   "Write",            "write"},
+    {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", commands::Write,                   "Write",   "Write",            "write"},
     {RowKind::Menu,   "&Embedded Information", "mnuEmbed"},
-    {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2",     &FrmMain::mnuEmbedInfo_Click},
+    {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2",     commands::EditInfo},
     {RowKind::Separator},
-    {RowKind::Item,   "&Read Embedded Info",   "mnuEmbedRead",      "F3",     &FrmMain::mnuEmbedRead_Click},
-    {RowKind::Item,   " &Write Embedded Info", "mnuEmbedWrite",     "F4",     &FrmMain::mnuEmbedWrite_Click},
+    {RowKind::Item,   "&Read Embedded Info",   "mnuEmbedRead",      "F3",     commands::ReadInfo},
+    {RowKind::Item,   " &Write Embedded Info", "mnuEmbedWrite",     "F4",     commands::WriteInfo},
     {RowKind::HiddenSeparator},
     {RowKind::Hidden, "ID Number",             "mnuEmbedID"},
     {RowKind::Menu,   "&Comm-Port",            "mnuCommPort"},
-    {RowKind::Item,   "&Port...     ",         "mnuCommPortPort",   "F9",     &FrmMain::mnuCommPortPort_Click,   "Port",    "COM Port",         "port"},
+    {RowKind::Item,   "&Port...     ",         "mnuCommPortPort",   "F9",     commands::Port,                    "Port",    "COM Port",         "port"},
     {RowKind::Menu,   "&Help",                 "mnuHelp"},
-    {RowKind::Item,   "&Contents",             "mnuHelpContents",   "",       &FrmMain::mnuHelpContents_Click},
-    {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       &FrmMain::mnuHelpIndex_Click},
+    {RowKind::Item,   "&Contents",             "mnuHelpContents",   "",       commands::HelpContents},
+    {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       commands::HelpIndex},
     {RowKind::Separator},
-    {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       &FrmMain::mnuHelpAbout_Click},
-    {RowKind::ButtonOnly, "",                         "",                  "",       &FrmMain::tlbMainNew_ButtonClick,  "New",     "new",              "new"},
+    {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       commands::About},
+    {RowKind::ButtonOnly, "",                         "",                  "",       commands::New,                     "New",     "new",              "new"},
   };
   return rows;
 }
@@ -105,10 +105,9 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
   if (row.kind == RowKind::Separator || row.kind == RowKind::HiddenSeparator)
     return menu.addSeparator()->setVisible(row.kind == RowKind::Separator);
   if (row.kind == RowKind::Recent) {
-    for (std::size_t i = 0; i < m_mnuRecent.size(); ++i) {
-      m_mnuRecent[i] = menu.addAction(QString());
-      m_mnuRecent[i]->setObjectName(QString::fromLatin1(row.name).arg(i + 1));
-      m_mnuRecent[i]->setVisible(false);
+    for (int number = 0; QAction * &item : m_mnuRecent) {
+      item = menu.addAction(QString(), this, [this, &item] { OpenGiven(item->data().toString().toStdString()); });
+      item->setObjectName(QString::fromLatin1(row.name).arg(++number));
     }
     return;
   }
@@ -117,9 +116,18 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
   item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
   item->setCheckable(row.kind == RowKind::View);
   item->setVisible(row.kind != RowKind::Hidden);
-  item->setEnabled(row.handler != nullptr);
-  if (row.heldItem != nullptr) this->*row.heldItem = item;
-  if (row.handler != nullptr) connect(item, &QAction::triggered, this, row.handler);
+  Connect(*item, row, row.heldItem);
+}
+
+void FrmMain::Connect(QAction& action, const ActionRow& row, QAction* FrmMain::*held) {
+  if (held != nullptr) this->*held = &action;
+  action.setEnabled(row.handler != Handler());
+  connect(&action, &QAction::triggered, this, [this, &row] {
+    if (const auto* const command = std::get_if<Command>(&row.handler))
+      RunCommand(*command);
+    else
+      (this->*std::get<Event>(row.handler))();
+  });
 }
 
 void FrmMain::BuildToolbar() {
@@ -137,9 +145,7 @@ void FrmMain::BuildToolbar() {
       if (key != row.key) continue;
       QAction* const button = toolbar->addAction(ProgramIcon(row.icon), tr(row.tip));
       button->setObjectName(QLatin1String(row.key));
-      button->setEnabled(row.handler != nullptr);
-      if (row.heldButton != nullptr) this->*row.heldButton = button;
-      if (row.handler != nullptr) connect(button, &QAction::triggered, this, row.handler);
+      Connect(*button, row, row.heldButton);
       toolbar->widgetForAction(button)->setObjectName(QLatin1String(row.key));
     }
   }

@@ -1,13 +1,30 @@
+// What the main window keeps besides the image.
 #pragma once
 
+#include "exchange.h"
 #include "font_dialog.h"
-#include "origin.h"
 
 #include <string>
+#include <variant>
 
 namespace mr4500x {
 
-// What the main window keeps besides the image.
+// Where the data in the editor came from.
+struct FileOrigin {
+  std::string path;
+  bool operator==(const FileOrigin&) const = default;
+};
+
+struct RadioOrigin {
+  Transfer transfer;
+  bool operator==(const RadioOrigin&) const = default;
+};
+
+using NoOrigin = std::monostate; // the data of a new configuration
+using Origin = std::variant<NoOrigin, FileOrigin, RadioOrigin>;
+
+[[nodiscard]] std::string TitleOf(const Origin& origin); // of the window
+
 struct EditorState {
   Origin origin;
   bool ModifiedFlag = false; // there are unsaved changes

@@ -1,157 +1,153 @@
-#include "file_commands.h"
+// The commands of the File menu, and what is done before the program exits.
+#include "commands.h"
 
-#include "command_phase.h"
 #include "data_file.h"
 #include "editor_panel.h"
+#include "file_messages.h"
 #include "program_title.h"
-#include "recent_files.h"
-#include "recent_menu.h"
 #include "settings.h"
 
-#include <optional>
+#include <QAction>
 
 namespace mr4500x {
+namespace {
 
 constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to continue?";
-constexpr char OpenTitle[] = "Open";
-constexpr char SaveTitle[] = "Save";
-constexpr char SaveAsTitle[] = "Save As";
-constexpr char OpenFilter[] = "Data Files(*.K4X)"
-                              "|*.K4X|"
-                              "Data Files(*.K4Y)"
-                              "|*.K4Y";
-constexpr char SaveFilter[] = "Data files(*.K4X)"
-                              "|*.K4X|"
-                              "Data files(*.K4Y)"
-                              "|*.K4Y";
+constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
+constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
 
-void FileCommands::Open() {
-  m_context.panel.CommitOpenEditors();
-  const std::optional<std::string> path = m_context.services.dialogs.AskOpen(
-      {OpenTitle, OpenFilter, m_context.services.folderForFiles, /*proposedName*/ "", DefaultExtension});
-  if (!path) return;
-  m_context.state.LastFileName = *path;
-  OpenFile(*path);
+// The editor now holds the data of this file.
+void BelongTo(const CommandContext& context, const std::string& path) {
+  context.SetOrigin(FileOrigin{path});
+  context.state.ModifiedFlag = false;
+  context.closeItem.setEnabled(true);
+  AddRecent(context.services.files, context.services.settingsFile, path);
+  commands::ShowRecentFiles(context);
 }
 
-void FileCommands::OpenGiven(const std::string& path) {
-  m_context.panel.CommitOpenEditors();
-  m_context.state.LastFileName = path;
-  OpenFile(path);
-}
-
-void FileCommands::OpenFile(const std::string& path) {
-  const MainServices& services = m_context.services;
-  const std::optional<FileStatus> status = services.files.Status(path);
-  if (status && status->kind == FileKind::Missing) {
-    Show(*MessageFor(LoadOutcome::Missing));
-    RemoveRecent(services.files, services.settingsFile, path);
-    m_context.recent.Rebuild();
-    return;
-  }
-  const Origin& origin = m_context.state.origin;
-  if (origin == Origin(FileOrigin{path})) return;
-  if (origin != Origin() && Close() == CloseEnd::Cancelled) return;
-
-  if (!Succeeds([&] { return LoadInto(path); })) return;
-  BelongTo(path);
-}
-
-bool FileCommands::LoadInto(const std::string& path) {
-  const MainServices& services = m_context.services;
-  LoadResult result;
-  const bool isRead = Succeeds([&] {
-    result = LoadDataFile(services.files, path, m_context.image);
-    return true;
-  });
-  if (isRead && result.markerNotEmpty) Show(NewVersionNotice);
-  if (const auto message = MessageFor(result.outcome)) {
-    Show(*message);
-    if (result.outcome == LoadOutcome::Missing) { // a dangling link
-      RemoveRecent(services.files, services.settingsFile, path);
-      m_context.recent.Rebuild();
-    }
-    return false;
-  }
-  if (Succeeds([&] { return m_context.panel.Fill(), true; })) return true;
-  Show(*MessageFor(LoadOutcome::Damaged));
-  return false;
-}
-
-CloseEnd FileCommands::Close() {
-  m_context.panel.HideOpenEditors();
-  if (m_context.state.origin == Origin()) return CloseEnd::Closed;
-  if (AskAboutUnsavedData() == CloseEnd::Cancelled) return CloseEnd::Cancelled;
-  m_context.SetOrigin(NoOrigin());
-  m_context.panel.FillReset(m_context.services.now());
-  m_context.closeItem.setEnabled(false);
-  m_context.state.ModifiedFlag = false;
-  return CloseEnd::Closed;
-}
-
-CloseEnd FileCommands::AskAboutUnsavedData() {
-  if (!m_context.state.ModifiedFlag) return CloseEnd::Closed;
-  const Answer answer = m_context.services.messages.Show(MessageIcon::Exclamation, ProgramTitle, UnsavedDataText,
-                                                         MessageButtons::YesNoCancel);
-  if (answer == Answer::Yes) Save(); // goes on even if saving fails
+CloseEnd AskAboutUnsavedData(const CommandContext& context) {
+  if (!context.state.ModifiedFlag) return CloseEnd::Closed;
+  const Answer answer =
+      context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), UnsavedDataText}, MessageButtons::YesNoCancel);
+  if (answer == Answer::Yes) commands::Save(context); // goes on even if saving fails
   return answer == Answer::Cancel ? CloseEnd::Cancelled : CloseEnd::Closed;
 }
 
-void FileCommands::Save() {
-  m_context.panel.CommitOpenEditors();
-  const Origin& origin = m_context.state.origin;
-  if (std::holds_alternative<RadioOrigin>(origin)) {
-    SaveAs();
-    return;
+CloseEnd CloseData(const CommandContext& context) {
+  context.panel.HideOpenEditors();
+  if (context.state.origin == Origin()) return CloseEnd::Closed;
+  if (AskAboutUnsavedData(context) == CloseEnd::Cancelled) return CloseEnd::Cancelled;
+  context.SetOrigin(NoOrigin());
+  context.panel.FillReset(context.services.now());
+  context.closeItem.setEnabled(false);
+  context.state.ModifiedFlag = false;
+  return CloseEnd::Closed;
+}
+
+void ReportMissing(const CommandContext& context, const std::string& path) {
+  context.Show(*MessageFor(LoadOutcome::Missing));
+  RemoveRecent(context.services.files, context.services.settingsFile, path);
+  commands::ShowRecentFiles(context);
+}
+
+bool LoadInto(const CommandContext& context, const std::string& path) {
+  LoadResult result;
+  const bool isRead = Succeeds([&] {
+    result = LoadDataFile(context.services.files, path, context.image);
+    return true;
+  });
+  if (isRead && result.markerNotEmpty) context.Show(NewVersionNotice);
+  if (result.outcome == LoadOutcome::Missing) { // a dangling link
+    ReportMissing(context, path);
+    return false;
   }
-  if (const auto* const file = std::get_if<FileOrigin>(&origin))
-    m_context.state.LastFileName = file->path;
-  else if (!AskSaveName(SaveTitle))
-    return;
-  m_context.panel.Collect();
-  WriteFile(SaveCommand::Save);
+  std::optional<Message> message = MessageFor(result.outcome);
+  if (!message && !Succeeds([&] { return context.panel.Fill(), true; })) message = MessageFor(LoadOutcome::Damaged);
+  if (message) context.Show(*message);
+  return !message;
 }
 
-void FileCommands::SaveAs() {
-  m_context.panel.CommitOpenEditors();
-  m_context.panel.Collect();
-  if (AskSaveName(SaveAsTitle)) WriteFile(SaveCommand::SaveAs);
+std::optional<std::string> AskSaveName(const CommandContext& context, const char* title) {
+  return context.services.dialogs.AskSave(
+      {title, SaveFilter, context.services.folderForFiles, context.state.LastFileName, DefaultExtension});
 }
 
-bool FileCommands::AskSaveName(const char* title) {
-  std::string& name = m_context.state.LastFileName;
-  const std::optional<std::string> chosen = m_context.services.dialogs.AskSave(
-      {title, SaveFilter, m_context.services.folderForFiles, name, DefaultExtension});
-  if (chosen) name = *chosen;
-  return chosen.has_value();
-}
-
-void FileCommands::WriteFile(SaveCommand command) {
-  const std::string& path = m_context.state.LastFileName;
-  if (Succeeds([&] { return SaveDataFile(m_context.services.files, path, m_context.image); }))
-    BelongTo(path);
+// To the path last chosen.
+void WriteFile(const CommandContext& context, SaveCommand command) {
+  const std::string& path = context.state.LastFileName;
+  if (Succeeds([&] { return SaveDataFile(context.services.files, path, context.image); }))
+    BelongTo(context, path);
   else
-    Show(MessageForFailed(command));
+    context.Show(MessageForFailed(command));
 }
 
-// The editor now holds the data of this file.
-void FileCommands::BelongTo(const std::string& path) {
-  m_context.SetOrigin(FileOrigin{path});
-  m_context.state.ModifiedFlag = false;
-  m_context.closeItem.setEnabled(true);
-  AddRecent(m_context.services.files, m_context.services.settingsFile, path);
-  m_context.recent.Rebuild();
+} // namespace
+
+namespace commands {
+
+void Open(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  if (const std::optional<std::string> path = context.services.dialogs.AskOpen(
+          {"Open", OpenFilter, context.services.folderForFiles, /*proposedName*/ "", DefaultExtension}))
+    OpenGiven(context, *path);
 }
 
-CloseEnd FileCommands::PrepareExit() {
-  const MainServices& services = m_context.services;
-  StoreSettings(services.files, services.settingsFile, m_context.state.CommPortNumber, m_context.state.LastFileName);
-  return AskAboutUnsavedData();
+void OpenGiven(const CommandContext& context, const std::string& path) {
+  context.panel.CommitOpenEditors();
+  context.state.LastFileName = path;
+  const std::optional<FileStatus> status = context.services.files.Status(path);
+  if (status && status->kind == FileKind::Missing) return ReportMissing(context, path);
+  if (context.state.origin == Origin(FileOrigin{path})) return;
+  if (CloseData(context) == CloseEnd::Cancelled) return;
+  if (Succeeds([&] { return LoadInto(context, path); })) BelongTo(context, path);
 }
 
-void FileCommands::Show(const Message& message) {
-  m_context.services.messages.Show(message.icon, message.title, message.text, MessageButtons::Ok);
+void Close(const CommandContext& context) {
+  static_cast<void>(CloseData(context));
 }
 
+void Save(const CommandContext& context) {
+  const Origin& origin = context.state.origin;
+  if (std::holds_alternative<RadioOrigin>(origin)) return SaveAs(context);
+  context.panel.CommitOpenEditors();
+  std::optional<std::string> path;
+  if (const auto* const file = std::get_if<FileOrigin>(&origin))
+    path = file->path;
+  else
+    path = AskSaveName(context, "Save");
+  if (!path) return;
+  context.state.LastFileName = *path;
+  context.panel.Collect();
+  WriteFile(context, SaveCommand::Save);
+}
+
+void SaveAs(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  context.panel.Collect();
+  const std::optional<std::string> path = AskSaveName(context, "Save As");
+  if (!path) return;
+  context.state.LastFileName = *path;
+  WriteFile(context, SaveCommand::SaveAs);
+}
+
+void ShowRecentFiles(const CommandContext& context) {
+  const RecentFileList list = RecentFiles(context.services.files, context.services.settingsFile);
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    QAction& item = *context.recentItems[i];
+    const std::string path = list[i].value_or("");
+    const QString caption = QString::fromStdString(list[i] ? RecentCaption(i + 1, path) : "");
+    item.setText(QString(caption).replace(QLatin1Char('&'), QLatin1String("&&"))); // no access key in a path
+    item.setData(QString::fromStdString(path));
+    item.setVisible(list[i].has_value());
+  }
+}
+
+CloseEnd PrepareExit(const CommandContext& context) {
+  StoreSettings(context.services.files, context.services.settingsFile, context.state.CommPortNumber,
+                context.state.LastFileName);
+  return AskAboutUnsavedData(context);
+}
+
+} // namespace commands
 } // namespace mr4500x

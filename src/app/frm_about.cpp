@@ -1,8 +1,9 @@
-#include "frm_about.h"
+#include "dialogs.h"
 
-#include "program_icons.h"
 #include "program_title.h"
+#include "window_parts.h"
 
+#include <QDialog>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -24,17 +25,17 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
 
 // The libraries of all programs, unmodified. No fonts are shipped.
 QString LicencesText() {
-  return FrmAbout::tr("Qt %1 and its modules: LGPL version 3\n"
-                      "CLI11, in mr4500x-cli: BSD 3-Clause\n"
-                      "nlohmann-json, in mr4500x-cli: MIT\n"
-                      "The licences' texts come with the system's packages, in /usr/share/doc")
+  return QDialog::tr("Qt %1 and its modules: LGPL version 3\n"
+                     "CLI11, in mr4500x-cli: BSD 3-Clause\n"
+                     "nlohmann-json, in mr4500x-cli: MIT\n"
+                     "The licences' texts come with the system's packages, in /usr/share/doc")
       .arg(QLatin1String(qVersion()));
 }
 
 QToolButton* MakeLicencesButton(QLabel& licences) {
   auto* const button = new QToolButton;
   button->setObjectName(QStringLiteral("cmdLicences"));
-  button->setText(FrmAbout::tr("&Licences"));
+  button->setText(QDialog::tr("&Licences"));
   button->setCheckable(true);
   button->setAutoRaise(true);
   button->setArrowType(Qt::RightArrow);
@@ -50,7 +51,7 @@ QLabel* MakeLink(const std::function<void(const std::string&)>& openLink) {
   auto* const link = new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(QLatin1String(MakersPage)));
   link->setObjectName(QStringLiteral("lblLink"));
   link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-  link->setAccessibleName(FrmAbout::tr("The maker's page: %1").arg(QLatin1String(MakersPage)));
+  link->setAccessibleName(QDialog::tr("The maker's page: %1").arg(QLatin1String(MakersPage)));
   QObject::connect(link, &QLabel::linkActivated, link,
                    [openLink](const QString& page) { openLink(page.toStdString()); });
   return link;
@@ -58,41 +59,43 @@ QLabel* MakeLink(const std::function<void(const std::string&)>& openLink) {
 
 } // namespace
 
-FrmAbout::FrmAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent) : QDialog(parent) {
-  setObjectName(QStringLiteral("frmAbout"));
+void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent) {
+  QDialog dialog(parent);
+  dialog.setObjectName(QStringLiteral("frmAbout"));
   const QString title = QString::fromUtf8(ProgramTitle);
-  setWindowTitle(tr("About %1").arg(title));
+  dialog.setWindowTitle(QDialog::tr("About %1").arg(title));
 
   auto* const picture = new QLabel;
   picture->setObjectName(QStringLiteral("imgPicture"));
-  picture->setPixmap(ProgramIcon("program").pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF()));
+  picture->setPixmap(ProgramIcon("program").pixmap(QSize(PictureSize, PictureSize), dialog.devicePixelRatioF()));
   QLabel* const licences = MakePlainLabel(LicencesText(), "lblLicences");
   licences->setTextInteractionFlags(Qt::TextSelectableByMouse);
   licences->hide();
   auto* const buttons = new QDialogButtonBox;
-  QPushButton* const close = buttons->addButton(tr("&Close"), QDialogButtonBox::RejectRole);
+  QPushButton* const close = buttons->addButton(QDialog::tr("&Close"), QDialogButtonBox::RejectRole);
   close->setObjectName(QStringLiteral("cmdClose"));
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
 
   auto* const words = new QVBoxLayout;
   words->addStretch();
-  words->addWidget(MakePlainLabel(tr("%1  For Windows 98/NT/2000").arg(title), "lblText"));
-  words->addWidget(MakePlainLabel(tr("Version %1").arg(QLatin1String(MR4500X_VERSION)), "lblVersion"));
+  words->addWidget(MakePlainLabel(QDialog::tr("%1  For Windows 98/NT/2000").arg(title), "lblText"));
+  words->addWidget(MakePlainLabel(QDialog::tr("Version %1").arg(QLatin1String(MR4500X_VERSION)), "lblVersion"));
   words->addWidget(MakeLink(openLink));
   words->addStretch();
   auto* const top = new QHBoxLayout;
-  top->setSpacing(fontMetrics().averageCharWidth() * 3);
+  top->setSpacing(dialog.fontMetrics().averageCharWidth() * 3);
   top->addWidget(picture);
   top->addLayout(words);
   auto* const bottom = new QHBoxLayout;
   bottom->addWidget(MakeLicencesButton(*licences));
   bottom->addWidget(buttons);
-  auto* const layout = new QVBoxLayout(this);
+  auto* const layout = new QVBoxLayout(&dialog);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addLayout(top);
   layout->addLayout(bottom);
   layout->addWidget(licences);
   close->setFocus();
+  dialog.exec();
 }
 
 } // namespace mr4500x

@@ -1,17 +1,10 @@
 #include "frm_main.h"
 
 #include "editor_panel.h"
-#include "embed_commands.h"
-#include "file_commands.h"
-#include "frm_about.h"
 #include "locale_texts.h"
-#include "print_command.h"
-#include "program_icons.h"
 #include "program_title.h"
-#include "radio_commands.h"
-#include "recent_menu.h"
 #include "settings.h"
-#include "status_panels.h"
+#include "window_parts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -33,12 +26,9 @@ FrmMain::FrmMain(MainServices services)
   BuildMenus();
   BuildToolbar();
   BuildPanel();
-  BuildCommands();
   Load();
   TakeDesignSize();
 }
-
-FrmMain::~FrmMain() = default;
 
 void FrmMain::BuildPanel() {
   m_panel = new EditorPanel(m_image, m_texts, m_services.messages);
@@ -61,20 +51,15 @@ void FrmMain::BuildPanel() {
   scroll->viewport()->installEventFilter(this);
 }
 
-void FrmMain::BuildCommands() {
-  m_recent = std::make_unique<RecentMenu>(m_mnuRecent, m_services.files, m_services.settingsFile,
-                                          [this](const std::string& path) { OpenGiven(path); });
-  const CommandContext context = {m_services, m_image, m_state, *m_panel, *m_recent, *m_status, *m_mnuFileClose, *this};
-  m_fileCommands = std::make_unique<FileCommands>(context);
-  m_radioCommands = std::make_unique<RadioCommands>(context);
-  m_embedCommands = std::make_unique<EmbedCommands>(context);
+CommandContext FrmMain::Context() {
+  return {m_services, m_image, m_state, *m_panel, *m_status, m_mnuRecent, *m_mnuFileClose, *this};
 }
 
 void FrmMain::Load() {
   m_state.CommPortNumber = LoadPortSetting(m_services.files, m_services.settingsFile);
   m_status->ShowPort(m_state.CommPortNumber);
   m_panel->FillReset(m_services.now());
-  m_recent->Rebuild();
+  commands::ShowRecentFiles(Context());
   m_state.ModifiedFlag = false;
   ShowView(View::Channel);
   m_panel->CommitOpenEditors(); // no field has the focus at the start
@@ -102,7 +87,7 @@ void FrmMain::ShowView(View view) {
   m_btnFuncWin->setEnabled(isChannel);
 }
 
-void FrmMain::RunCommand(const std::function<void()>& command) {
+void FrmMain::RunCommand(const std::function<void(const CommandContext&)>& command) {
   if (m_running) return;
   struct Ending {
     FrmMain& window;
@@ -113,14 +98,14 @@ void FrmMain::RunCommand(const std::function<void()>& command) {
     }
   } const ending{*this};
   m_running = true;
-  command();
+  command(Context());
 }
 
 // Refused while a command runs, for instance one that waits in a message box.
 void FrmMain::closeEvent(QCloseEvent* event) {
   event->ignore();
-  RunCommand([&] {
-    if (m_fileCommands->PrepareExit() == CloseEnd::Cancelled) return;
+  RunCommand([&](const CommandContext& context) {
+    if (commands::PrepareExit(context) == CloseEnd::Cancelled) return;
     for (QWidget* const window : QApplication::topLevelWidgets())
       if (window != this && window->isVisible()) window->close();
     if (!isMinimized()) m_services.storeGeometry(GeometryOf(*this));
@@ -134,73 +119,7 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FrmMain::OpenGiven(const std::string& path) {
-  RunCommand([&] { m_fileCommands->OpenGiven(path); });
-}
-void FrmMain::mnuFileOpen_Click() {
-  RunCommand([this] { m_fileCommands->Open(); });
-}
-void FrmMain::mnuFileClose_Click() {
-  RunCommand([this] { m_fileCommands->Close(); });
-}
-void FrmMain::mnuFileSave_Click() {
-  RunCommand([this] { m_fileCommands->Save(); });
-}
-void FrmMain::mnuFileSaveAs_Click() {
-  RunCommand([this] { m_fileCommands->SaveAs(); });
-}
-void FrmMain::mnuFilePrint_Click() {
-  RunCommand([this] { PrintChosenReports(m_services, *m_panel, m_image, this); });
-}
-void FrmMain::mnuFileExit_Click() {
-  close();
-}
-void FrmMain::mnuEditCopy_Click() {
-  RunCommand([this] { m_panel->Copy(); });
-}
-void FrmMain::mnuEditPaste_Click() {
-  RunCommand([this] { m_panel->Paste(); });
-}
-void FrmMain::mnuOptionChannels_Click() {
-  ShowView(View::Channel);
-}
-void FrmMain::mnuOptionFunction_Click() {
-  ShowView(View::Function);
-}
-void FrmMain::mnuProgramRead_Click() {
-  RunCommand([this] { m_radioCommands->Read(); });
-}
-void FrmMain::mnuProgramWrite_Click() {
-  RunCommand([this] { m_radioCommands->Write(); });
-}
-void FrmMain::mnuEmbedInfo_Click() {
-  RunCommand([this] { m_embedCommands->Info(); });
-}
-void FrmMain::mnuEmbedRead_Click() {
-  RunCommand([this] { m_embedCommands->Read(); });
-}
-void FrmMain::mnuEmbedWrite_Click() {
-  RunCommand([this] { m_embedCommands->Write(); });
-}
-void FrmMain::mnuCommPortPort_Click() {
-  RunCommand([this] { m_radioCommands->Port(); });
-}
-
-void FrmMain::mnuHelpContents_Click() {
-  RunCommand([this] {
-    m_panel->CommitOpenEditors();
-    m_services.help.OpenContents();
-  });
-}
-
-void FrmMain::mnuHelpIndex_Click() {
-  RunCommand([this] {
-    m_panel->CommitOpenEditors();
-    m_services.help.OpenIndex();
-  });
-}
-
-void FrmMain::mnuHelpAbout_Click() {
-  RunCommand([this] { FrmAbout(m_services.openLink, this).exec(); });
+  RunCommand([&](const CommandContext& context) { commands::OpenGiven(context, path); });
 }
 
 } // namespace mr4500x

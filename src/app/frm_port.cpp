@@ -1,7 +1,9 @@
-#include "frm_port.h"
+#include "dialogs.h"
+
+#include "frame_parts.h"
 
 #include <QButtonGroup>
-#include <QDialogButtonBox>
+#include <QDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
@@ -11,15 +13,15 @@
 namespace mr4500x {
 namespace {
 
-constexpr int Rows = 4; // the options are laid out column by column
+constexpr int PortRows = 4; // the options are laid out column by column
 
-QRadioButton* MakeOption(int number, const PortChoice& choice, const PortDeviceTexts& devices) {
-  const auto index = static_cast<std::size_t>(number - 1);
-  auto* const option = new QRadioButton(FrmPort::tr("COM%1").arg(number));
+QRadioButton* NewOption(int number, const PortChoice& choice, const std::string& deviceOfPort) {
+  auto* const option = new QRadioButton(QDialog::tr("COM%1").arg(number));
   option->setObjectName(QStringLiteral("optPort(%1)").arg(number));
-  option->setEnabled(choice.enabled[index]);
+  option->setEnabled(choice.enabled[static_cast<std::size_t>(number - 1)]);
   option->setChecked(number == choice.preselected);
-  const QString device = devices[index].isEmpty() ? FrmPort::tr("No device stands for this port") : devices[index];
+  const QString device =
+      deviceOfPort.empty() ? QDialog::tr("No device stands for this port") : QString::fromStdString(deviceOfPort);
   option->setToolTip(device);
   option->setAccessibleDescription(device);
   return option;
@@ -27,46 +29,31 @@ QRadioButton* MakeOption(int number, const PortChoice& choice, const PortDeviceT
 
 } // namespace
 
-FrmPort::FrmPort(const PortChoice& choice, const PortDeviceTexts& devices, QWidget* parent)
-    : QDialog(parent), m_options(new QButtonGroup(this)) {
-  setObjectName(QStringLiteral("frmPort"));
-  setWindowTitle(tr("Port"));
-
-  auto* const frame = new QGroupBox(tr("Communication Port"));
+std::optional<int> AskPort(const PortChoice& choice, const std::function<std::string(int)>& deviceOfPort,
+                           QWidget* parent) {
+  QDialog dialog(parent);
+  dialog.setObjectName(QStringLiteral("frmPort"));
+  dialog.setWindowTitle(QDialog::tr("Port"));
+  auto* const frame = new QGroupBox(QDialog::tr("Communication Port"));
   frame->setObjectName(QStringLiteral("fraPort"));
   auto* const grid = new QGridLayout(frame);
-  grid->setHorizontalSpacing(fontMetrics().averageCharWidth() * 3);
+  grid->setHorizontalSpacing(dialog.fontMetrics().averageCharWidth() * 3);
+  QButtonGroup options;
   for (int number = 1; number <= PortCount; ++number) {
-    QRadioButton* const option = MakeOption(number, choice, devices);
-    m_options->addButton(option, number);
-    grid->addWidget(option, (number - 1) % Rows, (number - 1) / Rows);
+    QRadioButton* const option = NewOption(number, choice, deviceOfPort(number));
+    options.addButton(option, number);
+    grid->addWidget(option, (number - 1) % PortRows, (number - 1) / PortRows);
   }
-
-  auto* const buttons = new QDialogButtonBox;
-  QPushButton* const ok = buttons->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
-  QPushButton* const cancel = buttons->addButton(tr("&Cancel"), QDialogButtonBox::RejectRole);
-  ok->setObjectName(QStringLiteral("cmdOK"));
-  ok->setDefault(true);
-  cancel->setObjectName(QStringLiteral("cmdCancel"));
-  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-  auto* const layout = new QVBoxLayout(this);
+  const OkCancel buttons = NewOkCancel(dialog);
+  QObject::connect(buttons.ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+  auto* const layout = new QVBoxLayout(&dialog);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addWidget(frame);
-  layout->addWidget(buttons);
-  QAbstractButton* const preselected = m_options->checkedButton();
-  (preselected->isEnabled() ? preselected : ok)->setFocus();
-}
-
-int FrmPort::SelectedPort() const {
-  return m_options->checkedId();
-}
-
-std::optional<int> AskPort(const PortChoice& choice, const PortDeviceTexts& devices, QWidget* parent) {
-  FrmPort dialog(choice, devices, parent);
+  layout->addLayout(buttons.row);
+  QAbstractButton* const preselected = options.checkedButton();
+  (preselected->isEnabled() ? preselected : buttons.ok)->setFocus();
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return dialog.SelectedPort();
+  return options.checkedId();
 }
 
 } // namespace mr4500x

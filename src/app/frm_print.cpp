@@ -1,29 +1,40 @@
-#include "frm_print.h"
+#include "dialogs.h"
 
+#include "frame_parts.h"
 #include "program_title.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace mr4500x {
+namespace {
 
 constexpr std::array<const char*, 3> Reports = {"Channel Settings and Global Settings", "TTS", "Embedded Information"};
 constexpr char NothingChosenText[] = "Please select items you want to print.";
 
-FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
-    : QDialog(parent), m_printers(printers), m_messages(messages) {
+class FrmPrint final : public QDialog {
+public:
+  FrmPrint(Printers& printers, MessageView& messages, QWidget* parent);
+  [[nodiscard]] ReportChoice Choice() const { return {m_chk0, m_chk1, m_chk2}; } // after OK
+
+private:
+  void AddButton(QVBoxLayout& side, const char* name, const QString& text, const std::function<void()>& clicked);
+  void SetAll(bool ticked);
+  void cmdOK_Click();
+
+  MessageView& m_messages;
+  std::array<QCheckBox*, 3> m_chkPrintOutput{};
+  bool m_chk0 = false, m_chk1 = false, m_chk2 = false;
+};
+
+FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent) : QDialog(parent), m_messages(messages) {
   setObjectName(QStringLiteral("frmPrint"));
   setWindowTitle(tr("Print Output"));
-  const auto button = [](const char* name, const QString& text) {
-    auto* const made = new QPushButton(text);
-    made->setObjectName(QLatin1String(name));
-    made->setAutoDefault(false); // Return always means OK
-    return made;
-  };
-
   auto* const boxes = new QVBoxLayout;
   for (std::size_t i = 0; i < Reports.size(); ++i) {
     m_chkPrintOutput[i] = new QCheckBox(QString::fromUtf8(Reports[i]));
@@ -31,23 +42,12 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
     boxes->addWidget(m_chkPrintOutput[i]);
   }
   boxes->addStretch();
-  QPushButton* const all = button("cmdSelAll", tr("Select &All"));
-  QPushButton* const none = button("cmdClrAll", tr("C&lear All"));
-  QPushButton* const setup = button("cmdPrintSet", tr("&Printer..."));
-  connect(all, &QPushButton::clicked, this, [this] { SetAll(true); });
-  connect(none, &QPushButton::clicked, this, [this] { SetAll(false); });
-  connect(setup, &QPushButton::clicked, this, &FrmPrint::cmdPrintSet_Click);
-
   auto* const side = new QVBoxLayout;
-  for (QPushButton* const one : {all, none, setup})
-    side->addWidget(one);
-  auto* const buttons = new QDialogButtonBox;
-  QPushButton* const ok = buttons->addButton(tr("&OK"), QDialogButtonBox::AcceptRole);
-  ok->setObjectName(QStringLiteral("cmdOK"));
-  ok->setDefault(true);
-  buttons->addButton(tr("&Cancel"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("cmdCancel"));
-  connect(buttons, &QDialogButtonBox::accepted, this, &FrmPrint::cmdOK_Click);
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  AddButton(*side, "cmdSelAll", tr("Select &All"), [this] { SetAll(true); });
+  AddButton(*side, "cmdClrAll", tr("C&lear All"), [this] { SetAll(false); });
+  AddButton(*side, "cmdPrintSet", tr("&Printer..."), [&printers] { printers.SetUpPrinter("Printer Setup"); });
+  const OkCancel buttons = NewOkCancel(*this);
+  connect(buttons.ok, &QPushButton::clicked, this, &FrmPrint::cmdOK_Click);
 
   auto* const top = new QHBoxLayout;
   top->setSpacing(fontMetrics().averageCharWidth() * 4);
@@ -57,8 +57,17 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent)
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addLayout(top);
   layout->addSpacing(fontMetrics().height() / 2);
-  layout->addWidget(buttons);
+  layout->addLayout(buttons.row);
   m_chkPrintOutput.front()->setFocus();
+}
+
+void FrmPrint::AddButton(QVBoxLayout& side, const char* name, const QString& text,
+                         const std::function<void()>& clicked) {
+  auto* const button = new QPushButton(text);
+  button->setObjectName(QLatin1String(name));
+  button->setAutoDefault(false); // Return always means OK
+  connect(button, &QPushButton::clicked, this, clicked);
+  side.addWidget(button);
 }
 
 void FrmPrint::SetAll(bool ticked) {
@@ -66,22 +75,17 @@ void FrmPrint::SetAll(bool ticked) {
     box->setChecked(ticked);
 }
 
-void FrmPrint::cmdPrintSet_Click() {
-  m_printers.SetUpPrinter("Printer Setup");
+void FrmPrint::cmdOK_Click() {
+  m_chk0 = m_chkPrintOutput[0]->isChecked();
+  m_chk1 = m_chkPrintOutput[1]->isChecked();
+  m_chk2 = m_chkPrintOutput[2]->isChecked();
+  if (Choice().Any())
+    accept();
+  else
+    m_messages.Show(MessageIcon::Information, ProgramTitle, NothingChosenText, MessageButtons::Ok);
 }
 
-void FrmPrint::cmdOK_Click() {
-  const ReportChoice ticked = {m_chkPrintOutput[0]->isChecked(), m_chkPrintOutput[1]->isChecked(),
-                               m_chkPrintOutput[2]->isChecked()};
-  if (!ticked.Any()) {
-    m_messages.Show(MessageIcon::Information, ProgramTitle, NothingChosenText, MessageButtons::Ok);
-    return;
-  }
-  m_chk0 = ticked.channels;
-  m_chk1 = ticked.tts;
-  m_chk2 = ticked.info;
-  accept();
-}
+} // namespace
 
 std::optional<ReportChoice> AskReports(Printers& printers, MessageView& messages, QWidget* parent) {
   FrmPrint dialog(printers, messages, parent);

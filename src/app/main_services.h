@@ -7,10 +7,10 @@
 #include "help_viewer.h"
 #include "local_time.h"
 #include "message_view.h"
+#include "open_windows.h"
 #include "printer.h"
 #include "progress_view.h"
 #include "serial_port.h"
-#include "window_geometry.h"
 
 #include <functional>
 #include <string>

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "event_clock.h"
 #include "frm_main.h"
 #include "posix_file_system.h"
-#include "qt_file_dialogs.h"
-#include "qt_font_dialog.h"
+#include "qt_dialogs.h"
 #include "qt_help_viewer.h"
-#include "qt_message_view.h"
 #include "qt_printers.h"
 #include "qt_progress_view.h"
 #include "qt_serial_port.h"

@@ -1,61 +1,98 @@
-#include "radio_commands.h"
+// The commands that use the serial port: the four transfers, and the choice of the port.
+#include "commands.h"
 
+#include "dialogs.h"
 #include "editor_panel.h"
-#include "frm_port.h"
-#include "port_choice.h"
-#include "status_panels.h"
-#include "transfer.h"
+#include "transfer_guard.h"
+#include "transfer_messages.h"
+#include "window_parts.h"
 
+#include <QAction>
 #include <QGuiApplication>
 
 namespace mr4500x {
 namespace {
 
-PortChoice TestPorts(SerialPort& port, int commPortNumber) {
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const PortChoice choice = ChoosePort(commPortNumber, [&](int number) { return TestPort(port, number); });
-  QGuiApplication::restoreOverrideCursor();
-  return choice;
+class WindowObserver final : public ExchangeObserver {
+public:
+  explicit WindowObserver(const CommandContext& context) : m_context(context) {}
+
+  void Began(Transfer transfer, int maximum) override {
+    const ProgressWords words = ProgressOf(transfer);
+    m_context.services.progress.Open(words.title, words.text, maximum);
+  }
+  void Progress(int value) override { m_context.services.progress.SetValue(value); }
+  void Ended() override { m_context.services.progress.Close(); }
+  bool AcceptsOtherBand() override { return m_context.Show(BandQuestion(), MessageButtons::YesNo) == Answer::Yes; }
+  // Leaves ModifiedFlag alone: what a radio holds is in no file.
+  bool Complete(Transfer transfer) override {
+    m_context.Show(CompletionOf(transfer));
+    return Succeeds([&] {
+      m_context.SetOrigin(RadioOrigin{transfer});
+      if (transfer == Transfer::Read) m_context.panel.Fill();
+      if (transfer != Transfer::WriteInfo) m_context.closeItem.setEnabled(true);
+      return true;
+    });
+  }
+
+private:
+  const CommandContext& m_context;
+};
+
+// Runs an exchange over the chosen port with the progress window and messages, and with the user's input held.
+void RunTransfer(const CommandContext& context, HeldPointer pointer,
+                 const std::function<ExchangeResult(SerialLine& line, ExchangeObserver& observer)>& exchange) {
+  const MainServices& services = context.services;
+  const TransferGuard guard(services.input, pointer);
+  context.window.repaint(); // the exchange may block painting for a while
+  SerialLine line(services.port, services.clock, context.state.CommPortNumber);
+  WindowObserver observer(context);
+  if (const std::optional<Message> failure = FailureOf(exchange(line, observer))) context.Show(*failure);
 }
 
 } // namespace
 
-// Neither changes ModifiedFlag: what a radio holds is in no file.
-void RadioCommands::Read() {
-  m_context.panel.CommitOpenEditors();
-  const auto exchange = [this](SerialLine& line, ExchangeObserver& observer) {
-    return ReadRadio(line, m_context.image, observer);
-  };
-  RunTransfer(m_context, HeldPointer::Busy, exchange, [this] {
-    m_context.SetOrigin(RadioOrigin{Transfer::Read});
-    m_context.panel.Fill();
-    m_context.closeItem.setEnabled(true);
+namespace commands {
+
+void Read(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  RunTransfer(context, HeldPointer::Busy,
+              [&](SerialLine& line, ExchangeObserver& observer) { return ReadRadio(line, context.image, observer); });
+}
+
+void Write(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  context.panel.Collect();
+  RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
+    return WriteRadio(line, context.image, context.services.now, observer);
   });
 }
 
-void RadioCommands::Write() {
-  m_context.panel.CommitOpenEditors();
-  m_context.panel.Collect();
-  const auto exchange = [this](SerialLine& line, ExchangeObserver& observer) {
-    return WriteRadio(line, m_context.image, m_context.services.now, observer);
-  };
-  RunTransfer(m_context, HeldPointer::Busy, exchange, [this] {
-    m_context.SetOrigin(RadioOrigin{Transfer::Write});
-    m_context.closeItem.setEnabled(true);
+void ReadInfo(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
+    return ReadEmbeddedInfo(line, context.image, observer);
   });
 }
 
-void RadioCommands::Port() {
-  const MainServices& services = m_context.services;
-  const PortChoice choice = TestPorts(services.port, m_context.state.CommPortNumber);
-  PortDeviceTexts devices;
-  for (int number = 1; number <= PortCount; ++number)
-    devices[static_cast<std::size_t>(number - 1)] = QString::fromStdString(services.deviceOfPort(number));
+void WriteInfo(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  RunTransfer(context, HeldPointer::Unchanged, [&](SerialLine& line, ExchangeObserver& observer) {
+    return WriteEmbeddedInfo(line, context.image, observer);
+  });
+}
+
+void Port(const CommandContext& context) {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const PortChoice choice =
+      ChoosePort(context.state.CommPortNumber, [&](int number) { return TestPort(context.services.port, number); });
+  QGuiApplication::restoreOverrideCursor();
   // Only a confirmed choice counts: the port that the status bar shows stays the one that is used.
-  const std::optional<int> chosen = AskPort(choice, devices, &m_context.window);
+  const std::optional<int> chosen = AskPort(choice, context.services.deviceOfPort, &context.window);
   if (!chosen) return;
-  m_context.state.CommPortNumber = *chosen;
-  m_context.status.ShowPort(*chosen);
+  context.state.CommPortNumber = *chosen;
+  context.status.ShowPort(*chosen);
 }
 
+} // namespace commands
 } // namespace mr4500x

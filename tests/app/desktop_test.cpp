@@ -1,8 +1,6 @@
 // The adapters to the desktop: message boxes, file names, and the guard of a transfer.
-#include "event_clock.h"
 #include "modal_dialog.h"
-#include "qt_file_dialogs.h"
-#include "qt_message_view.h"
+#include "qt_dialogs.h"
 #include "transfer_guard.h"
 
 #include <QTest>

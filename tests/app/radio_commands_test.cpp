@@ -1,5 +1,5 @@
 // The transfers and Port, through the main window, with a radio on COM3.
-#include "frm_port.h"
+#include "port_choice.h"
 #include "program_fixture.h"
 
 namespace mr4500x {

@@ -1,6 +1,6 @@
 #include "qt_printers.h"
 
-#include "owner_window.h"
+#include "open_windows.h"
 #include "page_printer.h"
 #include "pdf_printer.h"
 

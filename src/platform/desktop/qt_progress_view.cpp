@@ -1,6 +1,6 @@
 #include "qt_progress_view.h"
 
-#include "owner_window.h"
+#include "open_windows.h"
 
 #include <QDialog>
 #include <QLabel>

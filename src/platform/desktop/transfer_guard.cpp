@@ -10,36 +10,28 @@
 namespace mr4500x {
 namespace {
 
+using namespace std::chrono_literals;
+
+// Each slice begins with the pending events and sleeps for the rest, so that a wait always ends in a sleep, on time.
+// Waits shorter than RoomForEvents process no events.
+constexpr Clock::Moment Slice = 10ms;
+constexpr Clock::Moment RoomForEvents = 5ms;
+
 constexpr unsigned long InputArrivalMilliseconds = 5;
 
 bool IsUserInput(QEvent::Type type) {
-  static constexpr std::array types = {QEvent::MouseButtonPress,
-                                       QEvent::MouseButtonRelease,
-                                       QEvent::MouseButtonDblClick,
-                                       QEvent::MouseMove,
-                                       QEvent::NonClientAreaMouseButtonPress,
-                                       QEvent::NonClientAreaMouseButtonRelease,
-                                       QEvent::NonClientAreaMouseButtonDblClick,
-                                       QEvent::NonClientAreaMouseMove,
-                                       QEvent::Wheel,
-                                       QEvent::KeyPress,
-                                       QEvent::KeyRelease,
-                                       QEvent::ShortcutOverride,
-                                       QEvent::Shortcut,
-                                       QEvent::InputMethod,
-                                       QEvent::ContextMenu,
-                                       QEvent::Close,
-                                       QEvent::Quit,
-                                       QEvent::DragEnter,
-                                       QEvent::DragMove,
-                                       QEvent::Drop,
-                                       QEvent::TouchBegin,
-                                       QEvent::TouchUpdate,
-                                       QEvent::TouchEnd,
-                                       QEvent::TabletPress,
-                                       QEvent::TabletMove,
-                                       QEvent::TabletRelease,
-                                       QEvent::NativeGesture};
+  // clang-format off
+  static constexpr std::array types = {
+    QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick, QEvent::MouseMove,
+    QEvent::NonClientAreaMouseButtonPress, QEvent::NonClientAreaMouseButtonRelease,
+    QEvent::NonClientAreaMouseButtonDblClick, QEvent::NonClientAreaMouseMove,
+    QEvent::Wheel, QEvent::ContextMenu, QEvent::DragEnter, QEvent::DragMove, QEvent::Drop,
+    QEvent::KeyPress, QEvent::KeyRelease, QEvent::ShortcutOverride, QEvent::Shortcut, QEvent::InputMethod,
+    QEvent::Close, QEvent::Quit,
+    QEvent::TouchBegin, QEvent::TouchUpdate, QEvent::TouchEnd, QEvent::NativeGesture,
+    QEvent::TabletPress, QEvent::TabletMove, QEvent::TabletRelease,
+  };
+  // clang-format on
   return std::find(types.begin(), types.end(), type) != types.end();
 }
 
@@ -77,6 +69,15 @@ bool UserInput::eventFilter(QObject* watched, QEvent* event) {
   if (!IsUserInput(event->type())) return QObject::eventFilter(watched, event);
   event->ignore(); // else a dropped Close would count as accepted
   return true;
+}
+
+void EventClock::WaitUntil(Moment moment) {
+  while (m_input.IsHeld() && moment - Now() >= RoomForEvents) {
+    const Moment next = std::min(moment, Now() + Slice);
+    QCoreApplication::processEvents();
+    m_steady.WaitUntil(next);
+  }
+  m_steady.WaitUntil(moment);
 }
 
 } // namespace mr4500x

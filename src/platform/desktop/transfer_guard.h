@@ -2,6 +2,7 @@
 #pragma once
 
 #include "end_signals.h"
+#include "steady_clock.h"
 
 #include <QObject>
 
@@ -30,6 +31,19 @@ protected:
 private:
   bool m_isHeld = false;
   HeldPointer m_pointer = HeldPointer::Busy;
+};
+
+// The clock of transfers: the steady clock, which processes events in its waits while the user's input is held.
+class EventClock final : public Clock {
+public:
+  explicit EventClock(const UserInput& input) : m_input(input) {}
+
+  [[nodiscard]] Moment Now() override { return m_steady.Now(); }
+  void WaitUntil(Moment moment) override;
+
+private:
+  const UserInput& m_input;
+  SteadyClock m_steady;
 };
 
 // Holds the input and the signals that would end the program.

@@ -1,15 +1,47 @@
-#include "qt_file_dialogs.h"
+#include "qt_dialogs.h"
 
-#include "owner_window.h"
+#include "open_windows.h"
+#include "transfer_guard.h"
 
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontDialog>
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTreeView>
+
+#include <array>
+#include <span>
 
 namespace mr4500x {
 namespace {
+
+struct BoxButton {
+  QMessageBox::StandardButton button;
+  const char* name;
+  Answer answer;
+};
+
+constexpr std::array OkButton = {BoxButton{QMessageBox::Ok, "cmdOk", Answer::Ok}};
+constexpr std::array QuestionButtons = {
+    BoxButton{QMessageBox::Yes, "cmdYes", Answer::Yes},
+    BoxButton{QMessageBox::No, "cmdNo", Answer::No},
+    BoxButton{QMessageBox::Cancel, "cmdCancel", Answer::Cancel},
+};
+
+std::span<const BoxButton> ButtonsOf(MessageButtons buttons) {
+  if (buttons == MessageButtons::Ok) return OkButton;
+  return std::span(QuestionButtons).first(buttons == MessageButtons::YesNo ? 2 : 3);
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  if (icon == MessageIcon::Information) return QMessageBox::Information;
+  if (icon == MessageIcon::Exclamation) return QMessageBox::Warning;
+  return icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon;
+}
 
 void Prepare(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
@@ -43,7 +75,36 @@ bool MayBeWritten(const QString& path, bool hasBeenExtended, const QString& titl
                               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
+// Strikeout and underline are not used. Their space stays reserved, since it gives the sample its height.
+void HideEffects(QFontDialog& dialog) {
+  for (const QCheckBox* const effect : dialog.findChildren<QCheckBox*>()) {
+    QWidget* const group = effect->parentWidget();
+    QSizePolicy policy = group->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    group->setSizePolicy(policy);
+    group->hide();
+  }
+}
+
 } // namespace
+
+Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) {
+  const TransferPause pause(m_input);
+  QMessageBox box(OwnerWindow());
+  box.setObjectName(QStringLiteral("messageBox"));
+  box.setIcon(IconOf(icon));
+  box.setWindowTitle(QString::fromUtf8(title));
+  box.setTextFormat(Qt::PlainText); // paths are not markup
+  box.setText(QString::fromUtf8(text));
+  const std::span<const BoxButton> offered = ButtonsOf(buttons);
+  for (const BoxButton& button : offered)
+    box.addButton(button.button)->setObjectName(QLatin1String(button.name));
+  box.setDefaultButton(offered.front().button);
+  const int pressed = box.exec();
+  for (const BoxButton& button : offered)
+    if (button.button == pressed) return button.answer;
+  return offered.back().answer; // closed without a button
+}
 
 QStringList NameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
@@ -80,6 +141,29 @@ std::optional<std::string> QtFileDialogs::AskSave(const FileQuestion& question) 
     if (MayBeWritten(whole, whole != *path, dialog.windowTitle())) return whole.toStdString();
   }
   return std::nullopt;
+}
+
+std::optional<FontDescription> QtFontDialog::AskFont(const FontDescription& preset) {
+  QFont font(QString::fromStdString(preset.name), preset.size);
+  font.setBold(preset.bold);
+  font.setItalic(preset.italic);
+  // The dialog lists installed fonts only, so it is preset to the substitute for a missing one. The original name is
+  // kept unless the user picks another family.
+  const QFontInfo drawn(font);
+  font.setFamilies({drawn.family()});
+  font.setStyleName(drawn.styleName());
+
+  QFontDialog dialog(font, OwnerWindow());
+  dialog.setObjectName(QStringLiteral("fontDialog"));
+  HideEffects(dialog);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  const QFont chosen = dialog.selectedFont();
+  FontDescription answer = preset;
+  if (chosen.family() != drawn.family()) answer.name = chosen.family().toStdString();
+  if (chosen.pointSize() > 0) answer.size = chosen.pointSize(); // -1 for a size in pixels
+  answer.bold = chosen.bold();
+  answer.italic = chosen.italic();
+  return answer;
 }
 
 } // namespace mr4500x

@@ -1,0 +1,80 @@
+// The commands of the menus and the toolbar, as the rows of action_table.cpp name them. FrmMain::RunCommand runs them.
+#pragma once
+
+#include "editor_state.h"
+#include "main_services.h"
+#include "message.h"
+#include "radio_image.h"
+#include "recent_files.h"
+
+#include <array>
+#include <exception>
+
+class QAction;
+class QWidget;
+
+namespace mr4500x {
+
+class EditorPanel;
+class StatusPanels;
+
+using RecentItems = std::array<QAction*, RecentFileCount>;
+
+// What the commands work on, all owned by the main window.
+struct CommandContext {
+  const MainServices& services;
+  RadioImage& image;
+  EditorState& state;
+  EditorPanel& panel;
+  StatusPanels& status;
+  const RecentItems& recentItems;
+  QAction& closeItem;
+  QWidget& window;
+
+  void SetOrigin(Origin origin) const; // and the title
+  Answer Show(const Message& message, MessageButtons buttons = MessageButtons::Ok) const;
+};
+
+using Command = void (*)(const CommandContext& context);
+
+enum class CloseEnd : std::uint8_t { Closed, Cancelled };
+
+namespace commands {
+
+void New(const CommandContext& context); // does nothing: Close makes a new configuration
+void Open(const CommandContext& context);
+void Close(const CommandContext& context);
+void Save(const CommandContext& context);
+void SaveAs(const CommandContext& context);
+void Print(const CommandContext& context);
+void Copy(const CommandContext& context);
+void Paste(const CommandContext& context);
+void Read(const CommandContext& context);
+void Write(const CommandContext& context);
+// The three of the embedded information leave the editor, its changes and all other blocks alone.
+void EditInfo(const CommandContext& context);
+void ReadInfo(const CommandContext& context);
+void WriteInfo(const CommandContext& context);
+void Port(const CommandContext& context);
+void HelpContents(const CommandContext& context);
+void HelpIndex(const CommandContext& context);
+void About(const CommandContext& context);
+
+void OpenGiven(const CommandContext& context, const std::string& path); // from the recent files or the command line
+void ShowRecentFiles(const CommandContext& context);
+// Stores the settings, then asks about unsaved data. Cancelled: don't exit.
+[[nodiscard]] CloseEnd PrepareExit(const CommandContext& context);
+
+} // namespace commands
+
+// Whether the phase of a command returns true. An exception (out of memory) counts as a failure.
+template<typename Phase>
+[[nodiscard]] bool Succeeds(Phase phase) {
+  try {
+    return phase();
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+} // namespace mr4500x

@@ -1,0 +1,26 @@
+// The dialogs of the main window's commands.
+#pragma once
+
+#include "message_view.h"
+#include "port_choice.h"
+#include "print_reports.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+class QWidget;
+
+namespace mr4500x {
+
+// frmPort: the choice among COM1 to COM16; nullopt when cancelled. `deviceOfPort` is empty for a port without a device.
+[[nodiscard]] std::optional<int> AskPort(const PortChoice& choice, const std::function<std::string(int)>& deviceOfPort,
+                                         QWidget* parent);
+
+// frmPrint: the chosen reports, at least one; nullopt when cancelled.
+[[nodiscard]] std::optional<ReportChoice> AskReports(Printers& printers, MessageView& messages, QWidget* parent);
+
+// frmAbout.
+void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent);
+
+} // namespace mr4500x

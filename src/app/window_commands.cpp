@@ -1,0 +1,79 @@
+// The commands that stay within the window: printing, editing, the embedded information and the help.
+#include "commands.h"
+
+#include "dialogs.h"
+#include "editor_panel.h"
+#include "embedded_info.h"
+#include "frm_embed.h"
+#include "locale_texts.h"
+#include "program_title.h"
+
+#include <QGuiApplication>
+#include <QLocale>
+
+#include <utility>
+
+namespace mr4500x {
+
+void CommandContext::SetOrigin(Origin origin) const {
+  state.origin = std::move(origin);
+  window.setWindowTitle(QString::fromStdString(TitleOf(state.origin)));
+}
+
+Answer CommandContext::Show(const Message& message, MessageButtons buttons) const {
+  return services.messages.Show(message.icon, message.title, message.text, buttons);
+}
+
+namespace commands {
+
+void New(const CommandContext& /*context*/) {}
+
+// What the editor shows, collected or not. Only the embedded information comes from the image.
+void Print(const CommandContext& context) {
+  const MainServices& services = context.services;
+  context.panel.CommitOpenEditors();
+  const std::optional<ReportChoice> choice = AskReports(services.printers, services.messages, &context.window);
+  if (!choice) return;
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const ReportTexts texts = ReportTextsOf(context.panel.Shown(), EmbeddedText(context.image.EmbeddedInfoBlock),
+                                          DateTimeText(QLocale(), services.now()));
+  const std::unique_ptr<Printer> printer = services.printers.CurrentPrinter();
+  const std::optional<std::string> failure = PrintReports(*printer, texts, *choice);
+  QGuiApplication::restoreOverrideCursor();
+  if (failure) context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), *failure});
+}
+
+void Copy(const CommandContext& context) {
+  context.panel.Copy();
+}
+void Paste(const CommandContext& context) {
+  context.panel.Paste();
+}
+
+void EditInfo(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  EmbeddedInfo& block = context.image.EmbeddedInfoBlock;
+  FontDescription& font = context.state.EmbeddedTextFont;
+  FrmEmbed dialog({EmbeddedText(block), LastProgrammingTime(context.image), font}, context.services.messages,
+                  context.services.fonts, &context.window);
+  dialog.exec();
+  font = dialog.EmbeddedTextFont();
+  if (dialog.CancelPressed()) return;
+  // A text over the limit can only be the one that fills the whole block, unedited: the block holds it already.
+  static_cast<void>(StoreEmbeddedText(block, dialog.EmbedData()));
+}
+
+void HelpContents(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  context.services.help.OpenContents();
+}
+void HelpIndex(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  context.services.help.OpenIndex();
+}
+void About(const CommandContext& context) {
+  ShowAbout(context.services.openLink, &context.window);
+}
+
+} // namespace commands
+} // namespace mr4500x

@@ -1,0 +1,61 @@
+#include "window_parts.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QTime>
+
+// A static library's resources need this call, and the macro only works outside of namespaces.
+static void LoadIcons() {
+  Q_INIT_RESOURCE(icons);
+}
+
+namespace mr4500x {
+namespace {
+
+constexpr char PortText[] = "COM %1";
+
+// Without seconds, as the clock is updated once a minute.
+QString TimeText(const QTime& time) {
+  const QLocale locale;
+  return locale.toString(time, locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss")));
+}
+
+} // namespace
+
+QIcon ProgramIcon(const char* name) {
+  LoadIcons();
+  return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
+}
+
+StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(new QLabel) {
+  setObjectName(QStringLiteral("stbMain"));
+  int number = 0;
+  for (QLabel* const panel : {new QLabel(title), m_port, m_time}) {
+    panel->setObjectName(QStringLiteral("stbMain.Panels(%1)").arg(++number));
+    panel->setTextFormat(Qt::PlainText);
+    panel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    panel->setMargin(2);
+    addPermanentWidget(panel, number == 1 ? 1 : 0);
+  }
+  const int room = fontMetrics().averageCharWidth() * 3;
+  m_port->setMinimumWidth(fontMetrics().horizontalAdvance(QString::fromUtf8(PortText).arg(16)) + room);
+  m_time->setMinimumWidth(fontMetrics().horizontalAdvance(TimeText(QTime(22, 58))) + room);
+
+  m_minute.setSingleShot(true);
+  m_minute.setTimerType(Qt::PreciseTimer); // a coarse timer may fire early, and so twice
+  m_minute.callOnTimeout(this, &StatusPanels::ShowTime);
+  ShowTime();
+}
+
+void StatusPanels::ShowPort(int number) {
+  m_port->setText(QString::fromUtf8(PortText).arg(number));
+}
+
+void StatusPanels::ShowTime() {
+  constexpr int minute = 60'000; // ms
+  const QTime now = QTime::currentTime();
+  m_time->setText(TimeText(now));
+  m_minute.start(minute - now.msecsSinceStartOfDay() % minute);
+}
+
+} // namespace mr4500x

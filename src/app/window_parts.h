@@ -1,0 +1,28 @@
+// Small parts of the main window: its icons and its status bar.
+#pragma once
+
+#include <QIcon>
+#include <QStatusBar>
+#include <QTimer>
+
+class QLabel;
+
+namespace mr4500x {
+
+[[nodiscard]] QIcon ProgramIcon(const char* name); // icons/NAME.svg
+
+// The program's title, the port and the time of day.
+class StatusPanels final : public QStatusBar {
+public:
+  explicit StatusPanels(const QString& title);
+  void ShowPort(int number);
+
+private:
+  void ShowTime();
+
+  QLabel* m_port;
+  QLabel* m_time;
+  QTimer m_minute;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,19 @@
+// The program's windows: which one owns a new dialog, and the place of the main window, stored at exit.
+#pragma once
+
+class QWidget;
+
+namespace mr4500x {
+
+// The parent for a new dialog: the open modal dialog, else the visible main window, else nullptr.
+[[nodiscard]] QWidget* OwnerWindow();
+
+// Including the frame, in twips (1/1440 inch).
+struct WindowGeometry {
+  int left, top, width, height;
+};
+
+[[nodiscard]] WindowGeometry GeometryOf(const QWidget& window);
+void StoreWindowGeometry(const WindowGeometry& geometry); // in the user's settings
+
+} // namespace mr4500x
