@@ -14,11 +14,6 @@ TEST_F(ProgramTest, KnowsTheOpenFileAgain) {
   Edit();
   OpenFile("a.K4X"); // neither asks nor reads
   EXPECT_TRUE(window->State().ModifiedFlag);
-  std::filesystem::remove(Path("a.K4X"));
-  desk.paths = {Path("a.K4X")};
-  Choose("mnuFileOpen");
-  EXPECT_EQ(Happened(), (Lines{"dialog Open", damaged}));
-  EXPECT_EQ(Title(), TitleOf("a.K4X")); // and its data
 }
 
 TEST_F(ProgramTest, RefusesFilesThatAreNone) {
@@ -32,7 +27,6 @@ TEST_F(ProgramTest, RefusesFilesThatAreNone) {
     bool opens = false;
   } cases[] = {
       {"cut off", 600, 1000, "", damaged},
-      {"empty", 0, 1000, "", damaged},
       {"another version", 4 + 17, 2, "18", "i|Error|Error Version of this File!"},
       {"another radio", 4 + 13, 6, "LR7209", "i|Error|Later Version of this File!"},
       {"newer", 51, 2, std::string("\x02\0\x01\0", 4),

@@ -8,11 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace mr4500x {
 namespace {
 
@@ -59,21 +54,6 @@ TEST_F(HelpViewerTest, TellsOneViewerWhatToShowUntilTheReaderClosesIt) {
     EXPECT_EQ(Log(), expected);
   }
   EXPECT_EQ(Told(), "");
-}
-
-TEST_F(HelpViewerTest, EndsWithTheProgramEvenWhereThatIsKilled) {
-  const std::string script =
-      Script("trap 'echo end >>$0.log; exit' TERM; echo start >$0.log; while :; do sleep 0.02; done");
-  const pid_t program = fork();
-  if (program == 0) {
-    QtHelpViewer help(*this, HelpFile(), script);
-    help.OpenContents();
-    while (Log() != "start\n")
-      usleep(1000);
-    raise(SIGKILL);
-  }
-  waitpid(program, nullptr, 0);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Log() == "start\nend\n"; })) << Log();
 }
 
 TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
