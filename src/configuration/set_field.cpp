@@ -153,10 +153,7 @@ private:
     if (*limit == BandOf(configuration).lower) return true;
     configuration.lowerBandLimit = std::to_string(*limit);
     RadioImage image;
-    SetLowerBandLimit(image.BandBlock, *limit);
-    ResetChannels(image);
-    for (std::size_t channel = 0; channel < ChannelCount; ++channel)
-      configuration.channels[channel] = TextsOfChannel(image, channel, texts);
+    configuration.channels = RestartChannels(image, *limit, texts);
     return true;
   }
 
@@ -339,6 +336,15 @@ std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::s
 
 std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
   return Allowed(configuration, at, {}, texts);
+}
+
+std::array<ChannelTexts, ChannelCount> RestartChannels(RadioImage& image, int lowerLimit, const FieldTexts& texts) {
+  SetLowerBandLimit(image.BandBlock, lowerLimit);
+  ResetChannels(image);
+  std::array<ChannelTexts, ChannelCount> channels;
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
+    channels[channel] = TextsOfChannel(image, channel, texts);
+  return channels;
 }
 
 void ResetSelcallCells(Configuration& configuration) {

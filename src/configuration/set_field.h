@@ -27,6 +27,10 @@ struct Refusal {
 [[nodiscard]] std::vector<std::string> ChoicesOf(const Configuration& configuration, FieldAt at,
                                                  const FieldTexts& texts);
 
+// Stores a new lower band limit (MHz), resets all channels of the image to it and returns their texts.
+[[nodiscard]] std::array<ChannelTexts, ChannelCount> RestartChannels(RadioImage& image, int lowerLimit,
+                                                                     const FieldTexts& texts);
+
 // Sets the selective-call and group-call cells of all channels to "OFF", for another mode.
 void ResetSelcallCells(Configuration& configuration);
 

@@ -1,15 +1,17 @@
 #include "editor_panel.h"
 
-#include "decimal.h"
-#include "editor_views.h"
-#include "entry_box.h"
+#include "band_frame.h"
+#include "channel_frame.h"
 #include "fill_messages.h"
-#include "function_settings.h"
+#include "global_settings_frame.h"
+#include "key_frame.h"
+#include "list_frames.h"
+#include "reset_time_frame.h"
+#include "set_field.h"
+#include "tts_frame.h"
 
 #include <QPushButton>
 #include <QStackedLayout>
-
-#include <array>
 
 namespace mr4500x {
 namespace {
@@ -28,35 +30,22 @@ private:
   QWidget& m_panel;
 };
 
+template<class Box>
+Box* AddBox(QBoxLayout& outer, std::initializer_list<QWidget*> widgets) {
+  auto* const box = new Box;
+  outer.addLayout(box);
+  for (QWidget* const widget : widgets)
+    box->addWidget(widget);
+  return box;
+}
+
 } // namespace
 
 EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent)
     : QWidget(parent), m_image(image), m_texts(texts), m_messages(messages), m_focusHolder(new QPushButton(this)),
-      m_views(std::make_unique<EditorViews>()) {
+      m_views(new QStackedLayout(this)) {
   setObjectName(QStringLiteral("picEditor"));
-  EditorViews& views = *m_views;
-  views.band = new BandFrame(m_messages, {[this] { return LowerBandLimit(m_image.BandBlock); },
-                                          [this](int limit) { SetLowerBandLimit(m_image.BandBlock, limit); },
-                                          [this](int limit) { ReinitialiseChannels(limit); }});
-  views.record = new RecordFrame;
-  views.selectCall = new SelectCallFrame;
-  views.tts = new TtsFrame(m_messages, texts.decimalSeparator);
-  views.channels = new ChannelFrame(texts, {m_messages,
-                                            [band = views.band] {
-                                              return Band{ParseWhole(band->LowerText()).value_or(LowestBandLimit),
-                                                          ParseWhole(band->UpperText()).value_or(HighestBandLimit)};
-                                            },
-                                            [mode = views.selectCall] { return mode->IsTts(); },
-                                            [tts = views.tts] { tts->CommitEditors(); }});
-  views.global = new GlobalSettingsFrame(m_messages);
-  views.scan = new ScanFrame;
-  views.keys = new KeyFrame(m_messages);
-  views.fiveTone = new FiveToneFrame;
-  views.resetTime = new ResetTimeFrame(m_messages);
-  views.tune = new TuneFrame;
-  ArrangeViews(*this, views);
-  ConnectFrames();
-
+  BuildFrames();
   m_focusHolder->setObjectName(QStringLiteral("Command1"));
   m_focusHolder->setAccessibleName(tr("No field"));
   m_focusHolder->setFocusPolicy(Qt::ClickFocus); // not in the tab order
@@ -64,81 +53,92 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
   m_focusHolder->lower();
 }
 
-EditorPanel::~EditorPanel() = default;
+void EditorPanel::BuildFrames() {
+  m_band = new BandFrame(m_messages, m_image);
+  m_selectCall = new SelectCallFrame;
+  m_tts = new TtsFrame(m_messages, m_texts.decimalSeparator);
+  m_channels = new ChannelFrame(
+      m_texts, m_messages, [this] { return m_band->Limits(); }, [this] { return m_selectCall->IsTts(); });
+  m_keys = new KeyFrame(m_messages);
+  m_fiveTone = new FiveToneFrame;
+  auto* const record = new RecordFrame;
+  auto* const global = new GlobalSettingsFrame(m_messages);
+  auto* const scan = new ScanFrame;
+  auto* const resetTime = new ResetTimeFrame(m_messages);
+  auto* const tune = new FieldFrame(QStringLiteral("fraTuneSwitch"), tr("Manual Tune Enable"), ChoiceList::ManualTune);
+  m_frames = {m_band, tune, m_selectCall, global, scan, m_channels, record, m_keys, m_fiveTone, m_tts, resetTime};
+  for (const SettingsFrame* const frame : m_frames)
+    if (frame != tune) connect(frame, &SettingsFrame::Changed, this, &EditorPanel::Changed);
+  connect(m_selectCall, &SelectCallFrame::ModeChanged, this, &EditorPanel::ChangeSelcallMode);
+  connect(m_band, &BandFrame::LowerLimitChanged, this, &EditorPanel::ChangeLowerLimit);
+  connect(m_channels, &ChannelFrame::OtherKeyPressed, m_tts, &GridFrame::CommitEditors);
 
-void EditorPanel::ConnectFrames() {
-  const EditorViews& views = *m_views;
-  connect(views.band, &BandFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.channels, &ChannelFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.global, &GlobalSettingsFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.scan, &ScanFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.keys, &KeyFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.selectCall, &SelectCallFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.tts, &TtsFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.fiveTone, &FiveToneFrame::Changed, this, &EditorPanel::Changed);
-  connect(views.resetTime, &ResetTimeFrame::Changed, this, &EditorPanel::Changed);
+  auto* const channelView = new QWidget(this);
+  channelView->setObjectName(QStringLiteral("picChannelView"));
+  auto* const channelColumn = new QVBoxLayout(channelView);
+  AddBox<QHBoxLayout>(*channelColumn, {m_band, record})->addStretch();
+  channelColumn->addWidget(m_channels, 0, Qt::AlignLeft);
+  channelColumn->addStretch();
+  m_views->addWidget(channelView);
 
-  connect(views.selectCall, &SelectCallFrame::ModeChanged, views.channels, &ChannelFrame::ResetSelcallCells);
-  connect(views.selectCall, &SelectCallFrame::ListChanged, this, &EditorPanel::ShowSelcallMode);
-  connect(views.global, &GlobalSettingsFrame::ListChanged, this, &EditorPanel::ShowSelcallMode);
+  auto* const functionView = new QWidget(this);
+  functionView->setObjectName(QStringLiteral("picFunctionView"));
+  auto* const functionRow = new QHBoxLayout(functionView);
+  AddBox<QVBoxLayout>(*functionRow, {global, m_tts})->addStretch();
+  auto* const right = AddBox<QVBoxLayout>(*functionRow, {scan, m_keys});
+  AddBox<QHBoxLayout>(*right, {m_selectCall, m_fiveTone});
+  right->addWidget(resetTime);
+  right->addWidget(tune);
+  right->addStretch();
+  functionRow->addStretch();
+  m_views->addWidget(functionView);
 }
 
-void EditorPanel::ShowSelcallMode() {
-  const bool tts = m_views->selectCall->IsTts();
-  m_views->tts->SetTtsMode(tts);
-  m_views->fiveTone->SetTtsMode(tts);
+void EditorPanel::ChangeSelcallMode(bool tts) {
+  m_tts->SetTtsMode(tts);
+  m_fiveTone->SetTtsMode(tts);
+  Configuration values;
+  m_channels->Collect(values);
+  ResetSelcallCells(values);
+  m_channels->Fill(values);
+}
+
+void EditorPanel::ChangeLowerLimit(int limit) {
+  const UndrawnPanel undrawn(*this);
+  Configuration values;
+  values.channels = RestartChannels(m_image, limit, m_texts);
+  // Until the next collect, the image and its group calls may still be in the old mode.
+  if (m_selectCall->IsTts() != IsTtsMode(m_image)) ResetSelcallCells(values);
+  m_channels->Fill(values);
 }
 
 DecodeEnd EditorPanel::Fill() {
   const Decoded decoded = Decode(m_image, m_texts);
   SettleAfterFill(m_image);
-  SetControls(decoded);
+  ShowDecoded(decoded);
+  if (decoded.keyConflict)
+    m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
   if (decoded.end == DecodeEnd::DataError)
     m_messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
   return decoded.end;
 }
 
 void EditorPanel::FillReset(const LocalTime& now) {
-  SetControls({NewConfiguration(m_image, m_texts, now)});
+  ShowDecoded({NewConfiguration(m_image, m_texts, now)});
 }
 
-// The order matters: each frame's change handling may touch fields that a later step fills.
-void EditorPanel::SetControls(const Decoded& decoded) {
+void EditorPanel::ShowDecoded(const Decoded& decoded) {
   const UndrawnPanel undrawn(*this);
-  const EditorViews& views = *m_views;
-  const Configuration& values = decoded.configuration;
-  views.band->Fill(values);
-  views.tune->Fill(values);
-  views.selectCall->Fill(values);
-  views.global->FillLists(values);
-  views.scan->FillSignal(values);
-  views.global->FillIdBoxes(values);
-  views.global->FillAni(values);
-  views.channels->LoadChannelGrid(values.channels);
-  views.record->Fill(values);
-  views.scan->FillLists(values);
-  views.keys->Fill(values, decoded.keyConflict);
-  if (decoded.end == DecodeEnd::DataError) return;
-  views.fiveTone->Fill(values);
-  views.tts->Fill(values);
-  ShowSelcallMode();
-  views.resetTime->Fill(values);
+  for (SettingsFrame* const frame : m_frames) {
+    if (frame == m_fiveTone && decoded.end == DecodeEnd::DataError) return;
+    frame->Fill(decoded.configuration);
+  }
 }
 
 Configuration EditorPanel::Shown() const {
   Configuration values;
-  const EditorViews& views = *m_views;
-  views.band->Collect(values);
-  views.tune->Collect(values);
-  views.selectCall->Collect(values);
-  views.global->Collect(values);
-  views.scan->Collect(values);
-  views.channels->StoreChannelGrid(values.channels);
-  views.record->Collect(values);
-  views.keys->Collect(values);
-  views.fiveTone->Collect(values);
-  views.tts->Collect(values);
-  views.resetTime->Collect(values);
+  for (const SettingsFrame* const frame : m_frames)
+    frame->Collect(values);
   return values;
 }
 
@@ -148,36 +148,24 @@ void EditorPanel::Collect() {
   CompleteEmergencyPair(values);
   TakeSelectedStandard(values);
   Encode(values, m_image, m_texts);
-  m_views->keys->AfterCollect(values);
-  m_views->fiveTone->AfterCollect(values);
-}
-
-void EditorPanel::ReinitialiseChannels(int lowerLimit) {
-  const UndrawnPanel undrawn(*this);
-  SetLowerBandLimit(m_image.BandBlock, lowerLimit);
-  ResetChannels(m_image);
-  std::array<ChannelTexts, ChannelCount> channels;
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
-    channels[channel] = TextsOfChannel(m_image, channel, m_texts);
-  m_views->channels->LoadChannelGrid(channels);
-  // Until the next collect, the image and its group calls may still be in the old mode.
-  if (m_views->selectCall->IsTts() != IsTtsMode(m_image)) m_views->channels->ResetSelcallCells();
+  m_keys->AfterCollect(values);
+  m_fiveTone->AfterCollect(values);
 }
 
 void EditorPanel::CommitOpenEditors() {
-  m_views->channels->CommitEditors();
-  m_views->tts->CommitEditors();
+  m_channels->CommitEditors();
+  m_tts->CommitEditors();
   m_focusHolder->setFocus();
 }
 
 void EditorPanel::HideOpenEditors() {
-  m_views->channels->HideEditors();
-  m_views->tts->HideEditors();
+  m_channels->HideEditors();
+  m_tts->HideEditors();
 }
 
 EntryBox* EditorPanel::OpenEntry() const {
-  EntryBox* const frequency = m_views->channels->OpenEntry();
-  return frequency != nullptr ? frequency : m_views->tts->OpenEntry();
+  EntryBox* const frequency = m_channels->OpenEntry();
+  return frequency != nullptr ? frequency : m_tts->OpenEntry();
 }
 
 void EditorPanel::Copy() {
@@ -187,10 +175,10 @@ void EditorPanel::Paste() {
   if (EntryBox* const box = OpenEntry()) box->PasteWhole();
 }
 void EditorPanel::ShowChannelView() {
-  m_views->stack->setCurrentIndex(ChannelView);
+  m_views->setCurrentIndex(ChannelView);
 }
 void EditorPanel::ShowFunctionView() {
-  m_views->stack->setCurrentIndex(FunctionView);
+  m_views->setCurrentIndex(FunctionView);
 }
 
 // A click on the background, a frame or a label.

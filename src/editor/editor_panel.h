@@ -7,20 +7,26 @@
 
 #include <QWidget>
 
-#include <memory>
+#include <vector>
 
 class QPushButton;
+class QStackedLayout;
 
 namespace mr4500x {
 
+class BandFrame;
+class ChannelFrame;
 class EntryBox;
-struct EditorViews;
+class FiveToneFrame;
+class KeyFrame;
+class SelectCallFrame;
+class SettingsFrame;
+class TtsFrame;
 
 class EditorPanel : public QWidget {
   Q_OBJECT
 public:
   EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent = nullptr);
-  ~EditorPanel() override;
 
   // Sets the controls from the image, as if the user had made each selection. Reports conflicting keys. An invalid 5
   // tone standard is reported too and leaves the standard, the TTS table and the reset time unchanged.
@@ -44,17 +50,24 @@ protected:
   void mousePressEvent(QMouseEvent* event) override;
 
 private:
-  void ConnectFrames();
+  void BuildFrames();
   [[nodiscard]] EntryBox* OpenEntry() const;
-  void SetControls(const Decoded& decoded);
-  void ShowSelcallMode();
-  void ReinitialiseChannels(int lowerLimit);
+  void ShowDecoded(const Decoded& decoded);
+  void ChangeSelcallMode(bool tts);
+  void ChangeLowerLimit(int limit);
 
   RadioImage& m_image;
   const FieldTexts& m_texts;
   MessageView& m_messages;
   QPushButton* m_focusHolder; // Command1: has the focus when no field has it
-  std::unique_ptr<EditorViews> m_views;
+  QStackedLayout* m_views;    // the channel view, then the function view
+  BandFrame* m_band = nullptr;
+  SelectCallFrame* m_selectCall = nullptr;
+  ChannelFrame* m_channels = nullptr;
+  KeyFrame* m_keys = nullptr;
+  FiveToneFrame* m_fiveTone = nullptr;
+  TtsFrame* m_tts = nullptr;
+  std::vector<SettingsFrame*> m_frames; // all, in the order of a fill
 };
 
 } // namespace mr4500x

@@ -12,12 +12,12 @@ namespace mr4500x {
 struct ChannelFrameTest : testing::Test {
   explicit ChannelFrameTest(char separator = '.')
       : frame(*new ChannelFrame(
-            BuildFieldTexts(separator),
-            {messages, [this] { return band; }, [this] { return ttsMode; }, [this] { ++othersCommitted; }})) {
-    channels.fill({.cells = {"", "450.00000", "2.5", "CTC88.5", "OFF", "AND", "ON", "450.00000", "2.5", "DCS023", "OFF",
-                             "Permit", "OFF", "25", "OFF"}});
-    frame.LoadChannelGrid(channels);
+            BuildFieldTexts(separator), messages, [this] { return band; }, [this] { return ttsMode; })) {
+    values.channels.fill({.cells = {"", "450.00000", "2.5", "CTC88.5", "OFF", "AND", "ON", "450.00000", "2.5", "DCS023",
+                                    "OFF", "Permit", "OFF", "25", "OFF"}});
+    frame.Fill(values);
     QObject::connect(&frame, &ChannelFrame::Changed, &window, [this] { ++changes; });
+    QObject::connect(&frame, &ChannelFrame::OtherKeyPressed, &window, [this] { ++othersCommitted; });
     grid->setFocus();
   }
   QCheckBox& Box(const char* array, int row) {
@@ -34,9 +34,9 @@ struct ChannelFrameTest : testing::Test {
   }
   void Type(const char* keys) const { QTest::keyClicks(frequency, keys); }
   std::array<ChannelTexts, ChannelCount> Stored() const {
-    std::array<ChannelTexts, ChannelCount> stored;
-    frame.StoreChannelGrid(stored);
-    return stored;
+    Configuration stored;
+    frame.Collect(stored);
+    return stored.channels;
   }
 
   ScriptedMessages messages;
@@ -44,7 +44,7 @@ struct ChannelFrameTest : testing::Test {
   bool ttsMode = true;
   int othersCommitted = 0;
   int changes = 0;
-  std::array<ChannelTexts, ChannelCount> channels;
+  Configuration values;
   ChannelFrame& frame;
   FrameWindow window{&frame};
   QTableWidget* grid = &window.Get<QTableWidget>("gridChannel");

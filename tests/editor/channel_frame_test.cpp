@@ -4,21 +4,6 @@
 namespace mr4500x {
 namespace {
 
-TEST_F(ChannelFrameTest, StoresWhatWasLoadedAndResetsOnlySelectiveCalls) {
-  for (std::size_t i = 0; i < ChannelCount; ++i)
-    for (std::size_t column = 1; column < GridColumnCount; ++column)
-      channels[i].cells[column] = std::to_string(100 * i + column);
-  channels[1].noCh = channels[1].noTx = channels[5].noTx = true;
-  frame.LoadChannelGrid(channels);
-  frame.LoadChannelGrid(channels); // nothing new
-  EXPECT_EQ(changes, 3);           // one for each changed box
-  EXPECT_EQ(Stored(), channels);
-  frame.ResetSelcallCells();
-  for (ChannelTexts& channel : channels)
-    channel.cells[4] = channel.cells[10] = channel.cells[14] = "OFF";
-  EXPECT_EQ(Stored(), channels);
-}
-
 TEST_F(ChannelFrameTest, TheCheckBoxesHideTheTextsOfUnusedCells) {
   const QRgb hidden = frame.palette().color(QPalette::Base).rgb();
   for (const auto& [noCh, noTx] : {std::pair{false, false}, {false, true}, {true, false}, {true, true}}) {

@@ -1,16 +1,13 @@
 // Layout, load and store, check boxes and colours.
 #include "channel_frame.h"
 
-#include "choice_box.h"
-#include "entry_box.h"
-#include "entry_messages.h"
-#include "focus_moves.h"
-#include "look.h"
+#include "frame_parts.h"
 
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPainter>
+#include <QScrollArea>
 #include <QStyleOptionComboBox>
 
 #include <algorithm>
@@ -40,8 +37,6 @@ protected:
   }
 };
 
-constexpr std::array SelcallColumns = {GridColumn::RxSelCall, GridColumn::TxSelCall, GridColumn::GroupCall};
-
 // Digits and the decimal separator. After the first keypad decimal key, both "." and "," count as the separator.
 CharacterFilter FrequencyFilter(char separator) {
   return [separator, eitherMeant = false](char typed, bool onKeypad) mutable -> std::optional<char> {
@@ -59,6 +54,17 @@ QStringList ToneItems(const FieldTexts& texts) {
   return items;
 }
 
+// Scrolls the enclosing scroll area, if any, to make the rectangle of the widget visible.
+void ScrollTo(const QWidget& widget, const QRect& rectangle) {
+  for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+    auto* const area = qobject_cast<QScrollArea*>(parent);
+    if (area == nullptr || area->widget() == nullptr) continue;
+    const QPoint centre = widget.mapTo(area->widget(), rectangle.center());
+    area->ensureVisible(centre.x(), centre.y(), rectangle.width(), rectangle.height());
+    return;
+  }
+}
+
 int ToneEditorWidth(const ChoiceBox& editor) {
   const QFontMetrics metrics = editor.fontMetrics();
   const int widest = std::max(metrics.horizontalAdvance(QLatin1String("CTC200.0")),
@@ -72,12 +78,12 @@ int ToneEditorWidth(const ChoiceBox& editor) {
 
 } // namespace
 
-ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices services, QWidget* parent)
-    : GridFrame(tr("Channel Settings"), FrequencyInvalidText, services.messages, parent), m_texts(texts),
-      m_services(std::move(services)), m_gridChannel(new ChannelGrid(this)),
+ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::function<Band()> band,
+                           std::function<bool()> isTtsMode)
+    : GridFrame("fraChannel", tr("Channel Settings"), "Frequency Invalid!", messages), m_texts(texts),
+      m_band(std::move(band)), m_isTtsMode(std::move(isTtsMode)), m_gridChannel(new ChannelGrid(this)),
       m_txtChFreq(new EntryBox("txtChFreq", LongestFrequency, FrequencyFilter(texts.decimalSeparator), {}, this)),
       m_cboCTCDCS(new ChoiceBox("cboCTCDCS", ToneItems(texts), {}, this)) {
-  setObjectName("fraChannel");
   setAccessibleName(title());
   m_cboCTCDCS->setSizeAdjustPolicy(
       QComboBox::AdjustToMinimumContentsLengthWithIcon); // else every size hint measures all items
@@ -87,7 +93,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, ChannelFrameServices service
   connect(m_txtChFreq, &EntryBox::Stepped, this, [this](int by) { txtChFreq_Step(by > 0); });
   connect(m_gridChannel, &ChannelGrid::OtherKeyPressed, this, [this] {
     CommitEditors();
-    m_services.commitOthers();
+    emit OtherKeyPressed();
   });
   connect(m_gridChannel, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* current) {
     if (current != nullptr) ScrollTo(*m_gridChannel->viewport(), m_gridChannel->visualItemRect(current));
@@ -145,35 +151,27 @@ void ChannelFrame::LayOutCheckBoxes() {
   }
 }
 
-void ChannelFrame::LoadChannelGrid(const std::array<ChannelTexts, ChannelCount>& channels) {
+void ChannelFrame::Fill(const Configuration& values) {
   for (std::size_t i = 0; i < ChannelCount; ++i) {
     const int channel = static_cast<int>(i);
-    m_chkCH[i]->setChecked(channels[i].noCh);
-    m_chkTx[i]->setChecked(channels[i].noTx);
-    for (std::size_t column = 1; column < GridColumnCount; ++column) {
-      m_gridChannel->SetText(channel, static_cast<GridColumn>(column),
-                             QString::fromStdString(channels[i].cells[column]));
-    }
+    const ChannelTexts& texts = values.channels[i];
+    m_chkCH[i]->setChecked(texts.noCh);
+    m_chkTx[i]->setChecked(texts.noTx);
+    for (std::size_t column = 1; column < GridColumnCount; ++column)
+      m_gridChannel->SetText(channel, static_cast<GridColumn>(column), QString::fromStdString(texts.cells[column]));
     ColourRxCells(channel);
     ColourTxCells(channel);
   }
 }
 
-void ChannelFrame::StoreChannelGrid(std::array<ChannelTexts, ChannelCount>& channels) const {
+void ChannelFrame::Collect(Configuration& values) const {
   for (std::size_t i = 0; i < ChannelCount; ++i) {
-    channels[i].noCh = m_chkCH[i]->isChecked();
-    channels[i].noTx = m_chkTx[i]->isChecked();
-    for (std::size_t column = 1; column < GridColumnCount; ++column) {
-      channels[i].cells[column] =
-          m_gridChannel->Text(static_cast<int>(i), static_cast<GridColumn>(column)).toStdString();
-    }
+    ChannelTexts& texts = values.channels[i];
+    texts.noCh = m_chkCH[i]->isChecked();
+    texts.noTx = m_chkTx[i]->isChecked();
+    for (std::size_t column = 1; column < GridColumnCount; ++column)
+      texts.cells[column] = m_gridChannel->Text(static_cast<int>(i), static_cast<GridColumn>(column)).toStdString();
   }
-}
-
-void ChannelFrame::ResetSelcallCells() {
-  for (int channel = 0; channel < static_cast<int>(ChannelCount); ++channel)
-    for (const GridColumn column : SelcallColumns)
-      m_gridChannel->SetText(channel, column, QStringLiteral("OFF"));
 }
 
 void ChannelFrame::chkCH_Click(int channel) {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "channel_grid.h"
-#include "configuration.h"
 #include "field_rules.h"
 #include "grid_frame.h"
 
@@ -15,23 +14,18 @@ class QDialog;
 
 namespace mr4500x {
 
-struct ChannelFrameServices {
-  MessageView& messages;
-  std::function<Band()> band;         // the limits shown in the band boxes, in MHz
-  std::function<bool()> isTtsMode;    // the "Select Call" choice
-  std::function<void()> commitOthers; // commits the editors of the TTS grid
-};
-
 class ChannelFrame : public GridFrame {
   Q_OBJECT
-
 public:
-  ChannelFrame(const FieldTexts& texts, ChannelFrameServices services, QWidget* parent = nullptr);
+  // `band`: the limits that the band boxes show; `isTtsMode`: the choice of "Select Call".
+  ChannelFrame(const FieldTexts& texts, MessageView& messages, std::function<Band()> band,
+               std::function<bool()> isTtsMode);
 
-  void LoadChannelGrid(const std::array<ChannelTexts, ChannelCount>& channels);
-  void StoreChannelGrid(std::array<ChannelTexts, ChannelCount>& channels) const;
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
 
-  void ResetSelcallCells();
+signals:
+  void OtherKeyPressed(); // in the grid: ends every edit
 
 protected:
   void CellOpened(int row, int column) override;
@@ -63,7 +57,8 @@ private:
   [[nodiscard]] int StepOfEditedCell() const;
 
   const FieldTexts m_texts;
-  ChannelFrameServices m_services;
+  std::function<Band()> m_band;
+  std::function<bool()> m_isTtsMode;
   ChannelGrid* m_gridChannel;
   std::array<QCheckBox*, ChannelCount> m_chkCH{};
   std::array<QCheckBox*, ChannelCount> m_chkTx{};

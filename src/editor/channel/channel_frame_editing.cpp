@@ -1,12 +1,8 @@
 // Clicks on cells, and the two in-place editors.
 #include "channel_frame.h"
 
-#include "channel_record.h"
-#include "choice_box.h"
-#include "entry_box.h"
-#include "frm_group.h"
-#include "frm_two_five.h"
-#include "look.h"
+#include "cell_dialogs.h"
+#include "frame_parts.h"
 
 #include <QCheckBox>
 #include <QScreen>
@@ -74,8 +70,8 @@ void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
   const int step = StepCode(m_gridChannel->Text(channel, stepColumn).toStdString(), separator) == 0 ? 1 : 0;
   m_gridChannel->SetText(channel, stepColumn, QString::fromStdString(StepText(step, separator)));
   const GridColumn frequencyColumn = stepColumn == GridColumn::RxStep ? GridColumn::RxFreq : GridColumn::TxFreq;
-  const auto frequency = CommitFrequency(m_gridChannel->Text(channel, frequencyColumn).toStdString(), m_services.band(),
-                                         StepUnit(step), separator);
+  const auto frequency =
+      CommitFrequency(m_gridChannel->Text(channel, frequencyColumn).toStdString(), m_band(), StepUnit(step), separator);
   if (frequency) m_gridChannel->SetText(channel, frequencyColumn, QString::fromStdString(*frequency));
 }
 
@@ -103,13 +99,13 @@ void ChannelFrame::ToggleText(int channel, GridColumn column) {
 }
 
 void ChannelFrame::AskSelectiveCall(int channel, GridColumn column) {
-  FrmTwoFive dialog(m_gridChannel->Text(channel, column), m_services.isTtsMode(), SideColour(column), Messages(), this);
+  FrmTwoFive dialog(m_gridChannel->Text(channel, column), m_isTtsMode(), SideColour(column), Messages(), this);
   const int left = IsTransmit(column) ? TxSelCallLeft : RxSelCallLeft;
   if (Ask(dialog, left)) m_gridChannel->SetText(channel, column, dialog.CellText());
 }
 
 void ChannelFrame::AskGroupCall(int channel) {
-  FrmGroup dialog(m_gridChannel->Text(channel, GridColumn::GroupCall), m_services.isTtsMode(), this);
+  FrmGroup dialog(m_gridChannel->Text(channel, GridColumn::GroupCall), m_isTtsMode(), this);
   if (Ask(dialog, GroupCallLeft)) m_gridChannel->SetText(channel, GridColumn::GroupCall, dialog.CellText());
 }
 
@@ -145,15 +141,14 @@ int ChannelFrame::StepOfEditedCell() const {
 
 std::optional<QString> ChannelFrame::CheckedEntry(const QString& typed) const {
   if (typed.isEmpty()) return OpenText();
-  const auto frequency =
-      CommitFrequency(typed.toStdString(), m_services.band(), StepOfEditedCell(), m_texts.decimalSeparator);
+  const auto frequency = CommitFrequency(typed.toStdString(), m_band(), StepOfEditedCell(), m_texts.decimalSeparator);
   if (!frequency) return std::nullopt;
   return QString::fromStdString(*frequency);
 }
 
 void ChannelFrame::txtChFreq_Step(bool up) {
-  const auto frequency = StepFrequency(m_txtChFreq->text().toStdString(), up, m_services.band(), StepOfEditedCell(),
-                                       m_texts.decimalSeparator);
+  const auto frequency =
+      StepFrequency(m_txtChFreq->text().toStdString(), up, m_band(), StepOfEditedCell(), m_texts.decimalSeparator);
   if (frequency) {
     m_txtChFreq->PutText(QString::fromStdString(*frequency));
   } else {

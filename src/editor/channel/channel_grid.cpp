@@ -1,7 +1,7 @@
 #include "channel_grid.h"
 
 #include "fields.h"
-#include "look.h"
+#include "frame_parts.h"
 
 #include <QHeaderView>
 #include <QLabel>

@@ -1,9 +1,7 @@
 // The grid of 16 channels: cells, colours and sizes. ChannelFrame handles the clicks.
 #pragma once
 
-#include "cell_grid.h"
-#include "channel_record.h"
-#include "radio_image.h"
+#include "grid_frame.h"
 
 class QLabel;
 
@@ -20,7 +18,6 @@ enum class CellColour {
 
 class ChannelGrid : public CellGrid {
   Q_OBJECT
-
 public:
   explicit ChannelGrid(QWidget* parent);
 

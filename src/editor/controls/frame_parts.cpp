@@ -6,8 +6,50 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
+
+#include <algorithm>
+#include <cmath>
 
 namespace mr4500x {
+
+int Pixels(double twips, const QWidget& widget) {
+  constexpr double twipsPerDesignPixel = 15.0; // at 96 dpi
+  constexpr double designDigitWidth = 6.0;     // in the design's font, in design pixels
+  const double digitWidth = QFontMetricsF(widget.font()).horizontalAdvance(QLatin1Char('0'));
+  return static_cast<int>(std::lround(twips / twipsPerDesignPixel * std::max(1.0, digitWidth / designDigitWidth)));
+}
+
+QColor ReadableOn(QRgb text, const QColor& background) {
+  const QColor designed(text);
+  if (background.lightnessF() >= 0.5) return designed;
+  const QColor hsl = designed.toHsl();
+  // Blue looks darkest at the same lightness and needs more.
+  const bool blue = hsl.hslHueF() > 0.6F && hsl.hslHueF() < 0.75F;
+  return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), blue ? 0.82F : 0.68F);
+}
+
+void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
+  const QPalette& present = like.palette();
+  QPalette colours; // the rest comes from the parent
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    colours.setColor(group, QPalette::Text, ReadableOn(text, present.color(QPalette::Base)));
+    colours.setColor(group, QPalette::ButtonText, ReadableOn(text, present.color(QPalette::Button)));
+    colours.setColor(group, QPalette::PlaceholderText, ReadableOn(text, present.color(QPalette::Button)));
+  }
+  // Options only: they stand on the window. In a list, WindowText would colour the arrows of the popup's scroll bar.
+  if (qobject_cast<const QRadioButton*>(&widget) != nullptr)
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+      colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
+  widget.setPalette(colours);
+}
+
+void SetUsable(QWidget& field, bool usable) {
+  QPalette palette; // the rest comes from the parent
+  if (!usable) palette.setBrush(QPalette::Base, field.parentWidget()->palette().brush(QPalette::Button));
+  field.setPalette(palette);
+  field.setEnabled(usable);
+}
 
 QStringList ItemTexts(std::span<const std::string_view> items) {
   QStringList texts;

@@ -1,9 +1,10 @@
-// Helpers for frames and dialogs: labelled fields, OK and Cancel, error messages.
+// What frames and dialogs are made of: lengths that grow with the font, colours that stay readable, labelled fields,
+// OK and Cancel, error messages.
 #pragma once
 
 #include "message_view.h"
 
-#include <QString>
+#include <QColor>
 #include <QStringList>
 
 #include <span>
@@ -17,6 +18,25 @@ class QPushButton;
 class QWidget;
 
 namespace mr4500x {
+
+// Converts a layout length in twips (1/1440 inch). 15 twips are one pixel in the 8-point font of the design.
+[[nodiscard]] int Pixels(double twips, const QWidget& widget);
+
+// Text colours for a light background.
+inline constexpr QRgb GreenText = qRgb(0, 128, 0);   // receive side, tone A
+inline constexpr QRgb TealText = qRgb(0, 128, 128);  // transmit side, tone B
+inline constexpr QRgb NavyText = qRgb(0, 0, 128);    // both sides
+inline constexpr QRgb OliveText = qRgb(128, 128, 0); // gap and group call times
+inline constexpr QRgb DarkBlueText = qRgb(0, 0, 192);
+
+// The colour, lightened on a dark background; the hue stays.
+[[nodiscard]] QColor ReadableOn(QRgb text, const QColor& background);
+
+// Sets the text colour of a field or an option, readable on the backgrounds of `like`.
+void SetTextColour(QWidget& widget, QRgb text, const QWidget& like);
+
+// Enables or disables the field. A disabled one has the background of a button.
+void SetUsable(QWidget& field, bool usable);
 
 [[nodiscard]] QStringList ItemTexts(std::span<const std::string_view> items);
 
@@ -33,6 +53,7 @@ struct OkCancel {
 };
 [[nodiscard]] OkCancel NewOkCancel(QDialog& dialog);
 
+// With the exclamation icon. Some of the texts are misspelt on purpose: "Invalide", "Auot", "initiated".
 void ShowEntryError(MessageView& messages, std::string_view text);
 
 } // namespace mr4500x

@@ -3,31 +3,49 @@
 #pragma once
 
 #include "message_view.h"
+#include "settings_frame.h"
 
-#include <QGroupBox>
+#include <QTableWidget>
 #include <QTimer>
 
 #include <optional>
 
 namespace mr4500x {
 
-class CellGrid;
-class ChoiceBox;
-class EntryBox;
+class CellGrid : public QTableWidget {
+  Q_OBJECT
+public:
+  void MoveOn(); // to the next cell, row by row; from the last cell to the first
 
-class GridFrame : public QGroupBox {
+signals:
+  void CellOpened(); // the current cell, by a left click or Space
+  void OtherKeyPressed();
+
+protected:
+  // Columns before `firstColumn` are labels, which ignore clicks.
+  CellGrid(int rows, int columns, int firstColumn, QWidget* parent);
+
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+private:
+  int m_firstColumn;
+  bool m_pressed = false; // the left button went down on a cell
+};
+
+class GridFrame : public SettingsFrame {
   Q_OBJECT
 public:
   void CommitEditors();                      // checks and stores the open editor's text, then hides it
   void HideEditors();                        // without storing their text
   [[nodiscard]] EntryBox* OpenEntry() const; // nullptr if the text box is hidden
 
-signals:
-  void Changed();
-
 protected:
   // `refusal` is the message about an invalid entry.
-  GridFrame(const QString& title, const char* refusal, MessageView& messages, QWidget* parent);
+  GridFrame(const QString& objectName, const QString& title, const char* refusal, MessageView& messages);
   void SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list);
 
   virtual void CellOpened(int row, int column) = 0;

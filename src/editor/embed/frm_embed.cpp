@@ -45,12 +45,11 @@ void Correct(QPlainTextEdit& box, const EmbeddedEntry& entry) {
 
 FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent)
     : QDialog(parent), m_messages(messages), m_fonts(fonts), m_rtxtbEmbed(new QPlainTextEdit(this)),
-      m_lblCount(new QLabel(this)), m_lblLastTime(new QLabel(QString::fromStdString(content.lastTime), this)),
-      m_cmdFont(new QPushButton(tr("Font..."), this)), m_given(VisibleText(content.text)), m_EmbedData(m_given),
+      m_lblCount(new QLabel(this)), m_given(VisibleText(content.text)), m_EmbedData(m_given),
       m_EmbeddedTextFont(content.font) {
   setObjectName(QStringLiteral("frmEmbed"));
   setWindowTitle(tr("Embedded Information"));
-  LayOut();
+  LayOut(QString::fromStdString(content.lastTime));
   m_rtxtbEmbed->setPlainText(ToQString(m_given));
   m_givenShown = ShownText(*m_rtxtbEmbed);
   ApplyFont();
@@ -59,10 +58,9 @@ FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialo
   m_tellTopSize.callOnTimeout(
       [this] { m_messages.Show(MessageIcon::None, TopSizeTitle, TopSizeText, MessageButtons::Ok); });
   connect(m_rtxtbEmbed, &QPlainTextEdit::textChanged, this, &FrmEmbed::rtxtbEmbed_Change);
-  connect(m_cmdFont, &QPushButton::clicked, this, &FrmEmbed::cmdFont_Click);
 }
 
-void FrmEmbed::LayOut() {
+void FrmEmbed::LayOut(const QString& lastTime) {
   m_rtxtbEmbed->setObjectName(QStringLiteral("rtxtbEmbed"));
   m_rtxtbEmbed->setAccessibleName(windowTitle());
   m_rtxtbEmbed->setTabChangesFocus(true);
@@ -70,17 +68,19 @@ void FrmEmbed::LayOut() {
   m_lblCount->setObjectName(QStringLiteral("lblCount"));
   auto* const label = new QLabel(tr("Last Programming Time"), this);
   label->setObjectName(QStringLiteral("Label1"));
-  m_lblLastTime->setObjectName(QStringLiteral("lblLastTime"));
-  m_lblLastTime->setTextFormat(Qt::PlainText); // comes from the radio
-  m_cmdFont->setObjectName(QStringLiteral("cmdFont"));
-
+  auto* const lblLastTime = new QLabel(lastTime, this);
+  lblLastTime->setObjectName(QStringLiteral("lblLastTime"));
+  lblLastTime->setTextFormat(Qt::PlainText); // comes from the radio
   auto* const time = new QHBoxLayout;
   time->addWidget(label);
-  time->addWidget(m_lblLastTime);
+  time->addWidget(lblLastTime);
   time->addStretch();
   time->addWidget(m_lblCount);
+  auto* const cmdFont = new QPushButton(tr("Font..."), this);
+  cmdFont->setObjectName(QStringLiteral("cmdFont"));
+  connect(cmdFont, &QPushButton::clicked, this, &FrmEmbed::cmdFont_Click);
   const OkCancel buttons = NewOkCancel(*this);
-  buttons.row->insertWidget(0, m_cmdFont);
+  buttons.row->insertWidget(0, cmdFont);
   connect(buttons.ok, &QPushButton::clicked, this, &FrmEmbed::cmdOK_Click);
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_rtxtbEmbed);

@@ -11,7 +11,6 @@
 
 class QLabel;
 class QPlainTextEdit;
-class QPushButton;
 
 namespace mr4500x {
 
@@ -23,7 +22,6 @@ struct EmbedContent {
 
 class FrmEmbed final : public QDialog {
   Q_OBJECT
-
 public:
   FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent);
 
@@ -35,7 +33,7 @@ public:
   [[nodiscard]] const FontDescription& EmbeddedTextFont() const { return m_EmbeddedTextFont; }
 
 private:
-  void LayOut();
+  void LayOut(const QString& lastTime);
   void ApplyFont();
   void ShowCount();
   void rtxtbEmbed_Change();
@@ -46,8 +44,6 @@ private:
   FontDialog& m_fonts;
   QPlainTextEdit* m_rtxtbEmbed;
   QLabel* m_lblCount;
-  QLabel* m_lblLastTime;
-  QPushButton* m_cmdFont;
   std::u16string m_given;      // the original text ...
   std::u16string m_givenShown; // ... and how the box shows it
   std::u16string m_EmbedData;

@@ -1,35 +1,28 @@
 #include "band_frame.h"
 
 #include "decimal.h"
-#include "entry_box.h"
-#include "entry_messages.h"
-#include "field_rules.h"
 #include "frame_parts.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
-
-#include <utility>
 
 namespace mr4500x {
 namespace {
 
 constexpr int BoxCharacters = 3;
-constexpr char UpperAfterEmpty[] = "420";
+constexpr char LowerInvalidText[] = "The lower limit value is invalid!";
+constexpr char UpperInvalidText[] = "The upper limit value is invalid!";
 
-EntryBox* NewLimitBox(const QString& objectName, const QString& accessibleName, QWidget* parent) {
-  auto* const box = new EntryBox(objectName, BoxCharacters, DigitFilter, accessibleName, parent);
-  box->IgnoreEditingKeys();
-  return box;
+std::optional<int> NumberIn(const EntryBox& box) {
+  return ParseWhole(box.text().toStdString());
 }
 
 } // namespace
 
-BandFrame::BandFrame(MessageView& messages, BandAccess access, QWidget* parent)
-    : QGroupBox(tr("Frequency Band"), parent), m_messages(messages), m_access(std::move(access)) {
-  setObjectName(QStringLiteral("fraModel"));
-  m_lower = NewLimitBox(QStringLiteral("txtFreqBandL"), tr("Frequency band, lower limit in MHz"), this);
-  m_upper = NewLimitBox(QStringLiteral("txtFreqBandU"), tr("Frequency band, upper limit in MHz"), this);
+BandFrame::BandFrame(MessageView& messages, RadioImage& image)
+    : SettingsFrame(QStringLiteral("fraModel"), tr("Frequency Band")), m_messages(messages), m_image(image) {
+  m_lower = NewLimitBox(QStringLiteral("txtFreqBandL"), tr("Frequency band, lower limit in MHz"));
+  m_upper = NewLimitBox(QStringLiteral("txtFreqBandU"), tr("Frequency band, upper limit in MHz"));
   auto* const layout = new QHBoxLayout(this);
   layout->setSpacing(8);
   layout->addWidget(new QLabel(tr("LR7200 Series"), this));
@@ -46,14 +39,19 @@ BandFrame::BandFrame(MessageView& messages, BandAccess access, QWidget* parent)
   connect(m_upper, &EntryBox::Stepped, this, &BandFrame::txtFreqBandU_Recheck);
   connect(m_lower, &EntryBox::Left, this, &BandFrame::txtFreqBandL_Validate);
   connect(m_upper, &EntryBox::Left, this, &BandFrame::txtFreqBandU_Validate);
-  connect(m_lower, &QLineEdit::textChanged, this, &BandFrame::Changed);
-  connect(m_upper, &QLineEdit::textChanged, this, &BandFrame::Changed);
+}
+
+EntryBox* BandFrame::NewLimitBox(const QString& objectName, const QString& accessibleName) {
+  auto* const box = new EntryBox(objectName, BoxCharacters, DigitFilter, accessibleName, this);
+  box->IgnoreEditingKeys();
+  connect(box, &QLineEdit::textChanged, this, &BandFrame::Changed);
+  return box;
 }
 
 // The validation compares the limit with the one that the box held when it got the focus.
 void BandFrame::txtFreqBandL_GotFocus() {
-  const std::optional<int> lower = ParseWhole(LowerText());
-  if (lower && m_lower->text().size() == BoxCharacters) m_access.storeLowerLimit(*lower);
+  const std::optional<int> lower = NumberIn(*m_lower);
+  if (lower && m_lower->text().size() == BoxCharacters) SetLowerBandLimit(m_image.BandBlock, *lower);
 }
 
 void BandFrame::txtFreqBandL_Click() {
@@ -63,10 +61,10 @@ void BandFrame::txtFreqBandL_Click() {
 
 // Up and Down check the entry again instead of stepping.
 void BandFrame::txtFreqBandL_Recheck() {
-  const std::optional<int> lower = ParseWhole(LowerText());
-  const std::optional<int> upper = ParseWhole(UpperText());
+  const std::optional<int> lower = NumberIn(*m_lower);
+  const std::optional<int> upper = NumberIn(*m_upper);
   if (!lower || !upper) {
-    ShowEntryError(m_messages, LowerInvalidAtKeyText);
+    ShowEntryError(m_messages, "The lower limit value of frequency band is invalid!");
     m_lower->SetWholeText(m_rememberedLower);
     return;
   }
@@ -78,11 +76,11 @@ void BandFrame::txtFreqBandL_Recheck() {
 }
 
 void BandFrame::txtFreqBandU_Recheck() {
-  const std::optional<int> lower = ParseWhole(LowerText());
-  const std::optional<int> upper = ParseWhole(UpperText());
+  const std::optional<int> lower = NumberIn(*m_lower);
+  const std::optional<int> upper = NumberIn(*m_upper);
   if (!lower || !upper) {
     ShowEntryError(m_messages, UpperInvalidText);
-    m_upper->SetWholeText(QLatin1String(UpperAfterEmpty));
+    m_upper->SetWholeText(QStringLiteral("420"));
   } else if (*upper <= *lower) {
     m_upper->SetWholeText(QString::number(*lower + 1));
   } else if (*upper > HighestBandLimit) {
@@ -91,31 +89,35 @@ void BandFrame::txtFreqBandU_Recheck() {
 }
 
 void BandFrame::txtFreqBandL_Validate() {
-  const BandCheck check = CheckLowerBand(LowerText(), UpperText());
+  const BandCheck check = CheckLowerBand(m_lower->text().toStdString(), m_upper->text().toStdString());
   if (check.entry != BandEntry::Accepted) {
-    ShowEntryError(m_messages, check.entry == BandEntry::Empty ? LowerInvalidText : LowerNotBelowText);
+    ShowEntryError(m_messages, check.entry == BandEntry::Empty
+                                   ? LowerInvalidText
+                                   : "The lower limit value must be less than the upper limit value!");
     m_lower->SetWholeText(m_rememberedLower);
     return;
   }
   m_lower->SetWholeText(QString::number(check.value));
-  if (check.value == m_access.storedLowerLimit()) return;
-  const Answer answer =
-      m_messages.Show(MessageIcon::Exclamation, BandChangeTitle, BandChangeText, MessageButtons::YesNo);
+  if (check.value == LowerBandLimit(m_image.BandBlock)) return;
+  const Answer answer = m_messages.Show(
+      MessageIcon::Exclamation, "Frequency Band Change",
+      "Change the lower limit value, all data will be initiated. Do you want to continue?", MessageButtons::YesNo);
   if (answer == Answer::Yes)
-    m_access.reinitialiseChannels(check.value);
+    emit LowerLimitChanged(check.value);
   else
-    m_lower->SetWholeText(QString::number(m_access.storedLowerLimit()));
+    m_lower->SetWholeText(QString::number(LowerBandLimit(m_image.BandBlock)));
 }
 
 void BandFrame::txtFreqBandU_Validate() {
-  const BandCheck check = CheckUpperBand(LowerText(), UpperText());
-  if (check.entry != BandEntry::Accepted) {
-    ShowEntryError(m_messages, check.entry == BandEntry::Empty ? UpperInvalidText : UpperNotAboveText);
-    m_upper->SetWholeText(m_rememberedUpper);
-    return;
+  const BandCheck check = CheckUpperBand(m_lower->text().toStdString(), m_upper->text().toStdString());
+  if (check.entry == BandEntry::Accepted) {
+    m_rememberedUpper = QString::number(check.value);
+  } else {
+    ShowEntryError(m_messages, check.entry == BandEntry::Empty
+                                   ? UpperInvalidText
+                                   : "The upper limit value must be more than the lower limit value!");
   }
-  m_upper->SetWholeText(QString::number(check.value));
-  m_rememberedUpper = m_upper->text();
+  m_upper->SetWholeText(m_rememberedUpper);
 }
 
 void BandFrame::Fill(const Configuration& values) {
@@ -126,15 +128,40 @@ void BandFrame::Fill(const Configuration& values) {
 }
 
 void BandFrame::Collect(Configuration& values) const {
-  values.lowerBandLimit = LowerText();
-  values.upperBandLimit = UpperText();
+  values.lowerBandLimit = m_lower->text().toStdString();
+  values.upperBandLimit = m_upper->text().toStdString();
 }
 
-std::string BandFrame::LowerText() const {
-  return m_lower->text().toStdString();
+Band BandFrame::Limits() const {
+  return {NumberIn(*m_lower).value_or(LowestBandLimit), NumberIn(*m_upper).value_or(HighestBandLimit)};
 }
-std::string BandFrame::UpperText() const {
-  return m_upper->text().toStdString();
+
+RecordFrame::RecordFrame() : FieldFrame(QStringLiteral("fraRecord"), tr("Radio Record")) {
+  m_id = AddRecord(0, QStringLiteral("lblID"), tr("ID Number: "));
+  m_version = AddRecord(1, QStringLiteral("lblVer"), tr("Version of Firmware:"));
+  Fields().setColumnStretch(1, 1);
+  Fields().setRowStretch(2, 1);
+}
+
+QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString& label) {
+  auto* const text = new QLabel(QString::fromUtf8(NoNumberText), this);
+  text->setObjectName(objectName);
+  text->setTextFormat(Qt::PlainText); // comes from the radio
+  // Screen readers read out a label's text; the description adds what it is.
+  text->setAccessibleDescription(label.trimmed());
+  text->setMinimumWidth(text->fontMetrics().horizontalAdvance(QString(16, QLatin1Char('0'))));
+  AddField(Fields(), row, 0, label, text);
+  return text;
+}
+
+void RecordFrame::Fill(const Configuration& values) {
+  m_id->setText(QString::fromUtf8(values.identityNumber));
+  m_version->setText(QString::fromUtf8(values.firmwareVersion));
+}
+
+void RecordFrame::Collect(Configuration& values) const {
+  values.identityNumber = m_id->text().toStdString();
+  values.firmwareVersion = m_version->text().toStdString();
 }
 
 } // namespace mr4500x

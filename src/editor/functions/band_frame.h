@@ -1,37 +1,31 @@
-// "Frequency Band": the two limits in MHz. After a question, a new lower limit resets all channels.
+// The two frames above the channel grid: "Frequency Band" and "Radio Record".
 #pragma once
 
-#include "configuration.h"
+#include "field_rules.h"
 #include "message_view.h"
+#include "radio_image.h"
+#include "settings_frame.h"
 
-#include <QGroupBox>
-
-#include <functional>
+class QLabel;
 
 namespace mr4500x {
 
-class EntryBox;
-
-struct BandAccess {
-  std::function<int()> storedLowerLimit;
-  std::function<void(int)> storeLowerLimit;
-  std::function<void(int)> reinitialiseChannels; // stores the limit and resets all channels
-};
-
-class BandFrame : public QGroupBox {
+// The two limits in MHz. After a question, a new lower limit resets all channels.
+class BandFrame : public SettingsFrame {
   Q_OBJECT
 public:
-  BandFrame(MessageView& messages, BandAccess access, QWidget* parent = nullptr);
+  // The image holds the lower limit in force, with which a new one is compared.
+  BandFrame(MessageView& messages, RadioImage& image);
 
-  void Fill(const Configuration& values);
-  void Collect(Configuration& values) const;
-  [[nodiscard]] std::string LowerText() const;
-  [[nodiscard]] std::string UpperText() const;
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
+  [[nodiscard]] Band Limits() const; // as the boxes show them
 
 signals:
-  void Changed();
+  void LowerLimitChanged(int limit); // the user has agreed
 
 private:
+  EntryBox* NewLimitBox(const QString& objectName, const QString& accessibleName);
   void txtFreqBandL_GotFocus();
   void txtFreqBandL_Click();
   void txtFreqBandL_Recheck();
@@ -40,10 +34,24 @@ private:
   void txtFreqBandU_Validate();
 
   MessageView& m_messages;
-  BandAccess m_access;
-  EntryBox* m_lower;
-  EntryBox* m_upper;
+  RadioImage& m_image;
+  EntryBox *m_lower, *m_upper;
   QString m_rememberedLower, m_rememberedUpper;
+};
+
+// The radio's identity number and firmware version, read-only.
+class RecordFrame : public FieldFrame {
+  Q_OBJECT
+public:
+  RecordFrame();
+
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
+
+private:
+  QLabel* AddRecord(int row, const QString& objectName, const QString& label);
+
+  QLabel *m_id, *m_version;
 };
 
 } // namespace mr4500x

@@ -1,24 +1,68 @@
 #include "reset_time_frame.h"
 
-#include "arrow_pair.h"
-#include "entry_box.h"
-#include "entry_messages.h"
 #include "field_rules.h"
 #include "frame_parts.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QSpinBox>
+#include <QStyleOptionSpinBox>
+#include <QWheelEvent>
 
 namespace mr4500x {
+namespace {
 
-ResetTimeFrame::ResetTimeFrame(MessageView& messages, QWidget* parent)
-    : QGroupBox(tr("Auto Reset Time"), parent), m_messages(messages) {
-  setObjectName(QStringLiteral("fraResetTime"));
+// A spin box without a number: each click on an arrow is one step up or down.
+class ArrowPair : public QSpinBox {
+public:
+  ArrowPair(std::function<void(int by)> step, QWidget* parent) : QSpinBox(parent), m_step(std::move(step)) {
+    lineEdit()->hide();
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // A click must not take the focus, which would end an unfinished entry.
+    setFocusPolicy(Qt::TabFocus);
+  }
+
+  void stepBy(int steps) override {
+    if (steps != 0) m_step(steps > 0 ? 1 : -1);
+  }
+  // The arrows and their frame only.
+  [[nodiscard]] QSize sizeHint() const override {
+    QStyleOptionSpinBox option;
+    initStyleOption(&option);
+    option.rect = QRect(QPoint(0, 0), QSpinBox::sizeHint());
+    const QRect up = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
+    const int frame = style()->pixelMetric(QStyle::PM_SpinBoxFrameWidth, &option, this);
+    return {up.width() + frame, option.rect.height()};
+  }
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+  [[nodiscard]] StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) return QSpinBox::keyPressEvent(event);
+    event->ignore();
+  }
+  void wheelEvent(QWheelEvent* event) override {
+    if (hasFocus()) return QSpinBox::wheelEvent(event);
+    event->ignore();
+  }
+
+private:
+  std::function<void(int by)> m_step;
+};
+
+} // namespace
+
+ResetTimeFrame::ResetTimeFrame(MessageView& messages)
+    : SettingsFrame(QStringLiteral("fraResetTime"), tr("Auto Reset Time")), m_messages(messages) {
   m_seconds = new EntryBox(QStringLiteral("txtResetTime"), 3, DigitFilter, tr("Auto Reset Time in seconds"), this);
   m_seconds->IgnoreEditingKeys();
   m_seconds->setText(QStringLiteral("5"));
-  m_spinner = new ArrowPair(QStringLiteral("vsbResetTime"), tr("Auto Reset Time up or down"), this);
+  m_spinner = new ArrowPair([this](int by) { vsbResetTime_Change(by); }, this);
+  m_spinner->setObjectName(QStringLiteral("vsbResetTime"));
+  m_spinner->setAccessibleName(tr("Auto Reset Time up or down"));
   m_off = new QCheckBox(tr("OFF"), this);
   m_off->setObjectName(QStringLiteral("chkResetTimeOFF"));
   m_off->setAccessibleName(tr("Auto Reset Time OFF"));
@@ -40,7 +84,6 @@ ResetTimeFrame::ResetTimeFrame(MessageView& messages, QWidget* parent)
   connect(m_seconds, &EntryBox::Confirmed, this, &ResetTimeFrame::txtResetTime_Validate);
   connect(m_seconds, &EntryBox::Left, this, &ResetTimeFrame::txtResetTime_Validate);
   connect(m_seconds, &QLineEdit::textChanged, this, &ResetTimeFrame::Changed);
-  connect(m_spinner, &ArrowPair::Stepped, this, &ResetTimeFrame::vsbResetTime_Change);
   connect(m_off, &QCheckBox::toggled, this, &ResetTimeFrame::chkResetTimeOFF_Click);
 }
 
@@ -51,7 +94,7 @@ void ResetTimeFrame::Take(const ResetTimeCheck& check) {
 
 void ResetTimeFrame::txtResetTime_Step(int by) {
   const auto stepped = StepResetTime(m_seconds->text().toStdString(), by);
-  if (!stepped) ShowEntryError(m_messages, ResetTimeInvalidAtKeyText);
+  if (!stepped) ShowEntryError(m_messages, "Auot Reset Time Invalid!");
   Take(stepped.value_or(ResetTimeCheck{"1", false}));
 }
 
@@ -61,7 +104,7 @@ void ResetTimeFrame::txtResetTime_Validate() {
 
 void ResetTimeFrame::vsbResetTime_Change(int by) {
   const auto spun = SpinResetTime(m_seconds->text().toStdString(), by);
-  if (!spun) ShowEntryError(m_messages, ResetTimeInvalidAtSpinnerText);
+  if (!spun) ShowEntryError(m_messages, "Auto Reset Time Invalid!");
   m_seconds->setText(QString::fromUtf8(spun.value_or("1")));
 }
 

@@ -1,29 +1,22 @@
 // "Auto Reset Time": seconds, or OFF.
 #pragma once
 
-#include "configuration.h"
 #include "message_view.h"
-
-#include <QGroupBox>
+#include "settings_frame.h"
 
 class QCheckBox;
 
 namespace mr4500x {
 
-class ArrowPair;
-class EntryBox;
 struct ResetTimeCheck;
 
-class ResetTimeFrame : public QGroupBox {
+class ResetTimeFrame : public SettingsFrame {
   Q_OBJECT
 public:
-  explicit ResetTimeFrame(MessageView& messages, QWidget* parent = nullptr);
+  explicit ResetTimeFrame(MessageView& messages);
 
-  void Fill(const Configuration& values);
-  void Collect(Configuration& values) const;
-
-signals:
-  void Changed();
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
 
 private:
   void Take(const ResetTimeCheck& check);
@@ -34,7 +27,7 @@ private:
 
   MessageView& m_messages;
   EntryBox* m_seconds;
-  ArrowPair* m_spinner;
+  QWidget* m_spinner;
   QCheckBox* m_off;
 };
 

@@ -1,25 +1,39 @@
 #include "tts_frame.h"
 
-#include "choice_box.h"
 #include "decimal.h"
-#include "entry_box.h"
-#include "entry_messages.h"
 #include "field_rules.h"
-#include "tts_grid.h"
+#include "fields.h"
+#include "frame_parts.h"
 
+#include <QHeaderView>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace mr4500x {
 namespace {
 
+// Indexed by TtsColumn; column 0 has the desktop's colour.
+constexpr std::array<QRgb, TtsColumnCount> Colours = {0,        GreenText, GreenText, TealText,
+                                                      TealText, OliveText, OliveText};
+
+constexpr int FirstDataColumn = 1;
+constexpr int ColumnCount = static_cast<int>(TtsColumnCount);
+constexpr int RowCount = static_cast<int>(TtsEntryCount);
 constexpr int FrequencyCharacters = 4;
 constexpr int TimeCount = 100; // 0.1 s to 10 s
 
+// In twips.
+constexpr double BaseWidth = 770;
+constexpr double BaseHeight = 255;
+constexpr double NumberColumnWidth = 0.65 * BaseWidth;
+constexpr double DataColumnWidth = 1.1 * BaseWidth;
+constexpr double DataRowHeight = 1.05 * BaseHeight;
+constexpr double HeadingHeight = 2.3 * BaseHeight;
+
 QStringList TimeTexts(char decimalSeparator) {
   QStringList texts;
-  texts.reserve(TimeCount);
   for (int tenths = 1; tenths <= TimeCount; ++tenths)
     texts.append(QString::fromUtf8(TtsTimeText(static_cast<std::uint8_t>(tenths), decimalSeparator)));
   return texts;
@@ -31,9 +45,74 @@ bool IsFrequency(int column) {
 
 } // namespace
 
-TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator, QWidget* parent)
-    : GridFrame(tr("TTS"), TtsFrequencyInvalidText, messages, parent), m_grid(new TtsGrid(this)) {
-  setObjectName(QStringLiteral("fraTTS"));
+// Column 0 holds the entry numbers, so columns are counted as in TtsColumn; entry n is row n - 1.
+class TtsGrid : public CellGrid {
+public:
+  explicit TtsGrid(QWidget* parent) : CellGrid(RowCount, ColumnCount, FirstDataColumn, parent) {
+    setObjectName(QStringLiteral("gridTTS"));
+    setAccessibleName(TtsFrame::tr("TTS table, entries 1 to 8"));
+    setSelectionMode(SingleSelection);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    verticalHeader()->hide();
+    horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
+    for (int column = 0; column < ColumnCount; ++column) {
+      const QString heading =
+          column == 0 ? TtsFrame::tr("No.") : QString::fromUtf8(LabelOf(static_cast<TtsColumn>(column)));
+      setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
+    }
+    for (int row = 0; row < RowCount; ++row)
+      item(row, 0)->setText(QString::number(row + 1));
+    FitToFont();
+    ShowColours();
+  }
+
+  // Keeps the design's proportions, but never truncates a heading.
+  void FitToFont() {
+    const QFontMetrics metrics = fontMetrics();
+    const int widestLine = metrics.horizontalAdvance(QStringLiteral("Tone A Dur.")) + 14;
+    const int dataWidth = std::max(Pixels(DataColumnWidth, *this), widestLine);
+    const auto numberWidth = static_cast<int>(std::lround(dataWidth * NumberColumnWidth / DataColumnWidth));
+    const int rowHeight = std::max(Pixels(DataRowHeight, *this), metrics.height() + 4);
+    const int headingHeight = std::max(Pixels(HeadingHeight, *this), 2 * metrics.lineSpacing() + 8);
+    horizontalHeader()->setDefaultSectionSize(dataWidth);
+    setColumnWidth(0, numberWidth);
+    verticalHeader()->setDefaultSectionSize(rowHeight);
+    horizontalHeader()->setFixedHeight(headingHeight);
+    setFixedSize(numberWidth + (ColumnCount - 1) * dataWidth + 2 * frameWidth(),
+                 headingHeight + RowCount * rowHeight + 2 * frameWidth());
+  }
+
+  // A table that is not in use is grey.
+  void ShowColours() {
+    const QPalette& desktop = parentWidget()->palette();
+    QPalette own;
+    if (!isEnabled()) own.setBrush(QPalette::Base, desktop.brush(QPalette::Button));
+    setPalette(own);
+    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+    for (int row = 0; row < RowCount; ++row) {
+      item(row, 0)->setBackground(desktop.brush(QPalette::Button));
+      item(row, 0)->setForeground(desktop.brush(group, QPalette::ButtonText));
+      for (int column = FirstDataColumn; column < ColumnCount; ++column) {
+        const QColor text = ReadableOn(Colours[static_cast<std::size_t>(column)], desktop.color(QPalette::Base));
+        item(row, column)->setForeground(isEnabled() ? QBrush(text) : desktop.brush(group, QPalette::Text));
+      }
+    }
+  }
+
+protected:
+  // Selects the current cell, but only while the table has the focus.
+  void focusInEvent(QFocusEvent* event) override {
+    QTableWidget::focusInEvent(event);
+    setCurrentCell(currentRow(), currentColumn());
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    QTableWidget::focusOutEvent(event);
+    clearSelection();
+  }
+};
+
+TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator)
+    : GridFrame(QStringLiteral("fraTTS"), tr("TTS"), "TTS Frequency Invalid!", messages), m_grid(new TtsGrid(this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_grid);
   layout->addStretch(1);
@@ -51,12 +130,13 @@ TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator, QWidget* parent
 
 void TtsFrame::CellOpened(int row, int column) {
   const QRect place = m_grid->visualRect(m_grid->model()->index(row, column));
+  const QRgb colour = Colours[static_cast<std::size_t>(column)];
   if (IsFrequency(column)) {
     m_frequency->SetWholeText(OpenText());
-    ShowEditor(*m_frequency, place, TtsGrid::TextColour(column));
+    ShowEditor(*m_frequency, place, colour);
   } else {
     m_time->ShowText(OpenText());
-    ShowEditor(*m_time, place, TtsGrid::TextColour(column));
+    ShowEditor(*m_time, place, colour);
   }
   emit Changed();
 }
@@ -92,28 +172,24 @@ void TtsFrame::LayOut() {
 
 void TtsFrame::SetTtsMode(bool tts) {
   if (!tts) HideEditors();
-  if (tts == m_grid->isEnabledTo(this) && tts == isEnabled()) return;
   setEnabled(tts);
-  m_grid->SetUsed(tts);
+  m_grid->setEnabled(tts);
+  m_grid->ShowColours();
 }
 
 void TtsFrame::Fill(const Configuration& values) {
   HideEditors();
-  for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
-    for (std::size_t column = 1; column < TtsColumnCount; ++column) {
-      m_grid->SetText(static_cast<int>(entry - 1), static_cast<int>(column),
-                      QString::fromUtf8(values.Tts(entry, static_cast<TtsColumn>(column))));
-    }
-  }
+  for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry)
+    for (int column = FirstDataColumn; column < ColumnCount; ++column)
+      m_grid->item(static_cast<int>(entry) - 1, column)
+          ->setText(QString::fromUtf8(values.Tts(entry, static_cast<TtsColumn>(column))));
 }
 
 void TtsFrame::Collect(Configuration& values) const {
-  for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
-    for (std::size_t column = 1; column < TtsColumnCount; ++column) {
+  for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry)
+    for (int column = FirstDataColumn; column < ColumnCount; ++column)
       values.Tts(entry, static_cast<TtsColumn>(column)) =
-          m_grid->Text(static_cast<int>(entry - 1), static_cast<int>(column)).toStdString();
-    }
-  }
+          m_grid->item(static_cast<int>(entry) - 1, column)->text().toStdString();
 }
 
 } // namespace mr4500x

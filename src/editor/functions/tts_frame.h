@@ -1,7 +1,6 @@
 // "TTS": the table of the two-tone entries and its two editors.
 #pragma once
 
-#include "configuration.h"
 #include "grid_frame.h"
 
 namespace mr4500x {
@@ -11,10 +10,10 @@ class TtsGrid;
 class TtsFrame : public GridFrame {
   Q_OBJECT
 public:
-  TtsFrame(MessageView& messages, char decimalSeparator, QWidget* parent = nullptr);
+  TtsFrame(MessageView& messages, char decimalSeparator);
 
-  void Fill(const Configuration& values);
-  void Collect(Configuration& values) const;
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
   void SetTtsMode(bool tts);
 
 protected:

@@ -1,4 +1,4 @@
-#include "list_frame.h"
+#include "settings_frame.h"
 
 #include "fields.h"
 #include "frame_parts.h"
@@ -19,26 +19,32 @@ constexpr std::array<const char*, ChoiceListCount> Controls = {
 };
 // clang-format on
 
-ListFrame::ListFrame(const QString& objectName, const QString& title, QWidget* parent)
-    : QGroupBox(title, parent), m_fields(NewFieldLayout(*this)) {
-  setObjectName(objectName);
+FieldFrame::FieldFrame(const QString& objectName, const QString& title)
+    : SettingsFrame(objectName, title), m_fields(NewFieldLayout(*this)) {}
+
+FieldFrame::FieldFrame(const QString& objectName, const QString& title, ChoiceList list)
+    : FieldFrame(objectName, title) {
+  AddList(0, 0, list);
+  m_fields->setColumnStretch(2, 1);
+  m_fields->setRowStretch(1, 1);
 }
 
-ChoiceBox* ListFrame::AddList(int row, int column, ChoiceList list) {
+ChoiceBox* FieldFrame::AddList(int row, int column, ChoiceList list) {
   const QString objectName = QString::fromUtf8(Controls[static_cast<std::size_t>(list)]);
   const QString label = QString::fromUtf8(LabelOf(list));
   auto* const box = new ChoiceBox(objectName, ItemTexts(ItemsOf(list)), label, this);
   AddField(*m_fields, row, column, label, box);
+  connect(box, &ChoiceBox::Selected, this, &FieldFrame::Changed);
   m_lists[list] = box;
   return box;
 }
 
-void ListFrame::FillLists(const Configuration& values) {
+void FieldFrame::Fill(const Configuration& values) {
   for (const auto& [list, box] : m_lists)
     box->SetChoice(values[list]);
 }
 
-void ListFrame::CollectLists(Configuration& values) const {
+void FieldFrame::Collect(Configuration& values) const {
   for (const auto& [list, box] : m_lists)
     values[list] = box->Chosen();
 }

@@ -1,7 +1,10 @@
-// A text box that filters typed characters, but not pasted text. It signals focus changes between controls, Enter,
-// Escape, Up, Down and clicks.
+// The text boxes and drop-down lists of the editor. Both tell a move of the focus to another control from a window, a
+// popup or the menu bar that only takes it for a while: a message box about one entry must not end another.
 #pragma once
 
+#include "configuration.h"
+
+#include <QComboBox>
 #include <QLineEdit>
 
 #include <functional>
@@ -13,6 +16,7 @@ namespace mr4500x {
 using CharacterFilter = std::function<std::optional<char>(char typed, bool onKeypad)>;
 [[nodiscard]] std::optional<char> DigitFilter(char typed, bool onKeypad);
 
+// Filters typed characters, but not pasted text.
 class EntryBox : public QLineEdit {
   Q_OBJECT
 public:
@@ -55,6 +59,36 @@ private:
   bool m_editingKeys = true;
   bool m_wholeClipboard = false;
   bool m_leaving = false;
+};
+
+// SetChoice acts like a selection by the user, and a stored code without an item is kept until the user picks one.
+class ChoiceBox : public QComboBox {
+  Q_OBJECT
+public:
+  ChoiceBox(const QString& objectName, const QStringList& items, const QString& accessibleName, QWidget* parent);
+
+  void SetChoice(const Choice& choice); // always emits Selected
+  [[nodiscard]] Choice Chosen() const;
+  void ShowPosition(int position);    // without Selected
+  void ShowText(const QString& text); // without Selected; shows a text without an item with nothing selected
+  void KeepPopupWiderThan(const QString& text) { m_popupText = text; }
+
+  void showPopup() override;
+
+signals:
+  void Selected(int position);
+  void Left();
+  void Confirmed();
+  void Escaped();
+
+protected:
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+private:
+  std::uint8_t m_unlisted = 0;
+  QString m_popupText;
 };
 
 } // namespace mr4500x

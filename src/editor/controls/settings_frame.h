@@ -1,0 +1,47 @@
+// The frames of the editor: each shows a part of the configuration. FieldFrame arranges labelled fields and has lists.
+#pragma once
+
+#include "entry_controls.h"
+
+#include <QGroupBox>
+
+#include <map>
+
+class QGridLayout;
+
+namespace mr4500x {
+
+class SettingsFrame : public QGroupBox {
+  Q_OBJECT
+public:
+  SettingsFrame(const QString& objectName, const QString& title) : QGroupBox(title) { setObjectName(objectName); }
+
+  virtual void Fill(const Configuration& values) = 0; // sets the controls as if the user had
+  virtual void Collect(Configuration& values) const = 0;
+
+signals:
+  void Changed();
+};
+
+class FieldFrame : public SettingsFrame {
+  Q_OBJECT
+public:
+  FieldFrame(const QString& objectName, const QString& title);
+  // A frame with a single list.
+  FieldFrame(const QString& objectName, const QString& title, ChoiceList list);
+
+  void Fill(const Configuration& values) override; // the lists, in the order of ChoiceList
+  void Collect(Configuration& values) const override;
+
+protected:
+  // Adds the label in `column` and the list in `column + 1`.
+  ChoiceBox* AddList(int row, int column, ChoiceList list);
+  [[nodiscard]] ChoiceBox& List(ChoiceList list) const { return *m_lists.at(list); }
+  [[nodiscard]] QGridLayout& Fields() const { return *m_fields; }
+
+private:
+  QGridLayout* m_fields;
+  std::map<ChoiceList, ChoiceBox*> m_lists;
+};
+
+} // namespace mr4500x

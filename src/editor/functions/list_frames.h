@@ -1,0 +1,54 @@
+// The frames of lists: "Scan Information", "Select Call" and "5 Tone". "Manual Tune Enable" is a FieldFrame as it is.
+#pragma once
+
+#include "settings_frame.h"
+
+class QCheckBox;
+
+namespace mr4500x {
+
+// Six lists and the "Signal" box.
+class ScanFrame : public FieldFrame {
+  Q_OBJECT
+public:
+  ScanFrame();
+
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
+
+private:
+  QCheckBox* m_signal;
+};
+
+class SelectCallFrame : public FieldFrame {
+  Q_OBJECT
+public:
+  SelectCallFrame();
+
+  [[nodiscard]] bool IsTts() const { return m_mode == TtsMode; }
+
+signals:
+  void ModeChanged(bool tts); // not by choosing the same mode again
+
+private:
+  int m_mode = TtsMode;
+};
+
+// Enabled in 5 tone mode.
+class FiveToneFrame : public FieldFrame {
+  Q_OBJECT
+public:
+  FiveToneFrame();
+
+  void Fill(const Configuration& values) override;
+  void Collect(Configuration& values) const override;
+  // Remembers the collected standard, which a later collect in TTS mode stores.
+  void AfterCollect(const Configuration& values) { m_standard = values.fiveToneStandard; }
+  void SetTtsMode(bool tts);
+
+private:
+  QWidget* m_label;
+  std::int16_t m_standard = 1;
+};
+
+} // namespace mr4500x
