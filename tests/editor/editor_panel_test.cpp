@@ -1,13 +1,17 @@
+#include "editor_fixture.h"
 #include "function_settings.h"
-#include "panel_fixture.h"
 
 #include <random>
 
 namespace mr4500x {
 namespace {
 
+struct PanelTest : EditorTest {
+  QTableWidget& channels = Get<QTableWidget>("gridChannel");
+};
+
 // The window loses, adds and turns nothing over: through its controls an image becomes what it becomes without them.
-TEST_F(EditorPanelTest, FillAndCollectThroughTheControls) {
+TEST_F(PanelTest, FillAndCollectThroughTheControls) {
   std::mt19937 random(6);
   int conflicts = 0;
   for (int round = 0; round < 200; ++round) {
@@ -34,33 +38,31 @@ TEST_F(EditorPanelTest, FillAndCollectThroughTheControls) {
   EXPECT_GT(conflicts, 10);
 }
 
-TEST_F(EditorPanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
+TEST_F(PanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
   image.ResetTimeBlock = {7, 1, 0};
   image.RadioSettingsBlock[0] = 0x03;
   EXPECT_EQ(panel.Fill(), DecodeEnd::DataError);
-  EXPECT_EQ(messages.shown, (ShownMessages{{MessageIcon::Exclamation, "Data Error",
-                                            "Data occur error in the Radio, please re-set.", MessageButtons::Ok}}));
-  EXPECT_EQ(window.List("cboRadio(5)").currentText(), "3");
-  EXPECT_EQ(window.Text("txtResetTime"), "5"); // not filled any more
+  EXPECT_EQ(messages.shown, Lines{"!|Data Error|Data occur error in the Radio, please re-set."});
+  EXPECT_EQ(List("cboRadio(5)").currentText(), "3");
+  EXPECT_EQ(Text("txtResetTime"), "5 disabled"); // not filled any more
 }
 
 constexpr int RxSelCall = 3, TxFreq = 6, TxSelCall = 9, GroupCall = 13; // columns of the table
 
-TEST_F(EditorPanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
+TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
   image.ChannelBlock(0, 0) |= 0x04;
   image.ChannelBlock(0, 13) = 3;
   image.ChannelBlock(0, 15) = 0x11;
   panel.Fill();
   panel.ShowFunctionView();
-  auto& table = window.Get<QTableWidget>("gridTTS");
-  auto& mode = window.List("cboRadio(0)");
+  auto& mode = List("cboRadio(0)");
   EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3");
-  Click(table, 4, 1);
-  QTest::keyClicks(&window.Box("txtTTSFreq"), "700");
+  Click(ttsTable, 4, 1);
+  QTest::keyClicks(&Box("txtTTSFreq"), "700");
   for (const bool fiveTone : {true, false}) {
     mode.setCurrentIndex(fiveTone ? 1 : 0);
-    EXPECT_TRUE(window.List("cboFive").isEnabled() == fiveTone && table.isEnabled() == !fiveTone);
-    EXPECT_TRUE(window.Box("txtTTSFreq").isHidden() && Cell(table, 4, 1) == "675") << "the open editor is dropped";
+    EXPECT_TRUE(List("cboFive").isEnabled() == fiveTone && ttsTable.isEnabled() == !fiveTone);
+    EXPECT_TRUE(Box("txtTTSFreq").isHidden() && Cell(ttsTable, 4, 1) == "675") << "the open editor is dropped";
     for (const int column : {RxSelCall, GroupCall}) {
       EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
       channels.item(0, column)->setText("TTS 3");
@@ -71,38 +73,27 @@ TEST_F(EditorPanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUs
 }
 
 // The image still holds the codes of the mode that it was filled with.
-TEST_F(EditorPanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
+TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
   WriteSetting(image, Setting::SelcallMode, 0);
   image.ChannelBlock(0, 0) |= 0x04;
   image.SelCallCodeBlock.bytes.fill(0x33);
   panel.Fill();
   EXPECT_EQ(Cell(channels, 0, RxSelCall), "5T 33333");
-  window.List("cboRadio(0)").setCurrentText("TTS");
+  List("cboRadio(0)").setCurrentText("TTS");
   for (const bool yes : {false, true}) {
     messages.answer = yes ? Answer::Yes : Answer::No;
-    window.Type("txtFreqBandL", "100");
-    window.GoElsewhere();
-    EXPECT_EQ(messages.Taken(), (ShownMessages{{MessageIcon::Exclamation, "Frequency Band Change",
-                                                "Change the lower limit value, all data will be initiated. Do you "
-                                                "want to continue?",
-                                                MessageButtons::YesNo}}));
-    EXPECT_EQ(window.Text("txtFreqBandL"), yes ? "136" : "440");
+    Type("txtFreqBandL", "100");
+    GoElsewhere();
+    EXPECT_EQ(messages.Taken(), Lines{"!|Frequency Band Change|Change the lower limit value, all data will be "
+                                      "initiated. Do you want to continue?|YN"});
+    EXPECT_EQ(Text("txtFreqBandL"), yes ? "136" : "440");
     EXPECT_EQ(Cell(channels, 9, TxFreq), yes ? "136.00000" : "440.00000") << yes;
     for (const int column : {RxSelCall, TxSelCall, GroupCall})
       EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
   }
-  window.Type("txtFreqBandL", "");
-  window.GoElsewhere();
-  EXPECT_EQ(window.Text("txtFreqBandL"), "440") << "the remembered value is still the filled one";
-}
-
-TEST_F(EditorPanelTest, AClickOnTheBackgroundEndsEveryEdit) {
-  Click(channels, 0, 0);
-  auto& editor = window.Box("txtChFreq");
-  QTest::keyClicks(&editor, "450.1");
-  QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(panel.width() - 2, 2));
-  EXPECT_TRUE(editor.isHidden() && window.Get<QWidget>("Command1").hasFocus());
-  EXPECT_EQ(Cell(channels, 0, 0), "450.10000");
+  Type("txtFreqBandL", "");
+  GoElsewhere();
+  EXPECT_EQ(Text("txtFreqBandL"), "440") << "the remembered value is still the filled one";
 }
 
 } // namespace
