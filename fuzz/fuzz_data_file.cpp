@@ -38,7 +38,7 @@ void RequireKept(const RadioImage& image) {
 // Whether the frequency fits the 18 bits of a written count.
 bool IsWritable(const ChannelTexts& channel, GridColumn freq, GridColumn step) {
   const auto megahertz = ParseDecimal(channel[freq], Texts.decimalSeparator);
-  const int unit = StepUnit(StepCode(channel[step], Texts.decimalSeparator).value_or(1));
+  const int unit = StepUnit(StepCode(channel[step], Texts).value_or(1));
   return megahertz && CountOfUnits(*megahertz, 5, unit) < 1 << 18;
 }
 

@@ -1,6 +1,6 @@
 // Any settings file, changed: what is set comes back, every other line and value stays as it is.
 #include "fuzz_input.h"
-#include "ini_text.h"
+#include "profile.h"
 
 namespace mr4500x {
 namespace {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "commands.h"
-#include "field_texts.h"
+#include "tone_codes.h"
 
 #include <QMainWindow>
 

@@ -1,5 +1,9 @@
 #include "choice_lists.h"
 
+#include "signaling.h"
+
+#include <algorithm>
+
 namespace mr4500x {
 namespace {
 
@@ -33,8 +37,11 @@ constexpr std::array<Text, 48> LookBackItems = {
     "4.0s", "4.1s", "4.2s", "4.3s", "4.4s", "4.5s", "4.6s", "4.7s", "4.8s", "4.9s", "5.0s"};
 constexpr std::array<Text, 3> RevertChItems = {"Current CH", "Last Stop CH", "Priority CH"};
 constexpr std::array<Text, 2> ManualTuneItems = {"Enable", "Disable"};
-constexpr std::array<Text, 11> StandardItems = {
-    "ZVEI1", "ZVEI2", "ZVEI3", "PZVEI", "DZVEI", "PDZVEI", "CCIR1", "CCIR2", "PCCIR", "EEA", "NATEL"};
+constexpr auto StandardItems = [] {
+  std::array<Text, FiveToneStandardTable.size()> names;
+  std::ranges::transform(FiveToneStandardTable, names.begin(), &FiveToneRow::name);
+  return names;
+}();
 
 struct List {
   std::span<const Text> items;
@@ -98,13 +105,7 @@ std::span<const KeyItem> KeyItems(std::size_t key) {
 }
 
 std::string_view KeyItemText(std::size_t key, int position) {
-  const bool isListed = position >= 0 && static_cast<std::size_t>(position) < KeyItems(key).size();
-  return isListed ? KeyItems(key)[static_cast<std::size_t>(position)].text : std::string_view();
-}
-
-std::string_view ItemAt(std::span<const std::string_view> items, int position) {
-  if (position < 0 || static_cast<std::size_t>(position) >= items.size()) return {};
-  return items[static_cast<std::size_t>(position)];
+  return position < 0 ? std::string_view() : KeyItems(key)[static_cast<std::size_t>(position)].text;
 }
 
 } // namespace mr4500x

@@ -70,8 +70,7 @@ struct KeyItem {
   std::string_view text;
 };
 [[nodiscard]] std::span<const KeyItem> KeyItems(std::size_t key);
-// The item at a position, "" for no selection; also below.
+// "" for no selection.
 [[nodiscard]] std::string_view KeyItemText(std::size_t key, int position);
-[[nodiscard]] std::string_view ItemAt(std::span<const std::string_view> items, int position);
 
 } // namespace mr4500x

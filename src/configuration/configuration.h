@@ -5,7 +5,6 @@
 
 #include "channel_record.h"
 #include "choice_lists.h"
-#include "field_texts.h"
 #include "key_rules.h"
 #include "signaling.h"
 
@@ -28,6 +27,10 @@ struct Choice {
 // In the order of gridTTS.
 enum class TtsColumn : std::uint8_t { No, ToneAFreq, ToneADur, ToneBFreq, ToneBDur, GapTime, GroupCallDur };
 inline constexpr std::size_t TtsColumnCount = 7;
+// The cells of TtsEntry's tones and times.
+inline constexpr std::array TtsToneColumns = {TtsColumn::ToneAFreq, TtsColumn::ToneBFreq};
+inline constexpr std::array TtsTimeColumns = {TtsColumn::ToneADur, TtsColumn::ToneBDur, TtsColumn::GapTime,
+                                              TtsColumn::GroupCallDur};
 
 struct Configuration {
   std::string lowerBandLimit, upperBandLimit; // whole MHz

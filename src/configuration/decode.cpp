@@ -75,12 +75,10 @@ bool DecodeKeys(const RadioImage& image, Configuration& configuration) {
 void DecodeTtsTable(const RadioImage& image, Configuration& configuration, char separator) {
   for (std::size_t n = 1; n <= TtsEntryCount; ++n) {
     const TtsEntry entry = IsTtsMode(image) ? ReadTtsEntry(image, n) : TtsDefaultTable[n - 1];
-    configuration.Tts(n, TtsColumn::ToneAFreq) = std::to_string(entry.toneA);
-    configuration.Tts(n, TtsColumn::ToneADur) = TtsTimeText(entry.toneADuration, separator);
-    configuration.Tts(n, TtsColumn::ToneBFreq) = std::to_string(entry.toneB);
-    configuration.Tts(n, TtsColumn::ToneBDur) = TtsTimeText(entry.toneBDuration, separator);
-    configuration.Tts(n, TtsColumn::GapTime) = TtsTimeText(entry.gap, separator);
-    configuration.Tts(n, TtsColumn::GroupCallDur) = TtsTimeText(entry.groupCallDuration, separator);
+    for (std::size_t i = 0; i < TtsToneColumns.size(); ++i)
+      configuration.Tts(n, TtsToneColumns[i]) = std::to_string(entry.tones[i]);
+    for (std::size_t i = 0; i < TtsTimeColumns.size(); ++i)
+      configuration.Tts(n, TtsTimeColumns[i]) = TtsTimeText(entry.times[i], separator);
   }
 }
 
@@ -91,7 +89,8 @@ bool IsListedStandard(int standard) {
 } // namespace
 
 std::string_view TextOf(const Configuration& configuration, ChoiceList list) {
-  return ItemAt(ItemsOf(list), configuration[list].position);
+  const int position = configuration[list].position;
+  return position < 0 ? std::string_view() : ItemsOf(list)[static_cast<std::size_t>(position)];
 }
 
 std::string_view KeyTextOf(const Configuration& configuration, std::size_t key) {

@@ -76,18 +76,13 @@ std::int16_t StandardInForce(const Configuration& configuration) {
 
 void EncodeSignaling(const Configuration& configuration, RadioImage& image, char separator) {
   for (std::size_t n = 1; n <= TtsEntryCount; ++n) {
-    const TtsEntry old = ReadTtsEntry(image, n);
-    const auto hertz = [&](TtsColumn column, std::uint16_t kept) {
-      return static_cast<std::uint16_t>(ParseWhole(configuration.Tts(n, column)).value_or(kept));
-    };
-    const auto time = [&](TtsColumn column, std::uint8_t kept) {
-      return TtsTime(configuration.Tts(n, column), separator).value_or(kept);
-    };
-    if (IsTtsMode(configuration))
-      WriteTtsFrequencies(image, n, hertz(TtsColumn::ToneAFreq, old.toneA), hertz(TtsColumn::ToneBFreq, old.toneB));
-    WriteTtsTimes(image, n,
-                  {0, 0, time(TtsColumn::ToneADur, old.toneADuration), time(TtsColumn::ToneBDur, old.toneBDuration),
-                   time(TtsColumn::GapTime, old.gap), time(TtsColumn::GroupCallDur, old.groupCallDuration)});
+    TtsEntry entry = ReadTtsEntry(image, n);
+    for (std::size_t i = 0; IsTtsMode(configuration) && i < TtsToneColumns.size(); ++i)
+      if (const auto hertz = ParseWhole(configuration.Tts(n, TtsToneColumns[i])))
+        entry.tones[i] = static_cast<std::uint16_t>(*hertz);
+    for (std::size_t i = 0; i < TtsTimeColumns.size(); ++i)
+      if (const auto time = TtsTime(configuration.Tts(n, TtsTimeColumns[i]), separator)) entry.times[i] = *time;
+    WriteTtsEntry(image, n, entry);
   }
   const std::int16_t standard = StandardInForce(configuration);
   const bool isSelected = !IsTtsMode(configuration) && configuration[ChoiceList::Standards].position >= 0;

@@ -8,9 +8,6 @@ namespace mr4500x {
 namespace {
 
 constexpr TensOfHertz TensPerMegahertz = 100'000;
-constexpr int LongestResetTime = 255;
-constexpr int LowestTtsFrequency = 288;
-constexpr int HighestTtsFrequency = 3000;
 constexpr std::size_t FiveToneDigits = 5;
 
 // `box` is the limit that is being checked.
@@ -19,7 +16,7 @@ BandCheck CheckBand(std::string_view lower, std::string_view upper, std::string_
   const std::optional<int> high = ParseWhole(upper);
   if (!low || !high) return {BandEntry::Empty, 0};
   if (*low >= *high) return {BandEntry::Refused, 0};
-  return {BandEntry::Accepted, LimitToBandRange(*ParseWhole(box))};
+  return {BandEntry::Accepted, std::clamp(*ParseWhole(box), LowestBandLimit, HighestBandLimit)};
 }
 
 } // namespace
@@ -67,10 +64,6 @@ bool IdTextValid(std::string_view text) {
                      [](char c) { return IsDigit(c) || c == '#' || c == '*' || c == '-' || (c >= 'A' && c <= 'D'); });
 }
 
-int LimitToBandRange(int megahertz) {
-  return std::clamp(megahertz, LowestBandLimit, HighestBandLimit);
-}
-
 BandCheck CheckLowerBand(std::string_view lower, std::string_view upper) {
   return CheckBand(lower, upper, lower);
 }
@@ -83,7 +76,7 @@ ResetTimeCheck LimitResetTime(std::string_view text) {
   const std::optional<int> seconds = ParseWhole(text);
   if (!seconds) return {"1", false};
   if (*seconds < 1) return {"1", true};
-  return {std::to_string(std::min(*seconds, LongestResetTime)), false};
+  return {std::to_string(std::min(*seconds, ResetTimes.highest)), false};
 }
 
 std::optional<ResetTimeCheck> StepResetTime(std::string_view text, int by) {
@@ -95,7 +88,7 @@ std::optional<ResetTimeCheck> StepResetTime(std::string_view text, int by) {
 std::optional<std::string> SpinResetTime(std::string_view text, int by) {
   const std::optional<int> seconds = ParseWhole(text);
   if (!seconds) return std::nullopt;
-  return std::to_string(std::clamp(*seconds + by, 1, LongestResetTime));
+  return std::to_string(std::clamp(*seconds + by, ResetTimes.lowest, ResetTimes.highest));
 }
 
 CodeCheck CheckFiveToneCode(std::string_view text) {
@@ -109,10 +102,10 @@ CodeCheck CheckFiveToneCode(std::string_view text) {
 }
 
 std::optional<std::string> LimitTtsFrequency(std::string_view text) {
-  if (text.empty()) return std::to_string(LowestTtsFrequency);
+  if (text.empty()) return std::to_string(TtsFrequencies.lowest);
   const std::optional<int> hertz = ParseWhole(text);
   if (!hertz) return std::nullopt;
-  return std::to_string(std::clamp(*hertz, LowestTtsFrequency, HighestTtsFrequency));
+  return std::to_string(std::clamp(*hertz, TtsFrequencies.lowest, TtsFrequencies.highest));
 }
 
 } // namespace mr4500x

@@ -35,10 +35,13 @@ struct Band {
 // The characters above and "-".
 [[nodiscard]] bool IdTextValid(std::string_view text);
 
+struct Range {
+  int lowest, highest;
+};
+inline constexpr Range TtsFrequencies = {288, 3000}; // Hz
+inline constexpr Range ResetTimes = {1, 255};        // s
 inline constexpr int LowestBandLimit = 136;
 inline constexpr int HighestBandLimit = 520;
-[[nodiscard]] int LimitToBandRange(int megahertz); // 136 to 520
-
 enum class BandEntry { Accepted, Refused, Empty };
 struct BandCheck {
   BandEntry entry;
@@ -65,7 +68,7 @@ struct CodeCheck {
 };
 [[nodiscard]] CodeCheck CheckFiveToneCode(std::string_view text);
 
-// Clamps a TTS frequency to 288 to 3000 Hz. "288" for an empty text, nullopt if it is not a number.
+// Clamps a TTS frequency. "288" for an empty text, nullopt if it is not a number.
 [[nodiscard]] std::optional<std::string> LimitTtsFrequency(std::string_view text);
 
 } // namespace mr4500x

@@ -1,8 +1,5 @@
 #include "fields.h"
 
-#include "decimal.h"
-
-#include <algorithm>
 #include <array>
 
 namespace mr4500x {
@@ -78,38 +75,19 @@ constexpr std::array<Field, 55> Table = {{
 constexpr std::array<std::string_view, 7> GroupNames = {"", "band", "global", "scan", "keys", "tts", "channels"};
 // clang-format on
 
-std::string YesNoText(bool yes) {
-  return yes ? "true" : "false";
+// The number of a place among all places, kind by kind.
+constexpr std::size_t NumberOf(const FieldPlace& place) {
+  constexpr std::size_t keys = ChoiceListCount, boxes = keys + KeyCount, tts = boxes + BoxCount;
+  constexpr std::array<std::size_t, 5> first = {0, keys, boxes, tts, tts + TtsColumnCount};
+  return first[place.index()] + std::visit([](auto value) { return static_cast<std::size_t>(value); }, place);
 }
 
-struct TextReader {
-  const Configuration& configuration;
-  std::size_t entry;
-
-  std::string operator()(ChoiceList list) const { return std::string(TextOf(configuration, list)); }
-  std::string operator()(Key key) const { return std::string(KeyTextOf(configuration, key)); }
-  std::string operator()(TtsColumn column) const { return configuration.Tts(entry, column); }
-  std::string operator()(GridColumn column) const { return Channel()[column]; }
-  std::string operator()(Box box) const {
-    // clang-format off
-    switch (box) {
-    case Box::LowerBandLimit: return configuration.lowerBandLimit;
-    case Box::UpperBandLimit: return configuration.upperBandLimit;
-    case Box::EmergencyAni:   return configuration.emergencyAni;
-    case Box::ConnectId:      return configuration.connectId;
-    case Box::DisconnectId:   return configuration.disconnectId;
-    case Box::ScanSignal:     return YesNoText(configuration.scanSignal);
-    case Box::AutoResetTime:  return configuration.autoResetOff ? "OFF" : configuration.autoResetTime;
-    case Box::InUse:          return YesNoText(!Channel().noCh);
-    case Box::TxAllowed:      return YesNoText(!Channel().noTx);
-    }
-    // clang-format on
-    return {};
-  }
-
-private:
-  [[nodiscard]] const ChannelTexts& Channel() const { return configuration.channels[entry - 1]; }
-};
+constexpr auto RowOfPlace = [] {
+  std::array<std::uint8_t, NumberOf(GridColumn::GroupCall) + 1> rows{};
+  for (std::size_t row = 0; row < Table.size(); ++row)
+    rows[NumberOf(Table[row].place)] = static_cast<std::uint8_t>(row);
+  return rows;
+}();
 
 } // namespace
 
@@ -147,11 +125,35 @@ std::optional<FieldAt> FindField(std::string_view identifier) {
 }
 
 const Field& FieldOf(FieldPlace place) {
-  return *std::find_if(Table.begin(), Table.end(), [&](const Field& field) { return field.place == place; });
+  return Table[RowOfPlace[NumberOf(place)]];
+}
+
+std::string& TextIn(Configuration& configuration, FieldAt at) {
+  const FieldPlace& place = at.field->place;
+  if (const auto* const column = std::get_if<TtsColumn>(&place)) return configuration.Tts(at.entry, *column);
+  if (const auto* const column = std::get_if<GridColumn>(&place)) return configuration.channels[at.entry - 1][*column];
+  if (place == FieldPlace(Box::LowerBandLimit)) return configuration.lowerBandLimit;
+  if (place == FieldPlace(Box::UpperBandLimit)) return configuration.upperBandLimit;
+  if (place == FieldPlace(Box::EmergencyAni)) return configuration.emergencyAni;
+  if (place == FieldPlace(Box::ConnectId)) return configuration.connectId;
+  return place == FieldPlace(Box::DisconnectId) ? configuration.disconnectId : configuration.autoResetTime;
+}
+
+Flag FlagIn(Configuration& configuration, FieldAt at) {
+  if (at.field->place == FieldPlace(Box::ScanSignal)) return {&configuration.scanSignal, true};
+  ChannelTexts& channel = configuration.channels[at.entry - 1];
+  return {at.field->place == FieldPlace(Box::InUse) ? &channel.noCh : &channel.noTx, false};
 }
 
 std::string TextOf(const Configuration& configuration, FieldAt at) {
-  return std::visit(TextReader{configuration, at.entry}, at.field->place);
+  const FieldPlace& place = at.field->place;
+  if (const auto* const list = std::get_if<ChoiceList>(&place)) return std::string(TextOf(configuration, *list));
+  if (const auto* const key = std::get_if<Key>(&place)) return std::string(KeyTextOf(configuration, *key));
+  if (place == FieldPlace(Box::AutoResetTime) && configuration.autoResetOff) return "OFF";
+  auto& held = const_cast<Configuration&>(configuration); // only read
+  if (at.field->kind != FieldKind::YesNo) return TextIn(held, at);
+  const Flag flag = FlagIn(held, at);
+  return *flag.box == flag.whenYes ? "true" : "false";
 }
 
 } // namespace mr4500x

@@ -36,6 +36,7 @@ enum class Box : std::uint8_t {
   InUse,         // of a channel, like TxAllowed
   TxAllowed,
 };
+inline constexpr std::size_t BoxCount = 9;
 
 using FieldPlace = std::variant<ChoiceList, Key, Box, TtsColumn, GridColumn>;
 
@@ -74,5 +75,13 @@ struct FieldAt {
 
 // As the editor shows it; "" for a list without a selection.
 [[nodiscard]] std::string TextOf(const Configuration& configuration, FieldAt at);
+
+// What the configuration holds of a cell or box, and of a yes or no: a check box and what it is for a yes.
+[[nodiscard]] std::string& TextIn(Configuration& configuration, FieldAt at);
+struct Flag {
+  bool* box;
+  bool whenYes;
+};
+[[nodiscard]] Flag FlagIn(Configuration& configuration, FieldAt at);
 
 } // namespace mr4500x

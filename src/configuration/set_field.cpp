@@ -4,42 +4,26 @@
 #include "field_rules.h"
 
 #include <algorithm>
-#include <array>
 
 namespace mr4500x {
 namespace {
 
-struct Range {
-  int lowest, highest;
-};
+using Choices = std::vector<std::string_view>;
 
-constexpr Range TtsFrequencies = {288, 3000}; // Hz
-constexpr Range ResetTimes = {1, 255};        // s
-constexpr int LongestTtsTime = 100;           // 0.1 s
 constexpr std::size_t ChoicesWrittenOut = 20; // a longer list is shortened to its ends
 constexpr std::string_view DigitsAllowed = "up to 16 of 0 to 9, A to D, * and #, or ----------------";
 constexpr std::string_view FiveToneCode = "5T ";
 
-std::string InWords(const std::vector<std::string>& choices) {
+std::string InWords(const Choices& choices) {
   const bool whole = choices.size() <= ChoicesWrittenOut;
   std::string words = "one of ";
   for (std::size_t i = 0; i < (whole ? choices.size() : 3); ++i)
-    words += (i == 0 ? "" : ", ") + choices[i];
-  return whole ? words : words + " … " + choices.back();
+    words.append(i == 0 ? "" : ", ").append(choices[i]);
+  return whole ? words : words.append(" … ").append(choices.back());
 }
 
 std::string InWords(Range range) {
   return std::to_string(range.lowest) + " to " + std::to_string(range.highest);
-}
-
-std::optional<int> ParseWithin(std::string_view text, Range range) {
-  const std::optional<int> number = ParseWhole(text);
-  return number && *number >= range.lowest && *number <= range.highest ? number : std::nullopt;
-}
-
-std::optional<bool> ParseYesNo(std::string_view text) {
-  if (text != "true" && text != "false") return std::nullopt;
-  return text == "true";
 }
 
 bool HasAtMostDecimals(Decimal number, int decimals) {
@@ -55,236 +39,208 @@ Band BandOf(const Configuration& configuration) {
           ParseWhole(configuration.upperBandLimit).value_or(HighestBandLimit)};
 }
 
-bool TakesFiveToneCode(const Configuration& configuration, GridColumn column) {
-  return !IsTtsMode(configuration) && (column == GridColumn::RxSelCall || column == GridColumn::TxSelCall);
+bool Is(FieldAt at, FieldPlace place) {
+  return at.field->place == place;
 }
 
-bool IsReceive(GridColumn column) {
-  return column < GridColumn::TxFreq;
+// Of a whole number.
+Range RangeOf(const Configuration& configuration, FieldAt at) {
+  if (Is(at, Box::LowerBandLimit)) return {LowestBandLimit, BandOf(configuration).upper - 1};
+  if (Is(at, Box::UpperBandLimit)) return {BandOf(configuration).lower + 1, HighestBandLimit};
+  return Is(at, Box::AutoResetTime) ? ResetTimes : TtsFrequencies;
 }
 
-// One change of one setting. The operators return whether the text was accepted.
-struct Setter {
+// The TTS table and the standards belong to a mode each; the other one does not store them.
+bool IsUnused(const Configuration& configuration, FieldAt at) {
+  return IsTtsMode(configuration) ? Is(at, ChoiceList::Standards) : at.field->group == FieldGroup::Tts;
+}
+
+bool IsSent(const Configuration& configuration, FieldAt at) {
+  const int pttId = configuration[ChoiceList::PttId].position;
+  return (!Is(at, Box::ConnectId) || SendsConnectId(pttId)) && (!Is(at, Box::DisconnectId) || SendsDisconnectId(pttId));
+}
+
+bool TakesFiveToneCode(const Configuration& configuration, FieldAt at) {
+  return !IsTtsMode(configuration) && (Is(at, GridColumn::RxSelCall) || Is(at, GridColumn::TxSelCall));
+}
+
+bool IsReceive(FieldAt at) {
+  return std::get<GridColumn>(at.field->place) < GridColumn::TxFreq;
+}
+
+// The step of a frequency or of its step cell, in tens of Hz.
+int StepOf(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
+  const GridColumn step = IsReceive(at) ? GridColumn::RxStep : GridColumn::TxStep;
+  return StepUnit(StepCode(configuration.channels[at.entry - 1][step], texts).value_or(1));
+}
+
+// One change of one setting. The operations return whether the text was accepted.
+struct Change {
   Configuration& configuration;
-  std::size_t entry;
+  FieldAt at;
   std::string_view text;
   const FieldTexts& texts;
 
-  bool operator()(ChoiceList list) {
-    if (list == ChoiceList::Standards && IsTtsMode(configuration)) return false; // not in use, and not stored
-    const std::span<const std::string_view> items = ItemsOf(list);
-    const auto item = std::find(items.begin(), items.end(), text);
-    if (item == items.end()) return false;
-    configuration[list] = {static_cast<int>(item - items.begin()), 0};
-    if (list == ChoiceList::SelectCall) ResetSelcallCells(configuration);
-    if (list == ChoiceList::PttId) BlankUnsentIds();
-    return true;
-  }
-
-  // A list that is disabled or replaced by its fixed counterpart can't be changed.
-  bool operator()(Key key) {
-    const KeyProgram& keys = configuration.keys;
-    if ((key == ShortA && keys.fixedShortAShown) || (key == LongA && keys.fixedLongAShown)) return false;
-    if (!LongPressEnabled(keys, key)) return false;
-    const std::span<const KeyItem> items = KeyItems(key);
-    const auto item = std::find_if(items.begin(), items.end(), [&](const KeyItem& i) { return i.text == text; });
-    if (item == items.end()) return false;
-    KeyProgram changed = keys;
-    if (SelectKey(changed, key, static_cast<int>(item - items.begin()))) return false;
-    configuration.keys = changed;
-    return true;
-  }
-
-  bool operator()(Box box) {
+  [[nodiscard]] bool Apply() const {
+    if (IsUnused(configuration, at)) return false;
     // clang-format off
-    switch (box) {
-    case Box::LowerBandLimit: return SetLowerLimit();
-    case Box::UpperBandLimit: return SetUpperLimit();
-    case Box::EmergencyAni:   return SetDigits(configuration.emergencyAni, true);
-    case Box::ConnectId:      return SetDigits(configuration.connectId, SendsConnectId(PttIdPosition()));
-    case Box::DisconnectId:   return SetDigits(configuration.disconnectId, SendsDisconnectId(PttIdPosition()));
-    case Box::ScanSignal:     return SetYesNo(configuration.scanSignal, true);
-    case Box::AutoResetTime:  return SetAutoResetTime();
-    case Box::InUse:          return SetYesNo(Channel().noCh, false);
-    case Box::TxAllowed:      return SetYesNo(Channel().noTx, false);
+    switch (at.field->kind) {
+    case FieldKind::Choice:      return Choose();
+    case FieldKind::WholeNumber: return SetNumber();
+    case FieldKind::Digits:      return SetDigits();
+    case FieldKind::Frequency:   return SetFrequency();
+    case FieldKind::YesNo:       return SetYesNo();
     }
     // clang-format on
     return false;
   }
 
-  bool operator()(TtsColumn column) {
-    const bool isFrequency = column == TtsColumn::ToneAFreq || column == TtsColumn::ToneBFreq;
-    if (isFrequency ? !ParseWithin(text, TtsFrequencies) : !IsChoice(column)) return false;
-    configuration.Tts(entry, column) = isFrequency ? std::to_string(*ParseWhole(text)) : std::string(text);
-    return true;
-  }
-
-  bool operator()(GridColumn column) {
-    if (column == GridColumn::RxFreq || column == GridColumn::TxFreq) return SetFrequency(column);
-    if (!IsChoice(column) && !IsFiveToneCode(column)) return false;
-    Channel()[column] = text;
-    if (column == GridColumn::RxTone) Channel()[GridColumn::TailCut] = text == "OFF" ? "OFF" : "ON";
-    if (column == GridColumn::RxStep || column == GridColumn::TxStep) RoundToStep(column);
-    return true;
-  }
-
 private:
-  [[nodiscard]] ChannelTexts& Channel() const { return configuration.channels[entry - 1]; }
-  [[nodiscard]] int PttIdPosition() const { return configuration[ChoiceList::PttId].position; }
+  [[nodiscard]] ChannelTexts& Channel() const { return configuration.channels[at.entry - 1]; }
 
-  [[nodiscard]] bool IsChoice(FieldPlace place) const {
-    const std::vector<std::string> choices = ChoicesOf(configuration, {&FieldOf(place), entry}, texts);
-    return std::find(choices.begin(), choices.end(), text) != choices.end();
+  [[nodiscard]] bool Choose() const {
+    const Choices choices = ChoicesOf(configuration, at, texts);
+    const auto found = std::ranges::find(choices, text);
+    if (found == choices.end() && !IsFiveToneCode()) return false;
+    const auto position = static_cast<int>(found - choices.begin());
+    if (const auto* const key = std::get_if<Key>(&at.field->place)) return ChooseForKey(*key, position);
+    if (const auto* const list = std::get_if<ChoiceList>(&at.field->place)) {
+      configuration[*list] = {position, 0};
+      if (*list == ChoiceList::SelectCall) ResetSelcallCells(configuration);
+      if (*list == ChoiceList::PttId) BlankUnsentIds();
+      return true;
+    }
+    TextIn(configuration, at) = text;
+    if (Is(at, GridColumn::RxTone)) Channel()[GridColumn::TailCut] = text == "OFF" ? "OFF" : "ON";
+    if (Is(at, GridColumn::RxStep) || Is(at, GridColumn::TxStep)) RoundToStep();
+    return true;
   }
 
-  [[nodiscard]] bool IsFiveToneCode(GridColumn column) const {
-    return TakesFiveToneCode(configuration, column) && text.starts_with(FiveToneCode) &&
+  [[nodiscard]] bool ChooseForKey(Key key, int position) const {
+    KeyProgram changed = configuration.keys;
+    if (SelectKey(changed, key, position)) return false;
+    configuration.keys = changed;
+    return true;
+  }
+
+  [[nodiscard]] bool IsFiveToneCode() const {
+    return TakesFiveToneCode(configuration, at) && text.starts_with(FiveToneCode) &&
            CheckFiveToneCode(text.substr(FiveToneCode.size())).entry == CodeEntry::Accepted;
   }
 
   void BlankUnsentIds() const {
-    if (!SendsConnectId(PttIdPosition())) configuration.connectId = NoNumberText;
-    if (!SendsDisconnectId(PttIdPosition())) configuration.disconnectId = NoNumberText;
+    const int pttId = configuration[ChoiceList::PttId].position;
+    if (!SendsConnectId(pttId)) configuration.connectId = NoNumberText;
+    if (!SendsDisconnectId(pttId)) configuration.disconnectId = NoNumberText;
   }
 
-  bool SetLowerLimit() const {
-    const std::optional<int> limit = ParseWithin(text, {LowestBandLimit, BandOf(configuration).upper - 1});
-    if (!limit) return false;
-    if (*limit == BandOf(configuration).lower) return true;
-    configuration.lowerBandLimit = std::to_string(*limit);
+  void RoundToStep() const {
+    std::string& frequency = Channel()[IsReceive(at) ? GridColumn::RxFreq : GridColumn::TxFreq];
+    const int unit = StepOf(configuration, at, texts);
+    if (auto rounded = CommitFrequency(frequency, BandOf(configuration), unit, texts.decimalSeparator))
+      frequency = std::move(*rounded);
+  }
+
+  [[nodiscard]] bool SetNumber() const {
+    const Range range = RangeOf(configuration, at);
+    const std::optional<int> number = ParseWhole(text);
+    const bool isWithin = number && *number >= range.lowest && *number <= range.highest;
+    const bool isOff = Is(at, Box::AutoResetTime) && text == "OFF";
+    if (!isWithin && !isOff) return false;
+    if (Is(at, Box::AutoResetTime)) configuration.autoResetOff = isOff;
+    if (Is(at, Box::LowerBandLimit) && *number != BandOf(configuration).lower) ResetChannelsTo(*number);
+    if (isWithin) TextIn(configuration, at) = std::to_string(*number);
+    return true;
+  }
+
+  void ResetChannelsTo(int lowerLimit) const {
     RadioImage image;
-    configuration.channels = RestartChannels(image, *limit, texts);
-    return true;
+    configuration.channels = RestartChannels(image, lowerLimit, texts);
   }
 
-  bool SetUpperLimit() const {
-    const std::optional<int> limit = ParseWithin(text, {BandOf(configuration).lower + 1, HighestBandLimit});
-    if (limit) configuration.upperBandLimit = std::to_string(*limit);
-    return limit.has_value();
-  }
-
-  bool SetDigits(std::string& digits, bool used) const {
+  [[nodiscard]] bool SetDigits() const {
     const bool none = text.empty() || text == NoNumberText;
-    if (!none && (!used || text.size() > MostDigits || !IdTextValid(text) || text.find('-') != std::string_view::npos))
-      return false;
-    digits = none ? NoNumberText : text;
+    const bool isNumber = text.size() <= MostDigits && IdTextValid(text) && text.find('-') == std::string_view::npos;
+    if (!none && !(isNumber && IsSent(configuration, at))) return false;
+    TextIn(configuration, at) = none ? NoNumberText : text;
     return true;
   }
 
-  bool SetYesNo(bool& flag, bool whenYes) const {
-    const std::optional<bool> yes = ParseYesNo(text);
-    if (yes) flag = *yes == whenYes;
-    return yes.has_value();
-  }
-
-  bool SetAutoResetTime() const {
-    const std::optional<int> seconds = ParseWithin(text, ResetTimes);
-    if (!seconds && text != "OFF") return false;
-    configuration.autoResetOff = !seconds;
-    if (seconds) configuration.autoResetTime = std::to_string(*seconds);
+  [[nodiscard]] bool SetYesNo() const {
+    if (text != "true" && text != "false") return false;
+    const Flag flag = FlagIn(configuration, at);
+    *flag.box = (text == "true") == flag.whenYes;
     return true;
   }
 
-  bool SetFrequency(GridColumn column) const {
+  [[nodiscard]] bool SetFrequency() const {
     const std::optional<TensOfHertz> frequency = ReadFrequency(text, texts.decimalSeparator);
-    const int unit = StepOf(Channel(), column, texts);
-    const Band band = BandOf(configuration);
-    if (!frequency || ClampToBand(*frequency, band, unit) != *frequency || *frequency % unit != 0) return false;
+    const int unit = StepOf(configuration, at, texts);
+    if (!frequency || ClampToBand(*frequency, BandOf(configuration), unit) != *frequency || *frequency % unit != 0)
+      return false;
     if (!HasAtMostDecimals(*ParseDecimal(text, texts.decimalSeparator), 5)) return false; // ReadFrequency rounded it
-    Channel()[column] = FrequencyText(*frequency, texts.decimalSeparator);
+    TextIn(configuration, at) = FrequencyText(*frequency, texts.decimalSeparator);
     return true;
-  }
-
-  void RoundToStep(GridColumn stepColumn) const {
-    const GridColumn column = IsReceive(stepColumn) ? GridColumn::RxFreq : GridColumn::TxFreq;
-    const int unit = StepOf(Channel(), column, texts);
-    std::string& frequency = Channel()[column];
-    frequency =
-        CommitFrequency(frequency, BandOf(configuration), unit, texts.decimalSeparator).value_or(std::move(frequency));
-  }
-
-public:
-  // In tens of Hz.
-  static int StepOf(const ChannelTexts& channel, GridColumn column, const FieldTexts& texts) {
-    const GridColumn step = IsReceive(column) ? GridColumn::RxStep : GridColumn::TxStep;
-    return StepUnit(StepCode(channel[step], texts.decimalSeparator).value_or(1));
   }
 };
 
 std::string AllowedFrequency(const Configuration& configuration, FieldAt at, std::string_view text,
                              const FieldTexts& texts) {
   const Band band = BandOf(configuration);
-  std::string limits = std::to_string(band.lower) + " to " + std::to_string(band.upper) + " MHz";
-  const GridColumn column = std::get<GridColumn>(at.field->place);
-  const ChannelTexts& channel = configuration.channels[at.entry - 1];
-  const int unit = Setter::StepOf(channel, column, texts);
-  const std::string grid = "a multiple of " + StepText(unit == StepUnit(0) ? 0 : 1, texts.decimalSeparator) + " kHz";
-  const std::optional<TensOfHertz> frequency = ReadFrequency(text, texts.decimalSeparator);
+  const std::string limits = InWords(Range{band.lower, band.upper}) + " MHz";
+  const int unit = StepOf(configuration, at, texts);
+  const std::string grid = "a multiple of " + StepText(unit == StepUnit(0) ? 0 : 1, texts) + " kHz";
   if (text.empty()) return limits + ", " + grid;
+  const std::optional<TensOfHertz> frequency = ReadFrequency(text, texts.decimalSeparator);
   if (!frequency || ClampToBand(*frequency, band, unit) != *frequency) return limits;
   const TensOfHertz below = *frequency / unit * unit;
   return grid + "; nearest are " + FrequencyText(below, texts.decimalSeparator) + " and " +
          FrequencyText(below + unit, texts.decimalSeparator);
 }
 
-std::string AllowedKey(const Configuration& configuration, Key key, const std::vector<std::string>& choices) {
-  const KeyProgram& keys = configuration.keys;
-  if (key == ShortA && keys.fixedShortAShown) return "Emergency Alert while Long A is Cancel Emergency Alert";
-  if (key == LongA && keys.fixedLongAShown) return "Cancel Emergency Alert while Short A is Emergency Alert";
-  if (!LongPressEnabled(keys, key)) return "no change while the short press is Monitor";
-  return InWords(choices) + "; Talk Around or Reverse on one key only";
-}
-
-std::string AllowedBox(const Configuration& configuration, Box box) {
-  const Band band = BandOf(configuration);
-  const int pttId = configuration[ChoiceList::PttId].position;
-  const std::string unsent =
-      "---------------- while PTT ID is " + std::string(TextOf(configuration, ChoiceList::PttId));
-  // clang-format off
-  switch (box) {
-  case Box::LowerBandLimit: return InWords({LowestBandLimit, band.upper - 1});
-  case Box::UpperBandLimit: return InWords({band.lower + 1, HighestBandLimit});
-  case Box::EmergencyAni:   return std::string(DigitsAllowed);
-  case Box::ConnectId:      return SendsConnectId(pttId) ? std::string(DigitsAllowed) : unsent;
-  case Box::DisconnectId:   return SendsDisconnectId(pttId) ? std::string(DigitsAllowed) : unsent;
-  case Box::AutoResetTime:  return "OFF or " + InWords(ResetTimes);
-  case Box::ScanSignal:
-  case Box::InUse:
-  case Box::TxAllowed:      break;
-  }
-  // clang-format on
-  return "true or false";
+std::string AllowedChoice(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
+  const Choices choices = ChoicesOf(configuration, at, texts);
+  if (TakesFiveToneCode(configuration, at)) return "OFF, or 5T and 5 digits";
+  const bool isKey = std::holds_alternative<Key>(at.field->place);
+  if (!choices.empty()) return InWords(choices) + (isKey ? "; Talk Around or Reverse on one key only" : "");
+  if (Is(at, ShortA)) return "Emergency Alert while Long A is Cancel Emergency Alert";
+  if (Is(at, LongA)) return "Cancel Emergency Alert while Short A is Emergency Alert";
+  return "no change while the short press is Monitor";
 }
 
 std::string Allowed(const Configuration& configuration, FieldAt at, std::string_view text, const FieldTexts& texts) {
-  const FieldPlace& place = at.field->place;
-  if (at.field->kind == FieldKind::Frequency) return AllowedFrequency(configuration, at, text, texts);
-  if (const auto* box = std::get_if<Box>(&place)) return AllowedBox(configuration, *box);
-  const std::vector<std::string> choices = ChoicesOf(configuration, at, texts);
-  if (place == FieldPlace(ChoiceList::Standards) && IsTtsMode(configuration))
-    return "no change while Select Call is TTS";
-  if (const auto* key = std::get_if<Key>(&place)) return AllowedKey(configuration, *key, choices);
-  if (choices.empty()) return InWords(TtsFrequencies);
-  if (const auto* column = std::get_if<GridColumn>(&place); column && TakesFiveToneCode(configuration, *column))
-    return "OFF, or 5T and 5 digits";
-  return InWords(choices);
+  if (IsUnused(configuration, at))
+    return "no change while Select Call is " + std::string(TextOf(configuration, ChoiceList::SelectCall));
+  switch (at.field->kind) {
+  case FieldKind::Choice:
+    return AllowedChoice(configuration, at, texts);
+  case FieldKind::WholeNumber:
+    return (Is(at, Box::AutoResetTime) ? "OFF or " : "") + InWords(RangeOf(configuration, at));
+  case FieldKind::Digits:
+    if (IsSent(configuration, at)) return std::string(DigitsAllowed);
+    return "---------------- while PTT ID is " + std::string(TextOf(configuration, ChoiceList::PttId));
+  case FieldKind::Frequency:
+    return AllowedFrequency(configuration, at, text, texts);
+  case FieldKind::YesNo:
+    break;
+  }
+  return "true or false";
 }
 
-std::vector<std::string> ChannelChoices(const Configuration& configuration, FieldAt at, GridColumn column,
-                                        const FieldTexts& texts) {
+Choices ChannelChoices(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
   const bool tts = IsTtsMode(configuration);
-  switch (column) {
+  switch (std::get<GridColumn>(at.field->place)) {
   case GridColumn::RxStep:
   case GridColumn::TxStep:
-    return {StepText(0, texts.decimalSeparator), StepText(1, texts.decimalSeparator)};
+    return {texts.StepTexts.begin(), texts.StepTexts.end()};
   case GridColumn::RxTone:
   case GridColumn::TxTone:
-    return ToneChoiceList(texts);
+    return {texts.ToneChoiceList.begin(), texts.ToneChoiceList.end()};
   case GridColumn::Combination:
     return {"AND", "OR"};
   case GridColumn::TailCut:
     if (configuration.channels[at.entry - 1][GridColumn::RxTone] == "OFF") return {"OFF"};
-    return {"OFF", "ON"};
+    [[fallthrough]];
   case GridColumn::PttId:
     return {"OFF", "ON"};
   case GridColumn::HighTxPower:
@@ -306,36 +262,29 @@ std::vector<std::string> ChannelChoices(const Configuration& configuration, Fiel
   return {};
 }
 
+// A list that is disabled or replaced by its fixed counterpart offers nothing.
+Choices KeyChoices(const KeyProgram& keys, Key key) {
+  Choices choices;
+  if ((key == ShortA && keys.fixedShortAShown) || (key == LongA && keys.fixedLongAShown)) return choices;
+  if (LongPressEnabled(keys, key)) std::ranges::transform(KeyItems(key), std::back_inserter(choices), &KeyItem::text);
+  return choices;
+}
+
 } // namespace
 
-std::vector<std::string> ChoicesOf(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
-  std::vector<std::string> choices;
-  if (at.field->kind != FieldKind::Choice) return choices;
-  const FieldPlace& place = at.field->place;
-  if (const auto* list = std::get_if<ChoiceList>(&place)) {
-    const std::span<const std::string_view> items = ItemsOf(*list);
-    choices.assign(items.begin(), items.end());
-  } else if (const auto* key = std::get_if<Key>(&place)) {
-    for (const KeyItem& item : KeyItems(*key))
-      choices.emplace_back(item.text);
-  } else if (std::holds_alternative<TtsColumn>(place)) {
-    for (int tenths = 1; tenths <= LongestTtsTime; ++tenths)
-      choices.push_back(TtsTimeText(static_cast<std::uint8_t>(tenths), texts.decimalSeparator));
-  } else if (const auto* column = std::get_if<GridColumn>(&place)) {
-    choices = ChannelChoices(configuration, at, *column, texts);
-  }
-  return choices;
+std::vector<std::string_view> ChoicesOf(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
+  if (at.field->kind != FieldKind::Choice || IsUnused(configuration, at)) return {};
+  if (const auto* const key = std::get_if<Key>(&at.field->place)) return KeyChoices(configuration.keys, *key);
+  if (std::holds_alternative<TtsColumn>(at.field->place)) return {texts.TtsTimes.begin(), texts.TtsTimes.end()};
+  const auto* const list = std::get_if<ChoiceList>(&at.field->place);
+  return list != nullptr ? std::vector(ItemsOf(*list).begin(), ItemsOf(*list).end())
+                         : ChannelChoices(configuration, at, texts);
 }
 
 std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::string_view text,
                                 const FieldTexts& texts) {
-  if (text == TextOf(configuration, at)) return std::nullopt;
-  if (std::visit(Setter{configuration, at.entry, text, texts}, at.field->place)) return std::nullopt;
+  if (text == TextOf(configuration, at) || Change{configuration, at, text, texts}.Apply()) return std::nullopt;
   return Refusal{Allowed(configuration, at, text, texts)};
-}
-
-std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
-  return Allowed(configuration, at, {}, texts);
 }
 
 std::array<ChannelTexts, ChannelCount> RestartChannels(RadioImage& image, int lowerLimit, const FieldTexts& texts) {

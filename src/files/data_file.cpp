@@ -14,77 +14,48 @@ constexpr std::string_view HeaderVersion0 = "Data file of LR7200 Radio Series, C
 constexpr std::string_view HeaderVersion1 = "Data file of LR7201 Radio Series, Calvorne VTR.";
 constexpr std::string_view HeaderOfSeries = "Data file of LR720"; // of this or a later version
 
-struct FileItem {
-  std::optional<ImageBlock> block; // nullopt: the integer item FiveToneStandard
-  std::uint16_t rows;              // 1 for an array of one dimension
-  std::uint16_t columns;
-
-  constexpr std::size_t DimensionCount() const { return rows > 1 ? 2 : 1; }
-  constexpr std::size_t Bytes() const {
-    return block ? ArrayItemBytes(DimensionCount(), std::size_t{rows} * columns) : IntegerItemBytes;
-  }
-  constexpr std::array<ItemDimension, 2> Dimensions() const { return {{{columns, 0}, {rows, 0}}}; }
-};
-
 // The items after the header and the format marker, in file order.
 // clang-format off
-constexpr std::array<FileItem, 11> FileItems = {{
-    //  block                          rows  columns     offset
-    {ImageBlock::ChannelBlock,          16,      16}, //     53
-    {ImageBlock::RadioSettingsBlock,     1,      16}, //    329
-    {ImageBlock::PttIdBlock,             1,      16}, //    357
-    {ImageBlock::KeyProgramBlock,        1,       8}, //    385
-    {ImageBlock::TtsTimingBlock,         4,       8}, //    405
-    {ImageBlock::ResetTimeBlock,         1,       8}, //    457
-    {ImageBlock::SelCallCodeBlock,       8,      16}, //    477
-    {ImageBlock::ToneFrequencyBlock,     1,      32}, //    625
-    {ImageBlock::BandBlock,              1,       8}, //    669
-    {std::nullopt,                       1,       1}, //    689
-    {ImageBlock::EmergencyAniBlock,      1,       8}, //    693: version 1 only
-}};
+constexpr std::array<std::optional<ImageBlock>, 11> FileItems = {
+    //                                    offset
+    ImageBlock::ChannelBlock,          //     53
+    ImageBlock::RadioSettingsBlock,    //    329
+    ImageBlock::PttIdBlock,            //    357
+    ImageBlock::KeyProgramBlock,       //    385
+    ImageBlock::TtsTimingBlock,        //    405
+    ImageBlock::ResetTimeBlock,        //    457
+    ImageBlock::SelCallCodeBlock,      //    477
+    ImageBlock::ToneFrequencyBlock,    //    625
+    ImageBlock::BandBlock,             //    669
+    std::nullopt,                      //    689: the integer FiveToneStandard
+    ImageBlock::EmergencyAniBlock,     //    693: version 1 only
+};
 // clang-format on
 
-constexpr std::size_t BytesOfAllItems() {
-  std::size_t bytes = TextItemBytes(HeaderVersion1.size()) + TagBytes;
-  for (const FileItem& item : FileItems)
-    bytes += item.Bytes();
-  return bytes;
+const BlockPlace& ShapeOf(ImageBlock block) {
+  return *std::ranges::find(RecordMap, block, &BlockPlace::block);
 }
-static_assert(BytesOfAllItems() == DataFileBytes);
 
-constexpr bool ShapesAreTheImages() {
-  return std::all_of(FileItems.begin(), FileItems.end(), [](const FileItem& item) {
-    return !item.block || std::any_of(RecordMap.begin(), RecordMap.end(), [&](const BlockPlace& place) {
-      return place.block == *item.block && place.rows == item.rows && place.columns == item.columns;
-    });
-  });
-}
-static_assert(ShapesAreTheImages());
-
-// Calls copy(index in the block, index in the file item) for every element.
+// Calls copy(index in the block, index in the file item) for every element: a file stores a block column by column.
 template<typename Copy>
-void ForEachElement(const FileItem& shape, Copy copy) {
+void ForEachElement(const BlockPlace& shape, Copy copy) {
   for (std::size_t row = 0; row < shape.rows; ++row)
     for (std::size_t column = 0; column < shape.columns; ++column)
-      copy(row * shape.columns + column, SerialPosition(row, column, shape.rows));
+      copy(row * shape.columns + column, row + shape.rows * column);
 }
 
-bool HasShape(const TaggedItem& item, const FileItem& shape) {
-  if (item.tag != ItemTag::ByteArray || item.DimensionCount() != shape.DimensionCount()) return false;
-  for (std::size_t i = 0; i < shape.DimensionCount(); ++i)
-    if (item.Dimension(i) != shape.Dimensions()[i]) return false;
-  return true;
-}
-
-bool StoreItem(const TaggedItem& item, const FileItem& shape, RadioImage& image) {
-  if (!shape.block) {
-    if (item.tag != ItemTag::Integer) return false;
+bool StoreItem(const TaggedItem& item, std::optional<ImageBlock> block, RadioImage& image) {
+  if (item.tag != (block ? ItemTag::ByteArray : ItemTag::Integer)) return false;
+  if (!block) {
     image.FiveToneStandard = item.integer;
     return true;
   }
-  if (!HasShape(item, shape)) return false;
-  const auto bytes = BlockBytes(image, *shape.block);
-  ForEachElement(shape, [&](std::size_t inBlock, std::size_t inFile) { bytes[inBlock] = item.content[inFile]; });
+  const BlockPlace& shape = ShapeOf(*block);
+  ItemBytes dimensions;
+  AppendDimensions(dimensions, shape.rows, shape.columns);
+  if (!std::ranges::equal(item.dimensions, dimensions)) return false;
+  const auto bytes = BlockBytes(image, *block);
+  ForEachElement(shape, [&](std::size_t inBlock, std::size_t inFile) { bytes[inBlock] = item.elements[inFile]; });
   return true;
 }
 
@@ -96,12 +67,12 @@ void ClearEmergencyAni(RadioImage& image) {
 }
 
 LoadOutcome ReadBlocks(ItemReader& reader, int version, RadioImage& image) {
-  for (const FileItem& shape : FileItems) {
+  for (const std::optional<ImageBlock> block : FileItems) {
     const auto item = reader.Next();
     if (!item) return LoadOutcome::Damaged;
-    if (version == 0 && shape.block == ImageBlock::EmergencyAniBlock)
+    if (version == 0 && block == ImageBlock::EmergencyAniBlock)
       ClearEmergencyAni(image);
-    else if (!StoreItem(*item, shape, image))
+    else if (!StoreItem(*item, block, image))
       return LoadOutcome::Damaged;
   }
   return LoadOutcome::Loaded;
@@ -109,20 +80,24 @@ LoadOutcome ReadBlocks(ItemReader& reader, int version, RadioImage& image) {
 
 } // namespace
 
-std::array<std::uint8_t, DataFileBytes> BuildDataFile(const RadioImage& image) {
-  std::array<std::uint8_t, DataFileBytes> file{};
-  ItemWriter writer(file);
-  writer.PutText(HeaderVersion1);
-  writer.PutEmpty(); // the format marker
-  for (const FileItem& shape : FileItems) {
-    if (!shape.block) {
-      writer.PutInteger(image.FiveToneStandard);
+std::vector<std::uint8_t> BuildDataFile(const RadioImage& image) {
+  ItemBytes file;
+  file.reserve(DataFileBytes);
+  AppendText(file, HeaderVersion1);
+  AppendNumber(file, static_cast<std::uint16_t>(ItemTag::Empty), 2); // the format marker
+  for (const std::optional<ImageBlock> block : FileItems) {
+    AppendNumber(file, static_cast<std::uint16_t>(block ? ItemTag::ByteArray : ItemTag::Integer), 2);
+    if (!block) {
+      AppendNumber(file, static_cast<std::uint16_t>(image.FiveToneStandard), 2);
       continue;
     }
-    const auto dimensions = shape.Dimensions();
-    const auto elements = writer.PutArray(std::span(dimensions).first(shape.DimensionCount()));
-    const auto bytes = BlockBytes(image, *shape.block);
-    ForEachElement(shape, [&](std::size_t inBlock, std::size_t inFile) { elements[inFile] = bytes[inBlock]; });
+    const BlockPlace& shape = ShapeOf(*block);
+    AppendNumber(file, shape.rows > 1 ? 2 : 1, 2);
+    AppendDimensions(file, shape.rows, shape.columns);
+    const auto bytes = BlockBytes(image, *block);
+    const std::size_t elements = file.size();
+    file.resize(elements + bytes.size());
+    ForEachElement(shape, [&](std::size_t inBlock, std::size_t inFile) { file[elements + inFile] = bytes[inBlock]; });
   }
   return file;
 }
@@ -131,9 +106,9 @@ LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image)
   ItemReader reader(bytes);
   const auto header = reader.Next();
   if (!header) return {LoadOutcome::Damaged};
-  const bool isVersion1 = header->IsText(HeaderVersion1);
-  if (!isVersion1 && !header->IsText(HeaderVersion0))
-    return {header->IsTextStartingWith(HeaderOfSeries) ? LoadOutcome::LaterVersion : LoadOutcome::ErrorVersion};
+  const bool isVersion1 = header->text == HeaderVersion1;
+  if (!isVersion1 && header->text != HeaderVersion0)
+    return {header->text.starts_with(HeaderOfSeries) ? LoadOutcome::LaterVersion : LoadOutcome::ErrorVersion};
 
   const auto marker = reader.Next();
   if (!marker) return {LoadOutcome::Damaged};

@@ -1,11 +1,11 @@
 // Data files: the part of a radio image that is kept on disk. Writes version 1 of the layout, reads versions 0 and 1.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "file_system.h"
 #include "radio_image.h"
@@ -30,7 +30,7 @@ struct LoadResult {
   bool operator==(const LoadResult&) const = default;
 };
 
-[[nodiscard]] std::array<std::uint8_t, DataFileBytes> BuildDataFile(const RadioImage& image);
+[[nodiscard]] std::vector<std::uint8_t> BuildDataFile(const RadioImage& image);
 
 // Blocks before a damaged item get the file's values. Blocks that no file holds stay as they are.
 [[nodiscard]] LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image);

@@ -1,14 +1,101 @@
 #include "profile.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "file_access.h"
-#include "ini_text.h"
 
 namespace mr4500x {
 namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view PlatformLineEnd = "\n";
+// Includes 0x00, which a value cannot hold either.
+constexpr std::string_view LineBreaks("\r\n\0", 3);
+
+char LowerAscii(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+bool SameName(std::string_view a, std::string_view b) {
+  a = Trimmed(a);
+  b = Trimmed(b);
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+}
+
+struct Line {
+  std::size_t begin, end; // without the line break
+  std::size_t next;
+};
+
+Line LineAt(std::string_view text, std::size_t begin) {
+  const auto end = std::min(text.find('\n', begin), text.size());
+  return {begin, end > begin && text[end - 1] == '\r' ? end - 1 : end, std::min(end + 1, text.size())};
+}
+
+std::optional<std::string_view> SectionName(std::string_view content) {
+  const auto close = content.find(']');
+  if (!content.starts_with('[') || close == std::string_view::npos) return std::nullopt;
+  return content.substr(1, close - 1);
+}
+
+// Where a key is, or where to add it.
+struct Place {
+  std::optional<std::size_t> sectionEnd; // after the last line of the section (the first so named) that is not blank
+  bool hasKey = false;
+  std::size_t valueBegin = 0, valueEnd = 0; // without the blanks after '='
+};
+
+Place FindPlace(std::string_view text, std::string_view section, std::string_view key) {
+  Place place;
+  bool isInside = false, isInFirst = false;
+  Line line{};
+  for (std::size_t at = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0; at < text.size(); at = line.next) {
+    line = LineAt(text, at);
+    const auto content = Trimmed(text.substr(line.begin, line.end - line.begin));
+    if (const auto name = SectionName(content)) {
+      isInside = SameName(*name, section);
+      isInFirst = isInside && !place.sectionEnd;
+    }
+    if (isInFirst && !content.empty()) place.sectionEnd = line.next;
+    const auto equals = content.find('=');
+    if (!isInside || content.starts_with(';') || content.starts_with('[') || equals == std::string_view::npos ||
+        !SameName(content.substr(0, equals), key))
+      continue;
+    const auto value = text.find_first_not_of(Blanks, text.find('=', line.begin) + 1);
+    place.hasKey = true;
+    place.valueBegin = std::min(value, line.end);
+    place.valueEnd = line.end;
+    return place;
+  }
+  return place;
+}
+
+bool IsQuoted(std::string_view value) {
+  return value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+}
+
+std::string ValueText(std::string_view value) {
+  std::string text(value);
+  for (char& character : text)
+    if (LineBreaks.find(character) != std::string_view::npos) character = ' ';
+  return IsQuoted(text) || Trimmed(text).size() != text.size() ? '"' + text + '"' : text;
+}
+
+bool AreNames(std::string_view section, std::string_view key) {
+  key = Trimmed(key);
+  return section.find_first_of(LineBreaks) == std::string_view::npos && section.find(']') == std::string_view::npos &&
+         key.find_first_of(LineBreaks) == std::string_view::npos && key.find('=') == std::string_view::npos &&
+         !key.empty() && !key.starts_with('[') && !key.starts_with(';');
+}
+
+std::string_view LineEndOf(std::string_view text) {
+  const Line first = LineAt(text, 0);
+  if (first.next == first.end) return PlatformLineEnd;
+  return first.next - first.end == 2 ? "\r\n" : "\n";
+}
 
 ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& text) {
   std::vector<std::uint8_t> bytes;
@@ -29,6 +116,35 @@ std::string_view CutBetweenCharacters(std::string_view text) {
 
 } // namespace
 
+std::string_view Trimmed(std::string_view text, std::string_view blanks) {
+  const auto begin = text.find_first_not_of(blanks);
+  return begin == std::string_view::npos ? "" : text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
+}
+
+std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section, std::string_view key) {
+  const Place place = FindPlace(text, section, key);
+  if (!place.hasKey) return std::nullopt;
+  const auto value = Trimmed(text.substr(place.valueBegin, place.valueEnd - place.valueBegin));
+  return IsQuoted(value) ? value.substr(1, value.size() - 2) : value;
+}
+
+bool SetIniValue(std::string& text, std::string_view section, std::string_view key, std::string_view value) {
+  if (!AreNames(section, key)) return false;
+  const Place place = FindPlace(text, section, key);
+  if (place.hasKey) {
+    text.replace(place.valueBegin, place.valueEnd - place.valueBegin, ValueText(value));
+    return true;
+  }
+  const std::string lineEnd(LineEndOf(text));
+  std::string added;
+  const std::size_t at = place.sectionEnd.value_or(text.size());
+  if (at > 0 && text[at - 1] != '\n' && text != ByteOrderMark) added += text[at - 1] == '\r' ? "\n" : lineEnd;
+  if (!place.sectionEnd) added.append("[").append(section).append("]").append(lineEnd);
+  added.append(key).append("=").append(ValueText(value)).append(lineEnd);
+  text.insert(at, added);
+  return true;
+}
+
 std::string ProfileText(FileSystem& files, const std::string& file) {
   std::string text;
   return ReadText(files, file, text) == ReadOutcome::Read ? text : std::string();
@@ -37,11 +153,6 @@ std::string ProfileText(FileSystem& files, const std::string& file) {
 std::string ProfileString(std::string_view profileText, std::string_view section, std::string_view key,
                           std::string_view defaultText) {
   return std::string(CutBetweenCharacters(FindIniValue(profileText, section, key).value_or(defaultText)));
-}
-
-std::string ReadProfileString(FileSystem& files, const std::string& file, std::string_view section,
-                              std::string_view key, std::string_view defaultText) {
-  return ProfileString(ProfileText(files, file), section, key, defaultText);
 }
 
 bool WriteProfileStrings(FileSystem& files, const std::string& file, std::span<const ProfileValue> values) {

@@ -1,7 +1,9 @@
-// Values of an INI file. The file is read again each time, since another program may have changed it.
+// Values of an INI file in UTF-8. Section and key names ignore the case of ASCII letters; all other lines stay as they
+// are. The file is read again each time, since another program may have changed it.
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,14 +15,26 @@ namespace mr4500x {
 inline constexpr std::size_t ProfileStringBytes = 255; // the longest value that a read returns
 inline constexpr std::size_t ProfileFileLimit = std::size_t{1} << 20;
 
+inline constexpr std::string_view Blanks = " \t";
+[[nodiscard]] std::string_view Trimmed(std::string_view text, std::string_view blanks = Blanks);
+
+// The value without surrounding blanks and one pair of quotes; nullopt if there is no such key. If a section or key
+// appears more than once, the first one found counts.
+[[nodiscard]] std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section,
+                                                           std::string_view key);
+
+// Changes the key's line, or adds it at the end of its section, or adds the section at the end of the text. Quotes a
+// value that would not be read back as it is; line breaks become blanks. False, with no change, for names that an INI
+// file can't hold.
+[[nodiscard]] bool SetIniValue(std::string& text, std::string_view section, std::string_view key,
+                               std::string_view value);
+
 // The whole file; empty if it is missing, can't be read or reaches the limit.
 [[nodiscard]] std::string ProfileText(FileSystem& files, const std::string& file);
 
 // The value or the default, cut to ProfileStringBytes without splitting a character.
 [[nodiscard]] std::string ProfileString(std::string_view profileText, std::string_view section, std::string_view key,
                                         std::string_view defaultText);
-[[nodiscard]] std::string ReadProfileString(FileSystem& files, const std::string& file, std::string_view section,
-                                            std::string_view key, std::string_view defaultText);
 
 struct ProfileValue {
   std::string section, key, value;

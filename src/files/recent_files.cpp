@@ -62,16 +62,11 @@ std::uint32_t LowerCase(std::uint32_t point) {
   return point;
 }
 
-std::string_view WithoutBlanks(std::string_view path) {
-  const auto begin = path.find_first_not_of(' ');
-  return begin == std::string_view::npos ? "" : path.substr(begin, path.find_last_not_of(' ') - begin + 1);
-}
-
 } // namespace
 
 bool IsSamePath(std::string_view a, std::string_view b) {
-  a = WithoutBlanks(a);
-  b = WithoutBlanks(b);
+  a = Trimmed(a, " ");
+  b = Trimmed(b, " ");
   while (!a.empty() && !b.empty())
     if (LowerCase(TakeCodePoint(a)) != LowerCase(TakeCodePoint(b))) return false;
   return a.empty() && b.empty();

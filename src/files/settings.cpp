@@ -5,7 +5,6 @@
 #include <cmath>
 #include <string_view>
 
-#include "ini_text.h"
 #include "profile.h"
 
 namespace mr4500x {
@@ -47,9 +46,9 @@ std::string SettingsFilePath(FileSystem& files, const std::string& programFolder
 }
 
 int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
-  const std::string text = ReadProfileString(files, settingsFile, PortSection, PortKey, NoPort);
+  const std::string text = ProfileString(ProfileText(files, settingsFile), PortSection, PortKey, NoPort);
   if (text.empty() || text.starts_with(NoPort)) return LowestPort;
-  const double port = std::clamp<double>(NumericValue(TrimBlanks(text)), LowestPort, HighestPort);
+  const double port = std::clamp<double>(NumericValue(Trimmed(text)), LowestPort, HighestPort);
   return static_cast<int>(std::nearbyint(port)); // in the default rounding mode: half to even
 }
 

@@ -13,39 +13,19 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace mr4500x {
 
 enum class ItemTag : std::uint16_t { Empty = 0x0000, Integer = 0x0002, Text = 0x0008, ByteArray = 0x2011 };
 
-inline constexpr std::size_t TagBytes = 2;
-inline constexpr std::size_t IntegerItemBytes = TagBytes + 2;
-inline constexpr std::size_t DimensionBytes = 8;
-
-constexpr std::size_t TextItemBytes(std::size_t length) {
-  return TagBytes + 2 + length;
-}
-constexpr std::size_t ArrayItemBytes(std::size_t dimensions, std::size_t elements) {
-  return TagBytes + 2 + dimensions * DimensionBytes + elements;
-}
-
-struct ItemDimension {
-  std::uint32_t count;
-  std::uint32_t lowerBound;
-  bool operator==(const ItemDimension&) const = default;
-};
-
 // The spans point into the bytes that the item was read from.
 struct TaggedItem {
   ItemTag tag = ItemTag::Empty;
   std::int16_t integer = 0;
-  std::span<const std::uint8_t> dimensions; // of an array, as stored
-  std::span<const std::uint8_t> content;    // the characters of a text or the elements of an array
-
-  [[nodiscard]] bool IsText(std::string_view text) const;
-  [[nodiscard]] bool IsTextStartingWith(std::string_view text) const;
-  [[nodiscard]] std::size_t DimensionCount() const { return dimensions.size() / DimensionBytes; }
-  [[nodiscard]] ItemDimension Dimension(std::size_t index) const;
+  std::span<const std::uint8_t> dimensions{}; // of an array, as stored
+  std::span<const std::uint8_t> elements{};   // of an array
+  std::string_view text{};
 };
 
 class ItemReader {
@@ -63,22 +43,11 @@ private:
   std::span<const std::uint8_t> m_rest;
 };
 
-// The caller provides a buffer that is large enough.
-class ItemWriter {
-public:
-  explicit ItemWriter(std::span<std::uint8_t> bytes) : m_rest(bytes) {}
+using ItemBytes = std::vector<std::uint8_t>;
 
-  void PutEmpty() { PutNumber(static_cast<std::uint16_t>(ItemTag::Empty), 2); }
-  void PutInteger(std::int16_t value);
-  void PutText(std::string_view text);
-  // Returns the elements, for the caller to fill.
-  [[nodiscard]] std::span<std::uint8_t> PutArray(std::span<const ItemDimension> dimensions);
-
-private:
-  [[nodiscard]] std::span<std::uint8_t> Advance(std::size_t count);
-  void PutNumber(std::uint32_t value, std::size_t bytes);
-
-  std::span<std::uint8_t> m_rest;
-};
+void AppendNumber(ItemBytes& file, std::uint32_t value, std::size_t bytes);
+void AppendText(ItemBytes& file, std::string_view text);
+// The stored form of an array's dimensions, with the lower bound 0. One of a single row has one dimension.
+void AppendDimensions(ItemBytes& file, std::uint32_t rows, std::uint32_t columns);
 
 } // namespace mr4500x

@@ -6,7 +6,7 @@
 #include "signaling.h"
 #include "tone_codes.h"
 
-#include <optional>
+#include <algorithm>
 
 namespace mr4500x {
 namespace {
@@ -56,8 +56,9 @@ void ReadSide(const RadioImage& image, std::size_t channel, const Side& side, co
   const ConstRecord record = image.ChannelBlock.Row(channel);
   const std::uint8_t flags = record[side.flags];
   const int stepCode = flags & StepCodeMask;
-  shown[side.freq] = FrequencyText(ReadCount(record, side.count), stepCode, texts.decimalSeparator);
-  shown[side.step] = StepText(stepCode, texts.decimalSeparator);
+  const std::int64_t frequency = std::int64_t{ReadCount(record, side.count)} * StepUnit(stepCode);
+  shown[side.freq] = FormatDecimal(frequency, 3, 5, texts.decimalSeparator);
+  shown[side.step] = StepText(stepCode, texts);
   shown[side.tone] = ToneText({flags, record[side.toneCode], record[side.toneCode + 1]}, texts);
   shown[side.selCall] = SelCallText(image, channel, side.direction);
 }
@@ -66,7 +67,7 @@ void CollectSide(RadioImage& image, std::size_t channel, const Side& side, bool 
                  const FieldTexts& texts) {
   const Record record = image.ChannelBlock.Row(channel);
   std::uint8_t& flags = record[side.flags];
-  const int stepCode = StepCode(shown[side.step], texts.decimalSeparator).value_or(flags & StepCodeMask);
+  const int stepCode = StepCode(shown[side.step], texts).value_or(flags & StepCodeMask);
   flags = static_cast<std::uint8_t>((flags & KeptFlags) | (marked ? InUseBit : 0) | stepCode);
   const std::optional<Decimal> megahertz = ParseDecimal(shown[side.freq], texts.decimalSeparator);
   if (megahertz && megahertz->digits >= 0 && StepUnit(stepCode) > 0) {
@@ -93,26 +94,27 @@ int StepUnit(int stepCode) {
   return units[static_cast<std::size_t>(stepCode & StepCodeMask)];
 }
 
-std::string StepText(int stepCode, char decimalSeparator) {
-  return stepCode == 0 ? FormatDecimal(25, 1, 1, decimalSeparator) : FormatDecimal(625, 1, 2, decimalSeparator);
+std::string StepText(int stepCode, const FieldTexts& texts) {
+  return texts.StepTexts[stepCode == 0 ? 0 : 1];
 }
 
-std::optional<int> StepCode(std::string_view text, char decimalSeparator) {
+std::optional<int> StepCode(std::string_view text, const FieldTexts& texts) {
   for (const int code : {0, 1})
-    if (text == StepText(code, decimalSeparator)) return code;
+    if (text == StepText(code, texts)) return code;
   return std::nullopt;
 }
 
-std::string FrequencyText(std::uint32_t count, int stepCode, char decimalSeparator) {
-  return FormatDecimal(std::int64_t{count} * StepUnit(stepCode), 3, 5, decimalSeparator);
-}
-
-ChannelRecord DefaultChannelRecord(int lowerLimit) {
-  const auto count = static_cast<std::uint32_t>(RoundHalfEven(std::int64_t{lowerLimit} * 100'000, StepUnit(1)));
-  const auto low = static_cast<std::uint8_t>(count & 0xFF);
-  const auto middle = static_cast<std::uint8_t>((count >> 8) & 0xFF);
-  const auto high = static_cast<std::uint8_t>((count >> 16) & 0xFF);
-  return {0x01, low, middle, high, 0x00, 0x00, 0x81, low, middle, high, 0x00, 0x00, 0xA8, 0x00, 0x00, 0x00};
+void ResetChannels(RadioImage& image) {
+  const std::int64_t lowerLimit = LowerBandLimit(image.BandBlock);
+  const auto count = static_cast<std::uint32_t>(RoundHalfEven(lowerLimit * 100'000, StepUnit(1)));
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+    const Record record = image.ChannelBlock.Row(channel);
+    constexpr std::array<std::uint8_t, 16> unused = {0x01, 0, 0, 0, 0, 0, 0x81, 0, 0, 0, 0, 0, 0xA8};
+    std::ranges::copy(unused, record.begin());
+    WriteCount(record, Receive.count, count);
+    WriteCount(record, Transmit.count, count);
+  }
+  image.ChannelBlock(0, Receive.flags) |= InUseBit;
 }
 
 ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const FieldTexts& texts) {

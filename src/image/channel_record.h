@@ -12,8 +12,8 @@
 //   13-15 receive TTS entry, transmit TTS entry, TTS group call
 #pragma once
 
-#include "field_texts.h"
 #include "radio_image.h"
+#include "tone_codes.h"
 
 #include <array>
 #include <cstdint>
@@ -22,8 +22,6 @@
 #include <string_view>
 
 namespace mr4500x {
-
-using ChannelRecord = std::array<std::uint8_t, 16>;
 
 // In the order of the channel grid.
 // clang-format off
@@ -46,18 +44,16 @@ struct ChannelTexts {
 };
 
 // "2.5" for code 0, "6.25" for code 1. Codes 2 and 3, which only a radio can bring, count 0 kHz and read as "6.25".
-[[nodiscard]] std::string StepText(int stepCode, char decimalSeparator);
+[[nodiscard]] std::string StepText(int stepCode, const FieldTexts& texts);
 // 0 or 1; nullopt for any other text.
-[[nodiscard]] std::optional<int> StepCode(std::string_view text, char decimalSeparator);
+[[nodiscard]] std::optional<int> StepCode(std::string_view text, const FieldTexts& texts);
 
 // The step in tens of Hz: 250 or 625, or 0 for codes 2 and 3.
 [[nodiscard]] int StepUnit(int stepCode);
 
-// The frequency of a count of steps, in MHz as "000.00000".
-[[nodiscard]] std::string FrequencyText(std::uint32_t count, int stepCode, char decimalSeparator);
-
-// A channel that is not in use, at the lower band limit (whole MHz), with 6.25 kHz steps and transmit allowed.
-[[nodiscard]] ChannelRecord DefaultChannelRecord(int lowerLimit);
+// Sets all channels to the default record: not in use but for channel 1, at the lower limit of BandBlock with 6.25 kHz
+// steps, transmit allowed.
+void ResetChannels(RadioImage& image);
 
 // `channel` is 0 to 15. Selective calls read by the image's own SelcallMode, here and below.
 [[nodiscard]] ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const FieldTexts& texts);

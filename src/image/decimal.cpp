@@ -1,18 +1,14 @@
 #include "decimal.h"
 
 #include <algorithm>
-#include <array>
 
 namespace mr4500x {
 namespace {
 
 constexpr int MostParsedDigits = 12; // 10^12 x 10^5 stays within 64 bits
-constexpr std::array<std::int64_t, MostParsedDigits + 1> PowersOfTen = {
-    1,          10,          100,           1'000,          10'000,          100'000,          1'000'000,
-    10'000'000, 100'000'000, 1'000'000'000, 10'000'000'000, 100'000'000'000, 1'000'000'000'000};
 
 std::int64_t PowerOfTen(int exponent) {
-  return PowersOfTen[static_cast<std::size_t>(exponent)];
+  return exponent == 0 ? 1 : 10 * PowerOfTen(exponent - 1);
 }
 
 std::string_view Trimmed(std::string_view text) {

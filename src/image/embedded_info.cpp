@@ -2,7 +2,22 @@
 
 #include "function_settings.h"
 
+#include <algorithm>
+
 namespace mr4500x {
+namespace {
+
+constexpr std::u16string_view LineEnd = u"\r\n";
+constexpr std::u16string_view LineEnds = u"\r\n\u2028\u2029";
+
+// Between the halves of a surrogate pair or of a line end.
+bool IsInsideCharacter(std::u16string_view text, std::size_t position) {
+  if (position == 0 || position >= text.size()) return false;
+  const char16_t before = text[position - 1], after = text[position];
+  return ((before & 0xFC00) == 0xD800 && (after & 0xFC00) == 0xDC00) || (before == u'\r' && after == u'\n');
+}
+
+} // namespace
 
 std::u16string EmbeddedText(const EmbeddedInfo& block) {
   std::u16string text;
@@ -22,6 +37,41 @@ bool StoreEmbeddedText(EmbeddedInfo& block, std::u16string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     block.bytes[2 * i] = static_cast<std::uint8_t>(text[i] & 0xFF);
     block.bytes[2 * i + 1] = static_cast<std::uint8_t>(text[i] >> 8);
+  }
+  return true;
+}
+
+std::u16string TextToStore(std::u16string_view shown) {
+  std::u16string stored;
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    if (shown.substr(i, LineEnd.size()) == LineEnd) ++i;
+    if (LineEnds.find(shown[i]) != LineEnds.npos)
+      stored += LineEnd;
+    else if (shown[i] != u'\0')
+      stored += shown[i];
+  }
+  return stored;
+}
+
+std::size_t ShownLength(std::u16string_view stored) {
+  return stored.size() - static_cast<std::size_t>(std::count(stored.begin(), stored.end(), u'\n'));
+}
+
+bool CutToTopSize(EmbeddedEntry& entry) {
+  auto& [text, caret] = entry;
+  if (text.size() <= MostEmbeddedCharacters) return false;
+  if (caret > 0) {
+    std::size_t first = caret - 1, last = caret;
+    if (IsInsideCharacter(text, first)) --first;
+    if (IsInsideCharacter(text, last)) ++last;
+    text.erase(first, last - first);
+    caret = first;
+  }
+  if (text.size() > MostEmbeddedCharacters) {
+    std::size_t end = MostEmbeddedCharacters;
+    if (IsInsideCharacter(text, end)) --end;
+    text.resize(end);
+    caret = std::min(caret, end);
   }
   return true;
 }

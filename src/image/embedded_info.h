@@ -1,4 +1,5 @@
-// The embedded information, a short text in 16-bit units with the low byte first, and the last programming time.
+// The embedded information, a short text in 16-bit units with the low byte first, its limit in the box that edits it,
+// and the last programming time.
 #pragma once
 
 #include "radio_image.h"
@@ -8,7 +9,7 @@
 
 namespace mr4500x {
 
-inline constexpr std::size_t MostEmbeddedCharacters = 119;
+inline constexpr std::size_t MostEmbeddedCharacters = 119; // 16-bit units; a line end counts as two
 
 // One character per byte pair. A block read from a radio gives 120 characters, padded with zero characters.
 [[nodiscard]] std::u16string EmbeddedText(const EmbeddedInfo& block);
@@ -18,6 +19,21 @@ inline constexpr std::size_t MostEmbeddedCharacters = 119;
 
 // False, with the block unchanged, for a text of more than 119 characters.
 [[nodiscard]] bool StoreEmbeddedText(EmbeddedInfo& block, std::u16string_view text);
+
+// The text of a box as it is stored: every kind of line end becomes carriage return and line feed, and zero characters,
+// which would end the text, are left out.
+[[nodiscard]] std::u16string TextToStore(std::u16string_view shown);
+// The length of a stored text in the box, where a line end is one character.
+[[nodiscard]] std::size_t ShownLength(std::u16string_view stored);
+
+struct EmbeddedEntry {
+  std::u16string text; // as it is stored
+  std::size_t caret = 0;
+  bool operator==(const EmbeddedEntry&) const = default;
+};
+// Cuts a text of more than 119 units: removes the character before the caret, then whatever is still beyond the limit.
+// Removes a surrogate pair or line end as a whole. False, with no change, for a text within the limit.
+bool CutToTopSize(EmbeddedEntry& entry);
 
 // The write stamp in the form "2004-11-04, 09:30:15", in UTF-8.
 [[nodiscard]] std::string LastProgrammingTime(const RadioImage& image);

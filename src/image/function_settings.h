@@ -82,7 +82,6 @@ inline constexpr std::uint8_t KeySpecialBit = 0x40; // the key's special functio
 inline constexpr std::uint8_t KeyCodeMask = 0x0F;   // 3 Scan … 10 GroupCall
 inline constexpr std::uint8_t TalkAroundKey = 0x86;
 inline constexpr std::uint8_t ReverseKey = 0x87;
-inline constexpr std::uint8_t MonitorKey = 0xC0;              // Short B, Short C
 inline constexpr std::uint8_t EmergencyAlertKey = 0xC1;       // Short A
 inline constexpr std::uint8_t CancelEmergencyAlertKey = 0xC2; // Long A
 

@@ -1,7 +1,6 @@
 #include "radio_image.h"
 
 #include "channel_record.h"
-#include "function_settings.h"
 #include "signaling.h"
 
 #include <algorithm>
@@ -73,13 +72,6 @@ void ResetToDefaults(RadioImage& image, const LocalTime& now) {
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
   Stamp(image, now);
   image.EmbeddedInfoBlock = {.bytes = {}, .length = 0};
-}
-
-void ResetChannels(RadioImage& image) {
-  const ChannelRecord record = DefaultChannelRecord(LowerBandLimit(image.BandBlock));
-  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
-    std::copy(record.begin(), record.end(), image.ChannelBlock.Row(channel).begin());
-  image.ChannelBlock(0, 0) = 0x81;
 }
 
 void ClearForReading(RadioImage& image) {

@@ -102,11 +102,6 @@ inline constexpr std::array<BlockPlace, 14> RecordMap = {{
 }};
 // clang-format on
 
-// The index of element (row, column) in a data file, which stores a block column by column.
-constexpr std::size_t SerialPosition(std::size_t row, std::size_t column, std::size_t rows) {
-  return row + rows * column;
-}
-
 // A block's bytes in the order of radio memory; of EmbeddedInfoBlock only its current length.
 [[nodiscard]] std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block);
 [[nodiscard]] std::span<const std::uint8_t> BlockBytes(const RadioImage& image, ImageBlock block);
@@ -114,9 +109,6 @@ constexpr std::size_t SerialPosition(std::size_t row, std::size_t column, std::s
 // Sets every block to its defaults. RadioIdBlock, FirmwareVersionBlock, SelCallCodeBlock, PatrolWorkBlock and bytes
 // without a default keep their values.
 void ResetToDefaults(RadioImage& image, const LocalTime& now);
-
-// Sets all channels to the default record at the lower limit of BandBlock, and channel 1 in use.
-void ResetChannels(RadioImage& image);
 
 // Before a read: sets every block except PatrolWorkBlock and WriteStampBlock to 0x00, EmbeddedInfoBlock with 240 bytes.
 void ClearForReading(RadioImage& image);

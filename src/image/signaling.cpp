@@ -3,7 +3,6 @@
 #include "block_field.h"
 #include "decimal.h"
 #include "function_settings.h"
-#include "hex_digit.h"
 
 #include <algorithm>
 
@@ -39,11 +38,8 @@ const SelCallPlace& PlaceOf(Direction direction) {
   return SelCallPlaces[static_cast<std::size_t>(direction)];
 }
 
-std::span<std::uint8_t> CodeOf(RadioImage& image, std::size_t channel) {
-  return std::span(image.SelCallCodeBlock.bytes).subspan(channel * CodeBytes, CodeBytes);
-}
-
-std::span<const std::uint8_t> CodeOf(const RadioImage& image, std::size_t channel) {
+// Of an image or a constant image.
+auto CodeOf(auto& image, std::size_t channel) {
   return std::span(image.SelCallCodeBlock.bytes).subspan(channel * CodeBytes, CodeBytes);
 }
 
@@ -57,16 +53,8 @@ std::uint16_t ReadFrequency(const RadioImage& image, std::size_t position) {
                                     256 * image.ToneFrequencyBlock[2 * position + 1]);
 }
 
-// The five hexadecimal digits after a prefix; nullopt for any other text.
-std::optional<std::array<std::uint8_t, CodeDigits>> CodeAfter(std::string_view text, std::string_view prefix) {
-  if (!text.starts_with(prefix) || text.size() != prefix.size() + CodeDigits) return std::nullopt;
-  std::array<std::uint8_t, CodeDigits> digits{};
-  for (std::size_t i = 0; i < CodeDigits; ++i) {
-    const std::optional<std::uint8_t> digit = HexValue(text[prefix.size() + i]);
-    if (!digit) return std::nullopt;
-    digits[i] = *digit;
-  }
-  return digits;
+auto TimesOf(auto& image, std::size_t entry) {
+  return std::span(image.TtsTimingBlock.bytes).subspan(4 * (entry - 1), 4);
 }
 
 } // namespace
@@ -93,7 +81,7 @@ void ApplySelCallText(RadioImage& image, std::size_t channel, Direction directio
     turnOn(false, 0);
   } else if (IsTtsMode(image)) {
     if (const auto entry = ByteAfter(text, TtsPrefix)) turnOn(true, *entry);
-  } else if (const auto digits = CodeAfter(text, FiveTonePrefix)) {
+  } else if (const auto digits = HexDigitsAfter<CodeDigits>(text, FiveTonePrefix)) {
     turnOn(true, 0);
     for (std::size_t i = 0; i < CodeDigits; ++i)
       WriteField(CodeOf(image, channel), place.digits[i], (*digits)[i]);
@@ -130,27 +118,16 @@ void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view
 }
 
 TtsEntry ReadTtsEntry(const RadioImage& image, std::size_t entry) {
-  const std::size_t e = entry - 1;
-  const auto& times = image.TtsTimingBlock.bytes;
-  return {ReadFrequency(image, 2 * e),
-          ReadFrequency(image, 2 * e + 1),
-          times[4 * e],
-          times[4 * e + 1],
-          times[4 * e + 2],
-          times[4 * e + 3]};
+  const std::size_t tone = 2 * (entry - 1);
+  TtsEntry read{{ReadFrequency(image, tone), ReadFrequency(image, tone + 1)}, {}};
+  std::ranges::copy(TimesOf(image, entry), read.times.begin());
+  return read;
 }
 
-void WriteTtsFrequencies(RadioImage& image, std::size_t entry, std::uint16_t toneA, std::uint16_t toneB) {
-  WriteFrequency(image, 2 * (entry - 1), toneA);
-  WriteFrequency(image, 2 * (entry - 1) + 1, toneB);
-}
-
-void WriteTtsTimes(RadioImage& image, std::size_t entry, const TtsEntry& times) {
-  std::uint8_t* const at = image.TtsTimingBlock.bytes.data() + 4 * (entry - 1);
-  at[0] = times.toneADuration;
-  at[1] = times.toneBDuration;
-  at[2] = times.gap;
-  at[3] = times.groupCallDuration;
+void WriteTtsEntry(RadioImage& image, std::size_t entry, const TtsEntry& values) {
+  for (std::size_t i = 0; i < values.tones.size(); ++i)
+    WriteFrequency(image, 2 * (entry - 1) + i, values.tones[i]);
+  std::ranges::copy(values.times, TimesOf(image, entry).begin());
 }
 
 std::string TtsTimeText(std::uint8_t tenths, char decimalSeparator) {
@@ -159,10 +136,8 @@ std::string TtsTimeText(std::uint8_t tenths, char decimalSeparator) {
 
 std::optional<std::uint8_t> TtsTime(std::string_view text, char decimalSeparator) {
   const std::optional<Decimal> seconds = ParseDecimal(text, decimalSeparator);
-  if (!seconds) return std::nullopt;
-  const std::int64_t tenths = CountOfUnits(*seconds, 1, 1);
-  if (tenths < 0 || tenths > 0xFF) return std::nullopt;
-  return static_cast<std::uint8_t>(tenths);
+  const std::int64_t tenths = seconds ? CountOfUnits(*seconds, 1, 1) : -1;
+  return tenths >= 0 && tenths <= 0xFF ? std::optional(static_cast<std::uint8_t>(tenths)) : std::nullopt;
 }
 
 bool ApplyStandard(RadioImage& image, int standard) {
@@ -176,11 +151,8 @@ bool ApplyStandard(RadioImage& image, int standard) {
 }
 
 void LoadTtsDefaults(RadioImage& image) {
-  for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry) {
-    const TtsEntry& row = TtsDefaultTable[entry - 1];
-    WriteTtsFrequencies(image, entry, row.toneA, row.toneB);
-    WriteTtsTimes(image, entry, row);
-  }
+  for (std::size_t entry = 1; entry <= TtsEntryCount; ++entry)
+    WriteTtsEntry(image, entry, TtsDefaultTable[entry - 1]);
   image.ResetTimeBlock[ToneLengthByte] = 1;
   image.ResetTimeBlock[StandardByte] = 1;
 }

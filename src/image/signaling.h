@@ -29,23 +29,22 @@ inline constexpr std::size_t ResetTimeByte = 0; // seconds, 0 for OFF
 inline constexpr std::size_t ToneLengthByte = 1;
 inline constexpr std::size_t StandardByte = 2;
 
-// One row of the TTS table: frequencies in Hz, times in 0.1 s.
+// One row of the TTS table.
 struct TtsEntry {
-  std::uint16_t toneA, toneB;
-  std::uint8_t toneADuration, toneBDuration, gap, groupCallDuration;
-  bool operator==(const TtsEntry&) const = default;
+  std::array<std::uint16_t, 2> tones; // A and B, in Hz
+  std::array<std::uint8_t, 4> times;  // durations of A and B, gap, group call duration, in 0.1 s
 };
 
 // clang-format off
 inline constexpr std::array<TtsEntry, TtsEntryCount> TtsDefaultTable = {{
-    { 400, 1141,  5, 5, 5, 5},
-    { 456, 1301,  5, 5, 5, 5},
-    { 520, 1483,  5, 5, 5, 5},
-    { 593, 1690,  5, 5, 5, 5},
-    { 675, 1927,  5, 5, 5, 5},
-    { 770, 2197,  5, 5, 5, 5},
-    { 878, 2504,  5, 5, 5, 5},
-    {1001, 2855,  5, 5, 5, 5},
+    {{ 400, 1141}, {5, 5, 5, 5}},
+    {{ 456, 1301}, {5, 5, 5, 5}},
+    {{ 520, 1483}, {5, 5, 5, 5}},
+    {{ 593, 1690}, {5, 5, 5, 5}},
+    {{ 675, 1927}, {5, 5, 5, 5}},
+    {{ 770, 2197}, {5, 5, 5, 5}},
+    {{ 878, 2504}, {5, 5, 5, 5}},
+    {{1001, 2855}, {5, 5, 5, 5}},
 }};
 
 struct FiveToneRow { const char* name; std::array<std::uint16_t, 16> tones; std::uint8_t toneLength; };
@@ -76,8 +75,7 @@ void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view
 
 // Entry 1 to 8 of the TTS table.
 [[nodiscard]] TtsEntry ReadTtsEntry(const RadioImage& image, std::size_t entry);
-void WriteTtsFrequencies(RadioImage& image, std::size_t entry, std::uint16_t toneA, std::uint16_t toneB);
-void WriteTtsTimes(RadioImage& image, std::size_t entry, const TtsEntry& times);
+void WriteTtsEntry(RadioImage& image, std::size_t entry, const TtsEntry& values);
 
 // Tenths of a second as seconds with one decimal, and back; nullopt unless the text is a time of 0 to 25.5 s.
 [[nodiscard]] std::string TtsTimeText(std::uint8_t tenths, char decimalSeparator);

@@ -1,10 +1,8 @@
 #include "tone_codes.h"
 
 #include "decimal.h"
-#include "hex_digit.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace mr4500x {
 namespace {
@@ -12,13 +10,14 @@ namespace {
 constexpr std::string_view UnlistedCtcss = "CTC#";
 constexpr std::string_view DcsNormal = "DCS";
 constexpr std::string_view DcsInverted = "-DCS";
+constexpr int LongestTtsTime = 100; // that the editor offers, in 0.1 s
 
 std::optional<std::uint8_t> CtcssIndex(std::string_view text, const FieldTexts& texts) {
-  const auto* const found = std::find(texts.CtcssNames.begin(), texts.CtcssNames.end(), text);
-  if (found != texts.CtcssNames.end()) return static_cast<std::uint8_t>(found - texts.CtcssNames.begin() + 1);
+  const auto first = texts.ToneChoiceList.begin() + 1, end = first + CtcssToneTable.size();
+  const auto found = std::find(first, end, text);
+  if (found != end) return static_cast<std::uint8_t>(found - first + 1);
   const std::optional<std::uint8_t> index = ByteAfter(text, UnlistedCtcss);
-  if (!index || (*index >= 1 && *index <= CtcssToneCount)) return std::nullopt;
-  return index;
+  return index && (*index == 0 || *index > CtcssToneTable.size()) ? index : std::nullopt;
 }
 
 void SetToneFlags(ToneField& tone, unsigned bits) {
@@ -26,40 +25,48 @@ void SetToneFlags(ToneField& tone, unsigned bits) {
   tone.flags = static_cast<std::uint8_t>((tone.flags & ~all) | bits);
 }
 
-void ApplyDcsDigits(ToneField& tone, std::string_view digits, unsigned polarity) {
-  if (digits.size() != 3) return;
-  const auto hundreds = HexValue(digits[0]);
-  const auto tens = HexValue(digits[1]);
-  const auto units = HexValue(digits[2]);
-  if (!hundreds || !tens || !units) return;
+void ApplyDcsDigits(ToneField& tone, std::string_view text, unsigned polarity) {
+  const auto digits = HexDigitsAfter<3>(text, polarity != 0 ? DcsNormal : DcsInverted);
+  if (!digits) return;
   SetToneFlags(tone, ToneOnBit | polarity);
-  tone.codeA = static_cast<std::uint8_t>(*tens * 16 + *units);
-  tone.codeB = *hundreds;
+  tone.codeA = static_cast<std::uint8_t>((*digits)[1] * 16 + (*digits)[2]);
+  tone.codeB = (*digits)[0];
 }
 
 } // namespace
 
+FieldTexts BuildFieldTexts(char decimalSeparator) {
+  const auto text = [=](std::int64_t value, int integerDigits, int decimals) {
+    return FormatDecimal(value, integerDigits, decimals, decimalSeparator);
+  };
+  FieldTexts texts{decimalSeparator, {text(25, 1, 1), text(625, 1, 2)}, text(25, 2, 0), text(125, 2, 1), {"OFF"}, {}};
+  for (const int tone : CtcssToneTable)
+    texts.ToneChoiceList.push_back("CTC" + text(tone, 2, 1));
+  for (const std::string_view polarity : {DcsNormal, DcsInverted})
+    for (const int code : DcsCodeTable)
+      texts.ToneChoiceList.push_back(std::string(polarity) + text(code, 3, 0));
+  for (int tenths = 1; tenths <= LongestTtsTime; ++tenths)
+    texts.TtsTimes.push_back(text(tenths, 1, 1));
+  return texts;
+}
+
 std::string ToneText(ToneField tone, const FieldTexts& texts) {
   if ((tone.flags & ToneOnBit) == 0) return "OFF";
   if ((tone.flags & ToneCtcssBit) != 0) {
-    if (tone.codeA >= 1 && tone.codeA <= CtcssToneCount) return texts.CtcssNames[tone.codeA - 1U];
+    if (tone.codeA >= 1 && tone.codeA <= CtcssToneTable.size()) return texts.ToneChoiceList[tone.codeA];
     return std::string(UnlistedCtcss) + std::to_string(tone.codeA);
   }
   std::string text((tone.flags & ToneDcsNormalBit) != 0 ? DcsNormal : DcsInverted);
-  text += HexDigit(tone.codeB & 0x0F);
-  text += HexDigit(tone.codeA >> 4);
-  text += HexDigit(tone.codeA & 0x0F);
+  for (const int digit : {tone.codeB & 0x0F, tone.codeA >> 4, tone.codeA & 0x0F})
+    text += HexDigit(digit);
   return text;
 }
 
 void ApplyToneText(ToneField& tone, std::string_view text, const FieldTexts& texts) {
-  if (text == "OFF") {
-    SetToneFlags(tone, 0);
-  } else if (text.starts_with(DcsNormal)) {
-    ApplyDcsDigits(tone, text.substr(DcsNormal.size()), ToneDcsNormalBit);
-  } else if (text.starts_with(DcsInverted)) {
-    ApplyDcsDigits(tone, text.substr(DcsInverted.size()), 0);
-  } else if (const auto index = CtcssIndex(text, texts)) {
+  if (text == "OFF") return SetToneFlags(tone, 0);
+  if (text.starts_with(DcsNormal)) return ApplyDcsDigits(tone, text, ToneDcsNormalBit);
+  if (text.starts_with(DcsInverted)) return ApplyDcsDigits(tone, text, 0);
+  if (const auto index = CtcssIndex(text, texts)) {
     SetToneFlags(tone, ToneOnBit | ToneCtcssBit);
     tone.codeA = *index;
   }

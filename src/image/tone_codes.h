@@ -1,20 +1,19 @@
-// CTCSS tones and DCS codes, and the text of a channel's tone.
+// CTCSS tones and DCS codes, the text of a channel's tone, and all texts that depend on the decimal separator.
 #pragma once
-
-#include "field_texts.h"
 
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mr4500x {
 
 // In 0.1 Hz. A record stores the position, from 1. The last entry is out of order in the radio too.
-inline constexpr std::array<int, CtcssToneCount> CtcssToneTable = {
-    670,  719,  744,  770,  797,  825,  854,  885,  915,  948,  974,  1000, 1035,
-    1072, 1109, 1148, 1188, 1230, 1273, 1318, 1365, 1413, 1462, 1514, 1567, 1622,
-    1679, 1738, 1799, 1862, 1928, 2035, 2107, 2181, 2257, 2336, 2418, 2503, 693};
+inline constexpr std::array<int, 39> CtcssToneTable = {670,  719,  744,  770,  797,  825,  854,  885,  915,  948,
+                                                       974,  1000, 1035, 1072, 1109, 1148, 1188, 1230, 1273, 1318,
+                                                       1365, 1413, 1462, 1514, 1567, 1622, 1679, 1738, 1799, 1862,
+                                                       1928, 2035, 2107, 2181, 2257, 2336, 2418, 2503, 693};
 
 // Octal codes, written as decimal numbers.
 inline constexpr std::array<int, 83> DcsCodeTable = {
@@ -23,6 +22,18 @@ inline constexpr std::array<int, 83> DcsCodeTable = {
     315, 331, 343, 346, 351, 364, 365, 371, 411, 412, 413, 423, 431, 432, 445, 464, 465, 466, 503, 506, 516,
     532, 546, 565, 606, 612, 624, 627, 631, 632, 654, 662, 664, 703, 712, 723, 731, 732, 734, 743, 754};
 
+// Built once at start-up.
+struct FieldTexts {
+  char decimalSeparator;
+  std::array<std::string, 2> StepTexts;    // "2.5", "6.25": by StepCode
+  std::string WideBandText;                // "25"
+  std::string NarrowBandText;              // "12.5"
+  std::vector<std::string> ToneChoiceList; // "OFF", "CTC67.0" …, "DCS023" …, "-DCS023" …: 206 choices
+  std::vector<std::string> TtsTimes;       // "0.1" to "10.0"
+};
+// The separator is "." or ",".
+[[nodiscard]] FieldTexts BuildFieldTexts(char decimalSeparator);
+
 // The tone of one side of a channel record: bits 4 to 6 of its flag byte and two code bytes.
 //   CTCSS: codeA = position in CtcssToneTable from 1, codeB not used.
 //   DCS:   codeA = second and third digit (high and low nibble), codeB = first digit (only its low nibble is read).
@@ -30,6 +41,7 @@ struct ToneField {
   std::uint8_t flags = 0;
   std::uint8_t codeA = 0;
   std::uint8_t codeB = 0;
+  bool operator==(const ToneField&) const = default;
 };
 
 inline constexpr std::uint8_t ToneOnBit = 0x10;

@@ -19,12 +19,12 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <numeric>
+#include <set>
 #include <sstream>
 
 namespace mr4500x {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 const FieldTexts& Texts() {
   static const FieldTexts texts = BuildFieldTexts('.');
@@ -58,35 +58,17 @@ struct Window {
   explicit Window(const RadioImage& shown) : image(shown) { panel.Fill(); }
 };
 
-Lines LinesOf(std::istream& in) {
-  Lines lines;
-  for (std::string line; std::getline(in, line);)
-    lines.push_back(line);
-  return lines;
-}
-
-Lines FileLines(const std::string& name) {
+std::string Content(const std::string& name) {
   std::ifstream file(EVERY_SETTING "/" + name);
   EXPECT_TRUE(file) << name;
-  return LinesOf(file);
-}
-
-void ExpectLines(const Lines& shown, const std::string& name) {
-  const Lines expected = FileLines(name);
-  EXPECT_EQ(shown.size(), expected.size()) << name;
-  for (std::size_t i = 0; i < std::min(shown.size(), expected.size()); ++i)
-    EXPECT_EQ(shown[i], expected[i]) << name << ", line " << i + 1;
-}
-
-void ExpectText(const std::string& shown, const std::string& name) {
-  std::istringstream in(shown);
-  ExpectLines(LinesOf(in), name);
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Lines "ADDRESS: BYTES", a record or two each; "#" begins a remark.
 RadioImage ReadImage(const std::string& name) {
   RadioImage image;
-  for (const std::string& line : FileLines(name)) {
+  std::istringstream lines(Content(name));
+  for (std::string line; std::getline(lines, line);) {
     if (line.starts_with('#')) continue;
     std::istringstream in(line.substr(line.find(':') + 1));
     in >> std::hex;
@@ -125,135 +107,103 @@ std::string Number(double twips) {
   return std::to_string(static_cast<long>(twips));
 }
 
-// A page as lines "Y FONT: X TEXT | X TEXT …" and its rules, from top to bottom.
-void AppendPage(Lines& lines, const char* title, const ReportPage& page) {
+// A page as lines "Y FONT: X TEXT | X TEXT …" from top to bottom.
+std::string PageText(const char* title, const ReportPage& page) {
   std::map<std::tuple<double, int, bool, bool>, std::map<double, std::string>> rows;
-  for (const PageText& text : page.texts)
+  for (const auto& text : page.texts)
     if (!text.text.empty()) rows[{text.y, text.font.points, text.font.bold, text.font.underlined}][text.x] = text.text;
-  lines.emplace_back(title);
+  std::string shown = std::string(title) + '\n';
   for (const auto& [place, texts] : rows) {
     const auto& [y, points, bold, underlined] = place;
-    std::string line;
+    shown += Number(y) + ' ' + std::to_string(points) + (bold ? " bold" : "") + (underlined ? " underlined" : "") + ':';
     for (const auto& [x, text] : texts)
-      line += (line.empty() ? "" : " | ") + Number(x) + ' ' + text;
-    lines.push_back(Number(y) + ' ' + std::to_string(points) + (bold ? " bold" : "") +
-                    (underlined ? " underlined" : "") + ": " + line);
+      shown += (x == texts.begin()->first ? " " : " | ") + Number(x) + ' ' + text;
+    shown += '\n';
   }
-  std::map<std::tuple<double, double, double, double>, int> rules;
-  for (const PageRule& rule : page.rules)
-    ++rules[{rule.x1, rule.y1, rule.x2, rule.y2}];
-  for (const auto& [rule, count] : rules) {
-    const auto& [x1, y1, x2, y2] = rule;
-    lines.push_back("rule " + Number(x1) + ',' + Number(y1) + " to " + Number(x2) + ',' + Number(y2));
-    EXPECT_EQ(count, 1) << lines.back();
-  }
+  return shown;
 }
 
 std::string CheckText(const QCheckBox& box) {
   return box.isChecked() ? "checked" : "unchecked";
 }
 
-// What a control shows; nothing for one that the user does not see and for a widget of another kind.
-std::optional<std::string> ShownIn(const QWidget& control) {
-  if (control.isHidden()) return std::nullopt;
-  std::string text;
-  if (const auto* const list = qobject_cast<const QComboBox*>(&control)) {
-    text = list->currentText().toStdString();
-  } else if (const auto* const box = qobject_cast<const QLineEdit*>(&control)) {
-    text = box->text().toStdString();
-  } else if (const auto* const check = qobject_cast<const QCheckBox*>(&control)) {
-    text = CheckText(*check);
-  } else if (const auto* const label = qobject_cast<const QLabel*>(&control)) {
-    text = label->text().toStdString();
-  } else {
-    return std::nullopt;
-  }
-  return control.isEnabled() ? text : text + " (disabled)";
+// The name under which the user finds a control of a frame: its own text, its label, or what a screen reader says.
+std::string NameOf(const QWidget& control, const QGroupBox& frame) {
+  if (const auto* const check = qobject_cast<const QCheckBox*>(&control)) return check->text().toStdString();
+  for (const auto* const label : frame.findChildren<QLabel*>())
+    if (label->buddy() == &control) return label->text().toStdString();
+  return control.accessibleName().toStdString();
 }
 
-// The name under which the user finds each control of a frame: its label, its own text, or what a screen reader says.
-std::map<const QWidget*, std::string> NamesIn(const QGroupBox& frame) {
-  std::map<const QWidget*, std::string> names;
+// What the lists, boxes and labels show that the user sees.
+std::set<std::string> FieldsOf(const QGroupBox& frame) {
+  std::set<std::string> lines;
   for (const auto* const control : frame.findChildren<QWidget*>()) {
-    const auto* const label = qobject_cast<const QLabel*>(control);
+    const QVariant text =
+        control->property(qobject_cast<const QComboBox*>(control) != nullptr ? "currentText" : "text");
+    const std::string name = NameOf(*control, frame);
+    if (control->isHidden() || control->inherits("QSpinBox") || !text.isValid() || name.empty()) continue;
     const auto* const check = qobject_cast<const QCheckBox*>(control);
-    if (check != nullptr) {
-      names[check] = check->text().toStdString();
-    } else if (label != nullptr) {
-      if (label->buddy() != nullptr) names[label->buddy()] = label->text().toStdString();
-    } else if (qobject_cast<const QComboBox*>(control) != nullptr ||
-               (qobject_cast<const QLineEdit*>(control) != nullptr)) {
-      names.try_emplace(control, control->accessibleName().toStdString());
-    }
+    lines.insert("  " + name + ": " + (check != nullptr ? CheckText(*check) : text.toString().toStdString()) +
+                 (control->isEnabled() ? "\n" : " (disabled)\n"));
   }
-  return names;
-}
-
-Lines LinesOfFields(const QGroupBox& frame) {
-  Lines lines;
-  for (const auto& [control, name] : NamesIn(frame))
-    if (const auto shown = ShownIn(*control)) lines.push_back("  " + name + ": " + *shown);
-  std::ranges::sort(lines);
   return lines;
 }
 
 // A table with its headings, and before each row the check boxes that stand beside it.
-Lines LinesOfTable(const QGroupBox& frame, const QTableWidget& table) {
-  const auto places = [](const QWidget* a, const QWidget* b) {
-    return std::pair(a->y(), a->x()) < std::pair(b->y(), b->x());
+std::string TableOf(const QGroupBox& frame, const QTableWidget& table) {
+  const auto inPlace = [](auto widgets) {
+    std::ranges::sort(widgets, {}, [](const QWidget* widget) { return std::pair(widget->y(), widget->x()); });
+    return widgets;
   };
-  QList<QCheckBox*> boxes = frame.findChildren<QCheckBox*>();
-  std::ranges::sort(boxes, places);
-  QList<QLabel*> headings = frame.findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-  std::ranges::sort(headings, places);
+  const auto boxes = inPlace(frame.findChildren<QCheckBox*>());
   const qsizetype boxesInRow = boxes.size() / table.rowCount();
-  Lines lines(1);
-  const auto append = [&lines](const QString& text) {
-    std::string& line = lines.back();
-    line += (line.empty() || line.ends_with(": ") ? "" : " | ") + text.toStdString();
-  };
-  for (const QLabel* const heading : headings)
-    append(heading->text());
+  QStringList headings;
+  for (const QLabel* const heading : inPlace(frame.findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)))
+    headings.append(heading->text());
   for (int column = 0; column < table.columnCount(); ++column)
-    append(table.horizontalHeaderItem(column)->text());
-  if (!table.isEnabled()) lines.back() += " (disabled)";
+    headings.append(table.horizontalHeaderItem(column)->text());
+  QString text = "  " + headings.join(" | ") + (table.isEnabled() ? "\n" : " (disabled)\n");
   for (int row = 0; row < table.rowCount(); ++row) {
-    const auto* const header = table.verticalHeaderItem(row);
-    lines.push_back(header != nullptr ? header->text().toStdString() + ": " : "");
+    QStringList cells;
     for (qsizetype box = 0; box < boxesInRow; ++box)
-      append(QString::fromStdString(CheckText(*boxes[row * boxesInRow + box])));
+      cells.append(QString::fromStdString(CheckText(*boxes[row * boxesInRow + box])));
     for (int column = 0; column < table.columnCount(); ++column)
-      append(table.item(row, column)->text());
+      cells.append(table.item(row, column)->text());
+    const auto* const header = table.verticalHeaderItem(row);
+    text += "  " + (header != nullptr ? header->text() + ": " : QString()) + cells.join(" | ") + '\n';
   }
-  for (std::string& line : lines)
-    line.insert(0, "  ");
-  return lines;
+  return text.toStdString();
 }
 
-Lines LinesOfWindow(const EditorPanel& panel) {
-  std::map<std::string, Lines> frames;
+std::string WindowText(const EditorPanel& panel) {
+  std::map<std::string, std::string> frames;
   for (const auto* const frame : panel.findChildren<QGroupBox*>()) {
-    const auto* const table = frame->findChild<QTableWidget*>();
-    frames[frame->title().toStdString()] = table != nullptr ? LinesOfTable(*frame, *table) : LinesOfFields(*frame);
+    std::string& text = frames[frame->title().toStdString()];
+    if (const auto* const table = frame->findChild<QTableWidget*>())
+      text = TableOf(*frame, *table);
+    else
+      for (const std::string& line : FieldsOf(*frame))
+        text += line;
   }
-  Lines lines;
-  for (const auto& [title, contents] : frames) {
-    lines.push_back(title);
-    lines.insert(lines.end(), contents.begin(), contents.end());
-  }
-  return lines;
+  std::string shown;
+  for (const auto& [title, text] : frames)
+    shown += title + '\n' + text;
+  return shown;
 }
 
 class EverySettingTest : public testing::TestWithParam<std::string> {
 protected:
-  [[nodiscard]] static std::string File(const char* name) { return GetParam() + '/' + name; }
+  static void ExpectFile(const char* name, const std::string& shown) {
+    EXPECT_EQ(shown, Content(GetParam() + '/' + name));
+  }
   // A collect counts the channels in use and forgets the identity.
   static RadioImage AfterCollect(RadioImage image) {
     if (GetParam() == "new") image.RadioSettingsBlock[12] = 1;
     image.RadioIdBlock = {};
     return image;
   }
-  const RadioImage image = ReadImage(File("radio.hex"));
+  const RadioImage image = ReadImage(GetParam() + "/radio.hex");
   const Configuration configuration = ShownOf(image);
 };
 
@@ -282,42 +232,40 @@ TEST(NewConfigurationTest, HasTheDefaults) {
 }
 
 TEST_P(EverySettingTest, IsInTheTable) {
-  ExpectText(ConfigurationTable(configuration), File("table.txt"));
+  ExpectFile("table.txt", ConfigurationTable(configuration));
 }
 
 TEST_P(EverySettingTest, IsInTheJsonDocument) {
-  ExpectText(ConfigurationJson(configuration), File("document.json"));
+  ExpectFile("document.json", ConfigurationJson(configuration));
 }
 
 TEST_P(EverySettingTest, IsOnPaper) {
   const ReportTexts texts = ReportTextsOf(configuration, u"", "24 Nov 2026 09:05:07");
   const PlainMeasure measure;
   const PageSetting setting{measure, {11906, 20000}}; // high enough for every scale to be 1
-  Lines lines;
-  AppendPage(lines, "Channels and settings", ChannelReportPage(texts, setting));
-  AppendPage(lines, "TTS", TtsReportPage(texts, setting));
-  ExpectLines(lines, File("report.txt"));
+  ExpectFile("report.txt", PageText("Channels and settings", ChannelReportPage(texts, setting)) +
+                               PageText("TTS", TtsReportPage(texts, setting)));
 }
 
 TEST_P(EverySettingTest, IsInTheWindow) {
   Window window(image);
-  ExpectLines(LinesOfWindow(window.panel), File("window.txt"));
+  ExpectFile("window.txt", WindowText(window.panel));
   window.panel.Collect();
   ExpectBytes(window.image, AfterCollect(image));
 }
 
 TEST(EveryListTest, OffersItsItems) {
   const Window window(ReadImage("new/radio.hex"));
-  Lines lines;
+  std::set<std::string> lines;
   for (const auto* const label : window.panel.findChildren<QLabel*>()) {
     const auto* const list = qobject_cast<QComboBox*>(label->buddy());
     if (list == nullptr) continue;
-    std::string& line = lines.emplace_back(label->text().toStdString() + ": ");
+    QStringList items;
     for (int i = 0; i < list->count(); ++i)
-      line += (i == 0 ? "" : "|") + list->itemText(i).toStdString();
+      items.append(list->itemText(i));
+    lines.insert((label->text() + ": " + items.join("|") + '\n').toStdString());
   }
-  std::ranges::sort(lines);
-  ExpectLines(lines, "lists.txt");
+  EXPECT_EQ(std::accumulate(lines.begin(), lines.end(), std::string()), Content("lists.txt"));
 }
 
 } // namespace

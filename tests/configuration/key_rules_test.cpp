@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace mr4500x {
 namespace {
 
@@ -49,25 +47,6 @@ TEST(KeyRulesTest, PairsAndConflicts) {
     EXPECT_EQ(keys.selection, c.selection);
     EXPECT_EQ(keys.fixedShortAShown, c.fixed == FixedShortA);
     EXPECT_EQ(keys.fixedLongAShown, c.fixed == FixedLongA);
-  }
-}
-
-// Whatever the user does, at most one key that counts holds Talk Around or Reverse and one of each A pair is hidden.
-TEST(KeyRulesTest, RandomSelectionsComeToRest) {
-  std::mt19937 random(4);
-  KeyProgram keys;
-  for (int round = 0; round < 20000; ++round) {
-    const std::size_t key = random() % 6;
-    static_cast<void>(SelectKey(keys, key, static_cast<int>(random() % KeyItems(key).size())));
-    const bool emergency = keys.selection[ShortA] == 1 || keys.selection[LongA] == 1;
-    int count = 0;
-    for (std::size_t k = emergency ? 2 : 0; k < 6; ++k) {
-      const std::string_view text = KeyItemText(k, keys.selection[k]);
-      if (LongPressEnabled(keys, k) && (text == "Talk Around" || text == "Reverse" || text == "Reverse ")) ++count;
-    }
-    ASSERT_LE(count, 1);
-    ASSERT_FALSE(keys.fixedShortAShown && keys.fixedLongAShown);
-    ASSERT_EQ(emergency, keys.fixedShortAShown || keys.fixedLongAShown);
   }
 }
 

@@ -1,5 +1,10 @@
 #include "data_file.h"
 
+#include <array>
+#include <map>
+#include <numeric>
+#include <regex>
+#include <sstream>
 #include <vector>
 
 #include "files_fixture.h"
@@ -16,14 +21,29 @@ RadioImage FreshImage() {
   return image;
 }
 
-Bytes FileOf(const RadioImage& image) {
-  const auto file = BuildDataFile(image);
-  return {file.begin(), file.end()};
-}
-
 Bytes Part(const Bytes& bytes, std::size_t offset, std::size_t count) {
   const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(offset);
   return {begin, begin + static_cast<std::ptrdiff_t>(count)};
+}
+
+// The three parts of each row of a file.
+std::vector<std::array<std::string, 3>> RowsOf(const std::string& name, const char* form) {
+  std::ifstream file(FILES_TEST "/" + name);
+  std::vector<std::array<std::string, 3>> rows;
+  std::smatch match;
+  for (std::string line; std::getline(file, line);)
+    if (std::regex_match(line, match, std::regex(form))) rows.push_back({match[1], match[2], match[3]});
+  EXPECT_GT(rows.size(), 10U) << name;
+  return rows;
+}
+
+Bytes BytesOf(const std::string& hex) {
+  Bytes bytes;
+  std::istringstream in(hex);
+  in >> std::hex;
+  for (unsigned byte = 0; in >> byte;)
+    bytes.push_back(static_cast<std::uint8_t>(byte));
+  return bytes;
 }
 
 } // namespace
@@ -31,32 +51,17 @@ Bytes Part(const Bytes& bytes, std::size_t offset, std::size_t count) {
 TEST(DataFile, IsTheDocumentedBytes) {
   RadioImage image = FreshImage();
   image.FiveToneStandard = 0x0102;
-  for (std::uint8_t at = 0; at < 32; ++at)
-    image.TtsTimingBlock(at / 8U, at % 8U) = at;
-  const Bytes file = FileOf(image);
+  std::iota(image.TtsTimingBlock.bytes.begin(), image.TtsTimingBlock.bytes.end(), std::uint8_t{0});
+  const Bytes file = BuildDataFile(image);
+  EXPECT_EQ(file.size(), 713U);
   const std::string header = "Data file of LR7201 Radio Series, Calvorne VTR.";
-  EXPECT_EQ(Part(file, 0, 4), Bytes({0x08, 0x00, 0x2F, 0x00}));
   EXPECT_EQ(Part(file, 4, 47), Bytes(header.begin(), header.end()));
-  const std::pair<std::size_t, Bytes> items[] = {
-      {51, {0x00, 0x00}},                                                                         // marker
-      {53, {0x11, 0x20, 2, 0, 16, 0, 0, 0, 0, 0, 0, 0, 16, 0, 0, 0, 0, 0, 0, 0, 0x81, 1, 1}},     // ChannelBlock
-      {329, {0x11, 0x20, 1, 0, 16, 0, 0, 0, 0, 0, 0, 0, 0xC2, 0x02, 0x80}},                       // RadioSettingsBlock
-      {357, {0x11, 0x20, 1, 0, 16, 0, 0, 0, 0, 0, 0, 0}},                                         // PttIdBlock
-      {385, {0x11, 0x20, 1, 0, 8, 0, 0, 0, 0, 0, 0, 0}},                                          // KeyProgramBlock
-      {405, {0x11, 0x20, 2, 0, 8, 0, 0, 0, 0, 0, 0, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 8, 16, 24, 1}}, // TtsTimingBlock
-      {457, {0x11, 0x20, 1, 0, 8, 0, 0, 0, 0, 0, 0, 0}},                                          // ResetTimeBlock
-      {477, {0x11, 0x20, 2, 0, 16, 0, 0, 0, 0, 0, 0, 0, 8, 0, 0, 0, 0, 0, 0, 0}},                 // SelCallCodeBlock
-      {625, {0x11, 0x20, 1, 0, 32, 0, 0, 0, 0, 0, 0, 0}},                                         // ToneFrequencyBlock
-      {669, {0x11, 0x20, 1, 0, 8, 0, 0, 0, 0, 0, 0, 0, 0xB8, 0x01, 0xD6, 0x01, 0x00, 0x30}},      // BandBlock
-      {689, {0x02, 0x00, 0x02, 0x01}},                                                            // FiveToneStandard
-      {693, {0x11, 0x20, 1, 0, 8, 0, 0, 0, 0, 0, 0, 0, 0, 0}},                                    // EmergencyAniBlock
-  };
-  for (const auto& [offset, bytes] : items)
-    EXPECT_EQ(Part(file, offset, bytes.size()), bytes) << "item at " << offset;
+  for (const auto& [name, offset, bytes] : RowsOf("layout.txt", "([^#].*): (.*): (.*)"))
+    EXPECT_EQ(Part(file, std::stoul(offset), BytesOf(bytes).size()), BytesOf(bytes)) << name;
 }
 
 TEST_F(FilesTest, LoadingTellsMissingFromDamaged) {
-  const Bytes fresh = FileOf(FreshImage());
+  const Bytes fresh = BuildDataFile(FreshImage());
   Put("empty.K4X", "");
   std::filesystem::create_symlink(Path("nowhere"), Path("dangling.K4X"));
   std::filesystem::create_symlink(Path("circle.K4X"), Path("circle.K4X"));
@@ -77,49 +82,23 @@ TEST_F(FilesTest, LoadingTellsMissingFromDamaged) {
 }
 
 TEST(DataFile, EditedFilesHaveTheirOutcome) {
-  using enum LoadOutcome;
-  // clang-format off
-  const struct {
-    const char* what;
-    std::size_t offset, removed;
-    Bytes put;
-    LoadResult expected;
-  } cases[] = {
-      {"bytes behind the last item",         713,  0, {0xFF, 0xFF}, {Loaded}},
-      {"later header of the series",          22,  1, {'2'}, {LaterVersion}},
-      {"header of another series",            20,  1, {'3'}, {ErrorVersion}},
-      {"header is empty",                      0,  2, {0, 0}, {ErrorVersion}},
-      {"header of no known kind",              0,  2, {3, 0}, {Damaged}},
-      {"header longer than the file",          2,  2, {0xFF, 0xFF}, {Damaged}},
-      {"marker 0",                            51,  2, {2, 0, 0, 0}, {Loaded}},
-      {"marker 1",                            51,  2, {2, 0, 1, 0}, {Loaded, true}},
-      {"marker is a text",                    51,  2, {8, 0, 0, 0}, {Loaded, true}},
-      {"marker is an array without elements", 51,  2, {0x11, 0x20, 2, 0, 255, 255, 255, 255, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
-                                                      {Loaded, true}},
-      {"marker has no dimensions",            51,  2, {0x11, 0x20, 0, 0}, {Damaged}},
-      {"marker's size overflows to 0",        51,  2, {0x11, 0x20, 4, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0,
-                                                       0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0}, {Damaged}},
-      {"marker 1 before a damaged item",      51,  4, {2, 0, 1, 0, 3, 0}, {Damaged, true}},
-      {"a block is a text",                   53,  2, {8, 0}, {Damaged}},
-      {"a dimension too few",                 53, 20, {0x11, 0x20, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0}, {Damaged}},
-      {"a dimension too many",               329, 12, {0x11, 0x20, 2, 0, 16, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0},
-                                                      {Damaged}},
-      {"a huge number of dimensions",        331,  2, {0xFF, 0xFF}, {Damaged}},
-      {"a huge count",                       333,  4, {0xFF, 0xFF, 0xFF, 0xFF}, {Damaged}},
-      {"a lower bound of 1",                 337,  1, {1}, {Damaged}},
-      {"a shorter block",                    385, 20, {0x11, 0x20, 1, 0, 2, 0, 0, 0, 0, 0, 0, 0, 1, 2}, {Damaged}},
-      {"rows and columns exchanged",         409,  9, {4, 0, 0, 0, 0, 0, 0, 0, 8}, {Damaged}},
-      {"the standard is a text",             689,  4, {8, 0, 1, 0, '3'}, {Damaged}},
-      {"the last block is an integer",       693, 20, {2, 0, 0, 0}, {Damaged}},
+  const std::map<std::string, LoadResult> outcomes = {
+      {"Loaded", {LoadOutcome::Loaded}},
+      {"Loaded, newer", {LoadOutcome::Loaded, true}},
+      {"Damaged", {LoadOutcome::Damaged}},
+      {"Damaged, newer", {LoadOutcome::Damaged, true}},
+      {"LaterVersion", {LoadOutcome::LaterVersion}},
+      {"ErrorVersion", {LoadOutcome::ErrorVersion}},
   };
-  // clang-format on
-  for (const auto& edit : cases) {
-    Bytes file = FileOf(FreshImage());
-    const auto at = file.begin() + static_cast<std::ptrdiff_t>(edit.offset);
-    const auto rest = file.erase(at, at + static_cast<std::ptrdiff_t>(edit.removed));
-    file.insert(rest, edit.put.begin(), edit.put.end());
+  for (const auto& [name, place, outcome] : RowsOf("edits.txt", "([^#:][^:]*): (.*) -> (.*)")) {
+    std::size_t offset = 0, removed = 0;
+    std::istringstream(place) >> offset >> removed;
+    const Bytes put = BytesOf(place.substr(place.find(':') + 1));
+    Bytes file = BuildDataFile(FreshImage());
+    const auto at = file.begin() + static_cast<std::ptrdiff_t>(offset);
+    file.insert(file.erase(at, at + static_cast<std::ptrdiff_t>(removed)), put.begin(), put.end());
     RadioImage image;
-    EXPECT_EQ(ParseDataFile(file, image), edit.expected) << edit.what;
+    EXPECT_EQ(ParseDataFile(file, image), outcomes.at(outcome)) << name;
   }
 }
 
@@ -127,7 +106,7 @@ TEST(DataFile, Version0HasNoEmergencyAniWhateverStandsInItsPlace) {
   RadioImage saved = FreshImage();
   saved.RadioSettingsBlock[14] = 0xFF;
   saved.EmergencyAniBlock.fill(0x77);
-  Bytes file = FileOf(saved);
+  Bytes file = BuildDataFile(saved);
   file[22] = '0';
   Bytes withInteger = Part(file, 0, 693);
   withInteger.insert(withInteger.end(), {2, 0, 9, 9});
@@ -137,7 +116,7 @@ TEST(DataFile, Version0HasNoEmergencyAniWhateverStandsInItsPlace) {
   for (const Bytes& bytes : {file, withInteger}) {
     image.EmergencyAniBlock.fill(0x55);
     EXPECT_EQ(ParseDataFile(bytes, image), LoadResult{LoadOutcome::Loaded});
-    EXPECT_EQ(FileOf(image), FileOf(saved));
+    EXPECT_EQ(BuildDataFile(image), BuildDataFile(saved));
   }
   EXPECT_EQ(ParseDataFile(Part(file, 0, 712), image), LoadResult{LoadOutcome::Damaged});
 }

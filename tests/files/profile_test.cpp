@@ -1,6 +1,5 @@
 
 #include "files_fixture.h"
-#include "ini_text.h"
 
 namespace mr4500x {
 
@@ -59,16 +58,16 @@ TEST_F(FilesTest, ProfilesAreCreatedAndTheirValuesCutBetweenCharacters) {
   EXPECT_EQ(Content("new/folder/a.ini"), "[S]\nk=v\n");
   EXPECT_TRUE(WriteValue(files, file, "ascii", long254 + "yz") &&
               WriteValue(files, file, "umlaut", long254 + "\xC3\xA4"));
-  EXPECT_EQ(ReadProfileString(files, file, "S", "ascii", ""), long254 + "y");
-  EXPECT_EQ(ReadProfileString(files, file, "S", "umlaut", ""), long254);
-  EXPECT_EQ(ReadProfileString(files, file, "S", "none", "default"), "default");
+  EXPECT_EQ(ProfileString(ProfileText(files, file), "S", "ascii", ""), long254 + "y");
+  EXPECT_EQ(ProfileString(ProfileText(files, file), "S", "umlaut", ""), long254);
+  EXPECT_EQ(ProfileString(ProfileText(files, file), "S", "none", "default"), "default");
 }
 
 TEST_F(FilesTest, ProfilesThatCannotBeReadAreNotOverwritten) {
   const std::string tooLong = "[S]\nk=1\n" + std::string(ProfileFileLimit, ';');
   Put("long.ini", tooLong);
   for (const char* name : {"long.ini", ""}) { // and a folder
-    EXPECT_EQ(ReadProfileString(files, Path(name), "S", "k", "default"), "default") << name;
+    EXPECT_EQ(ProfileString(ProfileText(files, Path(name)), "S", "k", "default"), "default") << name;
     EXPECT_FALSE(WriteValue(files, Path(name), "k", "2")) << name;
   }
   EXPECT_EQ(Content("long.ini"), tooLong);

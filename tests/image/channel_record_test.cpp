@@ -87,7 +87,7 @@ TEST(ChannelRecordTest, ATextThatNoFieldCanHaveLeavesTheFieldAsItWas) {
   for (const auto& [tts, column, text] : cases) {
     RadioImage image;
     WriteSetting(image, Setting::SelcallMode, tts ? 1 : 0);
-    const std::uint8_t bytes[] = {0xB4, 0x6C, 0xE3, 0, 8, 0, 0xD4, 0x61, 0x5E, 0, 0x23, 0x00, 0xF8, 8, 7, 0x22};
+    const std::uint8_t bytes[] = {0xBC, 0x6C, 0xE3, 0, 8, 0, 0xDC, 0x61, 0x5E, 0, 0x23, 0x00, 0xFF, 8, 7, 0x22};
     std::ranges::copy(bytes, image.ChannelBlock.Row(0).begin());
     image.SelCallCodeBlock.bytes = {0x45, 0x23, 0x21, 0x09, 0x78, 0x26};
     if (!tts) image.ChannelBlock(0, 13) = image.ChannelBlock(0, 14) = 0;

@@ -49,7 +49,7 @@ CharacterFilter FrequencyFilter(char separator) {
 
 QStringList ToneItems(const FieldTexts& texts) {
   QStringList items;
-  for (const std::string& choice : ToneChoiceList(texts))
+  for (const std::string& choice : texts.ToneChoiceList)
     items.append(QString::fromStdString(choice));
   return items;
 }

@@ -67,8 +67,8 @@ void ChannelFrame::CellOpened(int channel, int tableColumn) {
 
 void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
   const char separator = m_texts.decimalSeparator;
-  const int step = StepCode(m_gridChannel->Text(channel, stepColumn).toStdString(), separator) == 0 ? 1 : 0;
-  m_gridChannel->SetText(channel, stepColumn, QString::fromStdString(StepText(step, separator)));
+  const int step = StepCode(m_gridChannel->Text(channel, stepColumn).toStdString(), m_texts) == 0 ? 1 : 0;
+  m_gridChannel->SetText(channel, stepColumn, QString::fromStdString(StepText(step, m_texts)));
   const GridColumn frequencyColumn = stepColumn == GridColumn::RxStep ? GridColumn::RxFreq : GridColumn::TxFreq;
   const auto frequency =
       CommitFrequency(m_gridChannel->Text(channel, frequencyColumn).toStdString(), m_band(), StepUnit(step), separator);
@@ -135,8 +135,7 @@ void ChannelFrame::OpenToneEditor(int channel, GridColumn column) {
 
 int ChannelFrame::StepOfEditedCell() const {
   const GridColumn stepColumn = IsTransmit(EditedColumn()) ? GridColumn::TxStep : GridColumn::RxStep;
-  return StepUnit(
-      StepCode(m_gridChannel->Text(OpenRow(), stepColumn).toStdString(), m_texts.decimalSeparator).value_or(1));
+  return StepUnit(StepCode(m_gridChannel->Text(OpenRow(), stepColumn).toStdString(), m_texts).value_or(1));
 }
 
 std::optional<QString> ChannelFrame::CheckedEntry(const QString& typed) const {

@@ -1,7 +1,6 @@
 #include "frm_embed.h"
 
 #include "embedded_info.h"
-#include "embedded_text_rule.h"
 #include "fill_messages.h"
 #include "frame_parts.h"
 

@@ -1,4 +1,4 @@
-// frmEmbed: edits the embedded information and its font. embedded_text_rule.h limits the length.
+// frmEmbed: edits the embedded information and its font. embedded_info.h limits the length.
 #pragma once
 
 #include "font_dialog.h"
