@@ -3,8 +3,8 @@
 #include "child_process.h"
 
 #include "exchange.h"
+#include "machine.h"
 #include "qt_serial_port.h"
-#include "steady_clock.h"
 
 #include <benchmark/benchmark.h>
 

@@ -3,7 +3,7 @@
 
 #include "editor_state.h"
 #include "main_services.h"
-#include "message.h"
+#include "messages.h"
 #include "radio_image.h"
 #include "recent_files.h"
 

@@ -1,8 +1,8 @@
 // What the main window keeps besides the image.
 #pragma once
 
+#include "desktop.h"
 #include "exchange.h"
-#include "font_dialog.h"
 
 #include <string>
 #include <variant>

@@ -3,7 +3,7 @@
 
 #include "data_file.h"
 #include "editor_panel.h"
-#include "file_messages.h"
+#include "messages.h"
 #include "program_title.h"
 #include "settings.h"
 

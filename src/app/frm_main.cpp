@@ -1,7 +1,7 @@
 #include "frm_main.h"
 
 #include "editor_panel.h"
-#include "locale_texts.h"
+#include "machine.h"
 #include "program_title.h"
 #include "settings.h"
 #include "window_parts.h"

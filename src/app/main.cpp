@@ -1,7 +1,7 @@
 // MR4500X [FILE]: shows the splash until the main window has loaded, but at least FrmSplash::LeastTime.
 #include "frm_splash.h"
+#include "machine.h"
 #include "program.h"
-#include "steady_clock.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,15 +1,11 @@
 #pragma once
 
 #include "clock.h"
-#include "file_dialogs.h"
+#include "desktop.h"
 #include "file_system.h"
-#include "font_dialog.h"
-#include "help_viewer.h"
-#include "local_time.h"
 #include "message_view.h"
 #include "open_windows.h"
 #include "printer.h"
-#include "progress_view.h"
 #include "serial_port.h"
 
 #include <functional>

@@ -3,8 +3,8 @@
 
 #include "dialogs.h"
 #include "editor_panel.h"
+#include "messages.h"
 #include "transfer_guard.h"
-#include "transfer_messages.h"
 #include "window_parts.h"
 
 #include <QAction>

@@ -5,7 +5,7 @@
 #include "editor_panel.h"
 #include "embedded_info.h"
 #include "frm_embed.h"
-#include "locale_texts.h"
+#include "machine.h"
 #include "program_title.h"
 
 #include <QGuiApplication>

@@ -1,9 +1,8 @@
 #include "file_commands.h"
 
-#include "configuration_json.h"
-#include "configuration_table.h"
-#include "file_messages.h"
+#include "configuration_texts.h"
 #include "fill_messages.h"
+#include "messages.h"
 
 #include <ostream>
 

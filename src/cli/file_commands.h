@@ -3,7 +3,6 @@
 
 #include "configuration.h"
 #include "data_file.h"
-#include "exit_status.h"
 #include "terminal.h"
 
 #include <string>

@@ -1,17 +1,15 @@
 // mr4500x-cli: parses the command line and runs the command with the machine's serial port, files and clock.
+#include "arguments.h"
 #include "data_file.h"
 #include "embedded_info.h"
 #include "end_signals.h"
 #include "file_commands.h"
 #include "fill_messages.h"
-#include "info_text.h"
 #include "machine.h"
-#include "port_argument.h"
 #include "port_devices.h"
 #include "posix_file_system.h"
 #include "radio_commands.h"
 #include "settings.h"
-#include "steady_clock.h"
 
 #include <CLI/CLI.hpp>
 
@@ -28,8 +26,8 @@ namespace {
 
 struct Arguments {
   std::string file;
-  std::string port;
-  std::string text;
+  PortArgument port;
+  std::u16string text;
   bool json = false;
   bool acceptBand = false;
   std::string pdfFile;
@@ -45,7 +43,6 @@ public:
 private:
   void Declare(CLI::App& app);
   [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
-  [[nodiscard]] ExitStatus InfoWrite();
   [[nodiscard]] ExitStatus Ports();
   [[nodiscard]] ExitStatus Print();
   [[nodiscard]] std::string SettingsFile() { return SettingsFilePath(m_files, ProgramFolder(), UserConfigFolder()); }
@@ -57,29 +54,12 @@ private:
 };
 
 ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
-  const std::optional<PortArgument> port = ParsePortArgument(m_arguments.port);
-  if (!port) {
-    m_terminal.err << "PORT is a port number 1 to 16 or the path of a device.\n";
-    return ExitStatus::UnusableArguments;
-  }
-  const std::unique_ptr<QtSerialPort> serial = PortFor(*port, m_files, SettingsFile());
+  const PortArgument& port = m_arguments.port;
+  const std::unique_ptr<QtSerialPort> serial = PortFor(port, m_files, SettingsFile());
   const EndSignalsHeld held;
   SteadyClock clock;
-  SerialLine line(*serial, clock, port->number, NameOf(*port));
+  SerialLine line(*serial, clock, port.number, NameOf(port));
   return run({line, m_files, m_terminal});
-}
-
-ExitStatus CommandLine::InfoWrite() {
-  const std::optional<std::u16string> text = InfoFromArgument(m_arguments.text);
-  if (!text) {
-    m_terminal.err << "TEXT is not valid UTF-8.\n";
-    return ExitStatus::UnusableArguments;
-  }
-  if (text->size() > MostEmbeddedCharacters) {
-    m_terminal.err << TopSizeText << '\n';
-    return ExitStatus::UnusableArguments;
-  }
-  return WithRadio([&](const RadioCommand& command) { return RunInfoWrite(command, *text); });
 }
 
 ExitStatus CommandLine::Ports() {
@@ -88,6 +68,18 @@ ExitStatus CommandLine::Ports() {
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
   QtSerialPort serial(deviceOf);
   return RunPorts(serial, deviceOf, m_terminal);
+}
+
+PortArgument PortOf(const std::string& text) {
+  if (const auto port = ParsePortArgument(text)) return *port;
+  throw CLI::ValidationError("PORT is a port number 1 to 16 or the path of a device.");
+}
+
+std::u16string InfoOf(const std::string& text) {
+  const auto info = InfoFromArgument(text);
+  if (!info) throw CLI::ValidationError("TEXT is not valid UTF-8.");
+  if (info->size() > MostEmbeddedCharacters) throw CLI::ValidationError(TopSizeText);
+  return *info;
 }
 
 // Whether a PDF file at that path would overwrite a data file: FILE itself or any other, whatever its name.
@@ -108,9 +100,7 @@ ExitStatus CommandLine::Print() {
     m_terminal.err << "OUT.pdf is the PDF file to write; it must not be a data file.\n";
     return ExitStatus::UnusableArguments;
   }
-  std::string reports;
-  for (const std::string& report : m_arguments.reports)
-    reports += (reports.empty() ? "" : ",") + report;
+  const std::string reports = CLI::detail::join(m_arguments.reports);
   const std::string program = ProgramFolder() + "/mr4500x-cli-print";
   execl(program.c_str(), "mr4500x-cli-print", m_arguments.file.c_str(), m_arguments.pdfFile.c_str(), reports.c_str(),
         static_cast<char*>(nullptr));
@@ -125,11 +115,17 @@ void CommandLine::Declare(CLI::App& app) {
     sub->final_callback([this, run = std::move(run)] { m_command = run; });
     return sub;
   };
-  const auto file = [&](CLI::App* sub) {
-    sub->add_option("FILE", given.file, "data file (.K4X)")->required()->type_name("");
+  const auto positional = [](CLI::App* sub, const char* name, auto& value, const char* about) {
+    sub->add_option(name, value, about)->required()->type_name("");
   };
+  // An argument that is more than its text; `parse` throws for an unusable one.
+  const auto parsed = [](CLI::App* sub, const char* name, auto& value, auto parse, const char* about) {
+    const auto take = [&value, parse](const std::string& text) { value = parse(text); };
+    sub->add_option_function<std::string>(name, take, about)->required()->type_name("");
+  };
+  const auto file = [&](CLI::App* sub) { positional(sub, "FILE", given.file, "data file (.K4X)"); };
   const auto port = [&](CLI::App* sub) {
-    sub->add_option("PORT", given.port, "port number 1 to 16, or the path of a device")->required()->type_name("");
+    parsed(sub, "PORT", given.port, PortOf, "port number 1 to 16, or the path of a device");
   };
 
   file(command(app, "new", "Write the default configuration to FILE",
@@ -159,18 +155,15 @@ void CommandLine::Declare(CLI::App& app) {
   info->require_subcommand(1);
   port(command(*info, "read", "Print the text and the last programming time",
                [this] { return WithRadio(RunInfoRead); }));
-  CLI::App* const infoWrite =
-      command(*info, "write", "Write TEXT, at most 119 characters", [this] { return InfoWrite(); });
+  CLI::App* const infoWrite = command(*info, "write", "Write TEXT, at most 119 characters", [this] {
+    return WithRadio([this](const RadioCommand& radio) { return RunInfoWrite(radio, m_arguments.text); });
+  });
   port(infoWrite);
-  infoWrite->add_option("TEXT", given.text, "the text in quotes; a line break counts as two characters")
-      ->required()
-      ->type_name("");
+  parsed(infoWrite, "TEXT", given.text, InfoOf, "the text in quotes; a line break counts as two characters");
 
   CLI::App* const print = command(app, "print", "Print the reports of FILE to a PDF file", [this] { return Print(); });
   file(print);
-  print->add_option("OUT.pdf", given.pdfFile, "the PDF file to write, over one that is there")
-      ->required()
-      ->type_name("");
+  positional(print, "OUT.pdf", given.pdfFile, "the PDF file to write, over one that is there");
   print->add_option("--reports", given.reports, "channels, tts, info, separated by commas; all by default")
       ->type_name("NAMES")
       ->delimiter(',')

@@ -1,14 +1,13 @@
 #include "radio_commands.h"
 
+#include "arguments.h"
 #include "embedded_info.h"
 #include "file_access.h"
 #include "file_commands.h"
-#include "file_messages.h"
 #include "fill_messages.h"
-#include "info_text.h"
+#include "messages.h"
 #include "port_choice.h"
 #include "signaling.h"
-#include "transfer_messages.h"
 
 #include <iomanip>
 #include <ostream>

@@ -1,7 +1,6 @@
 // The commands that use a serial port.
 #pragma once
 
-#include "exit_status.h"
 #include "file_system.h"
 #include "terminal.h"
 

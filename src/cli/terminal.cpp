@@ -1,6 +1,6 @@
 #include "terminal.h"
 
-#include "transfer_messages.h"
+#include "messages.h"
 
 #include <algorithm>
 #include <cctype>

@@ -2,12 +2,17 @@
 #pragma once
 
 #include "exchange.h"
-#include "exit_status.h"
 
 #include <iosfwd>
 #include <string_view>
 
 namespace mr4500x {
+
+enum class ExitStatus : int {
+  Done = 0,
+  Failed = 1, // with a message on standard error and the files unchanged
+  UnusableArguments = 2,
+};
 
 // Data goes to `out`; messages, questions and progress go to `err`.
 struct Terminal {

@@ -8,7 +8,7 @@
 #include <optional>
 #include <span>
 
-#include "local_time.h"
+#include "clock.h"
 
 namespace mr4500x {
 

@@ -1,6 +1,5 @@
 #include "exchange.h"
 
-#include "record_order.h"
 #include "session.h"
 
 #include <algorithm>
@@ -10,10 +9,41 @@ namespace {
 
 constexpr int ProgressPerRecord = 5;
 constexpr Milliseconds AfterEnd{50};
-constexpr auto ReadAddresses = RecordAddresses<ReadOrder>();
-constexpr auto WriteAddresses = RecordAddresses<WriteOrder>();
-constexpr auto ReadInfoAddresses = RecordAddresses<ReadInfoOrder>();
-constexpr auto WriteInfoAddresses = RecordAddresses<WriteInfoOrder>();
+
+// Records at consecutive addresses, both ends included.
+struct RecordRun {
+  std::uint16_t first, last;
+};
+
+// Doesn't compile unless the runs have `Count` records.
+template<std::size_t Count>
+consteval std::array<std::uint16_t, Count> AddressesOf(std::initializer_list<RecordRun> runs) {
+  std::array<std::uint16_t, Count> addresses{};
+  std::size_t count = 0;
+  for (const auto& [first, last] : runs)
+    for (std::size_t address = first; address <= last; address += RecordBytes)
+      addresses.at(count++) = static_cast<std::uint16_t>(address);
+  return count == Count ? addresses : throw count;
+}
+
+constexpr auto ReadAddresses = AddressesOf<103>({
+    {0x000, 0x140}, // channels to emergency ANI, with the unused 0x118-0x12F
+    {0x180, 0x198}, // TTS timing
+    {0x1C0, 0x378}, // reset time to selective-call codes, with the unused 0x1E8
+    {0x3F0, 0x3F8}, // band, firmware version
+});
+constexpr auto WriteAddresses = AddressesOf<66>({
+    {0x000, 0x0F8}, // channels
+    {0x100, 0x110}, // radio settings, key program
+    {0x130, 0x140}, // PTT ID, Emergency ANI
+    {0x180, 0x198}, // TTS timing
+    {0x1C0, 0x1E0}, // reset time, tone frequencies
+    {0x200, 0x208}, // write stamp
+    {0x300, 0x378}, // selective-call codes
+    {0x3F0, 0x3F0}, // band
+});
+constexpr auto ReadInfoAddresses = AddressesOf<32>({{0x200, 0x2F8}});  // write stamp, embedded information
+constexpr auto WriteInfoAddresses = AddressesOf<30>({{0x210, 0x2F8}}); // embedded information
 
 struct ProgressScale {
   int maximum;
@@ -81,24 +111,29 @@ constexpr WriteCourse InfoWrite = {
 };
 // clang-format on
 
-ExchangeResult NotOpened(SerialLine& line, Transfer transfer, const std::string& description) {
-  line.ClosePort();
-  return {transfer, Outcome::PortNotOpened, line.PortName(), description};
-}
-
 // Tells a radio that may still be in the session that it is over. Whether that arrives makes no difference.
-ExchangeResult Close(SerialLine& line, Transfer transfer, Outcome outcome) {
+ExchangeResult Close(SerialLine& line, Transfer transfer, Outcome outcome, const std::string& description = {}) {
   if (outcome == Outcome::Interrupted || outcome == Outcome::DisplayError || outcome == Outcome::BandDeclined) {
     line.ReopenPort();
     static_cast<void>(EndSession(line));
   }
   line.ClosePort();
-  return {transfer, outcome, line.PortName(), {}};
+  return {transfer, outcome, line.PortName(), description};
+}
+
+// After the last record: shows the end of the progress. False if the exchange could not be ended.
+bool ShowEnd(bool hasEnded, const ProgressScale& scale, SerialLine& line, ExchangeObserver& observer) {
+  if (hasEnded) {
+    observer.Progress(scale.atEnd);
+    line.Wait(AfterEnd);
+  }
+  observer.Ended();
+  return hasEnded;
 }
 
 ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& image, ExchangeObserver& observer) {
-  const auto close = [&](Outcome outcome) { return Close(line, course.transfer, outcome); };
-  if (const auto failure = line.OpenPort()) return NotOpened(line, course.transfer, *failure);
+  const auto close = [&](auto... how) { return Close(line, course.transfer, how...); };
+  if (const auto failure = line.OpenPort()) return close(Outcome::PortNotOpened, *failure);
   if (!WakeToRead(line, course.pace)) return close(Outcome::NoResponse);
 
   observer.Began(course.transfer, course.scale.maximum);
@@ -110,30 +145,21 @@ ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& imag
     value += ProgressPerRecord;
     return true;
   });
-  const bool hasEnded = moved == Moved::All && EndReading(line);
-  if (hasEnded) {
-    observer.Progress(course.scale.atEnd);
-    line.Wait(AfterEnd);
-  }
-  observer.Ended();
-  if (!hasEnded) return close(moved == Moved::BadAnswer ? course.badAnswer : Outcome::DataError);
+  if (!ShowEnd(moved == Moved::All && EndReading(line), course.scale, line, observer))
+    return close(moved == Moved::BadAnswer ? course.badAnswer : Outcome::DataError);
   return close(observer.Complete(course.transfer) ? Outcome::Complete : Outcome::DisplayError);
 }
 
-bool HasBandOf(const RadioImage& image, const Identity& identity) {
-  return std::ranges::equal(identity.Band(), std::span(image.BandBlock).first(identity.Band().size()));
-}
-
 // Calls `stamp` just before taking the first record from the image.
-ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioImage& image,
-                     const std::function<void()>& stamp, ExchangeObserver& observer) {
-  const auto close = [&](Outcome outcome) { return Close(line, course.transfer, outcome); };
-  if (const auto failure = line.OpenPort()) return NotOpened(line, course.transfer, *failure);
+ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioImage& image, ExchangeObserver& observer,
+                     const std::function<void()>& stamp) {
+  const auto close = [&](auto... how) { return Close(line, course.transfer, how...); };
+  if (const auto failure = line.OpenPort()) return close(Outcome::PortNotOpened, *failure);
   const std::optional<Identity> identity = WakeToWrite(line, course.pace);
   if (!identity) return close(Outcome::NoResponse);
   if (!identity->IsOfThisSeries()) return close(Outcome::WrongModel);
-  const bool isOtherBand = course.comparesBand && !HasBandOf(image, *identity);
-  if (isOtherBand && !observer.AcceptsOtherBand()) return close(Outcome::BandDeclined);
+  const bool isSameBand = std::ranges::equal(identity->Band(), std::span(image.BandBlock).first<4>());
+  if (course.comparesBand && !isSameBand && !observer.AcceptsOtherBand()) return close(Outcome::BandDeclined);
   if (!PrepareToWrite(line)) return close(Outcome::NoResponse);
 
   observer.Began(course.transfer, course.scale.maximum);
@@ -144,13 +170,8 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
     observer.Progress(value);
     value += ProgressPerRecord;
   });
-  const bool hasEnded = moved == Moved::All && EndSession(line);
-  if (hasEnded) {
-    observer.Progress(course.scale.atEnd);
-    line.Wait(AfterEnd);
-  }
-  observer.Ended();
-  if (!hasEnded) return close(moved == Moved::BadAnswer ? Outcome::Interrupted : Outcome::DataError);
+  if (!ShowEnd(moved == Moved::All && EndSession(line), course.scale, line, observer))
+    return close(moved == Moved::BadAnswer ? Outcome::Interrupted : Outcome::DataError);
   if (!AwaitGoodStatus(line, course.pace)) return close(Outcome::DataError);
   static_cast<void>(observer.Complete(course.transfer)); // a write has nothing to show
   return close(Outcome::Complete);
@@ -164,8 +185,7 @@ ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& 
 
 ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,
                           ExchangeObserver& observer) {
-  return Write(
-      WholeWrite, line, image, [&] { Stamp(image, now()); }, observer);
+  return Write(WholeWrite, line, image, observer, [&] { Stamp(image, now()); });
 }
 
 ExchangeResult ReadEmbeddedInfo(SerialLine& line, RadioImage& image, ExchangeObserver& observer) {
@@ -173,8 +193,7 @@ ExchangeResult ReadEmbeddedInfo(SerialLine& line, RadioImage& image, ExchangeObs
 }
 
 ExchangeResult WriteEmbeddedInfo(SerialLine& line, const RadioImage& image, ExchangeObserver& observer) {
-  return Write(
-      InfoWrite, line, image, [] {}, observer);
+  return Write(InfoWrite, line, image, observer, [] {});
 }
 
 } // namespace mr4500x

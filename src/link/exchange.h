@@ -1,5 +1,5 @@
 // The four exchanges with the radio. Each opens the port, closes it and returns how it went. An observer shows the
-// progress; transfer_messages.h has the texts for the outcome.
+// progress; messages.h has the texts for the outcome.
 #pragma once
 
 #include <cstdint>

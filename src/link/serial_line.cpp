@@ -82,22 +82,10 @@ Polled SerialLine::Poll(std::size_t count, int rounds) {
   return Polled::TimedOut;
 }
 
-std::optional<std::size_t> SerialLine::BytesWaiting() {
-  return m_port.BytesReceived();
-}
-
 std::optional<LineBytes> SerialLine::Receive() {
   std::optional<LineBytes> bytes = m_port.TakeReceived();
   if (!DiscardInput()) return std::nullopt;
   return bytes;
-}
-
-bool SerialLine::DiscardInput() {
-  return m_port.DiscardReceived();
-}
-
-bool SerialLine::DiscardOutput() {
-  return m_port.DiscardTransmit();
 }
 
 } // namespace mr4500x

@@ -54,12 +54,12 @@ public:
 
   // Looks for `count` bytes every 20 ms, at most `rounds` times. Waits the 20 ms after a successful look too.
   [[nodiscard]] Polled Poll(std::size_t count, int rounds);
-  [[nodiscard]] std::optional<std::size_t> BytesWaiting();
+  [[nodiscard]] std::optional<std::size_t> BytesWaiting() { return m_port.BytesReceived(); }
   // All bytes waiting. Discards what arrives meanwhile.
   [[nodiscard]] std::optional<LineBytes> Receive();
 
-  [[nodiscard]] bool DiscardInput();
-  [[nodiscard]] bool DiscardOutput();
+  [[nodiscard]] bool DiscardInput() { return m_port.DiscardReceived(); }
+  [[nodiscard]] bool DiscardOutput() { return m_port.DiscardTransmit(); }
 
 private:
   SerialPort& m_port;

@@ -30,38 +30,31 @@ constexpr std::array<std::uint8_t, 12> EndOfSession = {0x57, 0xAA, 0xAA, 0xAA, 0
 constexpr std::uint8_t InfoPage = 0x02;
 constexpr std::size_t StampBytes = 0x10;
 
-struct WakeUpCall {
-  std::span<const std::uint8_t> word;
-  int tries;
-  std::size_t answerBytes; // needed to end the tries
-  int rounds;
-  Milliseconds afterAnswer;
-};
-
-// What the radio answered, possibly no bytes. Here and in AwaitReply, nullopt means that the port failed.
-std::optional<LineBytes> WakeUp(SerialLine& line, const WakeUpCall& call) {
-  for (int attempt = 0; attempt < call.tries; ++attempt) {
-    if (!line.DiscardOutput() || !line.DiscardInput()) return std::nullopt;
-    line.Wait(BeforeWakeUp);
-    if (!line.Send(call.word)) return std::nullopt;
-    if (line.Poll(call.answerBytes, call.rounds) == Polled::PortFailed) return std::nullopt;
-    // Look once more: an answer that arrives in the 20 ms of the last round counts.
-    const std::optional<std::size_t> waiting = line.BytesWaiting();
-    if (!waiting) return std::nullopt;
-    if (*waiting >= call.answerBytes) break;
-  }
-  std::optional<LineBytes> answer = line.Receive();
-  line.Wait(call.afterAnswer);
-  if (!line.DiscardInput()) return std::nullopt;
-  return answer;
+// Here, nullopt means that the port failed.
+std::optional<LineBytes> ReceiveReply(SerialLine& line, Milliseconds pause) {
+  std::optional<LineBytes> reply = line.Receive();
+  line.Wait(pause);
+  return line.DiscardInput() ? reply : std::nullopt;
 }
 
 std::optional<LineBytes> AwaitReply(SerialLine& line, std::size_t count, int rounds, Milliseconds pause) {
   if (line.Poll(count, rounds) == Polled::PortFailed) return std::nullopt;
-  std::optional<LineBytes> reply = line.Receive();
-  line.Wait(pause);
-  if (!line.DiscardInput()) return std::nullopt;
-  return reply;
+  return ReceiveReply(line, pause);
+}
+
+// What the radio answered, possibly no bytes. `answerBytes` end the tries.
+std::optional<LineBytes> WakeUp(SerialLine& line, std::span<const std::uint8_t> word, int tries,
+                                std::size_t answerBytes, int rounds, Milliseconds afterAnswer) {
+  for (int attempt = 0; attempt < tries; ++attempt) {
+    if (!line.DiscardOutput() || !line.DiscardInput()) return std::nullopt;
+    line.Wait(BeforeWakeUp);
+    if (!line.Send(word) || line.Poll(answerBytes, rounds) == Polled::PortFailed) return std::nullopt;
+    // Look once more: an answer that arrives in the 20 ms of the last round counts.
+    const std::optional<std::size_t> waiting = line.BytesWaiting();
+    if (!waiting) return std::nullopt;
+    if (*waiting >= answerBytes) break;
+  }
+  return ReceiveReply(line, afterAnswer);
 }
 
 // 57 hi lo 08
@@ -81,10 +74,6 @@ bool IsAcknowledge(std::span<const std::uint8_t> reply) {
   return !reply.empty() && reply[0] == Acknowledge;
 }
 
-bool IsRecordReply(std::span<const std::uint8_t> reply) {
-  return reply.size() >= RecordFrameBytes && reply[0] == RecordMark;
-}
-
 // As many bytes as the reply's count says; nullopt if it has fewer.
 std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t> reply) {
   const auto data = reply.subspan(RecordHeaderBytes);
@@ -95,13 +84,13 @@ std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t
 } // namespace
 
 bool WakeToRead(SerialLine& line, const ReadPace& pace) {
-  const auto answer = WakeUp(line, {ReadWord, pace.tries, /*answerBytes*/ 1, pace.wakeUpRounds, pace.afterWakeUp});
+  const auto answer = WakeUp(line, ReadWord, pace.tries, 1, pace.wakeUpRounds, pace.afterWakeUp);
   return answer && IsAcknowledge(*answer);
 }
 
 std::optional<Identity> WakeToWrite(SerialLine& line, const WritePace& pace) {
   Identity identity;
-  const auto answer = WakeUp(line, {WriteWord, pace.tries, identity.bytes.size(), pace.wakeUpRounds, AfterIdentity});
+  const auto answer = WakeUp(line, WriteWord, pace.tries, identity.bytes.size(), pace.wakeUpRounds, AfterIdentity);
   if (!answer || answer->size() < identity.bytes.size()) return std::nullopt;
   std::copy_n(answer->begin(), identity.bytes.size(), identity.bytes.begin());
   return identity;
@@ -115,7 +104,7 @@ Moved ReadRecords(SerialLine& line, const ReadPace& pace, Addresses addresses,
     if (!line.Send(RecordHeader(address))) return Moved::PortFailed;
     const auto reply = AwaitReply(line, RecordFrameBytes, RecordReplyRounds, pace.afterReply);
     if (!reply) return Moved::PortFailed;
-    if (!IsRecordReply(*reply)) return Moved::BadAnswer;
+    if (reply->size() < RecordFrameBytes || reply->front() != RecordMark) return Moved::BadAnswer;
     if (!take(*reply)) return Moved::Refused;
   }
   return Moved::All;

@@ -1,30 +1,24 @@
 // lr7200-simulator: a simulated LR7200 radio on a pseudo-terminal, for training, demos and tests.
-#include "device_link.h"
-#include "memory_file.h"
 #include "pseudo_terminal.h"
 #include "simulated_radio.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <exception>
-#include <string>
-#include <utility>
-#include <vector>
 
 #include <sys/prctl.h>
 
 namespace mr4500x {
 namespace {
 
+using namespace std::chrono_literals;
+
 struct Options {
   std::string memoryFile;
   std::string link;
   int baud = 0; // 0: no delay
-  std::vector<std::string> faults;
+  std::vector<PlannedFault> faults;
 };
 
 constexpr int BitsPerCharacter = 12; // start, 8 data, parity, 2 stop
@@ -56,15 +50,14 @@ SimulatedRadio::Moment Now() {
   return std::chrono::duration_cast<SimulatedRadio::Moment>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-int Fail(const std::string& reason) {
-  std::fprintf(stderr, "lr7200-simulator: %s\n", reason.c_str());
-  return 1;
+void Tell(const std::exception& failure) {
+  std::fprintf(stderr, "lr7200-simulator: %s\n", failure.what());
 }
 
 // Runs until a signal or the fault "vanish".
 void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::string& memoryFile,
               const sigset_t& mask) {
-  constexpr SimulatedRadio::Moment Idle = std::chrono::seconds(1);
+  constexpr SimulatedRadio::Moment Idle = 1s;
   unsigned storedSessions = 0;
   SimulatedRadio::Moment lastHeard = Now();
   while (g_isStopped == 0 && !radio.HasVanished()) {
@@ -79,39 +72,28 @@ void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::
     if (now - lastHeard >= Idle) terminal.EndExclusiveUse();
     // Only after the last answer of the session: the computer is waiting for it.
     if (!memoryFile.empty() && radio.EndedSessions() != storedSessions && !radio.NextReplyAt()) {
-      if (const auto failure = Store(memoryFile, radio.Memory())) Fail(*failure);
       storedSessions = radio.EndedSessions();
+      try {
+        Store(memoryFile, radio.Memory());
+      } catch (const std::exception& failure) {
+        Tell(failure); // and serve on
+      }
     }
   }
 }
 
-int Serve(const Options& options) {
+void Serve(const Options& options) {
   const sigset_t mask = CatchSignals();
-  RadioMemory memory = FactoryMemory();
-  if (!options.memoryFile.empty()) {
-    if (const auto failure = LoadOrCreate(options.memoryFile, memory)) return Fail(*failure);
-  }
-  std::vector<PlannedFault> faults;
-  for (const std::string& text : options.faults)
-    if (const auto fault = ParseFault(text)) faults.push_back(*fault);
-  const auto characterTime = options.baud == 0
-                                 ? std::chrono::microseconds(0)
-                                 : std::chrono::microseconds(std::chrono::seconds(1)) * BitsPerCharacter / options.baud;
-  SimulatedRadio radio(memory, characterTime, FaultPlan(std::move(faults)));
+  const RadioMemory memory = options.memoryFile.empty() ? FactoryMemory() : LoadOrCreate(options.memoryFile);
+  const auto characterTime = options.baud == 0 ? 0us : std::chrono::microseconds(1s) * BitsPerCharacter / options.baud;
+  SimulatedRadio radio(memory, characterTime, options.faults);
   {
-    PseudoTerminal terminal;
-    if (const auto failure = terminal.Open()) return Fail(*failure);
-    DeviceLink link;
-    if (!options.link.empty()) {
-      if (const auto failure = link.Make(options.link, terminal.Device())) return Fail(*failure);
-    }
+    const PseudoTerminal terminal(options.link);
     std::printf("%s\n", terminal.Device().c_str());
     std::fflush(stdout);
     RunRadio(radio, terminal, options.memoryFile, mask);
   }
-  if (options.memoryFile.empty()) return 0;
-  const auto failure = Store(options.memoryFile, radio.Memory());
-  return failure ? Fail(*failure) : 0;
+  if (!options.memoryFile.empty()) Store(options.memoryFile, radio.Memory());
 }
 
 std::string FaultHelp() {
@@ -124,10 +106,6 @@ std::string FaultHelp() {
   return text;
 }
 
-std::string CheckFault(const std::string& text) {
-  return ParseFault(text) ? std::string() : text + " is not a fault; --help lists them";
-}
-
 int Main(int argc, char** argv) {
   Options options;
   CLI::App app("A simulated LR7200 radio. Prints the path of its serial device and serves it until interrupted.");
@@ -137,10 +115,14 @@ int Main(int argc, char** argv) {
   app.add_option("--pace", options.baud, "Take the time of a real line, 9600 for the radio's; none by default")
       ->type_name("BAUD")
       ->check(CLI::Range(300, 115200));
-  app.add_option("--fault", options.faults, "Fail in this way; may be given several times")
+  const auto addFault = [&](const std::string& text) {
+    const auto fault = ParseFault(text);
+    if (!fault) throw CLI::ValidationError("--fault", text + " is not a fault; --help lists them");
+    options.faults.push_back(*fault);
+  };
+  app.add_option_function<std::string>("--fault", addFault, "Fail in this way; may be given several times")
       ->type_name("NAME")
-      ->allow_extra_args(false)
-      ->check(CLI::Validator(CheckFault, std::string()));
+      ->trigger_on_parse();
   app.footer(FaultHelp());
   try {
     app.parse(argc, argv);
@@ -148,7 +130,8 @@ int Main(int argc, char** argv) {
     return app.exit(error) == 0 ? 0 : 2;
   }
   prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL); // send replies within 1 us of their time, not the default 50
-  return Serve(options);
+  Serve(options);
+  return 0;
 }
 
 } // namespace
@@ -158,7 +141,7 @@ int main(int argc, char** argv) {
   try {
     return mr4500x::Main(argc, argv);
   } catch (const std::exception& failure) {
-    std::fprintf(stderr, "lr7200-simulator: %s\n", failure.what());
+    mr4500x::Tell(failure);
     return 1;
   }
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 
 #include <fcntl.h>
@@ -13,12 +14,9 @@
 
 namespace mr4500x {
 
-PseudoTerminal::~PseudoTerminal() {
-  if (m_slave >= 0) close(m_slave);
-  if (m_master >= 0) close(m_master);
-}
+namespace fs = std::filesystem;
 
-std::optional<std::string> PseudoTerminal::Open() {
+PseudoTerminal::PseudoTerminal(const std::string& link) {
   std::array<char, 128> name{};
   termios line{};
   m_master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
@@ -26,13 +24,29 @@ std::optional<std::string> PseudoTerminal::Open() {
                  ptsname_r(m_master, name.data(), name.size()) == 0;
   if (isReady) m_slave = open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
   isReady = isReady && m_slave >= 0 && tcgetattr(m_slave, &line) == 0;
-  if (isReady) {
-    cfmakeraw(&line); // no echo, no translation of bytes
-    isReady = tcsetattr(m_slave, TCSANOW, &line) == 0;
-  }
-  if (!isReady) return "cannot open a pseudo-terminal: " + std::generic_category().message(errno);
+  cfmakeraw(&line); // no echo, no translation of bytes
+  if (!isReady || tcsetattr(m_slave, TCSANOW, &line) != 0)
+    throw std::system_error(errno, std::generic_category(), "cannot open a pseudo-terminal");
   m_device = name.data();
-  return std::nullopt;
+  if (!link.empty()) MakeLink(link);
+}
+
+PseudoTerminal::~PseudoTerminal() {
+  std::error_code error;
+  if (!m_link.empty() && fs::read_symlink(m_link, error) == m_device) fs::remove(m_link, error);
+  close(m_slave);
+  close(m_master);
+}
+
+void PseudoTerminal::MakeLink(const std::string& path) {
+  std::error_code error;
+  // Left behind: a link to nothing, or to the device that is now ours.
+  const bool isStale = fs::is_symlink(fs::symlink_status(path, error)) &&
+                       (!fs::exists(path, error) || fs::read_symlink(path, error) == m_device);
+  if (isStale) fs::remove(path, error);
+  fs::create_symlink(m_device, path, error);
+  if (error) throw std::runtime_error("cannot make the link " + path + ": " + error.message());
+  m_link = path;
 }
 
 void PseudoTerminal::Wait(std::chrono::nanoseconds atMost, const sigset_t& blocked) const {

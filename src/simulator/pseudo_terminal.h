@@ -1,9 +1,9 @@
-// The serial device of the simulated radio: a pseudo-terminal, seen from the radio's side.
+// The serial device of the simulated radio: a pseudo-terminal, seen from the radio's side, and a symbolic link to it
+// with a name of the user's choice.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -14,12 +14,12 @@ namespace mr4500x {
 
 class PseudoTerminal {
 public:
-  PseudoTerminal() = default;
-  ~PseudoTerminal();
+  // A link of an earlier run is replaced, but nothing else. Throws if one of them can't be made.
+  explicit PseudoTerminal(const std::string& link); // empty: none
+  ~PseudoTerminal();                                // removes the link unless it no longer leads to this device
   PseudoTerminal(const PseudoTerminal&) = delete;
   PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
-  [[nodiscard]] std::optional<std::string> Open(); // returns the reason of a failure
   [[nodiscard]] const std::string& Device() const { return m_device; }
 
   // Waits for bytes, the end of the time, or a signal that is not in `blocked`.
@@ -31,10 +31,13 @@ public:
   void EndExclusiveUse() const;
 
 private:
+  void MakeLink(const std::string& path);
+
   int m_master = -1;
   // Kept open, or the device would hang up whenever a program closes it.
   int m_slave = -1;
   std::string m_device;
+  std::string m_link;
 };
 
 } // namespace mr4500x

@@ -10,14 +10,12 @@ namespace {
 using namespace std::chrono_literals;
 
 // What the computer sends:
-//   72 45 41 44                        wake-up for reading
-//   77 52 49 54 45                     wake-up for writing
-//   57 hi lo 08                        asks for a record
-//   57 hi lo 08 d0 .. d7               writes a record
-//   57 AA AA AA                        ends reading
+//   72 45 41 44                          "rEAD": wake-up for reading
+//   77 52 49 54 45                       "wRITE": wake-up for writing
+//   57 hi lo 08                          asks for a record
+//   57 hi lo 08 d0 .. d7                 writes a record
+//   57 AA AA AA                          ends reading
 //   57 AA AA AA 55 55 55 55 55 55 55 55  ends a session of either kind
-constexpr std::array<std::uint8_t, 4> ReadWord = {0x72, 0x45, 0x41, 0x44};
-constexpr std::array<std::uint8_t, 5> WriteWord = {0x77, 0x52, 0x49, 0x54, 0x45};
 constexpr std::array<std::uint8_t, 12> EndPacket = {0x57, 0xAA, 0xAA, 0xAA, 0x55, 0x55,
                                                     0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
 constexpr std::size_t EndMarkBytes = 4; // at the start of the end packet; alone they end reading
@@ -37,21 +35,20 @@ constexpr int LateWakeUps = 3;
 
 constexpr std::size_t BandAddress = 0x3F0;
 
-constexpr bool IsReadOnly(std::size_t address) {
-  const bool isIdentity = address >= 0x1F0 && address <= 0x1FF;
-  const bool isFirmware = address >= 0x3F8 && address <= 0x3FF;
-  return isIdentity || isFirmware;
+constexpr bool IsReadOnly(std::size_t address) { // identity number, firmware version
+  return (address >= 0x1F0 && address <= 0x1FF) || address >= 0x3F8;
 }
 
 // Whether one of the two starts with the other.
-bool Agree(std::span<const std::uint8_t> heard, std::span<const std::uint8_t> message) {
-  const std::size_t common = std::min(heard.size(), message.size());
+template<class Message>
+bool Agree(std::span<const std::uint8_t> heard, const Message& message) {
+  const auto common = std::min(heard.size(), message.size());
   return std::equal(heard.begin(), heard.begin() + static_cast<std::ptrdiff_t>(common), message.begin());
 }
 
 } // namespace
 
-SimulatedRadio::SimulatedRadio(const RadioMemory& memory, Moment characterTime, FaultPlan faults)
+SimulatedRadio::SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults)
     : m_memory(memory), m_characterTime(characterTime), m_faults(std::move(faults)) {}
 
 void SimulatedRadio::Hear(std::span<const std::uint8_t> bytes, Moment writtenAt) {
@@ -83,23 +80,25 @@ std::vector<std::uint8_t> SimulatedRadio::TakeReplies(Moment now) {
   return bytes;
 }
 
+bool SimulatedRadio::Has(Fault fault) const {
+  return std::ranges::any_of(m_faults, [&](const PlannedFault& planned) {
+    return planned.fault == fault && planned.record.value_or(m_record) == m_record;
+  });
+}
+
 void SimulatedRadio::DropStaleMessage() {
   // The mark alone ends a write session too, without a status.
-  const bool isEnd = m_heard.size() >= EndMarkBytes && Agree(m_heard, EndPacket);
-  if (isEnd) EndSession();
+  if (m_heard.size() >= EndMarkBytes && Agree(m_heard, EndPacket)) EndSession();
   m_heard.clear();
 }
 
 std::size_t SimulatedRadio::TakeMessage() {
-  if (Agree(m_heard, ReadWord)) {
-    if (m_heard.size() < ReadWord.size()) return 0;
-    WakeUp(Session::Read);
-    return ReadWord.size();
-  }
-  if (Agree(m_heard, WriteWord)) {
-    if (m_heard.size() < WriteWord.size()) return 0;
-    WakeUp(Session::Write);
-    return WriteWord.size();
+  constexpr std::pair<std::string_view, Session> WakeUpWords[] = {{"rEAD", Session::Read}, {"wRITE", Session::Write}};
+  for (const auto& [word, session] : WakeUpWords) {
+    if (!Agree(m_heard, word)) continue;
+    if (m_heard.size() < word.size()) return 0;
+    WakeUp(session);
+    return word.size();
   }
   if (m_session == Session::None || m_heard[0] != RecordMark) return 1; // noise
   const bool mayBeEnd = m_heard.size() < 2 || m_heard[1] == EndPacket[1];
@@ -129,7 +128,7 @@ std::size_t SimulatedRadio::TakeRecord() {
   if (m_heard.size() < length) return 0;
 
   const std::size_t address = std::size_t{m_heard[1]} * 256 + m_heard[2];
-  m_hasVanished = m_faults.At(Fault::Vanish, m_record);
+  m_hasVanished = Has(Fault::Vanish);
   if (m_hasVanished) return length;
   if (m_session == Session::Write)
     AnswerWrite(address);
@@ -142,16 +141,14 @@ std::size_t SimulatedRadio::TakeRecord() {
 void SimulatedRadio::WakeUp(Session session) {
   m_replies.clear();
   m_lineFreeAt = m_heardAt;
-  m_session = session;
-  m_record = 0;
+  m_record = NoRecord;
   ++m_wakeUps;
-  const bool isTooEarly = m_faults.Throughout(Fault::LateAnswer) && m_wakeUps < LateWakeUps;
-  if (m_faults.Throughout(Fault::Silent) || isTooEarly) {
-    m_session = Session::None;
-    return;
-  }
+  const bool isTooEarly = Has(Fault::LateAnswer) && m_wakeUps < LateWakeUps;
+  m_session = Has(Fault::Silent) || isTooEarly ? Session::None : session;
+  if (m_session == Session::None) return;
   m_wakeUps = 0;
   AnswerWakeUp();
+  m_record = 0;
 }
 
 void SimulatedRadio::EndSession() {
@@ -160,41 +157,39 @@ void SimulatedRadio::EndSession() {
 }
 
 void SimulatedRadio::AnswerWakeUp() {
-  const bool isNoisy = m_faults.Throughout(Fault::Garbage);
-  if (m_faults.Throughout(Fault::WrongAnswer)) {
+  if (Has(Fault::WrongAnswer)) {
     m_session = Session::None;
-    return Answer({Refusal}, isNoisy);
+    return Answer({Refusal});
   }
-  if (m_session == Session::Read) return Answer({Acknowledge}, isNoisy);
+  if (m_session == Session::Read) return Answer({Acknowledge});
 
   // 52, the four band bytes, 00 30, two unused bytes
   Bytes identity = {'R', 0, 0, 0, 0, 0x00, 0x30, 0x00, 0x00};
   std::copy_n(m_memory.begin() + BandAddress, 4, identity.begin() + 1);
-  if (m_faults.Throughout(Fault::OtherBand)) {
-    const bool isVhf = identity[1] == 0x88;
+  if (Has(Fault::OtherBand)) {
     constexpr std::array<std::uint8_t, 4> Vhf = {0x88, 0x00, 0xAE, 0x00}; // 136 to 174 MHz
     constexpr std::array<std::uint8_t, 4> Uhf = {0xB8, 0x01, 0xD6, 0x01}; // 440 to 470 MHz
-    std::copy_n((isVhf ? Uhf : Vhf).begin(), 4, identity.begin() + 1);
+    std::ranges::copy(identity[1] == Vhf[0] ? Uhf : Vhf, identity.begin() + 1);
   }
-  if (m_faults.Throughout(Fault::WrongModel)) identity[0] = 'Q';
-  if (m_faults.Throughout(Fault::ShortIdentity)) identity.pop_back();
-  Answer(std::move(identity), isNoisy, m_faults.Throughout(Fault::SplitReply));
+  if (Has(Fault::WrongModel)) identity[0] = 'Q';
+  if (Has(Fault::ShortIdentity)) identity.pop_back();
+  Answer(std::move(identity), Has(Fault::SplitReply));
 }
 
 void SimulatedRadio::AnswerRead(std::size_t address) {
-  if (m_faults.At(Fault::Silent, m_record)) return;
+  if (Has(Fault::Silent)) return;
   Bytes reply(m_heard.begin(), m_heard.begin() + RecordHeaderBytes);
   const auto data = m_memory.begin() + static_cast<std::ptrdiff_t>(address);
   reply.insert(reply.end(), data, data + RecordBytes);
-  if (m_faults.At(Fault::WrongAddress, m_record)) {
+  if (Has(Fault::WrongAddress)) {
     reply[1] = 0x03;
     reply[2] = 0x00;
   }
-  if (m_faults.At(Fault::ForeignReply, m_record)) reply[0] = RecordMark + 1;
-  if (m_faults.At(Fault::BadCount, m_record)) reply[3] = 2 * RecordBytes;
-  if (m_faults.At(Fault::ShortReply, m_record)) reply.pop_back();
-  if (m_faults.At(Fault::LongReply, m_record)) reply.push_back(0x00);
-  Answer(std::move(reply), m_faults.At(Fault::Garbage, m_record), m_faults.At(Fault::SplitReply, m_record));
+  if (Has(Fault::ForeignReply)) reply[0] = RecordMark + 1;
+  if (Has(Fault::BadCount)) reply[3] = 2 * RecordBytes;
+  if (Has(Fault::ShortReply)) reply.pop_back();
+  if (Has(Fault::LongReply)) reply.push_back(0x00);
+  Answer(std::move(reply), Has(Fault::SplitReply));
 }
 
 void SimulatedRadio::AnswerWrite(std::size_t address) {
@@ -202,29 +197,24 @@ void SimulatedRadio::AnswerWrite(std::size_t address) {
     std::copy_n(m_heard.begin() + RecordHeaderBytes, RecordBytes,
                 m_memory.begin() + static_cast<std::ptrdiff_t>(address));
   }
-  if (m_faults.At(Fault::Silent, m_record) || m_faults.At(Fault::NoAcknowledge, m_record)) return;
-  const bool isRefused = m_faults.At(Fault::WrongAcknowledge, m_record);
-  Answer({isRefused ? Refusal : Acknowledge}, m_faults.At(Fault::Garbage, m_record));
+  if (Has(Fault::Silent) || Has(Fault::NoAcknowledge)) return;
+  Answer({Has(Fault::WrongAcknowledge) ? Refusal : Acknowledge});
 }
 
 void SimulatedRadio::AnswerEnd() {
+  m_record = NoRecord;
   Bytes status = {'O', 'K'};
-  if (m_faults.Throughout(Fault::Ng)) status = {'N', 'G'};
-  if (m_faults.Throughout(Fault::LongStatus)) status.push_back(0x00);
-  if (m_faults.Throughout(Fault::LateStatus)) m_lineFreeAt = m_heardAt + StatusDelay;
-  Answer(std::move(status), m_faults.Throughout(Fault::Garbage));
+  if (Has(Fault::Ng)) status = {'N', 'G'};
+  if (Has(Fault::LongStatus)) status.push_back(0x00);
+  if (Has(Fault::LateStatus)) m_lineFreeAt = m_heardAt + StatusDelay;
+  Answer(std::move(status));
 }
 
-void SimulatedRadio::Answer(Bytes bytes, bool isNoisy, bool isSplit) {
-  if (isNoisy) bytes.insert(bytes.begin(), {0xFF, 0x00});
-  Bytes rest;
-  if (isSplit) {
-    const auto middle = bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2);
-    rest.assign(middle, bytes.end());
-    bytes.erase(middle, bytes.end());
-  }
-  Transmit(std::move(bytes), Moment::zero());
-  if (isSplit) Transmit(std::move(rest), SplitPause);
+void SimulatedRadio::Answer(Bytes bytes, bool isSplit) {
+  if (Has(Fault::Garbage)) bytes.insert(bytes.begin(), {0xFF, 0x00});
+  const auto middle = isSplit ? bytes.begin() + static_cast<std::ptrdiff_t>(bytes.size() / 2) : bytes.end();
+  Transmit({bytes.begin(), middle}, Moment::zero());
+  if (isSplit) Transmit({middle, bytes.end()}, SplitPause);
 }
 
 void SimulatedRadio::Transmit(Bytes bytes, Moment pause) {

@@ -1,7 +1,7 @@
 // The radio's side of the protocol: bytes in and out with their times. It does no input or output and reads no clock.
 #pragma once
 
-#include "fault_plan.h"
+#include "faults.h"
 #include "radio_memory.h"
 
 #include <chrono>
@@ -17,7 +17,7 @@ public:
   using Moment = std::chrono::microseconds;
 
   // `characterTime` is the time of one character on the line, 0 for no delay.
-  SimulatedRadio(const RadioMemory& memory, Moment characterTime, FaultPlan faults = {});
+  SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults = {});
 
   // Bytes that the computer wrote. Times must not decrease.
   void Hear(std::span<const std::uint8_t> bytes, Moment writtenAt);
@@ -44,6 +44,7 @@ private:
   std::size_t TakeEnd();
   std::size_t TakeRecord();
 
+  [[nodiscard]] bool Has(Fault fault) const; // throughout the session, or at this record
   void DropStaleMessage();
   void WakeUp(Session session);
   void EndSession();
@@ -51,17 +52,19 @@ private:
   void AnswerRead(std::size_t address);
   void AnswerWrite(std::size_t address);
   void AnswerEnd();
-  void Answer(Bytes bytes, bool isNoisy, bool isSplit = false);
+  void Answer(Bytes bytes, bool isSplit = false);
   void Transmit(Bytes bytes, Moment pause);
 
   RadioMemory m_memory;
   const Moment m_characterTime;
-  const FaultPlan m_faults;
+  const std::vector<PlannedFault> m_faults;
+
+  static constexpr int NoRecord = -1;
 
   Session m_session = Session::None;
-  int m_record = 0;  // of the session, counted from 0
-  int m_wakeUps = 0; // in a row without an answer
-  Bytes m_heard;     // of an incomplete message
+  int m_record = NoRecord; // of the session, counted from 0
+  int m_wakeUps = 0;       // in a row without an answer
+  Bytes m_heard;           // of an incomplete message
   Moment m_heardAt{0};
   std::deque<Reply> m_replies;
   Moment m_lineFreeAt{0};

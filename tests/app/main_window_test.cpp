@@ -1,5 +1,5 @@
 // The main window: what its menus and buttons run, the views, the start and the end.
-#include "locale_texts.h"
+#include "machine.h"
 #include "program_fixture.h"
 
 namespace mr4500x {

@@ -1,7 +1,7 @@
 // The transfers and Port, through the main window, with a radio on COM3.
+#include "messages.h"
 #include "port_choice.h"
 #include "program_fixture.h"
-#include "transfer_messages.h"
 
 namespace mr4500x {
 namespace {

@@ -35,8 +35,8 @@ protected:
     ASSERT_EQ(fscanf(m_radio, "%d %99s", &m_process, device.data()), 2);
     port = device.data();
   }
-  void EndRadio() {
-    kill(m_process, SIGTERM);
+  void EndRadio(int signal = SIGTERM) {
+    kill(m_process, signal);
     pclose(m_radio);
   }
 
@@ -62,8 +62,7 @@ private:
 
 TEST_F(CommandLineTest, TheTypicalJob) {
   StartRadio();
-  const std::string read = "read " + port + " " + file;
-  ExpectAll({{read, 0, ""}});
+  ExpectAll({{"read " + port + " " + file, 0, ""}});
   RadioImage image;
   ASSERT_EQ(LoadDataFile(files, file, image).outcome, LoadOutcome::Loaded);
   EXPECT_EQ(image.FiveToneStandard, image.ResetTimeBlock[2]);
@@ -72,8 +71,10 @@ TEST_F(CommandLineTest, TheTypicalJob) {
   ASSERT_TRUE(SaveDataFile(files, file, image));
   ExpectAll({{"write " + file + " " + port, 0, ""},
              {"info write " + port + " 'two\nlines'", 0, ""},
-             {"info read " + port, 0, "two\nlines\n20"},
-             {read, 0, ""}});
+             {"info read " + port, 0, "two\nlines\n20"}});
+  EndRadio(SIGKILL); // what was written is in its file
+  StartRadio();
+  ExpectAll({{"read " + port + " " + file, 0, ""}});
   ASSERT_EQ(LoadDataFile(files, file, image).outcome, LoadOutcome::Loaded);
   EXPECT_EQ(image.RadioSettingsBlock[4], 100);
   EndRadio();
@@ -84,6 +85,7 @@ TEST_F(CommandLineTest, FailuresHaveTheirMessageAndLeaveTheFile) {
     const char *fault, *command, *message;
   } cases[] = {
       {"short-reply", "read", "Reading is interrupted, please retry Read.\n"},
+      {"vanish@1 --fault late-answer", "read", "Read data error, please retry Read.\n"},
       {"wrong-model", "write",
        "The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!\n"},
       {"other-band", "write",
@@ -99,6 +101,22 @@ TEST_F(CommandLineTest, FailuresHaveTheirMessageAndLeaveTheFile) {
     EXPECT_EQ(Content("a.K4X"), before);
     EndRadio();
   }
+}
+
+TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
+  Put("short", "a text");
+  Put("long", std::string(1025, 'x'));
+  std::filesystem::create_symlink("/dev/null", Path("other-link"));
+  std::filesystem::create_symlink("/dev/nothing", Path("stale-link"));
+  for (const std::string option :
+       {"--memory short", "--memory long", "--memory .", "--link short", "--link other-link"})
+    EXPECT_EQ(Shell("cd " + Path("") + " && " LR7200_SIMULATOR " " + option).status, 1) << option;
+  EXPECT_EQ(Content("short"), "a text");
+  EXPECT_EQ(std::filesystem::read_symlink(Path("other-link")), "/dev/null");
+  StartRadio(" --link " + Path("stale-link"));
+  EXPECT_EQ(std::filesystem::read_symlink(Path("stale-link")), port);
+  EndRadio();
+  EXPECT_FALSE(std::filesystem::is_symlink(Path("stale-link")));
 }
 
 TEST_F(CommandLineTest, PrintsAFile) {

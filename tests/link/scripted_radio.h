@@ -34,13 +34,11 @@ struct ScriptedRadio : SerialPort, Clock {
   std::vector<LineBytes> frames;                   // what was written
   std::deque<std::pair<Moment, std::uint8_t>> air; // on its way to the computer, with its arrival
   Moment now{}, sentAt{};                          // sentAt: when the last byte written has left the line
-  std::vector<std::pair<std::string, Moment>> journal;
 
   ScriptedRadio() {
     for (std::size_t i = 0; i < memory.size(); ++i)
       memory[i] = static_cast<std::uint8_t>(i * 37 + (i >> 8) + 1);
   }
-  void Note(const char* what) { journal.emplace_back(what, now); }
 
   Moment Now() override { return now; }
   void WaitUntil(Moment moment) override { now = std::max(now, moment); }
@@ -62,7 +60,6 @@ struct ScriptedRadio : SerialPort, Clock {
     return Works() ? std::optional<std::size_t>(stuck) : std::nullopt;
   }
   bool DiscardTransmit() override {
-    Note("discard output");
     Require(now >= sentAt, "bytes that were meant to go are not thrown away");
     return Works();
   }
@@ -74,7 +71,6 @@ struct ScriptedRadio : SerialPort, Clock {
   }
   bool Write(std::span<const std::uint8_t> bytes) override {
     if (!Works() || !open) return false;
-    Note("write");
     sentAt = now + 1250us * bytes.size();
     frames.emplace_back(bytes.begin(), bytes.end());
     LineBytes reply = ReplyTo(frames.back());
@@ -126,7 +122,6 @@ struct Desk final : ExchangeObserver {
   }
   void Progress(int value) override {
     Require(showsProgress, "progress is made between begin and end");
-    radio.Note("progress");
     values.push_back(value);
   }
   void Ended() override { Require(std::exchange(showsProgress, false), "what ends has begun"); }

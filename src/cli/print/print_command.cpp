@@ -2,7 +2,7 @@
 
 #include "embedded_info.h"
 #include "file_commands.h"
-#include "locale_texts.h"
+#include "machine.h"
 #include "pdf_printer.h"
 
 #include <ostream>

@@ -1,7 +1,6 @@
 // The print command: the reports of a data file as a PDF file.
 #pragma once
 
-#include "exit_status.h"
 #include "file_system.h"
 #include "print_reports.h"
 #include "terminal.h"

@@ -1,7 +1,7 @@
 // frmEmbed: edits the embedded information and its font. embedded_info.h limits the length.
 #pragma once
 
-#include "font_dialog.h"
+#include "desktop.h"
 #include "message_view.h"
 
 #include <QDialog>

@@ -1,8 +1,7 @@
 // Message boxes, file dialogs and the font dialog, over Qt Widgets.
 #pragma once
 
-#include "file_dialogs.h"
-#include "font_dialog.h"
+#include "desktop.h"
 #include "message_view.h"
 
 #include <QStringList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "help_viewer.h"
+#include "desktop.h"
 #include "message_view.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "progress_view.h"
+#include "desktop.h"
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "end_signals.h"
-#include "steady_clock.h"
+#include "machine.h"
 
 #include <QObject>
 

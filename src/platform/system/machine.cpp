@@ -1,9 +1,14 @@
 #include "machine.h"
 
+#include <QDateTime>
+#include <QLocale>
+
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
-#include <system_error>
+
+#include <sys/prctl.h>
 
 namespace mr4500x {
 
@@ -28,6 +33,38 @@ LocalTime LocalNow() {
   // The radio's time stamp ends at second 59: a leap second counts as 59.
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
           local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};
+}
+
+SteadyClock::SteadyClock() {
+  // By default Linux may wake a sleeper 50 us late to save power, which adds up over hundreds of waits.
+  constexpr unsigned long SlackNanoseconds = 1000;
+  prctl(PR_SET_TIMERSLACK, SlackNanoseconds, 0UL, 0UL, 0UL);
+}
+
+Clock::Moment SteadyClock::Now() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return std::chrono::duration_cast<Moment>(std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec));
+}
+
+void SteadyClock::WaitUntil(Moment moment) {
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(moment);
+  timespec deadline{};
+  deadline.tv_sec = static_cast<time_t>(seconds.count());
+  deadline.tv_nsec = static_cast<long>(std::chrono::nanoseconds(moment - seconds).count());
+  while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
+  }
+}
+
+char DecimalSeparatorOf(const QLocale& locale) {
+  bool isNumber = false;
+  const double value = locale.toDouble(QStringLiteral("9.55"), &isNumber);
+  return isNumber && value >= 9.54 && value <= 9.56 ? '.' : ',';
+}
+
+std::string DateTimeText(const QLocale& locale, const LocalTime& time) {
+  const QDateTime moment(QDate(time.year, time.month, time.day), QTime(time.hour, time.minute, time.second));
+  return locale.toString(moment, QLocale::ShortFormat).toStdString();
 }
 
 } // namespace mr4500x

@@ -1,8 +1,11 @@
+// The machine that the program runs on: its folders, clocks and locale.
 #pragma once
 
-#include "local_time.h"
+#include "clock.h"
 
 #include <string>
+
+class QLocale;
 
 namespace mr4500x {
 
@@ -13,5 +16,18 @@ namespace mr4500x {
 [[nodiscard]] std::string UserConfigFolder();
 
 [[nodiscard]] LocalTime LocalNow();
+
+class SteadyClock final : public Clock {
+public:
+  SteadyClock();
+  [[nodiscard]] Moment Now() override;
+  void WaitUntil(Moment moment) override;
+};
+
+// "." if the locale reads "9.55" as that number, else ",": the program knows no other separators.
+[[nodiscard]] char DecimalSeparatorOf(const QLocale& locale);
+
+// Date and time in the locale's short format.
+[[nodiscard]] std::string DateTimeText(const QLocale& locale, const LocalTime& time);
 
 } // namespace mr4500x

@@ -1,16 +1,16 @@
 #include "qt_serial_port.h"
 
-#include "driver_queue.h"
-
 #include <QAbstractEventDispatcher>
 #include <QLoggingCategory>
 #include <QSerialPort>
 
-#include <unistd.h>
-
+#include <cerrno>
 #include <filesystem>
 #include <mutex>
-#include <system_error>
+
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace mr4500x {
 namespace {
@@ -42,6 +42,28 @@ std::string OpenFailure(const QSerialPort& port, const std::string& device) {
   const bool isHeld = port.error() == QSerialPort::PermissionError && access(device.c_str(), R_OK | W_OK) == 0;
   if (isHeld) return std::make_error_code(std::errc::device_or_resource_busy).message();
   return port.errorString().toStdString();
+}
+
+// Writes without blocking. Returns the number of bytes taken, possibly 0, or nullopt if the device failed.
+std::optional<std::size_t> HandToDriver(int device, std::span<const std::uint8_t> bytes) {
+  std::size_t taken = 0;
+  while (taken < bytes.size()) {
+    const ssize_t count = write(device, bytes.data() + taken, bytes.size() - taken);
+    if (count > 0)
+      taken += static_cast<std::size_t>(count);
+    else if (count == 0 || errno == EAGAIN)
+      break;
+    else if (errno != EINTR)
+      return std::nullopt;
+  }
+  return taken;
+}
+
+// Whether the device is gone: an adapter unplugged, the other end of a pseudo-terminal closed.
+bool HasHungUp(int device) {
+  pollfd state{device, POLLIN, 0};
+  if (poll(&state, 1, 0) < 0) return errno != EINTR;
+  return (state.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 }
 
 // Suppresses Qt's warnings about socket notifiers in a thread without an event dispatcher, which does not need them.
@@ -82,10 +104,6 @@ QtSerialPort::QtSerialPort(std::string device)
     : QtSerialPort(DeviceLookup([path = std::move(device)](int) { return path; })) {}
 
 QtSerialPort::~QtSerialPort() = default;
-
-void QtSerialPort::SetPortNumber(int number) {
-  m_number = number;
-}
 
 std::optional<std::string> QtSerialPort::Open(const LineSettings& settings) {
   Close();
@@ -153,10 +171,10 @@ bool QtSerialPort::DiscardReceived() {
 
 std::optional<std::size_t> QtSerialPort::BytesToTransmit() {
   if (!PushUnsent()) return std::nullopt;
-  const auto queued = DriverQueueLength(static_cast<int>(m_port->handle()));
-  m_failed = !queued.has_value();
+  int queued = 0; // bytes that the driver has not sent yet
+  m_failed = ioctl(static_cast<int>(m_port->handle()), TIOCOUTQ, &queued) != 0;
   if (m_failed) return std::nullopt;
-  return *queued + m_unsent.size();
+  return static_cast<std::size_t>(std::max(queued, 0)) + m_unsent.size();
 }
 
 bool QtSerialPort::DiscardTransmit() {

@@ -19,7 +19,7 @@ public:
   explicit QtSerialPort(std::string device); // for every port number
   ~QtSerialPort() override;
 
-  void SetPortNumber(int number) override;
+  void SetPortNumber(int number) override { m_number = number; }
   [[nodiscard]] std::optional<std::string> Open(const LineSettings& settings) override;
   void Close() override;
   [[nodiscard]] bool IsOpen() const override;

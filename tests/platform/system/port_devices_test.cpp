@@ -40,33 +40,29 @@ TEST(PortDevices, UsbAdaptersComeFirstAndNumbersCountAsNumbers) {
 // Over a copy of how the system describes its terminals.
 TEST(PortDevices, AreToldApartAndSpareOnesLeftOut) {
   const fs::path root = fs::path(testing::TempDir()) / "mr4500x_terminals";
+  fs::remove_all(root);
   const struct {
     const char* name;
-    const char* hardware; // none: unknown
-    const char* uartType;
+    std::string hardware; // none: unknown
+    int uartType;         // -1: not told
     std::optional<DeviceKind> kind;
   } cases[] = {
-      {"ttyUSB0", "devices/pci0000:00/usb1/1-1/1-1:1.0/ttyUSB0", nullptr, DeviceKind::UsbAdapter},
-      {"ttyS0", "devices/pnp0/00:04", "4\n", DeviceKind::BuiltIn},
-      {"ttyS1", "devices/platform/serial8250", "0\n", std::nullopt},
-      {"ttyAMA0", "devices/platform/soc/uart0", "32\n", DeviceKind::BuiltIn},
-      {"rfcomm0", nullptr, nullptr, DeviceKind::Other},
-      {"cu.usbserial-1410", nullptr, nullptr, DeviceKind::UsbAdapter},
+      {"ttyUSB0", "devices/pci0000:00/usb1/1-1/1-1:1.0/ttyUSB0", -1, DeviceKind::UsbAdapter},
+      {"ttyS0", "devices/pnp0/00:04", 4, DeviceKind::BuiltIn},
+      {"ttyS1", "devices/platform/serial8250", 0, std::nullopt},
+      {"rfcomm0", "", -1, DeviceKind::Other},
+      {"cu.usbserial-1410", "", -1, DeviceKind::UsbAdapter},
   };
-  fs::remove_all(root);
   for (const auto& [name, hardware, uartType, kind] : cases) {
     const fs::path terminal = root / "tty" / name;
     fs::create_directories(terminal);
-    if (hardware != nullptr) {
-      fs::create_directories(root / hardware);
-      fs::create_directory_symlink(root / hardware, terminal / "device");
-    }
-    if (uartType != nullptr) std::ofstream(terminal / "type") << uartType;
+    fs::create_directories(root / hardware);
+    if (!hardware.empty()) fs::create_directory_symlink(root / hardware, terminal / "device");
+    if (uartType >= 0) std::ofstream(terminal / "type") << uartType << '\n';
     const auto device = DescribeDevice(root / "tty", name);
     EXPECT_EQ(device ? std::optional(device->kind) : std::nullopt, kind) << name;
     EXPECT_TRUE(!device || device->path == std::string("/dev/") + name) << name;
   }
-  fs::remove_all(root);
 }
 
 } // namespace

@@ -59,28 +59,23 @@ protected:
 TEST_F(QtSerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
   testing::internal::CaptureStderr();
   Open();
-  EXPECT_EQ(m_port->BytesReceived(), 0U);
   Arrive({0x57, 0x00, 0xFF});
   EXPECT_EQ(m_port->BytesReceived(), 3U); // now with Qt
   Arrive({0x11, 0x13});                   // flow control characters are plain bytes
   EXPECT_EQ(m_port->TakeReceived(), (Bytes{0x57, 0x00, 0xFF, 0x11, 0x13}));
-  EXPECT_EQ(m_port->TakeReceived(), Bytes());
   Arrive({1, 2, 3});
   EXPECT_EQ(m_port->BytesReceived(), 3U);
   Arrive({4, 5}); // still with the driver
   EXPECT_TRUE(m_port->DiscardReceived());
-  EXPECT_EQ(m_port->BytesReceived(), 0U);
+  EXPECT_EQ(m_port->TakeReceived(), Bytes());
   Arrive(Bytes(2000, 0x55)); // more than one of Qt's portions
   EXPECT_EQ(m_port->TakeReceived(), Bytes(2000, 0x55));
-  m_port->Close();
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(QtSerialPortTest, ReceivesWhatTheEventLoopHasFetchedBefore) {
-  int count = 1;
-  char name[] = "test";
-  char* arguments[] = {name, nullptr};
-  const QCoreApplication application(count, arguments);
+  int count = 0;
+  const QCoreApplication application(count, nullptr);
   Open();
   Arrive({1, 2, 3});
   QCoreApplication::processEvents();
@@ -109,38 +104,27 @@ TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
 }
 
 TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
-  // "Discard" is the first: it alone does nothing with the device.
-  const std::pair<const char*, std::function<bool(SerialPort&)>> cases[] = {
-      {"DiscardTransmit", [](SerialPort& port) { return port.DiscardTransmit(); }},
-      {"BytesReceived", [](SerialPort& port) { return port.BytesReceived().has_value(); }},
-      {"DiscardReceived", [](SerialPort& port) { return port.DiscardReceived(); }},
-      {"BytesToTransmit", [](SerialPort& port) { return port.BytesToTransmit().has_value(); }},
-      {"Write", [](SerialPort& port) { return port.Write(Bytes{1}); }},
-      {"TakeReceived", [](SerialPort& port) { return port.TakeReceived().has_value(); }},
+  const auto work = [&] { // first the discarding: it alone does nothing with the device
+    return std::vector<bool>{m_port->DiscardTransmit(), m_port->BytesReceived().has_value(),
+                             m_port->DiscardReceived(), m_port->BytesToTransmit().has_value(),
+                             m_port->Write(Bytes{1}),   m_port->TakeReceived().has_value()};
   };
-  const auto expectAll = [&](bool expected, const char* when) {
-    for (const auto& [name, succeeds] : cases)
-      EXPECT_EQ(succeeds(*m_port), expected) << name << ' ' << when;
-  };
-  expectAll(false, "before it was opened");
+  EXPECT_EQ(work(), std::vector<bool>(6, false)) << "before it was opened";
   Open();
-  expectAll(true, "while it is open");
+  EXPECT_EQ(work(), std::vector<bool>(6, true));
   HangUp();
-  expectAll(false, "when the other end is gone");
+  EXPECT_EQ(work(), std::vector<bool>(6, false));
   EXPECT_TRUE(m_port->IsOpen());
   m_port->Close();
   EXPECT_FALSE(m_port->IsOpen());
 }
 
 TEST_F(QtSerialPortTest, AppliesTheLineSettings) {
-  for (const LineSettings& settings : {Line, {4800, Parity::None, 8, 1}}) {
-    ASSERT_EQ(m_port->Open(settings), std::nullopt);
-    termios line{};
-    ASSERT_EQ(tcgetattr(m_slave, &line), 0);
-    EXPECT_EQ(cfgetospeed(&line), settings.baud == 9600 ? B9600 : B4800);
-    EXPECT_EQ((line.c_cflag & CSTOPB) != 0, settings.stopBits == 2)
-        << settings.baud; // a pseudo-terminal keeps no parity
-  }
+  Open();
+  termios line{};
+  ASSERT_EQ(tcgetattr(m_slave, &line), 0);
+  EXPECT_EQ(cfgetospeed(&line), B9600);
+  EXPECT_NE(line.c_cflag & CSTOPB, 0U); // a pseudo-terminal keeps no parity
 }
 
 TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
@@ -148,9 +132,8 @@ TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
     QtSerialPort port([&](int number) { return number == 7 ? device : m_device; });
     port.SetPortNumber(7);
     const auto description = port.Open(Line);
-    ASSERT_TRUE(description.has_value()) << device;
-    EXPECT_GT(description->size(), 5U);
-    EXPECT_FALSE(port.IsOpen());
+    EXPECT_GT(description.value_or("").size(), 5U) << device;
+    EXPECT_FALSE(port.IsOpen()) << device;
   }
 }
 
@@ -169,13 +152,12 @@ TEST_F(QtSerialPortTest, KeepsADeviceToItselfUnderEveryName) {
   const std::string link = testing::TempDir() + "mr4500x_port_link";
   std::filesystem::remove(link);
   std::filesystem::create_symlink(m_device, link);
-  Open();
-  const std::string relative = std::filesystem::relative(testing::TempDir()).string() + "/mr4500x_port_link";
-  for (const std::string& name : {m_device, link, relative})
-    EXPECT_NE(QtSerialPort(name).Open(Line), std::nullopt) << name;
-  m_port->Close();
-  for (const std::string& name : {m_device, link, relative})
+  for (const std::string& name : {m_device, link, std::filesystem::relative(link).string()}) {
     EXPECT_EQ(QtSerialPort(name).Open(Line), std::nullopt) << name;
+    Open();
+    EXPECT_NE(QtSerialPort(name).Open(Line), std::nullopt) << name;
+    m_port->Close();
+  }
   std::filesystem::remove(link);
 }
 

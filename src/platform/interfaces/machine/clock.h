@@ -14,4 +14,9 @@ public:
   virtual void WaitUntil(Moment moment) = 0;
 };
 
+struct LocalTime {
+  int year, month, day; // four-digit year; month and day from 1
+  int hour, minute, second;
+};
+
 } // namespace mr4500x

@@ -1,15 +1,13 @@
-#include "fault_plan.h"
+#include "faults.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <system_error>
 
 namespace mr4500x {
 namespace {
 
 // clang-format off
-constexpr std::array<FaultKind, 19> Kinds = {{
+constexpr FaultKind Kinds[] = {
     {Fault::Silent,           "silent",            true,  "never answers; at RECORD: does not answer that record"},
     {Fault::WrongAnswer,      "wrong-answer",      false, "answers a wake-up with 15"},
     {Fault::LateAnswer,       "late-answer",       false, "answers only the third wake-up in a row"},
@@ -29,7 +27,7 @@ constexpr std::array<FaultKind, 19> Kinds = {{
     {Fault::Garbage,          "garbage",           true,  "sends two bytes of noise before an answer"},
     {Fault::SplitReply,       "split-reply",       true,  "pauses 50 ms amid a record reply or the identity"},
     {Fault::Vanish,           "vanish",            true,  "pulls the cable at RECORD (10 if not given) and ends"},
-}};
+};
 // clang-format on
 
 constexpr int VanishRecord = 10; // in the middle of every exchange
@@ -41,33 +39,18 @@ std::span<const FaultKind> FaultKinds() {
 }
 
 std::optional<PlannedFault> ParseFault(std::string_view text) {
-  const std::size_t at = text.find('@');
-  const std::string_view name = text.substr(0, at);
-  const auto kind = std::find_if(Kinds.begin(), Kinds.end(), [&](const FaultKind& k) { return k.name == name; });
-  if (kind == Kinds.end()) return std::nullopt;
+  const std::size_t at = std::min(text.find('@'), text.size());
+  const auto* const kind = std::ranges::find(Kinds, text.substr(0, at), &FaultKind::name);
+  if (kind == std::end(Kinds)) return std::nullopt;
   PlannedFault planned{kind->fault, std::nullopt};
-  if (at != std::string_view::npos) {
-    const std::string_view digits = text.substr(at + 1);
-    int record = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), record);
-    const bool isNumber = error == std::errc() && end == digits.data() + digits.size() && record >= 0;
-    if (!kind->takesRecord || !isNumber) return std::nullopt;
-    planned.record = record;
-  } else if (planned.fault == Fault::Vanish) {
-    planned.record = VanishRecord;
-  }
+  if (kind->fault == Fault::Vanish) planned.record = VanishRecord;
+  if (at == text.size()) return planned;
+  int record = 0;
+  const char* const last = text.data() + text.size();
+  const auto [end, error] = std::from_chars(text.data() + at + 1, last, record);
+  if (!kind->takesRecord || error != std::errc() || end != last || record < 0) return std::nullopt;
+  planned.record = record;
   return planned;
-}
-
-bool FaultPlan::Throughout(Fault fault) const {
-  return std::any_of(m_faults.begin(), m_faults.end(),
-                     [=](const PlannedFault& planned) { return planned.fault == fault && !planned.record; });
-}
-
-bool FaultPlan::At(Fault fault, int record) const {
-  return std::any_of(m_faults.begin(), m_faults.end(), [=](const PlannedFault& planned) {
-    return planned.fault == fault && planned.record.value_or(record) == record;
-  });
 }
 
 } // namespace mr4500x

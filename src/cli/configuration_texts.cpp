@@ -1,19 +1,48 @@
-#include "configuration_table.h"
+#include "configuration_texts.h"
 
+#include "decimal.h"
 #include "fields.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
-#include <vector>
 
 namespace mr4500x {
 namespace {
 
+using Json = nlohmann::ordered_json;
+
+Json ValueOf(const Configuration& configuration, FieldAt at) {
+  const std::string text = TextOf(configuration, at);
+  if (at.field->kind == FieldKind::YesNo) return text == "true";
+  if (at.field->kind != FieldKind::WholeNumber) return text;
+  const std::optional<int> number = ParseWhole(text); // none for "OFF"
+  return number ? Json(*number) : Json(text);
+}
+
+// A group that is an object, or one entry of an array.
+Json Entry(const Configuration& configuration, FieldGroup group, std::size_t entry) {
+  Json object = Json::object();
+  if (group == FieldGroup::Channels) object["number"] = entry;
+  for (const Field& field : Fields())
+    if (field.group == group) object[field.key] = ValueOf(configuration, {&field, entry});
+  return object;
+}
+
+Json Group(const Configuration& configuration, FieldGroup group) {
+  if (!IsArray(group)) return Entry(configuration, group, 1);
+  Json array = Json::array();
+  for (std::size_t entry = 1; entry <= EntriesOf(group); ++entry)
+    array.push_back(Entry(configuration, group, entry));
+  return array;
+}
+
 using Row = std::vector<std::string>;
 
-constexpr std::string_view ColumnGap = "  ";
-
 // Makes every column as wide as its longest text.
-void AppendAligned(std::string& text, const std::vector<Row>& rows) {
+void AppendSection(std::string& text, std::string_view title, const std::vector<Row>& rows) {
+  if (!text.empty()) text += '\n';
+  text += std::string(title) + '\n';
   std::vector<std::size_t> widths;
   for (const Row& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));
@@ -24,22 +53,12 @@ void AppendAligned(std::string& text, const std::vector<Row>& rows) {
     std::string line;
     for (std::size_t column = 0; column < row.size(); ++column) {
       line += row[column];
-      line.append(widths[column] - row[column].size(), ' ');
-      line += ColumnGap;
+      line.append(widths[column] - row[column].size() + 2, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);
     text += line + '\n';
   }
 }
-
-void AppendSection(std::string& text, std::string_view title, const std::vector<Row>& rows) {
-  if (!text.empty()) text += '\n';
-  text += title;
-  text += '\n';
-  AppendAligned(text, rows);
-}
-
-constexpr std::string_view Indent = "  ";
 
 // A grid heading without its line break.
 std::string OnOneLine(std::string_view label) {
@@ -58,7 +77,7 @@ std::string ShownText(const Configuration& configuration, FieldAt at) {
 }
 
 Row SettingRow(const Configuration& configuration, const Field& field) {
-  return {std::string(Indent) + OnOneLine(field.label), ShownText(configuration, {&field})};
+  return {"  " + OnOneLine(field.label), ShownText(configuration, {&field})};
 }
 
 std::vector<Row> GroupRows(const Configuration& configuration, FieldGroup group) {
@@ -83,6 +102,16 @@ std::vector<Row> GridRows(const Configuration& configuration, FieldGroup group, 
 }
 
 } // namespace
+
+std::string ConfigurationJson(const Configuration& configuration) {
+  Json document;
+  for (const Field& field : Fields())
+    if (field.group == FieldGroup::None)
+      document[field.key] = ValueOf(configuration, {&field, 1});
+    else if (!document.contains(NameOf(field.group)))
+      document[NameOf(field.group)] = Group(configuration, field.group);
+  return document.dump(2) + '\n';
+}
 
 std::string ConfigurationTable(const Configuration& configuration) {
   const auto setting = [&](FieldPlace place) { return SettingRow(configuration, FieldOf(place)); };

@@ -1,4 +1,4 @@
-#include "steady_clock.h"
+#include "machine.h"
 
 #include <gtest/gtest.h>
 

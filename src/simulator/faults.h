@@ -5,7 +5,6 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
 namespace mr4500x {
 
@@ -27,22 +26,10 @@ struct FaultKind {
 
 struct PlannedFault {
   Fault fault;
-  std::optional<int> record;
+  std::optional<int> record; // nullopt: throughout the session
 };
 
 // "NAME" or "NAME@RECORD".
 [[nodiscard]] std::optional<PlannedFault> ParseFault(std::string_view text);
-
-class FaultPlan {
-public:
-  FaultPlan() = default;
-  explicit FaultPlan(std::vector<PlannedFault> faults) : m_faults(std::move(faults)) {}
-
-  [[nodiscard]] bool Throughout(Fault fault) const;     // for the whole session
-  [[nodiscard]] bool At(Fault fault, int record) const; // for the session or this record
-
-private:
-  std::vector<PlannedFault> m_faults;
-};
 
 } // namespace mr4500x

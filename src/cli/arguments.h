@@ -1,4 +1,4 @@
-// The PORT argument: a port number 1 to 16, or the path of a device.
+// What a command's arguments say: a port, a text for the embedded information.
 #pragma once
 
 #include "qt_serial_port.h"
@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace mr4500x {
 
@@ -25,5 +26,11 @@ struct PortArgument {
 // Looks up the device of a number, using the devices pinned in the settings file.
 [[nodiscard]] std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& files,
                                                     const std::string& settingsFile);
+
+// From UTF-8; every line break becomes carriage return and line feed. nullopt if the argument is not UTF-8.
+[[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
+
+// The other way: what a text box shows, with plain line feeds. Other control characters except tabs become ".".
+[[nodiscard]] std::string InfoToPrint(std::u16string_view text);
 
 } // namespace mr4500x

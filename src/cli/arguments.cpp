@@ -1,15 +1,17 @@
-#include "port_argument.h"
+#include "arguments.h"
 
 #include "decimal.h"
+#include "embedded_info.h"
 #include "port_choice.h"
 #include "port_devices.h"
 #include "serial_line.h"
 #include "settings.h"
 
+#include <QString>
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <filesystem>
-#include <string_view>
-#include <system_error>
 
 namespace mr4500x {
 namespace {
@@ -28,9 +30,9 @@ std::string DevicePath(const std::string& text) {
 } // namespace
 
 std::optional<PortArgument> ParsePortArgument(const std::string& text) {
-  const std::string_view named = text;
-  const bool isCom = (named.starts_with("COM") || named.starts_with("com")) && IsNumber(named.substr(3));
-  const std::string_view digits = isCom ? named.substr(3) : named;
+  std::string_view digits = text;
+  const bool isCom = text.starts_with("COM") || text.starts_with("com");
+  if (isCom && IsNumber(digits.substr(3))) digits.remove_prefix(3);
   if (text.empty()) return std::nullopt;
   if (!IsNumber(digits)) return PortArgument{0, DevicePath(text)};
   const std::optional<int> number = ParseWhole(digits);
@@ -47,6 +49,25 @@ std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& file
   return std::make_unique<QtSerialPort>([pins = PortDevices(files, settingsFile)](int number) {
     return DeviceOfPort(number, pins, MachineSerialDevices());
   });
+}
+
+std::optional<std::u16string> InfoFromArgument(std::string_view argument) {
+  QStringDecoder decoder(QStringDecoder::Utf8);
+  QString text = decoder(QByteArrayView(argument.data(), static_cast<qsizetype>(argument.size())));
+  if (decoder.hasError()) return std::nullopt;
+  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+  return text.toStdU16String();
+}
+
+std::string InfoToPrint(std::u16string_view text) {
+  QString shown = QStringView(VisibleText(text)).toString();
+  shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  shown.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  for (QChar& c : shown) // keep a radio's text from controlling the terminal
+    if (c.category() == QChar::Other_Control && c != QLatin1Char('\n') && c != QLatin1Char('\t')) c = QLatin1Char('.');
+  return shown.toStdString();
 }
 
 } // namespace mr4500x

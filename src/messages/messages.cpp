@@ -1,0 +1,88 @@
+#include "messages.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+using enum Transfer;
+using enum Outcome;
+using enum MessageIcon;
+
+struct MessageRow {
+  std::optional<Transfer> transfer; // none: every transfer
+  Outcome outcome;
+  Message message; // its text follows the port's name if it begins with ":" or a blank
+};
+
+// clang-format off
+const MessageRow Rows[] = {
+    {{},        PortNotOpened, {Critical,    "Error", ": "}}, // plus the system's description
+    {{},        NoResponse,    {Exclamation, "Communication port error", " port don't respond, please check your connection!"}},
+    {{},        WrongModel,    {Exclamation, "Error", "The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!"}},
+    {Read,      Complete,      {None,        "Read Complete", "Read data is complete. Press OK button to continue ..."}},
+    {Read,      Interrupted,   {Exclamation, "Read Interrupt", "Reading is interrupted, please retry Read."}},
+    {Read,      DataError,     {Exclamation, "Data Error", "Read data error, please retry Read."}},
+    {Read,      DisplayError,  {Exclamation, "Data Error", "Data read can't display correctly. Please confirm."}},
+    {Write,     Complete,      {None,        "Write Complete", "Write data is complete. Press OK button to continue ..."}},
+    {Write,     Interrupted,   {Exclamation, "Write Interrupt", "Writing is interrupted, please retry Write."}},
+    {Write,     DataError,     {Exclamation, "Data Error", "Writing data error, please retry Write."}},
+    {ReadInfo,  Complete,      {None,        "Read Information Completely", "Read information is complete. Press OK button to continue ..."}},
+    {ReadInfo,  DataError,     {Exclamation, "Read Information Error", "Read information error, please try again."}},
+    {ReadInfo,  DisplayError,  {Exclamation, "Information Error", "Data that has been read can't correctly display!"}},
+    {WriteInfo, Complete,      {None,        "Write Information Completely", "Write information completely. Press OK to continue."}},
+    {WriteInfo, Interrupted,   {Exclamation, "Information Error", "Writing information is interrupted, please try again."}},
+    {WriteInfo, DataError,     {Exclamation, "Write Information Error", "Writing information error, please try again."}},
+};
+// clang-format on
+
+std::optional<Message> MessageOf(Transfer transfer, Outcome outcome) {
+  const auto row = std::ranges::find_if(Rows, [&](const MessageRow& each) {
+    return each.transfer.value_or(transfer) == transfer && each.outcome == outcome;
+  });
+  return row != std::end(Rows) ? std::optional(row->message) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<Message> MessageFor(LoadOutcome outcome) {
+  if (outcome == LoadOutcome::Loaded) return std::nullopt;
+  if (outcome == LoadOutcome::LaterVersion) return Message{Information, "Error", "Later Version of this File!"};
+  if (outcome == LoadOutcome::ErrorVersion) return Message{Information, "Error", "Error Version of this File!"};
+  return Message{Exclamation, "Open File Error", "File has been damaged!"};
+}
+
+Message MessageForFailed(SaveCommand command) {
+  return {Exclamation, "Save File Error",
+          command == SaveCommand::SaveAs ? "File hasn't been saved. Please redo!"
+                                         : "File hasn't been saved. Please try again!"};
+}
+
+ProgressWords ProgressOf(Transfer transfer) {
+  if (transfer == Read) return {"Read", "Reading data from the radio ..."};
+  if (transfer == Write) return {"Write", "Write data to the radio ..."};
+  if (transfer == WriteInfo) return {"Write Embedded Information", "Write embedded information to radio ..."};
+  // "Emedded": misspelt on purpose
+  return {"Read Emedded Information", "Reading embedded information from the radio ..."};
+}
+
+Message BandQuestion() {
+  return {Exclamation, "Frequency Band",
+          "The frequency band is different from the destination radio model.Are you still continue?"};
+}
+
+Message CompletionOf(Transfer transfer) {
+  return MessageOf(transfer, Complete).value();
+}
+
+std::optional<Message> FailureOf(const ExchangeResult& result) {
+  if (result.outcome == Complete) return std::nullopt;
+  auto message = MessageOf(result.transfer, result.outcome);
+  if (message && (message->text[0] == ':' || message->text[0] == ' ')) message->text.insert(0, result.port);
+  if (result.outcome == PortNotOpened)
+    message->text +=
+        result.systemDescription.empty() ? "The port failed while it was being set up." : result.systemDescription;
+  return message;
+}
+
+} // namespace mr4500x
