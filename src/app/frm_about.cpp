@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSysInfo>
 #include <QToolButton>
 
 namespace mr4500x {
@@ -25,11 +26,11 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
 
 // The libraries of all programs, unmodified. No fonts are shipped.
 QString LicencesText() {
-  return QDialog::tr("Qt %1 and its modules: LGPL version 3\n"
-                     "CLI11, in mr4500x-cli: BSD 3-Clause\n"
-                     "nlohmann-json, in mr4500x-cli: MIT\n"
-                     "The licences' texts come with the system's packages, in /usr/share/doc")
-      .arg(QLatin1String(qVersion()));
+  return QDialog::tr("Qt %1 and its modules, shared libraries of the system: LGPL version 3\n"
+                     "CLI11, compiled into mr4500x-cli and lr7200-simulator: BSD 3-Clause\n"
+                     "nlohmann-json, compiled into mr4500x-cli: MIT\n"
+                     "The notices of what is compiled in are in the file copyright, which is installed in\n%2")
+      .arg(QLatin1String(qVersion()), QLatin1String(MR4500X_DOCUMENTS_FOLDER));
 }
 
 QToolButton* MakeLicencesButton(QLabel& licences) {
@@ -79,7 +80,9 @@ void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget*
   auto* const words = new QVBoxLayout;
   words->addStretch();
   words->addWidget(MakePlainLabel(QDialog::tr("%1  For Windows 98/NT/2000").arg(title), "lblText"));
-  words->addWidget(MakePlainLabel(QDialog::tr("Version %1").arg(QLatin1String(MR4500X_VERSION)), "lblVersion"));
+  words->addWidget(MakePlainLabel(
+      QDialog::tr("Version %1, on %2").arg(QLatin1String(MR4500X_VERSION), QSysInfo::prettyProductName()),
+      "lblVersion"));
   words->addWidget(MakeLink(openLink));
   words->addStretch();
   auto* const top = new QHBoxLayout;
