@@ -9,10 +9,15 @@
 #include <QTimer>
 
 #include <iostream>
+#include <string_view>
 
 namespace {
 
 using namespace mr4500x;
+
+constexpr char Usage[] = "usage: mr4500x [FILE]\n"
+                         "Opens the window, with the data file FILE (.K4X or .K4Y) in it.\n"
+                         "mr4500x-cli does the same jobs without a window.\n";
 
 void StayUntil(Clock::Moment moment, Clock& clock) {
   const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - clock.Now());
@@ -25,11 +30,16 @@ void StayUntil(Clock::Moment moment, Clock& clock) {
 } // namespace
 
 int main(int argc, char** argv) {
+  const std::string_view first = argc == 2 ? argv[1] : "";
+  if (first == "--help" || first == "-h") { // needs no display, so it comes before Qt
+    std::cout << Usage;
+    return 0;
+  }
   const QApplication application(argc, argv);
   QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // for the desktop's menu entry and icon
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() > 2 || arguments.value(1).startsWith(QLatin1Char('-'))) {
-    std::cerr << "usage: MR4500X [FILE]\n";
+    std::cerr << Usage;
     return 2;
   }
   FrmSplash splash;

@@ -104,5 +104,15 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
     EXPECT_EQ(written[i], expected[i]) << std::hex << i;
 }
 
+TEST(Program, PrintsItsUsageWithoutADisplay) {
+  QProcess program;
+  program.setProcessEnvironment(QProcessEnvironment()); // no DISPLAY, and no platform that needs none
+  program.start(MR4500X_PROGRAM, {"--help"});
+  ASSERT_TRUE(program.waitForFinished());
+  EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(program.exitCode(), 0);
+  EXPECT_TRUE(program.readAllStandardOutput().startsWith("usage: mr4500x [FILE]\n"));
+}
+
 } // namespace
 } // namespace mr4500x
