@@ -14,7 +14,7 @@ namespace {
 class HelpViewerTest : public testing::Test, protected MessageView {
 protected:
   HelpViewerTest() {
-    for (const char* name : {"/MR4500X.hlp", "/MR4500X.qhc"})
+    for (const char* name : {"/MR4500X.hlp", "/MR4500X.hlp.sha256", "/MR4500X.qhc"})
       EXPECT_TRUE(QFile::copy(QLatin1String(HELP_FOLDER) + name, folder.path() + name));
   }
   void Store(const char* name, const QByteArray& bytes) {
@@ -60,6 +60,12 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
   ASSERT_TRUE(QFile::copy(HelpFile().c_str(), folder.filePath("short.hlp")));
   ASSERT_TRUE(QFile::resize(folder.filePath("short.hlp"), 1000));
   Store("other.hlp", QByteArray(200, 'x'));
+  QFile whole(HelpFile().c_str());
+  ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+  QByteArray bytes = whole.readAll();
+  bytes[bytes.size() / 2] ^= 1;
+  Store("middle.hlp", bytes);
+  ASSERT_TRUE(QFile::copy(whole.fileName() + ".sha256", folder.filePath("middle.hlp.sha256")));
   const std::string broken = Script({}, "/none");
   const struct {
     const char* file;
@@ -67,6 +73,7 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
   } cases[] = {
       {"none.hlp", "true", "The help file %1 is missing."},
       {"short.hlp", "true", "The help file %1 is damaged or can't be read."},
+      {"middle.hlp", "true", "The help file %1 is damaged or can't be read."},
       {"other.hlp", "true", "The help file %1 is damaged or can't be read."},
       {".", "true", "The help file %1 is damaged or can't be read."},
       {"MR4500X.hlp", "no-such-viewer", "The help viewer is missing. Please install the package assistant-qt6."},
