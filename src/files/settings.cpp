@@ -27,6 +27,12 @@ double NumericValue(std::string_view text) {
   return error == std::errc{} && end == text.data() + text.size() && std::isfinite(value) ? value : 0;
 }
 
+// The build's install folder is relative to the prefix, so that any prefix matches; CMake also allows an absolute one.
+bool IsOfInstallation(std::string_view programFolder) {
+  constexpr std::string_view Folder = MR4500X_PROGRAM_FOLDER;
+  return Folder.starts_with('/') ? programFolder == Folder : programFolder.ends_with('/' + std::string(Folder));
+}
+
 std::string InFolder(const std::string& folder) {
   return folder + '/' + std::string(SettingsFileName);
 }
@@ -35,7 +41,7 @@ std::string InFolder(const std::string& folder) {
 
 bool MayKeepFilesIn(FileSystem& files, const std::string& programFolder) {
   const bool isOfSystem = programFolder.starts_with("/usr/") && !programFolder.starts_with("/usr/local/");
-  return !isOfSystem && files.CanWrite(programFolder);
+  return !isOfSystem && !IsOfInstallation(programFolder) && files.CanWrite(programFolder);
 }
 
 std::string SettingsFilePath(FileSystem& files, const std::string& programFolder, const std::string& userConfigFolder) {

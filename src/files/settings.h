@@ -12,7 +12,8 @@ namespace mr4500x {
 inline constexpr int LowestPort = 1;
 inline constexpr int HighestPort = 16;
 
-// Whether the program may keep files in its own folder: never in a folder of the package manager, even as root.
+// Whether the program may keep files in its own folder: never in that of an installation, under whatever prefix, nor in
+// any other folder of the package manager, not even as root.
 [[nodiscard]] bool MayKeepFilesIn(FileSystem& files, const std::string& programFolder);
 
 // The file in the program folder if it exists or can be created, else the one in the user's configuration folder. An

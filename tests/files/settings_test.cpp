@@ -62,7 +62,10 @@ TEST_F(FilesTest, SettingsLiveBesideTheProgramWhereTheyCan) {
   const std::string program = Path("program"), user = Path("user");
   std::filesystem::create_directory(program);
   EXPECT_EQ(SettingsFilePath(files, program, user), program + "/MR4500X.ini");
-  EXPECT_EQ(SettingsFilePath(files, "/usr/bin", user), user + "/MR4500X.ini"); // also for root
+  const std::string installed = Path("prefix/" MR4500X_PROGRAM_FOLDER);
+  std::filesystem::create_directories(installed);
+  for (const std::string& folder : {installed, std::string("/usr/bin")}) // also for root, who can write both
+    EXPECT_EQ(SettingsFilePath(files, folder, user), user + "/MR4500X.ini") << folder;
   files.unwritable = {program};
   EXPECT_EQ(SettingsFilePath(files, program, user), user + "/MR4500X.ini");
   std::filesystem::create_directory(user);
