@@ -77,7 +77,7 @@ TEST_F(ProgramTest, RunsOneCommandAtATime) {
 TEST_F(ProgramTest, AboutTellsTheVersionAndOpensTheMakersPage) {
   WhenDialogOpens([](QWidget* about) {
     const QString version = about->findChild<QLabel*>("lblVersion")->text();
-    EXPECT_TRUE(version.contains(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$"))) << version.toStdString();
+    EXPECT_TRUE(version.contains(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+, on .+$"))) << version.toStdString();
     auto* const link = about->findChild<QLabel*>("lblLink");
     QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(link->fontMetrics().averageCharWidth() * 3, link->height() / 2));
     about->findChild<QPushButton*>("cmdClose")->click();
