@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "file_access.h"
+#include "function_settings.h"
 #include "tagged_items.h"
 
 namespace mr4500x {
@@ -59,11 +60,11 @@ bool StoreItem(const TaggedItem& item, std::optional<ImageBlock> block, RadioIma
   return true;
 }
 
-// Version 0 has no emergency ANI: the item in its place may have any shape, and its length in the settings (byte 14,
-// bits 4 to 0) is meaningless.
+// Version 0 has no emergency ANI: the item in its place may have any shape, and its length in the settings is
+// meaningless.
 void ClearEmergencyAni(RadioImage& image) {
   image.EmergencyAniBlock.fill(0x00);
-  image.RadioSettingsBlock[14] &= 0xE0;
+  WriteSetting(image, Setting::AniLength, 0);
 }
 
 LoadOutcome ReadBlocks(ItemReader& reader, int version, RadioImage& image) {

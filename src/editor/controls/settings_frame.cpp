@@ -9,6 +9,8 @@
 
 namespace mr4500x {
 
+constexpr int ColumnGap = 16;
+
 // Indexed by ChoiceList.
 // clang-format off
 constexpr std::array<const char*, ChoiceListCount> Controls = {
@@ -25,7 +27,7 @@ FieldFrame::FieldFrame(const QString& objectName, const QString& title)
 FieldFrame::FieldFrame(const QString& objectName, const QString& title, ChoiceList list)
     : FieldFrame(objectName, title) {
   AddList(0, 0, list);
-  m_fields->setColumnStretch(2, 1);
+  m_fields->setColumnStretch(2, 1); // the list keeps its width
   m_fields->setRowStretch(1, 1);
 }
 
@@ -37,6 +39,14 @@ ChoiceBox* FieldFrame::AddList(int row, int column, ChoiceList list) {
   connect(box, &ChoiceBox::Selected, this, &FieldFrame::Changed);
   m_lists[list] = box;
   return box;
+}
+
+void FieldFrame::StretchFields(std::initializer_list<int> labelColumns) {
+  for (const int column : labelColumns) {
+    if (column != *labelColumns.begin()) m_fields->setColumnMinimumWidth(column - 1, ColumnGap);
+    m_fields->setColumnStretch(column + 1, 1);
+  }
+  m_fields->setRowStretch(m_fields->rowCount(), 1);
 }
 
 void FieldFrame::Fill(const Configuration& values) {

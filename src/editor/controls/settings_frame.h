@@ -5,6 +5,7 @@
 
 #include <QGroupBox>
 
+#include <initializer_list>
 #include <map>
 
 class QGridLayout;
@@ -36,6 +37,8 @@ public:
 protected:
   // Adds the label in `column` and the list in `column + 1`.
   ChoiceBox* AddList(int row, int column, ChoiceList list);
+  // Call when all fields are added. Those beside these label columns share the width; the rows stay at the top.
+  void StretchFields(std::initializer_list<int> labelColumns);
   [[nodiscard]] ChoiceBox& List(ChoiceList list) const { return *m_lists.at(list); }
   [[nodiscard]] QGridLayout& Fields() const { return *m_fields; }
 

@@ -139,8 +139,7 @@ Band BandFrame::Limits() const {
 RecordFrame::RecordFrame() : FieldFrame(QStringLiteral("fraRecord"), tr("Radio Record")) {
   m_id = AddRecord(0, QStringLiteral("lblID"), tr("ID Number: "));
   m_version = AddRecord(1, QStringLiteral("lblVer"), tr("Version of Firmware:"));
-  Fields().setColumnStretch(1, 1);
-  Fields().setRowStretch(2, 1);
+  StretchFields({0});
 }
 
 QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString& label) {

@@ -38,10 +38,7 @@ GlobalSettingsFrame::GlobalSettingsFrame(MessageView& messages)
   m_disconnect = AddIdBox(4, QStringLiteral("txtDisconnect"), Box::DisconnectId, "Disconnect ID Invalid!");
   AddList(5, Right, ChoiceList::DigitTime);
   AddList(6, Right, ChoiceList::InterDigitTime);
-  Fields().setColumnMinimumWidth(Right - 1, 16);
-  Fields().setColumnStretch(Left + 1, 1);
-  Fields().setColumnStretch(Right + 1, 1);
-  Fields().setRowStretch(7, 1);
+  StretchFields({Left, Right});
 
   m_ani->setAccessibleName(tr("Emergency ANI"));
   connect(pttId, &ChoiceBox::Selected, this, &GlobalSettingsFrame::UseIdBoxes);

@@ -26,10 +26,7 @@ KeyFrame::KeyFrame(MessageView& messages)
     m_fixed[key] = NewList(FirstFixedList + number, key, {items[KeySpecial]}, tr("Key %1 press, fixed").arg(label));
     Fields().addWidget(m_fixed[key], row, column + 1);
   }
-  Fields().setColumnMinimumWidth(2, 16);
-  Fields().setColumnStretch(1, 1);
-  Fields().setColumnStretch(4, 1);
-  Fields().setRowStretch(3, 1);
+  StretchFields({0, 3});
   ShowKeys();
 }
 

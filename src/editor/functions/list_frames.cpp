@@ -23,10 +23,7 @@ ScanFrame::ScanFrame() : FieldFrame(QStringLiteral("fraScan"), tr("Scan Informat
   AddList(1, right, ChoiceList::RevertCh);
   AddList(2, left, ChoiceList::RestoreTime);
   AddList(2, right, ChoiceList::LookBack);
-  Fields().setColumnMinimumWidth(right - 1, 16);
-  Fields().setColumnStretch(left + 1, 1);
-  Fields().setColumnStretch(right + 1, 1);
-  Fields().setRowStretch(3, 1);
+  StretchFields({left, right});
 }
 
 void ScanFrame::Fill(const Configuration& values) {
