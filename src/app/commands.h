@@ -17,6 +17,7 @@ namespace mr4500x {
 
 class EditorPanel;
 class StatusPanels;
+class WorkKeeper;
 
 using RecentItems = std::array<QAction*, RecentFileCount>;
 
@@ -27,6 +28,7 @@ struct CommandContext {
   EditorState& state;
   EditorPanel& panel;
   StatusPanels& status;
+  WorkKeeper& keeper;
   const RecentItems& recentItems;
   QAction& closeItem;
   QWidget& window;
@@ -62,6 +64,10 @@ void About(const CommandContext& context);
 
 void OpenGiven(const CommandContext& context, const std::string& path); // from the recent files or the command line
 void ShowRecentFiles(const CommandContext& context);
+// Asks before data is saved or written whose unshown part was lost with a read or an open that broke off.
+[[nodiscard]] bool MayStore(const CommandContext& context);
+// Takes work that an earlier window left unsaved, if there is any and the user wants it.
+[[nodiscard]] bool OpenLeftWork(const CommandContext& context);
 // Stores the settings, then asks about unsaved data. Cancelled: don't exit.
 [[nodiscard]] CloseEnd PrepareExit(const CommandContext& context);
 

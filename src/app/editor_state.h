@@ -27,7 +27,8 @@ using Origin = std::variant<NoOrigin, FileOrigin, RadioOrigin>;
 
 struct EditorState {
   Origin origin;
-  bool ModifiedFlag = false; // there are unsaved changes
+  bool ModifiedFlag = false;   // there are unsaved changes
+  bool ImageIsPartial = false; // a read or an open broke off: what the editor does not show was lost
   int CommPortNumber = 1;
   std::string LastFileName; // path
   FontDescription EmbeddedTextFont;

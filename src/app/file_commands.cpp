@@ -6,6 +6,7 @@
 #include "messages.h"
 #include "program_title.h"
 #include "settings.h"
+#include "work_keeper.h"
 
 #include <QAction>
 
@@ -20,7 +21,9 @@ constexpr char DefaultExtension[] = "K4X";
 // The editor now holds the data of this file.
 void BelongTo(const CommandContext& context, const std::string& path) {
   context.SetOrigin(FileOrigin{path});
+  context.keeper.Settled(context.state.origin);
   context.state.ModifiedFlag = false;
+  context.state.ImageIsPartial = false;
   context.closeItem.setEnabled(true);
   AddRecent(context.services.files, context.services.settingsFile, path);
   commands::ShowRecentFiles(context);
@@ -38,10 +41,13 @@ CloseEnd CloseData(const CommandContext& context) {
   context.panel.HideOpenEditors();
   if (context.state.origin == Origin()) return CloseEnd::Closed;
   if (AskAboutUnsavedData(context) == CloseEnd::Cancelled) return CloseEnd::Cancelled;
+  context.keeper.Replaced();
   context.SetOrigin(NoOrigin());
   context.panel.FillReset(context.services.now());
+  context.keeper.Settled(context.state.origin);
   context.closeItem.setEnabled(false);
   context.state.ModifiedFlag = false;
+  context.state.ImageIsPartial = false;
   return CloseEnd::Closed;
 }
 
@@ -52,6 +58,7 @@ void ReportMissing(const CommandContext& context, const std::string& path) {
 }
 
 bool LoadInto(const CommandContext& context, const std::string& path) {
+  const RadioImage before = context.image;
   LoadResult result;
   const bool isRead = Succeeds([&] {
     result = LoadDataFile(context.services.files, path, context.image);
@@ -63,9 +70,12 @@ bool LoadInto(const CommandContext& context, const std::string& path) {
     return false;
   }
   std::optional<Message> message = MessageFor(result.outcome);
+  if (!message) context.keeper.Replaced();
   if (!message && !Succeeds([&] { return context.panel.Fill(), true; })) message = MessageFor(LoadOutcome::Damaged);
-  if (message) context.Show(*message);
-  return !message;
+  if (!message) return true;
+  if (context.image != before) context.state.ImageIsPartial = true;
+  context.Show(*message);
+  return false;
 }
 
 std::optional<std::string> AskSaveName(const CommandContext& context, const char* title) {
@@ -111,6 +121,7 @@ void Save(const CommandContext& context) {
   const Origin& origin = context.state.origin;
   if (std::holds_alternative<RadioOrigin>(origin)) return SaveAs(context);
   context.panel.CommitOpenEditors();
+  if (!MayStore(context)) return;
   std::optional<std::string> path;
   if (const auto* const file = std::get_if<FileOrigin>(&origin))
     path = file->path;
@@ -124,6 +135,7 @@ void Save(const CommandContext& context) {
 
 void SaveAs(const CommandContext& context) {
   context.panel.CommitOpenEditors();
+  if (!MayStore(context)) return;
   context.panel.Collect();
   const std::optional<std::string> path = AskSaveName(context, "Save As");
   if (!path) return;
@@ -143,10 +155,23 @@ void ShowRecentFiles(const CommandContext& context) {
   }
 }
 
+bool OpenLeftWork(const CommandContext& context) {
+  if (!context.keeper.TakeLeft(context.image)) return false;
+  context.panel.Fill();
+  context.state.ModifiedFlag = true;
+  return true;
+}
+
 CloseEnd PrepareExit(const CommandContext& context) {
   StoreSettings(context.services.files, context.services.settingsFile, context.state.CommPortNumber,
                 context.state.LastFileName);
-  return AskAboutUnsavedData(context);
+  const CloseEnd end = AskAboutUnsavedData(context);
+  if (end == CloseEnd::Closed) context.keeper.KeepNow();
+  return end;
+}
+
+bool MayStore(const CommandContext& context) {
+  return !context.state.ImageIsPartial || context.Show(LostDataQuestion, MessageButtons::YesNo) == Answer::Yes;
 }
 
 } // namespace commands

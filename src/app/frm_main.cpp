@@ -5,6 +5,7 @@
 #include "program_title.h"
 #include "settings.h"
 #include "window_parts.h"
+#include "work_keeper.h"
 
 #include <QAction>
 #include <QApplication>
@@ -46,19 +47,23 @@ void FrmMain::BuildPanel() {
   setWindowTitle(QString::fromStdString(TitleOf(m_state.origin)));
   m_status = new StatusPanels(QString::fromUtf8(ProgramTitle));
   setStatusBar(m_status);
+  m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
+  connect(m_keeper, &WorkKeeper::CopyFailed, m_status,
+          [this] { m_status->showMessage(tr("No copy of the unsaved work could be written."), 10000); });
   // A click outside the controls commits an open editor.
   m_status->installEventFilter(this);
   scroll->viewport()->installEventFilter(this);
 }
 
 CommandContext FrmMain::Context() {
-  return {m_services, m_image, m_state, *m_panel, *m_status, m_mnuRecent, *m_mnuFileClose, *this};
+  return {m_services, m_image, m_state, *m_panel, *m_status, *m_keeper, m_mnuRecent, *m_mnuFileClose, *this};
 }
 
 void FrmMain::Load() {
   m_state.CommPortNumber = LoadPortSetting(m_services.files, m_services.settingsFile);
   m_status->ShowPort(m_state.CommPortNumber);
   m_panel->FillReset(m_services.now());
+  m_keeper->Settled(m_state.origin);
   commands::ShowRecentFiles(Context());
   m_state.ModifiedFlag = false;
   ShowView(View::Channel);
@@ -120,6 +125,12 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
 
 void FrmMain::OpenGiven(const std::string& path) {
   RunCommand([&](const CommandContext& context) { commands::OpenGiven(context, path); });
+}
+
+bool FrmMain::OpenLeftWork() {
+  bool isOpened = false;
+  RunCommand([&](const CommandContext& context) { isOpened = commands::OpenLeftWork(context); });
+  return isOpened;
 }
 
 } // namespace mr4500x

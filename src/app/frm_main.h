@@ -24,6 +24,8 @@ public:
   [[nodiscard]] const EditorState& State() const { return m_state; }
   // Opens a file given on the command line, for instance by a double-click.
   void OpenGiven(const std::string& path);
+  // Asks about work that an earlier window left unsaved. True if the editor shows it now.
+  [[nodiscard]] bool OpenLeftWork();
   [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
 
 protected:
@@ -59,6 +61,7 @@ private:
   EditorState m_state;
   EditorPanel* m_panel = nullptr;
   StatusPanels* m_status = nullptr;
+  WorkKeeper* m_keeper = nullptr;
   // The actions whose state changes.
   QAction* m_mnuFileClose = nullptr;
   QAction* m_mnuOptionChannels = nullptr;

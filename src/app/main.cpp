@@ -50,9 +50,9 @@ int main(int argc, char** argv) {
   StayUntil(shown + FrmSplash::LeastTime, clock);
   program.Window().show();
   splash.close();
-  if (arguments.size() == 2) {
-    const std::string path = QDir::current().absoluteFilePath(arguments[1]).toStdString();
-    QTimer::singleShot(0, &program.Window(), [&program, path] { program.Window().OpenGiven(path); });
-  }
+  QTimer::singleShot(0, &program.Window(), [&] {
+    if (program.Window().OpenLeftWork() || arguments.size() < 2) return;
+    program.Window().OpenGiven(QDir::current().absoluteFilePath(arguments[1]).toStdString());
+  });
   return QApplication::exec();
 }

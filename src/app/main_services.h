@@ -29,6 +29,7 @@ struct MainServices {
   UserInput& input; // held during transfers
   std::string settingsFile;
   std::string folderForFiles; // initial folder of the file dialogs
+  std::string keptFolder;     // for copies of unsaved work
   std::function<LocalTime()> now;
   std::function<std::string(int)> deviceOfPort; // device path of a port; empty for none
   std::function<void(const WindowGeometry&)> storeGeometry;

@@ -26,8 +26,8 @@ Program::Program()
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }), m_messages(m_input),
       m_progress(std::string(ProgramTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
       m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files, m_port, m_clock, m_input,
-                 m_settingsFile, FolderForFiles(), LocalNow, [this](int port) { return DeviceOf(port); },
-                 StoreWindowGeometry, OpenLink}) {}
+                 m_settingsFile, FolderForFiles(), UserStateFolder() + "/kept", LocalNow,
+                 [this](int port) { return DeviceOf(port); }, StoreWindowGeometry, OpenLink}) {}
 
 // Looked up each time, as adapters come and go.
 std::string Program::DeviceOf(int port) {

@@ -6,6 +6,7 @@
 #include "messages.h"
 #include "transfer_guard.h"
 #include "window_parts.h"
+#include "work_keeper.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -29,7 +30,12 @@ public:
     m_context.Show(CompletionOf(transfer));
     return Succeeds([&] {
       m_context.SetOrigin(RadioOrigin{transfer});
-      if (transfer == Transfer::Read) m_context.panel.Fill();
+      if (transfer == Transfer::Read) {
+        m_context.keeper.Replaced();
+        m_context.panel.Fill();
+        m_context.state.ImageIsPartial = false;
+      }
+      if (transfer == Transfer::Read || transfer == Transfer::Write) m_context.keeper.Settled(m_context.state.origin);
       if (transfer != Transfer::WriteInfo) m_context.closeItem.setEnabled(true);
       return true;
     });
@@ -56,12 +62,17 @@ namespace commands {
 
 void Read(const CommandContext& context) {
   context.panel.CommitOpenEditors();
-  RunTransfer(context, HeldPointer::Busy,
-              [&](SerialLine& line, ExchangeObserver& observer) { return ReadRadio(line, context.image, observer); });
+  RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
+    const RadioImage before = context.image;
+    const ExchangeResult result = ReadRadio(line, context.image, observer);
+    if (result.outcome != Outcome::Complete && context.image != before) context.state.ImageIsPartial = true;
+    return result;
+  });
 }
 
 void Write(const CommandContext& context) {
   context.panel.CommitOpenEditors();
+  if (!MayStore(context)) return;
   context.panel.Collect();
   RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteRadio(line, context.image, context.services.now, observer);

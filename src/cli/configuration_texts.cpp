@@ -1,7 +1,7 @@
 #include "configuration_texts.h"
 
 #include "decimal.h"
-#include "fields.h"
+#include "differences.h"
 
 #include <nlohmann/json.hpp>
 
@@ -60,24 +60,8 @@ void AppendSection(std::string& text, std::string_view title, const std::vector<
   }
 }
 
-// A grid heading without its line break.
-std::string OnOneLine(std::string_view label) {
-  std::string text;
-  for (const char c : label)
-    if (c != ' ' || !(text.ends_with(' ') || text.ends_with('_'))) text += c;
-  return text;
-}
-
-// "ON" and "OFF" for a check box, "yes" and "no" in a grid.
-std::string ShownText(const Configuration& configuration, FieldAt at) {
-  std::string text = TextOf(configuration, at);
-  if (at.field->kind != FieldKind::YesNo) return text;
-  const bool yes = text == "true";
-  return IsArray(at.field->group) ? (yes ? "yes" : "no") : (yes ? "ON" : "OFF");
-}
-
 Row SettingRow(const Configuration& configuration, const Field& field) {
-  return {"  " + OnOneLine(field.label), ShownText(configuration, {&field})};
+  return {"  " + OnOneLine(field.label), ShownTextOf(configuration, {&field})};
 }
 
 std::vector<Row> GroupRows(const Configuration& configuration, FieldGroup group) {
@@ -96,7 +80,7 @@ std::vector<Row> GridRows(const Configuration& configuration, FieldGroup group, 
     row.push_back(entry == 0 ? std::string(heading) : std::string(number) + std::to_string(entry));
     for (const Field& field : Fields())
       if (field.group == group)
-        row.push_back(entry == 0 ? OnOneLine(field.label) : ShownText(configuration, {&field, entry}));
+        row.push_back(entry == 0 ? OnOneLine(field.label) : ShownTextOf(configuration, {&field, entry}));
   }
   return rows;
 }

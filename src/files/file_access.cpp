@@ -10,7 +10,6 @@ namespace {
 
 constexpr int MostLinks = 40; // more are taken for a loop
 constexpr std::size_t CopyBytes = 16384;
-constexpr std::uint32_t NewFileMode = 0666; // before the umask
 constexpr std::uint32_t PrivateMode = 0600; // until the temporary file has the old file's owner
 constexpr std::uint32_t PermissionBits = 0777;
 constexpr std::uint32_t WriteBits = 0222;
@@ -159,7 +158,8 @@ ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t lim
   return count ? ReadOutcome::Read : ReadOutcome::Failed;
 }
 
-bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus) {
+bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
+                 std::uint32_t newFileMode) {
   const auto target = FollowLinks(files, path);
   if (!target) return false;
   const auto& [file, old] = *target;
@@ -169,7 +169,7 @@ bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std
   const std::string folder = FolderOf(file);
   RemoveLeftovers(files, folder);
   {
-    Temporary temporary(files, folder, isNew ? NewFileMode : PrivateMode);
+    Temporary temporary(files, folder, isNew ? newFileMode : PrivateMode);
     if (!temporary.IsOpen() || !temporary.Write(bytes)) return false;
     const bool hasSurplus = !isNew && surplus == Surplus::Keep && old.size > bytes.size();
     if (hasSurplus && !temporary.WriteSurplus(file, bytes.size())) return false;

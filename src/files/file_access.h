@@ -29,9 +29,10 @@ enum class Surplus { Drop, Keep };
 //  4. Writes a temporary file in the same folder, gives it the old file's owner (if allowed) and permissions, and
 //     flushes it to the disk.
 //  5. Renames it over the old file and flushes the folder.
-// If anything up to the rename fails it returns false, with the old file unchanged and no temporary file left.
+// A new file gets the mode, less the umask. If anything up to the rename fails it returns false, with the old file
+// unchanged and no temporary file left.
 [[nodiscard]] bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
-                               Surplus surplus);
+                               Surplus surplus, std::uint32_t newFileMode = 0666);
 
 // "." for a bare name.
 [[nodiscard]] std::string FolderOf(const std::string& path);

@@ -9,6 +9,8 @@ using enum Transfer;
 using enum Outcome;
 using enum MessageIcon;
 
+constexpr int MostDifferencesShown = 8;
+
 struct MessageRow {
   std::optional<Transfer> transfer; // none: every transfer
   Outcome outcome;
@@ -83,6 +85,18 @@ std::optional<Message> FailureOf(const ExchangeResult& result) {
     message->text +=
         result.systemDescription.empty() ? "The port failed while it was being set up." : result.systemDescription;
   return message;
+}
+
+Message KeptWorkQuestion(const KeptCopy& copy) {
+  std::string text = "Unsaved work was kept on " + copy.at + ". It came from " + copy.source + ". What differs:\n\n";
+  std::size_t end = 0;
+  for (int line = 0; line < MostDifferencesShown && end < copy.differences.size(); ++line)
+    end = std::min(copy.differences.find('\n', end), copy.differences.size() - 1) + 1;
+  text.append(copy.differences, 0, end);
+  const auto more =
+      std::count(copy.differences.begin() + static_cast<std::ptrdiff_t>(end), copy.differences.end(), '\n');
+  if (more > 0) text += "and " + std::to_string(more) + " more\n";
+  return {Exclamation, "Unsaved Work", text + "\nDo you want to open it?"};
 }
 
 } // namespace mr4500x

@@ -1,8 +1,9 @@
-// The messages about data files and transfers.
+// The messages about data files, kept copies and transfers.
 #pragma once
 
 #include "data_file.h"
 #include "exchange.h"
+#include "kept_copies.h"
 #include "message_view.h"
 
 namespace mr4500x {
@@ -20,6 +21,14 @@ inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version 
                                          "This software version isn't applied to the radio, please use new software."};
 [[nodiscard]] std::optional<Message> MessageFor(LoadOutcome outcome); // nullopt for Loaded
 [[nodiscard]] Message MessageForFailed(SaveCommand command);
+
+// About a copy that an earlier window left unsaved.
+[[nodiscard]] Message KeptWorkQuestion(const KeptCopy& copy);
+// Before data is saved or written whose unshown part was lost.
+inline const Message LostDataQuestion = {
+    MessageIcon::Exclamation, "Data Lost",
+    "Reading or opening broke off, and what the editor doesn't show was lost: the embedded information, for instance. "
+    "Do you want to continue?"};
 
 struct ProgressWords {
   std::string_view title;

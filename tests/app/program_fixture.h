@@ -77,7 +77,7 @@ protected:
   void Start() {
     window = std::make_unique<FrmMain>(
         MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, radio, input,
-                     Path("MR4500X.ini"), Path(""), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
+                     Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
                      [this](const WindowGeometry& geometry) { // at 96 dots an inch
                        desk.happened.emplace_back("geometry");

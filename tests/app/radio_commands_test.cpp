@@ -59,6 +59,7 @@ TEST_F(TransferTest, MakesTheDataTheRadiosWhileThePortIsOpen) {
 TEST_F(TransferTest, FailsWithItsMessageAndWithoutALeftover) {
   for (const TransferCase& c : Transfers) {
     SCOPED_TRACE(c.command);
+    Start();
     radio.frames.clear();
     radio.spoil = [](std::size_t frame, LineBytes& reply) {
       if (frame == 9) reply.clear();

@@ -11,6 +11,17 @@
 #include <sys/prctl.h>
 
 namespace mr4500x {
+namespace {
+
+std::string XdgFolder(const char* variable, const char* otherwise) {
+  const char* const configured = std::getenv(variable);
+  // The XDG rules say to ignore a relative path.
+  if (configured != nullptr && configured[0] == '/') return std::string(configured) + "/MR4500X";
+  const char* const home = std::getenv("HOME");
+  return std::string(home != nullptr ? home : "") + otherwise + "/MR4500X";
+}
+
+} // namespace
 
 std::string ProgramFolder() {
   std::error_code failed;
@@ -19,11 +30,10 @@ std::string ProgramFolder() {
 }
 
 std::string UserConfigFolder() {
-  const char* const configured = std::getenv("XDG_CONFIG_HOME");
-  // The XDG rules say to ignore a relative path.
-  if (configured != nullptr && configured[0] == '/') return std::string(configured) + "/MR4500X";
-  const char* const home = std::getenv("HOME");
-  return std::string(home != nullptr ? home : "") + "/.config/MR4500X";
+  return XdgFolder("XDG_CONFIG_HOME", "/.config");
+}
+std::string UserStateFolder() {
+  return XdgFolder("XDG_STATE_HOME", "/.local/state");
 }
 
 LocalTime LocalNow() {

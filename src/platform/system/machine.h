@@ -14,6 +14,8 @@ namespace mr4500x {
 
 // "MR4500X" in the user's XDG configuration folder. It may not exist.
 [[nodiscard]] std::string UserConfigFolder();
+// The same in the folder for what a program remembers between its runs.
+[[nodiscard]] std::string UserStateFolder();
 
 [[nodiscard]] LocalTime LocalNow();
 

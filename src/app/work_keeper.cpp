@@ -1,0 +1,110 @@
+#include "work_keeper.h"
+
+#include "differences.h"
+#include "editor_panel.h"
+#include "messages.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <cstdio>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::chrono::seconds LookDelay{1};
+
+std::string TextOf(const LocalTime& time) {
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day, time.hour,
+                time.minute, time.second);
+  return text.data();
+}
+
+std::string SourceOf(const Origin& origin) {
+  if (const auto* const file = std::get_if<FileOrigin>(&origin)) return file->path;
+  return std::holds_alternative<RadioOrigin>(origin) ? "a radio" : "a new configuration";
+}
+
+std::string LinesOf(const std::vector<Difference>& differences) {
+  std::string lines;
+  for (const Difference& difference : differences)
+    lines += NameOf(difference.at) + ": " + difference.before + " -> " + difference.after + '\n';
+  return lines;
+}
+
+bool IsInput(QEvent::Type type) {
+  return type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::MouseButtonPress ||
+         type == QEvent::MouseButtonRelease || type == QEvent::Wheel || type == QEvent::Drop ||
+         type == QEvent::InputMethod;
+}
+
+} // namespace
+
+WorkKeeper::WorkKeeper(const MainServices& services, const RadioImage& image, const EditorPanel& panel,
+                       const FieldTexts& texts, QObject* parent)
+    : QObject(parent), m_services(services), m_image(image), m_panel(panel), m_texts(texts),
+      m_copies(services.files, services.keptFolder) {
+  m_look.setSingleShot(true);
+  m_look.setInterval(LookDelay);
+  connect(&m_look, &QTimer::timeout, this, &WorkKeeper::KeepNow);
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool WorkKeeper::eventFilter(QObject* watched, QEvent* event) {
+  if (IsInput(event->type()) && !m_look.isActive()) m_look.start();
+  return QObject::eventFilter(watched, event);
+}
+
+void WorkKeeper::KeepNow() {
+  Configuration shown = m_panel.Shown();
+  const std::vector<Difference> differences = DifferencesBetween(m_settled, shown);
+  if (differences.empty()) {
+    m_copies.Drop();
+    m_kept.reset();
+    return;
+  }
+  if (m_kept == shown) return;
+  // A read that broke off has overwritten the image. So the copy gets the bytes that the editor doesn't show from
+  // before.
+  RadioImage image = m_settledImage;
+  Configuration stored = shown;
+  TakeSelectedStandard(stored);
+  Encode(stored, image, m_texts);
+  const auto data = BuildDataFile(image);
+  if (m_copies.Keep({{data.begin(), data.end()}, TextOf(m_services.now()), m_source, LinesOf(differences)}))
+    m_kept = std::move(shown);
+  else if (!std::exchange(m_failed, true))
+    emit CopyFailed();
+}
+
+void WorkKeeper::Replaced() {
+  KeepNow();
+  m_copies.PutAside();
+  m_kept.reset();
+}
+
+void WorkKeeper::Settled(const Origin& source) {
+  m_settled = m_panel.Shown();
+  m_settledImage = m_image;
+  m_source = SourceOf(source);
+  m_copies.Drop();
+  m_kept.reset();
+}
+
+bool WorkKeeper::TakeLeft(RadioImage& image) {
+  while (const std::optional<KeptCopy> copy = m_copies.NextLeft()) {
+    const Message question = KeptWorkQuestion(*copy);
+    if (m_services.messages.Show(question.icon, question.title, question.text, MessageButtons::YesNo) == Answer::Yes) {
+      m_copies.TakeLeft();
+      m_source = copy->source;
+      const bool isLoaded = ParseDataFile(copy->data, image).outcome == LoadOutcome::Loaded;
+      m_settledImage = image;
+      return isLoaded;
+    }
+    m_copies.PutLeftAside();
+  }
+  return false;
+}
+
+} // namespace mr4500x

@@ -1,0 +1,125 @@
+// Work that was never saved is kept, and offered once at the next start.
+#include "program_fixture.h"
+
+namespace mr4500x {
+namespace {
+
+class KeptWorkTest : public ProgramTest {
+protected:
+  // Changes a number that ModifiedFlag does not know of, as a user types it.
+  void TypeAni(const char* digits) { window->findChild<QLineEdit*>("txtANI")->setText(QLatin1String(digits)); }
+  std::string Ani() { return window->findChild<QLineEdit*>("txtANI")->text().toStdString(); }
+  Lines Kept(std::string_view prefix) {
+    Lines names;
+    for (const std::string& name : files.List(Path("kept")).value_or(Lines{}))
+      if (name.ends_with(".K4X") && name.starts_with(prefix)) names.push_back(name);
+    return names;
+  }
+  void NextStart() {
+    window.reset();
+    Start();
+  }
+  std::string Question(const std::string& source) {
+    return "!|Unsaved Work|Unsaved work was kept on 2004-11-04 09:05:07. It came from " + source +
+           ". What differs:\n\nEmerge ANI : ---------------- -> 4711\n\nDo you want to open it?|YN";
+  }
+};
+
+TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
+  const struct {
+    const char* name;
+    std::function<void()> end;
+  } cases[] = {
+      {"exit", [&] { window->close(); }},
+      {"crash", [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)); }},
+  };
+  PutDataFile("a.K4X");
+  for (const auto& [name, end] : cases)
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+      SCOPED_TRACE(name + std::string(answer == Answer::Yes ? ", yes" : ", no"));
+      OpenFile("a.K4X");
+      TypeAni("4711");
+      QTest::keyClick(window->findChild<QLineEdit*>("txtANI"), Qt::Key_Left);
+      end();
+      NextStart();
+      desk.happened.clear();
+      desk.answers = {answer};
+      EXPECT_EQ(window->OpenLeftWork(), answer == Answer::Yes);
+      EXPECT_EQ(Happened(), Lines{Question(Path("a.K4X"))});
+      EXPECT_EQ(Ani(), answer == Answer::Yes ? "4711" : "----------------");
+      EXPECT_EQ(window->State().ModifiedFlag, answer == Answer::Yes);
+      EXPECT_EQ(Title(), ProgramTitle);
+      EXPECT_FALSE(window->OpenLeftWork()) << "asked twice";
+      desk.answers = {Answer::Yes};
+      desk.paths = {Path("b.K4X")};
+      Choose("mnuFileSave");
+      EXPECT_EQ(Kept("session-"), Lines()) << "the work was saved";
+      NextStart();
+      EXPECT_FALSE(window->OpenLeftWork()) << "nothing was lost";
+      desk.happened.clear();
+    }
+}
+
+TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
+  PutDataFile("a.K4X");
+  const struct {
+    const char* name;
+    std::function<void()> replace;
+    std::size_t kept;
+  } cases[] = {
+      {"close", [&] { Choose("mnuFileClose"); }, 1},
+      {"read", [&] { Choose("mnuProgramRead"); }, 1},
+      {"open under the bare title",
+       [&] {
+         Choose("mnuFileClose");
+         TypeAni("99");
+         OpenFile("a.K4X");
+       },
+       2},
+      {"write", [&] { Choose("mnuProgramWrite"); }, 0},
+      {"save", [&] { Choose("mnuFileSave"); }, 0},
+  };
+  for (const auto& [name, replace, kept] : cases) {
+    SCOPED_TRACE(name);
+    std::filesystem::remove_all(Path("kept"));
+    NextStart();
+    OpenFile("a.K4X");
+    TypeAni("4711");
+    replace();
+    desk.happened.clear();
+    EXPECT_EQ(Kept("2004-11-04_09-05-07_").size(), kept);
+    EXPECT_EQ(Kept("session-"), Lines());
+    PutDataFile("a.K4X");
+  }
+}
+
+TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  const std::string before = Content("a.K4X");
+  radio.spoil = [](std::size_t frame, LineBytes& reply) {
+    if (frame == 9) reply.clear();
+  };
+  Choose("mnuProgramRead");
+  desk.happened.clear();
+  const std::string lost =
+      "!|Data Lost|Reading or opening broke off, and what the editor doesn't show was lost: the embedded information, "
+      "for instance. Do you want to continue?|YN";
+  for (const char* command : {"mnuFileSave", "mnuFileSaveAs", "mnuProgramWrite"}) {
+    SCOPED_TRACE(command);
+    desk.answers = {Answer::No};
+    radio.frames.clear();
+    Choose(command);
+    EXPECT_EQ(Happened(), Lines{lost});
+    EXPECT_EQ(Content("a.K4X"), before);
+    EXPECT_TRUE(radio.frames.empty());
+  }
+  desk.answers = {Answer::Yes};
+  Choose("mnuFileSave");
+  EXPECT_NE(Content("a.K4X"), before);
+  Choose("mnuFileSave");
+  EXPECT_EQ(Happened(), Lines{lost}) << "asked again after a save";
+}
+
+} // namespace
+} // namespace mr4500x
