@@ -99,7 +99,7 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   const std::span<const BoxButton> offered = ButtonsOf(buttons);
   for (const BoxButton& button : offered)
     box.addButton(button.button)->setObjectName(QLatin1String(button.name));
-  box.setDefaultButton(offered.front().button);
+  box.setDefaultButton(buttons == MessageButtons::YesNo ? QMessageBox::No : offered.front().button);
   const int pressed = box.exec();
   for (const BoxButton& button : offered)
     if (button.button == pressed) return button.answer;

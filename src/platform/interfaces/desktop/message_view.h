@@ -6,7 +6,11 @@
 namespace mr4500x {
 
 enum class MessageIcon { None, Information, Exclamation, Critical };
-enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class MessageButtons {
+  Ok,
+  YesNo, // No is the default: such a question is about something that can't be taken back
+  YesNoCancel,
+};
 enum class Answer { Ok, Yes, No, Cancel };
 
 class MessageView {
