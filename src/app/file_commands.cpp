@@ -70,7 +70,11 @@ bool LoadInto(const CommandContext& context, const std::string& path) {
     return false;
   }
   std::optional<Message> message = MessageFor(result.outcome);
-  if (!message) context.keeper.Replaced();
+  if (!message) { // no file holds them: what the image still has is another radio's
+    context.keeper.Replaced();
+    context.image.RadioIdBlock = {};
+    context.image.FirmwareVersionBlock = {};
+  }
   if (!message && !Succeeds([&] { return context.panel.Fill(), true; })) message = MessageFor(LoadOutcome::Damaged);
   if (!message) return true;
   if (context.image != before) context.state.ImageIsPartial = true;

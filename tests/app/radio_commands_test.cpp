@@ -56,6 +56,19 @@ TEST_F(TransferTest, MakesTheDataTheRadiosWhileThePortIsOpen) {
   }
 }
 
+TEST_F(TransferTest, AFileShowsNoIdentityOfTheRadioBefore) {
+  std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
+  std::fill_n(&radio.memory[0x3F8], 8, std::uint8_t{'2'});
+  Choose("mnuProgramRead");
+  EXPECT_EQ(window->Panel().Shown().identityNumber, "7777777777777777");
+  PutDataFile("a.K4X");
+  desk.paths = {Path("a.K4X")};
+  desk.answers = {Answer::No};
+  Choose("mnuFileOpen");
+  const Configuration shown = window->Panel().Shown();
+  EXPECT_EQ(shown.identityNumber + shown.firmwareVersion, std::string(32, '-'));
+}
+
 TEST_F(TransferTest, FailsWithItsMessageAndWithoutALeftover) {
   for (const TransferCase& c : Transfers) {
     SCOPED_TRACE(c.command);
