@@ -1,7 +1,9 @@
 // Report 1: the channel table and the global settings below it.
 #include "report_pages.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 #include <string_view>
 
 namespace mr4500x {
@@ -41,7 +43,7 @@ constexpr double FirstRow = 2200;
 constexpr double RowStep = 380;
 
 constexpr PrintFont SectionFont = {12, false, /*underlined*/ true};
-constexpr double BelowTable = 100; // below the next channel line
+constexpr double BelowTable = 100; // below the last channel line
 constexpr double LeftValueX = 2800;
 constexpr double RightLabelX = 6400;
 constexpr double RightValueX = 8000;
@@ -67,8 +69,7 @@ std::string NullText(std::size_t first, std::size_t last) {
   return " CH" + std::to_string(first) + "\uFF5ECH" + std::to_string(last) + "  are Null";
 }
 
-// Returns the y of the next line.
-double AddChannels(ReportPage& page, const ReportTexts& texts) {
+void AddChannels(ReportPage& page, const ReportTexts& texts) {
   double y = FirstRow;
   for (std::size_t channel = 0; channel < ChannelCount; ++channel, y += RowStep) {
     if (texts.channels[channel].noCh) {
@@ -81,7 +82,6 @@ double AddChannels(ReportPage& page, const ReportTexts& texts) {
     for (const Column& column : Columns)
       page.texts.push_back({column.x, y, SmallBold, CellText(column, channel, texts.channels[channel])});
   }
-  return y;
 }
 
 void AddItem(ReportPage& page, const SettingText& item, double labelX, double valueX, double y) {
@@ -89,7 +89,11 @@ void AddItem(ReportPage& page, const SettingText& item, double labelX, double va
   page.texts.push_back({valueX, y, SmallBold, item.value});
 }
 
-void AddSettings(ReportPage& page, const ReportTexts& texts, double y) {
+// Below the last channel line's text, or higher where the page has no room, but below the line's upper edge.
+void AddSettings(ReportPage& page, const ReportTexts& texts, const PageSetting& setting) {
+  const std::size_t first = page.texts.size();
+  const double lineHeight = setting.measure.TextHeight(SmallBold);
+  double y = page.texts.back().y + lineHeight + BelowTable;
   for (const SettingsSection& section : texts.settings) {
     page.texts.push_back({SectionX, y, SectionFont, section.title});
     y += LineStep;
@@ -99,15 +103,19 @@ void AddSettings(ReportPage& page, const ReportTexts& texts, double y) {
       y += &line == &section.lines.back() ? SectionStep : LineStep;
     }
   }
+  const double up = std::clamp(BottomOf(page, setting.measure) - RoomOf(setting.area), 0.0, lineHeight);
+  for (PageText& text : std::span(page.texts).subspan(first))
+    text.y -= up;
 }
 
 } // namespace
 
 ReportPage ChannelReportPage(const ReportTexts& texts, const PageSetting& setting) {
-  return FramedPage(texts, setting, [&](ReportPage& page, const PageSetting&) {
+  return FramedPage(texts, setting, [&](ReportPage& page, const PageSetting& onSetting) {
     AddModelLine(page, texts);
     AddHeadings(page);
-    AddSettings(page, texts, AddChannels(page, texts) + BelowTable);
+    AddChannels(page, texts);
+    AddSettings(page, texts, onSetting);
   });
 }
 

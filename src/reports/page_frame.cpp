@@ -10,12 +10,12 @@ namespace {
 constexpr double FrameLeft = 400;
 constexpr double HeaderTop = 200;
 constexpr double HeaderRule = 440;
-constexpr double TitleToEdge = 1300;    // from the end of the title to the right edge
-constexpr double RuleToEdge = 1000;     // from the rules' ends to the right edge
-constexpr double FooterRule = 1100;     // from the bottom edge
-constexpr double FooterTop = 1060;      // from the bottom edge
-constexpr double FooterLeft = 2800;     // from the right edge
-constexpr double AboveFooterRule = 120; // kept clear
+constexpr double TitleToEdge = 1300;   // from the end of the title to the right edge
+constexpr double RuleToEdge = 1000;    // from the rules' ends to the right edge
+constexpr double FooterRule = 1100;    // from the bottom edge
+constexpr double FooterTop = 1060;     // from the bottom edge
+constexpr double FooterLeft = 2800;    // from the right edge
+constexpr double AboveFooterRule = 20; // kept clear
 
 constexpr double ModelTop = 600;
 constexpr PrintFont ModelFont = {10, false};
@@ -32,15 +32,6 @@ void AddFrame(ReportPage& page, const ReportTexts& texts, const PageSetting& set
   page.texts.push_back({width - FooterLeft, height - FooterTop, FrameFont, texts.printedAt});
 }
 
-double BottomOf(const ReportPage& page, const TextMeasure& measure) {
-  double bottom = 0;
-  for (const PageText& text : page.texts)
-    bottom = std::max(bottom, text.y + measure.TextHeight(text.font));
-  for (const PageRule& rule : page.rules)
-    bottom = std::max(bottom, rule.y2);
-  return bottom;
-}
-
 } // namespace
 
 void AddModelLine(ReportPage& page, const ReportTexts& texts) {
@@ -50,14 +41,27 @@ void AddModelLine(ReportPage& page, const ReportTexts& texts) {
   page.texts.push_back({7100, ModelTop, ModelBold, texts.frequencyBand});
 }
 
+double BottomOf(const ReportPage& page, const TextMeasure& measure) {
+  double bottom = 0;
+  for (const PageText& text : page.texts)
+    bottom = std::max(bottom, text.y + measure.TextHeight(text.font));
+  for (const PageRule& rule : page.rules)
+    bottom = std::max(bottom, rule.y2);
+  return bottom;
+}
+
+double RoomOf(const PrintArea& area) {
+  return area.height - FooterRule - AboveFooterRule;
+}
+
 ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
                       const std::function<void(ReportPage&, const PageSetting&)>& addReport) {
   ReportPage page;
   addReport(page, setting);
   PrintArea area = setting.area;
-  const double needed = BottomOf(page, setting.measure) + AboveFooterRule + FooterRule;
-  if (needed > area.height) {
-    const double scale = area.height / needed;
+  const double surplus = BottomOf(page, setting.measure) - RoomOf(area);
+  if (surplus > 0) {
+    const double scale = area.height / (area.height + surplus);
     area = {area.width / scale, area.height / scale};
     page = {.texts = {}, .rules = {}, .scale = scale};
     // The wider area can only need fewer lines, so the report still ends above the footer.

@@ -45,6 +45,12 @@ inline constexpr PrintFont TitleFont = {12, false};
 // The first line of reports 1 and 2.
 void AddModelLine(ReportPage& page, const ReportTexts& texts);
 
+// The height down to which a report reaches without being scaled.
+[[nodiscard]] double RoomOf(const PrintArea& area);
+
+// The lower edge of all texts and rules.
+[[nodiscard]] double BottomOf(const ReportPage& page, const TextMeasure& measure);
+
 // Adds the frame to the page that `addReport` makes, scaled down if it would reach the footer.
 [[nodiscard]] ReportPage FramedPage(const ReportTexts& texts, const PageSetting& setting,
                                     const std::function<void(ReportPage&, const PageSetting&)>& addReport);

@@ -12,7 +12,7 @@ namespace {
 using Lines = std::vector<std::string>;
 using namespace std::string_literals;
 
-constexpr PrintArea Paper = {11226, 16158}; // A4 less 6 mm on each side
+constexpr PrintArea Paper = {11622, 16554}; // A4 less 2.5 mm on each side
 
 // Writes down what happens; the operation named `failing` fails. Every character is as wide as a quarter of its font's
 // height; bytes of UTF-8 that continue one have no width.
@@ -56,7 +56,7 @@ TEST_F(ReportPagesTest, SixteenUnusedChannelsShareOneLine) {
   values.channels[0].noCh = true;
   const ReportPage page = ChannelReportPage(TextsOf(values), setting);
   EXPECT_EQ(Find(page, " CH1\uFF5ECH16  are Null")->y, 2200);
-  EXPECT_EQ(Find(page, "Radio Record")->y, 2200 + 380 + 100);
+  EXPECT_EQ(Find(page, "Radio Record")->y, 2200 + 160 + 100);
 }
 
 // Lines begin one paragraph step (324) below the title; a break by width steps 216, a line end 324.
@@ -95,25 +95,31 @@ TEST_F(ReportPagesTest, TheTextIsBrokenAtTheWidthAndAtLineEnds) {
   }
 }
 
-TEST_F(ReportPagesTest, APageThatWouldReachTheFooterIsScaledAsAWhole) {
+TEST_F(ReportPagesTest, TheGapAboveTheSettingsShrinksBeforeThePageIsScaled) {
+  const ReportTexts full = TextsOf(FullValues());
+  const ReportTexts high = TextsOf(NewValues(), HighText());
+  constexpr double lastLine = 2200 + 15 * 380; // 160 high
   const struct {
     const char* name;
-    ReportPage page;
+    double height;
+    double settings; // the top of their first title
     bool isScaled;
-  } cases[] = {{"full", ChannelReportPage(TextsOf(FullValues()), setting), true},
-               {"new", ChannelReportPage(TextsOf(NewValues()), setting), false},
-               {"full on high paper", ChannelReportPage(TextsOf(FullValues()), {measure, {11906, 16838}}), false},
-               {"high text", InfoReportPage(TextsOf(NewValues(), HighText()), setting), true}};
-  for (const auto& [name, page, isScaled] : cases) {
+    ReportPage page;
+  } cases[] = {
+      {"margins of 2.5 mm", Paper.height, lastLine + 260, false, ChannelReportPage(full, setting)},
+      {"wider", 16400, lastLine + 150, false, ChannelReportPage(full, {measure, {Paper.width, 16400}})},
+      {"6 mm", 16158, lastLine + 100, true, ChannelReportPage(full, {measure, {11226, 16158}})},
+      {"high text", Paper.height, 0, true, InfoReportPage(high, setting)},
+  };
+  for (const auto& [name, height, settings, isScaled, page] : cases) {
     SCOPED_TRACE(name);
+    const PageText* const firstTitle = Find(page, "Radio Record");
+    EXPECT_NEAR(firstTitle == nullptr ? 0 : firstTitle->y, settings, 0.01);
     EXPECT_EQ(page.scale < 1, isScaled);
-    EXPECT_GT(page.scale, 0.7);
     const double footer = std::ranges::max(page.rules, {}, &PageRule::y1).y1;
-    for (const PageText& text : page.texts) {
-      const bool isFooter = text.y > footer;
-      EXPECT_TRUE(isFooter || text.y + measure.TextHeight(text.font) < footer) << text.text;
-    }
-    EXPECT_NEAR((footer + 1100) * page.scale, isScaled ? Paper.height : footer + 1100, 0.01);
+    for (const PageText& text : page.texts)
+      EXPECT_TRUE(text.y > footer || text.y + measure.TextHeight(text.font) < footer) << text.text;
+    EXPECT_NEAR((footer + 1100) * page.scale, height, 0.01);
   }
 }
 
