@@ -1,6 +1,8 @@
 // The adapters to the desktop: message boxes, file names, and the guard of a transfer.
 #include "modal_dialog.h"
+#include "posix_file_system.h"
 #include "qt_dialogs.h"
+#include "qt_printers.h"
 #include "transfer_guard.h"
 
 #include <QTest>
@@ -43,6 +45,22 @@ TEST(QtFileDialogs, TakesFiltersAndExtensionsAsTheCommandsGiveThem) {
   };
   for (const auto& [given, whole] : cases)
     EXPECT_EQ(WithExtension(given, "K4X"), whole) << given;
+}
+
+TEST(QtPrinters, AreSetUpWithOk) {
+  const QTemporaryDir folder;
+  const QString pdf = folder.filePath("a.pdf");
+  PosixFileSystem files;
+  QtPrinters printers(files);
+  WhenDialogOpens([&](QWidget* dialog) {
+    dialog->findChild<QComboBox*>("printers")->setCurrentText("Print to File (PDF)");
+    dialog->findChild<QLineEdit*>("filename")->setText(pdf);
+    auto* const ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+    EXPECT_EQ(ok->text(), "OK");
+    ok->click();
+  });
+  printers.SetUpPrinter("Printer Setup");
+  EXPECT_FALSE(QFile::exists(pdf));
 }
 
 TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {

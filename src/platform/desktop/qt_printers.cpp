@@ -4,8 +4,10 @@
 #include "page_printer.h"
 #include "pdf_printer.h"
 
+#include <QDialogButtonBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 
 namespace mr4500x {
 namespace {
@@ -64,6 +66,8 @@ void QtPrinters::SetUpPrinter(const std::string& title) {
   dialog.setObjectName(QStringLiteral("printerDialog"));
   dialog.setWindowTitle(QString::fromUtf8(title));
   dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+  const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+  if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok)) ok->setText(QPrintDialog::tr("OK")); // not "Print"
   if (dialog.exec() == QDialog::Accepted) m_isSetUp = true;
   SetPaper(printer);
 }
