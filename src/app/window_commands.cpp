@@ -7,6 +7,7 @@
 #include "frm_embed.h"
 #include "machine.h"
 #include "program_title.h"
+#include "window_parts.h"
 
 #include <QGuiApplication>
 #include <QLocale>
@@ -34,13 +35,23 @@ void Print(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   const std::optional<ReportChoice> choice = AskReports(services.printers, services.messages, &context.window);
   if (!choice) return;
+  const bool isPdf = !services.printers.PdfFile().empty();
+  if (isPdf) {
+    const std::optional<std::string> pdfFile = services.dialogs.AskSave(
+        {"Print to PDF", "PDF files(*.pdf)|*.pdf", services.folderForFiles, services.printers.PdfFile(), "pdf"});
+    if (!pdfFile) return;
+    services.printers.SetPdfFile(*pdfFile);
+  }
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const ReportTexts texts = ReportTextsOf(context.panel.Shown(), EmbeddedText(context.image.EmbeddedInfoBlock),
                                           DateTimeText(QLocale(), services.now()));
   const std::unique_ptr<Printer> printer = services.printers.CurrentPrinter();
   const std::optional<std::string> failure = PrintReports(*printer, texts, *choice);
   QGuiApplication::restoreOverrideCursor();
-  if (failure) context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), *failure});
+  if (failure)
+    context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), *failure});
+  else if (isPdf)
+    context.status.ShowPassing("Printed to " + QString::fromStdString(services.printers.PdfFile()));
 }
 
 void Copy(const CommandContext& context) {

@@ -13,6 +13,7 @@ namespace mr4500x {
 namespace {
 
 constexpr char PortText[] = "COM %1";
+constexpr int PassingMilliseconds = 10'000;
 
 // Without seconds, as the clock is updated once a minute.
 QString TimeText(const QTime& time) {
@@ -27,10 +28,11 @@ QIcon ProgramIcon(const char* name) {
   return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
 }
 
-StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(new QLabel) {
+StatusPanels::StatusPanels(const QString& title)
+    : m_programTitle(title), m_title(new QLabel(title)), m_port(new QLabel), m_time(new QLabel) {
   setObjectName(QStringLiteral("stbMain"));
   int number = 0;
-  for (QLabel* const panel : {new QLabel(title), m_port, m_time}) {
+  for (QLabel* const panel : {m_title, m_port, m_time}) {
     panel->setObjectName(QStringLiteral("stbMain.Panels(%1)").arg(++number));
     panel->setTextFormat(Qt::PlainText);
     panel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -45,10 +47,18 @@ StatusPanels::StatusPanels(const QString& title) : m_port(new QLabel), m_time(ne
   m_minute.setTimerType(Qt::PreciseTimer); // a coarse timer may fire early, and so twice
   m_minute.callOnTimeout(this, &StatusPanels::ShowTime);
   ShowTime();
+  m_passing.setSingleShot(true);
+  m_passing.callOnTimeout(m_title, [this] { m_title->setText(m_programTitle); });
 }
 
 void StatusPanels::ShowPort(int number) {
   m_port->setText(QString::fromUtf8(PortText).arg(number));
+}
+
+void StatusPanels::ShowPassing(const QString& message) {
+  const int room = m_title->contentsRect().width() - 2 * m_title->margin();
+  m_title->setText(fontMetrics().elidedText(message, Qt::ElideMiddle, room));
+  m_passing.start(PassingMilliseconds);
 }
 
 void StatusPanels::ShowTime() {

@@ -60,6 +60,7 @@ TEST(QtPrinters, AreSetUpWithOk) {
     ok->click();
   });
   printers.SetUpPrinter("Printer Setup");
+  EXPECT_EQ(printers.PdfFile(), pdf.toStdString());
   EXPECT_FALSE(QFile::exists(pdf));
 }
 

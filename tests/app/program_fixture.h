@@ -51,6 +51,8 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   std::optional<FontDescription> AskFont(const FontDescription&) override { return font; }
   std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
+  std::string PdfFile() override { return pdfFile; }
+  void SetPdfFile(const std::string& path) override { pdfFile = path; }
   void OpenContents() override { happened.emplace_back("help contents"); }
   void OpenIndex() override { happened.emplace_back("help index"); }
 

@@ -72,4 +72,13 @@ void QtPrinters::SetUpPrinter(const std::string& title) {
   SetPaper(printer);
 }
 
+std::string QtPrinters::PdfFile() {
+  const bool isPdf = m_isSetUp && Chosen().outputFormat() == QPrinter::PdfFormat;
+  return isPdf ? Chosen().outputFileName().toStdString() : std::string();
+}
+
+void QtPrinters::SetPdfFile(const std::string& path) {
+  Chosen().setOutputFileName(QString::fromStdString(path));
+}
+
 } // namespace mr4500x

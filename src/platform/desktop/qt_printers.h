@@ -17,6 +17,8 @@ public:
 
   [[nodiscard]] std::unique_ptr<Printer> CurrentPrinter() override;
   void SetUpPrinter(const std::string& title) override;
+  [[nodiscard]] std::string PdfFile() override;
+  void SetPdfFile(const std::string& path) override;
 
 private:
   [[nodiscard]] QPrinter& Chosen();

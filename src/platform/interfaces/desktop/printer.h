@@ -50,6 +50,9 @@ public:
   [[nodiscard]] virtual std::unique_ptr<Printer> CurrentPrinter() = 0;
   // Opens the printer dialog; cancelling it changes nothing. The paper stays A4 portrait, whatever the user chooses.
   virtual void SetUpPrinter(const std::string& title) = 0;
+  // The file that jobs are printed to, if the user has set up a PDF file instead of a printer; else empty.
+  [[nodiscard]] virtual std::string PdfFile() = 0;
+  virtual void SetPdfFile(const std::string& path) = 0; // only where there is one
 };
 
 } // namespace mr4500x
