@@ -111,11 +111,11 @@ constexpr WriteCourse InfoWrite = {
 };
 // clang-format on
 
-// Tells a radio that may still be in the session that it is over. Whether that arrives makes no difference.
+// Tells a radio that may still be in the session that it is over.
 ExchangeResult Close(SerialLine& line, Transfer transfer, Outcome outcome, const std::string& description = {}) {
   if (outcome == Outcome::Interrupted || outcome == Outcome::DisplayError || outcome == Outcome::BandDeclined) {
     line.ReopenPort();
-    static_cast<void>(EndSession(line));
+    LeaveSession(line);
   }
   line.ClosePort();
   return {transfer, outcome, line.PortName(), description};

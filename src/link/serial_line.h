@@ -51,6 +51,8 @@ public:
   // The two halves of Send, for work to be done while the bytes are being sent.
   [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes);
   [[nodiscard]] bool Drain();
+  // Until the hardware, too, has sent what the driver had.
+  void AwaitSent() { m_port.AwaitSent(); }
 
   // Looks for `count` bytes every 20 ms, at most `rounds` times. Waits the 20 ms after a successful look too.
   [[nodiscard]] Polled Poll(std::size_t count, int rounds);

@@ -9,6 +9,7 @@ constexpr Milliseconds BeforeWakeUp{80};
 constexpr Milliseconds AfterIdentity{10};
 constexpr Milliseconds BeforeRequest{10};
 constexpr Milliseconds BeforeRecords{20};
+constexpr Milliseconds AfterLeaving{20}; // for what an adapter still holds when the driver has nothing left
 constexpr int RecordReplyRounds = 21;
 
 constexpr std::size_t RecordHeaderBytes = 4; // 57, address high, address low, count
@@ -156,7 +157,13 @@ bool EndReading(SerialLine& line) {
 }
 
 bool EndSession(SerialLine& line) {
-  return line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfSession);
+  const bool isSent = line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfSession);
+  line.AwaitSent();
+  return isSent;
+}
+
+void LeaveSession(SerialLine& line) {
+  if (EndSession(line)) line.Wait(AfterLeaving);
 }
 
 // 4F 4B "OK", 4E 47 "NG". Any two bytes other than "NG" count as "OK".

@@ -68,8 +68,10 @@ enum class Moved : std::uint8_t {
                                  const std::function<void()>& written);
 
 [[nodiscard]] bool EndReading(SerialLine& line);
-// Ends a write, which the radio answers with its status, or any session that failed.
+// Ends a write. The radio answers with its status.
 [[nodiscard]] bool EndSession(SerialLine& line);
+// Ends a session that failed, before the port is closed. Whether that arrives makes no difference.
+void LeaveSession(SerialLine& line);
 [[nodiscard]] bool AwaitGoodStatus(SerialLine& line, const WritePace& pace);
 
 } // namespace mr4500x

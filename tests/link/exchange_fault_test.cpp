@@ -46,7 +46,7 @@ const struct {
 } Cases[] = {
     {"no port",                Read,      NoPort,                  PortNotOpened,   0, false, Untouched},
     {"no answer",              Read,      Silent(0),               NoResponse,      4, false, Untouched, 1310ms},
-    {"short record",           Read,      Cut(11),                 Interrupted,    13, true,  10, 1325ms},
+    {"short record",           Read,      Cut(11),                 Interrupted,    13, true,  10, 1345ms},
     {"port closed at the end", Read,      Close(103),              Interrupted,   105, true,  102},
     {"count over the reply",   Read,      Byte(35, 3, 9),          DataError,      36, false, 34},
     {"address not of 8",       Read,      Byte(2, 2, 0x0C),        DataError,       3, false, 1},
@@ -58,7 +58,7 @@ const struct {
     {"model by byte 5",        Write,     Byte(0, 5, 0x01),        WrongModel,      1, false, Untouched},
     {"model by byte 6",        Write,     Byte(0, 6, 0x31),        WrongModel,      1, false, Untouched},
     {"band declined",          Write,     OtherBand,               BandDeclined,    2, true,  Untouched},
-    {"not acknowledged",       Write,     Silent(11),              Interrupted,    13, true,  11, 1036250us},
+    {"not acknowledged",       Write,     Silent(11),              Interrupted,    13, true,  11, 1056250us},
     {"NG",                     Write,     Answer(67, {'N', 'G'}),  DataError,      68, true,  66},
     {"no status",              Write,     Silent(67),              DataError,      68, true,  66, 4131250us},
 
@@ -67,7 +67,7 @@ const struct {
     {"not shown",              ReadInfo,  NotShown,                DisplayError,   35, true,  32},
 
     {"short identity",         WriteInfo, Cut(0),                  NoResponse,      4, false, Untouched, 2115ms},
-    {"not acknowledged",       WriteInfo, Silent(1),               Interrupted,     3, true,  1, 686250us},
+    {"not acknowledged",       WriteInfo, Silent(1),               Interrupted,     3, true,  1, 706250us},
     {"late status",            WriteInfo, LateStatus,              DataError,      32, true,  30},
 };
 // clang-format on

@@ -30,6 +30,7 @@ struct ScriptedRadio : SerialPort, Clock {
   std::optional<std::string> openFailure;
   int operationsLeft = MostOperations; // before the port fails for good
   bool stuck = false;                  // bytes never leave
+  bool isDrained = false;              // since the last write
   bool open = false;
   std::vector<LineBytes> frames;                   // what was written
   std::deque<std::pair<Moment, std::uint8_t>> air; // on its way to the computer, with its arrival
@@ -49,7 +50,11 @@ struct ScriptedRadio : SerialPort, Clock {
     open = !openFailure;
     return openFailure;
   }
-  void Close() override { open = false; }
+  void Close() override {
+    const bool isEnd = !frames.empty() && frames.back() == EndPacket && operationsLeft > 0 && !stuck;
+    Require(!isEnd || (isDrained && now >= sentAt + 20ms), "the end of the session is off the line");
+    open = false;
+  }
   bool IsOpen() const override { return open; }
   std::optional<std::size_t> BytesReceived() override {
     if (!Works()) return std::nullopt;
@@ -63,6 +68,7 @@ struct ScriptedRadio : SerialPort, Clock {
     Require(now >= sentAt, "bytes that were meant to go are not thrown away");
     return Works();
   }
+  void AwaitSent() override { isDrained = true; }
   std::optional<LineBytes> TakeReceived() override {
     LineBytes bytes;
     for (; !air.empty() && air.front().first <= now; air.pop_front())
@@ -72,6 +78,7 @@ struct ScriptedRadio : SerialPort, Clock {
   bool Write(std::span<const std::uint8_t> bytes) override {
     if (!Works() || !open) return false;
     sentAt = now + 1250us * bytes.size();
+    isDrained = false;
     frames.emplace_back(bytes.begin(), bytes.end());
     LineBytes reply = ReplyTo(frames.back());
     if (spoil) spoil(frames.size() - 1, reply);

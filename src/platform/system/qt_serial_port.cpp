@@ -10,6 +10,7 @@
 
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace mr4500x {
@@ -187,6 +188,10 @@ bool QtSerialPort::Write(std::span<const std::uint8_t> bytes) {
   if (!IsUsable()) return false;
   m_unsent.insert(m_unsent.end(), bytes.begin(), bytes.end());
   return PushUnsent();
+}
+
+void QtSerialPort::AwaitSent() {
+  if (IsUsable()) tcdrain(static_cast<int>(m_port->handle()));
 }
 
 std::optional<std::vector<std::uint8_t>> QtSerialPort::TakeReceived() {

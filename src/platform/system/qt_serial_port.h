@@ -29,6 +29,7 @@ public:
   [[nodiscard]] std::optional<std::size_t> BytesToTransmit() override;
   [[nodiscard]] bool DiscardTransmit() override;
   [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) override;
+  void AwaitSent() override;
   [[nodiscard]] std::optional<std::vector<std::uint8_t>> TakeReceived() override;
 
 private:

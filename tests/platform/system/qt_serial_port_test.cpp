@@ -16,6 +16,14 @@
 #include <termios.h>
 #include <unistd.h>
 
+namespace {
+int drained = 0; // how often a port has waited for its hardware
+}
+// In place of the C library's.
+extern "C" int tcdrain(int /*file*/) {
+  return ++drained, 0;
+}
+
 namespace mr4500x {
 namespace {
 
@@ -101,6 +109,14 @@ TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
     ASSERT_TRUE(m_port->BytesToTransmit()); // which also hands the driver what it has room for
   }
   EXPECT_EQ(left.size(), much.size() - waiting + 1);
+}
+
+TEST_F(QtSerialPortTest, DrainsTheDriver) {
+  m_port->AwaitSent();
+  EXPECT_EQ(std::exchange(drained, 0), 0) << "before it was opened";
+  Open();
+  m_port->AwaitSent();
+  EXPECT_EQ(std::exchange(drained, 0), 1);
 }
 
 TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {

@@ -38,6 +38,8 @@ public:
   // Discards bytes not yet passed to the driver. The driver still sends what it has.
   [[nodiscard]] virtual bool DiscardTransmit() = 0;
   [[nodiscard]] virtual bool Write(std::span<const std::uint8_t> bytes) = 0;
+  // Waits until the hardware, too, has sent what the driver had.
+  virtual void AwaitSent() = 0;
   [[nodiscard]] virtual std::optional<std::vector<std::uint8_t>> TakeReceived() = 0; // everything waiting
 };
 
