@@ -27,10 +27,10 @@ Program::Program()
       m_progress(std::string(ProgramTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"), m_printers(m_files),
       m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files, m_port, m_clock, m_input,
                  m_settingsFile, FolderForFiles(), UserStateFolder() + "/kept", LocalNow,
-                 [this](int port) { return DeviceOf(port); }, StoreWindowGeometry, OpenLink}) {}
+                 [this](int port) { return DeviceOf(port).path; }, StoreWindowGeometry, OpenLink}) {}
 
 // Looked up each time, as adapters come and go.
-std::string Program::DeviceOf(int port) {
+PortDevice Program::DeviceOf(int port) {
   return DeviceOfPort(port, PortDevices(m_files, m_settingsFile), MachineSerialDevices());
 }
 

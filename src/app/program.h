@@ -21,7 +21,7 @@ public:
   [[nodiscard]] FrmMain& Window() { return m_frmMain; }
 
 private:
-  [[nodiscard]] std::string DeviceOf(int port);
+  [[nodiscard]] PortDevice DeviceOf(int port);
   [[nodiscard]] std::string FolderForFiles();
 
   PosixFileSystem m_files;

@@ -67,7 +67,8 @@ ExitStatus CommandLine::Ports() {
   const std::vector<std::string> devices = MachineSerialDevices();
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
   QtSerialPort serial(deviceOf);
-  return RunPorts(serial, deviceOf, m_terminal);
+  return RunPorts(
+      serial, [&](int number) { return deviceOf(number).path; }, m_terminal);
 }
 
 PortArgument PortOf(const std::string& text) {

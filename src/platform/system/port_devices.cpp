@@ -44,6 +44,23 @@ bool NaturallyBefore(std::string_view a, std::string_view b) {
   return a.size() < b.size();
 }
 
+// What is no option belongs to the path.
+PortDevice PinnedDevice(PortDevice device) {
+  while (true) {
+    const std::size_t comma = std::min(device.path.rfind(','), device.path.size());
+    std::string option = device.path.substr(comma);
+    std::erase(option, ' ');
+    std::ranges::transform(option, option.begin(), [](unsigned char c) { return std::tolower(c); });
+    if (option == ",rts=off")
+      device.rts = false;
+    else if (option == ",dtr=off")
+      device.dtr = false;
+    else if (option != ",rts=on" && option != ",dtr=on")
+      return device;
+    device.path.resize(comma);
+  }
+}
+
 // The 8250 driver lists more built-in ports than exist; the spare ones have UART type 0.
 bool IsSpare(const fs::path& entry) {
   std::ifstream file(entry / "type");
@@ -53,11 +70,11 @@ bool IsSpare(const fs::path& entry) {
 
 } // namespace
 
-std::string DeviceOfPort(int n, std::span<const std::string> pins, const std::vector<std::string>& devices) {
+PortDevice DeviceOfPort(int n, std::span<const std::string> pins, const std::vector<std::string>& devices) {
   const auto index = static_cast<std::size_t>(n) - 1;
   if (n < 1 || index >= pins.size()) return {};
-  if (!pins[index].empty()) return pins[index];
-  return index < devices.size() ? devices[index] : std::string();
+  if (!pins[index].empty()) return PinnedDevice({pins[index]});
+  return {index < devices.size() ? devices[index] : std::string()};
 }
 
 std::vector<std::string> InPortOrder(std::vector<SerialDevice> devices) {

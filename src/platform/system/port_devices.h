@@ -9,11 +9,18 @@
 
 namespace mr4500x {
 
-// The device of port n, counted from 1: its entry in `pins` (the device paths set by the user, empty for none), else
-// the n-th of `devices`; empty for none or n out of range. A pinned device keeps its place in `devices`, so that
-// pinning a port does not move the others.
-[[nodiscard]] std::string DeviceOfPort(int n, std::span<const std::string> pins,
-                                       const std::vector<std::string>& devices);
+struct PortDevice {
+  std::string path;
+  bool rts = true, dtr = true; // what the two control lines are while the port is open
+  bool operator==(const PortDevice&) const = default;
+};
+
+// The device of port n, counted from 1: its entry in `pins` (set by the user: a path, perhaps followed by ",rts=off"
+// and
+// ",dtr=off"; empty for none), else the n-th of `devices`; an empty path for none or n out of range. A pinned device
+// keeps its place in `devices`, so that pinning a port does not move the others.
+[[nodiscard]] PortDevice DeviceOfPort(int n, std::span<const std::string> pins,
+                                      const std::vector<std::string>& devices);
 
 enum class DeviceKind { UsbAdapter, BuiltIn, Other };
 

@@ -21,12 +21,15 @@ QSerialPort::Parity ParityOf(Parity parity) {
   return parity == Parity::Even ? QSerialPort::EvenParity : QSerialPort::NoParity;
 }
 
-bool Apply(const LineSettings& line, QSerialPort& port) {
+// Opening has raised the two control lines.
+bool Apply(const LineSettings& line, const PortDevice& device, QSerialPort& port) {
   bool taken = port.setBaudRate(line.baud);
   taken = port.setDataBits(static_cast<QSerialPort::DataBits>(line.dataBits)) && taken;
   taken = port.setParity(ParityOf(line.parity)) && taken;
   taken = port.setStopBits(line.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) && taken;
-  return port.setFlowControl(QSerialPort::NoFlowControl) && taken;
+  taken = port.setFlowControl(QSerialPort::NoFlowControl) && taken;
+  taken = (device.rts || port.setRequestToSend(false)) && taken;
+  return (device.dtr || port.setDataTerminalReady(false)) && taken;
 }
 
 // Resolves links, since the lock file that keeps other programs out is named after the real device. A bare name stays
@@ -102,20 +105,21 @@ QtSerialPort::QtSerialPort(DeviceLookup lookup)
     : m_lookup(std::move(lookup)), m_port(std::make_unique<QSerialPort>()) {}
 
 QtSerialPort::QtSerialPort(std::string device)
-    : QtSerialPort(DeviceLookup([path = std::move(device)](int) { return path; })) {}
+    : QtSerialPort(DeviceLookup([path = std::move(device)](int) { return PortDevice{path}; })) {}
 
 QtSerialPort::~QtSerialPort() = default;
 
 std::optional<std::string> QtSerialPort::Open(const LineSettings& settings) {
   Close();
-  const std::string device = OwnPath(m_lookup(m_number));
+  const PortDevice found = m_lookup(m_number);
+  const std::string device = OwnPath(found.path);
   if (device.empty()) return std::make_error_code(std::errc::no_such_device).message();
 
   const NotifierWarningsOff quiet;
   m_port->setPortName(QString::fromStdString(device));
   if (!m_port->open(QIODevice::ReadWrite)) return OpenFailure(*m_port, device);
   // Set after opening: a pseudo-terminal may refuse settings that it does not need.
-  if (!Apply(settings, *m_port) && !device.starts_with("/dev/pts/")) {
+  if (!Apply(settings, found, *m_port) && !device.starts_with("/dev/pts/")) {
     const std::string description = m_port->errorString().toStdString();
     Close();
     return description;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "port_devices.h"
 #include "serial_port.h"
 
 #include <functional>
@@ -12,8 +13,7 @@ namespace mr4500x {
 // Needs neither an application object nor an event loop: each operation polls the device.
 class QtSerialPort final : public SerialPort {
 public:
-  // The device path for a port number; empty for none.
-  using DeviceLookup = std::function<std::string(int)>;
+  using DeviceLookup = std::function<PortDevice(int)>; // of a port number
 
   explicit QtSerialPort(DeviceLookup lookup);
   explicit QtSerialPort(std::string device); // for every port number

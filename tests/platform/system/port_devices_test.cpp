@@ -13,19 +13,24 @@ TEST(PortDevices, APortIsItsPinElseTheDeviceOfItsNumber) {
   const std::vector<std::string> devices = {"/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyS0"};
   std::vector<std::string> pins(16);
   pins[1] = "/dev/ttyUSB0";
-  pins[15] = "/dev/radio";
-  const std::pair<int, const char*> cases[] = {
-      {1, "/dev/ttyUSB0"}, // also though it is pinned to port 2
-      {2, "/dev/ttyUSB0"}, // the pin
-      {3, "/dev/ttyS0"},   // where it was before the pin
-      {4, ""},             // more ports than devices
-      {16, "/dev/radio"},
-      {0, ""}, // no such port
-      {17, ""},
-      {-32768, ""},
+  pins[2] = "/dev/ttyUSB0, DTR=off";
+  pins[13] = "/dev/radio,rts=on,dtr=on,rts=off";
+  pins[14] = "/dev/by,no,dtr=of";
+  pins[15] = ",rts=off,dtr=off";
+  const std::pair<int, PortDevice> cases[] = {
+      {1, {"/dev/ttyUSB0"}}, // also though it is pinned to port 2
+      {2, {"/dev/ttyUSB0"}}, // the pin
+      {3, {"/dev/ttyUSB0", true, false}},
+      {4, {""}}, // more ports than devices
+      {14, {"/dev/radio", false, true}},
+      {15, {"/dev/by,no,dtr=of"}}, // no option
+      {16, {"", false, false}},
+      {0, {""}}, // no such port
+      {17, {""}},
+      {-32768, {""}},
   };
   for (const auto& [port, device] : cases)
-    EXPECT_EQ(DeviceOfPort(port, pins, devices), device) << "port " << port;
+    EXPECT_TRUE(DeviceOfPort(port, pins, devices) == device) << "port " << port;
 }
 
 TEST(PortDevices, UsbAdaptersComeFirstAndNumbersCountAsNumbers) {

@@ -5,23 +5,36 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
-#include <chrono>
+#include <cstdarg>
 #include <filesystem>
+#include <set>
 #include <thread>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
+#include <sys/syscall.h>
 #include <termios.h>
 #include <unistd.h>
 
 namespace {
-int drained = 0; // how often a port has waited for its hardware
-}
-// In place of the C library's.
+int drained = 0;            // how often a port has waited for its hardware
+std::set<int> loweredLines; // the control lines that it has lowered
+} // namespace
+// In place of the C library's; a pseudo-terminal has no control lines.
 extern "C" int tcdrain(int /*file*/) {
   return ++drained, 0;
+}
+extern "C" int ioctl(int file, unsigned long request, ...) noexcept {
+  va_list arguments;
+  va_start(arguments, request);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  if (request != TIOCMBIC) return static_cast<int>(syscall(SYS_ioctl, file, request, argument));
+  loweredLines.insert(*static_cast<int*>(argument));
+  return 0;
 }
 
 namespace mr4500x {
@@ -143,9 +156,19 @@ TEST_F(QtSerialPortTest, AppliesTheLineSettings) {
   EXPECT_NE(line.c_cflag & CSTOPB, 0U); // a pseudo-terminal keeps no parity
 }
 
+TEST_F(QtSerialPortTest, LowersTheControlLinesThatItsDeviceWantsLow) {
+  for (const bool rts : {true, false})
+    for (const bool dtr : {true, false}) {
+      loweredLines.clear();
+      EXPECT_EQ(QtSerialPort([&](int) { return PortDevice{m_device, rts, dtr}; }).Open(Line), std::nullopt);
+      EXPECT_EQ(loweredLines.contains(TIOCM_RTS), !rts);
+      EXPECT_EQ(loweredLines.contains(TIOCM_DTR), !dtr);
+    }
+}
+
 TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
   for (const char* const device : {"/dev/no-such-device", "/dev/null", ""}) {
-    QtSerialPort port([&](int number) { return number == 7 ? device : m_device; });
+    QtSerialPort port([&](int number) { return PortDevice{number == 7 ? device : m_device}; });
     port.SetPortNumber(7);
     const auto description = port.Open(Line);
     EXPECT_GT(description.value_or("").size(), 5U) << device;
