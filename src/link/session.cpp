@@ -82,6 +82,12 @@ std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t
   return data.first(reply[3]);
 }
 
+bool SendEnd(SerialLine& line, std::span<const std::uint8_t> packet) {
+  const bool isSent = line.DiscardInput() && line.DiscardOutput() && line.Send(packet);
+  line.AwaitSent();
+  return isSent;
+}
+
 } // namespace
 
 bool WakeToRead(SerialLine& line, const ReadPace& pace) {
@@ -153,13 +159,11 @@ Moved WriteRecords(SerialLine& line, const WritePace& pace, Addresses addresses,
 }
 
 bool EndReading(SerialLine& line) {
-  return line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfRead);
+  return SendEnd(line, EndOfRead);
 }
 
 bool EndSession(SerialLine& line) {
-  const bool isSent = line.DiscardInput() && line.DiscardOutput() && line.Send(EndOfSession);
-  line.AwaitSent();
-  return isSent;
+  return SendEnd(line, EndOfSession);
 }
 
 void LeaveSession(SerialLine& line) {

@@ -51,7 +51,7 @@ struct ScriptedRadio : SerialPort, Clock {
     return openFailure;
   }
   void Close() override {
-    const bool isEnd = !frames.empty() && frames.back() == EndPacket && operationsLeft > 0 && !stuck;
+    const bool isEnd = !frames.empty() && frames.back()[1] == EndPacket[1] && operationsLeft > 0 && !stuck;
     Require(!isEnd || (isDrained && now >= sentAt + 20ms), "the end of the session is off the line");
     open = false;
   }
