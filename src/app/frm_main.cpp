@@ -45,7 +45,7 @@ void FrmMain::BuildPanel() {
   setCentralWidget(scroll);
 
   setWindowTitle(QString::fromStdString(TitleOf(m_state.origin)));
-  m_status = new StatusPanels(QString::fromUtf8(ProgramTitle));
+  m_status = new StatusPanels(QString::fromUtf8(ProgramTitle), m_services.deviceOfPort);
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
   connect(m_keeper, &WorkKeeper::CopyFailed, m_status,

@@ -1,6 +1,7 @@
 #include "dialogs.h"
 
 #include "frame_parts.h"
+#include "window_parts.h"
 
 #include <QButtonGroup>
 #include <QDialog>
@@ -20,8 +21,7 @@ QRadioButton* NewOption(int number, const PortChoice& choice, const std::string&
   option->setObjectName(QStringLiteral("optPort(%1)").arg(number));
   option->setEnabled(choice.enabled[static_cast<std::size_t>(number - 1)]);
   option->setChecked(number == choice.preselected);
-  const QString device =
-      deviceOfPort.empty() ? QDialog::tr("No device stands for this port") : QString::fromStdString(deviceOfPort);
+  const QString device = DeviceToolTip(deviceOfPort);
   option->setToolTip(device);
   option->setAccessibleDescription(device);
   return option;

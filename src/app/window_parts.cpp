@@ -1,5 +1,6 @@
 #include "window_parts.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QTime>
@@ -23,13 +24,18 @@ QString TimeText(const QTime& time) {
 
 } // namespace
 
+QString DeviceToolTip(const std::string& device) {
+  return device.empty() ? QStatusBar::tr("No device stands for this port") : QString::fromStdString(device);
+}
+
 QIcon ProgramIcon(const char* name) {
   LoadIcons();
   return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
 }
 
-StatusPanels::StatusPanels(const QString& title)
-    : m_programTitle(title), m_title(new QLabel(title)), m_port(new QLabel), m_time(new QLabel) {
+StatusPanels::StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort)
+    : m_programTitle(title), m_deviceOfPort(std::move(deviceOfPort)), m_title(new QLabel(title)), m_port(new QLabel),
+      m_time(new QLabel) {
   setObjectName(QStringLiteral("stbMain"));
   int number = 0;
   for (QLabel* const panel : {m_title, m_port, m_time}) {
@@ -43,6 +49,7 @@ StatusPanels::StatusPanels(const QString& title)
   m_port->setMinimumWidth(fontMetrics().horizontalAdvance(QString::fromUtf8(PortText).arg(16)) + room);
   m_time->setMinimumWidth(fontMetrics().horizontalAdvance(TimeText(QTime(22, 58))) + room);
 
+  m_port->installEventFilter(this);
   m_minute.setSingleShot(true);
   m_minute.setTimerType(Qt::PreciseTimer); // a coarse timer may fire early, and so twice
   m_minute.callOnTimeout(this, &StatusPanels::ShowTime);
@@ -52,6 +59,7 @@ StatusPanels::StatusPanels(const QString& title)
 }
 
 void StatusPanels::ShowPort(int number) {
+  m_number = number;
   m_port->setText(QString::fromUtf8(PortText).arg(number));
 }
 
@@ -59,6 +67,12 @@ void StatusPanels::ShowPassing(const QString& message) {
   const int room = m_title->contentsRect().width() - 2 * m_title->margin();
   m_title->setText(fontMetrics().elidedText(message, Qt::ElideMiddle, room));
   m_passing.start(PassingMilliseconds);
+}
+
+// The device is looked up when the user points at the port, as adapters come and go.
+bool StatusPanels::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ToolTip) m_port->setToolTip(DeviceToolTip(m_deviceOfPort(m_number)));
+  return QStatusBar::eventFilter(watched, event);
 }
 
 void StatusPanels::ShowTime() {

@@ -5,23 +5,33 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <functional>
+#include <string>
+
 class QLabel;
 
 namespace mr4500x {
 
 [[nodiscard]] QIcon ProgramIcon(const char* name); // icons/NAME.svg
 
+[[nodiscard]] QString DeviceToolTip(const std::string& device); // of a port; empty: it has none
+
 // The program's title, now and then a passing message in its place, the port and the time of day.
 class StatusPanels final : public QStatusBar {
 public:
-  explicit StatusPanels(const QString& title);
+  StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort);
   void ShowPort(int number);
   void ShowPassing(const QString& message);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   void ShowTime();
 
   QString m_programTitle;
+  std::function<std::string(int)> m_deviceOfPort;
+  int m_number = 0;
   QLabel* m_title;
   QLabel* m_port;
   QLabel* m_time;

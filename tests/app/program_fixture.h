@@ -95,6 +95,12 @@ protected:
   std::string Status(int panel) {
     return window->findChild<QLabel*>(QStringLiteral("stbMain.Panels(%1)").arg(panel))->text().toStdString();
   }
+  std::string StatusTip() { // of the port, as when the user points at it
+    auto* const port = window->findChild<QLabel*>("stbMain.Panels(2)");
+    QHelpEvent pointing(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(port, &pointing);
+    return port->toolTip().toStdString();
+  }
   std::string Title() { return window->windowTitle().toStdString(); }
   std::string TitleOf(const std::string& name) { return "MR4500X Programming Software - " + Path(name); }
   void Edit() { emit window->Panel().Changed(); }

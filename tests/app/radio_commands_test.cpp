@@ -138,6 +138,7 @@ TEST_F(ProgramTest, ChoosesThePort) {
     Button("Port")->click();
     EXPECT_EQ(window->State().CommPortNumber, after);
     EXPECT_EQ(Status(2), "COM " + std::to_string(after));
+    EXPECT_EQ(StatusTip(), after == 3 ? "/dev/ttyUSB2" : "No device stands for this port");
     EXPECT_FALSE(ports.open || QGuiApplication::overrideCursor() != nullptr);
   }
 }
