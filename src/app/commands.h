@@ -68,6 +68,7 @@ void ShowRecentFiles(const CommandContext& context);
 [[nodiscard]] bool MayStore(const CommandContext& context);
 // Takes work that an earlier window left unsaved, if there is any and the user wants it.
 [[nodiscard]] bool OpenLeftWork(const CommandContext& context);
+void StoreProgramSettings(const CommandContext& context);
 // Stores the settings, then asks about unsaved data. Cancelled: don't exit.
 [[nodiscard]] CloseEnd PrepareExit(const CommandContext& context);
 

@@ -166,9 +166,13 @@ bool OpenLeftWork(const CommandContext& context) {
   return true;
 }
 
-CloseEnd PrepareExit(const CommandContext& context) {
+void StoreProgramSettings(const CommandContext& context) {
   StoreSettings(context.services.files, context.services.settingsFile, context.state.CommPortNumber,
                 context.state.LastFileName);
+}
+
+CloseEnd PrepareExit(const CommandContext& context) {
+  StoreProgramSettings(context);
   const CloseEnd end = AskAboutUnsavedData(context);
   if (end == CloseEnd::Closed) context.keeper.KeepNow();
   return end;

@@ -13,6 +13,7 @@
 #include <QLocale>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSessionManager>
 #include <QStyle>
 
 #include <utility>
@@ -29,11 +30,21 @@ FrmMain::FrmMain(MainServices services)
   BuildPanel();
   Load();
   TakeDesignSize();
+  connect(
+      qApp, &QGuiApplication::commitDataRequest, this,
+      [this](QSessionManager& session) {
+        if (!session.allowsInteraction()) return KeepForEnd();
+        if (!MayLogOut()) session.cancel();
+      },
+      Qt::DirectConnection);
 }
 
 void FrmMain::BuildPanel() {
   m_panel = new EditorPanel(m_image, m_texts, m_services.messages);
-  connect(m_panel, &EditorPanel::Changed, this, [this] { m_state.ModifiedFlag = true; });
+  connect(m_panel, &EditorPanel::Changed, this, [this] {
+    m_state.ModifiedFlag = true;
+    m_mayLogOut = false;
+  });
   auto* const scroll = new QScrollArea;
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
@@ -103,19 +114,42 @@ void FrmMain::RunCommand(const std::function<void(const CommandContext&)>& comma
     }
   } const ending{*this};
   m_running = true;
+  m_mayLogOut = false;
   command(Context());
 }
 
 // Refused while a command runs, for instance one that waits in a message box.
 void FrmMain::closeEvent(QCloseEvent* event) {
   event->ignore();
+  const bool mayClose = m_mayLogOut;
   RunCommand([&](const CommandContext& context) {
-    if (commands::PrepareExit(context) == CloseEnd::Cancelled) return;
+    if (!mayClose && commands::PrepareExit(context) == CloseEnd::Cancelled) return;
     for (QWidget* const window : QApplication::topLevelWidgets())
       if (window != this && window->isVisible()) window->close();
-    if (!isMinimized()) m_services.storeGeometry(GeometryOf(*this));
+    StoreGeometry();
     event->accept();
   });
+}
+
+void FrmMain::StoreGeometry() {
+  if (!isMinimized()) m_services.storeGeometry(GeometryOf(*this));
+}
+
+void FrmMain::KeepForEnd() {
+  commands::StoreProgramSettings(Context());
+  m_keeper->KeepNow();
+  StoreGeometry();
+}
+
+void FrmMain::EndBySignal(int signal) {
+  KeepForEnd();
+  QCoreApplication::exit(128 + signal); // as a shell counts them
+}
+
+bool FrmMain::MayLogOut() {
+  bool mayLogOut = false; // not while a command runs
+  RunCommand([&](const CommandContext& context) { mayLogOut = commands::PrepareExit(context) == CloseEnd::Closed; });
+  return m_mayLogOut = mayLogOut;
 }
 
 bool FrmMain::eventFilter(QObject* watched, QEvent* event) {

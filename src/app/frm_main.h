@@ -26,6 +26,10 @@ public:
   void OpenGiven(const std::string& path);
   // Asks about work that an earlier window left unsaved. True if the editor shows it now.
   [[nodiscard]] bool OpenLeftWork();
+  // Keeps what an exit or a crash keeps, and ends the event loop.
+  void EndBySignal(int signal);
+  // Asks as Exit does, when the user logs out. False: the desktop must not end the program.
+  [[nodiscard]] bool MayLogOut();
   [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
 
 protected:
@@ -48,6 +52,8 @@ private:
   void Load();
   void TakeDesignSize();
   void ShowView(View view);
+  void KeepForEnd(); // without a question
+  void StoreGeometry();
   // Runs a command unless another is running. Afterwards the port and the progress window are closed in any case.
   void RunCommand(const std::function<void(const CommandContext&)>& command);
 
@@ -70,6 +76,7 @@ private:
   QAction* m_btnFuncWin = nullptr;
   RecentItems m_mnuRecent{};
   bool m_running = false;
+  bool m_mayLogOut = false; // the question has been answered, and nothing has happened since
 };
 
 } // namespace mr4500x

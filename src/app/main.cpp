@@ -1,4 +1,5 @@
 // MR4500X [FILE]: shows the splash until the main window has loaded, but at least FrmSplash::LeastTime.
+#include "end_signals.h"
 #include "frm_splash.h"
 #include "machine.h"
 #include "program.h"
@@ -54,5 +55,6 @@ int main(int argc, char** argv) {
     if (program.Window().OpenLeftWork() || arguments.size() < 2) return;
     program.Window().OpenGiven(QDir::current().absoluteFilePath(arguments[1]).toStdString());
   });
+  const EndSignalsHeard endSignals([&](int signal) { program.Window().EndBySignal(signal); });
   return QApplication::exec();
 }

@@ -114,5 +114,39 @@ TEST(Program, PrintsItsUsageWithoutADisplay) {
   EXPECT_TRUE(program.readAllStandardOutput().startsWith("usage: mr4500x [FILE]\n"));
 }
 
+TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+    SCOPED_TRACE(signal);
+    const QTemporaryDir folder; // with a program that keeps its settings there
+    const QString settings = folder.filePath("MR4500X.ini");
+    ASSERT_TRUE(QFile::copy(MR4500X_PROGRAM, folder.filePath("MR4500X")));
+    QFile chosen(settings);
+    ASSERT_TRUE(chosen.open(QIODevice::WriteOnly) && chosen.write("[Comm Port]\nCommon Port=5\n") > 0);
+    chosen.close();
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* const name : {"XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+      environment.insert(name, folder.filePath("home"));
+    program.setProcessEnvironment(environment);
+    program.start(folder.filePath("MR4500X"));
+    ASSERT_TRUE(program.waitForStarted());
+    const auto catches = [&] { // the signal, once the window is there
+      QFile status(QStringLiteral("/proc/%1/status").arg(program.processId()));
+      if (!status.open(QIODevice::ReadOnly)) return false;
+      const QByteArray text = status.readAll();
+      const qsizetype at = text.indexOf("SigCgt:");
+      return at >= 0 && (text.mid(at + 7, 17).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(catches, 20'000));
+    ASSERT_TRUE(QFile::remove(settings));
+    kill(static_cast<pid_t>(program.processId()), signal);
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 128 + signal);
+    QFile stored(settings);
+    EXPECT_TRUE(stored.open(QIODevice::ReadOnly) && stored.readAll().contains("Common Port=5"));
+    EXPECT_TRUE(QFile::exists(folder.filePath("home/MR4500X/MR4500X.conf"))) << "the place of the window";
+  }
+}
+
 } // namespace
 } // namespace mr4500x

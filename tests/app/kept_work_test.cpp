@@ -1,6 +1,8 @@
 // Work that was never saved is kept, and offered once at the next start.
 #include "program_fixture.h"
 
+#include <csignal>
+
 namespace mr4500x {
 namespace {
 
@@ -31,6 +33,11 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
     std::function<void()> end;
   } cases[] = {
       {"exit", [&] { window->close(); }},
+      {"signal",
+       [&] {
+         QTimer::singleShot(0, window.get(), [&] { window->EndBySignal(SIGTERM); });
+         EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
+       }},
       {"crash", [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)); }},
   };
   PutDataFile("a.K4X");

@@ -62,6 +62,21 @@ TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
   }
 }
 
+TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
+  Edit();
+  desk.answers = {Answer::Cancel, Answer::No};
+  desk.beforeAnswer = [&] { EXPECT_FALSE(window->MayLogOut()) << "while a command runs"; };
+  EXPECT_FALSE(window->MayLogOut());
+  EXPECT_TRUE(window->MayLogOut());
+  EXPECT_EQ(Happened(), (Lines{question, question}));
+  Edit(); // the logout was cancelled elsewhere
+  desk.answers = {Answer::Cancel, Answer::No};
+  window->close();
+  EXPECT_TRUE(window->MayLogOut());
+  window->close(); // by Qt, when the desktop goes on
+  EXPECT_EQ(Happened(), (Lines{question, question, "geometry"}));
+}
+
 TEST_F(ProgramTest, RunsOneCommandAtATime) {
   Edit();
   desk.answers = {Answer::Cancel};

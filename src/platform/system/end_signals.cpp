@@ -1,10 +1,16 @@
 #include "end_signals.h"
 
-#include <signal.h>
+#include <QSocketNotifier>
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <mutex>
+#include <optional>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
 
 namespace mr4500x {
 namespace {
@@ -26,19 +32,74 @@ void KeepWaiting(int number) {
     if (held.number == number) held.isWaiting = true;
 }
 
+// The end of the pipe that the handler writes to; a handler may do little else.
+int reportingEnd = -1;
+
+void Report(int number) {
+  const int error = errno;
+  const auto byte = static_cast<char>(number);
+  static_cast<void>(!write(reportingEnd, &byte, 1));
+  errno = error;
+}
+
+// Leaves a signal that is ignored, as under nohup, ignored.
+void Handle(int number, void (*handler)(int), int flags) {
+  struct sigaction action {};
+  sigaction(number, nullptr, &action);
+  if (action.sa_handler == SIG_IGN) return;
+  action = {};
+  action.sa_handler = handler;
+  action.sa_flags = flags;
+  sigaction(number, &action, nullptr);
+}
+
+constexpr std::array HeardSignals = {SIGINT, SIGTERM, SIGHUP};
+
 } // namespace
+
+class EndSignalsHeard::Pipe {
+public:
+  explicit Pipe(std::function<void(int)> report) : m_report(std::move(report)) {
+    if (pipe2(m_ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return; // then the signals end the program as ever
+    m_notifier.emplace(m_ends[0], QSocketNotifier::Read);
+    QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] { Read(); });
+    reportingEnd = m_ends[1];
+    for (const int number : HeardSignals)
+      Handle(number, Report, SA_RESTART | static_cast<int>(SA_RESETHAND));
+  }
+  ~Pipe() {
+    if (!m_notifier) return;
+    for (const int number : HeardSignals)
+      Handle(number, SIG_DFL, 0);
+    for (const int end : m_ends)
+      close(end);
+  }
+  Pipe(const Pipe&) = delete;
+  Pipe& operator=(const Pipe&) = delete;
+
+private:
+  void Read() {
+    char number = 0;
+    while (read(m_ends[0], &number, 1) == 1)
+      m_report(number);
+  }
+
+  std::function<void(int)> m_report;
+  std::array<int, 2> m_ends{};
+  std::optional<QSocketNotifier> m_notifier;
+};
+
+EndSignalsHeard::EndSignalsHeard(std::function<void(int)> report) : m_pipe(std::make_unique<Pipe>(std::move(report))) {}
+
+EndSignalsHeard::~EndSignalsHeard() = default;
 
 // Handlers rather than a signal mask: masks are per thread, and Qt starts threads.
 EndSignalsHeld::EndSignalsHeld() {
   const std::lock_guard lock(mutex);
   if (holders++ > 0) return;
-  struct sigaction keep {};
-  keep.sa_handler = KeepWaiting;
-  keep.sa_flags = SA_RESTART;
-  sigemptyset(&keep.sa_mask);
   for (HeldSignal& held : heldSignals) {
     sigaction(held.number, nullptr, &held.before);
-    if (held.before.sa_handler != SIG_IGN) sigaction(held.number, &keep, nullptr);
+    Handle(held.number, KeepWaiting, SA_RESTART);
   }
 }
 

@@ -1,4 +1,8 @@
+// Signals that end the program: SIGINT, SIGTERM, SIGHUP and SIGQUIT.
 #pragma once
+
+#include <functional>
+#include <memory>
 
 namespace mr4500x {
 
@@ -10,6 +14,20 @@ public:
   ~EndSignalsHeld();
   EndSignalsHeld(const EndSignalsHeld&) = delete;
   EndSignalsHeld& operator=(const EndSignalsHeld&) = delete;
+};
+
+// Reports SIGINT, SIGTERM and SIGHUP from the event loop instead of ending the program, so that it can end properly.
+// The same signal a second time ends it at once. One instance at a time.
+class EndSignalsHeard {
+public:
+  explicit EndSignalsHeard(std::function<void(int signal)> report);
+  ~EndSignalsHeard();
+  EndSignalsHeard(const EndSignalsHeard&) = delete;
+  EndSignalsHeard& operator=(const EndSignalsHeard&) = delete;
+
+private:
+  class Pipe;
+  std::unique_ptr<Pipe> m_pipe;
 };
 
 } // namespace mr4500x

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 #include <csignal>
 #include <cstdio>
 #include <optional>
+#include <set>
 #include <thread>
 
 namespace mr4500x {
@@ -50,6 +53,27 @@ TEST(EndSignals, AreAllDelivered) {
   EXPECT_EQ(heard, 1 << SIGINT | 1 << SIGTERM);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP})
     std::signal(signal, before);
+}
+
+TEST(EndSignals, AreReportedFromTheEventLoopAndEndTheProgramTheSecondTime) {
+  int count = 0;
+  const QCoreApplication application(count, nullptr);
+  std::vector<int> reported;
+  std::signal(SIGINT, SIG_IGN);
+  {
+    const EndSignalsHeard hearing([&](int signal) { reported.push_back(signal); });
+    std::optional<EndSignalsHeld> held(std::in_place);
+    for (const int signal : {SIGHUP, SIGTERM, SIGINT})
+      std::raise(signal);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(reported, std::vector<int>());
+    held.reset();
+    EXPECT_EQ(reported, std::vector<int>());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(std::set(reported.begin(), reported.end()), (std::set{SIGHUP, SIGTERM}));
+    EXPECT_EXIT(std::raise(SIGTERM), testing::KilledBySignal(SIGTERM), "");
+  }
+  std::signal(SIGINT, SIG_DFL);
 }
 
 } // namespace
