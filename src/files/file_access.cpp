@@ -8,7 +8,8 @@
 namespace mr4500x {
 namespace {
 
-constexpr int MostLinks = 40; // more are taken for a loop
+constexpr int MostLinks = 40;        // more are taken for a loop
+constexpr int MostTemporaries = 100; // that other saves may remove before one is locked
 constexpr std::size_t CopyBytes = 16384;
 constexpr std::uint32_t PrivateMode = 0600; // until the temporary file has the old file's owner
 constexpr std::uint32_t PermissionBits = 0777;
@@ -62,38 +63,40 @@ void RemoveLeftovers(FileSystem& files, const std::string& folder) {
     if (!status || status->kind != FileKind::Regular) continue;
     const auto file = files.OpenToRead(path);
     if (!file) continue;
-    if (files.Lock(*file)) static_cast<void>(files.Remove(path)); // else left to a later save
+    if (files.Lock(*file) == LockOutcome::Taken) static_cast<void>(files.Remove(path)); // else left to a later save
     files.Close(*file);
   }
+}
+
+bool WriteAll(FileSystem& files, FileSystem::Handle file, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const auto count = files.Write(file, bytes);
+    if (!count || *count == 0) return false;
+    bytes = bytes.subspan(*count);
+  }
+  return true;
 }
 
 // The new file. Removed again unless TakePlace succeeded.
 class Temporary {
 public:
-  Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode)
-      : m_files(files), m_path(InFolder(folder, TemporaryName(files.UnpredictableNumber()))),
-        m_file(files.Create(m_path, mode)) {
-    // A file system without locks does not stop the save: there no other save can lock and remove this file either.
-    if (m_file) static_cast<void>(files.Lock(*m_file));
+  Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode) : m_files(files) {
+    for (int tries = 0; tries < MostTemporaries && !m_file; ++tries) {
+      m_path = InFolder(folder, TemporaryName(files.UnpredictableNumber()));
+      m_file = files.Create(m_path, mode);
+      if (!m_file) return;
+      if (IsTakenForLeftover()) Drop();
+    }
   }
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
   ~Temporary() {
-    if (!m_file) return;
-    if (!m_tookPlace) static_cast<void>(m_files.Remove(m_path));
-    m_files.Close(*m_file);
+    if (m_file) Drop();
   }
 
   [[nodiscard]] bool IsOpen() const { return m_file.has_value(); }
 
-  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-      const auto count = m_files.Write(*m_file, bytes);
-      if (!count || *count == 0) return false;
-      bytes = bytes.subspan(*count);
-    }
-    return true;
-  }
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) { return WriteAll(m_files, *m_file, bytes); }
 
   // Appends the old file's bytes from `offset`.
   [[nodiscard]] bool WriteSurplus(const std::string& oldPath, std::uint64_t offset) {
@@ -115,17 +118,63 @@ public:
     return m_files.SetMode(*m_file, old.mode & PermissionBits);
   }
 
+  [[nodiscard]] bool Sync() { return m_files.Sync(*m_file); }
   [[nodiscard]] bool TakePlace(const std::string& path) {
-    m_tookPlace = m_files.Sync(*m_file) && m_files.Rename(m_path, path);
+    m_tookPlace = m_files.Rename(m_path, path);
     return m_tookPlace;
   }
 
 private:
+  // Until it has its lock, another save may take the file for a leftover, lock it and remove it. A file system without
+  // locks does not stop the save: there no other save can lock and remove this file either.
+  [[nodiscard]] bool IsTakenForLeftover() {
+    if (m_files.Lock(*m_file) == LockOutcome::HeldByOther) return true;
+    const auto status = m_files.Status(m_path);
+    return status && status->kind == FileKind::Missing;
+  }
+
+  void Drop() {
+    if (!m_tookPlace) static_cast<void>(m_files.Remove(m_path));
+    m_files.Close(*m_file);
+    m_file.reset();
+  }
+
   FileSystem& m_files;
   std::string m_path;
   std::optional<FileSystem::Handle> m_file;
   bool m_tookPlace = false;
 };
+
+enum class ReplaceEnd { Replaced, Failed, NotPossible };
+
+struct NewContent {
+  std::span<const std::uint8_t> bytes;
+  Surplus surplus;
+  std::uint32_t newFileMode;
+};
+
+ReplaceEnd ReplaceByNew(FileSystem& files, const PlacedFile& target, const NewContent& content) {
+  const auto& [bytes, surplus, newFileMode] = content;
+  const auto& [path, old] = target;
+  const bool isNew = old.kind == FileKind::Missing;
+  Temporary temporary(files, FolderOf(path), isNew ? newFileMode : PrivateMode);
+  if (!temporary.IsOpen() || (!isNew && !temporary.TakeOver(old))) return ReplaceEnd::NotPossible;
+  const bool hasSurplus = !isNew && surplus == Surplus::Keep && old.size > bytes.size();
+  if (!temporary.Write(bytes) || (hasSurplus && !temporary.WriteSurplus(path, bytes.size())) || !temporary.Sync())
+    return ReplaceEnd::Failed;
+  return temporary.TakePlace(path) ? ReplaceEnd::Replaced : ReplaceEnd::NotPossible;
+}
+
+bool WriteInPlace(FileSystem& files, const PlacedFile& target, const NewContent& content) {
+  const auto& [bytes, surplus, newFileMode] = content;
+  const auto file = files.OpenToWrite(target.path, newFileMode);
+  if (!file) return false;
+  const bool isWritten = WriteAll(files, *file, bytes) &&
+                         (surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file);
+  files.Close(*file);
+  if (!isWritten && target.status.kind == FileKind::Missing) static_cast<void>(files.Remove(target.path));
+  return isWritten;
+}
 
 } // namespace
 
@@ -168,26 +217,30 @@ bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std
 
   const std::string folder = FolderOf(file);
   RemoveLeftovers(files, folder);
-  {
-    Temporary temporary(files, folder, isNew ? newFileMode : PrivateMode);
-    if (!temporary.IsOpen() || !temporary.Write(bytes)) return false;
-    const bool hasSurplus = !isNew && surplus == Surplus::Keep && old.size > bytes.size();
-    if (hasSurplus && !temporary.WriteSurplus(file, bytes.size())) return false;
-    if (!isNew && !temporary.TakeOver(old)) return false;
-    if (!temporary.TakePlace(file)) return false;
-  }
+  const NewContent content{bytes, surplus, newFileMode};
+  const ReplaceEnd end = ReplaceByNew(files, *target, content);
+  if (end == ReplaceEnd::NotPossible) return WriteInPlace(files, *target, content);
+  if (end == ReplaceEnd::Failed) return false;
   // The new file is in place and on the disk. If this fails, a power cut can at worst bring back the complete old file,
   // which is no reason to report a failed save.
   static_cast<void>(files.SyncFolder(folder));
   return true;
 }
 
+bool IsMissing(FileSystem& files, const std::string& path) {
+  const auto found = FollowLinks(files, path);
+  return path.empty() || (found && found->status.kind == FileKind::Missing);
+}
+
 bool MakeFolderOf(FileSystem& files, const std::string& path) {
   const std::string folder = FolderOf(path);
-  const auto status = files.Status(folder);
-  if (!status) return false;
-  if (status->kind != FileKind::Missing) return true;
-  return MakeFolderOf(files, folder) && files.MakeFolder(folder);
+  const auto exists = [&] {
+    const auto status = files.Status(folder);
+    return status && status->kind != FileKind::Missing;
+  };
+  if (exists()) return true;
+  if (!files.Status(folder) || !MakeFolderOf(files, folder)) return false;
+  return files.MakeFolder(folder) || exists(); // another program may have made it just now
 }
 
 } // namespace mr4500x

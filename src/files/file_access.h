@@ -1,5 +1,4 @@
-// Reading a whole file, and replacing one so that its path always holds either the complete old or the complete new
-// content.
+// Reading a whole file, and replacing one so that its path holds either the complete old or the complete new content.
 #pragma once
 
 #include <cstddef>
@@ -25,14 +24,19 @@ enum class Surplus { Drop, Keep };
 //  1. Follows links, even to a missing file: the target is the file to write.
 //  2. Refuses anything but a missing file or a regular file that may be written. A file without any write permission
 //     was protected on purpose and is refused even to root.
-//  3. Removes temporary files that a killed save left in the folder. A running save holds a lock on its own.
+//  3. Removes temporary files that a killed save left in the folder. A running save holds a lock on its own; if another
+//     save was quicker than that lock, it makes another.
 //  4. Writes a temporary file in the same folder, gives it the old file's owner (if allowed) and permissions, and
 //     flushes it to the disk.
 //  5. Renames it over the old file and flushes the folder.
-// A new file gets the mode, less the umask. If anything up to the rename fails it returns false, with the old file
-// unchanged and no temporary file left.
+// Where no file can be made or renamed there, or its permissions can't be set, the file itself is written, from its
+// start. If anything else fails it returns false, with the old file unchanged. No temporary file is left. A new file
+// gets the mode, less the umask.
 [[nodiscard]] bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
                                Surplus surplus, std::uint32_t newFileMode = 0666);
+
+// Whether there is nothing at the path, or where its links lead.
+[[nodiscard]] bool IsMissing(FileSystem& files, const std::string& path);
 
 // "." for a bare name.
 [[nodiscard]] std::string FolderOf(const std::string& path);

@@ -98,7 +98,7 @@ bool KeptCopies::Begin() {
     const std::string number = RandomDigits(m_files);
     const auto lock = m_files.Create(LockPath(number), OwnerOnly);
     if (!lock) return false;
-    const bool isLocked = m_files.Lock(*lock);
+    const bool isLocked = m_files.Lock(*lock) == LockOutcome::Taken;
     const auto status = m_files.Status(LockPath(number));
     if (isLocked && status && status->kind == FileKind::Regular) {
       m_own = Session{number, *lock, ""};
@@ -131,7 +131,7 @@ std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& n
   const std::string number = name.substr(SessionPrefix.size(), name.size() - SessionPrefix.size() - LockSuffix.size());
   const auto lock = m_files.OpenToRead(m_folder + '/' + name);
   if (!lock) return std::nullopt;
-  if (!m_files.Lock(*lock)) {
+  if (m_files.Lock(*lock) != LockOutcome::Taken) {
     m_files.Close(*lock);
     return std::nullopt;
   }

@@ -51,7 +51,7 @@ TEST_F(FilesTest, SavingRemovesOnlyTemporariesThatNobodyHolds) {
   expected.insert({"file", held, folder});
   const mode_t mask = umask(027);
   const auto other = files.Create(Path(held), 0600);
-  ASSERT_TRUE(other && files.Lock(*other));
+  ASSERT_TRUE(other && files.Lock(*other) == LockOutcome::Taken);
   std::filesystem::create_directory(Path(folder));
   EXPECT_TRUE(SaveNew(files, Path("file")));
   EXPECT_EQ(Names(), expected);

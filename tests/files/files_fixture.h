@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <set>
 #include <string>
@@ -26,7 +27,10 @@ public:
   std::size_t mostWritten = SIZE_MAX; // of one Write
   std::size_t diskRoom = SIZE_MAX;    // bytes until the disk is full
   std::set<std::string> unwritable;
+  bool hasModes = true, canCreate = true, canRename = true; // of a share
+  std::function<void(Handle)> beforeLock = [](Handle) {};   // once
   int calls = 0;
+  int writtenInPlace = 0;
 
   std::optional<FileStatus> Status(Path path) override { return Try(&FileSystem::Status, path); }
   std::optional<std::string> ReadLink(Path path) override { return Try(&FileSystem::ReadLink, path); }
@@ -34,9 +38,18 @@ public:
   std::optional<std::vector<std::string>> List(Path path) override { return Try(&FileSystem::List, path); }
   bool MakeFolder(Path path) override { return Try(&FileSystem::MakeFolder, path); }
   std::optional<Handle> OpenToRead(Path path) override { return Try(&FileSystem::OpenToRead, path); }
-  std::optional<Handle> Create(Path path, std::uint32_t mode) override { return Try(&FileSystem::Create, path, mode); }
+  std::optional<Handle> Create(Path path, std::uint32_t mode) override {
+    return canCreate ? Try(&FileSystem::Create, path, mode) : std::nullopt;
+  }
+  std::optional<Handle> OpenToWrite(Path path, std::uint32_t mode) override {
+    ++writtenInPlace;
+    return Try(&FileSystem::OpenToWrite, path, mode);
+  }
   void Close(Handle file) override { m_real.Close(file); } // as the end of the process does
-  bool Lock(Handle file) override { return Try(&FileSystem::Lock, file); }
+  LockOutcome Lock(Handle file) override {
+    std::exchange(beforeLock, [](Handle) {})(file);
+    return Try(&FileSystem::Lock, file);
+  }
   std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override {
     return Try(&FileSystem::ReadAt, file, offset, bytes);
   }
@@ -51,11 +64,12 @@ public:
     return Try(&FileSystem::SetOwner, file, owner, group);
   }
   bool SetGroup(Handle file, std::uint32_t group) override { return Try(&FileSystem::SetGroup, file, group); }
-  bool SetMode(Handle file, std::uint32_t mode) override { return Try(&FileSystem::SetMode, file, mode); }
+  bool SetMode(Handle file, std::uint32_t mode) override { return hasModes && Try(&FileSystem::SetMode, file, mode); }
+  bool SetSize(Handle file, std::uint64_t size) override { return Try(&FileSystem::SetSize, file, size); }
   bool Sync(Handle file) override { return !(m_unsynced = !Try(&FileSystem::Sync, file)); }
   bool Rename(Path from, Path to) override {
     EXPECT_FALSE(m_unsynced) << from << " takes its place before its bytes are on the disk";
-    return Try(&FileSystem::Rename, from, to);
+    return canRename && Try(&FileSystem::Rename, from, to);
   }
   bool Remove(Path path) override { return Try(&FileSystem::Remove, path); }
   bool SyncFolder(Path path) override { return Try(&FileSystem::SyncFolder, path); }

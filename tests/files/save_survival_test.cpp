@@ -109,4 +109,68 @@ TEST_F(SaveSurvival, ADiskThatIsFullAfterAnyByteLeavesTheOldFile) {
   }
 }
 
+TEST_F(SaveSurvival, AFileThatCanBeWrittenIsSavedInPlaceWhereNoNewOneCanTakeItsPlace) {
+  const std::pair<const char*, bool FaultyFileSystem::*> shares[] = {{"no chmod", &FaultyFileSystem::hasModes},
+                                                                     {"no new files", &FaultyFileSystem::canCreate},
+                                                                     {"no renaming", &FaultyFileSystem::canRename}};
+  std::filesystem::create_symlink("file", Path("link"));
+  for (const auto& [share, ability] : shares)
+    for (const Scene& scene : Scenes()) {
+      int call = 0;
+      for (bool goesOn = true; goesOn && !HasFailure();) { // each further call fails
+        SCOPED_TRACE(testing::Message() << share << ", " << scene.name << ", fault at call " << ++call);
+        Prepare(scene);
+        std::filesystem::remove(Path("same"));
+        if (scene.before) std::filesystem::create_hard_link(Path("file"), Path("same"));
+        FaultyFileSystem faulty;
+        faulty.*ability = false;
+        faulty.failAt = call;
+        const bool saved = scene.save(faulty, Path("link"));
+        goesOn = faulty.calls >= call;
+        EXPECT_TRUE(saved ? File() == scene.after : goesOn);
+        EXPECT_TRUE(!saved || !scene.before || Content("same") == scene.after) << "it is another file";
+        Prepare(scene);
+        EXPECT_TRUE(scene.save(files, Path("link")));
+        EXPECT_EQ(Names().size(), scene.before ? 3U : 2U) << "a temporary stays";
+      }
+    }
+}
+
+// Another save comes between the making of a temporary and its lock.
+TEST_F(SaveSurvival, TakesNoOthersTemporaryForALeftover) {
+  files.beforeLock = [&](FileSystem::Handle) {
+    FaultyFileSystem other;
+    EXPECT_TRUE(SaveDataFile(other, Path("other"), ImageOf(2)));
+  };
+  EXPECT_TRUE(SaveDataFile(files, Path("cleared"), ImageOf(1)));
+  std::optional<FileSystem::Handle> cleaner;
+  files.beforeLock = [&](FileSystem::Handle) {
+    for (const std::string& name : Names())
+      if (name.starts_with(".mr4500x-save-")) cleaner = files.OpenToRead(Path(name));
+    EXPECT_EQ(files.Lock(cleaner.value()), LockOutcome::Taken);
+  };
+  EXPECT_TRUE(SaveDataFile(files, Path("held"), ImageOf(1)));
+  files.Close(cleaner.value());
+  EXPECT_EQ(files.writtenInPlace, 0) << "the temporary is lost";
+  EXPECT_EQ(Names(), (std::set<std::string>{"cleared", "held", "other"}));
+}
+
+TEST_F(SaveSurvival, ManyAtTheSameTimeAllSucceed) {
+  std::vector<pid_t> processes;
+  for (std::uint8_t i = 0; i < 8; ++i) {
+    processes.push_back(fork());
+    if (processes.back() != 0) continue;
+    bool saved = true;
+    for (int save = 0; save < 10; ++save)
+      saved &= SaveDataFile(files, Path(std::to_string(i % 6)), ImageOf(i)); // two of them have two writers
+    _exit(saved && files.writtenInPlace == 0 ? 0 : 1);
+  }
+  for (const pid_t process : processes) {
+    int status = -1;
+    waitpid(process, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  EXPECT_EQ(Names(), (std::set<std::string>{"0", "1", "2", "3", "4", "5"}));
+}
+
 } // namespace mr4500x

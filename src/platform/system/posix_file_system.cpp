@@ -82,11 +82,15 @@ std::optional<FileSystem::Handle> PosixFileSystem::OpenToRead(const std::string&
 std::optional<FileSystem::Handle> PosixFileSystem::Create(const std::string& path, std::uint32_t mode) {
   return Open(path, O_WRONLY | O_CREAT | O_EXCL, mode);
 }
+std::optional<FileSystem::Handle> PosixFileSystem::OpenToWrite(const std::string& path, std::uint32_t mode) {
+  return Open(path, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK, mode);
+}
 void PosixFileSystem::Close(Handle file) {
   close(file);
 }
-bool PosixFileSystem::Lock(Handle file) {
-  return Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) == 0;
+LockOutcome PosixFileSystem::Lock(Handle file) {
+  if (Uninterrupted([&] { return flock(file, LOCK_EX | LOCK_NB); }) == 0) return LockOutcome::Taken;
+  return errno == EWOULDBLOCK ? LockOutcome::HeldByOther : LockOutcome::NotPossible;
 }
 
 std::optional<std::size_t> PosixFileSystem::ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) {
@@ -108,6 +112,9 @@ bool PosixFileSystem::SetGroup(Handle file, std::uint32_t group) {
 }
 bool PosixFileSystem::SetMode(Handle file, std::uint32_t mode) {
   return fchmod(file, mode) == 0;
+}
+bool PosixFileSystem::SetSize(Handle file, std::uint64_t size) {
+  return Uninterrupted([&] { return ftruncate(file, static_cast<off_t>(size)); }) == 0;
 }
 bool PosixFileSystem::Sync(Handle file) {
   return Uninterrupted([&] { return fsync(file); }) == 0;

@@ -15,13 +15,15 @@ public:
 
   std::optional<Handle> OpenToRead(const std::string& path) override;
   std::optional<Handle> Create(const std::string& path, std::uint32_t mode) override;
+  std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) override;
   void Close(Handle file) override;
-  bool Lock(Handle file) override;
+  LockOutcome Lock(Handle file) override;
   std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override;
   std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override;
   bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override;
   bool SetGroup(Handle file, std::uint32_t group) override;
   bool SetMode(Handle file, std::uint32_t mode) override;
+  bool SetSize(Handle file, std::uint64_t size) override;
   bool Sync(Handle file) override;
 
   bool Rename(const std::string& from, const std::string& to) override;

@@ -20,6 +20,12 @@ struct FileStatus {
   std::uint64_t size = 0;
 };
 
+enum class LockOutcome {
+  NotPossible, // for instance a file system without locks
+  HeldByOther,
+  Taken,
+};
+
 // Paths are UTF-8. Operations return false or nullopt on failure.
 class FileSystem {
 public:
@@ -37,9 +43,11 @@ public:
   [[nodiscard]] virtual std::optional<Handle> OpenToRead(const std::string& path) = 0; // fails on a link
   // Opens a new file for writing. Fails if the path exists, even as a dangling link.
   [[nodiscard]] virtual std::optional<Handle> Create(const std::string& path, std::uint32_t mode) = 0;
+  // Opens for writing from the start. Creates a missing file; fails on a link.
+  [[nodiscard]] virtual std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) = 0;
   virtual void Close(Handle file) = 0;
   // Takes an exclusive lock without waiting. Close or the end of the process releases it.
-  [[nodiscard]] virtual bool Lock(Handle file) = 0;
+  [[nodiscard]] virtual LockOutcome Lock(Handle file) = 0;
   // Reads up to bytes.size() bytes; returns 0 at the end of the file.
   [[nodiscard]] virtual std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset,
                                                           std::span<std::uint8_t> bytes) = 0;
@@ -48,6 +56,7 @@ public:
   [[nodiscard]] virtual bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) = 0;
   [[nodiscard]] virtual bool SetGroup(Handle file, std::uint32_t group) = 0;
   [[nodiscard]] virtual bool SetMode(Handle file, std::uint32_t mode) = 0;
+  [[nodiscard]] virtual bool SetSize(Handle file, std::uint64_t size) = 0;
   [[nodiscard]] virtual bool Sync(Handle file) = 0; // flushes the file to the disk
 
   [[nodiscard]] virtual bool Rename(const std::string& from, const std::string& to) = 0; // replaces `to` atomically
