@@ -106,14 +106,6 @@ ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& te
   return outcome;
 }
 
-std::string_view CutBetweenCharacters(std::string_view text) {
-  if (text.size() <= ProfileStringBytes) return text;
-  std::size_t length = ProfileStringBytes;
-  while (length > 0 && (static_cast<std::uint8_t>(text[length]) & 0xC0) == 0x80) // in the middle of a character
-    --length;
-  return text.substr(0, length);
-}
-
 } // namespace
 
 std::string_view Trimmed(std::string_view text, std::string_view blanks) {
@@ -150,9 +142,15 @@ std::string ProfileText(FileSystem& files, const std::string& file) {
   return ReadText(files, file, text) == ReadOutcome::Read ? text : std::string();
 }
 
+bool FitsProfileString(std::string_view value) {
+  const auto beginsCharacter = [](char byte) { return (static_cast<std::uint8_t>(byte) & 0xC0) != 0x80; };
+  return std::count_if(value.begin(), value.end(), beginsCharacter) <= ProfileStringCharacters;
+}
+
 std::string ProfileString(std::string_view profileText, std::string_view section, std::string_view key,
                           std::string_view defaultText) {
-  return std::string(CutBetweenCharacters(FindIniValue(profileText, section, key).value_or(defaultText)));
+  const auto value = FindIniValue(profileText, section, key);
+  return std::string(value && FitsProfileString(*value) ? *value : defaultText);
 }
 
 bool WriteProfileStrings(FileSystem& files, const std::string& file, std::span<const ProfileValue> values) {

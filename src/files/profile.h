@@ -12,7 +12,7 @@
 
 namespace mr4500x {
 
-inline constexpr std::size_t ProfileStringBytes = 255; // the longest value that a read returns
+inline constexpr std::ptrdiff_t ProfileStringCharacters = 255; // a longer value counts as absent, and is not stored
 inline constexpr std::size_t ProfileFileLimit = std::size_t{1} << 20;
 
 inline constexpr std::string_view Blanks = " \t";
@@ -32,7 +32,8 @@ inline constexpr std::string_view Blanks = " \t";
 // The whole file; empty if it is missing, can't be read or reaches the limit.
 [[nodiscard]] std::string ProfileText(FileSystem& files, const std::string& file);
 
-// The value or the default, cut to ProfileStringBytes without splitting a character.
+[[nodiscard]] bool FitsProfileString(std::string_view value);
+// The value or the default.
 [[nodiscard]] std::string ProfileString(std::string_view profileText, std::string_view section, std::string_view key,
                                         std::string_view defaultText);
 

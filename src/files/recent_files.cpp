@@ -83,6 +83,7 @@ RecentFileList RecentFiles(FileSystem& files, const std::string& settingsFile) {
 }
 
 bool AddRecent(FileSystem& files, const std::string& settingsFile, const std::string& path) {
+  if (!FitsProfileString(path)) return false;
   const RecentFileList list = RecentFiles(files, settingsFile);
   std::size_t found = RecentFileCount;
   while (found > 0 && !Holds(list, found, path))

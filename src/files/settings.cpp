@@ -61,7 +61,7 @@ int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
 bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName) {
   const std::array<ProfileValue, 2> values = {{
       {std::string(PortSection), std::string(PortKey), std::to_string(port)},
-      {std::string(FileSection), std::string(FileKey), lastFileName},
+      {std::string(FileSection), std::string(FileKey), FitsProfileString(lastFileName) ? lastFileName : ""},
   }};
   return WriteProfileStrings(files, settingsFile, values);
 }

@@ -52,15 +52,15 @@ TEST(IniText, SettingAValueLeavesEveryOtherLineAsItWas) {
   EXPECT_EQ(text, "[S]\n");
 }
 
-TEST_F(FilesTest, ProfilesAreCreatedAndTheirValuesCutBetweenCharacters) {
-  const std::string file = Path("new/folder/a.ini"), long254(254, 'x');
+TEST_F(FilesTest, ProfilesAreCreatedAndTheirLongestValueHas255Characters) {
+  const std::string file = Path("new/folder/a.ini"), longest = std::string(254, 'x') + "\xC3\xA4";
   EXPECT_TRUE(WriteValue(files, file, "k", "v"));
   EXPECT_EQ(Content("new/folder/a.ini"), "[S]\nk=v\n");
-  EXPECT_TRUE(WriteValue(files, file, "ascii", long254 + "yz") &&
-              WriteValue(files, file, "umlaut", long254 + "\xC3\xA4"));
-  EXPECT_EQ(ProfileString(ProfileText(files, file), "S", "ascii", ""), long254 + "y");
-  EXPECT_EQ(ProfileString(ProfileText(files, file), "S", "umlaut", ""), long254);
-  EXPECT_EQ(ProfileString(ProfileText(files, file), "S", "none", "default"), "default");
+  EXPECT_TRUE(WriteValue(files, file, "longest", longest) && WriteValue(files, file, "too long", longest + "x"));
+  const std::string text = ProfileText(files, file);
+  EXPECT_EQ(ProfileString(text, "S", "longest", ""), longest);
+  for (const char* const key : {"too long", "none"})
+    EXPECT_EQ(ProfileString(text, "S", key, "default"), "default") << key;
 }
 
 TEST_F(FilesTest, ProfilesThatCannotBeReadAreNotOverwritten) {

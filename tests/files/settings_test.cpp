@@ -58,6 +58,17 @@ TEST_F(FilesTest, RecentFilesShiftSlotBySlot) {
   EXPECT_EQ(RecentCaption(1, "/data/a.K4X"), " 1 /data/a.K4X");
 }
 
+TEST_F(FilesTest, PathsOfOver255CharactersAreNotStored) {
+  const std::string longest(255, 'a'), tooLong(256, 'b'), ini = Path("MR4500X.ini");
+  Put("MR4500X.ini", "[Recent Files]\nRecentFile1=" + tooLong + "\nRecentFile2=c\n");
+  EXPECT_TRUE(AddRecent(files, ini, longest));
+  EXPECT_FALSE(AddRecent(files, ini, tooLong));
+  EXPECT_TRUE(StoreSettings(files, ini, 1, tooLong));
+  EXPECT_EQ(Content("MR4500X.ini"),
+            "[Recent Files]\nRecentFile1=" + longest +
+                "\nRecentFile2=c\nRecentFile3=c\n[Comm Port]\nCommon Port=1\n[File Name]\nDefault File=\n");
+}
+
 TEST_F(FilesTest, SettingsLiveBesideTheProgramWhereTheyCan) {
   const std::string program = Path("program"), user = Path("user");
   std::filesystem::create_directory(program);
