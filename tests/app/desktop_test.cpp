@@ -36,15 +36,26 @@ TEST(QtMessageView, AnswersAsTheKeySays) {
   }
 }
 
-TEST(QtFileDialogs, TakesFiltersAndExtensionsAsTheCommandsGiveThem) {
-  EXPECT_EQ(NameFilters("Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y"),
-            (QStringList{"Data Files(*.K4X) (*.K4X *.k4x)", "Data Files(*.K4Y) (*.K4Y *.k4y)"}));
-  const std::pair<const char*, const char*> cases[] = {
-      {"/d/a", "/d/a.K4X"},         {"/d/a.", "/d/a.K4X"},    {"/d/a.K4Y", "/d/a.K4Y"},
-      {"/d/a.b.txt", "/d/a.b.txt"}, {"/d.e/a", "/d.e/a.K4X"},
+TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
+  const QTemporaryDir folder;
+  const FileQuestion question = {"Save", "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y", folder.path().toStdString(),
+                                 "", "K4X"};
+  const char* const filters[] = {"Data Files(*.K4X) (*.K4X *.k4x)", "Data Files(*.K4Y) (*.K4Y *.k4y)"};
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"a", 0, "a.K4X"},         {"a.", 0, "a.K4X"},    {"Taxi 446.1", 0, "Taxi 446.1.K4X"},
+      {"a.txt", 0, "a.txt.K4X"}, {"a.K4Y", 0, "a.K4Y"}, {"a.k4X", 1, "a.k4X"},
+      {"a", 1, "a.K4Y"},         {"b.1", 1, "b.1.K4Y"}, {"K4X", 0, "K4X.K4X"},
   };
-  for (const auto& [given, whole] : cases)
-    EXPECT_EQ(WithExtension(given, "K4X"), whole) << given;
+  for (const auto& [name, filter, whole] : cases) {
+    WhenDialogOpens([&filters, name = name, filter = filter](QWidget* widget) {
+      EXPECT_EQ(qobject_cast<QFileDialog*>(widget)->nameFilters().at(filter), filters[filter]);
+      QTest::keyClick(widget->findChild<QComboBox*>("fileTypeCombo"), filter == 0 ? Qt::Key_Home : Qt::Key_End);
+      auto* const box = widget->findChild<QLineEdit*>("fileNameEdit");
+      box->setText(name);
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtFileDialogs().AskSave(question), question.folder + "/" + whole) << name;
+  }
 }
 
 TEST(QtPrinters, AreSetUpWithOk) {

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QTreeView>
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -75,6 +76,26 @@ bool MayBeWritten(const QString& path, bool hasBeenExtended, const QString& titl
                               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
 }
 
+// Qt's own dialog gives the chosen filter's name without the patterns that it hides.
+qsizetype ChosenFilter(const QFileDialog& dialog) {
+  const QStringList filters = dialog.nameFilters();
+  const QString chosen = dialog.selectedNameFilter();
+  return std::ranges::find_if(filters, [&](const QString& filter) { return filter.startsWith(chosen); }) -
+         filters.begin();
+}
+
+// A name that ends in none of the filter's extensions gets that of the chosen one.
+QString WithExtension(const QString& path, const FileQuestion& question, qsizetype chosenFilter) {
+  const QStringList parts = QString::fromStdString(question.filter).split(QLatin1Char('|'));
+  QString extension = QString::fromStdString(question.extension);
+  for (qsizetype i = 1; i < parts.size(); i += 2) {
+    const QString known = parts[i].mid(2); // after "*."
+    if (path.endsWith(QLatin1Char('.') + known, Qt::CaseInsensitive)) return path;
+    if (i == 2 * chosenFilter + 1) extension = known;
+  }
+  return path + (path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) + extension;
+}
+
 // Strikeout and underline are not used. Their space stays reserved, since it gives the sample its height.
 void HideEffects(QFontDialog& dialog) {
   for (const QCheckBox* const effect : dialog.findChildren<QCheckBox*>()) {
@@ -115,12 +136,6 @@ QStringList NameFilters(const std::string& filter) {
   return filters;
 }
 
-QString WithExtension(const QString& path, const std::string& extension) {
-  if (!QFileInfo(path).suffix().isEmpty()) return path;
-  const QString point = path.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".");
-  return path + point + QString::fromStdString(extension);
-}
-
 std::optional<std::string> QtFileDialogs::AskOpen(const FileQuestion& question) {
   QFileDialog dialog(OwnerWindow());
   Prepare(dialog, question);
@@ -137,7 +152,7 @@ std::optional<std::string> QtFileDialogs::AskSave(const FileQuestion& question) 
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.selectFile(QString::fromStdString(question.proposedName));
   while (const std::optional<QString> path = Chosen(dialog)) {
-    const QString whole = WithExtension(*path, question.extension);
+    const QString whole = WithExtension(*path, question, ChosenFilter(dialog));
     if (MayBeWritten(whole, whole != *path, dialog.windowTitle())) return whole.toStdString();
   }
   return std::nullopt;

@@ -30,9 +30,6 @@ public:
 // Converts "Data Files(*.K4X)|*.K4X|..." to Qt's filters, which also match the extension in lower case.
 [[nodiscard]] QStringList NameFilters(const std::string& filter);
 
-// Appends the extension to a name without one.
-[[nodiscard]] QString WithExtension(const QString& path, const std::string& extension);
-
 class QtFontDialog final : public FontDialog {
 public:
   [[nodiscard]] std::optional<FontDescription> AskFont(const FontDescription& preset) override;

@@ -14,7 +14,7 @@ struct FileQuestion {
   std::string filter;
   std::string folder;       // initial folder
   std::string proposedName; // path or name; Save only
-  std::string extension;    // without the dot; appended to a name that has none
+  std::string extension;    // of the first filter, without the dot
 };
 
 // nullopt when cancelled.
@@ -23,7 +23,8 @@ public:
   virtual ~FileDialogs() = default;
   // An existing file.
   [[nodiscard]] virtual std::optional<std::string> AskOpen(const FileQuestion& question) = 0;
-  // A file to write, in an existing folder. Asks before replacing a file.
+  // A file to write, in an existing folder. A name that ends in none of the filter's extensions gets that of the
+  // chosen one. Asks before replacing a file.
   [[nodiscard]] virtual std::optional<std::string> AskSave(const FileQuestion& question) = 0;
 };
 
