@@ -3,12 +3,15 @@
 
 #include "data_file.h"
 #include "editor_panel.h"
+#include "file_access.h"
 #include "messages.h"
 #include "program_title.h"
 #include "settings.h"
 #include "work_keeper.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QFontMetrics>
 
 namespace mr4500x {
 namespace {
@@ -17,6 +20,7 @@ constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to conti
 constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
 constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
+constexpr int RecentCharacters = 80; // a longer entry is elided in its middle
 
 // The editor now holds the data of this file.
 void BelongTo(const CommandContext& context, const std::string& path) {
@@ -65,10 +69,6 @@ bool LoadInto(const CommandContext& context, const std::string& path) {
     return true;
   });
   if (isRead && result.markerNotEmpty) context.Show(NewVersionNotice);
-  if (result.outcome == LoadOutcome::Missing) { // a dangling link
-    ReportMissing(context, path);
-    return false;
-  }
   std::optional<Message> message = MessageFor(result.outcome);
   if (!message) { // no file holds them: what the image still has is another radio's
     context.keeper.Replaced();
@@ -110,8 +110,7 @@ void Open(const CommandContext& context) {
 void OpenGiven(const CommandContext& context, const std::string& path) {
   context.panel.CommitOpenEditors();
   context.state.LastFileName = path;
-  const std::optional<FileStatus> status = context.services.files.Status(path);
-  if (status && status->kind == FileKind::Missing) return ReportMissing(context, path);
+  if (IsMissing(context.services.files, path)) return ReportMissing(context, path);
   if (context.state.origin == Origin(FileOrigin{path})) return;
   if (CloseData(context) == CloseEnd::Cancelled) return;
   if (Succeeds([&] { return LoadInto(context, path); })) BelongTo(context, path);
@@ -152,8 +151,10 @@ void ShowRecentFiles(const CommandContext& context) {
   for (std::size_t i = 0; i < list.size(); ++i) {
     QAction& item = *context.recentItems[i];
     const std::string path = list[i].value_or("");
-    const QString caption = QString::fromStdString(list[i] ? RecentCaption(i + 1, path) : "");
-    item.setText(QString(caption).replace(QLatin1Char('&'), QLatin1String("&&"))); // no access key in a path
+    const QFontMetrics font(QApplication::font("QMenu"));
+    QString caption = font.elidedText(QString::fromStdString(list[i] ? RecentCaption(i + 1, path) : ""),
+                                      Qt::ElideMiddle, RecentCharacters * font.averageCharWidth());
+    item.setText(caption.replace(QLatin1Char('&'), QLatin1String("&&"))); // no access key in a path
     item.setData(QString::fromStdString(path));
     item.setVisible(list[i].has_value());
   }

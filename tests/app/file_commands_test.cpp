@@ -148,10 +148,25 @@ TEST_F(ProgramTest, OpensRecentFilesAndForgetsMissingOnes) {
   EXPECT_EQ(Recent(), (Lines{" 1 " + a, " 2 " + c}));
   EXPECT_EQ(Happened(), Lines{});
   std::filesystem::remove(c);
+  std::filesystem::create_symlink("nowhere", c);
+  Edit();
   Choose("mnuRecent(2)");
-  EXPECT_EQ(Happened(), Lines{damaged});
+  EXPECT_EQ(Happened(), Lines{damaged}) << "nothing is asked or closed";
   EXPECT_EQ(Recent(), Lines{" 1 " + a});
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));
+}
+
+TEST_F(ProgramTest, ShowsTheEndsOfALongRecentPath) {
+  const std::string folder(120, 'f'), path = folder + "/long.K4X";
+  std::filesystem::create_directory(Path(folder));
+  PutDataFile(path);
+  OpenFile(path);
+  const std::string caption = Recent().front();
+  EXPECT_TRUE(caption.starts_with(" 1 /") && caption.ends_with("f/long.K4X")) << caption;
+  EXPECT_LT(caption.size(), 120U);
+  Choose("mnuFileClose");
+  Choose("mnuRecent(1)");
+  EXPECT_EQ(Title(), TitleOf(path));
 }
 
 } // namespace
