@@ -88,7 +88,11 @@ void FrmMain::TakeDesignSize() {
   const QSize wanted = sizeHint();
   scroll->setMinimumSize(0, 0);
   const QSize border(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the real frame is not known yet
-  resize(wanted.boundedTo(screen()->availableSize() - border));
+  const QSize room = screen()->availableSize() - border;
+  // A scroll bar must not take the room that makes the other one necessary.
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const QSize bars(wanted.height() > room.height() ? bar : 0, wanted.width() > room.width() ? bar : 0);
+  resize((wanted + bars).boundedTo(room));
 }
 
 void FrmMain::ShowView(View view) {

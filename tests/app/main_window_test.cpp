@@ -31,6 +31,15 @@ TEST_F(ProgramTest, ShowsOneOfItsTwoViews) {
   }
 }
 
+TEST_F(ProgramTest, HasAScrollBarOnlyWhereTheScreenIsTooSmall) {
+  auto* const area = window->findChild<QScrollArea*>();
+  const QSize screen = window->screen()->availableSize(),
+              needed = window->sizeHint() - area->sizeHint() + area->widget()->size();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(area->horizontalScrollBar()->isVisible(), needed.width() > screen.width());
+  EXPECT_EQ(area->verticalScrollBar()->isVisible(), needed.height() > screen.height());
+}
+
 TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
   // name, answer, minimized, ends, effect
   const std::tuple<const char*, Answer, bool, bool, Lines> cases[] = {
