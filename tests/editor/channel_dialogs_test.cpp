@@ -39,6 +39,7 @@ TEST_F(DialogTest, SelectiveCall) {
                {"off", "TTS 3", "optSig(0)", "", "cmdOK", "OFF", ""},
                {"code with a letter", "OFF", "optSig(2)", "9x8765", "Enter", "5T 98765", ""},
                {"short code", "OFF", "optSig(2)", "12", "cmdOK", "5T 12000", notFive},
+               {"off instead of a short code", "5T 01234", "", "12", "optSig(0)", "OFF", ""},
                {"cancelled short code", "5T 01234", "", "12", "cmdCancel", "5T 01234", ""},
                {"short code, next field", "5T 01234", "", "12", "Tab", "5T 01234", notFive},
                {"letter in the radio", "5T 12A45", "", "", "cmdOK", "5T 12000", "Invalide 5 Tone!"}};
@@ -50,7 +51,7 @@ TEST_F(DialogTest, SelectiveCall) {
       auto* const list = dialog.findChild<QComboBox*>("cboTwoSig");
       auto* const code = dialog.findChild<QLineEdit*>("txtFiveSig");
       if (*row.option != 0) Press(dialog, row.option);
-      const bool isOn = std::string(row.result) != "OFF";
+      const bool isOn = std::string(row.result) != "OFF" || *row.entry != 0;
       EXPECT_TRUE(list->isVisible() == tts && list->isEnabled() == (tts && isOn));
       EXPECT_TRUE(code->isVisible() == !tts && code->isEnabled() == (!tts && isOn));
       if (*row.entry != 0 && tts) list->setCurrentText(row.entry);
@@ -63,7 +64,8 @@ TEST_F(DialogTest, SelectiveCall) {
       if (end == "Enter") QTest::keyClick(code, Qt::Key_Return);
       if (end == "Tab") QTest::keyClick(code, Qt::Key_Tab);
       EXPECT_TRUE(end != "Tab" || (code->selectedText() == "12000" && code->hasFocus()));
-      if (end.starts_with("cmd")) Press(dialog, row.end);
+      if (end.starts_with("cmd") || end.starts_with("opt")) Press(dialog, row.end);
+      if (end.starts_with("opt")) Press(dialog, "cmdOK");
       EXPECT_EQ(dialog.isVisible(), end == "Tab");
     });
     EXPECT_EQ(Cell(2, column), row.result);

@@ -71,6 +71,8 @@ FrmTwoFive::FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, Messa
   for (QRadioButton* const option : m_optSig)
     connect(option, &QRadioButton::toggled, this, &FrmTwoFive::optSig_Click);
   connect(m_txtFiveSig, &EntryBox::Left, this, &FrmTwoFive::txtFiveSig_LostFocus);
+  m_txtFiveSig->TellsWhen(
+      [this] { return CheckFiveToneCode(m_txtFiveSig->text().toStdString()).entry != CodeEntry::Accepted; });
   connect(m_txtFiveSig, &EntryBox::Confirmed, m_cmdOK, &QPushButton::click);
   connect(m_txtFiveSig, &EntryBox::Escaped, this, &FrmTwoFive::reject);
   connect(m_cmdOK, &QPushButton::clicked, this, &FrmTwoFive::cmdOK_Click);
@@ -129,10 +131,10 @@ void FrmTwoFive::txtFiveSig_Validate() {
 
 void FrmTwoFive::txtFiveSig_LostFocus(Qt::FocusReason reason) {
   if (!isVisible() || !m_txtFiveSig->isEnabled()) return;
-  // Not when a button is clicked: a message would swallow the click. OK checks the code itself, Cancel discards it.
+  // Not when a button is clicked: OK checks the code itself, Cancel and "OFF" discard it.
   const QWidget* const next = QApplication::focusWidget();
   const bool byTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-  if (!byTab && (next == m_cmdOK || next == m_cmdCancel)) return;
+  if (!byTab && (next == m_cmdOK || next == m_cmdCancel || next == m_optSig[Off])) return;
   txtFiveSig_Validate();
 }
 

@@ -3,7 +3,10 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QPointer>
 #include <QProxyStyle>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -24,6 +27,48 @@ bool HoldsFocus(const QWidget& list) {
   for (const QObject* holder = QApplication::focusWidget(); holder != nullptr; holder = holder->parent())
     if (holder == &list) return true;
   return false;
+}
+
+// Holds the mouse press that takes the focus from an invalid entry until the button is released, runs `first`, which
+// shows the message, and lets the click go on. A message box inside the press would swallow the release.
+class HeldClick : public QObject {
+public:
+  HeldClick(QObject* parent, std::function<void()> first) : QObject(parent), m_first(std::move(first)) {
+    qApp->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const QEvent::Type type = event->type();
+    if (!watched->isWidgetType()) return false;
+    if (type == QEvent::KeyPress || type == QEvent::ShortcutOverride || type == QEvent::MouseMove) {
+      event->accept();
+      return true;
+    }
+    if (type == QEvent::MouseButtonPress && m_press == nullptr) {
+      m_press.reset(event->clone());
+      m_target = watched;
+      return true;
+    }
+    // A second press and the wheel, which takes the focus too, have no release to wait for.
+    if (type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonPress || type == QEvent::Wheel) GoOn();
+    return false;
+  }
+
+private:
+  void GoOn() {
+    qApp->removeEventFilter(this);
+    deleteLater();
+    m_first();
+    if (m_target != nullptr) QCoreApplication::sendEvent(m_target, m_press.get());
+  }
+
+  std::function<void()> m_first;
+  std::unique_ptr<QEvent> m_press;
+  QPointer<QObject> m_target;
+};
+
+QString Pasted(QClipboard::Mode mode = QClipboard::Clipboard) {
+  return QGuiApplication::clipboard()->text(mode).trimmed();
 }
 
 constexpr qsizetype MostItemsOpen = 20; // longer lists scroll
@@ -71,7 +116,7 @@ void EntryBox::CopyWhole() const {
   QGuiApplication::clipboard()->setText(text());
 }
 void EntryBox::PasteWhole() {
-  PutText(QGuiApplication::clipboard()->text());
+  PutText(Pasted());
 }
 
 void EntryBox::NarrowLimit(const QString& text) {
@@ -95,6 +140,7 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
   event->accept();
   if (m_wholeClipboard && event->matches(QKeySequence::Copy)) return CopyWhole();
   if (m_wholeClipboard && event->matches(QKeySequence::Paste)) return PasteWhole();
+  if (event->matches(QKeySequence::Paste)) return insert(Pasted());
   switch (event->key()) {
   case Qt::Key_Up:
     emit Stepped(1);
@@ -122,11 +168,22 @@ void EntryBox::keyPressEvent(QKeyEvent* event) {
   if (character) insert(QString(QLatin1Char(*character)));
 }
 
+void EntryBox::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* const menu = createStandardContextMenu();
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (QAction* const action : menu->actions()) {
+    if (!action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
+    action->disconnect(this);
+    connect(action, &QAction::triggered, this, [this] { insert(Pasted()); });
+  }
+  menu->popup(event->globalPos());
+}
+
 // Backspace and the clipboard keys always work.
 bool EntryBox::KeepsKey(const QKeyEvent& event) const {
   if (m_editingKeys || event.key() == Qt::Key_Backspace) return true;
   return event.modifiers() == Qt::ControlModifier &&
-         (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::Paste) || event.matches(QKeySequence::Cut) ||
+         (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::Cut) ||
           event.matches(QKeySequence::SelectAll) || event.matches(QKeySequence::Undo));
 }
 
@@ -138,11 +195,23 @@ void EntryBox::focusInEvent(QFocusEvent* event) {
 void EntryBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (m_leaving || !MovesBetweenControls(*event)) return;
+  const Qt::FocusReason reason = event->reason();
+  if (reason == Qt::MouseFocusReason && m_leavingTells && m_leavingTells())
+    new HeldClick(this, [this, reason] { Leave(reason); });
+  else
+    Leave(reason);
+}
+
+void EntryBox::Leave(Qt::FocusReason reason) {
   const QScopedValueRollback leaving(m_leaving, true);
-  emit Left(event->reason());
+  emit Left(reason);
 }
 
 void EntryBox::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::MiddleButton) { // pastes, on X11 only
+    deselect();
+    return insert(Pasted(QClipboard::Selection));
+  }
   QLineEdit::mouseReleaseEvent(event);
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit Clicked();
 }

@@ -16,7 +16,7 @@ namespace mr4500x {
 using CharacterFilter = std::function<std::optional<char>(char typed, bool onKeypad)>;
 [[nodiscard]] std::optional<char> DigitFilter(char typed, bool onKeypad);
 
-// Filters typed characters, but not pasted text.
+// Filters typed characters, but not pasted text, which only loses the space around it.
 class EntryBox : public QLineEdit {
   Q_OBJECT
 public:
@@ -25,6 +25,9 @@ public:
 
   void IgnoreEditingKeys() { m_editingKeys = false; }   // Delete, Left, Home and the like
   void CopyAndPasteWhole() { m_wholeClipboard = true; } // by Ctrl+C and Ctrl+V, whatever is selected
+
+  // Whether leaving the box now shows a message. A click that does so counts when the message is closed.
+  void TellsWhen(std::function<bool()> leavingTells) { m_leavingTells = std::move(leavingTells); }
 
   void SetWholeText(const QString& text); // a text beyond the limit stays whole until the user edits it
   void PutText(const QString& text);      // cuts the text at the limit
@@ -46,6 +49,7 @@ signals:
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -53,9 +57,11 @@ protected:
 private:
   bool KeepsKey(const QKeyEvent& event) const;
   void NarrowLimit(const QString& text);
+  void Leave(Qt::FocusReason reason);
 
   int m_mostCharacters;
   CharacterFilter m_filter;
+  std::function<bool()> m_leavingTells;
   bool m_editingKeys = true;
   bool m_wholeClipboard = false;
   bool m_leaving = false;

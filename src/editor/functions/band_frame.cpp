@@ -39,6 +39,13 @@ BandFrame::BandFrame(MessageView& messages, RadioImage& image)
   connect(m_upper, &EntryBox::Stepped, this, &BandFrame::txtFreqBandU_Recheck);
   connect(m_lower, &EntryBox::Left, this, &BandFrame::txtFreqBandL_Validate);
   connect(m_upper, &EntryBox::Left, this, &BandFrame::txtFreqBandU_Validate);
+  m_lower->TellsWhen([this] {
+    const BandCheck check = CheckLowerBand(m_lower->text().toStdString(), m_upper->text().toStdString());
+    return check.entry != BandEntry::Accepted || check.value != LowerBandLimit(m_image.BandBlock);
+  });
+  m_upper->TellsWhen([this] {
+    return CheckUpperBand(m_lower->text().toStdString(), m_upper->text().toStdString()).entry != BandEntry::Accepted;
+  });
 }
 
 EntryBox* BandFrame::NewLimitBox(const QString& objectName, const QString& accessibleName) {

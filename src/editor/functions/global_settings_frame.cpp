@@ -52,6 +52,12 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
   box->setText(QString::fromUtf8(NoNumberText));
   box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   AddField(Fields(), row, Right, label, box);
+  const auto selectDashes = [box] {
+    if (box->text() == QLatin1String(NoNumberText.data()) && !box->hasSelectedText()) box->selectAll();
+  };
+  connect(box, &EntryBox::Arrived, box, selectDashes);
+  connect(box, &EntryBox::Clicked, box, selectDashes); // the click that arrives takes the selection away
+  box->TellsWhen([box] { return !IdTextValid(box->text().toStdString()); });
   connect(box, &EntryBox::Left, this, [this, box, refusal] {
     if (IdTextValid(box->text().toStdString())) return;
     ShowEntryError(m_messages, refusal);

@@ -11,10 +11,14 @@
 #include <QStyleOptionSpinBox>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <utility>
+
 namespace mr4500x {
 namespace {
 
-// A spin box without a number: each click on an arrow is one step up or down.
+// A spin box without a number. Each click on an arrow is one step, however long the button is down. It counts at the
+// release, which a message box inside the press would swallow.
 class ArrowPair : public QSpinBox {
 public:
   ArrowPair(std::function<void(int by)> step, QWidget* parent) : QSpinBox(parent), m_step(std::move(step)) {
@@ -25,7 +29,8 @@ public:
   }
 
   void stepBy(int steps) override {
-    if (steps != 0) m_step(steps > 0 ? 1 : -1);
+    m_by = std::clamp(steps, -1, 1);
+    if (!m_pressed) Step();
   }
   // The arrows and their frame only.
   [[nodiscard]] QSize sizeHint() const override {
@@ -48,8 +53,24 @@ protected:
     if (hasFocus()) return QSpinBox::wheelEvent(event);
     event->ignore();
   }
+  void mousePressEvent(QMouseEvent* event) override {
+    m_pressed = true;
+    QSpinBox::mousePressEvent(event);
+  }
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    QSpinBox::mouseReleaseEvent(event);
+    m_pressed = false;
+    Step();
+  }
+  void timerEvent(QTimerEvent* /*event*/) override {} // no repetition
 
 private:
+  void Step() {
+    if (const int by = std::exchange(m_by, 0); by != 0) m_step(by);
+  }
+
+  int m_by = 0;
+  bool m_pressed = false;
   std::function<void(int by)> m_step;
 };
 
