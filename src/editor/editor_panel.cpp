@@ -116,6 +116,7 @@ DecodeEnd EditorPanel::Fill() {
   const Decoded decoded = Decode(m_image, m_texts);
   SettleAfterFill(m_image);
   ShowDecoded(decoded);
+  if (decoded.keyConflict || decoded.end == DecodeEnd::DataError) repaint(); // a message box would cover the old view
   if (decoded.keyConflict)
     m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
   if (decoded.end == DecodeEnd::DataError)
@@ -175,10 +176,21 @@ void EditorPanel::Paste() {
   if (EntryBox* const box = OpenEntry()) box->PasteWhole();
 }
 void EditorPanel::ShowChannelView() {
-  m_views->setCurrentIndex(ChannelView);
+  ShowView(ChannelView);
 }
 void EditorPanel::ShowFunctionView() {
-  m_views->setCurrentIndex(FunctionView);
+  ShowView(FunctionView);
+}
+
+void EditorPanel::ShowView(int view) {
+  m_views->setCurrentIndex(view);
+  m_channels->KeepLabelsInView();
+  m_tts->KeepLabelsInView();
+}
+
+void EditorPanel::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  ShowView(m_views->currentIndex());
 }
 
 // A click on the background, a frame or a label.

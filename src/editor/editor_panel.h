@@ -48,10 +48,12 @@ signals:
 
 protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override; // a scroll of the panel
 
 private:
   void BuildFrames();
   [[nodiscard]] EntryBox* OpenEntry() const;
+  void ShowView(int view);
   void ShowDecoded(const Decoded& decoded);
   void ChangeSelcallMode(bool tts);
   void ChangeLowerLimit(int limit);

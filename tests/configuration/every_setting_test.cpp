@@ -160,17 +160,18 @@ std::string TableOf(const QGroupBox& frame, const QTableWidget& table) {
   QStringList headings;
   for (const QLabel* const heading : inPlace(frame.findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)))
     headings.append(heading->text());
-  for (int column = 0; column < table.columnCount(); ++column)
+  const int first = table.isColumnHidden(0) ? 1 : 0;
+  for (int column = first; column < table.columnCount(); ++column)
     headings.append(table.horizontalHeaderItem(column)->text());
   QString text = "  " + headings.join(" | ") + (table.isEnabled() ? "\n" : " (disabled)\n");
   for (int row = 0; row < table.rowCount(); ++row) {
     QStringList cells;
     for (qsizetype box = 0; box < boxesInRow; ++box)
       cells.append(QString::fromStdString(CheckText(*boxes[row * boxesInRow + box])));
-    for (int column = 0; column < table.columnCount(); ++column)
+    for (int column = first; column < table.columnCount(); ++column)
       cells.append(table.item(row, column)->text());
-    const auto* const header = table.verticalHeaderItem(row);
-    text += "  " + (header != nullptr ? header->text() + ": " : QString()) + cells.join(" | ") + '\n';
+    const QString label = table.model()->headerData(row, Qt::Vertical).toString();
+    text += "  " + label + ": " + cells.join(" | ") + '\n';
   }
   return text.toStdString();
 }

@@ -32,7 +32,7 @@ TEST_F(ChannelTest, FrequenciesAreFilteredRoundedAndClamped) {
     EXPECT_EQ(frequency.selectedText(), before);
     QTest::keyClick(&frequency, Qt::Key_Backspace);
     QTest::keyClicks(&frequency, typed);
-    QApplication::clipboard()->setText("4a1");
+    QApplication::clipboard()->setText("\t4a1 \r\n");
     QTest::keyClick(&frequency, key, modifiers);
     EXPECT_EQ(frequency.text(), text);
     QTest::keyClick(&frequency, Qt::Key_C, Qt::ControlModifier); // nothing is selected
@@ -54,7 +54,8 @@ TEST_F(ChannelTest, EachWayToLeaveTheFrequencyEditor) {
   const std::tuple<const char*, std::function<void()>, bool, bool> ways[] = {
       {"Enter", key(Qt::Key_Enter), true, true},
       {"Escape", key(Qt::Key_Escape), false, true},
-      {"Tab", key(Qt::Key_Tab), true, false},
+      {"Tab", key(Qt::Key_Tab), true, true},
+      {"Shift+Tab", key(Qt::Key_Backtab), true, true},
       {"another control", [this] { GoElsewhere(); }, true, false},
       {"another cell", [this] { Click(9, 3); }, true, false},
       {"background", [this] { QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(panel.width() - 2, 2)); }, true,
@@ -102,6 +103,7 @@ TEST_F(ChannelTest, ATonePickedForReceiveSetsTheTailCut) {
       {"a tone", 3, "OFF", "CTC88.5", "OFF", "ON"},
       {"no tone", 3, "DCS023", "OFF", "ON", "OFF"},
       {"transmit", 9, "OFF", "-DCS754", "OFF", "OFF"},
+      {"left as it was", 3, "CTC88.5", "CTC88.5", "OFF", "OFF"},
       {"not in the list", 3, "CTC#77", "CTC#77", "OFF", "OFF"}};
   for (const auto& [name, column, before, picked, tailBefore, tailAfter] : cases) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {

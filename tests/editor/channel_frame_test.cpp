@@ -35,6 +35,8 @@ TEST_F(ChannelTest, EachClickOrSpaceTogglesTheCell) {
     changed.clear();
     Click(4, column);
     EXPECT_EQ(Cell(4, column), after);
+    const bool grey = Item(4, column).foreground().color() == panel.palette().color(QPalette::Disabled, QPalette::Text);
+    EXPECT_EQ(grey, column == 6) << "Tail Cut OFF";
     QTest::keyClick(&grid, Qt::Key_Space);
     EXPECT_EQ(Cell(4, column), before);
     EXPECT_EQ(changed.count(), 2);
@@ -71,6 +73,20 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
   QTest::mouseDClick(cells, Qt::LeftButton, {}, Centre(1, 12)); // of two quick clicks, the second press alone
   QTest::mouseRelease(cells, Qt::LeftButton, {}, Centre(1, 12));
   EXPECT_EQ(Cell(1, 12), "OFF");
+}
+
+TEST_F(ChannelTest, DownInTheCheckBoxesGoesToTheNextChannelInUse) {
+  Get<QCheckBox>("chkCH(1)").setChecked(true); // its "No Tx" is disabled
+  const std::tuple<const char*, Qt::Key, const char*> cases[] = {{"chkCH(0)", Qt::Key_Down, "chkCH(1)"},
+                                                                 {"chkTx(0)", Qt::Key_Down, "chkTx(2)"},
+                                                                 {"chkTx(2)", Qt::Key_Up, "chkTx(0)"},
+                                                                 {"chkCH(0)", Qt::Key_Up, "chkCH(0)"},
+                                                                 {"chkTx(15)", Qt::Key_Down, "chkTx(15)"}};
+  for (const auto& [from, key, to] : cases) {
+    Get<QCheckBox>(from).setFocus();
+    QTest::keyClick(window.focusWidget(), key);
+    EXPECT_EQ(window.focusWidget()->objectName(), to) << from;
+  }
 }
 
 } // namespace

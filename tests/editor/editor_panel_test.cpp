@@ -1,6 +1,11 @@
 #include "editor_fixture.h"
 #include "function_settings.h"
 
+#include <QAccessible>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QScrollArea>
+
 #include <random>
 
 namespace mr4500x {
@@ -13,6 +18,7 @@ struct PanelTest : EditorTest {
 // The window loses, adds and turns nothing over: through its controls an image becomes what it becomes without them.
 TEST_F(PanelTest, FillAndCollectThroughTheControls) {
   std::mt19937 random(6);
+  messages.whileShown = [&] { EXPECT_TRUE(panel.updatesEnabled()) << "told over a panel that is not drawn"; };
   int conflicts = 0;
   for (int round = 0; round < 200; ++round) {
     for (const BlockPlace& place : RecordMap) {
@@ -94,6 +100,77 @@ TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
   Type("txtFreqBandL", "");
   GoElsewhere();
   EXPECT_EQ(Text("txtFreqBandL"), "440") << "the remembered value is still the filled one";
+}
+
+// A message waits for the release of a click that leaves an invalid entry, and the click counts after it.
+TEST_F(PanelTest, AClickThatRaisesAMessageStillCounts) {
+  const struct {
+    const char *name, *box, *keys, *clicked;
+    bool function;
+  } cases[] = {{"error", "txtFreqBandU", "", "chkCH(3)", false},
+               {"question, answered with Yes", "txtFreqBandL", "400", "chkCH(3)", false},
+               {"channel grid", "txtChFreq", "4.6.0", "chkCH(3)", false},
+               {"ID", "txtANI", "", "chkSignal", true},
+               {"TTS table", "txtTTSFreq", "", "chkSignal", true}};
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.name);
+    panel.FillReset({});
+    row.function ? panel.ShowFunctionView() : panel.ShowChannelView();
+    if (row.box == std::string("txtChFreq")) Click(channels, 0, 0);
+    if (row.box == std::string("txtTTSFreq")) Click(ttsTable, 0, 1);
+    Type(row.box, row.keys).insert(*row.keys == 0 && row.function ? "x" : "");
+    auto& clicked = Get<QCheckBox>(row.clicked);
+    const bool before = clicked.isChecked();
+    bool released = false;
+    messages.answer = Answer::Yes;
+    messages.whileShown = [&] {
+      EXPECT_TRUE(released);
+      EXPECT_EQ(clicked.isChecked(), before);
+    };
+    const QPoint place(8, clicked.height() / 2);
+    QTest::mousePress(&clicked, Qt::LeftButton, {}, place);
+    QCoreApplication::processEvents();
+    released = true;
+    QTest::mouseRelease(&clicked, Qt::LeftButton, {}, place);
+    EXPECT_EQ(messages.Taken().size(), 1U);
+    EXPECT_TRUE(clicked.isChecked() != before && !clicked.isDown());
+  }
+}
+
+// As on a small screen: the current cell is in view, and so are the labels of its row and column.
+TEST_F(PanelTest, TheCurrentCellKeepsItsLabelsInAScrolledPanel) {
+  QScrollArea area;
+  area.setWidget(&panel);
+  area.resize(300, 200);
+  area.show();
+  panel.show();
+  for (auto* const table : {&channels, &ttsTable}) {
+    table == &channels ? panel.ShowChannelView() : panel.ShowFunctionView();
+    QCoreApplication::processEvents();
+    for (const auto& [row, column] : {std::pair{table->rowCount() - 1, table->columnCount() - 1}, {4, 3}, {0, 1}}) {
+      SCOPED_TRACE(table->objectName().toStdString() + std::to_string(row));
+      table->setCurrentCell(row, column);
+      const QPoint cell = table->visualItemRect(table->item(row, column)).center();
+      EXPECT_TRUE(table->viewport()->visibleRegion().contains(cell));
+      const QWidget *const rows = table->verticalHeader()->viewport(), *const columns =
+                                                                           table->horizontalHeader()->viewport();
+      EXPECT_TRUE(rows->visibleRegion().contains({1, cell.y()}));
+      EXPECT_TRUE(columns->visibleRegion().contains({cell.x(), 1}));
+    }
+  }
+  area.takeWidget()->setParent(&window);
+}
+
+TEST_F(PanelTest, ScreenReadersFindTheEditorsOfTheTableAndNoFocusInAHiddenOne) {
+  QAccessibleInterface* const frame = QAccessible::queryAccessibleInterface(&Get<QWidget>("fraTTS"));
+  panel.ShowFunctionView();
+  Click(ttsTable, 2, 1);
+  EXPECT_GE(frame->indexOfChild(QAccessible::queryAccessibleInterface(&Box("txtTTSFreq"))), 0);
+  for (const bool function : {true, false}) {
+    function ? panel.ShowFunctionView() : panel.ShowChannelView();
+    EXPECT_EQ(channels.currentIndex().isValid(), !function);
+    EXPECT_EQ(ttsTable.currentIndex().isValid(), function);
+  }
 }
 
 } // namespace

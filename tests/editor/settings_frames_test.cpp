@@ -4,6 +4,9 @@
 #include "key_rules.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
 #include <QSpinBox>
 
 namespace mr4500x {
@@ -40,6 +43,7 @@ TEST_F(SettingsTest, EveryBoxLimitsOrRefusesItsEntry) {
       {"upper: empty, key", Upper, "", Qt::Key_Down, "420", UpperInvalid},
       {"ANI: filtered", "txtANI", "a1*xe-#.D 01234567890A", Leave, "A1*#D01234567890", ""},
       {"ANI: pasted", "txtANI", "V12x3", Leave, None, "Emergency ANI Invalid!"},
+      {"ANI: pasted with space around it", "txtANI", "V\t12A \n", Leave, "12A", ""},
       {"Connect ID: pasted", "txtConnect", "V12x3", Leave, None, "Connect ID Invalid!"},
       {"Disconnect ID: pasted", "txtDisconnect", "V12x3", Leave, None, "Disconnect ID Invalid!"},
       {"time: too long", Time, "25a-.6", Leave, "255", ""},
@@ -58,7 +62,8 @@ TEST_F(SettingsTest, EveryBoxLimitsOrRefusesItsEntry) {
     control == Lower || control == Upper ? panel.ShowChannelView() : panel.ShowFunctionView();
     const bool pasted = *typed == 'V';
     QLineEdit& box = Type(control, pasted ? "" : typed);
-    if (pasted) box.insert(typed + 1);
+    QApplication::clipboard()->setText(typed + (pasted ? 1 : 0));
+    if (pasted) QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
     const QPoint arrow(arrows.width() / 2, arrows.height() * (key == ArrowUp ? 1 : 3) / 4);
     if (key == ArrowUp || key == ArrowDown)
       QTest::mouseClick(&arrows, Qt::LeftButton, {}, arrow);
@@ -79,6 +84,35 @@ TEST_F(SettingsTest, PttIdDecidesWhichIdBoxesAreInUse) {
     Type("txtDisconnect", "34");
     List("cboRadio(9)").setCurrentText(choice);
     EXPECT_EQ(Text("txtConnect") + Text("txtDisconnect"), connect + disconnect) << choice;
+  }
+}
+
+TEST_F(SettingsTest, AnIdBoxSelectsItsDashesAndTrimsWhatItsMenuPastes) {
+  QLineEdit& box = Box("txtANI");
+  for (const bool byMouse : {true, false}) {
+    GoElsewhere();
+    byMouse ? QTest::mouseClick(&box, Qt::LeftButton) : box.setFocus(Qt::OtherFocusReason);
+    EXPECT_EQ(box.selectedText(), NoNumberText.data()) << byMouse;
+  }
+  QApplication::clipboard()->setText(" 12\n");
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(&box, &asked);
+  for (QAction* const action : box.findChild<QMenu*>()->actions())
+    if (action->text().startsWith("&Paste")) action->trigger();
+  EXPECT_EQ(Text("txtANI"), "12");
+}
+
+TEST_F(SettingsTest, AClickOnAnArrowIsOneStepHoweverLong) {
+  Type("txtResetTime", "");
+  const QPoint up(arrows.width() / 2, arrows.height() / 4);
+  for (const char* const after : {"1", "2"}) {
+    QTest::mousePress(&arrows, Qt::LeftButton, {}, up);
+    EXPECT_TRUE(messages.shown.empty()) << "it would swallow the release";
+    QTest::qWait(700); // styles repeat after 300 ms
+    QTest::mouseRelease(&arrows, Qt::LeftButton, {}, up);
+    QTest::qWait(100);
+    EXPECT_EQ(Text("txtResetTime"), after);
+    EXPECT_EQ(messages.Taken().size(), after == std::string("1") ? 1U : 0U);
   }
 }
 
@@ -107,6 +141,10 @@ TEST_F(SettingsTest, ASpecialKeyReplacesTheOtherListOrTakesItOutOfUse) {
       Pick(list, position);
       EXPECT_TRUE(List(position == KeySpecial ? fixed : other).isVisible()) << other << position;
       EXPECT_TRUE(List(position == KeySpecial ? other : fixed).isHidden()) << other << position;
+      const auto labels = panel.findChildren<QLabel*>();
+      EXPECT_TRUE(std::ranges::any_of(labels, [&, shown = position == KeySpecial ? fixed : other](
+                                                  const QLabel* label) { return label->buddy() == &List(shown); }))
+          << other << position;
     }
   }
   for (const auto& [shortList, longList] : {std::pair{"cboKey(2)", "cboKey(3)"}, {"cboKey(4)", "cboKey(5)"}}) {
@@ -152,7 +190,7 @@ TEST_F(TtsTableTest, LimitsAFrequencyAndGoesToTheTimeBesideIt) {
 }
 
 TEST_F(TtsTableTest, KeysAndClicksOfTheTableAndItsEditors) {
-  Click(ttsTable, 3, 0); // a heading
+  QTest::mouseClick(ttsTable.verticalHeader()->viewport(), Qt::LeftButton, {}, {5, 50});
   EXPECT_TRUE(list.isHidden() && Current() == std::pair(0, ToneAFreq));
   Click(ttsTable, 7, 6);
   list.setCurrentText("9.9"); // stored as soon as it is picked

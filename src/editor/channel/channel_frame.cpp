@@ -5,9 +5,9 @@
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QScrollArea>
 #include <QStyleOptionComboBox>
 
 #include <algorithm>
@@ -20,12 +20,25 @@ constexpr int EditorExtraTwips = 10; // by which an editor is wider than its col
 constexpr int MarginTwips = 90;
 constexpr int LongestFrequency = 9; // "000.00000"
 
-// Draws the focus itself: styles draw it around the text, and these boxes have none.
+// One of a column of check boxes, for a channel. Draws the focus itself: styles draw it around the text, and these
+// boxes have none.
 class RowCheckBox : public QCheckBox {
 public:
-  using QCheckBox::QCheckBox;
+  using Column = std::array<QCheckBox*, ChannelCount>;
+  RowCheckBox(const Column& column, std::size_t channel, QWidget* parent)
+      : QCheckBox(parent), m_column(column), m_channel(channel) {}
 
 protected:
+  // Up and Down go to the next channel whose box can be used.
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool up = event->key() == Qt::Key_Up;
+    if (!up && event->key() != Qt::Key_Down) return QCheckBox::keyPressEvent(event);
+    for (std::size_t next = m_channel + (up ? -1 : 1); next < m_column.size(); next += up ? -1 : 1) {
+      if (!m_column[next]->isEnabled()) continue;
+      m_column[next]->setFocus();
+      return ScrollTo(*m_column[next], m_column[next]->rect());
+    }
+  }
   void paintEvent(QPaintEvent* event) override {
     QCheckBox::paintEvent(event);
     if (!hasFocus()) return;
@@ -35,6 +48,10 @@ protected:
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
     painter.drawRect(style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this).adjusted(1, 1, -1, -1));
   }
+
+private:
+  const Column& m_column;
+  std::size_t m_channel;
 };
 
 // Digits and the decimal separator. After the first keypad decimal key, both "." and "," count as the separator.
@@ -52,17 +69,6 @@ QStringList ToneItems(const FieldTexts& texts) {
   for (const std::string& choice : texts.ToneChoiceList)
     items.append(QString::fromStdString(choice));
   return items;
-}
-
-// Scrolls the enclosing scroll area, if any, to make the rectangle of the widget visible.
-void ScrollTo(const QWidget& widget, const QRect& rectangle) {
-  for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
-    auto* const area = qobject_cast<QScrollArea*>(parent);
-    if (area == nullptr || area->widget() == nullptr) continue;
-    const QPoint centre = widget.mapTo(area->widget(), rectangle.center());
-    area->ensureVisible(centre.x(), centre.y(), rectangle.width(), rectangle.height());
-    return;
-  }
 }
 
 int ToneEditorWidth(const ChoiceBox& editor) {
@@ -95,25 +101,22 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
     CommitEditors();
     emit OtherKeyPressed();
   });
-  connect(m_gridChannel, &QTableWidget::currentItemChanged, this, [this](const QTableWidgetItem* current) {
-    if (current != nullptr) ScrollTo(*m_gridChannel->viewport(), m_gridChannel->visualItemRect(current));
-  });
   ChannelFrame::LayOut();
 }
 
 void ChannelFrame::AddCheckBoxes() {
-  m_headings = {new QLabel(tr("No CH"), this), new QLabel(tr("No Tx"), this)};
   for (int i = 0; i < static_cast<int>(ChannelCount); ++i) {
     const auto index = static_cast<std::size_t>(i);
-    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(this);
+    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(m_chkCH, index, this);
     chkCH->setObjectName(QStringLiteral("chkCH(%1)").arg(i));
     chkCH->setAccessibleName(tr("No CH: channel %1 is not in use").arg(i + 1));
     connect(chkCH, &QCheckBox::toggled, this, [this, i] { chkCH_Click(i); });
-    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(this);
+    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(m_chkTx, index, this);
     chkTx->setObjectName(QStringLiteral("chkTx(%1)").arg(i));
     chkTx->setAccessibleName(tr("No Tx: channel %1 cannot transmit").arg(i + 1));
     connect(chkTx, &QCheckBox::toggled, this, [this, i] { chkTx_Click(i); });
   }
+  m_headings = {new QLabel(tr("No CH"), this), new QLabel(tr("No Tx"), this)};
 }
 
 void ChannelFrame::LayOut() {
@@ -137,9 +140,7 @@ void ChannelFrame::LayOutCheckBoxes() {
   const std::array columns = {&m_chkCH, &m_chkTx};
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const int width = std::max(m_headings[i]->sizeHint().width(), indicator);
-    const int headerHeight = m_gridChannel->horizontalHeader()->height();
-    const int headingHeight = m_headings[i]->sizeHint().height();
-    m_headings[i]->setGeometry(left, m_gridChannel->y() + (headerHeight - headingHeight) / 2, width, headingHeight);
+    m_headings[i]->setGeometry(left, m_gridChannel->y(), width, m_gridChannel->horizontalHeader()->height());
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
       QCheckBox& box = *(*columns[i])[channel];
       const QSize size = box.sizeHint().expandedTo({indicator, indicator});
@@ -148,6 +149,15 @@ void ChannelFrame::LayOutCheckBoxes() {
                       size.height());
     }
     left += width + gap;
+  }
+}
+
+void ChannelFrame::KeepLabelsInView() {
+  GridFrame::KeepLabelsInView();
+  const int moved = m_gridChannel->horizontalHeader()->y() - m_gridChannel->frameWidth();
+  for (QWidget* const heading : m_headings) {
+    heading->move(heading->x(), m_gridChannel->y() + moved);
+    heading->setAutoFillBackground(moved > 0); // it then stands over the boxes
   }
 }
 

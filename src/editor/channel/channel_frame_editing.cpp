@@ -85,8 +85,7 @@ void ChannelFrame::ToggleText(int channel, GridColumn column) {
   case GridColumn::Combination:
     return toggle("AND", "OR");
   case GridColumn::TailCut:
-    if (m_gridChannel->Text(channel, GridColumn::RxTone) == QLatin1String("OFF")) return SetTailCut(channel, false);
-    return toggle("OFF", "ON");
+    return SetTailCut(channel, text == "OFF" && m_gridChannel->Text(channel, GridColumn::RxTone) != "OFF");
   case GridColumn::HighTxPower:
     return toggle("Permit", "Prohibit");
   case GridColumn::PttId:

@@ -4,7 +4,6 @@
 #include "frame_parts.h"
 
 #include <QHeaderView>
-#include <QLabel>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -133,8 +132,8 @@ private:
 } // namespace
 
 ChannelGrid::ChannelGrid(QWidget* parent)
-    : CellGrid(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, 0, parent),
-      m_corner(new QLabel(HeaderText(GridColumn::ChannelNo), this)) {
+    : CellGrid(static_cast<int>(ChannelCount), static_cast<int>(GridColumnCount) - 1, 0,
+               HeaderText(GridColumn::ChannelNo), parent) {
   setObjectName("gridChannel");
   setAccessibleName(tr("Channels"));
   setItemDelegate(new CellDelegate(*this));
@@ -145,8 +144,6 @@ ChannelGrid::ChannelGrid(QWidget* parent)
     setHorizontalHeaderItem(column, new QTableWidgetItem(HeaderText(static_cast<GridColumn>(column + 1))));
   for (int row = 0; row < rowCount(); ++row)
     setVerticalHeaderItem(row, new QTableWidgetItem(tr(" CH%1").arg(row + 1)));
-  m_corner->setAlignment(Qt::AlignCenter);
-  m_corner->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 QString ChannelGrid::Text(int channel, GridColumn column) const {
@@ -216,8 +213,6 @@ void ChannelGrid::FitToFont(int toneEditorWidth) {
     width += columnWidth(column);
   }
   setFixedSize(width, headerRow + rowCount() * channelRow + Pixels(HeightSlackTwips, *this));
-  m_corner->setFont(horizontalHeader()->font());
-  m_corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(), headerRow);
 }
 
 int ChannelGrid::Scaled(double twips) const {

@@ -3,8 +3,6 @@
 
 #include "grid_frame.h"
 
-class QLabel;
-
 namespace mr4500x {
 
 enum class CellColour {
@@ -39,7 +37,6 @@ private:
   [[nodiscard]] int CellWidthNeeded(GridColumn column) const;
   [[nodiscard]] int HeaderWidthNeeded(GridColumn column) const;
 
-  QLabel* m_corner;
   double m_pixelsPerTwip = 1.0 / 15;
 };
 

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +43,16 @@ void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
     for (const auto group : {QPalette::Active, QPalette::Inactive})
       colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));
   widget.setPalette(colours);
+}
+
+void ScrollTo(const QWidget& widget, const QRect& rectangle) {
+  for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+    auto* const area = qobject_cast<QScrollArea*>(parent);
+    if (area == nullptr || area->widget() == nullptr) continue;
+    const QPoint centre = widget.mapTo(area->widget(), rectangle.center());
+    area->ensureVisible(centre.x(), centre.y(), rectangle.width() / 2, rectangle.height() / 2);
+    return;
+  }
 }
 
 void SetUsable(QWidget& field, bool usable) {

@@ -5,6 +5,7 @@
 #include "message_view.h"
 
 #include <QColor>
+#include <QRect>
 #include <QStringList>
 
 #include <span>
@@ -34,6 +35,9 @@ inline constexpr QRgb DarkBlueText = qRgb(0, 0, 192);
 
 // Sets the text colour of a field or an option, readable on the backgrounds of `like`.
 void SetTextColour(QWidget& widget, QRgb text, const QWidget& like);
+
+// Scrolls the enclosing scroll area, if any, to make the rectangle of the widget visible.
+void ScrollTo(const QWidget& widget, const QRect& rectangle);
 
 // Enables or disables the field. A disabled one has the background of a button.
 void SetUsable(QWidget& field, bool usable);

@@ -4,19 +4,26 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace mr4500x {
 
-CellGrid::CellGrid(int rows, int columns, int firstColumn, QWidget* parent)
-    : QTableWidget(rows, columns, parent), m_firstColumn(firstColumn) {
+CellGrid::CellGrid(int rows, int columns, int firstColumn, const QString& corner, QWidget* parent)
+    : QTableWidget(rows, columns, parent), m_firstColumn(firstColumn), m_corner(new QLabel(corner, this)) {
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setAutoScroll(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setCornerButtonEnabled(false);
+  m_corner->setAlignment(Qt::AlignCenter);
+  m_corner->setAutoFillBackground(true);
+  m_corner->setAttribute(Qt::WA_TransparentForMouseEvents);
   for (QHeaderView* const header : {horizontalHeader(), verticalHeader()}) {
     header->setSectionResizeMode(QHeaderView::Fixed);
     header->setSectionsClickable(false);
@@ -27,11 +34,55 @@ CellGrid::CellGrid(int rows, int columns, int firstColumn, QWidget* parent)
     for (int column = 0; column < columns; ++column) {
       auto* const cell = new QTableWidgetItem;
       cell->setTextAlignment(Qt::AlignCenter);
-      cell->setFlags(column < firstColumn ? Qt::NoItemFlags : Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+      cell->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
       setItem(row, column, cell);
     }
   }
-  setCurrentCell(0, firstColumn, QItemSelectionModel::NoUpdate);
+  for (int column = 0; column < firstColumn; ++column)
+    setColumnHidden(column, true);
+  m_current = model()->index(0, firstColumn);
+}
+
+// A hidden grid has no current cell: screen readers would take it for the one with the focus.
+void CellGrid::showEvent(QShowEvent* event) {
+  QTableWidget::showEvent(event);
+  const QSignalBlocker unmoved(selectionModel()); // no scroll of the panel
+  if (!currentIndex().isValid()) selectionModel()->setCurrentIndex(m_current, QItemSelectionModel::NoUpdate);
+  KeepLabelsInView();
+}
+
+void CellGrid::hideEvent(QHideEvent* event) {
+  QTableWidget::hideEvent(event);
+  if (currentIndex().isValid()) m_current = currentIndex();
+  setCurrentIndex({});
+}
+
+void CellGrid::updateGeometries() {
+  QTableWidget::updateGeometries();
+  KeepLabelsInView();
+}
+
+void CellGrid::KeepLabelsInView() {
+  const QPoint edge(frameWidth(), frameWidth());
+  QRect seen = rect();
+  for (const QWidget* around = this; !around->isWindow(); around = around->parentWidget())
+    seen &= QRect(mapFrom(around->parentWidget(), QPoint()), around->parentWidget()->size());
+  const QSize labels(verticalHeader()->width(), horizontalHeader()->height());
+  const int left = std::max(edge.x(), std::min(seen.left(), width() - labels.width() - edge.x()));
+  const int top = std::max(edge.y(), std::min(seen.top(), height() - labels.height() - edge.y()));
+  verticalHeader()->move(left, edge.y() + labels.height());
+  horizontalHeader()->move(edge.x() + labels.width(), top);
+  m_corner->setGeometry(QRect(QPoint(left, top), labels));
+  m_corner->raise();
+}
+
+// Scrolls the panel to the current cell, with its labels beside it.
+void CellGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableWidget::currentChanged(current, previous);
+  const QRect cell = visualRect(current);
+  if (current.isValid())
+    ScrollTo(*viewport(), cell.adjusted(-verticalHeader()->width(), -horizontalHeader()->height(), cell.width() / 2,
+                                        cell.height() / 2));
 }
 
 void CellGrid::MoveOn() {
@@ -53,8 +104,7 @@ void CellGrid::mouseMoveEvent(QMouseEvent* /*event*/) {} // dragging does not ch
 void CellGrid::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !m_pressed) return;
   m_pressed = false;
-  const bool onLabels = event->pos().x() < columnViewportPosition(m_firstColumn) || event->pos().y() < 0;
-  if (!onLabels) emit CellOpened();
+  if (event->pos().x() >= 0 && event->pos().y() >= 0) emit CellOpened(); // not on the labels
 }
 
 void CellGrid::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -94,6 +144,7 @@ void GridFrame::SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list) {
   m_entry = &entry;
   m_list = &list;
   entry.CopyAndPasteWhole();
+  entry.TellsWhen([this] { return OpenEntry() != nullptr && !CheckedEntry(m_entry->text()); });
   entry.hide();
   list.hide();
   connect(&grid, &CellGrid::CellOpened, this, [this] {
@@ -153,10 +204,10 @@ void GridFrame::CommitEditors() {
       RefuseEntry();
   }
   // A cell text that is not in the list has no selection, and stays.
-  if (!m_list->isHidden() && m_list->currentIndex() >= 0) {
-    const QString text = m_list->currentText();
-    Store(text);
-    Picked(text);
+  const QString picked = m_list->currentText();
+  if (!m_list->isHidden() && m_list->currentIndex() >= 0 && picked != OpenText()) {
+    Store(picked);
+    Picked(picked);
   }
   HideEditors();
 }
@@ -168,6 +219,13 @@ void GridFrame::HideEditors() {
     if (editor->hasFocus()) m_grid->setFocus();
     editor->hide();
   }
+}
+
+// Tab and Shift+Tab in an editor return to the grid.
+bool GridFrame::focusNextPrevChild(bool next) {
+  if (!m_entry->hasFocus() && !m_list->hasFocus()) return SettingsFrame::focusNextPrevChild(next);
+  CommitEditors();
+  return true;
 }
 
 void GridFrame::changeEvent(QEvent* event) {

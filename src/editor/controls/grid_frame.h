@@ -10,30 +10,40 @@
 
 #include <optional>
 
+class QLabel;
+
 namespace mr4500x {
 
 class CellGrid : public QTableWidget {
   Q_OBJECT
 public:
   void MoveOn(); // to the next cell, row by row; from the last cell to the first
+  // In a scrolled panel the labels of rows and columns stand over the cells, at the edge of what is visible.
+  void KeepLabelsInView();
 
 signals:
   void CellOpened(); // the current cell, by a left click or Space
   void OtherKeyPressed();
 
 protected:
-  // Columns before `firstColumn` are labels, which ignore clicks.
-  CellGrid(int rows, int columns, int firstColumn, QWidget* parent);
+  // Columns before `firstColumn` are hidden. `corner` is the heading of the row labels.
+  CellGrid(int rows, int columns, int firstColumn, const QString& corner, QWidget* parent);
 
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void updateGeometries() override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
   int m_firstColumn;
-  bool m_pressed = false; // the left button went down on a cell
+  QLabel* m_corner;
+  QPersistentModelIndex m_current; // while hidden
+  bool m_pressed = false;          // the left button went down on a cell
 };
 
 class GridFrame : public SettingsFrame {
@@ -42,6 +52,7 @@ public:
   void CommitEditors();                      // checks and stores the open editor's text, then hides it
   void HideEditors();                        // without storing their text
   [[nodiscard]] EntryBox* OpenEntry() const; // nullptr if the text box is hidden
+  virtual void KeepLabelsInView() { m_grid->KeepLabelsInView(); }
 
 protected:
   // `refusal` is the message about an invalid entry.
@@ -65,6 +76,7 @@ protected:
   [[nodiscard]] int OpenColumn() const { return m_column; }
 
   void changeEvent(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
 private:
   const char* m_refusal;

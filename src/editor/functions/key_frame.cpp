@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QLabel>
 
 namespace mr4500x {
 
@@ -20,7 +21,7 @@ KeyFrame::KeyFrame(MessageView& messages)
     for (const KeyItem& item : KeyItems(key))
       items.append(QString::fromUtf8(item.text));
     m_lists[key] = NewList(number, key, items, tr("Key %1 press").arg(label));
-    AddField(Fields(), row, column, label, m_lists[key]);
+    m_labels[key] = AddField(Fields(), row, column, label, m_lists[key]);
     connect(m_lists[key], &ChoiceBox::Selected, this, [this, key](int position) { cboKey_Change(key, position); });
     if (key >= m_fixed.size()) continue;
     m_fixed[key] = NewList(FirstFixedList + number, key, {items[KeySpecial]}, tr("Key %1 press, fixed").arg(label));
@@ -54,6 +55,7 @@ void KeyFrame::ShowKeys() {
   for (std::size_t key = ShortA; key < m_fixed.size(); ++key) {
     m_fixed[key]->setVisible(fixedShown[key]);
     m_lists[key]->setVisible(!fixedShown[key]);
+    m_labels[key]->setBuddy(fixedShown[key] ? m_fixed[key] : m_lists[key]);
   }
   for (const std::size_t longKey : {LongB, LongC})
     SetUsable(*m_lists[longKey], LongPressEnabled(m_keys, longKey));

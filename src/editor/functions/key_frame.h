@@ -6,6 +6,8 @@
 
 #include <array>
 
+class QLabel;
+
 namespace mr4500x {
 
 class KeyFrame : public FieldFrame {
@@ -28,6 +30,7 @@ private:
   MessageView& m_messages;
   std::array<ChoiceBox*, KeyCount> m_lists{}; // cboKey(0) to cboKey(5)
   std::array<ChoiceBox*, 2> m_fixed{};        // cboKey(10) and cboKey(11), over Short A and Long A
+  std::array<QLabel*, KeyCount> m_labels{};
   KeyProgram m_keys;
   std::array<std::uint8_t, KeyCount> m_keyCodes{}; // for lists without a selection
 };

@@ -45,23 +45,20 @@ bool IsFrequency(int column) {
 
 } // namespace
 
-// Column 0 holds the entry numbers, so columns are counted as in TtsColumn; entry n is row n - 1.
+// Columns are counted as in TtsColumn, so column 0 is hidden; entry n is row n - 1.
 class TtsGrid : public CellGrid {
 public:
-  explicit TtsGrid(QWidget* parent) : CellGrid(RowCount, ColumnCount, FirstDataColumn, parent) {
+  explicit TtsGrid(QWidget* parent) : CellGrid(RowCount, ColumnCount, FirstDataColumn, TtsFrame::tr("No."), parent) {
     setObjectName(QStringLiteral("gridTTS"));
     setAccessibleName(TtsFrame::tr("TTS table, entries 1 to 8"));
     setSelectionMode(SingleSelection);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    verticalHeader()->hide();
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
-    for (int column = 0; column < ColumnCount; ++column) {
-      const QString heading =
-          column == 0 ? TtsFrame::tr("No.") : QString::fromUtf8(LabelOf(static_cast<TtsColumn>(column)));
+    for (int column = FirstDataColumn; column < ColumnCount; ++column) {
+      const QString heading = QString::fromUtf8(LabelOf(static_cast<TtsColumn>(column)));
       setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
     }
-    for (int row = 0; row < RowCount; ++row)
-      item(row, 0)->setText(QString::number(row + 1));
     FitToFont();
     ShowColours();
   }
@@ -75,7 +72,7 @@ public:
     const int rowHeight = std::max(Pixels(DataRowHeight, *this), metrics.height() + 4);
     const int headingHeight = std::max(Pixels(HeadingHeight, *this), 2 * metrics.lineSpacing() + 8);
     horizontalHeader()->setDefaultSectionSize(dataWidth);
-    setColumnWidth(0, numberWidth);
+    verticalHeader()->setFixedWidth(numberWidth);
     verticalHeader()->setDefaultSectionSize(rowHeight);
     horizontalHeader()->setFixedHeight(headingHeight);
     setFixedSize(numberWidth + (ColumnCount - 1) * dataWidth + 2 * frameWidth(),
@@ -88,14 +85,11 @@ public:
     QPalette own;
     if (!isEnabled()) own.setBrush(QPalette::Base, desktop.brush(QPalette::Button));
     setPalette(own);
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-    for (int row = 0; row < RowCount; ++row) {
-      item(row, 0)->setBackground(desktop.brush(QPalette::Button));
-      item(row, 0)->setForeground(desktop.brush(group, QPalette::ButtonText));
-      for (int column = FirstDataColumn; column < ColumnCount; ++column) {
-        const QColor text = ReadableOn(Colours[static_cast<std::size_t>(column)], desktop.color(QPalette::Base));
-        item(row, column)->setForeground(isEnabled() ? QBrush(text) : desktop.brush(group, QPalette::Text));
-      }
+    for (int column = FirstDataColumn; column < ColumnCount; ++column) {
+      const QColor used = ReadableOn(Colours[static_cast<std::size_t>(column)], desktop.color(QPalette::Base));
+      const QBrush text = isEnabled() ? QBrush(used) : desktop.brush(QPalette::Disabled, QPalette::Text);
+      for (int row = 0; row < RowCount; ++row)
+        item(row, column)->setForeground(text);
     }
   }
 
@@ -117,11 +111,11 @@ TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator)
   layout->addWidget(m_grid);
   layout->addStretch(1);
 
-  m_frequency = new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitFilter, tr("TTS frequency in Hz"),
-                             m_grid->viewport());
+  // Not in the grid's viewport: screen readers find only cells in a table.
+  m_frequency =
+      new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitFilter, tr("TTS frequency in Hz"), this);
   m_frequency->setAlignment(Qt::AlignCenter);
-  m_time = new ChoiceBox(QStringLiteral("cmbTTST"), TimeTexts(decimalSeparator), tr("TTS time in seconds"),
-                         m_grid->viewport());
+  m_time = new ChoiceBox(QStringLiteral("cmbTTST"), TimeTexts(decimalSeparator), tr("TTS time in seconds"), this);
   SetUp(*m_grid, *m_frequency, *m_time);
   connect(m_frequency, &EntryBox::Stepped, this, &TtsFrame::txtTTSFreq_Step);
   connect(m_frequency, &EntryBox::Clicked, m_frequency, &EntryBox::SelectEntry);
@@ -129,7 +123,8 @@ TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator)
 }
 
 void TtsFrame::CellOpened(int row, int column) {
-  const QRect place = m_grid->visualRect(m_grid->model()->index(row, column));
+  const QRect cell = m_grid->visualRect(m_grid->model()->index(row, column));
+  const QRect place = cell.translated(m_grid->viewport()->mapTo(this, QPoint()));
   const QRgb colour = Colours[static_cast<std::size_t>(column)];
   if (IsFrequency(column)) {
     m_frequency->SetWholeText(OpenText());
