@@ -60,7 +60,7 @@ void FrmMain::BuildPanel() {
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
   connect(m_keeper, &WorkKeeper::CopyFailed, m_status,
-          [this] { m_status->showMessage(tr("No copy of the unsaved work could be written."), 10000); });
+          [this] { m_status->ShowPassing(tr("No copy of the unsaved work could be written.")); });
   // A click outside the controls commits an open editor.
   m_status->installEventFilter(this);
   scroll->viewport()->installEventFilter(this);

@@ -97,9 +97,15 @@ TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
     for (const int column : {RxSelCall, TxSelCall, GroupCall})
       EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
   }
-  Type("txtFreqBandL", "");
-  GoElsewhere();
-  EXPECT_EQ(Text("txtFreqBandL"), "440") << "the remembered value is still the filled one";
+  // A refused entry brings the filled limit back, which is not the one in force any more.
+  for (const bool yes : {false, true}) {
+    messages.answer = yes ? Answer::Yes : Answer::No;
+    Type("txtFreqBandL", "");
+    GoElsewhere();
+    EXPECT_EQ(messages.Taken().size(), 2U) << "the refusal and the question";
+    EXPECT_EQ(Text("txtFreqBandL"), yes ? "440" : "136");
+    EXPECT_EQ(Cell(channels, 9, TxFreq), yes ? "440.00000" : "136.00000");
+  }
 }
 
 // A message waits for the release of a click that leaves an invalid entry, and the click counts after it.

@@ -95,24 +95,28 @@ void BandFrame::txtFreqBandU_Recheck() {
   }
 }
 
+// A refused entry brings back the last text that the box accepted. If that is not the limit in force, it counts as
+// typed: channels must not leave their band without a question.
 void BandFrame::txtFreqBandL_Validate() {
-  const BandCheck check = CheckLowerBand(m_lower->text().toStdString(), m_upper->text().toStdString());
+  const std::string upper = m_upper->text().toStdString();
+  const int inForce = LowerBandLimit(m_image.BandBlock);
+  BandCheck check = CheckLowerBand(m_lower->text().toStdString(), upper);
   if (check.entry != BandEntry::Accepted) {
     ShowEntryError(m_messages, check.entry == BandEntry::Empty
                                    ? LowerInvalidText
                                    : "The lower limit value must be less than the upper limit value!");
-    m_lower->SetWholeText(m_rememberedLower);
-    return;
+    check = CheckLowerBand(m_rememberedLower.toStdString(), upper);
+    if (check.entry != BandEntry::Accepted) check.value = inForce;
   }
   m_lower->SetWholeText(QString::number(check.value));
-  if (check.value == LowerBandLimit(m_image.BandBlock)) return;
+  if (check.value == inForce) return;
   const Answer answer = m_messages.Show(
       MessageIcon::Exclamation, "Frequency Band Change",
       "Change the lower limit value, all data will be initiated. Do you want to continue?", MessageButtons::YesNo);
   if (answer == Answer::Yes)
     emit LowerLimitChanged(check.value);
   else
-    m_lower->SetWholeText(QString::number(LowerBandLimit(m_image.BandBlock)));
+    m_lower->SetWholeText(QString::number(inForce));
 }
 
 void BandFrame::txtFreqBandU_Validate() {
