@@ -7,7 +7,7 @@ namespace mr4500x {
 std::string TitleOf(const Origin& origin) {
   static constexpr const char* transfers[] = {"Read Completely", "Write Completely", "Read Information Completely",
                                               "Write Information Completely"};
-  const std::string title(ProgramTitle);
+  std::string title(ProgramTitle);
   if (const auto* const file = std::get_if<FileOrigin>(&origin)) return title + " - " + file->path;
   if (const auto* const radio = std::get_if<RadioOrigin>(&origin))
     return transfers[static_cast<std::size_t>(radio->transfer)] + (" - " + title);

@@ -64,7 +64,7 @@ void Read(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
     const RadioImage before = context.image;
-    const ExchangeResult result = ReadRadio(line, context.image, observer);
+    ExchangeResult result = ReadRadio(line, context.image, observer);
     if (result.outcome != Outcome::Complete && context.image != before) context.state.ImageIsPartial = true;
     return result;
   });

@@ -187,7 +187,7 @@ private:
 std::string AllowedFrequency(const Configuration& configuration, FieldAt at, std::string_view text,
                              const FieldTexts& texts) {
   const Band band = BandOf(configuration);
-  const std::string limits = InWords(Range{band.lower, band.upper}) + " MHz";
+  std::string limits = InWords(Range{band.lower, band.upper}) + " MHz";
   const int unit = StepOf(configuration, at, texts);
   const std::string grid = "a multiple of " + StepText(unit == StepUnit(0) ? 0 : 1, texts) + " kHz";
   if (text.empty()) return limits + ", " + grid;

@@ -45,7 +45,7 @@ std::u16string TextToStore(std::u16string_view shown) {
   std::u16string stored;
   for (std::size_t i = 0; i < shown.size(); ++i) {
     if (shown.substr(i, LineEnd.size()) == LineEnd) ++i;
-    if (LineEnds.find(shown[i]) != LineEnds.npos)
+    if (LineEnds.find(shown[i]) != std::u16string_view::npos)
       stored += LineEnd;
     else if (shown[i] != u'\0')
       stored += shown[i];

@@ -188,7 +188,7 @@ std::string WindowText(const EditorPanel& panel) {
   }
   std::string shown;
   for (const auto& [title, text] : frames)
-    shown += title + '\n' + text;
+    shown.append(title).append("\n").append(text);
   return shown;
 }
 

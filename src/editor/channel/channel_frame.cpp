@@ -33,10 +33,12 @@ protected:
   void keyPressEvent(QKeyEvent* event) override {
     const bool up = event->key() == Qt::Key_Up;
     if (!up && event->key() != Qt::Key_Down) return QCheckBox::keyPressEvent(event);
-    for (std::size_t next = m_channel + (up ? -1 : 1); next < m_column.size(); next += up ? -1 : 1) {
-      if (!m_column[next]->isEnabled()) continue;
-      m_column[next]->setFocus();
-      return ScrollTo(*m_column[next], m_column[next]->rect());
+    const int step = up ? -1 : 1;
+    for (int next = static_cast<int>(m_channel) + step; next >= 0 && next < std::ssize(m_column); next += step) {
+      QCheckBox& box = *m_column[static_cast<std::size_t>(next)];
+      if (!box.isEnabled()) continue;
+      box.setFocus();
+      return ScrollTo(box, box.rect());
     }
   }
   void paintEvent(QPaintEvent* event) override {
