@@ -1,7 +1,6 @@
 // Any text in any cell: what the rules accept survives a collect and a fill, and after one collect even a text that no
 // rule has checked stays stable.
 #include "configuration.h"
-#include "field_rules.h"
 #include "function_settings.h"
 #include "fuzz_input.h"
 #include "set_field.h"
@@ -40,37 +39,6 @@ void SetAny(Editor& editor, FuzzInput& input) {
   Require(TextOf(editor.ShownAgain(), at) == TextOf(editor.values, at), "a setting is shown again as it was set");
 }
 
-void TypeFrequency(Editor& editor, FuzzInput& input) {
-  const char separator = editor.texts.decimalSeparator;
-  const Band band = {LowerBandLimit(editor.image.BandBlock), UpperBandLimit(editor.image.BandBlock)};
-  const int unit = StepUnit(input.Byte() % 2);
-  const bool up = input.Byte() % 2 != 0;
-  const std::string typed = input.Text();
-  for (const std::string& text : {typed, StepFrequency(typed, up, band, unit, separator).value_or(typed)}) {
-    const auto committed = CommitFrequency(text, band, unit, separator);
-    const auto frequency = ReadFrequency(committed.value_or(""), separator);
-    Require(committed.has_value() == ReadFrequency(text, separator).has_value(), "numbers only are frequencies");
-    Require(!frequency || (*frequency % unit == 0 && ClampToBand(*frequency, band, unit) == *frequency),
-            "a frequency is a count of steps in the band");
-  }
-}
-
-// What a rule makes of a text, it accepts.
-void LimitText(Editor&, FuzzInput& input) {
-  const std::string typed = input.Text(), other = input.Text();
-  const ResetTimeCheck time = LimitResetTime(typed);
-  Require(LimitResetTime(time.text).text == time.text, "a limited time stays");
-  const auto spun = SpinResetTime(typed, input.Byte() % 2 == 0 ? 1 : -1);
-  Require(!spun || LimitResetTime(*spun).text == *spun, "spinning stays inside");
-  Require(CheckFiveToneCode(CheckFiveToneCode(typed).text).entry == CodeEntry::Accepted, "a cut code is a code");
-  const auto hertz = LimitTtsFrequency(typed);
-  Require(!hertz || LimitTtsFrequency(*hertz) == hertz, "a limited frequency stays");
-  const BandCheck low = CheckLowerBand(typed, other), high = CheckUpperBand(typed, other);
-  Require(low.entry == high.entry, "both limits are judged alike");
-  Require(low.entry != BandEntry::Accepted || (low.value >= LowestBandLimit && high.value <= HighestBandLimit),
-          "the limits are limited");
-}
-
 // Bypasses the rules, as no user can: the image takes what it can and is stable from then on.
 void PutAnything(Editor& editor, FuzzInput& input) {
   const std::string text = input.Text();
@@ -85,7 +53,7 @@ void PutAnything(Editor& editor, FuzzInput& input) {
 void Type(FuzzInput input) {
   Editor editor{BuildFieldTexts(input.Below(2) == 0 ? '.' : ','), {}, {}};
   editor.values = NewConfiguration(editor.image, editor.texts, Moment);
-  void (*const actions[])(Editor&, FuzzInput&) = {SetAny, TypeFrequency, LimitText, PutAnything};
+  void (*const actions[])(Editor&, FuzzInput&) = {SetAny, PutAnything};
   for (int i = 0; i < 64 && !input.IsEmpty(); ++i)
     actions[input.Byte() % std::size(actions)](editor, input);
 }

@@ -35,16 +35,13 @@ public:
   }
   int Below(int end) { return Byte() % end; }
   // A length byte and that many bytes, or what is left.
-  std::string Text() { return Take(Byte()); }
-  std::string Rest() { return Take(m_rest.size()); }
-
-private:
-  std::string Take(std::size_t count) {
-    const auto taken = m_rest.first(std::min(count, m_rest.size()));
+  std::string Text() {
+    const auto taken = m_rest.first(std::min<std::size_t>(Byte(), m_rest.size()));
     m_rest = m_rest.subspan(taken.size());
     return {taken.begin(), taken.end()};
   }
 
+private:
   std::span<const std::uint8_t> m_rest;
 };
 

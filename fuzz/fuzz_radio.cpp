@@ -8,13 +8,10 @@ namespace mr4500x {
 namespace {
 
 constexpr Clock::Moment LongestExchange = 60s;
-constexpr char Stamped[] = "20041104090507\0"; // the literal's own 0x00 is the 16th byte
 
 // Spoils the radio's answers as the input says.
 class Fuzzer {
 public:
-  bool isFaulty = false; // whether the input has changed anything
-
   Fuzzer(FuzzInput& input, ScriptedRadio& radio) : m_input(input), m_radio(radio) {
     m_radio.spoil = [this](std::size_t, LineBytes& reply) { Spoil(reply); };
   }
@@ -37,7 +34,6 @@ private:
       m_correctAnswers = m_input.Byte();
       return;
     }
-    isFaulty = true;
     const std::uint8_t value = m_input.Byte();
     const auto at = reply.begin() + (reply.empty() ? 0 : static_cast<std::ptrdiff_t>(value % reply.size()));
     if (way == 1) reply.clear();
@@ -59,28 +55,11 @@ private:
   int m_correctAnswers = 0;
 };
 
-Outcome Run(Desk& desk, Transfer transfer) {
+Outcome RunInTime(Desk& desk, Transfer transfer) {
   const Clock::Moment begin = desk.radio.now;
   const Outcome outcome = desk.Run(transfer).outcome;
   Require(desk.radio.now - begin < LongestExchange, "an exchange takes its bounded time");
-  const bool isAllDone = outcome == Outcome::Complete || outcome == Outcome::DisplayError;
-  Require(desk.completions == (isAllDone ? 1 : 0), "completion is told when all is done");
-  Require(desk.questions == 0 || transfer == Transfer::Write, "only a write asks");
   return outcome;
-}
-
-// What an exchange with a sound radio brings or takes, as far as it is stored at all.
-void RequireTransferred(const Desk& desk, Transfer transfer) {
-  for (const BlockPlace& place : RecordMap) {
-    const bool isInfo = place.block == ImageBlock::EmbeddedInfoBlock;
-    const bool isOfRadio = place.block == ImageBlock::RadioIdBlock || place.block == ImageBlock::FirmwareVersionBlock;
-    if (transfer == Transfer::ReadInfo && place.address >> 8 != 0x02) continue;
-    if (transfer == Transfer::Write && (isInfo || isOfRadio)) continue;
-    if (transfer == Transfer::WriteInfo && !isInfo) continue;
-    const auto block = BlockBytes(desk.image, place.block);
-    Require(std::equal(block.begin(), block.end(), desk.radio.memory.begin() + place.address),
-            "a sound radio and the image hold the same");
-  }
 }
 
 void TryTwice(FuzzInput input) {
@@ -94,35 +73,19 @@ void TryTwice(FuzzInput input) {
   desk.acceptsBand = (options & 8) != 0;
   Fuzzer fuzzer(input, desk.radio);
   const RadioImage before = desk.image;
-  RadioImage stamped = before;
-  std::copy_n(Stamped, stamped.WriteStampBlock.size(), stamped.WriteStampBlock.begin());
 
-  const Outcome outcome = Run(desk, transfer);
-  const bool isRead = transfer == Transfer::Read || transfer == Transfer::ReadInfo;
-  const bool hasBegun = outcome == Outcome::Complete || outcome >= Outcome::Interrupted;
-  if (!hasBegun) Require(desk.image == before, "an exchange that has not begun changes nothing");
-  if (transfer == Transfer::Write && hasBegun) Require(desk.image == stamped, "a write changes nothing but the stamp");
-  if (transfer == Transfer::WriteInfo) Require(desk.image == before, "writing the information changes nothing");
+  RunInTime(desk, transfer);
+  RadioImage rest = desk.image;
+  rest.WriteStampBlock = before.WriteStampBlock;
+  if (transfer == Transfer::ReadInfo) rest.EmbeddedInfoBlock = before.EmbeddedInfoBlock;
+  Require(transfer == Transfer::Read || rest == before, "an exchange changes only its own blocks");
   Require(desk.image.PatrolWorkBlock == before.PatrolWorkBlock &&
               desk.image.FiveToneStandard == before.FiveToneStandard,
           "what no radio holds stays");
-  if (transfer == Transfer::ReadInfo) {
-    RadioImage rest = desk.image;
-    rest.EmbeddedInfoBlock = before.EmbeddedInfoBlock;
-    rest.WriteStampBlock = before.WriteStampBlock;
-    Require(rest == before, "reading the information changes nothing else");
-  }
-  if (!fuzzer.isFaulty) {
-    Require(outcome == Outcome::Complete || (isRead && !desk.canShow && outcome == Outcome::DisplayError) ||
-                (transfer == Transfer::Write && outcome == Outcome::BandDeclined),
-            "a sound radio gives no failure");
-  }
-
   fuzzer.Heal();
   desk.canShow = true;
   desk.acceptsBand = true;
-  Require(Run(desk, transfer) == Outcome::Complete, "the next try with a sound radio works");
-  RequireTransferred(desk, transfer);
+  Require(RunInTime(desk, transfer) == Outcome::Complete, "the next try with a sound radio works");
 }
 
 } // namespace
