@@ -58,7 +58,7 @@ TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
   }
 }
 
-TEST(QtPrinters, AreSetUpWithOk) {
+TEST(QtPrinters, AreSetUpWithoutAnyPrinting) {
   const QTemporaryDir folder;
   const QString pdf = folder.filePath("a.pdf");
   PosixFileSystem files;
@@ -66,9 +66,7 @@ TEST(QtPrinters, AreSetUpWithOk) {
   WhenDialogOpens([&](QWidget* dialog) {
     dialog->findChild<QComboBox*>("printers")->setCurrentText("Print to File (PDF)");
     dialog->findChild<QLineEdit*>("filename")->setText(pdf);
-    auto* const ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
-    EXPECT_EQ(ok->text(), "OK");
-    ok->click();
+    dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
   });
   printers.SetUpPrinter("Printer Setup");
   EXPECT_EQ(printers.PdfFile(), pdf.toStdString());

@@ -19,6 +19,11 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
+std::string ContentOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
 class EndToEndTest : public testing::Test {
 protected:
   EndToEndTest() {
@@ -27,10 +32,8 @@ protected:
     radio.start(LR7200_SIMULATOR, {"--memory", folder.filePath("memory")});
     while (!radio.canReadLine() && radio.waitForReadyRead()) {
     }
-    QFile settings(QCoreApplication::applicationDirPath() + "/MR4500X.ini");
-    EXPECT_TRUE(settings.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    settings.write("[Port Devices]\nCOM1=" + radio.readLine());
-    settings.close();
+    std::ofstream((QCoreApplication::applicationDirPath() + "/MR4500X.ini").toStdString())
+        << "[Port Devices]\nCOM1=" << radio.readLine().toStdString();
     program = std::make_unique<Program>();
     window = &program->Window();
     window->show();
@@ -88,16 +91,11 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   Press(Qt::CTRL | Qt::Key_O, fileTitle);
   EXPECT_EQ(cells(), edited);
   Press(Qt::CTRL | Qt::Key_W, TitleOf(RadioOrigin{Transfer::Write}));
-  Press(Qt::Key_F3, TitleOf(RadioOrigin{Transfer::ReadInfo}));
-  Press(Qt::Key_F4, TitleOf(RadioOrigin{Transfer::WriteInfo}));
-  EXPECT_EQ(told, (Lines{"Read Complete", "Save As", "Open", "Write Complete", "Read Information Completely",
-                         "Write Information Completely"}));
+  EXPECT_EQ(told, (Lines{"Read Complete", "Save As", "Open", "Write Complete"}));
 
   radio.terminate();
   ASSERT_TRUE(radio.waitForFinished(5000));
-  QFile memory(folder.filePath("memory"));
-  ASSERT_TRUE(memory.open(QIODevice::ReadOnly));
-  const std::string written = memory.readAll().toStdString();
+  const std::string written = ContentOf(folder.filePath("memory").toStdString());
   const RadioMemory factory = FactoryMemory();
   std::string expected(factory.begin(), factory.end());
   expected.replace(0x011, 3, "\xA5\xB2\x02");                   // frequency
@@ -109,13 +107,7 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
 }
 
 TEST(Program, PrintsItsUsageWithoutADisplay) {
-  QProcess program;
-  program.setProcessEnvironment(QProcessEnvironment()); // no DISPLAY, and no platform that needs none
-  program.start(MR4500X_PROGRAM, {"--help"});
-  ASSERT_TRUE(program.waitForFinished());
-  EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-  EXPECT_EQ(program.exitCode(), 0);
-  EXPECT_TRUE(program.readAllStandardOutput().startsWith("usage: mr4500x [FILE]\n"));
+  EXPECT_EQ(std::system("env -i " MR4500X_PROGRAM " --help | grep '^usage: mr4500x .FILE.$'"), 0);
 }
 
 TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
@@ -131,8 +123,7 @@ TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
   program.start(folder.filePath("MR4500X"), {});
   ASSERT_TRUE(program.waitForStarted());
   const auto hears = [&] { // SIGTERM, bit 14 of the signals that it catches
-    std::ifstream status("/proc/" + std::to_string(program.processId()) + "/status");
-    const std::string text(std::istreambuf_iterator<char>(status), {});
+    const std::string text = ContentOf("/proc/" + std::to_string(program.processId()) + "/status");
     const std::size_t at = text.find("SigCgt:");
     return at < text.size() && (std::stoull(text.substr(at + 7), nullptr, 16) & 1U << 14) != 0;
   };
@@ -141,9 +132,7 @@ TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
   program.terminate();
   ASSERT_TRUE(program.waitForFinished());
   EXPECT_EQ(program.exitCode(), 128 + SIGTERM);
-  std::ifstream stored(settings);
-  const std::string text(std::istreambuf_iterator<char>(stored), {});
-  EXPECT_NE(text.find("Common Port=5"), std::string::npos) << text;
+  EXPECT_NE(ContentOf(settings).find("Common Port=5"), std::string::npos) << ContentOf(settings);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 // The main window: what its menus and buttons run, the views, the start and the end.
-#include "machine.h"
 #include "program_fixture.h"
 
 namespace mr4500x {
@@ -10,12 +9,6 @@ TEST_F(ProgramTest, RunsACommandFromTheToolbar) {
   for (const char* const button : {"New", "Open", "Save", "Read", "Write"})
     Button(button)->click();
   EXPECT_EQ(Happened(), (Lines{"dialog Open", "dialog Save", "X|Error|COM3: gone", "X|Error|COM3: gone"}));
-}
-
-TEST_F(ProgramTest, OpensTheHelp) {
-  Choose("mnuHelpContents");
-  Choose("mnuHelpIndex");
-  EXPECT_EQ(Happened(), (Lines{"help contents", "help index"}));
 }
 
 TEST_F(ProgramTest, ShowsOneOfItsTwoViews) {
@@ -29,15 +22,6 @@ TEST_F(ProgramTest, ShowsOneOfItsTwoViews) {
     EXPECT_EQ(Button("FuncWin")->isEnabled(), !function);
     EXPECT_EQ(window->findChild<QWidget*>("fraChannel")->isVisible(), !function);
   }
-}
-
-TEST_F(ProgramTest, HasAScrollBarOnlyWhereTheScreenIsTooSmall) {
-  auto* const area = window->findChild<QScrollArea*>();
-  const QSize screen = window->screen()->availableSize(),
-              needed = window->sizeHint() - area->sizeHint() + area->widget()->size();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(area->horizontalScrollBar()->isVisible(), needed.width() > screen.width());
-  EXPECT_EQ(area->verticalScrollBar()->isVisible(), needed.height() > screen.height());
 }
 
 TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
@@ -74,7 +58,11 @@ TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
 TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
   Edit();
   desk.answers = {Answer::Cancel, Answer::No};
-  desk.beforeAnswer = [&] { EXPECT_FALSE(window->MayLogOut()) << "while a command runs"; };
+  desk.beforeAnswer = [&] { // while a command runs, as a desktop's own menu or task list can
+    EXPECT_FALSE(window->MayLogOut());
+    Choose("mnuFileOpen");
+    window->close();
+  };
   EXPECT_FALSE(window->MayLogOut());
   EXPECT_TRUE(window->MayLogOut());
   EXPECT_EQ(Happened(), (Lines{question, question}));
@@ -84,35 +72,6 @@ TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
   EXPECT_TRUE(window->MayLogOut());
   window->close(); // by Qt, when the desktop goes on
   EXPECT_EQ(Happened(), (Lines{question, question, "geometry"}));
-}
-
-TEST_F(ProgramTest, RunsOneCommandAtATime) {
-  Edit();
-  desk.answers = {Answer::Cancel};
-  desk.beforeAnswer = [&] { // as a desktop's own menu or task list can
-    Choose("mnuFileOpen");
-    window->close();
-  };
-  Choose("mnuFileExit");
-  EXPECT_EQ(Happened(), Lines{question});
-  EXPECT_TRUE(window->isVisible());
-}
-
-TEST_F(ProgramTest, AboutTellsTheVersionAndOpensTheMakersPage) {
-  WhenDialogOpens([](QWidget* about) {
-    const QString version = about->findChild<QLabel*>("lblVersion")->text();
-    EXPECT_TRUE(version.contains(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+, on .+$"))) << version.toStdString();
-    auto* const link = about->findChild<QLabel*>("lblLink");
-    QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(link->fontMetrics().averageCharWidth() * 3, link->height() / 2));
-    about->findChild<QPushButton*>("cmdClose")->click();
-  });
-  Choose("mnuHelpAbout");
-  EXPECT_EQ(Happened(), Lines{"link https://www.calvorne-vtr.example/"});
-}
-
-TEST(DecimalSeparator, IsTheOneInWhichTheLocaleReadsFractions) {
-  EXPECT_EQ(DecimalSeparatorOf(QLocale(QLocale::English, QLocale::UnitedStates)), '.');
-  EXPECT_EQ(DecimalSeparatorOf(QLocale(QLocale::German, QLocale::Germany)), ',');
 }
 
 } // namespace

@@ -26,7 +26,6 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   std::deque<Answer> answers;                   // to questions
   std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
   FileQuestion lastQuestion;
-  std::optional<FontDescription> font;        // that the font dialog returns; nothing: cancelled
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
   PosixFileSystem files;
@@ -48,7 +47,7 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   void Close() override { showsProgress = false; }
   std::optional<std::string> AskOpen(const FileQuestion& question) override { return Ask(question); }
   std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
-  std::optional<FontDescription> AskFont(const FontDescription&) override { return font; }
+  std::optional<FontDescription> AskFont(const FontDescription&) override { return std::nullopt; }
   std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
   std::string PdfFile() override { return pdfFile; }
@@ -81,10 +80,7 @@ protected:
         MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, radio, input,
                      Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
                      [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
-                     [this](const WindowGeometry& geometry) { // at 96 dots an inch
-                       desk.happened.emplace_back("geometry");
-                       EXPECT_EQ(geometry.width, window->frameGeometry().width() * 15);
-                     },
+                     [this](const WindowGeometry&) { desk.happened.emplace_back("geometry"); },
                      [this](const std::string& page) { desk.happened.push_back("link " + page); }});
     window->show();
   }
@@ -94,12 +90,6 @@ protected:
   QToolButton* Button(const std::string& key) { return window->findChild<QToolButton*>(QString::fromStdString(key)); }
   std::string Status(int panel) {
     return window->findChild<QLabel*>(QStringLiteral("stbMain.Panels(%1)").arg(panel))->text().toStdString();
-  }
-  std::string StatusTip() { // of the port, as when the user points at it
-    auto* const port = window->findChild<QLabel*>("stbMain.Panels(2)");
-    QHelpEvent pointing(QEvent::ToolTip, {}, {});
-    QApplication::sendEvent(port, &pointing);
-    return port->toolTip().toStdString();
   }
   std::string Title() { return window->windowTitle().toStdString(); }
   std::string TitleOf(const std::string& name) { return "MR4500X Programming Software - " + Path(name); }

@@ -1,5 +1,4 @@
 #include "arguments.h"
-#include "configuration_texts.h"
 #include "terminal.h"
 
 #include <gtest/gtest.h>
@@ -41,14 +40,6 @@ TEST(TerminalTest, ProgressIsOneLineThatNeverGoesBack) {
   observer.Ended();
   const std::string text = "\rWrite data to the radio ... ";
   EXPECT_EQ(err.str(), text + "0 %" + text + "10 %" + text + "100 %\n");
-}
-
-TEST(ConfigurationJsonTest, ShowsAListWithoutAnItemForItsByte) {
-  RadioImage image;
-  ResetToDefaults(image, {2026, 1, 1, 0, 0, 0});
-  image.RadioSettingsBlock[1] = 0x0F;
-  const std::string json = ConfigurationJson(Decode(image, BuildFieldTexts('.')).configuration);
-  EXPECT_NE(json.find("\"tx_tot\": \"\","), std::string::npos) << json;
 }
 
 TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
