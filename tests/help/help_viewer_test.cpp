@@ -57,12 +57,10 @@ TEST_F(HelpViewerTest, TellsOneViewerWhatToShowUntilTheReaderClosesIt) {
 }
 
 TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
-  ASSERT_TRUE(QFile::copy(HelpFile().c_str(), folder.filePath("short.hlp")));
-  ASSERT_TRUE(QFile::resize(folder.filePath("short.hlp"), 1000));
-  Store("other.hlp", QByteArray(200, 'x'));
   QFile whole(HelpFile().c_str());
   ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
   QByteArray bytes = whole.readAll();
+  Store("short.hlp", bytes.first(1000));
   bytes[bytes.size() / 2] ^= 1;
   Store("middle.hlp", bytes);
   ASSERT_TRUE(QFile::copy(whole.fileName() + ".sha256", folder.filePath("middle.hlp.sha256")));
@@ -74,7 +72,6 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
       {"none.hlp", "true", "The help file %1 is missing."},
       {"short.hlp", "true", "The help file %1 is damaged or can't be read."},
       {"middle.hlp", "true", "The help file %1 is damaged or can't be read."},
-      {"other.hlp", "true", "The help file %1 is damaged or can't be read."},
       {".", "true", "The help file %1 is damaged or can't be read."},
       {"MR4500X.hlp", "no-such-viewer", "The help viewer is missing. Please install the package assistant-qt6."},
       {"MR4500X.hlp", broken, "The help viewer " + broken + " can't be started: "},

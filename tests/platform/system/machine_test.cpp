@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLocale>
+
 #include <algorithm>
 
 namespace mr4500x {
@@ -18,6 +20,11 @@ TEST(SteadyClock, WaitsEndNeverEarlyAndAddNoDelayOfTheirOwn) {
   }
   EXPECT_GE(least, 0us);
   EXPECT_LT(least, 500us);
+}
+
+TEST(DecimalSeparator, IsTheOneInWhichTheLocaleReadsFractions) {
+  EXPECT_EQ(DecimalSeparatorOf(QLocale(QLocale::English, QLocale::UnitedStates)), '.');
+  EXPECT_EQ(DecimalSeparatorOf(QLocale(QLocale::German, QLocale::Germany)), ',');
 }
 
 } // namespace mr4500x

@@ -1,14 +1,12 @@
 // The serial port over a real pseudo-terminal, whose other end the test holds.
 #include "qt_serial_port.h"
 
-#include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <algorithm>
 #include <cstdarg>
 #include <filesystem>
 #include <set>
-#include <thread>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -92,16 +90,7 @@ TEST_F(QtSerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
   Arrive(Bytes(2000, 0x55)); // more than one of Qt's portions
   EXPECT_EQ(m_port->TakeReceived(), Bytes(2000, 0x55));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-}
-
-TEST_F(QtSerialPortTest, ReceivesWhatTheEventLoopHasFetchedBefore) {
-  int count = 0;
-  const QCoreApplication application(count, nullptr);
-  Open();
-  Arrive({1, 2, 3});
-  QCoreApplication::processEvents();
-  Arrive({4});
-  EXPECT_EQ(m_port->TakeReceived(), (Bytes{1, 2, 3, 4}));
+  EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled()) << "opening switches Qt's own warnings off";
 }
 
 TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
@@ -124,14 +113,6 @@ TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
   EXPECT_EQ(left.size(), much.size() - waiting + 1);
 }
 
-TEST_F(QtSerialPortTest, DrainsTheDriver) {
-  m_port->AwaitSent();
-  EXPECT_EQ(std::exchange(drained, 0), 0) << "before it was opened";
-  Open();
-  m_port->AwaitSent();
-  EXPECT_EQ(std::exchange(drained, 0), 1);
-}
-
 TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
   const auto work = [&] { // first the discarding: it alone does nothing with the device
     return std::vector<bool>{m_port->DiscardTransmit(), m_port->BytesReceived().has_value(),
@@ -148,21 +129,23 @@ TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
   EXPECT_FALSE(m_port->IsOpen());
 }
 
-TEST_F(QtSerialPortTest, AppliesTheLineSettings) {
-  Open();
-  termios line{};
-  ASSERT_EQ(tcgetattr(m_slave, &line), 0);
-  EXPECT_EQ(cfgetospeed(&line), B9600);
-  EXPECT_NE(line.c_cflag & CSTOPB, 0U); // a pseudo-terminal keeps no parity
-}
-
-TEST_F(QtSerialPortTest, LowersTheControlLinesThatItsDeviceWantsLow) {
+TEST_F(QtSerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
+  m_port->AwaitSent();
+  EXPECT_EQ(drained, 0) << "before it was opened";
   for (const bool rts : {true, false})
     for (const bool dtr : {true, false}) {
       loweredLines.clear();
-      EXPECT_EQ(QtSerialPort([&](int) { return PortDevice{m_device, rts, dtr}; }).Open(Line), std::nullopt);
+      drained = 0;
+      QtSerialPort port([&](int) { return PortDevice{m_device, rts, dtr}; });
+      ASSERT_EQ(port.Open(Line), std::nullopt);
       EXPECT_EQ(loweredLines.contains(TIOCM_RTS), !rts);
       EXPECT_EQ(loweredLines.contains(TIOCM_DTR), !dtr);
+      termios line{};
+      ASSERT_EQ(tcgetattr(m_slave, &line), 0);
+      EXPECT_EQ(cfgetospeed(&line), B9600);
+      EXPECT_NE(line.c_cflag & CSTOPB, 0U); // a pseudo-terminal keeps no parity
+      port.AwaitSent();
+      EXPECT_EQ(drained, 1);
     }
 }
 
@@ -174,17 +157,6 @@ TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
     EXPECT_GT(description.value_or("").size(), 5U) << device;
     EXPECT_FALSE(port.IsOpen()) << device;
   }
-}
-
-// Opening switches some warnings of Qt's off, for the whole program; afterwards they are on again.
-TEST_F(QtSerialPortTest, TwoThreadsCanOpenPortsAtOnce) {
-  const auto open = [] {
-    QtSerialPort none("/dev/no-such-device");
-    for (int i = 0; i < 2000; ++i)
-      EXPECT_NE(none.Open(Line), std::nullopt);
-  };
-  { const std::jthread first(open), second(open); }
-  EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled());
 }
 
 TEST_F(QtSerialPortTest, KeepsADeviceToItselfUnderEveryName) {
