@@ -199,6 +199,13 @@ TEST(ExchangeFault, IsSurvivedInEveryWayAtEveryAnswerOfEveryExchange) {
   EXPECT_EQ(cases, 1892);
 }
 
+TEST(ExchangeFault, GivesUpSendingAfterTwoSeconds) {
+  Desk desk;
+  desk.radio.open = desk.radio.stuck = true;
+  EXPECT_FALSE(desk.line.Send(EndPacket));
+  EXPECT_EQ(desk.radio.now, 2s);
+}
+
 // Whichever operation the port fails at, the failure is noticed, and the later it comes the later its phase.
 TEST(ExchangeFault, IsNoticedAtEveryOperationOfThePort) {
   for (const Transfer transfer : {Read, Write, ReadInfo, WriteInfo}) {

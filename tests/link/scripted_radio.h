@@ -145,10 +145,10 @@ struct Desk final : ExchangeObserver {
     maximum = questions = completions = 0;
     values.clear();
     const auto now = [] { return LocalTime{2004, 11, 4, 9, 5, 7}; };
-    const ExchangeResult result = transfer == Transfer::Read       ? ReadRadio(line, image, *this)
-                                  : transfer == Transfer::Write    ? WriteRadio(line, image, now, *this)
-                                  : transfer == Transfer::ReadInfo ? ReadEmbeddedInfo(line, image, *this)
-                                                                   : WriteEmbeddedInfo(line, image, *this);
+    ExchangeResult result = transfer == Transfer::Read       ? ReadRadio(line, image, *this)
+                            : transfer == Transfer::Write    ? WriteRadio(line, image, now, *this)
+                            : transfer == Transfer::ReadInfo ? ReadEmbeddedInfo(line, image, *this)
+                                                             : WriteEmbeddedInfo(line, image, *this);
     Require(result.transfer == transfer && result.port == "COM3", "a result names its transfer and its port");
     Require(!showsProgress && !radio.open, "nothing of an exchange stays open");
     return result;
