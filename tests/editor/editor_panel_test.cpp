@@ -56,29 +56,29 @@ TEST_F(PanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
 constexpr int RxSelCall = 3, TxFreq = 6, TxSelCall = 9, GroupCall = 13; // columns of the table
 
 TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
-  image.ChannelBlock(0, 0) |= 0x04;
-  image.ChannelBlock(0, 13) = 3;
-  image.ChannelBlock(0, 15) = 0x11;
-  panel.Fill();
   panel.ShowFunctionView();
   auto& mode = List("cboRadio(0)");
-  EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3");
   Click(ttsTable, 4, 1);
   QTest::keyClicks(&Box("txtTTSFreq"), "700");
+  EXPECT_NE(QAccessible::queryAccessibleInterface(&Get<QWidget>("fraTTS"))
+                ->indexOfChild(QAccessible::queryAccessibleInterface(&Box("txtTTSFreq"))),
+            -1)
+      << "screen readers find the editor";
   for (const bool fiveTone : {true, false}) {
+    for (const int column : {RxSelCall, TxSelCall, GroupCall})
+      channels.item(0, column)->setText("TTS 3");
+    mode.setCurrentIndex(fiveTone ? 0 : 1); // as it is
+    EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3");
     mode.setCurrentIndex(fiveTone ? 1 : 0);
+    for (const int column : {RxSelCall, TxSelCall, GroupCall})
+      EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
     EXPECT_TRUE(List("cboFive").isEnabled() == fiveTone && ttsTable.isEnabled() == !fiveTone);
     EXPECT_TRUE(Box("txtTTSFreq").isHidden() && Cell(ttsTable, 4, 1) == "675") << "the open editor is dropped";
-    for (const int column : {RxSelCall, GroupCall}) {
-      EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
-      channels.item(0, column)->setText("TTS 3");
-    }
-    mode.setCurrentIndex(fiveTone ? 1 : 0);
-    EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3") << "the mode is the same";
   }
 }
 
-// The image still holds the codes of the mode that it was filled with.
+// The image still holds the codes of the mode that it was filled with. A refused entry brings the filled limit back,
+// which is then not the one in force any more.
 TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
   WriteSetting(image, Setting::SelcallMode, 0);
   image.ChannelBlock(0, 0) |= 0x04;
@@ -86,25 +86,25 @@ TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
   panel.Fill();
   EXPECT_EQ(Cell(channels, 0, RxSelCall), "5T 33333");
   List("cboRadio(0)").setCurrentText("TTS");
-  for (const bool yes : {false, true}) {
-    messages.answer = yes ? Answer::Yes : Answer::No;
-    Type("txtFreqBandL", "100");
-    GoElsewhere();
-    EXPECT_EQ(messages.Taken(), Lines{"!|Frequency Band Change|Change the lower limit value, all data will be "
-                                      "initiated. Do you want to continue?|YN"});
-    EXPECT_EQ(Text("txtFreqBandL"), yes ? "136" : "440");
-    EXPECT_EQ(Cell(channels, 9, TxFreq), yes ? "136.00000" : "440.00000") << yes;
-    for (const int column : {RxSelCall, TxSelCall, GroupCall})
-      EXPECT_EQ(Cell(channels, 0, column), "OFF") << column;
-  }
-  // A refused entry brings the filled limit back, which is not the one in force any more.
-  for (const bool yes : {false, true}) {
-    messages.answer = yes ? Answer::Yes : Answer::No;
-    Type("txtFreqBandL", "");
-    GoElsewhere();
-    EXPECT_EQ(messages.Taken().size(), 2U) << "the refusal and the question";
-    EXPECT_EQ(Text("txtFreqBandL"), yes ? "440" : "136");
-    EXPECT_EQ(Cell(channels, 9, TxFreq), yes ? "440.00000" : "136.00000");
+  const std::string question = "!|Frequency Band Change|Change the lower limit value, all data will be initiated. Do "
+                               "you want to continue?|YN";
+  const std::tuple<const char*, std::string, std::string, std::size_t> cases[] = {{"100", "440", "136", 1},
+                                                                                  {"", "136", "440", 2}};
+  for (const auto& [typed, before, after, messageCount] : cases) {
+    for (const bool yes : {false, true}) {
+      SCOPED_TRACE(std::string(typed) + (yes ? " yes" : " no"));
+      messages.answer = yes ? Answer::Yes : Answer::No;
+      for (const int column : {RxSelCall, TxSelCall, GroupCall})
+        channels.item(0, column)->setText("TTS 3");
+      Type("txtFreqBandL", typed);
+      GoElsewhere();
+      EXPECT_EQ(messages.shown.size(), messageCount) << "the refusal and the question";
+      EXPECT_EQ(messages.Taken().back(), question);
+      EXPECT_EQ(Text("txtFreqBandL"), yes ? after : before);
+      EXPECT_EQ(Cell(channels, 9, TxFreq), (yes ? after : before) + ".00000");
+      for (const int column : {RxSelCall, TxSelCall, GroupCall})
+        EXPECT_EQ(Cell(channels, 0, column), yes ? "OFF" : "TTS 3") << column;
+    }
   }
 }
 
@@ -143,40 +143,21 @@ TEST_F(PanelTest, AClickThatRaisesAMessageStillCounts) {
   }
 }
 
-// As on a small screen: the current cell is in view, and so are the labels of its row and column.
+// As on a small screen: the last cell comes into view, and so do the labels of its row and column.
 TEST_F(PanelTest, TheCurrentCellKeepsItsLabelsInAScrolledPanel) {
   QScrollArea area;
   area.setWidget(&panel);
   area.resize(300, 200);
   area.show();
   panel.show();
-  for (auto* const table : {&channels, &ttsTable}) {
-    table == &channels ? panel.ShowChannelView() : panel.ShowFunctionView();
-    QCoreApplication::processEvents();
-    for (const auto& [row, column] : {std::pair{table->rowCount() - 1, table->columnCount() - 1}, {4, 3}, {0, 1}}) {
-      SCOPED_TRACE(table->objectName().toStdString() + std::to_string(row));
-      table->setCurrentCell(row, column);
-      const QPoint cell = table->visualItemRect(table->item(row, column)).center();
-      EXPECT_TRUE(table->viewport()->visibleRegion().contains(cell));
-      const QWidget *const rows = table->verticalHeader()->viewport(), *const columns =
-                                                                           table->horizontalHeader()->viewport();
-      EXPECT_TRUE(rows->visibleRegion().contains({1, cell.y()}));
-      EXPECT_TRUE(columns->visibleRegion().contains({cell.x(), 1}));
-    }
-  }
+  QCoreApplication::processEvents();
+  const int row = channels.rowCount() - 1, column = channels.columnCount() - 1;
+  channels.setCurrentCell(row, column);
+  const QPoint cell = channels.visualItemRect(channels.item(row, column)).center();
+  EXPECT_TRUE(channels.viewport()->visibleRegion().contains(cell));
+  EXPECT_TRUE(channels.verticalHeader()->viewport()->visibleRegion().contains({1, cell.y()}));
+  EXPECT_TRUE(channels.horizontalHeader()->viewport()->visibleRegion().contains({cell.x(), 1}));
   area.takeWidget()->setParent(&window);
-}
-
-TEST_F(PanelTest, ScreenReadersFindTheEditorsOfTheTableAndNoFocusInAHiddenOne) {
-  QAccessibleInterface* const frame = QAccessible::queryAccessibleInterface(&Get<QWidget>("fraTTS"));
-  panel.ShowFunctionView();
-  Click(ttsTable, 2, 1);
-  EXPECT_GE(frame->indexOfChild(QAccessible::queryAccessibleInterface(&Box("txtTTSFreq"))), 0);
-  for (const bool function : {true, false}) {
-    function ? panel.ShowFunctionView() : panel.ShowChannelView();
-    EXPECT_EQ(channels.currentIndex().isValid(), !function);
-    EXPECT_EQ(ttsTable.currentIndex().isValid(), function);
-  }
 }
 
 } // namespace

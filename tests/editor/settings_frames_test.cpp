@@ -5,8 +5,6 @@
 
 #include <QCheckBox>
 #include <QHeaderView>
-#include <QLabel>
-#include <QMenu>
 #include <QSpinBox>
 
 namespace mr4500x {
@@ -74,34 +72,6 @@ TEST_F(SettingsTest, EveryBoxLimitsOrRefusesItsEntry) {
   }
 }
 
-TEST_F(SettingsTest, PttIdDecidesWhichIdBoxesAreInUse) {
-  const std::string unused = std::string(NoNumberText) + " disabled";
-  for (const auto& [choice, connect, disconnect] : {std::tuple{"Connect ID", std::string("12"), unused},
-                                                    {"Disconnect ID", unused, "34"},
-                                                    {"OFF", unused, unused}}) {
-    List("cboRadio(9)").setCurrentText("Both");
-    Type("txtConnect", "12");
-    Type("txtDisconnect", "34");
-    List("cboRadio(9)").setCurrentText(choice);
-    EXPECT_EQ(Text("txtConnect") + Text("txtDisconnect"), connect + disconnect) << choice;
-  }
-}
-
-TEST_F(SettingsTest, AnIdBoxSelectsItsDashesAndTrimsWhatItsMenuPastes) {
-  QLineEdit& box = Box("txtANI");
-  for (const bool byMouse : {true, false}) {
-    GoElsewhere();
-    byMouse ? QTest::mouseClick(&box, Qt::LeftButton) : box.setFocus(Qt::OtherFocusReason);
-    EXPECT_EQ(box.selectedText(), NoNumberText.data()) << byMouse;
-  }
-  QApplication::clipboard()->setText(" 12\n");
-  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
-  QApplication::sendEvent(&box, &asked);
-  for (QAction* const action : box.findChild<QMenu*>()->actions())
-    if (action->text().startsWith("&Paste")) action->trigger();
-  EXPECT_EQ(Text("txtANI"), "12");
-}
-
 TEST_F(SettingsTest, AClickOnAnArrowIsOneStepHoweverLong) {
   Type("txtResetTime", "");
   const QPoint up(arrows.width() / 2, arrows.height() / 4);
@@ -122,6 +92,10 @@ TEST_F(SettingsTest, EachChangeIsToldOnceButNoTypedId) {
   Type("txtResetTime", "12");
   QTest::mouseClick(&off, Qt::LeftButton, {}, {8, off.height() / 2});
   EXPECT_EQ(changed.count(), 4);
+  List("cboRadio(9)").setCurrentText("Both");
+  Type("txtConnect", "12");
+  List("cboRadio(9)").setCurrentText("Disconnect ID"); // which takes "Connect ID" out of use
+  EXPECT_EQ(Text("txtConnect") + Text("txtDisconnect"), std::string(None) + " disabled" + None);
   image.ResetTimeBlock = {0, 1, 9};
   panel.Fill();
   EXPECT_EQ(Text("txtResetTime"), "12 disabled") << "a fill under OFF leaves the text";
@@ -134,36 +108,25 @@ TEST_F(SettingsTest, EachChangeIsToldOnceButNoTypedId) {
 
 constexpr int Scan = 2, TalkAround = 5, LongBReverse = 5; // of the lists with a special function
 
-TEST_F(SettingsTest, ASpecialKeyReplacesTheOtherListOrTakesItOutOfUse) {
+TEST_F(SettingsTest, KeysExcludeEachOther) {
   for (const auto& [list, other, fixed] :
        {std::tuple{"cboKey(0)", "cboKey(1)", "cboKey(11)"}, std::tuple{"cboKey(1)", "cboKey(0)", "cboKey(10)"}}) {
     for (const int position : {KeySpecial, Scan}) {
       Pick(list, position);
-      EXPECT_TRUE(List(position == KeySpecial ? fixed : other).isVisible()) << other << position;
-      EXPECT_TRUE(List(position == KeySpecial ? other : fixed).isHidden()) << other << position;
-      const auto labels = panel.findChildren<QLabel*>();
-      EXPECT_TRUE(std::ranges::any_of(labels, [&, shown = position == KeySpecial ? fixed : other](
-                                                  const QLabel* label) { return label->buddy() == &List(shown); }))
-          << other << position;
+      EXPECT_EQ(List(fixed).isVisible(), position == KeySpecial) << other;
+      EXPECT_EQ(List(other).isHidden(), position == KeySpecial) << other;
     }
   }
-  for (const auto& [shortList, longList] : {std::pair{"cboKey(2)", "cboKey(3)"}, {"cboKey(4)", "cboKey(5)"}}) {
-    Pick(longList, LongBReverse); // a key out of use does not count: no message for the second
-    Pick(shortList, KeySpecial);
-    EXPECT_FALSE(List(longList).isEnabled()) << longList;
-    EXPECT_EQ(List(longList).currentIndex(), LongBReverse);
-  }
-  EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_F(SettingsTest, ASecondTalkAroundOrReverseGoesBack) {
-  Pick("cboKey(0)", TalkAround);
-  Pick("cboKey(3)", 1);
   Pick("cboKey(3)", LongBReverse);
+  Pick("cboKey(2)", KeySpecial);
+  EXPECT_FALSE(List("cboKey(3)").isEnabled());
+  Pick("cboKey(5)", LongBReverse); // a key out of use does not count
+  EXPECT_TRUE(messages.shown.empty());
+  Pick("cboKey(0)", TalkAround);
   EXPECT_EQ(messages.Taken(), Lines{"!|Talk Around Or Reverse|Talk Around or Reverse can't be present at the same "
                                     "time.If one key has been set to Talk Around or Reverse,any other key must not be "
                                     "set to Talk Around or Reverse."});
-  EXPECT_EQ(List("cboKey(3)").currentIndex(), 1);
+  EXPECT_EQ(List("cboKey(0)").currentIndex(), Scan) << "goes back";
 }
 
 struct TtsTableTest : SettingsTest {
