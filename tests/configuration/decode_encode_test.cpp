@@ -132,15 +132,6 @@ TEST_F(DecodeEncodeTest, KeyBytes) {
     Collect();
     EXPECT_TRUE(std::ranges::equal(c.collected, std::span(image.KeyProgramBlock).first<6>()));
   }
-  values.keys = {};
-  static_cast<void>(SelectKey(values.keys, LongB, 1));
-  static_cast<void>(SelectKey(values.keys, ShortB, KeySpecial));
-  values.keys.selection[LongA] = KeySpecial; // beside another Short A, as the rules' order can leave it
-  values.keys.selection[ShortA] = 2;
-  Collect();
-  EXPECT_TRUE(std::ranges::equal(std::to_array({0xC1, 0xC2, 0xC0, 0x00}), std::span(image.KeyProgramBlock).first<4>()));
-  EXPECT_EQ(values.keys.selection[LongB], 1); // still shown
-  EXPECT_EQ(values.keys.selection[ShortA], KeySpecial);
 }
 
 TEST_F(DecodeEncodeTest, AStandardOfZeroEndsTheFill) {

@@ -27,31 +27,6 @@ TEST(ChannelRecordTest, TextsWithACommaBuildTheRecordAndComeBack) {
   EXPECT_EQ(TextsOfChannel(image, 2, texts), shown);
 }
 
-TEST(ChannelRecordTest, FrequenciesAreCountedInSteps) {
-  const FieldTexts texts = BuildFieldTexts('.');
-  const struct {
-    const char *text, *step;
-    Bytes count;
-    const char* back;
-  } cases[] = {
-      {"520.00000", "2.5", {0x80, 0x2C, 0x03}, "520.00000"},
-      {"136.00875", "2.5", {0x84, 0xD4, 0x00}, "136.01000"}, // 54403.5 steps: the even count
-      {"145.55125", "2.5", {0x6C, 0xE3, 0x00}, "145.55000"},
-      {"655.36000", "2.5", {0x00, 0x00, 0x00}, "000.00000"}, // 2^18 does not fit the 18 bits written
-      {"655.35750", "2.5", {0xFF, 0xFF, 0x03}, "655.35750"},
-  };
-  for (const auto& c : cases) {
-    RadioImage image;
-    ChannelTexts shown = TextsOfChannel(image, 0, texts);
-    shown[C::TxFreq] = c.text;
-    shown[C::TxStep] = c.step;
-    RecordFromTexts(image, 0, shown, texts);
-    const Bytes row = Record(image, 0);
-    EXPECT_EQ(Bytes(row.begin() + 7, row.begin() + 10), c.count) << c.text;
-    EXPECT_EQ(TextsOfChannel(image, 0, texts)[C::TxFreq], c.back);
-  }
-}
-
 TEST(ChannelRecordTest, StrangeStepsAndLongCountsFromARadio) {
   const FieldTexts texts = BuildFieldTexts('.');
   RadioImage image;

@@ -28,13 +28,10 @@ TEST(EmbeddedInfoTest, CutsBackToTheTopSize) {
   } cases[] = {
       {"119 stay", Inserted(117, 50, line), Inserted(117, 50, line)},
       {"one typed at the end", Inserted(119, 119, u"+"), Inserted(119, 119, u"")},
-      {"one typed at the start", Inserted(119, 0, u"+"), Inserted(119, 0, u"")},
       {"ten pasted", Inserted(115, 60, digits), {Text(Units(115).insert(60, u"012345678"), 0, 119), 69}},
-      {"ten pasted at the end", Inserted(115, 115, digits), {Units(115) + u"0123", 119}},
       {"no character before the caret", {Units(1000), 0}, {Units(119), 0}},
       {"a pair before the caret", Inserted(118, 50, smile), Inserted(118, 50, u"")},
       {"the caret in a pair", {Units(50) + smile + Units(80), 51}, {Units(50) + Units(69), 50}},
-      {"a pair up to the limit", {Units(118) + smile + u"x", 10}, {Units(9) + Units(118).substr(10) + smile, 9}},
       {"a pair across the limit", {Units(119) + smile, 10}, {Units(9) + Units(119).substr(10), 9}},
       {"a line end across the limit", {Units(119) + line, 10}, {Units(9) + Units(119).substr(10), 9}},
       {"half a pair", {Units(119) + u"\xD83D", 10}, {Units(9) + Units(119).substr(10) + u"\xD83D", 9}},
@@ -44,24 +41,6 @@ TEST(EmbeddedInfoTest, CutsBackToTheTopSize) {
     EmbeddedEntry cut = entry;
     EXPECT_EQ(CutToTopSize(cut), entry.text.size() > 119) << name;
     EXPECT_EQ(cut, expected) << name;
-  }
-}
-
-TEST(EmbeddedInfoTest, StoresEveryLineEndAsTwoCharacters) {
-  const struct {
-    const char* name;
-    Text shown, stored;
-    std::size_t length; // in the box again
-  } cases[] = {
-      {"nothing", u"", u"", 0},
-      {"separators of Unicode", u"\u2029\u2028", u"\r\n\r\n", 2},
-      {"single and mixed", u"\r\n\r\r\n\n", u"\r\n\r\n\r\n\r\n", 4},
-      {"zero characters", Text(u"a\0b\0", 4), u"ab", 2},
-      {"anything else", u"\u00A0\t\x01\xD83D", u"\u00A0\t\x01\xD83D", 4},
-  };
-  for (const auto& [name, shown, stored, length] : cases) {
-    EXPECT_EQ(TextToStore(shown), stored) << name;
-    EXPECT_EQ(ShownLength(stored), length) << name;
   }
 }
 
