@@ -84,32 +84,17 @@ TEST_F(KeptCopiesTest, NothingIsOfferedFromADamagedCopy) {
 }
 
 TEST_F(KeptCopiesTest, NoFailingCallLosesTheCopy) {
-  struct Case {
-    const char* name;
-    void (*act)(KeptCopies&);
-  };
-  const Case cases[] = {{"take",
-                         [](KeptCopies& copies) {
-                           if (copies.NextLeft()) copies.TakeLeft();
-                         }},
-                        {"put aside",
-                         [](KeptCopies& copies) {
-                           if (copies.NextLeft()) copies.PutLeftAside();
-                         }},
-                        {"replace", [](KeptCopies& copies) {
-                           if (copies.NextLeft()) copies.TakeLeft();
-                           static_cast<void>(copies.Keep(Copy("2026-11-25 04:10:34")));
-                         }}};
-  for (const auto& [name, act] : cases)
+  for (const std::string act : {"take", "put aside", "replace"})
     for (int call = 1, calls = call; call <= calls; ++call) {
-      SCOPED_TRACE(name + (" with call " + std::to_string(call)) + " failing");
+      SCOPED_TRACE(act + (" with call " + std::to_string(call)) + " failing");
       std::filesystem::remove_all(Folder());
       LeaveCopy("2026-11-25 04:10:33");
       FaultyFileSystem faulty;
       faulty.failAt = call;
       {
         KeptCopies copies(faulty, Folder());
-        act(copies);
+        if (copies.NextLeft()) act == "put aside" ? copies.PutLeftAside() : copies.TakeLeft();
+        if (act == "replace") static_cast<void>(copies.Keep(Copy("2026-11-25 04:10:34")));
       }
       calls = faulty.calls;
       const auto names = Kept();

@@ -5,16 +5,6 @@
 
 namespace mr4500x {
 
-TEST_F(FilesTest, SettingsStandUnderTheirKeys) {
-  EXPECT_TRUE(StoreSettings(files, Path("MR4500X.ini"), 7, "/data/a.K4X"));
-  EXPECT_EQ(Content("MR4500X.ini"), "[Comm Port]\nCommon Port=7\n[File Name]\nDefault File=/data/a.K4X\n");
-  Put("MR4500X.ini", "[COM1]\nCOM2=/wrong\n[Port Devices]\ncom1=/dev/ttyUSB0\nCOM16 = /dev/ttyS3\n");
-  std::array<std::string, 16> devices;
-  devices[0] = "/dev/ttyUSB0";
-  devices[15] = "/dev/ttyS3";
-  EXPECT_EQ(PortDevices(files, Path("MR4500X.ini")), devices);
-}
-
 // In the lists "-" is a slot that has no key yet.
 TEST_F(FilesTest, RecentFilesShiftSlotBySlot) {
   using Slots = std::array<const char*, 4>;

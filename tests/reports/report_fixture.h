@@ -9,9 +9,7 @@ namespace mr4500x {
 
 inline Configuration NewValues() {
   RadioImage image;
-  Configuration values;
-  values = NewConfiguration(image, BuildFieldTexts('.'), {2026, 11, 24, 9, 5, 7});
-  return values;
+  return NewConfiguration(image, BuildFieldTexts('.'), {2026, 11, 24, 9, 5, 7});
 }
 
 // All channels in use, the longest texts that the fields can have, 5-tone signaling.
@@ -35,14 +33,6 @@ inline Configuration FullValues() {
 
 inline ReportTexts TextsOf(const Configuration& values, std::u16string_view embedded = {}) {
   return ReportTextsOf(values, embedded, "24 Nov 2026 09:05:07");
-}
-
-// A text of 119 characters that is as high as one can be.
-inline std::u16string HighText() {
-  std::u16string text = u"Top";
-  while (text.size() + 2 <= 119)
-    text += u"\r\n";
-  return text;
 }
 
 } // namespace mr4500x
