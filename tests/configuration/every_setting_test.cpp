@@ -3,6 +3,7 @@
 // Whatever shows one field for another, or under another's label, differs from the texts in the folder every_setting.
 #include "configuration_texts.h"
 #include "editor_panel.h"
+#include "embedded_info.h"
 #include "report_pages.h"
 
 #include <QCheckBox>
@@ -223,12 +224,22 @@ TEST_P(EverySettingTest, CollectsTheBytesAgain) {
   EXPECT_EQ(ShownOf(blank).lists, configuration.lists);
 }
 
-TEST(NewConfigurationTest, HasTheDefaults) {
-  RadioImage image;
-  ResetToDefaults(image, {2004, 11, 4, 9, 5, 7});
-  EXPECT_EQ(image.EmbeddedInfoBlock.length, 0U);
-  image.EmbeddedInfoBlock.length = EmbeddedInfoCapacity;
-  ExpectBytes(image, ReadImage("new/radio.hex"));
+TEST(NewConfigurationTest, HasTheDefaultsAndKeepsWhatHasNone) {
+  for (const std::uint8_t before : {std::uint8_t{0x00}, std::uint8_t{0xA5}}) {
+    RadioImage image, expected = ReadImage("new/radio.hex");
+    for (const BlockPlace& place : RecordMap)
+      std::ranges::fill(BlockBytes(image, place.block), before);
+    for (const ImageBlock kept :
+         {ImageBlock::RadioIdBlock, ImageBlock::FirmwareVersionBlock, ImageBlock::SelCallCodeBlock})
+      std::ranges::fill(BlockBytes(expected, kept), before);
+    std::fill(expected.ResetTimeBlock.begin() + 3, expected.ResetTimeBlock.end(), before);
+    expected.BandBlock[7] = before;
+    ResetToDefaults(image, {2004, 11, 4, 9, 5, 7});
+    EXPECT_EQ(image.EmbeddedInfoBlock.length, 0U);
+    EXPECT_EQ(LastProgrammingTime(image), "2004-11-04, 09:05:07");
+    image.EmbeddedInfoBlock = expected.EmbeddedInfoBlock;
+    ExpectBytes(image, expected);
+  }
 }
 
 TEST_P(EverySettingTest, IsInTheTable) {

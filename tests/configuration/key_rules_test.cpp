@@ -33,10 +33,7 @@ TEST(KeyRulesTest, PairsAndConflicts) {
       {"a long press under Monitor does not count", {{LongB, 4}, {ShortB, 1}, {ShortA, 5}}, {5, 0, 1, 4}},
       {"leaving Monitor makes it count", {{LongB, 4}, {ShortB, 1}, {ShortA, 5}, {ShortB, 2, refused}}, {5, 0, 1, 4}},
       {"under the pair keys A do not count", {{LongA, 5}, {ShortA, 1}, {ShortB, 5}}, {1, 5, 5}, FixedLongA},
-      {"and leaving the pair is refused",
-       {{LongA, 5}, {ShortA, 1}, {ShortB, 5}, {ShortA, 2, refused}},
-       {1, 5, 5},
-       FixedLongA},
+      {"leaving it is refused", {{LongA, 5}, {ShortA, 1}, {ShortB, 5}, {ShortA, 2, refused}}, {1, 5, 5}, FixedLongA},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.story);

@@ -111,13 +111,13 @@ TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
 // A message waits for the release of a click that leaves an invalid entry, and the click counts after it.
 TEST_F(PanelTest, AClickThatRaisesAMessageStillCounts) {
   const struct {
-    const char *name, *box, *keys, *clicked;
+    const char *name, *box, *keys;
     bool function;
-  } cases[] = {{"error", "txtFreqBandU", "", "chkCH(3)", false},
-               {"question, answered with Yes", "txtFreqBandL", "400", "chkCH(3)", false},
-               {"channel grid", "txtChFreq", "4.6.0", "chkCH(3)", false},
-               {"ID", "txtANI", "", "chkSignal", true},
-               {"TTS table", "txtTTSFreq", "", "chkSignal", true}};
+  } cases[] = {{"error", "txtFreqBandU", "", false},
+               {"question, answered with Yes", "txtFreqBandL", "400", false},
+               {"channel grid", "txtChFreq", "4.6.0", false},
+               {"ID", "txtANI", "", true},
+               {"TTS table", "txtTTSFreq", "", true}};
   for (const auto& row : cases) {
     SCOPED_TRACE(row.name);
     panel.FillReset({});
@@ -125,7 +125,7 @@ TEST_F(PanelTest, AClickThatRaisesAMessageStillCounts) {
     if (row.box == std::string("txtChFreq")) Click(channels, 0, 0);
     if (row.box == std::string("txtTTSFreq")) Click(ttsTable, 0, 1);
     Type(row.box, row.keys).insert(*row.keys == 0 && row.function ? "x" : "");
-    auto& clicked = Get<QCheckBox>(row.clicked);
+    auto& clicked = Get<QCheckBox>(row.function ? "chkSignal" : "chkCH(3)");
     const bool before = clicked.isChecked();
     bool released = false;
     messages.answer = Answer::Yes;

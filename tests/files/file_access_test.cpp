@@ -14,18 +14,6 @@ bool SaveNew(FileSystem& files, const std::string& path) {
 
 } // namespace
 
-TEST_F(FilesTest, SavingFollowsLinksAlsoToWhereNothingIsYet) {
-  std::filesystem::create_directory(Path("sub"));
-  std::filesystem::create_symlink("sub/second", Path("first"));
-  std::filesystem::create_symlink("../target", Path("sub/second"));
-  for (const char* before : {"nothing yet", "an older file"}) {
-    EXPECT_TRUE(SaveNew(files, Path("first"))) << before;
-    EXPECT_EQ(Content("target"), "new") << before;
-    EXPECT_EQ(Names(), (std::set<std::string>{"first", "sub", "target"})) << before;
-    Put("target", "an older file");
-  }
-}
-
 TEST_F(FilesTest, SavingRefusesWhatIsNoWritableFile) {
   Put("protected", "old");
   chmod(Path("protected").c_str(), 0444); // refused even to the superuser

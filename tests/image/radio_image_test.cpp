@@ -1,7 +1,5 @@
 #include "radio_image.h"
 
-#include "embedded_info.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,43 +9,19 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr LocalTime Moment = {2004, 11, 4, 9, 5, 7};
-
 Bytes BytesOf(std::span<const std::uint8_t> bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
-RadioImage FullImage() {
-  RadioImage image;
+TEST(RadioImageTest, ClearForReadingKeepsTheStampAndTheWorkBlock) {
+  RadioImage image, expected;
   for (const BlockPlace& place : RecordMap)
     std::ranges::fill(BlockBytes(image, place.block), std::uint8_t{0xA5});
   image.PatrolWorkBlock.fill(7);
-  return image;
-}
-
-TEST(RadioImageTest, ResetKeepsWhatHasNoDefault) {
-  const RadioImage before = FullImage();
-  RadioImage image = before;
-  ResetToDefaults(image, Moment);
-  EXPECT_EQ(image.BandBlock[7], 0xA5);
-  EXPECT_EQ(image.ResetTimeBlock, (std::array<std::uint8_t, 8>{0, 1, 1, 0xA5, 0xA5, 0xA5, 0xA5, 0xA5}));
-  for (const ImageBlock block :
-       {ImageBlock::RadioIdBlock, ImageBlock::FirmwareVersionBlock, ImageBlock::SelCallCodeBlock})
-    EXPECT_EQ(BytesOf(BlockBytes(image, block)), BytesOf(BlockBytes(before, block)));
-  EXPECT_EQ(BytesOf(*TakeRecord(image, 0x208)), (Bytes{'0', '9', '0', '5', '0', '7', 0, 0}));
-  EXPECT_EQ(LastProgrammingTime(image), "2004-11-04, 09:05:07");
-  for (const ImageBlock block : {ImageBlock::KeyProgramBlock, ImageBlock::PttIdBlock, ImageBlock::EmergencyAniBlock})
-    EXPECT_TRUE(std::ranges::all_of(BlockBytes(image, block), [](int byte) { return byte == 0; }));
-}
-
-TEST(RadioImageTest, ClearForReadingKeepsTheStampAndTheWorkBlock) {
-  const RadioImage before = FullImage();
-  RadioImage image = before;
+  expected.WriteStampBlock = image.WriteStampBlock;
+  expected.PatrolWorkBlock.fill(7);
   image.EmbeddedInfoBlock.length = 4;
   ClearForReading(image);
-  RadioImage expected;
-  expected.WriteStampBlock = before.WriteStampBlock;
-  expected.PatrolWorkBlock.fill(7);
   EXPECT_EQ(image, expected);
 }
 
