@@ -26,7 +26,6 @@ TEST(EmbeddedInfoTest, CutsBackToTheTopSize) {
     const char* name;
     EmbeddedEntry entry, expected;
   } cases[] = {
-      {"119 stay", Inserted(117, 50, line), Inserted(117, 50, line)},
       {"one typed at the end", Inserted(119, 119, u"+"), Inserted(119, 119, u"")},
       {"ten pasted", Inserted(115, 60, digits), {Text(Units(115).insert(60, u"012345678"), 0, 119), 69}},
       {"no character before the caret", {Units(1000), 0}, {Units(119), 0}},

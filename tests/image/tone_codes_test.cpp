@@ -7,16 +7,6 @@
 namespace mr4500x {
 namespace {
 
-TEST(ToneTextTest, ListsEveryChoiceInOrder) {
-  const std::vector<std::string> list = BuildFieldTexts('.').ToneChoiceList;
-  ASSERT_EQ(list.size(), 206U);
-  const std::pair<std::size_t, const char*> entries[] = {{1, "OFF"},       {2, "CTC67.0"},  {13, "CTC100.0"},
-                                                         {40, "CTC69.3"},  {41, "DCS023"},  {123, "DCS754"},
-                                                         {124, "-DCS023"}, {206, "-DCS754"}};
-  for (const auto& [number, text] : entries)
-    EXPECT_EQ(list[number - 1], text);
-}
-
 TEST(ToneTextTest, ReadsAndWritesTheBits) {
   const FieldTexts texts = BuildFieldTexts('.');
   const struct {
