@@ -15,8 +15,8 @@ TEST(PortChoice, IsTheOneInUseElseTheLowestThatWorks) {
     int number, preselected;
   } cases[] = {{"its own", 4, {1, 4}, 4, 4}, {"not its own", 3, {16, 9}, 9, 9}, {"none works", 5, {}, 0, 1}};
   for (const auto& [name, current, working, number, preselected] : cases) {
-    const PortChoice choice =
-        ChoosePort(current, [&](int n) { return std::ranges::find(working, n) != working.end(); });
+    const auto works = [&ports = working](int n) { return std::ranges::find(ports, n) != ports.end(); };
+    const PortChoice choice = ChoosePort(current, works);
     EXPECT_EQ(choice.number, number) << name;
     EXPECT_EQ(choice.preselected, preselected) << name;
   }
