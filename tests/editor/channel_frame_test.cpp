@@ -69,5 +69,19 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
   EXPECT_EQ(Cell(1, 12), "OFF");
 }
 
+TEST_F(ChannelTest, DownInTheCheckBoxesGoesToTheNextChannelInUse) {
+  Get<QCheckBox>("chkCH(1)").setChecked(true); // its "No Tx" is disabled
+  const std::tuple<const char*, Qt::Key, const char*> cases[] = {{"chkCH(0)", Qt::Key_Down, "chkCH(1)"},
+                                                                 {"chkTx(0)", Qt::Key_Down, "chkTx(2)"},
+                                                                 {"chkTx(2)", Qt::Key_Up, "chkTx(0)"},
+                                                                 {"chkCH(0)", Qt::Key_Up, "chkCH(0)"},
+                                                                 {"chkTx(15)", Qt::Key_Down, "chkTx(15)"}};
+  for (const auto& [from, key, to] : cases) {
+    Get<QCheckBox>(from).setFocus();
+    QTest::keyClick(window.focusWidget(), key);
+    EXPECT_EQ(window.focusWidget()->objectName(), to) << from;
+  }
+}
+
 } // namespace
 } // namespace mr4500x

@@ -4,6 +4,7 @@
 #include "key_rules.h"
 
 #include <QCheckBox>
+#include <QMenu>
 #include <QSpinBox>
 
 namespace mr4500x {
@@ -69,6 +70,21 @@ TEST_F(SettingsTest, EveryBoxLimitsOrRefusesItsEntry) {
     EXPECT_EQ(Text(control), becomes);
     EXPECT_EQ(messages.Taken(), ErrorMessage(error));
   }
+}
+
+TEST_F(SettingsTest, AnIdBoxSelectsItsDashesAndTrimsWhatItsMenuPastes) {
+  QLineEdit& box = Box("txtANI");
+  for (const bool byMouse : {true, false}) {
+    GoElsewhere();
+    byMouse ? QTest::mouseClick(&box, Qt::LeftButton) : box.setFocus(Qt::OtherFocusReason);
+    EXPECT_EQ(box.selectedText(), NoNumberText.data()) << byMouse;
+  }
+  QApplication::clipboard()->setText(" 12\n");
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(&box, &asked);
+  for (QAction* const action : box.findChild<QMenu*>()->actions())
+    if (action->text().startsWith("&Paste")) action->trigger();
+  EXPECT_EQ(Text("txtANI"), "12");
 }
 
 TEST_F(SettingsTest, AClickOnAnArrowIsOneStepHoweverLong) {
