@@ -1,41 +1,11 @@
 #include "configuration_texts.h"
 
-#include "decimal.h"
 #include "differences.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
 namespace mr4500x {
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-Json ValueOf(const Configuration& configuration, FieldAt at) {
-  const std::string text = TextOf(configuration, at);
-  if (at.field->kind == FieldKind::YesNo) return text == "true";
-  if (at.field->kind != FieldKind::WholeNumber) return text;
-  const std::optional<int> number = ParseWhole(text); // none for "OFF"
-  return number ? Json(*number) : Json(text);
-}
-
-// A group that is an object, or one entry of an array.
-Json Entry(const Configuration& configuration, FieldGroup group, std::size_t entry) {
-  Json object = Json::object();
-  if (group == FieldGroup::Channels) object["number"] = entry;
-  for (const Field& field : Fields())
-    if (field.group == group) object[field.key] = ValueOf(configuration, {&field, entry});
-  return object;
-}
-
-Json Group(const Configuration& configuration, FieldGroup group) {
-  if (!IsArray(group)) return Entry(configuration, group, 1);
-  Json array = Json::array();
-  for (std::size_t entry = 1; entry <= EntriesOf(group); ++entry)
-    array.push_back(Entry(configuration, group, entry));
-  return array;
-}
 
 using Row = std::vector<std::string>;
 
@@ -86,16 +56,6 @@ std::vector<Row> GridRows(const Configuration& configuration, FieldGroup group, 
 }
 
 } // namespace
-
-std::string ConfigurationJson(const Configuration& configuration) {
-  Json document;
-  for (const Field& field : Fields())
-    if (field.group == FieldGroup::None)
-      document[field.key] = ValueOf(configuration, {&field, 1});
-    else if (!document.contains(NameOf(field.group)))
-      document[NameOf(field.group)] = Group(configuration, field.group);
-  return document.dump(2) + '\n';
-}
 
 std::string ConfigurationTable(const Configuration& configuration) {
   const auto setting = [&](FieldPlace place) { return SettingRow(configuration, FieldOf(place)); };

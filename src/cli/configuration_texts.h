@@ -1,12 +1,9 @@
-// The configuration as text.
+// The configuration as a text to read; configuration_json.h has it for scripts.
 #pragma once
 
 #include "configuration.h"
 
 namespace mr4500x {
-
-// A JSON document. Scripts rely on the keys and their order.
-[[nodiscard]] std::string ConfigurationJson(const Configuration& configuration);
 
 // Readable tables with the editor's labels.
 [[nodiscard]] std::string ConfigurationTable(const Configuration& configuration);

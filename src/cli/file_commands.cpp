@@ -1,6 +1,8 @@
 #include "file_commands.h"
 
+#include "configuration_json.h"
 #include "configuration_texts.h"
+#include "file_access.h"
 #include "fill_messages.h"
 #include "messages.h"
 
@@ -38,7 +40,12 @@ bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage
   return false;
 }
 
-ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& now, Terminal& terminal) {
+ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, const LocalTime& now,
+                  Terminal& terminal) {
+  if (!mayReplace && !IsMissing(files, path)) {
+    terminal.err << path << ": there is such a file already; --replace replaces it\n";
+    return ExitStatus::Failed;
+  }
   const FieldTexts texts = BuildFieldTexts(DecimalSeparator);
   RadioImage image;
   Encode(NewConfiguration(image, texts, now), image, texts); // as a save does

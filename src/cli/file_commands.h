@@ -11,8 +11,9 @@ namespace mr4500x {
 
 enum class ShowAs { Table, Json };
 
-// Writes the default configuration.
-[[nodiscard]] ExitStatus RunNew(FileSystem& files, const std::string& path, const LocalTime& now, Terminal& terminal);
+// Writes the default configuration. A file that is there is an error unless it may be replaced.
+[[nodiscard]] ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, const LocalTime& now,
+                                Terminal& terminal);
 
 // Prints every setting as the editor shows it, with "." as the decimal separator.
 [[nodiscard]] ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal);

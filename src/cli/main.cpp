@@ -1,9 +1,9 @@
 // mr4500x-cli: parses the command line and runs the command with the machine's serial port, files and clock.
 #include "arguments.h"
 #include "data_file.h"
+#include "declare_file_commands.h"
 #include "embedded_info.h"
 #include "end_signals.h"
-#include "file_commands.h"
 #include "fill_messages.h"
 #include "machine.h"
 #include "port_devices.h"
@@ -28,7 +28,6 @@ struct Arguments {
   std::string file;
   PortArgument port;
   std::u16string text;
-  bool json = false;
   bool acceptBand = false;
   std::string pdfFile;
   std::vector<std::string> reports;
@@ -129,14 +128,7 @@ void CommandLine::Declare(CLI::App& app) {
     parsed(sub, "PORT", given.port, PortOf, "port number 1 to 16, or the path of a device");
   };
 
-  file(command(app, "new", "Write the default configuration to FILE",
-               [this] { return RunNew(m_files, m_arguments.file, LocalNow(), m_terminal); }));
-
-  CLI::App* const show = command(app, "show", "Print every setting of FILE", [this] {
-    return RunShow(m_files, m_arguments.file, m_arguments.json ? ShowAs::Json : ShowAs::Table, m_terminal);
-  });
-  show->add_flag("--json", given.json, "as one JSON document");
-  file(show);
+  DeclareFileCommands(app, m_files, m_terminal, m_command);
 
   CLI::App* const read = command(app, "read", "Read the whole radio and store it in FILE", [this] {
     return WithRadio([this](const RadioCommand& radio) { return RunRead(radio, m_arguments.file); });

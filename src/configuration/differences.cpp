@@ -1,15 +1,66 @@
 #include "differences.h"
 
+#include <algorithm>
+#include <array>
+
 namespace mr4500x {
+namespace {
+
+struct ComparedBlock {
+  ImageBlock block;
+  std::string_view name;
+};
+constexpr std::array<ComparedBlock, 10> ComparedBlocks = {{
+    {ImageBlock::ChannelBlock, "ChannelBlock"},
+    {ImageBlock::RadioSettingsBlock, "RadioSettingsBlock"},
+    {ImageBlock::KeyProgramBlock, "KeyProgramBlock"},
+    {ImageBlock::PttIdBlock, "PttIdBlock"},
+    {ImageBlock::EmergencyAniBlock, "EmergencyAniBlock"},
+    {ImageBlock::TtsTimingBlock, "TtsTimingBlock"},
+    {ImageBlock::ResetTimeBlock, "ResetTimeBlock"},
+    {ImageBlock::ToneFrequencyBlock, "ToneFrequencyBlock"},
+    {ImageBlock::SelCallCodeBlock, "SelCallCodeBlock"},
+    {ImageBlock::BandBlock, "BandBlock"},
+}};
+
+RadioImage Encoded(RadioImage base, const Configuration& configuration, const FieldTexts& texts) {
+  Encode(configuration, base, texts);
+  return base;
+}
+
+std::string TextForComparison(const Configuration& configuration, FieldAt at) {
+  std::string text = ShownTextOf(configuration, at);
+  return text.empty() ? ValueOf(configuration, at) : text;
+}
+
+} // namespace
 
 std::vector<Difference> DifferencesBetween(const Configuration& before, const Configuration& after) {
   std::vector<Difference> differences;
   for (const Field& field : Fields())
     for (std::size_t entry = 1; entry <= EntriesOf(field.group); ++entry) {
       const FieldAt at{&field, entry};
-      std::string old = ShownTextOf(before, at), now = ShownTextOf(after, at);
+      std::string old = TextForComparison(before, at), now = TextForComparison(after, at);
       if (old != now) differences.push_back({at, std::move(old), std::move(now)});
     }
+  return differences;
+}
+
+ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after, const FieldTexts& texts) {
+  const Configuration old = Decode(before, texts).configuration, now = Decode(after, texts).configuration;
+  ImageDifferences differences{DifferencesBetween(old, now), {}};
+  // What the settings make of each image tells which bits they explain: those that follow the settings. A tone that is
+  // off has no bits of its own, so that both images are asked.
+  const std::array<RadioImage, 4> made = {Encoded(before, old, texts), Encoded(before, now, texts),
+                                          Encoded(after, old, texts), Encoded(after, now, texts)};
+  for (const auto& [block, name] : ComparedBlocks) {
+    const auto was = BlockBytes(before, block), is = BlockBytes(after, block);
+    const auto byte = [&](std::size_t image, std::size_t i) { return BlockBytes(made[image], block)[i]; };
+    for (std::size_t i = 0; i < was.size(); ++i) {
+      const int explained = (byte(0, i) ^ byte(1, i)) | (byte(2, i) ^ byte(3, i));
+      if (((was[i] ^ is[i]) & ~explained) != 0) differences.bytes.push_back({name, i, was[i], is[i]});
+    }
+  }
   return differences;
 }
 

@@ -1,4 +1,4 @@
-// What differs between two configurations, setting by setting, in the words of the windows.
+// What differs between two configurations, setting by setting, in the words of the windows, and between two images.
 #pragma once
 
 #include "fields.h"
@@ -10,11 +10,27 @@ namespace mr4500x {
 
 struct Difference {
   FieldAt at;
-  std::string before, after; // as ShownTextOf gives them
+  std::string before, after; // as ShownTextOf gives them; a code without a text as ValueOf gives it
 };
 
 // In the order of the table of settings. Identity number and firmware version are no settings.
 [[nodiscard]] std::vector<Difference> DifferencesBetween(const Configuration& before, const Configuration& after);
+
+// A byte that differs in bits that no setting explains.
+struct ByteDifference {
+  std::string_view block;
+  std::size_t offset = 0;
+  std::uint8_t before = 0, after = 0;
+};
+struct ImageDifferences {
+  std::vector<Difference> settings;
+  std::vector<ByteDifference> bytes;
+  [[nodiscard]] bool IsEmpty() const { return settings.empty() && bytes.empty(); }
+};
+// Compares what files hold and a write sends: not the radio's identity and firmware, the write stamp, the embedded
+// information and the file's own number FiveToneStandard.
+[[nodiscard]] ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after,
+                                             const FieldTexts& texts);
 
 // What a user calls a setting: "CH3 Rx Freq (MHz)", "TTS 2 Gap Time(s)", "Beep Enable".
 [[nodiscard]] std::string NameOf(FieldAt at);

@@ -1,5 +1,7 @@
 #include "fields.h"
 
+#include "decimal.h"
+
 #include <array>
 
 namespace mr4500x {
@@ -72,6 +74,7 @@ constexpr std::array<Field, 55> Table = {{
     {G::Channels, "bandwidth",          "Band With",           K::Choice,      C::BandWidth},
     {G::Channels, "group_call",         "Group Call",          K::Choice,      C::GroupCall},
 }};
+constexpr std::string_view CodeBegin = "{\"code\": ";
 constexpr std::array<std::string_view, 7> GroupNames = {"", "band", "global", "scan", "keys", "tts", "channels"};
 // clang-format on
 
@@ -154,6 +157,25 @@ std::string TextOf(const Configuration& configuration, FieldAt at) {
   if (at.field->kind != FieldKind::YesNo) return TextIn(held, at);
   const Flag flag = FlagIn(held, at);
   return *flag.box == flag.whenYes ? "true" : "false";
+}
+
+std::optional<std::uint8_t> UnlistedCodeOf(const Configuration& configuration, FieldAt at) {
+  if (const auto* const list = std::get_if<ChoiceList>(&at.field->place)) {
+    const Choice& choice = configuration[*list];
+    if (choice.position < 0) return choice.unlisted;
+  }
+  const auto* const key = std::get_if<Key>(&at.field->place);
+  if (key != nullptr && KeyTextOf(configuration, *key).empty()) return configuration.keyCodes[*key];
+  return std::nullopt;
+}
+
+std::string ValueOf(const Configuration& configuration, FieldAt at) {
+  const std::optional<std::uint8_t> code = UnlistedCodeOf(configuration, at);
+  return code ? std::string(CodeBegin) + std::to_string(*code) + '}' : TextOf(configuration, at);
+}
+
+std::optional<std::uint8_t> CodeIn(std::string_view value) {
+  return value.ends_with('}') ? ByteAfter(value.substr(0, value.size() - 1), CodeBegin) : std::nullopt;
 }
 
 } // namespace mr4500x

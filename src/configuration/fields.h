@@ -76,6 +76,12 @@ struct FieldAt {
 // As the editor shows it; "" for a list without a selection.
 [[nodiscard]] std::string TextOf(const Configuration& configuration, FieldAt at);
 
+// The stored code of a list or key without a selection.
+[[nodiscard]] std::optional<std::uint8_t> UnlistedCodeOf(const Configuration& configuration, FieldAt at);
+// TextOf, but the text {"code": 77} for a code that has none. CodeIn takes it back; nullopt for any other text.
+[[nodiscard]] std::string ValueOf(const Configuration& configuration, FieldAt at);
+[[nodiscard]] std::optional<std::uint8_t> CodeIn(std::string_view value);
+
 // What the configuration holds of a cell or box, and of a yes or no: a check box and what it is for a yes.
 [[nodiscard]] std::string& TextIn(Configuration& configuration, FieldAt at);
 struct Flag {

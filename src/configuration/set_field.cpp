@@ -287,6 +287,25 @@ std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::s
   return Refusal{Allowed(configuration, at, text, texts)};
 }
 
+std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
+  return Allowed(configuration, at, {}, texts);
+}
+
+std::vector<FieldAt> OutsideRules(const Configuration& configuration, const FieldTexts& texts) {
+  std::vector<FieldAt> outside;
+  Configuration scratch = configuration;
+  for (const Field& field : Fields()) {
+    const bool isList = std::holds_alternative<ChoiceList>(field.place) || std::holds_alternative<Key>(field.place);
+    for (std::size_t entry = 1; !isList && entry <= EntriesOf(field.group); ++entry) {
+      const FieldAt at = {&field, entry};
+      if (IsUnused(configuration, at)) continue;
+      if (!Change{scratch, at, TextOf(configuration, at), texts}.Apply()) outside.push_back(at);
+      if (field.group == FieldGroup::Channels) scratch.channels[entry - 1] = configuration.channels[entry - 1];
+    }
+  }
+  return outside;
+}
+
 std::array<ChannelTexts, ChannelCount> RestartChannels(RadioImage& image, int lowerLimit, const FieldTexts& texts) {
   SetLowerBandLimit(image.BandBlock, lowerLimit);
   ResetChannels(image);

@@ -20,6 +20,12 @@ struct Refusal {
 [[nodiscard]] std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::string_view text,
                                               const FieldTexts& texts);
 
+// What a setting accepts at present, in words.
+[[nodiscard]] std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts);
+
+// The cells and boxes with a value that a radio may hold, but SetField would refuse.
+[[nodiscard]] std::vector<FieldAt> OutsideRules(const Configuration& configuration, const FieldTexts& texts);
+
 // The items that a choice offers at present, as views into `texts` and the lists; empty for one that can't be changed
 // at present and for other settings. A 5-tone cell also accepts any code.
 [[nodiscard]] std::vector<std::string_view> ChoicesOf(const Configuration& configuration, FieldAt at,

@@ -1,6 +1,7 @@
 // A new configuration, and two in which no two fields of a kind hold the same value (what has two values only differs
 // over the two together), and what they are as bytes, in the table and the JSON document, on paper and in the window.
 // Whatever shows one field for another, or under another's label, differs from the texts in the folder every_setting.
+#include "configuration_json.h"
 #include "configuration_texts.h"
 #include "editor_panel.h"
 #include "embedded_info.h"

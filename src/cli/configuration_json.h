@@ -1,0 +1,24 @@
+// The configuration as a JSON document, and back. docs/configuration.schema.json describes it.
+#pragma once
+
+#include "changes.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mr4500x {
+
+// Scripts rely on the keys and their order. Values that break the editor's rules, as a radio may hold them, are named
+// once more at the end, under "as_stored".
+[[nodiscard]] std::string ConfigurationJson(const Configuration& configuration);
+
+struct Changes {
+  std::vector<Assignment> assignments;
+  std::vector<std::string> problems; // one line for each value that is no setting's; what can be read is in the above
+};
+// From the document or a part of it. The entries of "channels" are found by their number, those of "tts" by their
+// place. A value under "as_stored" may break the rules.
+[[nodiscard]] Changes ReadChanges(std::string_view document);
+
+} // namespace mr4500x

@@ -1,0 +1,138 @@
+#include "setting_commands.h"
+
+#include "configuration_json.h"
+#include "differences.h"
+#include "file_access.h"
+#include "file_commands.h"
+#include "set_field.h"
+
+#include <nlohmann/json.hpp>
+
+#include <istream>
+#include <iterator>
+#include <ostream>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::size_t TextLimit = std::size_t{1} << 20;
+constexpr std::string_view NoSuchSetting = ": no such setting; `mr4500x-cli fields` lists them";
+constexpr std::array<std::string_view, 5> KindNames = {"choice", "number", "digits", "frequency", "yes/no"};
+
+const FieldTexts& PointTexts() { // "." in every locale: scripts read the output
+  static const FieldTexts texts = BuildFieldTexts('.');
+  return texts;
+}
+
+// What a setting allows depends on others: here on none that forbids something.
+class Allowing {
+public:
+  Allowing() {
+    RadioImage image;
+    m_tts = NewConfiguration(image, PointTexts(), {});
+    m_tts[ChoiceList::PttId].position = static_cast<int>(ItemsOf(ChoiceList::PttId).size()) - 1;
+    for (ChannelTexts& channel : m_tts.channels)
+      channel[GridColumn::RxTone] = PointTexts().ToneChoiceList.back();
+    m_fiveTone = m_tts;
+    m_fiveTone[ChoiceList::SelectCall].position = FiveToneMode;
+  }
+  [[nodiscard]] const Configuration& For(FieldAt at) const {
+    return at.field->place == FieldPlace(ChoiceList::Standards) ? m_fiveTone : m_tts;
+  }
+  [[nodiscard]] std::string InWords(FieldAt at) const {
+    const std::string allowed = AllowedFor(For(at), at, PointTexts());
+    const std::string fiveTone = AllowedFor(m_fiveTone, at, PointTexts());
+    return at.field->group == FieldGroup::Tts || fiveTone == allowed ? allowed : allowed + "; for 5 Tone " + fiveTone;
+  }
+
+private:
+  Configuration m_tts, m_fiveTone;
+};
+
+} // namespace
+
+ExitStatus RunFields(bool asJson, Terminal& terminal) {
+  const Allowing allowing;
+  nlohmann::ordered_json document = nlohmann::ordered_json::array();
+  for (const Field& field : Fields())
+    for (std::size_t entry = 1; entry <= EntriesOf(field.group); ++entry) {
+      const FieldAt at = {&field, entry};
+      const std::string_view kind = KindNames[static_cast<std::size_t>(field.kind)];
+      const std::string allowed = allowing.InWords(at);
+      if (!asJson) {
+        terminal.out << IdentifierOf(at) << '\t' << NameOf(at) << '\t' << kind << '\t' << allowed << '\n';
+        continue;
+      }
+      document.push_back({{"field", IdentifierOf(at)}, {"label", NameOf(at)}, {"kind", kind}, {"allowed", allowed}});
+      const auto choices = ChoicesOf(allowing.For(at), at, PointTexts());
+      if (!choices.empty()) document.back()["choices"] = choices;
+    }
+  if (asJson) terminal.out << document.dump(2) << '\n';
+  return EndOutput(terminal);
+}
+
+ExitStatus RunGet(FileSystem& files, const std::string& path, const std::vector<std::string>& fields,
+                  Terminal& terminal) {
+  std::vector<FieldAt> places;
+  for (const std::string& identifier : fields)
+    if (const auto at = FindField(identifier))
+      places.push_back(*at);
+    else
+      terminal.err << identifier << NoSuchSetting << '\n';
+  if (places.size() < fields.size()) return ExitStatus::UnusableArguments;
+  RadioImage image;
+  Configuration values;
+  if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
+  for (const FieldAt at : places)
+    terminal.out << ValueOf(values, at) << '\n';
+  return EndOutput(terminal);
+}
+
+ExitStatus RunSet(FileSystem& files, const std::string& path, const std::string& output,
+                  const std::vector<std::string>& changes, Terminal& terminal) {
+  std::vector<Assignment> assignments;
+  std::vector<std::string> problems;
+  for (const std::string& change : changes) {
+    const std::size_t equals = change.find('=');
+    if (equals == std::string::npos)
+      problems.push_back(change + ": is no FIELD=VALUE");
+    else if (const auto at = FindField(change.substr(0, equals)))
+      assignments.push_back({*at, change.substr(equals + 1)});
+    else
+      problems.push_back(change.substr(0, equals).append(NoSuchSetting));
+  }
+  return StoreChanges(files, path, output, assignments, problems, terminal);
+}
+
+ExitStatus RunApply(FileSystem& files, const std::string& path, const std::string& output, const std::string& document,
+                    Terminal& terminal) {
+  const std::optional<std::string> text = ReadTextForCommand(files, document, terminal);
+  if (!text) return ExitStatus::Failed;
+  const Changes changes = ReadChanges(*text);
+  return StoreChanges(files, path, output, changes.assignments, changes.problems, terminal);
+}
+
+ExitStatus StoreChanges(FileSystem& files, const std::string& path, const std::string& output,
+                        const std::vector<Assignment>& assignments, const std::vector<std::string>& problems,
+                        Terminal& terminal) {
+  RadioImage image;
+  Configuration before;
+  if (!LoadValuesForCommand(files, path, '.', image, before, terminal)) return ExitStatus::Failed;
+  const std::vector<RefusedValue> refused = ApplyChanges(image, assignments, PointTexts());
+  for (const std::string& problem : problems)
+    terminal.err << problem << '\n';
+  for (const auto& [at, value, allowed] : refused)
+    terminal.err << IdentifierOf(at) << '=' << value << ": refused; allowed: " << allowed << '\n';
+  if (!problems.empty() || !refused.empty()) return ExitStatus::UnusableArguments;
+  return SaveForCommand(files, output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
+  if (path == "-") return std::string(std::istreambuf_iterator<char>(terminal.in), {});
+  std::vector<std::uint8_t> bytes;
+  if (ReadFile(files, path, TextLimit, bytes) == ReadOutcome::Read) return std::string(bytes.begin(), bytes.end());
+  terminal.err << path << ": can't be read\n";
+  return std::nullopt;
+}
+
+} // namespace mr4500x

@@ -1,0 +1,115 @@
+#include "changes.h"
+
+#include "set_field.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace mr4500x {
+namespace {
+
+// A value waits at most for the band's other limit, its step and a key of the emergency pair.
+constexpr int MostRounds = 5;
+
+void SelectStandard(Configuration& configuration, int position, int number) {
+  configuration[ChoiceList::Standards] = {position, static_cast<std::uint8_t>(position < 0 ? number : 0)};
+  configuration.fiveToneStandard = static_cast<std::int16_t>(number);
+}
+
+// False where a code is nothing that the setting can hold. Whether it really has no text shows when it was stored.
+bool SetCode(Configuration& configuration, FieldAt at, std::uint8_t code) {
+  if (const auto* const key = std::get_if<Key>(&at.field->place)) {
+    configuration.keyCodes[*key] = code;
+    return !SelectKey(configuration.keys, *key, KeyNoSelection);
+  }
+  const auto* const list = std::get_if<ChoiceList>(&at.field->place);
+  if (list == nullptr || (!CodingOf(*list).setting && *list != ChoiceList::Standards)) return false;
+  configuration[*list] = {-1, code};
+  if (*list == ChoiceList::Standards) SelectStandard(configuration, -1, code);
+  return true;
+}
+
+// Sets a text that breaks the rules.
+bool SetAsStored(Configuration& configuration, const Assignment& given) {
+  const FieldPlace& place = given.at.field->place;
+  if (place == FieldPlace(ChoiceList::Standards)) {
+    const auto items = ItemsOf(ChoiceList::Standards);
+    const auto position = static_cast<int>(std::ranges::find(items, given.value) - items.begin());
+    if (position == static_cast<int>(items.size())) return false;
+    SelectStandard(configuration, position, position + 1);
+    return true;
+  }
+  if (std::holds_alternative<ChoiceList>(place) || std::holds_alternative<Key>(place) ||
+      given.at.field->kind == FieldKind::YesNo)
+    return false;
+  TextIn(configuration, given.at) = given.value;
+  return true;
+}
+
+std::optional<Refusal> SetValue(Configuration& configuration, const Assignment& given, const FieldTexts& texts) {
+  if (given.value == ValueOf(configuration, given.at)) return std::nullopt;
+  if (const auto code = CodeIn(given.value); code && SetCode(configuration, given.at, *code)) return std::nullopt;
+  std::optional<Refusal> refusal = SetField(configuration, given.at, given.value, texts);
+  if (refusal && given.asStored && SetAsStored(configuration, given)) refusal.reset();
+  return refusal;
+}
+
+// The emergency pair holds both keys of A, and may hide a function that is in the way of another one.
+void TakePairApart(KeyProgram& keys, const std::vector<Assignment>& assignments) {
+  const auto isGiven = [&](Key key) {
+    return std::ranges::find(assignments, FieldAt{&FieldOf(key)}, &Assignment::at) != assignments.end();
+  };
+  if (!isGiven(ShortA) || !isGiven(LongA)) return;
+  for (const Key key : {ShortA, LongA})
+    static_cast<void>(SelectKey(keys, key, KeyUnassigned)); // which is in nobody's way
+}
+
+// What became of one assignment: the value that the setting got, or the refusal.
+struct Result {
+  std::string value;
+  std::optional<Refusal> refusal;
+};
+
+// Rounds until nothing changes any more.
+std::vector<Result> SetAll(Configuration& configuration, const std::vector<Assignment>& assignments,
+                           const FieldTexts& texts) {
+  std::vector<Result> results(assignments.size());
+  TakePairApart(configuration.keys, assignments);
+  for (int round = 0; round < MostRounds; ++round) {
+    const Configuration before = configuration;
+    for (std::size_t i = 0; i < assignments.size(); ++i) {
+      results[i].refusal = SetValue(configuration, assignments[i], texts);
+      results[i].value = results[i].refusal ? assignments[i].value : ValueOf(configuration, assignments[i].at);
+    }
+    if (configuration == before) break;
+  }
+  return results;
+}
+
+} // namespace
+
+std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
+                                       const FieldTexts& texts) {
+  std::ranges::stable_sort(assignments, {},
+                           [](const Assignment& given) { return std::tuple(given.at.field, given.at.entry); });
+  RadioImage changed = image;
+  Configuration configuration = Decode(image, texts).configuration;
+  SettleAfterFill(changed);
+  const std::vector<Result> results = SetAll(configuration, assignments, texts);
+  CompleteEmergencyPair(configuration);
+  TakeSelectedStandard(configuration);
+  Encode(configuration, changed, texts);
+
+  const Configuration shown = Decode(changed, texts).configuration;
+  std::vector<RefusedValue> refused;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    const auto& [value, refusal] = results[i];
+    const FieldAt at = assignments[i].at;
+    if (ValueOf(shown, at) == value) continue; // also if it could not be set but is so anyway
+    refused.push_back({at, assignments[i].value, refusal ? refusal->allowed : AllowedFor(configuration, at, texts)});
+  }
+  if (refused.empty()) image = changed;
+  return refused;
+}
+
+} // namespace mr4500x

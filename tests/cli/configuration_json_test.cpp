@@ -1,0 +1,145 @@
+// The JSON document against its schema, and back into other configurations.
+#include "../configuration/random_image.h"
+#include "configuration_json.h"
+#include "set_field.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <regex>
+
+namespace mr4500x {
+namespace {
+
+using Json = nlohmann::json;
+
+// As much of JSON Schema as the file uses; the place that does not fit, "" if all does.
+class Schema {
+public:
+  Schema() {
+    std::ifstream file(SCHEMA);
+    m_whole = Json::parse(file);
+  }
+  [[nodiscard]] std::string Misfit(const Json& value) const { return Misfit(m_whole, value, "document"); }
+
+private:
+  [[nodiscard]] std::string Misfit(const Json& schema, const Json& value, const std::string& place) const {
+    std::string misfit;
+    const auto demand = [&](bool fits) {
+      if (!fits && misfit.empty()) misfit = place;
+    };
+    for (const auto& [keyword, wanted] : schema.items()) {
+      if (keyword == "$ref")
+        misfit += Misfit(m_whole[Json::json_pointer(wanted.get<std::string>().substr(1))], value, place);
+      else if (keyword == "type")
+        demand(wanted == value.type_name() || (wanted == "integer" && value.is_number_integer()));
+      else if (keyword == "const")
+        demand(wanted == value);
+      else if (keyword == "enum")
+        demand(std::find(wanted.begin(), wanted.end(), value) != wanted.end());
+      else if (keyword == "pattern")
+        demand(std::regex_match(value.get<std::string>(), Pattern(wanted)));
+      else if (keyword == "minimum")
+        demand(value >= wanted);
+      else if (keyword == "maximum")
+        demand(value <= wanted);
+      else if (keyword == "minItems")
+        demand(value.size() >= wanted);
+      else if (keyword == "maxItems")
+        demand(value.size() <= wanted);
+      else if (keyword == "required")
+        for (const auto& key : wanted)
+          demand(value.contains(key.get<std::string>()));
+      else if (keyword == "anyOf")
+        demand(std::any_of(wanted.begin(), wanted.end(),
+                           [&](const Json& one) { return Misfit(one, value, place).empty(); }));
+      else if (keyword == "items")
+        for (const auto& item : value)
+          misfit += Misfit(wanted, item, place + "[]");
+      else if (keyword == "properties") {
+        for (const auto& [key, member] : value.items())
+          if (wanted.contains(key))
+            misfit += Misfit(wanted[key], member, place + '.' + key);
+          else
+            demand(schema.value("additionalProperties", true));
+      } else
+        EXPECT_TRUE(keyword.starts_with("$") || keyword == "additionalProperties" || keyword == "title" ||
+                    keyword == "description")
+            << keyword;
+    }
+    return misfit;
+  }
+  [[nodiscard]] const std::regex& Pattern(const std::string& text) const {
+    return m_patterns.try_emplace(text, text).first->second;
+  }
+
+  Json m_whole;
+  mutable std::map<std::string, std::regex> m_patterns; // making one takes long
+};
+
+const FieldTexts Texts = BuildFieldTexts('.');
+
+std::string DocumentOf(const RadioImage& image) {
+  return ConfigurationJson(Decode(image, Texts).configuration);
+}
+
+// A radio whose frequencies can be written: with 18 bits of the 24.
+RadioImage RadioWithAnything(std::mt19937& random) {
+  RadioImage image = RandomImage(random);
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel)
+    for (const std::size_t highByte : {3U, 9U})
+      image.ChannelBlock(channel, highByte) &= 0x03;
+  return image;
+}
+
+TEST(ConfigurationJsonTest, MakesAnyConfigurationShowWhatAnotherShows) {
+  const Schema schema;
+  std::mt19937 random(12);
+  for (int round = 0; round < 200; ++round) {
+    const std::string document = DocumentOf(RadioWithAnything(random));
+    ASSERT_EQ(schema.Misfit(Json::parse(document)), "") << document;
+    const Changes changes = ReadChanges(document);
+    ASSERT_TRUE(changes.problems.empty()) << changes.problems[0];
+    RadioImage image = RadioWithAnything(random);
+    for (const auto& [at, value, allowed] : ApplyChanges(image, changes.assignments, Texts))
+      ADD_FAILURE() << round << ": " << IdentifierOf(at) << '=' << value << ", allowed: " << allowed;
+    ASSERT_EQ(DocumentOf(image), document) << round;
+  }
+}
+
+TEST(ConfigurationJsonTest, FitsItsSchemaWithEveryChoiceAndNoOther) {
+  const Schema schema;
+  RadioImage image;
+  for (const int mode : {TtsMode, FiveToneMode})
+    for (const Field& field : Fields()) {
+      const FieldAt at = {&field, EntriesOf(field.group)};
+      Configuration configuration = NewConfiguration(image, Texts, {});
+      configuration[ChoiceList::SelectCall].position = mode;
+      const auto choices = ChoicesOf(configuration, at, Texts);
+      for (std::size_t i = 0; i < choices.size(); i += 1 + choices.size() / 8) {
+        const std::string_view text = choices[i];
+        ASSERT_FALSE(SetField(configuration, at, text, Texts)) << IdentifierOf(at) << '=' << text;
+        ASSERT_EQ(schema.Misfit(Json::parse(ConfigurationJson(configuration))), "") << text;
+        if (field.group == FieldGroup::Keys) configuration = NewConfiguration(image, Texts, {});
+      }
+    }
+  const Json document = Json::parse(DocumentOf(image));
+  const std::pair<const char*, const char*> wrong[] = {
+      {"/format", "2"},       {"/global/tx_tot", "\"61s\""},        {"/global/tx_tot", "{\"code\": 256}"},
+      {"/global/extra", "1"}, {"/channels/2/rx_freq", "\"446.1\""}, {"/channels/2/in_use", "\"yes\""},
+      {"/channels/0", "{}"},  {"/tts/7/tone_a", "\"400\""},         {"/auto_reset_time", "0"},
+      {"/extra", "\"\""},     {"/channels/1/rx_tone", "\"CTC\""},   {"/scan", "[]"},
+  };
+  for (const auto& [place, value] : wrong) {
+    Json other = document;
+    other[Json::json_pointer(place)] = Json::parse(value);
+    EXPECT_NE(schema.Misfit(other), "") << place << ' ' << value;
+  }
+}
+
+} // namespace
+} // namespace mr4500x

@@ -1,0 +1,172 @@
+#include "setting_commands.h"
+
+#include "commands_fixture.h"
+#include "diff_command.h"
+#include "set_field.h"
+
+#include <gtest/gtest.h>
+
+namespace mr4500x {
+namespace {
+
+using Words = std::vector<std::string>;
+
+class SettingCommandsTest : public FileCommandsTest {
+protected:
+  std::string Set(const Words& changes) {
+    return Run([&](Terminal& shown) { return RunSet(files, b, b, changes, shown); });
+  }
+  std::string Apply(const std::string& document) {
+    return Run([&](Terminal& shown) { return RunApply(files, b, b, "-", shown); }, document);
+  }
+  std::string Get(const Words& fields) {
+    return Run([&](Terminal& shown) { return RunGet(files, b, fields, shown); });
+  }
+  std::string Diff(bool asJson = false) {
+    return Run([&](Terminal& shown) { return RunDiff(files, a, b, asJson, shown); });
+  }
+  void Restore() { std::filesystem::copy_file(a, b, std::filesystem::copy_options::overwrite_existing); }
+};
+
+// What is given wins over what follows from another value, whatever the order on the command line.
+TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
+  const struct {
+    const char* name;
+    Words changes;
+    std::string differences;
+  } cases[] = {
+      {"nothing new", {"channels.1.rx_freq=440", "global.tx_tot=60s"}, ""},
+      {"a frequency of another step",
+       {"channels.3.rx_freq=446.0025", "channels.3.rx_step=2.5"},
+       "CH3 Rx Freq  440.00000  446.00250\nCH3 Rx Step  6.25  2.5\n"},
+      {"a tone and its tail cut",
+       {"channels.2.rx_tone=-DCS023"},
+       "CH2 Rx CTC/DCS  OFF  -DCS023\nCH2 Tail Cut  OFF  ON\n"},
+      {"a tone without", {"channels.2.tail_cut=OFF", "channels.2.rx_tone=DCS023"}, "CH2 Rx CTC/DCS  OFF  DCS023\n"},
+      {"a key that another key must free first",
+       {"keys.short_a=Talk Around", "keys.short_a=Talk Around"},
+       "Short A  Unassigned  Talk Around\n"},
+      {"the emergency pair",
+       {"keys.long_a=Cancel Emergency Alert"},
+       "Short A  Unassigned  Emergency Alert\nLong A  Unassigned  Cancel Emergency Alert\n"},
+      {"another mode, a code of it and its standard",
+       {"channels.1.rx_selcall=5T 01234", "five_tone_standard=EEA", "select_call=5 Tone"},
+       "Select Call  TTS  5 Tone\nStandards  ZVEI1  EEA\nCH1 Rx SelCall  OFF  5T 01234\n"},
+      {"a code without a text", {"global.tx_tot={\"code\": 15}"}, "Tx TOT  60s  {\"code\": 15}\n"},
+      {"an empty number", {"global.emergency_ani="}, ""},
+  };
+  for (const auto& [name, changes, differences] : cases) {
+    EXPECT_EQ(Set(changes), "") << name;
+    EXPECT_EQ(Diff(), differences.empty() ? "" : differences + "status 1") << name;
+    Restore();
+  }
+  EXPECT_EQ(Set({"band.lower=480", "band.upper=520", "channels.16.rx_freq=519.99375"}), "") << "above the old band";
+  EXPECT_EQ(Get({"channels.1.tx_freq", "channels.16.rx_freq", "band.lower"}), "480.00000\n519.99375\n480\n");
+}
+
+TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
+  const std::pair<Words, const char*> cases[] = {
+      {{"channels.3.rx_freq=446.001", "global.tx_tot=60s"},
+       "channels.3.rx_freq=446.001: refused; allowed: a multiple of 6.25 kHz; nearest are 446.00000 and 446.00625\n"},
+      {{"channels.3.rx_freq=470"}, "channels.3.rx_freq=470: refused; allowed: 440 to 470 MHz\n"},
+      {{"channels.1.rx_tone=DCS024", "scan.signal=yes"},
+       "scan.signal=yes: refused; allowed: true or false\n"
+       "channels.1.rx_tone=DCS024: refused; allowed: one of OFF, CTC67.0, CTC71.9 … -DCS754\n"},
+      {{"keys.short_b=Talk Around", "keys.short_c=Reverse"},
+       "keys.short_c=Reverse: refused; allowed: one of Unassigned, Monitor, Scan, Nuisance Delete, Power Select, Talk "
+       "Around, Reverse, Call, Selcall, GroupCall; Talk Around or Reverse on one key only\n"},
+      {{"keys.short_a=Emergency Alert", "keys.long_a=Scan"},
+       "keys.long_a=Scan: refused; allowed: Cancel Emergency Alert while Short A is Emergency Alert\n"},
+      {{"global.connect_id=12"}, "global.connect_id=12: refused; allowed: ---------------- while PTT ID is OFF\n"},
+      {{"global.squelch_level=1", "global.squelch_level=2"},
+       "global.squelch_level=1: refused; allowed: one of 1, 2, 3\n"},
+      {{"global.battery_save={\"code\": 2}"},
+       "global.battery_save={\"code\": 2}: refused; allowed: one of OFF, 5s, 10s, 15s, 20s, 25s, 30s, 35s\n"},
+      {{"channels.17.rx_freq=446", "tts.1.gap"},
+       "channels.17.rx_freq: no such setting; `mr4500x-cli fields` lists them\ntts.1.gap: is no FIELD=VALUE\n"},
+  };
+  const std::string before = Content("b.K4X");
+  for (const auto& [changes, lines] : cases)
+    EXPECT_EQ(Set(changes), std::string(lines) + "status 2") << changes[0];
+  EXPECT_EQ(Get({"tx_tot", "global.tx_tot"}), "tx_tot: no such setting; `mr4500x-cli fields` lists them\nstatus 2");
+  EXPECT_EQ(Content("b.K4X"), before);
+}
+
+// For each setting alone, in a configuration that allows all of them.
+TEST_F(SettingCommandsTest, SetsEveryChoiceOfEverySetting) {
+  const FieldTexts texts = BuildFieldTexts('.');
+  for (const std::string mode : {"TTS", "5 Tone"}) {
+    EXPECT_EQ(Set({"select_call=" + mode, "global.ptt_id=Both", "channels.16.rx_tone=CTC69.3"}), "");
+    RadioImage base;
+    ASSERT_EQ(LoadDataFile(files, b, base).outcome, LoadOutcome::Loaded);
+    const Configuration configuration = Decode(base, texts).configuration;
+    for (const Field& field : Fields()) {
+      const FieldAt at = {&field, EntriesOf(field.group)};
+      std::vector<std::string> values = {"true", "false"};
+      if (field.kind != FieldKind::YesNo) {
+        const auto choices = ChoicesOf(configuration, at, texts);
+        values.assign(choices.begin(), choices.end());
+      }
+      for (const std::string& value : values) {
+        RadioImage image = base;
+        const auto refused = ApplyChanges(image, {{at, value}}, texts);
+        ASSERT_TRUE(refused.empty()) << IdentifierOf(at) << '=' << value << " in " << mode << ": "
+                                     << refused[0].allowed;
+        ASSERT_EQ(TextOf(Decode(image, texts).configuration, at), value) << IdentifierOf(at);
+      }
+    }
+    Restore();
+  }
+}
+
+TEST_F(SettingCommandsTest, TakesPartsOfTheJsonDocument) {
+  EXPECT_EQ(Apply(R"({"channels": [{"number": 3, "in_use": true}], "tts": [{}, {"tone_a": 500}], "auto_reset_time": 7,
+                      "as_stored": ["channels.2.tx_freq"]})"),
+            "");
+  EXPECT_EQ(Diff(), "Auto Reset Time  OFF  7\nTTS 2 Tone A Freq  456  500\nCH3 In Use  no  yes\nstatus 1");
+  Restore();
+  EXPECT_EQ(Apply(R"({"as_stored": ["channels.2.tx_freq"], "channels": [{"number": 2, "tx_freq": "500.00000"}]})"), "");
+  EXPECT_EQ(Diff(true), R"({
+  "format": 1,
+  "fields": [
+    {
+      "field": "channels.2.tx_freq",
+      "a": "440.00000",
+      "b": "500.00000"
+    }
+  ],
+  "bytes": []
+}
+status 1)");
+  const std::string before = Content("b.K4X");
+  const std::pair<const char*, const char*> refused[] = {
+      {"", "not a JSON document\n"},
+      {"[]", "not an object\n"},
+      {R"({"format": 2})", "format: not 1, the format of this version\n"},
+      {R"({"globl": {}})", "globl: no such setting\n"},
+      {R"({"global": {"tx_tot": 60, "Beep": "ON"}, "scan": {"signal": "true"}})",
+       "global.tx_tot=60: needs a text, or an object with a code\nglobal.Beep: no such setting\n"
+       "scan.signal=\"true\": needs true or false\n"},
+      {R"({"band": [], "channels": {}, "tts": [1]})",
+       "band: not an object\nchannels: not an array\ntts.1: not an object\n"},
+      {R"({"channels": [{"in_use": true}, {"number": 17}, {"number": 1, "rx_frq": ""}]})",
+       "channels: an entry without a number from 1 to 16\nchannels: an entry without a number from 1 to 16\n"
+       "channels.1.rx_frq: no such setting\n"},
+      {R"({"tts": [{}, {}, {}, {}, {}, {}, {}, {}, {"gap": "0.5"}]})", "tts.9.gap: no such setting\n"},
+      {R"({"band": {"lower": -1}, "auto_reset_time": 0.5})",
+       "band.lower=-1: needs a number\nauto_reset_time=0.5: needs a number\n"},
+      {R"({"channels": [{"number": 1, "rx_freq": "500.00000"}]})",
+       "channels.1.rx_freq=500.00000: refused; allowed: 440 to 470 MHz\n"},
+      {R"({"channels": [{"number": 1, "rx_freq": "9999.00000"}], "as_stored": ["channels.1.rx_freq", "x"]})",
+       "as_stored: names no setting\n"
+       "channels.1.rx_freq=9999.00000: refused; allowed: 440 to 470 MHz, a multiple of 6.25 kHz\n"},
+      {R"({"global": {"tx_tot": {"code": 77}}})", "global.tx_tot={\"code\": 77}: refused; allowed: one of OFF, 30s, "
+                                                  "60s, 90s, 120s, 150s, 180s, 210s, 240s, 270s, 300s\n"},
+  };
+  for (const auto& [document, lines] : refused)
+    EXPECT_EQ(Apply(document), std::string(lines) + "status 2") << document;
+  EXPECT_EQ(Content("b.K4X"), before);
+}
+
+} // namespace
+} // namespace mr4500x

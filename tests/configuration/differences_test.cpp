@@ -1,0 +1,108 @@
+#include "differences.h"
+#include "random_image.h"
+#include "set_field.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+class DifferencesTest : public testing::Test {
+protected:
+  std::vector<std::string> Between(const RadioImage& before, const RadioImage& after) {
+    std::vector<std::string> lines;
+    const ImageDifferences differences = CompareImages(before, after, texts);
+    for (const auto& [at, old, now] : differences.settings)
+      lines.push_back(NameOf(at) + ": " + old + " -> " + now);
+    for (const auto& [block, offset, old, now] : differences.bytes)
+      lines.push_back(std::string(block) + ' ' + std::to_string(offset) + ": " + std::to_string(old) + " -> " +
+                      std::to_string(now));
+    return lines;
+  }
+
+  using Lines = std::vector<std::string>;
+  const FieldTexts texts = BuildFieldTexts('.');
+  RadioImage image;
+  Configuration configuration = NewConfiguration(image, texts, {2026, 1, 2, 3, 4, 5});
+};
+
+// Each setting alone, to its last choice or another value: one line, and no byte besides it.
+TEST_F(DifferencesTest, APlantedDifferenceOfEachSettingIsOneLine) {
+  configuration[ChoiceList::PttId].position = 3;
+  configuration.connectId = configuration.disconnectId = "1";
+  Encode(configuration, image, texts);
+  int planted = 0;
+  for (const Field& field : Fields()) {
+    const FieldAt at = {&field, EntriesOf(field.group)};
+    if (field.place == FieldPlace(ChoiceList::Standards) || field.place == FieldPlace(GridColumn::TailCut)) continue;
+    SCOPED_TRACE(IdentifierOf(at));
+    Configuration changed = Decode(image, texts).configuration;
+    std::vector<std::string> values = {"true", "false", "300", "441.00000", "999", "23", "465"};
+    const auto choices = ChoicesOf(changed, at, texts);
+    values.insert(values.end(), choices.begin(), choices.end());
+    const std::string before = TextOf(changed, at);
+    for (const std::string& value : values)
+      if (TextOf(changed, at) == before) static_cast<void>(SetField(changed, at, value, texts));
+    ASSERT_NE(TextOf(changed, at), before);
+    RadioImage other = image;
+    Encode(changed, other, texts);
+    const ImageDifferences found = CompareImages(image, other, texts);
+    ASSERT_FALSE(found.settings.empty());
+    const auto isIt = [&](const Difference& difference) { return difference.at == at; };
+    EXPECT_TRUE(std::any_of(found.settings.begin(), found.settings.end(), isIt));
+    const bool hasConsequences = field.place == FieldPlace(ChoiceList::SelectCall) || // and their tones
+                                 field.place == FieldPlace(Box::LowerBandLimit) || field.key == "rx_tone" ||
+                                 field.group == FieldGroup::Keys || field.key == "ptt_id";
+    EXPECT_TRUE(found.settings.size() == 1 || hasConsequences) << Between(image, other).back();
+    EXPECT_TRUE(found.bytes.empty()) << found.bytes[0].block << ' ' << found.bytes[0].offset;
+    ++planted;
+  }
+  EXPECT_EQ(planted, 53);
+}
+
+TEST_F(DifferencesTest, BytesAreTheOnesThatNoSettingShows) {
+  const struct {
+    const char* name;
+    void (*plant)(RadioImage&);
+    Lines lines;
+  } cases[] = {
+      {"nothing", [](RadioImage&) {}, {}},
+      {"a kept bit", [](RadioImage& i) { i.ChannelBlock(2, 12) ^= 0x01; }, {"ChannelBlock 44: 168 -> 169"}},
+      {"a bit that an encode clears",
+       [](RadioImage& i) { i.RadioSettingsBlock[1] |= 0x80; },
+       {"RadioSettingsBlock 1: 2 -> 130"}},
+      {"a byte with both",
+       [](RadioImage& i) { i.ChannelBlock(2, 12) ^= 0x11; },
+       {"CH3 PTT ID Enable: OFF -> ON", "ChannelBlock 44: 168 -> 185"}},
+      {"a list's code without a text",
+       [](RadioImage& i) { i.RadioSettingsBlock[1] |= 0x0F; },
+       {"Tx TOT: 60s -> {\"code\": 15}"}},
+      {"the code of a tone that is off", [](RadioImage& i) { i.ChannelBlock(0, 4) = 7; }, {"ChannelBlock 4: 0 -> 7"}},
+      {"what no file holds", [](RadioImage& i) { i.RadioIdBlock[0] = i.WriteStampBlock[0] = 1; }, {}},
+  };
+  image.RadioSettingsBlock[1] = 0x02;
+  for (const auto& [name, plant, lines] : cases) {
+    RadioImage other = image;
+    plant(other);
+    EXPECT_EQ(Between(image, other), lines) << name;
+  }
+}
+
+// A byte that differs is explained by a setting or told.
+TEST_F(DifferencesTest, NoDifferenceIsMissed) {
+  std::mt19937 random(12);
+  for (int round = 0; round < 200; ++round) {
+    const RadioImage before = RandomImage(random);
+    RadioImage after = before;
+    const BlockPlace& place = RecordMap[random() % 8];
+    const auto bytes = BlockBytes(after, place.block);
+    bytes[random() % bytes.size()] ^= static_cast<std::uint8_t>(1U << random() % 8);
+    ASSERT_FALSE(CompareImages(before, after, texts).IsEmpty()) << round;
+    ASSERT_TRUE(CompareImages(after, after, texts).IsEmpty()) << round;
+  }
+}
+
+} // namespace
+} // namespace mr4500x
