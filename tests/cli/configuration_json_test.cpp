@@ -1,6 +1,6 @@
 // The JSON document against its schema, and back into other configurations.
-#include "../configuration/random_image.h"
 #include "configuration_json.h"
+#include "random_image.h"
 #include "set_field.h"
 
 #include <nlohmann/json.hpp>
