@@ -29,6 +29,7 @@ struct EditorState {
   Origin origin;
   bool ModifiedFlag = false;   // there are unsaved changes
   bool ImageIsPartial = false; // a read or an open broke off: what the editor does not show was lost
+  bool InfoIsPartial = false;  // the same, of the embedded information
   int CommPortNumber = 1;
   std::string LastFileName; // path
   FontDescription EmbeddedTextFont;

@@ -42,6 +42,7 @@ CloseEnd AskAboutUnsavedData(const CommandContext& context) {
 }
 
 CloseEnd CloseData(const CommandContext& context) {
+  if (context.panel.HasOpenEditor()) context.keeper.Replaced(); // the text that is given up
   context.panel.HideOpenEditors();
   if (context.state.origin == Origin()) return CloseEnd::Closed;
   if (AskAboutUnsavedData(context) == CloseEnd::Cancelled) return CloseEnd::Cancelled;
@@ -51,8 +52,16 @@ CloseEnd CloseData(const CommandContext& context) {
   context.keeper.Settled(context.state.origin);
   context.closeItem.setEnabled(false);
   context.state.ModifiedFlag = false;
-  context.state.ImageIsPartial = false;
+  context.state.ImageIsPartial = context.state.InfoIsPartial = false;
   return CloseEnd::Closed;
+}
+
+// The editor shows kept work, which is in no file of the user's yet.
+void BelongToNothing(const CommandContext& context, const std::string& source, const std::string& differences) {
+  context.SetOrigin(NoOrigin());
+  context.keeper.Took(source, differences);
+  context.state.ModifiedFlag = true;
+  context.state.ImageIsPartial = false;
 }
 
 void ReportMissing(const CommandContext& context, const std::string& path) {
@@ -113,7 +122,10 @@ void OpenGiven(const CommandContext& context, const std::string& path) {
   if (IsMissing(context.services.files, path)) return ReportMissing(context, path);
   if (context.state.origin == Origin(FileOrigin{path})) return;
   if (CloseData(context) == CloseEnd::Cancelled) return;
-  if (Succeeds([&] { return LoadInto(context, path); })) BelongTo(context, path);
+  if (!Succeeds([&] { return LoadInto(context, path); })) return;
+  // A kept copy goes when there are ten newer ones, so Save must not store in it.
+  if (FolderOf(path) == context.services.keptFolder) return BelongToNothing(context, path, "");
+  BelongTo(context, path);
 }
 
 void Close(const CommandContext& context) {
@@ -161,9 +173,10 @@ void ShowRecentFiles(const CommandContext& context) {
 }
 
 bool OpenLeftWork(const CommandContext& context) {
-  if (!context.keeper.TakeLeft(context.image)) return false;
+  const std::optional<KeptCopy> copy = context.keeper.TakeLeft(context.image);
+  if (!copy) return false;
   context.panel.Fill();
-  context.state.ModifiedFlag = true;
+  BelongToNothing(context, copy->source, copy->differences);
   return true;
 }
 

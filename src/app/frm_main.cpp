@@ -141,7 +141,7 @@ void FrmMain::StoreGeometry() {
 
 void FrmMain::KeepForEnd() {
   commands::StoreProgramSettings(Context());
-  m_keeper->KeepNow();
+  m_keeper->KeepForEnd();
   StoreGeometry();
 }
 

@@ -31,6 +31,7 @@ void StayUntil(Clock::Moment moment, Clock& clock) {
 } // namespace
 
 int main(int argc, char** argv) {
+  PrepareProcess();
   const std::string_view first = argc == 2 ? argv[1] : "";
   if (first == "--help" || first == "-h") { // needs no display, so it comes before Qt
     std::cout << Usage;

@@ -65,7 +65,10 @@ void Read(const CommandContext& context) {
   RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
     const RadioImage before = context.image;
     ExchangeResult result = ReadRadio(line, context.image, observer);
-    if (result.outcome != Outcome::Complete && context.image != before) context.state.ImageIsPartial = true;
+    if (result.outcome == Outcome::Complete)
+      context.state.InfoIsPartial = false;
+    else if (context.image != before)
+      context.state.ImageIsPartial = context.state.InfoIsPartial = true;
     return result;
   });
 }
@@ -82,12 +85,17 @@ void Write(const CommandContext& context) {
 void ReadInfo(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
-    return ReadEmbeddedInfo(line, context.image, observer);
+    const RadioImage before = context.image;
+    ExchangeResult result = ReadEmbeddedInfo(line, context.image, observer);
+    if (result.outcome == Outcome::Complete || context.image != before)
+      context.state.InfoIsPartial = result.outcome != Outcome::Complete;
+    return result;
   });
 }
 
 void WriteInfo(const CommandContext& context) {
   context.panel.CommitOpenEditors();
+  if (context.state.InfoIsPartial && context.Show(LostDataQuestion, MessageButtons::YesNo) != Answer::Yes) return;
   RunTransfer(context, HeldPointer::Unchanged, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteEmbeddedInfo(line, context.image, observer);
   });

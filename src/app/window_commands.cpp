@@ -72,6 +72,7 @@ void EditInfo(const CommandContext& context) {
   if (dialog.CancelPressed()) return;
   // A text over the limit can only be the one that fills the whole block, unedited: the block holds it already.
   static_cast<void>(StoreEmbeddedText(block, dialog.EmbedData()));
+  context.state.InfoIsPartial = false; // the user has seen the text
 }
 
 void HelpContents(const CommandContext& context) {

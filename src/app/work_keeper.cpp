@@ -57,9 +57,9 @@ bool WorkKeeper::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WorkKeeper::KeepNow() {
-  Configuration shown = m_panel.Shown();
+  Configuration shown = m_panel.ShownUnfinished();
   const std::vector<Difference> differences = DifferencesBetween(m_settled, shown);
-  if (differences.empty()) {
+  if (differences.empty() && !m_tookDifferences) {
     m_copies.Drop();
     m_kept.reset();
     return;
@@ -72,13 +72,22 @@ void WorkKeeper::KeepNow() {
   TakeSelectedStandard(stored);
   Encode(stored, image, m_texts);
   const auto data = BuildDataFile(image);
-  if (m_copies.Keep({{data.begin(), data.end()}, TextOf(m_services.now()), m_source, LinesOf(differences)}))
+  const std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
+  if (m_copies.Keep({{data.begin(), data.end()}, TextOf(m_services.now()), m_source, lines})) {
     m_kept = std::move(shown);
-  else if (!std::exchange(m_failed, true))
+    m_failed = false;
+  } else if (!std::exchange(m_failed, true)) {
     emit CopyFailed();
+  }
+}
+
+void WorkKeeper::KeepForEnd() {
+  m_isEnding = true;
+  KeepNow();
 }
 
 void WorkKeeper::Replaced() {
+  m_failed = false;
   KeepNow();
   m_copies.PutAside();
   m_kept.reset();
@@ -88,23 +97,31 @@ void WorkKeeper::Settled(const Origin& source) {
   m_settled = m_panel.Shown();
   m_settledImage = m_image;
   m_source = SourceOf(source);
+  m_tookDifferences.reset();
   m_copies.Drop();
   m_kept.reset();
 }
 
-bool WorkKeeper::TakeLeft(RadioImage& image) {
-  while (const std::optional<KeptCopy> copy = m_copies.NextLeft()) {
+std::optional<KeptCopy> WorkKeeper::TakeLeft(RadioImage& image) {
+  while (std::optional<KeptCopy> copy = m_copies.NextLeft()) {
     const Message question = KeptWorkQuestion(*copy);
-    if (m_services.messages.Show(question.icon, question.title, question.text, MessageButtons::YesNo) == Answer::Yes) {
+    const Answer answer = m_services.messages.Show(question.icon, question.title, question.text, MessageButtons::YesNo);
+    if (m_isEnding) break; // nobody has answered
+    if (answer == Answer::Yes) {
       m_copies.TakeLeft();
-      m_source = copy->source;
-      const bool isLoaded = ParseDataFile(copy->data, image).outcome == LoadOutcome::Loaded;
-      m_settledImage = image;
-      return isLoaded;
+      return ParseDataFile(copy->data, image).outcome == LoadOutcome::Loaded ? std::move(copy) : std::nullopt;
     }
     m_copies.PutLeftAside();
   }
-  return false;
+  return std::nullopt;
+}
+
+void WorkKeeper::Took(const std::string& source, const std::string& differences) {
+  m_settled = m_panel.Shown();
+  m_settledImage = m_image;
+  m_source = source;
+  m_tookDifferences = differences;
+  KeepNow();
 }
 
 } // namespace mr4500x

@@ -25,14 +25,17 @@ public:
              QObject* parent);
 
   void KeepNow();                     // brings the copy up to date
+  void KeepForEnd();                  // the same; a question that is open is not answered then
   void Replaced();                    // other data is about to be shown: puts aside what the editor shows now
   void Settled(const Origin& source); // the editor shows now what is in this place
   // Asks about each copy that an earlier window left, the newest first, until one is taken; its data is stored in the
-  // image. False if none was taken.
-  [[nodiscard]] bool TakeLeft(RadioImage& image);
+  // image. None if none was taken.
+  [[nodiscard]] std::optional<KeptCopy> TakeLeft(RadioImage& image);
+  // The editor shows now work that was kept and is still in no file; from there, and with these differences.
+  void Took(const std::string& source, const std::string& differences);
 
 signals:
-  void CopyFailed(); // told once
+  void CopyFailed(); // told once for all in a row, and again when the work is replaced
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -46,8 +49,10 @@ private:
   Configuration m_settled;
   RadioImage m_settledImage; // with the bytes that the editor doesn't show
   std::string m_source;
+  std::optional<std::string> m_tookDifferences; // of work that was taken and is not settled yet
   std::optional<Configuration> m_kept;
   bool m_failed = false; // and that was told
+  bool m_isEnding = false;
   QTimer m_look;
 };
 

@@ -13,7 +13,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -184,7 +183,7 @@ int CommandLine::Run(int argc, char** argv) {
 } // namespace mr4500x
 
 int main(int argc, char** argv) {
-  signal(SIGXFSZ, SIG_IGN); // at a file size limit a save fails with its message
+  mr4500x::PrepareProcess();
   try {
     return mr4500x::CommandLine().Run(argc, argv);
   } catch (const std::exception& error) { // mostly out of memory

@@ -143,6 +143,13 @@ Configuration EditorPanel::Shown() const {
   return values;
 }
 
+Configuration EditorPanel::ShownUnfinished() const {
+  Configuration values;
+  for (const SettingsFrame* const frame : m_frames)
+    frame->CollectUnfinished(values);
+  return values;
+}
+
 void EditorPanel::Collect() {
   const UndrawnPanel undrawn(*this);
   Configuration values = Shown();
@@ -162,6 +169,10 @@ void EditorPanel::CommitOpenEditors() {
 void EditorPanel::HideOpenEditors() {
   m_channels->HideEditors();
   m_tts->HideEditors();
+}
+
+bool EditorPanel::HasOpenEditor() const {
+  return m_channels->HasOpenEditor() || m_tts->HasOpenEditor();
 }
 
 EntryBox* EditorPanel::OpenEntry() const {

@@ -33,7 +33,9 @@ public:
   DecodeEnd Fill();
   void FillReset(const LocalTime& now); // resets the image to a new configuration and shows it
   void Collect();
-  [[nodiscard]] Configuration Shown() const; // what the controls show
+  [[nodiscard]] Configuration Shown() const;           // what the controls show
+  [[nodiscard]] Configuration ShownUnfinished() const; // see SettingsFrame::CollectUnfinished
+  [[nodiscard]] bool HasOpenEditor() const;
 
   void CommitOpenEditors(); // stores their text; then no field has the focus
   void HideOpenEditors();   // without storing their text

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::uint32_t OwnerOnly = 0600;
 constexpr std::size_t MostPutAside = 10;
+constexpr std::size_t LargestCopy = 65536; // room for a line about every setting
 constexpr std::string_view SessionPrefix = "session-", LockSuffix = ".lock", CopySuffix = ".K4X";
 constexpr std::string_view TimeTitle = "Kept: ", SourceTitle = "From: ";
 constexpr std::string_view TimePattern = "0000-00-00 00:00:00"; // 0 stands for any digit
@@ -43,16 +44,21 @@ std::optional<std::string> TakeLine(std::string_view& text, std::string_view tit
 }
 
 std::vector<std::uint8_t> BytesOf(const KeptCopy& copy) {
+  std::string source = copy.source;
+  std::ranges::replace(source, '\n', ' '); // a path may have one
   std::string text =
-      "\n" + std::string(TimeTitle) + copy.at + '\n' + std::string(SourceTitle) + copy.source + '\n' + copy.differences;
+      "\n" + std::string(TimeTitle) + copy.at + '\n' + std::string(SourceTitle) + source + '\n' + copy.differences;
   std::vector<std::uint8_t> bytes = copy.data;
+  text.resize(std::min(text.size(), LargestCopy - bytes.size()));
   bytes.insert(bytes.end(), text.begin(), text.end());
   return bytes;
 }
 
 std::optional<KeptCopy> ParseCopy(std::vector<std::uint8_t> bytes) {
   RadioImage image;
-  if (bytes.size() <= DataFileBytes || ParseDataFile(bytes, image).outcome != LoadOutcome::Loaded) return std::nullopt;
+  if (bytes.size() <= DataFileBytes || bytes.size() > LargestCopy ||
+      ParseDataFile(bytes, image).outcome != LoadOutcome::Loaded)
+    return std::nullopt;
   const std::string lines(bytes.begin() + DataFileBytes + 1, bytes.end());
   std::string_view text = lines;
   KeptCopy copy;
@@ -110,9 +116,20 @@ bool KeptCopies::Begin() {
 }
 
 bool KeptCopies::Keep(const KeptCopy& copy) {
-  if (!Begin()) return false;
-  if (!ReplaceFile(m_files, CopyPath(m_own->number), BytesOf(copy), Surplus::Drop, OwnerOnly)) return false;
-  m_own->at = copy.at;
+  const auto write = [&] {
+    return Begin() && ReplaceFile(m_files, CopyPath(m_own->number), BytesOf(copy), Surplus::Drop, OwnerOnly);
+  };
+  const bool isWritten = write() || (LosesFolder() && write());
+  if (isWritten) m_own->at = copy.at;
+  return isWritten;
+}
+
+// Somebody has removed the folder: the session's files are gone.
+bool KeptCopies::LosesFolder() {
+  const auto status = m_files.Status(m_folder);
+  if (!m_own || !status || status->kind != FileKind::Missing) return false;
+  m_files.Close(m_own->lock);
+  m_own.reset();
   return true;
 }
 
@@ -194,7 +211,7 @@ void KeptCopies::PutLeftAside() {
 bool KeptCopies::PutAside(const Session& session) {
   const std::string name = NameOf(session.at) + '_' + RandomDigits(m_files) + std::string(CopySuffix);
   if (!m_files.Rename(CopyPath(session.number), m_folder + '/' + name)) return false;
-  Prune();
+  Prune(name);
   return true;
 }
 
@@ -203,11 +220,12 @@ void KeptCopies::End(const Session& session) {
   m_files.Close(session.lock);
 }
 
-void KeptCopies::Prune() {
+// The one just put aside stays, even if its time comes from a clock that is wrong, or isn't known.
+void KeptCopies::Prune(const std::string& newest) {
   std::vector<std::string> names = m_files.List(m_folder).value_or(std::vector<std::string>{});
-  std::erase_if(names, [](const std::string& name) { return !IsPutAside(name); });
+  std::erase_if(names, [&](const std::string& name) { return !IsPutAside(name) || name == newest; });
   std::sort(names.begin(), names.end(), std::greater<>());
-  for (std::size_t i = MostPutAside; i < names.size(); ++i)
+  for (std::size_t i = MostPutAside - 1; i < names.size(); ++i)
     static_cast<void>(m_files.Remove(m_folder + '/' + names[i]));
 }
 

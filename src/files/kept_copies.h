@@ -55,7 +55,8 @@ private:
   [[nodiscard]] std::optional<Session> EndedSession(const std::string& name, KeptCopy& copy);
   [[nodiscard]] bool PutAside(const Session& session);
   void End(const Session& session);
-  void Prune();
+  void Prune(const std::string& newest);
+  [[nodiscard]] bool LosesFolder();
 
   FileSystem& m_files;
   std::string m_folder;

@@ -67,6 +67,55 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
     }
 }
 
+TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
+  auto* const lower = window->findChild<QLineEdit*>("txtFreqBandL");
+  lower->setFocus();
+  lower->setText("4");
+  window->EndBySignal(SIGTERM);
+  NextStart();
+  EXPECT_FALSE(window->OpenLeftWork()) << "the limit";
+  const auto type = [&] {
+    desk.happened.clear();
+    OpenFile("a.K4X");
+    QTest::keyClick(window->findChild<QTableView*>("gridChannel"), Qt::Key_Space);
+    QTest::keyClicks(window->findChild<QLineEdit*>("txtChFreq"), "450.1");
+  };
+  PutDataFile("a.K4X");
+  type();
+  desk.answers = {Answer::Yes};
+  Choose("mnuFileClose");
+  EXPECT_EQ(Kept("2004-").size(), 1U) << "given up with the window's data";
+  type();
+  window->EndBySignal(SIGTERM);
+  NextStart();
+  desk.happened.clear();
+  desk.answers = {Answer::Yes};
+  desk.beforeAnswer = [&] { window->EndBySignal(SIGTERM); };
+  EXPECT_FALSE(window->OpenLeftWork()) << "ended before an answer";
+  NextStart();
+  desk.answers = {Answer::Yes};
+  EXPECT_TRUE(window->OpenLeftWork());
+  EXPECT_NE(Happened().back().find("CH1 Rx Freq (MHz): 440.00000 -> 450.10000"), std::string::npos);
+}
+
+TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
+  TypeAni("4711");
+  window->close();
+  desk.answers = {Answer::Yes, Answer::No}; // the second when the window is closed
+  NextStart();
+  EXPECT_TRUE(window->OpenLeftWork());
+  window->close();
+  NextStart();
+  desk.happened.clear();
+  desk.answers = {Answer::No};
+  EXPECT_FALSE(window->OpenLeftWork());
+  EXPECT_EQ(Happened(), Lines{Question("a new configuration")}) << "with the first differences";
+  desk.paths = {Path("kept/" + Kept("2004-").front())};
+  Choose("mnuFileOpen");
+  EXPECT_EQ(Title(), ProgramTitle) << "it will go, so that Save must ask for a name";
+  EXPECT_TRUE(window->State().ModifiedFlag);
+}
+
 TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
   PutDataFile("a.K4X");
   const struct {
@@ -121,6 +170,9 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
     EXPECT_EQ(Content("a.K4X"), before);
     EXPECT_TRUE(radio.frames.empty());
   }
+  desk.answers = {Answer::No};
+  Choose("mnuEmbedWrite");
+  EXPECT_EQ(Happened(), Lines{lost});
   desk.answers = {Answer::Yes};
   Choose("mnuFileSave");
   EXPECT_NE(Content("a.K4X"), before);

@@ -72,6 +72,12 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
     if (name.ends_with(".K4X"))
       seconds += name.starts_with("2026-11-25_04-10-") ? name.substr(17, 2) + ' ' : name + ' ';
   EXPECT_EQ(seconds, "0 my own.K4X 12 13 14 15 16 17 18 19 20 21 ");
+  ASSERT_TRUE(copies.Keep(Copy("2004-01-01 00:00:00"))); // the clock is wrong
+  copies.PutAside();
+  const auto isLate = [](const std::string& name) { return name.starts_with("2004"); };
+  EXPECT_TRUE(std::ranges::any_of(Kept(), isLate));
+  std::filesystem::remove_all(Folder()); // by somebody else
+  EXPECT_TRUE(copies.Keep(Copy("2026-11-25 04:11:00")));
 }
 
 TEST_F(KeptCopiesTest, NothingIsOfferedFromADamagedCopy) {

@@ -6,7 +6,6 @@
 
 #include <QGuiApplication>
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <iostream>
@@ -26,7 +25,7 @@ int main(int argc, char** argv) {
     std::cerr << "This is a part of mr4500x-cli: see mr4500x-cli print --help.\n";
     return static_cast<int>(mr4500x::ExitStatus::UnusableArguments);
   }
-  signal(SIGXFSZ, SIG_IGN); // at a file size limit a save fails with its message
+  mr4500x::PrepareProcess();
   qInstallMessageHandler(DropDiagnostics);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   try {

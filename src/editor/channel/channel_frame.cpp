@@ -186,6 +186,13 @@ void ChannelFrame::Collect(Configuration& values) const {
   }
 }
 
+void ChannelFrame::CollectUnfinished(Configuration& values) const {
+  Collect(values);
+  if (const auto text = EditedText())
+    values.channels[static_cast<std::size_t>(OpenRow())].cells[static_cast<std::size_t>(EditedColumn())] =
+        text->toStdString();
+}
+
 void ChannelFrame::chkCH_Click(int channel) {
   const auto index = static_cast<std::size_t>(channel);
   ColourRxCells(channel);

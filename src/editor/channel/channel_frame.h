@@ -23,6 +23,7 @@ public:
 
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
+  void CollectUnfinished(Configuration& values) const override;
   void KeepLabelsInView() override; // with the headings of the check boxes
 
 signals:

@@ -177,8 +177,18 @@ void GridFrame::ShowEditor(QWidget& editor, const QRect& place, QRgb colour) {
 EntryBox* GridFrame::OpenEntry() const {
   return m_entry->isHidden() ? nullptr : m_entry;
 }
+bool GridFrame::HasOpenEditor() const {
+  return !m_entry->isHidden() || !m_list->isHidden();
+}
 QString GridFrame::OpenText() const {
   return m_grid->item(m_row, m_column)->text();
+}
+
+std::optional<QString> GridFrame::EditedText() const {
+  if (OpenEntry() != nullptr) return CheckedEntry(m_entry->text());
+  // A cell text that is not in the list has no selection, and stays.
+  const bool isPicked = !m_list->isHidden() && m_list->currentIndex() >= 0;
+  return isPicked ? std::optional(m_list->currentText()) : std::nullopt;
 }
 
 void GridFrame::Store(const QString& text) {
@@ -197,17 +207,12 @@ void GridFrame::RefuseEntry() {
 
 void GridFrame::CommitEditors() {
   if (m_closing) return;
-  if (OpenEntry() != nullptr) {
-    if (const auto text = CheckedEntry(m_entry->text()))
-      Store(*text);
-    else
-      RefuseEntry();
-  }
-  // A cell text that is not in the list has no selection, and stays.
-  const QString picked = m_list->currentText();
-  if (!m_list->isHidden() && m_list->currentIndex() >= 0 && picked != OpenText()) {
-    Store(picked);
-    Picked(picked);
+  const std::optional<QString> edited = EditedText();
+  if (!edited && OpenEntry() != nullptr) {
+    RefuseEntry();
+  } else if (edited && *edited != OpenText()) {
+    Store(*edited);
+    if (OpenEntry() == nullptr) Picked(*edited);
   }
   HideEditors();
 }

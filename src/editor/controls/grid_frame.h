@@ -52,6 +52,7 @@ public:
   void CommitEditors();                      // checks and stores the open editor's text, then hides it
   void HideEditors();                        // without storing their text
   [[nodiscard]] EntryBox* OpenEntry() const; // nullptr if the text box is hidden
+  [[nodiscard]] bool HasOpenEditor() const;
   virtual void KeepLabelsInView() { m_grid->KeepLabelsInView(); }
 
 protected:
@@ -69,7 +70,8 @@ protected:
   void ShowEditor(QWidget& editor, const QRect& place, QRgb colour);
   void RefuseEntry(); // shows the message and restores the cell's text
   [[nodiscard]] QString OpenText() const;
-  void Store(const QString& text); // in the open cell
+  [[nodiscard]] std::optional<QString> EditedText() const; // what a commit would store; nullopt for nothing
+  void Store(const QString& text);                         // in the open cell
 
   [[nodiscard]] MessageView& Messages() const { return m_messages; }
   [[nodiscard]] int OpenRow() const { return m_row; }

@@ -19,6 +19,9 @@ public:
 
   virtual void Fill(const Configuration& values) = 0; // sets the controls as if the user had
   virtual void Collect(Configuration& values) const = 0;
+  // For a copy of the work at any moment: the text of an open editor counts if it is valid, and of an entry that has
+  // not been checked yet the last one that was.
+  virtual void CollectUnfinished(Configuration& values) const { Collect(values); }
 
 signals:
   void Changed();

@@ -109,12 +109,16 @@ void BandFrame::txtFreqBandL_Validate() {
     if (check.entry != BandEntry::Accepted) check.value = inForce;
   }
   m_lower->SetWholeText(QString::number(check.value));
-  if (check.value == inForce) return;
+  if (check.value != inForce) AskAboutLowerLimit(check.value, inForce);
+  m_agreedLower = m_lower->text();
+}
+
+void BandFrame::AskAboutLowerLimit(int limit, int inForce) {
   const Answer answer = m_messages.Show(
       MessageIcon::Exclamation, "Frequency Band Change",
       "Change the lower limit value, all data will be initiated. Do you want to continue?", MessageButtons::YesNo);
   if (answer == Answer::Yes)
-    emit LowerLimitChanged(check.value);
+    emit LowerLimitChanged(limit);
   else
     m_lower->SetWholeText(QString::number(inForce));
 }
@@ -133,6 +137,7 @@ void BandFrame::txtFreqBandU_Validate() {
 
 void BandFrame::Fill(const Configuration& values) {
   m_rememberedLower = QString::fromUtf8(values.lowerBandLimit);
+  m_agreedLower = m_rememberedLower;
   m_rememberedUpper = QString::fromUtf8(values.upperBandLimit);
   m_lower->SetWholeText(m_rememberedLower);
   m_upper->SetWholeText(m_rememberedUpper);
@@ -141,6 +146,11 @@ void BandFrame::Fill(const Configuration& values) {
 void BandFrame::Collect(Configuration& values) const {
   values.lowerBandLimit = m_lower->text().toStdString();
   values.upperBandLimit = m_upper->text().toStdString();
+}
+
+void BandFrame::CollectUnfinished(Configuration& values) const {
+  values.lowerBandLimit = m_agreedLower.toStdString();
+  values.upperBandLimit = m_rememberedUpper.toStdString();
 }
 
 Band BandFrame::Limits() const {

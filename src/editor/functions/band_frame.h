@@ -19,6 +19,7 @@ public:
 
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
+  void CollectUnfinished(Configuration& values) const override;
   [[nodiscard]] Band Limits() const; // as the boxes show them
 
 signals:
@@ -32,11 +33,13 @@ private:
   void txtFreqBandU_Recheck();
   void txtFreqBandL_Validate();
   void txtFreqBandU_Validate();
+  void AskAboutLowerLimit(int limit, int inForce);
 
   MessageView& m_messages;
   RadioImage& m_image;
   EntryBox *m_lower, *m_upper;
   QString m_rememberedLower, m_rememberedUpper;
+  QString m_agreedLower; // checked, and the question about it answered
 };
 
 // The radio's identity number and firmware version, read-only.

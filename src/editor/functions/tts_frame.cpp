@@ -187,4 +187,10 @@ void TtsFrame::Collect(Configuration& values) const {
           m_grid->item(static_cast<int>(entry) - 1, column)->text().toStdString();
 }
 
+void TtsFrame::CollectUnfinished(Configuration& values) const {
+  Collect(values);
+  if (const auto text = EditedText())
+    values.Tts(static_cast<std::size_t>(OpenRow()) + 1, static_cast<TtsColumn>(OpenColumn())) = text->toStdString();
+}
+
 } // namespace mr4500x

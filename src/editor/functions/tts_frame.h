@@ -14,6 +14,7 @@ public:
 
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
+  void CollectUnfinished(Configuration& values) const override;
   void SetTtsMode(bool tts);
 
 protected:

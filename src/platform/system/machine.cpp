@@ -8,7 +8,10 @@
 #include <ctime>
 #include <filesystem>
 
+#include <fcntl.h>
+#include <signal.h>
 #include <sys/prctl.h>
+#include <unistd.h>
 
 namespace mr4500x {
 namespace {
@@ -22,6 +25,12 @@ std::string XdgFolder(const char* variable, const char* otherwise) {
 }
 
 } // namespace
+
+void PrepareProcess() {
+  signal(SIGXFSZ, SIG_IGN);
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
+    if (fcntl(stream, F_GETFD) == -1) static_cast<void>(open("/dev/null", O_RDWR)); // takes the lowest free number
+}
 
 std::string ProgramFolder() {
   std::error_code failed;

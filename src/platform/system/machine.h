@@ -9,6 +9,10 @@ class QLocale;
 
 namespace mr4500x {
 
+// First in each program. No file and no port takes the place of a standard stream that was closed: what is printed
+// would go there. A write at a file size limit fails, instead of a signal that ends the program.
+void PrepareProcess();
+
 // The folder of the running executable, links resolved; empty if unknown.
 [[nodiscard]] std::string ProgramFolder();
 
