@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <span>
 #include <string>
+#include <utility>
 
 // The entry point of every target, called by the fuzzer and the replay.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -38,6 +39,10 @@ public:
   std::string Text() {
     const auto taken = m_rest.first(std::min<std::size_t>(Byte(), m_rest.size()));
     m_rest = m_rest.subspan(taken.size());
+    return {taken.begin(), taken.end()};
+  }
+  std::string Rest() {
+    const auto taken = std::exchange(m_rest, {});
     return {taken.begin(), taken.end()};
   }
 

@@ -1,5 +1,6 @@
 #include "declare_file_commands.h"
 
+#include "channel_commands.h"
 #include "diff_command.h"
 #include "file_commands.h"
 #include "machine.h"
@@ -15,7 +16,7 @@ namespace {
 struct Given {
   std::string file, other, output;
   std::vector<std::string> words;
-  bool json = false, replace = false;
+  bool json = false, replace = false, skipBad = false;
 
   // Where a changed FILE goes.
   [[nodiscard]] const std::string& Target() const { return output.empty() ? file : output; }
@@ -83,6 +84,26 @@ void DeclareFileCommands(CLI::App& app, FileSystem& files, Terminal& terminal, s
   file(apply, changed);
   positional(apply, "CHANGES.json", given.other, "the JSON document; - for standard input");
   output(apply);
+
+  CLI::App* const channels =
+      app.add_subcommand("channels", "Exchange the channels with spreadsheets and other programs");
+  channels->require_subcommand(1);
+  CLI::App* const give = command(*channels, "export", "Write every channel of FILE as CSV",
+                                 [](FileSystem& on, const Given& is, Terminal& shown) {
+                                   return RunChannelsExport(on, is.file, is.other.empty() ? "-" : is.other, shown);
+                                 });
+  file(give, read);
+  give->add_option("OUT.csv", given.other, "the file to write, over one that is there; else standard output")
+      ->type_name("");
+  CLI::App* const take =
+      command(*channels, "import", "Take channels from CSV: what export writes, or a list with Location and Frequency",
+              [](FileSystem& on, const Given& is, Terminal& shown) {
+                return RunChannelsImport(on, {is.file, is.other, is.Target(), is.skipBad}, shown);
+              });
+  file(take, changed);
+  positional(take, "IN.csv", given.other, "the list, separated by commas, semicolons or tabs; - for standard input");
+  take->add_flag("--skip-bad", given.skipBad, "leave out the lines that are refused, and take the others");
+  output(take);
 
   CLI::App* const diff = command(
       app, "diff", "Print the settings that differ, then the bytes that no setting shows; 1 if any differs",

@@ -55,13 +55,18 @@ std::optional<Refusal> SetValue(Configuration& configuration, const Assignment& 
 }
 
 // The emergency pair holds both keys of A, and may hide a function that is in the way of another one.
-void TakePairApart(KeyProgram& keys, const std::vector<Assignment>& assignments) {
-  const auto isGiven = [&](Key key) {
-    return std::ranges::find(assignments, FieldAt{&FieldOf(key)}, &Assignment::at) != assignments.end();
-  };
-  if (!isGiven(ShortA) || !isGiven(LongA)) return;
-  for (const Key key : {ShortA, LongA})
-    static_cast<void>(SelectKey(keys, key, KeyUnassigned)); // which is in nobody's way
+void TakePairApart(Configuration& configuration, const std::vector<Assignment>& assignments) {
+  constexpr std::array Pair = {ShortA, LongA};
+  std::size_t given = 0, changed = 0;
+  for (const Key key : Pair)
+    for (const Assignment& assignment : assignments)
+      if (assignment.at == FieldAt{&FieldOf(key)}) {
+        ++given;
+        changed += assignment.value != ValueOf(configuration, assignment.at) ? 1 : 0;
+      }
+  if (given < Pair.size() || changed == 0) return;
+  for (const Key key : Pair)
+    static_cast<void>(SelectKey(configuration.keys, key, KeyUnassigned)); // which is in nobody's way
 }
 
 // What became of one assignment: the value that the setting got, or the refusal.
@@ -74,7 +79,7 @@ struct Result {
 std::vector<Result> SetAll(Configuration& configuration, const std::vector<Assignment>& assignments,
                            const FieldTexts& texts) {
   std::vector<Result> results(assignments.size());
-  TakePairApart(configuration.keys, assignments);
+  TakePairApart(configuration, assignments);
   for (int round = 0; round < MostRounds; ++round) {
     const Configuration before = configuration;
     for (std::size_t i = 0; i < assignments.size(); ++i) {
@@ -93,14 +98,17 @@ std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment
   std::ranges::stable_sort(assignments, {},
                            [](const Assignment& given) { return std::tuple(given.at.field, given.at.entry); });
   RadioImage changed = image;
-  Configuration configuration = Decode(image, texts).configuration;
-  SettleAfterFill(changed);
+  Configuration shown = Decode(image, texts).configuration;
+  Configuration configuration = shown;
   const std::vector<Result> results = SetAll(configuration, assignments, texts);
-  CompleteEmergencyPair(configuration);
-  TakeSelectedStandard(configuration);
-  Encode(configuration, changed, texts);
+  if (configuration != shown) { // else bytes that an Encode would tidy up stay, too
+    SettleAfterFill(changed);
+    CompleteEmergencyPair(configuration);
+    TakeSelectedStandard(configuration);
+    Encode(configuration, changed, texts);
+    shown = Decode(changed, texts).configuration;
+  }
 
-  const Configuration shown = Decode(changed, texts).configuration;
   std::vector<RefusedValue> refused;
   for (std::size_t i = 0; i < results.size(); ++i) {
     const auto& [value, refusal] = results[i];

@@ -1,0 +1,38 @@
+// Any text as a list of channels: each line is taken or told, and what was taken is exported and comes back.
+#include "channel_list.h"
+#include "fuzz_input.h"
+
+namespace mr4500x {
+namespace {
+
+const FieldTexts Texts = BuildFieldTexts('.');
+
+void Import(const std::string& text) {
+  const CsvTable table = ReadCsv(text);
+  std::string lines;
+  for (const CsvRow& row : table.rows)
+    lines += CsvLine(row.cells);
+  const CsvTable again = ReadCsv("a,\r\n" + lines); // a heading with the comma
+  Require(again.rows.size() == table.rows.size() + 1, "as many lines come back as were written");
+  for (std::size_t i = 0; i < table.rows.size(); ++i)
+    Require(again.rows[i + 1].isWhole && again.rows[i + 1].cells == table.rows[i].cells, "what is written is read");
+
+  const ChannelList list = ReadChannelList(text);
+  Require(list.hasHeading || (list.rows.empty() && !list.bad.empty()), "without a heading nothing is taken");
+  RadioImage image;
+  static_cast<void>(NewConfiguration(image, Texts, {2004, 11, 4, 9, 5, 7}));
+  const RadioImage before = image;
+  if (!ImportChannels(image, list.rows, Texts).empty()) return Require(image == before, "all or nothing is taken");
+  const RadioImage imported = image;
+  const ChannelList exported = ReadChannelList(ChannelsCsv(Decode(image, Texts).configuration));
+  Require(exported.bad.empty() && exported.rows.size() == ChannelCount, "an export is a list of all channels");
+  Require(ImportChannels(image, exported.rows, Texts).empty() && image == imported, "an export changes nothing");
+}
+
+} // namespace
+} // namespace mr4500x
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  mr4500x::Import({data, data + size});
+  return 0;
+}

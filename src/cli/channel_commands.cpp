@@ -1,0 +1,67 @@
+#include "channel_commands.h"
+
+#include "channel_list.h"
+#include "file_access.h"
+#include "file_commands.h"
+#include "setting_commands.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace mr4500x {
+namespace {
+
+void Print(std::vector<BadCell> bad, const std::string& file, Terminal& terminal) {
+  std::ranges::stable_sort(bad, {}, &BadCell::line);
+  for (const auto& [line, column, value, why] : bad) {
+    terminal.err << file << ':' << line << ": " << column;
+    if (!value.empty()) terminal.err << (column.empty() ? "" : "=") << value;
+    terminal.err << (column.empty() && value.empty() ? "" : ": ") << why << '\n';
+  }
+}
+
+// Imports the good rows; appends the cells that keep others out.
+void ImportGoodRows(RadioImage& image, std::vector<ImportedRow> rows, std::vector<BadCell>& bad) {
+  const FieldTexts texts = BuildFieldTexts('.');
+  for (;;) {
+    const std::vector<BadCell> refused = ImportChannels(image, rows, texts);
+    if (refused.empty()) return;
+    bad.insert(bad.end(), refused.begin(), refused.end());
+    std::erase_if(rows, [&](const ImportedRow& row) {
+      return std::ranges::find(refused, row.line, &BadCell::line) != refused.end();
+    });
+  }
+}
+
+} // namespace
+
+ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv, Terminal& terminal) {
+  RadioImage image;
+  Configuration values;
+  if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
+  const std::string text = ChannelsCsv(values);
+  if (csv == "-") {
+    terminal.out << text;
+    return EndOutput(terminal);
+  }
+  const std::vector<std::uint8_t> bytes(text.begin(), text.end());
+  if (ReplaceFile(files, csv, bytes, Surplus::Drop)) return ExitStatus::Done;
+  terminal.err << csv << ": can't be written\n";
+  return ExitStatus::Failed;
+}
+
+ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Terminal& terminal) {
+  RadioImage image;
+  Configuration before;
+  const auto text = ReadTextForCommand(files, given.csv, terminal);
+  if (!text || !LoadValuesForCommand(files, given.path, '.', image, before, terminal)) return ExitStatus::Failed;
+  ChannelList list = ReadChannelList(*text);
+  ImportGoodRows(image, list.rows, list.bad);
+  Print(list.bad, given.csv, terminal);
+  for (const std::string& column : list.leftOut)
+    terminal.err << given.csv << ": " << column << ": left out; a radio has nothing for it\n";
+  if (!list.bad.empty() && !(given.skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
+  return SaveForCommand(files, given.output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+} // namespace mr4500x

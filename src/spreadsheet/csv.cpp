@@ -1,0 +1,113 @@
+#include "csv.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view Separators = ",;\t";
+constexpr std::string_view Blanks = " \t";
+
+char SeparatorIn(std::string_view text) {
+  bool isQuoted = false;
+  for (const char c : text) {
+    if (c == '"') isQuoted = !isQuoted;
+    if (isQuoted) continue;
+    if (Separators.find(c) != std::string_view::npos) return c;
+    if (c == '\n' || c == '\r') break;
+  }
+  return ',';
+}
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(Blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+class Reader {
+public:
+  explicit Reader(char separator) : m_table{separator, {}} {}
+
+  CsvTable Read(std::string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const bool isPair =
+          i + 1 < text.size() && (text[i] == '"' || text[i] == '\r') && text[i + 1] == (text[i] == '"' ? '"' : '\n');
+      if (m_isInQuotes && text[i] == '"' && isPair)
+        m_cell += text[i++]; // a doubled quote is one of the text
+      else
+        Take(text[i]);
+      if (!m_isInQuotes && text[i] == '\r' && isPair) ++i;
+    }
+    m_row.isWhole &= !m_isInQuotes;
+    EndRow();
+    return std::move(m_table);
+  }
+
+private:
+  void Take(char c) {
+    const bool isLineEnd = c == '\n' || c == '\r';
+    if (m_isInQuotes) {
+      m_line += c == '\n' ? 1 : 0;
+      if (c == '"')
+        m_isInQuotes = false;
+      else
+        m_cell += c;
+    } else if (isLineEnd) {
+      EndRow();
+      m_row.line = ++m_line;
+    } else if (c == m_table.separator) {
+      EndCell();
+    } else if (c == '"' && !m_wasQuoted && Trimmed(m_cell).empty()) {
+      m_isInQuotes = m_wasQuoted = true;
+    } else {
+      if (c == '"' || (m_wasQuoted && Blanks.find(c) == std::string_view::npos)) m_row.isWhole = false;
+      m_cell += c;
+    }
+  }
+
+  void EndCell() {
+    m_row.cells.emplace_back(Trimmed(m_cell));
+    m_cell.clear();
+    m_wasQuoted = false;
+  }
+
+  void EndRow() {
+    EndCell();
+    const bool isEmpty = std::ranges::all_of(m_row.cells, &std::string::empty);
+    if (!isEmpty || !m_row.isWhole) m_table.rows.push_back(m_row);
+    m_row = {m_line, {}, true};
+  }
+
+  CsvTable m_table;
+  CsvRow m_row{1, {}, true};
+  std::string m_cell;
+  std::size_t m_line = 1;
+  bool m_isInQuotes = false, m_wasQuoted = false;
+};
+
+} // namespace
+
+CsvTable ReadCsv(std::string_view text) {
+  if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
+  return Reader(SeparatorIn(text)).Read(text);
+}
+
+std::string CsvLine(const std::vector<std::string>& cells) {
+  std::string line;
+  for (const std::string& cell : cells) {
+    if (&cell != cells.data()) line += ',';
+    if (cell.find_first_of(",;\t\"\r\n") == std::string::npos) {
+      line += cell;
+      continue;
+    }
+    line += '"';
+    for (const char c : cell)
+      line.append(c == '"' ? 2 : 1, c);
+    line += '"';
+  }
+  return line + "\r\n";
+}
+
+} // namespace mr4500x

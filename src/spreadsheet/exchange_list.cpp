@@ -1,0 +1,169 @@
+// The list of channels that many radio programs exchange.
+#include "channel_list.h"
+#include "decimal.h"
+#include "field_rules.h"
+
+#include <algorithm>
+#include <map>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::array<std::string_view, 12> UsedColumns = {"Location",     "Frequency",  "Duplex",    "Offset",
+                                                          "Tone",         "rToneFreq",  "cToneFreq", "DtcsCode",
+                                                          "DtcsPolarity", "RxDtcsCode", "CrossMode", "Mode"};
+constexpr char Point = '.';
+
+// One line: from its cells to the settings of its channel.
+class Line {
+public:
+  Line(const std::vector<std::string>& columns, const CsvRow& row, std::size_t channel) : m_row{row.line, channel, {}} {
+    for (std::size_t i = 0; i < columns.size(); ++i)
+      m_cells.emplace(columns[i], row.cells[i]);
+  }
+
+  void Read(ChannelList& list) {
+    ReadFrequencies();
+    ReadTones();
+    const std::string mode = Cell("Mode");
+    if (mode == "FM" || mode == "NFM")
+      Set(GridColumn::BandWidth, mode == "FM" ? "25" : "12.5", "Mode");
+    else if (!mode.empty())
+      Refuse("Mode", "allowed: FM or NFM");
+    Set(Box::InUse, "true", "Location");
+    if (m_bad.empty()) list.rows.push_back(std::move(m_row));
+    list.bad.insert(list.bad.end(), m_bad.begin(), m_bad.end());
+  }
+
+private:
+  [[nodiscard]] std::string Cell(const std::string& column) const {
+    const auto found = m_cells.find(column);
+    return found == m_cells.end() ? "" : found->second;
+  }
+  void Set(FieldPlace place, std::string text, const std::string& column) {
+    m_row.values.push_back({{{&FieldOf(place), m_row.channel}, std::move(text)}, column, Cell(column)});
+  }
+  void Refuse(const std::string& column, std::string why) {
+    BadCell bad = {m_row.line, column, Cell(column), std::move(why)};
+    if (std::ranges::count(m_bad, bad) == 0) m_bad.push_back(std::move(bad));
+  }
+
+  std::optional<TensOfHertz> Megahertz(const std::string& column) {
+    const std::string text = Cell(column);
+    const auto number = ParseDecimal(text, Point);
+    const std::optional<TensOfHertz> frequency = ReadFrequency(text, Point);
+    if (frequency && CountOfUnits(*number, 0, 1) < 1000 && IsExact(*number, 5)) return frequency;
+    Refuse(column, "allowed: MHz with up to five decimals");
+    return std::nullopt;
+  }
+  static bool IsExact(Decimal number, int decimals) {
+    for (; number.decimals > decimals; --number.decimals, number.digits /= 10)
+      if (number.digits % 10 != 0) return false;
+    return true;
+  }
+
+  void ReadFrequencies() {
+    const std::string duplex = Cell("Duplex");
+    const auto receive = Megahertz("Frequency");
+    auto transmit = receive;
+    const bool hasOffset = duplex == "+" || duplex == "-" || duplex == "split";
+    if (!hasOffset && !duplex.empty() && duplex != "off") Refuse("Duplex", "allowed: +, -, split, off or nothing");
+    if (hasOffset) {
+      const auto offset = Megahertz("Offset");
+      if (!offset || !receive) return;
+      transmit = duplex == "split" ? *offset : *receive + (duplex == "+" ? *offset : -*offset);
+    }
+    if (!receive) return;
+    const auto step = [](auto... frequencies) -> std::string { // the usual one where it fits
+      return ((frequencies % 625 == 0) && ...) || !((frequencies % 250 == 0) && ...) ? "6.25" : "2.5";
+    };
+    const bool hasOneStep =
+        (*receive % 625 == 0 && *transmit % 625 == 0) || (*receive % 250 == 0 && *transmit % 250 == 0);
+    Set(GridColumn::RxStep, hasOneStep ? step(*receive, *transmit) : step(*receive), "Frequency");
+    Set(GridColumn::TxStep, hasOneStep ? step(*receive, *transmit) : step(*transmit), "Frequency");
+    Set(GridColumn::RxFreq, FrequencyText(*receive, Point), "Frequency");
+    Set(GridColumn::TxFreq, FrequencyText(*transmit, Point), hasOffset ? "Offset" : "Frequency");
+    Set(Box::TxAllowed, duplex == "off" ? "false" : "true", "Duplex");
+  }
+
+  // A text as the tone list has it, unless it is no number.
+  [[nodiscard]] std::string Ctcss(const std::string& column) const {
+    const auto hertz = ParseDecimal(Cell(column), Point);
+    const bool isTone = hertz && hertz->digits > 0 && IsExact(*hertz, 1);
+    return "CTC" + (isTone ? FormatDecimal(CountOfUnits(*hertz, 1, 1), 2, 1, Point) : Cell(column));
+  }
+  // `side` is the place of its letter in DtcsPolarity.
+  std::string Dcs(const std::string& column, std::size_t side) {
+    const std::string polarity = Cell("DtcsPolarity").empty() ? "NN" : Cell("DtcsPolarity");
+    if (polarity.size() != 2 || polarity.find_first_not_of("NR") != std::string::npos)
+      Refuse("DtcsPolarity", "allowed: NN, NR, RN or RR");
+    std::string code = Cell(column);
+    if (code.size() < 3) code.insert(0, 3 - code.size(), '0'); // a spreadsheet drops the zeros
+    return (polarity.size() == 2 && polarity[side] == 'R' ? "-DCS" : "DCS") + code;
+  }
+
+  void ReadTones() {
+    const std::string tone = Cell("Tone");
+    if (!m_cells.contains("Tone")) return;
+    if (tone.empty()) return SetTones("", "");
+    if (tone == "Tone") return SetTones("Tone", "");
+    if (tone == "TSQL") return SetTones("TSQL", "Tone");
+    if (tone == "DTCS") return SetTones("DTCS", "DTCS of both");
+    if (tone != "Cross") return Refuse("Tone", "allowed: Tone, TSQL, DTCS, Cross or nothing; a radio has no others");
+    const std::string mode = Cell("CrossMode");
+    const std::size_t arrow = mode.find("->");
+    const auto isKind = [](const std::string& kind) { return kind.empty() || kind == "Tone" || kind == "DTCS"; };
+    const std::string sent = mode.substr(0, arrow),
+                      expected = arrow == std::string::npos ? "?" : mode.substr(arrow + 2);
+    if (!isKind(sent) || !isKind(expected))
+      return Refuse("CrossMode", "allowed: Tone or DTCS or nothing, ->, the same");
+    SetTones(sent, expected);
+  }
+
+  void SetTones(const std::string& sent, const std::string& expected) {
+    const std::string sentFrom = sent == "TSQL" ? "cToneFreq" : sent == "Tone" ? "rToneFreq" : "DtcsCode";
+    const std::string expectedFrom = expected == "Tone" ? "cToneFreq" : expected == "DTCS" ? "RxDtcsCode" : "DtcsCode";
+    Set(GridColumn::TxTone,
+        sent.empty()     ? "OFF"
+        : sent == "DTCS" ? Dcs(sentFrom, 0)
+                         : Ctcss(sentFrom),
+        sent.empty() ? "Tone" : sentFrom);
+    Set(GridColumn::RxTone,
+        expected.empty()     ? "OFF"
+        : expected == "Tone" ? Ctcss(expectedFrom)
+                             : Dcs(expectedFrom, 1),
+        expected.empty() ? "Tone" : expectedFrom);
+  }
+
+  std::map<std::string, std::string> m_cells;
+  ImportedRow m_row;
+  std::vector<BadCell> m_bad;
+};
+
+} // namespace
+
+bool IsExchangeList(const CsvRow& heading) {
+  const auto has = [&](std::string_view column) { return std::ranges::count(heading.cells, column) > 0; };
+  return has("Location") && has("Frequency");
+}
+
+void ReadExchangeList(const CsvTable& table, ChannelList& list) {
+  list.hasHeading = true;
+  const std::vector<std::string>& columns = table.rows.front().cells;
+  for (const std::string& column : columns)
+    if (std::ranges::find(UsedColumns, column) == UsedColumns.end() && !column.empty()) list.leftOut.push_back(column);
+  const auto location = static_cast<std::size_t>(std::ranges::find(columns, "Location") - columns.begin());
+  const auto rows = std::span(table.rows).subspan(1);
+  const bool countsFrom0 = std::ranges::any_of(rows, [&](const CsvRow& row) { return row.cells[location] == "0"; });
+  for (const CsvRow& row : rows) {
+    if (!row.isWhole) continue;
+    const int channel = ParseWhole(row.cells[location]).value_or(-1) + (countsFrom0 ? 1 : 0);
+    if (channel < 1 || channel > static_cast<int>(ChannelCount))
+      list.bad.push_back(
+          {row.line, "Location", row.cells[location], countsFrom0 ? "allowed: 0 to 15" : "allowed: 1 to 16"});
+    else
+      Line(columns, row, static_cast<std::size_t>(channel)).Read(list);
+  }
+}
+
+} // namespace mr4500x
