@@ -16,7 +16,7 @@ struct Ended {
 };
 
 Ended Shell(const std::string& command) {
-  FILE* const pipe = popen((command + " 2>&1 </dev/null").c_str(), "r");
+  FILE* const pipe = popen(("{ " + command + "; } 2>&1 </dev/null").c_str(), "r");
   Ended ended{-1, {}};
   for (int character = fgetc(pipe); character != EOF; character = fgetc(pipe))
     ended.output += static_cast<char>(character);
@@ -143,6 +143,21 @@ TEST_F(CommandLineTest, FilesAndArguments) {
       {"show " + Path("none.K4X"), 1, "File has been damaged!\n"},
       {"new " + Path("no/folder.K4X"), 1, "File hasn't been saved. Please try again!\n"},
       {"read /nowhere " + file, 1, "/nowhere: No such file or directory\n"},
+      {"new " + file, 1, file + ": there is such a file already; --replace replaces it\n"},
+      {"new --replace " + file, 0, ""},
+      {"fields", 0, "band.lower\tLower Limit\tnumber\t136 to 469\n"},
+      {"set " + file + " --output " + Path("b.K4X") + " channels.3.rx_tone=-DCS023 'select_call=5 Tone'", 0, ""},
+      {"get " + Path("b.K4X") + " select_call channels.3.tail_cut", 0, "5 Tone\nON\n"},
+      {"set " + file + " global.tx_tot=61s", 2, "global.tx_tot=61s: refused; allowed: one of OFF, 30s"},
+      {"set " + Path("none.K4X") + " global.tx_tot=60s", 1, "File has been damaged!\n"},
+      {"diff " + file + " " + Path("b.K4X"), 1, "Select Call  TTS  5 Tone\n"},
+      {"diff " + file + " " + Path("damaged.K4X"), 2, "File has been damaged!\n"},
+      {"show --json " + Path("b.K4X") + " | " MR4500X_CLI " apply " + file + " -", 0, ""},
+      {"diff --json " + file + " " + Path("b.K4X"), 0, "{"},
+      {"apply " + file + " " + Path("none.json"), 1, Path("none.json: can't be read\n")},
+      {"channels export " + file, 0, "number,in_use,rx_freq,"},
+      {"channels export " + file + " | " MR4500X_CLI " channels import " + file + " -", 0, ""},
+      {"channels", 2, ""},
       {"", 2, ""},
       {"frobnicate", 2, ""},
       {"read 17 " + file, 2, ""},

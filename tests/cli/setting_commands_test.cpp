@@ -1,5 +1,6 @@
 #include "setting_commands.h"
 
+#include "channel_commands.h"
 #include "commands_fixture.h"
 #include "diff_command.h"
 #include "set_field.h"
@@ -166,6 +167,35 @@ status 1)");
   for (const auto& [document, lines] : refused)
     EXPECT_EQ(Apply(document), std::string(lines) + "status 2") << document;
   EXPECT_EQ(Content("b.K4X"), before);
+}
+
+TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {
+  const std::string list = Path("list.csv");
+  const auto import = [&](bool skipsBad) {
+    return Run([&](Terminal& shown) { return RunChannelsImport(files, {b, list, b, skipsBad}, shown); });
+  };
+  Put("list.csv", "number,rx_freq,in_use\n2,446.001,true\n3,446.1,true\n17,446,true\n");
+  const std::string bad =
+      list + ":2: rx_freq=446.001: allowed: a multiple of 6.25 kHz; nearest are 446.00000 and 446.00625\n" + list +
+      ":4: number=17: allowed: 1 to 16\n";
+  EXPECT_EQ(import(false), bad + "status 2");
+  EXPECT_EQ(Diff(), "");
+  EXPECT_EQ(import(true), bad);
+  EXPECT_EQ(Diff(), "CH3 In Use  no  yes\nCH3 Rx Freq  440.00000  446.10000\nstatus 1");
+
+  Restore();
+  const auto exportTo = [&](const std::string& csv) {
+    return Run([&](Terminal& shown) { return RunChannelsExport(files, b, csv, shown); });
+  };
+  EXPECT_EQ(exportTo(list), "");
+  EXPECT_EQ(exportTo("-"), Content("list.csv"));
+  EXPECT_EQ(import(false) + Diff(), "");
+  EXPECT_EQ(exportTo(Path("no/list.csv")), Path("no/list.csv: can't be written\nstatus 1"));
+  Put("list.csv", "Location,Name,Frequency\n1,A,446.1\n");
+  EXPECT_EQ(import(false), list + ": Name: left out; a radio has nothing for it\n");
+  Put("list.csv", "A,B\n1,2\n");
+  EXPECT_EQ(import(true), list + ":1: A: no such column\n" + list + ":1: B: no such column\n" + list +
+                              ":1: number: is missing\nstatus 2");
 }
 
 } // namespace
