@@ -13,6 +13,9 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int Format = 1;
+// By FieldKind.
+constexpr std::array<std::string_view, 5> Needed = {"needs a text, or an object with a code", "needs a number",
+                                                    "needs a text", "needs a text", "needs true or false"};
 
 Json ValueJson(const Configuration& configuration, FieldAt at) {
   if (const auto code = UnlistedCodeOf(configuration, at)) return {{"code", *code}};
@@ -45,58 +48,48 @@ class Reader {
 public:
   Changes Read(std::string_view text) {
     const Json document = Json::parse(text, nullptr, false);
-    if (!document.is_object()) return Refuse("", document.is_discarded() ? "not a JSON document" : "not an object");
-    for (const auto& [key, value] : document.items()) {
-      if (key == "format") {
-        if (value != Format) Refuse(key, "not 1, the format of this version");
-      } else if (key != "as_stored") {
-        ReadMember(key, value);
-      }
-    }
-    if (document.contains("as_stored")) ReadAsStored(document["as_stored"]); // of what has been read
+    if (document.is_discarded()) return {{}, {"not a JSON document"}};
+    Walk("", document);
+    if (document.is_object() && document.value("format", Json(Format)) != Format)
+      Refuse("format", "not 1, the format of this version");
+    if (document.is_object()) ReadAsStored(document.value("as_stored", Json::array()));
     return std::move(m_changes);
   }
 
 private:
-  Changes& Refuse(const std::string& place, std::string_view why) {
-    m_changes.problems.push_back(place.empty() ? std::string(why) : place + ": " + std::string(why));
-    return m_changes;
+  void Refuse(const std::string& place, std::string_view why) {
+    m_changes.problems.push_back((place.empty() ? "the document" : place) + ": " + std::string(why));
   }
 
-  void ReadMember(const std::string& key, const Json& value) {
-    const auto isGroup = [&](const Field& field) { return NameOf(field.group) == key; };
-    const auto found = std::ranges::find_if(Fields(), isGroup);
-    if (key.empty() || found == Fields().end()) return ReadValue(key, value);
-    if (!IsArray(found->group)) return ReadEntry(key, value);
-    if (!value.is_array()) return static_cast<void>(Refuse(key, "not an array"));
-    for (std::size_t i = 0; i < value.size(); ++i)
-      if (found->group == FieldGroup::Tts)
-        ReadEntry(key + '.' + std::to_string(i + 1), value[i]);
+  // The path of an object or array: "", "global", "channels", "channels.3".
+  void Walk(const std::string& path, const Json& value) {
+    const bool isArray = path == NameOf(FieldGroup::Channels) || path == NameOf(FieldGroup::Tts);
+    if (!(isArray ? value.is_array() : value.is_object())) return Refuse(path, isArray ? "no array" : "no object");
+    for (const auto& [key, member] : value.items()) {
+      const bool isNumber = path.starts_with("channels.") && key == "number";
+      if (isNumber || (path.empty() && (key == "format" || key == "as_stored"))) continue;
+      const std::string place = (path.empty() ? "" : path + '.') + (isArray ? EntryOf(path, key, member) : key);
+      const auto isIt = [&](const Field& field) { return NameOf(field.group) == place; };
+      if (isArray || (!place.empty() && std::ranges::find_if(Fields(), isIt) != Fields().end()))
+        Walk(place, member);
       else
-        ReadChannel(key, value[i]);
+        ReadValue(place, key, member);
+    }
   }
 
-  void ReadChannel(const std::string& key, const Json& channel) {
-    const auto number = channel.is_object() ? channel.find("number") : channel.end();
-    if (!channel.is_object() || number == channel.end() || !number->is_number_unsigned() ||
-        number->get<std::uint64_t>() - 1 >= ChannelCount)
-      return static_cast<void>(Refuse(key, "an entry without a number from 1 to 16"));
-    ReadEntry(key + '.' + number->dump(), channel);
+  // Of an array: the number that a channel has, or the place of another entry.
+  static std::string EntryOf(const std::string& path, const std::string& index, const Json& entry) {
+    if (path == NameOf(FieldGroup::Tts)) return std::to_string(std::stoul(index) + 1);
+    return entry.is_object() ? entry.value("number", Json("(without a number)")).dump() : index;
   }
 
-  void ReadEntry(const std::string& path, const Json& entry) {
-    if (!entry.is_object()) return static_cast<void>(Refuse(path, "not an object"));
-    for (const auto& [key, value] : entry.items())
-      if (key != "number" || !path.starts_with("channels.")) ReadValue(path + '.' + key, value);
-  }
-
-  void ReadValue(const std::string& identifier, const Json& value) {
-    const std::optional<FieldAt> at = FindField(identifier);
-    if (!at) return static_cast<void>(Refuse(identifier, "no such setting"));
+  void ReadValue(const std::string& place, const std::string& key, const Json& value) {
+    const std::optional<FieldAt> at = FindField(place);
+    if (!at || at->field->key != key) return Refuse(place, "no such setting");
     if (const auto text = TextFrom(*at, value))
       m_changes.assignments.push_back({*at, *text, at->field->place == FieldPlace(ChoiceList::Standards)});
     else
-      Refuse(identifier + '=' + value.dump(-1, ' ', false, Json::error_handler_t::replace), NeededFor(*at->field));
+      Refuse(place + '=' + value.dump(), Needed[static_cast<std::size_t>(at->field->kind)]);
   }
 
   static std::optional<std::string> TextFrom(FieldAt at, const Json& value) {
@@ -105,19 +98,11 @@ private:
     if (kind == FieldKind::WholeNumber && value.is_number_unsigned()) return value.dump();
     const bool isTime = at.field->place == FieldPlace(Box::AutoResetTime); // its one text is OFF
     if (value.is_string() && (kind != FieldKind::WholeNumber || isTime)) return value.get<std::string>();
-    const bool isCode = kind == FieldKind::Choice && value.is_object() && value.size() == 1 && value.contains("code") &&
-                        value["code"].is_number_unsigned();
+    const bool isCode = kind == FieldKind::Choice && value.is_object() && value.size() == 1 && value.contains("code");
     return isCode ? std::optional("{\"code\": " + value["code"].dump() + '}') : std::nullopt;
   }
 
-  static std::string_view NeededFor(const Field& field) {
-    if (field.kind == FieldKind::YesNo) return "needs true or false";
-    if (field.kind == FieldKind::WholeNumber) return "needs a number";
-    return field.kind == FieldKind::Choice ? "needs a text, or an object with a code" : "needs a text";
-  }
-
   void ReadAsStored(const Json& identifiers) {
-    if (!identifiers.is_array()) return static_cast<void>(Refuse("as_stored", "not an array"));
     for (const Json& identifier : identifiers) {
       const auto at = identifier.is_string() ? FindField(identifier.get<std::string>()) : std::nullopt;
       if (!at) Refuse("as_stored", "names no setting");

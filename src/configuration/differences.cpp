@@ -55,9 +55,10 @@ ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after
                                           Encoded(after, old, texts), Encoded(after, now, texts)};
   for (const auto& [block, name] : ComparedBlocks) {
     const auto was = BlockBytes(before, block), is = BlockBytes(after, block);
-    const auto byte = [&](std::size_t image, std::size_t i) { return BlockBytes(made[image], block)[i]; };
+    std::array<std::span<const std::uint8_t>, 4> bytes;
+    std::ranges::transform(made, bytes.begin(), [&, which = block](auto& image) { return BlockBytes(image, which); });
     for (std::size_t i = 0; i < was.size(); ++i) {
-      const int explained = (byte(0, i) ^ byte(1, i)) | (byte(2, i) ^ byte(3, i));
+      const int explained = (bytes[0][i] ^ bytes[1][i]) | (bytes[2][i] ^ bytes[3][i]);
       if (((was[i] ^ is[i]) & ~explained) != 0) differences.bytes.push_back({name, i, was[i], is[i]});
     }
   }

@@ -6,18 +6,12 @@ namespace mr4500x {
 namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view Separators = ",;\t";
 constexpr std::string_view Blanks = " \t";
 
+// The names of columns have none of them inside.
 char SeparatorIn(std::string_view text) {
-  bool isQuoted = false;
-  for (const char c : text) {
-    if (c == '"') isQuoted = !isQuoted;
-    if (isQuoted) continue;
-    if (Separators.find(c) != std::string_view::npos) return c;
-    if (c == '\n' || c == '\r') break;
-  }
-  return ',';
+  const std::size_t first = text.find_first_of(",;\t\r\n");
+  return first == std::string_view::npos || text[first] == '\r' || text[first] == '\n' ? ',' : text[first];
 }
 
 std::string_view Trimmed(std::string_view text) {

@@ -74,13 +74,14 @@ private:
       transmit = duplex == "split" ? *offset : *receive + (duplex == "+" ? *offset : -*offset);
     }
     if (!receive) return;
-    const auto step = [](auto... frequencies) -> std::string { // the usual one where it fits
-      return ((frequencies % 625 == 0) && ...) || !((frequencies % 250 == 0) && ...) ? "6.25" : "2.5";
+    // The usual step where it holds both, then the other; each frequency its own where neither does.
+    const auto fits = [](TensOfHertz step, auto... frequencies) { return ((frequencies % step == 0) && ...); };
+    const auto both = fits(625, *receive, *transmit) || !fits(250, *receive, *transmit);
+    const auto stepOf = [&](TensOfHertz frequency) {
+      return both && (fits(625, frequency) || !fits(250, frequency)) ? "6.25" : "2.5";
     };
-    const bool hasOneStep =
-        (*receive % 625 == 0 && *transmit % 625 == 0) || (*receive % 250 == 0 && *transmit % 250 == 0);
-    Set(GridColumn::RxStep, hasOneStep ? step(*receive, *transmit) : step(*receive), "Frequency");
-    Set(GridColumn::TxStep, hasOneStep ? step(*receive, *transmit) : step(*transmit), "Frequency");
+    Set(GridColumn::RxStep, stepOf(*receive), "Frequency");
+    Set(GridColumn::TxStep, stepOf(*transmit), "Frequency");
     Set(GridColumn::RxFreq, FrequencyText(*receive, Point), "Frequency");
     Set(GridColumn::TxFreq, FrequencyText(*transmit, Point), hasOffset ? "Offset" : "Frequency");
     Set(Box::TxAllowed, duplex == "off" ? "false" : "true", "Duplex");

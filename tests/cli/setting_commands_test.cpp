@@ -142,17 +142,17 @@ status 1)");
   const std::string before = Content("b.K4X");
   const std::pair<const char*, const char*> refused[] = {
       {"", "not a JSON document\n"},
-      {"[]", "not an object\n"},
+      {"[]", "the document: no object\n"},
       {R"({"format": 2})", "format: not 1, the format of this version\n"},
       {R"({"globl": {}})", "globl: no such setting\n"},
       {R"({"global": {"tx_tot": 60, "Beep": "ON"}, "scan": {"signal": "true"}})",
        "global.tx_tot=60: needs a text, or an object with a code\nglobal.Beep: no such setting\n"
        "scan.signal=\"true\": needs true or false\n"},
-      {R"({"band": [], "channels": {}, "tts": [1]})",
-       "band: not an object\nchannels: not an array\ntts.1: not an object\n"},
-      {R"({"channels": [{"in_use": true}, {"number": 17}, {"number": 1, "rx_frq": ""}]})",
-       "channels: an entry without a number from 1 to 16\nchannels: an entry without a number from 1 to 16\n"
-       "channels.1.rx_frq: no such setting\n"},
+      {R"({"band": [], "channels": {}, "tts": [1]})", "band: no object\nchannels: no array\ntts.1: no object\n"},
+      {R"({"channels": [{"in_use": true}, {"number": 17, "in_use": true}, {"number": 1, "rx_frq": ""}, 1]})",
+       "channels.\"(without a number)\".in_use: no such setting\nchannels.17.in_use: no such setting\n"
+       "channels.1.rx_frq: no such setting\nchannels.3: no object\n"},
+      {R"({"channels.1.rx_freq": "446.00000", "": 1})", "channels.1.rx_freq: no such setting\nthe document: no such setting\n"},
       {R"({"tts": [{}, {}, {}, {}, {}, {}, {}, {}, {"gap": "0.5"}]})", "tts.9.gap: no such setting\n"},
       {R"({"band": {"lower": -1}, "auto_reset_time": 0.5})",
        "band.lower=-1: needs a number\nauto_reset_time=0.5: needs a number\n"},

@@ -72,7 +72,7 @@ TEST_F(ManualTest, KnowsEveryMessageOfTheProgram) {
 TEST_F(ManualTest, KnowsEveryCommandOfTheCommandLineTool) {
   const QString program =
       ReadText(SOURCE_FOLDER "/src/cli/main.cpp") + ReadText(SOURCE_FOLDER "/src/cli/declare_file_commands.cpp");
-  const QStringList commands = Captures(program, "(?:command\\([^,\"]*, |add_subcommand\\()\"([a-z]+)\"");
+  const QStringList commands = Captures(program, "(?:[cC]ommand\\([^,\"]*, |add_subcommand\\()\"([a-z]+)\"");
   EXPECT_GE(commands.size(), 14);
   for (const QString document :
        {"help/command-line.html", "packaging/man/mr4500x-cli.1", "packaging/mr4500x-cli.bash"}) {

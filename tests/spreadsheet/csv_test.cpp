@@ -29,7 +29,7 @@ TEST(CsvTest, ReadsWhatProgramsWrite) {
        "1:a|b"},
       {"semicolon, with decimal commas", "a;b\n1,5;2", "1:a|b 2:1,5|2"},
       {"tab", "a\tb\n1,5\t", "1:a|b 2:1,5|"},
-      {"a separator in quotes is none", "\"a,b\";c", "1:a,b|c"},
+      {"a separator in quotes is none", "a;b\n\"c;d\";e", "1:a|b 2:c;d|e"},
       {"one column", "a\nb", "1:a 2:b"},
       {"quotes", "\"a\",\"b \"\"c\"\", d\",\"\"\n\"\"\"\",x", "1:a|b \"c\", d| 2:\"|x"},
       {"a line end in quotes", "\"a\r\nb\",c\nd", "1:a\r\nb|c 3:d"},
