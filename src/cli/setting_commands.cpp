@@ -25,46 +25,36 @@ const FieldTexts& PointTexts() { // "." in every locale: scripts read the output
 }
 
 // What a setting allows depends on others: here on none that forbids something.
-class Allowing {
-public:
-  Allowing() {
-    RadioImage image;
-    m_tts = NewConfiguration(image, PointTexts(), {});
-    m_tts[ChoiceList::PttId].position = static_cast<int>(ItemsOf(ChoiceList::PttId).size()) - 1;
-    for (ChannelTexts& channel : m_tts.channels)
-      channel[GridColumn::RxTone] = PointTexts().ToneChoiceList.back();
-    m_fiveTone = m_tts;
-    m_fiveTone[ChoiceList::SelectCall].position = FiveToneMode;
-  }
-  [[nodiscard]] const Configuration& For(FieldAt at) const {
-    return at.field->place == FieldPlace(ChoiceList::Standards) ? m_fiveTone : m_tts;
-  }
-  [[nodiscard]] std::string InWords(FieldAt at) const {
-    const std::string allowed = AllowedFor(For(at), at, PointTexts());
-    const std::string fiveTone = AllowedFor(m_fiveTone, at, PointTexts());
-    return at.field->group == FieldGroup::Tts || fiveTone == allowed ? allowed : allowed + "; for 5 Tone " + fiveTone;
-  }
-
-private:
-  Configuration m_tts, m_fiveTone;
-};
+Configuration MostAllowing(int mode) {
+  RadioImage image;
+  Configuration configuration = NewConfiguration(image, PointTexts(), {});
+  configuration[ChoiceList::SelectCall].position = mode;
+  configuration[ChoiceList::PttId].position = static_cast<int>(ItemsOf(ChoiceList::PttId).size()) - 1; // both
+  for (ChannelTexts& channel : configuration.channels)
+    channel[GridColumn::RxTone] = PointTexts().ToneChoiceList.back();
+  return configuration;
+}
 
 } // namespace
 
 ExitStatus RunFields(bool asJson, Terminal& terminal) {
-  const Allowing allowing;
+  const Configuration tts = MostAllowing(TtsMode), fiveTone = MostAllowing(FiveToneMode);
   nlohmann::ordered_json document = nlohmann::ordered_json::array();
   for (const Field& field : Fields())
     for (std::size_t entry = 1; entry <= EntriesOf(field.group); ++entry) {
       const FieldAt at = {&field, entry};
       const std::string_view kind = KindNames[static_cast<std::size_t>(field.kind)];
-      const std::string allowed = allowing.InWords(at);
+      const bool isForFiveTone = field.place == FieldPlace(ChoiceList::Standards);
+      const Configuration& configuration = isForFiveTone ? fiveTone : tts;
+      std::string allowed = AllowedFor(configuration, at, PointTexts());
+      const std::string other = AllowedFor(fiveTone, at, PointTexts());
+      if (field.group != FieldGroup::Tts && other != allowed) allowed += "; for 5 Tone " + other;
       if (!asJson) {
         terminal.out << IdentifierOf(at) << '\t' << NameOf(at) << '\t' << kind << '\t' << allowed << '\n';
         continue;
       }
       document.push_back({{"field", IdentifierOf(at)}, {"label", NameOf(at)}, {"kind", kind}, {"allowed", allowed}});
-      const auto choices = ChoicesOf(allowing.For(at), at, PointTexts());
+      const auto choices = ChoicesOf(configuration, at, PointTexts());
       if (!choices.empty()) document.back()["choices"] = choices;
     }
   if (asJson) terminal.out << document.dump(2) << '\n';

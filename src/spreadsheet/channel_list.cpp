@@ -57,9 +57,9 @@ ChannelList ReadChannelList(std::string_view text) {
   const std::size_t columns = table.rows.front().cells.size();
   for (CsvRow& row : table.rows) {
     if (!row.isWhole) list.bad.push_back({row.line, "", "", "quotes that do not enclose a whole cell"});
-    const auto isExtra = [](const std::string& cell) { return !cell.empty(); };
-    if (row.cells.size() > columns &&
-        std::any_of(row.cells.begin() + static_cast<std::ptrdiff_t>(columns), row.cells.end(), isExtra)) {
+    while (row.cells.size() > columns && row.cells.back().empty())
+      row.cells.pop_back();
+    if (row.isWhole && row.cells.size() > columns) {
       list.bad.push_back({row.line, "", "", "more cells than the heading"});
       row.isWhole = false;
     }

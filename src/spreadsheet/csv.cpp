@@ -1,6 +1,8 @@
 #include "csv.h"
 
 #include <algorithm>
+#include <iomanip>
+#include <sstream>
 
 namespace mr4500x {
 namespace {
@@ -89,19 +91,15 @@ CsvTable ReadCsv(std::string_view text) {
 }
 
 std::string CsvLine(const std::vector<std::string>& cells) {
-  std::string line;
+  std::ostringstream line;
   for (const std::string& cell : cells) {
-    if (&cell != cells.data()) line += ',';
-    if (cell.find_first_of(",;\t\"\r\n") == std::string::npos) {
-      line += cell;
-      continue;
-    }
-    line += '"';
-    for (const char c : cell)
-      line.append(c == '"' ? 2 : 1, c);
-    line += '"';
+    if (&cell != cells.data()) line << ',';
+    if (cell.find_first_of(",;\t\"\r\n") == std::string::npos)
+      line << cell;
+    else
+      line << std::quoted(cell, '"', '"'); // doubles a quote
   }
-  return line + "\r\n";
+  return line.str() + "\r\n";
 }
 
 } // namespace mr4500x

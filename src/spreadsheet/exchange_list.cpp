@@ -93,7 +93,6 @@ private:
     const bool isTone = hertz && hertz->digits > 0 && IsExact(*hertz, 1);
     return "CTC" + (isTone ? FormatDecimal(CountOfUnits(*hertz, 1, 1), 2, 1, Point) : Cell(column));
   }
-  // `side` is the place of its letter in DtcsPolarity.
   std::string Dcs(const std::string& column, std::size_t side) {
     const std::string polarity = Cell("DtcsPolarity").empty() ? "NN" : Cell("DtcsPolarity");
     if (polarity.size() != 2 || polarity.find_first_not_of("NR") != std::string::npos)
@@ -104,36 +103,30 @@ private:
   }
 
   void ReadTones() {
-    const std::string tone = Cell("Tone");
     if (!m_cells.contains("Tone")) return;
-    if (tone.empty()) return SetTones("", "");
-    if (tone == "Tone") return SetTones("Tone", "");
-    if (tone == "TSQL") return SetTones("TSQL", "Tone");
-    if (tone == "DTCS") return SetTones("DTCS", "DTCS of both");
-    if (tone != "Cross") return Refuse("Tone", "allowed: Tone, TSQL, DTCS, Cross or nothing; a radio has no others");
-    const std::string mode = Cell("CrossMode");
+    const std::string tone = Cell("Tone"), mode = Cell("CrossMode");
     const std::size_t arrow = mode.find("->");
-    const auto isKind = [](const std::string& kind) { return kind.empty() || kind == "Tone" || kind == "DTCS"; };
-    const std::string sent = mode.substr(0, arrow),
-                      expected = arrow == std::string::npos ? "?" : mode.substr(arrow + 2);
-    if (!isKind(sent) || !isKind(expected))
-      return Refuse("CrossMode", "allowed: Tone or DTCS or nothing, ->, the same");
-    SetTones(sent, expected);
+    if (tone == "Cross") {
+      const auto isKind = [](const std::string& kind) { return kind.empty() || kind == "Tone" || kind == "DTCS"; };
+      const std::string sent = mode.substr(0, arrow),
+                        expected = arrow == std::string::npos ? "?" : mode.substr(arrow + 2);
+      if (!isKind(sent) || !isKind(expected))
+        return Refuse("CrossMode", "allowed: Tone or DTCS or nothing, ->, the same");
+      SetTone(GridColumn::TxTone, sent, sent == "DTCS" ? "DtcsCode" : "rToneFreq");
+      SetTone(GridColumn::RxTone, expected, expected == "DTCS" ? "RxDtcsCode" : "cToneFreq");
+    } else if (tone.empty() || tone == "Tone" || tone == "TSQL" || tone == "DTCS") {
+      const char* const column = tone == "Tone" ? "rToneFreq" : tone == "TSQL" ? "cToneFreq" : "DtcsCode";
+      SetTone(GridColumn::TxTone, tone, column);
+      SetTone(GridColumn::RxTone, tone == "Tone" ? "" : tone, column);
+    } else {
+      Refuse("Tone", "allowed: Tone, TSQL, DTCS, Cross or nothing; a radio has no others");
+    }
   }
 
-  void SetTones(const std::string& sent, const std::string& expected) {
-    const std::string sentFrom = sent == "TSQL" ? "cToneFreq" : sent == "Tone" ? "rToneFreq" : "DtcsCode";
-    const std::string expectedFrom = expected == "Tone" ? "cToneFreq" : expected == "DTCS" ? "RxDtcsCode" : "DtcsCode";
-    Set(GridColumn::TxTone,
-        sent.empty()     ? "OFF"
-        : sent == "DTCS" ? Dcs(sentFrom, 0)
-                         : Ctcss(sentFrom),
-        sent.empty() ? "Tone" : sentFrom);
-    Set(GridColumn::RxTone,
-        expected.empty()     ? "OFF"
-        : expected == "Tone" ? Ctcss(expectedFrom)
-                             : Dcs(expectedFrom, 1),
-        expected.empty() ? "Tone" : expectedFrom);
+  void SetTone(GridColumn place, const std::string& kind, const std::string& column) {
+    const std::size_t side = place == GridColumn::TxTone ? 0 : 1; // in DtcsPolarity
+    const std::string text = kind.empty() ? "OFF" : kind == "DTCS" ? Dcs(column, side) : Ctcss(column);
+    Set(place, text, kind.empty() ? "Tone" : column);
   }
 
   std::map<std::string, std::string> m_cells;
