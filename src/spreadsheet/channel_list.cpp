@@ -74,6 +74,15 @@ ChannelList ReadChannelList(std::string_view text) {
   return list;
 }
 
+void AddValue(ImportedRow& row, const Field& field, std::string text, const std::string& column,
+              const std::string& cell) {
+  ImportedValue& value = row.values.emplace_back();
+  value.assignment.at = {&field, row.channel};
+  value.assignment.value = std::move(text);
+  value.column = column;
+  value.cell = cell;
+}
+
 void ReadOwnForm(const CsvTable& table, ChannelList& list) {
   const std::vector<std::string>& columns = table.rows.front().cells;
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -99,8 +108,7 @@ void ReadOwnForm(const CsvTable& table, ChannelList& list) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
       const Field* const field = ChannelField(columns[i]);
       if (field == nullptr || row.cells[i].empty()) continue;
-      const FieldAt at = {field, imported.channel};
-      imported.values.push_back({{at, ValueFrom(*field, row.cells[i])}, columns[i], row.cells[i]});
+      AddValue(imported, *field, ValueFrom(*field, row.cells[i]), columns[i], row.cells[i]);
     }
     list.rows.push_back(std::move(imported));
   }

@@ -49,5 +49,7 @@ struct ChannelList {
 [[nodiscard]] bool IsExchangeList(const CsvRow& heading);
 void ReadOwnForm(const CsvTable& table, ChannelList& list);
 void ReadExchangeList(const CsvTable& table, ChannelList& list);
+void AddValue(ImportedRow& row, const Field& field, std::string text, const std::string& column,
+              const std::string& cell);
 
 } // namespace mr4500x

@@ -41,7 +41,7 @@ private:
     return found == m_cells.end() ? "" : found->second;
   }
   void Set(FieldPlace place, std::string text, const std::string& column) {
-    m_row.values.push_back({{{&FieldOf(place), m_row.channel}, std::move(text)}, column, Cell(column)});
+    AddValue(m_row, FieldOf(place), std::move(text), column, Cell(column));
   }
   void Refuse(const std::string& column, std::string why) {
     BadCell bad = {m_row.line, column, Cell(column), std::move(why)};
