@@ -3,7 +3,6 @@
 #include "channel_commands.h"
 #include "commands_fixture.h"
 #include "diff_command.h"
-#include "set_field.h"
 
 #include <gtest/gtest.h>
 
@@ -93,33 +92,6 @@ TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
   EXPECT_EQ(Content("b.K4X"), before);
 }
 
-// For each setting alone, in a configuration that allows all of them.
-TEST_F(SettingCommandsTest, SetsEveryChoiceOfEverySetting) {
-  const FieldTexts texts = BuildFieldTexts('.');
-  for (const std::string mode : {"TTS", "5 Tone"}) {
-    EXPECT_EQ(Set({"select_call=" + mode, "global.ptt_id=Both", "channels.16.rx_tone=CTC69.3"}), "");
-    RadioImage base;
-    ASSERT_EQ(LoadDataFile(files, b, base).outcome, LoadOutcome::Loaded);
-    const Configuration configuration = Decode(base, texts).configuration;
-    for (const Field& field : Fields()) {
-      const FieldAt at = {&field, EntriesOf(field.group)};
-      std::vector<std::string> values = {"true", "false"};
-      if (field.kind != FieldKind::YesNo) {
-        const auto choices = ChoicesOf(configuration, at, texts);
-        values.assign(choices.begin(), choices.end());
-      }
-      for (const std::string& value : values) {
-        RadioImage image = base;
-        const auto refused = ApplyChanges(image, {{at, value}}, texts);
-        ASSERT_TRUE(refused.empty()) << IdentifierOf(at) << '=' << value << " in " << mode << ": "
-                                     << refused[0].allowed;
-        ASSERT_EQ(TextOf(Decode(image, texts).configuration, at), value) << IdentifierOf(at);
-      }
-    }
-    Restore();
-  }
-}
-
 TEST_F(SettingCommandsTest, TakesPartsOfTheJsonDocument) {
   EXPECT_EQ(Apply(R"({"channels": [{"number": 3, "in_use": true}], "tts": [{}, {"tone_a": 500}], "auto_reset_time": 7,
                       "as_stored": ["channels.2.tx_freq"]})"),
@@ -152,7 +124,8 @@ status 1)");
       {R"({"channels": [{"in_use": true}, {"number": 17, "in_use": true}, {"number": 1, "rx_frq": ""}, 1]})",
        "channels.\"(without a number)\".in_use: no such setting\nchannels.17.in_use: no such setting\n"
        "channels.1.rx_frq: no such setting\nchannels.3: no object\n"},
-      {R"({"channels.1.rx_freq": "446.00000", "": 1})", "channels.1.rx_freq: no such setting\nthe document: no such setting\n"},
+      {R"({"channels.1.rx_freq": "446.00000", "": 1})",
+       "channels.1.rx_freq: no such setting\nthe document: no such setting\n"},
       {R"({"tts": [{}, {}, {}, {}, {}, {}, {}, {}, {"gap": "0.5"}]})", "tts.9.gap: no such setting\n"},
       {R"({"band": {"lower": -1}, "auto_reset_time": 0.5})",
        "band.lower=-1: needs a number\nauto_reset_time=0.5: needs a number\n"},
