@@ -1,7 +1,7 @@
 #include "channel_list.h"
 
-#include "../configuration/random_image.h"
 #include "differences.h"
+#include "random_image.h"
 
 #include <gtest/gtest.h>
 
