@@ -71,6 +71,7 @@ void TryTwice(FuzzInput input) {
   desk.image.RadioIdBlock.fill(0x66);
   desk.canShow = (options & 4) == 0;
   desk.acceptsBand = (options & 8) != 0;
+  desk.speed = (options & 16) != 0 ? Speed::Quick : Speed::Prescribed;
   Fuzzer fuzzer(input, desk.radio);
   const RadioImage before = desk.image;
 

@@ -18,7 +18,13 @@ constexpr bool RecordMapIsSound() {
 }
 static_assert(RecordMapIsSound());
 
-const BlockPlace* FindPlace(std::uint16_t address) {
+std::uint8_t Digit(int number) {
+  return static_cast<std::uint8_t>('0' + number % 10);
+}
+
+} // namespace
+
+const BlockPlace* PlaceOf(std::uint16_t address) {
   const auto holds = [address](const BlockPlace& place) {
     return address >= place.address && address < place.address + place.Bytes();
   };
@@ -26,11 +32,14 @@ const BlockPlace* FindPlace(std::uint16_t address) {
   return found == RecordMap.end() ? nullptr : found;
 }
 
-std::uint8_t Digit(int number) {
-  return static_cast<std::uint8_t>('0' + number % 10);
+std::string_view NameOf(ImageBlock block) {
+  constexpr std::array<std::string_view, 15> Names = {
+      // in the order of ImageBlock
+      "ChannelBlock",      "RadioSettingsBlock", "KeyProgramBlock",    "PttIdBlock",           "EmergencyAniBlock",
+      "TtsTimingBlock",    "ResetTimeBlock",     "ToneFrequencyBlock", "RadioIdBlock",         "WriteStampBlock",
+      "EmbeddedInfoBlock", "SelCallCodeBlock",   "BandBlock",          "FirmwareVersionBlock", "PatrolWorkBlock"};
+  return Names[static_cast<std::size_t>(block)];
 }
-
-} // namespace
 
 std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block) {
   // clang-format off
@@ -91,7 +100,7 @@ void Stamp(RadioImage& image, const LocalTime& now) {
 
 PlaceResult PlaceRecord(RadioImage& image, std::uint16_t address, std::span<const std::uint8_t> data) {
   if (data.size() > RecordBytes || address % RecordBytes != 0) return PlaceResult::Unfit;
-  const BlockPlace* const place = FindPlace(address);
+  const BlockPlace* const place = PlaceOf(address);
   if (place == nullptr) return PlaceResult::Ignored;
   const std::span<std::uint8_t> block = BlockBytes(image, place->block);
   const std::size_t offset = std::size_t{address} - place->address;
@@ -101,7 +110,7 @@ PlaceResult PlaceRecord(RadioImage& image, std::uint16_t address, std::span<cons
 }
 
 std::optional<std::array<std::uint8_t, RecordBytes>> TakeRecord(const RadioImage& image, std::uint16_t address) {
-  const BlockPlace* const place = address % RecordBytes == 0 ? FindPlace(address) : nullptr;
+  const BlockPlace* const place = address % RecordBytes == 0 ? PlaceOf(address) : nullptr;
   if (place == nullptr) return std::nullopt;
   const std::span<const std::uint8_t> block = BlockBytes(image, place->block);
   const std::size_t offset = std::size_t{address} - place->address;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "clock.h"
 
@@ -101,6 +102,11 @@ inline constexpr std::array<BlockPlace, 14> RecordMap = {{
     {ImageBlock::FirmwareVersionBlock,      0x3F8,     1,       8},
 }};
 // clang-format on
+
+// The block that holds the byte at an address of radio memory; null for none.
+[[nodiscard]] const BlockPlace* PlaceOf(std::uint16_t address);
+// "ChannelBlock"
+[[nodiscard]] std::string_view NameOf(ImageBlock block);
 
 // A block's bytes in the order of radio memory; of EmbeddedInfoBlock only its current length.
 [[nodiscard]] std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block);

@@ -1,7 +1,5 @@
 #include "exchange.h"
 
-#include "session.h"
-
 #include <algorithm>
 
 namespace mr4500x {
@@ -42,6 +40,11 @@ constexpr auto WriteAddresses = AddressesOf<66>({
     {0x300, 0x378}, // selective-call codes
     {0x3F0, 0x3F0}, // band
 });
+constexpr auto IdentityAddresses = AddressesOf<6>({
+    {0x1F0, 0x1F8}, // identity number
+    {0x200, 0x208}, // write stamp
+    {0x3F0, 0x3F8}, // band, firmware version
+});
 constexpr auto ReadInfoAddresses = AddressesOf<32>({{0x200, 0x2F8}});  // write stamp, embedded information
 constexpr auto WriteInfoAddresses = AddressesOf<30>({{0x210, 0x2F8}}); // embedded information
 
@@ -73,6 +76,13 @@ void ClearInfo(RadioImage& image) {
   image.EmbeddedInfoBlock = EmbeddedInfo{};
 }
 
+// So that a byte that no reply brings is not taken for the one that was written.
+void InvertBytes(RadioImage& image) {
+  for (const BlockPlace& place : RecordMap)
+    for (std::uint8_t& byte : BlockBytes(image, place.block))
+      byte = static_cast<std::uint8_t>(~byte);
+}
+
 // clang-format off
 constexpr ReadCourse WholeRead = {
     .transfer = Transfer::Read,
@@ -83,6 +93,18 @@ constexpr ReadCourse WholeRead = {
     .place = PlaceReply,
     .badAnswer = Outcome::Interrupted,
 };
+
+// The whole read with fewer records.
+constexpr ReadCourse ShorterRead(Addresses addresses, void (*clear)(RadioImage&)) {
+  ReadCourse course = WholeRead;
+  const int end = ProgressPerRecord * static_cast<int>(addresses.size());
+  course.addresses = addresses;
+  course.scale = {.maximum = end, .atFirst = ProgressPerRecord, .atEnd = end};
+  course.clear = clear;
+  return course;
+}
+constexpr ReadCourse IdentityRead = ShorterRead(IdentityAddresses, ClearForReading);
+constexpr ReadCourse BackRead = ShorterRead(WriteAddresses, InvertBytes);
 
 constexpr ReadCourse InfoRead = {
     .transfer = Transfer::ReadInfo,
@@ -131,7 +153,8 @@ bool ShowEnd(bool hasEnded, const ProgressScale& scale, SerialLine& line, Exchan
   return hasEnded;
 }
 
-ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& image, ExchangeObserver& observer) {
+ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                    Speed speed = Speed::Prescribed) {
   const auto close = [&](auto... how) { return Close(line, course.transfer, how...); };
   if (const auto failure = line.OpenPort()) return close(Outcome::PortNotOpened, *failure);
   if (!WakeToRead(line, course.pace)) return close(Outcome::NoResponse);
@@ -139,12 +162,13 @@ ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& imag
   observer.Began(course.transfer, course.scale.maximum);
   course.clear(image);
   int value = course.scale.atFirst;
-  const Moved moved = ReadRecords(line, course.pace, course.addresses, [&](std::span<const std::uint8_t> reply) {
+  const auto take = [&](std::span<const std::uint8_t> reply) {
     if (!course.place(image, reply)) return false;
     observer.Progress(value);
     value += ProgressPerRecord;
     return true;
-  });
+  };
+  const Moved moved = ReadRecords(line, course.pace, speed, course.addresses, take);
   if (!ShowEnd(moved == Moved::All && EndReading(line), course.scale, line, observer))
     return close(moved == Moved::BadAnswer ? course.badAnswer : Outcome::DataError);
   return close(observer.Complete(course.transfer) ? Outcome::Complete : Outcome::DisplayError);
@@ -152,7 +176,7 @@ ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& imag
 
 // Calls `stamp` just before taking the first record from the image.
 ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioImage& image, ExchangeObserver& observer,
-                     const std::function<void()>& stamp) {
+                     const std::function<void()>& stamp, Speed speed = Speed::Prescribed) {
   const auto close = [&](auto... how) { return Close(line, course.transfer, how...); };
   if (const auto failure = line.OpenPort()) return close(Outcome::PortNotOpened, *failure);
   const std::optional<Identity> identity = WakeToWrite(line, course.pace);
@@ -164,12 +188,13 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
 
   observer.Began(course.transfer, course.scale.maximum);
   stamp();
-  int value = course.scale.atFirst;
-  const auto give = [&](std::uint16_t address) { return TakeRecord(image, address); };
-  const Moved moved = WriteRecords(line, course.pace, course.addresses, give, [&] {
-    observer.Progress(value);
+  int value = course.scale.atFirst - ProgressPerRecord;
+  const auto give = [&](std::uint16_t address) {
     value += ProgressPerRecord;
-  });
+    return TakeRecord(image, address);
+  };
+  const auto written = [&] { observer.Progress(value); };
+  const Moved moved = WriteRecords(line, course.pace, speed, course.addresses, give, written);
   if (!ShowEnd(moved == Moved::All && EndSession(line), course.scale, line, observer))
     return close(moved == Moved::BadAnswer ? Outcome::Interrupted : Outcome::DataError);
   if (!AwaitGoodStatus(line, course.pace)) return close(Outcome::DataError);
@@ -179,13 +204,28 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
 
 } // namespace
 
-ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer) {
-  return Read(WholeRead, line, image, observer);
+ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
+  return Read(WholeRead, line, image, observer, speed);
+}
+
+ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer) {
+  return Read(IdentityRead, line, image, observer);
+}
+
+ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
+  const RadioImage written = image;
+  ExchangeResult result = Read(BackRead, line, image, observer, speed);
+  image.RadioIdBlock = written.RadioIdBlock;
+  image.WriteStampBlock = written.WriteStampBlock;
+  image.EmbeddedInfoBlock = written.EmbeddedInfoBlock;
+  image.FirmwareVersionBlock = written.FirmwareVersionBlock;
+  return result;
 }
 
 ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,
-                          ExchangeObserver& observer) {
-  return Write(WholeWrite, line, image, observer, [&] { Stamp(image, now()); });
+                          ExchangeObserver& observer, Speed speed) {
+  return Write(
+      WholeWrite, line, image, observer, [&] { Stamp(image, now()); }, speed);
 }
 
 ExchangeResult ReadEmbeddedInfo(SerialLine& line, RadioImage& image, ExchangeObserver& observer) {

@@ -1,4 +1,4 @@
-// The four exchanges with the radio. Each opens the port, closes it and returns how it went. An observer shows the
+// The exchanges with the radio. Each opens the port, closes it and returns how it went. An observer shows the
 // progress; messages.h has the texts for the outcome.
 #pragma once
 
@@ -8,6 +8,7 @@
 
 #include "radio_image.h"
 #include "serial_line.h"
+#include "session.h"
 
 namespace mr4500x {
 
@@ -45,11 +46,19 @@ public:
   [[nodiscard]] virtual bool Complete(Transfer transfer) = 0;
 };
 
-[[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer);
+[[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                                       Speed speed = Speed::Prescribed);
+
+// Reads identity number, firmware version, write stamp and band only. Everything else is 0x00 then.
+[[nodiscard]] ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer);
+
+// Replaces what a write sends, but for the write stamp, by what the radio holds.
+[[nodiscard]] ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                                      Speed speed = Speed::Prescribed);
 
 // Stamps the image with `now` just before the first record. The stamp stays even if the write fails.
 [[nodiscard]] ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,
-                                        ExchangeObserver& observer);
+                                        ExchangeObserver& observer, Speed speed = Speed::Prescribed);
 
 // Replaces EmbeddedInfoBlock and WriteStampBlock.
 [[nodiscard]] ExchangeResult ReadEmbeddedInfo(SerialLine& line, RadioImage& image, ExchangeObserver& observer);

@@ -10,6 +10,7 @@ using namespace std::chrono_literals;
 
 constexpr Milliseconds AfterOpening = 80ms;
 constexpr Milliseconds PollRound = 20ms;
+constexpr Clock::Moment AwaitLook = 500us;
 constexpr Milliseconds DrainCheck = 1ms;
 constexpr Milliseconds DrainLimit = 2000ms;
 
@@ -80,6 +81,18 @@ Polled SerialLine::Poll(std::size_t count, int rounds) {
     if (*waiting >= count) return Polled::Satisfied;
   }
   return Polled::TimedOut;
+}
+
+Polled SerialLine::Await(std::size_t count, int rounds) {
+  const Clock::Moment limit = m_clock.Now() + PollRound * rounds;
+  while (true) {
+    const std::optional<std::size_t> waiting = BytesWaiting();
+    if (!waiting) return Polled::PortFailed;
+    if (*waiting >= count) return Polled::Satisfied;
+    const Clock::Moment now = m_clock.Now();
+    if (now >= limit) return Polled::TimedOut;
+    m_clock.WaitUntil(std::min(now + AwaitLook, limit));
+  }
 }
 
 std::optional<LineBytes> SerialLine::Receive() {

@@ -56,6 +56,8 @@ public:
 
   // Looks for `count` bytes every 20 ms, at most `rounds` times. Waits the 20 ms after a successful look too.
   [[nodiscard]] Polled Poll(std::size_t count, int rounds);
+  // Returns as soon as they are there, and gives up when Poll would.
+  [[nodiscard]] Polled Await(std::size_t count, int rounds);
   [[nodiscard]] std::optional<std::size_t> BytesWaiting() { return m_port.BytesReceived(); }
   // All bytes waiting. Discards what arrives meanwhile.
   [[nodiscard]] std::optional<LineBytes> Receive();

@@ -9,7 +9,10 @@ constexpr Milliseconds BeforeWakeUp{80};
 constexpr Milliseconds AfterIdentity{10};
 constexpr Milliseconds BeforeRequest{10};
 constexpr Milliseconds BeforeRecords{20};
-constexpr Milliseconds AfterLeaving{20}; // for what an adapter still holds when the driver has nothing left
+constexpr Milliseconds QuietTime{20};
+constexpr int QuietRounds = 10;
+constexpr Milliseconds AfterQuickRecords{30}; // the end of a session can't be repeated
+constexpr Milliseconds AfterLeaving{20};      // for what an adapter still holds when the driver has nothing left
 constexpr int RecordReplyRounds = 21;
 
 constexpr std::size_t RecordHeaderBytes = 4; // 57, address high, address low, count
@@ -82,6 +85,48 @@ std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t
   return data.first(reply[3]);
 }
 
+// Throws away what is left of a wrong answer, until nothing more arrives.
+bool AwaitQuiet(SerialLine& line) {
+  std::optional<std::size_t> waiting = 1;
+  for (int round = 0; round < QuietRounds && waiting.value_or(0) > 0; ++round) {
+    if (!line.DiscardInput()) return false;
+    line.Wait(QuietTime);
+    waiting = line.BytesWaiting();
+  }
+  return waiting.has_value();
+}
+
+// Sends a frame and takes its answer as soon as that is whole: `count` bytes that begin with `start`. Empty, with the
+// line quiet again, for any other answer and for none.
+std::optional<LineBytes> AskQuickly(SerialLine& line, std::span<const std::uint8_t> frame, std::size_t count,
+                                    std::span<const std::uint8_t> start, int rounds,
+                                    const std::function<void()>& whileSending) {
+  if (!line.Write(frame)) return std::nullopt;
+  whileSending();
+  if (!line.Drain() || line.Await(count, rounds) == Polled::PortFailed) return std::nullopt;
+  std::optional<LineBytes> answer = line.Receive();
+  const bool isRight =
+      answer && answer->size() == count && std::ranges::equal(std::span(*answer).first(start.size()), start);
+  if (isRight || !answer) return answer;
+  return AwaitQuiet(line) ? std::optional(LineBytes{}) : std::nullopt;
+}
+
+// Asks quickly until that fails, and from then on with the prescribed waits.
+template<class Quickly, class Prescribed>
+std::optional<LineBytes> Ask(Speed& speed, Quickly quickly, Prescribed prescribed) {
+  if (speed == Speed::Quick) {
+    std::optional<LineBytes> answer = quickly();
+    if (!answer || !answer->empty()) return answer;
+    speed = Speed::Prescribed;
+  }
+  return prescribed();
+}
+
+Moved EndRecords(SerialLine& line, Speed speed) {
+  if (speed == Speed::Quick) line.Wait(AfterQuickRecords);
+  return Moved::All;
+}
+
 bool SendEnd(SerialLine& line, std::span<const std::uint8_t> packet) {
   const bool isSent = line.DiscardInput() && line.DiscardOutput() && line.Send(packet);
   line.AwaitSent();
@@ -103,18 +148,23 @@ std::optional<Identity> WakeToWrite(SerialLine& line, const WritePace& pace) {
   return identity;
 }
 
-Moved ReadRecords(SerialLine& line, const ReadPace& pace, Addresses addresses,
+Moved ReadRecords(SerialLine& line, const ReadPace& pace, Speed speed, Addresses addresses,
                   const std::function<bool(std::span<const std::uint8_t>)>& take) {
   for (const std::uint16_t address : addresses) {
-    if (!line.DiscardOutput()) return Moved::PortFailed;
-    line.Wait(BeforeRequest);
-    if (!line.Send(RecordHeader(address))) return Moved::PortFailed;
-    const auto reply = AwaitReply(line, RecordFrameBytes, RecordReplyRounds, pace.afterReply);
+    const auto request = RecordHeader(address);
+    const auto quickly = [&] { return AskQuickly(line, request, RecordFrameBytes, request, RecordReplyRounds, [] {}); };
+    const auto prescribed = [&]() -> std::optional<LineBytes> {
+      if (!line.DiscardOutput()) return std::nullopt;
+      line.Wait(BeforeRequest);
+      if (!line.Send(request)) return std::nullopt;
+      return AwaitReply(line, RecordFrameBytes, RecordReplyRounds, pace.afterReply);
+    };
+    const auto reply = Ask(speed, quickly, prescribed);
     if (!reply) return Moved::PortFailed;
     if (reply->size() < RecordFrameBytes || reply->front() != RecordMark) return Moved::BadAnswer;
     if (!take(*reply)) return Moved::Refused;
   }
-  return Moved::All;
+  return EndRecords(line, speed);
 }
 
 bool PlaceReply(RadioImage& image, std::span<const std::uint8_t> reply) {
@@ -140,22 +190,29 @@ bool PrepareToWrite(SerialLine& line) {
   return true;
 }
 
-Moved WriteRecords(SerialLine& line, const WritePace& pace, Addresses addresses,
+Moved WriteRecords(SerialLine& line, const WritePace& pace, Speed speed, Addresses addresses,
                    const std::function<std::optional<RecordData>(std::uint16_t)>& give,
                    const std::function<void()>& written) {
   for (const std::uint16_t address : addresses) {
     const auto data = give(address);
     if (!data) return Moved::Refused;
-    if (!line.Write(RecordWrite(address, *data))) return Moved::PortFailed;
-    written();
-    if (!line.Drain()) return Moved::PortFailed;
-    line.Wait(pace.afterRecord);
-    if (!line.DiscardOutput()) return Moved::PortFailed;
-    const auto reply = AwaitReply(line, 1, pace.acknowledgeRounds, Milliseconds{0});
+    const auto frame = RecordWrite(address, *data);
+    const auto quickly = [&] {
+      return AskQuickly(line, frame, 1, std::span(&Acknowledge, 1), pace.acknowledgeRounds, written);
+    };
+    const auto prescribed = [&]() -> std::optional<LineBytes> {
+      if (!line.Write(frame)) return std::nullopt;
+      written();
+      if (!line.Drain()) return std::nullopt;
+      line.Wait(pace.afterRecord);
+      if (!line.DiscardOutput()) return std::nullopt;
+      return AwaitReply(line, 1, pace.acknowledgeRounds, Milliseconds{0});
+    };
+    const auto reply = Ask(speed, quickly, prescribed);
     if (!reply) return Moved::PortFailed;
     if (!IsAcknowledge(*reply)) return Moved::BadAnswer;
   }
-  return Moved::All;
+  return EndRecords(line, speed);
 }
 
 bool EndReading(SerialLine& line) {

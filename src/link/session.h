@@ -14,6 +14,10 @@
 
 namespace mr4500x {
 
+// How the records follow each other. Quick: the next one goes out as soon as the last answer is whole. After the first
+// answer that is missing or wrong its record is repeated, and the rest is Prescribed, with its waits.
+enum class Speed : std::uint8_t { Prescribed, Quick };
+
 // Tries, 20 ms rounds and waits of a read.
 struct ReadPace {
   int tries; // of the wake-up
@@ -53,7 +57,7 @@ enum class Moved : std::uint8_t {
 };
 
 // Passes each reply to `take`. Its address may differ from the requested one.
-[[nodiscard]] Moved ReadRecords(SerialLine& line, const ReadPace& pace, Addresses addresses,
+[[nodiscard]] Moved ReadRecords(SerialLine& line, const ReadPace& pace, Speed speed, Addresses addresses,
                                 const std::function<bool(std::span<const std::uint8_t>)>& take);
 // Stores a reply at the address that it carries. False if it does not fit there.
 [[nodiscard]] bool PlaceReply(RadioImage& image, std::span<const std::uint8_t> reply);
@@ -62,8 +66,8 @@ enum class Moved : std::uint8_t {
 
 // Call once before the first record. False if the port failed.
 [[nodiscard]] bool PrepareToWrite(SerialLine& line);
-// Takes the data of each record from `give`. Calls `written` while a record is being sent.
-[[nodiscard]] Moved WriteRecords(SerialLine& line, const WritePace& pace, Addresses addresses,
+// Takes the data of each record from `give`. Calls `written` while a record is being sent, also when it is repeated.
+[[nodiscard]] Moved WriteRecords(SerialLine& line, const WritePace& pace, Speed speed, Addresses addresses,
                                  const std::function<std::optional<RecordData>(std::uint16_t)>& give,
                                  const std::function<void()>& written);
 

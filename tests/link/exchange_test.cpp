@@ -9,22 +9,32 @@ std::size_t Address(const LineBytes& frame) {
 }
 
 TEST(Exchange, ShowsItsProgressAndTakesItsWaitsAndLineTimeOnly) {
+  using enum Speed;
   const struct {
     const char* name;
     Transfer transfer;
+    Speed speed;
     int maximum, first, last, end; // progress values in steps of 5, then at the end
     Clock::Moment records;         // the time for wake-up, records and end
   } cases[] = {
-      {"read", Transfer::Read, 505, 0, 510, 505, (5ms + 40ms + 10ms) + 103 * (10ms + 5ms + 40ms + 10ms) + 5ms + 50ms},
-      {"write", Transfer::Write, 330, 0, 325, 310,
+      {"read", Transfer::Read, Prescribed, 505, 0, 510, 505,
+       (5ms + 40ms + 10ms) + 103 * (10ms + 5ms + 40ms + 10ms) + 5ms + 50ms},
+      {"write", Transfer::Write, Prescribed, 330, 0, 325, 310,
        (6250us + 40ms + 10ms) + 20ms + 66 * (15ms + 20ms + 20ms) + 15ms + 50ms + 20ms},
-      {"read info", Transfer::ReadInfo, 160, 5, 160, 160, (5ms + 40ms) + 32 * (10ms + 5ms + 40ms) + 5ms + 50ms},
-      {"write info", Transfer::WriteInfo, 150, 5, 150, 150,
+      // 2 ms are the radio's, and the answers are looked for every 0.5 ms.
+      {"quick read", Transfer::Read, Quick, 505, 0, 510, 505,
+       (5ms + 40ms + 10ms) + 103 * (5ms + 2ms + 15ms) + 30ms + 5ms + 50ms},
+      {"quick write", Transfer::Write, Quick, 330, 0, 325, 310,
+       (6250us + 40ms + 10ms) + 20ms + 66 * (15ms + 2ms + 1500us) + 30ms + 15ms + 50ms + 20ms},
+      {"read info", Transfer::ReadInfo, Prescribed, 160, 5, 160, 160,
+       (5ms + 40ms) + 32 * (10ms + 5ms + 40ms) + 5ms + 50ms},
+      {"write info", Transfer::WriteInfo, Prescribed, 150, 5, 150, 150,
        (6250us + 40ms + 10ms) + 20ms + 30 * (15ms + 40ms) + 15ms + 50ms},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Desk desk;
+    desk.speed = c.speed;
     EXPECT_EQ(desk.Run(c.transfer).outcome, Outcome::Complete);
     EXPECT_EQ(desk.maximum, c.maximum);
     EXPECT_EQ(desk.values.front(), c.first);
@@ -33,6 +43,23 @@ TEST(Exchange, ShowsItsProgressAndTakesItsWaitsAndLineTimeOnly) {
     EXPECT_EQ(desk.radio.now, 80ms + 80ms + c.records);
     EXPECT_EQ(desk.completions, 1);
   }
+}
+
+TEST(Exchange, TakesThePausesAgainWithARadioThatNeedsThem) {
+  for (const Transfer transfer : {Transfer::Read, Transfer::Write})
+    for (const Clock::Moment deafness : {2ms, 10ms, 20ms}) {
+      SCOPED_TRACE(std::to_string(static_cast<int>(transfer)) + ' ' + std::to_string(deafness.count()));
+      Desk prescribed, quick;
+      quick.speed = Speed::Quick;
+      quick.radio.deafness = deafness;
+      ASSERT_EQ(prescribed.Run(transfer).outcome, Outcome::Complete);
+      ASSERT_EQ(quick.Run(transfer).outcome, Outcome::Complete);
+      EXPECT_EQ(quick.image, prescribed.image);
+      EXPECT_EQ(quick.radio.memory, prescribed.radio.memory);
+      EXPECT_GT(quick.radio.now, prescribed.radio.now);
+      prescribed.radio.frames.insert(prescribed.radio.frames.begin() + 2, prescribed.radio.frames[2]); // repeated
+      EXPECT_EQ(quick.radio.frames, prescribed.radio.frames);
+    }
 }
 
 TEST(ReadRadio, RequestsEveryRecordInOrderAndStoresIt) {

@@ -27,6 +27,7 @@ struct ScriptedRadio : SerialPort, Clock {
     std::size_t before = SIZE_MAX; // this byte of the next answer
     Moment length{};
   } gap;
+  Moment deafness{}; // after an answer: what begins to arrive by then is lost
   std::optional<std::string> openFailure;
   int operationsLeft = MostOperations; // before the port fails for good
   bool stuck = false;                  // bytes never leave
@@ -35,6 +36,7 @@ struct ScriptedRadio : SerialPort, Clock {
   std::vector<LineBytes> frames;                   // what was written
   std::deque<std::pair<Moment, std::uint8_t>> air; // on its way to the computer, with its arrival
   Moment now{}, sentAt{};                          // sentAt: when the last byte written has left the line
+  Moment answeredAt{};                             // when the last answer has arrived
 
   ScriptedRadio() {
     for (std::size_t i = 0; i < memory.size(); ++i)
@@ -80,11 +82,13 @@ struct ScriptedRadio : SerialPort, Clock {
     sentAt = now + 1250us * bytes.size();
     isDrained = false;
     frames.emplace_back(bytes.begin(), bytes.end());
+    if (deafness > 0us && now + 1250us <= answeredAt + deafness) return true;
     LineBytes reply = ReplyTo(frames.back());
     if (spoil) spoil(frames.size() - 1, reply);
     Moment arrival = std::max(sentAt + latency, air.empty() ? Moment{} : air.back().first);
     for (std::size_t i = 0; i < reply.size(); ++i)
       air.emplace_back(arrival += 1250us + (i == gap.before ? gap.length : 0us), reply[i]);
+    answeredAt = reply.empty() ? answeredAt : arrival;
     gap = {};
     return true;
   }
@@ -112,6 +116,7 @@ struct Desk final : ExchangeObserver {
   ScriptedRadio radio;
   SerialLine line{radio, radio, 3};
   RadioImage image;
+  Speed speed = Speed::Prescribed; // of Read and Write
   bool acceptsBand = false;
   bool canShow = true; // whether the editor can show what was read
   // Of the last exchange:
@@ -145,8 +150,8 @@ struct Desk final : ExchangeObserver {
     maximum = questions = completions = 0;
     values.clear();
     const auto now = [] { return LocalTime{2004, 11, 4, 9, 5, 7}; };
-    ExchangeResult result = transfer == Transfer::Read       ? ReadRadio(line, image, *this)
-                            : transfer == Transfer::Write    ? WriteRadio(line, image, now, *this)
+    ExchangeResult result = transfer == Transfer::Read       ? ReadRadio(line, image, *this, speed)
+                            : transfer == Transfer::Write    ? WriteRadio(line, image, now, *this, speed)
                             : transfer == Transfer::ReadInfo ? ReadEmbeddedInfo(line, image, *this)
                                                              : WriteEmbeddedInfo(line, image, *this);
     Require(result.transfer == transfer && result.port == "COM3", "a result names its transfer and its port");
