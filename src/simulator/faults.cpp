@@ -26,6 +26,7 @@ constexpr FaultKind Kinds[] = {
     {Fault::LongStatus,       "long-status",       false, "sends a status of 3 bytes"},
     {Fault::Garbage,          "garbage",           true,  "sends two bytes of noise before an answer"},
     {Fault::SplitReply,       "split-reply",       true,  "pauses 50 ms amid a record reply or the identity"},
+    {Fault::WrongByte,        "wrong-byte",        true,  "stores a record write with another last byte"},
     {Fault::Vanish,           "vanish",            true,  "pulls the cable at RECORD (10 if not given) and ends"},
 };
 // clang-format on

@@ -11,7 +11,7 @@ namespace mr4500x {
 // clang-format off
 enum class Fault : std::uint8_t {
     Silent, WrongAnswer, LateAnswer, ShortIdentity, WrongModel, OtherBand, ShortReply, ForeignReply, WrongAddress,
-    BadCount, LongReply, WrongAcknowledge, NoAcknowledge, Ng, LateStatus, LongStatus, Garbage, SplitReply, Vanish,
+    BadCount, LongReply, WrongAcknowledge, NoAcknowledge, Ng, LateStatus, LongStatus, Garbage, SplitReply, WrongByte, Vanish,
 };
 // clang-format on
 

@@ -18,6 +18,7 @@ struct Options {
   std::string memoryFile;
   std::string link;
   int baud = 0; // 0: no delay
+  int deafness = 0;
   std::vector<PlannedFault> faults;
 };
 
@@ -86,7 +87,7 @@ void Serve(const Options& options) {
   const sigset_t mask = CatchSignals();
   const RadioMemory memory = options.memoryFile.empty() ? FactoryMemory() : LoadOrCreate(options.memoryFile);
   const auto characterTime = options.baud == 0 ? 0us : std::chrono::microseconds(1s) * BitsPerCharacter / options.baud;
-  SimulatedRadio radio(memory, characterTime, options.faults);
+  SimulatedRadio radio(memory, characterTime, options.faults, std::chrono::milliseconds(options.deafness));
   {
     const PseudoTerminal terminal(options.link);
     std::printf("%s\n", terminal.Device().c_str());
@@ -123,6 +124,10 @@ int Main(int argc, char** argv) {
   app.add_option_function<std::string>("--fault", addFault, "Fail in this way; may be given several times")
       ->type_name("NAME")
       ->trigger_on_parse();
+  app.add_option("--deaf", options.deafness, "Lose what comes within this many ms after the end of an answer")
+      ->type_name("MS")
+      ->check(CLI::Range(0, 1000));
+  app.set_version_flag("--version", "lr7200-simulator " MR4500X_VERSION);
   app.footer(FaultHelp());
   try {
     app.parse(argc, argv);

@@ -48,14 +48,16 @@ bool Agree(std::span<const std::uint8_t> heard, const Message& message) {
 
 } // namespace
 
-SimulatedRadio::SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults)
-    : m_memory(memory), m_characterTime(characterTime), m_faults(std::move(faults)) {}
+SimulatedRadio::SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults,
+                               Moment deafness)
+    : m_memory(memory), m_characterTime(characterTime), m_faults(std::move(faults)), m_deafness(deafness) {}
 
 void SimulatedRadio::Hear(std::span<const std::uint8_t> bytes, Moment writtenAt) {
   if (writtenAt - m_heardAt > MessageGap) DropStaleMessage();
   for (const std::uint8_t byte : bytes) {
     if (m_hasVanished) return;
     m_heardAt = std::max(m_heardAt, writtenAt) + m_characterTime;
+    if (m_deafness > 0us && m_heardAt - m_characterTime < m_lineFreeAt + m_deafness) continue;
     m_heard.push_back(byte);
     while (!m_heard.empty()) {
       const std::size_t taken = TakeMessage();
@@ -194,8 +196,9 @@ void SimulatedRadio::AnswerRead(std::size_t address) {
 
 void SimulatedRadio::AnswerWrite(std::size_t address) {
   if (!IsReadOnly(address)) {
-    std::copy_n(m_heard.begin() + RecordHeaderBytes, RecordBytes,
-                m_memory.begin() + static_cast<std::ptrdiff_t>(address));
+    const auto data = m_memory.begin() + static_cast<std::ptrdiff_t>(address);
+    std::copy_n(m_heard.begin() + RecordHeaderBytes, RecordBytes, data);
+    if (Has(Fault::WrongByte)) data[RecordBytes - 1] ^= 0x01;
   }
   if (Has(Fault::Silent) || Has(Fault::NoAcknowledge)) return;
   Answer({Has(Fault::WrongAcknowledge) ? Refusal : Acknowledge});

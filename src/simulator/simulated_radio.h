@@ -17,7 +17,9 @@ public:
   using Moment = std::chrono::microseconds;
 
   // `characterTime` is the time of one character on the line, 0 for no delay.
-  SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults = {});
+  // `deafness`: what comes within this time after the end of an answer is lost.
+  SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults = {},
+                 Moment deafness = {});
 
   // Bytes that the computer wrote. Times must not decrease.
   void Hear(std::span<const std::uint8_t> bytes, Moment writtenAt);
@@ -58,6 +60,7 @@ private:
   RadioMemory m_memory;
   const Moment m_characterTime;
   const std::vector<PlannedFault> m_faults;
+  const Moment m_deafness;
 
   static constexpr int NoRecord = -1;
 
@@ -67,7 +70,7 @@ private:
   Bytes m_heard;           // of an incomplete message
   Moment m_heardAt{0};
   std::deque<Reply> m_replies;
-  Moment m_lineFreeAt{0};
+  Moment m_lineFreeAt{0}; // the end of the last answer
   unsigned m_endedSessions = 0;
   bool m_hasVanished = false;
 };
