@@ -1,5 +1,6 @@
 // A full read and a full write with the simulated radio at the real line speed, compared with the sum of the prescribed
-// waits and the time of the bytes on the line.
+// waits and the time of the bytes on the line; the same at the quick pace, where the records should take no more than
+// 1.15 of their time on the line.
 #include "child_process.h"
 
 #include "exchange.h"
@@ -19,12 +20,20 @@ namespace {
 constexpr double ByteTime = CharacterTime.count() / 1000.0; // ms
 constexpr double PollRound = 20;
 
+constexpr double ReadWakeUp = 80 + (80 + 4 * ByteTime + 2 * PollRound + 10);
+constexpr double ReadEnd = 4 * ByteTime + 50;
+constexpr double WriteWakeUp = 80 + (80 + 5 * ByteTime + 2 * PollRound + 10) + 20;
+constexpr double WriteEnd = 12 * ByteTime + 50 + PollRound;
+
 // Opening, a wake-up answered in its first round, the records, and the wait at the end. A record takes its waits, its
 // request on the line, and the rounds up to the one after the look that finds the reply.
-constexpr double ReadSum = 80 + (80 + 4 * ByteTime + 2 * PollRound + 10) +
-                           103 * (10 + 4 * ByteTime + 2 * PollRound + 10) + (4 * ByteTime + 50);
-constexpr double WriteSum = 80 + (80 + 5 * ByteTime + 2 * PollRound + 10) + 20 + 66 * (12 * ByteTime + 20 + PollRound) +
-                            (12 * ByteTime + 50 + PollRound);
+constexpr double ReadSum = ReadWakeUp + 103 * (10 + 4 * ByteTime + 2 * PollRound + 10) + ReadEnd;
+constexpr double WriteSum = WriteWakeUp + 66 * (12 * ByteTime + 20 + PollRound) + WriteEnd;
+
+// At the quick pace: request and reply, record and acknowledge.
+constexpr double QuickReadLine = 103 * 16 * ByteTime;
+constexpr double QuickWriteLine = 66 * 13 * ByteTime;
+constexpr double MostOverLine = 1.15;
 
 class Silent final : public ExchangeObserver {
 public:
@@ -78,22 +87,38 @@ void Measure(benchmark::State& state, double sum, Run run) {
   state.counters["processor_percent"] = 100 * used / (wall * static_cast<double>(state.iterations()));
 }
 
-void FullRead(benchmark::State& state) {
+void MeasureRead(benchmark::State& state, double sum, Speed speed) {
   RadioImage image;
-  Measure(state, ReadSum,
-          [&](SerialLine& line, ExchangeObserver& observer) { return ReadRadio(line, image, observer); });
+  Measure(state, sum,
+          [&](SerialLine& line, ExchangeObserver& observer) { return ReadRadio(line, image, observer, speed); });
 }
-BENCHMARK(FullRead)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
 
-void FullWrite(benchmark::State& state) {
+void MeasureWrite(benchmark::State& state, double sum, Speed speed) {
   RadioImage image;
   ResetToDefaults(image, {2026, 1, 1, 0, 0, 0});
-  Measure(state, WriteSum, [&](SerialLine& line, ExchangeObserver& observer) {
+  Measure(state, sum, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteRadio(
-        line, image, [] { return LocalTime{2026, 1, 1, 0, 0, 0}; }, observer);
+        line, image, [] { return LocalTime{2026, 1, 1, 0, 0, 0}; }, observer, speed);
   });
 }
+
+void FullRead(benchmark::State& state) {
+  MeasureRead(state, ReadSum, Speed::Prescribed);
+}
+void FullWrite(benchmark::State& state) {
+  MeasureWrite(state, WriteSum, Speed::Prescribed);
+}
+// Here "prescribed" includes what the records may take over their time on the line.
+void QuickRead(benchmark::State& state) {
+  MeasureRead(state, ReadWakeUp + MostOverLine * QuickReadLine + ReadEnd, Speed::Quick);
+}
+void QuickWrite(benchmark::State& state) {
+  MeasureWrite(state, WriteWakeUp + MostOverLine * QuickWriteLine + WriteEnd, Speed::Quick);
+}
+BENCHMARK(FullRead)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
 BENCHMARK(FullWrite)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
+BENCHMARK(QuickRead)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
+BENCHMARK(QuickWrite)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1)->Repetitions(3);
 
 } // namespace
 } // namespace mr4500x
