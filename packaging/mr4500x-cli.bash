@@ -6,26 +6,35 @@ _mr4500x_cli() {
     case $word in -* | "$current") ;; *) count=$((count + 1)) ;; esac
   done
   if [ "$COMP_CWORD" -eq 1 ]; then
-    words="new show fields get set apply channels diff read write info print ports --help --version"
+    words="new show fields get set apply channels diff identify read write verify info print ports --help --version"
   elif [ "$previous" = --reports ]; then
     words="channels tts info channels,tts channels,info tts,info channels,tts,info"
+  elif [ "$previous" = --backup ]; then
+    mapfile -t COMPREPLY < <(compgen -d -- "$current")
+    return 0
+  elif [ "$previous" = --trace ] || [ "$previous" = --from ]; then
+    mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    return 0
   else
     case $command:$count in
-      new:0 | show:0 | get:0 | set:0 | apply:0 | diff:[01] | channels:1 | write:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
+      new:0 | show:0 | get:0 | set:0 | apply:0 | diff:[01] | channels:1 | write:0 | verify:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
       print:*) files='*.pdf' ;;
       apply:1) files='*.json' ;;
       channels:0) words="export import" ;;
       channels:2) files='*.csv' ;;
       get:* | set:*) words=$("${COMP_WORDS[0]}" fields 2>/dev/null | cut -f 1) ;;
-      read:0 | write:1 | info:1) ports=yes ;;
+      identify:0 | read:0 | write:1 | verify:1 | info:1) ports=yes ;;
       info:0) words="read write" ;;
     esac
     case $command in
       new) words="$words --replace" ;;
-      show | fields | diff) words="$words --json" ;;
+      show | fields) words="$words --json" ;;
       set | apply) words="$words --output" ;;
       channels) words="$words --output --skip-bad" ;;
-      write) words="$words --accept-band" ;;
+      diff | identify) words="$words --json --trace" ;;
+      read | verify) words="$words --quick --trace" ;;
+      write) words="$words --accept-band --backup --verify --quick --trace" ;;
+      info) words="$words --from --trace" ;;
       print) words="$words --reports" ;;
     esac
     words="$words --help"

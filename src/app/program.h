@@ -7,8 +7,10 @@
 #include "qt_printers.h"
 #include "qt_progress_view.h"
 #include "qt_serial_port.h"
+#include "traced_port.h"
 #include "transfer_guard.h"
 
+#include <fstream>
 #include <string>
 
 namespace mr4500x {
@@ -30,6 +32,8 @@ private:
   UserInput m_input;
   EventClock m_clock;
   QtSerialPort m_port;
+  std::ofstream m_trace; // open if the settings file names one
+  TracedPort m_tracedPort;
   QtMessageView m_messages;
   QtProgressView m_progress;
   QtFileDialogs m_dialogs;

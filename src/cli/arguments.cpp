@@ -57,12 +57,24 @@ std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& file
 }
 
 std::optional<std::u16string> InfoFromArgument(std::string_view argument) {
-  QStringDecoder decoder(QStringDecoder::Utf8);
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless); // its end is the end
   QString text = decoder(QByteArrayView(argument.data(), static_cast<qsizetype>(argument.size())));
   if (decoder.hasError()) return std::nullopt;
   UseLineFeeds(text);
   text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
   return text.toStdU16String();
+}
+
+std::string InfoToKeep(std::u16string_view text) {
+  QString kept = QStringView(VisibleText(text)).toString();
+  UseLineFeeds(kept);
+  return kept.isEmpty() ? "" : kept.toStdString() + '\n';
+}
+
+std::optional<std::u16string> InfoFromKept(std::string_view content) {
+  for (const char end : {'\n', '\r'}) // the last line's
+    if (content.ends_with(end)) content.remove_suffix(1);
+  return InfoFromArgument(content);
 }
 
 std::string InfoToPrint(std::u16string_view text) {

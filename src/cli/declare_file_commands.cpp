@@ -1,7 +1,6 @@
 #include "declare_file_commands.h"
 
 #include "channel_commands.h"
-#include "diff_command.h"
 #include "file_commands.h"
 #include "machine.h"
 #include "setting_commands.h"
@@ -20,6 +19,7 @@ constexpr const char* Changed = "data file (.K4X); replaced in one step, or left
 struct Call {
   FileSystem& files;
   Terminal& terminal;
+  LoadAny load{};
   std::string file{}, other{}, output{};
   std::vector<std::string> words{};
   bool json = false, replace = false, skipBad = false;
@@ -60,10 +60,10 @@ struct Declaring {
     File(show, Read);
     CLI::App* const diff =
         Command(app, "diff", "Print the settings that differ, then the bytes that no setting shows; 1 if any differs",
-                [](Call& c) { return RunDiff(c.files, c.file, c.other, c.json, c.terminal); });
+                [](Call& c) { return RunDiff(c.load, c.file, c.other, c.json, c.terminal); });
     Json(diff);
-    Positional(diff, "A", call->file, Read);
-    Positional(diff, "B", call->other, Read);
+    Positional(diff, "A", call->file, "data file (.K4X) or PORT");
+    Positional(diff, "B", call->other, "data file (.K4X) or PORT");
   }
 
   void Settings(CLI::App& app) const {
@@ -106,8 +106,9 @@ struct Declaring {
 
 } // namespace
 
-void DeclareFileCommands(CLI::App& app, FileSystem& files, Terminal& terminal, std::function<ExitStatus()>& chosen) {
-  const Declaring declaring = {std::make_shared<Call>(Call{files, terminal}), chosen};
+void DeclareFileCommands(CLI::App& app, FileSystem& files, Terminal& terminal, const LoadAny& load,
+                         std::function<ExitStatus()>& chosen) {
+  const Declaring declaring = {std::make_shared<Call>(Call{files, terminal, load}), chosen};
   declaring.WholeFiles(app);
   declaring.Settings(app);
   CLI::App* const channels =

@@ -1,6 +1,7 @@
 // The command line of the commands that need no radio.
 #pragma once
 
+#include "diff_command.h"
 #include "terminal.h"
 
 #include <functional>
@@ -13,7 +14,8 @@ namespace mr4500x {
 
 class FileSystem;
 
-// When the command line names one of them, `chosen` becomes what runs it.
-void DeclareFileCommands(CLI::App& app, FileSystem& files, Terminal& terminal, std::function<ExitStatus()>& chosen);
+// When the command line names one of them, `chosen` becomes what runs it. `load` is for `diff`.
+void DeclareFileCommands(CLI::App& app, FileSystem& files, Terminal& terminal, const LoadAny& load,
+                         std::function<ExitStatus()>& chosen);
 
 } // namespace mr4500x

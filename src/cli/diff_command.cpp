@@ -1,7 +1,6 @@
 #include "diff_command.h"
 
 #include "decimal.h"
-#include "file_commands.h"
 
 #include <nlohmann/json.hpp>
 
@@ -49,10 +48,10 @@ std::string DifferenceJson(const ImageDifferences& differences) {
   return document.dump(2) + '\n';
 }
 
-ExitStatus RunDiff(FileSystem& files, const std::string& before, const std::string& after, bool asJson,
+ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::string& after, bool asJson,
                    Terminal& terminal) {
   RadioImage a, b;
-  if (!LoadForCommand(files, before, a, terminal) || !LoadForCommand(files, after, b, terminal)) return Trouble;
+  if (!load(before, a) || !load(after, b)) return Trouble;
   const ImageDifferences differences = CompareImages(a, b, BuildFieldTexts('.'));
   terminal.out << (asJson ? DifferenceJson(differences) : DifferenceLines(differences));
   if (EndOutput(terminal) != ExitStatus::Done) return Trouble;

@@ -4,11 +4,13 @@
 #include "differences.h"
 #include "terminal.h"
 
+#include <functional>
 #include <string>
 
 namespace mr4500x {
 
-class FileSystem;
+// Loads the configuration of a file or a port. False, with a message, if it can't.
+using LoadAny = std::function<bool(const std::string& fileOrPort, RadioImage& image)>;
 
 // One line for each setting that differs ("CH3 Rx Freq  443.00625  443.50000"), then one for each byte that no setting
 // shows ("ChannelBlock 37  0x00  0x08").
@@ -16,9 +18,9 @@ class FileSystem;
 // The same as one JSON document.
 [[nodiscard]] std::string DifferenceJson(const ImageDifferences& differences);
 
-// Prints what differs between two data files. As diff(1) has it, the status is 0 for the same, 1 for different and 2
-// for trouble.
-[[nodiscard]] ExitStatus RunDiff(FileSystem& files, const std::string& before, const std::string& after, bool asJson,
+// Prints what differs between two files or radios. As diff(1) has it, the status is 0 for the same, 1 for different and
+// 2 for trouble.
+[[nodiscard]] ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::string& after, bool asJson,
                                  Terminal& terminal);
 
 } // namespace mr4500x

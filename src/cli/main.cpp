@@ -10,6 +10,7 @@
 #include "posix_file_system.h"
 #include "radio_commands.h"
 #include "settings.h"
+#include "traced_port.h"
 
 #include <CLI/CLI.hpp>
 
@@ -17,8 +18,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <tuple>
 
 namespace mr4500x {
 namespace {
@@ -27,20 +32,28 @@ struct Arguments {
   std::string file;
   PortArgument port;
   std::u16string text;
-  bool acceptBand = false;
+  bool json = false;
+  WriteOptions write;
+  bool quick = false;
+  std::string traceFile;
+  std::string textFile;
   std::string pdfFile;
   std::vector<std::string> reports;
 };
 
 class CommandLine {
 public:
-  CommandLine() : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0} {}
+  CommandLine()
+      : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0, [] {
+                     return AwaitInput(STDIN_FILENO);
+                   }} {}
 
   int Run(int argc, char** argv);
 
 private:
   void Declare(CLI::App& app);
   [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
+  [[nodiscard]] bool Load(const std::string& fileOrPort, RadioImage& image);
   [[nodiscard]] ExitStatus Ports();
   [[nodiscard]] ExitStatus Print();
   [[nodiscard]] std::string SettingsFile() { return SettingsFilePath(m_files, ProgramFolder(), UserConfigFolder()); }
@@ -52,12 +65,33 @@ private:
 };
 
 ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
-  const PortArgument& port = m_arguments.port;
+  const auto& [port, traceFile] = std::tie(m_arguments.port, m_arguments.traceFile);
+  std::ofstream trace;
+  if (!traceFile.empty()) trace.open(traceFile, std::ios::app);
+  if (!trace) {
+    m_terminal.err << traceFile << ": " << std::strerror(errno) << '\n';
+    return ExitStatus::Failed;
+  }
   const std::unique_ptr<QtSerialPort> serial = PortFor(port, m_files, SettingsFile());
   const EndSignalsHeld held;
   SteadyClock clock;
-  SerialLine line(*serial, clock, port.number, NameOf(port));
-  return run({line, m_files, m_terminal});
+  TracedPort traced(*serial, clock, LocalNow, trace);
+  SerialPort& used = traceFile.empty() ? static_cast<SerialPort&>(*serial) : traced;
+  SerialLine line(used, clock, port.number, NameOf(port));
+  return run({line, m_files, m_terminal, LocalNow, m_arguments.quick ? Speed::Quick : Speed::Prescribed});
+}
+
+// A number and what leads to a device are ports.
+bool CommandLine::Load(const std::string& fileOrPort, RadioImage& image) {
+  const auto port = ParsePortArgument(fileOrPort);
+  std::error_code unknown;
+  const bool isPort = port && (port->number > 0 || std::filesystem::is_character_file(port->device, unknown));
+  if (!isPort) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
+  m_arguments.port = *port;
+  const auto read = [&](const RadioCommand& radio) {
+    return ReadForCommand(radio, image) ? ExitStatus::Done : ExitStatus::Failed;
+  };
+  return WithRadio(read) == ExitStatus::Done;
 }
 
 ExitStatus CommandLine::Ports() {
@@ -115,43 +149,76 @@ void CommandLine::Declare(CLI::App& app) {
     return sub;
   };
   const auto positional = [](CLI::App* sub, const char* name, auto& value, const char* about) {
-    sub->add_option(name, value, about)->required()->type_name("");
+    return sub->add_option(name, value, about)->required()->type_name("");
   };
   // An argument that is more than its text; `parse` throws for an unusable one.
   const auto parsed = [](CLI::App* sub, const char* name, auto& value, auto parse, const char* about) {
     const auto take = [&value, parse](const std::string& text) { value = parse(text); };
-    sub->add_option_function<std::string>(name, take, about)->required()->type_name("");
+    return sub->add_option_function<std::string>(name, take, about)->required()->type_name("");
   };
   const auto file = [&](CLI::App* sub) { positional(sub, "FILE", given.file, "data file (.K4X)"); };
+  const auto trace = [&](CLI::App* sub) {
+    sub->add_option("--trace", given.traceFile, "add every byte on the line, with its time, to this file")
+        ->type_name("FILE");
+  };
   const auto port = [&](CLI::App* sub) {
     parsed(sub, "PORT", given.port, PortOf, "port number 1 to 16, or the path of a device");
+    trace(sub);
   };
+  const auto quick = [&](CLI::App* sub) {
+    sub->add_flag("--quick", given.quick, "leave out the pauses between records, until the radio needs them");
+  };
+  const auto onRadio = [this](auto run) { return [this, run] { return WithRadio(run); }; };
 
-  DeclareFileCommands(app, m_files, m_terminal, m_command);
+  const auto load = [this](const std::string& fileOrPort, RadioImage& image) { return Load(fileOrPort, image); };
+  DeclareFileCommands(app, m_files, m_terminal, load, m_command);
+  trace(app.get_subcommand("diff"));
 
-  CLI::App* const read = command(app, "read", "Read the whole radio and store it in FILE", [this] {
-    return WithRadio([this](const RadioCommand& radio) { return RunRead(radio, m_arguments.file); });
-  });
+  CLI::App* const identify =
+      command(app, "identify", "Print the radio's identity number, firmware, band and last programming time",
+              onRadio([&](const RadioCommand& radio) {
+                return RunIdentify(radio, given.json ? ShowAs::Json : ShowAs::Table);
+              }));
+  identify->add_flag("--json", given.json, "as one JSON document");
+  port(identify);
+
+  CLI::App* const read = command(app, "read", "Read the whole radio and store it in FILE, over one that is there",
+                                 onRadio([&](const RadioCommand& radio) { return RunRead(radio, given.file); }));
   port(read);
-  file(read);
+  positional(read, "FILE", given.file, "data file (.K4X); {id}, {date} and {time} in it are filled in");
+  quick(read);
 
-  CLI::App* const write = command(app, "write", "Write the configuration in FILE to the radio", [this] {
-    const auto band = m_arguments.acceptBand ? BandAnswer::Yes : BandAnswer::Ask;
-    return WithRadio([&](const RadioCommand& radio) { return RunWrite(radio, m_arguments.file, band, LocalNow); });
-  });
+  CLI::App* const write =
+      command(app, "write", "Write the configuration in FILE to the radio",
+              onRadio([&](const RadioCommand& radio) { return RunWrite(radio, given.file, given.write); }));
   file(write);
   port(write);
-  write->add_flag("--accept-band", given.acceptBand, "go on when the radio's frequency band is another");
+  quick(write);
+  write->add_flag_callback(
+      "--accept-band", [&] { given.write.band = BandAnswer::Yes; }, "go on when the radio's frequency band is another");
+  write->add_option("--backup", given.write.backupFolder, "keep what the radio holds in a file of this folder first")
+      ->type_name("FOLDER");
+  write->add_flag("--verify", given.write.isVerified, "read back what was written and compare it");
+
+  CLI::App* const verify = command(app, "verify", "Compare what a write of FILE would send with what the radio holds",
+                                   onRadio([&](const RadioCommand& radio) { return RunVerify(radio, given.file); }));
+  file(verify);
+  port(verify);
+  quick(verify);
 
   CLI::App* const info = app.add_subcommand("info", "Read or write the embedded information");
   info->require_subcommand(1);
-  port(command(*info, "read", "Print the text and the last programming time",
-               [this] { return WithRadio(RunInfoRead); }));
-  CLI::App* const infoWrite = command(*info, "write", "Write TEXT, at most 119 characters", [this] {
-    return WithRadio([this](const RadioCommand& radio) { return RunInfoWrite(radio, m_arguments.text); });
-  });
+  port(command(*info, "read", "Print the text and the last programming time", onRadio(RunInfoRead)));
+  CLI::App* const infoWrite =
+      command(*info, "write", "Write TEXT, at most 119 characters", onRadio([&](const RadioCommand& radio) {
+        return given.textFile.empty() ? RunInfoWrite(radio, given.text) : RunInfoWriteFrom(radio, given.textFile);
+      }));
   port(infoWrite);
-  parsed(infoWrite, "TEXT", given.text, InfoOf, "the text in quotes; a line break counts as two characters");
+  CLI::App* const text = infoWrite->add_option_group("What to write");
+  text->require_option(1);
+  parsed(text, "TEXT", given.text, InfoOf, "the text in quotes; a line break counts as two characters")
+      ->required(false);
+  text->add_option("--from", given.textFile, "the text in this file, as write --backup keeps it")->type_name("FILE");
 
   CLI::App* const print = command(app, "print", "Print the reports of FILE to a PDF file", [this] { return Print(); });
   file(print);

@@ -1,12 +1,15 @@
 #include "radio_commands.h"
 
 #include "arguments.h"
+#include "diff_command.h"
 #include "embedded_info.h"
 #include "file_access.h"
 #include "file_commands.h"
 #include "fill_messages.h"
 #include "messages.h"
 #include "port_choice.h"
+#include "radio_identity.h"
+#include "setting_commands.h"
 #include "signaling.h"
 
 #include <iomanip>
@@ -14,13 +17,6 @@
 
 namespace mr4500x {
 namespace {
-
-// False for a new file in a folder that is not writable.
-bool CanBeCreated(FileSystem& files, const std::string& path) {
-  const std::optional<FileStatus> status = files.Status(path);
-  if (status && status->kind != FileKind::Missing) return true;
-  return files.CanWrite(FolderOf(path));
-}
 
 // False, with a message, unless the transfer is complete.
 bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
@@ -34,29 +30,91 @@ ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   return ExitStatus::Done;
 }
 
-} // namespace
-
-ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
-  if (!CanBeCreated(command.files, path)) { // fail before reading the whole radio
-    command.terminal.err << MessageForFailed(SaveCommand::Save).text << '\n';
-    return ExitStatus::Failed;
-  }
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
-  RadioImage image;
-  if (!IsComplete(command.terminal, ReadRadio(command.line, image, observer))) return ExitStatus::Failed;
-  image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
-  if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // as the editor does
-  if (!SaveForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
-  return Done(command.terminal, command.line.PortName() + " has been read into " + path + ".");
+ExitStatus Fail(const Terminal& terminal, const std::string& message) {
+  terminal.err << message << '\n';
+  return ExitStatus::Failed;
 }
 
-ExitStatus RunWrite(const RadioCommand& command, const std::string& path, BandAnswer band,
-                    const std::function<LocalTime()>& now) {
+// Where the name depends on the radio, its folder can too; then only the save can tell.
+bool MayBeStored(FileSystem& files, const std::string& path) {
+  return FolderOf(path).find('{') != std::string::npos || MayReplace(files, path);
+}
+
+// Keeps the radio's configuration, and its embedded text beside it if there is one. Prints the path.
+ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
+  const auto refuse = [&] {
+    return Fail(command.terminal, folder + ": the backup can't be kept here. Nothing has been written.");
+  };
+  if (!MakeFolderOf(command.files, folder + "/") || !MayReplace(command.files, folder + "/backup")) return refuse();
+  RadioImage image;
+  if (!ReadForCommand(command, image)) return ExitStatus::Failed;
+  const std::string stem = folder + '/' + FilledIn("{id}_{date}_{time}", image, command.now());
+  if (!IsMissing(command.files, stem + ".K4X") || !SaveDataFile(command.files, stem + ".K4X", image)) return refuse();
+  const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  if (!text.empty() && !ReplaceFile(command.files, stem + ".txt", bytes, Surplus::Drop)) return refuse();
+  command.terminal.out << stem << ".K4X\n";
+  return EndOutput(command.terminal);
+}
+
+ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const std::string& path) {
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
+  RadioImage found = expected;
+  if (!IsComplete(command.terminal, ReadBack(command.line, found, observer, command.speed))) return ExitStatus::Failed;
+  const std::string lines = DifferenceLines(CompareImages(expected, found, BuildFieldTexts('.')));
+  command.terminal.out << lines;
+  if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
+  if (lines.empty()) return ExitStatus::Done;
+  return Fail(command.terminal, command.line.PortName() + " does not hold what " + path + " holds.");
+}
+
+} // namespace
+
+bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
+  if (!IsComplete(command.terminal, ReadRadio(command.line, image, observer, command.speed))) return false;
+  image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
+  if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // as the editor does
+  return true;
+}
+
+ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
+  if (!MayBeStored(command.files, path)) // fail before reading the whole radio
+    return Fail(command.terminal, MessageForFailed(SaveCommand::Save).text);
+  RadioImage image;
+  if (!ReadForCommand(command, image)) return ExitStatus::Failed;
+  const std::string file = FilledIn(path, image, command.now());
+  if (!SaveForCommand(command.files, file, image, command.terminal)) return ExitStatus::Failed;
+  command.terminal.out << IdentityTable(image);
+  if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
+  return Done(command.terminal, command.line.PortName() + " has been read into " + file + ".");
+}
+
+ExitStatus RunIdentify(const RadioCommand& command, ShowAs form) {
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
+  RadioImage image;
+  if (!IsComplete(command.terminal, ReadIdentity(command.line, image, observer))) return ExitStatus::Failed;
+  command.terminal.out << (form == ShowAs::Json ? IdentityJson(image) : IdentityTable(image));
+  return EndOutput(command.terminal);
+}
+
+ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const WriteOptions& options) {
+  const auto& [line, files, terminal, now, speed] = command;
+  RadioImage image;
+  if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
+  if (!options.backupFolder.empty() && BackUp(command, options.backupFolder) != ExitStatus::Done)
+    return ExitStatus::Failed;
+  TerminalObserver observer(terminal, options.band);
+  if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;
+  if (options.isVerified && Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
+  return Done(terminal, path + " has been written to " + line.PortName() + ".");
+}
+
+ExitStatus RunVerify(const RadioCommand& command, const std::string& path) {
   RadioImage image;
   if (!LoadForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
-  TerminalObserver observer(command.terminal, band);
-  if (!IsComplete(command.terminal, WriteRadio(command.line, image, now, observer))) return ExitStatus::Failed;
-  return Done(command.terminal, path + " has been written to " + command.line.PortName() + ".");
+  if (Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
+  return Done(command.terminal, command.line.PortName() + " holds what " + path + " holds.");
 }
 
 ExitStatus RunInfoRead(const RadioCommand& command) {
@@ -70,10 +128,21 @@ ExitStatus RunInfoRead(const RadioCommand& command) {
 
 ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text) {
   RadioImage image;
-  if (!StoreEmbeddedText(image.EmbeddedInfoBlock, text)) return ExitStatus::UnusableArguments;
+  if (!StoreEmbeddedText(image.EmbeddedInfoBlock, text)) {
+    command.terminal.err << TopSizeText << '\n';
+    return ExitStatus::UnusableArguments;
+  }
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   if (!IsComplete(command.terminal, WriteEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
   return Done(command.terminal, "The text has been written to " + command.line.PortName() + ".");
+}
+
+ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path) {
+  const std::optional<std::string> content = ReadTextForCommand(command.files, path, command.terminal);
+  if (!content) return ExitStatus::Failed;
+  const auto text = InfoFromKept(*content);
+  if (!text) return Fail(command.terminal, path + " is not valid UTF-8.");
+  return RunInfoWrite(command, *text);
 }
 
 ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, Terminal& terminal) {

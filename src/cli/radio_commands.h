@@ -1,7 +1,7 @@
 // The commands that use a serial port.
 #pragma once
 
-#include "file_system.h"
+#include "file_commands.h"
 #include "terminal.h"
 
 #include <functional>
@@ -13,20 +13,38 @@ struct RadioCommand {
   SerialLine& line;
   FileSystem& files;
   Terminal& terminal;
+  std::function<LocalTime()> now;
+  Speed speed = Speed::Prescribed; // of whole reads and writes
 };
 
-// Stores the configuration as received, with the 5-tone standard from ResetTimeBlock.
+// False, with a message, unless the whole radio has been read, with the 5-tone standard from ResetTimeBlock.
+[[nodiscard]] bool ReadForCommand(const RadioCommand& command, RadioImage& image);
+
+// Stores the configuration as received and prints who the radio is. The path may have the names of FilledIn.
 [[nodiscard]] ExitStatus RunRead(const RadioCommand& command, const std::string& path);
 
-// Sends the content of the file with a new write stamp.
-[[nodiscard]] ExitStatus RunWrite(const RadioCommand& command, const std::string& path, BandAnswer band,
-                                  const std::function<LocalTime()>& now);
+// Prints who the radio is.
+[[nodiscard]] ExitStatus RunIdentify(const RadioCommand& command, ShowAs form);
+
+struct WriteOptions {
+  BandAnswer band = BandAnswer::Ask;
+  std::string backupFolder; // where the radio's configuration and text are kept before; empty for none
+  bool isVerified = false;  // read back and compared
+};
+
+// Sends the content of the file with a new write stamp. Without the backup nothing is written.
+[[nodiscard]] ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const WriteOptions& options);
+
+// Compares what a write of the file would send, but for the stamp, with what the radio holds, and prints what differs.
+[[nodiscard]] ExitStatus RunVerify(const RadioCommand& command, const std::string& path);
 
 // Prints the text and the last programming time.
 [[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command);
 
 // Writes a text of at most 119 units.
 [[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text);
+// The same with the text of a file in UTF-8, without the line break at its end.
+[[nodiscard]] ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path);
 
 // Lists COM1 to COM16 with their devices and whether they open.
 [[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf,

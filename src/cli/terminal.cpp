@@ -20,7 +20,7 @@ bool TerminalObserver::AcceptsOtherBand() {
   if (m_band == BandAnswer::Yes) return true;
   m_terminal.err << BandQuestion().text;
   if (m_terminal.answersQuestions) return AskYesNo();
-  m_terminal.err << '\n';
+  m_terminal.err << "\nNot written, as nobody is there to answer. --accept-band answers yes.\n";
   return false;
 }
 
@@ -28,7 +28,10 @@ bool TerminalObserver::AskYesNo() {
   std::string line;
   for (;;) {
     m_terminal.err << " (y/n) " << std::flush;
-    if (!std::getline(m_terminal.in, line)) return false;
+    if (!m_terminal.awaitInput() || !std::getline(m_terminal.in, line)) {
+      m_terminal.err << '\n';
+      return false;
+    }
     line.erase(line.find_last_not_of(" \t\r") + 1);
     line.erase(0, line.find_first_not_of(" \t"));
     std::transform(line.begin(), line.end(), line.begin(),

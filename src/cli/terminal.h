@@ -3,6 +3,7 @@
 
 #include "exchange.h"
 
+#include <functional>
 #include <iosfwd>
 #include <string_view>
 
@@ -21,6 +22,8 @@ struct Terminal {
   std::istream& in;
   bool answersQuestions; // a user reads `err` and types into `in`
   bool showsProgress;    // `err` is a terminal
+  // Waits for what the user types. False if the program is to end instead.
+  std::function<bool()> awaitInput = [] { return true; };
 };
 
 // The exit status after printing data: Failed, with a message, if it could not all be written.

@@ -6,22 +6,12 @@
 namespace mr4500x {
 namespace {
 
-struct ComparedBlock {
-  ImageBlock block;
-  std::string_view name;
-};
-constexpr std::array<ComparedBlock, 10> ComparedBlocks = {{
-    {ImageBlock::ChannelBlock, "ChannelBlock"},
-    {ImageBlock::RadioSettingsBlock, "RadioSettingsBlock"},
-    {ImageBlock::KeyProgramBlock, "KeyProgramBlock"},
-    {ImageBlock::PttIdBlock, "PttIdBlock"},
-    {ImageBlock::EmergencyAniBlock, "EmergencyAniBlock"},
-    {ImageBlock::TtsTimingBlock, "TtsTimingBlock"},
-    {ImageBlock::ResetTimeBlock, "ResetTimeBlock"},
-    {ImageBlock::ToneFrequencyBlock, "ToneFrequencyBlock"},
-    {ImageBlock::SelCallCodeBlock, "SelCallCodeBlock"},
-    {ImageBlock::BandBlock, "BandBlock"},
-}};
+// What files hold and a write sends, but for the write stamp.
+constexpr std::array ComparedBlocks = {ImageBlock::ChannelBlock,      ImageBlock::RadioSettingsBlock,
+                                       ImageBlock::KeyProgramBlock,   ImageBlock::PttIdBlock,
+                                       ImageBlock::EmergencyAniBlock, ImageBlock::TtsTimingBlock,
+                                       ImageBlock::ResetTimeBlock,    ImageBlock::ToneFrequencyBlock,
+                                       ImageBlock::SelCallCodeBlock,  ImageBlock::BandBlock};
 
 RadioImage Encoded(RadioImage base, const Configuration& configuration, const FieldTexts& texts) {
   Encode(configuration, base, texts);
@@ -53,13 +43,13 @@ ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after
   // off has no bits of its own, so that both images are asked.
   const std::array<RadioImage, 4> made = {Encoded(before, old, texts), Encoded(before, now, texts),
                                           Encoded(after, old, texts), Encoded(after, now, texts)};
-  for (const auto& [block, name] : ComparedBlocks) {
+  for (const ImageBlock block : ComparedBlocks) {
     const auto was = BlockBytes(before, block), is = BlockBytes(after, block);
     std::array<std::span<const std::uint8_t>, 4> bytes;
-    std::ranges::transform(made, bytes.begin(), [&, which = block](auto& image) { return BlockBytes(image, which); });
+    std::ranges::transform(made, bytes.begin(), [block](auto& image) { return BlockBytes(image, block); });
     for (std::size_t i = 0; i < was.size(); ++i) {
       const int explained = (bytes[0][i] ^ bytes[1][i]) | (bytes[2][i] ^ bytes[3][i]);
-      if (((was[i] ^ is[i]) & ~explained) != 0) differences.bytes.push_back({name, i, was[i], is[i]});
+      if (((was[i] ^ is[i]) & ~explained) != 0) differences.bytes.push_back({NameOf(block), i, was[i], is[i]});
     }
   }
   return differences;

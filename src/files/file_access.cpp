@@ -55,6 +55,12 @@ std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
   return std::nullopt;
 }
 
+bool IsRefused(FileSystem& files, const PlacedFile& target) {
+  const auto& [path, old] = target;
+  if (old.kind == FileKind::Missing) return false;
+  return old.kind != FileKind::Regular || (old.mode & WriteBits) == 0 || !files.CanWrite(path);
+}
+
 void RemoveLeftovers(FileSystem& files, const std::string& folder) {
   for (const std::string& name : files.List(folder).value_or(std::vector<std::string>{})) {
     if (!IsTemporaryName(name)) continue;
@@ -211,11 +217,8 @@ bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std
                  std::uint32_t newFileMode) {
   const auto target = FollowLinks(files, path);
   if (!target) return false;
-  const auto& [file, old] = *target;
-  const bool isNew = old.kind == FileKind::Missing;
-  if (!isNew && (old.kind != FileKind::Regular || (old.mode & WriteBits) == 0 || !files.CanWrite(file))) return false;
-
-  const std::string folder = FolderOf(file);
+  if (IsRefused(files, *target)) return false;
+  const std::string folder = FolderOf(target->path);
   RemoveLeftovers(files, folder);
   const NewContent content{bytes, surplus, newFileMode};
   const ReplaceEnd end = ReplaceByNew(files, *target, content);
@@ -225,6 +228,12 @@ bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std
   // which is no reason to report a failed save.
   static_cast<void>(files.SyncFolder(folder));
   return true;
+}
+
+bool MayReplace(FileSystem& files, const std::string& path) {
+  const auto target = FollowLinks(files, path);
+  if (!target || IsRefused(files, *target)) return false;
+  return target->status.kind != FileKind::Missing || files.CanWrite(FolderOf(target->path));
 }
 
 bool IsMissing(FileSystem& files, const std::string& path) {

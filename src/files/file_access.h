@@ -35,6 +35,9 @@ enum class Surplus { Drop, Keep };
 [[nodiscard]] bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
                                Surplus surplus, std::uint32_t newFileMode = 0666);
 
+// Whether ReplaceFile would try: a file that it does not refuse, or a folder in which one can be made.
+[[nodiscard]] bool MayReplace(FileSystem& files, const std::string& path);
+
 // Whether there is nothing at the path, or where its links lead.
 [[nodiscard]] bool IsMissing(FileSystem& files, const std::string& path);
 

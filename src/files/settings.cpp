@@ -58,6 +58,10 @@ int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
   return static_cast<int>(std::nearbyint(port)); // in the default rounding mode: half to even
 }
 
+std::string TraceFile(FileSystem& files, const std::string& settingsFile) {
+  return ProfileString(ProfileText(files, settingsFile), PortSection, "Trace", "");
+}
+
 bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName) {
   const std::array<ProfileValue, 2> values = {{
       {std::string(PortSection), std::string(PortKey), std::to_string(port)},

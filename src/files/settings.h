@@ -24,6 +24,9 @@ inline constexpr int HighestPort = 16;
 // The stored port, clamped to 1 to 16; 1 if there is none. Fractions round half to even.
 [[nodiscard]] int LoadPortSetting(FileSystem& files, const std::string& settingsFile);
 
+// Where the bytes of transfers are to be traced; empty for nowhere.
+[[nodiscard]] std::string TraceFile(FileSystem& files, const std::string& settingsFile);
+
 // False may be ignored.
 bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName);
 

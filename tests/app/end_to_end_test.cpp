@@ -33,7 +33,8 @@ protected:
     while (!radio.canReadLine() && radio.waitForReadyRead()) {
     }
     std::ofstream((QCoreApplication::applicationDirPath() + "/MR4500X.ini").toStdString())
-        << "[Port Devices]\nCOM1=" << radio.readLine().toStdString();
+        << "[Comm Port]\nTrace=" << folder.filePath("trace").toStdString()
+        << "\n[Port Devices]\nCOM1=" << radio.readLine().toStdString();
     program = std::make_unique<Program>();
     window = &program->Window();
     window->show();
@@ -95,6 +96,8 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
 
   radio.terminate();
   ASSERT_TRUE(radio.waitForFinished(5000));
+  const std::string trace = ContentOf(folder.filePath("trace").toStdString());
+  EXPECT_EQ(QByteArray::fromStdString(trace).count(" computer 57 0"), 103 + 66);
   const std::string written = ContentOf(folder.filePath("memory").toStdString());
   const RadioMemory factory = FactoryMemory();
   std::string expected(factory.begin(), factory.end());

@@ -16,16 +16,18 @@ TEST(TerminalTest, TheBandQuestionIsAnsweredBySomebodyOrByTheRule) {
       {"no", "NO\n", true, BandAnswer::Ask, false},
       {"the end of the input", "", true, BandAnswer::Ask, false},
       {"nobody there", "y\n", false, BandAnswer::Ask, false},
+      {"interrupted", "\x03", true, BandAnswer::Ask, false}, // stands for the signal
       {"accepted beforehand", "n\n", true, BandAnswer::Yes, true},
   };
   for (const auto& [name, typed, answersQuestions, band, accepted] : cases) {
     SCOPED_TRACE(name);
     std::ostringstream out, err;
     std::istringstream in(typed);
-    const Terminal terminal{out, err, in, answersQuestions, false};
+    const Terminal terminal{out, err, in, answersQuestions, false, [&] { return in.peek() != 3; }};
     EXPECT_EQ(TerminalObserver(terminal, band).AcceptsOtherBand(), accepted);
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(err.str().empty(), band == BandAnswer::Yes);
+    EXPECT_EQ(err.str().find("--accept-band") != std::string::npos, band == BandAnswer::Ask && !answersQuestions);
   }
 }
 
@@ -53,7 +55,7 @@ TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
 TEST(ArgumentsTest, InformationTexts) {
   EXPECT_EQ(InfoFromArgument("a\nb\r\nc\rd"), u"a\r\nb\r\nc\r\nd");
   EXPECT_EQ(InfoFromArgument("\xF0\x9F\x93\xBB"), u"\U0001F4FB"); // two units
-  EXPECT_EQ(InfoFromArgument("a\xFF"), std::nullopt);
+  EXPECT_EQ(InfoFromArgument("a\xE9"), std::nullopt);
   EXPECT_EQ(InfoToPrint(std::u16string_view(u"a\r\nb\x1B[\0c", 8)), "a\nb.[");
 }
 

@@ -62,7 +62,7 @@ private:
 
 TEST_F(CommandLineTest, TheTypicalJob) {
   StartRadio();
-  ExpectAll({{"read " + port + " " + file, 0, ""}});
+  ExpectAll({{"read " + port + " " + file, 0, "ID Number              LR7200-000004217\n"}});
   RadioImage image;
   ASSERT_EQ(LoadDataFile(files, file, image).outcome, LoadOutcome::Loaded);
   EXPECT_EQ(image.FiveToneStandard, image.ResetTimeBlock[2]);
@@ -74,9 +74,26 @@ TEST_F(CommandLineTest, TheTypicalJob) {
              {"info read " + port, 0, "two\nlines\n20"}});
   EndRadio(SIGKILL); // what was written is in its file
   StartRadio();
-  ExpectAll({{"read " + port + " " + file, 0, ""}});
+  ExpectAll({{"read " + port + " " + file, 0, "ID Number"}});
   ASSERT_EQ(LoadDataFile(files, file, image).outcome, LoadOutcome::Loaded);
   EXPECT_EQ(image.RadioSettingsBlock[4], 100);
+  EndRadio();
+}
+
+TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
+  StartRadio(" --deaf 5 --fault wrong-byte@5");
+  const std::string ofRadio = file + ' ' + port;
+  ExpectAll({{"identify " + port, 0, "ID Number"},
+             {"read --quick " + port + ' ' + Path("{id}.K4X") + " --trace " + Path("trace"), 0, "ID Number"},
+             {"verify --trace no/trace " + ofRadio, 1, "no/trace: No such file"},
+             {"write --quick --verify --backup " + Path("kept") + ' ' + ofRadio, 1, Path("kept/LR7200-000004217_")},
+             {"info write " + port, 2, ""}});
+  EXPECT_NE(Content("trace").find("computer 57 03 F8 08                         0x3F8 FirmwareVersionBlock\n"),
+            std::string::npos);
+  EndRadio();
+  StartRadio();
+  ExpectAll({{"diff " + Path("LR7200-000004217.K4X") + ' ' + port, 1, "Battery Save  10s  OFF\n"},
+             {"verify --quick " + ofRadio, 1, "CH3 Group Call"}});
   EndRadio();
 }
 

@@ -3,6 +3,7 @@
 #include "channel_commands.h"
 #include "commands_fixture.h"
 #include "diff_command.h"
+#include "file_commands.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +24,12 @@ protected:
     return Run([&](Terminal& shown) { return RunGet(files, b, fields, shown); });
   }
   std::string Diff(bool asJson = false) {
-    return Run([&](Terminal& shown) { return RunDiff(files, a, b, asJson, shown); });
+    return Run([&](Terminal& shown) {
+      const auto load = [&](const std::string& path, RadioImage& image) {
+        return LoadForCommand(files, path, image, shown);
+      };
+      return RunDiff(load, a, b, asJson, shown);
+    });
   }
   void Restore() { std::filesystem::copy_file(a, b, std::filesystem::copy_options::overwrite_existing); }
 };

@@ -2,6 +2,7 @@
 
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -9,6 +10,7 @@
 #include <optional>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -101,6 +103,24 @@ EndSignalsHeld::EndSignalsHeld() {
     sigaction(held.number, nullptr, &held.before);
     Handle(held.number, KeepWaiting, SA_RESTART);
   }
+}
+
+bool AwaitInput(int file) {
+  sigset_t ends, before;
+  sigemptyset(&ends);
+  for (const HeldSignal& held : heldSignals)
+    sigaddset(&ends, held.number);
+  pthread_sigmask(SIG_BLOCK, &ends, &before); // from here on they arrive only while ppoll waits
+  pollfd input{file, POLLIN, 0};
+  bool isEnding = false;
+  int ready = -1;
+  while (!isEnding && ready < 0) {
+    isEnding = std::ranges::any_of(heldSignals, [](const HeldSignal& held) { return held.isWaiting.load(); });
+    if (!isEnding) ready = ppoll(&input, 1, nullptr, &before);
+    if (ready < 0 && errno != EINTR) break;
+  }
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  return !isEnding;
 }
 
 EndSignalsHeld::~EndSignalsHeld() {

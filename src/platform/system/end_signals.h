@@ -16,6 +16,9 @@ public:
   EndSignalsHeld& operator=(const EndSignalsHeld&) = delete;
 };
 
+// While they are held: waits until there is something to read. False as soon as one of them has come, now or before.
+[[nodiscard]] bool AwaitInput(int file);
+
 // Reports SIGINT, SIGTERM and SIGHUP from the event loop instead of ending the program, so that it can end properly.
 // The same signal a second time ends it at once. One instance at a time.
 class EndSignalsHeard {

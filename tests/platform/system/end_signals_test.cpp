@@ -6,9 +6,12 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <set>
 #include <thread>
+
+#include <unistd.h>
 
 namespace mr4500x {
 namespace {
@@ -34,6 +37,22 @@ TEST(EndSignals, WaitUntilTheLastHolderHasGone) {
     EXPECT_EXIT(nested(signal), testing::KilledBySignal(signal), "^held$");
     EXPECT_EXIT(inTwoThreads(signal), testing::KilledBySignal(signal), "^held$");
   }
+}
+
+TEST(EndSignals, EndTheWaitForInputWhetherTheyComeBeforeOrDuringIt) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const auto await = [&](int before, unsigned alarmMicroseconds) {
+    const EndSignalsHeld held;
+    if (before != 0) std::raise(before);
+    std::signal(SIGALRM, [](int) { std::raise(SIGINT); });
+    ualarm(alarmMicroseconds, 0);
+    std::fputs(AwaitInput(ends[0]) ? "input" : "end", stderr);
+  };
+  EXPECT_EXIT(await(SIGTERM, 0), testing::KilledBySignal(SIGTERM), "^end$");
+  EXPECT_EXIT(await(0, 20000), testing::KilledBySignal(SIGINT), "^end$");
+  ASSERT_EQ(write(ends[1], "y", 1), 1);
+  EXPECT_EXIT((await(0, 0), std::_Exit(0)), testing::ExitedWithCode(0), "^input$");
 }
 
 std::sig_atomic_t volatile heard = 0;
