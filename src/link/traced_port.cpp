@@ -11,7 +11,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::size_t FrameColumns = 3 * 12; // the longest frames of the protocol
+constexpr std::size_t FrameColumns = std::size_t{3} * 12; // the longest frames of the protocol
 constexpr std::uint8_t FirstOfRecord = 0x57;
 constexpr std::size_t MemoryPages = 4;
 
