@@ -10,20 +10,35 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QLocale>
+#include <QMimeData>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSessionManager>
 #include <QStyle>
+#include <QUrl>
 
 #include <utility>
 
 namespace mr4500x {
+namespace {
+
+// The one data file that is dragged; empty: something else is.
+QString DraggedDataFile(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  const QString path = urls.size() == 1 ? urls.front().toLocalFile() : QString();
+  const QString extension = QFileInfo(path).suffix().toUpper();
+  return extension == QLatin1String("K4X") || extension == QLatin1String("K4Y") ? path : QString();
+}
+
+} // namespace
 
 FrmMain::FrmMain(MainServices services)
     : m_services(std::move(services)), m_texts(BuildFieldTexts(DecimalSeparatorOf(QLocale()))) {
   setObjectName(QStringLiteral("frmMain"));
   setWindowIcon(ProgramIcon("program"));
+  setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu); // Qt's would offer to hide the toolbar
   BuildMenus();
   BuildToolbar();
@@ -59,6 +74,7 @@ void FrmMain::BuildPanel() {
   m_status = new StatusPanels(QString::fromUtf8(ProgramTitle), m_services.deviceOfPort);
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
+  connect(m_panel, &EditorPanel::Told, m_status, &StatusPanels::ShowPassing);
   connect(m_keeper, &WorkKeeper::CopyFailed, m_status,
           [this] { m_status->ShowPassing(tr("No copy of the unsaved work could be written.")); });
   // A click outside the controls commits an open editor.
@@ -133,6 +149,17 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     StoreGeometry();
     event->accept();
   });
+}
+
+void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DraggedDataFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+// Opened after the drop: a question would hold up the program that the file comes from.
+void FrmMain::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  const QString path = DraggedDataFile(*event->mimeData());
+  QTimer::singleShot(0, this, [this, path] { OpenGiven(path.toStdString()); });
 }
 
 void FrmMain::StoreGeometry() {

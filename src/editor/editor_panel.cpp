@@ -1,7 +1,9 @@
 #include "editor_panel.h"
 
 #include "band_frame.h"
+#include "channel_commands.h"
 #include "channel_frame.h"
+#include "edit_history.h"
 #include "fill_messages.h"
 #include "global_settings_frame.h"
 #include "key_frame.h"
@@ -46,6 +48,10 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
       m_views(new QStackedLayout(this)) {
   setObjectName(QStringLiteral("picEditor"));
   BuildFrames();
+  m_history = new EditHistory(
+      m_image, [this] { return Shown(); }, [this](const Configuration& values) { ShowAgain(values); }, this);
+  connect(m_history, &EditHistory::Told, this, &EditorPanel::Told);
+  new ChannelCommands(*this, m_channels->Grid(), *m_history, m_image, m_texts, m_messages);
   m_focusHolder->setObjectName(QStringLiteral("Command1"));
   m_focusHolder->setAccessibleName(tr("No field"));
   m_focusHolder->setFocusPolicy(Qt::ClickFocus); // not in the tab order
@@ -64,9 +70,9 @@ void EditorPanel::BuildFrames() {
   auto* const record = new RecordFrame;
   auto* const global = new GlobalSettingsFrame(m_messages);
   auto* const scan = new ScanFrame;
-  auto* const resetTime = new ResetTimeFrame(m_messages);
+  m_resetTime = new ResetTimeFrame(m_messages);
   auto* const tune = new FieldFrame(QStringLiteral("fraTuneSwitch"), tr("Manual Tune Enable"), ChoiceList::ManualTune);
-  m_frames = {m_band, tune, m_selectCall, global, scan, m_channels, record, m_keys, m_fiveTone, m_tts, resetTime};
+  m_frames = {m_band, tune, m_selectCall, global, scan, m_channels, record, m_keys, m_fiveTone, m_tts, m_resetTime};
   for (const SettingsFrame* const frame : m_frames)
     if (frame != tune) connect(frame, &SettingsFrame::Changed, this, &EditorPanel::Changed);
   connect(m_selectCall, &SelectCallFrame::ModeChanged, this, &EditorPanel::ChangeSelcallMode);
@@ -87,7 +93,7 @@ void EditorPanel::BuildFrames() {
   AddBox<QVBoxLayout>(*functionRow, {global, m_tts})->addStretch();
   auto* const right = AddBox<QVBoxLayout>(*functionRow, {scan, m_keys});
   AddBox<QHBoxLayout>(*right, {m_selectCall, m_fiveTone});
-  right->addWidget(resetTime);
+  right->addWidget(m_resetTime);
   right->addWidget(tune);
   right->addStretch();
   functionRow->addStretch();
@@ -116,6 +122,7 @@ DecodeEnd EditorPanel::Fill() {
   const Decoded decoded = Decode(m_image, m_texts);
   SettleAfterFill(m_image);
   ShowDecoded(decoded);
+  m_history->Restart();
   if (decoded.keyConflict || decoded.end == DecodeEnd::DataError) repaint(); // a message box would cover the old view
   if (decoded.keyConflict)
     m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
@@ -126,6 +133,7 @@ DecodeEnd EditorPanel::Fill() {
 
 void EditorPanel::FillReset(const LocalTime& now) {
   ShowDecoded({NewConfiguration(m_image, m_texts, now)});
+  m_history->Restart();
 }
 
 void EditorPanel::ShowDecoded(const Decoded& decoded) {
@@ -134,6 +142,25 @@ void EditorPanel::ShowDecoded(const Decoded& decoded) {
     if (frame == m_fiveTone && decoded.end == DecodeEnd::DataError) return;
     frame->Fill(decoded.configuration);
   }
+}
+
+// With OFF, a fill leaves the box of the reset time alone.
+void EditorPanel::ShowAgain(const Configuration& values) {
+  Configuration on = values;
+  on.autoResetOff = false;
+  m_resetTime->Fill(on);
+  ShowDecoded({values});
+}
+
+void EditorPanel::ChangeChannels(const Configuration& values, const QString& name) {
+  if (values == Shown()) return;
+  m_history->TakeStep();
+  {
+    const UndrawnPanel undrawn(*this);
+    m_channels->Fill(values);
+  }
+  emit Changed();
+  m_history->TakeStep(name);
 }
 
 Configuration EditorPanel::Shown() const {
@@ -160,9 +187,13 @@ void EditorPanel::Collect() {
   m_fiveTone->AfterCollect(values);
 }
 
-void EditorPanel::CommitOpenEditors() {
+void EditorPanel::CommitCells() {
   m_channels->CommitEditors();
   m_tts->CommitEditors();
+}
+
+void EditorPanel::CommitOpenEditors() {
+  CommitCells();
   m_focusHolder->setFocus();
 }
 

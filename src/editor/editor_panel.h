@@ -16,9 +16,11 @@ namespace mr4500x {
 
 class BandFrame;
 class ChannelFrame;
+class EditHistory;
 class EntryBox;
 class FiveToneFrame;
 class KeyFrame;
+class ResetTimeFrame;
 class SelectCallFrame;
 class SettingsFrame;
 class TtsFrame;
@@ -36,8 +38,11 @@ public:
   [[nodiscard]] Configuration Shown() const;           // what the controls show
   [[nodiscard]] Configuration ShownUnfinished() const; // see SettingsFrame::CollectUnfinished
   [[nodiscard]] bool HasOpenEditor() const;
+  // Shows the channels of `values`, as a step of this name in the history.
+  void ChangeChannels(const Configuration& values, const QString& name);
 
   void CommitOpenEditors(); // stores their text; then no field has the focus
+  void CommitCells();       // the same, but the focus stays
   void HideOpenEditors();   // without storing their text
   void Copy();              // the whole text of the open frequency box, if any
   void Paste();
@@ -47,6 +52,7 @@ public:
 
 signals:
   void Changed();
+  void Told(const QString& message); // in passing
 
 protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -57,6 +63,7 @@ private:
   [[nodiscard]] EntryBox* OpenEntry() const;
   void ShowView(int view);
   void ShowDecoded(const Decoded& decoded);
+  void ShowAgain(const Configuration& values);
   void ChangeSelcallMode(bool tts);
   void ChangeLowerLimit(int limit);
 
@@ -71,6 +78,8 @@ private:
   KeyFrame* m_keys = nullptr;
   FiveToneFrame* m_fiveTone = nullptr;
   TtsFrame* m_tts = nullptr;
+  ResetTimeFrame* m_resetTime = nullptr;
+  EditHistory* m_history = nullptr;     // starts anew with each fill
   std::vector<SettingsFrame*> m_frames; // all, in the order of a fill
 };
 

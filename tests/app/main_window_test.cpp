@@ -74,5 +74,49 @@ TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
   EXPECT_EQ(Happened(), (Lines{question, question, "geometry"}));
 }
 
+TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
+  PutDataFile("a.k4x");
+  Put("b.txt", "");
+  const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
+      {"a text", {"b.txt"}, std::string(ProgramTitle)},
+      {"two files", {"a.k4x", "a.k4x"}, std::string(ProgramTitle)},
+      {"a data file", {"a.k4x"}, TitleOf("a.k4x")},
+  };
+  for (const auto& [name, dragged, title] : cases) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const std::string& file : dragged)
+      urls.append(QUrl::fromLocalFile(QString::fromStdString(Path(file))));
+    data.setUrls(urls);
+    const QPoint onABox = window->findChild<QWidget*>("txtFreqBandL")->mapTo(window.get(), QPoint(3, 3));
+    QDragEnterEvent enter(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window->windowHandle(), &enter);
+    QDropEvent drop(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
+    if (enter.isAccepted()) QCoreApplication::sendEvent(window->windowHandle(), &drop);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Title(), title) << name;
+  }
+  EXPECT_EQ(Happened(), Lines());
+}
+
+TEST_F(ProgramTest, UndoTellsInPassingMarksTheDataAsChangedAndEndsWithTheData) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* const grid = window->findChild<QTableWidget*>("gridChannel");
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualItemRect(grid->item(0, 10)).center());
+  Choose("mnuFileSave");
+  EXPECT_FALSE(window->State().ModifiedFlag);
+  QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Status(1), "Undone: CH1 High Tx Power");
+  EXPECT_EQ(grid->item(0, 10)->text(), "Permit");
+  EXPECT_TRUE(window->State().ModifiedFlag);
+  desk.answers = {Answer::No};
+  Choose("mnuFileClose");
+  QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(Status(1), "Undone: CH1 High Tx Power") << "nothing was redone";
+  EXPECT_EQ(Happened(), Lines{question});
+}
+
 } // namespace
 } // namespace mr4500x

@@ -25,6 +25,7 @@ public:
   void Collect(Configuration& values) const override;
   void CollectUnfinished(Configuration& values) const override;
   void KeepLabelsInView() override; // with the headings of the check boxes
+  [[nodiscard]] ChannelGrid& Grid() const { return *m_gridChannel; }
 
 signals:
   void OtherKeyPressed(); // in the grid: ends every edit

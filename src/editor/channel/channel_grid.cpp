@@ -3,6 +3,7 @@
 #include "fields.h"
 #include "frame_parts.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -10,6 +11,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace mr4500x {
 namespace {
@@ -93,6 +96,40 @@ protected:
   }
 };
 
+// Marks the labels of the selected rows.
+class RowLabels : public QHeaderView {
+public:
+  RowLabels(ChannelGrid& grid, std::function<void(int row, Qt::MouseButton, Qt::KeyboardModifiers)> clicked)
+      : QHeaderView(Qt::Vertical, &grid), m_grid(grid), m_clicked(std::move(clicked)) {
+    setSectionResizeMode(Fixed);
+    setMinimumSectionSize(1);
+  }
+
+protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    const int row = logicalIndexAt(event->pos());
+    if (row >= 0) m_clicked(row, event->button(), event->modifiers());
+  }
+  void mouseMoveEvent(QMouseEvent* /*event*/) override {}
+  void contextMenuEvent(QContextMenuEvent* event) override { emit m_grid.MenuAsked(event->globalPos()); }
+  void paintSection(QPainter* painter, const QRect& place, int row) const override {
+    if (!m_grid.IsRowSelected(row)) return QHeaderView::paintSection(painter, place, row);
+    painter->fillRect(place, palette().highlight());
+    painter->setPen(palette().color(QPalette::HighlightedText));
+    painter->drawText(place, static_cast<int>(defaultAlignment()), model()->headerData(row, Qt::Vertical).toString());
+  }
+
+private:
+  ChannelGrid& m_grid;
+  std::function<void(int, Qt::MouseButton, Qt::KeyboardModifiers)> m_clicked;
+};
+
+QColor Between(const QColor& one, const QColor& other, float share) {
+  return QColor::fromRgbF(one.redF() + (other.redF() - one.redF()) * share,
+                          one.greenF() + (other.greenF() - one.greenF()) * share,
+                          one.blueF() + (other.blueF() - one.blueF()) * share);
+}
+
 // Marks the current cell with a frame instead of the selection's background, so that its text keeps its colour, and a
 // hidden text stays hidden.
 class CellDelegate : public QStyledItemDelegate {
@@ -121,6 +158,11 @@ public:
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    // A tint of the selection's colour, on which the text's own can be read.
+    constexpr float share = 0.18F;
+    if (option->state.testFlag(QStyle::State_Selected))
+      option->backgroundBrush =
+          Between(option->palette.color(QPalette::Base), option->palette.color(QPalette::Highlight), share);
     option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
     if (index.data(ColourRole).toInt() == static_cast<int>(CellColour::Hidden)) option->text.clear();
   }
@@ -140,6 +182,7 @@ ChannelGrid::ChannelGrid(QWidget* parent)
   setSelectionMode(NoSelection);
   setWordWrap(false);
   setHorizontalHeader(new TwoLineHeader(this));
+  setVerticalHeader(new RowLabels(*this, [this](auto... click) { RowClicked(click...); }));
   for (int column = 0; column < columnCount(); ++column)
     setHorizontalHeaderItem(column, new QTableWidgetItem(HeaderText(static_cast<GridColumn>(column + 1))));
   for (int row = 0; row < rowCount(); ++row)
@@ -170,6 +213,61 @@ void ChannelGrid::RefreshColours() {
       cell.setForeground(ColourOn(palette(), static_cast<CellColour>(cell.data(ColourRole).toInt())));
     }
   }
+}
+
+void ChannelGrid::SelectRows(const std::set<int>& rows) {
+  QItemSelection cells;
+  for (const int row : rows)
+    cells.select(model()->index(row, 0), model()->index(row, columnCount() - 1));
+  selectionModel()->select(cells, QItemSelectionModel::ClearAndSelect);
+  verticalHeader()->viewport()->update();
+}
+
+std::set<int> ChannelGrid::SelectedRows() const {
+  std::set<int> rows;
+  for (const QModelIndex& index : selectionModel()->selectedRows())
+    rows.insert(index.row());
+  return rows;
+}
+
+void ChannelGrid::SelectTo(int row) {
+  std::set<int> rows;
+  m_lastRow = std::clamp(row, 0, rowCount() - 1);
+  for (int between = std::min(currentRow(), m_lastRow); between <= std::max(currentRow(), m_lastRow); ++between)
+    rows.insert(between);
+  SelectRows(rows);
+  ScrollTo(*viewport(), visualRect(model()->index(m_lastRow, currentColumn())));
+}
+
+void ChannelGrid::RowClicked(int row, Qt::MouseButton button, Qt::KeyboardModifiers keys) {
+  setFocus(Qt::MouseFocusReason);
+  std::set<int> rows = SelectedRows();
+  if (button == Qt::RightButton && rows.contains(row)) return;
+  if (button == Qt::LeftButton && keys.testFlag(Qt::ShiftModifier)) return SelectTo(row);
+  if (button == Qt::LeftButton && keys.testFlag(Qt::ControlModifier)) {
+    if (rows.erase(row) == 0) rows.insert(row);
+    return SelectRows(rows);
+  }
+  setCurrentCell(row, currentColumn());
+  SelectTo(row);
+}
+
+void ChannelGrid::keyPressEvent(QKeyEvent* event) {
+  const bool shift = event->modifiers() == Qt::ShiftModifier;
+  const int from = SelectedRows().empty() ? currentRow() : m_lastRow;
+  if (shift && event->key() == Qt::Key_Space) return SelectTo(currentRow());
+  if (shift && event->key() == Qt::Key_Up) return SelectTo(from - 1);
+  if (shift && event->key() == Qt::Key_Down) return SelectTo(from + 1);
+  if (shift && event->key() == Qt::Key_F10)
+    return emit MenuAsked(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+  if (event->key() == Qt::Key_Escape) UnselectRows();
+  CellGrid::keyPressEvent(event);
+}
+
+// Of the cells, only for the menu key: a right click on a cell does nothing.
+void ChannelGrid::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard)
+    emit MenuAsked(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
 }
 
 int ChannelGrid::CellWidthNeeded(GridColumn column) const {

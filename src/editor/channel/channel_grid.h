@@ -1,7 +1,9 @@
-// The grid of 16 channels: cells, colours and sizes. ChannelFrame handles the clicks.
+// The grid of 16 channels: cells, colours, sizes and the selected rows. ChannelFrame handles the clicks on cells.
 #pragma once
 
 #include "grid_frame.h"
+
+#include <set>
 
 namespace mr4500x {
 
@@ -25,6 +27,12 @@ public:
   void SetColour(int channel, GridColumn first, GridColumn last, CellColour colour);
   void RefreshColours(); // after a change of the palette
 
+  // Clicks on the labels and Shift with Space, Up or Down select rows. The current cell stays where it is.
+  void SelectRows(const std::set<int>& rows);
+  void UnselectRows() { SelectRows({}); }
+  [[nodiscard]] std::set<int> SelectedRows() const;
+  [[nodiscard]] bool IsRowSelected(int row) const { return selectionModel()->isRowSelected(row, {}); }
+
   void FitToFont(int toneEditorWidth); // the least width of the tone column, in pixels
   [[nodiscard]] int WidthOf(GridColumn column) const;
   [[nodiscard]] int ChannelRowHeight() const { return rowHeight(0); }
@@ -32,12 +40,22 @@ public:
   // The top left corner of an editor over a cell, `inset` twips right of the cell's left edge.
   [[nodiscard]] QPoint EditorCorner(int channel, GridColumn column, int inset) const;
 
+signals:
+  void MenuAsked(const QPoint& at); // on the screen
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
 private:
+  void RowClicked(int row, Qt::MouseButton button, Qt::KeyboardModifiers keys);
+  void SelectTo(int row);                       // from the current one
   [[nodiscard]] int Scaled(double twips) const; // in the grid's own scale
   [[nodiscard]] int CellWidthNeeded(GridColumn column) const;
   [[nodiscard]] int HeaderWidthNeeded(GridColumn column) const;
 
   double m_pixelsPerTwip = 1.0 / 15;
+  int m_lastRow = 0; // of those that Shift has selected
 };
 
 } // namespace mr4500x

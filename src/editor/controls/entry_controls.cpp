@@ -97,6 +97,7 @@ EntryBox::EntryBox(const QString& objectName, int mostCharacters, CharacterFilte
   setAccessibleName(accessibleName);
   setMaxLength(mostCharacters);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setAcceptDrops(false); // a file is dropped on the window
   // Input methods would bypass the filter.
   setAttribute(Qt::WA_InputMethodEnabled, false);
   connect(this, &QLineEdit::textEdited, this, &EntryBox::NarrowLimit);

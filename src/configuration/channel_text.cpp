@@ -1,0 +1,245 @@
+#include "channel_text.h"
+
+#include "decimal.h"
+#include "differences.h"
+#include "set_field.h"
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+struct Column {
+  std::string caption;
+  const Field* field = nullptr; // "CH No." is no setting
+  bool isOpposite = false;      // "No CH" says yes when "In Use" says no
+};
+
+// From left to right.
+const std::vector<Column>& Columns() {
+  static const std::vector<Column> columns = [] {
+    std::vector<Column> all = {{"CH No."}};
+    for (std::size_t i = 1; i < GridColumnCount; ++i) {
+      const Field& field = FieldOf(static_cast<GridColumn>(i));
+      all.push_back({OnOneLine(field.label), &field});
+    }
+    all.push_back({"No CH", &FieldOf(Box::InUse), true});
+    all.push_back({"No Tx", &FieldOf(Box::TxAllowed), true});
+    return all;
+  }();
+  return columns;
+}
+
+std::string YesOrNo(bool yes) {
+  return yes ? "yes" : "no";
+}
+
+std::string LowerCase(std::string text) {
+  std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return text;
+}
+
+using Line = std::vector<std::string>;
+
+std::string Trimmed(const std::string& cell) {
+  const std::size_t begin = cell.find_first_not_of(" \r");
+  return begin == std::string::npos ? "" : cell.substr(begin, cell.find_last_not_of(" \r") - begin + 1);
+}
+
+// Spreadsheets use tabs, CSV files commas or, where the comma is the decimal one, semicolons.
+char SeparatorOf(std::string_view text, char decimalSeparator) {
+  for (const char separator : {'\t', ';'})
+    if (text.find(separator) != std::string_view::npos) return separator;
+  return decimalSeparator == ',' ? ';' : ',';
+}
+
+// A cell in quotes may hold separators, line ends and doubled quotes.
+std::vector<Line> LinesOf(std::string_view text, char separator) {
+  std::vector<Line> lines;
+  Line line;
+  std::string cell;
+  bool isQuoted = false;
+  const auto endCell = [&] { line.push_back(Trimmed(std::exchange(cell, {}))); };
+  const auto endLine = [&] {
+    endCell();
+    const bool isEmpty = std::ranges::all_of(line, &std::string::empty);
+    if (Line ended = std::exchange(line, {}); !isEmpty) lines.push_back(std::move(ended));
+  };
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '"' && isQuoted && text.substr(i + 1).starts_with('"'))
+      cell += text[++i];
+    else if (c == '"' && (isQuoted || cell.empty()))
+      isQuoted = !isQuoted;
+    else if (c == separator && !isQuoted)
+      endCell();
+    else if (c == '\n' && !isQuoted)
+      endLine();
+    else
+      cell += c;
+  }
+  endLine();
+  return lines;
+}
+
+// By the caption in the window, the label or the identifier of a setting. Looks on from the column that was found last.
+const Column* FindColumn(const std::string& heading, const Column* last) {
+  static const std::vector<Column> others = [] {
+    std::vector<Column> all = {{"number"}};
+    for (const Field& field : Fields()) {
+      if (field.group != FieldGroup::Channels) continue;
+      all.push_back({std::string(field.key), &field});
+      if (field.kind == FieldKind::YesNo) all.push_back({OnOneLine(field.label), &field});
+    }
+    return all;
+  }();
+  const std::vector<Column>& columns = Columns();
+  const auto isLast = [&](const Column& column) { return &column == last; };
+  auto from = std::ranges::find_if(columns, isLast);
+  if (from != columns.end()) ++from;
+  using Range = std::span<const Column>;
+  for (const Range range : {Range(from, columns.end()), Range(columns.begin(), from), Range(others)})
+    for (const Column& column : range)
+      if (LowerCase(column.caption) == LowerCase(heading)) return &column;
+  return nullptr;
+}
+
+bool IsChannelNumber(const std::string& cell) {
+  return LowerCase(cell).starts_with("ch") && ParseWhole(Trimmed(cell.substr(2)));
+}
+
+struct Sheet {
+  std::vector<const Column*> columns; // nullptr: unknown
+  std::vector<Line> lines;
+};
+
+Sheet SheetOf(std::string_view text, char decimalSeparator, Refusals& refusals) {
+  Sheet sheet = {{}, LinesOf(text, SeparatorOf(text, decimalSeparator))};
+  if (sheet.lines.empty()) return sheet;
+  const Line& heading = sheet.lines.front();
+  const Column* last = nullptr;
+  for (const std::string& caption : heading) {
+    const Column* const column = FindColumn(caption, last);
+    if (column != nullptr) last = column;
+    const bool isTwice = std::ranges::count(sheet.columns, column) > 0;
+    sheet.columns.push_back(isTwice ? nullptr : column);
+  }
+  if (last != nullptr) {
+    for (std::size_t i = 0; i < heading.size(); ++i)
+      if (sheet.columns[i] == nullptr) refusals.push_back("Column \"" + heading[i] + "\": unknown, or there twice");
+    sheet.lines.erase(sheet.lines.begin());
+  } else {
+    sheet.columns.clear();
+    const bool isNumbered = IsChannelNumber(heading.front());
+    for (const Column& column : Columns())
+      if (isNumbered || column.field != nullptr) sheet.columns.push_back(&column);
+  }
+  return sheet;
+}
+
+struct Given {
+  FieldAt at;
+  const Column* column;
+  std::string cell, value;
+};
+
+std::string ValueFrom(const Column& column, const std::string& cell) {
+  if (column.field->kind != FieldKind::YesNo) return cell;
+  const std::string text = LowerCase(cell);
+  const bool yes = text == "yes" || text == "true";
+  if (!yes && text != "no" && text != "false") return cell;
+  return yes != column.isOpposite ? "true" : "false";
+}
+
+// Twice, as a value may need another one first: a frequency its step, Tail Cut a tone.
+Refusals SetAll(Configuration& configuration, const std::vector<Given>& values, const FieldTexts& texts) {
+  Refusals refusals;
+  for (int round = 0; round < 2; ++round) {
+    refusals.clear();
+    for (const Given& given : values)
+      if (const auto refusal = SetField(configuration, given.at, given.value, texts))
+        refusals.push_back("CH" + std::to_string(given.at.entry) + ' ' + given.column->caption + ": " + given.cell +
+                           ", allowed: " + (given.at.field->kind == FieldKind::YesNo ? "yes or no" : refusal->allowed));
+  }
+  return refusals;
+}
+
+} // namespace
+
+std::string TextOfChannels(const Configuration& configuration, const Channels& channels) {
+  std::string text;
+  const auto addLine = [&](const auto& cellOf) {
+    for (const Column& column : Columns())
+      text += cellOf(column) + (&column == &Columns().back() ? '\n' : '\t');
+  };
+  addLine([](const Column& column) { return column.caption; });
+  for (const std::size_t channel : channels)
+    addLine([&](const Column& column) {
+      if (column.field == nullptr) return "CH" + std::to_string(channel + 1);
+      const std::string value = TextOf(configuration, {column.field, channel + 1});
+      return column.isOpposite ? YesOrNo(value == "false") : value;
+    });
+  return text;
+}
+
+Refusals TakeChannels(Configuration& configuration, std::size_t first, std::string_view text, const FieldTexts& texts) {
+  Refusals refusals;
+  const Sheet sheet = SheetOf(text, texts.decimalSeparator, refusals);
+  std::vector<Given> values;
+  for (std::size_t i = 0; i < sheet.lines.size(); ++i) {
+    const std::string name = "CH" + std::to_string(first + i + 1);
+    if (first + i >= ChannelCount) {
+      refusals.push_back(name + ": there are 16 channels");
+      break;
+    }
+    for (std::size_t j = 0; j < sheet.lines[i].size(); ++j) {
+      const std::string& cell = sheet.lines[i][j];
+      if (cell.empty()) continue;
+      if (j >= sheet.columns.size())
+        refusals.push_back(name + ": " + cell + ", in no column");
+      else if (const Column* const column = sheet.columns[j]; column != nullptr && column->field != nullptr)
+        values.push_back({{column->field, first + i + 1}, column, cell, ValueFrom(*column, cell)});
+    }
+  }
+  std::ranges::copy(SetAll(configuration, values, texts), std::back_inserter(refusals));
+  return refusals;
+}
+
+Refusals FillChannels(Configuration& configuration, GridColumn column, const std::string& value,
+                      const Channels& channels, const FieldTexts& texts) {
+  std::vector<Given> values;
+  for (const std::size_t channel : channels)
+    values.push_back({{&FieldOf(column), channel + 1}, &Columns()[static_cast<std::size_t>(column)], value, value});
+  return SetAll(configuration, values, texts);
+}
+
+void ClearChannels(Configuration& configuration, const Channels& channels, const FieldTexts& texts) {
+  RadioImage image;
+  const int lowerLimit = ParseWhole(configuration.lowerBandLimit).value_or(0);
+  const ChannelTexts unused = RestartChannels(image, lowerLimit, texts).back();
+  for (const std::size_t channel : channels)
+    configuration.channels[channel] = unused;
+}
+
+bool MoveChannels(Configuration& configuration, RadioImage& image, Channels& channels, int by) {
+  const bool up = by < 0;
+  if (channels.empty() || (up ? channels.front() == 0 : channels.back() == ChannelCount - 1)) return false;
+  const auto codeOf = [&](std::size_t channel) {
+    return std::span(image.SelCallCodeBlock.bytes).subspan(channel * 8, 8);
+  };
+  if (!up) std::ranges::reverse(channels); // the last one makes room first
+  for (std::size_t& channel : channels) {
+    const std::size_t other = up ? channel - 1 : channel + 1;
+    std::swap(configuration.channels[channel], configuration.channels[other]);
+    std::ranges::swap_ranges(image.ChannelBlock.Row(channel), image.ChannelBlock.Row(other));
+    std::ranges::swap_ranges(codeOf(channel), codeOf(other));
+    channel = other;
+  }
+  if (!up) std::ranges::reverse(channels);
+  return true;
+}
+
+} // namespace mr4500x

@@ -1,0 +1,38 @@
+// Whole channels: as the text of a spreadsheet, and what can be done to several of them at once. Channels are counted
+// from 0. Values are checked as strictly as SetField does.
+#pragma once
+
+#include "fields.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mr4500x {
+
+using Channels = std::vector<std::size_t>;
+
+// What was refused, one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 470 MHz". If there is a line, the
+// configuration is changed only in part and must not be used.
+using Refusals = std::vector<std::string>;
+
+// A line with the captions of the window from left to right, and a line for each channel; cells are apart by tabs.
+[[nodiscard]] std::string TextOfChannels(const Configuration& configuration, const Channels& channels);
+
+// Sets the channels from `first` on by such a text, or by what a spreadsheet or a CSV file has. The columns of a
+// heading may be any, in any order; a "Step (kHz)" belongs to the frequency before it. Without a heading they are as
+// above, with or without "CH No.". An empty cell leaves its setting as it is.
+[[nodiscard]] Refusals TakeChannels(Configuration& configuration, std::size_t first, std::string_view text,
+                                    const FieldTexts& texts);
+
+// Gives all the channels the same value.
+[[nodiscard]] Refusals FillChannels(Configuration& configuration, GridColumn column, const std::string& value,
+                                    const Channels& channels, const FieldTexts& texts);
+
+// As a new configuration has them: at the lower band limit and not in use.
+void ClearChannels(Configuration& configuration, const Channels& channels, const FieldTexts& texts);
+
+// Moves the channels up (-1) or down (1), with their bits in the image that no setting shows. False at the end.
+bool MoveChannels(Configuration& configuration, RadioImage& image, Channels& channels, int by);
+
+} // namespace mr4500x

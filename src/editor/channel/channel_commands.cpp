@@ -1,0 +1,179 @@
+#include "channel_commands.h"
+
+#include "edit_history.h"
+#include "editor_panel.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace mr4500x {
+
+// A row without a text is a separator of the menu.
+struct ChannelCommands::Row {
+  const char* text = "";
+  const char* name = "";
+  const char* keys = ""; // further ones after a semicolon
+  void (ChannelCommands::*run)() = nullptr;
+  bool isEverywhere = false; // else its keys count in the grid only
+
+  static std::span<const Row> Table();
+};
+
+// clang-format off
+std::span<const ChannelCommands::Row> ChannelCommands::Row::Table() {
+  static constexpr Row rows[] = {
+    {"Copy Channels",  "mnuChannelsCopy",  "Ctrl+Shift+C",         &ChannelCommands::CopyChannels},
+    {"Paste Channels", "mnuChannelsPaste", "Ctrl+Shift+V",         &ChannelCommands::PasteChannels},
+    {},
+    {"Move Up",        "mnuChannelsUp",    "Alt+Up",               &ChannelCommands::MoveUp},
+    {"Move Down",      "mnuChannelsDown",  "Alt+Down",             &ChannelCommands::MoveDown},
+    {"Fill Down",      "mnuChannelsFill",  "Ctrl+D",               &ChannelCommands::FillDown},
+    {"Clear",          "mnuChannelsClear", "",                     &ChannelCommands::Clear},
+    {},
+    {"Undo",           "mnuUndo",          "Ctrl+Z",               &ChannelCommands::Undo, true},
+    {"Redo",           "mnuRedo",          "Ctrl+Shift+Z; Ctrl+Y", &ChannelCommands::Redo, true},
+  };
+  return rows;
+}
+// clang-format on
+
+namespace {
+
+constexpr std::size_t MostRefusalsShown = 12;
+
+std::string InWords(const Refusals& refusals) {
+  std::string text = "Nothing was changed. These values can't be taken:\n";
+  for (std::size_t i = 0; i < std::min(refusals.size(), MostRefusalsShown); ++i)
+    text += '\n' + refusals[i];
+  if (refusals.size() > MostRefusalsShown)
+    text += "\nand " + std::to_string(refusals.size() - MostRefusalsShown) + " more";
+  return text;
+}
+
+} // namespace
+
+ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHistory& history, RadioImage& image,
+                                 const FieldTexts& texts, MessageView& messages)
+    : QObject(&panel), m_panel(panel), m_grid(grid), m_history(history), m_image(image), m_texts(texts),
+      m_messages(messages) {
+  for (const Row& row : Row::Table()) {
+    auto* const action = new QAction(tr(row.text), this);
+    m_actions.push_back(action);
+    if (row.run == nullptr) {
+      action->setSeparator(true);
+      continue;
+    }
+    action->setObjectName(QLatin1String(row.name));
+    action->setShortcuts(QKeySequence::listFromString(QLatin1String(row.keys)));
+    action->setShortcutContext(row.isEverywhere ? Qt::WindowShortcut : Qt::WidgetShortcut);
+    action->setShortcutVisibleInContextMenu(true);
+    (row.isEverywhere ? static_cast<QWidget&>(panel) : grid).addAction(action);
+    connect(action, &QAction::triggered, this, [this, &row] { Run(row); });
+  }
+  connect(&grid, &ChannelGrid::MenuAsked, this, &ChannelCommands::ShowMenu);
+  connect(&panel, &EditorPanel::Changed, &grid, &ChannelGrid::UnselectRows);
+}
+
+// An entry that can't be used now is grey in the menu, but its keys stay at work.
+void ChannelCommands::ShowMenu(const QPoint& at) {
+  m_panel.CommitOpenEditors();
+  m_grid.setFocus();
+  m_history.TakeStep();
+  auto* const menu = new QMenu(&m_grid);
+  menu->setObjectName(QStringLiteral("mnuChannels"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (std::size_t i = 0; i < m_actions.size(); ++i) {
+    const auto run = Row::Table()[i].run;
+    const bool isUnusable = (run == &ChannelCommands::Undo && !m_history.Stack().canUndo()) ||
+                            (run == &ChannelCommands::Redo && !m_history.Stack().canRedo()) ||
+                            (run == &ChannelCommands::FillDown && m_grid.SelectedRows().empty()) ||
+                            (run == &ChannelCommands::PasteChannels && QGuiApplication::clipboard()->text().isEmpty());
+    m_actions[i]->setDisabled(isUnusable);
+    if (run == &ChannelCommands::Undo) m_actions[i]->setText(tr("Undo %1").arg(m_history.Stack().undoText()).trimmed());
+    if (run == &ChannelCommands::Redo) m_actions[i]->setText(tr("Redo %1").arg(m_history.Stack().redoText()).trimmed());
+    menu->addAction(m_actions[i]);
+  }
+  connect(menu, &QMenu::aboutToHide, this, [this] {
+    for (QAction* const action : m_actions)
+      action->setEnabled(true);
+  });
+  menu->popup(at);
+}
+
+void ChannelCommands::Run(const Row& row) {
+  m_running = tr(row.text);
+  (this->*row.run)();
+}
+
+Channels ChannelCommands::ChosenChannels() const {
+  std::set<int> rows = m_grid.SelectedRows();
+  if (rows.empty()) rows.insert(m_grid.currentRow());
+  return {rows.begin(), rows.end()};
+}
+
+void ChannelCommands::Finish(const Configuration& changed, const Refusals& refusals) {
+  if (!refusals.empty()) {
+    m_messages.Show(MessageIcon::Exclamation, m_running.toStdString(), InWords(refusals), MessageButtons::Ok);
+    return;
+  }
+  const std::set<int> rows = m_grid.SelectedRows();
+  m_panel.ChangeChannels(changed, m_running);
+  m_grid.SelectRows(rows); // for the next command
+}
+
+void ChannelCommands::CopyChannels() {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(TextOfChannels(m_panel.Shown(), ChosenChannels())));
+}
+
+void ChannelCommands::PasteChannels() {
+  Configuration values = m_panel.Shown();
+  const std::string text = QGuiApplication::clipboard()->text().toStdString();
+  const Refusals refusals = TakeChannels(values, static_cast<std::size_t>(m_grid.currentRow()), text, m_texts);
+  Finish(values, refusals);
+}
+
+void ChannelCommands::Move(int by) {
+  Configuration values = m_panel.Shown();
+  Channels channels = ChosenChannels();
+  m_history.TakeStep(); // before the image changes
+  if (!MoveChannels(values, m_image, channels, by)) return;
+  const std::set<int> rows = m_grid.SelectedRows();
+  const bool areSelected = !rows.empty();
+  const bool isCurrentAmong = !areSelected || rows.contains(m_grid.currentRow());
+  Finish(values);
+  if (isCurrentAmong) m_grid.setCurrentCell(m_grid.currentRow() + by, m_grid.currentColumn());
+  if (areSelected) m_grid.SelectRows({channels.begin(), channels.end()});
+}
+
+void ChannelCommands::FillDown() {
+  const std::set<int> rows = m_grid.SelectedRows();
+  if (rows.empty()) return;
+  Configuration values = m_panel.Shown();
+  const auto column = static_cast<GridColumn>(m_grid.currentColumn() + 1);
+  const std::string value = m_grid.Text(m_grid.currentRow(), column).toStdString();
+  Finish(values, FillChannels(values, column, value, {rows.begin(), rows.end()}, m_texts));
+}
+
+void ChannelCommands::Clear() {
+  Configuration values = m_panel.Shown();
+  ClearChannels(values, ChosenChannels(), m_texts);
+  Finish(values);
+}
+
+// Ctrl+Y of a text box comes here too, as Qt knows it on other systems only.
+void ChannelCommands::Undo() {
+  m_panel.CommitCells();
+  m_history.Undo();
+}
+
+void ChannelCommands::Redo() {
+  if (auto* const box = qobject_cast<EntryBox*>(QApplication::focusWidget())) return box->redo();
+  m_panel.CommitCells();
+  m_history.Redo();
+}
+
+} // namespace mr4500x

@@ -1,0 +1,53 @@
+// The commands on whole channels, with undo and redo: by keys, and in a menu on the channel grid. They work on the
+// selected rows or, without any, on the current one.
+#pragma once
+
+#include "channel_grid.h"
+#include "channel_text.h"
+#include "message_view.h"
+
+#include <vector>
+
+class QAction;
+
+namespace mr4500x {
+
+class EditHistory;
+class EditorPanel;
+
+class ChannelCommands final : public QObject {
+  Q_OBJECT
+public:
+  ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHistory& history, RadioImage& image,
+                  const FieldTexts& texts, MessageView& messages);
+
+private:
+  struct Row;
+
+  void ShowMenu(const QPoint& at);
+  void Run(const Row& row);
+  void CopyChannels();
+  void PasteChannels();
+  void MoveUp() { Move(-1); }
+  void MoveDown() { Move(1); }
+  void Move(int by);
+  void FillDown();
+  void Clear();
+  void Undo();
+  void Redo();
+
+  [[nodiscard]] Channels ChosenChannels() const;
+  // Shows the refusals, or the changed configuration as a step of the history.
+  void Finish(const Configuration& changed, const Refusals& refusals = {});
+
+  EditorPanel& m_panel;
+  ChannelGrid& m_grid;
+  EditHistory& m_history;
+  RadioImage& m_image;
+  const FieldTexts& m_texts;
+  MessageView& m_messages;
+  std::vector<QAction*> m_actions; // by row of the table
+  QString m_running;               // the name of the command
+};
+
+} // namespace mr4500x

@@ -1,0 +1,53 @@
+// Undo and redo of what a user changes in the editor. A step is what one action changed, with its consequences; all
+// that is typed in a text box is one step. Steps are found by comparing what the editor shows, so no control has to
+// tell what it does.
+#pragma once
+
+#include "configuration.h"
+
+#include <QUndoStack>
+
+#include <functional>
+
+namespace mr4500x {
+
+class EditHistory final : public QObject {
+  Q_OBJECT
+public:
+  // `shown` returns what the editor shows, `show` makes it show that again, without messages and rules.
+  EditHistory(RadioImage& image, std::function<Configuration()> shown, std::function<void(const Configuration&)> show,
+              QObject* parent);
+
+  void Restart(); // the editor shows other data now
+  // What has changed since the last step becomes one, named after its first difference unless it has a name. Otherwise
+  // this happens by itself before the next input.
+  void TakeStep(const QString& name = {});
+  void Undo();
+  void Redo();
+  [[nodiscard]] const QUndoStack& Stack() const { return m_stack; }
+
+signals:
+  void Told(const QString& message); // what was undone or redone
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  // The image has the bytes that the controls don't show: a new lower limit and each collect change them.
+  struct State {
+    Configuration configuration;
+    RadioImage image;
+  };
+  class Step;
+
+  void ExchangeWith(State& other);
+
+  RadioImage& m_image;
+  std::function<Configuration()> m_shown;
+  std::function<void(const Configuration&)> m_show;
+  State m_current;            // after the last step
+  QObject* m_typed = nullptr; // the text box that had the focus at the last input
+  QUndoStack m_stack;
+};
+
+} // namespace mr4500x

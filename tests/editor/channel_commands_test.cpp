@@ -1,0 +1,168 @@
+// Whole channels: selecting rows, and the commands on them by keys and from the menu.
+#include "editor_fixture.h"
+
+#include <QHeaderView>
+#include <QMenu>
+
+namespace mr4500x {
+namespace {
+
+constexpr char Heading[] =
+    "CH No.\tRx Freq (MHz)\tStep (kHz)\tRx CTC/DCS\tRx SelCall\tCombo_Signaling\tTail Cut\t"
+    "Tx Freq (MHz)\tStep (kHz)\tTx CTC/DCS\tTx SelCall\tHigh Tx Power\tPTT ID Enable\tBand With\t"
+    "Group Call\tNo CH\tNo Tx\n";
+constexpr char Refused[] = "Nothing was changed. These values can't be taken:\n";
+
+struct CommandsTest : ChannelTest {
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&grid, Qt::Key(key), modifiers); }
+  void ClickLabel(int row, Qt::KeyboardModifiers modifiers = {}) {
+    const QHeaderView& labels = *grid.verticalHeader();
+    QTest::mouseClick(labels.viewport(), Qt::LeftButton, modifiers, QPoint(5, labels.sectionPosition(row - 1) + 5));
+  }
+  std::set<int> Selected() {
+    std::set<int> rows;
+    for (const QModelIndex& index : grid.selectionModel()->selectedRows())
+      rows.insert(index.row() + 1);
+    return rows;
+  }
+  void Copy() { Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier); }
+  void Paste() { Key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier); }
+  void Undo() { Key(Qt::Key_Z, Qt::ControlModifier); }
+  void SetClipboard(const std::string& text) { QApplication::clipboard()->setText(QString::fromStdString(text)); }
+  std::string Clipboard() { return QApplication::clipboard()->text().toStdString(); }
+  ChannelTexts Channel(int row) { return panel.Shown().channels[static_cast<std::size_t>(row - 1)]; }
+};
+
+TEST_F(CommandsTest, LabelsAndKeysSelectRows) {
+  ClickLabel(3);
+  EXPECT_EQ(Selected(), (std::set{3}));
+  ClickLabel(6, Qt::ShiftModifier);
+  ClickLabel(9, Qt::ControlModifier);
+  ClickLabel(4, Qt::ControlModifier);
+  EXPECT_EQ(Selected(), (std::set{3, 5, 6, 9}));
+  EXPECT_EQ(grid.currentRow(), 2);
+  Click(1, 12);
+  EXPECT_EQ(Selected(), std::set<int>()) << "an edit elsewhere";
+  grid.setCurrentCell(14, 3);
+  Key(Qt::Key_Space, Qt::ShiftModifier);
+  EXPECT_EQ(Selected(), (std::set{15}));
+  for (int i = 0; i < 4; ++i)
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(Selected(), (std::set{15, 16}));
+  for (int i = 0; i < 2; ++i)
+    Key(Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(Selected(), (std::set{14, 15}));
+  EXPECT_EQ(grid.currentIndex(), grid.model()->index(14, 3));
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Selected(), std::set<int>());
+}
+
+TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) {
+  const Configuration before = panel.Shown();
+  Click(2, 11);
+  Click(3, 2);
+  QTest::mouseClick(&Get<QAbstractButton>("chkTx(3)"), Qt::LeftButton);
+  ClickLabel(1);
+  ClickLabel(4, Qt::ShiftModifier);
+  Copy();
+  const ChannelTexts second = Channel(2), third = Channel(3), fourth = Channel(4);
+  const std::string copied = Clipboard();
+  EXPECT_EQ(copied.substr(0, copied.find('\n') + 1), Heading);
+  EXPECT_NE(
+      copied.find(
+          "\nCH4\t440.00000\t6.25\tOFF\tOFF\tOR\tOFF\t440.00000\t6.25\tOFF\tOFF\tPermit\tOFF\t25\tOFF\tno\tyes\n"),
+      std::string::npos)
+      << copied;
+  ClickLabel(9);
+  Paste();
+  EXPECT_TRUE(Channel(10) == second && Channel(11) == third && Channel(12) == fourth);
+  ClickLabel(12);
+  ClickLabel(11, Qt::ControlModifier);
+  Key(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_TRUE(Channel(10) == third && Channel(11) == fourth && Channel(12) == second);
+  EXPECT_EQ(Selected(), (std::set{10, 11}));
+  Key(Qt::Key_Down, Qt::AltModifier);
+  Key(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_TRUE(Channel(12) == third && Channel(13) == fourth);
+  grid.setCurrentCell(1, 10);
+  Key(Qt::Key_D, Qt::ControlModifier);
+  EXPECT_EQ(Cell(12, 11) + Cell(13, 11), "ProhibitProhibit");
+
+  Key(Qt::Key_F10, Qt::ShiftModifier);
+  auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  std::string entries;
+  for (const QAction* const entry : menu->actions())
+    entries += entry->text().toStdString() + (entry->isEnabled() ? "" : " -") + '|';
+  EXPECT_EQ(entries, "Copy Channels|Paste Channels||Move Up|Move Down|Fill Down|Clear||Undo Fill Down|Redo -|");
+  menu->setActiveAction(menu->actions()[6]);
+  QTest::keyClick(menu, Qt::Key_Return);
+  EXPECT_TRUE(Channel(12) == Channel(13) && Channel(12).noCh);
+  EXPECT_EQ(messages.shown, Lines());
+  for (int i = 0; i < 9; ++i)
+    Undo();
+  EXPECT_EQ(panel.Shown(), before);
+}
+
+TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage) {
+  // name, text, what CH15 and CH16 have then in Rx Freq, Step, Tx Freq, Step, Tail Cut, In Use; or the message
+  const std::tuple<const char*, std::string, std::string> cases[] = {
+      {"the grid's order", "445.5\t6.25\tCTC88.5\n446\n",
+       "445.50000 6.25 440.00000 6.25 ON yes, 446.00000 6.25 440.00000 6.25 OFF yes"},
+      {"numbered", "CH3\t445.5\n", "445.50000 6.25 440.00000 6.25 OFF yes, 440.00000 6.25 440.00000 6.25 OFF yes"},
+      {"any order; a frequency before its step",
+       "Tail Cut\tTx Freq (MHz)\tStep (kHz)\tRx CTC/DCS\tNo CH\nOFF\t445.0025\t2.5\tCTC88.5\tYES\n",
+       "440.00000 6.25 445.00250 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
+      {"a CSV with identifiers", "number,in_use,rx_freq,tx_step\r\n1,FALSE,\"445.5\",2.5\r\n\r\n2,,,\r\n",
+       "445.50000 6.25 440.00000 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
+      {"values, columns and rows",
+       "Rx Freq (MHz)\tRx SelCall\tNote\tNo Tx\n500\t5T 12345\tmy\tperhaps\n445\t\t\t\textra\n445\n",
+       std::string("!|Paste Channels|") + Refused +
+           "\nColumn \"Note\": unknown, or there twice"
+           "\nCH16: extra, in no column\nCH17: there are 16 channels\nCH15 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"
+           "\nCH15 Rx SelCall: 5T 12345, allowed: one of OFF, TTS 1, TTS 2, TTS 3, TTS 4, TTS 5, TTS 6, TTS 7, TTS 8"
+           "\nCH15 No Tx: perhaps, allowed: yes or no"},
+  };
+  const Configuration before = panel.Shown();
+  grid.setCurrentCell(14, 5);
+  for (const auto& [name, text, expected] : cases) {
+    SetClipboard(text);
+    Paste();
+    const Lines told = messages.Taken();
+    std::string result = told.empty() ? "" : told.front();
+    for (int row = 15; told.empty() && row <= 16; ++row)
+      result += (row == 15 ? "" : ", ") + Cell(row, 1) + ' ' + Cell(row, 2) + ' ' + Cell(row, 7) + ' ' + Cell(row, 8) +
+                ' ' + Cell(row, 6) + (Channel(row).noCh ? " no" : " yes");
+    EXPECT_EQ(result, expected) << name;
+    if (told.empty()) Undo();
+    EXPECT_EQ(panel.Shown(), before) << name;
+  }
+  changed.clear();
+  SetClipboard("");
+  Paste();
+  EXPECT_EQ(changed.count(), 0);
+}
+
+TEST_F(CommandsTest, FillDownTellsAllChannelsThatRefuse) {
+  Click(1, 2);
+  Click(1, 1);
+  QTest::keyClicks(&frequency, "440.0025");
+  QTest::keyClick(&frequency, Qt::Key_Return);
+  grid.setCurrentCell(0, 0);
+  const Configuration before = panel.Shown();
+  for (int i = 0; i < 15; ++i)
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+  Key(Qt::Key_D, Qt::ControlModifier);
+  const Lines told = messages.Taken();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_EQ(told[0].find(std::string("!|Fill Down|") + Refused +
+                         "\nCH2 Rx Freq (MHz): 440.00250, allowed: a multiple of 6.25 kHz"),
+            0U)
+      << told[0];
+  EXPECT_TRUE(told[0].ends_with("\nand 3 more")) << told[0];
+  EXPECT_EQ(panel.Shown(), before);
+  EXPECT_EQ(Selected().size(), 16U) << "to try again";
+}
+
+} // namespace
+} // namespace mr4500x
