@@ -113,10 +113,18 @@ protected:
   void mouseMoveEvent(QMouseEvent* /*event*/) override {}
   void contextMenuEvent(QContextMenuEvent* event) override { emit m_grid.MenuAsked(event->globalPos()); }
   void paintSection(QPainter* painter, const QRect& place, int row) const override {
-    if (!m_grid.IsRowSelected(row)) return QHeaderView::paintSection(painter, place, row);
-    painter->fillRect(place, palette().highlight());
-    painter->setPen(palette().color(QPalette::HighlightedText));
-    painter->drawText(place, static_cast<int>(defaultAlignment()), model()->headerData(row, Qt::Vertical).toString());
+    painter->save(); // Qt leaves another clipping behind
+    QHeaderView::paintSection(painter, place, row);
+    painter->restore();
+    if (!m_grid.IsRowSelected(row)) return;
+    painter->fillRect(place.adjusted(0, 0, -1, -1), palette().highlight());
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    initStyleOptionForIndex(&option, row);
+    option.rect = place;
+    option.rect = style()->subElementRect(QStyle::SE_HeaderLabel, &option, this);
+    option.palette.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+    style()->drawControl(QStyle::CE_HeaderLabel, &option, painter, this);
   }
 
 private:
@@ -159,10 +167,11 @@ protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
     // A tint of the selection's colour, on which the text's own can be read.
-    constexpr float share = 0.18F;
-    if (option->state.testFlag(QStyle::State_Selected))
-      option->backgroundBrush =
-          Between(option->palette.color(QPalette::Base), option->palette.color(QPalette::Highlight), share);
+    if (option->state.testFlag(QStyle::State_Selected)) {
+      const QColor base = option->palette.color(QPalette::Base);
+      const float share = base.lightnessF() < 0.5 ? 0.3F : 0.12F;
+      option->backgroundBrush = Between(base, option->palette.color(QPalette::Highlight), share);
+    }
     option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
     if (index.data(ColourRole).toInt() == static_cast<int>(CellColour::Hidden)) option->text.clear();
   }
