@@ -2,6 +2,7 @@
 #include "editor_panel.h"
 #include "radio_memory.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QEvent>
 #include <QLineEdit>
@@ -52,6 +53,48 @@ void Collect(benchmark::State& state) {
   }
 }
 BENCHMARK(Collect)->Unit(benchmark::kMillisecond);
+
+// All channels are cleared and brought back, with a repaint each.
+void UndoAndRedo(benchmark::State& state) {
+  ShownPanel shown;
+  auto* const grid = shown.panel.findChild<QTableWidget*>("gridChannel");
+  for (int row = 0; row < grid->rowCount(); ++row)
+    QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
+  shown.panel.findChild<QAction*>("mnuChannelsClear")->trigger();
+  for (auto _ : state)
+    for (const char* const command : {"mnuUndo", "mnuRedo"}) {
+      shown.panel.findChild<QAction*>(command)->trigger();
+      QApplication::processEvents();
+    }
+}
+BENCHMARK(UndoAndRedo)->Unit(benchmark::kMillisecond);
+
+// 16 channels, with a repaint.
+void PasteChannels(benchmark::State& state) {
+  ShownPanel shown;
+  const auto run = [&](const char* command) { shown.panel.findChild<QAction*>(command)->trigger(); };
+  auto* const grid = shown.panel.findChild<QTableWidget*>("gridChannel");
+  for (int row = 0; row < grid->rowCount(); ++row)
+    QTest::keyClick(grid, Qt::Key_Down, Qt::ShiftModifier);
+  run("mnuChannelsCopy");
+  for (auto _ : state) {
+    state.PauseTiming();
+    run("mnuChannelsClear");
+    QApplication::processEvents();
+    state.ResumeTiming();
+    run("mnuChannelsPaste");
+    QApplication::processEvents();
+  }
+}
+BENCHMARK(PasteChannels)->Unit(benchmark::kMillisecond);
+
+// What each key and click costs because of the history.
+void ShownConfiguration(benchmark::State& state) {
+  const ShownPanel shown;
+  for (auto _ : state)
+    benchmark::DoNotOptimize(shown.panel.Shown());
+}
+BENCHMARK(ShownConfiguration)->Unit(benchmark::kMicrosecond);
 
 class PaintWatch final : public QObject {
 public:

@@ -112,7 +112,7 @@ bool IsChannelNumber(const std::string& cell) {
 }
 
 struct Sheet {
-  std::vector<const Column*> columns; // nullptr: unknown
+  std::vector<const Column*> columns; // nullptr: has no heading
   std::vector<Line> lines;
 };
 
@@ -123,13 +123,16 @@ Sheet SheetOf(std::string_view text, char decimalSeparator, Refusals& refusals) 
   const Column* last = nullptr;
   for (const std::string& caption : heading) {
     const Column* const column = FindColumn(caption, last);
-    if (column != nullptr) last = column;
     const bool isTwice = std::ranges::count(sheet.columns, column) > 0;
     sheet.columns.push_back(isTwice ? nullptr : column);
+    if (column != nullptr) last = column;
   }
   if (last != nullptr) {
-    for (std::size_t i = 0; i < heading.size(); ++i)
-      if (sheet.columns[i] == nullptr) refusals.push_back("Column \"" + heading[i] + "\": unknown, or there twice");
+    for (std::size_t i = 0; i < heading.size(); ++i) {
+      if (sheet.columns[i] != nullptr || heading[i].empty()) continue;
+      refusals.push_back("Column \"" + heading[i] + "\": unknown, or there twice");
+      sheet.columns[i] = &Columns().front(); // its cells need not be told too
+    }
     sheet.lines.erase(sheet.lines.begin());
   } else {
     sheet.columns.clear();
@@ -198,9 +201,10 @@ Refusals TakeChannels(Configuration& configuration, std::size_t first, std::stri
     for (std::size_t j = 0; j < sheet.lines[i].size(); ++j) {
       const std::string& cell = sheet.lines[i][j];
       if (cell.empty()) continue;
-      if (j >= sheet.columns.size())
+      const Column* const column = j < sheet.columns.size() ? sheet.columns[j] : nullptr;
+      if (column == nullptr)
         refusals.push_back(name + ": " + cell + ", in no column");
-      else if (const Column* const column = sheet.columns[j]; column != nullptr && column->field != nullptr)
+      else if (column->field != nullptr)
         values.push_back({{column->field, first + i + 1}, column, cell, ValueFrom(*column, cell)});
     }
   }
@@ -227,8 +231,9 @@ void ClearChannels(Configuration& configuration, const Channels& channels, const
 bool MoveChannels(Configuration& configuration, RadioImage& image, Channels& channels, int by) {
   const bool up = by < 0;
   if (channels.empty() || (up ? channels.front() == 0 : channels.back() == ChannelCount - 1)) return false;
+  constexpr std::size_t codeBytes = 8; // of a channel
   const auto codeOf = [&](std::size_t channel) {
-    return std::span(image.SelCallCodeBlock.bytes).subspan(channel * 8, 8);
+    return std::span(image.SelCallCodeBlock.bytes).subspan(channel * codeBytes, codeBytes);
   };
   if (!up) std::ranges::reverse(channels); // the last one makes room first
   for (std::size_t& channel : channels) {

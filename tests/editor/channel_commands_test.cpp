@@ -58,7 +58,10 @@ TEST_F(CommandsTest, LabelsAndKeysSelectRows) {
 }
 
 TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) {
+  image.ChannelBlock(10, 12) |= 0x05; // what the editor does not show
+  panel.Fill();
   const Configuration before = panel.Shown();
+  const RadioImage imageBefore = image;
   Click(2, 11);
   Click(3, 2);
   QTest::mouseClick(&Get<QAbstractButton>("chkTx(3)"), Qt::LeftButton);
@@ -81,6 +84,7 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   Key(Qt::Key_Up, Qt::AltModifier);
   EXPECT_TRUE(Channel(10) == third && Channel(11) == fourth && Channel(12) == second);
   EXPECT_EQ(Selected(), (std::set{10, 11}));
+  EXPECT_EQ(image.ChannelBlock(9, 12) & 0x07, 0x05);
   Key(Qt::Key_Down, Qt::AltModifier);
   Key(Qt::Key_Down, Qt::AltModifier);
   EXPECT_TRUE(Channel(12) == third && Channel(13) == fourth);
@@ -102,6 +106,7 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   for (int i = 0; i < 9; ++i)
     Undo();
   EXPECT_EQ(panel.Shown(), before);
+  EXPECT_EQ(image, imageBefore);
 }
 
 TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage) {
@@ -116,7 +121,7 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
       {"a CSV with identifiers", "number,in_use,rx_freq,tx_step\r\n1,FALSE,\"445.5\",2.5\r\n\r\n2,,,\r\n",
        "445.50000 6.25 440.00000 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
       {"values, columns and rows",
-       "Rx Freq (MHz)\tRx SelCall\tNote\tNo Tx\n500\t5T 12345\tmy\tperhaps\n445\t\t\t\textra\n445\n",
+       "Rx Freq (MHz)\tRx SelCall\tNote\tNo Tx\t\n500\t5T 12345\tmy\tperhaps\n445\t\t\t\textra\n445\n",
        std::string("!|Paste Channels|") + Refused +
            "\nColumn \"Note\": unknown, or there twice"
            "\nCH16: extra, in no column\nCH17: there are 16 channels\nCH15 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"

@@ -126,7 +126,9 @@ void ChannelCommands::Finish(const Configuration& changed, const Refusals& refus
 }
 
 void ChannelCommands::CopyChannels() {
-  QGuiApplication::clipboard()->setText(QString::fromStdString(TextOfChannels(m_panel.Shown(), ChosenChannels())));
+  const Channels channels = ChosenChannels();
+  QGuiApplication::clipboard()->setText(QString::fromStdString(TextOfChannels(m_panel.Shown(), channels)));
+  emit m_panel.Told(tr("Channels copied: %1").arg(channels.size()));
 }
 
 void ChannelCommands::PasteChannels() {
