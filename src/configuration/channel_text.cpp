@@ -33,10 +33,6 @@ const std::vector<Column>& Columns() {
   return columns;
 }
 
-std::string YesOrNo(bool yes) {
-  return yes ? "yes" : "no";
-}
-
 std::string LowerCase(std::string text) {
   std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return text;
@@ -183,7 +179,7 @@ std::string TextOfChannels(const Configuration& configuration, const Channels& c
     addLine([&](const Column& column) {
       if (column.field == nullptr) return "CH" + std::to_string(channel + 1);
       const std::string value = TextOf(configuration, {column.field, channel + 1});
-      return column.isOpposite ? YesOrNo(value == "false") : value;
+      return !column.isOpposite ? value : value == "false" ? "yes" : "no";
     });
   return text;
 }

@@ -267,16 +267,18 @@ void ChannelGrid::keyPressEvent(QKeyEvent* event) {
   if (shift && event->key() == Qt::Key_Space) return SelectTo(currentRow());
   if (shift && event->key() == Qt::Key_Up) return SelectTo(from - 1);
   if (shift && event->key() == Qt::Key_Down) return SelectTo(from + 1);
-  if (shift && event->key() == Qt::Key_F10)
-    return emit MenuAsked(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+  if (shift && event->key() == Qt::Key_F10) return AskForMenu();
   if (event->key() == Qt::Key_Escape) UnselectRows();
   CellGrid::keyPressEvent(event);
 }
 
 // Of the cells, only for the menu key: a right click on a cell does nothing.
 void ChannelGrid::contextMenuEvent(QContextMenuEvent* event) {
-  if (event->reason() == QContextMenuEvent::Keyboard)
-    emit MenuAsked(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+  if (event->reason() == QContextMenuEvent::Keyboard) AskForMenu();
+}
+
+void ChannelGrid::AskForMenu() {
+  emit MenuAsked(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
 }
 
 int ChannelGrid::CellWidthNeeded(GridColumn column) const {

@@ -49,7 +49,8 @@ protected:
 
 private:
   void RowClicked(int row, Qt::MouseButton button, Qt::KeyboardModifiers keys);
-  void SelectTo(int row);                       // from the current one
+  void SelectTo(int row); // from the current one
+  void AskForMenu();
   [[nodiscard]] int Scaled(double twips) const; // in the grid's own scale
   [[nodiscard]] int CellWidthNeeded(GridColumn column) const;
   [[nodiscard]] int HeaderWidthNeeded(GridColumn column) const;
