@@ -114,7 +114,8 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
   const std::tuple<const char*, std::string, std::string> cases[] = {
       {"the grid's order", "445.5\t6.25\tCTC88.5\n446\n",
        "445.50000 6.25 440.00000 6.25 ON yes, 446.00000 6.25 440.00000 6.25 OFF yes"},
-      {"numbered", "CH3\t445.5\n", "445.50000 6.25 440.00000 6.25 OFF yes, 440.00000 6.25 440.00000 6.25 OFF yes"},
+      {"numbered, after an empty line", "\t\nCH3\t445.5\n",
+       "445.50000 6.25 440.00000 6.25 OFF yes, 440.00000 6.25 440.00000 6.25 OFF yes"},
       {"any order; a frequency before its step",
        "Tail Cut\tTx Freq (MHz)\tStep (kHz)\tRx CTC/DCS\tNo CH\nOFF\t445.0025\t2.5\tCTC88.5\tYES\n",
        "440.00000 6.25 445.00250 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},

@@ -1,5 +1,6 @@
 #include "channel_text.h"
 
+#include "csv.h"
 #include "decimal.h"
 #include "differences.h"
 #include "set_field.h"
@@ -38,49 +39,6 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
-using Line = std::vector<std::string>;
-
-std::string Trimmed(const std::string& cell) {
-  const std::size_t begin = cell.find_first_not_of(" \r");
-  return begin == std::string::npos ? "" : cell.substr(begin, cell.find_last_not_of(" \r") - begin + 1);
-}
-
-// Spreadsheets use tabs, CSV files commas or, where the comma is the decimal one, semicolons.
-char SeparatorOf(std::string_view text, char decimalSeparator) {
-  for (const char separator : {'\t', ';'})
-    if (text.find(separator) != std::string_view::npos) return separator;
-  return decimalSeparator == ',' ? ';' : ',';
-}
-
-// A cell in quotes may hold separators, line ends and doubled quotes.
-std::vector<Line> LinesOf(std::string_view text, char separator) {
-  std::vector<Line> lines;
-  Line line;
-  std::string cell;
-  bool isQuoted = false;
-  const auto endCell = [&] { line.push_back(Trimmed(std::exchange(cell, {}))); };
-  const auto endLine = [&] {
-    endCell();
-    const bool isEmpty = std::ranges::all_of(line, &std::string::empty);
-    if (Line ended = std::exchange(line, {}); !isEmpty) lines.push_back(std::move(ended));
-  };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (c == '"' && isQuoted && text.substr(i + 1).starts_with('"'))
-      cell += text[++i];
-    else if (c == '"' && (isQuoted || cell.empty()))
-      isQuoted = !isQuoted;
-    else if (c == separator && !isQuoted)
-      endCell();
-    else if (c == '\n' && !isQuoted)
-      endLine();
-    else
-      cell += c;
-  }
-  endLine();
-  return lines;
-}
-
 // By the caption in the window, the label or the identifier of a setting. Looks on from the column that was found last.
 const Column* FindColumn(const std::string& heading, const Column* last) {
   static const std::vector<Column> others = [] {
@@ -104,18 +62,20 @@ const Column* FindColumn(const std::string& heading, const Column* last) {
 }
 
 bool IsChannelNumber(const std::string& cell) {
-  return LowerCase(cell).starts_with("ch") && ParseWhole(Trimmed(cell.substr(2)));
+  return LowerCase(cell).starts_with("ch") && ParseWhole(cell.substr(2));
 }
 
 struct Sheet {
   std::vector<const Column*> columns; // nullptr: has no heading
-  std::vector<Line> lines;
+  std::vector<CsvRow> rows;
 };
 
-Sheet SheetOf(std::string_view text, char decimalSeparator, Refusals& refusals) {
-  Sheet sheet = {{}, LinesOf(text, SeparatorOf(text, decimalSeparator))};
-  if (sheet.lines.empty()) return sheet;
-  const Line& heading = sheet.lines.front();
+Sheet SheetOf(std::string_view text, Refusals& refusals) {
+  const bool hasTabs = text.find('\t') != std::string_view::npos; // then a comma before the first is a decimal one
+  Sheet sheet = {{}, ReadCsv((hasTabs ? "\t" : "") + std::string(text)).rows};
+  if (sheet.rows.empty()) return sheet;
+  if (hasTabs && sheet.rows.front().line == 1) sheet.rows.front().cells.erase(sheet.rows.front().cells.begin());
+  const std::vector<std::string>& heading = sheet.rows.front().cells;
   const Column* last = nullptr;
   for (const std::string& caption : heading) {
     const Column* const column = FindColumn(caption, last);
@@ -129,7 +89,7 @@ Sheet SheetOf(std::string_view text, char decimalSeparator, Refusals& refusals) 
       refusals.push_back("Column \"" + heading[i] + "\": unknown, or there twice");
       sheet.columns[i] = &Columns().front(); // its cells need not be told too
     }
-    sheet.lines.erase(sheet.lines.begin());
+    sheet.rows.erase(sheet.rows.begin());
   } else {
     sheet.columns.clear();
     const bool isNumbered = IsChannelNumber(heading.front());
@@ -186,16 +146,18 @@ std::string TextOfChannels(const Configuration& configuration, const Channels& c
 
 Refusals TakeChannels(Configuration& configuration, std::size_t first, std::string_view text, const FieldTexts& texts) {
   Refusals refusals;
-  const Sheet sheet = SheetOf(text, texts.decimalSeparator, refusals);
+  const Sheet sheet = SheetOf(text, refusals);
   std::vector<Given> values;
-  for (std::size_t i = 0; i < sheet.lines.size(); ++i) {
+  for (std::size_t i = 0; i < sheet.rows.size(); ++i) {
     const std::string name = "CH" + std::to_string(first + i + 1);
     if (first + i >= ChannelCount) {
       refusals.push_back(name + ": there are 16 channels");
       break;
     }
-    for (std::size_t j = 0; j < sheet.lines[i].size(); ++j) {
-      const std::string& cell = sheet.lines[i][j];
+    const CsvRow& row = sheet.rows[i];
+    if (!row.isWhole) refusals.push_back(name + ": quotes that do not enclose a whole cell");
+    for (std::size_t j = 0; j < row.cells.size(); ++j) {
+      const std::string& cell = row.cells[j];
       if (cell.empty()) continue;
       const Column* const column = j < sheet.columns.size() ? sheet.columns[j] : nullptr;
       if (column == nullptr)
