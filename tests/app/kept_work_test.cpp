@@ -17,6 +17,13 @@ protected:
       if (name.ends_with(".K4X") && name.starts_with(prefix)) names.push_back(name);
     return names;
   }
+  // The signal comes while `meanwhile` runs, or when nothing does.
+  void EndBySignal(const std::function<void()>& meanwhile = {}) {
+    const auto end = [&] { window->EndBySignal(SIGTERM); };
+    if (meanwhile) desk.beforeAnswer = end;
+    QTimer::singleShot(0, window.get(), meanwhile ? meanwhile : end);
+    EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
+  }
   void NextStart() {
     window.reset();
     Start();
@@ -33,11 +40,7 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
     std::function<void()> end;
   } cases[] = {
       {"exit", [&] { window->close(); }},
-      {"signal",
-       [&] {
-         QTimer::singleShot(0, window.get(), [&] { window->EndBySignal(SIGTERM); });
-         EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
-       }},
+      {"signal", [&] { EndBySignal(); }},
       {"crash", [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)); }},
   };
   PutDataFile("a.K4X");
@@ -71,7 +74,7 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   auto* const lower = window->findChild<QLineEdit*>("txtFreqBandL");
   lower->setFocus();
   lower->setText("4");
-  window->EndBySignal(SIGTERM);
+  EndBySignal();
   NextStart();
   EXPECT_FALSE(window->OpenLeftWork()) << "the limit";
   const auto type = [&] {
@@ -86,12 +89,11 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   Choose("mnuFileClose");
   EXPECT_EQ(Kept("2004-").size(), 1U) << "given up with the window's data";
   type();
-  window->EndBySignal(SIGTERM);
+  EndBySignal();
   NextStart();
   desk.happened.clear();
   desk.answers = {Answer::Yes};
-  desk.beforeAnswer = [&] { window->EndBySignal(SIGTERM); };
-  EXPECT_FALSE(window->OpenLeftWork()) << "ended before an answer";
+  EndBySignal([&] { EXPECT_FALSE(window->OpenLeftWork()) << "ended before an answer"; });
   NextStart();
   desk.answers = {Answer::Yes};
   EXPECT_TRUE(window->OpenLeftWork());
