@@ -50,7 +50,9 @@ void PutAnything(Editor& editor, FuzzInput& input) {
   Require(editor.image == image && shown == editor.values, "what was collected once is at rest");
 }
 
-void Type(FuzzInput input) {
+} // namespace
+
+void Fuzz(FuzzInput input) {
   Editor editor{BuildFieldTexts(input.Below(2) == 0 ? '.' : ','), {}, {}};
   editor.values = NewConfiguration(editor.image, editor.texts, Moment);
   void (*const actions[])(Editor&, FuzzInput&) = {SetAny, PutAnything};
@@ -58,10 +60,4 @@ void Type(FuzzInput input) {
     actions[input.Byte() % std::size(actions)](editor, input);
 }
 
-} // namespace
 } // namespace mr4500x
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  mr4500x::Type(mr4500x::FuzzInput({data, size}));
-  return 0;
-}

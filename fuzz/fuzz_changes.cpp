@@ -8,7 +8,9 @@ namespace {
 
 const FieldTexts Texts = BuildFieldTexts('.');
 
-void Apply(FuzzInput input) {
+} // namespace
+
+void Fuzz(FuzzInput input) {
   RadioImage image;
   static_cast<void>(NewConfiguration(image, Texts, {2004, 11, 4, 9, 5, 7}));
   for (int changes = input.Below(4); changes > 0; --changes) {
@@ -33,10 +35,4 @@ void Apply(FuzzInput input) {
           "and is not changed by it");
 }
 
-} // namespace
 } // namespace mr4500x
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  mr4500x::Apply(mr4500x::FuzzInput({data, size}));
-  return 0;
-}

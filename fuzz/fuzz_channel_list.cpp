@@ -7,7 +7,10 @@ namespace {
 
 const FieldTexts Texts = BuildFieldTexts('.');
 
-void Import(const std::string& text) {
+} // namespace
+
+void Fuzz(FuzzInput input) {
+  const std::string text = input.Rest();
   const CsvTable table = ReadCsv(text);
   std::string lines;
   for (const CsvRow& row : table.rows)
@@ -29,10 +32,4 @@ void Import(const std::string& text) {
   Require(ImportChannels(image, exported.rows, Texts).empty() && image == imported, "an export changes nothing");
 }
 
-} // namespace
 } // namespace mr4500x
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  mr4500x::Import({data, data + size});
-  return 0;
-}

@@ -24,10 +24,13 @@ void RequireKept(const RadioImage& image) {
   Require(opened == image, "what was saved comes back");
 }
 
-void OpenFile(std::span<const std::uint8_t> content) {
+} // namespace
+
+void Fuzz(FuzzInput input) {
+  const std::string content = input.Rest();
   const RadioImage before = MarkedImage();
   RadioImage image = before;
-  const LoadOutcome outcome = ParseDataFile(content, image).outcome;
+  const LoadOutcome outcome = ParseDataFile(std::vector<std::uint8_t>(content.begin(), content.end()), image).outcome;
   Require(image.RadioIdBlock == before.RadioIdBlock && image.WriteStampBlock == before.WriteStampBlock &&
               image.EmbeddedInfoBlock == before.EmbeddedInfoBlock,
           "blocks that no file holds are not touched");
@@ -50,10 +53,4 @@ void OpenFile(std::span<const std::uint8_t> content) {
   Require(image == collected, "collecting once more changes nothing");
 }
 
-} // namespace
 } // namespace mr4500x
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  mr4500x::OpenFile({data, size});
-  return 0;
-}

@@ -10,9 +10,6 @@
 #include <string>
 #include <utility>
 
-// The entry point of every target, called by the fuzzer and the replay.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace mr4500x {
 
 // Aborts with a message unless the condition holds.
@@ -49,5 +46,7 @@ public:
 private:
   std::span<const std::uint8_t> m_rest;
 };
+
+void Fuzz(FuzzInput input); // what each target is, run by the fuzzer and the replay
 
 } // namespace mr4500x

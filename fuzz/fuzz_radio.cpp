@@ -62,7 +62,9 @@ Outcome RunInTime(Desk& desk, Transfer transfer) {
   return outcome;
 }
 
-void TryTwice(FuzzInput input) {
+} // namespace
+
+void Fuzz(FuzzInput input) {
   const std::uint8_t options = input.Byte();
   const auto transfer = static_cast<Transfer>(options & 3);
   Desk desk;
@@ -89,10 +91,4 @@ void TryTwice(FuzzInput input) {
   Require(RunInTime(desk, transfer) == Outcome::Complete, "the next try with a sound radio works");
 }
 
-} // namespace
 } // namespace mr4500x
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  mr4500x::TryTwice(mr4500x::FuzzInput({data, size}));
-  return 0;
-}

@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     std::fflush(stdout); // a finding aborts the process
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(file)), {});
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    mr4500x::Fuzz(mr4500x::FuzzInput({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}));
     ++count;
   }
   std::printf("%d inputs\n", count);

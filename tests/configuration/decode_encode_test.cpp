@@ -1,8 +1,8 @@
 #include "configuration.h"
 
 #include "function_settings.h"
-
-#include <gtest/gtest.h>
+#include "rows.h"
+#include "set_field.h"
 
 namespace mr4500x {
 namespace {
@@ -30,27 +30,12 @@ protected:
   std::array<std::uint8_t, 16>& Settings() { return image.RadioSettingsBlock; }
 };
 
-// What a list has no item for, what lies between two, and what another bit says.
 TEST_F(DecodeEncodeTest, OddBytesOfTheLists) {
-  const struct {
-    ChoiceList list;
-    std::size_t byte;
-    std::uint8_t value;
-    const char* text;
-  } cases[] = {
-      {ChoiceList::SquelchLevel, 0, 0x00, ""}, {ChoiceList::TxTot, 1, 0x0A, "300s"},
-      {ChoiceList::TxTot, 1, 0x0B, ""},        {ChoiceList::PriorityCh, 3, 0x0F, "OFF"},
-      {ChoiceList::RevertCh, 3, 0x30, ""},     {ChoiceList::ToScanDelay, 4, 2, ""},
-      {ChoiceList::ToScanDelay, 4, 7, "0.5s"}, {ChoiceList::ToScanDelay, 4, 8, "1.0s"},
-      {ChoiceList::ToScanDelay, 4, 103, ""},   {ChoiceList::LookBack, 6, 50, "5.0s"},
-      {ChoiceList::LookBack, 6, 51, ""},       {ChoiceList::DigitTime, 7, 20, "200ms"},
-      {ChoiceList::InterDigitTime, 8, 4, ""},  {ChoiceList::BusyChLock, 14, 0x40, "OFF"},
-  };
-  for (const auto& c : cases) {
+  for (const Row& row : RowsOf(CASES "odd_bytes.txt", "(.*) at (.*): (.*) is (.*)")) {
     SetUp();
-    Settings()[c.byte] = c.value;
+    Settings().at(std::stoul(row[2])) = BytesOf(row[3]).at(0);
     Fill();
-    EXPECT_EQ(TextOf(values, c.list), c.text) << "byte " << c.byte << " is " << int{c.value};
+    EXPECT_EQ(ValueOf(values, FindField(row[1]).value()), row[4]) << row[0];
   }
 }
 
@@ -102,35 +87,16 @@ TEST_F(DecodeEncodeTest, AnEmptyBoxKeepsTheStoredNumber) {
 }
 
 TEST_F(DecodeEncodeTest, KeyBytes) {
-  constexpr int none = KeyNoSelection;
-  const struct {
-    const char* name;
-    std::array<std::uint8_t, 6> stored;
-    std::array<int, 6> selection;
-    std::array<std::uint8_t, 6> collected;
-    bool conflict;
-  } cases[] = {
-      {"special", {0xC1, 0xC2, 0xC0, 0, 0xC5, 0}, {1, 1, 1, 0, 1, 0}, {0xC1, 0xC2, 0xC0, 0, 0xC0, 0}, false},
-      {"bit 6 alone", {0x83, 0x8A, 0x88, 0x83, 0x40, 0x8A}, {2, 9, 7, 1, 0, 0}, {0x83, 0x8A, 0x88, 0x83, 0, 0}, false},
-      {"Cancel alone", {0, 0xC2, 0, 0, 0, 0}, {0, 1, 0, 0, 0, 0}, {0xC1, 0xC2, 0, 0, 0, 0}, false},
-      {"Emergency Alert alone", {0xC1, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0}, false},
-      {"conflict", {0x86, 0, 0, 0x87, 0x87, 0}, {5, 0, 0, 0, 0, 0}, {0x86, 0, 0, 0, 0, 0}, true},
-      {"codes without an item",
-       {0x80, 0x81, 0x82, 0x82, 0x8B, 0x8F},
-       {none, none, none, none, none, none},
-       {0x80, 0x81, 0x82, 0x82, 0x8B, 0x8F},
-       false},
-      {"special long B and C", {0, 0, 0, 0xC4, 0, 0xFF}, {0, 0, 0, none, 0, none}, {0, 0, 0, 0xC4, 0, 0xFF}, false},
-      {"under Monitor", {0, 0, 0xC0, 0x83, 0, 0}, {0, 0, 1, 0, 0, 0}, {0, 0, 0xC0, 0, 0, 0}, false},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
+  for (const Row& row : RowsOf(CASES "key_bytes.txt", "[^:]+: (.*) -> (.*) -> (.*)")) {
+    SCOPED_TRACE(row[0]);
     SetUp();
-    std::ranges::copy(c.stored, image.KeyProgramBlock.begin());
-    EXPECT_EQ(Fill().keyConflict, c.conflict);
-    EXPECT_EQ(values.keys.selection, c.selection);
+    std::ranges::copy(BytesOf(row[1]), image.KeyProgramBlock.begin());
+    std::string shown = Fill().keyConflict ? "conflict" : "fine";
+    for (const int position : values.keys.selection)
+      shown += position == KeyNoSelection ? " none" : ' ' + std::to_string(position);
+    EXPECT_EQ(shown, row[2]);
     Collect();
-    EXPECT_TRUE(std::ranges::equal(c.collected, std::span(image.KeyProgramBlock).first<6>()));
+    EXPECT_TRUE(std::ranges::equal(BytesOf(row[3]), std::span(image.KeyProgramBlock).first<6>()));
   }
 }
 

@@ -6,6 +6,7 @@
 #include "editor_panel.h"
 #include "embedded_info.h"
 #include "report_pages.h"
+#include "rows.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,14 +16,10 @@
 #include <QLineEdit>
 #include <QTableWidget>
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <numeric>
 #include <set>
-#include <sstream>
 
 namespace mr4500x {
 namespace {
@@ -65,24 +62,15 @@ std::string Content(const std::string& name) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Lines "ADDRESS: BYTES", a record or two each; "#" begins a remark.
+// Rows "ADDRESS: BYTES", a record or two each.
 RadioImage ReadImage(const std::string& name) {
   RadioImage image;
-  std::istringstream lines(Content(name));
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with('#')) continue;
-    std::istringstream in(line.substr(line.find(':') + 1));
-    in >> std::hex;
-    auto address = static_cast<std::uint16_t>(std::stoi(line, nullptr, 16));
-    std::vector<std::uint8_t> record;
-    for (unsigned byte = 0; in >> byte;) {
-      record.push_back(static_cast<std::uint8_t>(byte));
-      if (record.size() < RecordBytes) continue;
-      EXPECT_EQ(PlaceRecord(image, address, record), PlaceResult::Placed) << line;
-      address = static_cast<std::uint16_t>(address + RecordBytes);
-      record.clear();
+  for (const Row& row : RowsOf(EVERY_SETTING "/" + name, "(.*): (.*)")) {
+    const std::vector<std::uint8_t> bytes = BytesOf(row[2]);
+    for (std::size_t i = 0; i < bytes.size(); i += RecordBytes) {
+      const auto address = static_cast<std::uint16_t>(std::stoul(row[1], nullptr, 16) + i);
+      EXPECT_EQ(PlaceRecord(image, address, std::span(bytes).subspan(i, RecordBytes)), PlaceResult::Placed) << row[0];
     }
-    EXPECT_TRUE(record.empty()) << line;
   }
   return image;
 }

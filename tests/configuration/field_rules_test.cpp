@@ -1,11 +1,9 @@
 #include "field_rules.h"
 
-#include <gtest/gtest.h>
+#include "rows.h"
 
-#include <fstream>
 #include <functional>
 #include <map>
-#include <regex>
 
 namespace mr4500x {
 namespace {
@@ -67,16 +65,8 @@ TEST(FieldRulesTest, TextsBecomeWhatTheFileSays) {
       {"5-tone code", Code},
       {"TTS frequency", [](Text text) { return ResultOf(LimitTtsFrequency(text)); }},
   };
-  std::ifstream file(FIELD_RULES);
-  const std::regex form("([^#:]+): (.*?) -> (.*)");
-  std::smatch match;
-  int cases = 0;
-  for (std::string line; std::getline(file, line);) {
-    if (!std::regex_match(line, match, form)) continue;
-    ++cases;
-    EXPECT_EQ(rules.at(match[1])(match[2]), match[3]) << line;
-  }
-  EXPECT_GT(cases, 50);
+  for (const Row& row : RowsOf(CASES "field_rules.txt", "([^:]+): (.*?) -> (.*)"))
+    EXPECT_EQ(rules.at(row[1])(row[2]), row[3]) << row[0];
 }
 
 } // namespace

@@ -1,9 +1,7 @@
 #include "set_field.h"
 
-#include <gtest/gtest.h>
+#include "rows.h"
 
-#include <fstream>
-#include <regex>
 #include <set>
 
 namespace mr4500x {
@@ -69,24 +67,16 @@ TEST_F(SetFieldTest, TakesEveryChoiceOfEverySetting) {
 }
 
 TEST_F(SetFieldTest, DoesWhatTheFileSays) {
-  std::ifstream file(SET_FIELD);
-  const std::regex form("([^#= ]+) (=|is) (.*?)(?: -> (.*))?");
-  std::smatch match;
-  int steps = 0;
-  for (std::string line; std::getline(file, line);) {
-    SCOPED_TRACE(line);
-    if (line == "new") configuration = NewConfiguration(image, texts, {});
-    if (!std::regex_match(line, match, form)) continue;
-    ++steps;
-    const FieldAt at = FindField(match[1].str()).value();
-    if (match[2] == "is") {
-      EXPECT_EQ(TextOf(configuration, at), match[3]);
-    } else {
-      EXPECT_EQ(Set(at, match[3].str()), match[4]);
+  for (const Row& row : RowsOf(CASES "set_field.txt", "new|([^= ]+) (=|is) (.*?)(?: -> (.*))?")) {
+    SCOPED_TRACE(row[0]);
+    configuration = row[0] == "new" ? NewConfiguration(image, texts, {}) : configuration;
+    if (row[2] == "is") {
+      EXPECT_EQ(TextOf(configuration, FindField(row[1]).value()), row[3]);
+    } else if (row[2] == "=") {
+      EXPECT_EQ(Set(FindField(row[1]).value(), row[3]), row[4]);
       SaveAndOpen();
     }
   }
-  EXPECT_GT(steps, 90);
 }
 
 } // namespace

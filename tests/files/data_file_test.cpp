@@ -3,11 +3,10 @@
 #include <array>
 #include <map>
 #include <numeric>
-#include <regex>
-#include <sstream>
 #include <vector>
 
 #include "files_fixture.h"
+#include "rows.h"
 
 namespace mr4500x {
 
@@ -26,26 +25,6 @@ Bytes Part(const Bytes& bytes, std::size_t offset, std::size_t count) {
   return {begin, begin + static_cast<std::ptrdiff_t>(count)};
 }
 
-// The three parts of each row of a file.
-std::vector<std::array<std::string, 3>> RowsOf(const std::string& name, const char* form) {
-  std::ifstream file(FILES_TEST "/" + name);
-  std::vector<std::array<std::string, 3>> rows;
-  std::smatch match;
-  for (std::string line; std::getline(file, line);)
-    if (std::regex_match(line, match, std::regex(form))) rows.push_back({match[1], match[2], match[3]});
-  EXPECT_GT(rows.size(), 10U) << name;
-  return rows;
-}
-
-Bytes BytesOf(const std::string& hex) {
-  Bytes bytes;
-  std::istringstream in(hex);
-  in >> std::hex;
-  for (unsigned byte = 0; in >> byte;)
-    bytes.push_back(static_cast<std::uint8_t>(byte));
-  return bytes;
-}
-
 } // namespace
 
 TEST(DataFile, IsTheDocumentedBytes) {
@@ -54,8 +33,10 @@ TEST(DataFile, IsTheDocumentedBytes) {
   std::iota(image.TtsTimingBlock.bytes.begin(), image.TtsTimingBlock.bytes.end(), std::uint8_t{0});
   const Bytes file = BuildDataFile(image);
   EXPECT_EQ(file.size(), 713U);
-  for (const auto& [name, offset, bytes] : RowsOf("layout.txt", "([^#].*): (.*): (.*)"))
-    EXPECT_EQ(Part(file, std::stoul(offset), BytesOf(bytes).size()), BytesOf(bytes)) << name;
+  for (const Row& row : RowsOf(CASES "layout.txt", ".*: (.*): (.*)")) {
+    const Bytes bytes = BytesOf(row[2]);
+    EXPECT_EQ(Part(file, std::stoul(row[1]), bytes.size()), bytes) << row[0];
+  }
 }
 
 TEST_F(FilesTest, LoadingTellsMissingFromDamaged) {
@@ -88,15 +69,13 @@ TEST(DataFile, EditedFilesHaveTheirOutcome) {
       {"LaterVersion", {LoadOutcome::LaterVersion}},
       {"ErrorVersion", {LoadOutcome::ErrorVersion}},
   };
-  for (const auto& [name, place, outcome] : RowsOf("edits.txt", "([^#:][^:]*): (.*) -> (.*)")) {
-    std::size_t offset = 0, removed = 0;
-    std::istringstream(place) >> offset >> removed;
-    const Bytes put = BytesOf(place.substr(place.find(':') + 1));
+  for (const Row& row : RowsOf(CASES "edits.txt", "[^:]+: (.*) (.*): (.*) -> (.*)")) {
+    const Bytes put = BytesOf(row[3]);
     Bytes file = BuildDataFile(FreshImage());
-    const auto at = file.begin() + static_cast<std::ptrdiff_t>(offset);
-    file.insert(file.erase(at, at + static_cast<std::ptrdiff_t>(removed)), put.begin(), put.end());
+    const auto at = file.begin() + std::stoi(row[1]);
+    file.insert(file.erase(at, at + std::stoi(row[2])), put.begin(), put.end());
     RadioImage image;
-    EXPECT_EQ(ParseDataFile(file, image), outcomes.at(outcome)) << name;
+    EXPECT_EQ(ParseDataFile(file, image), outcomes.at(row[4])) << row[0];
   }
 }
 

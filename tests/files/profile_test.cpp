@@ -1,5 +1,5 @@
-
 #include "files_fixture.h"
+#include "rows.h"
 
 namespace mr4500x {
 
@@ -8,42 +8,15 @@ TEST(IniText, ValuesAreFoundAsThePlatformWould) {
       "\xEF\xBB\xBF[ First ]\r\n; a=comment\r\na = one two \t\r\nB=\"  quoted \"\r\nc='x'\na=again\n"
       "\tlone=\"\nempty =\nno equals sign\npath=/a=b/c;d\n"
       "[SECOND] ; trailing\na=2\nmixed=\"x'\n[first]\nlate=1";
-  const struct {
-    const char *section, *key;
-    std::optional<std::string_view> expected;
-  } cases[] = {
-      {"first", "A", "one two"},     {"FIRST", "b", "  quoted "},    {"First", "c", "x"},
-      {"first", "lone", "\""},       {"first", "empty", ""},         {"first", "late", "1"},
-      {"first", "path", "/a=b/c;d"}, {"Second", "a", "2"},           {"second", "mixed", "\"x'"},
-      {"second", "b", std::nullopt}, {"first", "; a", std::nullopt}, {"first", "no equals sign", std::nullopt},
-      {"third", "a", std::nullopt},
-  };
-  for (const auto& [section, key, expected] : cases)
-    EXPECT_EQ(FindIniValue(text, section, key), expected) << section << ' ' << key;
+  for (const Row& row : RowsOf(CASES "ini_values.txt", "(.*) [+] (.*) -> (.*)"))
+    EXPECT_EQ(FindIniValue(text, row[1], row[2]).value_or("nothing"), row[3]) << row[0];
 }
 
 TEST(IniText, SettingAValueLeavesEveryOtherLineAsItWas) {
-  const struct {
-    const char *before, *key, *value, *after; // in section "S"
-  } cases[] = {
-      {"", "k", "v", "[S]\nk=v\n"},
-      {"\xEF\xBB\xBF", "k", "v", "\xEF\xBB\xBF[S]\nk=v\n"},
-      {"; c\r\n\r\n[s]\r\n  Key =  old \t\r\nl=1\r\n", "kEY", "v", "; c\r\n\r\n[s]\r\n  Key =  v\r\nl=1\r\n"},
-      {"[S]\nk=old", "k", "v", "[S]\nk=v"},
-      {"[S]\nk=\n\n", "k", "", "[S]\nk=\n\n"},
-      {"[S]\nj=1", "k", "v", "[S]\nj=1\nk=v\n"},
-      {"[S]\r\nj=1\r\n\r\n \t\r\n[T]\r\nk=1\r\n", "k", "v", "[S]\r\nj=1\r\nk=v\r\n\r\n \t\r\n[T]\r\nk=1\r\n"},
-      {"[S]\n[T]\n[s]\nk=1\n", "k", "v", "[S]\n[T]\n[s]\nk=v\n"},
-      {"[S]\n[T]\n[s]\nj=1\n", "k", "v", "[S]\nk=v\n[T]\n[s]\nj=1\n"},
-      {"[T]\r\nk=1", "k", "v", "[T]\r\nk=1\r\n[S]\r\nk=v\r\n"},
-      {"[S]\n", "k", "a\r\n[T]\nk=b", "[S]\nk=a  [T] k=b\n"},
-      {"[S]\n", "k", " blank", "[S]\nk=\" blank\"\n"},
-      {"[S]\n", "k", "'q'", "[S]\nk=\"'q'\"\n"},
-  };
-  for (const auto& [before, key, value, after] : cases) {
-    std::string text = before;
-    EXPECT_TRUE(SetIniValue(text, "S", key, value)) << before << key;
-    EXPECT_EQ(text, after) << before << key;
+  for (const Row& row : RowsOf(CASES "ini_changes.txt", "[^:]+: (.*) [+] (.*) [+] (.*) -> (.*)")) {
+    std::string text = Unescaped(row[1]);
+    EXPECT_TRUE(SetIniValue(text, "S", row[2], Unescaped(row[3]))) << row[0];
+    EXPECT_EQ(text, Unescaped(row[4])) << row[0];
   }
   std::string text = "[S]\n";
   for (const auto& [section, key] :

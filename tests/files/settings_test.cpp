@@ -2,48 +2,32 @@
 
 #include "files_fixture.h"
 #include "recent_files.h"
+#include "rows.h"
 
 namespace mr4500x {
 
-// In the lists "-" is a slot that has no key yet.
+namespace {
+
+// The settings file of slots as recent_files.txt writes them.
+std::string SlotsText(const std::string& slots) {
+  std::istringstream in(slots + '|');
+  std::string lines = "[Recent Files]\n", value;
+  for (char slot = '1'; std::getline(in, value, '|'); ++slot)
+    if (value != "-")
+      lines += std::string("RecentFile") + slot + '=' + (value.starts_with(' ') ? '"' + value + '"' : value) + '\n';
+  return lines;
+}
+
+} // namespace
+
 TEST_F(FilesTest, RecentFilesShiftSlotBySlot) {
-  using Slots = std::array<const char*, 4>;
-  const struct {
-    Slots before;
-    bool add;
-    const char* path;
-    Slots after;
-  } cases[] = {
-      {{"-", "-", "-", "-"}, true, "a", {"a", "-", "-", "-"}},
-      {{"a", "b", "c", "d"}, true, "e", {"e", "a", "b", "c"}},
-      {{"a", "b", "c", "d"}, true, "d", {"d", "a", "b", "c"}},
-      {{"a", "b", "c", "d"}, true, " A ", {" A ", "b", "c", "d"}},
-      {{"a", "\xC3\x84\xD0\x96/B", "c", "d"}, true, " \xC3\xA4\xD0\xB6/b", {" \xC3\xA4\xD0\xB6/b", "a", "c", "d"}},
-      {{"a", "\xC3\x84", "", ""}, true, "\xC3", {"\xC3", "a", "\xC3\x84", ""}}, // half a character
-      {{"a", "", "c", "d"}, true, "e", {"e", "a", "c", "c"}},                   // the gap leaves slot 3 as it was
-      {{"a", "b", "a", "d"}, true, "a", {"a", "a", "b", "d"}},                  // the highest match counts
-      {{"", "No File", "c", ""}, true, "c", {"c", "No File", "c", ""}},
-      {{"a", "b", "c", "d"}, false, "B ", {"a", "c", "d", ""}},
-      {{"a", "b", "", "d"}, false, "a", {"b", "", "", ""}}, // what lies behind a gap is lost
-      {{"a", "-", "-", "-"}, false, "a", {"", "", "", ""}},
-      {{"a", "b", "-", "-"}, false, "e", {"a", "b", "-", "-"}},
-  };
-  const auto text = [](const Slots& slots) {
-    std::string lines = "[Recent Files]\n";
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-      const std::string value = slots[i];
-      const bool isQuoted = value.starts_with(' ');
-      if (value == "-") continue;
-      lines += "RecentFile" + std::to_string(i + 1) + '=' + (isQuoted ? '"' + value + '"' : value) + '\n';
-    }
-    return lines;
-  };
-  for (const auto& [before, add, path, after] : cases) {
-    Put("MR4500X.ini", text(before));
-    EXPECT_TRUE((add ? AddRecent : RemoveRecent)(files, Path("MR4500X.ini"), path));
-    EXPECT_EQ(Content("MR4500X.ini"), text(after)) << text(before) << (add ? "+ " : "- ") << path;
+  for (const Row& row : RowsOf(CASES "recent_files.txt", "[^:]+: (.*) (add|remove) (.*) -> (.*)")) {
+    Put("MR4500X.ini", SlotsText(Unescaped(row[1])));
+    const auto change = row[2] == "add" ? AddRecent : RemoveRecent;
+    EXPECT_TRUE(change(files, Path("MR4500X.ini"), Unescaped(row[3]))) << row[0];
+    EXPECT_EQ(Content("MR4500X.ini"), SlotsText(Unescaped(row[4]))) << row[0];
   }
-  Put("MR4500X.ini", text({"/data/a.K4X", "", "No File", "-"}));
+  Put("MR4500X.ini", SlotsText("/data/a.K4X||No File|-"));
   EXPECT_EQ(RecentFiles(files, Path("MR4500X.ini")), RecentFileList{"/data/a.K4X"});
   EXPECT_EQ(RecentCaption(1, "/data/a.K4X"), " 1 /data/a.K4X");
 }

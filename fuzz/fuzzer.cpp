@@ -1,0 +1,7 @@
+// The fuzzer's way into a target.
+#include "fuzz_input.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  mr4500x::Fuzz(mr4500x::FuzzInput({data, size}));
+  return 0;
+}
