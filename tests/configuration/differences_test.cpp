@@ -80,9 +80,14 @@ TEST_F(DifferencesTest, BytesAreTheOnesThatNoSettingShows) {
        [](RadioImage& i) { i.RadioSettingsBlock[1] |= 0x0F; },
        {"Tx TOT: 60s -> {\"code\": 15}"}},
       {"the code of a tone that is off", [](RadioImage& i) { i.ChannelBlock(0, 4) = 7; }, {"ChannelBlock 4: 0 -> 7"}},
+      {"a tone that goes off, and its code",
+       [](RadioImage& i) { i.ChannelBlock(5, 0) ^= 0x30, i.ChannelBlock(5, 4) = 0; },
+       {"CH6 Rx CTC/DCS: CTC88.5 -> OFF"}},
       {"what no file holds", [](RadioImage& i) { i.RadioIdBlock[0] = i.WriteStampBlock[0] = 1; }, {}},
   };
   image.RadioSettingsBlock[1] = 0x02;
+  image.ChannelBlock(5, 0) |= 0x30;
+  image.ChannelBlock(5, 4) = 8;
   for (const auto& [name, plant, lines] : cases) {
     RadioImage other = image;
     plant(other);
