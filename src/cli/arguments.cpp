@@ -11,7 +11,10 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
+#include <numeric>
+#include <utility>
 
 namespace mr4500x {
 namespace {
@@ -25,6 +28,20 @@ std::string DevicePath(const std::string& text) {
   std::error_code ignored;
   const bool isHere = text.find('/') == std::string::npos && std::filesystem::exists(text, ignored);
   return isHere ? "./" + text : text;
+}
+
+// How many letters have to be put in, left out or changed.
+std::size_t EditsBetween(std::string_view from, std::string_view to) {
+  std::vector<std::size_t> row(to.size() + 1); // for the letters of `from` so far, and as many of `to`
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (const char letter : from) {
+    std::size_t before = row[0]++;
+    for (std::size_t i = 1; i < row.size(); ++i) {
+      const std::size_t changed = before + (letter == to[i - 1] ? 0 : 1);
+      before = std::exchange(row[i], std::min({changed, row[i] + 1, row[i - 1] + 1}));
+    }
+  }
+  return row.back();
 }
 
 void UseLineFeeds(QString& text) {
@@ -54,6 +71,29 @@ std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& file
   return std::make_unique<QtSerialPort>([pins = PortDevices(files, settingsFile)](int number) {
     return DeviceOfPort(number, pins, MachineSerialDevices());
   });
+}
+
+bool IsThere(const PortArgument& port) {
+  std::error_code unknown;
+  return port.number > 0 || std::filesystem::is_character_file(port.device, unknown);
+}
+
+bool HasDataFileEnding(const std::string& path) {
+  std::string ending = std::filesystem::path(path).extension().string();
+  std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) { return std::toupper(c); });
+  return ending == ".K4X" || ending == ".K4Y";
+}
+
+std::string NearestOf(std::string_view word, const std::vector<std::string>& names) {
+  constexpr std::size_t MostEdits = 2;
+  std::string nearest;
+  std::size_t least = MostEdits + 1;
+  for (const std::string& name : names)
+    if (const std::size_t edits = EditsBetween(word, name); edits < least) {
+      least = edits;
+      nearest = name;
+    }
+  return nearest;
 }
 
 std::optional<std::u16string> InfoFromArgument(std::string_view argument) {

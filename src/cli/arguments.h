@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mr4500x {
 
@@ -26,6 +27,15 @@ struct PortArgument {
 // Looks up the device of a number, using the devices pinned in the settings file.
 [[nodiscard]] std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& files,
                                                     const std::string& settingsFile);
+
+// Whether it is a number, or the path of a device that is there.
+[[nodiscard]] bool IsThere(const PortArgument& port);
+
+// Whether a file of that name is a data file: by its ending, in capitals or not.
+[[nodiscard]] bool HasDataFileEnding(const std::string& path);
+
+// The name that may have been meant: two letters at most are missing, wrong or too many. "" if there is none.
+[[nodiscard]] std::string NearestOf(std::string_view word, const std::vector<std::string>& names);
 
 // From UTF-8; every line break becomes carriage return and line feed. nullopt if the argument is not UTF-8.
 [[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);

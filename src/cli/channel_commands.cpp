@@ -40,13 +40,13 @@ ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const s
   Configuration values;
   if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
   const std::string text = ChannelsCsv(values);
-  if (csv == "-") {
+  if (csv == Stream) {
     terminal.out << text;
     return EndOutput(terminal);
   }
   const std::vector<std::uint8_t> bytes(text.begin(), text.end());
   if (ReplaceFile(files, csv, bytes, Surplus::Drop)) return ExitStatus::Done;
-  terminal.err << csv << ": can't be written\n";
+  terminal.err << csv << ": can't be written" << SystemReason() << '\n';
   return ExitStatus::Failed;
 }
 

@@ -12,8 +12,9 @@
 namespace mr4500x {
 namespace {
 
-constexpr const char* Read = "data file (.K4X)";
-constexpr const char* Changed = "data file (.K4X); replaced in one step, or left as it was if anything is refused";
+constexpr const char* Read = "data file (.K4X); - for standard input";
+constexpr const char* Changed =
+    "data file (.K4X); replaced in one step, or left as it was if anything is refused; - from standard input to output";
 
 // What is given, and what a command works with.
 struct Call {
@@ -37,13 +38,20 @@ struct Declaring {
     sub->final_callback([&to = chosen, on = call, run] { to = [on, run] { return run(*on); }; });
     return sub;
   }
-  static void Positional(CLI::App* sub, const char* name, auto& value, const char* about) {
-    sub->add_option(name, value, about)->required()->type_name("");
+  static CLI::Option* Positional(CLI::App* sub, const char* name, auto& value, const char* about) {
+    return sub->add_option(name, value, about)->required()->type_name("");
+  }
+  // What is read beside FILE.
+  void Other(CLI::App* sub, const char* name, const char* about) const {
+    Positional(sub, name, call->other, about)->check([on = call](const std::string& text) {
+      return std::string(text == Stream && on->file == Stream ? "only one can be standard input" : "");
+    });
   }
   void File(CLI::App* sub, const char* about) const { Positional(sub, "FILE", call->file, about); }
   void Json(CLI::App* sub) const { sub->add_flag("--json", call->json, "as one JSON document"); }
   void Output(CLI::App* sub) const {
-    sub->add_option("--output", call->output, "write OUT, over a file that is there, and leave FILE as it is")
+    sub->add_option("--output", call->output,
+                    "write OUT, over a file that is there, or - for standard output; FILE stays as it is")
         ->type_name("OUT");
   }
 
@@ -51,7 +59,7 @@ struct Declaring {
     CLI::App* const create = Command(app, "new", "Write the default configuration to FILE", [](Call& c) {
       return RunNew(c.files, c.file, c.replace, LocalNow(), c.terminal);
     });
-    File(create, "data file (.K4X); one that is there is left unless --replace is given");
+    File(create, "data file (.K4X); one that is there is left unless --replace is given; - for standard output");
     create->add_flag("--replace", call->replace, "over a file that is there");
     CLI::App* const show = Command(app, "show", "Print every setting of FILE", [](Call& c) {
       return RunShow(c.files, c.file, c.json ? ShowAs::Json : ShowAs::Table, c.terminal);
@@ -62,8 +70,8 @@ struct Declaring {
         Command(app, "diff", "Print the settings that differ, then the bytes that no setting shows; 1 if any differs",
                 [](Call& c) { return RunDiff(c.load, c.file, c.other, c.json, c.terminal); });
     Json(diff);
-    Positional(diff, "A", call->file, "data file (.K4X) or PORT");
-    Positional(diff, "B", call->other, "data file (.K4X) or PORT");
+    Positional(diff, "A", call->file, "data file (.K4X) or PORT; - for standard input");
+    Other(diff, "B", "data file (.K4X) or PORT; - for standard input");
   }
 
   void Settings(CLI::App& app) const {
@@ -81,7 +89,7 @@ struct Declaring {
     CLI::App* const apply = Command(app, "apply", "Take settings from what `show --json` prints, or from a part of it",
                                     [](Call& c) { return RunApply(c.files, c.file, c.Target(), c.other, c.terminal); });
     File(apply, Changed);
-    Positional(apply, "CHANGES.json", call->other, "the JSON document; - for standard input");
+    Other(apply, "CHANGES.json", "the JSON document; - for standard input");
     Output(apply);
   }
 
@@ -98,7 +106,7 @@ struct Declaring {
                   return RunChannelsImport(c.files, {c.file, c.other, c.Target(), c.skipBad}, c.terminal);
                 });
     File(take, Changed);
-    Positional(take, "IN.csv", call->other, "the list, separated by commas, semicolons or tabs; - for standard input");
+    Other(take, "IN.csv", "the list, separated by commas, semicolons or tabs; - for standard input");
     take->add_flag("--skip-bad", call->skipBad, "leave out the lines that are refused, and take the others");
     Output(take);
   }

@@ -18,14 +18,18 @@ enum class ShowAs { Table, Json };
 // Prints every setting as the editor shows it, with "." as the decimal separator.
 [[nodiscard]] ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal);
 
-// Loads a data file into a new image and prints its messages. False if it could not be loaded.
+// The path of a data file to load, as messages name it.
+[[nodiscard]] std::string NameOfSource(const std::string& path);
+
+// Loads a data file, or standard input for "-", into a new image and prints its messages. False if it could not be
+// loaded.
 [[nodiscard]] bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal);
 
 // The same, and decodes the image. False, with a message, also if it can be decoded only in part.
 [[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
                                         RadioImage& image, Configuration& values, Terminal& terminal);
 
-// False, with a message, if the image could not be stored.
+// Stores it, for "-" on standard output. False, with a message, if it could not be stored.
 [[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
                                   Terminal& terminal);
 

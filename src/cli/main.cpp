@@ -16,13 +16,13 @@
 
 #include <unistd.h>
 
-#include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <span>
+#include <string_view>
 #include <tuple>
 
 namespace mr4500x {
@@ -64,8 +64,20 @@ private:
   std::function<ExitStatus()> m_command;
 };
 
+// A file that is named like a port is taken for one only if the port is a file.
+bool AreSwapped(const std::string& file, const PortArgument& port) {
+  const auto meant = ParsePortArgument(file);
+  std::error_code unknown;
+  return meant && IsThere(*meant) &&
+         (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(port.device, unknown));
+}
+
 ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
-  const auto& [port, traceFile] = std::tie(m_arguments.port, m_arguments.traceFile);
+  const auto& [file, port, traceFile] = std::tie(m_arguments.file, m_arguments.port, m_arguments.traceFile);
+  if (AreSwapped(file, port)) {
+    m_terminal.err << file << " is a port, " << port.device << " a data file: the other way round, please\n";
+    return ExitStatus::UnusableArguments;
+  }
   std::ofstream trace;
   if (!traceFile.empty()) trace.open(traceFile, std::ios::app);
   if (!trace) {
@@ -84,9 +96,7 @@ ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioComm
 // A number and what leads to a device are ports.
 bool CommandLine::Load(const std::string& fileOrPort, RadioImage& image) {
   const auto port = ParsePortArgument(fileOrPort);
-  std::error_code unknown;
-  const bool isPort = port && (port->number > 0 || std::filesystem::is_character_file(port->device, unknown));
-  if (!isPort) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
+  if (!port || !IsThere(*port)) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
   m_arguments.port = *port;
   const auto read = [&](const RadioCommand& radio) {
     return ReadForCommand(radio, image) ? ExitStatus::Done : ExitStatus::Failed;
@@ -119,10 +129,7 @@ std::u16string InfoOf(const std::string& text) {
 bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& pdfFile) {
   std::error_code failed; // of a missing file there is nothing to overwrite
   if (std::filesystem::equivalent(dataFile, pdfFile, failed)) return true;
-  std::string extension = std::filesystem::weakly_canonical(pdfFile, failed).extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return std::toupper(c); });
-  if (extension == ".K4X" || extension == ".K4Y") return true;
+  if (HasDataFileEnding(std::filesystem::weakly_canonical(pdfFile, failed).string())) return true;
   RadioImage unused;
   return LoadDataFile(files, pdfFile, unused).outcome == LoadOutcome::Loaded;
 }
@@ -156,7 +163,9 @@ void CommandLine::Declare(CLI::App& app) {
     const auto take = [&value, parse](const std::string& text) { value = parse(text); };
     return sub->add_option_function<std::string>(name, take, about)->required()->type_name("");
   };
-  const auto file = [&](CLI::App* sub) { positional(sub, "FILE", given.file, "data file (.K4X)"); };
+  const auto file = [&](CLI::App* sub) {
+    positional(sub, "FILE", given.file, "data file (.K4X); - for standard input");
+  };
   const auto trace = [&](CLI::App* sub) {
     sub->add_option("--trace", given.traceFile, "add every byte on the line, with its time, to this file")
         ->type_name("FILE");
@@ -185,7 +194,8 @@ void CommandLine::Declare(CLI::App& app) {
   CLI::App* const read = command(app, "read", "Read the whole radio and store it in FILE, over one that is there",
                                  onRadio([&](const RadioCommand& radio) { return RunRead(radio, given.file); }));
   port(read);
-  positional(read, "FILE", given.file, "data file (.K4X); {id}, {date} and {time} in it are filled in");
+  positional(read, "FILE", given.file,
+             "data file (.K4X); {id}, {date} and {time} in it are filled in; - for standard output");
   quick(read);
 
   CLI::App* const write =
@@ -233,6 +243,24 @@ void CommandLine::Declare(CLI::App& app) {
           [this] { return Ports(); });
 }
 
+// What to tell about a word in the place of a command; "" if the words are commands.
+std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
+  for (const std::string_view word : words) {
+    std::vector<std::string> names;
+    const CLI::App* next = nullptr;
+    for (const CLI::App* const sub : at->get_subcommands([](const CLI::App*) { return true; })) {
+      if (!sub->get_name().empty()) names.push_back(sub->get_name()); // else a group of options
+      if (sub->get_name() == word) next = sub;
+    }
+    if (names.empty() || word.starts_with('-')) return "";
+    const std::string nearest = NearestOf(word, names);
+    const std::string hint = nearest.empty() ? "--help lists the commands" : "did you mean \"" + nearest + "\"?";
+    if (next == nullptr) return '"' + std::string(word) + "\" is no command; " + hint;
+    at = next;
+  }
+  return "";
+}
+
 int CommandLine::Run(int argc, char** argv) {
   CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
   app.require_subcommand(1);
@@ -241,6 +269,11 @@ int CommandLine::Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
+    const std::string unknown = UnknownCommand(&app, std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+    if (!unknown.empty()) {
+      std::cerr << unknown << '\n';
+      return static_cast<int>(ExitStatus::UnusableArguments);
+    }
     return app.exit(error, std::cout, std::cerr) == 0 ? 0 : static_cast<int>(ExitStatus::UnusableArguments);
   }
   return static_cast<int>(m_command());

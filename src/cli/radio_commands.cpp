@@ -18,9 +18,10 @@
 namespace mr4500x {
 namespace {
 
-// False, with a message, unless the transfer is complete.
+// False, with a message that names the port, unless the transfer is complete.
 bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
-  if (const auto failure = FailureOf(result)) terminal.err << failure->text << '\n';
+  if (const auto failure = FailureOf(result))
+    terminal.err << (failure->text.starts_with(result.port) ? "" : result.port + ": ") << failure->text << '\n';
   return result.outcome == Outcome::Complete;
 }
 
@@ -37,19 +38,22 @@ ExitStatus Fail(const Terminal& terminal, const std::string& message) {
 
 // Where the name depends on the radio, its folder can too; then only the save can tell.
 bool MayBeStored(FileSystem& files, const std::string& path) {
-  return FolderOf(path).find('{') != std::string::npos || MayReplace(files, path);
+  return path == Stream || FolderOf(path).find('{') != std::string::npos || MayReplace(files, path);
 }
 
 // Keeps the radio's configuration, and its embedded text beside it if there is one. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   const auto refuse = [&] {
-    return Fail(command.terminal, folder + ": the backup can't be kept here. Nothing has been written.");
+    return Fail(command.terminal,
+                folder + ": the backup can't be kept here. Nothing has been written." + SystemReason());
   };
   if (!MakeFolderOf(command.files, folder + "/") || !MayReplace(command.files, folder + "/backup")) return refuse();
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const std::string stem = folder + '/' + FilledIn("{id}_{date}_{time}", image, command.now());
-  if (!IsMissing(command.files, stem + ".K4X") || !SaveDataFile(command.files, stem + ".K4X", image)) return refuse();
+  if (!IsMissing(command.files, stem + ".K4X"))
+    return Fail(command.terminal, stem + ".K4X: there is such a file already. Nothing has been written.");
+  if (!SaveDataFile(command.files, stem + ".K4X", image)) return refuse();
   const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   if (!text.empty() && !ReplaceFile(command.files, stem + ".txt", bytes, Surplus::Drop)) return refuse();
@@ -65,7 +69,7 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
   command.terminal.out << lines;
   if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
   if (lines.empty()) return ExitStatus::Done;
-  return Fail(command.terminal, command.line.PortName() + " does not hold what " + path + " holds.");
+  return Fail(command.terminal, command.line.PortName() + " does not hold what " + NameOfSource(path) + " holds.");
 }
 
 } // namespace
@@ -74,18 +78,19 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   if (!IsComplete(command.terminal, ReadRadio(command.line, image, observer, command.speed))) return false;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
-  if (image.FiveToneStandard == 0) command.terminal.err << DataErrorText << '\n'; // as the editor does
+  if (image.FiveToneStandard == 0) // as the editor does
+    command.terminal.err << command.line.PortName() << ": " << DataErrorText << '\n';
   return true;
 }
 
 ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
   if (!MayBeStored(command.files, path)) // fail before reading the whole radio
-    return Fail(command.terminal, MessageForFailed(SaveCommand::Save).text);
+    return Fail(command.terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + SystemReason());
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const std::string file = FilledIn(path, image, command.now());
   if (!SaveForCommand(command.files, file, image, command.terminal)) return ExitStatus::Failed;
-  command.terminal.out << IdentityTable(image);
+  (file == Stream ? command.terminal.err : command.terminal.out) << IdentityTable(image);
   if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
   return Done(command.terminal, command.line.PortName() + " has been read into " + file + ".");
 }
@@ -107,14 +112,14 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   TerminalObserver observer(terminal, options.band);
   if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;
   if (options.isVerified && Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
-  return Done(terminal, path + " has been written to " + line.PortName() + ".");
+  return Done(terminal, NameOfSource(path) + " has been written to " + line.PortName() + ".");
 }
 
 ExitStatus RunVerify(const RadioCommand& command, const std::string& path) {
   RadioImage image;
   if (!LoadForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
   if (Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
-  return Done(command.terminal, command.line.PortName() + " holds what " + path + " holds.");
+  return Done(command.terminal, command.line.PortName() + " holds what " + NameOfSource(path) + " holds.");
 }
 
 ExitStatus RunInfoRead(const RadioCommand& command) {

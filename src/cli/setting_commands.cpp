@@ -8,8 +8,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <istream>
-#include <iterator>
 #include <ostream>
 
 namespace mr4500x {
@@ -118,10 +116,10 @@ ExitStatus StoreChanges(FileSystem& files, const std::string& path, const std::s
 }
 
 std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
-  if (path == "-") return std::string(std::istreambuf_iterator<char>(terminal.in), {});
+  if (path == Stream) return ReadInput(terminal);
   std::vector<std::uint8_t> bytes;
   if (ReadFile(files, path, TextLimit, bytes) == ReadOutcome::Read) return std::string(bytes.begin(), bytes.end());
-  terminal.err << path << ": can't be read\n";
+  terminal.err << path << ": can't be read" << SystemReason() << '\n';
   return std::nullopt;
 }
 

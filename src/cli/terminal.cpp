@@ -4,15 +4,27 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <iostream>
-#include <string>
+#include <system_error>
 
 namespace mr4500x {
+
+std::string ReadInput(Terminal& terminal) {
+  std::string text(std::size_t{1} << 20, '\0');
+  terminal.in.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(terminal.in.gcount()));
+  return text;
+}
+
+std::string SystemReason() {
+  return " (" + std::generic_category().message(errno) + ')';
+}
 
 ExitStatus EndOutput(Terminal& terminal) {
   terminal.out << std::flush;
   if (terminal.out.good()) return ExitStatus::Done;
-  terminal.err << "The output could not be written.\n";
+  terminal.err << "The output could not be written." << SystemReason() << '\n';
   return ExitStatus::Failed;
 }
 

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <iosfwd>
+#include <string>
 #include <string_view>
 
 namespace mr4500x {
@@ -25,6 +26,15 @@ struct Terminal {
   // Waits for what the user types. False if the program is to end instead.
   std::function<bool()> awaitInput = [] { return true; };
 };
+
+// A FILE that is standard input, or standard output where it is written.
+inline constexpr std::string_view Stream = "-";
+
+// All of standard input, up to 1 MiB.
+[[nodiscard]] std::string ReadInput(Terminal& terminal);
+
+// " (No space left on device)": what errno says, after a message.
+[[nodiscard]] std::string SystemReason();
 
 // The exit status after printing data: Failed, with a message, if it could not all be written.
 [[nodiscard]] ExitStatus EndOutput(Terminal& terminal);

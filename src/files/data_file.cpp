@@ -105,16 +105,20 @@ std::vector<std::uint8_t> BuildDataFile(const RadioImage& image) {
 
 LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image) {
   ItemReader reader(bytes);
+  const auto damaged = [&](bool markerNotEmpty = false) {
+    return LoadResult{LoadOutcome::Damaged, markerNotEmpty, reader.Begun(), reader.RanOut()};
+  };
   const auto header = reader.Next();
-  if (!header) return {LoadOutcome::Damaged};
+  if (!header) return damaged();
   const bool isVersion1 = header->text == HeaderVersion1;
   if (!isVersion1 && header->text != HeaderVersion0)
     return {header->text.starts_with(HeaderOfSeries) ? LoadOutcome::LaterVersion : LoadOutcome::ErrorVersion};
 
   const auto marker = reader.Next();
-  if (!marker) return {LoadOutcome::Damaged};
+  if (!marker) return damaged();
   const bool isEmpty = marker->tag == ItemTag::Empty || (marker->tag == ItemTag::Integer && marker->integer == 0);
-  return {ReadBlocks(reader, isVersion1 ? 1 : 0, image), !isEmpty};
+  const LoadOutcome outcome = ReadBlocks(reader, isVersion1 ? 1 : 0, image);
+  return outcome == LoadOutcome::Damaged ? damaged(!isEmpty) : LoadResult{outcome, !isEmpty};
 }
 
 LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image) {

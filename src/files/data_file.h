@@ -27,6 +27,8 @@ enum class LoadOutcome : std::uint8_t {
 struct LoadResult {
   LoadOutcome outcome = LoadOutcome::Damaged;
   bool markerNotEmpty = false; // made for newer software: show NewVersionNotice, whatever the outcome
+  int damagedItem = 0;         // counted from 1; 0 if the file is missing or can't be read, as errno tells
+  bool endsInItem = false;     // else the item is not what belongs there
   bool operator==(const LoadResult&) const = default;
 };
 

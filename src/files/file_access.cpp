@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <optional>
 #include <string_view>
 
@@ -43,6 +44,7 @@ struct PlacedFile {
 
 // The file may be missing.
 std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
+  errno = ENOENT;
   if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
   for (int links = 0; links <= MostLinks; ++links) {
     const auto status = files.Status(path);
@@ -52,13 +54,21 @@ std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
     if (!target) return std::nullopt;
     path = target->starts_with('/') ? *target : InFolder(FolderOf(path), *target);
   }
+  errno = ELOOP;
   return std::nullopt;
+}
+
+// A file of any kind is there, but not to be read or written.
+int ReasonAgainst(FileKind kind) {
+  return kind == FileKind::Regular ? EACCES : kind == FileKind::Folder ? EISDIR : EINVAL;
 }
 
 bool IsRefused(FileSystem& files, const PlacedFile& target) {
   const auto& [path, old] = target;
   if (old.kind == FileKind::Missing) return false;
-  return old.kind != FileKind::Regular || (old.mode & WriteBits) == 0 || !files.CanWrite(path);
+  if (old.kind == FileKind::Regular && (old.mode & WriteBits) != 0) return !files.CanWrite(path);
+  errno = ReasonAgainst(old.kind);
+  return true;
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& folder) {
@@ -192,11 +202,13 @@ std::string FolderOf(const std::string& path) {
 
 ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
   bytes.clear();
-  if (path.empty()) return ReadOutcome::Missing;
   const auto found = FollowLinks(files, path);
+  if (path.empty() || (found && found->status.kind == FileKind::Missing)) return ReadOutcome::Missing;
   if (!found) return ReadOutcome::Failed;
-  if (found->status.kind == FileKind::Missing) return ReadOutcome::Missing;
-  if (found->status.kind != FileKind::Regular) return ReadOutcome::Failed;
+  if (found->status.kind != FileKind::Regular) {
+    errno = ReasonAgainst(found->status.kind);
+    return ReadOutcome::Failed;
+  }
   const auto file = files.OpenToRead(found->path);
   if (!file) return ReadOutcome::Failed;
   // One byte more than the reported size finds the end, or shows that the file has grown.

@@ -1,4 +1,5 @@
 // Reading a whole file, and replacing one so that its path holds either the complete old or the complete new content.
+// When an operation on a path fails or refuses it, errno has the reason.
 #pragma once
 
 #include <cstddef>

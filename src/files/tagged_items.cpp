@@ -17,6 +17,7 @@ std::uint32_t NumberAt(std::span<const std::uint8_t> bytes, std::size_t at, std:
 } // namespace
 
 std::optional<TaggedItem> ItemReader::Next() {
+  ++m_begun;
   const auto tag = TakeNumber();
   if (!tag) return std::nullopt;
   TaggedItem item{.tag = static_cast<ItemTag>(*tag)};
@@ -51,7 +52,8 @@ std::optional<TaggedItem> ItemReader::TakeArray() {
 }
 
 std::optional<std::span<const std::uint8_t>> ItemReader::Take(std::size_t count) {
-  if (count > m_rest.size()) return std::nullopt;
+  m_ranOut = count > m_rest.size();
+  if (m_ranOut) return std::nullopt;
   const auto taken = m_rest.first(count);
   m_rest = m_rest.subspan(count);
   return taken;

@@ -35,12 +35,17 @@ public:
   // nullopt if the next item is incomplete or its tag unknown. Don't call again after that.
   [[nodiscard]] std::optional<TaggedItem> Next();
 
+  [[nodiscard]] int Begun() const { return m_begun; }
+  [[nodiscard]] bool RanOut() const { return m_ranOut; } // of bytes, within the last item
+
 private:
   [[nodiscard]] std::optional<std::span<const std::uint8_t>> Take(std::size_t count);
   [[nodiscard]] std::optional<std::uint16_t> TakeNumber();
   [[nodiscard]] std::optional<TaggedItem> TakeArray();
 
   std::span<const std::uint8_t> m_rest;
+  int m_begun = 0;
+  bool m_ranOut = false;
 };
 
 using ItemBytes = std::vector<std::uint8_t>;

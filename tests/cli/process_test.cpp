@@ -69,7 +69,8 @@ TEST_F(CommandLineTest, TheTypicalJob) {
 
   image.RadioSettingsBlock[4] = 100;
   ASSERT_TRUE(SaveDataFile(files, file, image));
-  ExpectAll({{"write " + file + " " + port, 0, ""},
+  ExpectAll({{"write - " + port + " <" + file, 0, ""},
+             {"read --quick " + port + " - 2>" + Path("said") + " | cmp - " + file, 0, ""},
              {"info write " + port + " 'two\nlines'", 0, ""},
              {"info read " + port, 0, "two\nlines\n20"}});
   EndRadio(SIGKILL); // what was written is in its file
@@ -101,20 +102,20 @@ TEST_F(CommandLineTest, FailuresHaveTheirMessageAndLeaveTheFile) {
   const struct {
     const char *fault, *command, *message;
   } cases[] = {
-      {"short-reply", "read", "Reading is interrupted, please retry Read.\n"},
-      {"vanish@1 --fault late-answer", "read", "Read data error, please retry Read.\n"},
+      {"short-reply", "read", ": Reading is interrupted, please retry Read.\n"},
+      {"vanish@1 --fault late-answer", "read", ": Read data error, please retry Read.\n"},
       {"wrong-model", "write",
-       "The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!\n"},
+       ": The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!\n"},
       {"other-band", "write",
        "The frequency band is different from the destination radio model.Are you still continue?\n"},
-      {"ng", "write", "Writing data error, please retry Write.\n"},
+      {"ng", "write", ": Writing data error, please retry Write.\n"},
   };
   const std::string before = Content("a.K4X");
   for (const auto& [fault, command, message] : cases) {
     SCOPED_TRACE(fault);
     StartRadio(std::string(" --fault ") + fault);
-    ExpectAll(
-        {{command == std::string("read") ? "read " + port + " " + file : "write " + file + " " + port, 1, message}});
+    ExpectAll({{command == std::string("read") ? "read " + port + " " + file : "write " + file + " " + port, 1,
+                (message[0] == ':' ? port : "") + message}});
     EXPECT_EQ(Content("a.K4X"), before);
     EndRadio();
   }
@@ -140,7 +141,7 @@ TEST_F(CommandLineTest, PrintsAFile) {
 
   const std::string before = Content("a.K4X"), printed = Content("a.pdf");
   std::filesystem::create_symlink("a.K4X", Path("link.pdf"));
-  ExpectAll({{"print " + Path("none.K4X ") + pdf, 1, "File has been damaged!\n"},
+  ExpectAll({{"print " + Path("none.K4X ") + pdf, 1, Path("none.K4X: File has been damaged!")},
              {print + Path(""), 1, "The PDF file " + Path("") + " can't be written.\n"},
              {print + pdf + " --reports all", 2, ""},
              {print + Path("./a.K4X"), 2, ""},
@@ -153,12 +154,32 @@ TEST_F(CommandLineTest, PrintsAFile) {
 TEST_F(CommandLineTest, FilesAndArguments) {
   Put("newer.K4X", Content("a.K4X").replace(51, 2, std::string("\x02\0\x01\0", 4))); // its format marker is 1
   Put("damaged.K4X", "nonsense");
+  Put("cut.K4X", Content("a.K4X").substr(0, 400));
+  const std::string named = " " MR4500X_CLI " ", damaged = "File has been damaged!",
+                    none = " (No such file or directory)\n";
   ExpectAll({
       {"show --json " + file, 0, "{"},
-      {"show " + Path("newer.K4X"), 0, "This software version isn't applied to the radio, please use new software.\n"},
-      {"show " + Path("damaged.K4X"), 1, "File has been damaged!\n"},
-      {"show " + Path("none.K4X"), 1, "File has been damaged!\n"},
-      {"new " + Path("no/folder.K4X"), 1, "File hasn't been saved. Please try again!\n"},
+      {"show " + Path("newer.K4X"), 0,
+       Path("newer.K4X: This software version isn't applied to the radio, please use new software.\n")},
+      {"show " + Path("damaged.K4X"), 1, Path("damaged.K4X: ") + damaged + " (item 1 is not what belongs there)\n"},
+      {"show " + Path("cut.K4X"), 1, Path("cut.K4X: ") + damaged + " (ends within item 6)\n"},
+      {"show " + Path("none.K4X"), 1, Path("none.K4X: ") + damaged + none},
+      {"show " + Path(""), 1, Path(": ") + damaged + " (Is a directory)\n"},
+      {"show - <" + Path("cut.K4X"), 1, "standard input: " + damaged + " (ends within item 6)\n"},
+      {"new " + Path("no/folder.K4X"), 1, Path("no/folder.K4X: File hasn't been saved. Please try again!") + none},
+      {"read /nowhere " + Path("no/folder.K4X"), 1,
+       Path("no/folder.K4X: File hasn't been saved. Please try again!") + none},
+      {"show " + file + " >/dev/full", 1, "The output could not be written. (No space left on device)\n"},
+      {"write 1 " + file, 2, "1 is a port, " + file + " a data file: the other way round, please\n"},
+      {"read b.k4x COM2", 2, "COM2 is a port, b.k4x a data file: the other way round, please\n"},
+      {"shwo", 2, "\"shwo\" is no command; did you mean \"show\"?\n"},
+      {"info wirte 1 text", 2, "\"wirte\" is no command; did you mean \"write\"?\n"},
+      {"frobnicate", 2, "\"frobnicate\" is no command; --help lists the commands\n"},
+      {"new - |" + named + "set - global.tx_tot=30s |" + named + "diff " + file + " -", 1, "Tx TOT  60s  30s\n"},
+      {"channels export " + file + " |" + named + "channels import --output - " + file + " - |" + named + "diff - " +
+           file,
+       0, ""},
+      {"apply - -", 2, "CHANGES.json: only one can be standard input\n"},
       {"read /nowhere " + file, 1, "/nowhere: No such file or directory\n"},
       {"new " + file, 1, file + ": there is such a file already; --replace replaces it\n"},
       {"new --replace " + file, 0, ""},
@@ -166,17 +187,15 @@ TEST_F(CommandLineTest, FilesAndArguments) {
       {"set " + file + " --output " + Path("b.K4X") + " channels.3.rx_tone=-DCS023 'select_call=5 Tone'", 0, ""},
       {"get " + Path("b.K4X") + " select_call channels.3.tail_cut", 0, "5 Tone\nON\n"},
       {"set " + file + " global.tx_tot=61s", 2, "global.tx_tot=61s: refused; allowed: one of OFF, 30s"},
-      {"set " + Path("none.K4X") + " global.tx_tot=60s", 1, "File has been damaged!\n"},
+      {"set " + Path("none.K4X") + " global.tx_tot=60s", 1, Path("none.K4X: ") + damaged + none},
       {"diff " + file + " " + Path("b.K4X"), 1, "Select Call  TTS  5 Tone\n"},
-      {"diff " + file + " " + Path("damaged.K4X"), 2, "File has been damaged!\n"},
+      {"diff " + file + " " + Path("damaged.K4X"), 2, Path("damaged.K4X: ") + damaged},
       {"show --json " + Path("b.K4X") + " | " MR4500X_CLI " apply " + file + " -", 0, ""},
       {"diff --json " + file + " " + Path("b.K4X"), 0, "{"},
-      {"apply " + file + " " + Path("none.json"), 1, Path("none.json: can't be read\n")},
+      {"apply " + file + " " + Path("none.json"), 1, Path("none.json: can't be read") + none},
       {"channels export " + file, 0, "number,in_use,rx_freq,"},
-      {"channels export " + file + " | " MR4500X_CLI " channels import " + file + " -", 0, ""},
       {"channels", 2, ""},
       {"", 2, ""},
-      {"frobnicate", 2, ""},
       {"read 17 " + file, 2, ""},
       {"info write /nowhere " + std::string(120, 'x'), 2, ""},
       {"show --xml " + file, 2, ""},

@@ -169,7 +169,7 @@ TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {
   EXPECT_EQ(exportTo(list), "");
   EXPECT_EQ(exportTo("-"), Content("list.csv"));
   EXPECT_EQ(import(false) + Diff(), "");
-  EXPECT_EQ(exportTo(Path("no/list.csv")), Path("no/list.csv: can't be written\nstatus 1"));
+  EXPECT_EQ(exportTo(Path("no/list.csv")), Path("no/list.csv: can't be written (No such file or directory)\nstatus 1"));
   Put("list.csv", "Location,Name,Frequency\n1,A,446.1\n");
   EXPECT_EQ(import(false), list + ": Name: left out; a radio has nothing for it\n");
   Put("list.csv", "A,B\n1,2\n");
