@@ -1,6 +1,19 @@
 # Completion of mr4500x-cli for bash.
+
+# The values that a setting can have, one a line. Numbers and frequencies have too many.
+_mr4500x_cli_values() {
+  "$1" fields --json 2>/dev/null | awk -v field="\"field\": \"$2\"," '
+    /"field":/ { found = index($0, field) }
+    /]/ { isList = 0 }
+    found && /"yes\/no"/ { print "true\nfalse" }
+    found && isList { sub(/^ *"/, ""); sub(/",?$/, ""); print }
+    /"choices":/ { isList = 1 }'
+}
+
 _mr4500x_cli() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word count=0
+  local field=${COMP_WORDS[COMP_CWORD - 2]} # in FIELD = VALUE, which are three words
+  [ "$current" != = ] || field=$previous previous="=" current=""
   local command=${COMP_WORDS[1]} files="" ports="" words=""
   for word in "${COMP_WORDS[@]:2:COMP_CWORD-2}"; do
     case $word in -* | "$current") ;; *) count=$((count + 1)) ;; esac
@@ -9,10 +22,14 @@ _mr4500x_cli() {
     words="new show fields get set apply channels diff identify read write verify info print ports --help --version"
   elif [ "$previous" = --reports ]; then
     words="channels tts info channels,tts channels,info tts,info channels,tts,info"
+  elif [ "$command$previous" = "set=" ]; then
+    local IFS=$'\n'
+    mapfile -t COMPREPLY < <(compgen -W "$(_mr4500x_cli_values "${COMP_WORDS[0]}" "$field")" -- "$current")
+    return 0
   elif [ "$previous" = --backup ]; then
     mapfile -t COMPREPLY < <(compgen -d -- "$current")
     return 0
-  elif [ "$previous" = --trace ] || [ "$previous" = --from ]; then
+  elif [[ $previous == --@(trace|from|output) ]]; then
     mapfile -t COMPREPLY < <(compgen -f -- "$current")
     return 0
   else
@@ -22,7 +39,11 @@ _mr4500x_cli() {
       apply:1) files='*.json' ;;
       channels:0) words="export import" ;;
       channels:2) files='*.csv' ;;
-      get:* | set:*) words=$("${COMP_WORDS[0]}" fields 2>/dev/null | cut -f 1) ;;
+      get:*) words=$("${COMP_WORDS[0]}" fields 2>/dev/null | cut -f 1) ;;
+      set:*)
+        words=$("${COMP_WORDS[0]}" fields 2>/dev/null | cut -f 1 | sed 's/$/=/')
+        [[ $current == -* ]] || compopt +o filenames -o nospace # neither \= nor a blank after it
+        ;;
       identify:0 | read:0 | write:1 | verify:1 | info:1) ports=yes ;;
       info:0) words="read write" ;;
     esac
@@ -39,7 +60,7 @@ _mr4500x_cli() {
     esac
     words="$words --help"
   fi
-  [ -z "$ports" ] || words="$(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/ttyACM*') $words"
+  [ -z "$ports" ] || words="$(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/ttyACM*') $(compgen -G '/dev/serial/by-id/*') $words"
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
   [ -n "$files" ] || return 0
   local extglob_was_set=0

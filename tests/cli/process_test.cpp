@@ -204,5 +204,27 @@ TEST_F(CommandLineTest, FilesAndArguments) {
   });
 }
 
+TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
+  const std::pair<const char*, const char*> cases[] = {
+      // the words, the last of which is completed; what is offered
+      {"get a.K4X scan.l", "scan.look_back"},
+      {"set a.K4X scan.l", "scan.look_back="},
+      {"set a.K4X global.beep_tone =", "OFF|ON"},
+      {"set a.K4X keys.short_a=Scan keys.short_b = T", "Talk Around"},
+      {"set a.K4X channels.16.rx_tone = -DCS75", "-DCS754"},
+      {"set a.K4X scan.signal = ", "true|false"},
+      {"set a.K4X channels.1.rx_freq = ", ""},
+      {"chan", "channels"},
+  };
+  for (const auto& [words, offered] : cases)
+    EXPECT_EQ(Shell("bash -c '. " BASH_COMPLETION "; COMP_WORDS=(" MR4500X_CLI " " + std::string(words) +
+                    (std::string_view(words).ends_with(' ') ? "\"\"" : "") +
+                    "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _mr4500x_cli; IFS=\"|\"; echo -n \"${COMPREPLY[*]}\"' "
+                    "2>/dev/null")
+                  .output,
+              offered)
+        << words;
+}
+
 } // namespace
 } // namespace mr4500x
