@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 struct Options {
   std::string memoryFile;
   std::string link;
+  std::string number;
   int baud = 0; // 0: no delay
   int deafness = 0;
   std::vector<PlannedFault> faults;
@@ -85,7 +86,8 @@ void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::
 
 void Serve(const Options& options) {
   const sigset_t mask = CatchSignals();
-  const RadioMemory memory = options.memoryFile.empty() ? FactoryMemory() : LoadOrCreate(options.memoryFile);
+  RadioMemory memory = options.memoryFile.empty() ? FactoryMemory() : LoadOrCreate(options.memoryFile);
+  if (!options.number.empty()) SetIdentityNumber(memory, options.number);
   const auto characterTime = options.baud == 0 ? 0us : std::chrono::microseconds(1s) * BitsPerCharacter / options.baud;
   SimulatedRadio radio(memory, characterTime, options.faults, std::chrono::milliseconds(options.deafness));
   {
@@ -113,6 +115,7 @@ int Main(int argc, char** argv) {
   app.add_option("--memory", options.memoryFile, "Keep the radio's memory in this file; made when missing")
       ->type_name("FILE");
   app.add_option("--link", options.link, "Make a symbolic link to the device here")->type_name("PATH");
+  app.add_option("--number", options.number, "The radio's identity number, at most 16 characters")->type_name("TEXT");
   app.add_option("--pace", options.baud, "Take the time of a real line, 9600 for the radio's; none by default")
       ->type_name("BAUD")
       ->check(CLI::Range(300, 115200));

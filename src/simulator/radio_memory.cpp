@@ -9,6 +9,8 @@
 namespace mr4500x {
 namespace {
 
+constexpr std::size_t IdentityNumber = 0x1F0, IdentityCharacters = 16;
+
 namespace fs = std::filesystem;
 
 // Bytes, not the program's codecs, so that the codecs' faults show against them.
@@ -54,7 +56,7 @@ constexpr struct {
     {0x3F0, "B8 01 D6 01 00 30 00 00"}, // band 440 to 470 MHz
 };
 constexpr std::pair<std::size_t, std::string_view> FactoryTexts[] = {
-    {0x1F0, "LR7200-000004217"}, // identity number
+    {IdentityNumber, "LR7200-000004217"},
     {0x200, "20240115093000"},   // time of the last programming
     {0x3F8, "V1.02   "},         // firmware version
 };
@@ -79,6 +81,12 @@ RadioMemory FactoryMemory() {
   for (std::size_t i = 0; i < EmbeddedText.size(); ++i) // ASCII in UTF-16, low byte first
     memory[0x210 + 2 * i] = static_cast<std::uint8_t>(EmbeddedText[i]);
   return memory;
+}
+
+void SetIdentityNumber(RadioMemory& memory, std::string_view number) {
+  const auto place = memory.begin() + IdentityNumber;
+  std::fill_n(place, IdentityCharacters, ' ');
+  std::copy_n(number.begin(), std::min(number.size(), IdentityCharacters), place);
 }
 
 RadioMemory LoadOrCreate(const std::string& path) {
