@@ -64,7 +64,7 @@ private:
   std::function<ExitStatus()> m_command;
 };
 
-// A file that is named like a port is taken for one only if the port is a file.
+// FILE is a port that is there, and PORT a data file.
 bool AreSwapped(const std::string& file, const PortArgument& port) {
   const auto meant = ParsePortArgument(file);
   std::error_code unknown;
@@ -252,7 +252,7 @@ std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
       if (!sub->get_name().empty()) names.push_back(sub->get_name()); // else a group of options
       if (sub->get_name() == word) next = sub;
     }
-    if (names.empty() || word.starts_with('-')) return "";
+    if (at->get_require_subcommand_min() == 0 || word.starts_with('-')) return "";
     const std::string nearest = NearestOf(word, names);
     const std::string hint = nearest.empty() ? "--help lists the commands" : "did you mean \"" + nearest + "\"?";
     if (next == nullptr) return '"' + std::string(word) + "\" is no command; " + hint;
