@@ -36,6 +36,10 @@ void ImportGoodRows(RadioImage& image, std::vector<ImportedRow> rows, std::vecto
 } // namespace
 
 ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv, Terminal& terminal) {
+  if (csv != Stream && LeadsToDataFile(files, path, csv)) {
+    terminal.err << csv << ": OUT.csv must not be a data file\n";
+    return ExitStatus::UnusableArguments;
+  }
   RadioImage image;
   Configuration values;
   if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;

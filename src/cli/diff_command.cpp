@@ -39,8 +39,8 @@ std::string DifferenceLines(const ImageDifferences& differences) {
 }
 
 std::string DifferenceJson(const ImageDifferences& differences) {
-  using Json = nlohmann::ordered_json;
-  Json document = {{"format", 1}, {"fields", Json::array()}, {"bytes", Json::array()}};
+  nlohmann::ordered_json document = {
+      {"format", 1}, {"fields", nlohmann::ordered_json::array()}, {"bytes", nlohmann::ordered_json::array()}};
   for (const auto& [at, before, after] : differences.settings)
     document["fields"].push_back({{"field", IdentifierOf(at)}, {"a", before}, {"b", after}});
   for (const auto& [block, offset, before, after] : differences.bytes)

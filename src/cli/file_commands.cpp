@@ -1,11 +1,13 @@
 #include "file_commands.h"
 
+#include "arguments.h"
 #include "configuration_json.h"
 #include "configuration_texts.h"
 #include "file_access.h"
 #include "fill_messages.h"
 #include "messages.h"
 
+#include <filesystem>
 #include <ostream>
 
 namespace mr4500x {
@@ -51,6 +53,14 @@ bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decim
   if (decoded.end == DecodeEnd::DataError) terminal.err << name << DataErrorText << '\n';
   values = std::move(decoded.configuration);
   return decoded.end != DecodeEnd::DataError;
+}
+
+bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
+  std::error_code failed; // of a missing file there is nothing to overwrite
+  if (std::filesystem::equivalent(dataFile, target, failed)) return true;
+  if (HasDataFileEnding(std::filesystem::weakly_canonical(target, failed).string())) return true;
+  RadioImage unused;
+  return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
 }
 
 bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {

@@ -29,6 +29,10 @@ enum class ShowAs { Table, Json };
 [[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
                                         RadioImage& image, Configuration& values, Terminal& terminal);
 
+// Whether something else stored at `target` would overwrite a data file: `dataFile` itself, or any other whatever its
+// name.
+[[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);
+
 // Stores it, for "-" on standard output. False, with a message, if it could not be stored.
 [[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
                                   Terminal& terminal);

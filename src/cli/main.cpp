@@ -125,15 +125,6 @@ std::u16string InfoOf(const std::string& text) {
   return *info;
 }
 
-// Whether a PDF file at that path would overwrite a data file: FILE itself or any other, whatever its name.
-bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& pdfFile) {
-  std::error_code failed; // of a missing file there is nothing to overwrite
-  if (std::filesystem::equivalent(dataFile, pdfFile, failed)) return true;
-  if (HasDataFileEnding(std::filesystem::weakly_canonical(pdfFile, failed).string())) return true;
-  RadioImage unused;
-  return LoadDataFile(files, pdfFile, unused).outcome == LoadOutcome::Loaded;
-}
-
 // Replaces this process by the program that draws the pages, which keeps its streams and gives its exit status.
 ExitStatus CommandLine::Print() {
   if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_files, m_arguments.file, m_arguments.pdfFile)) {

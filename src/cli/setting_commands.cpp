@@ -8,7 +8,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <ostream>
+#include <ranges>
 
 namespace mr4500x {
 namespace {
@@ -31,6 +33,23 @@ Configuration MostAllowing(int mode) {
   for (ChannelTexts& channel : configuration.channels)
     channel[GridColumn::RxTone] = PointTexts().ToneChoiceList.back();
   return configuration;
+}
+
+// Names the settings that have changed with those that were given: a new lower limit, for instance, resets all
+// channels.
+void TellConsequences(const std::vector<Difference>& differences, const std::vector<Assignment>& assignments,
+                      Terminal& terminal) {
+  constexpr std::size_t MostNamed = 8;
+  std::vector<std::string> names;
+  for (const Difference& difference : differences)
+    if (std::ranges::find(assignments, difference.at, &Assignment::at) == assignments.end())
+      names.push_back(IdentifierOf(difference.at));
+  if (names.empty()) return;
+  terminal.err << "changed with it:";
+  for (const std::string& name : names | std::views::take(MostNamed))
+    terminal.err << ' ' << name;
+  if (names.size() > MostNamed) terminal.err << " and " << names.size() - MostNamed << " more";
+  terminal.err << '\n';
 }
 
 } // namespace
@@ -112,7 +131,9 @@ ExitStatus StoreChanges(FileSystem& files, const std::string& path, const std::s
   for (const auto& [at, value, allowed] : refused)
     terminal.err << IdentifierOf(at) << '=' << value << ": refused; allowed: " << allowed << '\n';
   if (!problems.empty() || !refused.empty()) return ExitStatus::UnusableArguments;
-  return SaveForCommand(files, output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+  if (!SaveForCommand(files, output, image, terminal)) return ExitStatus::Failed;
+  TellConsequences(DifferencesBetween(before, Decode(image, PointTexts()).configuration), assignments, terminal);
+  return ExitStatus::Done;
 }
 
 std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
