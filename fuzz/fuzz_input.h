@@ -34,7 +34,8 @@ public:
   int Below(int end) { return Byte() % end; }
   // A length byte and that many bytes, or what is left.
   std::string Text() {
-    const auto taken = m_rest.first(std::min<std::size_t>(Byte(), m_rest.size()));
+    const std::size_t length = Byte();
+    const auto taken = m_rest.first(std::min(length, m_rest.size()));
     m_rest = m_rest.subspan(taken.size());
     return {taken.begin(), taken.end()};
   }
