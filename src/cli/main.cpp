@@ -223,7 +223,7 @@ void CommandLine::Declare(CLI::App& app) {
 
   CLI::App* const print = command(app, "print", "Print the reports of FILE to a PDF file", [this] { return Print(); });
   file(print);
-  positional(print, "OUT.pdf", given.pdfFile, "the PDF file to write, over one that is there");
+  positional(print, "OUT.pdf", given.pdfFile, "the PDF file to write, over one that is there; - for standard output");
   print->add_option("--reports", given.reports, "channels, tts, info, separated by commas; all by default")
       ->type_name("NAMES")
       ->delimiter(',')

@@ -138,6 +138,8 @@ TEST_F(CommandLineTest, PrintsAFile) {
   };
   EXPECT_EQ(pagesOf(""), 3);
   EXPECT_EQ(pagesOf(" --reports info,channels"), 2);
+  EXPECT_NE(Shell(MR4500X_CLI " print - - <" + file + " | pdftotext - -").output.find("No Embedded Information."),
+            std::string::npos);
 
   const std::string before = Content("a.K4X"), printed = Content("a.pdf");
   std::filesystem::create_symlink("a.K4X", Path("link.pdf"));

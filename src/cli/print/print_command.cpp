@@ -32,7 +32,11 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
   Configuration values;
   if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal))
     return ExitStatus::Failed;
-  PdfPrinter printer(files, pdfFile);
+  const auto print = [&](std::span<const std::uint8_t> content) {
+    terminal.out.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
+    return terminal.out.flush().good();
+  };
+  PdfPrinter printer = pdfFile == Stream ? PdfPrinter("on standard output", print) : PdfPrinter(files, pdfFile);
   const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));
   const std::optional<std::string> failure = PrintReports(printer, texts, choice);
   if (failure) terminal.err << *failure << '\n';

@@ -26,14 +26,19 @@ std::string AboutFile(const char* text, const std::string& path) {
 
 } // namespace
 
-PdfPrinter::PdfPrinter(FileSystem& files, std::string path) : m_files(files), m_path(std::move(path)) {}
+PdfPrinter::PdfPrinter(FileSystem& files, const std::string& path)
+    : PdfPrinter(path, [&files, path](std::span<const std::uint8_t> content) {
+        return ReplaceFile(files, path, content, Surplus::Drop);
+      }) {}
+
+PdfPrinter::PdfPrinter(std::string name, Store store) : m_name(std::move(name)), m_store(std::move(store)) {}
 
 PdfPrinter::~PdfPrinter() {
   AbandonJob();
 }
 
 std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
-  if (m_path.empty()) return NoPrinterText;
+  if (m_name.empty()) return NoPrinterText;
   m_pages.open(QIODevice::WriteOnly | QIODevice::Truncate);
   m_writer = std::make_unique<QPdfWriter>(&m_pages);
   m_writer->setResolution(Resolution);
@@ -42,7 +47,7 @@ std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
   SetPaper(*m_writer);
   m_writer->setPageMargins(QMarginsF(Margin, Margin, Margin, Margin), QPageLayout::Millimeter);
   if (BeginOn(*m_writer)) return std::nullopt;
-  return AboutFile(NotStartedText, m_path);
+  return AboutFile(NotStartedText, m_name);
 }
 
 std::optional<std::string> PdfPrinter::EndJob() {
@@ -50,8 +55,8 @@ std::optional<std::string> PdfPrinter::EndJob() {
   const QByteArray& bytes = m_pages.data();
   const std::span content(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
                           static_cast<std::size_t>(bytes.size()));
-  if (hasEnded && ReplaceFile(m_files, m_path, content, Surplus::Drop)) return std::nullopt;
-  return AboutFile(NotWrittenText, m_path);
+  if (hasEnded && m_store(content)) return std::nullopt;
+  return AboutFile(NotWrittenText, m_name);
 }
 
 void PdfPrinter::AbandonJob() {

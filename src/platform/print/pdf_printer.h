@@ -5,7 +5,10 @@
 
 #include <QBuffer>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <span>
 
 class QPdfWriter;
 
@@ -15,7 +18,11 @@ namespace mr4500x {
 // it was. An empty path means that there is no printer: BeginJob fails.
 class PdfPrinter final : public PagePrinter {
 public:
-  PdfPrinter(FileSystem& files, std::string path);
+  using Store = std::function<bool(std::span<const std::uint8_t>)>; // false if it failed
+
+  PdfPrinter(FileSystem& files, const std::string& path);
+  // Stores the file elsewhere. The name is for messages.
+  PdfPrinter(std::string name, Store store);
   ~PdfPrinter() override;
 
   [[nodiscard]] std::optional<std::string> BeginJob(const std::string& title) override;
@@ -25,8 +32,8 @@ public:
 private:
   [[nodiscard]] bool ClosePages();
 
-  FileSystem& m_files;
-  std::string m_path;
+  std::string m_name;
+  Store m_store;
   QBuffer m_pages;
   std::unique_ptr<QPdfWriter> m_writer;
 };
