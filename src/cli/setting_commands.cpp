@@ -10,7 +10,7 @@
 
 #include <algorithm>
 #include <ostream>
-#include <ranges>
+#include <span>
 
 namespace mr4500x {
 namespace {
@@ -46,7 +46,7 @@ void TellConsequences(const std::vector<Difference>& differences, const std::vec
       names.push_back(IdentifierOf(difference.at));
   if (names.empty()) return;
   terminal.err << "changed with it:";
-  for (const std::string& name : names | std::views::take(MostNamed))
+  for (const std::string& name : std::span(names).first(std::min(names.size(), MostNamed)))
     terminal.err << ' ' << name;
   if (names.size() > MostNamed) terminal.err << " and " << names.size() - MostNamed << " more";
   terminal.err << '\n';

@@ -40,7 +40,7 @@ TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
     const char* name;
     Words changes;
     std::string differences;
-    std::string told = ""; // what has changed besides
+    std::string told{}; // what has changed besides
   } cases[] = {
       {"nothing new", {"channels.1.rx_freq=440", "global.tx_tot=60s"}, ""},
       {"a frequency of another step",
