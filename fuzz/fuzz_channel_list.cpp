@@ -2,6 +2,8 @@
 #include "channel_list.h"
 #include "fuzz_input.h"
 
+#include <algorithm>
+
 namespace mr4500x {
 namespace {
 
@@ -11,7 +13,9 @@ const FieldTexts Texts = BuildFieldTexts('.');
 
 void Fuzz(FuzzInput input) {
   const std::string text = input.Rest();
-  const CsvTable table = ReadCsv(text);
+  CsvTable table = ReadCsv(text);
+  const auto isEmpty = [](const CsvRow& row) { return std::ranges::all_of(row.cells, &std::string::empty); };
+  std::erase_if(table.rows, isEmpty); // read only to tell of a quote without its end
   std::string lines;
   for (const CsvRow& row : table.rows)
     lines += CsvLine(row.cells);
