@@ -11,15 +11,6 @@
 namespace mr4500x {
 namespace {
 
-void Print(std::vector<BadCell> bad, const std::string& file, Terminal& terminal) {
-  std::ranges::stable_sort(bad, {}, &BadCell::line);
-  for (const auto& [line, column, value, why] : bad) {
-    terminal.err << file << ':' << line << ": " << column;
-    if (!value.empty()) terminal.err << (column.empty() ? "" : "=") << value;
-    terminal.err << (column.empty() && value.empty() ? "" : ": ") << why << '\n';
-  }
-}
-
 // Imports the good rows; appends the cells that keep others out.
 void ImportGoodRows(RadioImage& image, std::vector<ImportedRow> rows, std::vector<BadCell>& bad) {
   const FieldTexts texts = BuildFieldTexts('.');
@@ -61,7 +52,8 @@ ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Ter
   if (!text || !LoadValuesForCommand(files, given.path, '.', image, before, terminal)) return ExitStatus::Failed;
   ChannelList list = ReadChannelList(*text);
   ImportGoodRows(image, list.rows, list.bad);
-  Print(list.bad, given.csv, terminal);
+  for (const std::string& bad : TextsOf(list.bad))
+    terminal.err << given.csv << ':' << bad << '\n';
   for (const std::string& column : list.leftOut)
     terminal.err << given.csv << ": " << column << ": left out; a radio has nothing for it\n";
   if (!list.bad.empty() && !(given.skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;

@@ -1,7 +1,5 @@
 #include "diff_command.h"
 
-#include "decimal.h"
-
 #include <nlohmann/json.hpp>
 
 #include <ostream>
@@ -12,29 +10,12 @@ namespace {
 // As numbers they are 0, 1 and 2.
 constexpr ExitStatus Same = ExitStatus::Done, Different = ExitStatus::Failed, Trouble = ExitStatus::UnusableArguments;
 
-// The name without the unit of a heading. The two steps of a channel have the same heading.
-std::string ShortNameOf(FieldAt at) {
-  std::string name = NameOf(at);
-  if (at.field->key == "rx_step") name.insert(name.find("Step"), "Rx ");
-  if (at.field->key == "tx_step") name.insert(name.find("Step"), "Tx ");
-  const std::size_t unit = name.find('(');
-  if (unit != std::string::npos) name.erase(unit);
-  name.erase(name.find_last_not_of(' ') + 1);
-  return name;
-}
-
-std::string HexByte(std::uint8_t byte) {
-  return {'0', 'x', HexDigit(byte >> 4), HexDigit(byte)};
-}
-
 } // namespace
 
 std::string DifferenceLines(const ImageDifferences& differences) {
   std::string lines;
-  for (const auto& [at, before, after] : differences.settings)
-    lines += ShortNameOf(at) + "  " + before + "  " + after + '\n';
-  for (const auto& [block, offset, before, after] : differences.bytes)
-    lines += std::string(block) + ' ' + std::to_string(offset) + "  " + HexByte(before) + "  " + HexByte(after) + '\n';
+  for (const auto& [at, name, before, after] : WordsFor(differences))
+    lines += name + "  " + before + "  " + after + '\n';
   return lines;
 }
 

@@ -75,9 +75,11 @@ struct Result {
   std::optional<Refusal> refusal;
 };
 
-// Rounds until nothing changes any more.
-std::vector<Result> SetAll(Configuration& configuration, const std::vector<Assignment>& assignments,
+// Sorts the assignments into the order of the table, and sets them in rounds until nothing changes any more.
+std::vector<Result> SetAll(Configuration& configuration, std::vector<Assignment>& assignments,
                            const FieldTexts& texts) {
+  std::ranges::stable_sort(assignments, {},
+                           [](const Assignment& given) { return std::tuple(given.at.field, given.at.entry); });
   std::vector<Result> results(assignments.size());
   TakePairApart(configuration, assignments);
   for (int round = 0; round < MostRounds; ++round) {
@@ -91,12 +93,24 @@ std::vector<Result> SetAll(Configuration& configuration, const std::vector<Assig
   return results;
 }
 
+// What `shown`, which the changes have made, does not show.
+std::vector<RefusedValue> RefusedOf(const std::vector<Assignment>& assignments, const std::vector<Result>& results,
+                                    const Configuration& shown, const Configuration& configuration,
+                                    const FieldTexts& texts) {
+  std::vector<RefusedValue> refused;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    const auto& [value, refusal] = results[i];
+    const FieldAt at = assignments[i].at;
+    if (ValueOf(shown, at) == value) continue; // also if it could not be set but is so anyway
+    refused.push_back({at, assignments[i].value, refusal ? refusal->allowed : AllowedFor(configuration, at, texts)});
+  }
+  return refused;
+}
+
 } // namespace
 
 std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
                                        const FieldTexts& texts) {
-  std::ranges::stable_sort(assignments, {},
-                           [](const Assignment& given) { return std::tuple(given.at.field, given.at.entry); });
   RadioImage changed = image;
   Configuration shown = Decode(image, texts).configuration;
   Configuration configuration = shown;
@@ -108,15 +122,17 @@ std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment
     Encode(configuration, changed, texts);
     shown = Decode(changed, texts).configuration;
   }
-
-  std::vector<RefusedValue> refused;
-  for (std::size_t i = 0; i < results.size(); ++i) {
-    const auto& [value, refusal] = results[i];
-    const FieldAt at = assignments[i].at;
-    if (ValueOf(shown, at) == value) continue; // also if it could not be set but is so anyway
-    refused.push_back({at, assignments[i].value, refusal ? refusal->allowed : AllowedFor(configuration, at, texts)});
-  }
+  std::vector<RefusedValue> refused = RefusedOf(assignments, results, shown, configuration, texts);
   if (refused.empty()) image = changed;
+  return refused;
+}
+
+std::vector<RefusedValue> ApplyChanges(Configuration& configuration, std::vector<Assignment> assignments,
+                                       const FieldTexts& texts) {
+  Configuration changed = configuration;
+  const std::vector<Result> results = SetAll(changed, assignments, texts);
+  std::vector<RefusedValue> refused = RefusedOf(assignments, results, changed, changed, texts);
+  if (refused.empty()) configuration = changed;
   return refused;
 }
 

@@ -26,5 +26,8 @@ struct RefusedValue {
 // was.
 [[nodiscard]] std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
                                                      const FieldTexts& texts);
+// The same in a configuration, as the editor holds it.
+[[nodiscard]] std::vector<RefusedValue> ApplyChanges(Configuration& configuration, std::vector<Assignment> assignments,
+                                                     const FieldTexts& texts);
 
 } // namespace mr4500x

@@ -1,5 +1,7 @@
 #include "differences.h"
 
+#include "decimal.h"
+
 #include <algorithm>
 #include <array>
 
@@ -21,6 +23,21 @@ RadioImage Encoded(RadioImage base, const Configuration& configuration, const Fi
 std::string TextForComparison(const Configuration& configuration, FieldAt at) {
   std::string text = ShownTextOf(configuration, at);
   return text.empty() ? ValueOf(configuration, at) : text;
+}
+
+// The name without the unit of a heading. The two steps of a channel have the same heading.
+std::string ShortNameOf(FieldAt at) {
+  std::string name = NameOf(at);
+  if (at.field->key == "rx_step") name.insert(name.find("Step"), "Rx ");
+  if (at.field->key == "tx_step") name.insert(name.find("Step"), "Tx ");
+  const std::size_t unit = name.find('(');
+  if (unit != std::string::npos) name.erase(unit);
+  name.erase(name.find_last_not_of(' ') + 1);
+  return name;
+}
+
+std::string HexByte(std::uint8_t byte) {
+  return {'0', 'x', HexDigit(byte >> 4), HexDigit(byte)};
 }
 
 } // namespace
@@ -53,6 +70,15 @@ ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after
     }
   }
   return differences;
+}
+
+std::vector<DifferenceWords> WordsFor(const ImageDifferences& differences) {
+  std::vector<DifferenceWords> words;
+  for (const auto& [at, before, after] : differences.settings)
+    words.push_back({at, ShortNameOf(at), before, after});
+  for (const auto& [block, offset, before, after] : differences.bytes)
+    words.push_back({{}, std::string(block) + ' ' + std::to_string(offset), HexByte(before), HexByte(after)});
+  return words;
 }
 
 std::string NameOf(FieldAt at) {

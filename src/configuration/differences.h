@@ -32,6 +32,13 @@ struct ImageDifferences {
 [[nodiscard]] ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after,
                                              const FieldTexts& texts);
 
+// A difference in words: a setting without its unit ("CH3 Rx Freq"), or a byte ("ChannelBlock 37", "0x08").
+struct DifferenceWords {
+  FieldAt at; // nothing for a byte
+  std::string name, before, after;
+};
+[[nodiscard]] std::vector<DifferenceWords> WordsFor(const ImageDifferences& differences);
+
 // What a user calls a setting: "CH3 Rx Freq (MHz)", "TTS 2 Gap Time(s)", "Beep Enable".
 [[nodiscard]] std::string NameOf(FieldAt at);
 // A heading without its line break.

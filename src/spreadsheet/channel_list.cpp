@@ -35,6 +35,17 @@ void DropRepeatedChannels(ChannelList& list) {
 
 } // namespace
 
+std::vector<std::string> TextsOf(std::vector<BadCell> bad) {
+  std::ranges::stable_sort(bad, {}, &BadCell::line);
+  std::vector<std::string> texts;
+  for (const auto& [line, column, value, why] : bad) {
+    std::string& text = texts.emplace_back(std::to_string(line) + ": " + column);
+    if (!value.empty()) text += (column.empty() ? "" : "=") + value;
+    text += (column.empty() && value.empty() ? "" : ": ") + why;
+  }
+  return texts;
+}
+
 std::string ChannelsCsv(const Configuration& configuration) {
   std::string text;
   for (std::size_t channel = 0; channel <= ChannelCount; ++channel) {

@@ -23,6 +23,9 @@ struct BadCell {
   bool operator==(const BadCell&) const = default;
 };
 
+// "3: rx_freq=500: allowed: 440 to 470 MHz", in the order of the lines.
+[[nodiscard]] std::vector<std::string> TextsOf(std::vector<BadCell> bad);
+
 struct ImportedValue {
   Assignment assignment;
   std::string column, cell; // where it comes from
