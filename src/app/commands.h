@@ -63,6 +63,10 @@ void HelpIndex(const CommandContext& context);
 void About(const CommandContext& context);
 
 void OpenGiven(const CommandContext& context, const std::string& path); // from the recent files or the command line
+void Compare(const CommandContext& context);
+// A list of channels: all of it as one step, or nothing and a message. A file of it, and its text.
+void ImportFile(const CommandContext& context, const std::string& path);
+void ImportChannels(const CommandContext& context, const std::string& text);
 void ShowRecentFiles(const CommandContext& context);
 // Asks before data is saved or written whose unshown part was lost with a read or an open that broke off.
 [[nodiscard]] bool MayStore(const CommandContext& context);

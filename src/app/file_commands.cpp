@@ -1,12 +1,16 @@
 // The commands of the File menu, and what is done before the program exits.
 #include "commands.h"
 
+#include "channel_list.h"
+#include "channel_text.h"
 #include "data_file.h"
+#include "dialogs.h"
 #include "editor_panel.h"
 #include "file_access.h"
 #include "messages.h"
 #include "program_title.h"
 #include "settings.h"
+#include "window_parts.h"
 #include "work_keeper.h"
 
 #include <QAction>
@@ -20,7 +24,9 @@ constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to conti
 constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
 constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
-constexpr int RecentCharacters = 80; // a longer entry is elided in its middle
+constexpr char ImportTitle[] = "Import Channels";
+constexpr std::size_t LongestList = std::size_t{1} << 20; // bytes, as the command line tool reads
+constexpr int RecentCharacters = 80;                      // a longer entry is elided in its middle
 
 // The editor now holds the data of this file.
 void BelongTo(const CommandContext& context, const std::string& path) {
@@ -70,15 +76,20 @@ void ReportMissing(const CommandContext& context, const std::string& path) {
   commands::ShowRecentFiles(context);
 }
 
-bool LoadInto(const CommandContext& context, const std::string& path) {
-  const RadioImage before = context.image;
+// Returns the message of what went wrong.
+std::optional<Message> LoadImage(const CommandContext& context, const std::string& path, RadioImage& image) {
   LoadResult result;
   const bool isRead = Succeeds([&] {
-    result = LoadDataFile(context.services.files, path, context.image);
+    result = LoadDataFile(context.services.files, path, image);
     return true;
   });
   if (isRead && result.markerNotEmpty) context.Show(NewVersionNotice);
-  std::optional<Message> message = MessageFor(result.outcome);
+  return MessageFor(result.outcome);
+}
+
+bool LoadInto(const CommandContext& context, const std::string& path) {
+  const RadioImage before = context.image;
+  std::optional<Message> message = LoadImage(context, path, context.image);
   if (!message) { // no file holds them: what the image still has is another radio's
     context.keeper.Replaced();
     context.image.RadioIdBlock = {};
@@ -89,6 +100,11 @@ bool LoadInto(const CommandContext& context, const std::string& path) {
   if (context.image != before) context.state.ImageIsPartial = true;
   context.Show(*message);
   return false;
+}
+
+std::optional<std::string> AskOpenName(const CommandContext& context, const char* title) {
+  return context.services.dialogs.AskOpen(
+      {title, OpenFilter, context.services.folderForFiles, /*proposedName*/ "", DefaultExtension});
 }
 
 std::optional<std::string> AskSaveName(const CommandContext& context, const char* title) {
@@ -111,9 +127,7 @@ namespace commands {
 
 void Open(const CommandContext& context) {
   context.panel.CommitOpenEditors();
-  if (const std::optional<std::string> path = context.services.dialogs.AskOpen(
-          {"Open", OpenFilter, context.services.folderForFiles, /*proposedName*/ "", DefaultExtension}))
-    OpenGiven(context, *path);
+  if (const std::optional<std::string> path = AskOpenName(context, "Open")) OpenGiven(context, *path);
 }
 
 void OpenGiven(const CommandContext& context, const std::string& path) {
@@ -156,6 +170,51 @@ void SaveAs(const CommandContext& context) {
   if (!path) return;
   context.state.LastFileName = *path;
   WriteFile(context, SaveCommand::SaveAs);
+}
+
+void Compare(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  const std::optional<std::string> path = AskOpenName(context, "Compare with File");
+  if (!path) return;
+  if (IsMissing(context.services.files, *path)) return ReportMissing(context, *path);
+  RadioImage other;
+  ResetToDefaults(other, {}); // for what no file holds
+  if (const std::optional<Message> failure = LoadImage(context, *path, other))
+    context.Show(*failure);
+  else
+    ShowComparison(context.panel, other, *path, context.services.messages, &context.window);
+}
+
+void ImportFile(const CommandContext& context, const std::string& path) {
+  std::vector<std::uint8_t> bytes;
+  if (ReadFile(context.services.files, path, LongestList, bytes) == ReadOutcome::Read)
+    ImportChannels(context, {bytes.begin(), bytes.end()});
+  else
+    context.Show({MessageIcon::Exclamation, ImportTitle, "The file " + path + " can't be read."});
+}
+
+void ImportChannels(const CommandContext& context, const std::string& text) {
+  context.panel.CommitCells();
+  ChannelList list = ReadChannelList(text);
+  RadioImage image = context.panel.Collected();
+  const std::vector<BadCell> refused = mr4500x::ImportChannels(image, list.rows, BuildFieldTexts('.'));
+  list.bad.insert(list.bad.end(), refused.begin(), refused.end());
+  if (!list.bad.empty()) {
+    Refusals lines;
+    for (const std::string& bad : TextsOf(list.bad))
+      lines.push_back("Line " + bad);
+    context.Show({MessageIcon::Exclamation, ImportTitle, MessageOf(lines)});
+    return;
+  }
+  Configuration values = context.panel.ShownUnfinished();
+  values.channels = Decode(image, context.panel.Texts()).configuration.channels;
+  context.panel.Change(values, ImportTitle);
+  if (list.leftOut.empty())
+    return context.status.ShowPassing("Channels imported: " + QString::number(list.rows.size()));
+  std::string told = "The channels were imported, but a radio has nothing for these columns:\n";
+  for (const std::string& column : list.leftOut)
+    told += '\n' + column;
+  context.Show({MessageIcon::Information, ImportTitle, told});
 }
 
 void ShowRecentFiles(const CommandContext& context) {

@@ -24,12 +24,20 @@
 namespace mr4500x {
 namespace {
 
-// The one data file that is dragged; empty: something else is.
-QString DraggedDataFile(const QMimeData& data) {
+// What the drop of one data file or list of channels runs; none for anything else.
+std::function<void(const CommandContext&)> CommandOfDrop(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   const QString path = urls.size() == 1 ? urls.front().toLocalFile() : QString();
   const QString extension = QFileInfo(path).suffix().toUpper();
-  return extension == QLatin1String("K4X") || extension == QLatin1String("K4Y") ? path : QString();
+  const auto with = [](auto command, std::string given) {
+    return [command, given = std::move(given)](const CommandContext& context) { command(context, given); };
+  };
+  if (extension == QLatin1String("K4X") || extension == QLatin1String("K4Y"))
+    return with(commands::OpenGiven, path.toStdString());
+  if (extension == QLatin1String("CSV")) return with(commands::ImportFile, path.toStdString());
+  const QString list = QStringLiteral("text/csv");
+  if (urls.size() < 2 && data.hasFormat(list)) return with(commands::ImportChannels, data.data(list).toStdString());
+  return {};
 }
 
 } // namespace
@@ -74,6 +82,7 @@ void FrmMain::BuildPanel() {
   m_status = new StatusPanels(QString::fromUtf8(ProgramTitle), m_services.deviceOfPort);
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
+  connect(m_panel, &EditorPanel::CompareAsked, this, [this] { RunCommand(commands::Compare); });
   connect(m_panel, &EditorPanel::Told, m_status, &StatusPanels::ShowPassing);
   connect(m_keeper, &WorkKeeper::CopyFailed, m_status,
           [this] { m_status->ShowPassing(tr("No copy of the unsaved work could be written.")); });
@@ -152,14 +161,13 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DraggedDataFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+  if (CommandOfDrop(*event->mimeData())) event->acceptProposedAction();
 }
 
-// Opened after the drop: a question would hold up the program that the file comes from.
+// Run after the drop: a question would hold up the program that the file comes from.
 void FrmMain::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  const QString path = DraggedDataFile(*event->mimeData());
-  QTimer::singleShot(0, this, [this, path] { OpenGiven(path.toStdString()); });
+  QTimer::singleShot(0, this, [this, command = CommandOfDrop(*event->mimeData())] { RunCommand(command); });
 }
 
 void FrmMain::StoreGeometry() {

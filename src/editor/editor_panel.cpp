@@ -3,6 +3,7 @@
 #include "band_frame.h"
 #include "channel_commands.h"
 #include "channel_frame.h"
+#include "decimal.h"
 #include "edit_history.h"
 #include "fill_messages.h"
 #include "global_settings_frame.h"
@@ -123,6 +124,7 @@ DecodeEnd EditorPanel::Fill() {
   SettleAfterFill(m_image);
   ShowDecoded(decoded);
   m_history->Restart();
+  emit Filled();
   if (decoded.keyConflict || decoded.end == DecodeEnd::DataError) repaint(); // a message box would cover the old view
   if (decoded.keyConflict)
     m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
@@ -134,6 +136,7 @@ DecodeEnd EditorPanel::Fill() {
 void EditorPanel::FillReset(const LocalTime& now) {
   ShowDecoded({NewConfiguration(m_image, m_texts, now)});
   m_history->Restart();
+  emit Filled();
 }
 
 void EditorPanel::ShowDecoded(const Decoded& decoded) {
@@ -152,13 +155,14 @@ void EditorPanel::ShowAgain(const Configuration& values) {
   ShowDecoded({values});
 }
 
-void EditorPanel::ChangeChannels(const Configuration& values, const QString& name) {
-  if (values == Shown()) return;
+void EditorPanel::Change(const Configuration& values, const QString& name) {
+  const Configuration shown = Shown();
+  if (values == shown) return;
   m_history->TakeStep();
-  {
-    const UndrawnPanel undrawn(*this);
-    m_channels->Fill(values);
-  }
+  const auto lower = ParseWhole(values.lowerBandLimit);
+  if (lower && values.lowerBandLimit != shown.lowerBandLimit)
+    static_cast<void>(RestartChannels(m_image, *lower, m_texts));
+  ShowDecoded({values});
   emit Changed();
   m_history->TakeStep(name);
 }
@@ -175,6 +179,15 @@ Configuration EditorPanel::ShownUnfinished() const {
   for (const SettingsFrame* const frame : m_frames)
     frame->CollectUnfinished(values);
   return values;
+}
+
+RadioImage EditorPanel::Collected() const {
+  Configuration values = ShownUnfinished();
+  CompleteEmergencyPair(values);
+  TakeSelectedStandard(values);
+  RadioImage image = m_image;
+  Encode(values, image, m_texts);
+  return image;
 }
 
 void EditorPanel::Collect() {

@@ -38,8 +38,11 @@ public:
   [[nodiscard]] Configuration Shown() const;           // what the controls show
   [[nodiscard]] Configuration ShownUnfinished() const; // see SettingsFrame::CollectUnfinished
   [[nodiscard]] bool HasOpenEditor() const;
-  // Shows the channels of `values`, as a step of this name in the history.
-  void ChangeChannels(const Configuration& values, const QString& name);
+  // The image as a save at this moment would store it.
+  [[nodiscard]] RadioImage Collected() const;
+  // Shows `values` as a step of the history; its name as in EditHistory::TakeStep.
+  void Change(const Configuration& values, const QString& name = {});
+  [[nodiscard]] const FieldTexts& Texts() const { return m_texts; }
 
   void CommitOpenEditors(); // stores their text; then no field has the focus
   void CommitCells();       // the same, but the focus stays
@@ -52,6 +55,8 @@ public:
 
 signals:
   void Changed();
+  void Filled(); // other data is shown
+  void CompareAsked();
   void Told(const QString& message); // in passing
 
 protected:

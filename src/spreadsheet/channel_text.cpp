@@ -13,6 +13,8 @@
 namespace mr4500x {
 namespace {
 
+constexpr std::size_t MostRefusalsShown = 12;
+
 struct Column {
   std::string caption;
   const Field* field = nullptr; // "CH No." is no setting
@@ -127,6 +129,15 @@ Refusals SetAll(Configuration& configuration, const std::vector<Given>& values, 
 }
 
 } // namespace
+
+std::string MessageOf(const Refusals& refusals) {
+  std::string text = "Nothing was changed. These values can't be taken:\n";
+  for (std::size_t i = 0; i < std::min(refusals.size(), MostRefusalsShown); ++i)
+    text += '\n' + refusals[i];
+  if (refusals.size() > MostRefusalsShown)
+    text += "\nand " + std::to_string(refusals.size() - MostRefusalsShown) + " more";
+  return text;
+}
 
 std::string TextOfChannels(const Configuration& configuration, const Channels& channels) {
   std::string text;

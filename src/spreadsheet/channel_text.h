@@ -15,6 +15,8 @@ using Channels = std::vector<std::size_t>;
 // What was refused, one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 470 MHz". If there is a line, the
 // configuration is changed only in part and must not be used.
 using Refusals = std::vector<std::string>;
+// The message about them, with the first twelve.
+[[nodiscard]] std::string MessageOf(const Refusals& refusals);
 
 // A line with the captions of the window from left to right, and a line for each channel; cells are apart by tabs.
 [[nodiscard]] std::string TextOfChannels(const Configuration& configuration, const Channels& channels);

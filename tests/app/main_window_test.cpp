@@ -88,12 +88,7 @@ TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
     for (const std::string& file : dragged)
       urls.append(QUrl::fromLocalFile(QString::fromStdString(Path(file))));
     data.setUrls(urls);
-    const QPoint onABox = window->findChild<QWidget*>("txtFreqBandL")->mapTo(window.get(), QPoint(3, 3));
-    QDragEnterEvent enter(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window->windowHandle(), &enter);
-    QDropEvent drop(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
-    if (enter.isAccepted()) QCoreApplication::sendEvent(window->windowHandle(), &drop);
-    QCoreApplication::processEvents();
+    Drop(data);
     EXPECT_EQ(Title(), title) << name;
   }
   EXPECT_EQ(Happened(), Lines());

@@ -97,6 +97,15 @@ protected:
   // What has happened since the last look.
   Lines Happened() { return std::exchange(desk.happened, {}); }
 
+  void Drop(const QMimeData& data) {
+    const QPoint onABox = window->findChild<QWidget*>("txtFreqBandL")->mapTo(window.get(), QPoint(3, 3));
+    QDragEnterEvent enter(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window->windowHandle(), &enter);
+    QDropEvent drop(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
+    if (enter.isAccepted()) QCoreApplication::sendEvent(window->windowHandle(), &drop);
+    QCoreApplication::processEvents();
+  }
+
   void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
   void OpenFile(const std::string& name) {
     desk.paths.emplace_back(Path(name));

@@ -98,7 +98,9 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   std::string entries;
   for (const QAction* const entry : menu->actions())
     entries += entry->text().toStdString() + (entry->isEnabled() ? "" : " -") + '|';
-  EXPECT_EQ(entries, "Copy Channels|Paste Channels||Move Up|Move Down|Fill Down|Clear||Undo Fill Down|Redo -|");
+  EXPECT_EQ(entries,
+            "Copy Channels|Paste Channels||Move Up|Move Down|Fill Down|Clear||Compare with File...||Undo Fill Down|"
+            "Redo -|");
   menu->setActiveAction(menu->actions()[6]);
   QTest::keyClick(menu, Qt::Key_Return);
   EXPECT_TRUE(Channel(12) == Channel(13) && Channel(12).noCh);

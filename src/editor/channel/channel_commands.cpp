@@ -8,8 +8,6 @@
 #include <QClipboard>
 #include <QMenu>
 
-#include <algorithm>
-
 namespace mr4500x {
 
 // A row without a text is a separator of the menu.
@@ -34,27 +32,14 @@ std::span<const ChannelCommands::Row> ChannelCommands::Row::Table() {
     {"Fill Down",      "mnuChannelsFill",  "Ctrl+D",               &ChannelCommands::FillDown},
     {"Clear",          "mnuChannelsClear", "",                     &ChannelCommands::Clear},
     {},
+    {"Compare with File...", "mnuChannelsCompare", "",             &ChannelCommands::Compare},
+    {},
     {"Undo",           "mnuUndo",          "Ctrl+Z",               &ChannelCommands::Undo, true},
     {"Redo",           "mnuRedo",          "Ctrl+Shift+Z; Ctrl+Y", &ChannelCommands::Redo, true},
   };
   return rows;
 }
 // clang-format on
-
-namespace {
-
-constexpr std::size_t MostRefusalsShown = 12;
-
-std::string InWords(const Refusals& refusals) {
-  std::string text = "Nothing was changed. These values can't be taken:\n";
-  for (std::size_t i = 0; i < std::min(refusals.size(), MostRefusalsShown); ++i)
-    text += '\n' + refusals[i];
-  if (refusals.size() > MostRefusalsShown)
-    text += "\nand " + std::to_string(refusals.size() - MostRefusalsShown) + " more";
-  return text;
-}
-
-} // namespace
 
 ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHistory& history, RadioImage& image,
                                  const FieldTexts& texts, MessageView& messages)
@@ -117,11 +102,11 @@ Channels ChannelCommands::ChosenChannels() const {
 
 void ChannelCommands::Finish(const Configuration& changed, const Refusals& refusals) {
   if (!refusals.empty()) {
-    m_messages.Show(MessageIcon::Exclamation, m_running.toStdString(), InWords(refusals), MessageButtons::Ok);
+    m_messages.Show(MessageIcon::Exclamation, m_running.toStdString(), MessageOf(refusals), MessageButtons::Ok);
     return;
   }
   const std::set<int> rows = m_grid.SelectedRows();
-  m_panel.ChangeChannels(changed, m_running);
+  m_panel.Change(changed, m_running);
   m_grid.SelectRows(rows); // for the next command
 }
 
@@ -164,6 +149,10 @@ void ChannelCommands::Clear() {
   Configuration values = m_panel.Shown();
   ClearChannels(values, ChosenChannels(), m_texts);
   Finish(values);
+}
+
+void ChannelCommands::Compare() {
+  emit m_panel.CompareAsked();
 }
 
 // Ctrl+Y of a text box comes here too, as Qt knows it on other systems only.

@@ -33,6 +33,7 @@ private:
   void Move(int by);
   void FillDown();
   void Clear();
+  void Compare();
   void Undo();
   void Redo();
 

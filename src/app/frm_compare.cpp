@@ -1,0 +1,277 @@
+#include "channel_text.h"
+#include "dialogs.h"
+#include "differences.h"
+#include "editor_panel.h"
+
+#include <QAbstractTableModel>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QCollator>
+#include <QDialog>
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QSortFilterProxyModel>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <tuple>
+
+namespace mr4500x {
+namespace {
+
+constexpr char CompareTitle[] = "Compare with File";
+constexpr QSize DesignSize(80, 28); // in characters and lines
+
+struct CompareColumn {
+  const char* heading;
+  QString (*text)(const DifferenceWords& words);
+};
+
+const char* SectionOf(FieldAt at) {
+  static constexpr std::array sections = {"General", "Band", "Global", "Scan", "Keys", "TTS", "Channels"};
+  return at.field == nullptr ? "Bytes" : sections[static_cast<std::size_t>(at.field->group)];
+}
+
+constexpr std::array CompareColumns = {
+    CompareColumn{"Section", [](auto& words) { return QString::fromUtf8(SectionOf(words.at)); }},
+    CompareColumn{"Field", [](auto& words) { return QString::fromStdString(words.name); }},
+    CompareColumn{"Here", [](auto& words) { return QString::fromStdString(words.before); }},
+    CompareColumn{"There", [](auto& words) { return QString::fromStdString(words.after); }},
+};
+
+// What the editor would save after it has opened the image; so a file does not differ from itself.
+RadioImage AsSaved(RadioImage image, const FieldTexts& texts) {
+  Decoded decoded = Decode(image, texts);
+  if (decoded.end == DecodeEnd::DataError) return image;
+  SettleAfterFill(image);
+  CompleteEmergencyPair(decoded.configuration);
+  TakeSelectedStandard(decoded.configuration);
+  Encode(decoded.configuration, image, texts);
+  return image;
+}
+
+class DifferenceTable final : public QAbstractTableModel {
+public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  // Section by section, the channels first and one by one, the bytes last.
+  void Show(std::vector<DifferenceWords> rows) {
+    std::ranges::stable_sort(rows, {}, [](const DifferenceWords& row) {
+      const bool isByte = row.at.field == nullptr;
+      const FieldGroup group = isByte ? FieldGroup::None : row.at.field->group;
+      return std::tuple(isByte, group != FieldGroup::Channels, group, row.at.entry);
+    });
+    beginResetModel();
+    m_rows = std::move(rows);
+    endResetModel();
+  }
+  [[nodiscard]] const DifferenceWords& Row(const QModelIndex& index) const {
+    return m_rows[static_cast<std::size_t>(index.row())];
+  }
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+  }
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(CompareColumns.size());
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    return CompareColumns[static_cast<std::size_t>(index.column())].text(Row(index));
+  }
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    return QString::fromUtf8(CompareColumns[static_cast<std::size_t>(section)].heading);
+  }
+
+private:
+  std::vector<DifferenceWords> m_rows;
+};
+
+class DifferenceOrder final : public QSortFilterProxyModel {
+public:
+  explicit DifferenceOrder(QObject* parent) : QSortFilterProxyModel(parent) { m_texts.setNumericMode(true); }
+
+protected:
+  [[nodiscard]] bool lessThan(const QModelIndex& left, const QModelIndex& right) const override { // CH2 before CH10
+    return m_texts.compare(left.data().toString(), right.data().toString()) < 0;
+  }
+
+private:
+  QCollator m_texts{QLocale::English}; // that of C knows no numbers
+};
+
+class FrmCompare final : public QDialog {
+public:
+  FrmCompare(EditorPanel& panel, const RadioImage& other, const QString& path, MessageView& messages, QWidget* parent);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void BuildTable();
+  void AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)());
+  void Renew();
+  void Take(); // the values of the file in the selected rows
+  void Copy();
+  [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom
+
+  EditorPanel& m_panel;
+  MessageView& m_messages;
+  const RadioImage m_other;
+  const Configuration m_there;
+  std::optional<RadioImage> m_here; // that is compared
+  DifferenceTable* m_differences = new DifferenceTable(this);
+  DifferenceOrder* m_order = new DifferenceOrder(this);
+  QTableView* m_table = new QTableView;
+  QLabel* m_result = new QLabel;
+  QTimer m_look;
+};
+
+FrmCompare::FrmCompare(EditorPanel& panel, const RadioImage& other, const QString& path, MessageView& messages,
+                       QWidget* parent)
+    : QDialog(parent), m_panel(panel), m_messages(messages), m_other(AsSaved(other, panel.Texts())),
+      m_there(Decode(m_other, panel.Texts()).configuration) {
+  setObjectName(QStringLiteral("frmCompare"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWindowTitle(tr("Compare with %1").arg(path));
+  auto* const filter = new QLineEdit;
+  filter->setObjectName(QStringLiteral("txtFilter"));
+  filter->setClearButtonEnabled(true);
+  auto* const label = new QLabel(tr("&Filter:"));
+  label->setBuddy(filter);
+  m_result->setObjectName(QStringLiteral("lblResult"));
+  m_result->setWordWrap(true);
+  BuildTable();
+  auto* const top = new QHBoxLayout;
+  top->addWidget(label);
+  top->addWidget(filter);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addLayout(top);
+  layout->addWidget(m_table);
+  layout->addWidget(m_result);
+  const QSize wanted(DesignSize.width() * fontMetrics().averageCharWidth(),
+                     DesignSize.height() * fontMetrics().height());
+  resize(wanted.boundedTo(screen()->availableSize()));
+
+  connect(filter, &QLineEdit::textChanged, m_order, &QSortFilterProxyModel::setFilterFixedString);
+  addActions(panel.actions()); // undo and redo
+  m_look.setSingleShot(true);
+  m_look.callOnTimeout(this, &FrmCompare::Renew);
+  const auto lookSoon = [this] { m_look.start(0); };
+  connect(&panel, &EditorPanel::Changed, this, lookSoon);
+  connect(&panel, &EditorPanel::Filled, this, lookSoon);
+  QCoreApplication::instance()->installEventFilter(this);
+  Renew();
+  m_table->resizeColumnsToContents();
+  m_table->setFocus();
+}
+
+void FrmCompare::BuildTable() {
+  m_order->setSourceModel(m_differences);
+  m_order->setFilterKeyColumn(-1); // all of them
+  m_order->setFilterCaseSensitivity(Qt::CaseInsensitive);
+  m_table->setObjectName(QStringLiteral("tblDifferences"));
+  m_table->setAccessibleName(tr("Differences"));
+  m_table->setModel(m_order);
+  m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  m_table->setTabKeyNavigation(false);
+  m_table->setWordWrap(false);
+  m_table->verticalHeader()->hide();
+  m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+  m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  m_table->horizontalHeader()->setStretchLastSection(true);
+  m_table->horizontalHeader()->setSortIndicatorClearable(true); // back to the order of the sections
+  m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  m_table->setSortingEnabled(true);
+  m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
+  AddAction(tr("Take Other Value"), {Qt::Key_Return, Qt::Key_Enter}, &FrmCompare::Take);
+  AddAction(tr("Copy"), {QKeySequence::Copy}, &FrmCompare::Copy);
+  connect(m_table, &QTableView::doubleClicked, this, &FrmCompare::Take);
+}
+
+void FrmCompare::AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)()) {
+  QAction* const action = new QAction(text, m_table);
+  action->setShortcuts(keys);
+  action->setShortcutContext(Qt::WidgetShortcut);
+  connect(action, &QAction::triggered, this, run);
+  m_table->addAction(action);
+}
+
+// Not all controls tell that they have changed; so the editor is looked at after each input.
+bool FrmCompare::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::KeyPress || type == QEvent::MouseButtonRelease || type == QEvent::Wheel) m_look.start(0);
+  return QDialog::eventFilter(watched, event);
+}
+
+void FrmCompare::Renew() {
+  RadioImage here = m_panel.Collected();
+  if (m_here == here) return; // a selection stays
+  m_here = here;
+  const int current = std::max(m_table->currentIndex().row(), 0);
+  std::vector<DifferenceWords> rows = WordsFor(CompareImages(here, m_other, m_panel.Texts()));
+  m_result->setText(rows.empty()
+                        ? tr("There are no differences.")
+                        : tr("Differences: %1. Enter or a double-click takes the value from there.").arg(rows.size()));
+  m_differences->Show(std::move(rows));
+  m_table->selectRow(std::min(current, m_order->rowCount() - 1)); // for the next Enter
+}
+
+QModelIndexList FrmCompare::SelectedRows() const {
+  QModelIndexList rows = m_table->selectionModel()->selectedRows();
+  std::ranges::sort(rows, {}, &QModelIndex::row);
+  return rows;
+}
+
+void FrmCompare::Take() {
+  std::vector<Assignment> wanted;
+  Refusals refusals;
+  for (const QModelIndex& index : SelectedRows()) {
+    const DifferenceWords& words = m_differences->Row(m_order->mapToSource(index));
+    if (words.at.field != nullptr)
+      wanted.push_back({words.at, ValueOf(m_there, words.at)});
+    else
+      refusals.push_back(words.name + ": no setting shows it");
+  }
+  m_panel.CommitCells();
+  Configuration values = m_panel.ShownUnfinished();
+  if (!wanted.empty()) refusals.clear(); // bytes among settings stay as they are
+  for (const auto& [at, value, allowed] : ApplyChanges(values, wanted, m_panel.Texts()))
+    refusals.push_back(NameOf(at) + ": " + value + ", allowed: " + allowed);
+  if (!refusals.empty()) {
+    m_messages.Show(MessageIcon::Exclamation, CompareTitle, MessageOf(refusals), MessageButtons::Ok);
+    return;
+  }
+  m_panel.Change(values);
+  Renew();
+}
+
+// A table with a heading, as spreadsheets take it.
+void FrmCompare::Copy() {
+  QStringList lines(1);
+  for (const CompareColumn& column : CompareColumns)
+    lines.front() += (lines.front().isEmpty() ? "" : "\t") + QString::fromUtf8(column.heading);
+  for (const QModelIndex& index : SelectedRows()) {
+    QStringList cells;
+    for (int column = 0; column < m_order->columnCount(); ++column)
+      cells.append(index.siblingAtColumn(column).data().toString());
+    lines.append(cells.join('\t'));
+  }
+  QGuiApplication::clipboard()->setText(lines.join('\n') + '\n');
+}
+
+} // namespace
+
+void ShowComparison(EditorPanel& panel, const RadioImage& other, const std::string& path, MessageView& messages,
+                    QWidget* parent) {
+  (new FrmCompare(panel, other, QString::fromStdString(path), messages, parent))->show();
+}
+
+} // namespace mr4500x
