@@ -193,7 +193,8 @@ void FrmCompare::BuildTable() {
   m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
   AddAction(tr("Take Other Value"), {Qt::Key_Return, Qt::Key_Enter}, &FrmCompare::Take);
   AddAction(tr("Copy"), {QKeySequence::Copy}, &FrmCompare::Copy);
-  connect(m_table, &QTableView::doubleClicked, this, &FrmCompare::Take);
+  // After the press: a message inside of it would swallow the release.
+  connect(m_table, &QTableView::doubleClicked, this, &FrmCompare::Take, Qt::QueuedConnection);
 }
 
 void FrmCompare::AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)()) {
