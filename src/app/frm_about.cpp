@@ -86,8 +86,8 @@ void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget*
   words->addWidget(MakeLink(openLink));
   words->addStretch();
   auto* const top = new QHBoxLayout;
-  top->setSpacing(dialog.fontMetrics().averageCharWidth() * 3);
   top->addWidget(picture);
+  top->addSpacing(dialog.fontMetrics().averageCharWidth() * 2);
   top->addLayout(words);
   auto* const bottom = new QHBoxLayout;
   bottom->addWidget(MakeLicencesButton(*licences));

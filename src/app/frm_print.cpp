@@ -50,8 +50,8 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent) :
   connect(buttons.ok, &QPushButton::clicked, this, &FrmPrint::cmdOK_Click);
 
   auto* const top = new QHBoxLayout;
-  top->setSpacing(fontMetrics().averageCharWidth() * 4);
   top->addLayout(boxes);
+  top->addSpacing(fontMetrics().averageCharWidth() * 3);
   top->addLayout(side);
   auto* const layout = new QVBoxLayout(this);
   layout->setSizeConstraint(QLayout::SetFixedSize);

@@ -2,6 +2,7 @@
 #include "end_signals.h"
 #include "frm_splash.h"
 #include "machine.h"
+#include "open_windows.h"
 #include "program.h"
 
 #include <QApplication>
@@ -44,6 +45,7 @@ int main(int argc, char** argv) {
     std::cerr << Usage;
     return 2;
   }
+  ShowNoIconsOnDialogButtons();
   FrmSplash splash;
   splash.ShowPainted();
   SteadyClock clock;

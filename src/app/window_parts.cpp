@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QStyle>
 #include <QTime>
 
 // A static library's resources need this call, and the macro only works outside of namespaces.
@@ -15,6 +16,7 @@ namespace {
 
 constexpr char PortText[] = "COM %1";
 constexpr int PassingMilliseconds = 10'000;
+constexpr int BarInset = 2; // of a status bar's first and last panel
 
 // Without seconds, as the clock is updated once a minute.
 QString TimeText(const QTime& time) {
@@ -37,6 +39,10 @@ StatusPanels::StatusPanels(const QString& title, std::function<std::string(int)>
     : m_programTitle(title), m_deviceOfPort(std::move(deviceOfPort)), m_title(new QLabel(title)), m_port(new QLabel),
       m_time(new QLabel) {
   setObjectName(QStringLiteral("stbMain"));
+  // The panels begin and end where the frames above them do.
+  setSizeGripEnabled(false);
+  const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin) - BarInset;
+  setContentsMargins(margin, 0, margin, 0);
   int number = 0;
   for (QLabel* const panel : {m_title, m_port, m_time}) {
     panel->setObjectName(QStringLiteral("stbMain.Panels(%1)").arg(++number));

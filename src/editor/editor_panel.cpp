@@ -13,8 +13,12 @@
 #include "set_field.h"
 #include "tts_frame.h"
 
+#include <QGridLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QStackedLayout>
+
+#include <algorithm>
 
 namespace mr4500x {
 namespace {
@@ -33,13 +37,16 @@ private:
   QWidget& m_panel;
 };
 
-template<class Box>
-Box* AddBox(QBoxLayout& outer, std::initializer_list<QWidget*> widgets) {
-  auto* const box = new Box;
-  outer.addLayout(box);
-  for (QWidget* const widget : widgets)
-    box->addWidget(widget);
-  return box;
+// In frames that stand one above the other, labels and lists get one width.
+template<class Part>
+void AlignParts(std::initializer_list<QWidget*> frames) {
+  int widest = 0;
+  for (const QWidget* const frame : frames)
+    for (const auto* const part : frame->findChildren<Part*>())
+      widest = std::max(widest, part->sizeHint().width());
+  for (const QWidget* const frame : frames)
+    for (auto* const part : frame->findChildren<Part*>())
+      part->setMinimumWidth(widest);
 }
 
 } // namespace
@@ -82,22 +89,30 @@ void EditorPanel::BuildFrames() {
 
   auto* const channelView = new QWidget(this);
   channelView->setObjectName(QStringLiteral("picChannelView"));
-  auto* const channelColumn = new QVBoxLayout(channelView);
-  AddBox<QHBoxLayout>(*channelColumn, {m_band, record})->addStretch();
-  channelColumn->addWidget(m_channels, 0, Qt::AlignLeft);
-  channelColumn->addStretch();
+  auto* const channelGrid = new QGridLayout(channelView);
+  channelGrid->addWidget(m_band, 0, 0);
+  channelGrid->addWidget(record, 0, 1);
+  channelGrid->addWidget(m_channels, 1, 0, 1, 2);
+  channelGrid->setColumnStretch(2, 1); // the groups end where the channels end
+  channelGrid->setRowStretch(2, 1);
   m_views->addWidget(channelView);
 
   auto* const functionView = new QWidget(this);
   functionView->setObjectName(QStringLiteral("picFunctionView"));
-  auto* const functionRow = new QHBoxLayout(functionView);
-  AddBox<QVBoxLayout>(*functionRow, {global, m_tts})->addStretch();
-  auto* const right = AddBox<QVBoxLayout>(*functionRow, {scan, m_keys});
-  AddBox<QHBoxLayout>(*right, {m_selectCall, m_fiveTone});
-  right->addWidget(m_resetTime);
-  right->addWidget(tune);
-  right->addStretch();
-  functionRow->addStretch();
+  auto* const functionGrid = new QGridLayout(functionView);
+  functionGrid->addWidget(global, 0, 0, 2, 1);
+  functionGrid->addWidget(m_tts, 2, 0, 4, 1);
+  int row = 0;
+  for (QWidget* const frame :
+       std::initializer_list<QWidget*>{scan, m_keys, m_selectCall, m_fiveTone, m_resetTime, tune}) {
+    functionGrid->setRowStretch(row, row < 2 ? 2 : 1); // the first two have three rows of fields, the others one
+    functionGrid->addWidget(frame, row++, 1);
+  }
+  functionGrid->setColumnStretch(0, 1);
+  functionGrid->setColumnStretch(1, 1);
+  const std::initializer_list<QWidget*> singles = {m_selectCall, m_fiveTone, m_resetTime, tune};
+  AlignParts<QLabel>(singles);
+  AlignParts<ChoiceBox>(singles);
   m_views->addWidget(functionView);
 }
 

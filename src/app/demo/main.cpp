@@ -2,6 +2,7 @@
 // reads the radio, shows both views and the embedded information, saves the configuration and writes the radio. Exits
 // with 0 if the radio was written.
 #include "channel_record.h"
+#include "open_windows.h"
 #include "program.h"
 
 #include <QAbstractItemView>
@@ -179,6 +180,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: mr4500x-demo FOLDER\n";
     return 2;
   }
+  ShowNoIconsOnDialogButtons();
   Program program;
   program.Window().show();
   Demo demo(program.Window(), QDir(QString::fromLocal8Bit(argv[1])).absolutePath());

@@ -6,7 +6,6 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QPainter>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <array>
@@ -44,7 +43,6 @@ constexpr std::array<ColumnLook, GridColumnCount> Looks = {{
 
 constexpr int RowTwips = 255;            // unit of the row heights
 constexpr double ChannelRowFactor = 1.1; // the header's is 2
-constexpr int HeightSlackTwips = 100;
 constexpr int EditorTopTwips = -25;
 constexpr int EditorLeftTwips = 10;
 
@@ -63,7 +61,7 @@ QColor ColourOn(const QPalette& palette, CellColour colour) {
   if (colour == CellColour::Teal) return ReadableOn(TealText, background);
   if (colour == CellColour::Navy) return ReadableOn(NavyText, background);
   if (colour == CellColour::Hidden) return background;
-  if (colour == CellColour::Grey) return palette.color(QPalette::Disabled, QPalette::Text);
+  if (colour == CellColour::Grey) return GreyOn(palette);
   return palette.color(QPalette::Text);
 }
 
@@ -132,52 +130,22 @@ private:
   std::function<void(int, Qt::MouseButton, Qt::KeyboardModifiers)> m_clicked;
 };
 
-QColor Between(const QColor& one, const QColor& other, float share) {
-  return QColor::fromRgbF(one.redF() + (other.redF() - one.redF()) * share,
-                          one.greenF() + (other.greenF() - one.greenF()) * share,
-                          one.blueF() + (other.blueF() - one.blueF()) * share);
-}
-
-// Marks the current cell with a frame instead of the selection's background, so that its text keeps its colour, and a
-// hidden text stays hidden.
-class CellDelegate : public QStyledItemDelegate {
+// A hidden text stays hidden, and selected rows have a tint of the selection's colour, on which texts can be read.
+class ChannelDelegate : public CellDelegate {
 public:
-  explicit CellDelegate(ChannelGrid& grid) : QStyledItemDelegate(&grid), m_grid(grid) {}
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    QStyledItemDelegate::paint(painter, option, index);
-    if (index != m_grid.currentIndex()) return;
-    const bool active = m_grid.hasFocus();
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing, false);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(option.palette.brush(active ? QPalette::Highlight : QPalette::Mid));
-    const int line = active ? 2 : 1;
-    const QRect cell = option.rect;
-    painter->drawRects(std::array{QRect(cell.left(), cell.top(), cell.width(), line),
-                                  QRect(cell.left(), cell.bottom() + 1 - line, cell.width(), line),
-                                  QRect(cell.left(), cell.top(), line, cell.height()),
-                                  QRect(cell.right() + 1 - line, cell.top(), line, cell.height())}
-                           .data(),
-                       4);
-    painter->restore();
-  }
+  using CellDelegate::CellDelegate;
 
 protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    // A tint of the selection's colour, on which the text's own can be read.
-    if (option->state.testFlag(QStyle::State_Selected)) {
+    const bool selected = option->state.testFlag(QStyle::State_Selected);
+    CellDelegate::initStyleOption(option, index);
+    if (selected) {
       const QColor base = option->palette.color(QPalette::Base);
       const float share = base.lightnessF() < 0.5 ? 0.3F : 0.12F;
       option->backgroundBrush = Between(base, option->palette.color(QPalette::Highlight), share);
     }
-    option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
     if (index.data(ColourRole).toInt() == static_cast<int>(CellColour::Hidden)) option->text.clear();
   }
-
-private:
-  ChannelGrid& m_grid;
 };
 
 } // namespace
@@ -187,8 +155,7 @@ ChannelGrid::ChannelGrid(QWidget* parent)
                HeaderText(GridColumn::ChannelNo), parent) {
   setObjectName("gridChannel");
   setAccessibleName(tr("Channels"));
-  setItemDelegate(new CellDelegate(*this));
-  setSelectionMode(NoSelection);
+  setItemDelegate(new ChannelDelegate(*this));
   setWordWrap(false);
   setHorizontalHeader(new TwoLineHeader(this));
   setVerticalHeader(new RowLabels(*this, [this](auto... click) { RowClicked(click...); }));
@@ -321,7 +288,7 @@ void ChannelGrid::FitToFont(int toneEditorWidth) {
     setColumnWidth(column, Scaled(Looks[static_cast<std::size_t>(column) + 1].twips));
     width += columnWidth(column);
   }
-  setFixedSize(width, headerRow + rowCount() * channelRow + Pixels(HeightSlackTwips, *this));
+  setFixedSize(width, headerRow + rowCount() * channelRow + 2 * frameWidth());
 }
 
 int ChannelGrid::Scaled(double twips) const {

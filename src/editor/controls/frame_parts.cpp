@@ -30,6 +30,16 @@ QColor ReadableOn(QRgb text, const QColor& background) {
   return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), blue ? 0.82F : 0.68F);
 }
 
+QColor Between(const QColor& one, const QColor& other, float share) {
+  return QColor::fromRgbF(one.redF() + (other.redF() - one.redF()) * share,
+                          one.greenF() + (other.greenF() - one.greenF()) * share,
+                          one.blueF() + (other.blueF() - one.blueF()) * share);
+}
+
+QColor GreyOn(const QPalette& palette) {
+  return Between(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.6F);
+}
+
 void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
   const QPalette& present = like.palette();
   QPalette colours; // the rest comes from the parent

@@ -15,6 +15,7 @@ class QDialog;
 class QGridLayout;
 class QHBoxLayout;
 class QLabel;
+class QPalette;
 class QPushButton;
 class QWidget;
 
@@ -32,6 +33,12 @@ inline constexpr QRgb DarkBlueText = qRgb(0, 0, 192);
 
 // The colour, lightened on a dark background; the hue stays.
 [[nodiscard]] QColor ReadableOn(QRgb text, const QColor& background);
+
+// A grey that can be read on a field. The palette's own, of what is disabled, is too light for a text that tells
+// something.
+[[nodiscard]] QColor GreyOn(const QPalette& palette);
+
+[[nodiscard]] QColor Between(const QColor& one, const QColor& other, float share); // 0 is `one`
 
 // Sets the text colour of a field or an option, readable on the backgrounds of `like`.
 void SetTextColour(QWidget& widget, QRgb text, const QWidget& like);

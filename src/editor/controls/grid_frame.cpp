@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
@@ -15,6 +16,8 @@ namespace mr4500x {
 
 CellGrid::CellGrid(int rows, int columns, int firstColumn, const QString& corner, QWidget* parent)
     : QTableWidget(rows, columns, parent), m_firstColumn(firstColumn), m_corner(new QLabel(corner, this)) {
+  setItemDelegate(new CellDelegate(*this));
+  setSelectionMode(NoSelection);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
   setAutoScroll(false);
@@ -131,6 +134,23 @@ void CellGrid::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QTableWidget::keyPressEvent(event);
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  QStyledItemDelegate::paint(painter, option, index);
+  if (index != m_grid.currentIndex() || !m_grid.isEnabled()) return;
+  const QPalette& colours = option.palette;
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing, false);
+  painter->setClipRect(option.rect);
+  painter->setPen(QPen(m_grid.hasFocus() ? colours.color(QPalette::Highlight) : GreyOn(colours), 4)); // clipped to 2
+  painter->drawRect(option.rect);
+  painter->restore();
+}
+
+void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
 }
 
 GridFrame::GridFrame(const QString& objectName, const QString& title, const char* refusal, MessageView& messages)

@@ -5,6 +5,7 @@
 #include "message_view.h"
 #include "settings_frame.h"
 
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -44,6 +45,20 @@ private:
   QLabel* m_corner;
   QPersistentModelIndex m_current; // while hidden
   bool m_pressed = false;          // the left button went down on a cell
+};
+
+// Marks the current cell with a frame instead of the selection's background, so that its text keeps its colour. Grey
+// while the grid does not have the focus.
+class CellDelegate : public QStyledItemDelegate {
+public:
+  explicit CellDelegate(CellGrid& grid) : QStyledItemDelegate(&grid), m_grid(grid) {}
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+private:
+  CellGrid& m_grid;
 };
 
 class GridFrame : public SettingsFrame {

@@ -28,7 +28,6 @@ FieldFrame::FieldFrame(const QString& objectName, const QString& title, ChoiceLi
     : FieldFrame(objectName, title) {
   AddList(0, 0, list);
   m_fields->setColumnStretch(2, 1); // the list keeps its width
-  m_fields->setRowStretch(1, 1);
 }
 
 ChoiceBox* FieldFrame::AddList(int row, int column, ChoiceList list) {
@@ -46,7 +45,6 @@ void FieldFrame::StretchFields(std::initializer_list<int> labelColumns) {
     if (column != *labelColumns.begin()) m_fields->setColumnMinimumWidth(column - 1, ColumnGap);
     m_fields->setColumnStretch(column + 1, 1);
   }
-  m_fields->setRowStretch(m_fields->rowCount(), 1);
 }
 
 void FieldFrame::Fill(const Configuration& values) {

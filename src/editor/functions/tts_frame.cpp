@@ -51,8 +51,9 @@ public:
   explicit TtsGrid(QWidget* parent) : CellGrid(RowCount, ColumnCount, FirstDataColumn, TtsFrame::tr("No."), parent) {
     setObjectName(QStringLiteral("gridTTS"));
     setAccessibleName(TtsFrame::tr("TTS table, entries 1 to 8"));
-    setSelectionMode(SingleSelection);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // Rows and columns share what room the frame has.
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     horizontalHeader()->setDefaultAlignment(Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
     for (int column = FirstDataColumn; column < ColumnCount; ++column) {
@@ -71,12 +72,10 @@ public:
     const auto numberWidth = static_cast<int>(std::lround(dataWidth * NumberColumnWidth / DataColumnWidth));
     const int rowHeight = std::max(Pixels(DataRowHeight, *this), metrics.height() + 4);
     const int headingHeight = std::max(Pixels(HeadingHeight, *this), 2 * metrics.lineSpacing() + 8);
-    horizontalHeader()->setDefaultSectionSize(dataWidth);
     verticalHeader()->setFixedWidth(numberWidth);
-    verticalHeader()->setDefaultSectionSize(rowHeight);
     horizontalHeader()->setFixedHeight(headingHeight);
-    setFixedSize(numberWidth + (ColumnCount - 1) * dataWidth + 2 * frameWidth(),
-                 headingHeight + RowCount * rowHeight + 2 * frameWidth());
+    setMinimumSize(numberWidth + (ColumnCount - 1) * dataWidth + 2 * frameWidth(),
+                   headingHeight + RowCount * rowHeight + 2 * frameWidth());
   }
 
   // A table that is not in use is grey.
@@ -92,24 +91,12 @@ public:
         item(row, column)->setForeground(text);
     }
   }
-
-protected:
-  // Selects the current cell, but only while the table has the focus.
-  void focusInEvent(QFocusEvent* event) override {
-    QTableWidget::focusInEvent(event);
-    setCurrentCell(currentRow(), currentColumn());
-  }
-  void focusOutEvent(QFocusEvent* event) override {
-    QTableWidget::focusOutEvent(event);
-    clearSelection();
-  }
 };
 
 TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator)
     : GridFrame(QStringLiteral("fraTTS"), tr("TTS"), "TTS Frequency Invalid!", messages), m_grid(new TtsGrid(this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_grid);
-  layout->addStretch(1);
 
   // Not in the grid's viewport: screen readers find only cells in a table.
   m_frequency =

@@ -2,17 +2,35 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QProxyStyle>
 #include <QSettings>
 
 #include <cmath>
 
 namespace mr4500x {
+namespace {
+
+class ButtonsWithoutIcons : public QProxyStyle {
+public:
+  using QProxyStyle::QProxyStyle;
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returnData) const override {
+    const bool icons = hint == SH_DialogButtonBox_ButtonsHaveIcons;
+    return icons ? 0 : QProxyStyle::styleHint(hint, option, widget, returnData);
+  }
+};
+
+} // namespace
 
 QWidget* OwnerWindow() {
   if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
   for (QWidget* const window : QApplication::topLevelWidgets())
     if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
   return nullptr;
+}
+
+void ShowNoIconsOnDialogButtons() {
+  QApplication::setStyle(new ButtonsWithoutIcons(QApplication::style()->name()));
 }
 
 WindowGeometry GeometryOf(const QWidget& window) {

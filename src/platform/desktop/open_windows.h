@@ -1,4 +1,5 @@
-// The program's windows: which one owns a new dialog, and the place of the main window, stored at exit.
+// The program's windows: which one owns a new dialog, how the buttons of dialogs look, and the place of the main
+// window, stored at exit.
 #pragma once
 
 class QWidget;
@@ -7,6 +8,9 @@ namespace mr4500x {
 
 // The parent for a new dialog: the open modal dialog, else the visible main window, else nullptr.
 [[nodiscard]] QWidget* OwnerWindow();
+
+// Qt gives icons to the buttons of its own dialogs. The program's have none, so none has, whatever the style.
+void ShowNoIconsOnDialogButtons();
 
 // Including the frame, in twips (1/1440 inch).
 struct WindowGeometry {
