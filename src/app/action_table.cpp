@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include <algorithm>
 #include <array>
 #include <span>
 #include <string_view>
@@ -83,7 +84,8 @@ namespace {
 // The keys from left to right; an empty one is a separator.
 constexpr std::array<std::string_view, 13> ToolbarOrder = {"New",   "Open", "Save", "", "Print",   "",       "Read",
                                                            "Write", "",     "Port", "", "ChanWin", "FuncWin"};
-constexpr int IconSize = 24;
+constexpr int LeastIconSize = 24;
+constexpr double IconLines = 1.6; // in the height of a line of text
 
 } // namespace
 
@@ -134,7 +136,8 @@ void FrmMain::BuildToolbar() {
   auto* const toolbar = new QToolBar;
   toolbar->setObjectName(QStringLiteral("tlbMain"));
   toolbar->setMovable(false);
-  toolbar->setIconSize(QSize(IconSize, IconSize));
+  const int size = std::max(LeastIconSize, qRound(fontMetrics().height() * IconLines));
+  toolbar->setIconSize(QSize(size, size));
   addToolBar(toolbar);
   for (const std::string_view key : ToolbarOrder) {
     if (key.empty()) {

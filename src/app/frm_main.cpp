@@ -110,7 +110,9 @@ void FrmMain::Load() {
 void FrmMain::TakeDesignSize() {
   QWidget* const scroll = centralWidget();
   scroll->setMinimumSize(m_panel->size());
-  const QSize wanted = sizeHint();
+  // A multiple of 4, for whole pixels at a scale of 125 or 150 %: a cut off part of one would bring scroll bars.
+  const auto whole = [](int length) { return (length + 3) / 4 * 4; };
+  const QSize wanted(whole(sizeHint().width()), whole(sizeHint().height()));
   scroll->setMinimumSize(0, 0);
   const QSize border(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the real frame is not known yet
   const QSize room = screen()->availableSize() - border;

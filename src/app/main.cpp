@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
     std::cout << Usage;
     return 0;
   }
+  ScaleByWholeFactors();
   const QApplication application(argc, argv);
   QApplication::setDesktopFileName(QStringLiteral("mr4500x")); // for the desktop's menu entry and icon
   const QStringList arguments = QApplication::arguments();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr char PortText[] = "COM %1";
 constexpr int PassingMilliseconds = 10'000;
-constexpr int BarInset = 2; // of a status bar's first and last panel
+constexpr int BarInset = 1; // that of the first and last panel, less that of a frame's line
 
 // Without seconds, as the clock is updated once a minute.
 QString TimeText(const QTime& time) {

@@ -175,6 +175,7 @@ void Demo::Picture(QWidget& window, const std::string& name) {
 } // namespace
 
 int main(int argc, char** argv) {
+  ScaleByWholeFactors();
   const QApplication application(argc, argv);
   if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
     std::cerr << "usage: mr4500x-demo FOLDER\n";

@@ -29,6 +29,10 @@ QWidget* OwnerWindow() {
   return nullptr;
 }
 
+void ScaleByWholeFactors() {
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+}
+
 void ShowNoIconsOnDialogButtons() {
   QApplication::setStyle(new ButtonsWithoutIcons(QApplication::style()->name()));
 }
