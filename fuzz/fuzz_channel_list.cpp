@@ -1,6 +1,8 @@
-// Any text as a list of channels: each line is taken or told, and what was taken is exported and comes back.
+// Any text as a list of radios, and as a list of channels: each line is taken or told, and what was taken is exported
+// and comes back.
 #include "channel_list.h"
 #include "fuzz_input.h"
+#include "plan.h"
 
 #include <algorithm>
 
@@ -29,6 +31,10 @@ void Fuzz(FuzzInput input) {
   RadioImage image;
   static_cast<void>(NewConfiguration(image, Texts, {2004, 11, 4, 9, 5, 7}));
   const RadioImage before = image;
+  const PlanCheck check = MakePlan(image, "", text, Texts, [](std::string_view bytes) { return std::string(bytes); });
+  Require(!check.problems.empty() || !check.plan.rows.empty(), "a list of radios has rows, or it is told why not");
+  for (std::size_t row = 1; check.problems.empty() && row <= check.plan.rows.size(); ++row)
+    static_cast<void>(ImageFor(check.plan, row, Texts));
   if (!ImportChannels(image, list.rows, Texts).empty()) return Require(image == before, "all or nothing is taken");
   const RadioImage imported = image;
   const ChannelList exported = ReadChannelList(ChannelsCsv(Decode(image, Texts).configuration));

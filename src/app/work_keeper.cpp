@@ -1,5 +1,6 @@
 #include "work_keeper.h"
 
+#include "decimal.h"
 #include "differences.h"
 #include "editor_panel.h"
 #include "messages.h"
@@ -7,19 +8,10 @@
 #include <QCoreApplication>
 #include <QEvent>
 
-#include <cstdio>
-
 namespace mr4500x {
 namespace {
 
 constexpr std::chrono::seconds LookDelay{1};
-
-std::string TextOf(const LocalTime& time) {
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day, time.hour,
-                time.minute, time.second);
-  return text.data();
-}
 
 std::string SourceOf(const Origin& origin) {
   if (const auto* const file = std::get_if<FileOrigin>(&origin)) return file->path;
@@ -73,7 +65,7 @@ void WorkKeeper::KeepNow() {
   Encode(stored, image, m_texts);
   const auto data = BuildDataFile(image);
   const std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
-  if (m_copies.Keep({{data.begin(), data.end()}, TextOf(m_services.now()), m_source, lines})) {
+  if (m_copies.Keep({{data.begin(), data.end()}, TimestampText(m_services.now()), m_source, lines})) {
     m_kept = std::move(shown);
     m_failed = false;
   } else if (!std::exchange(m_failed, true)) {

@@ -8,7 +8,6 @@
 #include "settings.h"
 
 #include <QString>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <cctype>
@@ -42,11 +41,6 @@ std::size_t EditsBetween(std::string_view from, std::string_view to) {
     }
   }
   return row.back();
-}
-
-void UseLineFeeds(QString& text) {
-  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-  text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
 } // namespace
@@ -96,30 +90,9 @@ std::string NearestOf(std::string_view word, const std::vector<std::string>& nam
   return nearest;
 }
 
-std::optional<std::u16string> InfoFromArgument(std::string_view argument) {
-  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless); // its end is the end
-  QString text = decoder(QByteArrayView(argument.data(), static_cast<qsizetype>(argument.size())));
-  if (decoder.hasError()) return std::nullopt;
-  UseLineFeeds(text);
-  text.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
-  return text.toStdU16String();
-}
-
-std::string InfoToKeep(std::u16string_view text) {
-  QString kept = QStringView(VisibleText(text)).toString();
-  UseLineFeeds(kept);
-  return kept.isEmpty() ? "" : kept.toStdString() + '\n';
-}
-
-std::optional<std::u16string> InfoFromKept(std::string_view content) {
-  for (const char end : {'\n', '\r'}) // the last line's
-    if (content.ends_with(end)) content.remove_suffix(1);
-  return InfoFromArgument(content);
-}
-
 std::string InfoToPrint(std::u16string_view text) {
   QString shown = QStringView(VisibleText(text)).toString();
-  UseLineFeeds(shown);
+  shown.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
   for (QChar& c : shown) // keep a radio's text from controlling the terminal
     if (c.category() == QChar::Other_Control && c != QLatin1Char('\n') && c != QLatin1Char('\t')) c = QLatin1Char('.');
   return shown.toStdString();

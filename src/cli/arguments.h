@@ -37,13 +37,6 @@ struct PortArgument {
 // The name that may have been meant: two letters at most are missing, wrong or too many. "" if there is none.
 [[nodiscard]] std::string NearestOf(std::string_view word, const std::vector<std::string>& names);
 
-// From UTF-8; every line break becomes carriage return and line feed. nullopt if the argument is not UTF-8.
-[[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
-
-// The text in a file: UTF-8, with a line feed after each line. InfoFromKept takes it back; nullopt if it is not UTF-8.
-[[nodiscard]] std::string InfoToKeep(std::u16string_view text);
-[[nodiscard]] std::optional<std::u16string> InfoFromKept(std::string_view content);
-
 // To print: what a text box shows, with plain line feeds. Other control characters except tabs become ".".
 [[nodiscard]] std::string InfoToPrint(std::u16string_view text);
 

@@ -1,6 +1,7 @@
 #include "radio_commands.h"
 
 #include "arguments.h"
+#include "backup.h"
 #include "diff_command.h"
 #include "embedded_info.h"
 #include "file_access.h"
@@ -47,17 +48,14 @@ ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
     return Fail(command.terminal,
                 folder + ": the backup can't be kept here. Nothing has been written." + SystemReason());
   };
-  if (!MakeFolderOf(command.files, folder + "/") || !MayReplace(command.files, folder + "/backup")) return refuse();
+  if (!MayKeepBackupIn(command.files, folder)) return refuse();
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
-  const std::string stem = folder + '/' + FilledIn("{id}_{date}_{time}", image, command.now());
-  if (!IsMissing(command.files, stem + ".K4X"))
-    return Fail(command.terminal, stem + ".K4X: there is such a file already. Nothing has been written.");
-  if (!SaveDataFile(command.files, stem + ".K4X", image)) return refuse();
-  const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
-  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  if (!text.empty() && !ReplaceFile(command.files, stem + ".txt", bytes, Surplus::Drop)) return refuse();
-  command.terminal.out << stem << ".K4X\n";
+  const auto [outcome, path] = KeepBackup(command.files, folder, image, command.now());
+  if (outcome == BackupOutcome::NameIsTaken)
+    return Fail(command.terminal, path + ": there is such a file already. Nothing has been written.");
+  if (outcome == BackupOutcome::Failed) return refuse();
+  command.terminal.out << path << '\n';
   return EndOutput(command.terminal);
 }
 

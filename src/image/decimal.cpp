@@ -1,6 +1,7 @@
 #include "decimal.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace mr4500x {
 namespace {
@@ -86,6 +87,13 @@ std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view pr
   const std::optional<int> number = ParseWhole(digits);
   if (!number || *number > 0xFF || (digits.front() == '0' && digits.size() > 1)) return std::nullopt;
   return static_cast<std::uint8_t>(*number);
+}
+
+std::string TimestampText(const LocalTime& time) {
+  std::array<char, 80> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day, time.hour,
+                time.minute, time.second);
+  return text.data();
 }
 
 } // namespace mr4500x

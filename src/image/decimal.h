@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "clock.h"
+
 namespace mr4500x {
 
 // The number digits / 10^decimals.
@@ -37,6 +39,9 @@ constexpr bool IsDigit(char c) {
 
 // The number after a prefix, 0 to 255 without leading zeros; nullopt for any other text.
 [[nodiscard]] std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view prefix);
+
+// "2026-11-25 04:10:33"
+[[nodiscard]] std::string TimestampText(const LocalTime& time);
 
 inline constexpr std::string_view HexSymbols = "0123456789ABCDEF";
 constexpr char HexDigit(int nibble) {

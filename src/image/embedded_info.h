@@ -4,6 +4,7 @@
 
 #include "radio_image.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,13 @@ struct EmbeddedEntry {
 // Cuts a text of more than 119 units: removes the character before the caret, then whatever is still beyond the limit.
 // Removes a surrogate pair or line end as a whole. False, with no change, for a text within the limit.
 bool CutToTopSize(EmbeddedEntry& entry);
+
+// From UTF-8; every line break becomes carriage return and line feed. nullopt if the text is not UTF-8.
+[[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
+
+// The text in a file: UTF-8, with a line feed after each line. InfoFromKept takes it back; nullopt if it is not UTF-8.
+[[nodiscard]] std::string InfoToKeep(std::u16string_view text);
+[[nodiscard]] std::optional<std::u16string> InfoFromKept(std::string_view content);
 
 // The write stamp in the form "2004-11-04, 09:30:15", in UTF-8.
 [[nodiscard]] std::string LastProgrammingTime(const RadioImage& image);

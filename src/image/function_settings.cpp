@@ -12,6 +12,12 @@ void WriteLimit(std::span<std::uint8_t, 2> limit, int megahertz) {
   limit[1] = static_cast<std::uint8_t>((megahertz >> 8) & 0xFF);
 }
 
+std::string WithoutEndBlanks(std::string text) {
+  text.erase(text.find_last_not_of(' ') + 1);
+  text.erase(0, text.find_first_not_of(' '));
+  return text;
+}
+
 } // namespace
 
 int LowerBandLimit(std::span<const std::uint8_t, 8> band) {
@@ -65,6 +71,17 @@ std::string CharactersText(std::span<const std::uint8_t> bytes) {
     }
   }
   return text;
+}
+
+std::string IdentityNumber(const RadioImage& image) {
+  return WithoutEndBlanks(CharactersText(image.RadioIdBlock));
+}
+std::string FirmwareVersion(const RadioImage& image) {
+  return WithoutEndBlanks(CharactersText(image.FirmwareVersionBlock));
+}
+
+std::string BandText(std::span<const std::uint8_t, 8> band) {
+  return std::to_string(LowerBandLimit(band)) + " to " + std::to_string(UpperBandLimit(band)) + " MHz";
 }
 
 } // namespace mr4500x

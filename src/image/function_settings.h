@@ -90,6 +90,7 @@ inline constexpr std::uint8_t CancelEmergencyAlertKey = 0xC2; // Long A
 [[nodiscard]] int UpperBandLimit(std::span<const std::uint8_t, 8> band);
 void SetLowerBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
 void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
+[[nodiscard]] std::string BandText(std::span<const std::uint8_t, 8> band); // "440 to 470 MHz"
 // 00 30 in bytes 4 and 5, as in every radio of the series.
 void SetSeriesMark(std::span<std::uint8_t, 8> band);
 
@@ -112,5 +113,8 @@ void PackDigits(std::string_view text, std::span<std::uint8_t, 8> area);
 // The identity number or firmware version in UTF-8, read as Latin-1. Zero bytes are left out, other control codes
 // become ".".
 [[nodiscard]] std::string CharactersText(std::span<const std::uint8_t> bytes);
+// Without the blanks at their ends.
+[[nodiscard]] std::string IdentityNumber(const RadioImage& image);
+[[nodiscard]] std::string FirmwareVersion(const RadioImage& image);
 
 } // namespace mr4500x

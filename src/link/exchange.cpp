@@ -208,8 +208,10 @@ ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& 
   return Read(WholeRead, line, image, observer, speed);
 }
 
-ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer) {
-  return Read(IdentityRead, line, image, observer);
+ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer, int tries) {
+  ReadCourse course = IdentityRead;
+  course.pace.tries = tries;
+  return Read(course, line, image, observer);
 }
 
 ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {

@@ -50,7 +50,9 @@ public:
                                        Speed speed = Speed::Prescribed);
 
 // Reads identity number, firmware version, write stamp and band only. Everything else is 0x00 then.
-[[nodiscard]] ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer);
+// `tries` of the wake-up.
+[[nodiscard]] ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                                          int tries = 4);
 
 // Replaces what a write sends, but for the write stamp, by what the radio holds.
 [[nodiscard]] ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer,

@@ -17,13 +17,6 @@ const Field* ChannelField(std::string_view column) {
   return found == Fields().end() ? nullptr : &*found;
 }
 
-// What a spreadsheet makes of a yes or no: TRUE and FALSE.
-std::string ValueFrom(const Field& field, std::string cell) {
-  if (field.kind == FieldKind::YesNo)
-    std::ranges::transform(cell, cell.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return cell;
-}
-
 void DropRepeatedChannels(ChannelList& list) {
   std::set<std::size_t> seen;
   std::erase_if(list.rows, [&](const ImportedRow& row) {
@@ -83,6 +76,12 @@ ChannelList ReadChannelList(std::string_view text) {
   (IsExchangeList(table.rows.front()) ? ReadExchangeList : ReadOwnForm)(table, list);
   DropRepeatedChannels(list);
   return list;
+}
+
+std::string ValueFrom(const Field& field, std::string cell) {
+  if (field.kind == FieldKind::YesNo)
+    std::ranges::transform(cell, cell.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return cell;
 }
 
 void AddValue(ImportedRow& row, const Field& field, std::string text, const std::string& column,

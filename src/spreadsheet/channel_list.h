@@ -52,6 +52,8 @@ struct ChannelList {
 [[nodiscard]] bool IsExchangeList(const CsvRow& heading);
 void ReadOwnForm(const CsvTable& table, ChannelList& list);
 void ReadExchangeList(const CsvTable& table, ChannelList& list);
+// As settings have it: a spreadsheet makes TRUE and FALSE of a yes and no.
+[[nodiscard]] std::string ValueFrom(const Field& field, std::string cell);
 void AddValue(ImportedRow& row, const Field& field, std::string text, const std::string& column,
               const std::string& cell);
 

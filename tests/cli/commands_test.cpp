@@ -53,9 +53,6 @@ TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
 }
 
 TEST(ArgumentsTest, InformationTexts) {
-  EXPECT_EQ(InfoFromArgument("a\nb\r\nc\rd"), u"a\r\nb\r\nc\r\nd");
-  EXPECT_EQ(InfoFromArgument("\xF0\x9F\x93\xBB"), u"\U0001F4FB"); // two units
-  EXPECT_EQ(InfoFromArgument("a\xE9"), std::nullopt);
   EXPECT_EQ(InfoToPrint(std::u16string_view(u"a\r\nb\x1B[\0c", 8)), "a\nb.[");
 }
 

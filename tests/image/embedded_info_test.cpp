@@ -55,5 +55,27 @@ TEST(EmbeddedInfoTest, TextsAreUtf16LowByteFirst) {
   EXPECT_EQ(EmbeddedText(block), u"AB\r\nC\u20AC");
 }
 
+TEST(EmbeddedInfoTest, TextsInFilesAndArgumentsAreUtf8) {
+  EXPECT_EQ(InfoFromArgument("a\nb\r\nc\rd\n"), u"a\r\nb\r\nc\r\nd\r\n");
+  const std::pair<const char*, Text> texts[] = {{"\x7F", u"\x7F"},
+                                                {"\xC2\x80\xDF\xBF", u"\x80\x7FF"},
+                                                {"\xE0\xA0\x80\xEF\xBF\xBF", u"\x800\xFFFF"},
+                                                {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", u"\U00010000\U0010FFFF"}};
+  for (const auto& [bytes, text] : texts) {
+    EXPECT_EQ(InfoFromArgument(bytes), text);
+    EXPECT_EQ(InfoToKeep(text), std::string(bytes) + '\n');
+  }
+  EXPECT_EQ(InfoFromKept("\xEF\xBB\xBF"
+                         "a\n\n"),
+            u"a\r\n"); // without byte order mark and last line end
+  EXPECT_EQ(InfoToKeep(Text(u"a\r\nb\rc\0d", 8)), "a\nb\nc\n");
+  EXPECT_EQ(InfoToKeep(u""), "");
+  EXPECT_EQ(InfoToKeep(Text{u'a', 0xD83D, u'b', 0xDC00}), "a\xEF\xBF\xBD"
+                                                          "b\xEF\xBF\xBD\n"); // halves of pairs
+  for (const char* const bad : {"a\xE9", "\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80",
+                                "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF", "\xE2\x82"})
+    EXPECT_EQ(InfoFromArgument(bad), std::nullopt) << bad;
+}
+
 } // namespace
 } // namespace mr4500x

@@ -1,0 +1,47 @@
+#include "backup.h"
+
+#include "data_file.h"
+#include "decimal.h"
+#include "embedded_info.h"
+#include "file_access.h"
+#include "function_settings.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace mr4500x {
+namespace {
+
+void Replace(std::string& text, std::string_view what, const std::string& by) {
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+    text.replace(at, what.size(), by);
+}
+
+} // namespace
+
+std::string FilledIn(std::string path, const RadioImage& image, const LocalTime& now) {
+  std::string id = IdentityNumber(image), digits = TimestampText(now);
+  std::ranges::replace_if(
+      id, [](unsigned char c) { return c >= 0x80 || (std::isalnum(c) == 0 && c != '-'); }, '_');
+  std::erase_if(digits, [](char c) { return !IsDigit(c); });
+  Replace(path, "{id}", id.empty() ? "unknown" : id);
+  Replace(path, "{date}", digits.substr(0, 8));
+  Replace(path, "{time}", digits.substr(8));
+  return path;
+}
+
+bool MayKeepBackupIn(FileSystem& files, const std::string& folder) {
+  return MakeFolderOf(files, folder + "/") && MayReplace(files, folder + "/backup");
+}
+
+Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image, const LocalTime& now) {
+  const std::string stem = folder + '/' + FilledIn("{id}_{date}_{time}", image, now), path = stem + ".K4X";
+  if (!IsMissing(files, path)) return {BackupOutcome::NameIsTaken, path};
+  if (!SaveDataFile(files, path, image)) return {BackupOutcome::Failed, path};
+  const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  if (!text.empty() && !ReplaceFile(files, stem + ".txt", bytes, Surplus::Drop)) return {BackupOutcome::Failed, path};
+  return {BackupOutcome::Kept, path};
+}
+
+} // namespace mr4500x

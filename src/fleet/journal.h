@@ -1,0 +1,90 @@
+// The journal of a fleet: which row of a plan each radio got, and every attempt. Several benches may share one; taking
+// a row is one transaction in it, so that none is given out twice.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mr4500x {
+
+enum class RowState : std::uint8_t { Free, Taken, Done };
+
+// A row of a plan as the journal knows it.
+struct JournalRow {
+  std::size_t row = 0; // counted from 1
+  std::string label;
+  std::string radio; // the only radio for this row; "": any radio that no other row is for
+  RowState state = RowState::Free;
+  std::string bench;    // that has it, or did it
+  std::string idNumber; // of the radio that holds it
+  bool operator==(const JournalRow&) const = default;
+};
+
+enum class AttemptOutcome : std::uint8_t {
+  Verified,
+  Failed,
+  SetAside, // its band is another
+  Conflict, // verified, but meanwhile the row was given to another radio, too
+};
+
+// One radio's way, from its identification to its end.
+struct Attempt {
+  std::string key; // unique, so that an attempt handed in twice is one entry
+  std::string plan;
+  std::size_t row = 0; // 0: none was taken
+  std::string label, idNumber, firmware, band, port, bench;
+  std::string start, end; // "2026-11-25 13:45:07", local time
+  AttemptOutcome outcome = AttemptOutcome::Failed;
+  std::string text;   // what happened, in words
+  std::string backup; // the file with what the radio held before
+  std::string sha256; // of the data file that holds what was written
+  bool operator==(const Attempt&) const = default;
+};
+
+struct Claim {
+  enum class Kind : std::uint8_t {
+    Taken,    // the row is this bench's
+    DoneHere, // the radio holds `row` of this plan already
+    NoRow,    // no free row for this radio
+    Lost,     // the database does not answer
+  };
+  Kind kind = Kind::Lost;
+  JournalRow row; // Taken, DoneHere
+};
+
+enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
+
+// A claim is freed when its bench has been silent for this long.
+inline constexpr int SilentSeconds = 120;
+
+// Used by one thread only. All calls may block for a few seconds, and may be repeated after they failed.
+class Journal {
+public:
+  virtual ~Journal() = default;
+
+  // Enters the rows of the plan that are not known yet. False if the database does not answer.
+  [[nodiscard]] virtual bool Begin(const std::string& plan, const std::string& name,
+                                   const std::vector<JournalRow>& rows) = 0;
+  // Takes a row for the radio: the free one that names it, else the first free one that names none. An `endless` plan
+  // gets a new row when no such one is free.
+  [[nodiscard]] virtual Claim Take(const std::string& plan, const std::string& bench, const std::string& idNumber,
+                                   bool endless) = 0;
+  // Tells that the bench is still at the row. Called just before the radio is written.
+  [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;
+  // Enters the attempt. In the same transaction its row becomes done (Verified) or free. A verified one whose row
+  // another radio got meanwhile is entered as Conflict. Returns the outcome that was entered; nullopt if the database
+  // does not answer.
+  [[nodiscard]] virtual std::optional<AttemptOutcome> Enter(const Attempt& attempt) = 0;
+
+  // By row; nullopt if the database does not answer. Claims of silent benches are shown as free.
+  [[nodiscard]] virtual std::optional<std::vector<JournalRow>> Rows(const std::string& plan) = 0;
+  // All attempts, of all plans for "", by their start.
+  [[nodiscard]] virtual std::optional<std::vector<Attempt>> Attempts(const std::string& plan) = 0;
+  // Why the last call failed.
+  [[nodiscard]] virtual std::string Error() const = 0;
+};
+
+} // namespace mr4500x

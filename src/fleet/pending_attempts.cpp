@@ -1,0 +1,125 @@
+#include "pending_attempts.h"
+
+#include "csv.h"
+#include "file_access.h"
+#include "words.h"
+
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::uint32_t OwnerOnly = 0600;
+constexpr int MostProcesses = 16;
+constexpr std::size_t LargestFile = std::size_t{1} << 24;
+constexpr std::string_view DataEnding = ".csv", LockEnding = ".lock";
+
+} // namespace
+
+PendingAttempts::PendingAttempts(FileSystem& files, std::string path) : m_files(files), m_path(std::move(path)) {
+  const bool hasFolder = MakeFolderOf(m_files, m_path);
+  for (int number = 1; hasFolder && number <= MostProcesses; ++number) {
+    const bool isLeft = !IsMissing(m_files, PathOf(number, DataEnding));
+    if (m_number != 0 && !isLeft) continue;
+    const auto lock = Lock(number);
+    if (!lock) continue;
+    if (isLeft && !TakeOver(number)) { // it stays for a person to look at
+      m_files.Close(*lock);
+      continue;
+    }
+    if (m_number == 0) {
+      m_number = number;
+      m_lock = *lock;
+      continue;
+    }
+    Store();
+    if (m_isKept) static_cast<void>(m_files.Remove(PathOf(number, DataEnding)));
+    m_files.Close(*lock);
+  }
+}
+
+PendingAttempts::~PendingAttempts() {
+  if (m_number != 0) m_files.Close(m_lock);
+}
+
+AttemptOutcome PendingAttempts::Enter(Journal& journal, const Attempt& attempt) {
+  if (HandIn(journal))
+    if (const auto outcome = journal.Enter(attempt)) return *outcome;
+  const std::lock_guard guard(m_mutex);
+  m_attempts.push_back(attempt);
+  Store();
+  return attempt.outcome;
+}
+
+bool PendingAttempts::HandIn(Journal& journal) {
+  std::vector<Attempt> pending;
+  {
+    const std::lock_guard guard(m_mutex);
+    if (m_attempts.empty()) return true;
+    if (std::exchange(m_isHandingIn, true)) return false;
+    pending = m_attempts;
+  }
+  std::vector<Attempt> conflicts;
+  std::ptrdiff_t entered = 0;
+  for (const Attempt& attempt : pending) {
+    const auto outcome = journal.Enter(attempt);
+    if (!outcome) break;
+    if (*outcome == AttemptOutcome::Conflict) conflicts.push_back(attempt);
+    ++entered;
+  }
+  const std::lock_guard guard(m_mutex);
+  m_isHandingIn = false;
+  m_attempts.erase(m_attempts.begin(), m_attempts.begin() + entered); // others have only added to its end
+  m_conflicts.insert(m_conflicts.end(), conflicts.begin(), conflicts.end());
+  if (entered > 0) Store();
+  return m_attempts.empty();
+}
+
+std::size_t PendingAttempts::Count() {
+  const std::lock_guard guard(m_mutex);
+  return m_attempts.size();
+}
+
+bool PendingAttempts::IsKept() {
+  const std::lock_guard guard(m_mutex);
+  return m_isKept;
+}
+
+std::vector<Attempt> PendingAttempts::TakeConflicts() {
+  const std::lock_guard guard(m_mutex);
+  return std::exchange(m_conflicts, {});
+}
+
+std::string PendingAttempts::PathOf(int number, std::string_view ending) const {
+  return m_path + '-' + std::to_string(number) + std::string(ending);
+}
+
+// nullopt if another process has it.
+std::optional<FileSystem::Handle> PendingAttempts::Lock(int number) {
+  const auto file = m_files.OpenToWrite(PathOf(number, LockEnding), OwnerOnly);
+  if (!file || m_files.Lock(*file) != LockOutcome::HeldByOther) return file;
+  m_files.Close(*file);
+  return std::nullopt;
+}
+
+// False, with nothing taken, if the file can't be read as a whole.
+bool PendingAttempts::TakeOver(int number) {
+  std::vector<std::uint8_t> bytes;
+  if (ReadFile(m_files, PathOf(number, DataEnding), LargestFile, bytes) != ReadOutcome::Read) return false;
+  const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  const std::vector<Attempt> attempts = AttemptsIn(text);
+  if (ReadCsv(text).rows.size() != attempts.size() + 1) return false; // with the heading
+  m_attempts.insert(m_attempts.end(), attempts.begin(), attempts.end());
+  return true;
+}
+
+void PendingAttempts::Store() {
+  const std::string path = PathOf(m_number, DataEnding), text = JournalCsv(m_attempts);
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  if (m_attempts.empty())
+    m_isKept = IsMissing(m_files, path) || m_files.Remove(path);
+  else
+    m_isKept = m_number != 0 && ReplaceFile(m_files, path, bytes, Surplus::Drop, OwnerOnly);
+}
+
+} // namespace mr4500x

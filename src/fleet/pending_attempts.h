@@ -1,0 +1,52 @@
+// Attempts that could not be entered because the database did not answer. They are kept in a file until they are.
+// Several processes may have the same path: each takes a number of its own, "PATH-1.csv", and holds its lock.
+#pragma once
+
+#include "file_system.h"
+#include "journal.h"
+
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mr4500x {
+
+// May be used by several threads, each with a journal of its own.
+// May be used by several threads, each with a journal of its own.
+class PendingAttempts {
+public:
+  // Takes over what earlier processes left. Their files are removed, damaged ones stay.
+  PendingAttempts(FileSystem& files, std::string path);
+  ~PendingAttempts(); // what is still pending stays in the file
+  PendingAttempts(const PendingAttempts&) = delete;
+  PendingAttempts& operator=(const PendingAttempts&) = delete;
+
+  // Enters what is pending, then the attempt. What can't be entered stays pending; its outcome is the attempt's own.
+  AttemptOutcome Enter(Journal& journal, const Attempt& attempt);
+  // Enters what is pending. False if something still is; no new rows are taken then.
+  [[nodiscard]] bool HandIn(Journal& journal);
+  [[nodiscard]] std::size_t Count();
+  // False if the file can't be written: what is pending would be lost with the process.
+  [[nodiscard]] bool IsKept();
+  // Those handed in since the last call whose row another radio got meanwhile.
+  [[nodiscard]] std::vector<Attempt> TakeConflicts();
+
+private:
+  [[nodiscard]] std::string PathOf(int number, std::string_view ending) const;
+  [[nodiscard]] std::optional<FileSystem::Handle> Lock(int number);
+  [[nodiscard]] bool TakeOver(int number);
+  void Store();
+
+  FileSystem& m_files;
+  std::string m_path;
+  int m_number = 0; // 0: none was free, and nothing can be kept
+  FileSystem::Handle m_lock{};
+  std::mutex m_mutex;
+  std::vector<Attempt> m_attempts, m_conflicts;
+  bool m_isHandingIn = false; // one thread does, and the others don't wait for it
+  bool m_isKept = true;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,296 @@
+// What the tests of a fleet share: a journal in memory, cables to simulated radios on a virtual clock, and a technician
+// who puts radios on and takes them off.
+#pragma once
+
+#include "differences.h"
+#include "function_settings.h"
+#include "pending_attempts.h"
+#include "port_way.h"
+#include "posix_file_system.h"
+#include "simulated_radio.h"
+#include "words.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <thread>
+
+namespace mr4500x {
+
+using namespace std::chrono_literals;
+
+// The tables of a database, and its connections.
+struct Tables {
+  std::mutex mutex;
+  bool isLost = false; // the database does not answer
+  std::vector<JournalRow> rows;
+  std::vector<Attempt> attempts;
+  std::map<std::size_t, int> done; // how often a row became so
+};
+
+class MemoryJournal final : public Journal {
+public:
+  explicit MemoryJournal(Tables& tables) : m_tables(tables) {}
+
+  bool Begin(const std::string& /*plan*/, const std::string& /*name*/, const std::vector<JournalRow>& rows) override {
+    const std::lock_guard guard(m_tables.mutex);
+    if (m_tables.isLost) return false;
+    if (m_tables.rows.empty()) m_tables.rows = rows;
+    return true;
+  }
+  Claim Take(const std::string& /*plan*/, const std::string& bench, const std::string& id, bool endless) override {
+    const std::lock_guard guard(m_tables.mutex);
+    if (m_tables.isLost) return {};
+    auto& rows = m_tables.rows;
+    for (const JournalRow& row : rows)
+      if (row.state == RowState::Done && row.idNumber == id) return {Claim::Kind::DoneHere, row};
+    const auto freeFor = [&](const std::string& radio) {
+      return std::ranges::find_if(
+          rows, [&](const JournalRow& row) { return row.state == RowState::Free && row.radio == radio; });
+    };
+    auto found = freeFor(id);
+    if (found == rows.end()) found = freeFor("");
+    if (found == rows.end() && endless)
+      found = rows.insert(rows.end(), JournalRow{rows.size() + 1, "", "", {}, "", ""});
+    if (found == rows.end()) return {Claim::Kind::NoRow, {}};
+    found->state = RowState::Taken;
+    found->bench = bench;
+    return {Claim::Kind::Taken, *found};
+  }
+  Renewal Renew(const std::string& /*plan*/, std::size_t row, const std::string& bench) override {
+    const std::lock_guard guard(m_tables.mutex);
+    if (m_tables.isLost) return Renewal::Lost;
+    return m_tables.rows.at(row - 1).bench == bench ? Renewal::Kept : Renewal::TakenAway;
+  }
+  std::optional<AttemptOutcome> Enter(const Attempt& attempt) override {
+    const std::lock_guard guard(m_tables.mutex);
+    if (m_tables.isLost) return std::nullopt;
+    for (const Attempt& known : m_tables.attempts)
+      if (known.key == attempt.key) return known.outcome;
+    Attempt& entered = m_tables.attempts.emplace_back(attempt);
+    if (attempt.row == 0) return entered.outcome;
+    JournalRow& row = m_tables.rows.at(attempt.row - 1);
+    if (row.state != RowState::Taken || row.bench != attempt.bench) {
+      if (entered.outcome == AttemptOutcome::Verified) entered.outcome = AttemptOutcome::Conflict;
+      return entered.outcome;
+    }
+    const bool isDone = attempt.outcome == AttemptOutcome::Verified;
+    row.state = isDone ? RowState::Done : RowState::Free;
+    row.idNumber = isDone ? attempt.idNumber : "";
+    m_tables.done[attempt.row] += isDone ? 1 : 0;
+    return entered.outcome;
+  }
+  std::optional<std::vector<JournalRow>> Rows(const std::string& /*plan*/) override {
+    const std::lock_guard guard(m_tables.mutex);
+    return m_tables.isLost ? std::nullopt : std::optional(m_tables.rows);
+  }
+  std::optional<std::vector<Attempt>> Attempts(const std::string& /*plan*/) override { return m_tables.attempts; }
+  std::string Error() const override { return "no answer"; }
+
+private:
+  Tables& m_tables;
+};
+
+// A radio on the technician's table.
+struct TableRadio {
+  RadioMemory memory;
+  std::vector<PlannedFault> faults;
+  std::optional<PortState> faultsIn; // nullopt: always
+};
+
+// A cable: the port of a radio, if one is attached, and a clock that passes only by waiting.
+struct Cable final : SerialPort, Clock {
+  std::function<std::optional<TableRadio>()> next; // radio to attach
+  std::function<void(const RadioMemory&)> takenOff;
+  std::optional<std::string> openFailure;
+
+  void Enter(PortState state) {
+    if (std::exchange(m_state, state) == state) return;
+    if (m_radio && state >= PortState::Done && state <= PortState::NoRow) TakeOff();
+    if (m_radio && m_table.faultsIn && m_hasFaults != (m_table.faultsIn == state))
+      Attach(RadioMemory(m_radio->Memory()), m_table.faultsIn == state);
+  }
+
+  Moment Now() override { return m_now; }
+  void WaitUntil(Moment moment) override {
+    if (moment > m_now + 500ms) std::this_thread::yield(); // lets the ports with radios go on
+    m_now = std::max(m_now, moment);
+  }
+  void SetPortNumber(int /*number*/) override {}
+  std::optional<std::string> Open(const LineSettings& /*settings*/) override {
+    m_isOpen = !openFailure;
+    ++m_tries;
+    if (m_radio && m_tries > MostTries) TakeOff();
+    if (!m_radio && m_tries > 1)
+      if (const auto table = next()) {
+        m_table = *table;
+        m_tries = 0;
+        Attach(table->memory, !table->faultsIn || table->faultsIn == PortState::Identifying);
+      }
+    return openFailure;
+  }
+  void Close() override { m_isOpen = false; }
+  bool IsOpen() const override { return m_isOpen; }
+  std::optional<std::size_t> BytesReceived() override { return Receive().size(); }
+  bool DiscardReceived() override { return TakeReceived().has_value(); }
+  std::optional<std::size_t> BytesToTransmit() override { return 0; }
+  bool DiscardTransmit() override { return true; }
+  void AwaitSent() override {}
+  std::optional<LineBytes> TakeReceived() override { return std::exchange(Receive(), {}); }
+  bool Write(std::span<const std::uint8_t> bytes) override {
+    if (m_radio) m_radio->Hear(bytes, m_now);
+    if (m_radio && m_radio->HasVanished()) TakeOff();
+    return true;
+  }
+
+private:
+  static constexpr int MostTries = 20; // to reach a radio that does not answer
+
+  void Attach(const RadioMemory& memory, bool hasFaults) {
+    m_hasFaults = hasFaults;
+    m_radio.emplace(memory, 1250us, hasFaults ? m_table.faults : std::vector<PlannedFault>());
+  }
+  void TakeOff() {
+    takenOff(m_radio->Memory());
+    m_radio.reset();
+    m_tries = 0;
+  }
+  LineBytes& Receive() {
+    const LineBytes bytes = m_radio ? m_radio->TakeReplies(m_now) : LineBytes();
+    m_received.insert(m_received.end(), bytes.begin(), bytes.end());
+    return m_received;
+  }
+
+  Moment m_now{};
+  PortState m_state = PortState::Finished;
+  std::optional<SimulatedRadio> m_radio;
+  TableRadio m_table;
+  LineBytes m_received;
+  bool m_isOpen = false, m_hasFaults = false;
+  int m_tries = 0; // to reach a radio, or without one
+};
+
+inline std::string TestSha(std::string_view bytes) {
+  return std::to_string(std::hash<std::string_view>()(bytes));
+}
+
+// Reads a memory not as a transfer does.
+inline RadioImage ImageOf(const RadioMemory& memory) {
+  RadioImage image;
+  for (std::uint16_t address = 0; address < RadioMemoryBytes; address += RecordBytes)
+    static_cast<void>(PlaceRecord(image, address, std::span(memory).subspan(address, RecordBytes)));
+  return image;
+}
+
+template<class Range, class Member>
+std::string WordsOf(const Range& range, Member member) {
+  std::string words;
+  for (const auto& each : range)
+    words += (words.empty() ? "" : ", ") + std::string(WordFor(each.*member));
+  return words;
+}
+
+// A bench, its database, and the radios on the table.
+struct Fleet {
+  Fleet() {
+    std::string name = "/dev/shm/fleet-XXXXXX"; // no disk to wait for
+    folder = mkdtemp(name.data());
+    UseCables(1);
+    desk.bench = "A";
+    desk.backupFolder = folder + "/backup";
+    desk.now = [this] { return LocalTime{2026, 11, 4, 9, m_keys / 60, m_keys % 60}; }; // a second for each attempt
+    desk.sha256 = TestSha;
+    desk.newKey = [this] { return std::to_string(++m_keys); };
+    desk.tell = [this](const PortEvent& event) {
+      if (event.port < cables.size()) cables[event.port].Enter(event.state);
+      if (when.second && event.state == when.first) std::exchange(when.second, {})(*this);
+      const std::lock_guard guard(mutex);
+      if (told.empty() || told.back().state != event.state || told.back().port != event.port) told.push_back(event);
+    };
+  }
+  ~Fleet() { std::filesystem::remove_all(folder); }
+  Fleet(const Fleet&) = delete;
+  Fleet& operator=(const Fleet&) = delete;
+
+  void UsePlan(const std::optional<std::string>& rows, const RadioImage& image = ImageOf(FactoryMemory())) {
+    const PlanCheck check = MakePlan(image, "plan", rows, texts, TestSha);
+    EXPECT_TRUE(check.problems.empty()) << check.problems.front();
+    plan = check.plan;
+  }
+  void UseCables(std::size_t count) {
+    while (cables.size() < count) {
+      Cable& cable = cables.emplace_back();
+      cable.next = [this] { return NextRadio(); };
+      cable.takenOff = [this](const RadioMemory& memory) { TakenOff(memory); };
+    }
+  }
+  // Until all the ports have ended.
+  void Run() {
+    PendingAttempts pending(files, folder + "/pending");
+    std::vector<std::jthread> threads;
+    for (std::size_t port = 0; port < cables.size(); ++port)
+      threads.emplace_back([this, port, &pending] {
+        MemoryJournal journal(tables);
+        SerialLine line(cables[port], cables[port], static_cast<int>(port + 1));
+        RunPort(port, line, cables[port], journal, pending, desk);
+      });
+  }
+
+  void AddRadio(const std::string& id, std::vector<PlannedFault> faults = {}, std::optional<PortState> in = {}) {
+    SetIdentityNumber(table.emplace_back(FactoryMemory(), std::move(faults), in).memory, id);
+  }
+  // Whether the radio holds the row, and where the row has a text, that.
+  [[nodiscard]] bool Holds(const std::string& id, std::size_t row) {
+    const RadioImage found = ImageOf(shelf[id]), expected = ImageFor(plan, row, texts);
+    return CompareImages(expected, found, texts).IsEmpty() &&
+           (row > plan.rows.size() || !plan.rows[row - 1].embeddedInfo ||
+            found.EmbeddedInfoBlock.bytes == expected.EmbeddedInfoBlock.bytes);
+  }
+  // "failed, verified"
+  [[nodiscard]] std::string Outcomes() const { return WordsOf(tables.attempts, &Attempt::outcome); }
+  [[nodiscard]] std::string States() const { return WordsOf(told, &PortEvent::state); }
+
+  PosixFileSystem files;
+  std::string folder;
+  const FieldTexts texts = BuildFieldTexts('.');
+  Plan plan;
+  Tables tables;
+  FleetDesk desk{.plan = plan, .texts = texts, .files = files};
+  std::deque<Cable> cables;
+  std::mutex mutex; // of what follows
+  std::vector<PortEvent> told;
+  std::deque<TableRadio> table;             // radios to come
+  std::map<std::string, RadioMemory> shelf; // radios that were taken off, by their identity numbers
+  std::vector<RadioMemory> off;             // of radios in the order in which they were taken off
+  bool stopsWithoutRadios = true;
+  bool putsBack = false;                                  // a radio that is not done comes again, without its faults
+  std::pair<PortState, std::function<void(Fleet&)>> when; // something happens the first time
+
+private:
+  std::optional<TableRadio> NextRadio() {
+    const std::lock_guard guard(mutex);
+    if (table.empty()) {
+      desk.isStopping = desk.isStopping || stopsWithoutRadios;
+      return std::nullopt;
+    }
+    TableRadio radio = std::move(table.front());
+    table.pop_front();
+    return radio;
+  }
+  void TakenOff(const RadioMemory& memory) {
+    const std::string id = IdentityNumber(ImageOf(memory));
+    const auto rows = MemoryJournal(tables).Rows("");
+    const std::lock_guard guard(mutex);
+    shelf[id] = off.emplace_back(memory);
+    if (putsBack && std::ranges::find(*rows, id, &JournalRow::idNumber) == rows->end())
+      table.push_back({memory, {}, {}});
+  }
+
+  std::atomic<int> m_keys = 0;
+};
+
+} // namespace mr4500x

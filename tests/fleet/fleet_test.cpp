@@ -1,0 +1,209 @@
+#include "bench.h"
+#include "data_file.h"
+#include "file_access.h"
+#include "fleet_fixture.h"
+
+#include <fstream>
+
+namespace mr4500x {
+namespace {
+
+const std::string TwoRows = "label,global.connect_id,embedded_info\nTruck 1,11,\xC3\x84rger\nTruck 2,22,\n";
+
+TEST(FleetTest, GivesEachRadioItsRow) {
+  Fleet fleet;
+  fleet.UsePlan("label,radio,global.connect_id\nTruck 1,,11\nTruck 2,R-3,22\nTruck 3,,33\n");
+  for (const char* const id : {"R-1", "R-2", "R-3"})
+    fleet.AddRadio(id);
+  fleet.Run();
+  const std::string way = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, TAKE OFF, ";
+  EXPECT_EQ(fleet.States(), way + way + way + "FINISHED");
+  for (const auto& [id, row] : {std::pair("R-1", 1), {"R-2", 3}, {"R-3", 2}})
+    EXPECT_TRUE(fleet.Holds(id, row)) << id;
+  EXPECT_EQ(fleet.shelf["R-3"][0x130], 0x22); // connect ID
+  const Attempt& last = fleet.tables.attempts.back();
+  // clang-format off
+  const Attempt expected = {"3", fleet.plan.key, 2, "Truck 2", "R-3", "V1.02", "440 to 470 MHz", "COM1", "A",
+                            "2026-11-04 09:00:03", "2026-11-04 09:00:03", AttemptOutcome::Verified, "",
+                            fleet.folder + "/backup/R-3_20261104_090003.K4X", last.sha256};
+  // clang-format on
+  EXPECT_EQ(last, expected);
+}
+
+// Each fault of a radio at each step of its way. A radio that is not done comes again, without the fault.
+TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
+  // While it is identified, backed up, written and verified: v verified, f failed, s set aside, - not seen.
+  const struct {
+    const char *fault, *always, *atRecord3;
+  } cases[] = {
+      {"silent", "-fff", "ffff"},         {"wrong-answer", "-fff", ""},
+      {"late-answer", "vvvv", ""},        {"short-identity", "vvfv", ""},
+      {"wrong-model", "vvfv", ""},        {"other-band", "vvsv", ""},
+      {"short-reply", "ffvf", "ffvf"},    {"foreign-reply", "ffvf", "ffvf"},
+      {"wrong-address", "ffvf", "vvvf"},  {"bad-count", "ffvf", "ffvf"},
+      {"long-reply", "vvvv", "vvvv"},     {"wrong-acknowledge", "vvfv", "vvfv"},
+      {"no-acknowledge", "vvfv", "vvfv"}, {"ng", "vvfv", ""},
+      {"late-status", "vvfv", ""},        {"long-status", "vvfv", ""},
+      {"garbage", "-fff", "ffff"},        {"split-reply", "vvvv", "vvvv"},
+      {"wrong-byte", "vvfv", "vvfv"},     {"vanish", "vfff", "-fff"},
+  };
+  ASSERT_EQ(std::size(cases), FaultKinds().size());
+  const std::map<char, std::string> entries = {
+      {'v', "verified"}, {'f', "failed, verified"}, {'s', "set aside, verified"}, {'-', "verified"}};
+  for (const auto& [name, always, atRecord3] : cases)
+    for (std::size_t i = 0; i < 8 && (i < 4 || *atRecord3 != 0); ++i) {
+      const auto step = static_cast<PortState>(static_cast<std::size_t>(PortState::Identifying) + i % 4);
+      const std::string fault = name + std::string(i < 4 ? "" : "@3");
+      const std::string_view outcomes = i < 4 ? always : atRecord3;
+      const char outcome = outcomes[i % 4];
+      SCOPED_TRACE(testing::Message() << fault << " while it is " << WordFor(step));
+      Fleet fleet;
+      fleet.UsePlan(TwoRows);
+      fleet.putsBack = true;
+      fleet.AddRadio("R", {ParseFault(fault).value()}, step);
+      const RadioMemory before = fleet.table.front().memory;
+      fleet.Run();
+      EXPECT_EQ(fleet.Outcomes(), entries.at(outcome));
+      EXPECT_EQ(fleet.tables.done, (std::map<std::size_t, int>{{1, 1}}));
+      EXPECT_EQ(fleet.tables.rows[1].state, RowState::Free);
+      EXPECT_TRUE(fleet.Holds("R", 1));
+      const Attempt& first = fleet.tables.attempts.front();
+      EXPECT_EQ(first.text.empty(), outcome == 'v' || outcome == '-');
+      EXPECT_TRUE(!first.sha256.empty() || fleet.off.front() == before) << "written without a backup";
+      if (step < PortState::Writing || outcome == '-') continue;
+      RadioImage kept;
+      EXPECT_EQ(LoadDataFile(fleet.files, first.backup, kept).outcome, LoadOutcome::Loaded);
+      EXPECT_TRUE(CompareImages(ImageOf(before), kept, fleet.texts).IsEmpty());
+    }
+}
+
+TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
+  using enum PortState;
+  const auto vhf = [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xC0; };
+  // clang-format off
+  const struct {
+    const char* name;
+    std::string radios; // g good, b bad, u without a number
+    const char *outcomes, *lastStates;
+    std::size_t radiosLeft;
+    std::function<void(Fleet&)> prepare = {};
+    std::pair<PortState, std::function<void(Fleet&)>> when = {}; // the first time
+  } cases[] = {
+      {"every row done", "ggg", "verified, verified", "TAKE OFF, FINISHED", 1},
+      {"two failures", "bgbbg", "failed, verified, failed, failed", "FAILED, STOPPED", 1},
+      {"no identity number", "ug", "failed, verified", "TAKE OFF, WAITING, FINISHED", 0},
+      {"two asked for", "gbgg", "verified, failed, verified", "TAKE OFF, FINISHED", 1,
+       [](Fleet& fleet) { fleet.UsePlan({}), fleet.desk.placesLeft = 2; }},
+      {"stopped while writing", "gg", "verified", "TAKE OFF, FINISHED", 1,
+       {}, {Writing, [](Fleet& fleet) { fleet.desk.isStopping = true; }}},
+      {"another band", "g", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
+      {"another band accepted", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
+       [&](Fleet& fleet) { vhf(fleet), fleet.desk.acceptsOtherBand = true; }},
+      {"a row for another radio", "g", "", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
+      {"a radio with a row", "g", "", "DONE BEFORE, WAITING, FINISHED", 0, {},
+       {Identifying, [](Fleet& fleet) { fleet.tables.rows[1] = {2, "", "", RowState::Done, "B", "R-0"}; }}},
+      {"no port at first", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
+       [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; },
+       {NoPort, [](Fleet& fleet) { fleet.cables[0].openFailure.reset(); }}},
+      {"no journal at first", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
+       [](Fleet& fleet) { fleet.tables.isLost = true; },
+       {NoJournal, [](Fleet& fleet) { fleet.tables.isLost = false; }}},
+      {"the row taken away", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+       {}, {BackingUp, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
+      {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
+       [](Fleet& fleet) { fleet.desk.backupFolder = "/proc/none"; }},
+  };
+  // clang-format on
+  for (const auto& [name, radios, outcomes, lastStates, radiosLeft, prepare, when] : cases) {
+    SCOPED_TRACE(name);
+    Fleet fleet;
+    fleet.UsePlan(TwoRows);
+    if (prepare) prepare(fleet);
+    fleet.when = when;
+    for (const char radio : radios)
+      fleet.AddRadio(radio == 'u' ? "" : "R-" + std::to_string(fleet.table.size()),
+                     {{radio == 'b' ? Fault::Ng : Fault::SplitReply, {}}});
+    fleet.Run();
+    EXPECT_EQ(fleet.Outcomes(), outcomes);
+    EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
+    EXPECT_EQ(fleet.table.size(), radiosLeft);
+    for (const Attempt& attempt : fleet.tables.attempts)
+      EXPECT_TRUE(attempt.outcome != AttemptOutcome::Verified || fleet.Holds(attempt.idNumber, attempt.row));
+  }
+}
+
+TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
+  Fleet fleet;
+  fleet.UsePlan(TwoRows);
+  fleet.AddRadio("R-1");
+  fleet.AddRadio("R-2");
+  fleet.when = {PortState::BackingUp, [](Fleet& lost) { lost.tables.isLost = true; }};
+  fleet.stopsWithoutRadios = false;
+  std::string conflict;
+  fleet.desk.tellConflict = [&](const Attempt& attempt) { conflict = attempt.label + ' ' + attempt.idNumber; };
+  fleet.desk.tell = [&, tell = fleet.desk.tell](const PortEvent& event) {
+    tell(event);
+    if (event.state != PortState::NoJournal) return;
+    fleet.tables.isLost = false;
+    fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // meanwhile
+  };
+  fleet.Run();
+  const std::string way = "IDENTIFYING, BACKUP, WRITING, VERIFYING, TAKE OFF, ";
+  EXPECT_EQ(fleet.States(), "WAITING, " + way + "WAITING, IDENTIFYING, NO JOURNAL, WAITING, " + way + "FINISHED");
+  EXPECT_EQ(fleet.Outcomes(), "conflict, verified");
+  EXPECT_EQ(conflict, "Truck 1 R-1");
+  EXPECT_TRUE(fleet.Holds("R-1", 1) && fleet.Holds("R-2", 2));
+}
+
+TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
+  Fleet fleet;
+  fleet.tables.isLost = true;
+  MemoryJournal journal(fleet.tables);
+  const std::string path = fleet.folder + "/state/pending";
+  const auto attempt = [](const std::string& key) {
+    Attempt made;
+    made.key = made.text = key;
+    made.outcome = AttemptOutcome::SetAside;
+    return made;
+  };
+  {
+    PendingAttempts first(fleet.files, path), second(fleet.files, path);
+    first.Enter(journal, attempt("a \"quoted\", text\nof two lines"));
+    second.Enter(journal, attempt("b"));
+    EXPECT_TRUE(first.IsKept() && second.IsKept());
+    EXPECT_EQ(PendingAttempts(fleet.files, path).Count(), 0); // they are in use
+  }
+  std::ofstream(path + "-3.csv") << "row\nhalf a line";
+  PendingAttempts later(fleet.files, path);
+  EXPECT_EQ(later.Count(), 2);
+  EXPECT_FALSE(later.HandIn(journal));
+  fleet.tables.isLost = false;
+  EXPECT_TRUE(later.HandIn(journal));
+  EXPECT_EQ(fleet.tables.attempts, (std::vector{attempt("a \"quoted\", text\nof two lines"), attempt("b")}));
+  EXPECT_EQ(PendingAttempts(fleet.files, path).Count(), 0);
+  EXPECT_TRUE(IsMissing(fleet.files, path + "-1.csv") && IsMissing(fleet.files, path + "-2.csv"));
+  EXPECT_FALSE(IsMissing(fleet.files, path + "-3.csv")) << "what can't be read stays";
+}
+
+TEST(FleetTest, APortThatCanNotBeMadeHarmsNoOther) {
+  Fleet fleet;
+  fleet.UsePlan(TwoRows);
+  PendingAttempts pending(fleet.files, fleet.folder + "/pending");
+  const auto broken = []() -> std::unique_ptr<SerialPort> { throw std::runtime_error("no driver"); };
+  const auto cable = [&] {
+    auto port = std::make_unique<Cable>();
+    port->openFailure = "none";
+    return port;
+  };
+  fleet.when = {PortState::NoPort, [](Fleet& whole) { whole.desk.isStopping = true; }};
+  fleet.cables.clear();
+  Bench(
+      fleet.desk, {{"COM1", broken, cable}, {"COM2", cable, cable}},
+      [&] { return std::make_unique<MemoryJournal>(fleet.tables); }, pending)
+      .Wait();
+  EXPECT_NE(fleet.States().find("STOPPED"), std::string::npos);
+  EXPECT_NE(fleet.States().find("FINISHED"), std::string::npos);
+}
+
+} // namespace
+} // namespace mr4500x
