@@ -50,7 +50,7 @@ font_packages="fonts-liberation fonts-droid-fallback"
 
 build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev $svg_package $help_packages $font_packages
   libcli11-dev nlohmann-json3-dev"
-test_packages="$build_packages libgtest-dev poppler-utils"
+test_packages="$build_packages libgtest-dev poppler-utils postgresql libqt6sql6-psql"
 package_packages="$build_packages librsvg2-bin dpkg-dev file gzip"
 package_check_packages="lintian desktop-file-utils appstream"
 

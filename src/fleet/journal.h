@@ -27,7 +27,7 @@ enum class AttemptOutcome : std::uint8_t {
   Verified,
   Failed,
   SetAside, // its band is another
-  Conflict, // verified, but meanwhile the row was given to another radio, too
+  Conflict, // verified, but meanwhile another radio got the row, too, or the radio another row
 };
 
 // One radio's way, from its identification to its end.
@@ -57,26 +57,27 @@ struct Claim {
 
 enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
 
-// A claim is freed when its bench has been silent for this long.
+// A claim is freed when its bench has neither taken nor renewed one for this long.
 inline constexpr int SilentSeconds = 120;
 
-// Used by one thread only. All calls may block for a few seconds, and may be repeated after they failed.
+// Used by one thread only, for one radio at a time. All calls may block for a few seconds, and may be repeated after
+// they failed. The name of a bench is never used again: what one left behind would pass for its own.
 class Journal {
 public:
   virtual ~Journal() = default;
 
-  // Enters the rows of the plan that are not known yet. False if the database does not answer.
+  // Enters the plan with its rows if it is not known yet. False if the database does not answer.
   [[nodiscard]] virtual bool Begin(const std::string& plan, const std::string& name,
                                    const std::vector<JournalRow>& rows) = 0;
-  // Takes a row for the radio: the free one that names it, else the first free one that names none. An `endless` plan
-  // gets a new row when no such one is free.
+  // Takes a row for the radio: the one that names it, else the first free one that names none. An `endless` plan gets a
+  // new row when no such one is free. A row that was taken before and not entered is given back.
   [[nodiscard]] virtual Claim Take(const std::string& plan, const std::string& bench, const std::string& idNumber,
                                    bool endless) = 0;
   // Tells that the bench is still at the row. Called just before the radio is written.
   [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;
-  // Enters the attempt. In the same transaction its row becomes done (Verified) or free. A verified one whose row
-  // another radio got meanwhile is entered as Conflict. Returns the outcome that was entered; nullopt if the database
-  // does not answer.
+  // Enters the attempt, once. In the same transaction its row becomes done (Verified) or, if the bench still has it,
+  // free. A verified one is entered as Conflict if another radio has done the row meanwhile, or the radio another row.
+  // Returns the outcome that was entered; nullopt if the database does not answer.
   [[nodiscard]] virtual std::optional<AttemptOutcome> Enter(const Attempt& attempt) = 0;
 
   // By row; nullopt if the database does not answer. Claims of silent benches are shown as free.

@@ -1,0 +1,20 @@
+// The fleet's journal in a database, and the keys that go into it.
+#pragma once
+
+#include "journal.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace mr4500x {
+
+// "PATH" or "sqlite:PATH" is a file, "postgresql://user@host:port/database?name=value" a server's database; the names
+// are libpq's. Nothing is opened yet: each call connects if need be, so the database may be away for a while. The
+// journal belongs to the thread that makes it, under a QCoreApplication.
+[[nodiscard]] std::unique_ptr<Journal> OpenJournal(const std::string& address);
+
+[[nodiscard]] std::string Sha256Of(std::string_view bytes); // in hexadecimal digits
+[[nodiscard]] std::string NewAttemptKey();
+
+} // namespace mr4500x

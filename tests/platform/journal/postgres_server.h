@@ -1,0 +1,29 @@
+// A PostgreSQL server of a test: in a temporary folder, on a local socket only, and as an ordinary user.
+#pragma once
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <string>
+
+namespace mr4500x {
+
+class PostgresServer {
+public:
+  PostgresServer();
+  ~PostgresServer();
+  PostgresServer(const PostgresServer&) = delete;
+  PostgresServer& operator=(const PostgresServer&) = delete;
+
+  [[nodiscard]] static bool IsInstalled();
+  [[nodiscard]] bool Start();                                      // and waits until it answers
+  void Crash();                                                    // no session is ended properly
+  [[nodiscard]] QString Folder() const { return m_folder.path(); } // its host name
+  [[nodiscard]] std::string Address() const { return "postgresql://bench@/postgres?host=" + Folder().toStdString(); }
+
+private:
+  QTemporaryDir m_folder; // short enough for a socket's path
+  QProcess m_server;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,331 @@
+// The rules of the journal, and benches that share one, on a file and on a server.
+#include "sql_journal.h"
+
+#include "postgres_server.h"
+
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include <future>
+#include <map>
+#include <sstream>
+
+namespace mr4500x {
+namespace {
+
+using namespace std::literals;
+
+JournalRow NewRow(std::size_t row, const std::string& label = "", const std::string& radio = "") {
+  return {row, label, radio, RowState::Free, "", ""};
+}
+
+struct SqlJournals : testing::TestWithParam<const char*> {
+  void SetUp() override {
+    if (IsServer() && !PostgresServer::IsInstalled()) GTEST_SKIP() << "PostgreSQL is not installed";
+    if (IsServer()) {
+      m_server.emplace();
+      ASSERT_TRUE(m_server->Start());
+    }
+    address = IsServer() ? m_server->Address() : "sqlite:" + m_folder.filePath("fleet.journal").toStdString();
+  }
+  void TearDown() override { QSqlDatabase::removeDatabase(QSqlDatabase::defaultConnection); }
+  [[nodiscard]] bool IsServer() const { return std::string(GetParam()) == "PostgreSQL"; }
+
+  // For what no journal does.
+  [[nodiscard]] QSqlDatabase Connect() const {
+    if (QSqlDatabase::contains()) return QSqlDatabase::database();
+    QSqlDatabase database = QSqlDatabase::addDatabase(IsServer() ? "QPSQL" : "QSQLITE");
+    database.setDatabaseName(IsServer() ? "postgres" : m_folder.filePath("fleet.journal"));
+    if (IsServer()) database.setHostName(m_server->Folder());
+    database.setUserName("bench");
+    EXPECT_TRUE(database.open());
+    return database;
+  }
+  void Execute(const QString& statement) const {
+    QSqlQuery query(Connect());
+    EXPECT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
+  }
+  void Silence(const std::string& bench, int seconds) {
+    Execute(QString("UPDATE fleet_bench SET heard = heard - %1 WHERE bench = '%2'").arg(seconds).arg(bench.c_str()));
+  }
+
+  void TakeWhatAnotherTakesMeanwhile();
+
+  int argumentCount = 0;
+  QCoreApplication application{argumentCount, nullptr};
+  std::string address;
+  QTemporaryDir m_folder;
+  std::optional<PostgresServer> m_server;
+};
+
+INSTANTIATE_TEST_SUITE_P(On, SqlJournals, testing::Values("SQLite", "PostgreSQL"),
+                         [](const auto& test) { return std::string(test.param); });
+
+// Steps, and what they return. A port "A1" is one of bench "A". Row 1 is for radio "R1", rows 2 and 3 for any.
+struct RuleCase {
+  const char* name;
+  const char* steps;
+};
+const RuleCase Rules[] = {
+    {"a radio gets the row that names it, else the first free one that names none",
+     "take A1 X = row 2; take B1 R1 = row 1; take A2 Y = row 3; take A3 Z = none; take A4 R1  = none; "
+     "rows = 1 taken B R1, 2 taken A X, 3 taken A Y"},
+    {"a radio that is done is known, with and without blanks at its end",
+     "take A1 X = row 2; enter k1 A X 2 verified = verified; take B1 X  = done 2; take B1 Y = row 3; "
+     "rows = 1 free, 2 done A X, 3 taken B Y"},
+    {"a failed or set aside radio gives its row back",
+     "take A1 X = row 2; enter k2 A X 2 failed = failed; take B1 Y = row 2; enter k3 B Y 2 aside = aside; "
+     "enter k4 B Q 0 failed = failed; take A1 X = row 2"},
+    {"the row of a silent bench is free",
+     "take A1 X = row 2; take B1 Y = row 3; silence A 100 = ; take C1 Z = none; silence A 21 = ; "
+     "rows = 1 free, 2 free, 3 taken B Y; take C1 Z = row 2; renew A 2 = away; enter k5 A X 2 failed = failed; "
+     "renew C 2 = kept"},
+    {"a bench that works at another row is not silent",
+     "take A1 X = row 2; take A2 Y = row 3; silence A 121 = ; renew A 3 = kept; take C1 Z = none; renew A 2 = kept"},
+    {"a late entry counts while its row is free",
+     "take A1 X = row 2; silence A 121 = ; enter k6 A X 2 verified = verified; rows = 1 free, 2 done A X, 3 free"},
+    {"a late entry takes its row from a radio that is not done",
+     "take A1 X = row 2; silence A 121 = ; take C1 Z = row 2; enter k7 A X 2 verified = verified; "
+     "renew C 2 = away; enter k8 C Z 2 verified = conflict; rows = 1 free, 2 done A X, 3 free"},
+    {"a late entry of a row that another radio got is a conflict",
+     "take A1 X = row 2; silence A 121 = ; take C1 Z = row 2; enter k9 C Z 2 verified = verified; "
+     "enter k10 A X 2 verified = conflict; rows = 1 free, 2 done C Z, 3 free"},
+    {"a late entry of a radio that got another row is a conflict, and its row free",
+     "take A1 X = row 2; take C1 X = row 3; enter k11 C X 3 verified = verified; "
+     "enter k12 A X 2 verified = conflict; rows = 1 free, 2 free, 3 done C X"},
+    {"a late entry of the radio that did the row elsewhere meanwhile is no conflict",
+     "take A1 X = row 2; silence A 121 = ; take C1 X = row 2; enter k16 C X 2 verified = verified; "
+     "enter k17 A X 2 verified = verified; rows = 1 free, 2 done A X, 3 free"},
+    {"an entry counts once",
+     "take A1 X = row 2; enter k13 A X 2 failed = failed; take A1 X = row 2; enter k13 A X 2 failed = failed; "
+     "rows = 1 free, 2 taken A X, 3 free; enter k14 A X 2 verified = verified; "
+     "enter k14 A X 2 verified = verified; attempts = 2"},
+    {"a port that takes again gives back what it never heard of",
+     "take A1 X = row 2; take A1 R1 = row 1; take A2 Y = row 2; renew A 1 = kept"},
+    {"an endless plan gets a new row when none is free",
+     "endless A1 X = row 2; endless A2 Y = row 3; endless B1 Z = row 4; enter k15 A Y 3 failed = failed; "
+     "endless B2 Q = row 3; endless B3 Y = row 5"},
+};
+
+std::string TextOfRow(const JournalRow& row) {
+  const std::string number = std::to_string(row.row);
+  if (row.state == RowState::Free) return number + " free" + row.bench + row.idNumber;
+  return number + (row.state == RowState::Done ? " done " : " taken ") + row.bench + ' ' + row.idNumber;
+}
+
+// The look for a free row sees the others as they were before it had to wait; the row is not free for all that.
+void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
+  const std::string plan = "race";
+  ASSERT_TRUE(OpenJournal(address)->Begin(plan, "", {NewRow(1, "", "R1")}));
+  QSqlQuery other(Connect());
+  const char* const taking[] = {IsServer() ? "BEGIN" : "BEGIN IMMEDIATE",
+                                "INSERT INTO fleet_bench VALUES ('Z', 99999999999)",
+                                "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z' WHERE plan = 'race'"};
+  for (const char* const statement : taking)
+    ASSERT_TRUE(other.exec(statement));
+  auto kind = std::async(std::launch::async, [&] { return OpenJournal(address)->Take(plan, "A", "R1", false).kind; });
+  const auto waits = [&] {
+    return !IsServer() || (other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next());
+  };
+  while (!waits() && kind.wait_for(0s) != std::future_status::ready) {
+  }
+  ASSERT_TRUE(other.exec("COMMIT"));
+  EXPECT_EQ(kind.get(), Claim::Kind::NoRow);
+}
+
+TEST_P(SqlJournals, FollowTheRules) {
+  const char* const outcomes[] = {"verified", "failed", "aside", "conflict"};
+  for (const RuleCase& rule : Rules) {
+    SCOPED_TRACE(rule.name);
+    const std::string plan = rule.name;
+    std::map<std::string, std::unique_ptr<Journal>> ports;
+    const auto at = [&](const std::string& port) -> Journal& {
+      auto& journal = ports[port];
+      if (!journal) journal = OpenJournal(address);
+      return *journal;
+    };
+    ASSERT_TRUE(at("A").Begin(plan, "rules", {NewRow(1, "one", "R1  "), NewRow(2, "two"), NewRow(3)}))
+        << at("A").Error();
+    const auto result = [&](const std::string& step) -> std::string {
+      std::istringstream words(step);
+      std::string command, port, radio;
+      words >> command;
+      if (command == "take" || command == "endless") {
+        words >> port;
+        std::getline(words.ignore(), radio);
+        const Claim claim = at(port).Take(plan, port.substr(0, 1), radio, command == "endless");
+        const char* const kinds[] = {"row ", "done ", "none", "lost"};
+        return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? std::to_string(claim.row.row) : "");
+      }
+      if (command == "renew") {
+        std::size_t row = 0;
+        words >> port >> row;
+        const char* const renewals[] = {"kept", "away", "lost"};
+        return renewals[static_cast<int>(at(port).Renew(plan, row, port))];
+      }
+      if (command == "enter") {
+        Attempt attempt;
+        std::string outcome;
+        words >> attempt.key >> attempt.bench >> attempt.idNumber >> attempt.row >> outcome;
+        attempt.plan = plan;
+        attempt.outcome = static_cast<AttemptOutcome>(std::ranges::find(outcomes, outcome) - outcomes);
+        const auto entered = at(attempt.bench).Enter(attempt);
+        return entered ? outcomes[static_cast<int>(*entered)] : "lost";
+      }
+      if (command == "silence") {
+        int seconds = 0;
+        words >> port >> seconds;
+        Silence(port, seconds);
+        return "";
+      }
+      if (command == "attempts") return std::to_string(at("A").Attempts(plan).value().size());
+      std::string text;
+      const auto rows = at("A").Rows(plan).value();
+      for (const JournalRow& row : rows)
+        text += (text.empty() ? "" : ", ") + TextOfRow(row);
+      return text;
+    };
+    const QStringList steps = QString(rule.steps).split("; ");
+    for (const QString& step : steps)
+      EXPECT_EQ(result(step.section(" = ", 0, 0).toStdString()), step.section(" = ", 1).toStdString())
+          << step.toStdString();
+  }
+  TakeWhatAnotherTakesMeanwhile();
+}
+
+TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
+  const auto journal = OpenJournal(address);
+  const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ?", "R7"), NewRow(9)};
+  for (int i = 0; i < 2; ++i)
+    ASSERT_TRUE(journal->Begin("p1", "name", rows)) << journal->Error();
+  EXPECT_EQ(journal->Rows("p1"), rows);
+  EXPECT_EQ(journal->Rows("p2"), std::vector<JournalRow>());
+
+  const Attempt second = {"a",
+                          "p1",
+                          9,
+                          "la:bel",
+                          "id'",
+                          "1.7\\n",
+                          "3; 4",
+                          "COM3",
+                          "bench",
+                          "2026-11-25 13:45:08",
+                          "2026-11-25 13:46:00",
+                          AttemptOutcome::SetAside,
+                          "two\nlines, ü",
+                          "/b/1.K4X",
+                          "00ff"};
+  Attempt first = second;
+  first.key = "b";
+  first.plan = "p2";
+  first.start = "2026-11-25 13:45:07";
+  EXPECT_EQ(journal->Enter(second), AttemptOutcome::SetAside);
+  EXPECT_EQ(journal->Enter(first), AttemptOutcome::SetAside);
+  EXPECT_EQ(journal->Attempts("p1"), std::vector<Attempt>({second}));
+  EXPECT_EQ(journal->Attempts(""), std::vector<Attempt>({first, second}));
+
+  Execute("UPDATE fleet_schema SET version = version + 1");
+  const auto later = OpenJournal(address);
+  for (int i = 0; i < 2; ++i)
+    EXPECT_FALSE(later->Begin("p1", "name", rows));
+  EXPECT_NE(later->Error().find("later version"), std::string::npos) << later->Error();
+
+  for (const char* const bad :
+       {"/no/such/folder/fleet.journal", "/dev/null", "postgresql://x@/y?host=/no/such/folder"}) {
+    const auto away = OpenJournal(bad);
+    EXPECT_EQ(away->Take("p1", "A", "X", false).kind, Claim::Kind::Lost) << bad;
+    EXPECT_EQ(away->Renew("p1", 7, "A"), Renewal::Lost) << bad;
+    EXPECT_EQ(away->Enter(first), std::nullopt) << bad;
+    EXPECT_EQ(away->Rows("p1"), std::nullopt) << bad;
+    EXPECT_EQ(away->Attempts(""), std::nullopt) << bad;
+    EXPECT_NE(away->Error(), "") << bad;
+  }
+}
+
+struct BenchProcess {
+  BenchProcess(const std::string& address, const std::string& bench, int limit) {
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(JOURNAL_BENCH, {address.c_str(), "plan", "500", bench.c_str(), QString::number(limit)});
+  }
+  // Reads what the bench says, until it has taken so many rows or ended.
+  void AwaitTaken(int count) {
+    while (taken < count && (process.canReadLine() || process.waitForReadyRead(60000))) {
+      std::istringstream line(process.readLine().toStdString());
+      std::string word, radio;
+      std::size_t row = 0;
+      line >> word >> row >> radio;
+      if (word == "took") ++taken;
+      if (word == "lost") ++lost;
+      if (word == "done") done[row] = radio;
+    }
+  }
+  bool HasEnded() {
+    AwaitTaken(1000);
+    process.waitForFinished(60000);
+    return process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+  }
+  void Kill() {
+    process.kill();
+    process.waitForFinished();
+    AwaitTaken(1000); // what it has said before
+  }
+
+  QProcess process;
+  int taken = 0, lost = 0;                 // rows, and calls that the database failed to answer
+  std::map<std::size_t, std::string> done; // the radios, by row
+};
+
+TEST_P(SqlJournals, GiveNoRowOutTwiceThoughBenchesAreKilledAndTheServerCrashes) {
+  BenchProcess firstA(address, "A1", -60), firstB(address, "B1", 150);
+  firstA.AwaitTaken(60);
+  firstA.Kill(); // while it holds a row
+  EXPECT_EQ(firstA.done.size(), 59U);
+  Silence("A1", 121);
+  BenchProcess secondA(address, "A2", 500);
+  secondA.AwaitTaken(60);
+  secondA.Kill(); // wherever it is
+  Silence("A2", 121);
+  BenchProcess thirdA(address, "A3", 500), secondB(address, "B2", 500);
+  if (m_server) {
+    thirdA.AwaitTaken(5);
+    m_server->Crash();
+    ASSERT_TRUE(m_server->Start());
+  }
+  std::map<std::size_t, std::string> told;
+  for (BenchProcess* const bench : {&thirdA, &firstB, &secondB})
+    EXPECT_TRUE(bench->HasEnded());
+  for (const BenchProcess* const bench : {&firstA, &secondA, &firstB, &thirdA, &secondB}) {
+    EXPECT_TRUE(m_server || bench->lost == 0) << "benches wait for each other";
+    for (const auto& [row, radio] : bench->done)
+      EXPECT_TRUE(told.emplace(row, radio).second) << "row " << row << " was done twice";
+  }
+
+  const auto journal = OpenJournal(address);
+  std::map<std::size_t, std::string> held, entered;
+  const auto rows = journal->Rows("plan").value();
+  for (const JournalRow& row : rows) {
+    EXPECT_EQ(row.state, RowState::Done) << row.row;
+    held[row.row] = row.idNumber;
+  }
+  const auto attempts = journal->Attempts("plan").value();
+  for (const Attempt& attempt : attempts) {
+    EXPECT_EQ(attempt.outcome, AttemptOutcome::Verified);
+    EXPECT_TRUE(entered.emplace(attempt.row, attempt.idNumber).second) << attempt.row;
+  }
+  EXPECT_EQ(held.size(), 500U);
+  EXPECT_EQ(entered, held);
+  for (const auto& [row, radio] : told) // one that was killed may have entered a row without telling it
+    EXPECT_EQ(held[row], radio) << row;
+  EXPECT_GE(told.size(), 499U);
+}
+
+} // namespace
+} // namespace mr4500x
