@@ -19,22 +19,26 @@ _mr4500x_cli() {
     case $word in -* | "$current") ;; *) count=$((count + 1)) ;; esac
   done
   if [ "$COMP_CWORD" -eq 1 ]; then
-    words="new show fields get set apply channels diff identify read write verify info print ports --help --version"
+    words="new show fields get set apply channels diff identify read write verify info print ports fleet --help --version"
   elif [ "$previous" = --reports ]; then
     words="channels tts info channels,tts channels,info tts,info channels,tts,info"
   elif [ "$command$previous" = "set=" ]; then
     local IFS=$'\n'
     mapfile -t COMPREPLY < <(compgen -W "$(_mr4500x_cli_values "${COMP_WORDS[0]}" "$field")" -- "$current")
     return 0
+  elif [ "$command$previous" = fleet--ports ]; then
+    words="all $(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/serial/by-id/*')"
   elif [ "$previous" = --backup ]; then
     mapfile -t COMPREPLY < <(compgen -d -- "$current")
     return 0
-  elif [[ $previous == --@(trace|from|output) ]]; then
+  elif [[ $previous == --@(trace|from|output|rows|journal|log|csv) ]]; then
     mapfile -t COMPREPLY < <(compgen -f -- "$current")
     return 0
   else
     case $command:$count in
       new:0 | show:0 | get:0 | set:0 | apply:0 | diff:[01] | channels:1 | write:0 | verify:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
+      fleet:0) files='*.@(K4X|k4x|K4Y|k4y)' words=journal ;;
+      fleet:1) files='*.@(K4X|k4x|K4Y|k4y|journal)' ;;
       print:*) files='*.pdf' ;;
       apply:1) files='*.json' ;;
       channels:0) words="export import" ;;
@@ -57,6 +61,7 @@ _mr4500x_cli() {
       write) words="$words --accept-band --backup --verify --quick --trace" ;;
       info) words="$words --from --trace" ;;
       print) words="$words --reports" ;;
+      fleet) words="$words --rows --ports --count --journal --backup --quick --accept-band --log --csv --plan" ;;
     esac
     words="$words --help"
   fi

@@ -2,6 +2,7 @@
 #include "arguments.h"
 #include "data_file.h"
 #include "declare_file_commands.h"
+#include "declare_fleet_command.h"
 #include "embedded_info.h"
 #include "end_signals.h"
 #include "fill_messages.h"
@@ -39,6 +40,7 @@ struct Arguments {
   std::string textFile;
   std::string pdfFile;
   std::vector<std::string> reports;
+  FleetArguments fleet;
 };
 
 class CommandLine {
@@ -51,11 +53,12 @@ public:
   int Run(int argc, char** argv);
 
 private:
-  void Declare(CLI::App& app);
+  void Declare(CLI::App& app, char** argv);
   [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
   [[nodiscard]] bool Load(const std::string& fileOrPort, RadioImage& image);
   [[nodiscard]] ExitStatus Ports();
   [[nodiscard]] ExitStatus Print();
+  [[nodiscard]] ExitStatus Fleet(char** argv);
   [[nodiscard]] std::string SettingsFile() { return SettingsFilePath(m_files, ProgramFolder(), UserConfigFolder()); }
 
   PosixFileSystem m_files;
@@ -139,7 +142,15 @@ ExitStatus CommandLine::Print() {
   return ExitStatus::Failed;
 }
 
-void CommandLine::Declare(CLI::App& app) {
+// The same for a fleet, whose journal needs a database's libraries. It reads the arguments again.
+ExitStatus CommandLine::Fleet(char** argv) {
+  const std::string program = ProgramFolder() + "/mr4500x-cli-fleet";
+  execv(program.c_str(), argv);
+  m_terminal.err << program << " can't be started.\n";
+  return ExitStatus::Failed;
+}
+
+void CommandLine::Declare(CLI::App& app, char** argv) {
   Arguments& given = m_arguments;
   const auto command = [&](CLI::App& parent, const char* name, const char* about, std::function<ExitStatus()> run) {
     CLI::App* const sub = parent.add_subcommand(name, about);
@@ -230,6 +241,9 @@ void CommandLine::Declare(CLI::App& app) {
       ->check(CLI::IsMember({"channels", "tts", "info"}))
       ->default_val(std::vector<std::string>{"channels", "tts", "info"});
 
+  const auto fleet = [this, argv] { m_command = [this, argv] { return Fleet(argv); }; };
+  DeclareFleetCommand(app, given.fleet, fleet, fleet);
+
   command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
           [this] { return Ports(); });
 }
@@ -256,7 +270,7 @@ int CommandLine::Run(int argc, char** argv) {
   CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
   app.require_subcommand(1);
   app.set_version_flag("--version", "mr4500x-cli " MR4500X_VERSION);
-  Declare(app);
+  Declare(app, argv);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,64 +1,9 @@
 // The command line tool against the simulated radio, both as processes, over a real serial device.
 #include "data_file.h"
-#include "files_fixture.h"
-
-#include <signal.h>
-
-#include <array>
-#include <cstdio>
+#include "process_fixture.h"
 
 namespace mr4500x {
 namespace {
-
-struct Ended {
-  int status;
-  std::string output; // standard output and standard error
-};
-
-Ended Shell(const std::string& command) {
-  FILE* const pipe = popen(("{ " + command + "; } 2>&1 </dev/null").c_str(), "r");
-  Ended ended{-1, {}};
-  for (int character = fgetc(pipe); character != EOF; character = fgetc(pipe))
-    ended.output += static_cast<char>(character);
-  const int status = pclose(pipe);
-  if (WIFEXITED(status)) ended.status = WEXITSTATUS(status);
-  return ended;
-}
-
-class CommandLineTest : public FilesTest {
-protected:
-  CommandLineTest() { EXPECT_EQ(Cli("new " + file).output, ""); }
-  // Starts a radio and waits for the line in which it names its device.
-  void StartRadio(const std::string& faults = "") {
-    m_radio = popen(("echo $$; exec " LR7200_SIMULATOR " --memory " + Path("memory") + faults).c_str(), "r");
-    std::array<char, 100> device{};
-    ASSERT_EQ(fscanf(m_radio, "%d %99s", &m_process, device.data()), 2);
-    port = device.data();
-  }
-  void EndRadio(int signal = SIGTERM) {
-    kill(m_process, signal);
-    pclose(m_radio);
-  }
-
-  Ended Cli(const std::string& arguments) { return Shell(MR4500X_CLI " " + arguments); }
-  // For each command line its status, and how its output begins; empty: says nothing, or the usage.
-  using Row = std::tuple<std::string, int, std::string>;
-  void ExpectAll(const std::vector<Row>& rows) {
-    for (const auto& [arguments, status, output] : rows) {
-      const Ended ended = Cli(arguments);
-      EXPECT_EQ(ended.status, status) << arguments;
-      EXPECT_TRUE(ended.output.starts_with(output)) << arguments << ": " << ended.output;
-      EXPECT_EQ(ended.output.empty(), output.empty() && status == 0) << arguments << ": " << ended.output;
-    }
-  }
-
-  const std::string file = Path("a.K4X");
-  std::string port;
-
-private:
-  FILE* m_radio = nullptr;
-  int m_process = 0;
-};
 
 TEST_F(CommandLineTest, TheTypicalJob) {
   StartRadio();

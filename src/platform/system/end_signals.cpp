@@ -61,13 +61,13 @@ constexpr std::array HeardSignals = {SIGINT, SIGTERM, SIGHUP};
 
 class EndSignalsHeard::Pipe {
 public:
-  explicit Pipe(std::function<void(int)> report) : m_report(std::move(report)) {
+  Pipe(std::function<void(int)> report, NextSignal next) : m_report(std::move(report)) {
     if (pipe2(m_ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return; // then the signals end the program as ever
     m_notifier.emplace(m_ends[0], QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] { Read(); });
     reportingEnd = m_ends[1];
     for (const int number : HeardSignals)
-      Handle(number, Report, SA_RESTART | static_cast<int>(SA_RESETHAND));
+      Handle(number, Report, SA_RESTART | (next == NextSignal::Ends ? static_cast<int>(SA_RESETHAND) : 0));
   }
   ~Pipe() {
     if (!m_notifier) return;
@@ -91,7 +91,8 @@ private:
   std::optional<QSocketNotifier> m_notifier;
 };
 
-EndSignalsHeard::EndSignalsHeard(std::function<void(int)> report) : m_pipe(std::make_unique<Pipe>(std::move(report))) {}
+EndSignalsHeard::EndSignalsHeard(std::function<void(int)> report, NextSignal next)
+    : m_pipe(std::make_unique<Pipe>(std::move(report), next)) {}
 
 EndSignalsHeard::~EndSignalsHeard() = default;
 

@@ -20,10 +20,11 @@ public:
 [[nodiscard]] bool AwaitInput(int file);
 
 // Reports SIGINT, SIGTERM and SIGHUP from the event loop instead of ending the program, so that it can end properly.
-// The same signal a second time ends it at once. One instance at a time.
+// One instance at a time.
+enum class NextSignal { Ends, IsReported }; // what the same signal does a second time
 class EndSignalsHeard {
 public:
-  explicit EndSignalsHeard(std::function<void(int signal)> report);
+  explicit EndSignalsHeard(std::function<void(int signal)> report, NextSignal next = NextSignal::Ends);
   ~EndSignalsHeard();
   EndSignalsHeard(const EndSignalsHeard&) = delete;
   EndSignalsHeard& operator=(const EndSignalsHeard&) = delete;

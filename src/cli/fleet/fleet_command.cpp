@@ -1,0 +1,136 @@
+#include "fleet_command.h"
+
+#include "end_signals.h"
+#include "file_access.h"
+#include "file_commands.h"
+#include "fleet_session.h"
+#include "sql_journal.h"
+#include "tone_codes.h"
+#include "words.h"
+
+#include <QEventLoop>
+
+#include <algorithm>
+#include <ostream>
+
+namespace mr4500x {
+namespace {
+
+// False, with a message, unless all ports are there and none is given twice.
+bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArguments& arguments, Terminal& terminal) {
+  std::vector<PortArgument>& ports = arguments.choice.ports;
+  for (const std::string& text : arguments.ports) {
+    if (text == "all")
+      std::ranges::copy(PortsWithDevice(files, settingsFile), std::back_inserter(ports));
+    else
+      ports.push_back(*ParsePortArgument(text));
+  }
+  std::set<std::string> names;
+  for (const PortArgument& port : ports)
+    if (!names.insert(NameOf(port)).second) terminal.err << NameOf(port) << " is given twice\n";
+  if (ports.empty()) terminal.err << "No port has a device; mr4500x-cli ports lists them.\n";
+  return !ports.empty() && names.size() == ports.size();
+}
+
+// Asked before anything starts.
+bool MayStore(FileSystem& files, const std::string& templateFile, const std::string& path, Terminal& terminal) {
+  if (path.empty() || path == Stream) return true;
+  if (!LeadsToDataFile(files, templateFile, path) && MayReplace(files, path)) return true;
+  terminal.err << path << ": no table can be written here\n";
+  return false;
+}
+
+bool StoreText(FileSystem& files, const std::string& path, const std::string& text, Terminal& terminal) {
+  if (path == Stream) {
+    terminal.out << text;
+    return EndOutput(terminal) == ExitStatus::Done;
+  }
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  if (ReplaceFile(files, path, bytes, Surplus::Drop)) return true;
+  terminal.err << path << ": can't be written" << SystemReason() << '\n';
+  return false;
+}
+
+ExitStatus NoAnswer(const std::string& address, const std::string& reason, Terminal& terminal) {
+  terminal.err << address << ": " << reason << '\n';
+  return ExitStatus::Failed;
+}
+
+struct FleetEnd {
+  bool isComplete;
+  std::string bench;
+};
+
+// Runs the bench until all its ports have ended.
+FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan& plan, const FleetChoice& choice,
+                  Terminal& terminal) {
+  QEventLoop loop;
+  FleetTally tally(choice.ports.size());
+  const auto take = [&](const PortEvent& event) {
+    if (tally.Take(event)) terminal.out << LineFor(event, NameOf(choice.ports[event.port])) << std::endl;
+    if (tally.HasEnded()) loop.quit();
+  };
+  // What comes from the ports' threads is printed in this one.
+  const auto inLoop = [&loop](auto tell) { QMetaObject::invokeMethod(&loop, tell, Qt::QueuedConnection); };
+  FleetSession session(
+      files, settingsFile, plan, choice, [&](const PortEvent& event) { inLoop([&take, event] { take(event); }); },
+      [&](const Attempt& attempt) {
+        inLoop([&terminal, attempt] { terminal.out << LineForConflict(attempt) << std::endl; });
+      });
+  const auto stop = [&](int) {
+    session.StopAfterTheseRadios();
+    terminal.err << "Stopping after these radios.\n";
+  };
+  const EndSignalsHeard heard(stop, NextSignal::IsReported);
+  loop.exec();
+  if (const std::size_t pending = session.PendingCount(); pending > 0)
+    terminal.err << pending << " entries wait for the journal; the next start hands them in.\n";
+  const bool isOpenEnded = plan.isEndless && choice.count < 0;
+  return {isOpenEnded ? tally.Failed() == 0 : session.IsComplete(), session.BenchName()};
+}
+
+} // namespace
+
+ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
+  FleetChoice& choice = arguments.choice;
+  if (!FindPorts(files, settingsFile, arguments, terminal) ||
+      !MayStore(files, choice.templateFile, arguments.logFile, terminal))
+    return ExitStatus::UnusableArguments;
+  const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'));
+  for (const std::string& problem : problems)
+    terminal.err << problem << '\n';
+  if (!problems.empty()) return ExitStatus::UnusableArguments;
+  const std::string address = JournalOf(choice);
+  if (const auto reason = EnterPlan(address, plan)) return NoAnswer(address, *reason, terminal);
+
+  const FleetEnd end = RunBench(files, settingsFile, plan, choice, terminal);
+  if (!arguments.logFile.empty()) {
+    const std::unique_ptr<Journal> journal = OpenJournal(address);
+    std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);
+    if (!attempts) return NoAnswer(address, journal->Error(), terminal);
+    std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.bench != end.bench; });
+    if (!StoreText(files, arguments.logFile, JournalCsv(*attempts), terminal)) return ExitStatus::Failed;
+  }
+  return end.isComplete ? EndOutput(terminal) : ExitStatus::Failed;
+}
+
+ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, Terminal& terminal) {
+  const bool isTemplate = HasDataFileEnding(arguments.listed);
+  FleetChoice choice;
+  (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
+  const std::string address = JournalOf(choice);
+  if (!MayStore(files, choice.templateFile, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
+  if (!JournalExists(files, address)) return NoAnswer(address, "there is no such journal", terminal);
+  const std::unique_ptr<Journal> journal = OpenJournal(address);
+  const std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
+  if (!attempts) return NoAnswer(address, journal->Error(), terminal);
+  if (!arguments.csvFile.empty())
+    return StoreText(files, arguments.csvFile, JournalCsv(*attempts), terminal) ? ExitStatus::Done : ExitStatus::Failed;
+  for (const Attempt& attempt : *attempts)
+    terminal.out << attempt.start << "  " << attempt.port << ": " << attempt.idNumber << ", row " << attempt.row << ' '
+                 << attempt.label << ": " << WordFor(attempt.outcome) << (attempt.text.empty() ? "" : "; ")
+                 << attempt.text << '\n';
+  return EndOutput(terminal);
+}
+
+} // namespace mr4500x

@@ -1,0 +1,141 @@
+#include "fleet_session.h"
+
+#include "file_access.h"
+#include "file_commands.h"
+#include "machine.h"
+#include "port_choice.h"
+#include "port_devices.h"
+#include "setting_commands.h"
+#include "settings.h"
+#include "sql_journal.h"
+#include "tone_codes.h"
+
+#include <QString>
+#include <QSysInfo>
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <sstream>
+
+namespace mr4500x {
+namespace {
+
+std::filesystem::path Beside(const FleetChoice& choice) {
+  return std::filesystem::absolute(choice.templateFile == Stream ? "fleet" : choice.templateFile);
+}
+
+bool IsServer(const std::string& address) {
+  return address.find("://") != std::string::npos;
+}
+
+std::string NewBenchName(FileSystem& files) {
+  std::ostringstream name; // the number: machines may have the same name
+  name << QSysInfo::machineHostName().toStdString() << '-' << getpid() << '-' << std::hex
+       << files.UnpredictableNumber() % 0x10000;
+  return name.str();
+}
+
+std::vector<BenchPort> BenchPortsOf(const std::vector<PortArgument>& ports, FileSystem& files,
+                                    const std::string& settingsFile) {
+  std::vector<BenchPort> made;
+  for (const PortArgument& port : ports)
+    made.push_back({NameOf(port), [&files, port, settingsFile] { return PortFor(port, files, settingsFile); },
+                    [] { return std::make_unique<SteadyClock>(); }, std::max(1, port.number)});
+  return made;
+}
+
+} // namespace
+
+std::string JournalOf(const FleetChoice& choice) {
+  constexpr std::string_view OfFile = "sqlite:";
+  if (choice.journal.empty()) return Beside(choice).replace_extension(".journal").string();
+  if (IsServer(choice.journal)) return choice.journal;
+  const bool isMarked = choice.journal.starts_with(OfFile);
+  return std::filesystem::absolute(choice.journal.substr(isMarked ? OfFile.size() : 0)).string();
+}
+
+std::string BackupFolderOf(const FleetChoice& choice) {
+  return choice.backupFolder.empty() ? (Beside(choice).parent_path() / "backups").string() : choice.backupFolder;
+}
+
+bool JournalExists(FileSystem& files, const std::string& address) {
+  return IsServer(address) || !IsMissing(files, address);
+}
+
+PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts) {
+  std::stringstream said;
+  Terminal terminal{said, said, std::cin, false, false};
+  RadioImage image;
+  std::optional<std::string> rows;
+  bool isRead = LoadForCommand(files, choice.templateFile, image, terminal);
+  if (!choice.rowsFile.empty()) {
+    rows = ReadTextForCommand(files, choice.rowsFile, terminal);
+    isRead = isRead && rows;
+  }
+  PlanCheck check;
+  if (isRead) check = MakePlan(image, NameOfSource(choice.templateFile), rows, texts, Sha256Of);
+  if (isRead && check.problems.empty()) return check;
+  for (std::string line; std::getline(said, line);)
+    check.problems.push_back(line);
+  return check;
+}
+
+std::vector<PortArgument> PortsWithDevice(FileSystem& files, const std::string& settingsFile) {
+  const auto pins = PortDevices(files, settingsFile);
+  const std::vector<std::string> devices = MachineSerialDevices();
+  std::vector<PortArgument> ports;
+  for (int number = 1; number <= PortCount; ++number)
+    if (!DeviceOfPort(number, pins, devices).path.empty()) ports.push_back({number, {}});
+  return ports;
+}
+
+std::optional<std::string> EnterPlan(const std::string& address, const Plan& plan) {
+  const std::unique_ptr<Journal> journal = OpenJournal(address);
+  if (journal->Begin(plan.key, plan.name, JournalRowsOf(plan))) return std::nullopt;
+  return journal->Error();
+}
+
+FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
+                           std::function<void(const PortEvent&)> tell, std::function<void(const Attempt&)> tellConflict)
+    : m_texts(BuildFieldTexts('.')), m_plan(std::move(plan)),
+      m_pending(files, UserStateFolder() + "/fleet/" + Sha256Of(JournalOf(choice)).substr(0, 16)),
+      m_desk{.plan = m_plan,
+             .texts = m_texts,
+             .files = files,
+             .bench = NewBenchName(files),
+             .backupFolder = BackupFolderOf(choice),
+             .speed = choice.isQuick ? Speed::Quick : Speed::Prescribed,
+             .acceptsOtherBand = choice.acceptsOtherBand,
+             .now = LocalNow,
+             .sha256 = Sha256Of,
+             .newKey = NewAttemptKey,
+             .tell = std::move(tell),
+             .tellConflict = std::move(tellConflict),
+             .placesLeft = choice.count,
+             .places = {}} {
+  m_bench = std::make_unique<Bench>(
+      m_desk, BenchPortsOf(choice.ports, files, settingsFile),
+      [address = JournalOf(choice)] { return OpenJournal(address); }, m_pending);
+}
+
+bool FleetTally::Take(const PortEvent& event) {
+  std::optional<PortEvent>& last = m_last[event.port];
+  const bool isNews = !last || last->state != event.state || last->row != event.row || last->idNumber != event.idNumber;
+  last = event;
+  if (!isNews) return false;
+  if (event.state == PortState::Done) ++m_done;
+  if (IsGood(event.state)) m_failed.erase(event.idNumber);
+  if (IsBad(event.state)) m_failed.insert(event.idNumber);
+  return true;
+}
+
+bool FleetTally::HasEnded() const {
+  return std::ranges::all_of(m_last, [](const auto& last) {
+    return last && (last->state == PortState::Stopped || last->state == PortState::Finished);
+  });
+}
+
+} // namespace mr4500x

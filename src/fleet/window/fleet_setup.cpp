@@ -1,0 +1,148 @@
+#include "fleet_setup.h"
+
+#include "fleet_session.h"
+#include "port_devices.h"
+#include "settings.h"
+
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalBlocker>
+
+namespace mr4500x {
+
+FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
+                       std::function<void()> portsChanged)
+    : QGroupBox(tr("Plan")), m_files(files), m_settingsFile(std::move(settingsFile)),
+      m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_ports(new QListWidget),
+      m_quick(new QCheckBox(tr("&Quick"))), m_otherBand(new QCheckBox(tr("Accept other &bands"))),
+      m_sound(new QCheckBox(tr("So&und"))) {
+  auto* const all = new QHBoxLayout(this);
+  all->setContentsMargins(4, 0, 4, 4);
+  all->addWidget(m_choices, 1);
+  auto* const grid = new QGridLayout(m_choices);
+  grid->setContentsMargins(4, 4, 4, 4);
+  m_template = AddFile(*grid, "txtTemplate", tr("&Template:"), tr("Data files (*.K4X *.k4x *.K4Y *.k4y)"));
+  m_rows = AddFile(*grid, "txtRows", tr("&Rows:"), tr("Lists (*.csv)"));
+  m_rows->setPlaceholderText(tr("none: every radio gets the template"));
+  m_journal = AddFile(*grid, "txtJournal", tr("&Journal:"), tr("Journals (*.journal)"));
+  m_journal->setPlaceholderText(tr("a file beside the template"));
+  auto* const options = new QHBoxLayout;
+  options->addWidget(m_quick);
+  options->addWidget(m_otherBand);
+  options->addStretch();
+  grid->addLayout(options, 3, 1);
+  auto* const portLabel = new QLabel(tr("&Ports:"));
+  portLabel->setBuddy(m_ports);
+  grid->addWidget(portLabel, 0, 3, Qt::AlignTop);
+  grid->addWidget(m_ports, 0, 4, 4, 1);
+  grid->setColumnStretch(1, 3);
+  grid->setColumnStretch(4, 2);
+  m_ports->setObjectName(QStringLiteral("lstPorts"));
+  m_ports->setMinimumHeight(m_template->sizeHint().height() * 3);
+  m_ports->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+  connect(m_ports, &QListWidget::itemChanged, [this, portsChanged] {
+    m_wanted = CheckedPorts();
+    portsChanged();
+  });
+  m_sound->setObjectName(QStringLiteral("chkSound"));
+  m_sound->setToolTip(tr("One beep when a radio is done, three when one has failed"));
+  all->addWidget(m_sound, 0, Qt::AlignBottom);
+}
+
+QLineEdit* FleetSetup::AddFile(QGridLayout& grid, const char* name, const QString& label, const QString& filter) {
+  auto* const edit = new QLineEdit;
+  edit->setObjectName(QLatin1String(name));
+  auto* const caption = new QLabel(label);
+  caption->setBuddy(edit);
+  auto* const browse = new QPushButton(QStringLiteral("…"));
+  browse->setAccessibleName(tr("Choose: %1").arg(QString(label).remove(QLatin1Char('&'))));
+  const int row = grid.rowCount();
+  const int at = edit->objectName() == QLatin1String("txtTemplate") ? 0 : row;
+  grid.addWidget(caption, at, 0);
+  grid.addWidget(edit, at, 1);
+  grid.addWidget(browse, at, 2);
+  connect(edit, &QLineEdit::textChanged, [this] { m_filesChanged(); });
+  connect(browse, &QPushButton::clicked, [this, edit, filter] {
+    const QString start = edit->text().isEmpty() ? m_template->text() : edit->text();
+    // A journal may be new.
+    const QString chosen = edit == m_journal ? QFileDialog::getSaveFileName(this, {}, start, filter, nullptr,
+                                                                            QFileDialog::DontConfirmOverwrite)
+                                             : QFileDialog::getOpenFileName(this, {}, start, filter);
+    if (!chosen.isEmpty()) edit->setText(chosen);
+  });
+  return edit;
+}
+
+QStringList FleetSetup::CheckedPorts() const {
+  QStringList checked;
+  for (int i = 0; i < m_ports->count(); ++i)
+    if (m_ports->item(i)->checkState() == Qt::Checked) checked.append(m_ports->item(i)->data(Qt::UserRole).toString());
+  return checked;
+}
+
+FleetChoice FleetSetup::Choice() const {
+  FleetChoice choice;
+  choice.templateFile = m_template->text().toStdString();
+  choice.rowsFile = m_rows->text().toStdString();
+  choice.journal = m_journal->text().toStdString();
+  choice.isQuick = m_quick->isChecked();
+  choice.acceptsOtherBand = m_otherBand->isChecked();
+  for (const QString& port : CheckedPorts())
+    choice.ports.push_back(*ParsePortArgument(port.toStdString()));
+  return choice;
+}
+
+bool FleetSetup::HasSound() const {
+  return m_sound->isChecked();
+}
+
+void FleetSetup::SetRunning(bool isRunning) {
+  m_choices->setEnabled(!isRunning);
+}
+
+void FleetSetup::FindPorts() {
+  const QSignalBlocker quiet(m_ports);
+  const int current = m_ports->currentRow();
+  m_ports->clear();
+  const auto pins = PortDevices(m_files, m_settingsFile);
+  const std::vector<std::string> devices = MachineSerialDevices();
+  for (const PortArgument& port : PortsWithDevice(m_files, m_settingsFile)) {
+    const QString name = QString::fromStdString(NameOf(port));
+    const QString device = QString::fromStdString(DeviceOfPort(port.number, pins, devices).path);
+    auto* const item = new QListWidgetItem(name + QStringLiteral("  ") + QFileInfo(device).fileName(), m_ports);
+    item->setToolTip(device);
+    item->setData(Qt::UserRole, name);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+    item->setCheckState(m_wanted.contains(name) ? Qt::Checked : Qt::Unchecked);
+  }
+  m_ports->setCurrentRow(std::max(0, current));
+}
+
+void FleetSetup::Load(const QSettings& settings) {
+  m_template->setText(settings.value(QStringLiteral("Template")).toString());
+  m_rows->setText(settings.value(QStringLiteral("Rows")).toString());
+  m_journal->setText(settings.value(QStringLiteral("Journal")).toString());
+  m_quick->setChecked(settings.value(QStringLiteral("Quick")).toBool());
+  m_sound->setChecked(settings.value(QStringLiteral("Sound"), true).toBool());
+  m_wanted = settings.value(QStringLiteral("Ports")).toStringList();
+  FindPorts();
+}
+
+// Not the other bands: that is to be agreed to each time.
+void FleetSetup::Store(QSettings& settings) const {
+  settings.setValue(QStringLiteral("Template"), m_template->text());
+  settings.setValue(QStringLiteral("Rows"), m_rows->text());
+  settings.setValue(QStringLiteral("Journal"), m_journal->text());
+  settings.setValue(QStringLiteral("Quick"), m_quick->isChecked());
+  settings.setValue(QStringLiteral("Sound"), m_sound->isChecked());
+  settings.setValue(QStringLiteral("Ports"), m_wanted);
+}
+
+} // namespace mr4500x

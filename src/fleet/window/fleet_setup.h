@@ -1,0 +1,49 @@
+// What the user chooses before the start: template, rows, journal, ports.
+#pragma once
+
+#include "fleet_choice.h"
+
+#include <QGroupBox>
+
+#include <functional>
+
+class QCheckBox;
+class QGridLayout;
+class QLineEdit;
+class QListWidget;
+class QSettings;
+
+namespace mr4500x {
+
+class FileSystem;
+
+class FleetSetup final : public QGroupBox {
+public:
+  // Calls `filesChanged` for another plan or journal, `portsChanged` for other ports.
+  FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
+             std::function<void()> portsChanged);
+
+  [[nodiscard]] FleetChoice Choice() const;
+  [[nodiscard]] bool HasSound() const;
+  void SetRunning(bool isRunning); // only the sound can be switched then
+  void FindPorts();                // again: cables come and go
+  void Load(const QSettings& settings);
+  void Store(QSettings& settings) const;
+
+private:
+  QLineEdit* AddFile(QGridLayout& grid, const char* name, const QString& label, const QString& filter);
+  [[nodiscard]] QStringList CheckedPorts() const;
+
+  FileSystem& m_files;
+  std::string m_settingsFile;
+  std::function<void()> m_filesChanged;
+  QWidget* m_choices;
+  QLineEdit* m_template;
+  QLineEdit* m_rows;
+  QLineEdit* m_journal;
+  QListWidget* m_ports;
+  QCheckBox *m_quick, *m_otherBand, *m_sound;
+  QStringList m_wanted; // ports, whether they are there or not
+};
+
+} // namespace mr4500x

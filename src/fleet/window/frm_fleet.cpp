@@ -1,0 +1,360 @@
+#include "frm_fleet.h"
+
+#include "file_access.h"
+#include "fleet_setup.h"
+#include "journal_report.h"
+#include "port_card.h"
+#include "shown_text.h"
+#include "sql_journal.h"
+#include "tone_codes.h"
+#include "words.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSettings>
+#include <QShortcut>
+#include <QTableView>
+
+#include <chrono>
+
+namespace mr4500x {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int CardsInARow = 4;
+
+} // namespace
+
+FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSettingsFile)
+    : m_files(files), m_settingsFile(std::move(settingsFile)), m_ownSettingsFile(std::move(ownSettingsFile)),
+      m_setup(new FleetSetup(
+          files, m_settingsFile, [this] { ForgetPlan(); }, [this] { ShowState(); })),
+      m_counts(new QLabel), m_message(new QLabel), m_problems(new QListWidget), m_cardArea(new QScrollArea),
+      m_cardGrid(new QGridLayout), m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
+      m_stop(new QPushButton(tr("St&op after these radios"))), m_save(new QPushButton(tr("Save jo&urnal..."))),
+      m_print(new QPushButton(tr("&Print journal..."))) {
+  m_worker.setMaxThreadCount(1);
+  BuildWindow();
+  m_lookAgain.setInterval(2s);
+  connect(&m_lookAgain, &QTimer::timeout, this, [this] { LookAtRows(); });
+  m_loadSoon.setSingleShot(true);
+  m_loadSoon.setInterval(300ms);
+  connect(&m_loadSoon, &QTimer::timeout, this, [this] { LoadChosenPlan(); });
+  m_setup->Load(QSettings(m_ownSettingsFile, QSettings::IniFormat));
+  ForgetPlan();
+}
+
+FrmFleet::~FrmFleet() {
+  m_session.reset();
+  m_worker.waitForDone();
+}
+
+void FrmFleet::BuildWindow() {
+  setWindowTitle(tr("MR4500X Fleet"));
+  resize(1200, 720);
+  auto* const cards = new QWidget;
+  cards->setLayout(m_cardGrid);
+  m_cardGrid->setContentsMargins(0, 0, 0, 0);
+  m_cardArea->setWidget(cards);
+  m_cardArea->setWidgetResizable(true);
+  m_cardArea->setFrameShape(QFrame::NoFrame);
+  m_cardArea->setFocusPolicy(Qt::NoFocus);
+  m_cardArea->hide(); // until the start
+
+  auto* const filter = new QLineEdit;
+  filter->setObjectName(QStringLiteral("txtFilter"));
+  filter->setClearButtonEnabled(true);
+  filter->setPlaceholderText(tr("Filter (Ctrl+F)"));
+  m_filtered.setSourceModel(&m_rows);
+  m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
+  m_filtered.setFilterKeyColumn(-1); // all
+  connect(filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
+  m_table->setModel(&m_filtered);
+  m_table->setSortingEnabled(true);
+  m_table->sortByColumn(1, Qt::AscendingOrder);
+  m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  m_table->setTabKeyNavigation(false);
+  m_table->setAlternatingRowColors(true);
+  m_table->verticalHeader()->hide();
+  m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
+  m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  m_table->setObjectName(QStringLiteral("gridRows"));
+  m_problems->setObjectName(QStringLiteral("lstProblems"));
+  m_message->setObjectName(QStringLiteral("lblMessage"));
+  m_message->setTextFormat(Qt::PlainText);
+  m_message->setWordWrap(true);
+  m_counts->setObjectName(QStringLiteral("lblCounts"));
+
+  auto* const above = new QHBoxLayout;
+  above->addWidget(m_counts, 1);
+  above->addWidget(filter);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(m_message, 1);
+  const std::pair<QPushButton*, const char*> all[] = {
+      {m_save, "cmdSave"}, {m_print, "cmdPrint"}, {m_stop, "cmdStop"}, {m_start, "cmdStart"}};
+  for (const auto& [button, name] : all) {
+    button->setObjectName(QLatin1String(name));
+    buttons->addWidget(button);
+  }
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(m_setup);
+  layout->addWidget(m_cardArea, 3);
+  layout->addLayout(above);
+  layout->addWidget(m_problems, 2);
+  layout->addWidget(m_table, 2);
+  layout->addLayout(buttons);
+
+  connect(m_start, &QPushButton::clicked, this, [this] { Start(); });
+  connect(m_stop, &QPushButton::clicked, this, [this] { StopAfterTheseRadios(); });
+  connect(m_save, &QPushButton::clicked, this, [this] { SaveJournal(); });
+  connect(m_print, &QPushButton::clicked, this, [this] { PrintOnPaper(); });
+}
+
+template<class Work, class Then>
+void FrmFleet::Later(Work work, Then then) {
+  m_worker.start([this, work = std::move(work), then = std::move(then)] {
+    auto result = work();
+    QMetaObject::invokeMethod(
+        this, [then, result = std::move(result)] { then(result); }, Qt::QueuedConnection);
+  });
+}
+
+void FrmFleet::Tell(const QString& text) {
+  m_message->setText(text);
+}
+
+// Until the chosen one has been loaded nothing else can be started.
+void FrmFleet::ForgetPlan() {
+  m_plan.reset();
+  ++m_loads;
+  Tell(m_setup->Choice().templateFile.empty() ? tr("Choose a template and the ports.") : QString());
+  ShowState();
+  m_loadSoon.start(); // when the user has typed it
+}
+
+void FrmFleet::LoadChosenPlan() {
+  const FleetChoice choice = m_setup->Choice();
+  if (choice.templateFile.empty()) return;
+  const auto work = [this, choice] {
+    return std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.')));
+  };
+  Later(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
+    if (load != m_loads) return;
+    m_plan = check;
+    m_journal = JournalOf(choice);
+    m_problems->clear();
+    for (const std::string& problem : check->problems)
+      m_problems->addItem(Shown(problem));
+    m_rows.Show(check->problems.empty() ? JournalRowsOf(check->plan) : std::vector<JournalRow>());
+    ShowCounts();
+    ShowState();
+    LookAtRows();
+  });
+}
+
+void FrmFleet::ShowState() {
+  const bool isUsable = m_plan && m_plan->problems.empty(), isRunning = m_session || m_isStarting;
+  m_setup->SetRunning(isRunning);
+  m_start->setEnabled(!isRunning && isUsable && !m_setup->Choice().ports.empty());
+  m_stop->setEnabled(m_session && !m_isStopping);
+  m_save->setEnabled(isUsable);
+  m_print->setEnabled(isUsable);
+  m_problems->setVisible(m_plan && !isUsable);
+  m_table->setVisible(!m_problems->isVisibleTo(this));
+}
+
+void FrmFleet::Start() {
+  if (m_session || m_isStarting || !m_start->isEnabled()) return;
+  m_isStarting = true;
+  Tell({});
+  ShowState();
+  const FleetChoice choice = m_setup->Choice();
+  const auto work = [plan = m_plan, address = m_journal] { return EnterPlan(address, plan->plan); };
+  Later(work, [this, choice](const std::optional<std::string>& reason) {
+    m_isStarting = false;
+    if (reason)
+      Tell(Shown(m_journal + ": " + *reason));
+    else
+      StartPorts(choice);
+    ShowState();
+  });
+}
+
+void FrmFleet::StartPorts(const FleetChoice& choice) {
+  qDeleteAll(m_cards);
+  m_cards.clear();
+  for (const PortArgument& port : choice.ports) {
+    const int at = static_cast<int>(m_cards.size());
+    m_cards.push_back(new PortCard(Shown(NameOf(port))));
+    m_cardGrid->addWidget(m_cards.back(), at / CardsInARow, at % CardsInARow);
+  }
+  m_cardArea->show();
+  m_tally = FleetTally(choice.ports.size());
+  m_isStopping = false;
+  m_since.start();
+  m_lookAgain.start();
+  // What comes from the ports' threads is shown in this one.
+  const auto inWindow = [this](auto tell) { QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection); };
+  m_session = std::make_unique<FleetSession>(
+      m_files, m_settingsFile, m_plan->plan, choice,
+      [this, inWindow](const PortEvent& event) { inWindow([this, event] { Take(event); }); },
+      [this, inWindow](const Attempt& attempt) { inWindow([this, attempt] { TellConflict(attempt); }); });
+  m_stop->setFocus();
+}
+
+void FrmFleet::Take(const PortEvent& event) {
+  m_cards[event.port]->Show(event);
+  if (!m_tally.Take(event)) return;
+  if (event.state == PortState::Done) Beep(1);
+  if (IsBad(event.state)) Beep(3);
+  LookAtRows();
+  if (m_tally.HasEnded()) End();
+}
+
+void FrmFleet::TellConflict(const Attempt& attempt) {
+  Beep(3);
+  auto* const box =
+      new QMessageBox(QMessageBox::Warning, windowTitle(), Shown(LineForConflict(attempt)), QMessageBox::Ok, this);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->show(); // the ports go on
+}
+
+void FrmFleet::End() {
+  if (const std::size_t pending = m_session->PendingCount(); pending > 0)
+    Tell(tr("%1 entries wait for the journal; the next start hands them in.").arg(pending));
+  else
+    Tell(tr("All ports have ended."));
+  m_session.reset();
+  m_lookAgain.stop();
+  m_isStopping = false;
+  ShowState();
+  m_start->setFocus();
+  if (m_closesAtEnd) close();
+}
+
+void FrmFleet::StopAfterTheseRadios() {
+  if (!m_session || m_isStopping) return;
+  m_isStopping = true;
+  m_session->StopAfterTheseRadios();
+  Tell(tr("Stopping after these radios."));
+  ShowState();
+}
+
+// In the other thread, as the database may be slow. One look at a time.
+void FrmFleet::LookAtRows() {
+  if (m_isLooking || !m_plan || !m_plan->problems.empty()) return;
+  m_isLooking = true;
+  const auto work = [this, plan = m_plan, address = m_journal] {
+    return JournalExists(m_files, address) ? OpenJournal(address)->Rows(plan->plan.key) : std::nullopt;
+  };
+  Later(work, [this, plan = m_plan](const std::optional<std::vector<JournalRow>>& rows) {
+    m_isLooking = false;
+    if (plan != m_plan) return LookAtRows();
+    if (rows && !rows->empty()) m_rows.Show(*rows);
+    ShowCounts();
+  });
+}
+
+void FrmFleet::ShowCounts() {
+  const int done = m_rows.Count(RowState::Done), taken = m_rows.Count(RowState::Taken), left = m_rows.rowCount() - done;
+  QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
+  if (m_tally.Failed() > 0) text += tr("; radios that failed: %1").arg(m_tally.Failed());
+  if (m_session && m_tally.Done() > 0 && left > 0)
+    text += tr("; about %1 min left").arg(m_since.elapsed() * left / m_tally.Done() / 60'000 + 1);
+  m_counts->setText(text);
+}
+
+void FrmFleet::Beep(int times) {
+  if (!m_setup->HasSound()) return;
+  for (int i = 0; i < times; ++i)
+    QTimer::singleShot(i * 250ms, this, [] { QApplication::beep(); });
+}
+
+void FrmFleet::WithAttempts(std::function<void(const std::vector<Attempt>&)> use) {
+  struct Found {
+    std::optional<std::vector<Attempt>> attempts;
+    std::string reason;
+  };
+  const auto work = [plan = m_plan, address = m_journal] {
+    const std::unique_ptr<Journal> journal = OpenJournal(address);
+    auto attempts = journal->Attempts(plan->plan.key);
+    return Found{std::move(attempts), journal->Error()};
+  };
+  Later(work, [this, use = std::move(use)](const Found& found) {
+    if (found.attempts)
+      use(*found.attempts);
+    else
+      Tell(Shown(m_journal + ": " + found.reason));
+  });
+}
+
+void FrmFleet::SaveJournal() {
+  const QString file = QFileDialog::getSaveFileName(this, tr("Save journal"), {}, tr("Tables (*.csv);;Pages (*.pdf)"));
+  if (file.isEmpty()) return;
+  WithAttempts([this, file, name = Shown(m_plan->plan.name)](const std::vector<Attempt>& attempts) {
+    bool isStored = false;
+    if (file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
+      QPrinter printer(QPrinter::HighResolution);
+      printer.setOutputFileName(file);
+      isStored = PrintJournal(printer, name, attempts);
+    } else {
+      const std::string text = JournalCsv(attempts);
+      const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+      isStored = ReplaceFile(m_files, file.toStdString(), bytes, Surplus::Drop);
+    }
+    Tell(isStored ? tr("The journal is in %1.").arg(file) : tr("%1 can't be written.").arg(file));
+  });
+}
+
+void FrmFleet::PrintOnPaper() {
+  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted) return;
+  WithAttempts([this, printer, name = Shown(m_plan->plan.name)](const std::vector<Attempt>& attempts) {
+    if (!PrintJournal(*printer, name, attempts))
+      Tell(tr("The printer %1 did not take the job.").arg(printer->printerName()));
+  });
+}
+
+void FrmFleet::EndBySignal() {
+  m_closesAtEnd = true;
+  StopAfterTheseRadios();
+  if (!m_session) close();
+}
+
+void FrmFleet::closeEvent(QCloseEvent* event) {
+  if (m_session) {
+    event->ignore();
+    if (m_closesAtEnd) return;
+    const auto answer = QMessageBox::question(
+        this, windowTitle(),
+        tr("Radios are being programmed. Do you want to stop after these radios, and close then?"));
+    if (answer != QMessageBox::Yes) return;
+    m_closesAtEnd = true;
+    StopAfterTheseRadios();
+    if (!m_session) close(); // ended meanwhile
+    return;
+  }
+  QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
+  m_setup->Store(settings);
+  event->accept();
+}
+
+bool FrmFleet::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && !m_session) m_setup->FindPorts();
+  return QWidget::event(event);
+}
+
+} // namespace mr4500x

@@ -1,0 +1,89 @@
+// The window of a bench: what to do above, a card for each port, the rows of the plan below. What may take its time is
+// done in a thread of its own, and the ports have theirs.
+#pragma once
+
+#include "fleet_session.h"
+#include "row_model.h"
+
+#include <QElapsedTimer>
+#include <QSortFilterProxyModel>
+#include <QThreadPool>
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class QGridLayout;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QScrollArea;
+class QTableView;
+
+namespace mr4500x {
+
+class FleetSetup;
+class PortCard;
+
+class FrmFleet final : public QWidget {
+public:
+  FrmFleet(FileSystem& files, std::string settingsFile, QString ownSettingsFile);
+  ~FrmFleet() override;
+  Q_DISABLE_COPY_MOVE(FrmFleet)
+
+  void StopAfterTheseRadios();
+  void EndBySignal(); // closes after these radios, without a question
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool event(QEvent* event) override;
+
+private:
+  // `work` in the other thread, then `then` with its result in this one.
+  template<class Work, class Then>
+  void Later(Work work, Then then);
+
+  void BuildWindow();
+  void ForgetPlan();
+  void LoadChosenPlan();
+  void Start();
+  void StartPorts(const FleetChoice& choice);
+  void Take(const PortEvent& event);
+  void TellConflict(const Attempt& attempt);
+  void End();
+  void LookAtRows();
+  void ShowCounts();
+  void ShowState(); // what can be done now
+  void Beep(int times);
+  void WithAttempts(std::function<void(const std::vector<Attempt>&)> use);
+  void SaveJournal();
+  void PrintOnPaper();
+  void Tell(const QString& text);
+
+  FileSystem& m_files;
+  std::string m_settingsFile;
+  QString m_ownSettingsFile;
+  QThreadPool m_worker; // one thread
+
+  FleetSetup* m_setup;
+  QLabel *m_counts, *m_message;
+  QListWidget* m_problems;
+  QScrollArea* m_cardArea; // 16 cards need more than a small screen
+  QGridLayout* m_cardGrid;
+  QTableView* m_table;
+  QPushButton *m_start, *m_stop, *m_save, *m_print;
+  RowModel m_rows;
+  QSortFilterProxyModel m_filtered;
+  std::vector<PortCard*> m_cards;
+
+  std::shared_ptr<const PlanCheck> m_plan; // as loaded last
+  std::string m_journal;                   // its address
+  unsigned m_loads = 0;                    // the number of the one that counts
+  std::unique_ptr<FleetSession> m_session;
+  FleetTally m_tally{0};
+  QTimer m_loadSoon, m_lookAgain;
+  QElapsedTimer m_since;
+  bool m_isStarting = false, m_isStopping = false, m_isLooking = false, m_closesAtEnd = false;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,28 @@
+// MR4500X-fleet: the window for many radios over one plan.
+#include "end_signals.h"
+#include "frm_fleet.h"
+#include "machine.h"
+#include "posix_file_system.h"
+#include "settings.h"
+
+#include <QApplication>
+
+#include <iostream>
+
+int main(int argc, char** argv) {
+  using namespace mr4500x;
+  PrepareProcess();
+  const QApplication application(argc, argv);
+  QApplication::setDesktopFileName(QStringLiteral("mr4500x-fleet")); // for the desktop's menu entry and icon
+  if (QApplication::arguments().size() > 1) {
+    std::cerr << "usage: mr4500x-fleet\nmr4500x-cli fleet does the same without a window.\n";
+    return 2;
+  }
+  PosixFileSystem files;
+  const std::string folder = UserConfigFolder();
+  FrmFleet window(files, SettingsFilePath(files, ProgramFolder(), folder),
+                  QString::fromStdString(folder) + QStringLiteral("/fleet.ini"));
+  window.show();
+  const EndSignalsHeard endSignals([&](int) { window.EndBySignal(); });
+  return QApplication::exec();
+}

@@ -1,0 +1,156 @@
+#include "port_card.h"
+
+#include "fleet_session.h"
+#include "shown_text.h"
+#include "words.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace mr4500x {
+namespace {
+
+const QColor Grey(0x5f, 0x63, 0x68), Blue(0x1a, 0x5f, 0xb4), Green(0x1e, 0x7b, 0x34), Red(0xb3, 0x26, 0x1e),
+    Orange(0xa8, 0x4b, 0x08);
+
+} // namespace
+
+Look LookOf(PortState state) {
+  switch (state) {
+  case PortState::Identifying:
+  case PortState::BackingUp:
+  case PortState::Writing:
+  case PortState::Verifying:
+    return {Sign::Play, Blue};
+  case PortState::Done:
+  case PortState::AlreadyDone:
+    return {Sign::Tick, Green};
+  case PortState::Failed:
+  case PortState::Stopped:
+    return {Sign::Cross, Red};
+  case PortState::SetAside:
+  case PortState::NoRow:
+    return {Sign::Diamond, Orange};
+  case PortState::NoPort:
+  case PortState::NoJournal:
+    return {Sign::Bar, Orange};
+  case PortState::Waiting:
+    return {Sign::Ring, Grey};
+  case PortState::Finished:
+    break;
+  }
+  return {Sign::Bar, Grey};
+}
+
+Look LookOf(RowState state) {
+  return state == RowState::Done    ? Look{Sign::Tick, Green}
+         : state == RowState::Taken ? Look{Sign::Play, Blue}
+                                    : Look{Sign::Ring, Grey};
+}
+
+void DrawSign(QPainter& painter, const QRectF& place, Sign sign, const QColor& colour) {
+  const auto at = [&](double x, double y) { return place.topLeft() + QPointF(x * place.width(), y * place.height()); };
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour, place.width() / 6, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+  painter.setBrush(Qt::NoBrush);
+  switch (sign) {
+  case Sign::Ring:
+    painter.drawEllipse(QRectF(at(0.15, 0.15), at(0.85, 0.85)));
+    break;
+  case Sign::Tick:
+    painter.drawPolyline(QPolygonF({at(0.08, 0.5), at(0.38, 0.82), at(0.92, 0.16)}));
+    break;
+  case Sign::Cross:
+    painter.drawLine(at(0.12, 0.12), at(0.88, 0.88));
+    painter.drawLine(at(0.88, 0.12), at(0.12, 0.88));
+    break;
+  default: {
+    const QPolygonF play({at(0.15, 0.02), at(0.95, 0.5), at(0.15, 0.98)}),
+        diamond({at(0.5, 0), at(1, 0.5), at(0.5, 1), at(0, 0.5)}),
+        bar({at(0, 0.38), at(1, 0.38), at(1, 0.62), at(0, 0.62)});
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(sign == Sign::Play ? play : sign == Sign::Diamond ? diamond : bar);
+  }
+  }
+}
+
+class PortCard::Banner final : public QWidget {
+public:
+  explicit Banner(QString portName) : m_portName(std::move(portName)) {
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    large.setBold(true);
+    setFont(large);
+    setMinimumSize(fontMetrics().horizontalAdvance(QLatin1Char('M')) * 10, fontMetrics().height() * 5 / 4);
+  }
+  void Show(PortState state) {
+    m_state = state;
+    update();
+  }
+
+protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const auto [sign, colour] = LookOf(m_state);
+    painter.fillRect(rect(), colour);
+    const int size = fontMetrics().ascent(), gap = size / 2;
+    DrawSign(painter, QRectF(gap, (height() - size) / 2.0, size, size), sign, Qt::white);
+    painter.setPen(Qt::white);
+    const QRect rest = rect().adjusted(size + 2 * gap, 0, -gap, 0);
+    painter.drawText(rest, Qt::AlignVCenter, Shown(WordFor(m_state)));
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() / 2);
+    painter.setFont(small);
+    painter.drawText(rest, Qt::AlignRight | Qt::AlignVCenter, m_portName);
+  }
+
+private:
+  QString m_portName;
+  PortState m_state = PortState::Waiting;
+};
+
+PortCard::PortCard(const QString& portName)
+    : m_portName(portName), m_banner(new Banner(portName)), m_who(new QLabel), m_bar(new QProgressBar),
+      m_text(new QLabel) {
+  setFrameShape(QFrame::StyledPanel);
+  setFocusPolicy(Qt::TabFocus); // for screen readers
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(m_banner);
+  auto* const lines = new QVBoxLayout;
+  lines->setContentsMargins(6, 2, 6, 4);
+  for (QWidget* const line :
+       {static_cast<QWidget*>(m_who), static_cast<QWidget*>(m_bar), static_cast<QWidget*>(m_text)})
+    lines->addWidget(line);
+  layout->addLayout(lines);
+  QFont bold = m_who->font();
+  bold.setBold(true);
+  m_who->setFont(bold);
+  m_who->setTextFormat(Qt::PlainText); // a radio's number is no markup
+  m_text->setTextFormat(Qt::PlainText);
+  m_text->setWordWrap(true);
+  m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 2);
+  m_text->setAlignment(Qt::AlignTop);
+  for (QLabel* const label : {m_who, m_text})
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  Show({});
+}
+
+void PortCard::Show(const PortEvent& event) {
+  m_banner->Show(event.state);
+  QStringList who{Shown(event.label), Shown(event.idNumber)};
+  if (event.row > 0) who.prepend(tr("Row %1").arg(event.row));
+  who.removeAll(QString());
+  m_who->setText(who.join(QStringLiteral("  ")));
+  m_text->setText(Shown(event.text));
+  m_text->setToolTip(m_text->text());
+  m_bar->setValue(IsGood(event.state) ? m_bar->maximum() : event.percent);
+  m_bar->setTextVisible(m_bar->value() > 0);
+  setAccessibleName(m_portName + QStringLiteral(": ") + Shown(WordFor(event.state)));
+  setAccessibleDescription(m_who->text() + QLatin1Char(' ') + m_text->text());
+}
+
+} // namespace mr4500x

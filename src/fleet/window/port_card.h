@@ -1,0 +1,40 @@
+// A port of the bench, to be read from two metres: a colour, a shape and a word.
+#pragma once
+
+#include "port_way.h"
+
+#include <QColor>
+#include <QFrame>
+
+class QLabel;
+class QProgressBar;
+
+namespace mr4500x {
+
+enum class Sign : std::uint8_t { Ring, Play, Tick, Cross, Diamond, Bar };
+
+struct Look {
+  Sign sign;
+  QColor colour; // white can be read on it
+};
+
+[[nodiscard]] Look LookOf(PortState state);
+[[nodiscard]] Look LookOf(RowState state);
+void DrawSign(QPainter& painter, const QRectF& place, Sign sign, const QColor& colour);
+
+class PortCard final : public QFrame {
+public:
+  explicit PortCard(const QString& portName);
+
+  void Show(const PortEvent& event);
+
+private:
+  class Banner;
+  QString m_portName;
+  Banner* m_banner;
+  QLabel* m_who;
+  QProgressBar* m_bar;
+  QLabel* m_text;
+};
+
+} // namespace mr4500x

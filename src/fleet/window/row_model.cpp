@@ -1,0 +1,86 @@
+#include "row_model.h"
+
+#include "port_card.h"
+#include "shown_text.h"
+#include "words.h"
+
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+struct Column {
+  const char* title;
+  QVariant (*value)(const JournalRow& row);
+};
+
+constexpr std::array Columns = {
+    Column{"State", [](const JournalRow& row) -> QVariant { return Shown(WordFor(row.state)); }},
+    Column{"Row", [](const JournalRow& row) -> QVariant { return static_cast<qulonglong>(row.row); }},
+    Column{"Label", [](const JournalRow& row) -> QVariant { return Shown(row.label); }},
+    Column{"Only for", [](const JournalRow& row) -> QVariant { return Shown(row.radio); }},
+    Column{"Radio", [](const JournalRow& row) -> QVariant { return Shown(row.idNumber); }},
+    Column{"Bench", [](const JournalRow& row) -> QVariant { return Shown(row.bench); }},
+};
+
+QPixmap SignOf(RowState state) {
+  constexpr int Side = 32; // drawn smaller
+  QPixmap picture(Side, Side);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  const auto [sign, colour] = LookOf(state);
+  painter.fillRect(picture.rect(), colour);
+  DrawSign(painter, QRectF(6, 6, Side - 12, Side - 12), sign, Qt::white);
+  return picture;
+}
+
+} // namespace
+
+void RowModel::Show(std::vector<JournalRow> rows) {
+  if (rows == m_rows) return;
+  if (rows.size() != m_rows.size()) {
+    beginResetModel();
+    m_rows = std::move(rows);
+    endResetModel();
+    return;
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i] == m_rows[i]) continue;
+    m_rows[i] = std::move(rows[i]);
+    emit dataChanged(index(static_cast<int>(i), 0), index(static_cast<int>(i), columnCount() - 1));
+  }
+}
+
+int RowModel::Count(RowState state) const {
+  return static_cast<int>(std::ranges::count(m_rows, state, &JournalRow::state));
+}
+
+int RowModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int RowModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(Columns.size());
+}
+
+QVariant RowModel::data(const QModelIndex& index, int role) const {
+  const JournalRow& row = m_rows[static_cast<std::size_t>(index.row())];
+  if (role == Qt::DisplayRole) return Columns[static_cast<std::size_t>(index.column())].value(row);
+  if (role == Qt::DecorationRole && index.column() == 0) {
+    static const std::array<QPixmap, 3> signs = {SignOf(RowState::Free), SignOf(RowState::Taken),
+                                                 SignOf(RowState::Done)};
+    return QIcon(signs[static_cast<std::size_t>(row.state)]);
+  }
+  return {};
+}
+
+QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return tr(Columns[static_cast<std::size_t>(section)].title);
+}
+
+} // namespace mr4500x

@@ -1,0 +1,85 @@
+// The fleet command with simulated radios, all as processes.
+#include "process_fixture.h"
+
+namespace mr4500x {
+namespace {
+
+class FleetCommandTest : public CommandLineTest {
+protected:
+  FleetCommandTest() { setenv("XDG_STATE_HOME", Path("state").c_str(), 1); }
+  // A radio with its own memory. Its port is added to `ports`.
+  void AddRadio(const std::string& number, const std::string& options = "") {
+    StartRadio(" --number " + number + options, number);
+    ports += (ports.empty() ? "" : ",") + port;
+  }
+  Ended Fleet(const std::string& arguments) { return Cli("fleet " + file + " --quick --ports " + ports + arguments); }
+  static std::size_t CountOf(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+      ++count;
+    return count;
+  }
+
+  std::string ports;
+};
+
+TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
+  Put("rows.csv", "label,radio,channels.1.rx_freq,embedded_info\n"
+                  "Car 1,,446.00625,first\nCar 2,LR-2,446.01875,second\nCar 3,,446.03125,third\n");
+  AddRadio("LR-1");
+  AddRadio("LR-2");
+  AddRadio("LR-3", " --fault other-band");
+  const std::string rows = " --rows " + Path("rows.csv");
+  const Ended two = Fleet(rows + " --count 2 --log " + Path("log.csv"));
+  EXPECT_EQ(two.status, 0) << two.output;
+  EXPECT_EQ(CountOf(two.output, ": verified"), 2U) << two.output;
+  EXPECT_EQ(CountOf(two.output, "radio LR-2: verified"), 1U);
+  EXPECT_EQ(CountOf(two.output, "row 2, Car 2, radio LR-2"), CountOf(two.output, ", radio LR-2: ")) << two.output;
+  EXPECT_EQ(CountOf(Content("log.csv"), ",verified,"), 2U) << Content("log.csv");
+
+  // The same again: what is done is not written anew. Another band is, as asked for.
+  const Ended all = Fleet(rows + " --accept-band");
+  EXPECT_EQ(all.status, 0) << all.output;
+  EXPECT_EQ(CountOf(all.output, "done before"), 2U) << all.output;
+  EXPECT_EQ(CountOf(all.output, "LR-3: verified"), 1U) << all.output;
+  EXPECT_EQ(
+      Shell(MR4500X_CLI " read --quick " + port + " - 2>/dev/null | " MR4500X_CLI " get - channels.1.rx_freq").output,
+      all.output.find("row 1, Car 1, radio LR-3") != std::string::npos ? "446.00625\n" : "446.03125\n");
+
+  const Ended listed = Cli("fleet journal " + file);
+  EXPECT_EQ(CountOf(listed.output, ": verified\n"), 3U) << listed.output;
+  EXPECT_TRUE(Cli("fleet journal " + Path("a.journal") + " --csv -").output.starts_with("row,outcome,start,"));
+  EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --csv - --plan none").output, "\n"), 1U);
+  EndRadio();
+}
+
+TEST_F(FleetCommandTest, AnEndSignalStopsAfterTheseRadios) {
+  Put("rows.csv", "label\nCar 1\nCar 2\n");
+  AddRadio("LR-1", " --pace 9600");
+  const Ended ended = Shell(MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " + Path("rows.csv") +
+                            " >" + Path("out") + " & fleet=$!; until grep -q writing " + Path("out") +
+                            "; do sleep 0.05; done; kill -TERM $fleet; sleep 0.2; kill -TERM $fleet; wait $fleet");
+  EXPECT_EQ(ended.status, 1); // a row is left
+  EXPECT_EQ(CountOf(ended.output, "Stopping after these radios.\n"), 2U) << ended.output;
+  EXPECT_EQ(CountOf(Content("out"), "LR-1: verified"), 1U) << Content("out");
+  EndRadio();
+}
+
+TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
+  Put("rows.csv", "label,foo\nCar 1,2\n");
+  Put("rows2.csv", "label,channels.1.rx_freq\nCar 1,12\nCar 1,446.00625\n");
+  const std::string ported = "fleet --ports /nowhere " + file;
+  ExpectAll({{ported + " --rows " + Path("rows.csv"), 2, "line 1, foo"},
+             {ported + " --rows " + Path("rows2.csv"), 2, "line 2, channels.1.rx_freq"},
+             {ported + " --rows " + Path("none.csv"), 2, Path("none.csv: can't be read")},
+             {"fleet --ports /nowhere,/nowhere " + file, 2, "/nowhere is given twice\n"},
+             {ported + " --log " + file, 2, file + ": no table can be written here\n"},
+             {ported + " --journal " + Path("no/folder.journal"), 1, Path("no/folder.journal: ")},
+             {"fleet --ports 17 " + file, 2, "--ports: 17 is no port"},
+             {"fleet " + file, 2, "--ports is required"},
+             {"fleet --ports 1", 2, "TEMPLATE is required"},
+             {"fleet journal " + file, 1, Path("a.journal: there is no such journal")}});
+}
+
+} // namespace
+} // namespace mr4500x

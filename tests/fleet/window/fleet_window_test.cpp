@@ -1,0 +1,168 @@
+// The fleet's window under keys and clicks, with simulated radios as processes.
+#include "data_file.h"
+#include "files_fixture.h"
+#include "frm_fleet.h"
+#include "port_card.h"
+
+#include <QTest>
+#include <QtWidgets>
+
+namespace mr4500x {
+namespace {
+
+class FleetWindowTest : public FilesTest {
+protected:
+  FleetWindowTest() {
+    qputenv("XDG_STATE_HOME", Path("state").c_str());
+    RadioImage image;
+    ResetToDefaults(image, {});
+    EXPECT_TRUE(SaveDataFile(files, Path("taxi.K4X"), image));
+    Put("rows.csv", "label,radio\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
+    user.callOnTimeout([this] { AnswerDialog(); });
+    user.start(5);
+  }
+  // At the next COM port.
+  void AddRadio(const QStringList& options) {
+    QProcess& radio = *radios.emplace_back(std::make_unique<QProcess>());
+    const QString number = QString("LR-%1").arg(radios.size());
+    radio.start(LR7200_SIMULATOR, QStringList{"--number", number} + options);
+    while (!radio.canReadLine() && radio.waitForReadyRead()) {
+    }
+    pins += "COM" + std::to_string(radios.size()) + "=" + radio.readLine().toStdString();
+    Put("ports.ini", pins);
+  }
+  void Open() {
+    window = std::make_unique<FrmFleet>(files, Path("ports.ini"), QString::fromStdString(Path("own.ini")));
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+  void Type(const char* edit, const std::string& text) {
+    QTest::keyClicks(Find<QLineEdit>(edit), QString::fromStdString(text));
+  }
+  // Chooses all, by keys alone.
+  void ChoosePlanAndPorts() {
+    Open();
+    QTest::keyClick(window.get(), Qt::Key_T, Qt::AltModifier);
+    EXPECT_EQ(QApplication::focusWidget(), Find<QLineEdit>("txtTemplate"));
+    Type("txtTemplate", Path("taxi.K4X"));
+    Type("txtRows", Path("rows.csv"));
+    auto* const ports = Find<QListWidget>("lstPorts");
+    for (std::size_t i = 0; i < radios.size(); ++i) {
+      QTest::keyClick(ports, Qt::Key_Space);
+      QTest::keyClick(ports, Qt::Key_Down);
+    }
+    Find<QCheckBox>("chkSound")->setChecked(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
+  }
+  void TearDown() override {
+    for (const auto& radio : radios) {
+      radio->terminate();
+      radio->waitForFinished();
+    }
+  }
+  void AnswerDialog() {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
+      told.append(box->text());
+      QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+    } else if (auto* const chosen = qobject_cast<QFileDialog*>(dialog)) {
+      chosen->findChild<QLineEdit*>("fileNameEdit")->setText(file);
+      QTest::keyClick(chosen->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    }
+  }
+  template<class Control>
+  Control* Find(const char* name) {
+    return window->findChild<Control*>(name);
+  }
+  QString Label(const char* name) { return Find<QLabel>(name)->text(); }
+  bool Await(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 60'000); }
+  QStringList Cards() {
+    QStringList names;
+    for (const QFrame* const frame : window->findChildren<QFrame*>())
+      if (const auto* const card = dynamic_cast<const PortCard*>(frame)) names.append(card->accessibleName());
+    return names;
+  }
+
+  std::vector<std::unique_ptr<QProcess>> radios;
+  std::string pins = "[Port Devices]\n";
+  std::unique_ptr<FrmFleet> window;
+  QTimer user;
+  QString file;
+  QStringList told;
+};
+
+TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
+  AddRadio({});
+  AddRadio({});
+  AddRadio({"--fault", "other-band"});
+  ChoosePlanAndPorts();
+  EXPECT_EQ(Label("lblCounts").toStdString(), "0 of 3 rows done, 0 taken, 3 free");
+  QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier);
+  QTest::keyClick(window.get(), Qt::Key_S, Qt::AltModifier);
+  ASSERT_TRUE(Await([&] { return Label("lblCounts").startsWith("2 of 3 rows done, 0 taken, 1 free"); }));
+  EXPECT_TRUE(Await([&] { return Cards().contains("COM3: SET ASIDE"); })) << Cards().join(' ').toStdString();
+  EXPECT_EQ(Cards().filter("TAKE OFF").size(), 2);
+  EXPECT_TRUE(Label("lblCounts").contains("radios that failed: 1")) << Label("lblCounts").toStdString();
+
+  QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(QApplication::focusWidget(), "car 2");
+  const QAbstractItemModel& rows = *Find<QTableView>("gridRows")->model();
+  ASSERT_EQ(rows.rowCount(), 1);
+  EXPECT_EQ(rows.index(0, 0).data(), "done");
+  EXPECT_EQ(rows.index(0, 4).data(), "LR-2");
+
+  QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
+  ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports have ended."; }));
+  for (const char* const name : {"journal.csv", "journal.pdf"}) {
+    file = QString::fromStdString(Path(name));
+    QTest::mouseClick(Find<QPushButton>("cmdSave"), Qt::LeftButton);
+    EXPECT_TRUE(Await([&] { return Label("lblMessage") == "The journal is in " + file + '.'; }));
+  }
+  EXPECT_EQ(QString::fromStdString(Content("journal.csv")).count(",verified,"), 2);
+  QProcess words;
+  words.start("pdftotext", {file, "-"});
+  ASSERT_TRUE(words.waitForFinished());
+  const QString text = words.readAll();
+  for (const char* const part : {"2 verified, 1 set aside", "Car 1", "Car 2", "LR-3"})
+    EXPECT_TRUE(text.contains(part)) << part << text.toStdString();
+
+  // What was chosen comes back. What is done is not written again.
+  window->close();
+  Open();
+  ASSERT_TRUE(Await([&] { return Label("lblCounts") == "2 of 3 rows done, 0 taken, 1 free"; }));
+  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
+  EXPECT_TRUE(told.isEmpty()) << told.join(' ').toStdString();
+}
+
+TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {
+  AddRadio({"--pace", "9600"});
+  ChoosePlanAndPorts();
+  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
+  ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
+  window->close();
+  EXPECT_TRUE(told.value(0).startsWith("Radios are being programmed.")) << told.join(' ').toStdString();
+  EXPECT_TRUE(window->isVisible());
+  ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
+  EXPECT_TRUE(Label("lblCounts").startsWith("1 of 3") ||
+              Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
+  EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
+  AddRadio({});
+  ChoosePlanAndPorts();
+  Put("rows.csv", "label,global.tx_tot\nCar 1,61s\nCar 1,60s\n");
+  Find<QLineEdit>("txtRows")->clear();
+  Type("txtRows", Path("rows.csv"));
+  auto* const problems = Find<QListWidget>("lstProblems");
+  ASSERT_TRUE(Await([&] { return problems->isVisible(); }));
+  EXPECT_TRUE(problems->item(0)->text().startsWith("line 2, global.tx_tot: 61s, allowed: one of OFF, 30s"))
+      << problems->item(0)->text().toStdString();
+  EXPECT_FALSE(Find<QPushButton>("cmdStart")->isEnabled());
+  EXPECT_FALSE(Find<QTableView>("gridRows")->isVisible());
+}
+
+} // namespace
+} // namespace mr4500x
