@@ -43,29 +43,6 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   EndRadio();
 }
 
-TEST_F(CommandLineTest, FailuresHaveTheirMessageAndLeaveTheFile) {
-  const struct {
-    const char *fault, *command, *message;
-  } cases[] = {
-      {"short-reply", "read", ": Reading is interrupted, please retry Read.\n"},
-      {"vanish@1 --fault late-answer", "read", ": Read data error, please retry Read.\n"},
-      {"wrong-model", "write",
-       ": The radio model is wrong. The connected radio doesn't belong to LR7200 Series. Can't continue!\n"},
-      {"other-band", "write",
-       "The frequency band is different from the destination radio model.Are you still continue?\n"},
-      {"ng", "write", ": Writing data error, please retry Write.\n"},
-  };
-  const std::string before = Content("a.K4X");
-  for (const auto& [fault, command, message] : cases) {
-    SCOPED_TRACE(fault);
-    StartRadio(std::string(" --fault ") + fault);
-    ExpectAll({{command == std::string("read") ? "read " + port + " " + file : "write " + file + " " + port, 1,
-                (message[0] == ':' ? port : "") + message}});
-    EXPECT_EQ(Content("a.K4X"), before);
-    EndRadio();
-  }
-}
-
 TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
   Put("text", "a text");
   for (const std::string option : {"--memory text", "--memory .", "--link text"})

@@ -4,6 +4,7 @@
 #include "commands_fixture.h"
 #include "diff_command.h"
 #include "file_commands.h"
+#include "rows.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,14 @@ namespace mr4500x {
 namespace {
 
 using Words = std::vector<std::string>;
+
+Words SplitAt(const std::string& text, char separator) {
+  Words words;
+  std::istringstream in(text);
+  for (std::string word; std::getline(in, word, separator);)
+    words.push_back(word);
+  return words;
+}
 
 class SettingCommandsTest : public FileCommandsTest {
 protected:
@@ -36,37 +45,9 @@ protected:
 
 // What is given wins over what follows from another value, whatever the order on the command line.
 TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
-  const struct {
-    const char* name;
-    Words changes;
-    std::string differences;
-    std::string told{}; // what has changed besides
-  } cases[] = {
-      {"nothing new", {"channels.1.rx_freq=440", "global.tx_tot=60s"}, ""},
-      {"a frequency of another step",
-       {"channels.3.rx_freq=446.0025", "channels.3.rx_step=2.5"},
-       "CH3 Rx Freq  440.00000  446.00250\nCH3 Rx Step  6.25  2.5\n"},
-      {"a tone and its tail cut",
-       {"channels.2.rx_tone=-DCS023"},
-       "CH2 Rx CTC/DCS  OFF  -DCS023\nCH2 Tail Cut  OFF  ON\n",
-       "changed with it: channels.2.tail_cut\n"},
-      {"a tone without", {"channels.2.tail_cut=OFF", "channels.2.rx_tone=DCS023"}, "CH2 Rx CTC/DCS  OFF  DCS023\n"},
-      {"a key that another key must free first",
-       {"keys.short_a=Talk Around", "keys.short_a=Talk Around"},
-       "Short A  Unassigned  Talk Around\n"},
-      {"the emergency pair",
-       {"keys.long_a=Cancel Emergency Alert"},
-       "Short A  Unassigned  Emergency Alert\nLong A  Unassigned  Cancel Emergency Alert\n",
-       "changed with it: keys.short_a\n"},
-      {"another mode, a code of it and its standard",
-       {"channels.1.rx_selcall=5T 01234", "five_tone_standard=EEA", "select_call=5 Tone"},
-       "Select Call  TTS  5 Tone\nStandards  ZVEI1  EEA\nCH1 Rx SelCall  OFF  5T 01234\n"},
-      {"a code without a text", {"global.tx_tot={\"code\": 15}"}, "Tx TOT  60s  {\"code\": 15}\n"},
-      {"an empty number", {"global.emergency_ani="}, ""},
-  };
-  for (const auto& [name, changes, differences, told] : cases) {
-    EXPECT_EQ(Set(changes), told) << name;
-    EXPECT_EQ(Diff(), differences.empty() ? "" : differences + "status 1") << name;
+  for (const Row& row : RowsOf(CASES "set_changes.txt", "([^:]*): (.*) -> (.*) -> (.*)")) {
+    EXPECT_EQ(Set(SplitAt(row[2], '|')), Unescaped(row[4])) << row[1];
+    EXPECT_EQ(Diff(), row[3].empty() ? "" : Unescaped(row[3]) + "status 1") << row[1];
     Restore();
   }
   const std::string told = Set({"band.lower=480", "band.upper=520", "channels.16.rx_freq=519.99375"});
@@ -75,29 +56,9 @@ TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
 }
 
 TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
-  const std::pair<Words, const char*> cases[] = {
-      {{"channels.3.rx_freq=446.001", "global.tx_tot=60s"},
-       "channels.3.rx_freq=446.001: refused; allowed: a multiple of 6.25 kHz; nearest are 446.00000 and 446.00625\n"},
-      {{"channels.3.rx_freq=470"}, "channels.3.rx_freq=470: refused; allowed: 440 to 470 MHz\n"},
-      {{"channels.1.rx_tone=DCS024", "scan.signal=yes"},
-       "scan.signal=yes: refused; allowed: true or false\n"
-       "channels.1.rx_tone=DCS024: refused; allowed: one of OFF, CTC67.0, CTC71.9 … -DCS754\n"},
-      {{"keys.short_b=Talk Around", "keys.short_c=Reverse"},
-       "keys.short_c=Reverse: refused; allowed: one of Unassigned, Monitor, Scan, Nuisance Delete, Power Select, Talk "
-       "Around, Reverse, Call, Selcall, GroupCall; Talk Around or Reverse on one key only\n"},
-      {{"keys.short_a=Emergency Alert", "keys.long_a=Scan"},
-       "keys.long_a=Scan: refused; allowed: Cancel Emergency Alert while Short A is Emergency Alert\n"},
-      {{"global.connect_id=12"}, "global.connect_id=12: refused; allowed: ---------------- while PTT ID is OFF\n"},
-      {{"global.squelch_level=1", "global.squelch_level=2"},
-       "global.squelch_level=1: refused; allowed: one of 1, 2, 3\n"},
-      {{"global.battery_save={\"code\": 2}"},
-       "global.battery_save={\"code\": 2}: refused; allowed: one of OFF, 5s, 10s, 15s, 20s, 25s, 30s, 35s\n"},
-      {{"channels.17.rx_freq=446", "tts.1.gap"},
-       "channels.17.rx_freq: no such setting; `mr4500x-cli fields` lists them\ntts.1.gap: is no FIELD=VALUE\n"},
-  };
   const std::string before = Content("b.K4X");
-  for (const auto& [changes, lines] : cases)
-    EXPECT_EQ(Set(changes), std::string(lines) + "status 2") << changes[0];
+  for (const Row& row : RowsOf(CASES "refused_changes.txt", "(set|apply) (.*) => (.*)"))
+    EXPECT_EQ(row[1] == "set" ? Set(SplitAt(row[2], '|')) : Apply(row[2]), Unescaped(row[3]) + "status 2") << row[2];
   EXPECT_EQ(Get({"tx_tot", "global.tx_tot"}), "tx_tot: no such setting; `mr4500x-cli fields` lists them\nstatus 2");
   EXPECT_EQ(Content("b.K4X"), before);
 }
@@ -121,35 +82,6 @@ TEST_F(SettingCommandsTest, TakesPartsOfTheJsonDocument) {
   "bytes": []
 }
 status 1)");
-  const std::string before = Content("b.K4X");
-  const std::pair<const char*, const char*> refused[] = {
-      {"", "not a JSON document\n"},
-      {"[]", "the document: no object\n"},
-      {R"({"format": 2})", "format: not 1, the format of this version\n"},
-      {R"({"globl": {}})", "globl: no such setting\n"},
-      {R"({"global": {"tx_tot": 60, "Beep": "ON"}, "scan": {"signal": "true"}})",
-       "global.tx_tot=60: needs a text, or an object with a code\nglobal.Beep: no such setting\n"
-       "scan.signal=\"true\": needs true or false\n"},
-      {R"({"band": [], "channels": {}, "tts": [1]})", "band: no object\nchannels: no array\ntts.1: no object\n"},
-      {R"({"channels": [{"in_use": true}, {"number": 17, "in_use": true}, {"number": 1, "rx_frq": ""}, 1]})",
-       "channels.\"(without a number)\".in_use: no such setting\nchannels.17.in_use: no such setting\n"
-       "channels.1.rx_frq: no such setting\nchannels.3: no object\n"},
-      {R"({"channels.1.rx_freq": "446.00000", "": 1})",
-       "channels.1.rx_freq: no such setting\nthe document: no such setting\n"},
-      {R"({"tts": [{}, {}, {}, {}, {}, {}, {}, {}, {"gap": "0.5"}]})", "tts.9.gap: no such setting\n"},
-      {R"({"band": {"lower": -1}, "auto_reset_time": 0.5})",
-       "band.lower=-1: needs a number\nauto_reset_time=0.5: needs a number\n"},
-      {R"({"channels": [{"number": 1, "rx_freq": "500.00000"}]})",
-       "channels.1.rx_freq=500.00000: refused; allowed: 440 to 470 MHz\n"},
-      {R"({"channels": [{"number": 1, "rx_freq": "9999.00000"}], "as_stored": ["channels.1.rx_freq", "x"]})",
-       "as_stored: names no setting\n"
-       "channels.1.rx_freq=9999.00000: refused; allowed: 440 to 470 MHz, a multiple of 6.25 kHz\n"},
-      {R"({"global": {"tx_tot": {"code": 77}}})", "global.tx_tot={\"code\": 77}: refused; allowed: one of OFF, 30s, "
-                                                  "60s, 90s, 120s, 150s, 180s, 210s, 240s, 270s, 300s\n"},
-  };
-  for (const auto& [document, lines] : refused)
-    EXPECT_EQ(Apply(document), std::string(lines) + "status 2") << document;
-  EXPECT_EQ(Content("b.K4X"), before);
 }
 
 TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {

@@ -2,6 +2,7 @@
 #include "data_file.h"
 #include "file_access.h"
 #include "fleet_fixture.h"
+#include "rows.h"
 
 #include <fstream>
 
@@ -32,30 +33,15 @@ TEST(FleetTest, GivesEachRadioItsRow) {
 
 // Each fault of a radio at each step of its way. A radio that is not done comes again, without the fault.
 TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
-  // While it is identified, backed up, written and verified: v verified, f failed, s set aside, - not seen.
-  const struct {
-    const char *fault, *always, *atRecord3;
-  } cases[] = {
-      {"silent", "-fff", "ffff"},         {"wrong-answer", "-fff", ""},
-      {"late-answer", "vvvv", ""},        {"short-identity", "vvfv", ""},
-      {"wrong-model", "vvfv", ""},        {"other-band", "vvsv", ""},
-      {"short-reply", "ffvf", "ffvf"},    {"foreign-reply", "ffvf", "ffvf"},
-      {"wrong-address", "ffvf", "vvvf"},  {"bad-count", "ffvf", "ffvf"},
-      {"long-reply", "vvvv", "vvvv"},     {"wrong-acknowledge", "vvfv", "vvfv"},
-      {"no-acknowledge", "vvfv", "vvfv"}, {"ng", "vvfv", ""},
-      {"late-status", "vvfv", ""},        {"long-status", "vvfv", ""},
-      {"garbage", "-fff", "ffff"},        {"split-reply", "vvvv", "vvvv"},
-      {"wrong-byte", "vvfv", "vvfv"},     {"vanish", "vfff", "-fff"},
-  };
-  ASSERT_EQ(std::size(cases), FaultKinds().size());
+  const std::vector<Row> cases = RowsOf(CASES "faults.txt", "([^:]*): ([vfs-]{4}) ?([vfs-]*)");
+  ASSERT_EQ(cases.size(), FaultKinds().size());
   const std::map<char, std::string> entries = {
       {'v', "verified"}, {'f', "failed, verified"}, {'s', "set aside, verified"}, {'-', "verified"}};
-  for (const auto& [name, always, atRecord3] : cases)
-    for (std::size_t i = 0; i < 8 && (i < 4 || *atRecord3 != 0); ++i) {
+  for (const Row& row : cases)
+    for (std::size_t i = 0; i < row[2].size() + row[3].size(); ++i) {
       const auto step = static_cast<PortState>(static_cast<std::size_t>(PortState::Identifying) + i % 4);
-      const std::string fault = name + std::string(i < 4 ? "" : "@3");
-      const std::string_view outcomes = i < 4 ? always : atRecord3;
-      const char outcome = outcomes[i % 4];
+      const std::string fault = row[1] + (i < 4 ? "" : "@3");
+      const char outcome = row[i < 4 ? 2 : 3][i % 4];
       SCOPED_TRACE(testing::Message() << fault << " while it is " << WordFor(step));
       Fleet fleet;
       fleet.UsePlan(TwoRows);

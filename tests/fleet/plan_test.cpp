@@ -1,6 +1,5 @@
 #include "plan.h"
-
-#include <gtest/gtest.h>
+#include "rows.h"
 
 namespace mr4500x {
 namespace {
@@ -19,29 +18,11 @@ protected:
 };
 
 TEST_F(PlanTest, RefusesWithLineColumnAndReason) {
-  const std::string heading = "label,radio,global.emergency_ani,channels.1.rx_freq,embedded_info\n";
-  // clang-format off
-  const std::pair<std::string, std::string> cases[] = {
-      {"", "line 1: no heading"},
-      {heading, "line 1: no rows below the heading"},
-      {"label,colour,label\na,b,c\n", "line 1, colour: no such column|line 1, label: a column twice"},
-      {heading + "a,R1,1,,\nb,R2,2\nc,R3,3,,,d\n",
-       "line 3: 3 cells where the heading has 5|line 4: 6 cells where the heading has 5"},
-      {heading + "a,R1,,,\nb,R1,,,\n\na,,,,\n",
-       "line 3, radio: R1, given in line 2, too|line 5, label: a, given in line 2, too"},
-      {heading + "a,,12x,500,\n",
-       "line 2, global.emergency_ani: 12x, allowed: up to 16 of 0 to 9, A to D, * and #, or ----------------|line 2, channels.1.rx_freq: 500, allowed: 440 to 470 MHz"},
-      {heading + "a,12345678901234567,,,\n\"b\"c,,,,\n", "line 2, radio: 12345678901234567, allowed: up to 16 "
-                                                         "characters|line 3: quotes that do not enclose a whole cell"},
-      {heading + "a,,,,\"" + std::string(120, 'x') + "\"\nb,,,,\xFF\n",
-       "line 2, embedded_info: 120 characters, allowed: 119|line 3, embedded_info: not valid UTF-8"},
-  };
-  // clang-format on
-  for (const auto& [rows, expected] : cases) {
+  for (const Row& row : RowsOf(CASES "plans.txt", "(.*) -> (.*)")) {
     std::string problems;
-    for (const std::string& problem : Make(rows).problems)
+    for (const std::string& problem : Make(Unescaped(row[1])).problems)
       problems += (problems.empty() ? "" : "|") + problem;
-    EXPECT_EQ(problems, expected);
+    EXPECT_EQ(problems, row[2]) << row[1];
   }
 }
 

@@ -2,6 +2,7 @@
 #include "sql_journal.h"
 
 #include "postgres_server.h"
+#include "rows.h"
 
 #include <QCoreApplication>
 #include <QSqlDatabase>
@@ -67,52 +68,6 @@ struct SqlJournals : testing::TestWithParam<const char*> {
 INSTANTIATE_TEST_SUITE_P(On, SqlJournals, testing::Values("SQLite", "PostgreSQL"),
                          [](const auto& test) { return std::string(test.param); });
 
-// Steps, and what they return. A port "A1" is one of bench "A". Row 1 is for radio "R1", rows 2 and 3 for any.
-struct RuleCase {
-  const char* name;
-  const char* steps;
-};
-const RuleCase Rules[] = {
-    {"a radio gets the row that names it, else the first free one that names none",
-     "take A1 X = row 2; take B1 R1 = row 1; take A2 Y = row 3; take A3 Z = none; take A4 R1  = none; "
-     "rows = 1 taken B R1, 2 taken A X, 3 taken A Y"},
-    {"a radio that is done is known, with and without blanks at its end",
-     "take A1 X = row 2; enter k1 A X 2 verified = verified; take B1 X  = done 2; take B1 Y = row 3; "
-     "rows = 1 free, 2 done A X, 3 taken B Y"},
-    {"a failed or set aside radio gives its row back",
-     "take A1 X = row 2; enter k2 A X 2 failed = failed; take B1 Y = row 2; enter k3 B Y 2 aside = aside; "
-     "enter k4 B Q 0 failed = failed; take A1 X = row 2"},
-    {"the row of a silent bench is free",
-     "take A1 X = row 2; take B1 Y = row 3; silence A 100 = ; take C1 Z = none; silence A 21 = ; "
-     "rows = 1 free, 2 free, 3 taken B Y; take C1 Z = row 2; renew A 2 = away; enter k5 A X 2 failed = failed; "
-     "renew C 2 = kept"},
-    {"a bench that works at another row is not silent",
-     "take A1 X = row 2; take A2 Y = row 3; silence A 121 = ; renew A 3 = kept; take C1 Z = none; renew A 2 = kept"},
-    {"a late entry counts while its row is free",
-     "take A1 X = row 2; silence A 121 = ; enter k6 A X 2 verified = verified; rows = 1 free, 2 done A X, 3 free"},
-    {"a late entry takes its row from a radio that is not done",
-     "take A1 X = row 2; silence A 121 = ; take C1 Z = row 2; enter k7 A X 2 verified = verified; "
-     "renew C 2 = away; enter k8 C Z 2 verified = conflict; rows = 1 free, 2 done A X, 3 free"},
-    {"a late entry of a row that another radio got is a conflict",
-     "take A1 X = row 2; silence A 121 = ; take C1 Z = row 2; enter k9 C Z 2 verified = verified; "
-     "enter k10 A X 2 verified = conflict; rows = 1 free, 2 done C Z, 3 free"},
-    {"a late entry of a radio that got another row is a conflict, and its row free",
-     "take A1 X = row 2; take C1 X = row 3; enter k11 C X 3 verified = verified; "
-     "enter k12 A X 2 verified = conflict; rows = 1 free, 2 free, 3 done C X"},
-    {"a late entry of the radio that did the row elsewhere meanwhile is no conflict",
-     "take A1 X = row 2; silence A 121 = ; take C1 X = row 2; enter k16 C X 2 verified = verified; "
-     "enter k17 A X 2 verified = verified; rows = 1 free, 2 done A X, 3 free"},
-    {"an entry counts once",
-     "take A1 X = row 2; enter k13 A X 2 failed = failed; take A1 X = row 2; enter k13 A X 2 failed = failed; "
-     "rows = 1 free, 2 taken A X, 3 free; enter k14 A X 2 verified = verified; "
-     "enter k14 A X 2 verified = verified; attempts = 2"},
-    {"a port that takes again gives back what it never heard of",
-     "take A1 X = row 2; take A1 R1 = row 1; take A2 Y = row 2; renew A 1 = kept"},
-    {"an endless plan gets a new row when none is free",
-     "endless A1 X = row 2; endless A2 Y = row 3; endless B1 Z = row 4; enter k15 A Y 3 failed = failed; "
-     "endless B2 Q = row 3; endless B3 Y = row 5"},
-};
-
 std::string TextOfRow(const JournalRow& row) {
   const std::string number = std::to_string(row.row);
   if (row.state == RowState::Free) return number + " free" + row.bench + row.idNumber;
@@ -141,9 +96,9 @@ void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
 
 TEST_P(SqlJournals, FollowTheRules) {
   const char* const outcomes[] = {"verified", "failed", "aside", "conflict"};
-  for (const RuleCase& rule : Rules) {
-    SCOPED_TRACE(rule.name);
-    const std::string plan = rule.name;
+  for (const Row& rule : RowsOf(CASES "rules.txt", "([^:]*): (.*)")) {
+    const std::string& plan = rule[1];
+    SCOPED_TRACE(plan);
     std::map<std::string, std::unique_ptr<Journal>> ports;
     const auto at = [&](const std::string& port) -> Journal& {
       auto& journal = ports[port];
@@ -191,7 +146,7 @@ TEST_P(SqlJournals, FollowTheRules) {
         text += (text.empty() ? "" : ", ") + TextOfRow(row);
       return text;
     };
-    const QStringList steps = QString(rule.steps).split("; ");
+    const QStringList steps = QString::fromStdString(rule[2]).split("; ");
     for (const QString& step : steps)
       EXPECT_EQ(result(step.section(" = ", 0, 0).toStdString()), step.section(" = ", 1).toStdString())
           << step.toStdString();
@@ -207,21 +162,10 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   EXPECT_EQ(journal->Rows("p1"), rows);
   EXPECT_EQ(journal->Rows("p2"), std::vector<JournalRow>());
 
-  const Attempt second = {"a",
-                          "p1",
-                          9,
-                          "la:bel",
-                          "id'",
-                          "1.7\\n",
-                          "3; 4",
-                          "COM3",
-                          "bench",
-                          "2026-11-25 13:45:08",
-                          "2026-11-25 13:46:00",
-                          AttemptOutcome::SetAside,
-                          "two\nlines, ü",
-                          "/b/1.K4X",
-                          "00ff"};
+  // clang-format off
+  const Attempt second = {"a", "p1", 9, "la:bel", "id'", "1.7\\n", "3; 4", "COM3", "bench", "2026-11-25 13:45:08",
+                          "2026-11-25 13:46:00", AttemptOutcome::SetAside, "two\nlines, ü", "/b/1.K4X", "00ff"};
+  // clang-format on
   Attempt first = second;
   first.key = "b";
   first.plan = "p2";
