@@ -1,3 +1,4 @@
+#include "changes.h"
 #include "channel_text.h"
 #include "dialogs.h"
 #include "differences.h"
