@@ -115,6 +115,12 @@ struct Cable final : SerialPort, Clock {
       Attach(RadioMemory(m_radio->Memory()), m_table.faultsIn == state);
   }
 
+  void Spoil(std::size_t address) {
+    RadioMemory memory = m_radio->Memory();
+    memory.at(address) ^= 1;
+    Attach(memory, false);
+  }
+
   Moment Now() override { return m_now; }
   void WaitUntil(Moment moment) override {
     if (moment > m_now + 500ms) std::this_thread::yield(); // lets the ports with radios go on

@@ -96,6 +96,12 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
        {NoJournal, [](Fleet& fleet) { fleet.tables.isLost = false; }}},
       {"the row taken away", "g", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {BackingUp, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
+      {"another radio than identified", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+       {}, {BackingUp, [](Fleet& fleet) { fleet.cables[0].Spoil(0x1F0); }}},
+      {"one setting is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+       {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
+      {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+       {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
       {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
        [](Fleet& fleet) { fleet.desk.backupFolder = "/proc/none"; }},
   };
