@@ -35,7 +35,7 @@ const Difference& CauseOf(const std::vector<Difference>& differences) {
 // "CH3 Rx Freq" for a cell, which shows its value itself, and "Select Call: 5 Tone".
 QString NameOfStep(const std::vector<Difference>& differences) {
   const Difference& cause = CauseOf(differences);
-  const QString setting = QString::fromStdString(NameOf(cause.at)).section('(', 0, 0).trimmed();
+  QString setting = QString::fromStdString(NameOf(cause.at)).section('(', 0, 0).trimmed();
   if (IsArray(cause.at.field->group)) return setting;
   return setting + QStringLiteral(": ") + QString::fromStdString(cause.after);
 }

@@ -101,8 +101,8 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   }
   command.speed = Speed::Prescribed;
   radio.memory[0x3F7] = 0x00;
-  radio.spoil = [&](std::size_t, LineBytes& reply) { // the record of 0x010 comes back as another
-    if (reply.size() == 12 && reply[1] == 0 && reply[2] == 0x10) reply[2] = 0x00;
+  radio.spoil = [&](std::size_t, LineBytes& reply) { // the band's record comes back as one of nothing
+    if (reply.size() == 12 && reply[1] == 0x03 && reply[2] == 0xF0) reply[2] = 0xE0;
   };
   EXPECT_EQ(RunVerify(command, file), Failed) << "what did not come was not compared";
 }

@@ -123,6 +123,8 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
        "440.00000 6.25 445.00250 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
       {"a CSV with identifiers", "number,in_use,rx_freq,tx_step\r\n1,FALSE,\"445.5\",2.5\r\n\r\n2,,,\r\n",
        "445.50000 6.25 440.00000 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
+      {"one of two", "445.5\n500\n",
+       std::string("!|Paste Channels|") + Refused + "\nCH16 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"},
       {"values, columns and rows",
        "Rx Freq (MHz)\tRx SelCall\tNote\tNo Tx\t\n500\t5T 12345\tmy\tperhaps\n445\t\t\t\textra\n445\n",
        std::string("!|Paste Channels|") + Refused +

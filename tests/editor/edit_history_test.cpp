@@ -128,6 +128,8 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   EXPECT_EQ(messages.Taken().size(), 1U);
   const Configuration after = panel.Shown();
   changed.clear();
+  image.EmbeddedInfoBlock.bytes[0] ^= 1; // another text has been read
+  const EmbeddedInfo text = image.EmbeddedInfoBlock;
   const Lines steps = {"CH3 In Use",          "Lower Limit: 451",    "CH3 Step",          "Short A: Emergency Alert",
                        "Select Call: 5 Tone", "Manual Tune: Enable", "Disconnect ID: 34", "Connect ID: 12",
                        "PTT ID: Both"};
@@ -136,6 +138,7 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
     EXPECT_EQ(std::exchange(told, {}), Lines{"Undone: " + step});
   }
   EXPECT_EQ(panel.Shown(), before);
+  EXPECT_EQ(image.EmbeddedInfoBlock, text);
   EXPECT_GT(changed.count(), 0) << "what was undone is not saved";
   for (std::size_t i = 0; i < steps.size(); ++i)
     Redo();
