@@ -41,6 +41,7 @@ std::string NewBenchName(FileSystem& files) {
 std::vector<BenchPort> BenchPortsOf(const std::vector<PortArgument>& ports, FileSystem& files,
                                     const std::string& settingsFile) {
   std::vector<BenchPort> made;
+  made.reserve(ports.size());
   for (const PortArgument& port : ports)
     made.push_back({NameOf(port), [&files, port, settingsFile] { return PortFor(port, files, settingsFile); },
                     [] { return std::make_unique<SteadyClock>(); }, std::max(1, port.number)});
