@@ -18,7 +18,7 @@
 namespace mr4500x {
 
 FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
-                       std::function<void()> portsChanged)
+                       const std::function<void()>& portsChanged)
     : QGroupBox(tr("Plan")), m_files(files), m_settingsFile(std::move(settingsFile)),
       m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_ports(new QListWidget),
       m_quick(new QCheckBox(tr("&Quick"))), m_otherBand(new QCheckBox(tr("Accept other &bands"))),

@@ -21,7 +21,7 @@ class FleetSetup final : public QGroupBox {
 public:
   // Calls `filesChanged` for another plan or journal, `portsChanged` for other ports.
   FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
-             std::function<void()> portsChanged);
+             const std::function<void()>& portsChanged);
 
   [[nodiscard]] FleetChoice Choice() const;
   [[nodiscard]] bool HasSound() const;
