@@ -39,7 +39,7 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   EndRadio();
   StartRadio();
   ExpectAll({{"diff " + Path("LR7200-000004217.K4X") + ' ' + port, 1, "Battery Save  10s  OFF\n"},
-             {"verify --quick " + ofRadio, 1, "CH3 Group Call"}});
+             {"verify --quick " + file + ' ' + port, 1, "CH3 Group Call"}}); // another port, perhaps
   EndRadio();
 }
 
