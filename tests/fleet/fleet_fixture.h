@@ -246,8 +246,8 @@ struct Fleet {
       });
   }
 
-  void AddRadio(const std::string& id, std::vector<PlannedFault> faults = {}, std::optional<PortState> in = {}) {
-    SetIdentityNumber(table.emplace_back(FactoryMemory(), std::move(faults), in).memory, id);
+  void AddRadio(const std::string& id, const std::vector<PlannedFault>& faults = {}, std::optional<PortState> in = {}) {
+    SetIdentityNumber(table.emplace_back(TableRadio{FactoryMemory(), faults, in}).memory, id);
   }
   // Whether the radio holds the row, and where the row has a text, that.
   [[nodiscard]] bool Holds(const std::string& id, std::size_t row) {

@@ -19,7 +19,7 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   fleet.Run();
   const std::string way = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, TAKE OFF, ";
   EXPECT_EQ(fleet.States(), way + way + way + "FINISHED");
-  for (const auto& [id, row] : {std::pair("R-1", 1), {"R-2", 3}, {"R-3", 2}})
+  for (const auto& [id, row] : {std::pair("R-1", 1U), {"R-2", 3U}, {"R-3", 2U}})
     EXPECT_TRUE(fleet.Holds(id, row)) << id;
   EXPECT_EQ(fleet.shelf["R-3"][0x130], 0x22); // connect ID
   const Attempt& last = fleet.tables.attempts.back();
