@@ -25,7 +25,7 @@ constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
 constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
 constexpr char ImportTitle[] = "Import Channels";
-constexpr std::size_t LongestList = std::size_t{1} << 20; // bytes, as the command line tool reads
+constexpr std::size_t LongestList = std::size_t{1} << 20; // bytes
 constexpr int RecentCharacters = 80;                      // a longer entry is elided in its middle
 
 // The editor now holds the data of this file.
@@ -187,7 +187,8 @@ void Compare(const CommandContext& context) {
 
 void ImportFile(const CommandContext& context, const std::string& path) {
   std::vector<std::uint8_t> bytes;
-  if (ReadFile(context.services.files, path, LongestList, bytes) == ReadOutcome::Read)
+  if (ReadFile(context.services.files, path, LongestList + 1, bytes) == ReadOutcome::Read &&
+      bytes.size() <= LongestList)
     ImportChannels(context, {bytes.begin(), bytes.end()});
   else
     context.Show({MessageIcon::Exclamation, ImportTitle, "The file " + path + " can't be read."});

@@ -10,8 +10,8 @@
 
 namespace mr4500x {
 
-std::string ReadInput(Terminal& terminal) {
-  std::string text(std::size_t{1} << 20, '\0');
+std::string ReadInput(Terminal& terminal, std::size_t most) {
+  std::string text(most, '\0');
   terminal.in.read(text.data(), static_cast<std::streamsize>(text.size()));
   text.resize(static_cast<std::size_t>(terminal.in.gcount()));
   return text;

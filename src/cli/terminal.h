@@ -30,8 +30,8 @@ struct Terminal {
 // A FILE that is standard input, or standard output where it is written.
 inline constexpr std::string_view Stream = "-";
 
-// All of standard input, up to 1 MiB.
-[[nodiscard]] std::string ReadInput(Terminal& terminal);
+// All of standard input, up to so many bytes.
+[[nodiscard]] std::string ReadInput(Terminal& terminal, std::size_t most = std::size_t{1} << 20);
 
 // " (No space left on device)": what errno says, after a message.
 [[nodiscard]] std::string SystemReason();

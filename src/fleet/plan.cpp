@@ -70,6 +70,10 @@ private:
   }
 
   void ReadCell(PlanRow& row, const std::string& column, std::string cell) {
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
+    const bool isShown = column == LabelColumn || column == RadioColumn;
+    if (isShown && (std::ranges::any_of(cell, isControl) || !InfoFromKept(cell)))
+      return Refuse(row.line, column, "", "allowed: a line of text in UTF-8");
     if (column == LabelColumn) {
       RefuseSecond(row.line, column, row.label = cell);
     } else if (column == RadioColumn) {

@@ -145,7 +145,8 @@ bool PortWay::Look() {
   const auto rows = m_journal.Rows(m_desk.plan.key);
   if (!rows) return false;
   const auto isDone = [](const JournalRow& row) { return row.state == RowState::Done; };
-  if (!m_desk.plan.isEndless && std::ranges::all_of(*rows, isDone)) m_desk.areRowsDone = true;
+  const bool isWhole = rows->size() >= m_desk.plan.rows.size();
+  if (!m_desk.plan.isEndless && isWhole && std::ranges::all_of(*rows, isDone)) m_desk.areRowsDone = true;
   return true;
 }
 

@@ -66,6 +66,7 @@ TEST_F(FleetCommandTest, AnEndSignalStopsAfterTheseRadios) {
 }
 
 TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
+  const auto whole = [&](const char* name) { return std::filesystem::weakly_canonical(Path(name)).string(); };
   Put("rows.csv", "label,foo\nCar 1,2\n");
   Put("rows2.csv", "label,channels.1.rx_freq\nCar 1,12\nCar 1,446.00625\n");
   const std::string ported = "fleet --ports /nowhere " + file;
@@ -74,11 +75,12 @@ TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
              {ported + " --rows " + Path("none.csv"), 2, Path("none.csv: can't be read")},
              {"fleet --ports /nowhere,/nowhere " + file, 2, "/nowhere is given twice\n"},
              {ported + " --log " + file, 2, file + ": no table can be written here\n"},
-             {ported + " --journal " + Path("no/folder.journal"), 1, Path("no/folder.journal: ")},
+             {ported + " --log " + Path("rows2.csv") + " --rows " + Path("rows2.csv"), 2, Path("rows2.csv: no table")},
+             {ported + " --journal " + Path("no/folder.journal"), 1, whole("no/folder.journal: ")},
              {"fleet --ports 17 " + file, 2, "--ports: 17 is no port"},
              {"fleet " + file, 2, "--ports is required"},
              {"fleet --ports 1", 2, "TEMPLATE is required"},
-             {"fleet journal " + file, 1, Path("a.journal: there is no such journal")}});
+             {"fleet journal " + file, 1, whole("a.journal: there is no such journal")}});
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <QEventLoop>
 
 #include <algorithm>
+#include <filesystem>
 #include <ostream>
 
 namespace mr4500x {
@@ -33,9 +34,16 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
 }
 
 // Asked before anything starts.
-bool MayStore(FileSystem& files, const std::string& templateFile, const std::string& path, Terminal& terminal) {
+bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
   if (path.empty() || path == Stream) return true;
-  if (!LeadsToDataFile(files, templateFile, path) && MayReplace(files, path)) return true;
+  const auto isSame = [&](const std::string& other) {
+    std::error_code unknown; // of a missing file
+    return std::filesystem::equivalent(other, path, unknown);
+  };
+  const std::string journal = FileOfJournal(choice);
+  const bool isInput =
+      isSame(journal) || isSame(journal + "-wal") || isSame(journal + "-shm") || isSame(choice.rowsFile);
+  if (!isInput && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path)) return true;
   terminal.err << path << ": no table can be written here\n";
   return false;
 }
@@ -93,8 +101,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
 
 ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
   FleetChoice& choice = arguments.choice;
-  if (!FindPorts(files, settingsFile, arguments, terminal) ||
-      !MayStore(files, choice.templateFile, arguments.logFile, terminal))
+  if (!FindPorts(files, settingsFile, arguments, terminal) || !MayStore(files, choice, arguments.logFile, terminal))
     return ExitStatus::UnusableArguments;
   const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'));
   for (const std::string& problem : problems)
@@ -119,7 +126,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   FleetChoice choice;
   (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
   const std::string address = JournalOf(choice);
-  if (!MayStore(files, choice.templateFile, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
+  if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
   if (!JournalExists(files, address)) return NoAnswer(address, "there is no such journal", terminal);
   const std::unique_ptr<Journal> journal = OpenJournal(address);
   const std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);

@@ -23,8 +23,15 @@
 namespace mr4500x {
 namespace {
 
+// The same for each way to write a path: the pending attempts of a journal are found by it.
+std::filesystem::path OwnPath(const std::string& path) {
+  std::error_code failed;
+  const std::filesystem::path own = std::filesystem::weakly_canonical(std::filesystem::absolute(path, failed), failed);
+  return failed ? std::filesystem::path(path) : own;
+}
+
 std::filesystem::path Beside(const FleetChoice& choice) {
-  return std::filesystem::absolute(choice.templateFile == Stream ? "fleet" : choice.templateFile);
+  return OwnPath(choice.templateFile == Stream ? "fleet" : choice.templateFile);
 }
 
 bool IsServer(const std::string& address) {
@@ -55,7 +62,12 @@ std::string JournalOf(const FleetChoice& choice) {
   if (choice.journal.empty()) return Beside(choice).replace_extension(".journal").string();
   if (IsServer(choice.journal)) return choice.journal;
   const bool isMarked = choice.journal.starts_with(OfFile);
-  return std::filesystem::absolute(choice.journal.substr(isMarked ? OfFile.size() : 0)).string();
+  return OwnPath(choice.journal.substr(isMarked ? OfFile.size() : 0)).string();
+}
+
+std::string FileOfJournal(const FleetChoice& choice) {
+  const std::string address = JournalOf(choice);
+  return IsServer(address) ? "" : address;
 }
 
 std::string BackupFolderOf(const FleetChoice& choice) {
@@ -103,20 +115,20 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, P
                            std::function<void(const PortEvent&)> tell, std::function<void(const Attempt&)> tellConflict)
     : m_texts(BuildFieldTexts('.')), m_plan(std::move(plan)),
       m_pending(files, UserStateFolder() + "/fleet/" + Sha256Of(JournalOf(choice)).substr(0, 16)),
-      m_desk{.plan = m_plan,
-             .texts = m_texts,
-             .files = files,
-             .bench = NewBenchName(files),
-             .backupFolder = BackupFolderOf(choice),
-             .speed = choice.isQuick ? Speed::Quick : Speed::Prescribed,
-             .acceptsOtherBand = choice.acceptsOtherBand,
-             .now = LocalNow,
-             .sha256 = Sha256Of,
-             .newKey = NewAttemptKey,
-             .tell = std::move(tell),
-             .tellConflict = std::move(tellConflict),
-             .placesLeft = choice.count,
-             .places = {}} {
+      m_hasCount(choice.count >= 0), m_desk{.plan = m_plan,
+                                            .texts = m_texts,
+                                            .files = files,
+                                            .bench = NewBenchName(files),
+                                            .backupFolder = BackupFolderOf(choice),
+                                            .speed = choice.isQuick ? Speed::Quick : Speed::Prescribed,
+                                            .acceptsOtherBand = choice.acceptsOtherBand,
+                                            .now = LocalNow,
+                                            .sha256 = Sha256Of,
+                                            .newKey = NewAttemptKey,
+                                            .tell = std::move(tell),
+                                            .tellConflict = std::move(tellConflict),
+                                            .placesLeft = choice.count,
+                                            .places = {}} {
   m_bench = std::make_unique<Bench>(
       m_desk, BenchPortsOf(choice.ports, files, settingsFile),
       [address = JournalOf(choice)] { return OpenJournal(address); }, m_pending);

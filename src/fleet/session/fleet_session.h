@@ -15,6 +15,8 @@ namespace mr4500x {
 
 // The journal's address; a file's is its whole path.
 [[nodiscard]] std::string JournalOf(const FleetChoice& choice);
+// The file of a journal that is one, "" for a server's.
+[[nodiscard]] std::string FileOfJournal(const FleetChoice& choice);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 // Whether there is such a file. True for a server, which only an attempt to use it can tell.
 [[nodiscard]] bool JournalExists(FileSystem& files, const std::string& address);
@@ -41,12 +43,13 @@ public:
   [[nodiscard]] std::size_t PendingCount() { return m_pending.Count(); }
 
   // Whether all radios are verified that were asked for: by count, or by the rows.
-  [[nodiscard]] bool IsComplete() const { return m_desk.placesLeft == 0 || m_desk.areRowsDone; }
+  [[nodiscard]] bool IsComplete() const { return m_hasCount ? m_desk.placesLeft == 0 : m_desk.areRowsDone.load(); }
 
 private:
   const FieldTexts m_texts;
   const Plan m_plan;
   PendingAttempts m_pending;
+  const bool m_hasCount;
   FleetDesk m_desk;
   std::unique_ptr<Bench> m_bench;
 };

@@ -25,7 +25,8 @@ constexpr char ServerOptions[] = "connect_timeout=3;tcp_user_timeout=5000;"
                                  " -c client_min_messages=error'";
 constexpr char FileOptions[] = "QSQLITE_BUSY_TIMEOUT=5000";
 
-constexpr const char* StateNames[] = {"free", "taken", "done"};
+constexpr const char* StateNames[] = {"free", "done", "taken"}; // the last one is what others count as
+constexpr RowState States[] = {RowState::Free, RowState::Done, RowState::Taken};
 constexpr const char* OutcomeNames[] = {"verified", "failed", "set aside", "conflict"};
 
 struct TextColumn {
@@ -68,7 +69,7 @@ JournalRow RowIn(const QSqlQuery& query) {
   JournalRow row{.row = query.value(0).value<std::size_t>(),
                  .label = query.value(1).toString().toStdString(),
                  .radio = query.value(2).toString().toStdString(),
-                 .state = NamedIn<RowState>(StateNames, query.value(3).toString()),
+                 .state = States[NamedIn<std::size_t>(StateNames, query.value(3).toString())],
                  .bench = {},
                  .idNumber = {}};
   if (row.state == RowState::Free) return row; // a silent bench has it no longer
@@ -276,6 +277,9 @@ bool SqlJournal::TakeRow(Claim& claim, bool endless, const Values& values) {
     if (!named) return false;
     if (!done->empty()) claim = {Claim::Kind::DoneHere, done->front()};
     if (!done->empty()) return true;
+    // The number is at another port, too, or its bench has died and may have written it.
+    const auto held = SelectRows("AND state = 'taken' AND NOT {isFree} AND id_number = :id", values);
+    if (!held || !held->empty()) return held.has_value();
     if (!named->empty()) return TakeFirst(claim, "AND radio = :id AND {isFree}{lock}", values);
   }
   constexpr char FirstFree[] = "AND radio = '' AND {isFree} ORDER BY number LIMIT 1{skip}";
