@@ -56,10 +56,11 @@ private:
     while (row.cells.size() > m_columns.size() && row.cells.back().empty())
       row.cells.pop_back();
     if (!row.isWhole) return Refuse(row.line, "", "", "quotes that do not enclose a whole cell");
-    if (row.cells.size() != m_columns.size())
+    const std::size_t cells = row.cells.size(), columns = m_columns.size();
+    if (cells != columns)
       return Refuse(row.line, "", "",
-                    std::to_string(row.cells.size()) + " cells where the heading has " +
-                        std::to_string(m_columns.size()));
+                    std::to_string(cells) + (cells == 1 ? " cell" : " cells") + " where the heading has " +
+                        std::to_string(columns));
     PlanRow& read = m_check.plan.rows.emplace_back();
     read.line = row.line;
     for (std::size_t i = 0; i < m_columns.size(); ++i)

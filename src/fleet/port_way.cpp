@@ -17,6 +17,7 @@ using enum PortState;
 constexpr std::chrono::seconds BetweenTries{1};
 constexpr int LookEvery = 10;    // tries; what other benches have done
 constexpr int IdentityTries = 3; // while a plug goes in, the first may fail
+constexpr int SilentTries = 3;   // of a radio that was there, until it counts as taken off
 constexpr int MostFailures = 2;  // in a row
 
 // One of the places of a desk. Given back at the end unless it was used.
@@ -97,7 +98,7 @@ private:
   FleetDesk& m_desk;
   PortEvent m_event;                  // the last one told
   std::optional<std::string> m_radio; // the identity number of the radio that is to be taken off; "" if unknown
-  int m_tries = 0, m_badIdentities = 0, m_failures = 0;
+  int m_tries = 0, m_badIdentities = 0, m_silentTries = 0, m_failures = 0;
 };
 
 void PortWay::Try() {
@@ -113,7 +114,11 @@ void PortWay::Try() {
   RadioImage image;
   const ExchangeResult result = ReadIdentity(m_line, image, *this, 1);
   if (result.outcome == Outcome::PortNotOpened) return Gone(NoPort, result.systemDescription);
-  if (result.outcome == Outcome::NoResponse) return Gone(Waiting);
+  if (result.outcome == Outcome::NoResponse) {
+    if (m_radio && ++m_silentTries < SilentTries) return;
+    return Gone(Waiting, m_line.HasHeard() ? "what answers is no radio, or the cable is bad" : "");
+  }
+  m_silentTries = 0;
   if (result.outcome == Outcome::Complete) {
     m_badIdentities = 0;
     const std::string idNumber = IdentityNumber(image);
@@ -210,7 +215,7 @@ std::string PortWay::WhatIsPending() {
 // No radio is there, or it has been taken off.
 void PortWay::Gone(PortState state, const std::string& text) {
   m_radio.reset();
-  m_badIdentities = 0;
+  m_badIdentities = m_silentTries = 0;
   m_event.row = 0;
   m_event.label.clear();
   m_event.idNumber.clear();

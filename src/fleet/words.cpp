@@ -32,7 +32,25 @@ constexpr std::array<StateWords, 14> States = {{
     {"FINISHED", "finished"},
 }};
 
-// The columns that are plain texts; the row and the outcome follow.
+// "row 12, Truck 12, radio R12"
+std::string NameOf(std::size_t row, const std::string& label, const std::string& idNumber) {
+  std::string name = row > 0 ? "row " + std::to_string(row) : "";
+  const auto add = [&](const std::string& text) { name += (name.empty() ? "" : ", ") + text; };
+  if (!label.empty()) add(label);
+  if (!idNumber.empty()) add("radio " + idNumber);
+  return name;
+}
+
+// Those that are not empty: "COM1: row 12: failed"
+std::string LineOf(std::initializer_list<std::string_view> parts) {
+  std::string line;
+  for (const std::string_view part : parts)
+    if (!part.empty()) line += (line.empty() ? "" : ": ") + std::string(part);
+  return line;
+}
+
+// The columns that are plain texts, after row and outcome. A database has other names for some, which are words of its
+// own language.
 struct TextColumn {
   std::string_view name;
   std::string Attempt::*text;
@@ -63,23 +81,37 @@ std::string_view WordFor(AttemptOutcome outcome) {
   return Outcomes[static_cast<std::size_t>(outcome)];
 }
 
+std::optional<AttemptOutcome> OutcomeNamed(std::string_view word) {
+  const auto found = std::ranges::find(Outcomes, word);
+  if (found == Outcomes.end()) return std::nullopt;
+  return static_cast<AttemptOutcome>(found - Outcomes.begin());
+}
+
 std::string_view WordFor(RowState state) {
   constexpr std::array<std::string_view, 3> Words = {"free", "taken", "done"};
   return Words[static_cast<std::size_t>(state)];
 }
 
 std::string LineFor(const PortEvent& event, std::string_view portName) {
-  std::string line = std::string(portName) + ": ";
-  if (event.row > 0) line += "row " + std::to_string(event.row) + ", ";
-  if (!event.label.empty()) line += event.label + ", ";
-  if (!event.idNumber.empty()) line += "radio " + event.idNumber + ": ";
-  line += States[static_cast<std::size_t>(event.state)].sentence;
-  return event.text.empty() ? line : line + ": " + event.text;
+  const StateWords& words = States[static_cast<std::size_t>(event.state)];
+  std::string name = NameOf(event.row, event.label, event.idNumber);
+  if (event.state == PortState::Finished) name.clear(); // its last radio has nothing to do with that
+  return LineOf({portName, name, words.sentence, event.text});
+}
+
+std::string LineFor(const Attempt& attempt) {
+  const std::string name = NameOf(attempt.row, attempt.label, attempt.idNumber);
+  return attempt.start + "  " + LineOf({attempt.port, name, WordFor(attempt.outcome), attempt.text});
 }
 
 std::string LineForConflict(const Attempt& attempt) {
-  return "Row " + std::to_string(attempt.row) + (attempt.label.empty() ? "" : ", " + attempt.label) + ", radio " +
-         attempt.idNumber + ": another radio got the row, too. Write one of them anew";
+  return "Another radio got the row, too: " + NameOf(attempt.row, attempt.label, attempt.idNumber) +
+         ". Write one of them anew";
+}
+
+std::string LineForPending(std::size_t count) {
+  return count == 1 ? "1 entry waits for the journal; the next start hands it in."
+                    : std::to_string(count) + " entries wait for the journal; the next start hands them in.";
 }
 
 std::string JournalCsv(const std::vector<Attempt>& attempts) {
@@ -99,13 +131,11 @@ std::string JournalCsv(const std::vector<Attempt>& attempts) {
 std::vector<Attempt> AttemptsIn(std::string_view csv) {
   std::vector<Attempt> attempts;
   for (const auto& [line, cells, isWhole] : ReadCsv(csv).rows) {
-    const auto outcome =
-        static_cast<std::size_t>(cells.size() < 2 ? Outcomes.end() - Outcomes.begin()
-                                                  : std::ranges::find(Outcomes, cells[1]) - Outcomes.begin());
-    if (!isWhole || cells.size() != TextColumns.size() + 2 || outcome == Outcomes.size()) continue; // the heading, too
+    const auto outcome = cells.size() < 2 ? std::nullopt : OutcomeNamed(cells[1]);
+    if (!isWhole || cells.size() != TextColumns.size() + 2 || !outcome) continue; // the heading, too
     Attempt& attempt = attempts.emplace_back();
     attempt.row = static_cast<std::size_t>(ParseWhole(cells[0]).value_or(0));
-    attempt.outcome = static_cast<AttemptOutcome>(outcome);
+    attempt.outcome = *outcome;
     for (std::size_t i = 0; i < TextColumns.size(); ++i)
       attempt.*TextColumns[i].text = cells[i + 2];
   }

@@ -3,6 +3,7 @@
 
 #include "port_way.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,14 +11,20 @@
 namespace mr4500x {
 
 [[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "TAKE OFF"
-[[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified"
-[[nodiscard]] std::string_view WordFor(RowState state);         // "free"
+[[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified". Journals keep these: they never change
+[[nodiscard]] std::optional<AttemptOutcome> OutcomeNamed(std::string_view word);
+[[nodiscard]] std::string_view WordFor(RowState state); // "free"
 
-// "COM3: row 12, Truck 12: verified. Take the radio off."
+// "COM3: row 12, Truck 12, radio R12: verified; take the radio off"
 [[nodiscard]] std::string LineFor(const PortEvent& event, std::string_view portName);
 
+// "2026-11-25 13:45:07  COM3: row 12, Truck 12, radio R12: failed: No Response !!"
+[[nodiscard]] std::string LineFor(const Attempt& attempt);
 // Of a late entry whose row another radio got meanwhile.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
+
+// "1 entry waits for the journal; the next start hands it in."
+[[nodiscard]] std::string LineForPending(std::size_t count);
 
 // With a heading, one line an attempt. AttemptsIn takes it back.
 [[nodiscard]] std::string JournalCsv(const std::vector<Attempt>& attempts);

@@ -10,35 +10,10 @@ namespace {
 constexpr std::u16string_view LineEnd = u"\r\n";
 constexpr std::u16string_view LineEnds = u"\r\n\u2028\u2029";
 
-// Between the halves of a surrogate pair or of a line end.
-bool IsInsideCharacter(std::u16string_view text, std::size_t position) {
-  if (position == 0 || position >= text.size()) return false;
-  const char16_t before = text[position - 1], after = text[position];
-  return ((before & 0xFC00) == 0xD800 && (after & 0xFC00) == 0xDC00) || (before == u'\r' && after == u'\n');
-}
-
 void UseLineFeeds(std::u16string& text) {
   for (std::size_t at = text.find(LineEnd); at != std::u16string::npos; at = text.find(LineEnd, at))
     text.erase(at, 1);
   std::ranges::replace(text, u'\r', u'\n');
-}
-
-// Half of a pair of surrogates becomes U+FFFD.
-std::string ToUtf8(std::u16string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t c = text[i];
-    const bool isPair = c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-    if (isPair)
-      c = 0x10000 + ((c & 0x3FF) << 10) + (text[++i] & 0x3FFU);
-    else if (c >= 0xD800 && c < 0xE000)
-      c = 0xFFFD;
-    const int more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3; // bytes after the first
-    bytes += static_cast<char>(more == 0 ? c : (0xFF00 >> (more + 1) & 0xFF) | c >> 6 * more);
-    for (int rest = more - 1; rest >= 0; --rest)
-      bytes += static_cast<char>(0x80 | (c >> 6 * rest & 0x3F));
-  }
-  return bytes;
 }
 
 // Without a byte order mark. nullopt for anything but valid UTF-8.
@@ -69,6 +44,29 @@ std::optional<std::u16string> FromUtf8(std::string_view bytes) {
 }
 
 } // namespace
+
+bool IsInsideCharacter(std::u16string_view text, std::size_t position) {
+  if (position == 0 || position >= text.size()) return false;
+  const char16_t before = text[position - 1], after = text[position];
+  return ((before & 0xFC00) == 0xD800 && (after & 0xFC00) == 0xDC00) || (before == u'\r' && after == u'\n');
+}
+
+std::string ToUtf8(std::u16string_view text) {
+  std::string bytes;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t c = text[i];
+    const bool isPair = c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
+    if (isPair)
+      c = 0x10000 + ((c & 0x3FF) << 10) + (text[++i] & 0x3FFU);
+    else if (c >= 0xD800 && c < 0xE000)
+      c = 0xFFFD;
+    const int more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3; // bytes after the first
+    bytes += static_cast<char>(more == 0 ? c : (0xFF00 >> (more + 1) & 0xFF) | c >> 6 * more);
+    for (int rest = more - 1; rest >= 0; --rest)
+      bytes += static_cast<char>(0x80 | (c >> 6 * rest & 0x3F));
+  }
+  return bytes;
+}
 
 std::u16string EmbeddedText(const EmbeddedInfo& block) {
   std::u16string text;

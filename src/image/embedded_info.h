@@ -36,6 +36,11 @@ struct EmbeddedEntry {
 // Removes a surrogate pair or line end as a whole. False, with no change, for a text within the limit.
 bool CutToTopSize(EmbeddedEntry& entry);
 
+// Half of a pair of surrogates becomes U+FFFD.
+[[nodiscard]] std::string ToUtf8(std::u16string_view text);
+// Whether the position is between the halves of a surrogate pair or of a line end.
+[[nodiscard]] bool IsInsideCharacter(std::u16string_view text, std::size_t position);
+
 // From UTF-8; every line break becomes carriage return and line feed. nullopt if the text is not UTF-8.
 [[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
 

@@ -27,6 +27,7 @@ SerialLine::SerialLine(SerialPort& port, Clock& clock, int number, std::string n
 
 std::optional<std::string> SerialLine::OpenPort() {
   ClosePort();
+  m_hasHeard = false;
   m_port.SetPortNumber(m_number);
   if (std::optional<std::string> failure = m_port.Open(RadioLine)) return failure;
   if (!DiscardInput() || !DiscardOutput()) return "";
@@ -97,6 +98,7 @@ Polled SerialLine::Await(std::size_t count, int rounds) {
 
 std::optional<LineBytes> SerialLine::Receive() {
   std::optional<LineBytes> bytes = m_port.TakeReceived();
+  m_hasHeard = m_hasHeard || (bytes && !bytes->empty());
   if (!DiscardInput()) return std::nullopt;
   return bytes;
 }

@@ -61,6 +61,8 @@ public:
   [[nodiscard]] std::optional<std::size_t> BytesWaiting() { return m_port.BytesReceived(); }
   // All bytes waiting. Discards what arrives meanwhile.
   [[nodiscard]] std::optional<LineBytes> Receive();
+  // Whether Receive has had any since the port was opened.
+  [[nodiscard]] bool HasHeard() const { return m_hasHeard; }
 
   [[nodiscard]] bool DiscardInput() { return m_port.DiscardReceived(); }
   [[nodiscard]] bool DiscardOutput() { return m_port.DiscardTransmit(); }
@@ -70,6 +72,7 @@ private:
   Clock& m_clock;
   int m_number;
   std::string m_name;
+  bool m_hasHeard = false;
   Clock::Moment m_written{};  // when the last Write began
   Clock::Moment m_lineFree{}; // when its last bit can have left the line
 };

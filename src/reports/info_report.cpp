@@ -1,7 +1,7 @@
 // Report 3: the embedded information, broken into lines.
+#include "embedded_info.h"
 #include "report_pages.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace mr4500x {
@@ -13,25 +13,10 @@ constexpr double EmptyNoteX = 800;
 constexpr double RightSpace = 1000;
 constexpr PrintFont EmptyNoteFont = {12, true};
 
-constexpr char32_t Replacement = 0xFFFD; // for half a surrogate pair
-
-std::string Utf8(char32_t c) {
-  const auto trail = [c](int shift) { return static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-  if (c < 0x80) return {static_cast<char>(c)};
-  if (c < 0x800) return {static_cast<char>(0xC0 | (c >> 6)), trail(0)};
-  if (c < 0x10000) return {static_cast<char>(0xE0 | (c >> 12)), trail(6), trail(0)};
-  return {static_cast<char>(0xF0 | (c >> 18)), trail(12), trail(6), trail(0)};
-}
-
-// Takes one unit, or two for a surrogate pair.
-char32_t TakeCharacter(std::u16string_view& text) {
-  const char32_t first = text.front();
-  text.remove_prefix(1);
-  if (first < 0xD800 || first > 0xDFFF) return first;
-  if (first > 0xDBFF || text.empty() || text.front() < 0xDC00 || text.front() > 0xDFFF) return Replacement;
-  const char32_t second = text.front();
-  text.remove_prefix(1);
-  return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
+std::u16string_view TakeCharacter(std::u16string_view& text) {
+  const std::u16string_view character = text.substr(0, IsInsideCharacter(text, 1) ? 2 : 1);
+  text.remove_prefix(character.size());
+  return character;
 }
 
 // Drops zero characters, so that a text of nothing else counts as empty, and blanks at the ends.
@@ -69,8 +54,9 @@ public:
   }
 
 private:
-  void Append(char32_t character) {
-    const std::string shown = Utf8(std::max(character, U' ')); // no control characters to the printer
+  void Append(std::u16string_view character) {
+    const std::string shown =
+        character.front() < u' ' ? " " : ToUtf8(character); // no control characters to the printer
     const double width = m_setting.measure.TextWidth(shown, Small);
     if (m_width + width > m_setting.area.width - RightSpace) EndLine(m_lineStep);
     m_line += shown;

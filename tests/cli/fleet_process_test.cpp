@@ -65,6 +65,24 @@ TEST_F(FleetCommandTest, AnEndSignalStopsAfterTheseRadios) {
   EndRadio();
 }
 
+TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
+  Put("rows.csv", "label\nCar 1\n");
+  AddRadio("LR-1", " --pace 9600");
+  const std::string fleet = MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " + Path("rows.csv");
+  const auto until = [&](const char* said) {
+    return "until grep -q '" + std::string(said) + "' " + Path("out") + "; do sleep 0.05; done; ";
+  };
+  const Ended ended =
+      Shell(fleet + " >" + Path("out") + " & fleet=$!; " + until("writing") + "mv " + Path("a.journal ") +
+            Path("a.moved; ") + until("verified; .*: the journal gets it later") + "kill -TERM $fleet; wait $fleet");
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_NE(ended.output.find("\n1 entry waits for the journal; the next start hands it in.\n"), std::string::npos);
+  std::filesystem::rename(Path("a.moved"), Path("a.journal"));
+  EXPECT_EQ(Shell(fleet).status, 0);
+  EXPECT_EQ(CountOf(Cli("fleet journal " + file).output, "row 1, Car 1, radio LR-1: verified\n"), 1U);
+  EndRadio();
+}
+
 TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
   const auto whole = [&](const char* name) { return std::filesystem::weakly_canonical(Path(name)).string(); };
   Put("rows.csv", "label,foo\nCar 1,2\n");
@@ -77,10 +95,13 @@ TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
              {ported + " --log " + file, 2, file + ": no table can be written here\n"},
              {ported + " --log " + Path("rows2.csv") + " --rows " + Path("rows2.csv"), 2, Path("rows2.csv: no table")},
              {ported + " --journal " + Path("no/folder.journal"), 1, whole("no/folder.journal: ")},
+             {ported + " --journal mysql://a/b", 1, "mysql://a/b: A journal is a file or postgresql://"},
+             {ported + " --journal sqlite:", 1, std::filesystem::current_path().string() + ": It is no journal.\n"},
+             {ported + " --journal " + file, 1, whole("a.K4X: It is no journal.\n")},
              {"fleet --ports 17 " + file, 2, "--ports: 17 is no port"},
              {"fleet " + file, 2, "--ports is required"},
              {"fleet --ports 1", 2, "TEMPLATE is required"},
-             {"fleet journal " + file, 1, whole("a.journal: there is no such journal")}});
+             {"fleet journal " + file, 1, whole("a.journal: There is no such journal.")}});
 }
 
 } // namespace

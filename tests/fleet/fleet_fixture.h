@@ -107,10 +107,11 @@ struct Cable final : SerialPort, Clock {
   std::function<std::optional<TableRadio>()> next; // radio to attach
   std::function<void(const RadioMemory&)> takenOff;
   std::optional<std::string> openFailure;
+  int missed = 0; // the next answers, which do not come through
 
   void Enter(PortState state) {
     if (std::exchange(m_state, state) == state) return;
-    if (m_radio && state >= PortState::Done && state <= PortState::NoRow) TakeOff();
+    if (m_radio && missed == 0 && state >= PortState::Done && state <= PortState::NoRow) TakeOff();
     if (m_radio && m_table.faultsIn && m_hasFaults != (m_table.faultsIn == state))
       Attach(RadioMemory(m_radio->Memory()), m_table.faultsIn == state);
   }
@@ -130,8 +131,10 @@ struct Cable final : SerialPort, Clock {
   std::optional<std::string> Open(const LineSettings& /*settings*/) override {
     m_isOpen = !openFailure;
     ++m_tries;
+    m_isMuted = missed > 0;
+    if (m_isMuted) --missed;
     if (m_radio && m_tries > MostTries) TakeOff();
-    if (!m_radio && m_tries > 1)
+    if (!m_radio && m_tries > TriesWithout)
       if (const auto table = next()) {
         m_table = *table;
         m_tries = 0;
@@ -154,7 +157,8 @@ struct Cable final : SerialPort, Clock {
   }
 
 private:
-  static constexpr int MostTries = 20; // to reach a radio that does not answer
+  static constexpr int MostTries = 20;   // to reach a radio that does not answer
+  static constexpr int TriesWithout = 3; // the port must see that the last one was taken off
 
   void Attach(const RadioMemory& memory, bool hasFaults) {
     m_hasFaults = hasFaults;
@@ -166,7 +170,7 @@ private:
     m_tries = 0;
   }
   LineBytes& Receive() {
-    const LineBytes bytes = m_radio ? m_radio->TakeReplies(m_now) : LineBytes();
+    const LineBytes bytes = m_radio && !m_isMuted ? m_radio->TakeReplies(m_now) : LineBytes();
     m_received.insert(m_received.end(), bytes.begin(), bytes.end());
     return m_received;
   }
@@ -176,7 +180,7 @@ private:
   std::optional<SimulatedRadio> m_radio;
   TableRadio m_table;
   LineBytes m_received;
-  bool m_isOpen = false, m_hasFaults = false;
+  bool m_isOpen = false, m_hasFaults = false, m_isMuted = false;
   int m_tries = 0; // to reach a radio, or without one
 };
 
@@ -212,9 +216,10 @@ struct Fleet {
     desk.sha256 = TestSha;
     desk.newKey = [this] { return std::to_string(++m_keys); };
     desk.tell = [this](const PortEvent& event) {
-      if (event.port < cables.size()) cables[event.port].Enter(event.state);
       if (when.second && event.state == when.first) std::exchange(when.second, {})(*this);
+      if (event.port < cables.size()) cables[event.port].Enter(event.state);
       const std::lock_guard guard(mutex);
+      if (event.state == PortState::Waiting && !event.text.empty()) return hints.push_back(event.text);
       if (told.empty() || told.back().state != event.state || told.back().port != event.port) told.push_back(event);
     };
   }
@@ -269,6 +274,7 @@ struct Fleet {
   std::deque<Cable> cables;
   std::mutex mutex; // of what follows
   std::vector<PortEvent> told;
+  std::vector<std::string> hints;           // while waiting
   std::deque<TableRadio> table;             // radios to come
   std::map<std::string, RadioMemory> shelf; // radios that were taken off, by their identity numbers
   std::vector<RadioMemory> off;             // of radios in the order in which they were taken off

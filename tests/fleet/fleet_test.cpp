@@ -69,7 +69,7 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
   // clang-format off
   const struct {
     const char* name;
-    std::string radios; // g good, b bad, u without a number
+    std::string radios; // g good, b bad, n noisy, u without a number
     const char *outcomes, *lastStates;
     std::size_t radiosLeft;
     std::function<void(Fleet&)> prepare = {};
@@ -102,6 +102,11 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
       {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
+      {"two answers that do not come through", "g", "verified", "TAKE OFF, WAITING, FINISHED", 0,
+       {}, {Done, [](Fleet& fleet) { fleet.cables[0].missed = 2; }}},
+      {"silent for longer", "g", "verified", "TAKE OFF, WAITING, IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0,
+       {}, {Done, [](Fleet& fleet) { fleet.cables[0].missed = 3; }}},
+      {"noise", "ng", "verified", "VERIFYING, TAKE OFF, WAITING, FINISHED", 0},
       {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
        [](Fleet& fleet) { fleet.desk.backupFolder = "/proc/none"; }},
   };
@@ -114,11 +119,15 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     fleet.when = when;
     for (const char radio : radios)
       fleet.AddRadio(radio == 'u' ? "" : "R-" + std::to_string(fleet.table.size()),
-                     {{radio == 'b' ? Fault::Ng : Fault::SplitReply, {}}});
+                     {{radio == 'b'   ? Fault::Ng
+                       : radio == 'n' ? Fault::Garbage
+                                      : Fault::SplitReply,
+                       {}}});
     fleet.Run();
     EXPECT_EQ(fleet.Outcomes(), outcomes);
     EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
     EXPECT_EQ(fleet.table.size(), radiosLeft);
+    EXPECT_EQ(!fleet.hints.empty(), radios.find('n') != std::string::npos);
     for (const Attempt& attempt : fleet.tables.attempts)
       EXPECT_TRUE(attempt.outcome != AttemptOutcome::Verified || fleet.Holds(attempt.idNumber, attempt.row));
   }

@@ -11,7 +11,6 @@
 #include <QEventLoop>
 
 #include <algorithm>
-#include <filesystem>
 #include <ostream>
 
 namespace mr4500x {
@@ -36,14 +35,8 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
 // Asked before anything starts.
 bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
   if (path.empty() || path == Stream) return true;
-  const auto isSame = [&](const std::string& other) {
-    std::error_code unknown; // of a missing file
-    return std::filesystem::equivalent(other, path, unknown);
-  };
-  const std::string journal = FileOfJournal(choice);
-  const bool isInput =
-      isSame(journal) || isSame(journal + "-wal") || isSame(journal + "-shm") || isSame(choice.rowsFile);
-  if (!isInput && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path)) return true;
+  if (!IsNeeded(choice, path) && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path))
+    return true;
   terminal.err << path << ": no table can be written here\n";
   return false;
 }
@@ -91,10 +84,11 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   };
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
-  if (const std::size_t pending = session.PendingCount(); pending > 0)
-    terminal.err << pending << " entries wait for the journal; the next start hands them in.\n";
+  const std::size_t pending = session.PendingCount();
+  if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan.isEndless && choice.count < 0;
-  return {isOpenEnded ? tally.Failed() == 0 : session.IsComplete(), session.BenchName()};
+  const bool isComplete = isOpenEnded ? tally.Failed() == 0 : session.IsComplete();
+  return {isComplete && pending == 0, session.BenchName()};
 }
 
 } // namespace
@@ -112,7 +106,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
 
   const FleetEnd end = RunBench(files, settingsFile, plan, choice, terminal);
   if (!arguments.logFile.empty()) {
-    const std::unique_ptr<Journal> journal = OpenJournal(address);
+    const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);
     if (!attempts) return NoAnswer(address, journal->Error(), terminal);
     std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.bench != end.bench; });
@@ -127,16 +121,13 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
   const std::string address = JournalOf(choice);
   if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
-  if (!JournalExists(files, address)) return NoAnswer(address, "there is no such journal", terminal);
-  const std::unique_ptr<Journal> journal = OpenJournal(address);
+  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
   if (!attempts) return NoAnswer(address, journal->Error(), terminal);
   if (!arguments.csvFile.empty())
     return StoreText(files, arguments.csvFile, JournalCsv(*attempts), terminal) ? ExitStatus::Done : ExitStatus::Failed;
   for (const Attempt& attempt : *attempts)
-    terminal.out << attempt.start << "  " << attempt.port << ": " << attempt.idNumber << ", row " << attempt.row << ' '
-                 << attempt.label << ": " << WordFor(attempt.outcome) << (attempt.text.empty() ? "" : "; ")
-                 << attempt.text << '\n';
+    terminal.out << LineFor(attempt) << '\n';
   return EndOutput(terminal);
 }
 

@@ -34,10 +34,6 @@ std::filesystem::path Beside(const FleetChoice& choice) {
   return OwnPath(choice.templateFile == Stream ? "fleet" : choice.templateFile);
 }
 
-bool IsServer(const std::string& address) {
-  return address.find("://") != std::string::npos;
-}
-
 std::string NewBenchName(FileSystem& files) {
   std::ostringstream name; // the number: machines may have the same name
   name << QSysInfo::machineHostName().toStdString() << '-' << getpid() << '-' << std::hex
@@ -58,24 +54,22 @@ std::vector<BenchPort> BenchPortsOf(const std::vector<PortArgument>& ports, File
 } // namespace
 
 std::string JournalOf(const FleetChoice& choice) {
-  constexpr std::string_view OfFile = "sqlite:";
   if (choice.journal.empty()) return Beside(choice).replace_extension(".journal").string();
-  if (IsServer(choice.journal)) return choice.journal;
-  const bool isMarked = choice.journal.starts_with(OfFile);
-  return OwnPath(choice.journal.substr(isMarked ? OfFile.size() : 0)).string();
+  const std::string file = FileOfJournal(choice.journal);
+  return file.empty() ? choice.journal : OwnPath(file).string();
 }
 
-std::string FileOfJournal(const FleetChoice& choice) {
-  const std::string address = JournalOf(choice);
-  return IsServer(address) ? "" : address;
+bool IsNeeded(const FleetChoice& choice, const std::string& path) {
+  const std::string journal = FileOfJournal(JournalOf(choice));
+  const std::string needed[] = {choice.templateFile, choice.rowsFile, journal, journal + "-wal", journal + "-shm"};
+  return std::ranges::any_of(needed, [&](const std::string& file) {
+    std::error_code unknown; // of a missing file
+    return std::filesystem::equivalent(file, path, unknown);
+  });
 }
 
 std::string BackupFolderOf(const FleetChoice& choice) {
   return choice.backupFolder.empty() ? (Beside(choice).parent_path() / "backups").string() : choice.backupFolder;
-}
-
-bool JournalExists(FileSystem& files, const std::string& address) {
-  return IsServer(address) || !IsMissing(files, address);
 }
 
 PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts) {
@@ -106,7 +100,7 @@ std::vector<PortArgument> PortsWithDevice(FileSystem& files, const std::string& 
 }
 
 std::optional<std::string> EnterPlan(const std::string& address, const Plan& plan) {
-  const std::unique_ptr<Journal> journal = OpenJournal(address);
+  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
   if (journal->Begin(plan.key, plan.name, JournalRowsOf(plan))) return std::nullopt;
   return journal->Error();
 }
@@ -131,7 +125,7 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, P
                                             .places = {}} {
   m_bench = std::make_unique<Bench>(
       m_desk, BenchPortsOf(choice.ports, files, settingsFile),
-      [address = JournalOf(choice)] { return OpenJournal(address); }, m_pending);
+      [address = JournalOf(choice)] { return OpenJournal(address, JournalUse::Enter); }, m_pending);
 }
 
 bool FleetTally::Take(const PortEvent& event) {

@@ -15,11 +15,9 @@ namespace mr4500x {
 
 // The journal's address; a file's is its whole path.
 [[nodiscard]] std::string JournalOf(const FleetChoice& choice);
-// The file of a journal that is one, "" for a server's.
-[[nodiscard]] std::string FileOfJournal(const FleetChoice& choice);
+// Whether the file is one of those that a bench reads, or its journal: no table may go there.
+[[nodiscard]] bool IsNeeded(const FleetChoice& choice, const std::string& path);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
-// Whether there is such a file. True for a server, which only an attempt to use it can tell.
-[[nodiscard]] bool JournalExists(FileSystem& files, const std::string& address);
 
 // Reads the template and the rows, "-" for standard input. What can't be read is a problem of the plan.
 [[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts);

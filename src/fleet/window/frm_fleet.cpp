@@ -234,7 +234,7 @@ void FrmFleet::TellConflict(const Attempt& attempt) {
 
 void FrmFleet::End() {
   if (const std::size_t pending = m_session->PendingCount(); pending > 0)
-    Tell(tr("%1 entries wait for the journal; the next start hands them in.").arg(pending));
+    Tell(Shown(LineForPending(pending)));
   else
     Tell(tr("All ports have ended."));
   m_session.reset();
@@ -257,8 +257,8 @@ void FrmFleet::StopAfterTheseRadios() {
 void FrmFleet::LookAtRows() {
   if (m_isLooking || !m_plan || !m_plan->problems.empty()) return;
   m_isLooking = true;
-  const auto work = [this, plan = m_plan, address = m_journal] {
-    return JournalExists(m_files, address) ? OpenJournal(address)->Rows(plan->plan.key) : std::nullopt;
+  const auto work = [plan = m_plan, address = m_journal] {
+    return OpenJournal(address, JournalUse::List)->Rows(plan->plan.key);
   };
   Later(work, [this, plan = m_plan](const std::optional<std::vector<JournalRow>>& rows) {
     m_isLooking = false;
@@ -289,7 +289,7 @@ void FrmFleet::WithAttempts(std::function<void(const std::vector<Attempt>&)> use
     std::string reason;
   };
   const auto work = [plan = m_plan, address = m_journal] {
-    const std::unique_ptr<Journal> journal = OpenJournal(address);
+    const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     auto attempts = journal->Attempts(plan->plan.key);
     return Found{std::move(attempts), journal->Error()};
   };
@@ -304,6 +304,7 @@ void FrmFleet::WithAttempts(std::function<void(const std::vector<Attempt>&)> use
 void FrmFleet::SaveJournal() {
   const QString file = QFileDialog::getSaveFileName(this, tr("Save journal"), {}, tr("Tables (*.csv);;Pages (*.pdf)"));
   if (file.isEmpty()) return;
+  if (IsNeeded(m_setup->Choice(), file.toStdString())) return Tell(tr("%1 can't be written.").arg(file));
   WithAttempts([this, file, name = Shown(m_plan->plan.name)](const std::vector<Attempt>& attempts) {
     bool isStored = false;
     if (file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {

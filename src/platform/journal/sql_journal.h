@@ -9,10 +9,17 @@
 
 namespace mr4500x {
 
+enum class JournalUse : std::uint8_t {
+  Enter, // a journal that is missing is made
+  List,  // changes nothing
+};
+
 // "PATH" or "sqlite:PATH" is a file, "postgresql://user@host:port/database?name=value" a server's database; the names
-// are libpq's. Nothing is opened yet: each call connects if need be, so the database may be away for a while. The
-// journal belongs to the thread that makes it, under a QCoreApplication.
-[[nodiscard]] std::unique_ptr<Journal> OpenJournal(const std::string& address);
+// are libpq's. Nothing is opened yet: each call connects if need be, so the database may be away for a while. A file
+// must stay the one that was opened first. The journal belongs to the thread that makes it, under a QCoreApplication.
+[[nodiscard]] std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use);
+// The file at an address, "" for a server's.
+[[nodiscard]] std::string FileOfJournal(const std::string& address);
 
 [[nodiscard]] std::string Sha256Of(std::string_view bytes); // in hexadecimal digits
 [[nodiscard]] std::string NewAttemptKey();

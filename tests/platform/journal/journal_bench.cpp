@@ -47,7 +47,7 @@ int main(int count, char* arguments[]) {
   for (std::size_t i = 0; i < rows.size(); ++i)
     rows[i].row = i + 1;
   const int limit = std::stoi(arguments[5]);
-  const std::unique_ptr<Journal> journal = OpenJournal(arguments[1]);
+  const std::unique_ptr<Journal> journal = OpenJournal(arguments[1], JournalUse::Enter);
   Repeated([&] { return journal->Begin(plan, "benches", rows); });
 
   for (int radio = 1; radio <= std::abs(limit); ++radio) {

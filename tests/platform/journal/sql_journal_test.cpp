@@ -10,9 +10,10 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 
-#include <fstream>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <future>
 #include <map>
 #include <sstream>
@@ -57,6 +58,7 @@ struct SqlJournals : testing::TestWithParam<const char*> {
   }
 
   void TakeWhatAnotherTakesMeanwhile();
+  void MoveTheFile(Journal& journal, const Attempt& attempt);
 
   int argumentCount = 0;
   QCoreApplication application{argumentCount, nullptr};
@@ -77,14 +79,15 @@ std::string TextOfRow(const JournalRow& row) {
 // The look for a free row sees the others as they were before it had to wait; the row is not free for all that.
 void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
   const std::string plan = "race";
-  ASSERT_TRUE(OpenJournal(address)->Begin(plan, "", {NewRow(1, "", "R1")}));
+  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin(plan, "", {NewRow(1, "", "R1")}));
   QSqlQuery other(Connect());
   const char* const taking[] = {IsServer() ? "BEGIN" : "BEGIN IMMEDIATE",
                                 "INSERT INTO fleet_bench VALUES ('Z', 99999999999)",
                                 "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z' WHERE plan = 'race'"};
   for (const char* const statement : taking)
     ASSERT_TRUE(other.exec(statement));
-  auto kind = std::async(std::launch::async, [&] { return OpenJournal(address)->Take(plan, "A", "R1", false).kind; });
+  auto kind = std::async(std::launch::async,
+                         [&] { return OpenJournal(address, JournalUse::Enter)->Take(plan, "A", "R1", false).kind; });
   const auto waits = [&] {
     return !IsServer() || (other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next());
   };
@@ -102,7 +105,7 @@ TEST_P(SqlJournals, FollowTheRules) {
     std::map<std::string, std::unique_ptr<Journal>> ports;
     const auto at = [&](const std::string& port) -> Journal& {
       auto& journal = ports[port];
-      if (!journal) journal = OpenJournal(address);
+      if (!journal) journal = OpenJournal(address, JournalUse::Enter);
       return *journal;
     };
     ASSERT_TRUE(at("A").Begin(plan, "rules", {NewRow(1, "one", "R1  "), NewRow(2, "two"), NewRow(3)}))
@@ -154,8 +157,33 @@ TEST_P(SqlJournals, FollowTheRules) {
   TakeWhatAnotherTakesMeanwhile();
 }
 
+// What goes to a file that nobody finds again would be lost. `journal` has the file open.
+void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
+  const std::string path = address.substr(std::string("sqlite:").size()), moved = path + ".moved";
+  std::filesystem::rename(path, moved);
+  const auto refuses = [&](const std::string& why) {
+    EXPECT_EQ(journal.Enter(attempt), std::nullopt) << why;
+    EXPECT_EQ(journal.Error(), "The journal was moved, deleted or replaced.") << why;
+  };
+  refuses("moved");
+  EXPECT_FALSE(std::filesystem::exists(path));
+  EXPECT_EQ(OpenJournal(path, JournalUse::List)->Attempts(""), std::nullopt);
+  EXPECT_FALSE(std::filesystem::exists(path)) << "made by a list";
+  ASSERT_TRUE(OpenJournal(path, JournalUse::Enter)->Begin("p1", "name", {}));
+  refuses("another one in its place");
+  std::filesystem::rename(moved, path);
+  EXPECT_EQ(journal.Enter(attempt), attempt.outcome);
+
+  const std::string other = path + ".other";
+  std::ofstream(other) << 'x';
+  const auto bad = OpenJournal(other, JournalUse::Enter);
+  EXPECT_FALSE(bad->Begin("p1", "name", {}));
+  EXPECT_EQ(bad->Error(), "It is no journal.");
+  EXPECT_EQ(std::filesystem::file_size(other), 1U);
+}
+
 TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
-  const auto journal = OpenJournal(address);
+  const auto journal = OpenJournal(address, JournalUse::Enter);
   const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ?", "R7"), NewRow(9)};
   for (int i = 0; i < 2; ++i)
     ASSERT_TRUE(journal->Begin("p1", "name", rows)) << journal->Error();
@@ -170,20 +198,20 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   first.key = "b";
   first.plan = "p2";
   first.start = "2026-11-25 13:45:07";
-  EXPECT_EQ(journal->Enter(second), AttemptOutcome::SetAside);
+  IsServer() ? static_cast<void>(journal->Enter(second)) : MoveTheFile(*journal, second);
   EXPECT_EQ(journal->Enter(first), AttemptOutcome::SetAside);
   EXPECT_EQ(journal->Attempts("p1"), std::vector<Attempt>({second}));
   EXPECT_EQ(journal->Attempts(""), std::vector<Attempt>({first, second}));
 
   Execute("UPDATE fleet_schema SET version = version + 1");
-  const auto later = OpenJournal(address);
+  const auto later = OpenJournal(address, JournalUse::Enter);
   for (int i = 0; i < 2; ++i)
     EXPECT_FALSE(later->Begin("p1", "name", rows));
   EXPECT_NE(later->Error().find("later version"), std::string::npos) << later->Error();
 
   for (const char* const bad :
        {"/no/such/folder/fleet.journal", "/dev/null", "postgresql://x@/y?host=/no/such/folder"}) {
-    const auto away = OpenJournal(bad);
+    const auto away = OpenJournal(bad, JournalUse::Enter);
     EXPECT_EQ(away->Take("p1", "A", "X", false).kind, Claim::Kind::Lost) << bad;
     EXPECT_EQ(away->Renew("p1", 7, "A"), Renewal::Lost) << bad;
     EXPECT_EQ(away->Enter(first), std::nullopt) << bad;
@@ -252,7 +280,7 @@ TEST_P(SqlJournals, GiveNoRowOutTwiceThoughBenchesAreKilledAndTheServerCrashes) 
       EXPECT_TRUE(told.emplace(row, radio).second) << "row " << row << " was done twice";
   }
 
-  const auto journal = OpenJournal(address);
+  const auto journal = OpenJournal(address, JournalUse::Enter);
   std::map<std::size_t, std::string> held, entered;
   const auto rows = journal->Rows("plan").value();
   for (const JournalRow& row : rows) {

@@ -1,0 +1,174 @@
+#include "sql_connection.h"
+
+#include <QFile>
+#include <QSqlError>
+#include <QUrl>
+#include <QUrlQuery>
+#include <QUuid>
+
+#include <sys/stat.h>
+
+namespace mr4500x {
+namespace {
+
+// So that a server that is away, or another bench that hangs in the middle of a transaction, holds nobody up for long.
+constexpr char ServerOptions[] = "connect_timeout=3;tcp_user_timeout=5000;"
+                                 "options='-c lock_timeout=5000 -c idle_in_transaction_session_timeout=5000"
+                                 " -c client_min_messages=error'";
+constexpr char FileOptions[] = "QSQLITE_BUSY_TIMEOUT=5000";
+constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_READONLY";
+constexpr char FrozenFileOptions[] = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
+
+constexpr std::string_view FileMark = "SQLite format 3";
+
+bool IsServer(const std::string& address) {
+  return address.find("://") != std::string::npos;
+}
+
+QString ReasonOf(const QSqlError& error) {
+  return error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+}
+
+} // namespace
+
+std::string FileOfJournal(const std::string& address) {
+  constexpr std::string_view OfFile = "sqlite:";
+  if (IsServer(address)) return "";
+  const std::string file = address.starts_with(OfFile) ? address.substr(OfFile.size()) : address;
+  return file.empty() ? "." : file; // SQLite would take an empty path for a file that lasts as long as the connection
+}
+
+SqlConnection::SqlConnection(const std::string& address, JournalUse use)
+    : m_address(address), m_file(FileOfJournal(address)), m_use(use),
+      m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_dialect(IsServer(address) ? PostgreSql : Sqlite) {
+  if (!QSqlDatabase::isDriverAvailable(m_dialect.driver)) return; // told when it is needed
+  QSqlDatabase database = QSqlDatabase::addDatabase(m_dialect.driver, m_name);
+  if (IsServer(address)) {
+    UseServer(database);
+  } else {
+    database.setDatabaseName(QString::fromStdString(m_file));
+    database.setConnectOptions(use == JournalUse::List ? FileOptionsToList : FileOptions);
+  }
+}
+
+SqlConnection::~SqlConnection() {
+  QSqlDatabase::removeDatabase(m_name);
+}
+
+void SqlConnection::UseServer(QSqlDatabase& database) {
+  const QUrl url(QString::fromStdString(m_address));
+  database.setHostName(url.host());
+  if (url.port() > 0) database.setPort(url.port());
+  database.setUserName(url.userName());
+  database.setPassword(url.password());
+  database.setDatabaseName(url.path().mid(1));
+  QString options = ServerOptions;
+  for (const auto& [name, value] : QUrlQuery(url).queryItems(QUrl::FullyDecoded)) // the last of a name counts
+    options += ';' + name + "='" + QString(value).replace('\\', "\\\\").replace('\'', "\\'") + '\'';
+  database.setConnectOptions(options);
+}
+
+bool SqlConnection::Open() {
+  if (!CheckFile()) return false;
+  if (Database().isOpen()) return true;
+  if (!OpenDatabase() || !UpgradeSchema()) return false;
+  return CheckFile(); // what it is now
+}
+
+bool SqlConnection::OpenDatabase() {
+  QSqlDatabase database = Database();
+  if (IsServer(m_address) && !m_address.starts_with("postgres"))
+    return Fail(QStringLiteral("A journal is a file or postgresql://user@host:port/database."));
+  if (!database.isValid())
+    return Fail(QStringLiteral("Qt's driver %1 is missing (Debian: %2).").arg(m_dialect.driver, m_dialect.package));
+  if (!database.open()) return Fail(ReasonOf(database.lastError()));
+  if (m_use == JournalUse::Enter)
+    for (const char* const statement : m_dialect.onConnect)
+      static_cast<void>(Run(statement));
+  else if (!m_file.empty() && !Run("SELECT 1 FROM sqlite_master")) {
+    if (QFile::exists(database.databaseName() + "-wal")) return false;
+    // Where nothing can be written beside it, the file of a journal that no bench has open can be read all the same.
+    database.setDatabaseName("file:" + QUrl::toPercentEncoding(database.databaseName(), "/") + "?immutable=1");
+    database.setConnectOptions(FrozenFileOptions);
+  }
+  return database.isOpen() || database.open() || Fail(ReasonOf(database.lastError()));
+}
+
+// What goes to a file that has been moved or deleted is lost, and another one in its place knows nothing of the rows.
+bool SqlConnection::CheckFile() {
+  if (m_file.empty()) return true;
+  struct stat found {};
+  const bool isThere = stat(m_file.c_str(), &found) == 0;
+  const FileId id = {found.st_dev, found.st_ino};
+  if (m_fileId) return (isThere && id == *m_fileId) || Fail("The journal was moved, deleted or replaced.");
+  if (!isThere) return m_use == JournalUse::Enter || Fail("There is no such journal.");
+  QFile file(QString::fromStdString(m_file));
+  const bool isJournal = S_ISREG(found.st_mode) && (found.st_size == 0 || !file.open(QFile::ReadOnly) ||
+                                                    file.read(FileMark.size()) == FileMark.data());
+  if (!isJournal) return Fail("It is no journal.");
+  if (Database().isOpen()) m_fileId = id;
+  return true;
+}
+
+// Several processes may come upon a new database at once.
+bool SqlConnection::UpgradeSchema() {
+  const auto known = static_cast<int>(SchemaVersions.size());
+  int version = 0;
+  const auto readVersion = [&] {
+    const QStringList tables = Database().tables();
+    if (!tables.contains("fleet_schema"))
+      return (m_use == JournalUse::Enter && (m_file.empty() || tables.isEmpty())) || Fail("It is no journal.");
+    auto query = Run("SELECT version FROM fleet_schema");
+    if (query && query->next()) version = query->value(0).toInt();
+    return query.has_value();
+  };
+  const auto upgrade = [&] {
+    if (!Run(m_dialect.lockSchema) || !readVersion()) return false;
+    if (version >= known) return true;
+    if (version == 0 && !Run("CREATE TABLE fleet_schema (version BIGINT NOT NULL)")) return false;
+    for (const auto& statements : SchemaVersions.subspan(static_cast<std::size_t>(version)))
+      for (const char* const statement : statements)
+        if (!Run(statement)) return false;
+    return Run("DELETE FROM fleet_schema") && Run("INSERT INTO fleet_schema VALUES (:version)", {{":version", known}});
+  };
+  if (!readVersion() || (version < known && !InTransaction(upgrade))) return false;
+  return version <= known || Fail("The journal is one of a later version of this program.");
+}
+
+bool SqlConnection::Fail(const QString& error) {
+  m_error = error.isEmpty() ? "The database does not answer." : error.simplified().toStdString();
+  Database().close();
+  return false;
+}
+
+bool SqlConnection::InTransaction(const std::function<bool()>& steps) {
+  return Run(m_dialect.begin) && steps() && Run("COMMIT") && CheckFile();
+}
+
+std::optional<QSqlQuery> SqlConnection::Run(const QString& statement, const Values& values) {
+  if (!Database().isOpen()) { // the driver has seen that the server is gone
+    Fail({});
+    return std::nullopt;
+  }
+  std::optional<QSqlQuery> query(std::in_place, Database());
+  query->setForwardOnly(true);
+  const QString sql = StatementFor(m_dialect, statement);
+  bool isDone = values.empty() ? query->exec(sql) : query->prepare(sql);
+  if (isDone && !values.empty()) {
+    for (const auto& [name, value] : values)
+      if (sql.contains(name)) query->bindValue(name, value);
+    isDone = query->exec();
+  }
+  if (isDone) return query;
+  const QString error = ReasonOf(query->lastError());
+  query.reset();
+  Fail(error);
+  return std::nullopt;
+}
+
+std::optional<int> SqlConnection::Change(const QString& statement, const Values& values) {
+  const auto query = Run(statement, values);
+  return query ? std::optional(query->numRowsAffected()) : std::nullopt;
+}
+
+} // namespace mr4500x
