@@ -102,9 +102,8 @@ bool LoadInto(const CommandContext& context, const std::string& path) {
   return false;
 }
 
-std::optional<std::string> AskOpenName(const CommandContext& context, const char* title) {
-  return context.services.dialogs.AskOpen(
-      {title, OpenFilter, context.services.folderForFiles, /*proposedName*/ "", DefaultExtension});
+std::optional<std::string> AskOpenName(const CommandContext& context, const char* title, const std::string& folder) {
+  return context.services.dialogs.AskOpen({title, OpenFilter, folder, /*proposedName*/ "", DefaultExtension});
 }
 
 std::optional<std::string> AskSaveName(const CommandContext& context, const char* title) {
@@ -127,7 +126,8 @@ namespace commands {
 
 void Open(const CommandContext& context) {
   context.panel.CommitOpenEditors();
-  if (const std::optional<std::string> path = AskOpenName(context, "Open")) OpenGiven(context, *path);
+  if (const std::optional<std::string> path = AskOpenName(context, "Open", context.services.folderForFiles))
+    OpenGiven(context, *path);
 }
 
 void OpenGiven(const CommandContext& context, const std::string& path) {
@@ -174,7 +174,9 @@ void SaveAs(const CommandContext& context) {
 
 void Compare(const CommandContext& context) {
   context.panel.CommitOpenEditors();
-  const std::optional<std::string> path = AskOpenName(context, "Compare with File");
+  const auto* const file = std::get_if<FileOrigin>(&context.state.origin);
+  const std::string folder = file != nullptr ? FolderOf(file->path) : context.services.folderForFiles;
+  const std::optional<std::string> path = AskOpenName(context, "Compare with File", folder);
   if (!path) return;
   if (IsMissing(context.services.files, *path)) return ReportMissing(context, *path);
   RadioImage other;

@@ -83,6 +83,7 @@ void FrmMain::BuildPanel() {
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
   connect(m_panel, &EditorPanel::CompareAsked, this, [this] { RunCommand(commands::Compare); });
+  connect(m_panel, &EditorPanel::Changed, m_status, &StatusPanels::EndPassing);
   connect(m_panel, &EditorPanel::Told, m_status, &StatusPanels::ShowPassing);
   connect(m_keeper, &WorkKeeper::CopyFailed, m_status,
           [this] { m_status->ShowPassing(tr("No copy of the unsaved work could be written.")); });
@@ -163,13 +164,16 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
-  if (CommandOfDrop(*event->mimeData())) event->acceptProposedAction();
+  event->setDropAction(Qt::CopyAction); // a move would delete what the user has
+  event->setAccepted(event->possibleActions().testFlag(Qt::CopyAction) && CommandOfDrop(*event->mimeData()));
 }
 
 // Run after the drop: a question would hold up the program that the file comes from.
 void FrmMain::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  QTimer::singleShot(0, this, [this, command = CommandOfDrop(*event->mimeData())] { RunCommand(command); });
+  const auto command = CommandOfDrop(*event->mimeData());
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(command != nullptr); // the program that it comes from may have ended
+  if (command) QTimer::singleShot(0, this, [this, command] { RunCommand(command); });
 }
 
 void FrmMain::StoreGeometry() {

@@ -61,7 +61,7 @@ StatusPanels::StatusPanels(const QString& title, std::function<std::string(int)>
   m_minute.callOnTimeout(this, &StatusPanels::ShowTime);
   ShowTime();
   m_passing.setSingleShot(true);
-  m_passing.callOnTimeout(m_title, [this] { m_title->setText(m_programTitle); });
+  m_passing.callOnTimeout(this, &StatusPanels::EndPassing);
 }
 
 void StatusPanels::ShowPort(int number) {
@@ -73,6 +73,11 @@ void StatusPanels::ShowPassing(const QString& message) {
   const int room = m_title->contentsRect().width() - 2 * m_title->margin();
   m_title->setText(fontMetrics().elidedText(message, Qt::ElideMiddle, room));
   m_passing.start(PassingMilliseconds);
+}
+
+void StatusPanels::EndPassing() {
+  m_passing.stop();
+  m_title->setText(m_programTitle);
 }
 
 // The device is looked up when the user points at the port, as adapters come and go.

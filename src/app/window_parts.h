@@ -22,6 +22,7 @@ public:
   StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort);
   void ShowPort(int number);
   void ShowPassing(const QString& message);
+  void EndPassing(); // what it told is no longer so
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

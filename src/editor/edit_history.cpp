@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QMenuBar>
 
 #include <algorithm>
 #include <utility>
@@ -75,25 +76,27 @@ void EditHistory::Restart() {
 // A difference that has no name, such as a key of the emergency pair that a save completes, is no step of its own.
 void EditHistory::TakeStep(const QString& name) {
   Configuration shown = m_shown();
-  if (shown == m_current.configuration) return;
+  if (shown == m_current.configuration && name.isEmpty()) return;
   const std::vector<Difference> differences = DifferencesBetween(m_current.configuration, shown);
   State before = std::exchange(m_current, {std::move(shown), m_image});
-  if (differences.empty()) return;
+  if (differences.empty() && name.isEmpty()) return;
   m_stack.push(new Step(*this, std::move(before), name.isEmpty() ? NameOfStep(differences) : name));
 }
 
 void EditHistory::Undo() {
   TakeStep();
-  if (!m_stack.canUndo()) return;
-  emit Told(tr("Undone: %1").arg(m_stack.undoText()));
+  if (!m_stack.canUndo()) return emit Told(tr("Nothing to undo"));
+  const QString name = m_stack.undoText();
   m_stack.undo();
+  emit Told(tr("Undone: %1").arg(name));
 }
 
 void EditHistory::Redo() {
   TakeStep();
-  if (!m_stack.canRedo()) return;
-  emit Told(tr("Redone: %1").arg(m_stack.redoText()));
+  if (!m_stack.canRedo()) return emit Told(tr("Nothing to redo"));
+  const QString name = m_stack.redoText();
   m_stack.redo();
+  emit Told(tr("Redone: %1").arg(name));
 }
 
 void EditHistory::ExchangeWith(State& other) {
@@ -106,10 +109,16 @@ void EditHistory::ExchangeWith(State& other) {
   m_show(m_current.configuration);
 }
 
+// A box is typed in until it is left: not yet for the menu bar, and not for another window.
+QWidget* EditHistory::TypedBox() const {
+  QWidget* const holder = m_typed != nullptr ? m_typed->window()->focusWidget() : QApplication::focusWidget();
+  return qobject_cast<QMenuBar*>(holder) != nullptr ? m_typed.data() : qobject_cast<EntryBox*>(holder);
+}
+
 // Before an input, what the last one did is complete, unless a dialog waits for an answer to it.
 bool EditHistory::eventFilter(QObject* watched, QEvent* event) {
   if (IsInput(event->type()) && QApplication::activeModalWidget() == nullptr) {
-    QObject* const box = qobject_cast<EntryBox*>(QApplication::focusWidget());
+    QWidget* const box = TypedBox();
     if (box == nullptr || box != m_typed) TakeStep();
     m_typed = box;
   }

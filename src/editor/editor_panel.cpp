@@ -13,6 +13,7 @@
 #include "set_field.h"
 #include "tts_frame.h"
 
+#include <QContextMenuEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -57,7 +58,7 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
   setObjectName(QStringLiteral("picEditor"));
   BuildFrames();
   m_history = new EditHistory(
-      m_image, [this] { return Shown(); }, [this](const Configuration& values) { ShowAgain(values); }, this);
+      m_image, [this] { return Agreed(); }, [this](const Configuration& values) { ShowAgain(values); }, this);
   connect(m_history, &EditHistory::Told, this, &EditorPanel::Told);
   new ChannelCommands(*this, m_channels->Grid(), *m_history, m_image, m_texts, m_messages);
   m_focusHolder->setObjectName(QStringLiteral("Command1"));
@@ -171,9 +172,14 @@ void EditorPanel::ShowAgain(const Configuration& values) {
 }
 
 void EditorPanel::Change(const Configuration& values, const QString& name) {
-  const Configuration shown = Shown();
-  if (values == shown) return;
+  Change(values, m_image, name);
+}
+
+void EditorPanel::Change(const Configuration& values, const RadioImage& image, const QString& name) {
+  const Configuration shown = ShownUnfinished();
+  if (values == shown && image == m_image) return;
   m_history->TakeStep();
+  m_image = image;
   const auto lower = ParseWhole(values.lowerBandLimit);
   if (lower && values.lowerBandLimit != shown.lowerBandLimit)
     static_cast<void>(RestartChannels(m_image, *lower, m_texts));
@@ -186,6 +192,13 @@ Configuration EditorPanel::Shown() const {
   Configuration values;
   for (const SettingsFrame* const frame : m_frames)
     frame->Collect(values);
+  return values;
+}
+
+// A band limit that is being typed is none yet.
+Configuration EditorPanel::Agreed() const {
+  Configuration values = Shown();
+  m_band->CollectUnfinished(values);
   return values;
 }
 
@@ -240,10 +253,12 @@ EntryBox* EditorPanel::OpenEntry() const {
 }
 
 void EditorPanel::Copy() {
-  if (const EntryBox* const box = OpenEntry()) box->CopyWhole();
+  if (const EntryBox* const box = OpenEntry()) return box->CopyWhole();
+  if (!m_channels->Grid().SelectedRows().empty()) emit Told(tr("Channels are copied by Ctrl+Shift+C."));
 }
 void EditorPanel::Paste() {
-  if (EntryBox* const box = OpenEntry()) box->PasteWhole();
+  if (EntryBox* const box = OpenEntry()) return box->PasteWhole();
+  if (!m_channels->Grid().SelectedRows().empty()) emit Told(tr("Channels are pasted by Ctrl+Shift+V."));
 }
 void EditorPanel::ShowChannelView() {
   ShowView(ChannelView);
@@ -261,6 +276,10 @@ void EditorPanel::ShowView(int view) {
 void EditorPanel::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   ShowView(m_views->currentIndex());
+}
+
+void EditorPanel::contextMenuEvent(QContextMenuEvent* event) {
+  emit MenuAsked(event->globalPos());
 }
 
 // A click on the background, a frame or a label.

@@ -42,6 +42,8 @@ public:
   [[nodiscard]] RadioImage Collected() const;
   // Shows `values` as a step of the history; its name as in EditHistory::TakeStep.
   void Change(const Configuration& values, const QString& name = {});
+  // The same with an image whose bytes that no control shows are others.
+  void Change(const Configuration& values, const RadioImage& image, const QString& name);
   [[nodiscard]] const FieldTexts& Texts() const { return m_texts; }
 
   void CommitOpenEditors(); // stores their text; then no field has the focus
@@ -57,9 +59,11 @@ signals:
   void Changed();
   void Filled(); // other data is shown
   void CompareAsked();
+  void MenuAsked(const QPoint& at); // on the screen, outside the channels and the text boxes
   void Told(const QString& message); // in passing
 
 protected:
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void moveEvent(QMoveEvent* event) override; // a scroll of the panel
 
@@ -69,6 +73,7 @@ private:
   void ShowView(int view);
   void ShowDecoded(const Decoded& decoded);
   void ShowAgain(const Configuration& values);
+  [[nodiscard]] Configuration Agreed() const;
   void ChangeSelcallMode(bool tts);
   void ChangeLowerLimit(int limit);
 

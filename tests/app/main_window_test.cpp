@@ -77,9 +77,11 @@ TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
 TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
   PutDataFile("a.k4x");
   Put("b.txt", "");
+  const QMimeData gone;
   const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
       {"a text", {"b.txt"}, std::string(ProgramTitle)},
       {"two files", {"a.k4x", "a.k4x"}, std::string(ProgramTitle)},
+      {"gone", {"a.k4x"}, std::string(ProgramTitle)},
       {"a data file", {"a.k4x"}, TitleOf("a.k4x")},
   };
   for (const auto& [name, dragged, title] : cases) {
@@ -88,7 +90,7 @@ TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
     for (const std::string& file : dragged)
       urls.append(QUrl::fromLocalFile(QString::fromStdString(Path(file))));
     data.setUrls(urls);
-    Drop(data);
+    Drop(data, name == std::string("gone") ? &gone : nullptr);
     EXPECT_EQ(Title(), title) << name;
   }
   EXPECT_EQ(Happened(), Lines());
@@ -109,7 +111,7 @@ TEST_F(ProgramTest, UndoTellsInPassingMarksTheDataAsChangedAndEndsWithTheData) {
   desk.answers = {Answer::No};
   Choose("mnuFileClose");
   QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(Status(1), "Undone: CH1 High Tx Power") << "nothing was redone";
+  EXPECT_EQ(Status(1), "Nothing to redo");
   EXPECT_EQ(Happened(), Lines{question});
 }
 

@@ -97,12 +97,15 @@ protected:
   // What has happened since the last look.
   Lines Happened() { return std::exchange(desk.happened, {}); }
 
-  void Drop(const QMimeData& data) {
+  // What is delivered differs if the program that it comes from has ended.
+  void Drop(const QMimeData& data, const QMimeData* delivered = nullptr) {
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
     const QPoint onABox = window->findChild<QWidget*>("txtFreqBandL")->mapTo(window.get(), QPoint(3, 3));
-    QDragEnterEvent enter(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QDragEnterEvent enter(onABox, offered, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(window->windowHandle(), &enter);
-    QDropEvent drop(onABox, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QDropEvent drop(onABox, offered, delivered != nullptr ? delivered : &data, Qt::LeftButton, Qt::ShiftModifier);
     if (enter.isAccepted()) QCoreApplication::sendEvent(window->windowHandle(), &drop);
+    EXPECT_TRUE(!drop.isAccepted() || drop.dropAction() == Qt::CopyAction);
     QCoreApplication::processEvents();
   }
 

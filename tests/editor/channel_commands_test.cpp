@@ -1,6 +1,7 @@
 // Whole channels: selecting rows, and the commands on them by keys and from the menu.
 #include "editor_fixture.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
 
@@ -104,6 +105,16 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   menu->setActiveAction(menu->actions()[6]);
   QTest::keyClick(menu, Qt::Key_Return);
   EXPECT_TRUE(Channel(12) == Channel(13) && Channel(12).noCh);
+  panel.ShowFunctionView();
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, {3, 3}, panel.mapToGlobal(QPoint(3, 3)));
+  QCoreApplication::sendEvent(&panel, &asked);
+  auto* const shortMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(shortMenu, nullptr);
+  EXPECT_EQ(shortMenu->actions().size(), 4);
+  EXPECT_EQ(shortMenu->actions()[2]->text(), "Undo Clear");
+  shortMenu->close();
+  panel.ShowChannelView();
+  grid.setFocus();
   EXPECT_EQ(messages.shown, Lines());
   for (int i = 0; i < 9; ++i)
     Undo();

@@ -99,7 +99,9 @@ TEST_F(HistoryTest, TwoHundredRandomEditsAreUndoneAndRedoneToTheSameBytes) {
     Undo();
     ASSERT_TRUE(isAt(i)) << i << ' ' << told.back();
   }
-  Undo(); // there is no more
+  Undo();
+  EXPECT_EQ(told.back(), "Nothing to undo");
+  told.pop_back();
   for (std::size_t i = 1; i < states.size(); ++i) {
     Redo();
     ASSERT_TRUE(isAt(i)) << i << ' ' << told.back();
@@ -151,7 +153,52 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   Redo();
   panel.Fill(); // other data
   Undo();
-  EXPECT_EQ(told.back(), "Undone: CH3 In Use");
+  EXPECT_EQ(told.back(), "Nothing to undo");
+}
+
+TEST_F(HistoryTest, AHalfTypedLimitIsNoStepAndTouchesNoBytes) {
+  image.ChannelBlock(0, 0) |= 0x08; // no setting shows it
+  panel.Fill();
+  const RadioImage before = Bytes();
+  messages.answer = Answer::Yes;
+  QWidget other; // as the comparison
+  other.show();
+  QLineEdit& limit = Type("txtFreqBandL", "45");
+  QTest::keyClick(&other, Qt::Key_Shift);
+  Configuration values = panel.ShownUnfinished();
+  values.channels[1].cells[static_cast<std::size_t>(GridColumn::PttId)] = "ON";
+  panel.Change(values);
+  EXPECT_EQ(limit.text(), "440");
+  GoElsewhere();
+  Undo();
+  EXPECT_EQ(Bytes(), before);
+  Type("txtFreqBandL", "45");
+  QTest::keyClick(&other, Qt::Key_Shift);
+  QTest::keyClicks(&limit, "0");
+  GoElsewhere();
+  Undo();
+  EXPECT_EQ(told.back(), "Undone: Lower Limit: 450");
+  EXPECT_EQ(limit.text(), "440");
+  EXPECT_EQ(Bytes(), before);
+}
+
+// Two channels can look the same and hold other bytes.
+TEST_F(HistoryTest, AMoveOfUnseenBytesIsAStep) {
+  image.ChannelBlock(4, 0) |= 0x08;
+  panel.Fill();
+  changed.clear();
+  const RadioImage before = Bytes();
+  grid.setCurrentCell(4, 0);
+  Key(Qt::Key_Down, Qt::AltModifier);
+  const RadioImage moved = Bytes();
+  EXPECT_EQ(moved.ChannelBlock(4, 0) & 0x08, 0);
+  EXPECT_EQ(moved.ChannelBlock(5, 0) & 0x08, 0x08);
+  EXPECT_GT(changed.count(), 0);
+  Undo();
+  EXPECT_EQ(told.back(), "Undone: Move Down");
+  EXPECT_EQ(Bytes(), before);
+  Redo();
+  EXPECT_EQ(Bytes(), moved);
 }
 
 } // namespace

@@ -16,7 +16,7 @@ struct ChannelCommands::Row {
   const char* name = "";
   const char* keys = ""; // further ones after a semicolon
   void (ChannelCommands::*run)() = nullptr;
-  bool isEverywhere = false; // else its keys count in the grid only
+  bool isEverywhere = false; // else it belongs to the grid
 
   static std::span<const Row> Table();
 };
@@ -32,8 +32,8 @@ std::span<const ChannelCommands::Row> ChannelCommands::Row::Table() {
     {"Fill Down",      "mnuChannelsFill",  "Ctrl+D",               &ChannelCommands::FillDown},
     {"Clear",          "mnuChannelsClear", "",                     &ChannelCommands::Clear},
     {},
-    {"Compare with File...", "mnuChannelsCompare", "",             &ChannelCommands::Compare},
-    {},
+    {"Compare with File...", "mnuChannelsCompare", "",             &ChannelCommands::Compare, true},
+    {"",               "",                 "",                     nullptr, true},
     {"Undo",           "mnuUndo",          "Ctrl+Z",               &ChannelCommands::Undo, true},
     {"Redo",           "mnuRedo",          "Ctrl+Shift+Z; Ctrl+Y", &ChannelCommands::Redo, true},
   };
@@ -59,19 +59,21 @@ ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHist
     (row.isEverywhere ? static_cast<QWidget&>(panel) : grid).addAction(action);
     connect(action, &QAction::triggered, this, [this, &row] { Run(row); });
   }
-  connect(&grid, &ChannelGrid::MenuAsked, this, &ChannelCommands::ShowMenu);
+  connect(&grid, &ChannelGrid::MenuAsked, this, [this](const QPoint& at) { ShowMenu(at, Menu::Whole); });
+  connect(&panel, &EditorPanel::MenuAsked, this, [this](const QPoint& at) { ShowMenu(at, Menu::OutsideGrid); });
   connect(&panel, &EditorPanel::Changed, &grid, &ChannelGrid::UnselectRows);
 }
 
 // An entry that can't be used now is grey in the menu, but its keys stay at work.
-void ChannelCommands::ShowMenu(const QPoint& at) {
+void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
   m_panel.CommitOpenEditors();
-  m_grid.setFocus();
+  if (which == Menu::Whole) m_grid.setFocus();
   m_history.TakeStep();
-  auto* const menu = new QMenu(&m_grid);
+  auto* const menu = new QMenu(&m_panel);
   menu->setObjectName(QStringLiteral("mnuChannels"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
   for (std::size_t i = 0; i < m_actions.size(); ++i) {
+    if (which != Menu::Whole && !Row::Table()[i].isEverywhere) continue;
     const auto run = Row::Table()[i].run;
     const bool isUnusable = (run == &ChannelCommands::Undo && !m_history.Stack().canUndo()) ||
                             (run == &ChannelCommands::Redo && !m_history.Stack().canRedo()) ||
@@ -106,8 +108,14 @@ void ChannelCommands::Finish(const Configuration& changed, const Refusals& refus
     return;
   }
   const std::set<int> rows = m_grid.SelectedRows();
+  const Configuration before = m_panel.Shown();
   m_panel.Change(changed, m_running);
   m_grid.SelectRows(rows); // for the next command
+  int unseen = 0;
+  for (std::size_t i = 0; i < ChannelCount; ++i)
+    if (changed.channels[i].noCh && before.channels[i].noCh && changed.channels[i] != before.channels[i]) ++unseen;
+  emit m_panel.Told(unseen == 0 ? tr("Done: %1").arg(m_running)
+                                : tr("Done: %1 (channels that are not in use: %2)").arg(m_running).arg(unseen));
 }
 
 void ChannelCommands::CopyChannels() {
@@ -126,12 +134,12 @@ void ChannelCommands::PasteChannels() {
 void ChannelCommands::Move(int by) {
   Configuration values = m_panel.Shown();
   Channels channels = ChosenChannels();
-  m_history.TakeStep(); // before the image changes
-  if (!MoveChannels(values, m_image, channels, by)) return;
+  RadioImage image = m_image;
+  if (!MoveChannels(values, image, channels, by)) return;
   const std::set<int> rows = m_grid.SelectedRows();
   const bool areSelected = !rows.empty();
   const bool isCurrentAmong = !areSelected || rows.contains(m_grid.currentRow());
-  Finish(values);
+  m_panel.Change(values, image, m_running);
   if (isCurrentAmong) m_grid.setCurrentCell(m_grid.currentRow() + by, m_grid.currentColumn());
   if (areSelected) m_grid.SelectRows({channels.begin(), channels.end()});
 }

@@ -1,4 +1,5 @@
-// The commands on whole channels, with undo and redo: by keys, and in a menu on the channel grid. They work on the
+// The commands on whole channels, with undo and redo: by keys, and in a menu on the channel grid. A short menu, of what
+// has nothing to do with channels, is everywhere else. They work on the
 // selected rows or, without any, on the current one.
 #pragma once
 
@@ -24,7 +25,8 @@ public:
 private:
   struct Row;
 
-  void ShowMenu(const QPoint& at);
+  enum class Menu { Whole, OutsideGrid };
+  void ShowMenu(const QPoint& at, Menu menu);
   void Run(const Row& row);
   void CopyChannels();
   void PasteChannels();

@@ -106,9 +106,14 @@ public:
 protected:
   void mousePressEvent(QMouseEvent* event) override {
     const int row = logicalIndexAt(event->pos());
+    m_row = row;
     if (row >= 0) m_clicked(row, event->button(), event->modifiers());
   }
-  void mouseMoveEvent(QMouseEvent* /*event*/) override {}
+  void mouseMoveEvent(QMouseEvent* event) override {
+    const int row = logicalIndexAt(event->pos());
+    if (row < 0 || row == std::exchange(m_row, row) || !event->buttons().testFlag(Qt::LeftButton)) return;
+    m_clicked(row, Qt::LeftButton, Qt::ShiftModifier);
+  }
   void contextMenuEvent(QContextMenuEvent* event) override { emit m_grid.MenuAsked(event->globalPos()); }
   void paintSection(QPainter* painter, const QRect& place, int row) const override {
     painter->save(); // Qt leaves another clipping behind
@@ -128,6 +133,7 @@ protected:
 private:
   ChannelGrid& m_grid;
   std::function<void(int, Qt::MouseButton, Qt::KeyboardModifiers)> m_clicked;
+  int m_row = -1; // that the mouse was over last
 };
 
 // A hidden text stays hidden, and selected rows have a tint of the selection's colour, on which texts can be read.

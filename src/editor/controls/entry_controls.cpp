@@ -182,7 +182,7 @@ void EntryBox::contextMenuEvent(QContextMenuEvent* event) {
 
 // Backspace and the clipboard keys always work.
 bool EntryBox::KeepsKey(const QKeyEvent& event) const {
-  if (m_editingKeys || event.key() == Qt::Key_Backspace) return true;
+  if (m_editingKeys || event.key() == Qt::Key_Backspace || event.matches(QKeySequence::Redo)) return true;
   return event.modifiers() == Qt::ControlModifier &&
          (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::Cut) ||
           event.matches(QKeySequence::SelectAll) || event.matches(QKeySequence::Undo));

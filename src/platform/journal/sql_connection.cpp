@@ -19,7 +19,7 @@ constexpr char FileOptions[] = "QSQLITE_BUSY_TIMEOUT=5000";
 constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_READONLY";
 constexpr char FrozenFileOptions[] = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
 
-constexpr std::string_view FileMark = "SQLite format 3";
+constexpr off_t SmallestDatabase = 512; // bytes; SQLite would take a file of one byte for an empty one
 
 bool IsServer(const std::string& address) {
   return address.find("://") != std::string::npos;
@@ -102,10 +102,9 @@ bool SqlConnection::CheckFile() {
   const FileId id = {found.st_dev, found.st_ino};
   if (m_fileId) return (isThere && id == *m_fileId) || Fail("The journal was moved, deleted or replaced.");
   if (!isThere) return m_use == JournalUse::Enter || Fail("There is no such journal.");
-  QFile file(QString::fromStdString(m_file));
-  const bool isJournal = S_ISREG(found.st_mode) && (found.st_size == 0 || !file.open(QFile::ReadOnly) ||
-                                                    file.read(FileMark.size()) == FileMark.data());
-  if (!isJournal) return Fail("It is no journal.");
+  // Only by its size: closing a file gives up the locks that the process has on it. SQLite refuses larger ones itself.
+  const bool mayBeJournal = S_ISREG(found.st_mode) && (found.st_size == 0 || found.st_size >= SmallestDatabase);
+  if (!mayBeJournal) return Fail("It is no journal.");
   if (Database().isOpen()) m_fileId = id;
   return true;
 }
