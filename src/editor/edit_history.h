@@ -22,7 +22,8 @@ public:
 
   void Restart(); // the editor shows other data now
   // What has changed since the last step becomes one, named after its first difference unless it has a name. Otherwise
-  // this happens by itself before the next input. With a name it is a step even if only bytes of the image have changed.
+  // this happens by itself before the next input. With a name it is a step even if only bytes of the image have
+  // changed.
   void TakeStep(const QString& name = {});
   void Undo();
   void Redo();
@@ -48,8 +49,8 @@ private:
   RadioImage& m_image;
   std::function<Configuration()> m_shown;
   std::function<void(const Configuration&)> m_show;
-  State m_current;            // after the last step
-  QPointer<QWidget> m_typed;  // the text box that had the focus at the last input
+  State m_current;           // after the last step
+  QPointer<QWidget> m_typed; // the text box that had the focus at the last input
   QUndoStack m_stack;
 };
 

@@ -59,7 +59,7 @@ signals:
   void Changed();
   void Filled(); // other data is shown
   void CompareAsked();
-  void MenuAsked(const QPoint& at); // on the screen, outside the channels and the text boxes
+  void MenuAsked(const QPoint& at);  // on the screen, outside the channels and the text boxes
   void Told(const QString& message); // in passing
 
 protected:
