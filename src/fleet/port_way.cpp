@@ -2,7 +2,6 @@
 
 #include "decimal.h"
 #include "function_settings.h"
-#include "messages.h"
 #include "pending_attempts.h"
 #include "radio_way.h"
 #include "words.h"
@@ -68,7 +67,7 @@ public:
       m_clock.WaitUntil(next);
     }
     static_cast<void>(Look()); // what is still pending
-    m_failures >= MostFailures ? Tell(Stopped, m_event.text) : Tell(Finished);
+    m_failures >= MostFailures ? Tell(Stopped, "look at the cable; the last one: " + m_event.text) : Tell(Finished);
   }
 
 private:
@@ -113,7 +112,11 @@ void PortWay::Try() {
 
   RadioImage image;
   const ExchangeResult result = ReadIdentity(m_line, image, *this, 1);
-  if (result.outcome == Outcome::PortNotOpened) return Gone(NoPort, result.systemDescription);
+  if (result.outcome == Outcome::PortNotOpened) {
+    m_radio.reset();
+    // A cable that was pulled must not hide which radio holds only a part.
+    return m_event.state == Failed ? void() : Gone(NoPort, result.systemDescription);
+  }
   if (result.outcome == Outcome::NoResponse) {
     if (m_radio && ++m_silentTries < SilentTries) return;
     return Gone(Waiting, m_line.HasHeard() ? "what answers is no radio, or the cable is bad" : "");
@@ -128,7 +131,7 @@ void PortWay::Try() {
   } else if (!m_radio && ++m_badIdentities == IdentityTries) {
     m_radio = "";
     m_badIdentities = 0;
-    Handle({}, FailureOf(result).value().text);
+    Handle({}, ReasonFor(result));
   }
 }
 
@@ -203,6 +206,10 @@ void PortWay::End(Attempt& attempt, AttemptOutcome outcome, Place& place) {
   const std::string text = entered == AttemptOutcome::Verified   ? WhatIsPending()
                            : entered == AttemptOutcome::Conflict ? LineForConflict(attempt)
                                                                  : attempt.text;
+  if (entered != AttemptOutcome::Verified) { // the row is no longer this radio's
+    m_event.row = 0;
+    m_event.label.clear();
+  }
   Tell(entered == AttemptOutcome::Verified ? Done : entered == AttemptOutcome::SetAside ? SetAside : Failed, text);
   static_cast<void>(Look()); // it may have been the last row
 }

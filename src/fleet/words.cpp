@@ -92,6 +92,24 @@ std::string_view WordFor(RowState state) {
   return Words[static_cast<std::size_t>(state)];
 }
 
+std::string ReasonFor(const ExchangeResult& result) {
+  const bool isWrite = result.transfer == Transfer::Write || result.transfer == Transfer::WriteInfo;
+  switch (result.outcome) {
+  case Outcome::Complete:
+    return "";
+  case Outcome::PortNotOpened:
+    return "the port can't be opened" + (result.systemDescription.empty() ? "" : ": " + result.systemDescription);
+  case Outcome::NoResponse:
+    return "the radio does not answer";
+  case Outcome::WrongModel:
+    return "the radio is another model";
+  case Outcome::BandDeclined:
+    return "the radio has another band";
+  default:
+    return isWrite ? "the writing broke off; the radio holds only a part of it" : "the reading broke off";
+  }
+}
+
 std::string LineFor(const PortEvent& event, std::string_view portName) {
   const StateWords& words = States[static_cast<std::size_t>(event.state)];
   std::string name = NameOf(event.row, event.label, event.idNumber);

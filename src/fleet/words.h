@@ -15,6 +15,9 @@ namespace mr4500x {
 [[nodiscard]] std::optional<AttemptOutcome> OutcomeNamed(std::string_view word);
 [[nodiscard]] std::string_view WordFor(RowState state); // "free"
 
+// Why an exchange ended, for somebody who can only plug the radio in once more; "" if it is complete.
+[[nodiscard]] std::string ReasonFor(const ExchangeResult& result);
+
 // "COM3: row 12, Truck 12, radio R12: verified; take the radio off"
 [[nodiscard]] std::string LineFor(const PortEvent& event, std::string_view portName);
 

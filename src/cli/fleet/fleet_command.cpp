@@ -84,6 +84,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   };
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
+  terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed() << '\n';
   const std::size_t pending = session.PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan.isEndless && choice.count < 0;

@@ -105,6 +105,14 @@ std::optional<std::string> EnterPlan(const std::string& address, const Plan& pla
   return journal->Error();
 }
 
+JournalContent ReadJournal(const std::string& address, const std::string& plan) {
+  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
+  const auto rows = journal->Rows(plan);
+  const auto attempts = rows ? journal->Attempts(plan) : std::nullopt;
+  if (!attempts) return {{}, {}, journal->Error()};
+  return {*rows, *attempts, ""};
+}
+
 FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
                            std::function<void(const PortEvent&)> tell, std::function<void(const Attempt&)> tellConflict)
     : m_texts(BuildFieldTexts('.')), m_plan(std::move(plan)),

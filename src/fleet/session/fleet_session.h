@@ -28,6 +28,13 @@ namespace mr4500x {
 // Enters the plan's rows in the journal. Returns why it failed.
 [[nodiscard]] std::optional<std::string> EnterPlan(const std::string& address, const Plan& plan);
 
+struct JournalContent {
+  std::vector<JournalRow> rows; // of the plan
+  std::vector<Attempt> attempts;
+  std::string error; // "": it was read
+};
+[[nodiscard]] JournalContent ReadJournal(const std::string& address, const std::string& plan);
+
 // Its end stops the ports after the radios at hand, and waits for them.
 class FleetSession {
 public:
@@ -70,6 +77,9 @@ private:
   int m_done = 0;
 };
 
+[[nodiscard]] constexpr bool IsUnderway(PortState state) { // with a radio that must not be taken off
+  return state >= PortState::Identifying && state <= PortState::Verifying;
+}
 [[nodiscard]] constexpr bool IsGood(PortState state) {
   return state == PortState::Done || state == PortState::AlreadyDone;
 }

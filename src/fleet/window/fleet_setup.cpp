@@ -20,12 +20,15 @@ namespace mr4500x {
 FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
                        const std::function<void()>& portsChanged)
     : QGroupBox(tr("Plan")), m_files(files), m_settingsFile(std::move(settingsFile)),
-      m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_ports(new QListWidget),
+      m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_summary(new QLabel), m_ports(new QListWidget),
       m_quick(new QCheckBox(tr("&Quick"))), m_otherBand(new QCheckBox(tr("Accept other &bands"))),
       m_sound(new QCheckBox(tr("So&und"))) {
   auto* const all = new QHBoxLayout(this);
   all->setContentsMargins(4, 0, 4, 4);
   all->addWidget(m_choices, 1);
+  all->addWidget(m_summary, 1);
+  m_summary->setTextFormat(Qt::PlainText);
+  m_summary->hide();
   auto* const grid = new QGridLayout(m_choices);
   grid->setContentsMargins(4, 4, 4, 4);
   m_template = AddFile(*grid, "txtTemplate", tr("&Template:"), tr("Data files (*.K4X *.k4x *.K4Y *.k4y)"));
@@ -104,7 +107,15 @@ bool FleetSetup::HasSound() const {
 }
 
 void FleetSetup::SetRunning(bool isRunning) {
+  QStringList names;
+  for (const QLineEdit* const edit : {m_template, m_rows, m_journal})
+    if (!edit->text().isEmpty()) names.append(QFileInfo(edit->text()).fileName());
+  for (const QCheckBox* const option : {m_quick, m_otherBand})
+    if (option->isChecked()) names.append(option->text().remove(QLatin1Char('&')));
+  m_summary->setText(names.join(QStringLiteral(", ")));
   m_choices->setEnabled(!isRunning);
+  m_choices->setVisible(!isRunning);
+  m_summary->setVisible(isRunning);
 }
 
 void FleetSetup::FindPorts() {

@@ -9,6 +9,7 @@
 
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QSettings;
@@ -38,6 +39,7 @@ private:
   std::string m_settingsFile;
   std::function<void()> m_filesChanged;
   QWidget* m_choices;
+  QLabel* m_summary; // stands for them while the bench runs
   QLineEdit* m_template;
   QLineEdit* m_rows;
   QLineEdit* m_journal;

@@ -11,7 +11,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -26,6 +28,7 @@
 #include <QShortcut>
 #include <QTableView>
 
+#include <algorithm>
 #include <chrono>
 
 namespace mr4500x {
@@ -33,7 +36,18 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int CardsInARow = 4;
+constexpr int MostCardsInARow = 4;
+
+// What is now read from the files, and if that is still the plan that is shown, why it can't be entered.
+struct Beginning {
+  std::shared_ptr<const PlanCheck> check;
+  bool isSame = false;
+  std::optional<std::string> reason;
+};
+
+bool IsSamePlan(const PlanCheck& a, const PlanCheck& b) {
+  return a.plan.key == b.plan.key && a.problems == b.problems;
+}
 
 } // namespace
 
@@ -43,8 +57,8 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
           files, m_settingsFile, [this] { ForgetPlan(); }, [this] { ShowState(); })),
       m_counts(new QLabel), m_message(new QLabel), m_problems(new QListWidget), m_cardArea(new QScrollArea),
       m_cardGrid(new QGridLayout), m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
-      m_stop(new QPushButton(tr("St&op after these radios"))), m_save(new QPushButton(tr("Save jo&urnal..."))),
-      m_print(new QPushButton(tr("&Print journal..."))) {
+      m_stop(new QPushButton(tr("St&op after these radios"))), m_save(new QPushButton(tr("Sa&ve journal..."))),
+      m_print(new QPushButton(tr("Print jour&nal..."))) {
   m_worker.setMaxThreadCount(1);
   BuildWindow();
   m_lookAgain.setInterval(2s);
@@ -140,7 +154,7 @@ void FrmFleet::Tell(const QString& text) {
 void FrmFleet::ForgetPlan() {
   m_plan.reset();
   ++m_loads;
-  Tell(m_setup->Choice().templateFile.empty() ? tr("Choose a template and the ports.") : QString());
+  Tell({});
   ShowState();
   m_loadSoon.start(); // when the user has typed it
 }
@@ -153,22 +167,32 @@ void FrmFleet::LoadChosenPlan() {
   };
   Later(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
     if (load != m_loads) return;
-    m_plan = check;
-    m_journal = JournalOf(choice);
-    m_problems->clear();
-    for (const std::string& problem : check->problems)
-      m_problems->addItem(Shown(problem));
-    m_rows.Show(check->problems.empty() ? JournalRowsOf(check->plan) : std::vector<JournalRow>());
-    ShowCounts();
-    ShowState();
-    LookAtRows();
+    if (!m_session && !m_isStarting) ShowPlan(check, choice);
   });
+}
+
+void FrmFleet::ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice) {
+  m_plan = check;
+  m_journal = JournalOf(choice);
+  m_journalError.clear();
+  m_problems->clear();
+  for (const std::string& problem : check->problems)
+    m_problems->addItem(Shown(problem));
+  m_rows.Show(check->problems.empty() ? JournalRowsOf(check->plan) : std::vector<JournalRow>());
+  ShowCounts();
+  ShowState();
+  LookAtRows();
 }
 
 void FrmFleet::ShowState() {
   const bool isUsable = m_plan && m_plan->problems.empty(), isRunning = m_session || m_isStarting;
   m_setup->SetRunning(isRunning);
-  m_start->setEnabled(!isRunning && isUsable && !m_setup->Choice().ports.empty());
+  const FleetChoice choice = m_setup->Choice();
+  if (!isRunning && (choice.templateFile.empty() || choice.ports.empty()))
+    Tell(tr("Choose a template and the ports."));
+  else if (m_message->text() == tr("Choose a template and the ports."))
+    Tell({});
+  m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
   m_save->setEnabled(isUsable);
   m_print->setEnabled(isUsable);
@@ -182,13 +206,23 @@ void FrmFleet::Start() {
   Tell({});
   ShowState();
   const FleetChoice choice = m_setup->Choice();
-  const auto work = [plan = m_plan, address = m_journal] { return EnterPlan(address, plan->plan); };
-  Later(work, [this, choice](const std::optional<std::string>& reason) {
+  const auto work = [this, choice, plan = m_plan, address = m_journal] {
+    Beginning beginning;
+    beginning.check = std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.')));
+    beginning.isSame = IsSamePlan(*beginning.check, *plan);
+    if (beginning.isSame) beginning.reason = EnterPlan(address, plan->plan);
+    return beginning;
+  };
+  Later(work, [this, choice](const Beginning& beginning) {
     m_isStarting = false;
-    if (reason)
-      Tell(Shown(m_journal + ": " + *reason));
-    else
+    if (!beginning.isSame) {
+      ShowPlan(beginning.check, choice);
+      Tell(tr("The template or the rows have changed. Look at them, and start again."));
+    } else if (beginning.reason) {
+      Tell(Shown(m_journal + ": " + *beginning.reason));
+    } else {
       StartPorts(choice);
+    }
     ShowState();
   });
 }
@@ -196,12 +230,10 @@ void FrmFleet::Start() {
 void FrmFleet::StartPorts(const FleetChoice& choice) {
   qDeleteAll(m_cards);
   m_cards.clear();
-  for (const PortArgument& port : choice.ports) {
-    const int at = static_cast<int>(m_cards.size());
+  for (const PortArgument& port : choice.ports)
     m_cards.push_back(new PortCard(Shown(NameOf(port))));
-    m_cardGrid->addWidget(m_cards.back(), at / CardsInARow, at % CardsInARow);
-  }
   m_cardArea->show();
+  ArrangeCards();
   m_tally = FleetTally(choice.ports.size());
   m_isStopping = false;
   m_since.start();
@@ -213,6 +245,18 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
       [this, inWindow](const PortEvent& event) { inWindow([this, event] { Take(event); }); },
       [this, inWindow](const Attempt& attempt) { inWindow([this, attempt] { TellConflict(attempt); }); });
   m_stop->setFocus();
+}
+
+// As many in a row as the window is wide enough for.
+void FrmFleet::ArrangeCards() {
+  if (m_cards.empty()) return;
+  const int room = width() - layout()->contentsMargins().left() - layout()->contentsMargins().right();
+  const int card = m_cards.front()->minimumSizeHint().width() + m_cardGrid->spacing();
+  const int inARow = std::clamp(room / card, 1, MostCardsInARow);
+  for (int at = 0; PortCard* const each : m_cards) {
+    m_cardGrid->addWidget(each, at / inARow, at % inARow);
+    ++at;
+  }
 }
 
 void FrmFleet::Take(const PortEvent& event) {
@@ -257,13 +301,13 @@ void FrmFleet::StopAfterTheseRadios() {
 void FrmFleet::LookAtRows() {
   if (m_isLooking || !m_plan || !m_plan->problems.empty()) return;
   m_isLooking = true;
-  const auto work = [plan = m_plan, address = m_journal] {
-    return OpenJournal(address, JournalUse::List)->Rows(plan->plan.key);
-  };
-  Later(work, [this, plan = m_plan](const std::optional<std::vector<JournalRow>>& rows) {
+  const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
+  Later(work, [this, plan = m_plan](const JournalContent& content) {
     m_isLooking = false;
     if (plan != m_plan) return LookAtRows();
-    if (rows && !rows->empty()) m_rows.Show(*rows);
+    if (!content.rows.empty()) m_rows.Show(content.rows);
+    // Before the first start there is no file.
+    m_journalError = m_session || FileOfJournal(m_journal).empty() ? Shown(content.error) : QString();
     ShowCounts();
   });
 }
@@ -271,8 +315,10 @@ void FrmFleet::LookAtRows() {
 void FrmFleet::ShowCounts() {
   const int done = m_rows.Count(RowState::Done), taken = m_rows.Count(RowState::Taken), left = m_rows.rowCount() - done;
   QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
-  if (m_tally.Failed() > 0) text += tr("; radios that failed: %1").arg(m_tally.Failed());
-  if (m_session && m_tally.Done() > 0 && left > 0)
+  if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
+  if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
+  if (m_tally.Failed() > 0) text += tr("; radios not verified: %1").arg(m_tally.Failed());
+  if (m_session && m_journalError.isEmpty() && m_tally.Done() > 0 && left > 0)
     text += tr("; about %1 min left").arg(m_since.elapsed() * left / m_tally.Done() / 60'000 + 1);
   m_counts->setText(text);
 }
@@ -283,36 +329,34 @@ void FrmFleet::Beep(int times) {
     QTimer::singleShot(i * 250ms, this, [] { QApplication::beep(); });
 }
 
-void FrmFleet::WithAttempts(std::function<void(const std::vector<Attempt>&)> use) {
-  struct Found {
-    std::optional<std::vector<Attempt>> attempts;
-    std::string reason;
-  };
-  const auto work = [plan = m_plan, address = m_journal] {
-    const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-    auto attempts = journal->Attempts(plan->plan.key);
-    return Found{std::move(attempts), journal->Error()};
-  };
-  Later(work, [this, use = std::move(use)](const Found& found) {
-    if (found.attempts)
-      use(*found.attempts);
+void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
+  const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
+  Later(work, [this, use = std::move(use)](const JournalContent& content) {
+    if (content.error.empty())
+      use(content);
     else
-      Tell(Shown(m_journal + ": " + found.reason));
+      Tell(Shown(m_journal + ": " + content.error));
   });
 }
 
 void FrmFleet::SaveJournal() {
-  const QString file = QFileDialog::getSaveFileName(this, tr("Save journal"), {}, tr("Tables (*.csv);;Pages (*.pdf)"));
+  const QString tables = tr("Tables (*.csv)"), pages = tr("Pages (*.pdf)");
+  const QFileInfo plan(Shown(m_setup->Choice().templateFile));
+  QString kind, file = plan.dir().filePath(plan.completeBaseName() + QStringLiteral("-journal.csv"));
+  file = QFileDialog::getSaveFileName(this, tr("Save journal"), file, tables + QStringLiteral(";;") + pages, &kind);
   if (file.isEmpty()) return;
+  if (kind == pages && !file.endsWith(QLatin1String(".pdf")))
+    file.remove(QStringLiteral(".csv")).append(QStringLiteral(".pdf"));
+  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".csv");
   if (IsNeeded(m_setup->Choice(), file.toStdString())) return Tell(tr("%1 can't be written.").arg(file));
-  WithAttempts([this, file, name = Shown(m_plan->plan.name)](const std::vector<Attempt>& attempts) {
+  WithJournal([this, file, name = Shown(m_plan->plan.name)](const JournalContent& content) {
     bool isStored = false;
     if (file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
       QPrinter printer(QPrinter::HighResolution);
       printer.setOutputFileName(file);
-      isStored = PrintJournal(printer, name, attempts);
+      isStored = PrintJournal(printer, name, content);
     } else {
-      const std::string text = JournalCsv(attempts);
+      const std::string text = JournalCsv(content.attempts);
       const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
       isStored = ReplaceFile(m_files, file.toStdString(), bytes, Surplus::Drop);
     }
@@ -322,9 +366,10 @@ void FrmFleet::SaveJournal() {
 
 void FrmFleet::PrintOnPaper() {
   const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  printer->setDocName(windowTitle());
   if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted) return;
-  WithAttempts([this, printer, name = Shown(m_plan->plan.name)](const std::vector<Attempt>& attempts) {
-    if (!PrintJournal(*printer, name, attempts))
+  WithJournal([this, printer, name = Shown(m_plan->plan.name)](const JournalContent& content) {
+    if (!PrintJournal(*printer, name, content))
       Tell(tr("The printer %1 did not take the job.").arg(printer->printerName()));
   });
 }
@@ -339,6 +384,8 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
   if (m_session) {
     event->ignore();
     if (m_closesAtEnd) return;
+    if (std::ranges::none_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); }))
+      return EndBySignal(); // nothing to wait for
     const auto answer = QMessageBox::question(
         this, windowTitle(),
         tr("Radios are being programmed. Do you want to stop after these radios, and close then?"));
@@ -353,8 +400,17 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
   event->accept();
 }
 
+void FrmFleet::resizeEvent(QResizeEvent* event) {
+  ArrangeCards();
+  QWidget::resizeEvent(event);
+}
+
+// Meanwhile a cable may have come, and the lists may be others.
 bool FrmFleet::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && !m_session) m_setup->FindPorts();
+  if (event->type() == QEvent::WindowActivate && !m_session && !m_isStarting) {
+    m_setup->FindPorts();
+    LoadChosenPlan();
+  }
   return QWidget::event(event);
 }
 

@@ -36,6 +36,7 @@ public:
 
 protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool event(QEvent* event) override;
 
 private:
@@ -46,6 +47,7 @@ private:
   void BuildWindow();
   void ForgetPlan();
   void LoadChosenPlan();
+  void ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice);
   void Start();
   void StartPorts(const FleetChoice& choice);
   void Take(const PortEvent& event);
@@ -53,9 +55,10 @@ private:
   void End();
   void LookAtRows();
   void ShowCounts();
+  void ArrangeCards();
   void ShowState(); // what can be done now
   void Beep(int times);
-  void WithAttempts(std::function<void(const std::vector<Attempt>&)> use);
+  void WithJournal(std::function<void(const JournalContent&)> use);
   void SaveJournal();
   void PrintOnPaper();
   void Tell(const QString& text);
@@ -83,6 +86,7 @@ private:
   FleetTally m_tally{0};
   QTimer m_loadSoon, m_lookAgain;
   QElapsedTimer m_since;
+  QString m_journalError; // of the last look
   bool m_isStarting = false, m_isStopping = false, m_isLooking = false, m_closesAtEnd = false;
 };
 

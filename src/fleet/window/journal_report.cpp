@@ -3,9 +3,14 @@
 #include "shown_text.h"
 #include "words.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QDateTime>
+#include <QLocale>
+#include <QPainter>
 #include <QPrinter>
 #include <QTextDocument>
 
+#include <algorithm>
 #include <map>
 
 namespace mr4500x {
@@ -18,36 +23,68 @@ QString Cells(const char* tag, std::initializer_list<std::string_view> texts) {
   return QStringLiteral("<tr>") + row + QStringLiteral("</tr>");
 }
 
-QString HtmlOf(const QString& planName, const std::vector<Attempt>& attempts) {
+// "Taxi 7 (row 7)"
+QString NotDone(const std::vector<JournalRow>& rows) {
+  QStringList names;
+  for (const JournalRow& row : rows) {
+    if (row.state == RowState::Done) continue;
+    const QString number = QObject::tr("row %1").arg(row.row);
+    names.append(row.label.empty() ? number : QStringLiteral("%1 (%2)").arg(Shown(row.label), number));
+  }
+  return names.join(QStringLiteral(", "));
+}
+
+QString HtmlOf(const QString& planName, const JournalContent& content) {
   std::map<AttemptOutcome, int> counts;
-  QString rows;
-  for (const Attempt& attempt : attempts) {
+  QString lines;
+  for (const Attempt& attempt : content.attempts) {
     ++counts[attempt.outcome];
     const std::string row = attempt.row == 0 ? "" : std::to_string(attempt.row);
-    const std::string who = attempt.idNumber + "\n" + attempt.firmware + " " + attempt.band;
-    rows += Cells("td", {attempt.start, row, attempt.label, who, attempt.bench + " " + attempt.port,
-                         WordFor(attempt.outcome), attempt.text, attempt.backup, attempt.sha256.substr(0, 16)});
+    const std::string time = attempt.start + " to " + attempt.end.substr(std::min<std::size_t>(11, attempt.end.size()));
+    const std::string who = attempt.idNumber + " " + attempt.firmware + " " + attempt.band;
+    const std::string backup = attempt.backup.substr(attempt.backup.rfind('/') + 1);
+    lines += Cells("td", {time, row, attempt.label, who, attempt.bench + " " + attempt.port, WordFor(attempt.outcome),
+                          attempt.text, backup, attempt.sha256.substr(0, 16)});
   }
   QStringList sums;
   for (const auto& [outcome, count] : counts)
     sums.append(QStringLiteral("%1 %2").arg(count).arg(Shown(WordFor(outcome))));
-  return QStringLiteral("<h2>%1</h2><p>%2</p><table border='1' cellspacing='0' cellpadding='3' width='100%'><thead>%3"
-                        "</thead>%4</table>")
-      .arg(planName.toHtmlEscaped(), sums.join(QStringLiteral(", ")),
-           Cells("th", {"Start", "Row", "Label", "Radio", "Port", "Outcome", "What happened", "Backup", "SHA-256"}),
-           rows);
+  const QString notDone = NotDone(content.rows);
+  return QStringLiteral("<h2>%1</h2><p>%2<br>%3</p><table border='1' cellspacing='0' cellpadding='3' width='100%'>"
+                        "<thead>%4</thead>%5</table>")
+      .arg(QObject::tr("Journal of %1").arg(planName).toHtmlEscaped(), sums.join(QStringLiteral(", ")),
+           (notDone.isEmpty() ? QObject::tr("All rows are done") : QObject::tr("Not done: %1").arg(notDone))
+               .toHtmlEscaped(),
+           Cells("th", {"Time", "Row", "Label", "Radio", "Port", "Outcome", "What happened", "Backup", "SHA-256"}),
+           lines);
 }
 
 } // namespace
 
-bool PrintJournal(QPrinter& printer, const QString& planName, const std::vector<Attempt>& attempts) {
+bool PrintJournal(QPrinter& printer, const QString& planName, const JournalContent& content) {
   printer.setPageOrientation(QPageLayout::Landscape);
+  QPainter painter;
+  if (!painter.begin(&printer)) return false;
+  const QFont font(QStringLiteral("Liberation Sans"), 8);
   QTextDocument document;
-  document.setDefaultFont(QFont(QStringLiteral("Liberation Sans"), 8));
-  document.setHtml(HtmlOf(planName, attempts));
-  document.setPageSize(printer.pageRect(QPrinter::Point).size());
-  document.print(&printer);
-  return printer.printerState() != QPrinter::Error;
+  document.setDefaultFont(font);
+  document.documentLayout()->setPaintDevice(&printer);
+  document.setHtml(HtmlOf(planName, content));
+  painter.setFont(font);
+  const QSizeF paper = printer.pageRect(QPrinter::DevicePixel).size();
+  const QSizeF page(paper.width(), paper.height() - 2.0 * painter.fontMetrics().height());
+  document.setPageSize(page);
+  const QString printed = QLocale::c().toString(QDateTime::currentDateTime(), QStringLiteral("yyyy-MM-dd HH:mm"));
+  for (int i = 0; i < document.pageCount(); ++i) {
+    if (i > 0 && !printer.newPage()) return false;
+    const QRectF shown(QPointF(0, i * page.height()), page);
+    painter.translate(0, -shown.top());
+    document.drawContents(&painter, shown);
+    painter.resetTransform();
+    painter.drawText(QRectF(QPointF(), paper), Qt::AlignRight | Qt::AlignBottom,
+                     QObject::tr("%1, page %2 of %3").arg(printed).arg(i + 1).arg(document.pageCount()));
+  }
+  return painter.end();
 }
 
 } // namespace mr4500x

@@ -1,7 +1,7 @@
 // The journal of a plan on paper.
 #pragma once
 
-#include "journal.h"
+#include "fleet_session.h"
 
 #include <QString>
 
@@ -9,7 +9,8 @@ class QPrinter;
 
 namespace mr4500x {
 
-// One line an attempt, under a heading with the counts. False if the printer does not take it.
-[[nodiscard]] bool PrintJournal(QPrinter& printer, const QString& planName, const std::vector<Attempt>& attempts);
+// A line for each attempt, under a heading with the counts and the rows that are not done. False if the printer does
+// not take it.
+[[nodiscard]] bool PrintJournal(QPrinter& printer, const QString& planName, const JournalContent& content);
 
 } // namespace mr4500x

@@ -140,6 +140,9 @@ PortCard::PortCard(const QString& portName)
 }
 
 void PortCard::Show(const PortEvent& event) {
+  // What became of the last radio is still to be seen when the port has nothing more to do.
+  if (event.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) return;
+  m_state = event.state;
   m_banner->Show(event.state);
   QStringList who{Shown(event.label), Shown(event.idNumber)};
   if (event.row > 0) who.prepend(tr("Row %1").arg(event.row));

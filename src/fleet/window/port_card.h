@@ -27,10 +27,12 @@ public:
   explicit PortCard(const QString& portName);
 
   void Show(const PortEvent& event);
+  [[nodiscard]] PortState State() const { return m_state; }
 
 private:
   class Banner;
   QString m_portName;
+  PortState m_state = PortState::Waiting;
   Banner* m_banner;
   QLabel* m_who;
   QProgressBar* m_bar;

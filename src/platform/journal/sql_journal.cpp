@@ -251,9 +251,10 @@ std::optional<std::vector<JournalRow>> SqlJournal::Rows(const std::string& plan)
 std::optional<std::vector<Attempt>> SqlJournal::Attempts(const std::string& plan) {
   auto query =
       m_database.Open()
-          ? m_database.Run("SELECT " + AttemptColumns("") +
-                               " FROM fleet_attempt WHERE :plan = '' OR plan = :plan ORDER BY started, attempt_key",
-                           {{":plan", TextOf(plan)}})
+          ? m_database.Run(
+                "SELECT " + AttemptColumns("") +
+                    " FROM fleet_attempt WHERE :plan = '' OR plan = :plan ORDER BY started, number, attempt_key",
+                {{":plan", TextOf(plan)}})
           : std::nullopt;
   if (!query) return std::nullopt;
   std::vector<Attempt> attempts;
