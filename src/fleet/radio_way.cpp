@@ -37,11 +37,11 @@ AttemptOutcome RadioWay::Go(const RadioImage& identity, Attempt& attempt) {
   RadioImage image = ImageFor(m_desk.plan, attempt.row, m_desk.texts);
   const bool hasText = attempt.row <= m_desk.plan.rows.size() && m_desk.plan.rows[attempt.row - 1].embeddedInfo;
   m_steps = WaySteps + (hasText ? TextSteps : 0);
-  const auto setAside = [&](const std::string& band) {
-    attempt.text = "the radio has " + band + ", the row " + BandText(image.BandBlock);
+  const auto setAside = [&](const std::string& ofRadio) {
+    attempt.text = "the radio " + ofRadio + ", the row is for " + BandText(image.BandBlock);
     return AttemptOutcome::SetAside;
   };
-  if (!IsSameBand(identity, image) && !m_desk.acceptsOtherBand) return setAside(BandText(identity.BandBlock));
+  if (!IsSameBand(identity, image) && !m_desk.acceptsOtherBand) return setAside("has " + BandText(identity.BandBlock));
 
   Enter(PortState::BackingUp);
   if (!BackUp(attempt.idNumber, attempt)) return AttemptOutcome::Failed;
@@ -55,7 +55,7 @@ AttemptOutcome RadioWay::Go(const RadioImage& identity, Attempt& attempt) {
   const std::vector<std::uint8_t> file = BuildDataFile(image);
   attempt.sha256 = m_desk.sha256({reinterpret_cast<const char*>(file.data()), file.size()});
   const ExchangeResult written = WriteRadio(m_line, image, m_desk.now, *this, m_desk.speed);
-  if (written.outcome == Outcome::BandDeclined) return setAside("another band by its answer");
+  if (written.outcome == Outcome::BandDeclined) return setAside("answers with another band");
   if (!IsComplete(written, attempt)) return AttemptOutcome::Failed;
   if (hasText && !IsComplete(WriteEmbeddedInfo(m_line, image, *this), attempt)) return AttemptOutcome::Failed;
 

@@ -77,7 +77,7 @@ FrmFleet::~FrmFleet() {
 
 void FrmFleet::BuildWindow() {
   setWindowTitle(tr("MR4500X Fleet"));
-  resize(1200, 720);
+  resize(1200, 760);
   auto* const cards = new QWidget;
   cards->setLayout(m_cardGrid);
   m_cardGrid->setContentsMargins(0, 0, 0, 0);
@@ -125,7 +125,7 @@ void FrmFleet::BuildWindow() {
   }
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_setup);
-  layout->addWidget(m_cardArea, 3);
+  layout->addWidget(m_cardArea, 4);
   layout->addLayout(above);
   layout->addWidget(m_problems, 2);
   layout->addWidget(m_table, 2);
@@ -316,6 +316,7 @@ void FrmFleet::ShowCounts() {
   const int done = m_rows.Count(RowState::Done), taken = m_rows.Count(RowState::Taken), left = m_rows.rowCount() - done;
   QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
   if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
+  if (m_plan && !m_plan->problems.empty()) text = tr("What is wrong in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
   if (m_tally.Failed() > 0) text += tr("; radios not verified: %1").arg(m_tally.Failed());
   if (m_session && m_journalError.isEmpty() && m_tally.Done() > 0 && left > 0)

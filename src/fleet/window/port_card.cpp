@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QStackedLayout>
 #include <QVBoxLayout>
 
 namespace mr4500x {
@@ -122,9 +123,11 @@ PortCard::PortCard(const QString& portName)
   layout->addWidget(m_banner);
   auto* const lines = new QVBoxLayout;
   lines->setContentsMargins(6, 2, 6, 4);
-  for (QWidget* const line :
-       {static_cast<QWidget*>(m_who), static_cast<QWidget*>(m_bar), static_cast<QWidget*>(m_text)})
-    lines->addWidget(line);
+  lines->addWidget(m_who);
+  m_below = new QStackedLayout;
+  m_below->addWidget(m_bar);
+  m_below->addWidget(m_text);
+  lines->addLayout(m_below);
   layout->addLayout(lines);
   QFont bold = m_who->font();
   bold.setBold(true);
@@ -150,8 +153,8 @@ void PortCard::Show(const PortEvent& event) {
   m_who->setText(who.join(QStringLiteral("  ")));
   m_text->setText(Shown(event.text));
   m_text->setToolTip(m_text->text());
-  m_bar->setValue(IsGood(event.state) ? m_bar->maximum() : event.percent);
-  m_bar->setTextVisible(m_bar->value() > 0);
+  m_bar->setValue(event.percent);
+  m_below->setCurrentIndex(IsUnderway(event.state) ? 0 : 1);
   setAccessibleName(m_portName + QStringLiteral(": ") + Shown(WordFor(event.state)));
   setAccessibleDescription(m_who->text() + QLatin1Char(' ') + m_text->text());
 }

@@ -8,6 +8,7 @@
 
 class QLabel;
 class QProgressBar;
+class QStackedLayout;
 
 namespace mr4500x {
 
@@ -35,6 +36,7 @@ private:
   PortState m_state = PortState::Waiting;
   Banner* m_banner;
   QLabel* m_who;
+  QStackedLayout* m_below; // the bar while a radio is underway, else the text
   QProgressBar* m_bar;
   QLabel* m_text;
 };
