@@ -214,10 +214,8 @@ void ImportChannels(const CommandContext& context, const std::string& text) {
   context.panel.Change(values, ImportTitle);
   if (list.leftOut.empty())
     return context.status.ShowPassing("Channels imported: " + QString::number(list.rows.size()));
-  std::string told = "The channels were imported, but a radio has nothing for these columns:\n";
-  for (const std::string& column : list.leftOut)
-    told += '\n' + column;
-  context.Show({MessageIcon::Information, ImportTitle, told});
+  const char* const told = "The channels were imported, but a radio has nothing for these columns:";
+  context.Show({MessageIcon::Information, ImportTitle, MessageOf(list.leftOut, told)});
 }
 
 void ShowRecentFiles(const CommandContext& context) {

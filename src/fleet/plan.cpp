@@ -36,8 +36,8 @@ public:
 private:
   void Refuse(std::size_t line, std::string_view column, const std::string& value, const std::string& why) {
     std::string problem = "line " + std::to_string(line);
-    if (!column.empty()) problem += ", " + std::string(column);
-    m_check.problems.push_back(problem + ": " + (value.empty() ? "" : value + ", ") + why);
+    if (!column.empty()) problem += ", " + Shortened(column);
+    m_check.problems.push_back(problem + ": " + (value.empty() ? "" : Shortened(value) + ", ") + why);
   }
 
   void ReadHeading(const CsvRow& heading) {

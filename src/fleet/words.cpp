@@ -148,7 +148,7 @@ std::string JournalCsv(const std::vector<Attempt>& attempts) {
 
 std::vector<Attempt> AttemptsIn(std::string_view csv) {
   std::vector<Attempt> attempts;
-  for (const auto& [line, cells, isWhole] : ReadCsv(csv).rows) {
+  for (const auto& [line, cells, isWhole, place] : ReadCsv(csv).rows) {
     const auto outcome = cells.size() < 2 ? std::nullopt : OutcomeNamed(cells[1]);
     if (!isWhole || cells.size() != TextColumns.size() + 2 || !outcome) continue; // the heading, too
     Attempt& attempt = attempts.emplace_back();

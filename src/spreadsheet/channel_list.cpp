@@ -32,8 +32,8 @@ std::vector<std::string> TextsOf(std::vector<BadCell> bad) {
   std::ranges::stable_sort(bad, {}, &BadCell::line);
   std::vector<std::string> texts;
   for (const auto& [line, column, value, why] : bad) {
-    std::string& text = texts.emplace_back(std::to_string(line) + ": " + column);
-    if (!value.empty()) text += (column.empty() ? "" : "=") + value;
+    std::string& text = texts.emplace_back(std::to_string(line) + ": " + Shortened(column));
+    if (!value.empty()) text += (column.empty() ? "" : "=") + Shortened(value);
     text += (column.empty() && value.empty() ? "" : ": ") + why;
   }
   return texts;
@@ -52,24 +52,25 @@ std::string ChannelsCsv(const Configuration& configuration) {
 }
 
 ChannelList ReadChannelList(std::string_view text) {
-  CsvTable table = ReadCsv(text);
+  CsvTable table = ReadCells(text);
   ChannelList list;
   if (table.rows.empty()) {
     list.bad.push_back({1, "", "", "no heading"});
     return list;
   }
   const std::size_t columns = table.rows.front().cells.size();
+  if (columns > MostColumns || table.rows.size() > MostRows) {
+    list.bad.push_back({table.rows.front().line, "", "", "more than 100 columns or 1000 lines"});
+    return list;
+  }
   for (CsvRow& row : table.rows) {
     if (!row.isWhole) list.bad.push_back({row.line, "", "", "quotes that do not enclose a whole cell"});
-    while (row.cells.size() > columns && row.cells.back().empty())
-      row.cells.pop_back();
     if (row.isWhole && row.cells.size() > columns) {
       list.bad.push_back({row.line, "", "", "more cells than the heading"});
       row.isWhole = false;
     }
     row.cells.resize(columns);
-    if (table.separator == ',') continue; // else a comma is a decimal one
-    for (std::string& cell : row.cells)
+    for (std::string& cell : row.cells) // a comma that does not separate is a decimal one
       std::ranges::replace(cell, ',', '.');
   }
   if (!table.rows.front().isWhole) return list;
@@ -78,9 +79,16 @@ ChannelList ReadChannelList(std::string_view text) {
   return list;
 }
 
-std::string ValueFrom(const Field& field, std::string cell) {
+std::string ValueFrom(const Field& field, std::string cell, char decimalSeparator) {
   if (field.kind == FieldKind::YesNo)
     std::ranges::transform(cell, cell.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  const bool isStepOrWidth = field.place == FieldPlace(GridColumn::RxStep) ||
+                             field.place == FieldPlace(GridColumn::TxStep) ||
+                             field.place == FieldPlace(GridColumn::BandWidth);
+  if (isStepOrWidth && cell.find(decimalSeparator) != std::string::npos && ParseDecimal(cell, decimalSeparator)) {
+    cell.resize(cell.find_last_not_of('0') + 1);
+    if (cell.back() == decimalSeparator) cell.pop_back();
+  }
   return cell;
 }
 

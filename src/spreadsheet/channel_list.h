@@ -52,8 +52,8 @@ struct ChannelList {
 [[nodiscard]] bool IsExchangeList(const CsvRow& heading);
 void ReadOwnForm(const CsvTable& table, ChannelList& list);
 void ReadExchangeList(const CsvTable& table, ChannelList& list);
-// As settings have it: a spreadsheet makes TRUE and FALSE of a yes and no.
-[[nodiscard]] std::string ValueFrom(const Field& field, std::string cell);
+// As settings have it: a spreadsheet makes TRUE and FALSE of a yes and no, and writes the step 6.25 as 6.250.
+[[nodiscard]] std::string ValueFrom(const Field& field, std::string cell, char decimalSeparator = '.');
 void AddValue(ImportedRow& row, const Field& field, std::string text, const std::string& column,
               const std::string& cell);
 

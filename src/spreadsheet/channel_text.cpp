@@ -1,6 +1,6 @@
 #include "channel_text.h"
 
-#include "csv.h"
+#include "channel_list.h"
 #include "decimal.h"
 #include "differences.h"
 #include "set_field.h"
@@ -8,12 +8,13 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
+#include <set>
 #include <utility>
 
 namespace mr4500x {
 namespace {
 
-constexpr std::size_t MostRefusalsShown = 12;
+constexpr std::size_t MostLinesShown = 12;
 
 struct Column {
   std::string caption;
@@ -53,13 +54,14 @@ const Column* FindColumn(const std::string& heading, const Column* last) {
     return all;
   }();
   const std::vector<Column>& columns = Columns();
-  const auto isLast = [&](const Column& column) { return &column == last; };
+  const auto isLast = [&](const Column& column) { return last != nullptr && column.field == last->field; };
   auto from = std::ranges::find_if(columns, isLast);
   if (from != columns.end()) ++from;
+  const std::string wanted = LowerCase(heading);
   using Range = std::span<const Column>;
   for (const Range range : {Range(from, columns.end()), Range(columns.begin(), from), Range(others)})
     for (const Column& column : range)
-      if (LowerCase(column.caption) == LowerCase(heading)) return &column;
+      if (LowerCase(column.caption) == wanted) return &column;
   return nullptr;
 }
 
@@ -67,30 +69,47 @@ bool IsChannelNumber(const std::string& cell) {
   return LowerCase(cell).starts_with("ch") && ParseWhole(cell.substr(2));
 }
 
+// With a tab or a semicolon anywhere, commas are decimal ones. Else they separate, unless the first line is a single
+// caption or, where numbers have commas, a single number.
+char SeparatorOf(std::string_view text, char decimalSeparator) {
+  for (const char separator : {'\t', ';'})
+    if (text.find(separator) != std::string_view::npos) return separator;
+  const std::vector<CsvRow> lines = ReadCells(text, ';').rows;
+  const std::string first = lines.empty() ? "" : lines.front().cells.front();
+  const bool isNumber = decimalSeparator == ',' && ParseDecimal(first, decimalSeparator);
+  return isNumber || FindColumn(first, nullptr) != nullptr ? ';' : ',';
+}
+
 struct Sheet {
   std::vector<const Column*> columns; // nullptr: has no heading
   std::vector<CsvRow> rows;
+  std::size_t firstPlace = 0; // of the rows
 };
 
-Sheet SheetOf(std::string_view text, Refusals& refusals) {
-  const bool hasTabs = text.find('\t') != std::string_view::npos; // then a comma before the first is a decimal one
-  Sheet sheet = {{}, ReadCsv((hasTabs ? "\t" : "") + std::string(text)).rows};
+Sheet SheetOf(std::string_view text, char decimalSeparator, Refusals& refusals) {
+  Sheet sheet = {{}, ReadCells(text, SeparatorOf(text, decimalSeparator)).rows};
   if (sheet.rows.empty()) return sheet;
-  if (hasTabs && sheet.rows.front().line == 1) sheet.rows.front().cells.erase(sheet.rows.front().cells.begin());
   const std::vector<std::string>& heading = sheet.rows.front().cells;
+  if (heading.size() > MostColumns) {
+    refusals.push_back("more than " + std::to_string(MostColumns) + " columns");
+    return {};
+  }
   const Column* last = nullptr;
   for (const std::string& caption : heading) {
-    const Column* const column = FindColumn(caption, last);
-    const bool isTwice = std::ranges::count(sheet.columns, column) > 0;
-    sheet.columns.push_back(isTwice ? nullptr : column);
-    if (column != nullptr) last = column;
+    sheet.columns.push_back(FindColumn(caption, last));
+    if (sheet.columns.back() != nullptr) last = sheet.columns.back();
   }
   if (last != nullptr) {
+    std::set<const Field*> seen;
     for (std::size_t i = 0; i < heading.size(); ++i) {
-      if (sheet.columns[i] != nullptr || heading[i].empty()) continue;
-      refusals.push_back("Column \"" + heading[i] + "\": unknown, or there twice");
-      sheet.columns[i] = &Columns().front(); // its cells need not be told too
+      const Column*& column = sheet.columns[i];
+      const bool isUsable = column != nullptr && seen.insert(column->field).second;
+      if (isUsable || heading[i].empty()) continue;
+      refusals.push_back("Column \"" + Shortened(heading[i]) +
+                         "\": " + (column == nullptr ? "unknown" : "there twice"));
+      column = &Columns().front(); // its cells need not be told too
     }
+    sheet.firstPlace = sheet.rows.front().place + 1;
     sheet.rows.erase(sheet.rows.begin());
   } else {
     sheet.columns.clear();
@@ -107,8 +126,12 @@ struct Given {
   std::string cell, value;
 };
 
-std::string ValueFrom(const Column& column, const std::string& cell) {
-  if (column.field->kind != FieldKind::YesNo) return cell;
+std::string ValueFrom(const Column& column, std::string cell, char decimalSeparator) {
+  if (column.field->kind != FieldKind::YesNo) {
+    const auto isDecimal = [](char c) { return c == '.' || c == ','; };
+    std::ranges::replace_if(cell, isDecimal, decimalSeparator);
+    return ValueFrom(*column.field, cell, decimalSeparator);
+  }
   const std::string text = LowerCase(cell);
   const bool yes = text == "yes" || text == "true";
   if (!yes && text != "no" && text != "false") return cell;
@@ -122,7 +145,8 @@ Refusals SetAll(Configuration& configuration, const std::vector<Given>& values, 
     refusals.clear();
     for (const Given& given : values)
       if (const auto refusal = SetField(configuration, given.at, given.value, texts))
-        refusals.push_back("CH" + std::to_string(given.at.entry) + ' ' + given.column->caption + ": " + given.cell +
+        refusals.push_back("CH" + std::to_string(given.at.entry) + ' ' + given.column->caption + ": " +
+                           Shortened(given.cell) +
                            ", allowed: " + (given.at.field->kind == FieldKind::YesNo ? "yes or no" : refusal->allowed));
   }
   return refusals;
@@ -130,12 +154,11 @@ Refusals SetAll(Configuration& configuration, const std::vector<Given>& values, 
 
 } // namespace
 
-std::string MessageOf(const Refusals& refusals) {
-  std::string text = "Nothing was changed. These values can't be taken:\n";
-  for (std::size_t i = 0; i < std::min(refusals.size(), MostRefusalsShown); ++i)
+std::string MessageOf(const Refusals& refusals, std::string text) {
+  text += '\n';
+  for (std::size_t i = 0; i < std::min(refusals.size(), MostLinesShown); ++i)
     text += '\n' + refusals[i];
-  if (refusals.size() > MostRefusalsShown)
-    text += "\nand " + std::to_string(refusals.size() - MostRefusalsShown) + " more";
+  if (refusals.size() > MostLinesShown) text += "\nand " + std::to_string(refusals.size() - MostLinesShown) + " more";
   return text;
 }
 
@@ -157,24 +180,24 @@ std::string TextOfChannels(const Configuration& configuration, const Channels& c
 
 Refusals TakeChannels(Configuration& configuration, std::size_t first, std::string_view text, const FieldTexts& texts) {
   Refusals refusals;
-  const Sheet sheet = SheetOf(text, refusals);
+  const Sheet sheet = SheetOf(text, texts.decimalSeparator, refusals);
   std::vector<Given> values;
-  for (std::size_t i = 0; i < sheet.rows.size(); ++i) {
-    const std::string name = "CH" + std::to_string(first + i + 1);
-    if (first + i >= ChannelCount) {
+  for (const CsvRow& row : sheet.rows) {
+    const std::size_t channel = first + row.place - sheet.firstPlace + 1;
+    const std::string name = "CH" + std::to_string(channel);
+    if (channel > ChannelCount) {
       refusals.push_back(name + ": there are 16 channels");
       break;
     }
-    const CsvRow& row = sheet.rows[i];
     if (!row.isWhole) refusals.push_back(name + ": quotes that do not enclose a whole cell");
     for (std::size_t j = 0; j < row.cells.size(); ++j) {
       const std::string& cell = row.cells[j];
       if (cell.empty()) continue;
       const Column* const column = j < sheet.columns.size() ? sheet.columns[j] : nullptr;
       if (column == nullptr)
-        refusals.push_back(name + ": " + cell + ", in no column");
+        refusals.push_back(name + ": " + Shortened(cell) + ", in no column");
       else if (column->field != nullptr)
-        values.push_back({{column->field, first + i + 1}, column, cell, ValueFrom(*column, cell)});
+        values.push_back({{column->field, channel}, column, cell, ValueFrom(*column, cell, texts.decimalSeparator)});
     }
   }
   std::ranges::copy(SetAll(configuration, values, texts), std::back_inserter(refusals));

@@ -15,15 +15,16 @@ using Channels = std::vector<std::size_t>;
 // What was refused, one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 470 MHz". If there is a line, the
 // configuration is changed only in part and must not be used.
 using Refusals = std::vector<std::string>;
-// The message about them, with the first twelve.
-[[nodiscard]] std::string MessageOf(const Refusals& refusals);
+// A message with the first twelve of these lines, or of others.
+[[nodiscard]] std::string MessageOf(const Refusals& refusals,
+                                    std::string text = "Nothing was changed. These values can't be taken:");
 
 // A line with the captions of the window from left to right, and a line for each channel; cells are apart by tabs.
 [[nodiscard]] std::string TextOfChannels(const Configuration& configuration, const Channels& channels);
 
 // Sets the channels from `first` on by such a text, or by what a spreadsheet or a CSV file has. The columns of a
 // heading may be any, in any order; a "Step (kHz)" belongs to the frequency before it. Without a heading they are as
-// above, with or without "CH No.". An empty cell leaves its setting as it is.
+// above, with or without "CH No.". An empty cell or line leaves its settings as they are.
 [[nodiscard]] Refusals TakeChannels(Configuration& configuration, std::size_t first, std::string_view text,
                                     const FieldTexts& texts);
 

@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view Blanks = " \t";
+constexpr std::string_view HardSpaces[] = {"\xC2\xA0", "\xE2\x80\xAF"}; // the usual and the narrow one
+constexpr std::size_t MostCharactersTold = 40;
 
 // The names of columns have none of them inside.
 char SeparatorIn(std::string_view text) {
@@ -20,6 +22,27 @@ std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(Blanks);
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+// The bytes of the blank or control character at the front, 0 for any other.
+std::size_t BlankAt(std::string_view text) {
+  for (const std::string_view space : HardSpaces)
+    if (text.starts_with(space)) return space.size();
+  return static_cast<unsigned char>(text.front()) <= ' ' || text.front() == '\x7F' ? 1 : 0;
+}
+
+// With one space for all blanks and line ends together.
+std::string AsOneLine(std::string_view text) {
+  std::string line;
+  while (!text.empty()) {
+    const std::size_t blank = BlankAt(text);
+    if (blank == 0)
+      line += text.front();
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+    text.remove_prefix(std::max<std::size_t>(blank, 1));
+  }
+  return std::string(Trimmed(line));
 }
 
 class Reader {
@@ -73,11 +96,11 @@ private:
     EndCell();
     const bool isEmpty = std::ranges::all_of(m_row.cells, &std::string::empty);
     if (!isEmpty || !m_row.isWhole) m_table.rows.push_back(m_row);
-    m_row = {m_line, {}, true};
+    m_row = {m_line, {}, true, m_row.place + 1};
   }
 
   CsvTable m_table;
-  CsvRow m_row{1, {}, true};
+  CsvRow m_row{1, {}, true, 0};
   std::string m_cell;
   std::size_t m_line = 1;
   bool m_isInQuotes = false, m_wasQuoted = false;
@@ -85,9 +108,28 @@ private:
 
 } // namespace
 
-CsvTable ReadCsv(std::string_view text) {
+CsvTable ReadCsv(std::string_view text, char separator) {
   if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
-  return Reader(SeparatorIn(text)).Read(text);
+  return Reader(separator == '\0' ? SeparatorIn(text) : separator).Read(text);
+}
+
+CsvTable ReadCells(std::string_view text, char separator) {
+  CsvTable table = ReadCsv(text, separator);
+  for (CsvRow& row : table.rows) {
+    std::ranges::transform(row.cells, row.cells.begin(), AsOneLine);
+    while (row.cells.size() > 1 && row.cells.back().empty())
+      row.cells.pop_back();
+  }
+  std::erase_if(table.rows, [](const CsvRow& row) { return row.isWhole && row.cells.back().empty(); });
+  return table;
+}
+
+std::string Shortened(std::string_view cell) {
+  std::string line = AsOneLine(cell);
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < line.size(); ++i)
+    if ((line[i] & 0xC0) != 0x80 && ++characters > MostCharactersTold) return line.substr(0, i) + "...";
+  return line;
 }
 
 std::string CsvLine(const std::vector<std::string>& cells) {

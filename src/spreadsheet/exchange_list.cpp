@@ -142,10 +142,15 @@ bool IsExchangeList(const CsvRow& heading) {
 }
 
 void ReadExchangeList(const CsvTable& table, ChannelList& list) {
-  list.hasHeading = true;
   const std::vector<std::string>& columns = table.rows.front().cells;
+  const auto isTwice = [&](std::string_view column) { return std::ranges::count(columns, column) > 1; };
+  list.hasHeading = std::ranges::none_of(UsedColumns, isTwice);
+  for (const std::string_view column : UsedColumns)
+    if (isTwice(column)) list.bad.push_back({table.rows.front().line, std::string(column), "", "a column twice"});
+  if (!list.hasHeading) return;
   for (const std::string& column : columns)
-    if (std::ranges::find(UsedColumns, column) == UsedColumns.end() && !column.empty()) list.leftOut.push_back(column);
+    if (std::ranges::find(UsedColumns, column) == UsedColumns.end() && !column.empty())
+      list.leftOut.push_back(Shortened(column));
   const auto location = static_cast<std::size_t>(std::ranges::find(columns, "Location") - columns.begin());
   const auto rows = std::span(table.rows).subspan(1);
   const bool countsFrom0 = std::ranges::any_of(rows, [&](const CsvRow& row) { return row.cells[location] == "0"; });

@@ -64,7 +64,8 @@ ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHist
   connect(&panel, &EditorPanel::Changed, &grid, &ChannelGrid::UnselectRows);
 }
 
-// An entry that can't be used now is grey in the menu, but its keys stay at work.
+// An entry that can't be used now is grey in the menu, but its keys stay at work. Whether there is something to paste
+// is not asked: the clipboard's owner may not answer for a long time.
 void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
   m_panel.CommitOpenEditors();
   if (which == Menu::Whole) m_grid.setFocus();
@@ -77,8 +78,7 @@ void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
     const auto run = Row::Table()[i].run;
     const bool isUnusable = (run == &ChannelCommands::Undo && !m_history.Stack().canUndo()) ||
                             (run == &ChannelCommands::Redo && !m_history.Stack().canRedo()) ||
-                            (run == &ChannelCommands::FillDown && m_grid.SelectedRows().empty()) ||
-                            (run == &ChannelCommands::PasteChannels && QGuiApplication::clipboard()->text().isEmpty());
+                            (run == &ChannelCommands::FillDown && m_grid.SelectedRows().empty());
     m_actions[i]->setDisabled(isUnusable);
     if (run == &ChannelCommands::Undo) m_actions[i]->setText(tr("Undo %1").arg(m_history.Stack().undoText()).trimmed());
     if (run == &ChannelCommands::Redo) m_actions[i]->setText(tr("Redo %1").arg(m_history.Stack().redoText()).trimmed());
@@ -125,9 +125,11 @@ void ChannelCommands::CopyChannels() {
 }
 
 void ChannelCommands::PasteChannels() {
+  const QString text = QGuiApplication::clipboard()->text();
+  if (text.trimmed().isEmpty()) return emit m_panel.Told(tr("There is nothing to paste."));
   Configuration values = m_panel.Shown();
-  const std::string text = QGuiApplication::clipboard()->text().toStdString();
-  const Refusals refusals = TakeChannels(values, static_cast<std::size_t>(m_grid.currentRow()), text, m_texts);
+  const auto first = static_cast<std::size_t>(m_grid.currentRow());
+  const Refusals refusals = TakeChannels(values, first, text.toStdString(), m_texts);
   Finish(values, refusals);
 }
 

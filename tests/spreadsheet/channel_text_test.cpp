@@ -1,0 +1,48 @@
+#include "channel_text.h"
+
+#include "changes.h"
+#include "channel_list.h"
+#include "differences.h"
+#include "rows.h"
+
+namespace mr4500x {
+namespace {
+
+std::string Pasted(std::string_view text, char decimalSeparator) {
+  const FieldTexts texts = BuildFieldTexts(decimalSeparator);
+  RadioImage image;
+  const Configuration before = NewConfiguration(image, texts, {2026, 1, 2, 3, 4, 5});
+  Configuration after = before;
+  std::string lines;
+  const Refusals refusals = TakeChannels(after, 0, text, texts);
+  for (const std::string& refusal : refusals)
+    lines += " | " + refusal;
+  for (const Difference& difference : DifferencesBetween(before, after)) {
+    std::string value = difference.after;
+    std::ranges::replace(value, ',', '.');
+    if (refusals.empty()) lines += " | " + IdentifierOf(difference.at).substr(9) + '=' + value;
+  }
+  return lines.substr(std::min<std::size_t>(lines.size(), 3));
+}
+
+TEST(ChannelTextTest, TakesOrRefusesWhatTheFileSays) {
+  for (const Row& row : RowsOf(CASES "channel_text.txt", "(point|comma|both), [^:]+: (.*) -> (.*)"))
+    for (const char separator : std::string(row[1] == "both" ? ".," : row[1] == "comma" ? "," : "."))
+      EXPECT_EQ(Pasted(Unescaped(row[2]), separator), row[3]) << row[0] << separator;
+}
+
+TEST(ChannelTextTest, HugeTextsAreRefusedInAFewWords) {
+  std::string columns, lines;
+  for (std::size_t i = 0; i < 50'000; ++i) {
+    columns += "a,";
+    lines += "\n1";
+  }
+  for (const std::string& text : {columns, "rx_freq\n\"" + columns, "rx_freq\n\"" + lines, lines}) {
+    EXPECT_LT(MessageOf({Pasted(text, '.')}).size(), 1000U) << text.substr(0, 10);
+    EXPECT_LT(MessageOf(TextsOf(ReadChannelList(text).bad)).size(), 200U) << text.substr(0, 10);
+  }
+  EXPECT_EQ(Pasted(columns, '.'), "more than 100 columns");
+}
+
+} // namespace
+} // namespace mr4500x
