@@ -244,6 +244,7 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
       m_files, m_settingsFile, m_plan->plan, choice,
       [this, inWindow](const PortEvent& event) { inWindow([this, event] { Take(event); }); },
       [this, inWindow](const Attempt& attempt) { inWindow([this, attempt] { TellConflict(attempt); }); });
+  ShowState();
   m_stop->setFocus();
 }
 

@@ -123,12 +123,12 @@ PortCard::PortCard(const QString& portName)
   layout->addWidget(m_banner);
   auto* const lines = new QVBoxLayout;
   lines->setContentsMargins(6, 2, 6, 4);
+  layout->addLayout(lines);
   lines->addWidget(m_who);
   m_below = new QStackedLayout;
+  lines->addLayout(m_below); // before it shows a widget, which would be a window of its own
   m_below->addWidget(m_bar);
   m_below->addWidget(m_text);
-  lines->addLayout(m_below);
-  layout->addLayout(lines);
   QFont bold = m_who->font();
   bold.setBold(true);
   m_who->setFont(bold);
