@@ -14,6 +14,7 @@ class QWidget;
 namespace mr4500x {
 
 class EditorPanel;
+class FileSystem;
 
 // frmPort: the choice among COM1 to COM16; nullopt when cancelled. `deviceOfPort` is empty for a port without a device.
 [[nodiscard]] std::optional<int> AskPort(const PortChoice& choice, const std::function<std::string(int)>& deviceOfPort,
@@ -22,9 +23,10 @@ class EditorPanel;
 // frmPrint: the chosen reports, at least one; nullopt when cancelled.
 [[nodiscard]] std::optional<ReportChoice> AskReports(Printers& printers, MessageView& messages, QWidget* parent);
 
-// frmCompare: what differs between the editor, as it is at any moment, and a data file. Stays open until it is closed.
-void ShowComparison(EditorPanel& panel, const RadioImage& other, const std::string& path, MessageView& messages,
-                    QWidget* parent);
+// frmCompare: what differs between the editor and a data file, as both are at any moment. Stays open until it is
+// closed. `other` is what the file holds; if the editor could not show that, there is only a message.
+void ShowComparison(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+                    MessageView& messages, QWidget* parent);
 
 // frmAbout.
 void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent);

@@ -184,7 +184,7 @@ void Compare(const CommandContext& context) {
   if (const std::optional<Message> failure = LoadImage(context, *path, other))
     context.Show(*failure);
   else
-    ShowComparison(context.panel, other, *path, context.services.messages, &context.window);
+    ShowComparison(context.panel, context.services.files, *path, other, context.services.messages, &context.window);
 }
 
 void ImportFile(const CommandContext& context, const std::string& path) {

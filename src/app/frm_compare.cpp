@@ -1,8 +1,11 @@
+#include "band_frame.h"
 #include "changes.h"
 #include "channel_text.h"
+#include "data_file.h"
 #include "dialogs.h"
 #include "differences.h"
 #include "editor_panel.h"
+#include "fill_messages.h"
 
 #include <QAbstractTableModel>
 #include <QAction>
@@ -12,6 +15,7 @@
 #include <QDialog>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -27,6 +31,10 @@ namespace mr4500x {
 namespace {
 
 constexpr char CompareTitle[] = "Compare with File";
+constexpr char TakeText[] = "Take Other Value";
+constexpr char FileChangedText[] = "The file has changed. Nothing was taken: look at the new list first.";
+constexpr char FileLostText[] =
+    "The file is gone or damaged, or can't be read. The list tells what it held; nothing can be taken.";
 constexpr QSize DesignSize(80, 28); // in characters and lines
 
 struct CompareColumn {
@@ -49,12 +57,15 @@ constexpr std::array CompareColumns = {
 // What the editor would save after it has opened the image; so a file does not differ from itself.
 RadioImage AsSaved(RadioImage image, const FieldTexts& texts) {
   Decoded decoded = Decode(image, texts);
-  if (decoded.end == DecodeEnd::DataError) return image;
   SettleAfterFill(image);
   CompleteEmergencyPair(decoded.configuration);
   TakeSelectedStandard(decoded.configuration);
   Encode(decoded.configuration, image, texts);
   return image;
+}
+
+bool IsRedo(const QKeyEvent& key) {
+  return key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
 }
 
 class DifferenceTable final : public QAbstractTableModel {
@@ -110,49 +121,60 @@ private:
 
 class FrmCompare final : public QDialog {
 public:
-  FrmCompare(EditorPanel& panel, const RadioImage& other, const QString& path, MessageView& messages, QWidget* parent);
+  FrmCompare(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+             MessageView& messages, QWidget* parent);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  enum class FileLook : std::uint8_t { Same, Changed, Lost };
+
   void BuildTable();
   void AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)());
+  void Filter(const QString& text);
+  FileLook ReadAgain();
+  void Hold(const RadioImage& file);
   void Renew();
-  void Take(); // the values of the file in the selected rows
+  void WidenColumns();
+  void ShowResult(bool isLost);
+  void Take(); // what the file has in the selected rows
   void Copy();
-  [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom
+  [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom; the current one if there is none
 
   EditorPanel& m_panel;
+  FileSystem& m_files;
+  const std::string m_path;
   MessageView& m_messages;
-  const RadioImage m_other;
-  const Configuration m_there;
-  std::optional<RadioImage> m_here; // that is compared
+  RadioImage m_file;                // as it was read
+  RadioImage m_other;               // as the editor would save it
+  Configuration m_there;            // of m_other
+  std::optional<RadioImage> m_here; // that the list compares with m_other
   DifferenceTable* m_differences = new DifferenceTable(this);
   DifferenceOrder* m_order = new DifferenceOrder(this);
   QTableView* m_table = new QTableView;
   QLabel* m_result = new QLabel;
+  QLineEdit* m_filter = new QLineEdit;
   QTimer m_look;
 };
 
-FrmCompare::FrmCompare(EditorPanel& panel, const RadioImage& other, const QString& path, MessageView& messages,
-                       QWidget* parent)
-    : QDialog(parent), m_panel(panel), m_messages(messages), m_other(AsSaved(other, panel.Texts())),
-      m_there(Decode(m_other, panel.Texts()).configuration) {
+FrmCompare::FrmCompare(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+                       MessageView& messages, QWidget* parent)
+    : QDialog(parent), m_panel(panel), m_files(files), m_path(path), m_messages(messages) {
+  Hold(other);
   setObjectName(QStringLiteral("frmCompare"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(tr("Compare with %1").arg(path));
-  auto* const filter = new QLineEdit;
-  filter->setObjectName(QStringLiteral("txtFilter"));
-  filter->setClearButtonEnabled(true);
+  setWindowTitle(tr("Compare with %1").arg(QString::fromStdString(path)));
+  m_filter->setObjectName(QStringLiteral("txtFilter"));
+  m_filter->setClearButtonEnabled(true);
   auto* const label = new QLabel(tr("&Filter:"));
-  label->setBuddy(filter);
+  label->setBuddy(m_filter);
   m_result->setObjectName(QStringLiteral("lblResult"));
   m_result->setWordWrap(true);
   BuildTable();
   auto* const top = new QHBoxLayout;
   top->addWidget(label);
-  top->addWidget(filter);
+  top->addWidget(m_filter);
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(top);
   layout->addWidget(m_table);
@@ -161,7 +183,7 @@ FrmCompare::FrmCompare(EditorPanel& panel, const RadioImage& other, const QStrin
                      DesignSize.height() * fontMetrics().height());
   resize(wanted.boundedTo(screen()->availableSize()));
 
-  connect(filter, &QLineEdit::textChanged, m_order, &QSortFilterProxyModel::setFilterFixedString);
+  connect(m_filter, &QLineEdit::textChanged, this, &FrmCompare::Filter);
   addActions(panel.actions()); // undo and redo
   m_look.setSingleShot(true);
   m_look.callOnTimeout(this, &FrmCompare::Renew);
@@ -170,7 +192,6 @@ FrmCompare::FrmCompare(EditorPanel& panel, const RadioImage& other, const QStrin
   connect(&panel, &EditorPanel::Filled, this, lookSoon);
   QCoreApplication::instance()->installEventFilter(this);
   Renew();
-  m_table->resizeColumnsToContents();
   m_table->setFocus();
 }
 
@@ -192,7 +213,7 @@ void FrmCompare::BuildTable() {
   m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   m_table->setSortingEnabled(true);
   m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
-  AddAction(tr("Take Other Value"), {Qt::Key_Return, Qt::Key_Enter}, &FrmCompare::Take);
+  AddAction(tr(TakeText), {Qt::Key_Return, Qt::Key_Enter}, &FrmCompare::Take);
   AddAction(tr("Copy"), {QKeySequence::Copy}, &FrmCompare::Copy);
   // After the press: a message inside of it would swallow the release.
   connect(m_table, &QTableView::doubleClicked, this, &FrmCompare::Take, Qt::QueuedConnection);
@@ -206,52 +227,117 @@ void FrmCompare::AddAction(const QString& text, const QList<QKeySequence>& keys,
   m_table->addAction(action);
 }
 
-// Not all controls tell that they have changed; so the editor is looked at after each input.
+// Not all controls tell that they have changed; so the editor is looked at after each input. The file may have changed
+// while another window was the active one.
 bool FrmCompare::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
-  if (type == QEvent::KeyPress || type == QEvent::MouseButtonRelease || type == QEvent::Wheel) m_look.start(0);
-  return QDialog::eventFilter(watched, event);
+  if (type == QEvent::KeyPress || type == QEvent::MouseButtonRelease || type == QEvent::Wheel ||
+      type == QEvent::WindowActivate)
+    m_look.start(0);
+  // The filter undoes its own text, so it redoes it, too.
+  const bool isKey = type == QEvent::ShortcutOverride || type == QEvent::KeyPress;
+  if (watched != m_filter || !isKey || !IsRedo(static_cast<const QKeyEvent&>(*event)))
+    return QDialog::eventFilter(watched, event);
+  event->accept();
+  if (type == QEvent::KeyPress) m_filter->redo();
+  return true;
+}
+
+void FrmCompare::Filter(const QString& text) {
+  m_order->setFilterFixedString(text);
+  if (m_table->selectionModel()->selectedRows().isEmpty()) m_table->selectRow(0); // the selected ones are hidden
+  m_table->scrollTo(m_table->currentIndex());
+  Renew();
+}
+
+void FrmCompare::Hold(const RadioImage& file) {
+  m_file = file;
+  m_other = AsSaved(file, m_panel.Texts());
+  m_there = Decode(m_other, m_panel.Texts()).configuration;
+  m_here.reset();
+}
+
+FrmCompare::FileLook FrmCompare::ReadAgain() {
+  RadioImage file = m_file;
+  if (LoadDataFile(m_files, m_path, file).outcome != LoadOutcome::Loaded ||
+      Decode(file, m_panel.Texts()).end == DecodeEnd::DataError)
+    return FileLook::Lost;
+  if (file == m_file) return FileLook::Same;
+  Hold(file);
+  return FileLook::Changed;
 }
 
 void FrmCompare::Renew() {
-  RadioImage here = m_panel.Collected();
-  if (m_here == here) return; // a selection stays
-  m_here = here;
-  const int current = std::max(m_table->currentIndex().row(), 0);
-  std::vector<DifferenceWords> rows = WordsFor(CompareImages(here, m_other, m_panel.Texts()));
-  m_result->setText(rows.empty()
-                        ? tr("There are no differences.")
-                        : tr("Differences: %1. Enter or a double-click takes the value from there.").arg(rows.size()));
-  m_differences->Show(std::move(rows));
-  m_table->selectRow(std::min(current, m_order->rowCount() - 1)); // for the next Enter
+  const bool isLost = ReadAgain() == FileLook::Lost;
+  const RadioImage here = m_panel.Collected();
+  if (m_here != here) { // else a selection stays
+    m_here = here;
+    const int current = std::max(m_table->currentIndex().row(), 0);
+    m_differences->Show(WordsFor(CompareImages(here, m_other, m_panel.Texts())));
+    WidenColumns();
+    m_table->selectRow(std::min(current, m_order->rowCount() - 1)); // for the next Enter
+  }
+  ShowResult(isLost);
+}
+
+// They don't get narrower: columns that jump with each edit are hard to read.
+void FrmCompare::WidenColumns() {
+  for (int column = 0; column < m_order->columnCount() - 1; ++column) {
+    const int width = m_table->columnWidth(column);
+    m_table->resizeColumnToContents(column);
+    m_table->setColumnWidth(column, std::max(width, m_table->columnWidth(column)));
+  }
+}
+
+void FrmCompare::ShowResult(bool isLost) {
+  const int all = m_differences->rowCount(), shown = m_order->rowCount();
+  const QString count = shown == all ? QString::number(all) : tr("%1 of %2").arg(shown).arg(all);
+  m_result->setText(isLost     ? tr(FileLostText)
+                    : all == 0 ? tr("There are no differences.")
+                               : tr("Differences: %1. Enter or a double-click takes the value from there.").arg(count));
 }
 
 QModelIndexList FrmCompare::SelectedRows() const {
   QModelIndexList rows = m_table->selectionModel()->selectedRows();
+  if (rows.isEmpty() && m_table->currentIndex().isValid()) rows.append(m_table->currentIndex());
   std::ranges::sort(rows, {}, &QModelIndex::row);
   return rows;
 }
 
 void FrmCompare::Take() {
+  if (const FileLook file = ReadAgain(); file != FileLook::Same) {
+    Renew();
+    m_messages.Show(MessageIcon::Exclamation, CompareTitle, file == FileLook::Lost ? FileLostText : FileChangedText,
+                    MessageButtons::Ok);
+    return;
+  }
   std::vector<Assignment> wanted;
-  Refusals refusals;
+  std::vector<ByteDifference> bytes;
   for (const QModelIndex& index : SelectedRows()) {
     const DifferenceWords& words = m_differences->Row(m_order->mapToSource(index));
     if (words.at.field != nullptr)
       wanted.push_back({words.at, ValueOf(m_there, words.at)});
     else
-      refusals.push_back(words.name + ": no setting shows it");
+      bytes.push_back(words.byte);
   }
   m_panel.CommitCells();
   Configuration values = m_panel.ShownUnfinished();
-  if (!wanted.empty()) refusals.clear(); // bytes among settings stay as they are
+  const std::string lowerLimit = values.lowerBandLimit;
+  Refusals refusals;
   for (const auto& [at, value, allowed] : ApplyChanges(values, wanted, m_panel.Texts()))
     refusals.push_back(NameOf(at) + ": " + value + ", allowed: " + allowed);
   if (!refusals.empty()) {
     m_messages.Show(MessageIcon::Exclamation, CompareTitle, MessageOf(refusals), MessageButtons::Ok);
     return;
   }
-  m_panel.Change(values);
+  if (values.lowerBandLimit != lowerLimit && !AgreesToLowerLimit(m_messages)) return;
+  RadioImage image = m_panel.Collected();
+  for (const ByteDifference& byte : bytes)
+    TakeByte(image, byte);
+  if (bytes.empty())
+    m_panel.Change(values);
+  else // a step that may have no setting to be named after
+    m_panel.Change(values, image, tr(TakeText));
   Renew();
 }
 
@@ -271,9 +357,12 @@ void FrmCompare::Copy() {
 
 } // namespace
 
-void ShowComparison(EditorPanel& panel, const RadioImage& other, const std::string& path, MessageView& messages,
-                    QWidget* parent) {
-  (new FrmCompare(panel, other, QString::fromStdString(path), messages, parent))->show();
+void ShowComparison(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+                    MessageView& messages, QWidget* parent) {
+  if (Decode(other, panel.Texts()).end == DecodeEnd::DataError)
+    messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
+  else
+    (new FrmCompare(panel, files, path, other, messages, parent))->show();
 }
 
 } // namespace mr4500x

@@ -14,8 +14,8 @@ constexpr ExitStatus Same = ExitStatus::Done, Different = ExitStatus::Failed, Tr
 
 std::string DifferenceLines(const ImageDifferences& differences) {
   std::string lines;
-  for (const auto& [at, name, before, after] : WordsFor(differences))
-    lines += name + "  " + before + "  " + after + '\n';
+  for (const DifferenceWords& words : WordsFor(differences))
+    lines += words.name + "  " + words.before + "  " + words.after + '\n';
   return lines;
 }
 
@@ -24,8 +24,8 @@ std::string DifferenceJson(const ImageDifferences& differences) {
       {"format", 1}, {"fields", nlohmann::ordered_json::array()}, {"bytes", nlohmann::ordered_json::array()}};
   for (const auto& [at, before, after] : differences.settings)
     document["fields"].push_back({{"field", IdentifierOf(at)}, {"a", before}, {"b", after}});
-  for (const auto& [block, offset, before, after] : differences.bytes)
-    document["bytes"].push_back({{"block", block}, {"offset", offset}, {"a", before}, {"b", after}});
+  for (const auto& [block, offset, before, after, bits] : differences.bytes)
+    document["bytes"].push_back({{"block", NameOf(block)}, {"offset", offset}, {"a", before}, {"b", after}});
   return document.dump(2) + '\n';
 }
 

@@ -23,9 +23,11 @@ bool SetCode(Configuration& configuration, FieldAt at, std::uint8_t code) {
     return !SelectKey(configuration.keys, *key, KeyNoSelection);
   }
   const auto* const list = std::get_if<ChoiceList>(&at.field->place);
-  if (list == nullptr || (!CodingOf(*list).setting && *list != ChoiceList::Standards)) return false;
+  const bool isStandard = list != nullptr && *list == ChoiceList::Standards;
+  if (list == nullptr || (!CodingOf(*list).setting && !isStandard)) return false;
+  if (isStandard && code == 0) return false; // no Decode would read it
   configuration[*list] = {-1, code};
-  if (*list == ChoiceList::Standards) SelectStandard(configuration, -1, code);
+  if (isStandard) SelectStandard(configuration, -1, code);
   return true;
 }
 

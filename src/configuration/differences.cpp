@@ -66,18 +66,26 @@ ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after
     std::ranges::transform(made, bytes.begin(), [block](auto& image) { return BlockBytes(image, block); });
     for (std::size_t i = 0; i < was.size(); ++i) {
       const int explained = (bytes[0][i] ^ bytes[1][i]) | (bytes[2][i] ^ bytes[3][i]);
-      if (((was[i] ^ is[i]) & ~explained) != 0) differences.bytes.push_back({NameOf(block), i, was[i], is[i]});
+      const auto bits = static_cast<std::uint8_t>((was[i] ^ is[i]) & ~explained);
+      if (bits != 0) differences.bytes.push_back({block, i, was[i], is[i], bits});
     }
   }
   return differences;
 }
 
+void TakeByte(RadioImage& image, const ByteDifference& difference) {
+  std::uint8_t& byte = BlockBytes(image, difference.block)[difference.offset];
+  byte = static_cast<std::uint8_t>((byte & ~difference.bits) | (difference.after & difference.bits));
+}
+
 std::vector<DifferenceWords> WordsFor(const ImageDifferences& differences) {
   std::vector<DifferenceWords> words;
   for (const auto& [at, before, after] : differences.settings)
-    words.push_back({at, ShortNameOf(at), before, after});
-  for (const auto& [block, offset, before, after] : differences.bytes)
-    words.push_back({{}, std::string(block) + ' ' + std::to_string(offset), HexByte(before), HexByte(after)});
+    words.push_back({at, ShortNameOf(at), before, after, {}});
+  for (const ByteDifference& byte : differences.bytes) {
+    std::string name = std::string(NameOf(byte.block)) + ' ' + std::to_string(byte.offset);
+    words.push_back({{}, std::move(name), HexByte(byte.before), HexByte(byte.after), byte});
+  }
   return words;
 }
 

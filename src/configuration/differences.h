@@ -18,9 +18,10 @@ struct Difference {
 
 // A byte that differs in bits that no setting explains.
 struct ByteDifference {
-  std::string_view block;
+  ImageBlock block{};
   std::size_t offset = 0;
   std::uint8_t before = 0, after = 0;
+  std::uint8_t bits = 0; // that differ and that no setting explains
 };
 struct ImageDifferences {
   std::vector<Difference> settings;
@@ -32,10 +33,14 @@ struct ImageDifferences {
 [[nodiscard]] ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after,
                                              const FieldTexts& texts);
 
+// Gives the image the bits of `after`; those of settings stay.
+void TakeByte(RadioImage& image, const ByteDifference& difference);
+
 // A difference in words: a setting without its unit ("CH3 Rx Freq"), or a byte ("ChannelBlock 37", "0x08").
 struct DifferenceWords {
   FieldAt at; // nothing for a byte
   std::string name, before, after;
+  ByteDifference byte; // nothing for a setting
 };
 [[nodiscard]] std::vector<DifferenceWords> WordsFor(const ImageDifferences& differences);
 

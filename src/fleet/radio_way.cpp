@@ -25,7 +25,7 @@ std::string SummaryOf(const ImageDifferences& differences) {
   const std::size_t count = differences.settings.size() + differences.bytes.size();
   std::string text = "it does not hold what was written: ";
   if (differences.settings.empty())
-    text += std::string(differences.bytes[0].block) + ' ' + std::to_string(differences.bytes[0].offset);
+    text += std::string(NameOf(differences.bytes[0].block)) + ' ' + std::to_string(differences.bytes[0].offset);
   else
     text += NameOf(differences.settings[0].at);
   return count == 1 ? text : text + " and " + std::to_string(count - 1) + " more";

@@ -1,6 +1,8 @@
 // The comparison of the editor with a data file, and lists of channels that are dropped on the window.
 #include "changes.h"
+#include "fill_messages.h"
 #include "program_fixture.h"
+#include "random_image.h"
 
 namespace mr4500x {
 namespace {
@@ -28,6 +30,12 @@ struct CompareTest : ProgramTest {
     grid.setCurrentCell(row - 1, 0);
     QTest::keyClick(&grid, Qt::Key_Space);
     QTest::keyClicks(QApplication::focusWidget(), typed);
+  }
+  void PutBadFiles() {
+    Put("short.K4X", "LR7200");
+    RadioImage zero = image;
+    zero.ResetTimeBlock[StandardByte] = 0;
+    EXPECT_TRUE(SaveDataFile(files, Path("zero.K4X"), zero));
   }
   // By the menu of the grid, as a user without a mouse does.
   QDialog* Compare(const std::string& name) {
@@ -100,8 +108,12 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   Happened();
 
   Press(Qt::Key_End, Qt::ControlModifier);
+  const RadioImage before = window->Panel().Collected();
   Press(Qt::Key_Return);
-  EXPECT_EQ(Happened(), Lines{refused + "ChannelBlock 92: no setting shows it"});
+  EXPECT_EQ(Rows(), typed + step + rest);
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Status(1), "Undone: Take Other Value");
+  EXPECT_EQ(window->Panel().Collected(), before);
   Press(Qt::Key_A, Qt::ControlModifier); // one that is refused is enough
   Press(Qt::Key_Return);
   EXPECT_EQ(Happened(), Lines{refused + "CH12 Rx Freq (MHz): 500.00000, allowed: 440 to 470 MHz"});
@@ -122,7 +134,7 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   Press(Qt::Key_Return);
   EXPECT_EQ(Rows(), "");
   EXPECT_EQ(Cell(2, 8) + ' ' + Cell(10, 7), "2.5 441.00000");
-  EXPECT_EQ(Result().substr(0, 16), "Differences: 3. ");
+  EXPECT_EQ(Result().substr(0, 21), "Differences: 0 of 3. ");
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(Cell(2, 8) + ' ' + Cell(10, 7), "6.25 440.00000");
   Press(Qt::Key_Escape);
@@ -149,9 +161,17 @@ TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
   ASSERT_NE(Compare("other.K4X"), nullptr);
   Happened();
   const RadioImage before = window->Panel().Collected();
+  const std::string all = Rows();
+  const Lines asked = {"!|Frequency Band Change|Change the lower limit value, all data will be initiated. Do you want "
+                       "to continue?|YN"};
   Press(Qt::Key_A, Qt::ControlModifier);
+  desk.answers = {Answer::No, Answer::Yes};
   Press(Qt::Key_Return);
-  EXPECT_EQ(Happened(), Lines());
+  EXPECT_EQ(Happened(), asked);
+  EXPECT_EQ(Rows(), all);
+  EXPECT_EQ(window->Panel().Collected(), before);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Happened(), asked);
   EXPECT_EQ(Rows(), "");
   EXPECT_EQ(Cell(3, 1) + ' ' + Cell(3, 10), "412.50000 5T 12345");
   Press(Qt::Key_Z, Qt::ControlModifier);
@@ -160,10 +180,11 @@ TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
 
 TEST_F(CompareTest, FollowsTheEditorAndReportsAFileAsOpenDoes) {
   PutDataFile("same.K4X");
-  Put("short.K4X", "LR7200");
-  for (const char* const name : {"none.K4X", "short.K4X"}) {
+  PutBadFiles();
+  const std::string undecodable = std::string("!|") + DataErrorTitle + '|' + DataErrorText;
+  for (const auto& [name, told] : {std::pair("none.K4X", damaged), {"short.K4X", damaged}, {"zero.K4X", undecodable}}) {
     EXPECT_EQ(Compare(name), nullptr) << name;
-    EXPECT_EQ(Happened(), (Lines{"dialog Compare with File", damaged})) << name;
+    EXPECT_EQ(Happened(), (Lines{"dialog Compare with File", told})) << name;
   }
   ASSERT_NE(Compare("same.K4X"), nullptr);
   const std::string none = "There are no differences.";
@@ -187,6 +208,142 @@ TEST_F(CompareTest, FollowsTheEditorAndReportsAFileAsOpenDoes) {
   OpenFile("same.K4X");
   EXPECT_EQ(Rows(), "");
   EXPECT_EQ(Result(), none);
+}
+
+// Wherever the file comes from, the list is that of the file that is there.
+TEST_F(CompareTest, FollowsTheFileAndTakesNothingThatTheListDoesNotShow) {
+  PutBadFiles();
+  PutDataFile("same.K4X");
+  OpenFile("same.K4X");
+  Change({{"channels.2.tx_freq", "441.00000"}});
+  PutDataFile("first.K4X");
+  Change({{"channels.2.tx_freq", "442.00000"}});
+  PutDataFile("second.K4X");
+  const std::string changed = "The file has changed. Nothing was taken: look at the new list first.";
+  const std::string lost = "The file is gone or damaged, or can't be read. The list tells what it held; nothing can be "
+                           "taken.";
+  const std::string some = "Differences: 1. Enter or a double-click takes the value from there.";
+  const std::string row = "Channels|CH2 Tx Freq|440.00000|", first = row + "441.00000\n", second = row + "442.00000\n";
+  // what becomes of the file, the rows and the result then, what Enter tells and the rows after it
+  const std::tuple<const char*, std::string, std::string, std::string, std::string> cases[] = {
+      {"first.K4X", first, some, "", ""},
+      {"second.K4X", second, some, changed, second},
+      {"same.K4X", "", "There are no differences.", changed, ""},
+      {"short.K4X", first, lost, lost, first},
+      {"zero.K4X", first, lost, lost, first},
+      {"", first, lost, lost, first},
+  };
+  for (const auto& [now, rows, result, told, left] : cases) {
+    for (const bool isLookedAt : {true, false}) { // by a change of the window
+      SCOPED_TRACE(std::string(now) + (isLookedAt ? " seen" : " not seen"));
+      std::filesystem::copy_file(Path("first.K4X"), Path("other.K4X"));
+      QDialog* const frmCompare = Compare("other.K4X");
+      ASSERT_NE(frmCompare, nullptr);
+      EXPECT_EQ(Rows(), first);
+      std::filesystem::remove(Path("other.K4X"));
+      if (*now != '\0') std::filesystem::copy_file(Path(now), Path("other.K4X"));
+      Happened();
+      if (isLookedAt) {
+        Activate(window.get());
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(Result(), result);
+        Activate(frmCompare);
+      }
+      const RadioImage before = window->Panel().Collected();
+      const bool takes = !rows.empty() && result == some && (isLookedAt || rows == first);
+      Press(Qt::Key_Return);
+      EXPECT_EQ(window->Panel().Collected() != before, takes);
+      const bool isTold = result == lost || (!isLookedAt && !told.empty());
+      EXPECT_EQ(Happened(), isTold ? Lines{"!|Compare with File|" + told} : Lines());
+      EXPECT_EQ(Rows(), takes ? "" : left);
+      if (takes) Press(Qt::Key_Z, Qt::ControlModifier);
+      Press(Qt::Key_Escape);
+      QTest::qWait(0);
+      std::filesystem::remove(Path("other.K4X"));
+    }
+  }
+}
+
+TEST_F(CompareTest, FollowsASaveToTheComparedFile) {
+  PutDataFile("other.K4X");
+  ASSERT_NE(Compare("other.K4X"), nullptr);
+  Activate(window.get());
+  OpenCell(1, "450.5");
+  EXPECT_EQ(Rows(), "Channels|CH1 Rx Freq|450.50000|440.00000\n");
+  desk.paths.emplace_back(Path("other.K4X"));
+  QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(Rows(), "");
+  Undo();
+  EXPECT_EQ(Rows(), "Channels|CH1 Rx Freq|440.00000|450.50000\n");
+}
+
+TEST_F(CompareTest, TheFilterLeavesARowForEnterAndHasItsOwnKeys) {
+  Change({{"channels.2.tx_freq", "441.00000"}, {"channels.3.rx_freq", "442.00000"}, {"auto_reset_time", "10"}});
+  PutDataFile("other.K4X");
+  QDialog* const frmCompare = Compare("other.K4X");
+  ASSERT_NE(frmCompare, nullptr);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(2, 7), "441.00000");
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Cell(2, 7), "440.00000");
+  auto& filter = *frmCompare->findChild<QLineEdit*>("txtFilter");
+  filter.setFocus();
+  QTest::keyClicks(&filter, "442");
+  for (const auto& [key, modifiers] : {std::pair(Qt::Key_Y, Qt::ControlModifier | Qt::NoModifier),
+                                       {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier}}) {
+    QTest::keyClick(&filter, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(filter.text(), "");
+    QTest::keyClick(&filter, key, modifiers);
+    EXPECT_EQ(filter.text(), "442");
+    QTest::keyClick(&filter, key, modifiers); // there is nothing more
+    EXPECT_EQ(Cell(2, 7), "440.00000");
+  }
+  EXPECT_EQ(Result().substr(0, 21), "Differences: 1 of 3. ");
+  QTest::keyClick(&filter, Qt::Key_Tab);
+  ASSERT_EQ(QApplication::focusWidget(), table);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Cell(3, 1) + ' ' + Cell(2, 7), "442.00000 440.00000");
+  filter.clear();
+  EXPECT_EQ(Result().substr(0, 16), "Differences: 2. ");
+  table->clearSelection(); // as Ctrl+Space does
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Result().substr(0, 16), "Differences: 1. ");
+}
+
+// Among them the digits of an ID that the other side does not send.
+TEST_F(CompareTest, TakesAllBytesThatNoSettingShowsAndLeavesTheSettings) {
+  std::mt19937 random(7);
+  for (int round = 0; round < 20; ++round) {
+    SCOPED_TRACE(round);
+    PutDataFile("here.K4X");
+    desk.paths.emplace_back(Path("here.K4X"));
+    Choose("mnuFileOpen");
+    image = RandomImage(random);
+    PutDataFile("there.K4X");
+    Happened();
+    QDialog* const frmCompare = Compare("there.K4X");
+    ASSERT_NE(frmCompare, nullptr);
+    frmCompare->findChild<QLineEdit*>("txtFilter")->setText("Bytes");
+    EXPECT_NE(Rows(), "");
+    const RadioImage before = window->Panel().Collected();
+    const Configuration shown = window->Panel().Shown();
+    Happened();
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Rows(), "");
+    EXPECT_EQ(Happened(), Lines());
+    EXPECT_EQ(window->Panel().Shown(), shown);
+    Choose("mnuFileSave");
+    EXPECT_FALSE(window->State().ModifiedFlag);
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->Panel().Collected(), before);
+    EXPECT_TRUE(window->State().ModifiedFlag);
+    Press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Rows(), "");
+    Choose("mnuFileSave");
+    frmCompare->close();
+    QTest::qWait(0);
+  }
 }
 
 TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {

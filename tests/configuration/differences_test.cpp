@@ -16,8 +16,8 @@ protected:
     const ImageDifferences differences = CompareImages(before, after, texts);
     for (const auto& [at, old, now] : differences.settings)
       lines.push_back(NameOf(at) + ": " + old + " -> " + now);
-    for (const auto& [block, offset, old, now] : differences.bytes)
-      lines.push_back(std::string(block) + ' ' + std::to_string(offset) + ": " + std::to_string(old) + " -> " +
+    for (const auto& [block, offset, old, now, bits] : differences.bytes)
+      lines.push_back(std::string(NameOf(block)) + ' ' + std::to_string(offset) + ": " + std::to_string(old) + " -> " +
                       std::to_string(now));
     return lines;
   }
@@ -56,7 +56,7 @@ TEST_F(DifferencesTest, APlantedDifferenceOfEachSettingIsOneLine) {
                                  field.place == FieldPlace(Box::LowerBandLimit) || field.key == "rx_tone" ||
                                  field.group == FieldGroup::Keys || field.key == "ptt_id";
     EXPECT_TRUE(found.settings.size() == 1 || hasConsequences) << Between(image, other).back();
-    EXPECT_TRUE(found.bytes.empty()) << found.bytes[0].block << ' ' << found.bytes[0].offset;
+    EXPECT_TRUE(found.bytes.empty()) << NameOf(found.bytes[0].block) << ' ' << found.bytes[0].offset;
     ++planted;
   }
   EXPECT_EQ(planted, 53);

@@ -19,6 +19,12 @@ std::optional<int> NumberIn(const EntryBox& box) {
 
 } // namespace
 
+bool AgreesToLowerLimit(MessageView& messages) {
+  return messages.Show(MessageIcon::Exclamation, "Frequency Band Change",
+                       "Change the lower limit value, all data will be initiated. Do you want to continue?",
+                       MessageButtons::YesNo) == Answer::Yes;
+}
+
 BandFrame::BandFrame(MessageView& messages, RadioImage& image)
     : SettingsFrame(QStringLiteral("fraModel"), tr("Frequency Band")), m_messages(messages), m_image(image) {
   m_lower = NewLimitBox(QStringLiteral("txtFreqBandL"), tr("Frequency band, lower limit in MHz"));
@@ -114,10 +120,7 @@ void BandFrame::txtFreqBandL_Validate() {
 }
 
 void BandFrame::AskAboutLowerLimit(int limit, int inForce) {
-  const Answer answer = m_messages.Show(
-      MessageIcon::Exclamation, "Frequency Band Change",
-      "Change the lower limit value, all data will be initiated. Do you want to continue?", MessageButtons::YesNo);
-  if (answer == Answer::Yes)
+  if (AgreesToLowerLimit(m_messages))
     emit LowerLimitChanged(limit);
   else
     m_lower->SetWholeText(QString::number(inForce));

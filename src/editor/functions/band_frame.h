@@ -10,6 +10,9 @@ class QLabel;
 
 namespace mr4500x {
 
+// The question before a new lower limit resets all channels.
+[[nodiscard]] bool AgreesToLowerLimit(MessageView& messages);
+
 // The two limits in MHz. After a question, a new lower limit resets all channels.
 class BandFrame : public SettingsFrame {
   Q_OBJECT
