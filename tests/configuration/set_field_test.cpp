@@ -1,3 +1,4 @@
+#include "changes.h"
 #include "set_field.h"
 
 #include "rows.h"
@@ -43,6 +44,18 @@ TEST_F(SetFieldTest, EverySettingHasAnIdentifierOfItsOwn) {
         "channels.17.rx_freq", "channels.03.rx_freq", "tts.9.gap", "Global.tx_tot"}) {
     EXPECT_FALSE(FindField(wrong)) << wrong;
   }
+}
+
+// With the standard 0 nothing could be shown any more.
+TEST_F(SetFieldTest, TakesACodeOfAStandardButNotTheOneThatNoImageShows) {
+  configuration[ChoiceList::SelectCall].position = FiveToneMode;
+  const FieldAt at = *FindField("five_tone_standard");
+  for (const auto& [code, refusals] : {std::pair("{\"code\": 0}", 1U), {"{\"code\": 200}", 0U}}) {
+    const Configuration before = configuration;
+    EXPECT_EQ(ApplyChanges(configuration, {{at, code}}, texts).size(), refusals) << code;
+    EXPECT_EQ(configuration == before, refusals != 0) << code;
+  }
+  EXPECT_EQ(ValueOf(configuration, at), "{\"code\": 200}");
 }
 
 // Every text that a choice offers is stored, and shown again once it has been through the radio's bytes.
