@@ -209,6 +209,7 @@ void FrmCompare::BuildTable() {
   m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   m_table->horizontalHeader()->setStretchLastSection(true);
+  m_table->horizontalHeader()->setHighlightSections(false); // else all are bold while a row is selected
   m_table->horizontalHeader()->setSortIndicatorClearable(true); // back to the order of the sections
   m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   m_table->setSortingEnabled(true);
