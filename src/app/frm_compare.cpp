@@ -209,7 +209,7 @@ void FrmCompare::BuildTable() {
   m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   m_table->horizontalHeader()->setStretchLastSection(true);
-  m_table->horizontalHeader()->setHighlightSections(false); // else all are bold while a row is selected
+  m_table->horizontalHeader()->setHighlightSections(false);     // a selected row would make all bold
   m_table->horizontalHeader()->setSortIndicatorClearable(true); // back to the order of the sections
   m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   m_table->setSortingEnabled(true);
@@ -259,7 +259,8 @@ void FrmCompare::Hold(const RadioImage& file) {
 }
 
 FrmCompare::FileLook FrmCompare::ReadAgain() {
-  RadioImage file = m_file;
+  RadioImage file;
+  ResetToDefaults(file, {}); // for what no file holds
   if (LoadDataFile(m_files, m_path, file).outcome != LoadOutcome::Loaded ||
       Decode(file, m_panel.Texts()).end == DecodeEnd::DataError)
     return FileLook::Lost;
