@@ -114,7 +114,15 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   const Configuration before = panel.Shown();
   panel.ShowFunctionView();
   Pick("cboRadio(9)", 3);
-  Type("txtConnect", "12");
+  Type("txtConnect", "1");
+  QWidget other; // such as the comparison; a box is not left for it
+  for (QWidget* const active : {&other, static_cast<QWidget*>(&window)}) {
+    active->show();
+    active->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(active));
+    QTest::keyClick(active, Qt::Key_Shift);
+  }
+  QTest::keyClicks(&Box("txtConnect"), "2");
   Key(Qt::Key_Tab);
   QTest::keyClicks(&Box("txtDisconnect"), "34");
   Key(Qt::Key_Z, Qt::ControlModifier); // is the box's own
@@ -169,6 +177,7 @@ TEST_F(HistoryTest, AHalfTypedLimitIsNoStepAndTouchesNoBytes) {
   values.channels[1].cells[static_cast<std::size_t>(GridColumn::PttId)] = "ON";
   panel.Change(values);
   EXPECT_EQ(limit.text(), "440");
+  EXPECT_EQ(Bytes().ChannelBlock(0, 0), before.ChannelBlock(0, 0));
   GoElsewhere();
   Undo();
   EXPECT_EQ(Bytes(), before);

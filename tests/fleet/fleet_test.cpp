@@ -102,6 +102,8 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
       {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
+      {"a cable pulled from a radio that failed", "b", "failed", "FAILED, FINISHED", 0,
+       {}, {Failed, [](Fleet& fleet) { fleet.cables[0].openFailure = "gone"; }}},
       {"two answers that do not come through", "g", "verified", "TAKE OFF, WAITING, FINISHED", 0,
        {}, {Done, [](Fleet& fleet) { fleet.cables[0].missed = 2; }}},
       {"silent for longer", "g", "verified", "TAKE OFF, WAITING, IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0,
@@ -128,6 +130,8 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
     EXPECT_EQ(fleet.table.size(), radiosLeft);
     EXPECT_EQ(!fleet.hints.empty(), radios.find('n') != std::string::npos);
+    for (const PortEvent& event : fleet.told)
+      EXPECT_TRUE(event.row == 0 || (event.state != Failed && event.state != SetAside));
     for (const Attempt& attempt : fleet.tables.attempts)
       EXPECT_TRUE(attempt.outcome != AttemptOutcome::Verified || fleet.Holds(attempt.idNumber, attempt.row));
   }

@@ -1,8 +1,6 @@
 #include "frm_fleet.h"
 
-#include "file_access.h"
 #include "fleet_setup.h"
-#include "journal_report.h"
 #include "port_card.h"
 #include "shown_text.h"
 #include "sql_journal.h"
@@ -11,17 +9,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSettings>
@@ -135,15 +128,6 @@ void FrmFleet::BuildWindow() {
   connect(m_stop, &QPushButton::clicked, this, [this] { StopAfterTheseRadios(); });
   connect(m_save, &QPushButton::clicked, this, [this] { SaveJournal(); });
   connect(m_print, &QPushButton::clicked, this, [this] { PrintOnPaper(); });
-}
-
-template<class Work, class Then>
-void FrmFleet::Later(Work work, Then then) {
-  m_worker.start([this, work = std::move(work), then = std::move(then)] {
-    auto result = work();
-    QMetaObject::invokeMethod(
-        this, [then, result = std::move(result)] { then(result); }, Qt::QueuedConnection);
-  });
 }
 
 void FrmFleet::Tell(const QString& text) {
@@ -320,7 +304,7 @@ void FrmFleet::ShowCounts() {
   if (m_plan && !m_plan->problems.empty()) text = tr("What is wrong in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
   if (m_tally.Failed() > 0) text += tr("; radios not verified: %1").arg(m_tally.Failed());
-  if (m_session && m_journalError.isEmpty() && m_tally.Done() > 0 && left > 0)
+  if (m_session && taken > 0 && m_journalError.isEmpty() && m_tally.Done() > 0 && left > 0)
     text += tr("; about %1 min left").arg(m_since.elapsed() * left / m_tally.Done() / 60'000 + 1);
   m_counts->setText(text);
 }
@@ -329,51 +313,6 @@ void FrmFleet::Beep(int times) {
   if (!m_setup->HasSound()) return;
   for (int i = 0; i < times; ++i)
     QTimer::singleShot(i * 250ms, this, [] { QApplication::beep(); });
-}
-
-void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
-  const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
-  Later(work, [this, use = std::move(use)](const JournalContent& content) {
-    if (content.error.empty())
-      use(content);
-    else
-      Tell(Shown(m_journal + ": " + content.error));
-  });
-}
-
-void FrmFleet::SaveJournal() {
-  const QString tables = tr("Tables (*.csv)"), pages = tr("Pages (*.pdf)");
-  const QFileInfo plan(Shown(m_setup->Choice().templateFile));
-  QString kind, file = plan.dir().filePath(plan.completeBaseName() + QStringLiteral("-journal.csv"));
-  file = QFileDialog::getSaveFileName(this, tr("Save journal"), file, tables + QStringLiteral(";;") + pages, &kind);
-  if (file.isEmpty()) return;
-  if (kind == pages && !file.endsWith(QLatin1String(".pdf")))
-    file.remove(QStringLiteral(".csv")).append(QStringLiteral(".pdf"));
-  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".csv");
-  if (IsNeeded(m_setup->Choice(), file.toStdString())) return Tell(tr("%1 can't be written.").arg(file));
-  WithJournal([this, file, name = Shown(m_plan->plan.name)](const JournalContent& content) {
-    bool isStored = false;
-    if (file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
-      QPrinter printer(QPrinter::HighResolution);
-      printer.setOutputFileName(file);
-      isStored = PrintJournal(printer, name, content);
-    } else {
-      const std::string text = JournalCsv(content.attempts);
-      const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-      isStored = ReplaceFile(m_files, file.toStdString(), bytes, Surplus::Drop);
-    }
-    Tell(isStored ? tr("The journal is in %1.").arg(file) : tr("%1 can't be written.").arg(file));
-  });
-}
-
-void FrmFleet::PrintOnPaper() {
-  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-  printer->setDocName(windowTitle());
-  if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted) return;
-  WithJournal([this, printer, name = Shown(m_plan->plan.name)](const JournalContent& content) {
-    if (!PrintJournal(*printer, name, content))
-      Tell(tr("The printer %1 did not take the job.").arg(printer->printerName()));
-  });
 }
 
 void FrmFleet::EndBySignal() {

@@ -90,4 +90,13 @@ private:
   bool m_isStarting = false, m_isStopping = false, m_isLooking = false, m_closesAtEnd = false;
 };
 
+template<class Work, class Then>
+void FrmFleet::Later(Work work, Then then) {
+  m_worker.start([this, work = std::move(work), then = std::move(then)] {
+    auto result = work();
+    QMetaObject::invokeMethod(
+        this, [then, result = std::move(result)] { then(result); }, Qt::QueuedConnection);
+  });
+}
+
 } // namespace mr4500x

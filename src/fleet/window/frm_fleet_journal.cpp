@@ -1,0 +1,64 @@
+// The journal in a file and on paper.
+#include "file_access.h"
+#include "fleet_setup.h"
+#include "frm_fleet.h"
+#include "journal_report.h"
+#include "shown_text.h"
+#include "words.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include <span>
+
+namespace mr4500x {
+
+void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
+  const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
+  Later(work, [this, use = std::move(use)](const JournalContent& content) {
+    if (content.error.empty())
+      use(content);
+    else
+      Tell(Shown(m_journal + ": " + content.error));
+  });
+}
+
+void FrmFleet::SaveJournal() {
+  const QString tables = tr("Tables (*.csv)"), pages = tr("Pages (*.pdf)");
+  const QFileInfo plan(Shown(m_setup->Choice().templateFile));
+  QString kind, file = plan.dir().filePath(plan.completeBaseName() + QStringLiteral("-journal.csv"));
+  file = QFileDialog::getSaveFileName(this, tr("Save journal"), file, tables + QStringLiteral(";;") + pages, &kind);
+  if (file.isEmpty()) return;
+  if (kind == pages && !file.endsWith(QLatin1String(".pdf")))
+    file.remove(QStringLiteral(".csv")).append(QStringLiteral(".pdf"));
+  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".csv");
+  if (IsNeeded(m_setup->Choice(), file.toStdString())) return Tell(tr("%1 can't be written.").arg(file));
+  WithJournal([this, file, name = Shown(m_plan->plan.name)](const JournalContent& content) {
+    bool isStored = false;
+    if (file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
+      QPrinter printer(QPrinter::HighResolution);
+      printer.setOutputFileName(file);
+      isStored = PrintJournal(printer, name, content);
+    } else {
+      const std::string text = JournalCsv(content.attempts);
+      const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+      isStored = ReplaceFile(m_files, file.toStdString(), bytes, Surplus::Drop);
+    }
+    Tell(isStored ? tr("The journal is in %1.").arg(file) : tr("%1 can't be written.").arg(file));
+  });
+}
+
+void FrmFleet::PrintOnPaper() {
+  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  printer->setDocName(windowTitle());
+  if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted) return;
+  WithJournal([this, printer, name = Shown(m_plan->plan.name)](const JournalContent& content) {
+    if (!PrintJournal(*printer, name, content))
+      Tell(tr("The printer %1 did not take the job.").arg(printer->printerName()));
+  });
+}
+
+} // namespace mr4500x
