@@ -2,10 +2,12 @@
 #include "changes.h"
 #include "channel_text.h"
 #include "data_file.h"
+#include "decimal.h"
 #include "dialogs.h"
 #include "differences.h"
 #include "editor_panel.h"
 #include "fill_messages.h"
+#include "set_field.h"
 
 #include <QAbstractTableModel>
 #include <QAction>
@@ -139,6 +141,7 @@ private:
   void WidenColumns();
   void ShowResult(bool isLost);
   void Take(); // what the file has in the selected rows
+  [[nodiscard]] RadioImage WithBytes(std::vector<ByteDifference> bytes, const Configuration& values, bool isNewLimit);
   void Copy();
   [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom; the current one if there is none
 
@@ -332,15 +335,30 @@ void FrmCompare::Take() {
     m_messages.Show(MessageIcon::Exclamation, CompareTitle, MessageOf(refusals), MessageButtons::Ok);
     return;
   }
-  if (values.lowerBandLimit != lowerLimit && !AgreesToLowerLimit(m_messages)) return;
-  RadioImage image = m_panel.Collected();
-  for (const ByteDifference& byte : bytes)
-    TakeByte(image, byte);
+  const bool isNewLimit = values.lowerBandLimit != lowerLimit;
+  const bool isAgreed = !isNewLimit || AgreesToLowerLimit(m_messages);
+  activateWindow(); // the message belongs to the main window
+  if (!isAgreed) return;
   if (bytes.empty())
     m_panel.Change(values);
   else // a step that may have no setting to be named after
-    m_panel.Change(values, image, tr(TakeText));
+    m_panel.Change(values, WithBytes(std::move(bytes), values, isNewLimit), tr(TakeText));
   Renew();
+}
+
+// The image with these bytes of the file. A new limit resets the channels, with bytes in which the file did not differ;
+// so all those that differ then are taken.
+RadioImage FrmCompare::WithBytes(std::vector<ByteDifference> bytes, const Configuration& values, bool isNewLimit) {
+  RadioImage image = m_panel.Collected();
+  if (isNewLimit) {
+    static_cast<void>(RestartChannels(image, ParseWhole(values.lowerBandLimit).value_or(0), m_panel.Texts()));
+    RadioImage taken = image;
+    Encode(values, taken, m_panel.Texts());
+    bytes = CompareImages(taken, m_other, m_panel.Texts()).bytes;
+  }
+  for (const ByteDifference& byte : bytes)
+    TakeByte(image, byte);
+  return image;
 }
 
 // A table with a heading, as spreadsheets take it.

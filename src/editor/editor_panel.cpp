@@ -172,17 +172,17 @@ void EditorPanel::ShowAgain(const Configuration& values) {
 }
 
 void EditorPanel::Change(const Configuration& values, const QString& name) {
-  Change(values, m_image, name);
+  RadioImage image = m_image;
+  const auto lower = ParseWhole(values.lowerBandLimit);
+  if (lower && values.lowerBandLimit != ShownUnfinished().lowerBandLimit)
+    static_cast<void>(RestartChannels(image, *lower, m_texts));
+  Change(values, image, name);
 }
 
 void EditorPanel::Change(const Configuration& values, const RadioImage& image, const QString& name) {
-  const Configuration shown = ShownUnfinished();
-  if (values == shown && image == m_image) return;
+  if (values == ShownUnfinished() && image == m_image) return;
   m_history->TakeStep();
   m_image = image;
-  const auto lower = ParseWhole(values.lowerBandLimit);
-  if (lower && values.lowerBandLimit != shown.lowerBandLimit)
-    static_cast<void>(RestartChannels(m_image, *lower, m_texts));
   ShowDecoded({values});
   emit Changed();
   m_history->TakeStep(name);

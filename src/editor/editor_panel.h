@@ -42,7 +42,7 @@ public:
   [[nodiscard]] RadioImage Collected() const;
   // Shows `values` as a step of the history; its name as in EditHistory::TakeStep.
   void Change(const Configuration& values, const QString& name = {});
-  // The same with an image whose bytes that no control shows are others.
+  // The same with an image whose bytes that no control shows are others; they are taken as they are.
   void Change(const Configuration& values, const RadioImage& image, const QString& name);
   [[nodiscard]] const FieldTexts& Texts() const { return m_texts; }
 

@@ -14,7 +14,6 @@
 namespace mr4500x {
 
 // May be used by several threads, each with a journal of its own.
-// May be used by several threads, each with a journal of its own.
 class PendingAttempts {
 public:
   // Takes over what earlier processes left. Their files are removed, damaged ones stay.

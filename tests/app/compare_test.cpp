@@ -145,9 +145,11 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
 TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
   const std::uint8_t record = image.ChannelBlock(5, 12);
   image.ChannelBlock(5, 12) |= 0x05; // a new lower limit resets what no setting shows, too
+  image.ChannelBlock(7, 12) |= 0x05; // also where the file is the same
   PutDataFile("here.K4X");
   OpenFile("here.K4X");
   image.ChannelBlock(5, 12) = record;
+  image.ChannelBlock(6, 12) |= 0x05;
   Change({{"band.lower", "400"},
           {"band.upper", "430"},
           {"select_call", "5 Tone"},

@@ -57,7 +57,7 @@ TEST_F(FleetCommandTest, AnEndSignalStopsAfterTheseRadios) {
   Put("rows.csv", "label\nCar 1\nCar 2\n");
   AddRadio("LR-1", " --pace 9600");
   const Ended ended = Shell(MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " + Path("rows.csv") +
-                            " >" + Path("out") + " & fleet=$!; until grep -q writing " + Path("out") +
+                            " >" + Path("out") + " & fleet=$!; until grep -qs writing " + Path("out") +
                             "; do sleep 0.05; done; kill -TERM $fleet; sleep 0.2; kill -TERM $fleet; wait $fleet");
   EXPECT_EQ(ended.status, 1); // a row is left
   EXPECT_EQ(CountOf(ended.output, "Stopping after these radios.\n"), 2U) << ended.output;
@@ -69,8 +69,9 @@ TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   Put("rows.csv", "label\nCar 1\n");
   AddRadio("LR-1", " --pace 9600");
   const std::string fleet = MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " + Path("rows.csv");
-  const Ended ended = Shell(fleet + " --count 1 >" + Path("out") + " & fleet=$!; until grep -q writing " + Path("out") +
-                            "; do sleep 0.05; done; mv " + Path("a.journal ") + Path("a.moved; ") + "wait $fleet");
+  const Ended ended =
+      Shell(fleet + " --count 1 >" + Path("out") + " & fleet=$!; until grep -qs writing " + Path("out") +
+            "; do sleep 0.05; done; mv " + Path("a.journal ") + Path("a.moved; ") + "wait $fleet");
   EXPECT_NE(Content("out").find("verified; take the radio off: the journal gets it later\n"), std::string::npos);
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.output, "1 entry waits for the journal; the next start hands it in.\n");

@@ -143,7 +143,7 @@ bool FleetTally::Take(const PortEvent& event) {
   if (!isNews) return false;
   if (event.state == PortState::Done) ++m_done;
   if (IsGood(event.state)) m_failed.erase(event.idNumber);
-  if (IsBad(event.state)) m_failed.insert(event.idNumber);
+  if (IsBad(event.state) && event.state != PortState::NoRow) m_failed.insert(event.idNumber);
   return true;
 }
 

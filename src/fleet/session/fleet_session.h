@@ -68,7 +68,7 @@ public:
   bool Take(const PortEvent& event);
   [[nodiscard]] bool HasEnded() const;              // all ports
   [[nodiscard]] int Done() const { return m_done; } // radios
-  // Radios that were left unverified.
+  // Radios that were left unverified. One without a row was not asked for.
   [[nodiscard]] std::size_t Failed() const { return m_failed.size(); }
 
 private:

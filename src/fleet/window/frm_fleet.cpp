@@ -139,6 +139,8 @@ void FrmFleet::ForgetPlan() {
   m_plan.reset();
   ++m_loads;
   Tell({});
+  m_rows.Show({});
+  m_counts->clear();
   ShowState();
   m_loadSoon.start(); // when the user has typed it
 }
@@ -172,10 +174,10 @@ void FrmFleet::ShowState() {
   const bool isUsable = m_plan && m_plan->problems.empty(), isRunning = m_session || m_isStarting;
   m_setup->SetRunning(isRunning);
   const FleetChoice choice = m_setup->Choice();
-  if (!isRunning && (choice.templateFile.empty() || choice.ports.empty()))
-    Tell(tr("Choose a template and the ports."));
-  else if (m_message->text() == tr("Choose a template and the ports."))
-    Tell({});
+  const QString missing = tr("Choose a template and the ports.");
+  const bool isMissing = !isRunning && (choice.templateFile.empty() || choice.ports.empty());
+  if (isMissing && m_message->text().isEmpty()) Tell(missing); // what a command has told stays
+  if (!isMissing && m_message->text() == missing) Tell({});
   m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
   m_save->setEnabled(isUsable);
@@ -268,6 +270,7 @@ void FrmFleet::End() {
     Tell(tr("All ports have ended."));
   m_session.reset();
   m_lookAgain.stop();
+  LookAtRows();
   m_isStopping = false;
   ShowState();
   m_start->setFocus();
@@ -284,15 +287,18 @@ void FrmFleet::StopAfterTheseRadios() {
 
 // In the other thread, as the database may be slow. One look at a time.
 void FrmFleet::LookAtRows() {
+  m_looksAgain = m_isLooking;
   if (m_isLooking || !m_plan || !m_plan->problems.empty()) return;
   m_isLooking = true;
   const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
   Later(work, [this, plan = m_plan](const JournalContent& content) {
     m_isLooking = false;
-    if (plan != m_plan) return LookAtRows();
+    if (plan != m_plan || m_looksAgain) LookAtRows();
+    if (plan != m_plan) return;
     if (!content.rows.empty()) m_rows.Show(content.rows);
     // Before the first start there is no file.
-    m_journalError = m_session || FileOfJournal(m_journal).empty() ? Shown(content.error) : QString();
+    const bool isMade = !m_cards.empty() || FileOfJournal(m_journal).empty();
+    m_journalError = isMade ? Shown(content.error) : QString();
     ShowCounts();
   });
 }

@@ -87,7 +87,7 @@ private:
   QTimer m_loadSoon, m_lookAgain;
   QElapsedTimer m_since;
   QString m_journalError; // of the last look
-  bool m_isStarting = false, m_isStopping = false, m_isLooking = false, m_closesAtEnd = false;
+  bool m_isStarting = false, m_isStopping = false, m_isLooking = false, m_looksAgain = false, m_closesAtEnd = false;
 };
 
 template<class Work, class Then>

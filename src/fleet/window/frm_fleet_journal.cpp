@@ -6,7 +6,6 @@
 #include "shown_text.h"
 #include "words.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
@@ -27,14 +26,16 @@ void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
 }
 
 void FrmFleet::SaveJournal() {
-  const QString tables = tr("Tables (*.csv)"), pages = tr("Pages (*.pdf)");
   const QFileInfo plan(Shown(m_setup->Choice().templateFile));
-  QString kind, file = plan.dir().filePath(plan.completeBaseName() + QStringLiteral("-journal.csv"));
-  file = QFileDialog::getSaveFileName(this, tr("Save journal"), file, tables + QStringLiteral(";;") + pages, &kind);
-  if (file.isEmpty()) return;
-  if (kind == pages && !file.endsWith(QLatin1String(".pdf")))
-    file.remove(QStringLiteral(".csv")).append(QStringLiteral(".pdf"));
-  if (QFileInfo(file).suffix().isEmpty()) file += QStringLiteral(".csv");
+  QFileDialog dialog(this, tr("Save journal"), plan.path(), tr("Tables (*.csv);;Pages (*.pdf)"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("csv")); // before it asks whether a file may be replaced
+  connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+    dialog.setDefaultSuffix(filter.contains(QLatin1String("*.pdf")) ? QStringLiteral("pdf") : QStringLiteral("csv"));
+  });
+  dialog.selectFile(plan.completeBaseName() + QStringLiteral("-journal"));
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString file = dialog.selectedFiles().value(0);
   if (IsNeeded(m_setup->Choice(), file.toStdString())) return Tell(tr("%1 can't be written.").arg(file));
   WithJournal([this, file, name = Shown(m_plan->plan.name)](const JournalContent& content) {
     bool isStored = false;

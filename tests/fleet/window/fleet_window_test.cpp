@@ -114,9 +114,10 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports have ended."; }));
   EXPECT_TRUE(Cards().contains("COM3: SET ASIDE")) << "what became of a radio is still to be seen";
-  for (const char* const name : {"journal.csv", "journal.pdf"}) {
+  for (const char* const name : {"journal", "journal.pdf"}) {
     file = QString::fromStdString(Path(name));
     QTest::mouseClick(Find<QPushButton>("cmdSave"), Qt::LeftButton);
+    if (!file.contains('.')) file += ".csv";
     EXPECT_TRUE(Await([&] { return Label("lblMessage") == "The journal is in " + file + '.'; }));
   }
   EXPECT_EQ(QString::fromStdString(Content("journal.csv")).count(",verified,"), 2);
