@@ -153,7 +153,9 @@ void FrmFleet::LoadChosenPlan() {
   };
   Later(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
     if (load != m_loads) return;
-    if (!m_session && !m_isStarting) ShowPlan(check, choice);
+    if (m_session || m_isStarting) return;
+    if (m_plan && IsSamePlan(*check, *m_plan)) return LookAtRows(); // what is selected stays
+    ShowPlan(check, choice);
   });
 }
 
@@ -244,6 +246,9 @@ void FrmFleet::ArrangeCards() {
     m_cardGrid->addWidget(each, at / inARow, at % inARow);
     ++at;
   }
+  const int rows = (static_cast<int>(m_cards.size()) + inARow - 1) / inARow;
+  const int high = m_cards.front()->sizeHint().height() + m_cardGrid->spacing();
+  m_cardArea->setMaximumHeight(rows * high); // the table has the rest
 }
 
 void FrmFleet::Take(const PortEvent& event) {

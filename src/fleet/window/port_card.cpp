@@ -137,6 +137,7 @@ PortCard::PortCard(const QString& portName)
   m_text->setWordWrap(true);
   m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 2);
   m_text->setAlignment(Qt::AlignTop);
+  m_bar->setMaximumHeight(m_bar->sizeHint().height());
   for (QLabel* const label : {m_who, m_text})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Show({});
