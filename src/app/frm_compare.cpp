@@ -37,7 +37,7 @@ constexpr char TakeText[] = "Take Other Value";
 constexpr char FileChangedText[] = "The file has changed. Nothing was taken: look at the new list first.";
 constexpr char FileLostText[] =
     "The file is gone or damaged, or can't be read. The list tells what it held; nothing can be taken.";
-constexpr QSize DesignSize(80, 28); // in characters and lines
+constexpr QSize DesignSize(100, 28); // in characters and lines
 
 struct CompareColumn {
   const char* heading;

@@ -38,6 +38,7 @@ AttemptOutcome RadioWay::Go(const RadioImage& identity, Attempt& attempt) {
   const bool hasText = attempt.row <= m_desk.plan.rows.size() && m_desk.plan.rows[attempt.row - 1].embeddedInfo;
   m_steps = WaySteps + (hasText ? TextSteps : 0);
   const auto setAside = [&](const std::string& ofRadio) {
+    attempt.sha256.clear(); // nothing was written
     attempt.text = "the radio " + ofRadio + ", the row is for " + BandText(image.BandBlock);
     return AttemptOutcome::SetAside;
   };

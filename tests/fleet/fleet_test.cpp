@@ -55,6 +55,7 @@ TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
       EXPECT_TRUE(fleet.Holds("R", 1));
       const Attempt& first = fleet.tables.attempts.front();
       EXPECT_EQ(first.text.empty(), outcome == 'v' || outcome == '-');
+      EXPECT_TRUE(first.outcome != AttemptOutcome::SetAside || first.sha256.empty());
       EXPECT_TRUE(!first.sha256.empty() || fleet.off.front() == before) << "written without a backup";
       if (step < PortState::Writing || outcome == '-') continue;
       RadioImage kept;
