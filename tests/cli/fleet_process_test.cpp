@@ -50,6 +50,10 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(listed.output, ": verified\n"), 3U) << listed.output;
   EXPECT_TRUE(Cli("fleet journal " + Path("a.journal") + " --csv -").output.starts_with("row,outcome,start,"));
   EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --csv - --plan none").output, "\n"), 1U);
+  EXPECT_EQ(Fleet(" --count 1").status, 0); // another plan
+  const std::string both = Cli("fleet journal " + file).output;
+  EXPECT_EQ(CountOf(both, "plan "), CountOf(both, "\n")) << both;
+  EXPECT_EQ(CountOf(listed.output, "plan "), 0U);
   EndRadio();
 }
 

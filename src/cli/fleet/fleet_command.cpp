@@ -127,8 +127,11 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   if (!attempts) return NoAnswer(address, journal->Error(), terminal);
   if (!arguments.csvFile.empty())
     return StoreText(files, arguments.csvFile, JournalCsv(*attempts), terminal) ? ExitStatus::Done : ExitStatus::Failed;
+  std::set<std::string> plans;
   for (const Attempt& attempt : *attempts)
-    terminal.out << LineFor(attempt) << '\n';
+    plans.insert(attempt.plan);
+  for (const Attempt& attempt : *attempts)
+    terminal.out << (plans.size() > 1 ? "plan " + attempt.plan.substr(0, 8) + ": " : "") << LineFor(attempt) << '\n';
   return EndOutput(terminal);
 }
 
