@@ -5,6 +5,8 @@
 #include "differences.h"
 #include "rows.h"
 
+#include <algorithm>
+
 namespace mr4500x {
 namespace {
 
