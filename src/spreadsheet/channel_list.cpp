@@ -60,7 +60,9 @@ ChannelList ReadChannelList(std::string_view text) {
   }
   const std::size_t columns = table.rows.front().cells.size();
   if (columns > MostColumns || table.rows.size() > MostRows) {
-    list.bad.push_back({table.rows.front().line, "", "", "more than 100 columns or 1000 lines"});
+    list.bad.push_back(
+        {table.rows.front().line, "", "",
+         "more than " + std::to_string(MostColumns) + " columns or " + std::to_string(MostRows) + " lines"});
     return list;
   }
   for (CsvRow& row : table.rows) {

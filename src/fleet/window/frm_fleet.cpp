@@ -212,6 +212,7 @@ void FrmFleet::Start() {
       StartPorts(choice);
     }
     ShowState();
+    if (m_session) m_stop->setFocus();
   });
 }
 
@@ -232,8 +233,6 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
       m_files, m_settingsFile, m_plan->plan, choice,
       [this, inWindow](const PortEvent& event) { inWindow([this, event] { Take(event); }); },
       [this, inWindow](const Attempt& attempt) { inWindow([this, attempt] { TellConflict(attempt); }); });
-  ShowState();
-  m_stop->setFocus();
 }
 
 // As many in a row as the window is wide enough for.
@@ -295,7 +294,12 @@ void FrmFleet::LookAtRows() {
   m_looksAgain = m_isLooking;
   if (m_isLooking || !m_plan || !m_plan->problems.empty()) return;
   m_isLooking = true;
-  const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
+  // The rows alone: the attempts may be many.
+  const auto work = [plan = m_plan, address = m_journal] {
+    const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
+    auto rows = journal->Rows(plan->plan.key);
+    return rows ? JournalContent{std::move(*rows), {}, ""} : JournalContent{{}, {}, journal->Error()};
+  };
   Later(work, [this, plan = m_plan](const JournalContent& content) {
     m_isLooking = false;
     if (plan != m_plan || m_looksAgain) LookAtRows();
@@ -326,7 +330,7 @@ void FrmFleet::Beep(int times) {
     QTimer::singleShot(i * 250ms, this, [] { QApplication::beep(); });
 }
 
-void FrmFleet::EndBySignal() {
+void FrmFleet::CloseAfterTheseRadios() {
   m_closesAtEnd = true;
   StopAfterTheseRadios();
   if (!m_session) close();
@@ -336,15 +340,9 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
   if (m_session) {
     event->ignore();
     if (m_closesAtEnd) return;
-    if (std::ranges::none_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); }))
-      return EndBySignal(); // nothing to wait for
-    const auto answer = QMessageBox::question(
-        this, windowTitle(),
-        tr("Radios are being programmed. Do you want to stop after these radios, and close then?"));
-    if (answer != QMessageBox::Yes) return;
-    m_closesAtEnd = true;
-    StopAfterTheseRadios();
-    if (!m_session) close(); // ended meanwhile
+    const bool isAtWork = std::ranges::any_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); });
+    const auto question = tr("Radios are being programmed. Do you want to stop after these radios, and close then?");
+    if (!isAtWork || QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes) CloseAfterTheseRadios();
     return;
   }
   QSettings settings(m_ownSettingsFile, QSettings::IniFormat);

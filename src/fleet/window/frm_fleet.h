@@ -32,7 +32,7 @@ public:
   Q_DISABLE_COPY_MOVE(FrmFleet)
 
   void StopAfterTheseRadios();
-  void EndBySignal(); // closes after these radios, without a question
+  void CloseAfterTheseRadios(); // without a question
 
 protected:
   void closeEvent(QCloseEvent* event) override;
