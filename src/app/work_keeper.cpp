@@ -1,9 +1,9 @@
 #include "work_keeper.h"
 
-#include "decimal.h"
 #include "differences.h"
 #include "editor_panel.h"
 #include "messages.h"
+#include "text.h"
 
 #include <QCoreApplication>
 #include <QEvent>

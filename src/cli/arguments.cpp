@@ -6,11 +6,10 @@
 #include "port_devices.h"
 #include "serial_line.h"
 #include "settings.h"
-
-#include <QString>
+#include "text.h"
+#include "utf8.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <numeric>
 #include <utility>
@@ -73,9 +72,8 @@ bool IsThere(const PortArgument& port) {
 }
 
 bool HasDataFileEnding(const std::string& path) {
-  std::string ending = std::filesystem::path(path).extension().string();
-  std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) { return std::toupper(c); });
-  return ending == ".K4X" || ending == ".K4Y";
+  const std::string ending = Lower(std::filesystem::path(path).extension().string());
+  return ending == ".k4x" || ending == ".k4y";
 }
 
 std::string NearestOf(std::string_view word, const std::vector<std::string>& names) {
@@ -91,11 +89,16 @@ std::string NearestOf(std::string_view word, const std::vector<std::string>& nam
 }
 
 std::string InfoToPrint(std::u16string_view text) {
-  QString shown = QStringView(VisibleText(text)).toString();
-  shown.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-  for (QChar& c : shown) // keep a radio's text from controlling the terminal
-    if (c.category() == QChar::Other_Control && c != QLatin1Char('\n') && c != QLatin1Char('\t')) c = QLatin1Char('.');
-  return shown.toStdString();
+  std::string shown = InfoToKeep(text); // with a line feed after the last line
+  if (!shown.empty()) shown.pop_back();
+  std::string printed;
+  for (std::string_view rest = shown; !rest.empty();) {
+    const std::string_view before = rest;
+    const char32_t c = TakeCodePoint(rest);
+    const bool isControl = (c < ' ' && c != '\n' && c != '\t') || (c >= 0x7F && c < 0xA0);
+    printed += isControl ? "." : before.substr(0, before.size() - rest.size()); // none may control the terminal
+  }
+  return printed;
 }
 
 } // namespace mr4500x

@@ -1,6 +1,7 @@
 #include "configuration_texts.h"
 
 #include "differences.h"
+#include "text.h"
 
 #include <algorithm>
 
@@ -25,8 +26,7 @@ void AppendSection(std::string& text, std::string_view title, const std::vector<
       line += row[column];
       line.append(widths[column] - row[column].size() + 2, ' ');
     }
-    line.erase(line.find_last_not_of(' ') + 1);
-    text += line + '\n';
+    text.append(TrimmedAtEnd(line, " ")) += '\n';
   }
 }
 

@@ -1,9 +1,9 @@
 #include "terminal.h"
 
 #include "messages.h"
+#include "text.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <iostream>
 #include <system_error>
@@ -44,12 +44,9 @@ bool TerminalObserver::AskYesNo() {
       m_terminal.err << '\n';
       return false;
     }
-    line.erase(line.find_last_not_of(" \t\r") + 1);
-    line.erase(0, line.find_first_not_of(" \t"));
-    std::transform(line.begin(), line.end(), line.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    if (line == "y" || line == "yes") return true;
-    if (line == "n" || line == "no") return false;
+    const std::string answer = Lower(std::string(Trimmed(line, " \t\r")));
+    if (answer == "y" || answer == "yes") return true;
+    if (answer == "n" || answer == "no") return false;
     m_terminal.err << "Please answer yes or no.";
   }
 }

@@ -1,6 +1,7 @@
 #include "differences.h"
 
 #include "decimal.h"
+#include "text.h"
 
 #include <algorithm>
 #include <array>
@@ -32,8 +33,7 @@ std::string ShortNameOf(FieldAt at) {
   if (at.field->key == "tx_step") name.insert(name.find("Step"), "Tx ");
   const std::size_t unit = name.find('(');
   if (unit != std::string::npos) name.erase(unit);
-  name.erase(name.find_last_not_of(' ') + 1);
-  return name;
+  return std::string(TrimmedAtEnd(name));
 }
 
 std::string HexByte(std::uint8_t byte) {

@@ -1,6 +1,7 @@
 #include "field_rules.h"
 
 #include "decimal.h"
+#include "text.h"
 
 #include <algorithm>
 

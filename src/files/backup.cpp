@@ -1,13 +1,13 @@
 #include "backup.h"
 
 #include "data_file.h"
-#include "decimal.h"
 #include "embedded_info.h"
 #include "file_access.h"
 #include "function_settings.h"
+#include "text.h"
 
 #include <algorithm>
-#include <cctype>
+#include <functional>
 
 namespace mr4500x {
 namespace {
@@ -21,8 +21,8 @@ void Replace(std::string& text, std::string_view what, const std::string& by) {
 
 std::string FilledIn(std::string path, const RadioImage& image, const LocalTime& now) {
   std::string id = IdentityNumber(image), digits = TimestampText(now);
-  std::ranges::replace_if(
-      id, [](unsigned char c) { return c >= 0x80 || (std::isalnum(c) == 0 && c != '-'); }, '_');
+  const auto isPlain = [](char c) { return (Lower(c) >= 'a' && Lower(c) <= 'z') || IsDigit(c) || c == '-'; };
+  std::ranges::replace_if(id, std::not_fn(isPlain), '_');
   std::erase_if(digits, [](char c) { return !IsDigit(c); });
   Replace(path, "{id}", id.empty() ? "unknown" : id);
   Replace(path, "{date}", digits.substr(0, 8));

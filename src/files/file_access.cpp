@@ -1,5 +1,7 @@
 #include "file_access.h"
 
+#include "text.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -18,19 +20,9 @@ constexpr std::uint32_t WriteBits = 0222;
 
 // Independent of the saved file's name, which may already have the greatest length allowed.
 constexpr std::string_view TemporaryPrefix = ".mr4500x-save-";
-constexpr std::string_view HexDigits = "0123456789abcdef";
-constexpr std::size_t TemporaryDigits = 16;
-
-std::string TemporaryName(std::uint64_t number) {
-  std::string name(TemporaryPrefix);
-  for (std::size_t i = 0; i < TemporaryDigits; ++i)
-    name += HexDigits[(number >> (4 * i)) & 0xF];
-  return name;
-}
 
 bool IsTemporaryName(std::string_view name) {
-  return name.starts_with(TemporaryPrefix) && name.size() == TemporaryPrefix.size() + TemporaryDigits &&
-         name.find_first_not_of(HexDigits, TemporaryPrefix.size()) == std::string_view::npos;
+  return name.starts_with(TemporaryPrefix) && IsHexText(name.substr(TemporaryPrefix.size()));
 }
 
 std::string InFolder(std::string folder, std::string_view name) {
@@ -98,7 +90,7 @@ class Temporary {
 public:
   Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode) : m_files(files) {
     for (int tries = 0; tries < MostTemporaries && !m_file; ++tries) {
-      m_path = InFolder(folder, TemporaryName(files.UnpredictableNumber()));
+      m_path = InFolder(folder, std::string(TemporaryPrefix) + HexText(files.UnpredictableNumber()));
       m_file = files.Create(m_path, mode);
       if (!m_file) return;
       if (IsTakenForLeftover()) Drop();

@@ -5,24 +5,20 @@
 #include <vector>
 
 #include "file_access.h"
+#include "text.h"
+#include "utf8.h"
 
 namespace mr4500x {
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view PlatformLineEnd = "\n";
 // Includes 0x00, which a value cannot hold either.
 constexpr std::string_view LineBreaks("\r\n\0", 3);
 
-char LowerAscii(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
 bool SameName(std::string_view a, std::string_view b) {
   a = Trimmed(a);
   b = Trimmed(b);
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
 struct Line {
@@ -108,11 +104,6 @@ ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& te
 
 } // namespace
 
-std::string_view Trimmed(std::string_view text, std::string_view blanks) {
-  const auto begin = text.find_first_not_of(blanks);
-  return begin == std::string_view::npos ? "" : text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
-}
-
 std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section, std::string_view key) {
   const Place place = FindPlace(text, section, key);
   if (!place.hasKey) return std::nullopt;
@@ -143,8 +134,7 @@ std::string ProfileText(FileSystem& files, const std::string& file) {
 }
 
 bool FitsProfileString(std::string_view value) {
-  const auto beginsCharacter = [](char byte) { return (static_cast<std::uint8_t>(byte) & 0xC0) != 0x80; };
-  return std::count_if(value.begin(), value.end(), beginsCharacter) <= ProfileStringCharacters;
+  return std::ranges::count_if(value, BeginsCharacter) <= ProfileStringCharacters;
 }
 
 std::string ProfileString(std::string_view profileText, std::string_view section, std::string_view key,

@@ -15,9 +15,6 @@ namespace mr4500x {
 inline constexpr std::ptrdiff_t ProfileStringCharacters = 255; // a longer value counts as absent, and is not stored
 inline constexpr std::size_t ProfileFileLimit = std::size_t{1} << 20;
 
-inline constexpr std::string_view Blanks = " \t";
-[[nodiscard]] std::string_view Trimmed(std::string_view text, std::string_view blanks = Blanks);
-
 // The value without surrounding blanks and one pair of quotes; nullopt if there is no such key. If a section or key
 // appears more than once, the first one found counts.
 [[nodiscard]] std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section,

@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "profile.h"
+#include "text.h"
+#include "utf8.h"
 
 namespace mr4500x {
 namespace {
@@ -24,42 +26,6 @@ ProfileValue SlotValue(std::size_t slot, const std::string& path) {
 bool Holds(const RecentFileList& list, std::size_t slot, const std::string& path) {
   const auto& held = list[slot - 1];
   return held && IsSamePath(*held, path);
-}
-
-// The next code point. A byte that starts none becomes a value above all code points.
-std::uint32_t TakeCodePoint(std::string_view& text) {
-  constexpr std::uint32_t LoneByte = 0x110000;
-  const auto first = static_cast<std::uint8_t>(text.front());
-  const std::size_t length = first < 0x80 ? 1 : first < 0xC0 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-  std::uint32_t point = length == 1 ? first : first & (0x7FU >> length);
-  bool isSound = length > 0 && length <= text.size();
-  for (std::size_t i = 1; isSound && i < length; ++i) {
-    const auto byte = static_cast<std::uint8_t>(text[i]);
-    isSound = (byte & 0xC0) == 0x80;
-    point = point << 6 | (byte & 0x3FU);
-  }
-  text.remove_prefix(isSound ? length : 1);
-  return isSound ? point : LoneByte + first;
-}
-
-std::uint32_t LowerCase(std::uint32_t point) {
-  struct Range {
-    std::uint32_t first, last, step, distance; // every step-th code point is upper case
-  };
-  // clang-format off
-  constexpr std::array<Range, 10> Capitals = {{
-      {'A',    'Z',    1, 32}, // ASCII
-      {0x00C0, 0x00D6, 1, 32}, {0x00D8, 0x00DE, 1, 32},                          // Latin-1
-      {0x0100, 0x0136, 2, 1},  {0x0139, 0x0147, 2, 1},  {0x014A, 0x0176, 2, 1},  // Latin Extended-A
-      {0x0179, 0x017D, 2, 1},
-      {0x0391, 0x03A9, 1, 32},                                                   // Greek
-      {0x0400, 0x040F, 1, 80}, {0x0410, 0x042F, 1, 32},                          // Cyrillic
-  }};
-  // clang-format on
-  for (const Range& range : Capitals)
-    if (point >= range.first && point <= range.last && (point - range.first) % range.step == 0)
-      return point + range.distance;
-  return point;
 }
 
 } // namespace

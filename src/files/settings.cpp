@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "profile.h"
+#include "text.h"
 
 namespace mr4500x {
 namespace {

@@ -1,9 +1,9 @@
 #include "port_way.h"
 
-#include "decimal.h"
 #include "function_settings.h"
 #include "pending_attempts.h"
 #include "radio_way.h"
+#include "text.h"
 #include "words.h"
 
 #include <algorithm>

@@ -1,7 +1,9 @@
 #include "decimal.h"
 
+#include "text.h"
+
 #include <algorithm>
-#include <cstdio>
+#include <array>
 
 namespace mr4500x {
 namespace {
@@ -12,16 +14,10 @@ std::int64_t PowerOfTen(int exponent) {
   return exponent == 0 ? 1 : 10 * PowerOfTen(exponent - 1);
 }
 
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 } // namespace
 
 std::optional<Decimal> ParseDecimal(std::string_view text, char separator) {
-  text = Trimmed(text);
+  text = Trimmed(text, " ");
   bool negative = false;
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
     negative = text.front() == '-';
@@ -87,13 +83,6 @@ std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view pr
   const std::optional<int> number = ParseWhole(digits);
   if (!number || *number > 0xFF || (digits.front() == '0' && digits.size() > 1)) return std::nullopt;
   return static_cast<std::uint8_t>(*number);
-}
-
-std::string TimestampText(const LocalTime& time) {
-  std::array<char, 80> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day, time.hour,
-                time.minute, time.second);
-  return text.data();
 }
 
 } // namespace mr4500x

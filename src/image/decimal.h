@@ -1,14 +1,10 @@
 // Numbers as text and as integers, exact: frequencies are counted in units, never kept as floating point.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include "clock.h"
 
 namespace mr4500x {
 
@@ -17,10 +13,6 @@ struct Decimal {
   std::int64_t digits = 0;
   int decimals = 0;
 };
-
-constexpr bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // Reads [blanks][sign]digits[separator digits][blanks], at most 12 digits in all; nullopt for any other text.
 [[nodiscard]] std::optional<Decimal> ParseDecimal(std::string_view text, char separator);
@@ -39,25 +31,5 @@ constexpr bool IsDigit(char c) {
 
 // The number after a prefix, 0 to 255 without leading zeros; nullopt for any other text.
 [[nodiscard]] std::optional<std::uint8_t> ByteAfter(std::string_view text, std::string_view prefix);
-
-// "2026-11-25 04:10:33"
-[[nodiscard]] std::string TimestampText(const LocalTime& time);
-
-inline constexpr std::string_view HexSymbols = "0123456789ABCDEF";
-constexpr char HexDigit(int nibble) {
-  return HexSymbols[nibble & 0x0F];
-}
-// Exactly so many hexadecimal digits after a prefix; nullopt for any other text.
-template<std::size_t Count>
-std::optional<std::array<std::uint8_t, Count>> HexDigitsAfter(std::string_view text, std::string_view prefix) {
-  if (!text.starts_with(prefix) || text.size() != prefix.size() + Count) return std::nullopt;
-  std::array<std::uint8_t, Count> digits{};
-  for (std::size_t i = 0; i < Count; ++i) {
-    const std::size_t digit = HexSymbols.find(text[prefix.size() + i]);
-    if (digit == std::string_view::npos) return std::nullopt;
-    digits[i] = static_cast<std::uint8_t>(digit);
-  }
-  return digits;
-}
 
 } // namespace mr4500x

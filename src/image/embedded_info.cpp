@@ -1,6 +1,7 @@
 #include "embedded_info.h"
 
 #include "function_settings.h"
+#include "utf8.h"
 
 #include <algorithm>
 
@@ -16,56 +17,12 @@ void UseLineFeeds(std::u16string& text) {
   std::ranges::replace(text, u'\r', u'\n');
 }
 
-// Without a byte order mark. nullopt for anything but valid UTF-8.
-std::optional<std::u16string> FromUtf8(std::string_view bytes) {
-  constexpr std::array<char32_t, 4> Least = {0, 0x80, 0x800, 0x10000}; // of a character with so many more bytes
-  std::u16string text;
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    const auto first = static_cast<std::uint8_t>(bytes[i]);
-    const std::size_t more = first < 0x80   ? 0
-                             : first < 0xC0 ? 4
-                             : first < 0xE0 ? 1
-                             : first < 0xF0 ? 2
-                             : first < 0xF8 ? 3
-                                            : 4;
-    if (more > 3 || i + more >= bytes.size()) return std::nullopt;
-    char32_t c = more == 0 ? first : first & (0x3FU >> more);
-    for (std::size_t rest = 0; rest < more; ++rest) {
-      const auto next = static_cast<std::uint8_t>(bytes[++i]);
-      if ((next & 0xC0) != 0x80) return std::nullopt;
-      c = c << 6 | (next & 0x3F);
-    }
-    if (c < Least[more] || c > 0x10FFFF || (c >= 0xD800 && c < 0xE000)) return std::nullopt;
-    if (c >= 0x10000) text += static_cast<char16_t>(0xD7C0 + (c >> 10));
-    text += static_cast<char16_t>(c < 0x10000 ? c : 0xDC00 | (c & 0x3FF));
-  }
-  if (text.starts_with(u'\uFEFF')) text.erase(0, 1);
-  return text;
-}
-
 } // namespace
 
 bool IsInsideCharacter(std::u16string_view text, std::size_t position) {
   if (position == 0 || position >= text.size()) return false;
   const char16_t before = text[position - 1], after = text[position];
   return ((before & 0xFC00) == 0xD800 && (after & 0xFC00) == 0xDC00) || (before == u'\r' && after == u'\n');
-}
-
-std::string ToUtf8(std::u16string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t c = text[i];
-    const bool isPair = c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-    if (isPair)
-      c = 0x10000 + ((c & 0x3FF) << 10) + (text[++i] & 0x3FFU);
-    else if (c >= 0xD800 && c < 0xE000)
-      c = 0xFFFD;
-    const int more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3; // bytes after the first
-    bytes += static_cast<char>(more == 0 ? c : (0xFF00 >> (more + 1) & 0xFF) | c >> 6 * more);
-    for (int rest = more - 1; rest >= 0; --rest)
-      bytes += static_cast<char>(0x80 | (c >> 6 * rest & 0x3F));
-  }
-  return bytes;
 }
 
 std::u16string EmbeddedText(const EmbeddedInfo& block) {

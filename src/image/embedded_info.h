@@ -36,8 +36,6 @@ struct EmbeddedEntry {
 // Removes a surrogate pair or line end as a whole. False, with no change, for a text within the limit.
 bool CutToTopSize(EmbeddedEntry& entry);
 
-// Half of a pair of surrogates becomes U+FFFD.
-[[nodiscard]] std::string ToUtf8(std::u16string_view text);
 // Whether the position is between the halves of a surrogate pair or of a line end.
 [[nodiscard]] bool IsInsideCharacter(std::u16string_view text, std::size_t position);
 

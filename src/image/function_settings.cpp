@@ -1,5 +1,7 @@
 #include "function_settings.h"
 
+#include "text.h"
+
 #include <algorithm>
 
 namespace mr4500x {
@@ -10,12 +12,6 @@ constexpr std::string_view DigitSymbols = "D1234567890*#ABC"; // the position is
 void WriteLimit(std::span<std::uint8_t, 2> limit, int megahertz) {
   limit[0] = static_cast<std::uint8_t>(megahertz & 0xFF);
   limit[1] = static_cast<std::uint8_t>((megahertz >> 8) & 0xFF);
-}
-
-std::string WithoutEndBlanks(std::string text) {
-  text.erase(text.find_last_not_of(' ') + 1);
-  text.erase(0, text.find_first_not_of(' '));
-  return text;
 }
 
 } // namespace
@@ -74,10 +70,10 @@ std::string CharactersText(std::span<const std::uint8_t> bytes) {
 }
 
 std::string IdentityNumber(const RadioImage& image) {
-  return WithoutEndBlanks(CharactersText(image.RadioIdBlock));
+  return std::string(Trimmed(CharactersText(image.RadioIdBlock), " "));
 }
 std::string FirmwareVersion(const RadioImage& image) {
-  return WithoutEndBlanks(CharactersText(image.FirmwareVersionBlock));
+  return std::string(Trimmed(CharactersText(image.FirmwareVersionBlock), " "));
 }
 
 std::string BandText(std::span<const std::uint8_t, 8> band) {

@@ -3,6 +3,7 @@
 #include "block_field.h"
 #include "decimal.h"
 #include "function_settings.h"
+#include "text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,7 @@
 #include "tone_codes.h"
 
 #include "decimal.h"
+#include "text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,7 @@
 #include "traced_port.h"
 
 #include "radio_image.h"
+#include "text.h"
 
 #include <algorithm>
 #include <array>
@@ -73,9 +74,7 @@ void TracedPort::Note(Clock::Moment moment, std::string_view direction, std::spa
                       std::string_view remark) {
   if (!m_start) {
     m_start = moment;
-    const LocalTime now = m_localNow();
-    m_trace << Formatted("%04d-%02d-%02d %02d:%02d:%02d\n", now.year, now.month, now.day, now.hour, now.minute,
-                         now.second);
+    m_trace << TimestampText(m_localNow()) << '\n';
   }
   std::string frame;
   for (const std::uint8_t byte : bytes)
@@ -84,8 +83,7 @@ void TracedPort::Note(Clock::Moment moment, std::string_view direction, std::spa
   std::string line =
       Formatted("%8.1f %-8s ", static_cast<double>((moment - *m_start).count()) / 1000, std::string(direction).c_str());
   line.append(frame).append(remark);
-  line.erase(line.find_last_not_of(' ') + 1);
-  m_trace << line << '\n' << std::flush;
+  m_trace << TrimmedAtEnd(line) << '\n' << std::flush;
 }
 
 } // namespace mr4500x

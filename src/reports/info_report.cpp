@@ -1,6 +1,7 @@
 // Report 3: the embedded information, broken into lines.
 #include "embedded_info.h"
 #include "report_pages.h"
+#include "utf8.h"
 
 #include <string_view>
 

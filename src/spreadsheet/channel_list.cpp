@@ -1,9 +1,9 @@
 #include "channel_list.h"
 
 #include "decimal.h"
+#include "text.h"
 
 #include <algorithm>
-#include <cctype>
 #include <set>
 
 namespace mr4500x {
@@ -82,8 +82,7 @@ ChannelList ReadChannelList(std::string_view text) {
 }
 
 std::string ValueFrom(const Field& field, std::string cell, char decimalSeparator) {
-  if (field.kind == FieldKind::YesNo)
-    std::ranges::transform(cell, cell.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  if (field.kind == FieldKind::YesNo) cell = Lower(cell);
   const bool isStepOrWidth = field.place == FieldPlace(GridColumn::RxStep) ||
                              field.place == FieldPlace(GridColumn::TxStep) ||
                              field.place == FieldPlace(GridColumn::BandWidth);

@@ -4,9 +4,9 @@
 #include "decimal.h"
 #include "differences.h"
 #include "set_field.h"
+#include "text.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <set>
 #include <utility>
@@ -37,11 +37,6 @@ const std::vector<Column>& Columns() {
   return columns;
 }
 
-std::string LowerCase(std::string text) {
-  std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
 // By the caption in the window, the label or the identifier of a setting. Looks on from the column that was found last.
 const Column* FindColumn(const std::string& heading, const Column* last) {
   static const std::vector<Column> others = [] {
@@ -57,16 +52,16 @@ const Column* FindColumn(const std::string& heading, const Column* last) {
   const auto isLast = [&](const Column& column) { return last != nullptr && column.field == last->field; };
   auto from = std::ranges::find_if(columns, isLast);
   if (from != columns.end()) ++from;
-  const std::string wanted = LowerCase(heading);
+  const std::string wanted = Lower(heading);
   using Range = std::span<const Column>;
   for (const Range range : {Range(from, columns.end()), Range(columns.begin(), from), Range(others)})
     for (const Column& column : range)
-      if (LowerCase(column.caption) == wanted) return &column;
+      if (Lower(column.caption) == wanted) return &column;
   return nullptr;
 }
 
 bool IsChannelNumber(const std::string& cell) {
-  return LowerCase(cell).starts_with("ch") && ParseWhole(cell.substr(2));
+  return Lower(cell).starts_with("ch") && ParseWhole(cell.substr(2));
 }
 
 // With a tab or a semicolon anywhere, commas are decimal ones. Else they separate, unless the first line is a single
@@ -132,7 +127,7 @@ std::string ValueFrom(const Column& column, std::string cell, char decimalSepara
     std::ranges::replace_if(cell, isDecimal, decimalSeparator);
     return ValueFrom(*column.field, cell, decimalSeparator);
   }
-  const std::string text = LowerCase(cell);
+  const std::string text = Lower(cell);
   const bool yes = text == "yes" || text == "true";
   if (!yes && text != "no" && text != "false") return cell;
   return yes != column.isOpposite ? "true" : "false";

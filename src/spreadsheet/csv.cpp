@@ -1,5 +1,8 @@
 #include "csv.h"
 
+#include "text.h"
+#include "utf8.h"
+
 #include <algorithm>
 #include <iomanip>
 #include <sstream>
@@ -7,8 +10,6 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view Blanks = " \t";
 constexpr std::string_view HardSpaces[] = {"\xC2\xA0", "\xE2\x80\xAF"}; // the usual and the narrow one
 constexpr std::size_t MostCharactersTold = 40;
 
@@ -16,12 +17,6 @@ constexpr std::size_t MostCharactersTold = 40;
 char SeparatorIn(std::string_view text) {
   const std::size_t first = text.find_first_of(",;\t\r\n");
   return first == std::string_view::npos || text[first] == '\r' || text[first] == '\n' ? ',' : text[first];
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(Blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
 // The bytes of the blank or control character at the front, 0 for any other.
@@ -128,7 +123,7 @@ std::string Shortened(std::string_view cell) {
   std::string line = AsOneLine(cell);
   std::size_t characters = 0;
   for (std::size_t i = 0; i < line.size(); ++i)
-    if ((line[i] & 0xC0) != 0x80 && ++characters > MostCharactersTold) return line.substr(0, i) + "...";
+    if (BeginsCharacter(line[i]) && ++characters > MostCharactersTold) return line.substr(0, i) + "...";
   return line;
 }
 

@@ -1,5 +1,7 @@
 #include "port_devices.h"
 
+#include "text.h"
+
 #include <QSerialPortInfo>
 
 #include <algorithm>
@@ -12,10 +14,6 @@ namespace mr4500x {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // Removes the leading digits from the text and returns them without leading zeros.
 std::string_view TakeNumber(std::string_view& text) {
@@ -48,9 +46,8 @@ bool NaturallyBefore(std::string_view a, std::string_view b) {
 PortDevice PinnedDevice(PortDevice device) {
   while (true) {
     const std::size_t comma = std::min(device.path.rfind(','), device.path.size());
-    std::string option = device.path.substr(comma);
+    std::string option = Lower(device.path.substr(comma));
     std::erase(option, ' ');
-    std::ranges::transform(option, option.begin(), [](unsigned char c) { return std::tolower(c); });
     if (option == ",rts=off")
       device.rts = false;
     else if (option == ",dtr=off")
