@@ -4,6 +4,7 @@
 #include "editor_fixture.h"
 
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 
 namespace mr4500x {
@@ -95,6 +96,33 @@ TEST_F(FrmEmbedTest, KeepsWhatIsNotEditedUnitForUnit) {
 
   Open(std::u16string(120, u'x'));
   EXPECT_TRUE(dialog->EmbedData().size() == 120 && Told() == 0) << "for having opened";
+}
+
+// The formats of its owner, who may not give what they name.
+struct OwnersData : QMimeData {
+  explicit OwnersData(QStringList names) : given(std::move(names)) {}
+  QStringList formats() const override { return given; }
+  QStringList given;
+};
+
+TEST_F(FrmEmbedTest, PastesNothingWhereTheClipboardHasNoText) {
+  const struct {
+    const char* name;
+    QStringList formats;
+  } owners[] = {{"no format", {}}, {"ended before it answered", {"text/plain"}}, {"a picture", {"image/png"}}};
+  const std::pair<Qt::Key, Qt::KeyboardModifier> keys[] = {{Qt::Key_V, Qt::ControlModifier},
+                                                           {Qt::Key_Insert, Qt::ShiftModifier}};
+  Open(u"Fleet");
+  for (const auto& [name, formats] : owners) {
+    SCOPED_TRACE(name);
+    QApplication::clipboard()->setMimeData(new OwnersData(formats));
+    for (const auto& [key, modifier] : keys)
+      Key(key, modifier);
+    const auto data = std::make_unique<OwnersData>(formats);
+    QDropEvent drop({5, 5}, Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(box->viewport(), &drop);
+    EXPECT_EQ(dialog->EmbedData(), u"Fleet");
+  }
 }
 
 } // namespace

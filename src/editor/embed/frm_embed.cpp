@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -16,6 +17,19 @@ namespace mr4500x {
 namespace {
 
 constexpr int BoxColumns = 66, BoxRows = 8; // least size, in the dialog's font
+
+// Takes text only, whatever it is pasted or dropped as. Qt 6.4's box takes the first of the formats without looking
+// whether there is one: an empty clipboard, or one whose owner has ended, has none.
+class TextOnlyBox final : public QPlainTextEdit {
+public:
+  using QPlainTextEdit::QPlainTextEdit;
+
+protected:
+  void insertFromMimeData(const QMimeData* source) override {
+    if (source != nullptr) insertPlainText(source->text());
+    ensureCursorVisible();
+  }
+};
 
 // Unit for unit: QString::fromUtf16 would take a leading FEFF or FFFE for a byte order mark.
 QString ToQString(std::u16string_view text) {
@@ -43,7 +57,7 @@ void Correct(QPlainTextEdit& box, const EmbeddedEntry& entry) {
 } // namespace
 
 FrmEmbed::FrmEmbed(const EmbedContent& content, MessageView& messages, FontDialog& fonts, QWidget* parent)
-    : QDialog(parent), m_messages(messages), m_fonts(fonts), m_rtxtbEmbed(new QPlainTextEdit(this)),
+    : QDialog(parent), m_messages(messages), m_fonts(fonts), m_rtxtbEmbed(new TextOnlyBox(this)),
       m_lblCount(new QLabel(this)), m_given(VisibleText(content.text)), m_EmbedData(m_given),
       m_EmbeddedTextFont(content.font) {
   setObjectName(QStringLiteral("frmEmbed"));
