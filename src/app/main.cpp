@@ -59,6 +59,6 @@ int main(int argc, char** argv) {
     if (program.Window().OpenLeftWork() || arguments.size() < 2) return;
     program.Window().OpenGiven(QDir::current().absoluteFilePath(arguments[1]).toStdString());
   });
-  const EndSignalsHeard endSignals([&](int signal) { program.Window().EndBySignal(signal); });
+  const EndSignalsHeard endSignals([&](int signal) { program.Window().EndBySignal(signal); }, NextSignal::Ends);
   return QApplication::exec();
 }

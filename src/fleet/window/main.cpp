@@ -23,6 +23,6 @@ int main(int argc, char** argv) {
   FrmFleet window(files, SettingsFilePath(files, ProgramFolder(), folder),
                   QString::fromStdString(folder) + QStringLiteral("/fleet.ini"));
   window.show();
-  const EndSignalsHeard endSignals([&](int) { window.CloseAfterTheseRadios(); });
+  const EndSignalsHeard endSignals([&](int) { window.CloseAfterTheseRadios(); }, NextSignal::IsReported);
   return QApplication::exec();
 }

@@ -17,7 +17,7 @@
 namespace mr4500x {
 namespace {
 
-struct HeldSignal {
+struct EndSignal {
   int number;
   struct sigaction before {};
   std::atomic<bool> isWaiting = false; // the only thing that the handler touches
@@ -25,12 +25,12 @@ struct HeldSignal {
 static_assert(std::atomic<bool>::is_always_lock_free);
 
 // Global, as signal handlers are.
-std::array<HeldSignal, 4> heldSignals = {{{SIGINT}, {SIGTERM}, {SIGHUP}, {SIGQUIT}}};
+std::array<EndSignal, 4> endSignals = {{{SIGINT}, {SIGTERM}, {SIGHUP}, {SIGQUIT}}};
 std::mutex mutex;
 int holders = 0;
 
 void KeepWaiting(int number) {
-  for (HeldSignal& held : heldSignals)
+  for (EndSignal& held : endSignals)
     if (held.number == number) held.isWaiting = true;
 }
 
@@ -55,8 +55,6 @@ void Handle(int number, void (*handler)(int), int flags) {
   sigaction(number, &action, nullptr);
 }
 
-constexpr std::array HeardSignals = {SIGINT, SIGTERM, SIGHUP};
-
 } // namespace
 
 class EndSignalsHeard::Pipe {
@@ -66,13 +64,13 @@ public:
     m_notifier.emplace(m_ends[0], QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] { Read(); });
     reportingEnd = m_ends[1];
-    for (const int number : HeardSignals)
-      Handle(number, Report, SA_RESTART | (next == NextSignal::Ends ? static_cast<int>(SA_RESETHAND) : 0));
+    for (const EndSignal& each : endSignals)
+      Handle(each.number, Report, SA_RESTART | (next == NextSignal::Ends ? static_cast<int>(SA_RESETHAND) : 0));
   }
   ~Pipe() {
     if (!m_notifier) return;
-    for (const int number : HeardSignals)
-      Handle(number, SIG_DFL, 0);
+    for (const EndSignal& each : endSignals)
+      Handle(each.number, SIG_DFL, 0);
     for (const int end : m_ends)
       close(end);
   }
@@ -100,23 +98,27 @@ EndSignalsHeard::~EndSignalsHeard() = default;
 EndSignalsHeld::EndSignalsHeld() {
   const std::lock_guard lock(mutex);
   if (holders++ > 0) return;
-  for (HeldSignal& held : heldSignals) {
+  for (EndSignal& held : endSignals) {
     sigaction(held.number, nullptr, &held.before);
     Handle(held.number, KeepWaiting, SA_RESTART);
   }
 }
 
+bool IsEnding() {
+  return std::ranges::any_of(endSignals, [](const EndSignal& held) { return held.isWaiting.load(); });
+}
+
 bool AwaitInput(int file) {
   sigset_t ends, before;
   sigemptyset(&ends);
-  for (const HeldSignal& held : heldSignals)
+  for (const EndSignal& held : endSignals)
     sigaddset(&ends, held.number);
   pthread_sigmask(SIG_BLOCK, &ends, &before); // from here on they arrive only while ppoll waits
   pollfd input{file, POLLIN, 0};
   bool isEnding = false;
   int ready = -1;
   while (!isEnding && ready < 0) {
-    isEnding = std::ranges::any_of(heldSignals, [](const HeldSignal& held) { return held.isWaiting.load(); });
+    isEnding = IsEnding();
     if (!isEnding) ready = ppoll(&input, 1, nullptr, &before);
     if (ready < 0 && errno != EINTR) break;
   }
@@ -128,11 +130,11 @@ EndSignalsHeld::~EndSignalsHeld() {
   {
     const std::lock_guard lock(mutex);
     if (--holders > 0) return;
-    for (const HeldSignal& held : heldSignals)
+    for (const EndSignal& held : endSignals)
       sigaction(held.number, &held.before, nullptr);
   }
   // Outside the lock: the program's own handler may hold signals too, which then stay pending.
-  for (HeldSignal& held : heldSignals)
+  for (EndSignal& held : endSignals)
     if (held.isWaiting.exchange(false)) raise(held.number);
 }
 

@@ -74,23 +74,43 @@ TEST(EndSignals, AreAllDelivered) {
     std::signal(signal, before);
 }
 
-TEST(EndSignals, AreReportedFromTheEventLoopAndEndTheProgramTheSecondTime) {
+// "heard" is what a program says from its event loop.
+TEST(EndSignals, AreReportedFromTheEventLoopTheFirstTimeOrAlways) {
+  const auto hear = [](int signal, NextSignal next, int times) {
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    const EndSignalsHeard hearing([&](int reported) { std::fputs(reported == signal ? "heard " : "other", stderr); },
+                                  next);
+    for (; times > 0; --times) {
+      std::raise(signal);
+      QCoreApplication::processEvents();
+    }
+    std::_Exit(0);
+  };
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    EXPECT_EXIT(hear(signal, NextSignal::Ends, 1), testing::ExitedWithCode(0), "^heard $") << signal;
+    EXPECT_EXIT(hear(signal, NextSignal::Ends, 2), testing::KilledBySignal(signal), "^heard $") << signal;
+    EXPECT_EXIT(hear(signal, NextSignal::IsReported, 2), testing::ExitedWithCode(0), "^heard heard $") << signal;
+  }
+}
+
+TEST(EndSignals, AreReportedAfterTheLastHolderUnlessTheyAreIgnored) {
   int count = 0;
   const QCoreApplication application(count, nullptr);
   std::vector<int> reported;
   std::signal(SIGINT, SIG_IGN);
   {
-    const EndSignalsHeard hearing([&](int signal) { reported.push_back(signal); });
+    const EndSignalsHeard hearing([&](int signal) { reported.push_back(signal); }, NextSignal::Ends);
     std::optional<EndSignalsHeld> held(std::in_place);
-    for (const int signal : {SIGHUP, SIGTERM, SIGINT})
+    for (const int signal : {SIGHUP, SIGTERM, SIGINT, SIGTERM})
       std::raise(signal);
     QCoreApplication::processEvents();
+    EXPECT_TRUE(IsEnding());
     EXPECT_EQ(reported, std::vector<int>());
     held.reset();
-    EXPECT_EQ(reported, std::vector<int>());
+    EXPECT_FALSE(IsEnding());
     QCoreApplication::processEvents();
     EXPECT_EQ(std::set(reported.begin(), reported.end()), (std::set{SIGHUP, SIGTERM}));
-    EXPECT_EXIT(std::raise(SIGTERM), testing::KilledBySignal(SIGTERM), "");
   }
   std::signal(SIGINT, SIG_DFL);
 }
