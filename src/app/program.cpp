@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "file_access.h"
 #include "machine.h"
 #include "port_choice.h"
 #include "port_devices.h"
@@ -26,7 +27,9 @@ Program::Program()
       m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }),
       m_trace(TraceFile(m_files, m_settingsFile), std::ios::app), m_tracedPort(m_port, m_clock, LocalNow, m_trace),
       m_messages(m_input), m_progress(std::string(ProgramTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"),
-      m_printers(m_files),
+      m_printers([this](const std::string& path, std::span<const std::uint8_t> content) {
+        return ReplaceFile(m_files, path, content, Surplus::Drop);
+      }),
       m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files,
                  m_trace.is_open() ? static_cast<SerialPort&>(m_tracedPort) : m_port, m_clock, m_input, m_settingsFile,
                  FolderForFiles(), UserStateFolder() + "/kept", LocalNow,

@@ -1,11 +1,6 @@
 #include "arguments.h"
 
-#include "decimal.h"
 #include "embedded_info.h"
-#include "port_choice.h"
-#include "port_devices.h"
-#include "serial_line.h"
-#include "settings.h"
 #include "text.h"
 #include "utf8.h"
 
@@ -16,17 +11,6 @@
 
 namespace mr4500x {
 namespace {
-
-bool IsNumber(std::string_view text) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
-}
-
-// A bare name is a device in /dev unless there is such a file in the current folder.
-std::string DevicePath(const std::string& text) {
-  std::error_code ignored;
-  const bool isHere = text.find('/') == std::string::npos && std::filesystem::exists(text, ignored);
-  return isHere ? "./" + text : text;
-}
 
 // How many letters have to be put in, left out or changed.
 std::size_t EditsBetween(std::string_view from, std::string_view to) {
@@ -43,33 +27,6 @@ std::size_t EditsBetween(std::string_view from, std::string_view to) {
 }
 
 } // namespace
-
-std::optional<PortArgument> ParsePortArgument(const std::string& text) {
-  std::string_view digits = text;
-  const bool isCom = text.starts_with("COM") || text.starts_with("com");
-  if (isCom && IsNumber(digits.substr(3))) digits.remove_prefix(3);
-  if (text.empty()) return std::nullopt;
-  if (!IsNumber(digits)) return PortArgument{0, DevicePath(text)};
-  const std::optional<int> number = ParseWhole(digits);
-  if (!number || *number < 1 || *number > PortCount) return std::nullopt;
-  return PortArgument{*number, {}};
-}
-
-std::string NameOf(const PortArgument& port) {
-  return port.number > 0 ? ComName(port.number) : port.device;
-}
-
-std::unique_ptr<QtSerialPort> PortFor(const PortArgument& port, FileSystem& files, const std::string& settingsFile) {
-  if (port.number == 0) return std::make_unique<QtSerialPort>(port.device);
-  return std::make_unique<QtSerialPort>([pins = PortDevices(files, settingsFile)](int number) {
-    return DeviceOfPort(number, pins, MachineSerialDevices());
-  });
-}
-
-bool IsThere(const PortArgument& port) {
-  std::error_code unknown;
-  return port.number > 0 || std::filesystem::is_character_file(port.device, unknown);
-}
 
 bool HasDataFileEnding(const std::string& path) {
   const std::string ending = Lower(std::filesystem::path(path).extension().string());

@@ -15,33 +15,13 @@ namespace {
 
 constexpr char DecimalSeparator = '.'; // in every locale: scripts read the output
 
-// Why there is nothing to load, where the message does not say it.
-std::string ReasonOf(const LoadResult& result) {
-  if (result.outcome != LoadOutcome::Missing && result.outcome != LoadOutcome::Damaged) return "";
-  if (result.damagedItem == 0) return SystemReason();
-  const std::string item = "item " + std::to_string(result.damagedItem);
-  return result.endsInItem ? " (ends within " + item + ')' : " (" + item + " is not what belongs there)";
-}
-
-LoadResult LoadInput(Terminal& terminal, RadioImage& image) {
-  const std::string bytes = ReadInput(terminal);
-  return ParseDataFile({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, image);
-}
-
 } // namespace
 
-std::string NameOfSource(const std::string& path) {
-  return path == Stream ? "standard input" : path;
-}
-
 bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal) {
-  ResetToDefaults(image, {}); // for what no file holds
-  const LoadResult result = path == Stream ? LoadInput(terminal, image) : LoadDataFile(files, path, image);
-  const std::string reason = ReasonOf(result), name = NameOfSource(path) + ": ";
-  if (result.markerNotEmpty) terminal.err << name << NewVersionNotice.text << '\n';
-  const std::optional<Message> failure = MessageFor(result.outcome);
-  if (failure) terminal.err << name << failure->text << reason << '\n';
-  return !failure;
+  const LoadResult result = LoadInput(files, path, &terminal.in, image);
+  for (const std::string& line : LinesFor(result))
+    terminal.err << NameOfSource(path) << ": " << line << '\n';
+  return result.outcome == LoadOutcome::Loaded;
 }
 
 bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator, RadioImage& image,

@@ -18,9 +18,6 @@ enum class ShowAs { Table, Json };
 // Prints every setting as the editor shows it, with "." as the decimal separator.
 [[nodiscard]] ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal);
 
-// The path of a data file to load, as messages name it.
-[[nodiscard]] std::string NameOfSource(const std::string& path);
-
 // Loads a data file, or standard input for "-", into a new image and prints its messages. False if it could not be
 // loaded.
 [[nodiscard]] bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal);

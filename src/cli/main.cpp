@@ -2,11 +2,12 @@
 #include "arguments.h"
 #include "data_file.h"
 #include "declare_file_commands.h"
-#include "declare_fleet_command.h"
 #include "embedded_info.h"
 #include "end_signals.h"
 #include "fill_messages.h"
+#include "fleet/fleet_summary.h"
 #include "machine.h"
+#include "port_address.h"
 #include "port_devices.h"
 #include "posix_file_system.h"
 #include "radio_commands.h"
@@ -31,7 +32,7 @@ namespace {
 
 struct Arguments {
   std::string file;
-  PortArgument port;
+  PortAddress port;
   std::u16string text;
   bool json = false;
   WriteOptions write;
@@ -40,7 +41,6 @@ struct Arguments {
   std::string textFile;
   std::string pdfFile;
   std::vector<std::string> reports;
-  FleetArguments fleet;
 };
 
 class CommandLine {
@@ -53,7 +53,7 @@ public:
   int Run(int argc, char** argv);
 
 private:
-  void Declare(CLI::App& app, char** argv);
+  void Declare(CLI::App& app);
   [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
   [[nodiscard]] bool Load(const std::string& fileOrPort, RadioImage& image);
   [[nodiscard]] ExitStatus Ports();
@@ -68,10 +68,10 @@ private:
 };
 
 // FILE is a port that is there, and PORT a data file.
-bool AreSwapped(const std::string& file, const PortArgument& port) {
-  const auto meant = ParsePortArgument(file);
+bool AreSwapped(const std::string& file, const PortAddress& port) {
+  const auto meant = ParsePortAddress(file);
   std::error_code unknown;
-  return meant && IsThere(*meant) &&
+  return meant && PortExists(*meant) &&
          (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(port.device, unknown));
 }
 
@@ -87,19 +87,19 @@ ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioComm
     m_terminal.err << traceFile << ": " << std::strerror(errno) << '\n';
     return ExitStatus::Failed;
   }
-  const std::unique_ptr<QtSerialPort> serial = PortFor(port, m_files, SettingsFile());
+  const std::unique_ptr<QtSerialPort> serial = MakePort(port, PortDevices(m_files, SettingsFile()));
   const EndSignalsHeld held;
   SteadyClock clock;
   TracedPort traced(*serial, clock, LocalNow, trace);
   SerialPort& used = traceFile.empty() ? static_cast<SerialPort&>(*serial) : traced;
-  SerialLine line(used, clock, port.number, NameOf(port));
+  SerialLine line(used, clock, port.number, DisplayName(port));
   return run({line, m_files, m_terminal, LocalNow, m_arguments.quick ? Speed::Quick : Speed::Prescribed});
 }
 
 // A number and what leads to a device are ports.
 bool CommandLine::Load(const std::string& fileOrPort, RadioImage& image) {
-  const auto port = ParsePortArgument(fileOrPort);
-  if (!port || !IsThere(*port)) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
+  const auto port = ParsePortAddress(fileOrPort);
+  if (!port || !PortExists(*port)) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
   m_arguments.port = *port;
   const auto read = [&](const RadioCommand& radio) {
     return ReadForCommand(radio, image) ? ExitStatus::Done : ExitStatus::Failed;
@@ -116,8 +116,8 @@ ExitStatus CommandLine::Ports() {
       serial, [&](int number) { return deviceOf(number).path; }, m_terminal);
 }
 
-PortArgument PortOf(const std::string& text) {
-  if (const auto port = ParsePortArgument(text)) return *port;
+PortAddress PortOf(const std::string& text) {
+  if (const auto port = ParsePortAddress(text)) return *port;
   throw CLI::ValidationError("PORT is a port number 1 to 16 or the path of a device.");
 }
 
@@ -142,7 +142,7 @@ ExitStatus CommandLine::Print() {
   return ExitStatus::Failed;
 }
 
-// The same for a fleet, whose journal needs a database's libraries. It reads the arguments again.
+// The same for a fleet, whose journal needs a database's libraries. That program reads the arguments.
 ExitStatus CommandLine::Fleet(char** argv) {
   const std::string program = ProgramFolder() + "/mr4500x-cli-fleet";
   execv(program.c_str(), argv);
@@ -150,7 +150,7 @@ ExitStatus CommandLine::Fleet(char** argv) {
   return ExitStatus::Failed;
 }
 
-void CommandLine::Declare(CLI::App& app, char** argv) {
+void CommandLine::Declare(CLI::App& app) {
   Arguments& given = m_arguments;
   const auto command = [&](CLI::App& parent, const char* name, const char* about, std::function<ExitStatus()> run) {
     CLI::App* const sub = parent.add_subcommand(name, about);
@@ -241,8 +241,7 @@ void CommandLine::Declare(CLI::App& app, char** argv) {
       ->check(CLI::IsMember({"channels", "tts", "info"}))
       ->default_val(std::vector<std::string>{"channels", "tts", "info"});
 
-  const auto fleet = [this, argv] { m_command = [this, argv] { return Fleet(argv); }; };
-  DeclareFleetCommand(app, given.fleet, fleet, fleet);
+  app.add_subcommand("fleet", FleetSummary);
 
   command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
           [this] { return Ports(); });
@@ -267,10 +266,11 @@ std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
 }
 
 int CommandLine::Run(int argc, char** argv) {
+  if (argc > 1 && std::string_view(argv[1]) == "fleet") return static_cast<int>(Fleet(argv));
   CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
   app.require_subcommand(1);
   app.set_version_flag("--version", "mr4500x-cli " MR4500X_VERSION);
-  Declare(app, argv);
+  Declare(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

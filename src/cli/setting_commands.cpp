@@ -2,8 +2,8 @@
 
 #include "configuration_json.h"
 #include "differences.h"
-#include "file_access.h"
 #include "file_commands.h"
+#include "messages.h"
 #include "set_field.h"
 
 #include <nlohmann/json.hpp>
@@ -15,7 +15,6 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::size_t TextLimit = std::size_t{1} << 24; // bytes
 constexpr std::string_view NoSuchSetting = ": no such setting; `mr4500x-cli fields` lists them";
 constexpr std::array<std::string_view, 5> KindNames = {"choice", "number", "digits", "frequency", "yes/no"};
 
@@ -137,14 +136,10 @@ ExitStatus StoreChanges(FileSystem& files, const std::string& path, const std::s
 }
 
 std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
-  std::vector<std::uint8_t> bytes;
-  if (path != Stream && ReadFile(files, path, TextLimit + 1, bytes) != ReadOutcome::Read) {
-    terminal.err << path << ": can't be read" << SystemReason() << '\n';
-    return std::nullopt;
-  }
-  std::string text = path == Stream ? ReadInput(terminal, TextLimit + 1) : std::string(bytes.begin(), bytes.end());
-  if (text.size() <= TextLimit) return text;
-  terminal.err << NameOfSource(path) << ": is too long\n"; // and what it would be cut to may make sense
+  TextInput input = ReadTextInput(files, path, &terminal.in);
+  const std::string failure = LineFor(input);
+  if (failure.empty()) return std::move(input.text);
+  terminal.err << NameOfSource(path) << ": " << failure << '\n';
   return std::nullopt;
 }
 

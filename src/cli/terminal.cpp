@@ -10,13 +10,6 @@
 
 namespace mr4500x {
 
-std::string ReadInput(Terminal& terminal, std::size_t most) {
-  std::string text(most, '\0');
-  terminal.in.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(terminal.in.gcount()));
-  return text;
-}
-
 std::string SystemReason() {
   return " (" + std::generic_category().message(errno) + ')';
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "exchange.h"
+#include "input.h" // Stream
 
 #include <functional>
 #include <iosfwd>
@@ -26,12 +27,6 @@ struct Terminal {
   // Waits for what the user types. False if the program is to end instead.
   std::function<bool()> awaitInput = [] { return true; };
 };
-
-// A FILE that is standard input, or standard output where it is written.
-inline constexpr std::string_view Stream = "-";
-
-// All of standard input, up to so many bytes.
-[[nodiscard]] std::string ReadInput(Terminal& terminal, std::size_t most = std::size_t{1} << 20);
 
 // " (No space left on device)": what errno says, after a message.
 [[nodiscard]] std::string SystemReason();

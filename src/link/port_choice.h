@@ -8,8 +8,6 @@
 
 namespace mr4500x {
 
-inline constexpr int PortCount = 16; // COM1 to COM16
-
 // Whether port `number` can be opened and closed again.
 [[nodiscard]] bool TestPort(SerialPort& port, int number);
 

@@ -16,10 +16,6 @@ constexpr Milliseconds DrainLimit = 2000ms;
 
 } // namespace
 
-std::string ComName(int number) {
-  return "COM" + std::to_string(number);
-}
-
 SerialLine::SerialLine(SerialPort& port, Clock& clock, int number) : SerialLine(port, clock, number, ComName(number)) {}
 
 SerialLine::SerialLine(SerialPort& port, Clock& clock, int number, std::string name)

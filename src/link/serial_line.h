@@ -25,9 +25,6 @@ constexpr int BitsPerCharacter(const LineSettings& line) {
 }
 inline constexpr Clock::Moment CharacterTime{1'000'000 * BitsPerCharacter(RadioLine) / RadioLine.baud};
 
-// The name of a port in messages.
-[[nodiscard]] std::string ComName(int number);
-
 enum class Polled { Satisfied, TimedOut, PortFailed };
 
 // false and nullopt mean that the port has failed, unless a function says otherwise.

@@ -1,6 +1,8 @@
 #include "messages.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 namespace mr4500x {
 namespace {
@@ -45,6 +47,14 @@ std::optional<Message> MessageOf(Transfer transfer, Outcome outcome) {
   return row != std::end(Rows) ? std::optional(row->message) : std::nullopt;
 }
 
+// Why nothing was loaded, where the message does not say it.
+std::string ReasonFor(const LoadResult& result) {
+  if (result.outcome != LoadOutcome::Missing && result.outcome != LoadOutcome::Damaged) return "";
+  if (result.damagedItem == 0) return " (" + std::generic_category().message(errno) + ')';
+  const std::string item = "item " + std::to_string(result.damagedItem);
+  return result.endsInItem ? " (ends within " + item + ')' : " (" + item + " is not what belongs there)";
+}
+
 } // namespace
 
 std::optional<Message> MessageFor(LoadOutcome outcome) {
@@ -52,6 +62,19 @@ std::optional<Message> MessageFor(LoadOutcome outcome) {
   if (outcome == LoadOutcome::LaterVersion) return Message{Information, "Error", "Later Version of this File!"};
   if (outcome == LoadOutcome::ErrorVersion) return Message{Information, "Error", "Error Version of this File!"};
   return Message{Exclamation, "Open File Error", "File has been damaged!"};
+}
+
+std::vector<std::string> LinesFor(const LoadResult& result) {
+  const std::string reason = ReasonFor(result);
+  std::vector<std::string> lines;
+  if (result.markerNotEmpty) lines.push_back(NewVersionNotice.text);
+  if (const auto failure = MessageFor(result.outcome)) lines.push_back(failure->text + reason);
+  return lines;
+}
+
+std::string LineFor(const TextInput& input) {
+  if (input.outcome == TextInput::Outcome::Failed) return "can't be read (" + input.reason + ')';
+  return input.outcome == TextInput::Outcome::TooLong ? "is too long" : "";
 }
 
 Message MessageForFailed(SaveCommand command) {

@@ -3,6 +3,7 @@
 
 #include "data_file.h"
 #include "exchange.h"
+#include "input.h"
 #include "kept_copies.h"
 #include "message_view.h"
 
@@ -20,6 +21,9 @@ enum class SaveCommand : std::uint8_t { Save, SaveAs };
 inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version File",
                                          "This software version isn't applied to the radio, please use new software."};
 [[nodiscard]] std::optional<Message> MessageFor(LoadOutcome outcome); // nullopt for Loaded
+// The same with the reason, each in one line.
+[[nodiscard]] std::vector<std::string> LinesFor(const LoadResult& result);
+[[nodiscard]] std::string LineFor(const TextInput& input); // "" if it was read
 [[nodiscard]] Message MessageForFailed(SaveCommand command);
 
 // About a copy that an earlier window left unsaved.

@@ -1,6 +1,5 @@
 // The adapters to the desktop: message boxes, file names, and the guard of a transfer.
 #include "modal_dialog.h"
-#include "posix_file_system.h"
 #include "qt_dialogs.h"
 #include "qt_printers.h"
 #include "transfer_guard.h"
@@ -61,8 +60,7 @@ TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
 TEST(QtPrinters, AreSetUpWithoutAnyPrinting) {
   const QTemporaryDir folder;
   const QString pdf = folder.filePath("a.pdf");
-  PosixFileSystem files;
-  QtPrinters printers(files);
+  QtPrinters printers([](const auto&, auto) { return false; });
   WhenDialogOpens([&](QWidget* dialog) {
     dialog->findChild<QComboBox*>("printers")->setCurrentText("Print to File (PDF)");
     dialog->findChild<QLineEdit*>("filename")->setText(pdf);

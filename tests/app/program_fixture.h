@@ -3,6 +3,7 @@
 
 #include "data_file.h"
 #include "editor_panel.h"
+#include "file_access.h"
 #include "files_fixture.h"
 #include "frm_main.h"
 #include "modal_dialog.h"
@@ -48,7 +49,10 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   std::optional<std::string> AskOpen(const FileQuestion& question) override { return Ask(question); }
   std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
   std::optional<FontDescription> AskFont(const FontDescription&) override { return std::nullopt; }
-  std::unique_ptr<Printer> CurrentPrinter() override { return std::make_unique<PdfPrinter>(files, pdfFile); }
+  std::unique_ptr<Printer> CurrentPrinter() override {
+    return std::make_unique<PdfPrinter>(
+        pdfFile, [this](auto content) { return ReplaceFile(files, pdfFile, content, Surplus::Drop); });
+  }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
   std::string PdfFile() override { return pdfFile; }
   void SetPdfFile(const std::string& path) override { pdfFile = path; }

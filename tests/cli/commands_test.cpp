@@ -44,14 +44,6 @@ TEST(TerminalTest, ProgressIsOneLineThatNeverGoesBack) {
   EXPECT_EQ(err.str(), text + "0 %" + text + "10 %" + text + "100 %\n");
 }
 
-TEST(ArgumentsTest, PortsAreNumbersOrPaths) {
-  for (const char* const bad : {"", "0", "17", "00000000000001", "COM17"})
-    EXPECT_FALSE(ParsePortArgument(bad)) << bad;
-  EXPECT_EQ(NameOf(*ParsePortArgument("16")), "COM16");
-  EXPECT_EQ(NameOf(*ParsePortArgument("com3")), "COM3");
-  EXPECT_EQ(NameOf(*ParsePortArgument("/dev/ttyUSB0")), "/dev/ttyUSB0");
-}
-
 TEST(ArgumentsTest, InformationTexts) {
   EXPECT_EQ(InfoToPrint(std::u16string_view(u"a\r\nb\x1B[\0c", 8)), "a\nb.[");
 }

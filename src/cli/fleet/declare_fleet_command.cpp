@@ -1,5 +1,7 @@
 #include "declare_fleet_command.h"
 
+#include "fleet_summary.h"
+
 #include <CLI/CLI.hpp>
 
 #include <limits>
@@ -8,7 +10,7 @@ namespace mr4500x {
 namespace {
 
 std::string PortProblem(const std::string& text) {
-  if (text == "all" || ParsePortArgument(text)) return "";
+  if (text == "all" || ParsePortAddress(text)) return "";
   return text + " is no port: a number 1 to 16, the path of a device, or all.";
 }
 
@@ -17,8 +19,7 @@ std::string PortProblem(const std::string& text) {
 void DeclareFleetCommand(CLI::App& app, FleetArguments& arguments, const std::function<void()>& onFleet,
                          const std::function<void()>& onJournal) {
   FleetChoice& choice = arguments.choice;
-  CLI::App* const fleet =
-      app.add_subcommand("fleet", "Program one radio after the other at several ports, each with its row of a plan");
+  CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
   CLI::App* const journal = fleet->add_subcommand("journal", "List what the journal holds");
   const auto option = [](CLI::App* sub, const char* name, auto& value, const char* type, const char* about) {
     return sub->add_option(name, value, about)->type_name(type);

@@ -1,4 +1,4 @@
-// `mr4500x-cli fleet` on the command line: mr4500x-cli checks it, mr4500x-cli-fleet runs it.
+// `mr4500x-cli fleet` on the command line.
 #pragma once
 
 #include "fleet_choice.h"

@@ -1,5 +1,6 @@
 #include "fleet_command.h"
 
+#include "arguments.h"
 #include "end_signals.h"
 #include "file_access.h"
 #include "file_commands.h"
@@ -18,16 +19,16 @@ namespace {
 
 // False, with a message, unless all ports are there and none is given twice.
 bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArguments& arguments, Terminal& terminal) {
-  std::vector<PortArgument>& ports = arguments.choice.ports;
+  std::vector<PortAddress>& ports = arguments.choice.ports;
   for (const std::string& text : arguments.ports) {
     if (text == "all")
       std::ranges::copy(PortsWithDevice(files, settingsFile), std::back_inserter(ports));
     else
-      ports.push_back(*ParsePortArgument(text));
+      ports.push_back(*ParsePortAddress(text));
   }
   std::set<std::string> names;
-  for (const PortArgument& port : ports)
-    if (!names.insert(NameOf(port)).second) terminal.err << NameOf(port) << " is given twice\n";
+  for (const PortAddress& port : ports)
+    if (!names.insert(DisplayName(port)).second) terminal.err << DisplayName(port) << " is given twice\n";
   if (ports.empty()) terminal.err << "No port has a device; mr4500x-cli ports lists them.\n";
   return !ports.empty() && names.size() == ports.size();
 }
@@ -68,7 +69,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   QEventLoop loop;
   FleetTally tally(choice.ports.size());
   const auto take = [&](const PortEvent& event) {
-    if (tally.Take(event)) terminal.out << LineFor(event, NameOf(choice.ports[event.port])) << std::endl;
+    if (tally.Take(event)) terminal.out << LineFor(event, DisplayName(choice.ports[event.port])) << std::endl;
     if (tally.HasEnded()) loop.quit();
   };
   // What comes from the ports' threads is printed in this one.
@@ -98,7 +99,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   FleetChoice& choice = arguments.choice;
   if (!FindPorts(files, settingsFile, arguments, terminal) || !MayStore(files, choice, arguments.logFile, terminal))
     return ExitStatus::UnusableArguments;
-  const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'));
+  const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
   for (const std::string& problem : problems)
     terminal.err << problem << '\n';
   if (!problems.empty()) return ExitStatus::UnusableArguments;

@@ -32,7 +32,11 @@ int main(int argc, char** argv) {
           status = RunFleet(files, settings, arguments, terminal);
         },
         [&] { status = RunFleetJournal(files, arguments, terminal); });
-    CLI11_PARSE(app, argc, argv)
+    try {
+      app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+      if (app.exit(error, std::cout, std::cerr) == 0) status = ExitStatus::Done;
+    }
     return static_cast<int>(status);
   } catch (const std::exception& error) { // mostly out of memory
     std::cerr << error.what() << '\n';

@@ -1,6 +1,7 @@
 #include "print_command.h"
 
 #include "embedded_info.h"
+#include "file_access.h"
 #include "file_commands.h"
 #include "machine.h"
 #include "pdf_printer.h"
@@ -32,11 +33,12 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
   Configuration values;
   if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal))
     return ExitStatus::Failed;
-  const auto print = [&](std::span<const std::uint8_t> content) {
+  const auto store = [&](std::span<const std::uint8_t> content) {
+    if (pdfFile != Stream) return ReplaceFile(files, pdfFile, content, Surplus::Drop);
     terminal.out.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
     return terminal.out.flush().good();
   };
-  PdfPrinter printer = pdfFile == Stream ? PdfPrinter("on standard output", print) : PdfPrinter(files, pdfFile);
+  PdfPrinter printer(pdfFile == Stream ? "on standard output" : pdfFile, store);
   const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));
   const std::optional<std::string> failure = PrintReports(printer, texts, choice);
   if (failure) terminal.err << *failure << '\n';

@@ -1,7 +1,7 @@
 // What a bench is to do, as its user chooses it.
 #pragma once
 
-#include "arguments.h"
+#include "port_address.h"
 
 #include <string>
 #include <vector>
@@ -13,7 +13,7 @@ struct FleetChoice {
   std::string rowsFile;     // "": every radio gets the template
   std::string journal;      // address; "": a file beside the template
   std::string backupFolder; // "": a folder beside the template
-  std::vector<PortArgument> ports;
+  std::vector<PortAddress> ports;
   int count = -1; // radios at most; below 0: all
   bool isQuick = false;
   bool acceptsOtherBand = false;

@@ -1,11 +1,10 @@
 #include "fleet_session.h"
 
 #include "file_access.h"
-#include "file_commands.h"
+#include "input.h"
 #include "machine.h"
-#include "port_choice.h"
+#include "messages.h"
 #include "port_devices.h"
-#include "setting_commands.h"
 #include "settings.h"
 #include "sql_journal.h"
 #include "tone_codes.h"
@@ -17,7 +16,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
 #include <sstream>
 
 namespace mr4500x {
@@ -41,12 +39,13 @@ std::string NewBenchName(FileSystem& files) {
   return name.str();
 }
 
-std::vector<BenchPort> BenchPortsOf(const std::vector<PortArgument>& ports, FileSystem& files,
+std::vector<BenchPort> BenchPortsOf(const std::vector<PortAddress>& ports, FileSystem& files,
                                     const std::string& settingsFile) {
   std::vector<BenchPort> made;
   made.reserve(ports.size());
-  for (const PortArgument& port : ports)
-    made.push_back({NameOf(port), [&files, port, settingsFile] { return PortFor(port, files, settingsFile); },
+  const auto pins = PortDevices(files, settingsFile);
+  for (const PortAddress& port : ports)
+    made.push_back({DisplayName(port), [port, pins] { return MakePort(port, pins); },
                     [] { return std::make_unique<SteadyClock>(); }, std::max(1, port.number)});
   return made;
 }
@@ -72,28 +71,30 @@ std::string BackupFolderOf(const FleetChoice& choice) {
   return choice.backupFolder.empty() ? (Beside(choice).parent_path() / "backups").string() : choice.backupFolder;
 }
 
-PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts) {
-  std::stringstream said;
-  Terminal terminal{said, said, std::cin, false, false};
+PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts, std::istream* input) {
+  const auto nameOf = [&](const std::string& path) { return input != nullptr ? NameOfSource(path) : path; };
+  std::vector<std::string> problems;
   RadioImage image;
+  const LoadResult loaded = LoadInput(files, choice.templateFile, input, image);
+  if (loaded.outcome != LoadOutcome::Loaded)
+    for (const std::string& line : LinesFor(loaded))
+      problems.push_back(nameOf(choice.templateFile) + ": " + line);
+
   std::optional<std::string> rows;
-  bool isRead = LoadForCommand(files, choice.templateFile, image, terminal);
   if (!choice.rowsFile.empty()) {
-    rows = ReadTextForCommand(files, choice.rowsFile, terminal);
-    isRead = isRead && rows;
+    const TextInput list = ReadTextInput(files, choice.rowsFile, input);
+    if (const std::string failure = LineFor(list); !failure.empty())
+      problems.push_back(nameOf(choice.rowsFile) + ": " + failure);
+    rows = list.text;
   }
-  PlanCheck check;
-  if (isRead) check = MakePlan(image, NameOfSource(choice.templateFile), rows, texts, Sha256Of);
-  if (isRead && check.problems.empty()) return check;
-  for (std::string line; std::getline(said, line);)
-    check.problems.push_back(line);
-  return check;
+  if (!problems.empty()) return {{}, problems};
+  return MakePlan(image, nameOf(choice.templateFile), rows, texts, Sha256Of);
 }
 
-std::vector<PortArgument> PortsWithDevice(FileSystem& files, const std::string& settingsFile) {
+std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile) {
   const auto pins = PortDevices(files, settingsFile);
   const std::vector<std::string> devices = MachineSerialDevices();
-  std::vector<PortArgument> ports;
+  std::vector<PortAddress> ports;
   for (int number = 1; number <= PortCount; ++number)
     if (!DeviceOfPort(number, pins, devices).path.empty()) ports.push_back({number, {}});
   return ports;

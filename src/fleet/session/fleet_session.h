@@ -6,6 +6,7 @@
 #include "fleet_choice.h"
 
 #include <functional>
+#include <iosfwd>
 #include <memory>
 #include <set>
 #include <string>
@@ -19,11 +20,13 @@ namespace mr4500x {
 [[nodiscard]] bool IsNeeded(const FleetChoice& choice, const std::string& path);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 
-// Reads the template and the rows, "-" for standard input. What can't be read is a problem of the plan.
-[[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts);
+// Reads the template and the rows. What can't be read is a problem of the plan. "-" stands for `input`; without one it
+// is a file of that name.
+[[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts,
+                                 std::istream* input);
 
 // COM1 to COM16 as far as they have a device.
-[[nodiscard]] std::vector<PortArgument> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
+[[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
 // Enters the plan's rows in the journal. Returns why it failed.
 [[nodiscard]] std::optional<std::string> EnterPlan(const std::string& address, const Plan& plan);

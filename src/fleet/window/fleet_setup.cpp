@@ -98,7 +98,7 @@ FleetChoice FleetSetup::Choice() const {
   choice.isQuick = m_quick->isChecked();
   choice.acceptsOtherBand = m_otherBand->isChecked();
   for (const QString& port : CheckedPorts())
-    choice.ports.push_back(*ParsePortArgument(port.toStdString()));
+    choice.ports.push_back(*ParsePortAddress(port.toStdString()));
   return choice;
 }
 
@@ -124,8 +124,8 @@ void FleetSetup::FindPorts() {
   m_ports->clear();
   const auto pins = PortDevices(m_files, m_settingsFile);
   const std::vector<std::string> devices = MachineSerialDevices();
-  for (const PortArgument& port : PortsWithDevice(m_files, m_settingsFile)) {
-    const QString name = QString::fromStdString(NameOf(port));
+  for (const PortAddress& port : PortsWithDevice(m_files, m_settingsFile)) {
+    const QString name = QString::fromStdString(DisplayName(port));
     const QString device = QString::fromStdString(DeviceOfPort(port.number, pins, devices).path);
     auto* const item = new QListWidgetItem(name + QStringLiteral("  ") + QFileInfo(device).fileName(), m_ports);
     item->setToolTip(device);

@@ -149,7 +149,7 @@ void FrmFleet::LoadChosenPlan() {
   const FleetChoice choice = m_setup->Choice();
   if (choice.templateFile.empty()) return;
   const auto work = [this, choice] {
-    return std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.')));
+    return std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
   };
   Later(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
     if (load != m_loads) return;
@@ -196,7 +196,7 @@ void FrmFleet::Start() {
   const FleetChoice choice = m_setup->Choice();
   const auto work = [this, choice, plan = m_plan, address = m_journal] {
     Beginning beginning;
-    beginning.check = std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.')));
+    beginning.check = std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
     beginning.isSame = IsSamePlan(*beginning.check, *plan);
     if (beginning.isSame) beginning.reason = EnterPlan(address, plan->plan);
     return beginning;
@@ -219,8 +219,8 @@ void FrmFleet::Start() {
 void FrmFleet::StartPorts(const FleetChoice& choice) {
   qDeleteAll(m_cards);
   m_cards.clear();
-  for (const PortArgument& port : choice.ports)
-    m_cards.push_back(new PortCard(Shown(NameOf(port))));
+  for (const PortAddress& port : choice.ports)
+    m_cards.push_back(new PortCard(Shown(DisplayName(port))));
   m_cardArea->show();
   ArrangeCards();
   m_tally = FleetTally(choice.ports.size());

@@ -40,7 +40,7 @@ private:
 
 } // namespace
 
-QtPrinters::QtPrinters(FileSystem& files) : m_files(files) {}
+QtPrinters::QtPrinters(StoreFile store) : m_store(std::move(store)) {}
 
 QtPrinters::~QtPrinters() = default;
 
@@ -57,7 +57,8 @@ std::unique_ptr<Printer> QtPrinters::CurrentPrinter() {
   if (!m_isSetUp) m_printer.reset();
   QPrinter& printer = Chosen();
   if (printer.outputFormat() != QPrinter::PdfFormat) return std::make_unique<PaperPrinter>(printer);
-  return std::make_unique<PdfPrinter>(m_files, printer.outputFileName().toStdString());
+  const std::string path = printer.outputFileName().toStdString();
+  return std::make_unique<PdfPrinter>(path, [this, path](auto content) { return m_store(path, content); });
 }
 
 void QtPrinters::SetUpPrinter(const std::string& title) {

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "file_system.h"
 #include "printer.h"
 
+#include <cstdint>
+#include <functional>
 #include <memory>
+#include <span>
+#include <string>
 
 class QPrinter;
 
@@ -12,7 +15,10 @@ namespace mr4500x {
 // Contacts the printing system on first use, not at program start.
 class QtPrinters final : public Printers {
 public:
-  explicit QtPrinters(FileSystem& files);
+  // Stores a PDF file. False if it failed.
+  using StoreFile = std::function<bool(const std::string& path, std::span<const std::uint8_t> content)>;
+
+  explicit QtPrinters(StoreFile store);
   ~QtPrinters() override;
 
   [[nodiscard]] std::unique_ptr<Printer> CurrentPrinter() override;
@@ -23,7 +29,7 @@ public:
 private:
   [[nodiscard]] QPrinter& Chosen();
 
-  FileSystem& m_files;
+  StoreFile m_store;
   std::unique_ptr<QPrinter> m_printer;
   bool m_isSetUp = false; // by the user; until then each job uses the current default printer
 };

@@ -1,7 +1,5 @@
 #include "pdf_printer.h"
 
-#include "file_access.h"
-
 #include <QMarginsF>
 #include <QPdfWriter>
 
@@ -25,11 +23,6 @@ std::string AboutFile(const char* text, const std::string& path) {
 }
 
 } // namespace
-
-PdfPrinter::PdfPrinter(FileSystem& files, const std::string& path)
-    : PdfPrinter(path, [&files, path](std::span<const std::uint8_t> content) {
-        return ReplaceFile(files, path, content, Surplus::Drop);
-      }) {}
 
 PdfPrinter::PdfPrinter(std::string name, Store store) : m_name(std::move(name)), m_store(std::move(store)) {}
 

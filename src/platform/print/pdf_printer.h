@@ -1,6 +1,5 @@
 #pragma once
 
-#include "file_system.h"
 #include "page_printer.h"
 
 #include <QBuffer>
@@ -14,15 +13,13 @@ class QPdfWriter;
 
 namespace mr4500x {
 
-// Prints to a PDF file, which is written as a whole when the job ends; an abandoned or failed job leaves an old file as
-// it was. An empty path means that there is no printer: BeginJob fails.
+// Prints to a PDF file, which is stored as a whole when the job ends. An abandoned job stores nothing. An empty name
+// means that there is no printer: BeginJob fails.
 class PdfPrinter final : public PagePrinter {
 public:
   using Store = std::function<bool(std::span<const std::uint8_t>)>; // false if it failed
 
-  PdfPrinter(FileSystem& files, const std::string& path);
-  // Stores the file elsewhere. The name is for messages.
-  PdfPrinter(std::string name, Store store);
+  PdfPrinter(std::string name, Store store); // the name is for messages
   ~PdfPrinter() override;
 
   [[nodiscard]] std::optional<std::string> BeginJob(const std::string& title) override;

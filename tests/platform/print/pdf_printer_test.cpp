@@ -1,4 +1,5 @@
 // The reports as PDF files, read back with poppler's tools: the pages as pictures.
+#include "file_access.h"
 #include "files_fixture.h"
 #include "pdf_printer.h"
 #include "report_fixture.h"
@@ -15,8 +16,12 @@ constexpr char16_t Embedded[] = u"Channels of the fire brigade \u0431\r\nValid t
 
 class PdfPrinterTest : public FilesTest {
 protected:
+  PdfPrinter MakePrinter() {
+    const std::string path = Path("out.pdf");
+    return {path, [this, path](auto content) { return ReplaceFile(files, path, content, Surplus::Drop); }};
+  }
   std::optional<std::string> Print(const Configuration& values, std::u16string_view text, ReportChoice choice) {
-    PdfPrinter printer(files, Path("out.pdf"));
+    PdfPrinter printer = MakePrinter();
     return PrintReports(printer, TextsOf(values, text), choice);
   }
 };
@@ -41,7 +46,7 @@ TEST_F(PdfPrinterTest, ThePagesLookAsTheyShould) {
 TEST_F(PdfPrinterTest, WhatFailsLeavesTheOldFile) {
   Put("out.pdf", "old");
   {
-    PdfPrinter abandoned(files, Path("out.pdf"));
+    PdfPrinter abandoned = MakePrinter();
     EXPECT_EQ(abandoned.BeginJob("title"), std::nullopt);
     EXPECT_EQ(abandoned.NewPage(), std::nullopt);
     abandoned.AbandonJob();

@@ -1,4 +1,4 @@
-#include "port_devices.h"
+#include "port_address.h"
 
 #include <fstream>
 
@@ -61,6 +61,14 @@ TEST(PortDevices, UsbAdaptersComeFirstNumbersCountAsNumbersAndSparePortsAreLeftO
                                              "/dev/ttyS10",
                                              "/dev/rfcomm0"};
   EXPECT_EQ(InPortOrder(devices), expected);
+}
+
+TEST(PortAddressTest, IsANumberOrAPath) {
+  for (const char* const bad : {"", "0", "17", "00000000000001", "COM17"})
+    EXPECT_FALSE(ParsePortAddress(bad)) << bad;
+  EXPECT_EQ(DisplayName(*ParsePortAddress("16")), "COM16");
+  EXPECT_EQ(DisplayName(*ParsePortAddress("com3")), "COM3");
+  EXPECT_EQ(DisplayName(*ParsePortAddress("/dev/ttyUSB0")), "/dev/ttyUSB0");
 }
 
 } // namespace

@@ -9,6 +9,13 @@
 
 namespace mr4500x {
 
+inline constexpr int PortCount = 16; // COM1 to COM16
+
+// The name of a port in messages.
+[[nodiscard]] inline std::string ComName(int number) {
+  return "COM" + std::to_string(number);
+}
+
 enum class Parity : std::uint8_t { None, Odd, Even };
 
 struct LineSettings {

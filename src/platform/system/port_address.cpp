@@ -1,0 +1,58 @@
+#include "port_address.h"
+
+#include "port_devices.h"
+#include "text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <string_view>
+#include <vector>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::size_t MostDigits = 9;
+
+bool IsNumber(std::string_view text) {
+  return !text.empty() && std::ranges::all_of(text, IsDigit);
+}
+
+// A bare name is a device in /dev, unless the current folder has a file of that name.
+std::string DevicePath(const std::string& text) {
+  std::error_code ignored;
+  const bool isHere = text.find('/') == std::string::npos && std::filesystem::exists(text, ignored);
+  return isHere ? "./" + text : text;
+}
+
+} // namespace
+
+std::optional<PortAddress> ParsePortAddress(const std::string& text) {
+  std::string_view digits = text;
+  const bool isCom = text.starts_with("COM") || text.starts_with("com");
+  if (isCom && IsNumber(digits.substr(3))) digits.remove_prefix(3);
+  if (text.empty()) return std::nullopt;
+  if (!IsNumber(digits)) return PortAddress{0, DevicePath(text)};
+  int number = 0;
+  const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (digits.size() > MostDigits || parsed.ec != std::errc() || number < 1 || number > PortCount) return std::nullopt;
+  return PortAddress{number, {}};
+}
+
+std::string DisplayName(const PortAddress& port) {
+  return port.number > 0 ? ComName(port.number) : port.device;
+}
+
+bool PortExists(const PortAddress& port) {
+  std::error_code unknown;
+  return port.number > 0 || std::filesystem::is_character_file(port.device, unknown);
+}
+
+std::unique_ptr<QtSerialPort> MakePort(const PortAddress& port, std::span<const std::string> pins) {
+  if (port.number == 0) return std::make_unique<QtSerialPort>(port.device);
+  return std::make_unique<QtSerialPort>([pins = std::vector(pins.begin(), pins.end())](int number) {
+    return DeviceOfPort(number, pins, MachineSerialDevices());
+  });
+}
+
+} // namespace mr4500x
