@@ -11,8 +11,8 @@
 namespace mr4500x {
 namespace {
 
-// Imports the good rows; appends the cells that keep others out.
-void ImportGoodRows(RadioImage& image, std::vector<ImportedRow> rows, std::vector<BadCell>& bad) {
+// Imports the good rows and leaves only them; appends the cells that keep others out.
+void ImportGoodRows(RadioImage& image, std::vector<ImportedRow>& rows, std::vector<BadCell>& bad) {
   const FieldTexts texts = BuildFieldTexts('.');
   for (;;) {
     const std::vector<BadCell> refused = ImportChannels(image, rows, texts);
@@ -57,6 +57,7 @@ ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Ter
   for (const std::string& column : list.leftOut)
     terminal.err << given.csv << ": " << column << ": left out; a radio has nothing for it\n";
   if (!list.bad.empty() && !(given.skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
+  if (!list.bad.empty() && list.rows.empty()) return ExitStatus::Failed; // no line was left to import
   return SaveForCommand(files, given.output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
 }
 

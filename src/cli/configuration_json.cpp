@@ -6,11 +6,13 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <set>
 
 namespace mr4500x {
 namespace {
 
 using Json = nlohmann::ordered_json;
+using ReadJson = nlohmann::json; // looks up its keys, of which a document may have any number
 
 constexpr int Format = 1;
 // By FieldKind.
@@ -47,12 +49,12 @@ Json Group(const Configuration& configuration, FieldGroup group) {
 class Reader {
 public:
   Changes Read(std::string_view text) {
-    const Json document = Json::parse(text, nullptr, false);
+    const ReadJson document = ReadJson::parse(text, nullptr, false);
     if (document.is_discarded()) return {{}, {"not a JSON document"}};
     Walk("", document);
-    if (document.is_object() && document.value("format", Json(Format)) != Format)
+    if (document.is_object() && document.value("format", ReadJson(Format)) != Format)
       Refuse("format", "not 1, the format of this version");
-    if (document.is_object()) ReadAsStored(document.value("as_stored", Json::array()));
+    if (document.is_object()) ReadAsStored(document.value("as_stored", ReadJson::array()));
     return std::move(m_changes);
   }
 
@@ -62,7 +64,7 @@ private:
   }
 
   // The path of an object or array: "", "global", "channels", "channels.3".
-  void Walk(const std::string& path, const Json& value) {
+  void Walk(const std::string& path, const ReadJson& value) {
     const bool isArray = path == NameOf(FieldGroup::Channels) || path == NameOf(FieldGroup::Tts);
     if (!(isArray ? value.is_array() : value.is_object())) return Refuse(path, isArray ? "no array" : "no object");
     for (const auto& [key, member] : value.items()) {
@@ -78,12 +80,12 @@ private:
   }
 
   // Of an array: the number that a channel has, or the place of another entry.
-  static std::string EntryOf(const std::string& path, const std::string& index, const Json& entry) {
+  static std::string EntryOf(const std::string& path, const std::string& index, const ReadJson& entry) {
     if (path == NameOf(FieldGroup::Tts)) return std::to_string(std::stoul(index) + 1);
-    return entry.is_object() ? entry.value("number", Json("(without a number)")).dump() : index;
+    return entry.is_object() ? entry.value("number", ReadJson("(without a number)")).dump() : index;
   }
 
-  void ReadValue(const std::string& place, const std::string& key, const Json& value) {
+  void ReadValue(const std::string& place, const std::string& key, const ReadJson& value) {
     const std::optional<FieldAt> at = FindField(place);
     if (!at || at->field->key != key) return Refuse(place, "no such setting");
     if (const auto text = TextFrom(*at, value))
@@ -92,7 +94,7 @@ private:
       Refuse(place + '=' + value.dump(), Needed[static_cast<std::size_t>(at->field->kind)]);
   }
 
-  static std::optional<std::string> TextFrom(FieldAt at, const Json& value) {
+  static std::optional<std::string> TextFrom(FieldAt at, const ReadJson& value) {
     const FieldKind kind = at.field->kind;
     if (kind == FieldKind::YesNo) return value.is_boolean() ? std::optional(value.dump()) : std::nullopt;
     if (kind == FieldKind::WholeNumber && value.is_number_unsigned()) return value.dump();
@@ -102,13 +104,15 @@ private:
     return isCode ? std::optional("{\"code\": " + value["code"].dump() + '}') : std::nullopt;
   }
 
-  void ReadAsStored(const Json& identifiers) {
-    for (const Json& identifier : identifiers) {
-      const auto at = identifier.is_string() ? FindField(identifier.get<std::string>()) : std::nullopt;
-      if (!at) Refuse("as_stored", "names no setting");
-      for (Assignment& given : m_changes.assignments)
-        given.asStored |= at == given.at;
-    }
+  void ReadAsStored(const ReadJson& identifiers) {
+    std::set<FieldAt> asStored;
+    for (const ReadJson& identifier : identifiers)
+      if (const auto at = identifier.is_string() ? FindField(identifier.get<std::string>()) : std::nullopt)
+        asStored.insert(*at);
+      else
+        Refuse("as_stored", "names no setting");
+    for (Assignment& given : m_changes.assignments)
+      given.asStored |= asStored.contains(given.at);
   }
 
   Changes m_changes;

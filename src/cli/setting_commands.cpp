@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <set>
 #include <span>
 
 namespace mr4500x {
@@ -40,9 +41,11 @@ void TellConsequences(const std::vector<Difference>& differences, const std::vec
                       Terminal& terminal) {
   constexpr std::size_t MostNamed = 8;
   std::vector<std::string> names;
+  std::set<FieldAt> given;
+  for (const Assignment& assignment : assignments)
+    given.insert(assignment.at);
   for (const Difference& difference : differences)
-    if (std::ranges::find(assignments, difference.at, &Assignment::at) == assignments.end())
-      names.push_back(IdentifierOf(difference.at));
+    if (!given.contains(difference.at)) names.push_back(IdentifierOf(difference.at));
   if (names.empty()) return;
   terminal.err << "changed with it:";
   for (const std::string& name : std::span(names).first(std::min(names.size(), MostNamed)))
@@ -127,8 +130,8 @@ ExitStatus StoreChanges(FileSystem& files, const std::string& path, const std::s
   const std::vector<RefusedValue> refused = ApplyChanges(image, assignments, PointTexts());
   for (const std::string& problem : problems)
     terminal.err << problem << '\n';
-  for (const auto& [at, value, allowed] : refused)
-    terminal.err << IdentifierOf(at) << '=' << value << ": refused; allowed: " << allowed << '\n';
+  for (const RefusedValue& one : refused)
+    terminal.err << IdentifierOf(one.at) << '=' << one.value << ": refused; " << ReasonOf(one) << '\n';
   if (!problems.empty() || !refused.empty()) return ExitStatus::UnusableArguments;
   if (!SaveForCommand(files, output, image, terminal)) return ExitStatus::Failed;
   TellConsequences(DifferencesBetween(before, Decode(image, PointTexts()).configuration), assignments, terminal);

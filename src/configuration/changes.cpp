@@ -3,7 +3,6 @@
 #include "set_field.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace mr4500x {
 namespace {
@@ -77,11 +76,23 @@ struct Result {
   std::optional<Refusal> refusal;
 };
 
-// Sorts the assignments into the order of the table, and sets them in rounds until nothing changes any more.
-std::vector<Result> SetAll(Configuration& configuration, std::vector<Assignment>& assignments,
+// Leaves one assignment of each setting, in the order of the table. Returns the values that differ from it.
+std::vector<RefusedValue> DropRepeated(std::vector<Assignment>& assignments) {
+  std::ranges::stable_sort(assignments, {}, &Assignment::at);
+  std::vector<RefusedValue> twice;
+  const auto repeats = [&](const Assignment& kept, const Assignment& next) {
+    if (kept.at != next.at) return false;
+    if (kept.value != next.value && (twice.empty() || twice.back().at != next.at))
+      twice.push_back({next.at, next.value, ""});
+    return true;
+  };
+  assignments.erase(std::unique(assignments.begin(), assignments.end(), repeats), assignments.end());
+  return twice;
+}
+
+// Sets the values in rounds until nothing changes any more.
+std::vector<Result> SetAll(Configuration& configuration, const std::vector<Assignment>& assignments,
                            const FieldTexts& texts) {
-  std::ranges::stable_sort(assignments, {},
-                           [](const Assignment& given) { return std::tuple(given.at.field, given.at.entry); });
   std::vector<Result> results(assignments.size());
   TakePairApart(configuration, assignments);
   for (int round = 0; round < MostRounds; ++round) {
@@ -95,27 +106,30 @@ std::vector<Result> SetAll(Configuration& configuration, std::vector<Assignment>
   return results;
 }
 
-// What `shown`, which the changes have made, does not show.
-std::vector<RefusedValue> RefusedOf(const std::vector<Assignment>& assignments, const std::vector<Result>& results,
-                                    const Configuration& shown, const Configuration& configuration,
-                                    const FieldTexts& texts) {
-  std::vector<RefusedValue> refused;
+// Appends what `shown`, which the changes have made, does not show.
+void AppendRefused(std::vector<RefusedValue>& refused, const std::vector<Assignment>& assignments,
+                   const std::vector<Result>& results, const Configuration& shown, const Configuration& configuration,
+                   const FieldTexts& texts) {
   for (std::size_t i = 0; i < results.size(); ++i) {
     const auto& [value, refusal] = results[i];
     const FieldAt at = assignments[i].at;
     if (ValueOf(shown, at) == value) continue; // also if it could not be set but is so anyway
     refused.push_back({at, assignments[i].value, refusal ? refusal->allowed : AllowedFor(configuration, at, texts)});
   }
-  return refused;
 }
 
 } // namespace
+
+std::string ReasonOf(const RefusedValue& refused) {
+  return refused.allowed.empty() ? "given twice" : "allowed: " + refused.allowed;
+}
 
 std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
                                        const FieldTexts& texts) {
   RadioImage changed = image;
   Configuration shown = Decode(image, texts).configuration;
   Configuration configuration = shown;
+  std::vector<RefusedValue> refused = DropRepeated(assignments);
   const std::vector<Result> results = SetAll(configuration, assignments, texts);
   if (configuration != shown) { // else bytes that an Encode would tidy up stay, too
     SettleAfterFill(changed);
@@ -124,7 +138,7 @@ std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment
     Encode(configuration, changed, texts);
     shown = Decode(changed, texts).configuration;
   }
-  std::vector<RefusedValue> refused = RefusedOf(assignments, results, shown, configuration, texts);
+  AppendRefused(refused, assignments, results, shown, configuration, texts);
   if (refused.empty()) image = changed;
   return refused;
 }
@@ -132,8 +146,9 @@ std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment
 std::vector<RefusedValue> ApplyChanges(Configuration& configuration, std::vector<Assignment> assignments,
                                        const FieldTexts& texts) {
   Configuration changed = configuration;
+  std::vector<RefusedValue> refused = DropRepeated(assignments);
   const std::vector<Result> results = SetAll(changed, assignments, texts);
-  std::vector<RefusedValue> refused = RefusedOf(assignments, results, changed, changed, texts);
+  AppendRefused(refused, assignments, results, changed, changed, texts);
   if (refused.empty()) configuration = changed;
   return refused;
 }

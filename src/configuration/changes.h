@@ -17,13 +17,15 @@ struct Assignment {
 struct RefusedValue {
   FieldAt at;
   std::string value;
-  std::string allowed; // in words
+  std::string allowed; // in words; "" if the setting is given another value, too
 };
+// "allowed: 1 to 255", or "given twice".
+[[nodiscard]] std::string ReasonOf(const RefusedValue& refused);
 
 // Applies the changes in the order of the table of settings, with their effects on other settings (see set_field.h). A
 // given value wins over such an effect, and may need another given one first: a frequency its step, an upper band limit
-// the lower one. Returns the values that the image would not show afterwards; if there is one, the image stays as it
-// was.
+// the lower one. Two different values of one setting are refused. Returns the values that the image would not show
+// afterwards; if there is one, the image stays as it was.
 [[nodiscard]] std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
                                                      const FieldTexts& texts);
 // The same in a configuration, as the editor holds it.

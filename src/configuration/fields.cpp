@@ -92,6 +92,38 @@ constexpr auto RowOfPlace = [] {
   return rows;
 }();
 
+// What holds a setting's value. Another kind of place, or another box, does not compile before it is added here.
+struct Holders {
+  using Holder = std::variant<ChoiceList, Key, std::string*, Flag>;
+  Configuration& configuration;
+  std::size_t entry;
+
+  Holder operator()(ChoiceList list) const { return list; }
+  Holder operator()(Key key) const { return key; }
+  Holder operator()(TtsColumn column) const { return &configuration.Tts(entry, column); }
+  Holder operator()(GridColumn column) const { return &configuration.channels[entry - 1][column]; }
+  Holder operator()(Box box) const {
+    // clang-format off
+    switch (box) {
+    case Box::LowerBandLimit: return &configuration.lowerBandLimit;
+    case Box::UpperBandLimit: return &configuration.upperBandLimit;
+    case Box::EmergencyAni:   return &configuration.emergencyAni;
+    case Box::ConnectId:      return &configuration.connectId;
+    case Box::DisconnectId:   return &configuration.disconnectId;
+    case Box::ScanSignal:     return Flag{&configuration.scanSignal, true};
+    case Box::AutoResetTime:  return &configuration.autoResetTime;
+    case Box::InUse:          return Flag{&configuration.channels[entry - 1].noCh, false};
+    case Box::TxAllowed:      return Flag{&configuration.channels[entry - 1].noTx, false};
+    }
+    // clang-format on
+    throw std::bad_variant_access(); // not a box
+  }
+};
+
+Holders::Holder HolderOf(Configuration& configuration, FieldAt at) {
+  return std::visit(Holders{configuration, at.entry}, at.field->place);
+}
+
 } // namespace
 
 std::span<const Field> Fields() {
@@ -132,20 +164,11 @@ const Field& FieldOf(FieldPlace place) {
 }
 
 std::string& TextIn(Configuration& configuration, FieldAt at) {
-  const FieldPlace& place = at.field->place;
-  if (const auto* const column = std::get_if<TtsColumn>(&place)) return configuration.Tts(at.entry, *column);
-  if (const auto* const column = std::get_if<GridColumn>(&place)) return configuration.channels[at.entry - 1][*column];
-  if (place == FieldPlace(Box::LowerBandLimit)) return configuration.lowerBandLimit;
-  if (place == FieldPlace(Box::UpperBandLimit)) return configuration.upperBandLimit;
-  if (place == FieldPlace(Box::EmergencyAni)) return configuration.emergencyAni;
-  if (place == FieldPlace(Box::ConnectId)) return configuration.connectId;
-  return place == FieldPlace(Box::DisconnectId) ? configuration.disconnectId : configuration.autoResetTime;
+  return *std::get<std::string*>(HolderOf(configuration, at));
 }
 
 Flag FlagIn(Configuration& configuration, FieldAt at) {
-  if (at.field->place == FieldPlace(Box::ScanSignal)) return {&configuration.scanSignal, true};
-  ChannelTexts& channel = configuration.channels[at.entry - 1];
-  return {at.field->place == FieldPlace(Box::InUse) ? &channel.noCh : &channel.noTx, false};
+  return std::get<Flag>(HolderOf(configuration, at));
 }
 
 std::string TextOf(const Configuration& configuration, FieldAt at) {

@@ -4,6 +4,7 @@
 
 #include "configuration.h"
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -62,7 +63,7 @@ struct Field {
 struct FieldAt {
   const Field* field = nullptr;
   std::size_t entry = 1;
-  bool operator==(const FieldAt&) const = default;
+  auto operator<=>(const FieldAt&) const = default; // in the order of the table
 };
 
 [[nodiscard]] std::string IdentifierOf(FieldAt at);
@@ -82,7 +83,8 @@ struct FieldAt {
 [[nodiscard]] std::string ValueOf(const Configuration& configuration, FieldAt at);
 [[nodiscard]] std::optional<std::uint8_t> CodeIn(std::string_view value);
 
-// What the configuration holds of a cell or box, and of a yes or no: a check box and what it is for a yes.
+// What the configuration holds of a cell or box, and of a yes or no: a check box and what it is for a yes. Throws for a
+// setting of another kind.
 [[nodiscard]] std::string& TextIn(Configuration& configuration, FieldAt at);
 struct Flag {
   bool* box;

@@ -153,9 +153,13 @@ private:
     return true;
   }
 
+  // The group calls of 5-tone mode stay: they are not in the records that start again.
   void ResetChannelsTo(int lowerLimit) const {
     RadioImage image;
-    configuration.channels = RestartChannels(image, lowerLimit, texts);
+    auto channels = RestartChannels(image, lowerLimit, texts);
+    for (std::size_t i = 0; i < ChannelCount && !IsTtsMode(configuration); ++i)
+      channels[i][GridColumn::GroupCall] = configuration.channels[i][GridColumn::GroupCall];
+    configuration.channels = std::move(channels);
   }
 
   [[nodiscard]] bool SetDigits() const {

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <functional>
+
 namespace mr4500x {
 namespace {
 
@@ -55,6 +58,32 @@ TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
   EXPECT_EQ(Get({"channels.1.tx_freq", "channels.16.rx_freq", "band.lower"}), "480.00000\n519.99375\n480\n");
 }
 
+// An input of eight times the size may take eight times as long, not 64 times.
+TEST_F(SettingCommandsTest, ApplyTakesTimeInProportionToItsInput) {
+  const std::pair<const char*, std::function<std::string(int)>> kinds[] = {
+      {R"({"#": 0})", [](int i) { return "\"key " + std::to_string(i) + "\": 0"; }},
+      {R"({"manual_tune": "Enable", "as_stored": [#]})", [](int) { return R"("channels.16.tx_freq")"; }},
+      {R"({"channels": [#]})", [](int) { return R"({"number": 9, "rx_tone": "OFF", "rx_freq": "440.00000"})"; }},
+      {R"({"channels": [#]})",
+       [](int i) { return R"({"number": 9, "tx_tone": "DCS0)" + std::to_string(25 + i % 2) + "\"}"; }},
+  };
+  for (const auto& [frame, itemOf] : kinds) {
+    const auto secondsFor = [&](int count) {
+      std::string document(frame), items = itemOf(0);
+      for (int i = 1; i < count; ++i)
+        items += "," + itemOf(i);
+      const bool isKey = document.starts_with(R"({"#)");
+      document.replace(document.find(isKey ? "\"#\": 0" : "#"), isKey ? 6 : 1, items);
+      const auto start = std::chrono::steady_clock::now();
+      static_cast<void>(Apply(document));
+      return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    static_cast<void>(secondsFor(10));
+    const double few = secondsFor(2'000), many = secondsFor(16'000);
+    EXPECT_LT(many, 24 * few + 0.1) << frame;
+  }
+}
+
 TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
   const std::string before = Content("b.K4X");
   for (const Row& row : RowsOf(CASES "refused_changes.txt", "(set|apply) (.*) => (.*)"))
@@ -99,6 +128,9 @@ TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {
   EXPECT_EQ(Diff(), "CH3 In Use  no  yes\nCH3 Rx Freq  440.00000  446.10000\nstatus 1");
 
   Restore();
+  Put("list.csv", "number,rx_freq\n2,446.001\n");
+  EXPECT_TRUE(import(true).ends_with("446.00625\nstatus 1"));
+  EXPECT_EQ(Diff(), "");
   const auto exportTo = [&](const std::string& csv) {
     return Run([&](Terminal& shown) { return RunChannelsExport(files, b, csv, shown); });
   };
