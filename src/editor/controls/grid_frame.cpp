@@ -246,7 +246,7 @@ void GridFrame::HideEditors() {
   }
 }
 
-// Tab and Shift+Tab in an editor return to the grid.
+// Tab and Shift+Tab in an editor return to the grid. From the check box that follows, Space would switch a channel off.
 bool GridFrame::focusNextPrevChild(bool next) {
   if (!m_entry->hasFocus() && !m_list->hasFocus()) return SettingsFrame::focusNextPrevChild(next);
   CommitEditors();
