@@ -36,7 +36,7 @@ private:
   QLabel* m_title;
   QLabel* m_port;
   QLabel* m_time;
-  QTimer m_minute, m_passing;
+  QTimer m_minute{this}, m_passing{this};
 };
 
 } // namespace mr4500x

@@ -3,6 +3,7 @@
 #include "fill_messages.h"
 #include "program_fixture.h"
 #include "random_image.h"
+#include "wheel.h"
 
 namespace mr4500x {
 namespace {
@@ -200,6 +201,10 @@ TEST_F(CompareTest, FollowsTheEditorAndReportsAFileAsOpenDoes) {
   Choose("mnuOptionFunction");
   tune->setFocus();
   QTest::keyClick(tune, Qt::Key_Home);
+  EXPECT_EQ(Rows(), "General|Manual Tune|Enable|Disable\n");
+  TurnWheel(*tune, -1);
+  EXPECT_EQ(Rows(), "");
+  TurnWheel(*tune, 1);
   EXPECT_EQ(Rows(), "General|Manual Tune|Enable|Disable\n");
   Activate(table->window());
   Press(Qt::Key_Return);

@@ -3,6 +3,7 @@
 #include "qt_dialogs.h"
 #include "qt_printers.h"
 #include "transfer_guard.h"
+#include "wheel.h"
 
 #include <QTest>
 #include <QtWidgets>
@@ -57,6 +58,35 @@ TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
   }
 }
 
+// Whether the user has typed the extension or the program adds it. The default answer is no.
+TEST(QtFileDialogs, AskBeforeAFileIsReplaced) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("a.K4X");
+  ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+  for (const char* const typed : {"a", "a.K4X"}) {
+    SCOPED_TRACE(typed);
+    QStringList asked;
+    int namesGiven = 0;
+    QObject user;
+    std::function<void()> act = [&] {
+      QTimer::singleShot(1, &user, [&] { act(); });
+      QWidget* const dialog = QApplication::activeModalWidget();
+      if (const auto* const box = qobject_cast<QMessageBox*>(dialog)) {
+        asked.append(box->text().section('\n', 0, 0));
+        asked.size() == 1 ? QTest::keyClick(dialog, Qt::Key_Return) : box->button(QMessageBox::Yes)->click();
+      } else if (dialog != nullptr && namesGiven == asked.size()) {
+        ++namesGiven;
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(typed);
+        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+      }
+    };
+    act();
+    const FileQuestion question = {"Save As", "Data Files(*.K4X)|*.K4X", folder.path().toStdString(), "", "K4X"};
+    EXPECT_EQ(QtFileDialogs().AskSave(question), file.toStdString());
+    EXPECT_EQ(asked, QStringList({"a.K4X already exists.", "a.K4X already exists."}));
+  }
+}
+
 TEST(QtPrinters, AreSetUpWithoutAnyPrinting) {
   const QTemporaryDir folder;
   const QString pdf = folder.filePath("a.pdf");
@@ -75,9 +105,13 @@ TEST(TransferGuard, LetsTheUserActOnlyInMessageBoxes) {
   UserInput input;
   QLineEdit line;
   line.show();
+  QSpinBox wheel;
   const auto typed = [&] {
     line.clear();
+    wheel.setValue(0);
     QTest::keyClick(&line, Qt::Key_X);
+    TurnWheel(wheel, 1);
+    EXPECT_EQ(wheel.value() == 1, line.text() == "x");
     return line.text() == "x";
   };
   const auto isBusy = [] { return QGuiApplication::overrideCursor() != nullptr; };

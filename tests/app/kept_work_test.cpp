@@ -1,5 +1,6 @@
 // Work that was never saved is kept, and offered once at the next start.
 #include "program_fixture.h"
+#include "wheel.h"
 
 #include <csignal>
 
@@ -49,7 +50,8 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
       SCOPED_TRACE(name + std::string(answer == Answer::Yes ? ", yes" : ", no"));
       OpenFile("a.K4X");
       TypeAni("4711");
-      QTest::keyClick(window->findChild<QLineEdit*>("txtANI"), Qt::Key_Left);
+      auto* const box = window->findChild<QLineEdit*>("txtANI");
+      answer == Answer::Yes ? TurnWheel(*box, 1) : QTest::keyClick(box, Qt::Key_Left); // any input
       end();
       NextStart();
       desk.happened.clear();

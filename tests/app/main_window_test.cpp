@@ -11,6 +11,68 @@ TEST_F(ProgramTest, RunsACommandFromTheToolbar) {
   EXPECT_EQ(Happened(), (Lines{"dialog Open", "dialog Save", "X|Error|COM3: gone", "X|Error|COM3: gone"}));
 }
 
+TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
+  struct NoPorts final : ScriptedRadio {
+    void SetPortNumber(int /*number*/) override {}
+  } ports;
+  ports.openFailure = "gone";
+  serialPort = &ports;
+  Start();
+  std::string ran;
+  int actions = 0;
+  for (QAction* const action : window->findChildren<QAction*>()) {
+    if (action->shortcut().isEmpty() || qobject_cast<QMenu*>(action->parent()) == nullptr) continue;
+    ++actions;
+    QObject::connect(action, &QAction::triggered,
+                     [&ran, action] { ran += action->text().remove('&').trimmed().toStdString(); });
+  }
+  QTimer user; // leaves the dialogs of F2 and F9
+  user.callOnTimeout([] {
+    if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->reject();
+  });
+  user.start(1);
+  QFile manual(MANUAL "/menus.html");
+  ASSERT_TRUE(manual.open(QIODevice::ReadOnly));
+  const QRegularExpression row("<tr><td>([^<]+)</td><td>(Ctrl\\+[A-Z]|F\\d+)</td>");
+  for (auto rows = row.globalMatch(QString::fromUtf8(manual.readAll())); rows.hasNext(); --actions) {
+    const QRegularExpressionMatch command = rows.next();
+    ran.clear();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QTest::keySequence(window.get(), QKeySequence(command.captured(2)));
+    EXPECT_EQ(ran, command.captured(1).toStdString()) << command.captured(2).toStdString();
+  }
+  EXPECT_EQ(actions, 0) << "keys that the manual does not name";
+}
+
+TEST_F(ProgramTest, ItsStatusBarHasTheTimeAndSomeMessagesForAWhile) {
+  auto* const bar = window->findChild<QStatusBar*>();
+  const auto now = [] { return QTime::currentTime().toString("HH:mm").toStdString(); };
+  const std::string before = now(), shown = Status(3);
+  EXPECT_TRUE(shown == before || shown == now()) << shown;
+  const auto timers = bar->findChildren<QTimer*>();
+  ASSERT_EQ(timers.size(), 2);
+  const auto end = [](QTimer* timer) {
+    timer->start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return timer->remainingTime() != 0; }));
+  };
+  const int due = (QTime::currentTime().msecsSinceStartOfDay() + timers[0]->remainingTime()) % 60'000;
+  EXPECT_TRUE(timers[0]->isActive() && (due < 50 || due > 59'900)) << "when the next minute begins: " << due;
+  window->findChild<QLabel*>("stbMain.Panels(3)")->clear();
+  end(timers[0]);
+  EXPECT_EQ(Status(3).size(), 5U);
+  EXPECT_GT(timers[0]->remainingTime(), 0) << "and so on";
+
+  for (const bool byTime : {true, false}) {
+    emit window->Panel().Told("A message");
+    EXPECT_EQ(Status(1), "A message");
+    EXPECT_GT(timers[1]->remainingTime(), 9'000);
+    byTime ? end(timers[1]) : Edit();
+    EXPECT_EQ(Status(1), ProgramTitle) << byTime;
+    EXPECT_FALSE(timers[1]->isActive());
+  }
+}
+
 TEST_F(ProgramTest, ShowsOneOfItsTwoViews) {
   for (const std::string command : {"mnuOptionFunction", "ChanWin", "FuncWin", "mnuOptionChannels"}) {
     SCOPED_TRACE(command);

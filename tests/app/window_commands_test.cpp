@@ -50,7 +50,7 @@ TEST_F(WindowCommandsTest, PrintTakesWhatTheWindowShowsCollectedOrNot) {
   EXPECT_EQ(Status(1), "Printed to " + Path("out.pdf"));
   EXPECT_EQ(std::system(("pdftotext -layout " + Path("out.pdf")).c_str()), 0);
   const QString text = QString::fromStdString(Content("out.txt")).remove(' ');
-  for (const char* const expected : {"SquelchLevel:3", "440.00000", "NoEmbeddedInformation."})
+  for (const char* const expected : {"SquelchLevel:3", "440.00000", "NoEmbeddedInformation.", "4Nov200409:05:07"})
     EXPECT_TRUE(text.contains(expected)) << expected << " in " << text.toStdString();
   EXPECT_EQ(text.count('\f'), 2);
   EXPECT_EQ(window->Image(), before);

@@ -58,7 +58,16 @@ TEST_F(RadioCommandsTest, IdentifyAndReadTellWhoTheRadioIsAndChangeNothing) {
   EXPECT_LT(radio.now, 1s);
   EXPECT_EQ(Frames(), 8u);
   EXPECT_EQ(RunIdentify(command, ShowAs::Json), Done);
-  EXPECT_TRUE(Printed().starts_with("{\n  \"id_number\": \"LR7200/../004217\",\n  \"firmware_version\": \"V1.02\","));
+  EXPECT_EQ(Printed(), R"({
+  "id_number": "LR7200/../004217",
+  "firmware_version": "V1.02",
+  "band": {
+    "lower": 440,
+    "upper": 470
+  },
+  "last_programming_time": "2004-03-04, 05:06:07"
+}
+)");
   EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X")), Done);
   EXPECT_EQ(Printed(), identity);
   EXPECT_EQ(Names(), (std::set<std::string>{"a.K4X", "20261104-LR7200____004217-090507.K4X"}));
@@ -101,10 +110,42 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   }
   command.speed = Speed::Prescribed;
   radio.memory[0x3F7] = 0x00;
-  radio.spoil = [&](std::size_t, LineBytes& reply) { // the band's record comes back as one of nothing
-    if (reply.size() == 12 && reply[1] == 0x03 && reply[2] == 0xF0) reply[2] = 0xE0;
+  using Spoil = void (*)(LineBytes & reply);
+  const std::tuple<const char*, Spoil, const char*> bandRecords[] = {
+      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; }, "COM3 does not hold"},
+      {"of more bytes than there are", [](LineBytes& reply) { reply[3] = 9; }, "COM3: Read data error"},
+      {"of no bytes", [](LineBytes& reply) { reply.clear(); }, "COM3: Reading is interrupted"},
   };
-  EXPECT_EQ(RunVerify(command, file), Failed) << "what did not come was not compared";
+  for (const auto& [name, spoil, told] : bandRecords) {
+    SCOPED_TRACE(name);
+    radio.spoil = [spoil = spoil](std::size_t, LineBytes& reply) {
+      if (reply.size() == 12 && reply[1] == 0x03 && reply[2] == 0xF0) spoil(reply);
+    };
+    err.str("");
+    EXPECT_EQ(RunVerify(command, file), Failed);
+    EXPECT_TRUE(err.str().starts_with(told)) << err.str();
+  }
+}
+
+TEST_F(RadioCommandsTest, PortsTellsDeviceAndStateOfAllSixteen) {
+  struct SomePorts final : ScriptedRadio {
+    int number = 0;
+    void SetPortNumber(int n) override { number = n; }
+    std::optional<std::string> Open(const LineSettings&) override {
+      open = number == 2;
+      return open ? std::nullopt : std::optional<std::string>("held");
+    }
+  } ports;
+  const auto deviceOf = [](int number) { return number < 4 ? "/dev/ttyUSB" + std::to_string(number) : ""; };
+  EXPECT_EQ(RunPorts(ports, deviceOf, terminal), Done);
+  const std::string lines = Printed();
+  EXPECT_TRUE(lines.starts_with("COM1   /dev/ttyUSB1             does not open\n"
+                                "COM2   /dev/ttyUSB2             opens\n"
+                                "COM3   /dev/ttyUSB3             does not open\n"
+                                "COM4   -                        no device\n"))
+      << lines;
+  EXPECT_TRUE(lines.ends_with("COM16  -                        no device\n")) << lines;
+  EXPECT_FALSE(ports.open);
 }
 
 TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {

@@ -56,6 +56,8 @@ TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
   const std::string told = Set({"band.lower=480", "band.upper=520", "channels.16.rx_freq=519.99375"});
   EXPECT_TRUE(told.ends_with("channels.8.rx_freq and 23 more\n")) << "above the old band: " << told;
   EXPECT_EQ(Get({"channels.1.tx_freq", "channels.16.rx_freq", "band.lower"}), "480.00000\n519.99375\n480\n");
+  Put("b.K4X", Content("a.K4X").replace(688, 1, "\x80"));
+  EXPECT_EQ(Diff(), "BandBlock 7  0x00  0x80\nstatus 1") << "what no setting shows";
 }
 
 // An input of eight times the size may take eight times as long, not 64 times.

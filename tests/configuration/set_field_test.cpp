@@ -58,25 +58,33 @@ TEST_F(SetFieldTest, TakesACodeOfAStandardButNotTheOneThatNoImageShows) {
   EXPECT_EQ(ValueOf(configuration, at), "{\"code\": 200}");
 }
 
-// Every text that a choice offers is stored, and shown again once it has been through the radio's bytes.
+// Each is stored as the file says, and shown again once it has been through the radio's bytes.
 TEST_F(SetFieldTest, TakesEveryChoiceOfEverySetting) {
-  for (const int mode : {TtsMode, FiveToneMode}) {
-    for (const Field& field : Fields()) {
-      if (field.place == FieldPlace(ChoiceList::SelectCall)) continue;
-      const FieldAt at = {&field, EntriesOf(field.group)};
-      configuration = NewConfiguration(image, texts, {});
-      configuration[ChoiceList::SelectCall].position = mode;
-      if (field.place == FieldPlace(GridColumn::TailCut)) {
-        ASSERT_EQ(Set({&FieldOf(GridColumn::RxTone), at.entry}, "CTC69.3"), "");
-      }
-      for (const std::string_view text : ChoicesOf(configuration, at, texts)) {
-        ASSERT_EQ(Set(at, text), "") << IdentifierOf(at) << " = " << text;
-        SaveAndOpen();
-        ASSERT_EQ(TextOf(configuration, at), text) << IdentifierOf(at);
-        if (field.group == FieldGroup::Keys) configuration = NewConfiguration(image, texts, {});
-      }
+  std::set<const Field*> tried;
+  for (const Row& row : RowsOf(CASES "choices.txt", "(\\S+) (\\w+) (\\w+)(?: after (.*?)=(.*?))?: (.*)")) {
+    const FieldAt at = FindField(row[1]).value();
+    const auto address = static_cast<std::uint16_t>(std::stoul(row[2], nullptr, 16));
+    const BlockPlace& place = *PlaceOf(address);
+    tried.insert(at.field);
+    configuration = NewConfiguration(image, texts, {});
+    EXPECT_EQ(row[4].empty() ? "" : Set(FindField(row[4]).value(), row[5]), "");
+    const auto choices = ChoicesOf(configuration, at, texts);
+    std::size_t count = 0;
+    std::istringstream items(row[6]);
+    for (std::string item; std::getline(items, item, '|'); ++count) {
+      const std::string text = item.substr(0, item.find('='));
+      ASSERT_EQ(count < choices.size() ? choices[count] : "", text) << row[1];
+      if (at.field->group == FieldGroup::Keys) configuration = NewConfiguration(image, texts, {});
+      ASSERT_EQ(Set(at, text), "") << row[1] << " = " << text;
+      SaveAndOpen();
+      EXPECT_EQ(TextOf(configuration, at), text) << row[1];
+      const int bits = BlockBytes(image, place.block)[address - place.address] & std::stoi(row[3], nullptr, 16);
+      EXPECT_EQ(bits, std::stoi(item.substr(text.size() + 1), nullptr, 16)) << row[1] << " = " << text;
     }
+    EXPECT_EQ(choices.size(), count) << row[1];
   }
+  for (const Field& field : Fields())
+    EXPECT_TRUE(field.kind != FieldKind::Choice || tried.contains(&field)) << field.key;
 }
 
 TEST_F(SetFieldTest, DoesWhatTheFileSays) {

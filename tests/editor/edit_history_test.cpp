@@ -2,6 +2,7 @@
 #include "differences.h"
 #include "editor_fixture.h"
 #include "entry_controls.h"
+#include "wheel.h"
 
 #include <QCheckBox>
 
@@ -129,7 +130,11 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   Pick("cboTuneSwitch", 0); // marks nothing as changed
   Pick("cboRadio(0)", 1);
-  Pick("cboKey(0)", 1); // takes Long A with it
+  Pick("cboKey(0)", 1);                                           // takes Long A with it
+  for (const char* const list : {"cboRadio(2)", "cboRadio(5)"}) { // one notch each, no other input
+    List(list).setFocus();
+    TurnWheel(List(list), -1);
+  }
   panel.ShowChannelView();
   Click(3, 2); // rounds the frequency
   messages.answer = Answer::Yes;
@@ -138,17 +143,21 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   EXPECT_EQ(messages.Taken().size(), 1U);
   const Configuration after = panel.Shown();
   changed.clear();
-  image.EmbeddedInfoBlock.bytes[0] ^= 1; // another text has been read
+  image.EmbeddedInfoBlock.bytes[0] ^= 1; // another text has been read, with its stamp
+  image.WriteStampBlock[3] ^= 1;
   const EmbeddedInfo text = image.EmbeddedInfoBlock;
-  const Lines steps = {"CH3 In Use",          "Lower Limit: 451",    "CH3 Step",          "Short A: Emergency Alert",
-                       "Select Call: 5 Tone", "Manual Tune: Enable", "Disconnect ID: 34", "Connect ID: 12",
-                       "PTT ID: Both"};
+  const auto stamp = image.WriteStampBlock;
+  const Lines steps = {"CH3 In Use",          "Lower Limit: 451",    "CH3 Step",
+                       "Squelch Level: 3",    "Battery Save: 5s",    "Short A: Emergency Alert",
+                       "Select Call: 5 Tone", "Manual Tune: Enable", "Disconnect ID: 34",
+                       "Connect ID: 12",      "PTT ID: Both"};
   for (const std::string& step : steps) {
     Undo();
     EXPECT_EQ(std::exchange(told, {}), Lines{"Undone: " + step});
   }
   EXPECT_EQ(panel.Shown(), before);
   EXPECT_EQ(image.EmbeddedInfoBlock, text);
+  EXPECT_EQ(image.WriteStampBlock, stamp);
   EXPECT_GT(changed.count(), 0) << "what was undone is not saved";
   for (std::size_t i = 0; i < steps.size(); ++i)
     Redo();

@@ -53,7 +53,7 @@ TEST_F(PanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
   EXPECT_EQ(Text("txtResetTime"), "5 disabled"); // not filled any more
 }
 
-constexpr int RxSelCall = 3, TxFreq = 6, TxSelCall = 9, GroupCall = 13; // columns of the table
+constexpr int RxSelCall = 3, TxSelCall = 9, GroupCall = 13; // columns of the table
 
 TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
   panel.ShowFunctionView();
@@ -96,12 +96,18 @@ TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
       messages.answer = yes ? Answer::Yes : Answer::No;
       for (const int column : {RxSelCall, TxSelCall, GroupCall})
         channels.item(0, column)->setText("TTS 3");
+      for (int column = 0; column < channels.columnCount(); ++column)
+        channels.item(9, column)->setText(column % 6 == 1 ? "2.5" : "other"); // both steps
       Type("txtFreqBandL", typed);
       GoElsewhere();
       EXPECT_EQ(messages.shown.size(), messageCount) << "the refusal and the question";
       EXPECT_EQ(messages.Taken().back(), question);
       EXPECT_EQ(Text("txtFreqBandL"), yes ? after : before);
-      EXPECT_EQ(Cell(channels, 9, TxFreq), (yes ? after : before) + ".00000");
+      std::string cells;
+      for (int column = 0; yes && column < channels.columnCount(); ++column)
+        cells += Cell(channels, 9, column) + ' ';
+      EXPECT_EQ(cells,
+                yes ? after + ".00000 6.25 OFF OFF OR OFF " + after + ".00000 6.25 OFF OFF Permit OFF 25 OFF " : "");
       for (const int column : {RxSelCall, TxSelCall, GroupCall})
         EXPECT_EQ(Cell(channels, 0, column), yes ? "OFF" : "TTS 3") << column;
     }

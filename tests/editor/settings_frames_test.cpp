@@ -2,6 +2,7 @@
 #include "editor_fixture.h"
 #include "field_rules.h"
 #include "key_rules.h"
+#include "wheel.h"
 
 #include <QCheckBox>
 #include <QMenu>
@@ -93,9 +94,11 @@ TEST_F(SettingsTest, AClickOnAnArrowIsOneStepHoweverLong) {
   for (const char* const after : {"1", "2"}) {
     QTest::mousePress(&arrows, Qt::LeftButton, {}, up);
     EXPECT_TRUE(messages.shown.empty()) << "it would swallow the release";
-    QTest::qWait(700); // styles repeat after 300 ms
+    for (int id = 0; id < 3; ++id) { // styles repeat a step by timers
+      QTimerEvent repetition(id);
+      QApplication::sendEvent(&arrows, &repetition);
+    }
     QTest::mouseRelease(&arrows, Qt::LeftButton, {}, up);
-    QTest::qWait(100);
     EXPECT_EQ(Text("txtResetTime"), after);
     EXPECT_EQ(messages.Taken().size(), after == std::string("1") ? 1U : 0U);
   }
@@ -114,11 +117,47 @@ TEST_F(SettingsTest, EachChangeIsToldOnceButNoTypedId) {
   image.ResetTimeBlock = {0, 1, 9};
   panel.Fill();
   EXPECT_EQ(Text("txtResetTime"), "12 disabled") << "a fill under OFF leaves the text";
-  for (const char* const list : {"cboRadio(0)", "cboRadio(1)", "cboScan(0)", "cboKey(0)", "cboFive"}) {
+  QStringList unmarked;
+  for (auto* const list : panel.findChildren<QComboBox*>()) {
+    if (list->isHidden()) continue;
     changed.clear();
-    Pick(list, List(list).currentIndex() == 1 ? 0 : 1);
-    EXPECT_EQ(changed.count(), 1) << list;
+    list->setEnabled(true);
+    Pick(list->objectName().toLatin1(), list->currentIndex() == 1 ? 0 : 1);
+    EXPECT_LE(changed.count(), 1) << list->objectName().toStdString();
+    if (changed.empty()) unmarked.append(list->objectName());
   }
+  for (auto* const box : panel.findChildren<QCheckBox*>()) {
+    if (!box->isEnabled()) continue;
+    changed.clear();
+    box->click();
+    EXPECT_EQ(changed.count(), 1) << box->objectName().toStdString();
+  }
+  EXPECT_EQ(unmarked.join(' ').toStdString(), "cboKey(11) cboTuneSwitch") << "the first shows what Short A says";
+}
+
+TEST_F(SettingsTest, AWheelTurnsOnlyWhatHasTheFocus) {
+  auto& list = List("cboRadio(2)");
+  list.setCurrentIndex(3);
+  Type("txtResetTime", "5");
+  GoElsewhere();
+  const Configuration before = panel.Shown();
+  for (QWidget* const over : {static_cast<QWidget*>(&list), static_cast<QWidget*>(&arrows), ttsTable.viewport()})
+    TurnWheel(*over, 1);
+  EXPECT_EQ(panel.Shown(), before);
+  list.setFocus();
+  TurnWheel(list, 1);
+  EXPECT_EQ(list.currentIndex(), 2);
+  arrows.setFocus();
+  TurnWheel(arrows, 1);
+  EXPECT_EQ(Text("txtResetTime"), "6");
+
+  // The wheel has no release that the message of a refused entry could wait for.
+  Type("txtANI", "").insert("x");
+  list.setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(messages.Taken(), Lines());
+  TurnWheel(list, 1);
+  EXPECT_EQ(messages.Taken(), ErrorMessage("Emergency ANI Invalid!"));
+  EXPECT_EQ(list.currentIndex(), 1);
 }
 
 constexpr int Scan = 2, TalkAround = 5, LongBReverse = 5; // of the lists with a special function

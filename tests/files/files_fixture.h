@@ -31,6 +31,7 @@ public:
   std::function<void(Handle)> beforeLock = [](Handle) {};   // once
   int calls = 0;
   int writtenInPlace = 0;
+  std::string unsyncedFolder; // whose new entry a power cut would lose
 
   std::optional<FileStatus> Status(Path path) override { return Try(&FileSystem::Status, path); }
   std::optional<std::string> ReadLink(Path path) override { return Try(&FileSystem::ReadLink, path); }
@@ -69,10 +70,15 @@ public:
   bool Sync(Handle file) override { return !(m_unsynced = !Try(&FileSystem::Sync, file)); }
   bool Rename(Path from, Path to) override {
     EXPECT_FALSE(m_unsynced) << from << " takes its place before its bytes are on the disk";
-    return canRename && Try(&FileSystem::Rename, from, to);
+    const bool renamed = canRename && Try(&FileSystem::Rename, from, to);
+    if (renamed) unsyncedFolder = std::filesystem::path(to).parent_path();
+    return renamed;
   }
   bool Remove(Path path) override { return Try(&FileSystem::Remove, path); }
-  bool SyncFolder(Path path) override { return Try(&FileSystem::SyncFolder, path); }
+  bool SyncFolder(Path path) override {
+    if (path == unsyncedFolder) unsyncedFolder.clear();
+    return Try(&FileSystem::SyncFolder, path);
+  }
   std::uint64_t UnpredictableNumber() override { return m_real.UnpredictableNumber(); }
 
 private:

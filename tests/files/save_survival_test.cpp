@@ -61,13 +61,13 @@ protected:
     faulty.mostWritten = 4000;
     if (killed) {
       const pid_t process = fork();
-      if (process == 0) _exit(scene.save(faulty, Path("link")) ? 0 : 1);
+      if (process == 0) _exit(scene.save(faulty, Path("away/link")) ? 0 : 1);
       int status = 0;
       waitpid(process, &status, 0);
       EXPECT_TRUE(File() == scene.before || File() == scene.after);
       return WIFSIGNALED(status);
     }
-    const bool saved = scene.save(faulty, Path("link"));
+    const bool saved = scene.save(faulty, Path("away/link"));
     EXPECT_EQ(File(), saved ? scene.after : scene.before);
     auto names = Names();
     names.erase(Leftover);
@@ -77,7 +77,8 @@ protected:
 };
 
 TEST_F(SaveSurvival, AnyCallThatFailsOrIsTheLastLeavesTheOldOrTheNewFile) {
-  std::filesystem::create_symlink("file", Path("link"));
+  std::filesystem::create_directory(Path("away"));
+  std::filesystem::create_symlink("../file", Path("away/link"));
   for (const Scene& scene : Scenes()) {
     for (const bool killed : {false, true}) {
       int call = 0;
@@ -88,9 +89,10 @@ TEST_F(SaveSurvival, AnyCallThatFailsOrIsTheLastLeavesTheOldOrTheNewFile) {
         goesOn = SaveWithFault(scene, call, killed);
         EXPECT_TRUE(!scene.before || ModeOf("file") == 0640);
         Prepare(scene);
-        EXPECT_TRUE(scene.save(files, Path("link")));
+        EXPECT_TRUE(scene.save(files, Path("away/link")));
+        EXPECT_EQ(files.unsyncedFolder, "");
         EXPECT_EQ(File(), scene.after);
-        EXPECT_EQ(Names(), (std::set<std::string>{"file", "link"}));
+        EXPECT_EQ(Names(), (std::set<std::string>{"away", "file"}));
       }
       EXPECT_GT(call, 8) << scene.name;
     }
@@ -113,7 +115,8 @@ TEST_F(SaveSurvival, AFileThatCanBeWrittenIsSavedInPlaceWhereNoNewOneCanTakeItsP
   const std::pair<const char*, bool FaultyFileSystem::*> shares[] = {{"no chmod", &FaultyFileSystem::hasModes},
                                                                      {"no new files", &FaultyFileSystem::canCreate},
                                                                      {"no renaming", &FaultyFileSystem::canRename}};
-  std::filesystem::create_symlink("file", Path("link"));
+  std::filesystem::create_directory(Path("away"));
+  std::filesystem::create_symlink("../file", Path("away/link"));
   for (const auto& [share, ability] : shares)
     for (const Scene& scene : Scenes()) {
       int call = 0;
@@ -125,12 +128,12 @@ TEST_F(SaveSurvival, AFileThatCanBeWrittenIsSavedInPlaceWhereNoNewOneCanTakeItsP
         FaultyFileSystem faulty;
         faulty.*ability = false;
         faulty.failAt = call;
-        const bool saved = scene.save(faulty, Path("link"));
+        const bool saved = scene.save(faulty, Path("away/link"));
         goesOn = faulty.calls >= call;
         EXPECT_TRUE(saved ? File() == scene.after : goesOn);
         EXPECT_TRUE(!saved || !scene.before || Content("same") == scene.after) << "it is another file";
         Prepare(scene);
-        EXPECT_TRUE(scene.save(files, Path("link")));
+        EXPECT_TRUE(scene.save(files, Path("away/link")));
         EXPECT_EQ(Names().size(), scene.before ? 3U : 2U) << "a temporary stays";
       }
     }

@@ -31,6 +31,14 @@ inline Configuration FullValues() {
   return values;
 }
 
+// More lines than a page has.
+inline std::u16string HighText() {
+  std::u16string text = u"Top";
+  while (text.size() + 2 <= 119)
+    text += u"\r\n";
+  return text;
+}
+
 inline ReportTexts TextsOf(const Configuration& values, std::u16string_view embedded = {}) {
   return ReportTextsOf(values, embedded, "24 Nov 2026 09:05:07");
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace mr4500x {
@@ -32,7 +33,9 @@ struct ScriptedPrinter final : Printer {
   std::optional<std::string> BeginJob(const std::string& /*title*/) override { return Do("begin"); }
   PrintArea Area() const override { return Paper; }
   std::optional<std::string> NewPage() override { return Do("page"); }
-  void SetScale(double /*scale*/) override {}
+  void SetScale(double scale) override {
+    if (scale < 1) happened.push_back("at " + std::to_string(std::lround(100 * scale)) + " %");
+  }
   void PrintText(double x, double y, const PrintFont& /*font*/, std::string_view text) override {
     if (x == 800 && y < 1300) happened.emplace_back(text);
   }
@@ -86,9 +89,6 @@ TEST_F(ReportPagesTest, TheTextIsBrokenAtTheWidthAndAtLineEnds) {
 }
 
 TEST_F(ReportPagesTest, WhatIsTooHighIsScaledAndEndsAboveTheFooter) {
-  std::u16string high = u"Top";
-  while (high.size() + 2 <= 119)
-    high += u"\r\n";
   const struct {
     const char* name;
     double height;
@@ -97,7 +97,7 @@ TEST_F(ReportPagesTest, WhatIsTooHighIsScaledAndEndsAboveTheFooter) {
   } cases[] = {
       {"margins of 2.5 mm", Paper.height, false, ChannelReportPage(TextsOf(FullValues()), setting)},
       {"6 mm", 16158, true, ChannelReportPage(TextsOf(FullValues()), {measure, {11226, 16158}})},
-      {"high text", Paper.height, true, InfoReportPage(TextsOf(NewValues(), high), setting)},
+      {"high text", Paper.height, true, InfoReportPage(TextsOf(NewValues(), HighText()), setting)},
   };
   for (const auto& [name, height, isScaled, page] : cases) {
     SCOPED_TRACE(name);
@@ -115,6 +115,7 @@ TEST(PrintReportsTest, AJobHasOnePageForEachChosenReportOrIsAbandoned) {
     ReportChoice choice;
     std::string failing;
     Lines happened;
+    std::u16string text = {};
   } cases[] = {
       {"all",
        {true, true, true},
@@ -125,12 +126,13 @@ TEST(PrintReportsTest, AJobHasOnePageForEachChosenReportOrIsAbandoned) {
       {"no job", {true, true, false}, "begin", {"begin", "abandon"}},
       {"no page", {true, true, false}, "page", {"begin", "Channel Settings", "page", "abandon"}},
       {"no end", {false, true, false}, "end", {"begin", "TTS", "end", "abandon"}},
+      {"a high page", {false, true, true}, "", {"begin", "TTS", "page", "at 79 %", "end"}, HighText()},
   };
-  for (const auto& [name, choice, failing, happened] : cases) {
+  for (const auto& [name, choice, failing, happened, text] : cases) {
     SCOPED_TRACE(name);
     ScriptedPrinter printer;
     printer.failing = failing;
-    const std::optional<std::string> failure = PrintReports(printer, TextsOf(NewValues()), choice);
+    const std::optional<std::string> failure = PrintReports(printer, TextsOf(NewValues(), text), choice);
     EXPECT_EQ(printer.happened, happened);
     EXPECT_EQ(failure, failing.empty() ? std::nullopt : std::optional<std::string>("no paper"));
   }

@@ -27,4 +27,10 @@ TEST(DecimalSeparator, IsTheOneInWhichTheLocaleReadsFractions) {
   EXPECT_EQ(DecimalSeparatorOf(QLocale(QLocale::German, QLocale::Germany)), ',');
 }
 
+TEST(DateTimeText, IsInTheLocalesShortForm) {
+  const LocalTime time = {2026, 11, 4, 9, 5, 7};
+  EXPECT_EQ(DateTimeText(QLocale::c(), time), "4 Nov 2026 09:05:07");
+  EXPECT_EQ(DateTimeText(QLocale(QLocale::German, QLocale::Germany), time).substr(0, 8), "04.11.26");
+}
+
 } // namespace mr4500x

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <set>
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -20,10 +21,15 @@
 namespace {
 int drained = 0;            // how often a port has waited for its hardware
 std::set<int> loweredLines; // the control lines that it has lowered
+tcflag_t parity = 0;        // that it has set; a pseudo-terminal does not keep it
 } // namespace
 // In place of the C library's; a pseudo-terminal has no control lines.
 extern "C" int tcdrain(int /*file*/) {
   return ++drained, 0;
+}
+extern "C" int tcsetattr(int file, int when, const termios* line) noexcept {
+  if ((line->c_cflag & PARENB) != 0) parity = line->c_cflag & (PARENB | PARODD);
+  return reinterpret_cast<decltype(&tcsetattr)>(dlsym(RTLD_NEXT, "tcsetattr"))(file, when, line);
 }
 extern "C" int ioctl(int file, unsigned long request, ...) noexcept {
   va_list arguments;
@@ -143,10 +149,20 @@ TEST_F(QtSerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
       termios line{};
       ASSERT_EQ(tcgetattr(m_slave, &line), 0);
       EXPECT_EQ(cfgetospeed(&line), B9600);
-      EXPECT_NE(line.c_cflag & CSTOPB, 0U); // a pseudo-terminal keeps no parity
+      EXPECT_NE(line.c_cflag & CSTOPB, 0U);
+      EXPECT_EQ(parity, PARENB | PARODD);
       port.AwaitSent();
       EXPECT_EQ(drained, 1);
     }
+  for (const auto& [asked, flags] : {std::pair(Parity::Even, PARENB), {Parity::None, 0}}) {
+    parity = 0;
+    ASSERT_EQ(m_port->Open({4800, asked, 8, 1}), std::nullopt);
+    EXPECT_EQ(parity, static_cast<tcflag_t>(flags));
+  }
+  termios line{};
+  ASSERT_EQ(tcgetattr(m_slave, &line), 0);
+  EXPECT_EQ(cfgetospeed(&line), B4800);
+  EXPECT_EQ(line.c_cflag & CSTOPB, 0U);
 }
 
 TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
