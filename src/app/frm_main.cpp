@@ -65,7 +65,7 @@ FrmMain::FrmMain(MainServices services)
 void FrmMain::BuildPanel() {
   m_panel = new EditorPanel(m_image, m_texts, m_services.messages);
   connect(m_panel, &EditorPanel::Changed, this, [this] {
-    m_state.ModifiedFlag = true;
+    m_state.ModifiedFlag = true; // after an undo as well: a question too many loses nothing
     m_mayLogOut = false;
   });
   auto* const scroll = new QScrollArea;

@@ -55,7 +55,7 @@ bool SerialLine::Write(std::span<const std::uint8_t> bytes) {
 }
 
 // A USB adapter accepts all bytes at once and reports an empty buffer while they are still being sent. So this also
-// waits for the time that the bytes take on the line.
+// waits for the time that the bytes take on the line (D-30).
 bool SerialLine::Drain() {
   m_clock.WaitUntil(m_lineFree);
   const Clock::Moment limit = m_written + DrainLimit;
