@@ -17,8 +17,6 @@ struct Editor {
 
   // A collect and a fill.
   Configuration ShownAgain() {
-    CompleteEmergencyPair(values);
-    TakeSelectedStandard(values);
     Encode(values, image, texts);
     Configuration shown = Decode(image, texts).configuration;
     SettleAfterFill(image);

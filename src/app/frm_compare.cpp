@@ -8,6 +8,7 @@
 #include "editor_panel.h"
 #include "fill_messages.h"
 #include "set_field.h"
+#include "window_parts.h"
 
 #include <QAbstractTableModel>
 #include <QAction>
@@ -58,11 +59,9 @@ constexpr std::array CompareColumns = {
 
 // What the editor would save after it has opened the image; so a file does not differ from itself.
 RadioImage AsSaved(RadioImage image, const FieldTexts& texts) {
-  Decoded decoded = Decode(image, texts);
+  const Configuration shown = Decode(image, texts).configuration;
   SettleAfterFill(image);
-  CompleteEmergencyPair(decoded.configuration);
-  TakeSelectedStandard(decoded.configuration);
-  Encode(decoded.configuration, image, texts);
+  Encode(shown, image, texts);
   return image;
 }
 
@@ -167,7 +166,7 @@ FrmCompare::FrmCompare(EditorPanel& panel, FileSystem& files, const std::string&
   Hold(other);
   setObjectName(QStringLiteral("frmCompare"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(tr("Compare with %1").arg(QString::fromStdString(path)));
+  ShowTitle(*this, "Compare with " + path);
   m_filter->setObjectName(QStringLiteral("txtFilter"));
   m_filter->setClearButtonEnabled(true);
   auto* const label = new QLabel(tr("&Filter:"));

@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMimeData>
@@ -23,6 +24,14 @@
 
 namespace mr4500x {
 namespace {
+
+// The path without "." and "..", so that a file has one title and one entry among the recent files. A ".." after a link
+// to a folder needs the file itself.
+std::string PlainPath(const QString& path) {
+  const QFileInfo given(path);
+  const QString plain = QDir::cleanPath(given.absoluteFilePath());
+  return (QFileInfo(plain) == given ? plain : given.canonicalFilePath()).toStdString();
+}
 
 // What the drop of one data file or list of channels runs; none for anything else.
 std::function<void(const CommandContext&)> CommandOfDrop(const QMimeData& data) {
@@ -78,7 +87,7 @@ void FrmMain::BuildPanel() {
   scroll->setCornerWidget(filler);
   setCentralWidget(scroll);
 
-  setWindowTitle(QString::fromStdString(TitleOf(m_state.origin)));
+  ShowTitle(*this, TitleOf(m_state.origin));
   m_status = new StatusPanels(QString::fromUtf8(ProgramTitle), m_services.deviceOfPort);
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
@@ -204,6 +213,10 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
 
 void FrmMain::OpenGiven(const std::string& path) {
   RunCommand([&](const CommandContext& context) { commands::OpenGiven(context, path); });
+}
+
+void FrmMain::OpenArgument(const QString& path) {
+  OpenGiven(PlainPath(path));
 }
 
 bool FrmMain::OpenLeftWork() {

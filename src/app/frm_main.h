@@ -22,8 +22,9 @@ public:
 
   [[nodiscard]] const RadioImage& Image() const { return m_image; }
   [[nodiscard]] const EditorState& State() const { return m_state; }
-  // Opens a file given on the command line, for instance by a double-click.
   void OpenGiven(const std::string& path);
+  // Opens a file given on the command line, for instance by a double-click.
+  void OpenArgument(const QString& path);
   // Asks about work that an earlier window left unsaved. True if the editor shows it now.
   [[nodiscard]] bool OpenLeftWork();
   // Keeps what an exit or a crash keeps, and ends the event loop.

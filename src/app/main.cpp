@@ -6,7 +6,6 @@
 #include "program.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -57,7 +56,7 @@ int main(int argc, char** argv) {
   splash.close();
   QTimer::singleShot(0, &program.Window(), [&] {
     if (program.Window().OpenLeftWork() || arguments.size() < 2) return;
-    program.Window().OpenGiven(QDir::current().absoluteFilePath(arguments[1]).toStdString());
+    program.Window().OpenArgument(arguments[1]);
   });
   const EndSignalsHeard endSignals([&](int signal) { program.Window().EndBySignal(signal); }, NextSignal::Ends);
   return QApplication::exec();

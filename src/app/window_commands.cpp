@@ -18,7 +18,7 @@ namespace mr4500x {
 
 void CommandContext::SetOrigin(Origin origin) const {
   state.origin = std::move(origin);
-  window.setWindowTitle(QString::fromStdString(TitleOf(state.origin)));
+  ShowTitle(window, TitleOf(state.origin));
 }
 
 Answer CommandContext::Show(const Message& message, MessageButtons buttons) const {

@@ -26,6 +26,10 @@ QString TimeText(const QTime& time) {
 
 } // namespace
 
+void ShowTitle(QWidget& window, const std::string& title) {
+  window.setWindowTitle(QString::fromStdString(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+}
+
 QString DeviceToolTip(const std::string& device) {
   return device.empty() ? QStatusBar::tr("No device stands for this port") : QString::fromStdString(device);
 }

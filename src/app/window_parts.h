@@ -14,6 +14,9 @@ namespace mr4500x {
 
 [[nodiscard]] QIcon ProgramIcon(const char* name); // icons/NAME.svg
 
+// Also a path with "[*]" in it, which Qt takes for a placeholder.
+void ShowTitle(QWidget& window, const std::string& title);
+
 [[nodiscard]] QString DeviceToolTip(const std::string& device); // of a port; empty: it has none
 
 // The program's title, now and then a passing message in its place, the port and the time of day.

@@ -60,9 +60,8 @@ void WorkKeeper::KeepNow() {
   // A read that broke off has overwritten the image. So the copy gets the bytes that the editor doesn't show from
   // before.
   RadioImage image = m_settledImage;
-  Configuration stored = shown;
-  TakeSelectedStandard(stored);
-  Encode(stored, image, m_texts);
+  image.FiveToneStandard = m_image.FiveToneStandard;
+  Encode(shown, image, m_texts);
   const auto data = BuildDataFile(image);
   const std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
   if (m_copies.Keep({{data.begin(), data.end()}, TimestampText(m_services.now()), m_source, lines})) {

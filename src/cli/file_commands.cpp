@@ -29,7 +29,7 @@ bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decim
   if (!LoadForCommand(files, path, image, terminal)) return false;
   Decoded decoded = Decode(image, BuildFieldTexts(decimalSeparator));
   const std::string name = NameOfSource(path) + ": ";
-  if (decoded.keyConflict) terminal.err << name << KeyConflictText << '\n';
+  if (decoded.keyConflicts > 0) terminal.err << name << KeyConflictText << '\n';
   if (decoded.end == DecodeEnd::DataError) terminal.err << name << DataErrorText << '\n';
   values = std::move(decoded.configuration);
   return decoded.end != DecodeEnd::DataError;

@@ -10,23 +10,17 @@ namespace {
 // A value waits at most for the band's other limit, its step and a key of the emergency pair.
 constexpr int MostRounds = 5;
 
-void SelectStandard(Configuration& configuration, int position, int number) {
-  configuration[ChoiceList::Standards] = {position, static_cast<std::uint8_t>(position < 0 ? number : 0)};
-  configuration.fiveToneStandard = static_cast<std::int16_t>(number);
-}
-
 // False where a code is nothing that the setting can hold. Whether it really has no text shows when it was stored.
 bool SetCode(Configuration& configuration, FieldAt at, std::uint8_t code) {
   if (const auto* const key = std::get_if<Key>(&at.field->place)) {
-    configuration.keyCodes[*key] = code;
-    return !SelectKey(configuration.keys, *key, KeyNoSelection);
+    configuration.keys.codes[*key] = code;
+    return SelectKey(configuration.keys, *key, KeyNoSelection) == 0;
   }
   const auto* const list = std::get_if<ChoiceList>(&at.field->place);
   const bool isStandard = list != nullptr && *list == ChoiceList::Standards;
   if (list == nullptr || (!CodingOf(*list).setting && !isStandard)) return false;
   if (isStandard && code == 0) return false; // no Decode would read it
   configuration[*list] = {-1, code};
-  if (isStandard) SelectStandard(configuration, -1, code);
   return true;
 }
 
@@ -37,7 +31,7 @@ bool SetAsStored(Configuration& configuration, const Assignment& given) {
     const auto items = ItemsOf(ChoiceList::Standards);
     const auto position = static_cast<int>(std::ranges::find(items, given.value) - items.begin());
     if (position == static_cast<int>(items.size())) return false;
-    SelectStandard(configuration, position, position + 1);
+    configuration[ChoiceList::Standards] = {position, 0};
     return true;
   }
   if (std::holds_alternative<ChoiceList>(place) || std::holds_alternative<Key>(place) ||
@@ -133,8 +127,10 @@ std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment
   const std::vector<Result> results = SetAll(configuration, assignments, texts);
   if (configuration != shown) { // else bytes that an Encode would tidy up stay, too
     SettleAfterFill(changed);
-    CompleteEmergencyPair(configuration);
-    TakeSelectedStandard(configuration);
+    const Choice& standard = configuration[ChoiceList::Standards];
+    if (standard != shown[ChoiceList::Standards]) // in TTS mode an Encode does not take it
+      changed.FiveToneStandard =
+          static_cast<std::int16_t>(standard.position < 0 ? standard.unlisted : standard.position + 1);
     Encode(configuration, changed, texts);
     shown = Decode(changed, texts).configuration;
   }

@@ -40,9 +40,7 @@ struct Configuration {
   std::array<ChannelTexts, ChannelCount> channels;
   std::string identityNumber, firmwareVersion; // read from the radio; not in files
   KeyProgram keys;
-  std::array<std::uint8_t, KeyCount> keyCodes{}; // the stored bytes, for lists without a selection
   std::array<std::array<std::string, TtsColumnCount>, TtsEntryCount> ttsTable; // column 0 stays empty
-  std::int16_t fiveToneStandard = 1; // in force; a collect takes it from the list "Standards"
   bool autoResetOff = false;
   std::string autoResetTime = "5"; // seconds; kept while it is OFF
 
@@ -70,25 +68,23 @@ enum class DecodeEnd {
 };
 struct Decoded {
   Configuration configuration;
-  bool keyConflict = false; // two keys had Talk Around or Reverse: the second is put back; show KeyConflictText
+  int keyConflicts = 0; // keys put back, as another one has Talk Around or Reverse: show KeyConflictText for each
   DecodeEnd end = DecodeEnd::Complete;
 };
 
-// In 5-tone mode the TTS table gets its defaults, as the radio has none then.
-[[nodiscard]] Decoded Decode(const RadioImage& image, const FieldTexts& texts);
+// In 5-tone mode the TTS table gets its defaults, as the radio has none then. The keys are selected one by one in the
+// lists that showed `shownKeys`, so their rules and what they remembered still count.
+[[nodiscard]] Decoded Decode(const RadioImage& image, const FieldTexts& texts, const KeyProgram& shownKeys = {});
 
-// Call after filling the editor. A stored standard 0 becomes 1. In 5-tone mode it loads the TTS defaults into the
-// image, but keeps the tones of a standard that is not in the list.
+// Call after Decode and before Encode. The stored 5-tone standard comes into force as the image's FiveToneStandard; a
+// stored 0 becomes 1 and leaves the one in force. In 5-tone mode it loads the TTS defaults into the image, but keeps
+// the tones of a standard that is not in the list.
 void SettleAfterFill(RadioImage& image);
 
-// Stores the configuration in the image. Half of the emergency pair is stored as the whole pair. A number box without a
-// number leaves its bytes unchanged.
+// Stores the configuration in the image, all that a collect does to it. In 5-tone mode the selected standard comes into
+// force. Half of the emergency pair is stored as the whole pair. A number box without a number leaves its bytes
+// unchanged.
 void Encode(const Configuration& configuration, RadioImage& image, const FieldTexts& texts);
-
-// Call before a collect. Shows the whole emergency pair that Encode stores for half of it; true if a key list changed.
-bool CompleteEmergencyPair(Configuration& configuration);
-// Call before a collect. In 5-tone mode the selected standard comes into force.
-void TakeSelectedStandard(Configuration& configuration);
 
 // Resets the image to its defaults and returns what the editor shows, without identity number and firmware version.
 [[nodiscard]] Configuration NewConfiguration(RadioImage& image, const FieldTexts& texts, const LocalTime& now);

@@ -63,13 +63,14 @@ int KeyPosition(const RadioImage& image, std::size_t key) {
   return found == items.end() ? KeyNoSelection : static_cast<int>(found - items.begin());
 }
 
-bool DecodeKeys(const RadioImage& image, Configuration& configuration) {
-  bool conflict = false;
+int DecodeKeys(const RadioImage& image, KeyProgram& keys) {
+  int conflicts = 0;
   for (std::size_t key = 0; key < KeyCount; ++key) {
-    configuration.keyCodes[key] = image.KeyProgramBlock[key];
-    conflict |= SelectKey(configuration.keys, key, KeyPosition(image, key));
+    const int position = KeyPosition(image, key);
+    conflicts += SelectKey(keys, key, position);
+    if (keys.selection[key] == position) keys.codes[key] = image.KeyProgramBlock[key];
   }
-  return conflict;
+  return conflicts;
 }
 
 void DecodeTtsTable(const RadioImage& image, Configuration& configuration, char separator) {
@@ -99,7 +100,7 @@ std::string_view KeyTextOf(const Configuration& configuration, std::size_t key) 
   return KeyItemText(key, fixed ? KeySpecial : keys.selection[key]);
 }
 
-Decoded Decode(const RadioImage& image, const FieldTexts& texts) {
+Decoded Decode(const RadioImage& image, const FieldTexts& texts, const KeyProgram& shownKeys) {
   Decoded decoded;
   Configuration& configuration = decoded.configuration;
   configuration.lowerBandLimit = std::to_string(LowerBandLimit(image.BandBlock));
@@ -109,14 +110,14 @@ Decoded Decode(const RadioImage& image, const FieldTexts& texts) {
   DecodeNumbers(image, configuration);
   for (std::size_t channel = 0; channel < ChannelCount; ++channel)
     configuration.channels[channel] = TextsOfChannel(image, channel, texts);
-  decoded.keyConflict = DecodeKeys(image, configuration);
+  configuration.keys = shownKeys;
+  decoded.keyConflicts = DecodeKeys(image, configuration.keys);
 
   const std::uint8_t standard = image.ResetTimeBlock[StandardByte];
   if (standard == 0) {
     decoded.end = DecodeEnd::DataError;
     return decoded;
   }
-  configuration.fiveToneStandard = standard;
   configuration[ChoiceList::Standards] = ChoiceFor(ChoiceList::Standards, standard - 1, standard);
   DecodeTtsTable(image, configuration, texts.decimalSeparator);
   const std::uint8_t seconds = image.ResetTimeBlock[ResetTimeByte];
@@ -129,15 +130,18 @@ void SettleAfterFill(RadioImage& image) {
   std::uint8_t& standard = image.ResetTimeBlock[StandardByte];
   if (standard == 0) {
     standard = 1;
-  } else if (!IsTtsMode(image)) {
-    // The tones of a standard that is not in the table could not be rebuilt.
-    const auto tones = image.ToneFrequencyBlock;
-    const auto resetTime = image.ResetTimeBlock;
-    LoadTtsDefaults(image);
-    if (IsListedStandard(resetTime[StandardByte])) return;
-    image.ToneFrequencyBlock = tones;
-    image.ResetTimeBlock = resetTime;
+    if (!IsListedStandard(image.FiveToneStandard)) image.FiveToneStandard = 1;
+    return;
   }
+  image.FiveToneStandard = standard;
+  if (IsTtsMode(image)) return;
+  // The tones of a standard that is not in the table could not be rebuilt.
+  const auto tones = image.ToneFrequencyBlock;
+  const auto resetTime = image.ResetTimeBlock;
+  LoadTtsDefaults(image);
+  if (IsListedStandard(image.FiveToneStandard)) return;
+  image.ToneFrequencyBlock = tones;
+  image.ResetTimeBlock = resetTime;
 }
 
 Configuration NewConfiguration(RadioImage& image, const FieldTexts& texts, const LocalTime& now) {

@@ -16,8 +16,10 @@ constexpr std::array ComparedBlocks = {ImageBlock::ChannelBlock,      ImageBlock
                                        ImageBlock::ResetTimeBlock,    ImageBlock::ToneFrequencyBlock,
                                        ImageBlock::SelCallCodeBlock,  ImageBlock::BandBlock};
 
-RadioImage Encoded(RadioImage base, const Configuration& configuration, const FieldTexts& texts) {
-  Encode(configuration, base, texts);
+// What the settings of `source` make of the other image.
+RadioImage Encoded(RadioImage base, const RadioImage& source, const Configuration& settings, const FieldTexts& texts) {
+  base.FiveToneStandard = source.ResetTimeBlock[StandardByte];
+  Encode(settings, base, texts);
   return base;
 }
 
@@ -58,8 +60,8 @@ ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after
   ImageDifferences differences{DifferencesBetween(old, now), {}};
   // What the settings make of each image tells which bits they explain: those that follow the settings. A tone that is
   // off has no bits of its own, so that both images are asked.
-  const std::array<RadioImage, 4> made = {Encoded(before, old, texts), Encoded(before, now, texts),
-                                          Encoded(after, old, texts), Encoded(after, now, texts)};
+  const std::array<RadioImage, 4> made = {Encoded(before, before, old, texts), Encoded(before, after, now, texts), //
+                                          Encoded(after, before, old, texts), Encoded(after, after, now, texts)};
   for (const ImageBlock block : ComparedBlocks) {
     const auto was = BlockBytes(before, block), is = BlockBytes(after, block);
     std::array<std::span<const std::uint8_t>, 4> bytes;

@@ -54,7 +54,7 @@ void EncodeNumbers(const Configuration& configuration, RadioImage& image) {
 
 std::uint8_t KeyByte(const Configuration& configuration, std::size_t key) {
   const int position = configuration.keys.selection[key];
-  if (position == KeyNoSelection) return configuration.keyCodes[key];
+  if (position == KeyNoSelection) return configuration.keys.codes[key];
   return KeyItems(key)[static_cast<std::size_t>(position)].code;
 }
 
@@ -68,10 +68,16 @@ void EncodeKeys(const Configuration& configuration, RadioImage& image) {
   }
 }
 
-std::int16_t StandardInForce(const Configuration& configuration) {
-  const int selected = configuration[ChoiceList::Standards].position;
-  const bool taken = !IsTtsMode(configuration) && selected >= 0;
-  return taken ? static_cast<std::int16_t>(selected + 1) : configuration.fiveToneStandard;
+// In 5-tone mode the selected standard comes into force. Otherwise the image keeps the one that it has.
+void EncodeStandard(const Configuration& configuration, RadioImage& image) {
+  const Choice& selected = configuration[ChoiceList::Standards];
+  if (!IsTtsMode(configuration) && selected.position >= 0) {
+    image.FiveToneStandard = static_cast<std::int16_t>(selected.position + 1);
+    ApplyStandard(image, image.FiveToneStandard);
+  } else if (!IsTtsMode(configuration) && selected.unlisted != 0) {
+    image.FiveToneStandard = selected.unlisted;
+  }
+  image.ResetTimeBlock[StandardByte] = static_cast<std::uint8_t>(image.FiveToneStandard);
 }
 
 void EncodeSignaling(const Configuration& configuration, RadioImage& image, char separator) {
@@ -84,11 +90,7 @@ void EncodeSignaling(const Configuration& configuration, RadioImage& image, char
       if (const auto time = TtsTime(configuration.Tts(n, TtsTimeColumns[i]), separator)) entry.times[i] = *time;
     WriteTtsEntry(image, n, entry);
   }
-  const std::int16_t standard = StandardInForce(configuration);
-  const bool isSelected = !IsTtsMode(configuration) && configuration[ChoiceList::Standards].position >= 0;
-  if (isSelected) ApplyStandard(image, standard);
-  image.FiveToneStandard = standard;
-  image.ResetTimeBlock[StandardByte] = static_cast<std::uint8_t>(standard);
+  EncodeStandard(configuration, image);
 }
 
 } // namespace
@@ -107,19 +109,6 @@ void Encode(const Configuration& configuration, RadioImage& image, const FieldTe
   else if (const auto seconds = ParseWhole(configuration.autoResetTime))
     image.ResetTimeBlock[ResetTimeByte] = static_cast<std::uint8_t>(std::min(*seconds, 255));
   EncodeSignaling(configuration, image, texts.decimalSeparator);
-}
-
-bool CompleteEmergencyPair(Configuration& configuration) {
-  KeyProgram& keys = configuration.keys;
-  const bool emergency = keys.selection[ShortA] == KeySpecial;
-  if (emergency == (keys.selection[LongA] == KeySpecial)) return false;
-  // Reports no conflict: with the pair shown, the keys of A don't count for Talk Around.
-  static_cast<void>(SelectKey(keys, emergency ? LongA : ShortA, KeySpecial));
-  return true;
-}
-
-void TakeSelectedStandard(Configuration& configuration) {
-  configuration.fiveToneStandard = StandardInForce(configuration);
 }
 
 } // namespace mr4500x

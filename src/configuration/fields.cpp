@@ -188,7 +188,7 @@ std::optional<std::uint8_t> UnlistedCodeOf(const Configuration& configuration, F
     if (choice.position < 0) return choice.unlisted;
   }
   const auto* const key = std::get_if<Key>(&at.field->place);
-  if (key != nullptr && KeyTextOf(configuration, *key).empty()) return configuration.keyCodes[*key];
+  if (key != nullptr && KeyTextOf(configuration, *key).empty()) return configuration.keys.codes[*key];
   return std::nullopt;
 }
 

@@ -24,30 +24,28 @@ int CountTalkAroundOrReverse(const KeyProgram& keys) {
   return count;
 }
 
-bool RunRules(KeyProgram& keys, std::size_t changed);
+int RunRules(KeyProgram& keys, std::size_t changed);
 
-bool SetAndRun(KeyProgram& keys, std::size_t key, int position) {
-  if (keys.selection[key] == position) return false;
-  keys.selection[key] = position;
-  return RunRules(keys, key);
+int SetAndRun(KeyProgram& keys, std::size_t key, int position) {
+  return keys.selection[key] == position ? 0 : SelectKey(keys, key, position);
 }
 
-bool RunRules(KeyProgram& keys, std::size_t changed) {
-  bool message = false;
+// Returns the number of messages.
+int RunRules(KeyProgram& keys, std::size_t changed) {
+  int messages = 0;
   keys.fixedLongAShown = ShowsEmergency(keys) && !keys.fixedShortAShown;
   if (changed == LongA && !ShowsCancelEmergency(keys) && ShowsEmergency(keys))
-    message |= SetAndRun(keys, ShortA, KeyUnassigned);
+    messages += SetAndRun(keys, ShortA, KeyUnassigned);
   if (changed == ShortA && !ShowsEmergency(keys) && ShowsCancelEmergency(keys))
-    message |= SetAndRun(keys, LongA, KeyUnassigned);
+    messages += SetAndRun(keys, LongA, KeyUnassigned);
   keys.fixedShortAShown = ShowsCancelEmergency(keys) && !keys.fixedLongAShown;
   if (CountTalkAroundOrReverse(keys) >= 2) {
     // If the remembered selection conflicts too, the key becomes unassigned, so that the recursion ends.
     const int back = keys.selection[changed] == keys.remembered[changed] ? KeyUnassigned : keys.remembered[changed];
-    SetAndRun(keys, changed, back);
-    return true;
+    return messages + 1 + SetAndRun(keys, changed, back);
   }
   keys.remembered = keys.selection;
-  return message;
+  return messages;
 }
 
 } // namespace
@@ -57,9 +55,16 @@ bool LongPressEnabled(const KeyProgram& keys, std::size_t longKey) {
            (longKey == LongC && keys.selection[ShortC] == KeySpecial));
 }
 
-bool SelectKey(KeyProgram& keys, std::size_t key, int position) {
+int SelectKey(KeyProgram& keys, std::size_t key, int position) {
   keys.selection[key] = position;
   return RunRules(keys, key);
+}
+
+bool CompleteEmergencyPair(KeyProgram& keys) {
+  if (ShowsEmergency(keys) == ShowsCancelEmergency(keys)) return false;
+  // No message is due: with the pair shown, the keys of A don't count for Talk Around.
+  static_cast<void>(SelectKey(keys, ShowsEmergency(keys) ? LongA : ShortA, KeySpecial));
+  return true;
 }
 
 } // namespace mr4500x

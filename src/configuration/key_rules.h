@@ -15,10 +15,11 @@ inline constexpr int KeySpecial = 1; // Short A "Emergency Alert", Long A "Cance
 inline constexpr int KeyNoSelection = -1;
 
 struct KeyProgram {
-  std::array<int, KeyCount> selection{};  // cboKey(0) to cboKey(5)
-  std::array<int, KeyCount> remembered{}; // the last selections that passed the rules
-  bool fixedShortAShown = false;          // cboKey(10) replaces cboKey(0)
-  bool fixedLongAShown = false;           // cboKey(11) replaces cboKey(1)
+  std::array<int, KeyCount> selection{};      // cboKey(0) to cboKey(5)
+  std::array<int, KeyCount> remembered{};     // the last selections that passed the rules
+  std::array<std::uint8_t, KeyCount> codes{}; // the stored bytes, for keys without a selection
+  bool fixedShortAShown = false;              // cboKey(10) replaces cboKey(0)
+  bool fixedLongAShown = false;               // cboKey(11) replaces cboKey(1)
 
   bool operator==(const KeyProgram&) const = default;
 };
@@ -26,8 +27,11 @@ struct KeyProgram {
 // A long-press list is disabled while its short press is "Monitor".
 [[nodiscard]] bool LongPressEnabled(const KeyProgram& keys, std::size_t longKey);
 
-// Selects a position on key 0 to 5 and runs the rules. True if the "Talk Around Or Reverse" message is due; the key
-// then has its remembered selection again.
-[[nodiscard]] bool SelectKey(KeyProgram& keys, std::size_t key, int position);
+// Selects a position on key 0 to 5 and runs the rules. Returns how many "Talk Around Or Reverse" messages are due. With
+// one, the key has its remembered selection again.
+[[nodiscard]] int SelectKey(KeyProgram& keys, std::size_t key, int position);
+
+// Half of the emergency pair becomes the whole pair, as it is stored. True if a key changed.
+bool CompleteEmergencyPair(KeyProgram& keys);
 
 } // namespace mr4500x

@@ -118,7 +118,7 @@ private:
 
   [[nodiscard]] bool ChooseForKey(Key key, int position) const {
     KeyProgram changed = configuration.keys;
-    if (SelectKey(changed, key, position)) return false;
+    if (SelectKey(changed, key, position) > 0) return false;
     configuration.keys = changed;
     return true;
   }

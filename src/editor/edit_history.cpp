@@ -76,7 +76,8 @@ void EditHistory::Restart() {
 // A difference that has no name, such as a key of the emergency pair that a save completes, is no step of its own.
 void EditHistory::TakeStep(const QString& name) {
   Configuration shown = m_shown();
-  if (shown == m_current.configuration && name.isEmpty()) return;
+  const bool isOtherStandard = m_image.FiveToneStandard != m_current.image.FiveToneStandard; // after a collect
+  if (shown == m_current.configuration && !isOtherStandard && name.isEmpty()) return;
   const std::vector<Difference> differences = DifferencesBetween(m_current.configuration, shown);
   State before = std::exchange(m_current, {std::move(shown), m_image});
   if (differences.empty() && name.isEmpty()) return;

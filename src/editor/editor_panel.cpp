@@ -136,14 +136,14 @@ void EditorPanel::ChangeLowerLimit(int limit) {
 }
 
 DecodeEnd EditorPanel::Fill() {
-  const Decoded decoded = Decode(m_image, m_texts);
+  const Decoded decoded = Decode(m_image, m_texts, Shown().keys);
   SettleAfterFill(m_image);
   ShowDecoded(decoded);
   m_history->Restart();
   emit Filled();
-  if (decoded.keyConflict || decoded.end == DecodeEnd::DataError) repaint(); // a message box would cover the old view
-  if (decoded.keyConflict)
-    m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
+  const bool hasMessage = decoded.keyConflicts > 0 || decoded.end == DecodeEnd::DataError;
+  if (hasMessage) repaint(); // a message box would cover the old view
+  ShowKeyConflicts(m_messages, decoded.keyConflicts);
   if (decoded.end == DecodeEnd::DataError)
     m_messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
   return decoded.end;
@@ -210,22 +210,15 @@ Configuration EditorPanel::ShownUnfinished() const {
 }
 
 RadioImage EditorPanel::Collected() const {
-  Configuration values = ShownUnfinished();
-  CompleteEmergencyPair(values);
-  TakeSelectedStandard(values);
   RadioImage image = m_image;
-  Encode(values, image, m_texts);
+  Encode(ShownUnfinished(), image, m_texts);
   return image;
 }
 
 void EditorPanel::Collect() {
   const UndrawnPanel undrawn(*this);
-  Configuration values = Shown();
-  CompleteEmergencyPair(values);
-  TakeSelectedStandard(values);
-  Encode(values, m_image, m_texts);
-  m_keys->AfterCollect(values);
-  m_fiveTone->AfterCollect(values);
+  Encode(Shown(), m_image, m_texts);
+  m_keys->AfterCollect();
 }
 
 void EditorPanel::CommitCells() {

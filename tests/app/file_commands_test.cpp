@@ -31,6 +31,28 @@ TEST_F(ProgramTest, RefusesFilesThatAreNone) {
   }
 }
 
+// The fill ends early, so the file's own number stays in force.
+TEST_F(ProgramTest, AFileWithoutAStoredStandardKeepsTheOneThatItNames) {
+  const struct {
+    const char* name;
+    std::int16_t named, saved;
+  } cases[] = {{"valid", 8, 8}, {"none either", 0, 1}, {"out of range", 12, 1}};
+  for (const auto& [name, named, saved] : cases) {
+    SCOPED_TRACE(name);
+    image.ResetTimeBlock[StandardByte] = 0;
+    image.FiveToneStandard = named;
+    PutDataFile("a.K4X");
+    desk.paths = {Path("a.K4X")};
+    Choose("mnuFileOpen");
+    EXPECT_EQ(Happened(), (Lines{"dialog Open", "!|Data Error|Data occur error in the Radio, please re-set."}));
+    Choose("mnuFileSave");
+    RadioImage file;
+    EXPECT_EQ(LoadDataFile(files, Path("a.K4X"), file).outcome, LoadOutcome::Loaded);
+    EXPECT_EQ(std::tuple(file.FiveToneStandard, file.ResetTimeBlock[StandardByte]), std::tuple(saved, saved));
+    Choose("mnuFileClose");
+  }
+}
+
 TEST_F(ProgramTest, AsksBeforeDataIsLost) {
   // name, edited, answer, closes, saves
   const std::tuple<const char*, bool, Answer, bool, bool> cases[] = {
@@ -146,6 +168,27 @@ TEST_F(ProgramTest, OpensFilesAndRemembersThemUntilTheyAreMissing) {
   EXPECT_TRUE(window->State().ModifiedFlag);
   EXPECT_EQ(Recent(), Lines{" 1 " + a});
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));
+}
+
+// Whatever way a file is named on the command line, it has one title and one entry.
+TEST_F(ProgramTest, OpensAFileOfTheCommandLineUnderItsPlainPath) {
+  std::filesystem::create_directories(Path("far/folder"));
+  std::filesystem::create_directory_symlink(Path("far/folder"), Path("link"));
+  PutDataFile("a.K4X");
+  PutDataFile("far/a.K4X");
+  PutDataFile("[*]x[*][*].K4X");
+  const std::string folder = std::filesystem::canonical(Path("")).string() + '/';
+  const std::tuple<std::string, std::string> cases[] = {{"./a.K4X", "a.K4X"},
+                                                        {"far/..//a.K4X", "a.K4X"},
+                                                        {"link/../a.K4X", "far/a.K4X"}, // as the system follows it
+                                                        {"./[*]x[*][*].K4X", "[*]x[*][*].K4X"}};
+  for (const auto& [given, plain] : cases) {
+    window->OpenArgument(QString::fromStdString(Path(given)));
+    EXPECT_EQ(window->windowHandle()->title().toStdString(), "MR4500X Programming Software - " + folder + plain)
+        << given;
+  }
+  EXPECT_EQ(Recent(),
+            (Lines{" 1 " + folder + "[*]x[*][*].K4X", " 2 " + folder + "far/a.K4X", " 3 " + folder + "a.K4X"}));
 }
 
 } // namespace

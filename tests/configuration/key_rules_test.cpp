@@ -14,7 +14,7 @@ TEST(KeyRulesTest, PairsAndConflicts) {
     KeyProgram keys;
     std::istringstream steps(row[1]);
     for (std::string key, position; steps >> key >> position;)
-      EXPECT_EQ(SelectKey(keys, keysByName.at(key), std::stoi(position)), position.ends_with('!')) << row[0];
+      EXPECT_EQ(SelectKey(keys, keysByName.at(key), std::stoi(position)), position.ends_with('!') ? 1 : 0) << row[0];
     std::string shown;
     for (const int position : keys.selection)
       shown += std::to_string(position) + ' ';

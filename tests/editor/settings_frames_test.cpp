@@ -183,6 +183,52 @@ TEST_F(SettingsTest, KeysExcludeEachOther) {
   EXPECT_EQ(List("cboKey(0)").currentIndex(), Scan) << "goes back";
 }
 
+// A fill selects one key after the other in the lists as they are, so a conflict brings the selection before it back.
+TEST_F(SettingsTest, AFillSelectsTheKeysAsAUserWould) {
+  using Bytes = std::array<std::uint8_t, KeyCount>;
+  const struct {
+    const char* name;
+    Bytes before;
+    std::vector<std::pair<const char*, int>> picked;
+    Bytes filled;
+    std::size_t messageCount;
+    const char* shown; // codes with a # have no item
+  } cases[] = {
+      {"a conflict", {}, {{"cboKey(2)", Scan}}, {0x86, 0, 0x87}, 1, "Talk Around,,Scan,,,"},
+      {"two conflicts", {}, {{"cboKey(4)", Scan}}, {0x86, 0, 0x87, 0, 0x86}, 2, "Talk Around,,,,Scan,"},
+      {"with what was shown", {0x83, 0, 0, 0, 0, 0x87}, {}, {0x86, 0, 0x83}, 1, "Scan,,Scan,,,"},
+      {"back to a code without an item", {0, 0, 0x8F}, {}, {0x86, 0, 0x87}, 1, "Talk Around,,#8f,,,"},
+      {"the pair as it was chosen", {}, {{"cboKey(1)", KeySpecial}}, {0xC1, 0xC2}, 0, "cboKey(10),,,,,"},
+      {"a pair in another's place", {0x83}, {}, {0xC1, 0xC2}, 0, ",cboKey(11),,,,"},
+  };
+  for (const auto& row : cases) {
+    SCOPED_TRACE(row.name);
+    const auto fill = [&](const Bytes& keys) {
+      std::ranges::copy(keys, image.KeyProgramBlock.begin());
+      panel.Fill();
+    };
+    panel.FillReset({});
+    fill(row.before);
+    for (const auto& [list, position] : row.picked)
+      Pick(list, position);
+    messages.shown.clear();
+    fill(row.filled);
+    EXPECT_EQ(messages.Taken().size(), row.messageCount);
+    QStringList shown;
+    for (int key = 0; key < 6; ++key) {
+      const QComboBox& list = List(qPrintable(QStringLiteral("cboKey(%1)").arg(key)));
+      const std::uint8_t code = panel.Collected().KeyProgramBlock[static_cast<std::size_t>(key)];
+      if (list.isHidden()) // the other one of the pair has its own list
+        shown.append(QStringLiteral("cboKey(%1)").arg(10 + key));
+      else
+        shown.append(list.currentIndex() < 0     ? "#" + QString::number(code, 16)
+                     : code == 0 || code >= 0xC0 ? QString()
+                                                 : list.currentText());
+    }
+    EXPECT_EQ(shown.join(",").toStdString(), row.shown);
+  }
+}
+
 struct TtsTableTest : SettingsTest {
   QLineEdit& box = Box("txtTTSFreq");
   QComboBox& list = List("cmbTTST");

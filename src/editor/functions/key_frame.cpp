@@ -12,6 +12,11 @@ namespace mr4500x {
 
 constexpr int FirstFixedList = 10;
 
+void ShowKeyConflicts(MessageView& messages, int count) {
+  for (; count > 0; --count)
+    messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
+}
+
 KeyFrame::KeyFrame(MessageView& messages)
     : FieldFrame(QStringLiteral("fraKey"), tr("Key Program")), m_messages(messages) {
   for (std::size_t key = ShortA; key <= LongC; ++key) { // short press left, long press right
@@ -42,8 +47,7 @@ ChoiceBox* KeyFrame::NewList(int number, std::size_t key, const QStringList& ite
 
 void KeyFrame::cboKey_Change(std::size_t key, int position) {
   // The lists show the conflicting selection until the message is closed.
-  if (SelectKey(m_keys, key, position))
-    m_messages.Show(MessageIcon::Exclamation, KeyConflictTitle, KeyConflictText, MessageButtons::Ok);
+  ShowKeyConflicts(m_messages, SelectKey(m_keys, key, position));
   ShowKeys();
   emit Changed();
 }
@@ -72,7 +76,6 @@ void KeyFrame::changeEvent(QEvent* event) {
 }
 
 void KeyFrame::Fill(const Configuration& values) {
-  m_keyCodes = values.keyCodes;
   m_keys = values.keys;
   ShowKeys();
   emit Changed();
@@ -80,11 +83,12 @@ void KeyFrame::Fill(const Configuration& values) {
 
 void KeyFrame::Collect(Configuration& values) const {
   values.keys = m_keys;
-  values.keyCodes = m_keyCodes;
 }
 
-void KeyFrame::AfterCollect(const Configuration& values) {
-  if (m_keys != values.keys) Fill(values);
+void KeyFrame::AfterCollect() {
+  if (!CompleteEmergencyPair(m_keys)) return;
+  ShowKeys();
+  emit Changed();
 }
 
 } // namespace mr4500x

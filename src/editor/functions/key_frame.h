@@ -10,6 +10,9 @@ class QLabel;
 
 namespace mr4500x {
 
+// One message for each key that was put back.
+void ShowKeyConflicts(MessageView& messages, int count);
+
 class KeyFrame : public FieldFrame {
   Q_OBJECT
 public:
@@ -17,7 +20,7 @@ public:
 
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
-  void AfterCollect(const Configuration& values); // shows the keys as paired by the panel's Collect
+  void AfterCollect(); // shows the whole emergency pair, as it was stored
 
 protected:
   void changeEvent(QEvent* event) override;
@@ -32,7 +35,6 @@ private:
   std::array<ChoiceBox*, 2> m_fixed{};        // cboKey(10) and cboKey(11), over Short A and Long A
   std::array<QLabel*, KeyCount> m_labels{};
   KeyProgram m_keys;
-  std::array<std::uint8_t, KeyCount> m_keyCodes{}; // for lists without a selection
 };
 
 } // namespace mr4500x

@@ -57,14 +57,4 @@ void FiveToneFrame::SetTtsMode(bool tts) {
   m_label->setEnabled(!tts);
 }
 
-void FiveToneFrame::Fill(const Configuration& values) {
-  m_standard = values.fiveToneStandard;
-  FieldFrame::Fill(values);
-}
-
-void FiveToneFrame::Collect(Configuration& values) const {
-  values.fiveToneStandard = m_standard;
-  FieldFrame::Collect(values);
-}
-
 } // namespace mr4500x

@@ -40,15 +40,10 @@ class FiveToneFrame : public FieldFrame {
 public:
   FiveToneFrame();
 
-  void Fill(const Configuration& values) override;
-  void Collect(Configuration& values) const override;
-  // Remembers the collected standard, which a later collect in TTS mode stores.
-  void AfterCollect(const Configuration& values) { m_standard = values.fiveToneStandard; }
   void SetTtsMode(bool tts);
 
 private:
   QWidget* m_label;
-  std::int16_t m_standard = 1;
 };
 
 } // namespace mr4500x
