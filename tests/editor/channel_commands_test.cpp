@@ -180,5 +180,18 @@ TEST_F(CommandsTest, FillDownTellsAllChannelsThatRefuse) {
   EXPECT_EQ(panel.Shown(), before);
 }
 
+TEST(ChannelCommands, BeginAtTheFirstChannelInAGridThatNeverHadTheFocus) {
+  ScriptedMessages messages;
+  RadioImage image;
+  const FieldTexts texts = BuildFieldTexts('.');
+  EditorPanel panel(image, texts, messages);
+  panel.FillReset({2026, 1, 2, 3, 4, 5});
+  QApplication::clipboard()->setText("446.00625");
+  for (const char* const command : {"Paste", "Fill", "Copy", "Clear", "Up", "Down"})
+    panel.findChild<QAction*>(QLatin1String("mnuChannels") + command)->trigger();
+  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 2) << "the heading and one channel";
+  EXPECT_EQ(panel.Shown().channels[15][GridColumn::RxFreq], "440.00000");
+}
+
 } // namespace
 } // namespace mr4500x

@@ -93,6 +93,7 @@ void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
 
 void ChannelCommands::Run(const Row& row) {
   m_running = tr(row.text);
+  if (m_grid.currentRow() < 0) m_grid.setCurrentCell(0, 0); // the grid has never had the focus
   (this->*row.run)();
 }
 
