@@ -4,6 +4,8 @@
 #include "desktop.h"
 #include "exchange.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -31,7 +33,8 @@ struct EditorState {
   bool ImageIsPartial = false; // a read or an open broke off: what the editor does not show was lost
   bool InfoIsPartial = false;  // the same, of the embedded information
   int CommPortNumber = 1;
-  std::string LastFileName; // path
+  std::string LastFileName;            // path
+  std::optional<std::uint64_t> device; // the file system that the origin's folder was on
   FontDescription EmbeddedTextFont;
 };
 

@@ -30,13 +30,16 @@ constexpr int RecentCharacters = 80;                      // a longer entry is e
 
 // The editor now holds the data of this file.
 void BelongTo(const CommandContext& context, const std::string& path) {
+  const bool isOther = context.state.origin != Origin(FileOrigin{path});
   context.SetOrigin(FileOrigin{path});
+  context.state.device = DeviceOfFolder(context.services.files, path);
   context.keeper.Settled(context.state.origin);
   context.state.ModifiedFlag = false;
   context.state.ImageIsPartial = false;
   context.closeItem.setEnabled(true);
   AddRecent(context.services.files, context.services.settingsFile, path);
   commands::ShowRecentFiles(context);
+  if (isOther && context.keeper.IsOpenElsewhere(path)) context.Show(OpenTwiceNotice(path));
 }
 
 CloseEnd AskAboutUnsavedData(const CommandContext& context) {
@@ -114,6 +117,9 @@ std::optional<std::string> AskSaveName(const CommandContext& context, const char
 // To the path last chosen.
 void WriteFile(const CommandContext& context, SaveCommand command) {
   const std::string& path = context.state.LastFileName;
+  const bool isOnOtherDrive = context.state.origin == Origin(FileOrigin{path}) &&
+                              context.state.device != DeviceOfFolder(context.services.files, path);
+  if (isOnOtherDrive && context.Show(OtherDriveQuestion(path), MessageButtons::YesNo) != Answer::Yes) return;
   if (Succeeds([&] { return SaveDataFile(context.services.files, path, context.image); }))
     BelongTo(context, path);
   else

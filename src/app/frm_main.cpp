@@ -20,6 +20,7 @@
 #include <QStyle>
 #include <QUrl>
 
+#include <csignal>
 #include <utility>
 
 namespace mr4500x {
@@ -65,10 +66,12 @@ FrmMain::FrmMain(MainServices services)
   connect(
       qApp, &QGuiApplication::commitDataRequest, this,
       [this](QSessionManager& session) {
-        if (!session.allowsInteraction()) return KeepForEnd();
+        if (!session.allowsInteraction()) return KeepForSession();
+        m_endsUnasked = false;
         if (!MayLogOut()) session.cancel();
       },
       Qt::DirectConnection);
+  qApp->installEventFilter(this);
 }
 
 void FrmMain::BuildPanel() {
@@ -94,11 +97,10 @@ void FrmMain::BuildPanel() {
   connect(m_panel, &EditorPanel::CompareAsked, this, [this] { RunCommand(commands::Compare); });
   connect(m_panel, &EditorPanel::Changed, m_status, &StatusPanels::EndPassing);
   connect(m_panel, &EditorPanel::Told, m_status, &StatusPanels::ShowPassing);
-  connect(m_keeper, &WorkKeeper::CopyFailed, m_status,
-          [this] { m_status->ShowPassing(tr("No copy of the unsaved work could be written.")); });
-  // A click outside the controls commits an open editor.
-  m_status->installEventFilter(this);
-  scroll->viewport()->installEventFilter(this);
+  connect(m_keeper, &WorkKeeper::CopyMissing, m_status, [this](bool isMissing) {
+    m_status->SetStanding(isMissing ? tr("No copy of the unsaved work could be written.") : QString());
+  });
+  m_background = scroll->viewport();
 }
 
 CommandContext FrmMain::Context() {
@@ -189,14 +191,17 @@ void FrmMain::StoreGeometry() {
   if (!isMinimized()) m_services.storeGeometry(GeometryOf(*this));
 }
 
-void FrmMain::KeepForEnd() {
+void FrmMain::KeepForSession() {
+  m_endsUnasked = true;
   commands::StoreProgramSettings(Context());
-  m_keeper->KeepForEnd();
+  m_keeper->KeepNow();
+  m_keeper->AwaitKept();
   StoreGeometry();
 }
 
 void FrmMain::EndBySignal(int signal) {
-  KeepForEnd();
+  m_keeper->End();
+  KeepForSession();
   QCoreApplication::exit(128 + signal); // as a shell counts them
 }
 
@@ -207,7 +212,13 @@ bool FrmMain::MayLogOut() {
 }
 
 bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress) m_panel->CommitOpenEditors();
+  // A click outside the controls commits an open editor.
+  if (event->type() == QEvent::MouseButtonPress && (watched == m_status || watched == m_background))
+    m_panel->CommitOpenEditors();
+  if (event->type() == QEvent::Quit && m_endsUnasked && isVisible()) { // by the session; one without a window is Qt's
+    EndBySignal(SIGTERM);
+    return true;
+  }
   return QMainWindow::eventFilter(watched, event);
 }
 

@@ -29,6 +29,9 @@ public:
   [[nodiscard]] bool OpenLeftWork();
   // Keeps what an exit or a crash keeps, and ends the event loop.
   void EndBySignal(int signal);
+  // Keeps the same when the session allows no question: it goes on, or soon asks the program to quit, which then ends
+  // as by a signal.
+  void KeepForSession();
   // Asks as Exit does, when the user logs out. False: the desktop must not end the program.
   [[nodiscard]] bool MayLogOut();
   [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
@@ -55,7 +58,6 @@ private:
   void Load();
   void TakeDesignSize();
   void ShowView(View view);
-  void KeepForEnd(); // without a question
   void StoreGeometry();
   // Runs a command unless another is running. Afterwards the port and the progress window are closed in any case.
   void RunCommand(const std::function<void(const CommandContext&)>& command);
@@ -70,6 +72,7 @@ private:
   EditorState m_state;
   EditorPanel* m_panel = nullptr;
   StatusPanels* m_status = nullptr;
+  QWidget* m_background = nullptr; // of the panel
   WorkKeeper* m_keeper = nullptr;
   // The actions whose state changes.
   QAction* m_mnuFileClose = nullptr;
@@ -79,7 +82,8 @@ private:
   QAction* m_btnFuncWin = nullptr;
   RecentItems m_mnuRecent{};
   bool m_running = false;
-  bool m_mayLogOut = false; // the question has been answered, and nothing has happened since
+  bool m_endsUnasked = false; // when the session ends
+  bool m_mayLogOut = false;   // the question has been answered, and nothing has happened since
 };
 
 } // namespace mr4500x

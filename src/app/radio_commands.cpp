@@ -49,6 +49,7 @@ private:
 void RunTransfer(const CommandContext& context, HeldPointer pointer,
                  const std::function<ExchangeResult(SerialLine& line, ExchangeObserver& observer)>& exchange) {
   const MainServices& services = context.services;
+  context.keeper.KeepNow(); // not during the transfer
   const TransferGuard guard(services.input, pointer);
   context.window.repaint(); // the exchange may block painting for a while
   SerialLine line(services.port, services.clock, context.state.CommPortNumber);

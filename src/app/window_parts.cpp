@@ -73,15 +73,27 @@ void StatusPanels::ShowPort(int number) {
   m_port->setText(QString::fromUtf8(PortText).arg(number));
 }
 
-void StatusPanels::ShowPassing(const QString& message) {
+void StatusPanels::Show(const QString& message) {
   const int room = m_title->contentsRect().width() - 2 * m_title->margin();
   m_title->setText(fontMetrics().elidedText(message, Qt::ElideMiddle, room));
+}
+
+void StatusPanels::ShowPassing(const QString& message) {
+  Show(message);
   m_passing.start(PassingMilliseconds);
 }
 
 void StatusPanels::EndPassing() {
   m_passing.stop();
-  m_title->setText(m_programTitle);
+  if (m_standing.isEmpty())
+    m_title->setText(m_programTitle);
+  else
+    Show(m_standing);
+}
+
+void StatusPanels::SetStanding(const QString& message) {
+  m_standing = message;
+  EndPassing();
 }
 
 // The device is looked up when the user points at the port, as adapters come and go.

@@ -19,21 +19,23 @@ void ShowTitle(QWidget& window, const std::string& title);
 
 [[nodiscard]] QString DeviceToolTip(const std::string& device); // of a port; empty: it has none
 
-// The program's title, now and then a passing message in its place, the port and the time of day.
+// The program's title, now and then a message in its place, the port and the time of day.
 class StatusPanels final : public QStatusBar {
 public:
   StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort);
   void ShowPort(int number);
   void ShowPassing(const QString& message);
-  void EndPassing(); // what it told is no longer so
+  void EndPassing();                        // what it told is no longer so
+  void SetStanding(const QString& message); // in place of the title until it is empty
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   void ShowTime();
+  void Show(const QString& message); // as much of it as has room
 
-  QString m_programTitle;
+  QString m_programTitle, m_standing;
   std::function<std::string(int)> m_deviceOfPort;
   int m_number = 0;
   QLabel* m_title;

@@ -4,6 +4,7 @@
 #include "editor_panel.h"
 #include "messages.h"
 #include "text.h"
+#include "transfer_guard.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -39,7 +40,8 @@ WorkKeeper::WorkKeeper(const MainServices& services, const RadioImage& image, co
       m_copies(services.files, services.keptFolder) {
   m_look.setSingleShot(true);
   m_look.setInterval(LookDelay);
-  connect(&m_look, &QTimer::timeout, this, &WorkKeeper::KeepNow);
+  connect(&m_look, &QTimer::timeout, this, &WorkKeeper::LookAgain);
+  m_thread.setMaxThreadCount(1);
   QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -48,13 +50,46 @@ bool WorkKeeper::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+// Not between two frames of a transfer, and not while the disk is still busy with the copy before.
+void WorkKeeper::LookAgain() {
+  if (m_services.input.IsHeld() || m_isWriting)
+    m_look.start();
+  else
+    KeepNow();
+}
+
+void WorkKeeper::Do(std::function<void(KeptCopies&)> work) {
+  m_thread.start([this, work = std::move(work)] { work(m_copies); });
+}
+
+void WorkKeeper::AwaitKept() {
+  m_thread.waitForDone();
+}
+
+void WorkKeeper::SetMissing(bool isMissing) {
+  if (std::exchange(m_isMissing, isMissing) != isMissing) emit CopyMissing(isMissing);
+}
+
+void WorkKeeper::Written(int number, bool isWritten) {
+  m_isWriting = false;
+  if (number != m_number) return; // of work that is settled or replaced
+  if (!isWritten) m_kept.reset(); // the next input tries again
+  SetMissing(!isWritten);
+}
+
+// The copy that was asked for last is of no more interest.
+void WorkKeeper::Forget() {
+  m_kept.reset();
+  ++m_number;
+}
+
 void WorkKeeper::KeepNow() {
   Configuration shown = m_panel.ShownUnfinished();
   const std::vector<Difference> differences = DifferencesBetween(m_settled, shown);
   if (differences.empty() && !m_tookDifferences) {
-    m_copies.Drop();
-    m_kept.reset();
-    return;
+    Do(&KeptCopies::Drop);
+    Forget();
+    return SetMissing(false);
   }
   if (m_kept == shown) return;
   // A read that broke off has overwritten the image. So the copy gets the bytes that the editor doesn't show from
@@ -64,24 +99,20 @@ void WorkKeeper::KeepNow() {
   Encode(shown, image, m_texts);
   const auto data = BuildDataFile(image);
   const std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
-  if (m_copies.Keep({{data.begin(), data.end()}, TimestampText(m_services.now()), m_source, lines})) {
-    m_kept = std::move(shown);
-    m_failed = false;
-  } else if (!std::exchange(m_failed, true)) {
-    emit CopyFailed();
-  }
-}
-
-void WorkKeeper::KeepForEnd() {
-  m_isEnding = true;
-  KeepNow();
+  const KeptCopy copy{{data.begin(), data.end()}, TimestampText(m_services.now()), m_source, lines};
+  m_kept = std::move(shown);
+  m_isWriting = true;
+  Do([this, copy, number = ++m_number](KeptCopies& copies) {
+    const bool isWritten = copies.Keep(copy);
+    QMetaObject::invokeMethod(
+        this, [this, number, isWritten] { Written(number, isWritten); }, Qt::QueuedConnection);
+  });
 }
 
 void WorkKeeper::Replaced() {
-  m_failed = false;
   KeepNow();
-  m_copies.PutAside();
-  m_kept.reset();
+  Do([](KeptCopies& copies) { copies.PutAside(); });
+  Forget();
 }
 
 void WorkKeeper::Settled(const Origin& source) {
@@ -89,15 +120,32 @@ void WorkKeeper::Settled(const Origin& source) {
   m_settledImage = m_image;
   m_source = SourceOf(source);
   m_tookDifferences.reset();
-  m_copies.Drop();
-  m_kept.reset();
+  const auto* const file = std::get_if<FileOrigin>(&source);
+  Do([path = file != nullptr ? file->path : ""](KeptCopies& copies) {
+    copies.Drop();
+    copies.SetOpenFile(path);
+  });
+  Forget();
+  SetMissing(false);
+}
+
+bool WorkKeeper::IsOpenElsewhere(const std::string& path) {
+  AwaitKept();
+  return m_copies.IsOpenElsewhere(path);
 }
 
 std::optional<KeptCopy> WorkKeeper::TakeLeft(RadioImage& image) {
-  while (std::optional<KeptCopy> copy = m_copies.NextLeft()) {
+  AwaitKept();
+  std::optional<KeptCopy> copy = m_copies.NextLeft();
+  if (const auto unreadable = m_copies.TakeUnreadable(); !unreadable.empty()) {
+    const Message notice = UnreadableCopiesNotice(unreadable);
+    m_services.messages.Show(notice.icon, notice.title, notice.text, MessageButtons::Ok);
+  }
+  for (; copy && !m_isEnding; copy = m_copies.NextLeft()) {
     const Message question = KeptWorkQuestion(*copy);
     const Answer answer = m_services.messages.Show(question.icon, question.title, question.text, MessageButtons::YesNo);
     if (m_isEnding) break; // nobody has answered
+    AwaitKept();
     if (answer == Answer::Yes) {
       m_copies.TakeLeft();
       return ParseDataFile(copy->data, image).outcome == LoadOutcome::Loaded ? std::move(copy) : std::nullopt;

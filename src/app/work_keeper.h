@@ -1,5 +1,6 @@
 // Keeps a copy of the work in the editor, at most two seconds old, while it differs from what was last opened, saved,
-// read or written. What counts is what the editor shows, not ModifiedFlag.
+// read or written. What counts is what the editor shows, not ModifiedFlag. The copies are written by a thread of their
+// own, so that no slow disk stops the window, and never begun during a transfer.
 #pragma once
 
 #include "configuration.h"
@@ -8,8 +9,10 @@
 #include "main_services.h"
 
 #include <QObject>
+#include <QThreadPool>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -25,9 +28,11 @@ public:
              QObject* parent);
 
   void KeepNow();                     // brings the copy up to date
-  void KeepForEnd();                  // the same; a question that is open is not answered then
+  void AwaitKept();                   // waits until it is on the disk
+  void End() { m_isEnding = true; }   // a question that is open is not answered any more
   void Replaced();                    // other data is about to be shown: puts aside what the editor shows now
   void Settled(const Origin& source); // the editor shows now what is in this place
+  [[nodiscard]] bool IsOpenElsewhere(const std::string& path); // in another window of this user
   // Asks about each copy that an earlier window left, the newest first, until one is taken; its data is stored in the
   // image. None if none was taken.
   [[nodiscard]] std::optional<KeptCopy> TakeLeft(RadioImage& image);
@@ -35,12 +40,18 @@ public:
   void Took(const std::string& source, const std::string& differences);
 
 signals:
-  void CopyFailed(); // told once for all in a row, and again when the work is replaced
+  void CopyMissing(bool isMissing); // whether unsaved work is without its copy; emitted when this changes
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  void LookAgain();
+  void Written(int number, bool isWritten);
+  void SetMissing(bool isMissing);
+  void Forget();
+  void Do(std::function<void(KeptCopies&)> work); // by the thread of the copies, in this order
+
   const MainServices& m_services;
   const RadioImage& m_image;
   const EditorPanel& m_panel;
@@ -51,9 +62,12 @@ private:
   std::string m_source;
   std::optional<std::string> m_tookDifferences; // of work that was taken and is not settled yet
   std::optional<Configuration> m_kept;
-  bool m_failed = false; // and that was told
+  bool m_isMissing = false; // the copy
+  bool m_isWriting = false;
+  int m_number = 0; // of the copy that was asked for last
   bool m_isEnding = false;
   QTimer m_look;
+  QThreadPool m_thread; // the last member, as its work uses the others
 };
 
 } // namespace mr4500x

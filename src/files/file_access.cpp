@@ -245,6 +245,24 @@ bool IsMissing(FileSystem& files, const std::string& path) {
   return path.empty() || (found && found->status.kind == FileKind::Missing);
 }
 
+bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
+  const auto first = FollowLinks(files, a), second = FollowLinks(files, b);
+  return first && second && first->status.kind != FileKind::Missing && first->status.device == second->status.device &&
+         first->status.number == second->status.number;
+}
+
+bool LeadsToOtherUser(FileSystem& files, const std::string& path) {
+  const auto link = files.Status(path);
+  const auto target = FollowLinks(files, path);
+  return link && target && target->status.kind != FileKind::Missing && target->status.owner != link->owner;
+}
+
+std::optional<std::uint64_t> DeviceOfFolder(FileSystem& files, const std::string& path) {
+  const auto file = FollowLinks(files, path);
+  const auto folder = file ? FollowLinks(files, FolderOf(file->path)) : std::nullopt;
+  return folder && folder->status.kind == FileKind::Folder ? std::optional(folder->status.device) : std::nullopt;
+}
+
 bool MakeFolderOf(FileSystem& files, const std::string& path) {
   const std::string folder = FolderOf(path);
   const auto exists = [&] {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -41,6 +42,15 @@ enum class Surplus { Drop, Keep };
 
 // Whether there is nothing at the path, or where its links lead.
 [[nodiscard]] bool IsMissing(FileSystem& files, const std::string& path);
+
+// Whether two paths lead to one file that exists.
+[[nodiscard]] bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b);
+
+// Whether the path is a link to a file of another user than the link's.
+[[nodiscard]] bool LeadsToOtherUser(FileSystem& files, const std::string& path);
+
+// Which file system the folder of the path is on, links followed. It changes when a drive there is unplugged.
+[[nodiscard]] std::optional<std::uint64_t> DeviceOfFolder(FileSystem& files, const std::string& path);
 
 // "." for a bare name.
 [[nodiscard]] std::string FolderOf(const std::string& path);

@@ -1,9 +1,11 @@
 #include "kept_copies.h"
 
 #include "file_access.h"
+#include "text.h"
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -68,14 +70,37 @@ std::optional<KeptCopy> ParseCopy(std::vector<std::uint8_t> bytes) {
   return KeptCopy{std::move(bytes), *at, *source, std::string(text)};
 }
 
-std::string RandomDigits(FileSystem& files) {
-  std::array<char, 16> digits{};
-  std::uint64_t number = files.UnpredictableNumber();
-  for (char& digit : digits) {
-    digit = "0123456789abcdef"[number & 0xF];
-    number >>= 4U;
-  }
-  return {digits.begin(), digits.end()};
+// The beginning of a file of the system's, without the line's end.
+std::string SystemText(FileSystem& files, const std::string& path) {
+  std::array<std::uint8_t, 1024> text{};
+  const auto file = files.OpenToRead(path);
+  const std::size_t count = file ? files.ReadAt(*file, 0, text).value_or(0) : 0;
+  if (file) files.Close(*file);
+  return {text.begin(), std::find(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(count), '\n')};
+}
+
+std::string MachineSuffix(FileSystem& files) {
+  return '-' + SystemText(files, "/etc/machine-id") + '-';
+}
+
+// "PROCESS-START-MACHINE-" of a process that runs on this machine, by its number or "self". Empty if there is none.
+std::string ProcessPrefix(FileSystem& files, const std::string& process) {
+  constexpr int StartField = 20; // after the name, which is in parentheses and may hold any character
+  const std::string status = SystemText(files, "/proc/" + process + "/stat");
+  std::istringstream fields(status.substr(status.rfind(')') + 1));
+  std::string start;
+  for (int field = 0; field < StartField; ++field)
+    fields >> start;
+  return fields ? status.substr(0, status.find(' ')) + '-' + start + MachineSuffix(files) : "";
+}
+
+std::string PrefixOf(const std::string& number) {
+  return number.substr(0, number.rfind('-') + 1);
+}
+
+// What runs on another machine may not have ended.
+bool HasEnded(FileSystem& files, const std::string& prefix) {
+  return prefix.ends_with(MachineSuffix(files)) && ProcessPrefix(files, prefix.substr(0, prefix.find('-'))) != prefix;
 }
 
 } // namespace
@@ -96,21 +121,55 @@ KeptCopies::~KeptCopies() {
 }
 
 // Makes and holds the lock file. Another window's NextLeft may take it for a left one, and remove it, as long as it is
-// not locked: then the next name is tried.
+// not locked: then the next name is tried. So is one with the process where there are no locks.
 bool KeptCopies::Begin() {
   if (m_own) return true;
   if (!MakeFolderOf(m_files, LockPath(""))) return false;
+  std::string prefix;
   for (int attempt = 0; attempt < 3; ++attempt) {
-    const std::string number = RandomDigits(m_files);
+    const std::string number = prefix + HexText(m_files.UnpredictableNumber());
     const auto lock = m_files.Create(LockPath(number), OwnerOnly);
     if (!lock) return false;
-    const bool isLocked = m_files.Lock(*lock) == LockOutcome::Taken;
+    const LockOutcome outcome = m_files.Lock(*lock);
     const auto status = m_files.Status(LockPath(number));
-    if (isLocked && status && status->kind == FileKind::Regular) {
-      m_own = Session{number, *lock, ""};
+    const Session session{number, *lock, ""};
+    if ((outcome == LockOutcome::Taken || !prefix.empty()) && status && status->kind == FileKind::Regular) {
+      m_own = session;
+      NameOpenFile();
       return true;
     }
-    m_files.Close(*lock);
+    if (outcome == LockOutcome::NotPossible)
+      End(session);
+    else
+      m_files.Close(*lock);
+    if (outcome == LockOutcome::NotPossible) prefix = ProcessPrefix(m_files, "self");
+  }
+  return false;
+}
+
+void KeptCopies::SetOpenFile(const std::string& path) {
+  m_openFile = path;
+  if (m_own)
+    NameOpenFile();
+  else if (!path.empty())
+    static_cast<void>(Begin()); // without the folder no other window gets to know
+}
+
+void KeptCopies::NameOpenFile() {
+  std::vector<std::uint8_t> bytes(m_openFile.begin(), m_openFile.end());
+  bytes.push_back(0);
+  static_cast<void>(m_files.Write(m_own->lock, bytes));
+}
+
+bool KeptCopies::IsOpenElsewhere(const std::string& path) {
+  for (const std::string& number : Numbers()) {
+    std::vector<std::uint8_t> bytes;
+    if (ReadFile(m_files, LockPath(number), LargestCopy, bytes) != ReadOutcome::Read || bytes.size() < 2) continue;
+    const auto begin = std::find(bytes.rbegin() + 1, bytes.rend(), 0).base();
+    if (!IsSameFile(m_files, {begin, bytes.end() - 1}, path)) continue;
+    const auto ended = HoldEnded(number);
+    if (!ended) return true;
+    m_files.Close(*ended);
   }
   return false;
 }
@@ -142,16 +201,34 @@ void KeptCopies::PutAside() {
   if (m_own && !m_own->at.empty() && PutAside(*m_own)) m_own->at.clear();
 }
 
-// The session of a lock file that nobody holds, which is then held, with its copy. Without a copy the lock file goes.
-std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& name, KeptCopy& copy) {
-  if (!name.starts_with(SessionPrefix) || !name.ends_with(LockSuffix)) return std::nullopt;
-  const std::string number = name.substr(SessionPrefix.size(), name.size() - SessionPrefix.size() - LockSuffix.size());
-  const auto lock = m_files.OpenToRead(m_folder + '/' + name);
-  if (!lock) return std::nullopt;
-  if (m_files.Lock(*lock) != LockOutcome::Taken) {
-    m_files.Close(*lock);
-    return std::nullopt;
+std::vector<std::string> KeptCopies::Numbers() {
+  std::vector<std::string> numbers;
+  for (const std::string& name : m_files.List(m_folder).value_or(std::vector<std::string>{})) {
+    if (!name.starts_with(SessionPrefix) || !name.ends_with(LockSuffix)) continue;
+    numbers.push_back(name.substr(SessionPrefix.size(), name.size() - SessionPrefix.size() - LockSuffix.size()));
+    if (m_own && numbers.back() == m_own->number) numbers.pop_back();
   }
+  return numbers;
+}
+
+// The lock file of a session that has ended, held from now on. Some network file systems lock only what is open for
+// writing; a file system that can't be written may still lock.
+std::optional<FileSystem::Handle> KeptCopies::HoldEnded(const std::string& number) {
+  auto lock = m_files.OpenToWrite(LockPath(number), OwnerOnly);
+  if (!lock) lock = m_files.OpenToRead(LockPath(number));
+  if (!lock) return std::nullopt;
+  const bool isLocked = m_files.Lock(*lock) == LockOutcome::Taken;
+  const std::string prefix = PrefixOf(number);
+  if (prefix.empty() ? isLocked : HasEnded(m_files, prefix)) return lock;
+  m_files.Close(*lock);
+  return std::nullopt;
+}
+
+// A session that has ended, which is then held, with its copy. Without a copy its lock file goes.
+std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& number, KeptCopy& copy) {
+  if (m_seen.contains(number)) return std::nullopt;
+  const auto lock = HoldEnded(number);
+  if (!lock) return std::nullopt;
   Session session{number, *lock, ""};
   std::vector<std::uint8_t> bytes;
   const ReadOutcome outcome = ReadFile(m_files, CopyPath(number), DataFileReadLimit, bytes);
@@ -165,8 +242,11 @@ std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& n
       session.at = copy.at;
       return session;
     }
-    session.at = "0000-00-00 00:00:00"; // its time is unknown
-    if (!PutAside(session)) {
+    m_seen.insert(number);
+    session.at = TimestampText(m_files.Status(CopyPath(number)).value_or(FileStatus{}).changed);
+    const auto path = PutAside(session);
+    m_unreadable.push_back(path.value_or(CopyPath(number)));
+    if (!path) {
       m_files.Close(*lock);
       return std::nullopt;
     }
@@ -177,9 +257,9 @@ std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& n
 
 std::optional<KeptCopy> KeptCopies::NextLeft() {
   KeptCopy newest;
-  for (const std::string& name : m_files.List(m_folder).value_or(std::vector<std::string>{})) {
+  for (const std::string& number : Numbers()) {
     KeptCopy copy;
-    auto session = EndedSession(name, copy);
+    auto session = EndedSession(number, copy);
     if (!session) continue;
     if (!m_left || session->at > m_left->at) {
       std::swap(m_left, session);
@@ -187,7 +267,13 @@ std::optional<KeptCopy> KeptCopies::NextLeft() {
     }
     if (session) m_files.Close(session->lock);
   }
-  return m_left ? std::optional(std::move(newest)) : std::nullopt;
+  if (!m_left) return std::nullopt;
+  m_seen.insert(m_left->number);
+  return newest;
+}
+
+std::vector<std::string> KeptCopies::TakeUnreadable() {
+  return std::exchange(m_unreadable, {});
 }
 
 void KeptCopies::TakeLeft() {
@@ -208,11 +294,11 @@ void KeptCopies::PutLeftAside() {
     m_files.Close(left.lock);
 }
 
-bool KeptCopies::PutAside(const Session& session) {
-  const std::string name = NameOf(session.at) + '_' + RandomDigits(m_files) + std::string(CopySuffix);
-  if (!m_files.Rename(CopyPath(session.number), m_folder + '/' + name)) return false;
+std::optional<std::string> KeptCopies::PutAside(const Session& session) {
+  const std::string name = NameOf(session.at) + '_' + HexText(m_files.UnpredictableNumber()) + std::string(CopySuffix);
+  if (!m_files.Rename(CopyPath(session.number), m_folder + '/' + name)) return std::nullopt;
   Prune(name);
-  return true;
+  return m_folder + '/' + name;
 }
 
 void KeptCopies::End(const Session& session) {

@@ -2,13 +2,16 @@
 // file, followed by lines that say when and where it came from and what differed.
 //
 // A window has at most one copy, "session-NUMBER.K4X", beside a lock file of the same number, which it holds. A copy
-// whose lock nobody holds was left by a window that has ended. Copies that were put aside are named after their time
-// and a random number, "2026-11-25_04-10-33_NUMBER.K4X"; the ten newest of them stay.
+// whose lock nobody holds was left by a window that has ended. Where files can't be locked, NUMBER begins with the
+// process, its start and the machine, and the system is asked whether it still runs. The lock file names the data files
+// that the window had open; the last is open now. Copies that were put aside are named after their time and a random
+// number, "2026-11-25_04-10-33_NUMBER.K4X"; the ten newest of them stay.
 #pragma once
 
 #include "data_file.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,11 +39,15 @@ public:
   void Drop();     // nothing is unsaved any more
   void PutAside(); // other data takes the place of the work
 
+  void SetOpenFile(const std::string& path); // that this window shows; empty for none
+  [[nodiscard]] bool IsOpenElsewhere(const std::string& path);
+
   // The newest copy that a window left at its end, none if there is no more. It must be taken or put aside before the
-  // next. Damaged ones are put aside.
+  // next. None comes twice, even if it can't be moved. Those that can't be read are put aside.
   [[nodiscard]] std::optional<KeptCopy> NextLeft();
-  void TakeLeft();     // it becomes the copy of this window
-  void PutLeftAside(); // it is not asked about again
+  [[nodiscard]] std::vector<std::string> TakeUnreadable(); // where they are now; each is named once
+  void TakeLeft();                                         // it becomes the copy of this window
+  void PutLeftAside();                                     // it is not asked about again
 
 private:
   struct Session {
@@ -52,8 +59,11 @@ private:
   [[nodiscard]] std::string LockPath(const std::string& number) const;
   [[nodiscard]] std::string CopyPath(const std::string& number) const;
   [[nodiscard]] bool Begin();
-  [[nodiscard]] std::optional<Session> EndedSession(const std::string& name, KeptCopy& copy);
-  [[nodiscard]] bool PutAside(const Session& session);
+  void NameOpenFile();
+  [[nodiscard]] std::vector<std::string> Numbers(); // of all sessions but this window's
+  [[nodiscard]] std::optional<FileSystem::Handle> HoldEnded(const std::string& number);
+  [[nodiscard]] std::optional<Session> EndedSession(const std::string& number, KeptCopy& copy);
+  [[nodiscard]] std::optional<std::string> PutAside(const Session& session); // its new path
   void End(const Session& session);
   void Prune(const std::string& newest);
   [[nodiscard]] bool LosesFolder();
@@ -61,6 +71,9 @@ private:
   FileSystem& m_files;
   std::string m_folder;
   std::optional<Session> m_own, m_left;
+  std::string m_openFile;
+  std::set<std::string> m_seen; // numbers of the copies that were offered or can't be read
+  std::vector<std::string> m_unreadable;
 };
 
 } // namespace mr4500x

@@ -94,6 +94,7 @@ std::string_view LineEndOf(std::string_view text) {
 }
 
 ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& text) {
+  if (LeadsToOtherUser(files, file)) return ReadOutcome::Failed;
   std::vector<std::uint8_t> bytes;
   const ReadOutcome outcome = ReadFile(files, file, ProfileFileLimit, bytes);
   // At the limit the text may be incomplete, and must not be written back.

@@ -1,5 +1,6 @@
 // Values of an INI file in UTF-8. Section and key names ignore the case of ASCII letters; all other lines stay as they
-// are. The file is read again each time, since another program may have changed it.
+// are. The file is read again each time, since another program may have changed it. A link to another user's file is
+// not followed: whoever may write that could choose what is read, and a link of theirs what is written.
 #pragma once
 
 #include <cstddef>

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "file_access.h"
 #include "profile.h"
 #include "text.h"
 
@@ -49,6 +50,7 @@ std::string SettingsFilePath(FileSystem& files, const std::string& programFolder
   const std::string ofProgram = InFolder(programFolder);
   const auto status = files.Status(ofProgram);
   const bool exists = status && status->kind != FileKind::Missing;
+  if (exists && LeadsToOtherUser(files, ofProgram)) return InFolder(userConfigFolder);
   return exists || MayKeepFilesIn(files, programFolder) ? ofProgram : InFolder(userConfigFolder);
 }
 
@@ -60,7 +62,8 @@ int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
 }
 
 std::string TraceFile(FileSystem& files, const std::string& settingsFile) {
-  return ProfileString(ProfileText(files, settingsFile), PortSection, "Trace", "");
+  const std::string file = ProfileString(ProfileText(files, settingsFile), PortSection, "Trace", "");
+  return MayReplace(files, file) ? file : ""; // to open a pipe would wait for its reader
 }
 
 bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName) {

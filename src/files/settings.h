@@ -16,15 +16,16 @@ inline constexpr int HighestPort = 16;
 // any other folder of the package manager, not even as root.
 [[nodiscard]] bool MayKeepFilesIn(FileSystem& files, const std::string& programFolder);
 
-// The file in the program folder if it exists or can be created, else the one in the user's configuration folder. An
-// installed program can thus ship fixed settings: a file that users can't write is read, and changes are not kept.
+// The file in the program folder if it exists or can be created, and is not a link to another user's file, else the one
+// in the user's configuration folder. An installed program can thus ship fixed settings: a file that users can't write
+// is read, and changes are not kept.
 [[nodiscard]] std::string SettingsFilePath(FileSystem& files, const std::string& programFolder,
                                            const std::string& userConfigFolder);
 
 // The stored port, clamped to 1 to 16; 1 if there is none. Fractions round half to even.
 [[nodiscard]] int LoadPortSetting(FileSystem& files, const std::string& settingsFile);
 
-// Where the bytes of transfers are to be traced; empty for nowhere.
+// The file in which the bytes of transfers are to be traced; empty for none, and for what is not a file.
 [[nodiscard]] std::string TraceFile(FileSystem& files, const std::string& settingsFile);
 
 // False may be ignored.

@@ -122,4 +122,23 @@ Message KeptWorkQuestion(const KeptCopy& copy) {
   return {Exclamation, "Unsaved Work", text + "\nDo you want to open it?"};
 }
 
+Message UnreadableCopiesNotice(const std::vector<std::string>& paths) {
+  std::string text = "Unsaved work was kept, but can't be opened: it is damaged, or of a newer version.\n";
+  for (const std::string& path : paths)
+    text += '\n' + path;
+  return {Exclamation, "Unsaved Work", text};
+}
+
+Message OpenTwiceNotice(const std::string& path) {
+  return {Information, "Open Twice",
+          "The file " + path + " is open in another window too. A save there and one here replace each other."};
+}
+
+Message OtherDriveQuestion(const std::string& path) {
+  return {Exclamation, "Save",
+          "The folder of " + path +
+              " is on another drive than when the file was opened, as if its drive was pulled. "
+              "Do you want to save it there?"};
+}
+
 } // namespace mr4500x

@@ -28,6 +28,10 @@ inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version 
 
 // About a copy that an earlier window left unsaved.
 [[nodiscard]] Message KeptWorkQuestion(const KeptCopy& copy);
+// About copies that were left and can't be opened. Where they are.
+[[nodiscard]] Message UnreadableCopiesNotice(const std::vector<std::string>& paths);
+[[nodiscard]] Message OpenTwiceNotice(const std::string& path);
+[[nodiscard]] Message OtherDriveQuestion(const std::string& path);
 // Before data is saved or written whose unshown part was lost.
 inline const Message LostDataQuestion = {
     MessageIcon::Exclamation, "Data Lost",

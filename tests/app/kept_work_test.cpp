@@ -2,7 +2,9 @@
 #include "program_fixture.h"
 #include "wheel.h"
 
+#include <atomic>
 #include <csignal>
+#include <thread>
 
 namespace mr4500x {
 namespace {
@@ -25,6 +27,7 @@ protected:
     QTimer::singleShot(0, window.get(), meanwhile ? meanwhile : end);
     EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
   }
+  void AwaitCopies() { window->KeepForSession(); } // another thread writes them
   void NextStart() {
     window.reset();
     Start();
@@ -89,6 +92,7 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   type();
   desk.answers = {Answer::Yes};
   Choose("mnuFileClose");
+  AwaitCopies();
   EXPECT_EQ(Kept("2004-").size(), 1U) << "given up with the window's data";
   type();
   EndBySignal();
@@ -141,11 +145,13 @@ TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
   };
   for (const auto& [name, replace, kept] : cases) {
     SCOPED_TRACE(name);
+    window.reset();
     std::filesystem::remove_all(Path("kept"));
-    NextStart();
+    Start();
     OpenFile("a.K4X");
     TypeAni("4711");
     replace();
+    AwaitCopies();
     desk.happened.clear();
     EXPECT_EQ(Kept("2004-11-04_09-05-07_").size(), kept);
     EXPECT_EQ(Kept("session-"), Lines());
@@ -182,6 +188,147 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   EXPECT_NE(Content("a.K4X"), before);
   Choose("mnuFileSave");
   EXPECT_EQ(Happened(), Lines{lost}) << "asked again after a save";
+}
+
+TEST_F(KeptWorkTest, IsAskedAboutOnceWhereTheCopiesCannotBeMoved) {
+  TypeAni("4711");
+  window->close();
+  NextStart();
+  desk.happened.clear();
+  files.canRename = files.canCreate = files.canWrite = false;
+  desk.answers = {Answer::No};
+  EXPECT_FALSE(window->OpenLeftWork());
+  EXPECT_EQ(Happened(), Lines{Question("a new configuration")});
+}
+
+TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {
+  TypeAni("4711");
+  window->close();
+  window.reset();
+  std::filesystem::resize_file(Path("kept/" + Kept("session-").front()), 300);
+  Start();
+  desk.happened.clear();
+  EXPECT_FALSE(window->OpenLeftWork());
+  ASSERT_EQ(Kept("20").size(), 1U);
+  EXPECT_EQ(Happened(), Lines{"!|Unsaved Work|Unsaved work was kept, but can't be opened: it is damaged, or of a newer "
+                              "version.\n\n" +
+                              Path("kept/" + Kept("20").front())});
+  EXPECT_FALSE(window->OpenLeftWork());
+  EXPECT_EQ(Happened(), Lines());
+}
+
+TEST_F(KeptWorkTest, TheStatusBarSaysThatThereIsNoCopyUntilThereIsOne) {
+  auto* const ani = window->findChild<QLineEdit*>("txtANI");
+  const std::string title = Status(1);
+  files.canCreate = false;
+  TypeAni("4711");
+  QTest::keyClick(ani, Qt::Key_Left);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Status(1) != title; }, 3000));
+  const std::string missing = Status(1);
+  EXPECT_TRUE(missing.starts_with("No copy of the unsaved work")) << missing;
+  emit window->Panel().Told("Done");
+  emit window->Panel().Changed();
+  EXPECT_EQ(Status(1), missing) << "ended with the next passing message";
+  files.canCreate = true;
+  QTest::keyClick(ani, Qt::Key_Left);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Status(1) == title; }, 3000));
+}
+
+TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNotDuringATransfer) {
+  std::atomic<bool> isHere = false;
+  files.beforeSync = [&, here = std::this_thread::get_id()] { isHere = isHere || std::this_thread::get_id() == here; };
+  TypeAni("4711");
+  QTest::keyClick(window->findChild<QLineEdit*>("txtANI"), Qt::Key_Left);
+  input.Hold(HeldPointer::Busy);
+  QTest::qWait(1300); // the copy is due after a second
+  EXPECT_EQ(Kept("session-"), Lines()) << "in the middle of a transfer";
+  input.Release();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 3000));
+  EXPECT_FALSE(isHere) << "the window waits for the disk";
+}
+
+// The session saves what is open, and asks the program to quit or lets it go on.
+TEST_F(KeptWorkTest, ASessionThatAllowsNoQuestionEndsTheProgramAsASignalDoes) {
+  const auto quit = [&] {
+    QEvent event(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &event);
+  };
+  const struct {
+    const char* name;
+    std::function<void()> end;
+  } cases[] = {
+      {"idle", quit},
+      {"a question is open",
+       [&] {
+         desk.beforeAnswer = quit;
+         desk.answers = {Answer::Cancel};
+         window->close();
+       }},
+      {"a transfer runs",
+       [&] {
+         input.Hold(HeldPointer::Busy);
+         quit();
+         input.Release();
+       }},
+  };
+  for (const auto& [name, end] : cases) {
+    SCOPED_TRACE(name);
+    TypeAni("4711");
+    Edit();
+    window->KeepForSession();
+    EXPECT_EQ(Kept("session-").size(), 1U);
+    desk.happened.clear();
+    QTimer::singleShot(0, window.get(), end);
+    QTimer::singleShot(3000, window.get(), [] { QCoreApplication::exit(0); });
+    EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
+    NextStart();
+    desk.happened.clear();
+    desk.answers = {Answer::Yes, Answer::No};
+    desk.beforeAnswer = [&] { window->KeepForSession(); }; // a checkpoint
+    EXPECT_TRUE(window->OpenLeftWork()) << "the checkpoint answered No";
+    EXPECT_EQ(Ani(), "4711");
+    window->close();
+    window.reset();
+    std::filesystem::remove_all(Path("kept"));
+    Start();
+  }
+}
+
+TEST_F(KeptWorkTest, ASaveAsksWhereTheFolderIsOnAnotherDriveNow) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  const std::string pulled = "!|Save|The folder of " + Path("a.K4X") +
+                             " is on another drive than when the file was opened, as if its drive was pulled. Do you "
+                             "want to save it there?|YN";
+  files.alter = [](const std::string&, FileStatus& status) { ++status.device; };
+  std::filesystem::remove(Path("a.K4X"));
+  for (const char* const command : {"mnuFileSave", "mnuFileSaveAs"}) {
+    desk.answers = {Answer::No};
+    desk.paths = {Path("a.K4X")};
+    Choose(command);
+    EXPECT_EQ(Happened().back(), pulled) << command;
+    EXPECT_FALSE(std::filesystem::exists(Path("a.K4X")));
+    desk.paths.clear();
+  }
+  desk.answers = {Answer::Yes};
+  Choose("mnuFileSave");
+  EXPECT_TRUE(std::filesystem::exists(Path("a.K4X")));
+  Choose("mnuFileSave");
+  EXPECT_EQ(Happened(), Lines{pulled}) << "asked again after a save";
+}
+
+TEST_F(KeptWorkTest, AFileThatAnotherWindowHasIsSaidToBeOpenTwice) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  const auto first = std::move(window);
+  Start();
+  desk.paths = {Path("a.K4X")};
+  Choose("mnuFileOpen");
+  EXPECT_EQ(Happened(), (Lines{"dialog Open", "i|Open Twice|The file " + Path("a.K4X") +
+                                                  " is open in another window too. A save there and one here replace "
+                                                  "each other."}));
+  Choose("mnuFileSave");
+  EXPECT_EQ(Happened(), Lines());
 }
 
 } // namespace

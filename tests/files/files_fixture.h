@@ -8,9 +8,12 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <map>
+#include <mutex>
 #include <set>
 #include <string>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include "posix_file_system.h"
@@ -27,35 +30,48 @@ public:
   std::size_t mostWritten = SIZE_MAX; // of one Write
   std::size_t diskRoom = SIZE_MAX;    // bytes until the disk is full
   std::set<std::string> unwritable;
-  bool hasModes = true, canCreate = true, canRename = true; // of a share
-  std::function<void(Handle)> beforeLock = [](Handle) {};   // once
+  bool hasModes = true, canCreate = true, canRename = true, canWrite = true; // of a share
+  enum class Locks { All, OfWriters, None } locks = Locks::All;
+  std::function<void(Path path, FileStatus& status)> alter = [](Path, FileStatus&) {};
+  std::function<void(Handle)> beforeLock = [](Handle) {}; // once
+  std::function<void()> beforeSync = [] {};
   int calls = 0;
   int writtenInPlace = 0;
   std::string unsyncedFolder; // whose new entry a power cut would lose
 
-  std::optional<FileStatus> Status(Path path) override { return Try(&FileSystem::Status, path); }
+  std::optional<FileStatus> Status(Path path) override {
+    auto status = Try(&FileSystem::Status, path);
+    if (status) alter(path, *status);
+    return status;
+  }
   std::optional<std::string> ReadLink(Path path) override { return Try(&FileSystem::ReadLink, path); }
   bool CanWrite(Path path) override { return Try(&FileSystem::CanWrite, path) && !unwritable.contains(path); }
   std::optional<std::vector<std::string>> List(Path path) override { return Try(&FileSystem::List, path); }
   bool MakeFolder(Path path) override { return Try(&FileSystem::MakeFolder, path); }
   std::optional<Handle> OpenToRead(Path path) override { return Try(&FileSystem::OpenToRead, path); }
   std::optional<Handle> Create(Path path, std::uint32_t mode) override {
-    return canCreate ? Try(&FileSystem::Create, path, mode) : std::nullopt;
+    const auto file = canCreate ? Try(&FileSystem::Create, path, mode) : std::nullopt;
+    const std::lock_guard lock(m_mutex);
+    if (file) m_created[*file] = path;
+    return file;
   }
   std::optional<Handle> OpenToWrite(Path path, std::uint32_t mode) override {
     ++writtenInPlace;
+    if (!canWrite) return std::nullopt;
     return Try(&FileSystem::OpenToWrite, path, mode);
   }
   void Close(Handle file) override { m_real.Close(file); } // as the end of the process does
   LockOutcome Lock(Handle file) override {
     std::exchange(beforeLock, [](Handle) {})(file);
+    const bool isWritable = (fcntl(file, F_GETFL) & O_ACCMODE) != O_RDONLY;
+    if (locks == Locks::None || (locks == Locks::OfWriters && !isWritable)) return LockOutcome::NotPossible;
     return Try(&FileSystem::Lock, file);
   }
   std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override {
     return Try(&FileSystem::ReadAt, file, offset, bytes);
   }
   std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override {
-    m_unsynced = true;
+    SetSynced(file, false);
     if (diskRoom == 0) return std::nullopt;
     const auto count = Try(&FileSystem::Write, file, bytes.first(std::min({bytes.size(), mostWritten, diskRoom})));
     diskRoom -= count.value_or(0);
@@ -67,16 +83,25 @@ public:
   bool SetGroup(Handle file, std::uint32_t group) override { return Try(&FileSystem::SetGroup, file, group); }
   bool SetMode(Handle file, std::uint32_t mode) override { return hasModes && Try(&FileSystem::SetMode, file, mode); }
   bool SetSize(Handle file, std::uint64_t size) override { return Try(&FileSystem::SetSize, file, size); }
-  bool Sync(Handle file) override { return !(m_unsynced = !Try(&FileSystem::Sync, file)); }
+  bool Sync(Handle file) override {
+    beforeSync();
+    const bool isSynced = Try(&FileSystem::Sync, file);
+    SetSynced(file, isSynced);
+    return isSynced;
+  }
   bool Rename(Path from, Path to) override {
-    EXPECT_FALSE(m_unsynced) << from << " takes its place before its bytes are on the disk";
     const bool renamed = canRename && Try(&FileSystem::Rename, from, to);
+    const std::lock_guard lock(m_mutex);
+    EXPECT_FALSE(m_unsynced.contains(from)) << from << " takes its place before its bytes are on the disk";
     if (renamed) unsyncedFolder = std::filesystem::path(to).parent_path();
     return renamed;
   }
   bool Remove(Path path) override { return Try(&FileSystem::Remove, path); }
   bool SyncFolder(Path path) override {
-    if (path == unsyncedFolder) unsyncedFolder.clear();
+    {
+      const std::lock_guard lock(m_mutex);
+      if (path == unsyncedFolder) unsyncedFolder.clear();
+    }
     return Try(&FileSystem::SyncFolder, path);
   }
   std::uint64_t UnpredictableNumber() override { return m_real.UnpredictableNumber(); }
@@ -84,13 +109,27 @@ public:
 private:
   template<typename Answer, typename... Parameters>
   Answer Try(Answer (FileSystem::*call)(Parameters...), std::type_identity_t<Parameters>... arguments) {
-    const bool fails = ++calls == failAt;
+    const bool fails = NextFails();
     if (fails && isKilled) std::raise(SIGKILL);
     return fails ? Answer{} : (m_real.*call)(arguments...);
   }
 
+  bool NextFails() {
+    const std::lock_guard lock(m_mutex);
+    return ++calls == failAt;
+  }
+  void SetSynced(Handle file, bool isSynced) {
+    const std::lock_guard lock(m_mutex);
+    if (isSynced)
+      m_unsynced.erase(m_created[file]);
+    else
+      m_unsynced.insert(m_created[file]);
+  }
+
   PosixFileSystem m_real;
-  bool m_unsynced = false; // what was written last
+  std::mutex m_mutex; // copies of unsaved work are written by another thread
+  std::map<Handle, std::string> m_created;
+  std::set<std::string> m_unsynced;
 };
 
 inline bool WriteValue(FileSystem& files, const std::string& file, const std::string& key, const std::string& value) {

@@ -2,6 +2,8 @@
 
 #include "files_fixture.h"
 
+#include <unistd.h>
+
 namespace mr4500x {
 
 class KeptCopiesTest : public FilesTest {
@@ -80,13 +82,85 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
   EXPECT_TRUE(copies.Keep(Copy("2026-11-25 04:11:00")));
 }
 
-TEST_F(KeptCopiesTest, NothingIsOfferedFromADamagedCopy) {
+TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {
   LeaveCopy("2026-11-25 04:10:33");
   for (const std::string& name : Kept())
     if (name.ends_with(".K4X")) std::filesystem::resize_file(Folder() + '/' + name, 300);
+  files.alter = [](const std::string& path, FileStatus& status) {
+    if (path.ends_with(".K4X")) status.changed = {2026, 11, 25, 4, 10, 33};
+  };
   KeptCopies next(files, Folder());
   EXPECT_FALSE(next.NextLeft());
-  EXPECT_EQ(Kept().size(), 1U) << "the damaged copy is put aside";
+  const auto unreadable = next.TakeUnreadable();
+  ASSERT_EQ(unreadable.size(), 1U);
+  EXPECT_TRUE(unreadable[0].starts_with(Folder() + "/2026-11-25_04-10-33_")) << unreadable[0];
+  for (int second = 10; second < 19; ++second) {
+    ASSERT_TRUE(next.Keep(Copy("2026-11-25 04:10:" + std::to_string(second))));
+    next.PutAside();
+  }
+  ASSERT_TRUE(next.Keep(Copy("2026-11-25 04:10:40")));
+  next.PutAside();
+  EXPECT_TRUE(std::filesystem::exists(unreadable[0])) << "older ones go first";
+  EXPECT_FALSE(next.NextLeft());
+  EXPECT_TRUE(next.TakeUnreadable().empty()) << "named twice";
+}
+
+TEST_F(KeptCopiesTest, EachCopyIsOfferedOnceEvenIfItsFolderCannotBeWritten) {
+  LeaveCopy("2026-11-25 04:10:31");
+  LeaveCopy("2026-11-25 04:10:32");
+  files.canRename = files.canCreate = files.canWrite = false;
+  KeptCopies next(files, Folder());
+  for (const char* const at : {"2026-11-25 04:10:32", "2026-11-25 04:10:31"}) {
+    const auto copy = next.NextLeft();
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(copy->at, at);
+    next.PutLeftAside();
+  }
+  EXPECT_FALSE(next.NextLeft()) << "asked for ever";
+}
+
+// Some network file systems lock only what is open for writing, others nothing at all.
+TEST_F(KeptCopiesTest, CopiesAreKeptAndOfferedWhateverTheFileSystemLocks) {
+  using Locks = FaultyFileSystem::Locks;
+  for (const Locks locks : {Locks::OfWriters, Locks::None}) {
+    SCOPED_TRACE(locks == Locks::None ? "none" : "of writers");
+    std::filesystem::remove_all(Folder());
+    files.locks = locks;
+    KeptCopies running(files, Folder());
+    ASSERT_TRUE(running.Keep(Copy("2026-11-25 04:10:33", 7)));
+    EXPECT_EQ(Kept().size(), 2U) << "lock files of attempts are left";
+    KeptCopies next(files, Folder());
+    EXPECT_FALSE(next.NextLeft()) << "of a running window";
+    EXPECT_EXIT( // leaves its copy as a crash does
+        {
+          auto* const crashed = new KeptCopies(files, Folder());
+          _exit(crashed->Keep(Copy("2026-11-25 04:10:34", 8)) ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
+    ASSERT_TRUE(next.NextLeft());
+    next.TakeLeft();
+    EXPECT_EQ(Kept().size(), 4U);
+  }
+}
+
+TEST_F(KeptCopiesTest, AFileIsOpenElsewhereWhileAnotherWindowHasIt) {
+  Put("a.K4X", "a");
+  std::filesystem::create_symlink("a.K4X", Path("link.K4X"));
+  Put("b.K4X", "b");
+  KeptCopies here(files, Folder());
+  {
+    KeptCopies there(files, Folder());
+    there.SetOpenFile(Path("b.K4X"));
+    there.SetOpenFile(Path("a.K4X"));
+    here.SetOpenFile(Path("a.K4X"));
+    EXPECT_TRUE(here.IsOpenElsewhere(Path("link.K4X")));
+    EXPECT_TRUE(there.IsOpenElsewhere(Path("a.K4X")));
+    EXPECT_FALSE(here.IsOpenElsewhere(Path("b.K4X"))) << "it was closed";
+    there.SetOpenFile("");
+    EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X")));
+    there.SetOpenFile(Path("a.K4X"));
+  }
+  EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X"))) << "the other window has ended";
 }
 
 TEST_F(KeptCopiesTest, NoFailingCallLosesTheCopy) {

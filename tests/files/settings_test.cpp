@@ -4,6 +4,8 @@
 #include "recent_files.h"
 #include "rows.h"
 
+#include <sys/stat.h>
+
 namespace mr4500x {
 
 namespace {
@@ -41,6 +43,35 @@ TEST_F(FilesTest, PathsOfOver255CharactersAreNotStored) {
   EXPECT_EQ(Content("MR4500X.ini"),
             "[Recent Files]\nRecentFile1=" + longest +
                 "\nRecentFile2=c\nRecentFile3=c\n[Comm Port]\nCommon Port=1\n[File Name]\nDefault File=\n");
+}
+
+TEST_F(FilesTest, ATraceGoesToAFileOnly) {
+  std::filesystem::create_directory(Path("folder"));
+  mkfifo(Path("pipe").c_str(), 0600);
+  std::filesystem::create_symlink("pipe", Path("link"));
+  Put("file", "");
+  const std::pair<std::string, bool> cases[] = {
+      {"file", true}, {"new", true}, {"folder", false}, {"pipe", false}, {"link", false}};
+  for (const auto& [name, isTraced] : cases) {
+    Put("MR4500X.ini", "[Comm Port]\nTrace=" + Path(name) + '\n');
+    EXPECT_EQ(TraceFile(files, Path("MR4500X.ini")), isTraced ? Path(name) : "") << name;
+  }
+}
+
+TEST_F(FilesTest, ALinkToAnotherUsersSettingsIsNotFollowed) {
+  std::filesystem::create_directories(Path("user"));
+  Put("others.ini", "[Comm Port]\nCommon Port=7\n");
+  std::filesystem::create_symlink("../others.ini", Path("user/MR4500X.ini"));
+  const std::string link = Path("user/MR4500X.ini");
+  EXPECT_EQ(LoadPortSetting(files, link), 7) << "it is the user's own";
+  EXPECT_EQ(SettingsFilePath(files, Path("user"), "/config"), link);
+  files.alter = [&](const std::string& path, FileStatus& status) {
+    if (path.ends_with("others.ini")) ++status.owner;
+  };
+  EXPECT_EQ(LoadPortSetting(files, link), 1);
+  EXPECT_FALSE(StoreSettings(files, link, 3, ""));
+  EXPECT_EQ(Content("others.ini"), "[Comm Port]\nCommon Port=7\n");
+  EXPECT_EQ(SettingsFilePath(files, Path("user"), "/config"), "/config/MR4500X.ini");
 }
 
 TEST_F(FilesTest, SettingsLiveBesideTheProgramWhereTheyCan) {

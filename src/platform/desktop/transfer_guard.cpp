@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace mr4500x {
 namespace {
@@ -63,10 +64,12 @@ void UserInput::Release() {
   qApp->removeEventFilter(this);
   if (m_pointer == HeldPointer::Busy) QGuiApplication::restoreOverrideCursor();
   m_isHeld = false;
+  if (std::exchange(m_quitIsDue, false)) QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit));
 }
 
 bool UserInput::eventFilter(QObject* watched, QEvent* event) {
   if (!IsUserInput(event->type())) return QObject::eventFilter(watched, event);
+  if (event->type() == QEvent::Quit) m_quitIsDue = true;
   event->ignore(); // else a dropped Close would count as accepted
   return true;
 }

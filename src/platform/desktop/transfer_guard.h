@@ -10,7 +10,8 @@ namespace mr4500x {
 
 enum class HeldPointer { Busy, Unchanged }; // the mouse pointer while input is held
 
-// The user's input to all windows of the program. While held, input is dropped for good, not queued. That makes it safe
+// The user's input to all windows of the program. While held, input is dropped for good, not queued; only a
+// session that ends the program does so afterwards. That makes it safe
 // to process events during a transfer, as EventClock does: only painting, resizing and the like get through.
 class UserInput final : public QObject {
   Q_OBJECT
@@ -30,6 +31,7 @@ protected:
 
 private:
   bool m_isHeld = false;
+  bool m_quitIsDue = false;
   HeldPointer m_pointer = HeldPointer::Busy;
 };
 

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -16,18 +17,26 @@
 namespace mr4500x {
 namespace {
 
+// Never the root folder or a relative one because there is no HOME: folders would be made there.
+std::string HomeFolder() {
+  const char* const home = std::getenv("HOME");
+  if (home != nullptr && home[0] == '/') return home;
+  const passwd* const user = getpwuid(geteuid());
+  return user != nullptr && user->pw_dir[0] == '/' ? user->pw_dir : "/nonexistent";
+}
+
 std::string XdgFolder(const char* variable, const char* otherwise) {
   const char* const configured = std::getenv(variable);
   // The XDG rules say to ignore a relative path.
   if (configured != nullptr && configured[0] == '/') return std::string(configured) + "/MR4500X";
-  const char* const home = std::getenv("HOME");
-  return std::string(home != nullptr ? home : "") + otherwise + "/MR4500X";
+  return HomeFolder() + otherwise + "/MR4500X";
 }
 
 } // namespace
 
 void PrepareProcess() {
   signal(SIGXFSZ, SIG_IGN);
+  setenv("HOME", HomeFolder().c_str(), 1); // for Qt
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
     if (fcntl(stream, F_GETFD) == -1) static_cast<void>(open("/dev/null", O_RDWR)); // takes the lowest free number
 }
@@ -46,9 +55,12 @@ std::string UserStateFolder() {
 }
 
 LocalTime LocalNow() {
-  const std::time_t now = std::time(nullptr);
+  return LocalTimeOf(std::time(nullptr));
+}
+
+LocalTime LocalTimeOf(std::time_t moment) {
   std::tm local{};
-  localtime_r(&now, &local);
+  localtime_r(&moment, &local);
   // The radio's time stamp ends at second 59: a leap second counts as 59.
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
           local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};

@@ -3,6 +3,7 @@
 
 #include "clock.h"
 
+#include <ctime>
 #include <string>
 
 class QLocale;
@@ -10,7 +11,8 @@ class QLocale;
 namespace mr4500x {
 
 // First in each program. No file and no port takes the place of a standard stream that was closed: what is printed
-// would go there. A write at a file size limit fails, instead of a signal that ends the program.
+// would go there. A write at a file size limit fails, instead of a signal that ends the program. Without a HOME that is
+// an absolute path, the user's entry in the system's list of users has it.
 void PrepareProcess();
 
 // The folder of the running executable, links resolved; empty if unknown.
@@ -22,6 +24,7 @@ void PrepareProcess();
 [[nodiscard]] std::string UserStateFolder();
 
 [[nodiscard]] LocalTime LocalNow();
+[[nodiscard]] LocalTime LocalTimeOf(std::time_t moment);
 
 class SteadyClock final : public Clock {
 public:

@@ -1,5 +1,7 @@
 #include "posix_file_system.h"
 
+#include "machine.h"
+
 #include <cerrno>
 #include <chrono>
 #include <climits>
@@ -42,8 +44,14 @@ std::optional<FileStatus> PosixFileSystem::Status(const std::string& path) {
   struct stat status {};
   if (lstat(path.c_str(), &status) != 0)
     return errno == ENOENT || errno == ENOTDIR ? std::optional(FileStatus{}) : std::nullopt;
-  return FileStatus{KindOf(status.st_mode), status.st_mode & 07777U, status.st_uid, status.st_gid,
-                    static_cast<std::uint64_t>(status.st_size)};
+  return FileStatus{KindOf(status.st_mode),
+                    status.st_mode & 07777U,
+                    status.st_uid,
+                    status.st_gid,
+                    static_cast<std::uint64_t>(status.st_size),
+                    status.st_dev,
+                    status.st_ino,
+                    LocalTimeOf(status.st_mtime)};
 }
 
 std::optional<std::string> PosixFileSystem::ReadLink(const std::string& path) {

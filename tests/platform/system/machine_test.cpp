@@ -5,6 +5,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace mr4500x {
 
@@ -20,6 +21,20 @@ TEST(SteadyClock, WaitsEndNeverEarlyAndAddNoDelayOfTheirOwn) {
   }
   EXPECT_GE(least, 0us);
   EXPECT_LT(least, 500us);
+}
+
+TEST(UserFolders, AreNeverInTheRootFolderOrTheCurrentOneForWantOfAHome) {
+  const char* const home = std::getenv("HOME");
+  const std::string before = home != nullptr ? home : "";
+  for (const char* const given : {"relative", "", static_cast<const char*>(nullptr)}) {
+    given != nullptr ? setenv("HOME", given, 1) : unsetenv("HOME");
+    unsetenv("XDG_STATE_HOME");
+    const std::string folder = UserStateFolder();
+    EXPECT_TRUE(folder.starts_with('/') && !folder.starts_with("/.")) << folder;
+    PrepareProcess();
+    EXPECT_EQ(folder, std::string(std::getenv("HOME")) + "/.local/state/MR4500X") << "Qt asks there";
+  }
+  setenv("HOME", before.c_str(), 1);
 }
 
 TEST(DecimalSeparator, IsTheOneInWhichTheLocaleReadsFractions) {

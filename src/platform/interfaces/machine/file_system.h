@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "clock.h"
+
 namespace mr4500x {
 
 enum class FileKind { Missing, Regular, Folder, Link, Other };
@@ -18,6 +20,8 @@ struct FileStatus {
   std::uint32_t owner = 0;
   std::uint32_t group = 0;
   std::uint64_t size = 0;
+  std::uint64_t device = 0, number = 0; // of the file system, and of the file on it
+  LocalTime changed{};                  // when it was last written
 };
 
 enum class LockOutcome {
