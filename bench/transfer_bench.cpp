@@ -38,10 +38,7 @@ constexpr double MostOverLine = 1.15;
 class Silent final : public ExchangeObserver {
 public:
   void Began(Transfer, int) override {}
-  void Progress(int) override {}
-  void Ended() override {}
   bool AcceptsOtherBand() override { return true; }
-  bool Complete(Transfer) override { return true; }
 };
 
 class Simulator {

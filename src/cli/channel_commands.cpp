@@ -1,7 +1,6 @@
 #include "channel_commands.h"
 
 #include "channel_list.h"
-#include "file_access.h"
 #include "file_commands.h"
 #include "setting_commands.h"
 
@@ -34,15 +33,7 @@ ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const s
   RadioImage image;
   Configuration values;
   if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
-  const std::string text = ChannelsCsv(values);
-  if (csv == Stream) {
-    terminal.out << text;
-    return EndOutput(terminal);
-  }
-  const std::vector<std::uint8_t> bytes(text.begin(), text.end());
-  if (ReplaceFile(files, csv, bytes, Surplus::Drop)) return ExitStatus::Done;
-  terminal.err << csv << ": can't be written" << SystemReason() << '\n';
-  return ExitStatus::Failed;
+  return StoreTextForCommand(files, csv, ChannelsCsv(values), terminal);
 }
 
 ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Terminal& terminal) {

@@ -43,6 +43,18 @@ bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::
   return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
 }
 
+ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, const std::string& text,
+                               Terminal& terminal) {
+  if (path == Stream) {
+    terminal.out << text;
+    return EndOutput(terminal);
+  }
+  if (ReplaceFile(files, path, std::vector<std::uint8_t>(text.begin(), text.end()), Surplus::Drop))
+    return ExitStatus::Done;
+  terminal.err << path << ": can't be written" << SystemReason() << '\n';
+  return ExitStatus::Failed;
+}
+
 bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {
   if (path == Stream) {
     for (const std::uint8_t byte : BuildDataFile(image))

@@ -30,6 +30,10 @@ enum class ShowAs { Table, Json };
 // name.
 [[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);
 
+// Stores a table, for "-" on standard output.
+[[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, const std::string& text,
+                                             Terminal& terminal);
+
 // Stores it, for "-" on standard output. False, with a message, if it could not be stored.
 [[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
                                   Terminal& terminal);

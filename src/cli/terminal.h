@@ -46,7 +46,6 @@ public:
   void Progress(int value) override;
   void Ended() override;
   [[nodiscard]] bool AcceptsOtherBand() override;
-  [[nodiscard]] bool Complete(Transfer /*transfer*/) override { return true; }
 
 private:
   [[nodiscard]] bool AskYesNo();

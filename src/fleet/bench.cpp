@@ -1,37 +1,34 @@
 #include "bench.h"
 
+#include "port_worker.h"
+
 #include <exception>
 
 namespace mr4500x {
 
-Bench::Bench(FleetDesk& desk, const std::vector<BenchPort>& ports, const MakeJournal& makeJournal,
-             PendingAttempts& pending)
-    : m_desk(desk) {
+Bench::Bench(const BenchContext& context, const std::vector<BenchPort>& ports, const MakeJournal& makeJournal)
+    : m_context(context) {
   for (std::size_t index = 0; index < ports.size(); ++index)
-    m_threads.emplace_back([&desk, &pending, index, port = ports[index], makeJournal] {
+    m_threads.emplace_back([this, index, port = ports[index], makeJournal] {
       try {
         const auto serial = port.makePort();
         const auto clock = port.makeClock();
         const auto journal = makeJournal();
         SerialLine line(*serial, *clock, port.number, port.name);
-        RunPort(index, line, *clock, *journal, pending, desk);
+        RunPort(index, line, *clock, *journal, m_context);
       } catch (const std::exception& failure) { // must not end the other ports
-        PortEvent event;
-        event.port = index;
-        event.state = PortState::Stopped;
-        event.text = failure.what();
-        desk.tell(event);
+        PortStatus status;
+        status.port = index;
+        status.state = PortState::Stopped;
+        status.text = failure.what();
+        m_context.events.onStatus(status);
       }
     });
 }
 
 Bench::~Bench() {
-  StopAfterTheseRadios();
+  m_context.state.StopAfterTheseRadios();
   Wait();
-}
-
-void Bench::StopAfterTheseRadios() {
-  m_desk.isStopping = true;
 }
 
 void Bench::Wait() {

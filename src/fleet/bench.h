@@ -1,8 +1,8 @@
 // A bench: ports at which radios are programmed side by side, one thread each.
 #pragma once
 
-#include "pending_attempts.h"
-#include "port_way.h"
+#include "bench_context.h"
+#include "serial_port.h"
 
 #include <functional>
 #include <memory>
@@ -12,7 +12,7 @@
 
 namespace mr4500x {
 
-// Each is called in the thread of its port.
+// The functions are called in the port's thread.
 struct BenchPort {
   std::string name; // in messages and the journal
   std::function<std::unique_ptr<SerialPort>()> makePort;
@@ -24,15 +24,16 @@ class Bench {
 public:
   using MakeJournal = std::function<std::unique_ptr<Journal>()>; // called in each port's thread
 
-  // Starts the ports. The desk and the pending attempts live longer.
-  Bench(FleetDesk& desk, const std::vector<BenchPort>& ports, const MakeJournal& makeJournal, PendingAttempts& pending);
-  ~Bench(); // StopAfterTheseRadios and Wait
+  // Starts the ports. What the context refers to lives longer.
+  Bench(const BenchContext& context, const std::vector<BenchPort>& ports, const MakeJournal& makeJournal);
+  ~Bench(); // stops after the radios in progress, and waits for them
+  Bench(const Bench&) = delete;
+  Bench& operator=(const Bench&) = delete;
 
-  void StopAfterTheseRadios();
   void Wait(); // until all ports have ended
 
 private:
-  FleetDesk& m_desk;
+  const BenchContext m_context;
   std::vector<std::jthread> m_threads;
 };
 

@@ -27,10 +27,10 @@ enum class AttemptOutcome : std::uint8_t {
   Verified,
   Failed,
   SetAside, // its band is another
-  Conflict, // verified, but meanwhile another radio got the row, too, or the radio another row
+  Conflict, // verified, but another radio got the row in the meantime, or the radio another row
 };
 
-// One radio's way, from its identification to its end.
+// What was done with one radio, from its identification to its end.
 struct Attempt {
   std::string key; // unique, so that an attempt handed in twice is one entry
   std::string plan;
@@ -70,14 +70,14 @@ public:
   [[nodiscard]] virtual bool Begin(const std::string& plan, const std::string& name,
                                    const std::vector<JournalRow>& rows) = 0;
   // Takes a row for the radio: the one that names it, else the first free one that names none. An `endless` plan gets a
-  // new row when no such one is free. A row that was taken before and not entered is given back.
-  [[nodiscard]] virtual Claim Take(const std::string& plan, const std::string& bench, const std::string& idNumber,
-                                   bool endless) = 0;
-  // Tells that the bench is still at the row. Called just before the radio is written.
+  // new row when none is free. A row that was taken before and not entered is given back.
+  [[nodiscard]] virtual Claim ClaimRow(const std::string& plan, const std::string& bench, const std::string& idNumber,
+                                       bool endless) = 0;
+  // Reports that the bench is still at the row. Called just before the radio is written.
   [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;
   // Enters the attempt, once. In the same transaction its row becomes done (Verified) or, if the bench still has it,
-  // free. A verified one is entered as Conflict if another radio has done the row meanwhile, or the radio another row.
-  // Returns the outcome that was entered; nullopt if the database does not answer.
+  // free. A verified one is entered as Conflict if another radio has done the row in the meantime, or the radio another
+  // row. Returns the outcome that was entered; nullopt if the database does not answer.
   [[nodiscard]] virtual std::optional<AttemptOutcome> Enter(const Attempt& attempt) = 0;
 
   // By row; nullopt if the database does not answer. Claims of silent benches are shown as free.

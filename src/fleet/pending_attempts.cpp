@@ -1,8 +1,8 @@
 #include "pending_attempts.h"
 
+#include "attempt_records.h"
 #include "csv.h"
 #include "file_access.h"
-#include "words.h"
 
 #include <utility>
 
@@ -23,7 +23,7 @@ PendingAttempts::PendingAttempts(FileSystem& files, std::string path) : m_files(
     if (m_number != 0 && !isLeft) continue;
     const auto lock = Lock(number);
     if (!lock) continue;
-    if (isLeft && !TakeOver(number)) { // it stays for a person to look at
+    if (isLeft && !Adopt(number)) { // it stays for a person to look at
       m_files.Close(*lock);
       continue;
     }
@@ -52,27 +52,26 @@ AttemptOutcome PendingAttempts::Enter(Journal& journal, const Attempt& attempt) 
 }
 
 bool PendingAttempts::HandIn(Journal& journal) {
-  std::vector<Attempt> pending;
-  {
-    const std::lock_guard guard(m_mutex);
-    if (m_attempts.empty()) return true;
-    if (std::exchange(m_isHandingIn, true)) return false;
-    pending = m_attempts;
-  }
-  std::vector<Attempt> conflicts;
-  std::ptrdiff_t entered = 0;
-  for (const Attempt& attempt : pending) {
-    const auto outcome = journal.Enter(attempt);
+  if (Count() == 0) return true;
+  const std::unique_lock handingIn(m_handingIn, std::try_to_lock);
+  if (!handingIn) return false;
+  bool hasEntered = false;
+  while (const std::optional<Attempt> next = First()) {
+    const auto outcome = journal.Enter(*next);
     if (!outcome) break;
-    if (*outcome == AttemptOutcome::Conflict) conflicts.push_back(attempt);
-    ++entered;
+    const std::lock_guard guard(m_mutex);
+    if (*outcome == AttemptOutcome::Conflict) m_conflicts.push_back(*next);
+    m_attempts.erase(m_attempts.begin()); // others have only added to its end
+    hasEntered = true;
   }
   const std::lock_guard guard(m_mutex);
-  m_isHandingIn = false;
-  m_attempts.erase(m_attempts.begin(), m_attempts.begin() + entered); // others have only added to its end
-  m_conflicts.insert(m_conflicts.end(), conflicts.begin(), conflicts.end());
-  if (entered > 0) Store();
+  if (hasEntered) Store();
   return m_attempts.empty();
+}
+
+std::optional<Attempt> PendingAttempts::First() {
+  const std::lock_guard guard(m_mutex);
+  return m_attempts.empty() ? std::nullopt : std::optional(m_attempts.front());
 }
 
 std::size_t PendingAttempts::Count() {
@@ -103,18 +102,18 @@ std::optional<FileSystem::Handle> PendingAttempts::Lock(int number) {
 }
 
 // False, with nothing taken, if the file can't be read as a whole.
-bool PendingAttempts::TakeOver(int number) {
+bool PendingAttempts::Adopt(int number) {
   std::vector<std::uint8_t> bytes;
   if (ReadFile(m_files, PathOf(number, DataEnding), LargestFile, bytes) != ReadOutcome::Read) return false;
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  const std::vector<Attempt> attempts = AttemptsIn(text);
+  const std::vector<Attempt> attempts = ParseAttempts(text);
   if (ReadCsv(text).rows.size() != attempts.size() + 1) return false; // with the heading
   m_attempts.insert(m_attempts.end(), attempts.begin(), attempts.end());
   return true;
 }
 
 void PendingAttempts::Store() {
-  const std::string path = PathOf(m_number, DataEnding), text = JournalCsv(m_attempts);
+  const std::string path = PathOf(m_number, DataEnding), text = AttemptsCsv(m_attempts);
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   if (m_attempts.empty())
     m_isKept = IsMissing(m_files, path) || m_files.Remove(path);

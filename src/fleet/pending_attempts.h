@@ -29,22 +29,23 @@ public:
   [[nodiscard]] std::size_t Count();
   // False if the file can't be written: what is pending would be lost with the process.
   [[nodiscard]] bool IsKept();
-  // Those handed in since the last call whose row another radio got meanwhile.
+  // Those handed in since the last call whose row another radio got in the meantime.
   [[nodiscard]] std::vector<Attempt> TakeConflicts();
 
 private:
   [[nodiscard]] std::string PathOf(int number, std::string_view ending) const;
   [[nodiscard]] std::optional<FileSystem::Handle> Lock(int number);
-  [[nodiscard]] bool TakeOver(int number);
+  [[nodiscard]] bool Adopt(int number);
+  [[nodiscard]] std::optional<Attempt> First();
   void Store();
 
   FileSystem& m_files;
   std::string m_path;
   int m_number = 0; // 0: none was free, and nothing can be kept
   FileSystem::Handle m_lock{};
-  std::mutex m_mutex;
+  std::mutex m_handingIn; // one thread does, and the others don't wait for it
+  std::mutex m_mutex;     // guards what follows
   std::vector<Attempt> m_attempts, m_conflicts;
-  bool m_isHandingIn = false; // one thread does, and the others don't wait for it
   bool m_isKept = true;
 };
 

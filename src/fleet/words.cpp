@@ -1,15 +1,11 @@
 #include "words.h"
 
-#include "csv.h"
-#include "decimal.h"
+#include "differences.h"
 
-#include <algorithm>
 #include <array>
 
 namespace mr4500x {
 namespace {
-
-constexpr std::array<std::string_view, 4> Outcomes = {"verified", "failed", "set aside", "conflict"};
 
 struct StateWords {
   std::string_view word, sentence; // the sentence goes on after the names of port, row and radio
@@ -33,7 +29,7 @@ constexpr std::array<StateWords, 14> States = {{
 }};
 
 // "row 12, Truck 12, radio R12"
-std::string NameOf(std::size_t row, const std::string& label, const std::string& idNumber) {
+std::string SubjectText(std::size_t row, const std::string& label, const std::string& idNumber) {
   std::string name = row > 0 ? "row " + std::to_string(row) : "";
   const auto add = [&](const std::string& text) { name += (name.empty() ? "" : ", ") + text; };
   if (!label.empty()) add(label);
@@ -42,34 +38,12 @@ std::string NameOf(std::size_t row, const std::string& label, const std::string&
 }
 
 // Those that are not empty: "COM1: row 12: failed"
-std::string LineOf(std::initializer_list<std::string_view> parts) {
+std::string JoinParts(std::initializer_list<std::string_view> parts) {
   std::string line;
   for (const std::string_view part : parts)
     if (!part.empty()) line += (line.empty() ? "" : ": ") + std::string(part);
   return line;
 }
-
-// The columns that are plain texts, after row and outcome. A database has other names for some, which are words of its
-// own language.
-struct TextColumn {
-  std::string_view name;
-  std::string Attempt::*text;
-};
-constexpr std::array<TextColumn, 13> TextColumns = {{
-    {"start", &Attempt::start},
-    {"end", &Attempt::end},
-    {"label", &Attempt::label},
-    {"id_number", &Attempt::idNumber},
-    {"firmware", &Attempt::firmware},
-    {"band", &Attempt::band},
-    {"port", &Attempt::port},
-    {"bench", &Attempt::bench},
-    {"text", &Attempt::text},
-    {"backup", &Attempt::backup},
-    {"sha256", &Attempt::sha256},
-    {"plan", &Attempt::plan},
-    {"key", &Attempt::key},
-}};
 
 } // namespace
 
@@ -78,13 +52,8 @@ std::string_view WordFor(PortState state) {
 }
 
 std::string_view WordFor(AttemptOutcome outcome) {
-  return Outcomes[static_cast<std::size_t>(outcome)];
-}
-
-std::optional<AttemptOutcome> OutcomeNamed(std::string_view word) {
-  const auto found = std::ranges::find(Outcomes, word);
-  if (found == Outcomes.end()) return std::nullopt;
-  return static_cast<AttemptOutcome>(found - Outcomes.begin());
+  constexpr std::array<std::string_view, 4> Words = {"verified", "failed", "set aside", "conflict"};
+  return Words[static_cast<std::size_t>(outcome)];
 }
 
 std::string_view WordFor(RowState state) {
@@ -110,54 +79,44 @@ std::string ReasonFor(const ExchangeResult& result) {
   }
 }
 
-std::string LineFor(const PortEvent& event, std::string_view portName) {
-  const StateWords& words = States[static_cast<std::size_t>(event.state)];
-  std::string name = NameOf(event.row, event.label, event.idNumber);
-  if (event.state == PortState::Finished) name.clear(); // its last radio has nothing to do with that
-  return LineOf({portName, name, words.sentence, event.text});
+std::string OtherBandReason(const std::string& band, const std::string& bandOfRow) {
+  return "the radio " + (band.empty() ? "answers with another band" : "has " + band) + ", the row is for " + bandOfRow;
+}
+
+std::string BackupReason(const std::string& folder, const std::string& systemReason) {
+  return folder + ": the backup can't be kept here (" + systemReason + "); nothing has been written";
+}
+
+std::string DifferenceReason(const ImageDifferences& differences) {
+  const std::size_t count = differences.settings.size() + differences.bytes.size();
+  std::string text = "it does not hold what was written: ";
+  if (differences.settings.empty())
+    text += std::string(NameOf(differences.bytes[0].block)) + ' ' + std::to_string(differences.bytes[0].offset);
+  else
+    text += NameOf(differences.settings[0].at);
+  return count == 1 ? text : text + " and " + std::to_string(count - 1) + " more";
+}
+
+std::string LineFor(const PortStatus& status, std::string_view portName) {
+  const StateWords& words = States[static_cast<std::size_t>(status.state)];
+  std::string name = SubjectText(status.row, status.label, status.idNumber);
+  if (status.state == PortState::Finished) name.clear(); // its last radio has nothing to do with that
+  return JoinParts({portName, name, words.sentence, status.text});
 }
 
 std::string LineFor(const Attempt& attempt) {
-  const std::string name = NameOf(attempt.row, attempt.label, attempt.idNumber);
-  return attempt.start + "  " + LineOf({attempt.port, name, WordFor(attempt.outcome), attempt.text});
+  const std::string name = SubjectText(attempt.row, attempt.label, attempt.idNumber);
+  return attempt.start + "  " + JoinParts({attempt.port, name, WordFor(attempt.outcome), attempt.text});
 }
 
 std::string LineForConflict(const Attempt& attempt) {
-  return "Another radio got the row, too: " + NameOf(attempt.row, attempt.label, attempt.idNumber) +
+  return "Another radio got the row, too: " + SubjectText(attempt.row, attempt.label, attempt.idNumber) +
          ". Write one of them anew";
 }
 
 std::string LineForPending(std::size_t count) {
   return count == 1 ? "1 entry waits for the journal; the next start hands it in."
                     : std::to_string(count) + " entries wait for the journal; the next start hands them in.";
-}
-
-std::string JournalCsv(const std::vector<Attempt>& attempts) {
-  std::vector<std::string> heading = {"row", "outcome"};
-  for (const TextColumn& column : TextColumns)
-    heading.emplace_back(column.name);
-  std::string csv = CsvLine(heading);
-  for (const Attempt& attempt : attempts) {
-    std::vector<std::string> cells = {std::to_string(attempt.row), std::string(WordFor(attempt.outcome))};
-    for (const TextColumn& column : TextColumns)
-      cells.push_back(attempt.*column.text);
-    csv += CsvLine(cells);
-  }
-  return csv;
-}
-
-std::vector<Attempt> AttemptsIn(std::string_view csv) {
-  std::vector<Attempt> attempts;
-  for (const auto& [line, cells, isWhole, place] : ReadCsv(csv).rows) {
-    const auto outcome = cells.size() < 2 ? std::nullopt : OutcomeNamed(cells[1]);
-    if (!isWhole || cells.size() != TextColumns.size() + 2 || !outcome) continue; // the heading, too
-    Attempt& attempt = attempts.emplace_back();
-    attempt.row = static_cast<std::size_t>(ParseWhole(cells[0]).value_or(0));
-    attempt.outcome = *outcome;
-    for (std::size_t i = 0; i < TextColumns.size(); ++i)
-      attempt.*TextColumns[i].text = cells[i + 2];
-  }
-  return attempts;
 }
 
 } // namespace mr4500x

@@ -1,36 +1,49 @@
 // The words of the fleet, for the window, the command line and the lists of the journal.
 #pragma once
 
-#include "port_way.h"
+#include "exchange.h"
+#include "journal.h"
+#include "port_status.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace mr4500x {
 
-[[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "TAKE OFF"
-[[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified". Journals keep these: they never change
-[[nodiscard]] std::optional<AttemptOutcome> OutcomeNamed(std::string_view word);
-[[nodiscard]] std::string_view WordFor(RowState state); // "free"
+struct ImageDifferences;
 
-// Why an exchange ended, for somebody who can only plug the radio in once more; "" if it is complete.
-[[nodiscard]] std::string ReasonFor(const ExchangeResult& result);
+[[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "TAKE OFF"
+[[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified"
+[[nodiscard]] std::string_view WordFor(RowState state);         // "free"
+
+// Why a radio was not programmed, for a technician who can only connect it again.
+inline constexpr char NoNumberReason[] = "it has no identity number, and the journal can't tell it from others";
+inline constexpr char ExchangedReason[] = "the radio was exchanged for another one; nothing has been written";
+inline constexpr char StoppedReason[] = "stopped before the write; nothing has been written";
+inline constexpr char TakenAwayReason[] =
+    "its row went to another bench, as this one was silent for too long; nothing has been written";
+inline constexpr char TextDiffersReason[] = "it does not hold the embedded information that was written";
+[[nodiscard]] std::string ReasonFor(const ExchangeResult& result); // "" if it is complete
+// `band`: "" if only its answer to the write showed it.
+[[nodiscard]] std::string OtherBandReason(const std::string& band, const std::string& bandOfRow);
+[[nodiscard]] std::string BackupReason(const std::string& folder, const std::string& systemReason);
+[[nodiscard]] std::string DifferenceReason(const ImageDifferences& differences);
+
+// What a port's state leaves open.
+inline constexpr char NoiseHint[] = "what answers is no radio, or the cable is bad";
+inline constexpr char CableHint[] = "look at the cable; the last one: "; // and the reason
+inline constexpr char LateEntryHint[] = "the journal gets it later";
+inline constexpr char LostEntryHint[] = "the journal and its file for later can't be written";
 
 // "COM3: row 12, Truck 12, radio R12: verified; take the radio off"
-[[nodiscard]] std::string LineFor(const PortEvent& event, std::string_view portName);
+[[nodiscard]] std::string LineFor(const PortStatus& status, std::string_view portName);
 
 // "2026-11-25 13:45:07  COM3: row 12, Truck 12, radio R12: failed: No Response !!"
 [[nodiscard]] std::string LineFor(const Attempt& attempt);
-// Of a late entry whose row another radio got meanwhile.
+// A late entry whose row another radio got in the meantime.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
 
 // "1 entry waits for the journal; the next start hands it in."
 [[nodiscard]] std::string LineForPending(std::size_t count);
-
-// With a heading, one line an attempt. AttemptsIn takes it back.
-[[nodiscard]] std::string JournalCsv(const std::vector<Attempt>& attempts);
-[[nodiscard]] std::vector<Attempt> AttemptsIn(std::string_view csv);
 
 } // namespace mr4500x

@@ -37,13 +37,13 @@ public:
   virtual ~ExchangeObserver() = default;
   // The radio has answered; the records follow.
   virtual void Began(Transfer transfer, int maximum) = 0;
-  virtual void Progress(int value) = 0; // a read passes the maximum at its end
+  virtual void Progress(int /*value*/) {} // a read passes the maximum at its end
   // Follows every Began, after success and failure.
-  virtual void Ended() = 0;
+  virtual void Ended() {}
   // Whether to write to a radio whose band differs from the image's.
-  [[nodiscard]] virtual bool AcceptsOtherBand() = 0;
+  [[nodiscard]] virtual bool AcceptsOtherBand() { return false; }
   // All done, with the port still open. False if what was read can't be shown.
-  [[nodiscard]] virtual bool Complete(Transfer transfer) = 0;
+  [[nodiscard]] virtual bool Complete(Transfer /*transfer*/) { return true; }
 };
 
 [[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer,

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "clock.h"
+#include "local_time.h"
 
 namespace mr4500x {
 

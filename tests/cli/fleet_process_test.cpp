@@ -57,16 +57,35 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EndRadio();
 }
 
-TEST_F(FleetCommandTest, AnEndSignalStopsAfterTheseRadios) {
+// A transfer runs to its end, whatever comes; what has not begun is not begun.
+TEST_F(FleetCommandTest, EndSignalsLeaveNoRadioHalfWritten) {
+  const struct {
+    const char* during;
+    std::vector<std::string> signals;
+    const char* outcome;
+  } cases[] = {
+      {"writing", {"INT", "INT", "TERM", "QUIT", "QUIT"}, "LR-1: verified"},
+      {"reading what the radio holds", {"INT"}, "failed; take the radio off: stopped before the write"},
+  };
   Put("rows.csv", "label\nCar 1\nCar 2\n");
-  AddRadio("LR-1", " --pace 9600");
-  const Ended ended = Shell(MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " + Path("rows.csv") +
-                            " >" + Path("out") + " & fleet=$!; until grep -qs writing " + Path("out") +
-                            "; do sleep 0.05; done; kill -TERM $fleet; sleep 0.2; kill -TERM $fleet; wait $fleet");
-  EXPECT_EQ(ended.status, 1); // a row is left
-  EXPECT_EQ(CountOf(ended.output, "Stopping after these radios.\n"), 2U) << ended.output;
-  EXPECT_EQ(CountOf(Content("out"), "LR-1: verified"), 1U) << Content("out");
-  EndRadio();
+  for (const auto& [during, signals, outcome] : cases) {
+    SCOPED_TRACE(during);
+    std::filesystem::remove(Path("a.journal"));
+    ports.clear();
+    AddRadio("LR-1", " --pace 9600");
+    std::string kills;
+    for (const std::string& signal : signals)
+      kills += "sleep 0.1; kill -" + signal + " $fleet; ";
+    // A shell makes its background processes ignore two of the signals.
+    const Ended ended =
+        Shell("env --default-signal=INT,QUIT " MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " +
+              Path("rows.csv") + " >" + Path("out") + " & fleet=$!; until grep -qs '" + during + "' " + Path("out") +
+              "; do sleep 0.05; done; " + kills + "wait $fleet");
+    EXPECT_EQ(ended.status, 1); // a row is left
+    EXPECT_EQ(CountOf(ended.output, "Stopping after these radios.\n"), signals.size()) << ended.output;
+    EXPECT_EQ(CountOf(Content("out"), outcome), 1U) << Content("out");
+    EndRadio();
+  }
 }
 
 TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {

@@ -5,7 +5,7 @@
 #include "differences.h"
 #include "function_settings.h"
 #include "pending_attempts.h"
-#include "port_way.h"
+#include "port_worker.h"
 #include "posix_file_system.h"
 #include "simulated_radio.h"
 #include "words.h"
@@ -32,7 +32,7 @@ struct Tables {
   std::map<std::size_t, int> done; // how often a row became so
 };
 
-class MemoryJournal final : public Journal {
+class MemoryJournal : public Journal {
 public:
   explicit MemoryJournal(Tables& tables) : m_tables(tables) {}
 
@@ -42,7 +42,7 @@ public:
     if (m_tables.rows.empty()) m_tables.rows = rows;
     return true;
   }
-  Claim Take(const std::string& /*plan*/, const std::string& bench, const std::string& id, bool endless) override {
+  Claim ClaimRow(const std::string& /*plan*/, const std::string& bench, const std::string& id, bool endless) override {
     const std::lock_guard guard(m_tables.mutex);
     if (m_tables.isLost) return {};
     auto& rows = m_tables.rows;
@@ -107,11 +107,10 @@ struct Cable final : SerialPort, Clock {
   std::function<std::optional<TableRadio>()> next; // radio to attach
   std::function<void(const RadioMemory&)> takenOff;
   std::optional<std::string> openFailure;
-  int missed = 0; // the next answers, which do not come through
 
   void Enter(PortState state) {
     if (std::exchange(m_state, state) == state) return;
-    if (m_radio && missed == 0 && state >= PortState::Done && state <= PortState::NoRow) TakeOff();
+    if (m_radio && state >= PortState::Done && state <= PortState::NoRow) TakeOff();
     if (m_radio && m_table.faultsIn && m_hasFaults != (m_table.faultsIn == state))
       Attach(RadioMemory(m_radio->Memory()), m_table.faultsIn == state);
   }
@@ -131,8 +130,6 @@ struct Cable final : SerialPort, Clock {
   std::optional<std::string> Open(const LineSettings& /*settings*/) override {
     m_isOpen = !openFailure;
     ++m_tries;
-    m_isMuted = missed > 0;
-    if (m_isMuted) --missed;
     if (m_radio && m_tries > MostTries) TakeOff();
     if (!m_radio && m_tries > TriesWithout)
       if (const auto table = next()) {
@@ -170,7 +167,7 @@ private:
     m_tries = 0;
   }
   LineBytes& Receive() {
-    const LineBytes bytes = m_radio && !m_isMuted ? m_radio->TakeReplies(m_now) : LineBytes();
+    const LineBytes bytes = m_radio ? m_radio->TakeReplies(m_now) : LineBytes();
     m_received.insert(m_received.end(), bytes.begin(), bytes.end());
     return m_received;
   }
@@ -180,7 +177,7 @@ private:
   std::optional<SimulatedRadio> m_radio;
   TableRadio m_table;
   LineBytes m_received;
-  bool m_isOpen = false, m_hasFaults = false, m_isMuted = false;
+  bool m_isOpen = false, m_hasFaults = false;
   int m_tries = 0; // to reach a radio, or without one
 };
 
@@ -210,17 +207,18 @@ struct Fleet {
     std::string name = "/dev/shm/fleet-XXXXXX"; // no disk to wait for
     folder = mkdtemp(name.data());
     UseCables(1);
-    desk.bench = "A";
-    desk.backupFolder = folder + "/backup";
-    desk.now = [this] { return LocalTime{2026, 11, 4, 9, m_keys / 60, m_keys % 60}; }; // a second for each attempt
-    desk.sha256 = TestSha;
-    desk.newKey = [this] { return std::to_string(++m_keys); };
-    desk.tell = [this](const PortEvent& event) {
-      if (when.second && event.state == when.first) std::exchange(when.second, {})(*this);
-      if (event.port < cables.size()) cables[event.port].Enter(event.state);
+    settings.bench = "A";
+    settings.backupFolder = folder + "/backup";
+    settings.now = [this] { return LocalTime{2026, 11, 4, 9, m_keys / 60, m_keys % 60}; }; // a second for each attempt
+    settings.sha256 = TestSha;
+    settings.newKey = [this] { return std::to_string(++m_keys); };
+    events.onStatus = [this](const PortStatus& status) {
+      if (when.second && status.state == when.first) std::exchange(when.second, {})(*this);
+      if (status.port < cables.size()) cables[status.port].Enter(status.state);
       const std::lock_guard guard(mutex);
-      if (event.state == PortState::Waiting && !event.text.empty()) return hints.push_back(event.text);
-      if (told.empty() || told.back().state != event.state || told.back().port != event.port) told.push_back(event);
+      if (status.state == PortState::Waiting && !status.text.empty()) return hints.push_back(status.text);
+      if (shown.empty() || shown.back().state != status.state || shown.back().port != status.port)
+        shown.push_back(status);
     };
   }
   ~Fleet() { std::filesystem::remove_all(folder); }
@@ -242,15 +240,17 @@ struct Fleet {
   // Until all the ports have ended.
   void Run() {
     PendingAttempts pending(files, folder + "/pending");
+    const BenchContext context = Context(pending);
     std::vector<std::jthread> threads;
     for (std::size_t port = 0; port < cables.size(); ++port)
-      threads.emplace_back([this, port, &pending] {
+      threads.emplace_back([this, port, &context] {
         MemoryJournal journal(tables);
         SerialLine line(cables[port], cables[port], static_cast<int>(port + 1));
-        RunPort(port, line, cables[port], journal, pending, desk);
+        RunPort(port, line, cables[port], journal, context);
       });
   }
 
+  BenchContext Context(PendingAttempts& pending) { return {settings, *state, pending, events}; }
   void AddRadio(const std::string& id, const std::vector<PlannedFault>& faults = {}, std::optional<PortState> in = {}) {
     SetIdentityNumber(table.emplace_back(TableRadio{FactoryMemory(), faults, in}).memory, id);
   }
@@ -263,17 +263,19 @@ struct Fleet {
   }
   // "failed, verified"
   [[nodiscard]] std::string Outcomes() const { return WordsOf(tables.attempts, &Attempt::outcome); }
-  [[nodiscard]] std::string States() const { return WordsOf(told, &PortEvent::state); }
+  [[nodiscard]] std::string States() const { return WordsOf(shown, &PortStatus::state); }
 
   PosixFileSystem files;
   std::string folder;
   const FieldTexts texts = BuildFieldTexts('.');
   Plan plan;
   Tables tables;
-  FleetDesk desk{.plan = plan, .texts = texts, .files = files};
+  BenchSettings settings{.plan = plan, .texts = texts, .files = files};
+  std::unique_ptr<BenchState> state = std::make_unique<BenchState>();
+  BenchEvents events;
   std::deque<Cable> cables;
   std::mutex mutex; // of what follows
-  std::vector<PortEvent> told;
+  std::vector<PortStatus> shown;
   std::vector<std::string> hints;           // while waiting
   std::deque<TableRadio> table;             // radios to come
   std::map<std::string, RadioMemory> shelf; // radios that were taken off, by their identity numbers
@@ -286,7 +288,7 @@ private:
   std::optional<TableRadio> NextRadio() {
     const std::lock_guard guard(mutex);
     if (table.empty()) {
-      desk.isStopping = desk.isStopping || stopsWithoutRadios;
+      if (stopsWithoutRadios) state->StopAfterTheseRadios();
       return std::nullopt;
     }
     TableRadio radio = std::move(table.front());

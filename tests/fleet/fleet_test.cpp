@@ -80,12 +80,18 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
       {"two failures", "bgbbg", "failed, verified, failed, failed", "FAILED, STOPPED", 1},
       {"no identity number", "ug", "failed, verified", "TAKE OFF, WAITING, FINISHED", 0},
       {"two asked for", "gbgg", "verified, failed, verified", "TAKE OFF, FINISHED", 1,
-       [](Fleet& fleet) { fleet.UsePlan({}), fleet.desk.placesLeft = 2; }},
+       [](Fleet& fleet) { fleet.UsePlan({}), fleet.state = std::make_unique<BenchState>(2); }},
       {"stopped while writing", "gg", "verified", "TAKE OFF, FINISHED", 1,
-       {}, {Writing, [](Fleet& fleet) { fleet.desk.isStopping = true; }}},
+       {}, {Writing, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
+      {"stopped by a signal while writing", "gg", "verified", "TAKE OFF, FINISHED", 1,
+       {}, {Writing, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
+      {"stopped by a signal during the backup", "gg", "failed", "BACKUP, FAILED, FINISHED", 1,
+       {}, {BackingUp, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
+      {"stopped during an identification", "gg", "", "IDENTIFYING, WAITING, FINISHED", 1,
+       {}, {Identifying, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
       {"another band", "g", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
       {"another band accepted", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
-       [&](Fleet& fleet) { vhf(fleet), fleet.desk.acceptsOtherBand = true; }},
+       [&](Fleet& fleet) { vhf(fleet), fleet.settings.acceptsOtherBand = true; }},
       {"a row for another radio", "g", "", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
       {"a radio with a row", "g", "", "DONE BEFORE, WAITING, FINISHED", 0, {},
        {Identifying, [](Fleet& fleet) { fleet.tables.rows[1] = {2, "", "", RowState::Done, "B", "R-0"}; }}},
@@ -103,15 +109,9 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
       {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
-      {"a cable pulled from a radio that failed", "b", "failed", "FAILED, FINISHED", 0,
-       {}, {Failed, [](Fleet& fleet) { fleet.cables[0].openFailure = "gone"; }}},
-      {"two answers that do not come through", "g", "verified", "TAKE OFF, WAITING, FINISHED", 0,
-       {}, {Done, [](Fleet& fleet) { fleet.cables[0].missed = 2; }}},
-      {"silent for longer", "g", "verified", "TAKE OFF, WAITING, IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0,
-       {}, {Done, [](Fleet& fleet) { fleet.cables[0].missed = 3; }}},
       {"noise", "ng", "verified", "VERIFYING, TAKE OFF, WAITING, FINISHED", 0},
       {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
-       [](Fleet& fleet) { fleet.desk.backupFolder = "/proc/none"; }},
+       [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
   };
   // clang-format on
   for (const auto& [name, radios, outcomes, lastStates, radiosLeft, prepare, when] : cases) {
@@ -131,8 +131,8 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
     EXPECT_EQ(fleet.table.size(), radiosLeft);
     EXPECT_EQ(!fleet.hints.empty(), radios.find('n') != std::string::npos);
-    for (const PortEvent& event : fleet.told)
-      EXPECT_TRUE(event.row == 0 || (event.state != Failed && event.state != SetAside));
+    for (const PortStatus& status : fleet.shown)
+      EXPECT_TRUE(status.row == 0 || (status.state != Failed && status.state != SetAside));
     for (const Attempt& attempt : fleet.tables.attempts)
       EXPECT_TRUE(attempt.outcome != AttemptOutcome::Verified || fleet.Holds(attempt.idNumber, attempt.row));
   }
@@ -146,10 +146,10 @@ TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
   fleet.when = {PortState::BackingUp, [](Fleet& lost) { lost.tables.isLost = true; }};
   fleet.stopsWithoutRadios = false;
   std::string conflict;
-  fleet.desk.tellConflict = [&](const Attempt& attempt) { conflict = attempt.label + ' ' + attempt.idNumber; };
-  fleet.desk.tell = [&, tell = fleet.desk.tell](const PortEvent& event) {
-    tell(event);
-    if (event.state != PortState::NoJournal) return;
+  fleet.events.onConflict = [&](const Attempt& attempt) { conflict = attempt.label + ' ' + attempt.idNumber; };
+  fleet.events.onStatus = [&, show = fleet.events.onStatus](const PortStatus& status) {
+    show(status);
+    if (status.state != PortState::NoJournal) return;
     fleet.tables.isLost = false;
     fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // meanwhile
   };
@@ -191,6 +191,29 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
   EXPECT_FALSE(IsMissing(fleet.files, path + "-3.csv")) << "what can't be read stays";
 }
 
+// What throws must not keep the others from handing in.
+TEST(FleetTest, AnEntryThatThrowsIsHandedInLater) {
+  struct ThrowingJournal final : MemoryJournal {
+    using MemoryJournal::MemoryJournal;
+    std::optional<AttemptOutcome> Enter(const Attempt& attempt) override {
+      if (throws) throw std::bad_alloc();
+      return MemoryJournal::Enter(attempt);
+    }
+    bool throws = false;
+  };
+  Fleet fleet;
+  ThrowingJournal journal(fleet.tables);
+  PendingAttempts pending(fleet.files, fleet.folder + "/pending");
+  fleet.tables.isLost = true;
+  pending.Enter(journal, {});
+  fleet.tables.isLost = false;
+  journal.throws = true;
+  EXPECT_THROW(static_cast<void>(pending.HandIn(journal)), std::bad_alloc);
+  journal.throws = false;
+  EXPECT_TRUE(pending.HandIn(journal));
+  EXPECT_EQ(fleet.tables.attempts.size(), 1U);
+}
+
 TEST(FleetTest, APortThatCanNotBeMadeHarmsNoOther) {
   Fleet fleet;
   fleet.UsePlan(TwoRows);
@@ -201,12 +224,11 @@ TEST(FleetTest, APortThatCanNotBeMadeHarmsNoOther) {
     port->openFailure = "none";
     return port;
   };
-  fleet.when = {PortState::NoPort, [](Fleet& whole) { whole.desk.isStopping = true; }};
+  fleet.when = {PortState::NoPort, [](Fleet& whole) { whole.state->StopAfterTheseRadios(); }};
   fleet.cables.clear();
-  Bench(
-      fleet.desk, {{"COM1", broken, cable}, {"COM2", cable, cable}},
-      [&] { return std::make_unique<MemoryJournal>(fleet.tables); }, pending)
-      .Wait();
+  Bench(fleet.Context(pending), {{"COM1", broken, cable}, {"COM2", cable, cable}}, [&] {
+    return std::make_unique<MemoryJournal>(fleet.tables);
+  }).Wait();
   EXPECT_NE(fleet.States().find("STOPPED"), std::string::npos);
   EXPECT_NE(fleet.States().find("FINISHED"), std::string::npos);
 }

@@ -104,7 +104,7 @@ TEST_F(ManualTest, ListsNoMessageThatTheProgramDoesNotHave) {
 TEST_F(ManualTest, KnowsEveryCommandOfTheCommandLineTool) {
   const QString program = ReadText(SOURCE_FOLDER "/src/cli/main.cpp") +
                           ReadText(SOURCE_FOLDER "/src/cli/declare_file_commands.cpp") +
-                          ReadText(SOURCE_FOLDER "/src/cli/fleet/declare_fleet_command.cpp");
+                          ReadText(SOURCE_FOLDER "/src/cli/fleet/main.cpp");
   const QStringList commands = Captures(program, "(?:[cC]ommand\\([^,\"]*, |add_subcommand\\()\"([a-z]+)\"");
   EXPECT_GE(commands.size(), 14);
   for (const QString document :

@@ -1,6 +1,7 @@
 #include "fleet_command.h"
 
 #include "arguments.h"
+#include "attempt_records.h"
 #include "end_signals.h"
 #include "file_access.h"
 #include "file_commands.h"
@@ -42,17 +43,6 @@ bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& p
   return false;
 }
 
-bool StoreText(FileSystem& files, const std::string& path, const std::string& text, Terminal& terminal) {
-  if (path == Stream) {
-    terminal.out << text;
-    return EndOutput(terminal) == ExitStatus::Done;
-  }
-  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  if (ReplaceFile(files, path, bytes, Surplus::Drop)) return true;
-  terminal.err << path << ": can't be written" << SystemReason() << '\n';
-  return false;
-}
-
 ExitStatus NoAnswer(const std::string& address, const std::string& reason, Terminal& terminal) {
   terminal.err << address << ": " << reason << '\n';
   return ExitStatus::Failed;
@@ -68,19 +58,21 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
                   Terminal& terminal) {
   QEventLoop loop;
   FleetTally tally(choice.ports.size());
-  const auto take = [&](const PortEvent& event) {
-    if (tally.Take(event)) terminal.out << LineFor(event, DisplayName(choice.ports[event.port])) << std::endl;
+  const auto print = [&](const PortStatus& status) {
+    if (tally.Record(status)) terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
     if (tally.HasEnded()) loop.quit();
   };
+  const auto printConflict = [&](const Attempt& attempt) { terminal.out << LineForConflict(attempt) << std::endl; };
   // What comes from the ports' threads is printed in this one.
-  const auto inLoop = [&loop](auto tell) { QMetaObject::invokeMethod(&loop, tell, Qt::QueuedConnection); };
+  const auto inLoop = [&loop](auto function) { QMetaObject::invokeMethod(&loop, function, Qt::QueuedConnection); };
   FleetSession session(
-      files, settingsFile, plan, choice, [&](const PortEvent& event) { inLoop([&take, event] { take(event); }); },
-      [&](const Attempt& attempt) {
-        inLoop([&terminal, attempt] { terminal.out << LineForConflict(attempt) << std::endl; });
+      files, settingsFile, plan, choice,
+      BenchEvents{
+          .onStatus = [&](const PortStatus& status) { inLoop([&print, status] { print(status); }); },
+          .onConflict = [&](const Attempt& attempt) { inLoop([&printConflict, attempt] { printConflict(attempt); }); },
       });
   const auto stop = [&](int) {
-    session.StopAfterTheseRadios();
+    session.StopBeforeWrites();
     terminal.err << "Stopping after these radios.\n";
   };
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
@@ -112,7 +104,8 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
     std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);
     if (!attempts) return NoAnswer(address, journal->Error(), terminal);
     std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.bench != end.bench; });
-    if (!StoreText(files, arguments.logFile, JournalCsv(*attempts), terminal)) return ExitStatus::Failed;
+    const ExitStatus stored = StoreTextForCommand(files, arguments.logFile, AttemptsCsv(*attempts), terminal);
+    if (stored != ExitStatus::Done) return stored;
   }
   return end.isComplete ? EndOutput(terminal) : ExitStatus::Failed;
 }
@@ -127,7 +120,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   const std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
   if (!attempts) return NoAnswer(address, journal->Error(), terminal);
   if (!arguments.csvFile.empty())
-    return StoreText(files, arguments.csvFile, JournalCsv(*attempts), terminal) ? ExitStatus::Done : ExitStatus::Failed;
+    return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts), terminal);
   std::set<std::string> plans;
   for (const Attempt& attempt : *attempts)
     plans.insert(attempt.plan);

@@ -1,11 +1,20 @@
 // The fleet command: many radios over one plan, and the journal of it.
 #pragma once
 
-#include "declare_fleet_command.h"
-#include "file_system.h"
+#include "fleet_session.h"
 #include "terminal.h"
 
 namespace mr4500x {
+
+struct FleetArguments {
+  FleetChoice choice;             // without the ports
+  std::vector<std::string> ports; // "all" is one that is there
+  std::string logFile;
+  // fleet journal
+  std::string listed; // the journal's address, or a template
+  std::string csvFile;
+  std::string plan; // the key of the only plan to list
+};
 
 // Prints a line for every change at a port. Needs an application object; its event loop hears Ctrl-C. Done only if
 // every radio asked for is verified, UnusableArguments for a plan with refusals.

@@ -1,6 +1,7 @@
 // mr4500x-cli-fleet fleet ...: what `mr4500x-cli fleet` becomes, so that the other commands start without a database's
 // libraries.
 #include "fleet_command.h"
+#include "fleet_summary.h"
 #include "machine.h"
 #include "posix_file_system.h"
 #include "settings.h"
@@ -12,6 +13,57 @@
 
 #include <csignal>
 #include <iostream>
+#include <limits>
+
+namespace mr4500x {
+namespace {
+
+std::string PortProblem(const std::string& text) {
+  if (text == "all" || ParsePortAddress(text)) return "";
+  return text + " is no port: a number 1 to 16, the path of a device, or all.";
+}
+
+// Calls one of the functions at the end of the parsing.
+void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void()>& onFleet,
+             const std::function<void()>& onJournal) {
+  FleetChoice& choice = arguments.choice;
+  CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
+  CLI::App* const journal = fleet->add_subcommand("journal", "List what the journal holds");
+  const auto option = [](CLI::App* sub, const char* name, auto& value, const char* type, const char* about) {
+    return sub->add_option(name, value, about)->type_name(type);
+  };
+  const auto address = "the file of the journal, or postgresql://user@host:port/database";
+
+  option(fleet, "TEMPLATE", choice.templateFile, "", "data file (.K4X) with what all radios get");
+  option(fleet, "--rows", choice.rowsFile, "R.csv",
+         "a row for each radio: columns are settings (see fields), embedded_info, radio and label");
+  option(fleet, "--ports", arguments.ports, "PORTS", "ports, separated by commas; all: COM1 to COM16 with a device")
+      ->delimiter(',')
+      ->allow_extra_args(false) // TEMPLATE may follow
+      ->check(PortProblem);
+  option(fleet, "--count", choice.count, "N", "end after so many radios")
+      ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+  option(fleet, "--journal", choice.journal, "URL", address);
+  option(fleet, "--backup", choice.backupFolder, "FOLDER",
+         "where the radios' old configurations are kept; else backups, beside TEMPLATE");
+  fleet->add_flag("--quick", choice.isQuick, "leave out the pauses between records, until the radio needs them");
+  fleet->add_flag("--accept-band", choice.acceptsOtherBand, "write radios of another frequency band, too");
+  option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
+  fleet->final_callback([&arguments, journal, onFleet] {
+    if (journal->parsed()) return;
+    if (arguments.choice.templateFile.empty()) throw CLI::RequiredError("TEMPLATE");
+    if (arguments.ports.empty()) throw CLI::RequiredError("--ports");
+    onFleet();
+  });
+
+  option(journal, "URL", arguments.listed, "", address)->required();
+  option(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
+  option(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
+  journal->final_callback(onJournal);
+}
+
+} // namespace
+} // namespace mr4500x
 
 int main(int argc, char** argv) {
   using namespace mr4500x;
@@ -25,13 +77,11 @@ int main(int argc, char** argv) {
     ExitStatus status = ExitStatus::UnusableArguments;
     CLI::App app("A part of mr4500x-cli.", "mr4500x-cli");
     app.require_subcommand(1);
-    DeclareFleetCommand(
-        app, arguments,
-        [&] {
-          const std::string settings = SettingsFilePath(files, ProgramFolder(), UserConfigFolder());
-          status = RunFleet(files, settings, arguments, terminal);
-        },
-        [&] { status = RunFleetJournal(files, arguments, terminal); });
+    const auto runFleet = [&] {
+      const std::string settings = SettingsFilePath(files, ProgramFolder(), UserConfigFolder());
+      status = RunFleet(files, settings, arguments, terminal);
+    };
+    Declare(app, arguments, runFleet, [&] { status = RunFleetJournal(files, arguments, terminal); });
     try {
       app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -11,7 +11,7 @@
 namespace mr4500x {
 namespace {
 
-// So that a server that is away, or another bench that hangs in the middle of a transaction, holds nobody up for long.
+// Limits how long an unreachable server, or a bench stuck in a transaction, can block the others.
 constexpr char ServerOptions[] = "connect_timeout=3;tcp_user_timeout=5000;"
                                  "options='-c lock_timeout=5000 -c idle_in_transaction_session_timeout=5000"
                                  " -c client_min_messages=error'";
@@ -20,6 +20,10 @@ constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_REA
 constexpr char FrozenFileOptions[] = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
 
 constexpr off_t SmallestDatabase = 512; // bytes; SQLite would take a file of one byte for an empty one
+
+int KnownVersion() {
+  return static_cast<int>(SchemaVersions.size());
+}
 
 bool IsServer(const std::string& address) {
   return address.find("://") != std::string::npos;
@@ -41,7 +45,7 @@ std::string FileOfJournal(const std::string& address) {
 SqlConnection::SqlConnection(const std::string& address, JournalUse use)
     : m_address(address), m_file(FileOfJournal(address)), m_use(use),
       m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_dialect(IsServer(address) ? PostgreSql : Sqlite) {
-  if (!QSqlDatabase::isDriverAvailable(m_dialect.driver)) return; // told when it is needed
+  if (!QSqlDatabase::isDriverAvailable(m_dialect.driver)) return; // reported when it is needed
   QSqlDatabase database = QSqlDatabase::addDatabase(m_dialect.driver, m_name);
   if (IsServer(address)) {
     UseServer(database);
@@ -109,29 +113,37 @@ bool SqlConnection::CheckFile() {
   return true;
 }
 
-// Several processes may come upon a new database at once.
 bool SqlConnection::UpgradeSchema() {
-  const auto known = static_cast<int>(SchemaVersions.size());
-  int version = 0;
-  const auto readVersion = [&] {
-    const QStringList tables = Database().tables();
-    if (!tables.contains("fleet_schema"))
-      return (m_use == JournalUse::Enter && (m_file.empty() || tables.isEmpty())) || Fail("It is no journal.");
-    auto query = Run("SELECT version FROM fleet_schema");
-    if (query && query->next()) version = query->value(0).toInt();
-    return query.has_value();
-  };
-  const auto upgrade = [&] {
-    if (!Run(m_dialect.lockSchema) || !readVersion()) return false;
-    if (version >= known) return true;
-    if (version == 0 && !Run("CREATE TABLE fleet_schema (version BIGINT NOT NULL)")) return false;
-    for (const auto& statements : SchemaVersions.subspan(static_cast<std::size_t>(version)))
-      for (const char* const statement : statements)
-        if (!Run(statement)) return false;
-    return Run("DELETE FROM fleet_schema") && Run("INSERT INTO fleet_schema VALUES (:version)", {{":version", known}});
-  };
-  if (!readVersion() || (version < known && !InTransaction(upgrade))) return false;
-  return version <= known || Fail("The journal is one of a later version of this program.");
+  std::optional<int> version = SchemaVersion();
+  if (version && *version < KnownVersion())
+    version = InTransaction([&] { return UpgradeOnce(); }) ? SchemaVersion() : std::nullopt;
+  return version && (*version <= KnownVersion() || Fail("The journal is one of a later version of this program."));
+}
+
+// 0 for a new database; nullopt if it is not a journal, or does not answer.
+std::optional<int> SqlConnection::SchemaVersion() {
+  const QStringList tables = Database().tables();
+  if (!tables.contains("fleet_schema")) {
+    const bool mayBegin = m_use == JournalUse::Enter && (m_file.empty() || tables.isEmpty());
+    if (!mayBegin) Fail("It is no journal.");
+    return mayBegin ? std::optional(0) : std::nullopt;
+  }
+  auto query = Run("SELECT version FROM fleet_schema");
+  if (!query) return std::nullopt;
+  return query->next() ? query->value(0).toInt() : 0;
+}
+
+// Several processes may come upon a new database at once: the first one upgrades it, the others find it upgraded.
+bool SqlConnection::UpgradeOnce() {
+  if (!Run(m_dialect.lockSchema)) return false;
+  const std::optional<int> version = SchemaVersion();
+  if (!version || *version >= KnownVersion()) return version.has_value();
+  if (*version == 0 && !Run("CREATE TABLE fleet_schema (version BIGINT NOT NULL)")) return false;
+  for (const auto& statements : SchemaVersions.subspan(static_cast<std::size_t>(*version)))
+    for (const char* const statement : statements)
+      if (!Run(statement)) return false;
+  return Run("DELETE FROM fleet_schema") &&
+         Run("INSERT INTO fleet_schema VALUES (:version)", {{":version", KnownVersion()}});
 }
 
 bool SqlConnection::Fail(const QString& error) {

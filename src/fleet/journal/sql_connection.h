@@ -21,8 +21,8 @@ namespace mr4500x {
 
 using Values = std::vector<std::pair<QString, QVariant>>; // for the names in a statement
 
-// False and nullopt are failures, of which Error tells. They give up the connection, and with it the transaction; the
-// next Open connects again.
+// False and nullopt are failures, and Error has the reason. A failure gives up the connection, and with it the
+// transaction. The next Open connects again.
 class SqlConnection {
 public:
   SqlConnection(const std::string& address, JournalUse use);
@@ -30,7 +30,7 @@ public:
   SqlConnection(const SqlConnection&) = delete;
   SqlConnection& operator=(const SqlConnection&) = delete;
 
-  // Connects if need be, with the tables as they are to be.
+  // Connects if necessary and brings the schema up to date.
   [[nodiscard]] bool Open();
   [[nodiscard]] bool InTransaction(const std::function<bool()>& steps);
   // One statement; what stands in braces is filled in, and the values that it names.
@@ -51,6 +51,8 @@ private:
   [[nodiscard]] bool OpenDatabase();
   [[nodiscard]] bool CheckFile();
   [[nodiscard]] bool UpgradeSchema();
+  [[nodiscard]] std::optional<int> SchemaVersion();
+  [[nodiscard]] bool UpgradeOnce();
   bool Fail(const QString& error);
 
   const std::string m_address, m_file; // the file is "" for a server

@@ -1,7 +1,7 @@
 #include "sql_journal.h"
 
+#include "attempt_records.h"
 #include "sql_connection.h"
-#include "words.h"
 
 #include <QCryptographicHash>
 #include <QUuid>
@@ -11,37 +11,25 @@
 namespace mr4500x {
 namespace {
 
-struct TextColumn {
-  const char* name;
-  std::string Attempt::*text;
-};
-constexpr TextColumn AttemptTexts[] = {
-    {"attempt_key", &Attempt::key},    {"plan", &Attempt::plan},         {"label", &Attempt::label},
-    {"id_number", &Attempt::idNumber}, {"firmware", &Attempt::firmware}, {"band", &Attempt::band},
-    {"port", &Attempt::port},          {"bench", &Attempt::bench},       {"started", &Attempt::start},
-    {"ended", &Attempt::end},          {"said", &Attempt::text},         {"backup", &Attempt::backup},
-    {"sha256", &Attempt::sha256},
-};
-
-QString TextOf(const std::string& text) {
-  return QString::fromStdString(text);
+QString Text(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 QString WithoutTrailingBlanks(const std::string& text) {
-  return TextOf(text.substr(0, text.find_last_not_of(' ') + 1));
+  return Text(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 // What is unknown counts as what gives no row out twice.
-RowState StateNamed(const QString& name) {
+RowState StateIn(const QString& name) {
   return name == "free" ? RowState::Free : name == "done" ? RowState::Done : RowState::Taken;
 }
-AttemptOutcome StoredOutcome(const QString& name) {
-  return OutcomeNamed(name.toStdString()).value_or(AttemptOutcome::Conflict);
+AttemptOutcome OutcomeIn(const QString& name) {
+  return OutcomeStoredAs(name.toStdString()).value_or(AttemptOutcome::Conflict);
 }
 
-QString AttemptColumns(const QString& before) {
+QString ColumnList(const QString& before) {
   QString columns = before + "number, " + before + "outcome";
-  for (const TextColumn& column : AttemptTexts)
+  for (const AttemptColumn& column : AttemptColumns)
     columns += ", " + before + column.name;
   return columns;
 }
@@ -50,7 +38,7 @@ JournalRow RowIn(const QSqlQuery& query) {
   JournalRow row{.row = query.value(0).value<std::size_t>(),
                  .label = query.value(1).toString().toStdString(),
                  .radio = query.value(2).toString().toStdString(),
-                 .state = StateNamed(query.value(3).toString()),
+                 .state = StateIn(query.value(3).toString()),
                  .bench = {},
                  .idNumber = {}};
   if (row.state == RowState::Free) return row; // a silent bench has it no longer
@@ -62,9 +50,9 @@ JournalRow RowIn(const QSqlQuery& query) {
 Attempt AttemptIn(const QSqlQuery& query) {
   Attempt attempt;
   attempt.row = query.value(0).value<std::size_t>();
-  attempt.outcome = StoredOutcome(query.value(1).toString());
+  attempt.outcome = OutcomeIn(query.value(1).toString());
   int place = 2;
-  for (const TextColumn& column : AttemptTexts)
+  for (const AttemptColumn& column : AttemptColumns)
     attempt.*column.text = query.value(place++).toString().toStdString();
   return attempt;
 }
@@ -74,7 +62,7 @@ public:
   SqlJournal(const std::string& address, JournalUse use) : m_database(address, use) {}
 
   bool Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) override;
-  Claim Take(const std::string& plan, const std::string& bench, const std::string& idNumber, bool endless) override;
+  Claim ClaimRow(const std::string& plan, const std::string& bench, const std::string& idNumber, bool endless) override;
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<AttemptOutcome> Enter(const Attempt& attempt) override;
   std::optional<std::vector<JournalRow>> Rows(const std::string& plan) override;
@@ -84,8 +72,8 @@ public:
 private:
   [[nodiscard]] std::optional<std::vector<JournalRow>> SelectRows(const QString& condition, const Values& values);
 
-  [[nodiscard]] bool TakeRow(Claim& claim, bool endless, const Values& values);
-  [[nodiscard]] bool TakeFirst(Claim& claim, const char* condition, Values values);
+  [[nodiscard]] bool ClaimIn(Claim& claim, bool endless, const Values& values);
+  [[nodiscard]] bool ClaimFirst(Claim& claim, const char* condition, Values values);
   [[nodiscard]] bool EnterOnce(const Attempt& attempt, AttemptOutcome& outcome);
   [[nodiscard]] bool FinishRow(AttemptOutcome& outcome, const Values& values);
 
@@ -109,14 +97,14 @@ bool SqlJournal::Begin(const std::string& plan, const std::string& name, const s
   return m_database.Open() && m_database.InTransaction([&] {
     const auto added =
         m_database.Change("INSERT INTO fleet_plan (plan, name) VALUES (:plan, :name) ON CONFLICT DO NOTHING",
-                          {{":plan", TextOf(plan)}, {":name", TextOf(name)}});
+                          {{":plan", Text(plan)}, {":name", Text(name)}});
     if (!added || *added == 0) return added.has_value(); // its rows came with it
     return std::ranges::all_of(rows, [&](const JournalRow& row) {
       return m_database
           .Run("INSERT INTO fleet_row (plan, number, label, radio) VALUES (:plan, :number, :label, :radio)",
-               {{":plan", TextOf(plan)},
+               {{":plan", Text(plan)},
                 {":number", QVariant::fromValue(row.row)},
-                {":label", TextOf(row.label)},
+                {":label", Text(row.label)},
                 {":radio", WithoutTrailingBlanks(row.radio)}})
           .has_value();
     });
@@ -128,17 +116,18 @@ constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench,
 constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = ''"
                            " WHERE plan = :plan AND state = 'taken' AND ";
 
-Claim SqlJournal::Take(const std::string& plan, const std::string& bench, const std::string& idNumber, bool endless) {
+Claim SqlJournal::ClaimRow(const std::string& plan, const std::string& bench, const std::string& idNumber,
+                           bool endless) {
   Claim claim;
   const Values values = {{":id", WithoutTrailingBlanks(idNumber)},
-                         {":plan", TextOf(plan)},
-                         {":bench", TextOf(bench)},
+                         {":plan", Text(plan)},
+                         {":bench", Text(bench)},
                          {":claim", m_database.Name()}};
-  if (!m_database.Open() || !m_database.InTransaction([&] { return TakeRow(claim, endless, values); })) return {};
+  if (!m_database.Open() || !m_database.InTransaction([&] { return ClaimIn(claim, endless, values); })) return {};
   return claim;
 }
 
-bool SqlJournal::TakeRow(Claim& claim, bool endless, const Values& values) {
+bool SqlJournal::ClaimIn(Claim& claim, bool endless, const Values& values) {
   claim = {Claim::Kind::NoRow, {}};
   // A claim that this journal still has comes from a call whose answer was lost.
   if (!m_database.Run(Heard, values) || !m_database.Run(QString(SetFree) + "claim = :claim", values)) return false;
@@ -148,23 +137,23 @@ bool SqlJournal::TakeRow(Claim& claim, bool endless, const Values& values) {
     if (!named) return false;
     if (!done->empty()) claim = {Claim::Kind::DoneHere, done->front()};
     if (!done->empty()) return true;
-    // The number is at another port, too, or its bench has died and may have written it.
+    // The number is also at another port, or its bench has died and may have written it.
     const auto held = SelectRows("AND state = 'taken' AND NOT {isFree} AND id_number = :id", values);
     if (!held || !held->empty()) return held.has_value();
-    if (!named->empty()) return TakeFirst(claim, "AND radio = :id AND {isFree}{lock}", values);
+    if (!named->empty()) return ClaimFirst(claim, "AND radio = :id AND {isFree}{lock}", values);
   }
   constexpr char FirstFree[] = "AND radio = '' AND {isFree} ORDER BY number LIMIT 1{skip}";
-  if (!TakeFirst(claim, FirstFree, values)) return false;
+  if (!ClaimFirst(claim, FirstFree, values)) return false;
   if (claim.kind == Claim::Kind::Taken || !endless) return true;
   // The plan's lock keeps two benches from making the same row.
   return m_database.Run("SELECT plan FROM fleet_plan WHERE plan = :plan{lock}", values) &&
          m_database.Run("INSERT INTO fleet_row (plan, number)"
                         " SELECT :plan, coalesce(max(number), 0) + 1 FROM fleet_row WHERE plan = :plan",
                         values) &&
-         TakeFirst(claim, FirstFree, values);
+         ClaimFirst(claim, FirstFree, values);
 }
 
-bool SqlJournal::TakeFirst(Claim& claim, const char* condition, Values values) {
+bool SqlJournal::ClaimFirst(Claim& claim, const char* condition, Values values) {
   values.emplace_back(":number", 0);
   for (;;) {
     const auto rows = SelectRows(condition, values);
@@ -184,9 +173,9 @@ bool SqlJournal::TakeFirst(Claim& claim, const char* condition, Values values) {
 }
 
 Renewal SqlJournal::Renew(const std::string& plan, std::size_t row, const std::string& bench) {
-  const Values values = {{":plan", TextOf(plan)}, {":number", QVariant::fromValue(row)}, {":bench", TextOf(bench)}};
+  const Values values = {{":plan", Text(plan)}, {":number", QVariant::fromValue(row)}, {":bench", Text(bench)}};
   bool isKept = false;
-  const auto look = [&] {
+  const auto isHeld = [&] {
     auto query =
         m_database.Run("SELECT number FROM fleet_row WHERE plan = :plan AND number = :number AND state = 'taken'"
                        " AND bench = :bench{lock}",
@@ -194,7 +183,7 @@ Renewal SqlJournal::Renew(const std::string& plan, std::size_t row, const std::s
     isKept = query && query->next();
     return query.has_value();
   };
-  if (!m_database.Open() || !m_database.InTransaction([&] { return m_database.Run(Heard, values) && look(); }))
+  if (!m_database.Open() || !m_database.InTransaction([&] { return m_database.Run(Heard, values) && isHeld(); }))
     return Renewal::Lost;
   return isKept ? Renewal::Kept : Renewal::TakenAway;
 }
@@ -207,24 +196,23 @@ std::optional<AttemptOutcome> SqlJournal::Enter(const Attempt& attempt) {
 
 bool SqlJournal::EnterOnce(const Attempt& attempt, AttemptOutcome& outcome) {
   Values values = {{":id", WithoutTrailingBlanks(attempt.idNumber)}, {":number", QVariant::fromValue(attempt.row)}};
-  for (const TextColumn& column : AttemptTexts)
-    values.emplace_back(QString(":") + column.name, TextOf(attempt.*column.text));
+  for (const AttemptColumn& column : AttemptColumns)
+    values.emplace_back(QString(":") + column.name, Text(attempt.*column.text));
   auto earlier = m_database.Run("SELECT outcome FROM fleet_attempt WHERE attempt_key = :attempt_key", values);
   if (!earlier) return false;
   if (earlier->next()) {
-    outcome = StoredOutcome(earlier->value(0).toString());
+    outcome = OutcomeIn(earlier->value(0).toString());
     return true;
   }
   if (!FinishRow(outcome, values)) return false;
-  values.emplace_back(":outcome", TextOf(std::string(WordFor(outcome))));
-  return m_database
-      .Run("INSERT INTO fleet_attempt (" + AttemptColumns("") + ") VALUES (" + AttemptColumns(":") + ')', values)
+  values.emplace_back(":outcome", Text(StoredName(outcome)));
+  return m_database.Run("INSERT INTO fleet_attempt (" + ColumnList("") + ") VALUES (" + ColumnList(":") + ')', values)
       .has_value();
 }
 
 bool SqlJournal::FinishRow(AttemptOutcome& outcome, const Values& values) {
   if (outcome == AttemptOutcome::Verified) {
-    // Meanwhile the row may have got another radio, or the radio another row.
+    // In the meantime the row may have got another radio, or the radio another row.
     auto other = m_database.Run("SELECT number FROM fleet_row WHERE plan = :plan AND number = :number{lock}", values);
     if (other)
       other =
@@ -245,16 +233,16 @@ bool SqlJournal::FinishRow(AttemptOutcome& outcome, const Values& values) {
 }
 
 std::optional<std::vector<JournalRow>> SqlJournal::Rows(const std::string& plan) {
-  return m_database.Open() ? SelectRows("ORDER BY number", {{":plan", TextOf(plan)}}) : std::nullopt;
+  return m_database.Open() ? SelectRows("ORDER BY number", {{":plan", Text(plan)}}) : std::nullopt;
 }
 
 std::optional<std::vector<Attempt>> SqlJournal::Attempts(const std::string& plan) {
   auto query =
       m_database.Open()
           ? m_database.Run(
-                "SELECT " + AttemptColumns("") +
+                "SELECT " + ColumnList("") +
                     " FROM fleet_attempt WHERE :plan = '' OR plan = :plan ORDER BY started, number, attempt_key",
-                {{":plan", TextOf(plan)}})
+                {{":plan", Text(plan)}})
           : std::nullopt;
   if (!query) return std::nullopt;
   std::vector<Attempt> attempts;

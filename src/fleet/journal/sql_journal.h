@@ -15,7 +15,7 @@ enum class JournalUse : std::uint8_t {
 };
 
 // "PATH" or "sqlite:PATH" is a file, "postgresql://user@host:port/database?name=value" a server's database; the names
-// are libpq's. Nothing is opened yet: each call connects if need be, so the database may be away for a while. A file
+// are libpq's. Nothing is opened yet: each call connects if necessary, so the database may be away for a while. A file
 // must stay the one that was opened first. The journal belongs to the thread that makes it, under a QCoreApplication.
 [[nodiscard]] std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use);
 // The file at an address, "" for a server's.

@@ -21,7 +21,7 @@
 namespace mr4500x {
 namespace {
 
-// The same for each way to write a path: the pending attempts of a journal are found by it.
+// One path for all spellings, because the pending attempts of a journal are found by it.
 std::filesystem::path OwnPath(const std::string& path) {
   std::error_code failed;
   const std::filesystem::path own = std::filesystem::weakly_canonical(std::filesystem::absolute(path, failed), failed);
@@ -115,43 +115,37 @@ JournalContent ReadJournal(const std::string& address, const std::string& plan) 
 }
 
 FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
-                           std::function<void(const PortEvent&)> tell, std::function<void(const Attempt&)> tellConflict)
-    : m_texts(BuildFieldTexts('.')), m_plan(std::move(plan)),
+                           BenchEvents events)
+    : m_texts(BuildFieldTexts('.')),
+      m_plan(std::move(plan)), m_settings{.plan = m_plan,
+                                          .texts = m_texts,
+                                          .files = files,
+                                          .bench = NewBenchName(files),
+                                          .backupFolder = BackupFolderOf(choice),
+                                          .speed = choice.isQuick ? Speed::Quick : Speed::Prescribed,
+                                          .acceptsOtherBand = choice.acceptsOtherBand,
+                                          .now = LocalNow,
+                                          .sha256 = Sha256Of,
+                                          .newKey = NewAttemptKey},
+      m_events(std::move(events)), m_state(choice.count),
       m_pending(files, UserStateFolder() + "/fleet/" + Sha256Of(JournalOf(choice)).substr(0, 16)),
-      m_hasCount(choice.count >= 0), m_desk{.plan = m_plan,
-                                            .texts = m_texts,
-                                            .files = files,
-                                            .bench = NewBenchName(files),
-                                            .backupFolder = BackupFolderOf(choice),
-                                            .speed = choice.isQuick ? Speed::Quick : Speed::Prescribed,
-                                            .acceptsOtherBand = choice.acceptsOtherBand,
-                                            .now = LocalNow,
-                                            .sha256 = Sha256Of,
-                                            .newKey = NewAttemptKey,
-                                            .tell = std::move(tell),
-                                            .tellConflict = std::move(tellConflict),
-                                            .placesLeft = choice.count,
-                                            .places = {}} {
-  m_bench = std::make_unique<Bench>(
-      m_desk, BenchPortsOf(choice.ports, files, settingsFile),
-      [address = JournalOf(choice)] { return OpenJournal(address, JournalUse::Enter); }, m_pending);
-}
+      m_bench({m_settings, m_state, m_pending, m_events}, BenchPortsOf(choice.ports, files, settingsFile),
+              [address = JournalOf(choice)] { return OpenJournal(address, JournalUse::Enter); }) {}
 
-bool FleetTally::Take(const PortEvent& event) {
-  std::optional<PortEvent>& last = m_last[event.port];
-  const bool isNews = !last || last->state != event.state || last->row != event.row || last->idNumber != event.idNumber;
-  last = event;
+bool FleetTally::Record(const PortStatus& status) {
+  std::optional<PortStatus>& last = m_last[status.port];
+  const bool isNews =
+      !last || last->state != status.state || last->row != status.row || last->idNumber != status.idNumber;
+  last = status;
   if (!isNews) return false;
-  if (event.state == PortState::Done) ++m_done;
-  if (IsGood(event.state)) m_failed.erase(event.idNumber);
-  if (IsBad(event.state) && event.state != PortState::NoRow) m_failed.insert(event.idNumber);
+  if (status.state == PortState::Done) ++m_done;
+  if (IsGood(status.state)) m_failed.erase(status.idNumber);
+  if (IsBad(status.state) && status.state != PortState::NoRow) m_failed.insert(status.idNumber);
   return true;
 }
 
 bool FleetTally::HasEnded() const {
-  return std::ranges::all_of(m_last, [](const auto& last) {
-    return last && (last->state == PortState::Stopped || last->state == PortState::Finished);
-  });
+  return std::ranges::all_of(m_last, [](const auto& last) { return last && IsEnd(last->state); });
 }
 
 } // namespace mr4500x

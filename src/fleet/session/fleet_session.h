@@ -3,7 +3,7 @@
 #pragma once
 
 #include "bench.h"
-#include "fleet_choice.h"
+#include "port_address.h"
 
 #include <functional>
 #include <iosfwd>
@@ -14,13 +14,25 @@
 
 namespace mr4500x {
 
+// What a bench is to do, as its user chooses it.
+struct FleetChoice {
+  std::string templateFile;
+  std::string rowsFile;     // "": every radio gets the template
+  std::string journal;      // address; "": a file beside the template
+  std::string backupFolder; // "": a folder beside the template
+  std::vector<PortAddress> ports;
+  int count = -1; // radios at most; below 0: all
+  bool isQuick = false;
+  bool acceptsOtherBand = false;
+};
+
 // The journal's address; a file's is its whole path.
 [[nodiscard]] std::string JournalOf(const FleetChoice& choice);
 // Whether the file is one of those that a bench reads, or its journal: no table may go there.
 [[nodiscard]] bool IsNeeded(const FleetChoice& choice, const std::string& path);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 
-// Reads the template and the rows. What can't be read is a problem of the plan. "-" stands for `input`; without one it
+// Reads the template and the rows. What can't be read is a problem of the plan. `input` is read for "-"; without one it
 // is a file of that name.
 [[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts,
                                  std::istream* input);
@@ -38,56 +50,47 @@ struct JournalContent {
 };
 [[nodiscard]] JournalContent ReadJournal(const std::string& address, const std::string& plan);
 
-// Its end stops the ports after the radios at hand, and waits for them.
+// Its end stops the ports after the radios in progress, and waits for them.
 class FleetSession {
 public:
-  // Starts the ports. Both functions are called in their threads.
+  // Starts the ports.
   FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
-               std::function<void(const PortEvent&)> tell, std::function<void(const Attempt&)> tellConflict);
+               BenchEvents events);
 
-  void StopAfterTheseRadios() { m_bench->StopAfterTheseRadios(); }
-  [[nodiscard]] const std::string& BenchName() const { return m_desk.bench; }
-  // Those that the journal did not take.
+  void StopAfterTheseRadios() { m_state.StopAfterTheseRadios(); }
+  void StopBeforeWrites() { m_state.StopBeforeWrites(); } // as the policy of end_signals.h demands
+  [[nodiscard]] const std::string& BenchName() const { return m_settings.bench; }
+  // Entries that the journal did not take.
   [[nodiscard]] std::size_t PendingCount() { return m_pending.Count(); }
-
-  // Whether all radios are verified that were asked for: by count, or by the rows.
-  [[nodiscard]] bool IsComplete() const { return m_hasCount ? m_desk.placesLeft == 0 : m_desk.areRowsDone.load(); }
+  // Whether all requested radios are verified: the count, or all rows.
+  [[nodiscard]] bool IsComplete() const { return m_state.IsComplete(); }
 
 private:
   const FieldTexts m_texts;
   const Plan m_plan;
+  const BenchSettings m_settings;
+  const BenchEvents m_events;
+  BenchState m_state;
   PendingAttempts m_pending;
-  const bool m_hasCount;
-  FleetDesk m_desk;
-  std::unique_ptr<Bench> m_bench;
+  Bench m_bench;
 };
 
-// What the ports of a bench have told so far.
+// What the ports of a bench have reported so far.
 class FleetTally {
 public:
   explicit FleetTally(std::size_t ports) : m_last(ports) {}
 
-  // Whether the event is more than progress.
-  bool Take(const PortEvent& event);
+  // Returns whether the status is more than progress.
+  bool Record(const PortStatus& status);
   [[nodiscard]] bool HasEnded() const;              // all ports
   [[nodiscard]] int Done() const { return m_done; } // radios
-  // Radios that were left unverified. One without a row was not asked for.
+  // Radios that were left unverified. One without a row was not requested.
   [[nodiscard]] std::size_t Failed() const { return m_failed.size(); }
 
 private:
-  std::vector<std::optional<PortEvent>> m_last;
+  std::vector<std::optional<PortStatus>> m_last;
   std::set<std::string> m_failed; // identity numbers
   int m_done = 0;
 };
-
-[[nodiscard]] constexpr bool IsUnderway(PortState state) { // with a radio that must not be taken off
-  return state >= PortState::Identifying && state <= PortState::Verifying;
-}
-[[nodiscard]] constexpr bool IsGood(PortState state) {
-  return state == PortState::Done || state == PortState::AlreadyDone;
-}
-[[nodiscard]] constexpr bool IsBad(PortState state) {
-  return state == PortState::Failed || state == PortState::SetAside || state == PortState::NoRow;
-}
 
 } // namespace mr4500x

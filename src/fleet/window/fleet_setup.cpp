@@ -1,6 +1,5 @@
 #include "fleet_setup.h"
 
-#include "fleet_session.h"
 #include "port_devices.h"
 #include "settings.h"
 

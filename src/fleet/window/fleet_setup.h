@@ -1,7 +1,7 @@
 // What the user chooses before the start: template, rows, journal, ports.
 #pragma once
 
-#include "fleet_choice.h"
+#include "fleet_session.h"
 
 #include <QGroupBox>
 
@@ -15,8 +15,6 @@ class QListWidget;
 class QSettings;
 
 namespace mr4500x {
-
-class FileSystem;
 
 class FleetSetup final : public QGroupBox {
 public:
@@ -39,7 +37,7 @@ private:
   std::string m_settingsFile;
   std::function<void()> m_filesChanged;
   QWidget* m_choices;
-  QLabel* m_summary; // stands for them while the bench runs
+  QLabel* m_summary; // shown instead while the bench runs
   QLineEdit* m_template;
   QLineEdit* m_rows;
   QLineEdit* m_journal;

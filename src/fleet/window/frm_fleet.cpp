@@ -54,8 +54,8 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
       m_print(new QPushButton(tr("Print jour&nal..."))) {
   m_worker.setMaxThreadCount(1);
   BuildWindow();
-  m_lookAgain.setInterval(2s);
-  connect(&m_lookAgain, &QTimer::timeout, this, [this] { LookAtRows(); });
+  m_refresh.setInterval(2s);
+  connect(&m_refresh, &QTimer::timeout, this, [this] { RefreshRows(); });
   m_loadSoon.setSingleShot(true);
   m_loadSoon.setInterval(300ms);
   connect(&m_loadSoon, &QTimer::timeout, this, [this] { LoadChosenPlan(); });
@@ -71,6 +71,19 @@ FrmFleet::~FrmFleet() {
 void FrmFleet::BuildWindow() {
   setWindowTitle(tr("MR4500X Fleet"));
   resize(1200, 760);
+  m_problems->setObjectName(QStringLiteral("lstProblems"));
+  BuildCards();
+  BuildTable();
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(m_setup);
+  layout->addWidget(m_cardArea, 4);
+  layout->addLayout(BuildCounts());
+  layout->addWidget(m_problems, 2);
+  layout->addWidget(m_table, 2);
+  layout->addLayout(BuildButtons());
+}
+
+void FrmFleet::BuildCards() {
   auto* const cards = new QWidget;
   cards->setLayout(m_cardGrid);
   m_cardGrid->setContentsMargins(0, 0, 0, 0);
@@ -79,16 +92,13 @@ void FrmFleet::BuildWindow() {
   m_cardArea->setFrameShape(QFrame::NoFrame);
   m_cardArea->setFocusPolicy(Qt::NoFocus);
   m_cardArea->hide(); // until the start
+}
 
-  auto* const filter = new QLineEdit;
-  filter->setObjectName(QStringLiteral("txtFilter"));
-  filter->setClearButtonEnabled(true);
-  filter->setPlaceholderText(tr("Filter (Ctrl+F)"));
+void FrmFleet::BuildTable() {
   m_filtered.setSourceModel(&m_rows);
   m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
   m_filtered.setFilterKeyColumn(-1); // all
-  connect(filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
-  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
+  m_table->setObjectName(QStringLiteral("gridRows"));
   m_table->setModel(&m_filtered);
   m_table->setSortingEnabled(true);
   m_table->sortByColumn(1, Qt::AscendingOrder);
@@ -98,39 +108,42 @@ void FrmFleet::BuildWindow() {
   m_table->verticalHeader()->hide();
   m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
   m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  m_table->setObjectName(QStringLiteral("gridRows"));
-  m_problems->setObjectName(QStringLiteral("lstProblems"));
+}
+
+// The counts, and the filter of the table below them.
+QLayout* FrmFleet::BuildCounts() {
+  m_counts->setObjectName(QStringLiteral("lblCounts"));
+  auto* const filter = new QLineEdit;
+  filter->setObjectName(QStringLiteral("txtFilter"));
+  filter->setClearButtonEnabled(true);
+  filter->setPlaceholderText(tr("Filter (Ctrl+F)"));
+  connect(filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
+  auto* const line = new QHBoxLayout;
+  line->addWidget(m_counts, 1);
+  line->addWidget(filter);
+  return line;
+}
+
+QLayout* FrmFleet::BuildButtons() {
   m_message->setObjectName(QStringLiteral("lblMessage"));
   m_message->setTextFormat(Qt::PlainText);
   m_message->setWordWrap(true);
-  m_counts->setObjectName(QStringLiteral("lblCounts"));
-
-  auto* const above = new QHBoxLayout;
-  above->addWidget(m_counts, 1);
-  above->addWidget(filter);
-  auto* const buttons = new QHBoxLayout;
-  buttons->addWidget(m_message, 1);
-  const std::pair<QPushButton*, const char*> all[] = {
-      {m_save, "cmdSave"}, {m_print, "cmdPrint"}, {m_stop, "cmdStop"}, {m_start, "cmdStart"}};
-  for (const auto& [button, name] : all) {
+  auto* const line = new QHBoxLayout;
+  line->addWidget(m_message, 1);
+  const auto add = [&](QPushButton* button, const char* name, void (FrmFleet::*handler)()) {
     button->setObjectName(QLatin1String(name));
-    buttons->addWidget(button);
-  }
-  auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(m_setup);
-  layout->addWidget(m_cardArea, 4);
-  layout->addLayout(above);
-  layout->addWidget(m_problems, 2);
-  layout->addWidget(m_table, 2);
-  layout->addLayout(buttons);
-
-  connect(m_start, &QPushButton::clicked, this, [this] { Start(); });
-  connect(m_stop, &QPushButton::clicked, this, [this] { StopAfterTheseRadios(); });
-  connect(m_save, &QPushButton::clicked, this, [this] { SaveJournal(); });
-  connect(m_print, &QPushButton::clicked, this, [this] { PrintOnPaper(); });
+    connect(button, &QPushButton::clicked, this, handler);
+    line->addWidget(button);
+  };
+  add(m_save, "cmdSave", &FrmFleet::SaveJournal);
+  add(m_print, "cmdPrint", &FrmFleet::PrintOnPaper);
+  add(m_stop, "cmdStop", &FrmFleet::StopAfterTheseRadios);
+  add(m_start, "cmdStart", &FrmFleet::Start);
+  return line;
 }
 
-void FrmFleet::Tell(const QString& text) {
+void FrmFleet::ShowMessage(const QString& text) {
   m_message->setText(text);
 }
 
@@ -138,7 +151,7 @@ void FrmFleet::Tell(const QString& text) {
 void FrmFleet::ForgetPlan() {
   m_plan.reset();
   ++m_loads;
-  Tell({});
+  ShowMessage({});
   m_rows.Show({});
   m_counts->clear();
   ShowState();
@@ -151,10 +164,10 @@ void FrmFleet::LoadChosenPlan() {
   const auto work = [this, choice] {
     return std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
   };
-  Later(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
+  RunInWorker(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
     if (load != m_loads) return;
     if (m_session || m_isStarting) return;
-    if (m_plan && IsSamePlan(*check, *m_plan)) return LookAtRows(); // what is selected stays
+    if (m_plan && IsSamePlan(*check, *m_plan)) return RefreshRows(); // what is selected stays
     ShowPlan(check, choice);
   });
 }
@@ -169,7 +182,7 @@ void FrmFleet::ShowPlan(const std::shared_ptr<const PlanCheck>& check, const Fle
   m_rows.Show(check->problems.empty() ? JournalRowsOf(check->plan) : std::vector<JournalRow>());
   ShowCounts();
   ShowState();
-  LookAtRows();
+  RefreshRows();
 }
 
 void FrmFleet::ShowState() {
@@ -178,8 +191,8 @@ void FrmFleet::ShowState() {
   const FleetChoice choice = m_setup->Choice();
   const QString missing = tr("Choose a template and the ports.");
   const bool isMissing = !isRunning && (choice.templateFile.empty() || choice.ports.empty());
-  if (isMissing && m_message->text().isEmpty()) Tell(missing); // what a command has told stays
-  if (!isMissing && m_message->text() == missing) Tell({});
+  if (isMissing && m_message->text().isEmpty()) ShowMessage(missing); // the message of a command stays
+  if (!isMissing && m_message->text() == missing) ShowMessage({});
   m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
   m_save->setEnabled(isUsable);
@@ -191,7 +204,7 @@ void FrmFleet::ShowState() {
 void FrmFleet::Start() {
   if (m_session || m_isStarting || !m_start->isEnabled()) return;
   m_isStarting = true;
-  Tell({});
+  ShowMessage({});
   ShowState();
   const FleetChoice choice = m_setup->Choice();
   const auto work = [this, choice, plan = m_plan, address = m_journal] {
@@ -201,14 +214,14 @@ void FrmFleet::Start() {
     if (beginning.isSame) beginning.reason = EnterPlan(address, plan->plan);
     return beginning;
   };
-  Later(work, [this, choice](const Beginning& beginning) {
+  RunInWorker(work, [this, choice](const Beginning& beginning) {
     m_isStarting = false;
     if (!beginning.isSame) {
       ShowPlan(beginning.check, choice);
-      Tell(tr("The template or the rows have changed. Look at them, and start again."));
+      ShowMessage(tr("The template or the rows have changed. Look at them, and start again."));
     } else if (beginning.reason) {
-      Tell(Shown(m_journal + ": " + *beginning.reason));
-    } else {
+      ShowMessage(Shown(m_journal + ": " + *beginning.reason));
+    } else if (!m_closesAtEnd) {
       StartPorts(choice);
     }
     ShowState();
@@ -226,13 +239,16 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
   m_tally = FleetTally(choice.ports.size());
   m_isStopping = false;
   m_since.start();
-  m_lookAgain.start();
+  m_refresh.start();
   // What comes from the ports' threads is shown in this one.
-  const auto inWindow = [this](auto tell) { QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection); };
+  const auto inWindow = [this](auto show) { QMetaObject::invokeMethod(this, show, Qt::QueuedConnection); };
   m_session = std::make_unique<FleetSession>(
       m_files, m_settingsFile, m_plan->plan, choice,
-      [this, inWindow](const PortEvent& event) { inWindow([this, event] { Take(event); }); },
-      [this, inWindow](const Attempt& attempt) { inWindow([this, attempt] { TellConflict(attempt); }); });
+      BenchEvents{
+          .onStatus = [this, inWindow](const PortStatus& status) { inWindow([this, status] { ShowStatus(status); }); },
+          .onConflict = [this,
+                         inWindow](const Attempt& attempt) { inWindow([this, attempt] { ShowConflict(attempt); }); },
+      });
 }
 
 // As many in a row as the window is wide enough for.
@@ -250,16 +266,16 @@ void FrmFleet::ArrangeCards() {
   m_cardArea->setMaximumHeight(rows * high); // the table has the rest
 }
 
-void FrmFleet::Take(const PortEvent& event) {
-  m_cards[event.port]->Show(event);
-  if (!m_tally.Take(event)) return;
-  if (event.state == PortState::Done) Beep(1);
-  if (IsBad(event.state)) Beep(3);
-  LookAtRows();
+void FrmFleet::ShowStatus(const PortStatus& status) {
+  m_cards[status.port]->Show(status);
+  if (!m_tally.Record(status)) return;
+  if (status.state == PortState::Done) Beep(1);
+  if (IsBad(status.state)) Beep(3);
+  RefreshRows();
   if (m_tally.HasEnded()) End();
 }
 
-void FrmFleet::TellConflict(const Attempt& attempt) {
+void FrmFleet::ShowConflict(const Attempt& attempt) {
   Beep(3);
   auto* const box =
       new QMessageBox(QMessageBox::Warning, windowTitle(), Shown(LineForConflict(attempt)), QMessageBox::Ok, this);
@@ -269,12 +285,12 @@ void FrmFleet::TellConflict(const Attempt& attempt) {
 
 void FrmFleet::End() {
   if (const std::size_t pending = m_session->PendingCount(); pending > 0)
-    Tell(Shown(LineForPending(pending)));
+    ShowMessage(Shown(LineForPending(pending)));
   else
-    Tell(tr("All ports have ended."));
+    ShowMessage(tr("All ports have ended."));
   m_session.reset();
-  m_lookAgain.stop();
-  LookAtRows();
+  m_refresh.stop();
+  RefreshRows();
   m_isStopping = false;
   ShowState();
   m_start->setFocus();
@@ -285,24 +301,24 @@ void FrmFleet::StopAfterTheseRadios() {
   if (!m_session || m_isStopping) return;
   m_isStopping = true;
   m_session->StopAfterTheseRadios();
-  Tell(tr("Stopping after these radios."));
+  ShowMessage(tr("Stopping after these radios."));
   ShowState();
 }
 
-// In the other thread, as the database may be slow. One look at a time.
-void FrmFleet::LookAtRows() {
-  m_looksAgain = m_isLooking;
-  if (m_isLooking || !m_plan || !m_plan->problems.empty()) return;
-  m_isLooking = true;
+// In the worker's thread, as the database may be slow. One query at a time.
+void FrmFleet::RefreshRows() {
+  m_refreshesAgain = m_isRefreshing;
+  if (m_isRefreshing || !m_plan || !m_plan->problems.empty()) return;
+  m_isRefreshing = true;
   // The rows alone: the attempts may be many.
   const auto work = [plan = m_plan, address = m_journal] {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     auto rows = journal->Rows(plan->plan.key);
     return rows ? JournalContent{std::move(*rows), {}, ""} : JournalContent{{}, {}, journal->Error()};
   };
-  Later(work, [this, plan = m_plan](const JournalContent& content) {
-    m_isLooking = false;
-    if (plan != m_plan || m_looksAgain) LookAtRows();
+  RunInWorker(work, [this, plan = m_plan](const JournalContent& content) {
+    m_isRefreshing = false;
+    if (plan != m_plan || m_refreshesAgain) RefreshRows();
     if (plan != m_plan) return;
     if (!content.rows.empty()) m_rows.Show(content.rows);
     // Before the first start there is no file.
@@ -330,6 +346,11 @@ void FrmFleet::Beep(int times) {
     QTimer::singleShot(i * 250ms, this, [] { QApplication::beep(); });
 }
 
+void FrmFleet::CloseBySignal() {
+  if (m_session) m_session->StopBeforeWrites();
+  CloseAfterTheseRadios();
+}
+
 void FrmFleet::CloseAfterTheseRadios() {
   m_closesAtEnd = true;
   StopAfterTheseRadios();
@@ -355,7 +376,7 @@ void FrmFleet::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
 }
 
-// Meanwhile a cable may have come, and the lists may be others.
+// In the meantime a cable may have been plugged in, and the files may have changed.
 bool FrmFleet::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && !m_session && !m_isStarting) {
     m_setup->FindPorts();

@@ -15,6 +15,7 @@
 
 class QGridLayout;
 class QLabel;
+class QLayout;
 class QListWidget;
 class QPushButton;
 class QScrollArea;
@@ -33,6 +34,7 @@ public:
 
   void StopAfterTheseRadios();
   void CloseAfterTheseRadios(); // without a question
+  void CloseBySignal();         // as the policy of end_signals.h demands
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -40,20 +42,24 @@ protected:
   bool event(QEvent* event) override;
 
 private:
-  // `work` in the other thread, then `then` with its result in this one.
+  // Runs `work` in the worker's thread, then `then` with its result in this one.
   template<class Work, class Then>
-  void Later(Work work, Then then);
+  void RunInWorker(Work work, Then then);
 
   void BuildWindow();
+  void BuildCards();
+  void BuildTable();
+  [[nodiscard]] QLayout* BuildCounts();
+  [[nodiscard]] QLayout* BuildButtons();
   void ForgetPlan();
   void LoadChosenPlan();
   void ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice);
   void Start();
   void StartPorts(const FleetChoice& choice);
-  void Take(const PortEvent& event);
-  void TellConflict(const Attempt& attempt);
+  void ShowStatus(const PortStatus& status);
+  void ShowConflict(const Attempt& attempt);
   void End();
-  void LookAtRows();
+  void RefreshRows();
   void ShowCounts();
   void ArrangeCards();
   void ShowState(); // what can be done now
@@ -61,7 +67,7 @@ private:
   void WithJournal(std::function<void(const JournalContent&)> use);
   void SaveJournal();
   void PrintOnPaper();
-  void Tell(const QString& text);
+  void ShowMessage(const QString& text);
 
   FileSystem& m_files;
   std::string m_settingsFile;
@@ -84,14 +90,15 @@ private:
   unsigned m_loads = 0;                    // the number of the one that counts
   std::unique_ptr<FleetSession> m_session;
   FleetTally m_tally{0};
-  QTimer m_loadSoon, m_lookAgain;
+  QTimer m_loadSoon, m_refresh;
   QElapsedTimer m_since;
-  QString m_journalError; // of the last look
-  bool m_isStarting = false, m_isStopping = false, m_isLooking = false, m_looksAgain = false, m_closesAtEnd = false;
+  QString m_journalError; // of the last query
+  bool m_isStarting = false, m_isStopping = false, m_isRefreshing = false, m_refreshesAgain = false,
+       m_closesAtEnd = false;
 };
 
 template<class Work, class Then>
-void FrmFleet::Later(Work work, Then then) {
+void FrmFleet::RunInWorker(Work work, Then then) {
   m_worker.start([this, work = std::move(work), then = std::move(then)] {
     auto result = work();
     QMetaObject::invokeMethod(

@@ -1,10 +1,10 @@
 // The journal in a file and on paper.
+#include "attempt_records.h"
 #include "file_access.h"
 #include "fleet_setup.h"
 #include "frm_fleet.h"
 #include "journal_report.h"
 #include "shown_text.h"
-#include "words.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -17,11 +17,11 @@ namespace mr4500x {
 
 void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
   const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
-  Later(work, [this, use = std::move(use)](const JournalContent& content) {
+  RunInWorker(work, [this, use = std::move(use)](const JournalContent& content) {
     if (content.error.empty())
       use(content);
     else
-      Tell(Shown(m_journal + ": " + content.error));
+      ShowMessage(Shown(m_journal + ": " + content.error));
   });
 }
 
@@ -36,7 +36,7 @@ void FrmFleet::SaveJournal() {
   dialog.selectFile(plan.completeBaseName() + QStringLiteral("-journal"));
   if (dialog.exec() != QDialog::Accepted) return;
   const QString file = dialog.selectedFiles().value(0);
-  if (IsNeeded(m_setup->Choice(), file.toStdString())) return Tell(tr("%1 can't be written.").arg(file));
+  if (IsNeeded(m_setup->Choice(), file.toStdString())) return ShowMessage(tr("%1 can't be written.").arg(file));
   WithJournal([this, file, name = Shown(m_plan->plan.name)](const JournalContent& content) {
     bool isStored = false;
     if (file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
@@ -44,11 +44,11 @@ void FrmFleet::SaveJournal() {
       printer.setOutputFileName(file);
       isStored = PrintJournal(printer, name, content);
     } else {
-      const std::string text = JournalCsv(content.attempts);
+      const std::string text = AttemptsCsv(content.attempts);
       const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
       isStored = ReplaceFile(m_files, file.toStdString(), bytes, Surplus::Drop);
     }
-    Tell(isStored ? tr("The journal is in %1.").arg(file) : tr("%1 can't be written.").arg(file));
+    ShowMessage(isStored ? tr("The journal is in %1.").arg(file) : tr("%1 can't be written.").arg(file));
   });
 }
 
@@ -58,7 +58,7 @@ void FrmFleet::PrintOnPaper() {
   if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted) return;
   WithJournal([this, printer, name = Shown(m_plan->plan.name)](const JournalContent& content) {
     if (!PrintJournal(*printer, name, content))
-      Tell(tr("The printer %1 did not take the job.").arg(printer->printerName()));
+      ShowMessage(tr("The printer %1 did not take the job.").arg(printer->printerName()));
   });
 }
 

@@ -23,6 +23,12 @@ int main(int argc, char** argv) {
   FrmFleet window(files, SettingsFilePath(files, ProgramFolder(), folder),
                   QString::fromStdString(folder) + QStringLiteral("/fleet.ini"));
   window.show();
-  const EndSignalsHeard endSignals([&](int) { window.CloseAfterTheseRadios(); }, NextSignal::IsReported);
-  return QApplication::exec();
+  int signal = 0;
+  const auto close = [&](int number) {
+    signal = number;
+    window.CloseBySignal();
+  };
+  const EndSignalsHeard endSignals(close, NextSignal::IsReported);
+  const int status = QApplication::exec();
+  return signal == 0 ? status : 128 + signal;
 }

@@ -1,6 +1,5 @@
 #include "port_card.h"
 
-#include "fleet_session.h"
 #include "shown_text.h"
 #include "words.h"
 
@@ -18,7 +17,7 @@ const QColor Grey(0x5f, 0x63, 0x68), Blue(0x1a, 0x5f, 0xb4), Green(0x1e, 0x7b, 0
 
 } // namespace
 
-Look LookOf(PortState state) {
+StateStyle StyleOf(PortState state) {
   switch (state) {
   case PortState::Identifying:
   case PortState::BackingUp:
@@ -45,16 +44,16 @@ Look LookOf(PortState state) {
   return {Sign::Bar, Grey};
 }
 
-Look LookOf(RowState state) {
-  return state == RowState::Done    ? Look{Sign::Tick, Green}
-         : state == RowState::Taken ? Look{Sign::Play, Blue}
-                                    : Look{Sign::Ring, Grey};
+StateStyle StyleOf(RowState state) {
+  return state == RowState::Done    ? StateStyle{Sign::Tick, Green}
+         : state == RowState::Taken ? StateStyle{Sign::Play, Blue}
+                                    : StateStyle{Sign::Ring, Grey};
 }
 
-void DrawSign(QPainter& painter, const QRectF& place, Sign sign, const QColor& colour) {
-  const auto at = [&](double x, double y) { return place.topLeft() + QPointF(x * place.width(), y * place.height()); };
+void DrawSign(QPainter& painter, const QRectF& area, Sign sign, const QColor& colour) {
+  const auto at = [&](double x, double y) { return area.topLeft() + QPointF(x * area.width(), y * area.height()); };
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(colour, place.width() / 6, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+  painter.setPen(QPen(colour, area.width() / 6, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
   painter.setBrush(Qt::NoBrush);
   switch (sign) {
   case Sign::Ring:
@@ -95,7 +94,7 @@ public:
 protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    const auto [sign, colour] = LookOf(m_state);
+    const auto [sign, colour] = StyleOf(m_state);
     painter.fillRect(rect(), colour);
     const int size = fontMetrics().ascent(), gap = size / 2;
     DrawSign(painter, QRectF(gap, (height() - size) / 2.0, size, size), sign, Qt::white);
@@ -143,20 +142,20 @@ PortCard::PortCard(const QString& portName)
   Show({});
 }
 
-void PortCard::Show(const PortEvent& event) {
+void PortCard::Show(const PortStatus& status) {
   // What became of the last radio is still to be seen when the port has nothing more to do.
-  if (event.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) return;
-  m_state = event.state;
-  m_banner->Show(event.state);
-  QStringList who{Shown(event.label), Shown(event.idNumber)};
-  if (event.row > 0) who.prepend(tr("Row %1").arg(event.row));
+  if (status.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) return;
+  m_state = status.state;
+  m_banner->Show(status.state);
+  QStringList who{Shown(status.label), Shown(status.idNumber)};
+  if (status.row > 0) who.prepend(tr("Row %1").arg(status.row));
   who.removeAll(QString());
   m_who->setText(who.join(QStringLiteral("  ")));
-  m_text->setText(Shown(event.text));
+  m_text->setText(Shown(status.text));
   m_text->setToolTip(m_text->text());
-  m_bar->setValue(event.percent);
-  m_below->setCurrentIndex(IsUnderway(event.state) ? 0 : 1);
-  setAccessibleName(m_portName + QStringLiteral(": ") + Shown(WordFor(event.state)));
+  m_bar->setValue(status.percent);
+  m_below->setCurrentIndex(IsUnderway(status.state) ? 0 : 1);
+  setAccessibleName(m_portName + QStringLiteral(": ") + Shown(WordFor(status.state)));
   setAccessibleDescription(m_who->text() + QLatin1Char(' ') + m_text->text());
 }
 

@@ -1,7 +1,8 @@
 // A port of the bench, to be read from two metres: a colour, a shape and a word.
 #pragma once
 
-#include "port_way.h"
+#include "journal.h"
+#include "port_status.h"
 
 #include <QColor>
 #include <QFrame>
@@ -14,20 +15,20 @@ namespace mr4500x {
 
 enum class Sign : std::uint8_t { Ring, Play, Tick, Cross, Diamond, Bar };
 
-struct Look {
+struct StateStyle {
   Sign sign;
   QColor colour; // white can be read on it
 };
 
-[[nodiscard]] Look LookOf(PortState state);
-[[nodiscard]] Look LookOf(RowState state);
-void DrawSign(QPainter& painter, const QRectF& place, Sign sign, const QColor& colour);
+[[nodiscard]] StateStyle StyleOf(PortState state);
+[[nodiscard]] StateStyle StyleOf(RowState state);
+void DrawSign(QPainter& painter, const QRectF& area, Sign sign, const QColor& colour);
 
 class PortCard final : public QFrame {
 public:
   explicit PortCard(const QString& portName);
 
-  void Show(const PortEvent& event);
+  void Show(const PortStatus& status);
   [[nodiscard]] PortState State() const { return m_state; }
 
 private:

@@ -32,7 +32,7 @@ QPixmap SignOf(RowState state) {
   QPixmap picture(Side, Side);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
-  const auto [sign, colour] = LookOf(state);
+  const auto [sign, colour] = StyleOf(state);
   painter.fillRect(picture.rect(), colour);
   DrawSign(painter, QRectF(6, 6, Side - 12, Side - 12), sign, Qt::white);
   return picture;
@@ -68,6 +68,7 @@ int RowModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
   const JournalRow& row = m_rows[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return Columns[static_cast<std::size_t>(index.column())].value(row);
   if (role == Qt::DecorationRole && index.column() == 0) {
@@ -79,7 +80,8 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  const bool isColumn = orientation == Qt::Horizontal && section >= 0 && section < columnCount();
+  if (!isColumn || role != Qt::DisplayRole) return {};
   return tr(Columns[static_cast<std::size_t>(section)].title);
 }
 

@@ -7,10 +7,11 @@
 //
 //   program              ends after                                 exit status
 //   mr4500x-cli          the transfer in progress                   the signal's own, which also ends a script's loop
-//   mr4500x-cli fleet    the radios in progress, each as a whole    1 if any requested radio is left
+//   mr4500x-cli fleet    the transfers in progress; a radio that    1 if any requested radio is left
+//                        was written is read back as well
 //   MR4500X              the transfer and its messages; unsaved     128 plus the signal
 //                        work is kept
-//   MR4500X-fleet        the radios in progress, each as a whole    128 plus the signal
+//   MR4500X-fleet        the same, and closes its window            128 plus the signal
 //
 // Without a transfer a program ends at once, a window after its event loop has heard of it.
 #pragma once

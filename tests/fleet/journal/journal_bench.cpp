@@ -59,7 +59,7 @@ int main(int count, char* arguments[]) {
     attempt.outcome = AttemptOutcome::Verified;
     bool isOver = false;
     Repeated([&] {
-      const Claim claim = journal->Take(plan, bench, attempt.idNumber, false);
+      const Claim claim = journal->ClaimRow(plan, bench, attempt.idNumber, false);
       attempt.row = claim.row.row;
       if (claim.kind == Claim::Kind::Lost) SayLost();
       const auto now = claim.kind == Claim::Kind::NoRow ? journal->Rows(plan) : std::nullopt;

@@ -86,8 +86,9 @@ void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
                                 "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z' WHERE plan = 'race'"};
   for (const char* const statement : taking)
     ASSERT_TRUE(other.exec(statement));
-  auto kind = std::async(std::launch::async,
-                         [&] { return OpenJournal(address, JournalUse::Enter)->Take(plan, "A", "R1", false).kind; });
+  auto kind = std::async(std::launch::async, [&] {
+    return OpenJournal(address, JournalUse::Enter)->ClaimRow(plan, "A", "R1", false).kind;
+  });
   const auto waits = [&] {
     return !IsServer() || (other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next());
   };
@@ -117,7 +118,7 @@ TEST_P(SqlJournals, FollowTheRules) {
       if (command == "take" || command == "endless") {
         words >> port;
         std::getline(words.ignore(), radio);
-        const Claim claim = at(port).Take(plan, port.substr(0, 1), radio, command == "endless");
+        const Claim claim = at(port).ClaimRow(plan, port.substr(0, 1), radio, command == "endless");
         const char* const kinds[] = {"row ", "done ", "none", "lost"};
         return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? std::to_string(claim.row.row) : "");
       }
@@ -212,7 +213,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   for (const char* const bad :
        {"/no/such/folder/fleet.journal", "/dev/null", "postgresql://x@/y?host=/no/such/folder"}) {
     const auto away = OpenJournal(bad, JournalUse::Enter);
-    EXPECT_EQ(away->Take("p1", "A", "X", false).kind, Claim::Kind::Lost) << bad;
+    EXPECT_EQ(away->ClaimRow("p1", "A", "X", false).kind, Claim::Kind::Lost) << bad;
     EXPECT_EQ(away->Renew("p1", 7, "A"), Renewal::Lost) << bad;
     EXPECT_EQ(away->Enter(first), std::nullopt) << bad;
     EXPECT_EQ(away->Rows("p1"), std::nullopt) << bad;

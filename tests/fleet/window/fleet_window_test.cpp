@@ -3,9 +3,13 @@
 #include "files_fixture.h"
 #include "frm_fleet.h"
 #include "port_card.h"
+#include "row_model.h"
 
+#include <QAbstractItemModelTester>
 #include <QTest>
 #include <QtWidgets>
+
+#include <unistd.h>
 
 namespace mr4500x {
 namespace {
@@ -176,6 +180,32 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   EXPECT_TRUE(Await([&] { return Label("lblMessage").startsWith("The template or the rows have changed."); }));
   EXPECT_EQ(Label("lblCounts"), "0 of 2 rows done, 0 taken, 2 free");
   EXPECT_EQ(Cards().size(), 0);
+}
+
+// Standard input is a pipe that stays open: reading it would never end.
+TEST_F(FleetWindowTest, ADashIsAFileLikeAnyOther) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  dup2(ends[0], STDIN_FILENO);
+  Open();
+  Type("txtTemplate", "-");
+  auto* const problems = Find<QListWidget>("lstProblems");
+  ASSERT_TRUE(Await([&] { return problems->count() == 1; }));
+  EXPECT_TRUE(problems->item(0)->text().startsWith("-: File has been damaged! (No such file"))
+      << problems->item(0)->text().toStdString();
+  for (const int end : ends)
+    close(end);
+}
+
+TEST(RowModelTest, FollowsTheRulesOfModels) {
+  RowModel rows;
+  const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
+  const JournalRow row{1, "Car 1", "", RowState::Done, "A", "LR-1"};
+  for (const std::vector<JournalRow>& content : {std::vector{row, row}, {row, JournalRow()}, {}})
+    rows.Show(content);
+  EXPECT_FALSE(rows.data({}, Qt::DisplayRole).isValid());
+  for (const int section : {-1, rows.columnCount()})
+    EXPECT_FALSE(rows.headerData(section, Qt::Horizontal, Qt::DisplayRole).isValid()) << section;
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "local_time.h"
+
 #include <chrono>
 
 namespace mr4500x {
@@ -12,11 +14,6 @@ public:
   virtual ~Clock() = default;
   [[nodiscard]] virtual Moment Now() = 0;
   virtual void WaitUntil(Moment moment) = 0;
-};
-
-struct LocalTime {
-  int year, month, day; // four-digit year; month and day from 1
-  int hour, minute, second;
 };
 
 } // namespace mr4500x

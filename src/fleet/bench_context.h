@@ -1,0 +1,94 @@
+// What the ports of a bench work with: what was chosen for it, what they share, and whom they report to.
+#pragma once
+
+#include "clock.h"
+#include "pending_attempts.h"
+#include "plan.h"
+#include "port_status.h"
+#include "session.h"
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+#include <string>
+
+namespace mr4500x {
+
+// Constant while the bench runs. The functions are called in the ports' threads, several at a time.
+struct BenchSettings {
+  const Plan& plan;
+  const FieldTexts& texts;
+  FileSystem& files;   // has no state, so threads share it
+  std::string bench{}; // unique among all running benches
+  std::string backupFolder{};
+  Speed speed = Speed::Prescribed;
+  bool acceptsOtherBand = false;
+  std::function<LocalTime()> now{};
+  Sha256 sha256 = nullptr;
+  std::function<std::string()> newKey{}; // of an attempt
+};
+
+// How far the bench is, and how long it goes on. May be used by several threads.
+class BenchState {
+public:
+  // `count`: the radios to verify; negative means no limit.
+  explicit BenchState(int count = -1) : m_hasLimit(count >= 0), m_slotsLeft(count) {}
+
+  // No further radio is started.
+  void StopAfterTheseRadios() { m_isStopping = true; }
+  // Nor is any write. Those in progress run to their end.
+  void StopBeforeWrites() {
+    m_mayWrite = false;
+    m_isStopping = true;
+  }
+  [[nodiscard]] bool MayWrite() const { return m_mayWrite; }
+
+  void SetPlanEntered() { m_isPlanEntered = true; } // the journal has the plan's rows
+  [[nodiscard]] bool IsPlanEntered() const { return m_isPlanEntered; }
+  void SetRowsDone() { m_areRowsDone = true; } // all of them
+
+  // Whether a radio may be started now.
+  [[nodiscard]] bool HasSlot() const { return !m_isStopping && m_slotsLeft != 0; }
+  // Whether no radio will be started any more.
+  [[nodiscard]] bool IsOver() const;
+  // Whether all requested radios are verified: the count, or all rows.
+  [[nodiscard]] bool IsComplete() const { return m_hasLimit ? m_slotsLeft == 0 : m_areRowsDone.load(); }
+
+  // The right to program one radio of the count. It is given back at the end unless the radio was verified.
+  class Slot {
+  public:
+    explicit Slot(BenchState& state);
+    ~Slot();
+    Slot(const Slot&) = delete;
+    Slot& operator=(const Slot&) = delete;
+
+    [[nodiscard]] bool IsTaken() const { return m_isTaken; }
+    void Use() { m_isUsed = true; }
+
+  private:
+    BenchState& m_state;
+    bool m_isTaken, m_isUsed = false;
+  };
+
+private:
+  std::atomic<bool> m_isStopping = false, m_mayWrite = true, m_isPlanEntered = false, m_areRowsDone = false;
+  const bool m_hasLimit;
+  mutable std::mutex m_slots; // guards the two together
+  std::atomic<int> m_slotsLeft;
+  int m_slotsTaken = 0; // and may be given back
+};
+
+// Called in the ports' threads, several at a time.
+struct BenchEvents {
+  std::function<void(const PortStatus&)> onStatus{};                      // at each change
+  std::function<void(const Attempt&)> onConflict = [](const Attempt&) {}; // of a late entry: two radios hold its row
+};
+
+struct BenchContext {
+  const BenchSettings& settings;
+  BenchState& state;
+  PendingAttempts& pending;
+  const BenchEvents& events;
+};
+
+} // namespace mr4500x

@@ -1,0 +1,119 @@
+#include "port_machine.h"
+
+#include "words.h"
+
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr int PollEvery = 10;    // cycles; what other benches have done
+constexpr int IdentityTries = 3; // while a plug goes in, the first may fail
+constexpr int SilentTries = 3;   // of a radio that was attached, until it counts as taken off
+constexpr int MostFailures = 2;  // in a row
+
+void Show(PortMachine& port, PortState state, const std::string& text = {}, int percent = 0) {
+  port.status.state = state;
+  port.status.text = text;
+  port.status.percent = percent;
+}
+
+void ForgetRadio(PortMachine& port) {
+  port.radio.reset();
+  port.waitsForRow = false;
+  port.badIdentities = port.silentTries = 0;
+  port.status.row = 0;
+  port.status.label.clear();
+  port.status.idNumber.clear();
+}
+
+PortAction Search(PortMachine& port, const std::string& hint = {}) {
+  ForgetRadio(port);
+  port.phase = PortPhase::Searching;
+  Show(port, PortState::Waiting, hint);
+  return PortAction::Wait;
+}
+
+PortAction LoseJournal(PortMachine& port, const std::string& error) {
+  port.phase = PortPhase::JournalLost;
+  Show(port, PortState::NoJournal, error);
+  return PortAction::Wait;
+}
+
+PortAction Attach(PortMachine& port, const std::string& idNumber) {
+  ForgetRadio(port);
+  port.phase = PortPhase::RadioAttached;
+  port.radio = port.status.idNumber = idNumber;
+  return PortAction::HandleRadio;
+}
+
+PortAction On(PortMachine& port, const CycleStarted& /*event*/, const BenchView& bench) {
+  if (bench.isOver) port.phase = PortPhase::Ending;
+  const bool needsJournal = port.phase == PortPhase::Ending || port.phase == PortPhase::JournalLost;
+  if (port.cycles++ % PollEvery == 0 || needsJournal) return PortAction::PollJournal;
+  return bench.hasSlot ? PortAction::Identify : PortAction::Wait; // another port's radio may give one back
+}
+
+PortAction On(PortMachine& port, const JournalPolled& event, const BenchView& bench) {
+  if (port.phase == PortPhase::Ending || bench.isOver) {
+    const bool hasStopped = port.failures >= MostFailures;
+    Show(port, hasStopped ? PortState::Stopped : PortState::Finished, hasStopped ? CableHint + port.status.text : "");
+    return PortAction::End;
+  }
+  const bool isIdle = port.phase == PortPhase::Searching || port.phase == PortPhase::JournalLost;
+  if (event.error && isIdle) return LoseJournal(port, *event.error);
+  if (port.phase == PortPhase::JournalLost) Search(port);
+  if (port.waitsForRow) port.radio.reset(); // one may be free by now
+  return bench.hasSlot ? PortAction::Identify : PortAction::Wait;
+}
+
+PortAction On(PortMachine& port, const RadioAnswered& /*event*/, const BenchView& /*bench*/) {
+  if (port.phase == PortPhase::RadioAttached) return PortAction::None;
+  if (port.phase == PortPhase::PortLost) ForgetRadio(port);
+  Show(port, PortState::Identifying);
+  return PortAction::None;
+}
+
+PortAction On(PortMachine& port, const RadioIdentified& event, const BenchView& /*bench*/) {
+  const bool isAttached = port.phase == PortPhase::RadioAttached;
+  if (event.outcome == Outcome::PortNotOpened) {
+    port.phase = PortPhase::PortLost;
+    if (port.status.state == PortState::Failed) return PortAction::Wait; // the radio may be only partly programmed
+    ForgetRadio(port);
+    Show(port, PortState::NoPort, event.text);
+    return PortAction::Wait;
+  }
+  if (event.outcome == Outcome::NoResponse)
+    return isAttached && ++port.silentTries < SilentTries ? PortAction::Wait : Search(port, event.text);
+  port.silentTries = 0;
+  if (event.outcome == Outcome::Complete) {
+    port.badIdentities = 0;
+    return isAttached && port.radio == event.idNumber ? PortAction::Wait : Attach(port, event.idNumber);
+  }
+  if (isAttached) return PortAction::Wait;
+  port.phase = PortPhase::Searching;
+  return ++port.badIdentities == IdentityTries ? Attach(port, "") : PortAction::Wait;
+}
+
+PortAction On(PortMachine& port, const RadioReported& event, const BenchView& /*bench*/) {
+  if (event.state == PortState::Waiting) return Search(port);
+  if (event.state == PortState::NoJournal) return LoseJournal(port, event.text);
+  port.status.row = event.row;
+  port.status.label = event.label;
+  Show(port, event.state, event.text, event.percent);
+  if (IsUnderway(event.state)) return PortAction::None;
+  port.waitsForRow = event.state == PortState::NoRow;
+  if (port.waitsForRow) return PortAction::Wait;
+  port.failures = event.isFailure ? port.failures + 1 : 0;
+  if (port.failures >= MostFailures) port.phase = PortPhase::Ending;
+  return PortAction::PollJournal; // it may have been the last row
+}
+
+} // namespace
+
+PortStep Advance(PortMachine machine, const PortEvent& event, const BenchView& bench) {
+  const PortAction action = std::visit([&](const auto& each) { return On(machine, each, bench); }, event);
+  return {std::move(machine), action};
+}
+
+} // namespace mr4500x

@@ -1,0 +1,70 @@
+// How a port goes from one step to the next, as a pure function: state and event in, state and action out. It knows
+// neither line, clock, threads nor database; PortWorker performs the actions.
+#pragma once
+
+#include "exchange.h"
+#include "port_status.h"
+
+#include <optional>
+#include <string>
+#include <variant>
+
+namespace mr4500x {
+
+enum class PortPhase : std::uint8_t {
+  Searching,     // for a radio
+  PortLost,      // it can't be opened
+  JournalLost,   // it does not answer
+  RadioAttached, // and has been dealt with, or is being dealt with
+  Ending,
+};
+
+struct PortMachine {
+  PortPhase phase = PortPhase::Searching;
+  std::optional<std::string> radio; // RadioAttached: its identity number, "" if unknown; nullopt: it may get a row now
+  bool waitsForRow = false;
+  int cycles = 0, badIdentities = 0, silentTries = 0, failures = 0;
+  PortStatus status; // what is shown
+};
+
+// What the other ports have left to do.
+struct BenchView {
+  bool isOver = false, hasSlot = true;
+};
+
+// The events. Each action except None leads to one of them.
+struct CycleStarted {}; // Wait
+struct JournalPolled {  // PollJournal
+  std::optional<std::string> error{};
+};
+struct RadioAnswered {}; // during an identification
+struct RadioIdentified { // Identify
+  Outcome outcome;
+  std::string idNumber{}, text{};
+};
+struct RadioReported { // HandleRadio: while it goes on, and at its end
+  PortState state;
+  std::size_t row = 0;
+  std::string label{}, text{};
+  int percent = 0;
+  bool isFailure = false; // of the cable, perhaps
+};
+using PortEvent = std::variant<CycleStarted, JournalPolled, RadioAnswered, RadioIdentified, RadioReported>;
+
+enum class PortAction : std::uint8_t {
+  None,        // the action in progress goes on
+  Wait,        // for the next cycle
+  PollJournal, // hand in what is pending, and see which rows are done
+  Identify,
+  HandleRadio, // get it a row, and program it
+  End,
+};
+
+struct PortStep {
+  PortMachine machine;
+  PortAction action;
+};
+
+[[nodiscard]] PortStep Advance(PortMachine machine, const PortEvent& event, const BenchView& bench);
+
+} // namespace mr4500x

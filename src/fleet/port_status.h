@@ -1,0 +1,50 @@
+// What a port of a bench reports, for its card and its lines.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace mr4500x {
+
+enum class PortState : std::uint8_t {
+  Waiting, // for a radio
+  Identifying,
+  BackingUp,
+  Writing,
+  Verifying,
+  // The radio can be taken off:
+  Done,
+  AlreadyDone, // holds a row of this plan already
+  Failed,
+  SetAside, // its band is another
+  NoRow,    // no free row for it
+  // Without a radio:
+  NoPort,    // can't be opened; tried again
+  NoJournal, // no new rows until the database answers
+  Stopped,   // after two failures in a row
+  Finished,  // as requested, or nothing is left to do
+};
+
+[[nodiscard]] constexpr bool IsUnderway(PortState state) { // with a radio that must not be taken off
+  return state >= PortState::Identifying && state <= PortState::Verifying;
+}
+[[nodiscard]] constexpr bool IsGood(PortState state) {
+  return state == PortState::Done || state == PortState::AlreadyDone;
+}
+[[nodiscard]] constexpr bool IsBad(PortState state) {
+  return state == PortState::Failed || state == PortState::SetAside || state == PortState::NoRow;
+}
+[[nodiscard]] constexpr bool IsEnd(PortState state) {
+  return state == PortState::Stopped || state == PortState::Finished;
+}
+
+struct PortStatus {
+  std::size_t port = 0; // index, from 0
+  PortState state = PortState::Waiting;
+  std::size_t row = 0; // 0: none
+  std::string label, idNumber, text;
+  int percent = 0; // of backup, write and verification together
+};
+
+} // namespace mr4500x

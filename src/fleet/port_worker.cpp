@@ -1,0 +1,167 @@
+#include "port_worker.h"
+
+#include "function_settings.h"
+#include "port_machine.h"
+#include "radio_job.h"
+#include "text.h"
+#include "words.h"
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::chrono::seconds CycleTime{1};
+
+class PortWorker final : ExchangeObserver {
+public:
+  PortWorker(std::size_t port, SerialLine& line, Clock& clock, Journal& journal, const BenchContext& context)
+      : m_line(line), m_clock(clock), m_journal(journal), m_context(context), m_settings(context.settings),
+        m_nextCycle(clock.Now() + CycleTime) {
+    m_machine.status.port = port;
+  }
+
+  void Run() {
+    m_context.events.onStatus(m_machine.status);
+    PortAction action = Handle(CycleStarted{});
+    while (action != PortAction::End)
+      action = Handle(Perform(action));
+  }
+
+private:
+  // Lets the machine advance, and reports what has changed. Row, label and number come with the next state.
+  PortAction Handle(const PortEvent& event) {
+    const PortStatus before = m_machine.status;
+    const BenchView bench = {m_context.state.IsOver(), m_context.state.HasSlot()};
+    auto [machine, action] = Advance(std::move(m_machine), event, bench);
+    m_machine = std::move(machine);
+    const PortStatus& now = m_machine.status;
+    if (now.state != before.state || now.text != before.text || now.percent != before.percent)
+      m_context.events.onStatus(now);
+    return action;
+  }
+
+  [[nodiscard]] PortEvent Perform(PortAction action) {
+    if (action == PortAction::PollJournal) return PollJournal();
+    if (action == PortAction::Identify) return Identify();
+    if (action == PortAction::HandleRadio) return HandleRadio();
+    if (!m_context.state.IsOver()) m_clock.WaitUntil(m_nextCycle);
+    m_nextCycle = m_clock.Now() + CycleTime;
+    return CycleStarted{};
+  }
+
+  [[nodiscard]] JournalPolled PollJournal();
+  [[nodiscard]] RadioIdentified Identify();
+  [[nodiscard]] RadioReported HandleRadio();
+  [[nodiscard]] bool IsJournalReady();
+  [[nodiscard]] Attempt NewAttempt() const;
+  [[nodiscard]] RadioReported Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot);
+
+  // An identification reports only that it has begun.
+  void Began(Transfer /*transfer*/, int /*maximum*/) override { static_cast<void>(Handle(RadioAnswered{})); }
+
+  SerialLine& m_line;
+  Clock& m_clock;
+  Journal& m_journal;
+  const BenchContext& m_context;
+  const BenchSettings& m_settings;
+  Clock::Moment m_nextCycle;
+  PortMachine m_machine;
+  RadioImage m_identity;      // of the last radio that answered
+  std::string m_identityText; // why it is refused if it has no number
+};
+
+JournalPolled PortWorker::PollJournal() {
+  const bool isReady = IsJournalReady();
+  for (const Attempt& attempt : m_context.pending.TakeConflicts())
+    m_context.events.onConflict(attempt);
+  const Plan& plan = m_settings.plan;
+  const auto rows = isReady ? m_journal.Rows(plan.key) : std::nullopt;
+  if (!rows) return {m_journal.Error()};
+  const auto isDone = [](const JournalRow& row) { return row.state == RowState::Done; };
+  if (!plan.isEndless && rows->size() >= plan.rows.size() && std::ranges::all_of(*rows, isDone))
+    m_context.state.SetRowsDone();
+  return {};
+}
+
+// Whether it has the plan's rows, and all that was pending.
+bool PortWorker::IsJournalReady() {
+  const Plan& plan = m_settings.plan;
+  if (!m_context.state.IsPlanEntered()) {
+    if (!m_journal.Begin(plan.key, plan.name, JournalRowsOf(plan))) return false;
+    m_context.state.SetPlanEntered();
+  }
+  return m_context.pending.HandIn(m_journal);
+}
+
+RadioIdentified PortWorker::Identify() {
+  m_identity = {};
+  const ExchangeResult result = ReadIdentity(m_line, m_identity, *this, 1);
+  if (result.outcome == Outcome::PortNotOpened) return {result.outcome, "", result.systemDescription};
+  if (result.outcome == Outcome::NoResponse) return {result.outcome, "", m_line.HasHeard() ? NoiseHint : ""};
+  const bool isComplete = result.outcome == Outcome::Complete;
+  if (!isComplete) m_identity = {};
+  m_identityText = isComplete ? NoNumberReason : ReasonFor(result);
+  return {result.outcome, IdentityNumber(m_identity), ""};
+}
+
+RadioReported PortWorker::HandleRadio() {
+  BenchState::Slot slot(m_context.state);
+  if (!slot.IsTaken()) return {PortState::Waiting};
+  Attempt attempt = NewAttempt();
+  if (attempt.idNumber.empty()) {
+    attempt.text = m_identityText;
+    return Enter(attempt, AttemptOutcome::Failed, slot);
+  }
+  const bool isEndless = m_settings.plan.isEndless;
+  const Claim claim =
+      IsJournalReady() ? m_journal.ClaimRow(attempt.plan, attempt.bench, attempt.idNumber, isEndless) : Claim{};
+  attempt.row = claim.row.row;
+  attempt.label = claim.row.label;
+  if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Error()};
+  if (claim.kind == Claim::Kind::NoRow) return {PortState::NoRow};
+  if (claim.kind == Claim::Kind::DoneHere) return {PortState::AlreadyDone, attempt.row, attempt.label};
+  RadioJob job(m_line, m_journal, m_context, [&](PortState state, int percent) {
+    static_cast<void>(Handle(RadioReported{state, attempt.row, attempt.label, "", percent}));
+  });
+  const AttemptOutcome outcome = job.Run(m_identity, attempt);
+  return Enter(attempt, outcome, slot);
+}
+
+Attempt PortWorker::NewAttempt() const {
+  Attempt attempt;
+  attempt.key = m_settings.newKey();
+  attempt.plan = m_settings.plan.key;
+  attempt.idNumber = IdentityNumber(m_identity);
+  attempt.firmware = FirmwareVersion(m_identity);
+  if (!attempt.idNumber.empty()) attempt.band = BandText(m_identity.BandBlock);
+  attempt.port = m_line.PortName();
+  attempt.bench = m_settings.bench;
+  attempt.start = TimestampText(m_settings.now());
+  return attempt;
+}
+
+RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot) {
+  using enum AttemptOutcome;
+  attempt.end = TimestampText(m_settings.now());
+  attempt.outcome = outcome;
+  const AttemptOutcome entered = m_context.pending.Enter(m_journal, attempt);
+  if (entered == Verified) {
+    slot.Use();
+    const bool isPending = m_context.pending.Count() > 0;
+    const char* const hint = m_context.pending.IsKept() ? LateEntryHint : LostEntryHint;
+    return {PortState::Done, attempt.row, attempt.label, isPending ? hint : ""};
+  }
+  // The row is no longer this radio's.
+  return {.state = entered == SetAside ? PortState::SetAside : PortState::Failed,
+          .text = entered == Conflict ? LineForConflict(attempt) : attempt.text,
+          .isFailure = entered == Failed};
+}
+
+} // namespace
+
+void RunPort(std::size_t port, SerialLine& line, Clock& clock, Journal& journal, const BenchContext& context) {
+  PortWorker(port, line, clock, journal, context).Run();
+}
+
+} // namespace mr4500x

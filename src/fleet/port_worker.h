@@ -1,0 +1,13 @@
+// The work at one port of a bench, in a thread of its own: performs what the port's machine asks for.
+#pragma once
+
+#include "bench_context.h"
+#include "serial_line.h"
+
+namespace mr4500x {
+
+// Runs until the bench is over or two radios in a row have failed. Every change of state is reported; errors of the
+// port, the files and the database harm no other port.
+void RunPort(std::size_t port, SerialLine& line, Clock& clock, Journal& journal, const BenchContext& context);
+
+} // namespace mr4500x

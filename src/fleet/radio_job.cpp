@@ -1,0 +1,121 @@
+#include "radio_job.h"
+
+#include "backup.h"
+#include "data_file.h"
+#include "differences.h"
+#include "function_settings.h"
+#include "signaling.h"
+#include "words.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+// The exchanges' progress: the whole read, the write and reading it back; the two of the embedded text.
+constexpr int JobUnits = 505 + 330 + 330, TextUnits = 150 + 160;
+
+bool IsSameBand(const RadioImage& a, const RadioImage& b) {
+  return std::ranges::equal(std::span(a.BandBlock).first<4>(), std::span(b.BandBlock).first<4>());
+}
+
+// Gives the attempt the text, for a return.
+bool Fail(Attempt& attempt, std::string_view text) {
+  attempt.text = text;
+  return false;
+}
+
+} // namespace
+
+AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
+  const Plan& plan = m_settings.plan;
+  RadioImage image = ImageFor(plan, attempt.row, m_settings.texts);
+  const bool hasText = attempt.row <= plan.rows.size() && plan.rows[attempt.row - 1].embeddedInfo;
+  m_total = JobUnits + (hasText ? TextUnits : 0);
+  if (!IsSameBand(identity, image) && !m_settings.acceptsOtherBand) {
+    attempt.text = OtherBandReason(BandText(identity.BandBlock), BandText(image.BandBlock));
+    return AttemptOutcome::SetAside;
+  }
+  BeginStep(PortState::BackingUp);
+  if (!BackUp(attempt) || !MayWrite(attempt)) return AttemptOutcome::Failed;
+
+  BeginStep(PortState::Writing);
+  const AttemptOutcome written = Write(image, hasText, attempt);
+  if (written != AttemptOutcome::Verified) return written;
+
+  BeginStep(PortState::Verifying);
+  return Verify(image, hasText, attempt) ? AttemptOutcome::Verified : AttemptOutcome::Failed;
+}
+
+bool RadioJob::BackUp(Attempt& attempt) {
+  const auto refuse = [&](int error) {
+    return Fail(attempt, BackupReason(m_settings.backupFolder, std::generic_category().message(error)));
+  };
+  if (!MayKeepBackupIn(m_settings.files, m_settings.backupFolder)) return refuse(errno);
+  RadioImage image;
+  if (!IsComplete(ReadRadio(m_line, image, *this, m_settings.speed), attempt)) return false;
+  if (IdentityNumber(image) != attempt.idNumber) return Fail(attempt, ExchangedReason);
+  image.FiveToneStandard = image.ResetTimeBlock[StandardByte]; // as the editor does
+  const auto [outcome, path] = KeepBackup(m_settings.files, m_settings.backupFolder, image, m_settings.now());
+  if (outcome != BackupOutcome::Kept) return refuse(outcome == BackupOutcome::NameIsTaken ? EEXIST : errno);
+  attempt.backup = path;
+  return true;
+}
+
+bool RadioJob::MayWrite(Attempt& attempt) {
+  if (!m_context.state.MayWrite()) return Fail(attempt, StoppedReason);
+  // Where the database does not answer, the claim is still young.
+  const bool isLost = m_journal.Renew(attempt.plan, attempt.row, attempt.bench) == Renewal::TakenAway;
+  return !isLost || Fail(attempt, TakenAwayReason);
+}
+
+// Verified if all was written.
+AttemptOutcome RadioJob::Write(RadioImage& image, bool hasText, Attempt& attempt) {
+  const std::vector<std::uint8_t> file = BuildDataFile(image);
+  attempt.sha256 = m_settings.sha256({reinterpret_cast<const char*>(file.data()), file.size()});
+  const ExchangeResult written = WriteRadio(m_line, image, m_settings.now, *this, m_settings.speed);
+  if (written.outcome == Outcome::BandDeclined) {
+    attempt.sha256.clear(); // nothing was written
+    attempt.text = OtherBandReason("", BandText(image.BandBlock));
+    return AttemptOutcome::SetAside;
+  }
+  const bool isWritten =
+      IsComplete(written, attempt) && (!hasText || IsComplete(WriteEmbeddedInfo(m_line, image, *this), attempt));
+  return isWritten ? AttemptOutcome::Verified : AttemptOutcome::Failed;
+}
+
+bool RadioJob::Verify(const RadioImage& image, bool hasText, Attempt& attempt) {
+  RadioImage found = image;
+  if (!IsComplete(ReadBack(m_line, found, *this, m_settings.speed), attempt)) return false;
+  const ImageDifferences differences = CompareImages(image, found, m_settings.texts);
+  if (!differences.IsEmpty()) return Fail(attempt, DifferenceReason(differences));
+  if (!hasText) return true;
+  if (!IsComplete(ReadEmbeddedInfo(m_line, found, *this), attempt)) return false;
+  return found.EmbeddedInfoBlock.bytes == image.EmbeddedInfoBlock.bytes || Fail(attempt, TextDiffersReason);
+}
+
+bool RadioJob::IsComplete(const ExchangeResult& result, Attempt& attempt) {
+  return result.outcome == Outcome::Complete || Fail(attempt, ReasonFor(result));
+}
+
+void RadioJob::BeginStep(PortState step) {
+  m_step = step;
+  Progress(0);
+}
+
+void RadioJob::Began(Transfer /*transfer*/, int maximum) {
+  m_maximum = maximum;
+}
+
+void RadioJob::Progress(int value) {
+  m_onProgress(m_step, 100 * (m_done + std::clamp(value, 0, m_maximum)) / m_total);
+}
+
+void RadioJob::Ended() {
+  m_done += std::exchange(m_maximum, 0);
+}
+
+} // namespace mr4500x

@@ -1,0 +1,45 @@
+// What is done with one radio that has been identified and has a row: backup, write, verification.
+#pragma once
+
+#include "bench_context.h"
+#include "exchange.h"
+
+#include <functional>
+
+namespace mr4500x {
+
+class RadioJob final : public ExchangeObserver {
+public:
+  using ProgressHandler = std::function<void(PortState state, int percent)>;
+
+  RadioJob(SerialLine& line, Journal& journal, const BenchContext& context, ProgressHandler onProgress)
+      : m_line(line), m_journal(journal), m_context(context), m_settings(context.settings),
+        m_onProgress(std::move(onProgress)) {}
+
+  // The attempt has the row, and gets text, backup and checksum. `identity` has what ReadIdentity reads.
+  [[nodiscard]] AttemptOutcome Run(const RadioImage& identity, Attempt& attempt);
+
+private:
+  [[nodiscard]] bool BackUp(Attempt& attempt);
+  [[nodiscard]] bool MayWrite(Attempt& attempt);
+  [[nodiscard]] AttemptOutcome Write(RadioImage& image, bool hasText, Attempt& attempt);
+  [[nodiscard]] bool Verify(const RadioImage& image, bool hasText, Attempt& attempt);
+  [[nodiscard]] static bool IsComplete(const ExchangeResult& result, Attempt& attempt);
+  void BeginStep(PortState step);
+
+  void Began(Transfer transfer, int maximum) override;
+  void Progress(int value) override;
+  void Ended() override;
+  [[nodiscard]] bool AcceptsOtherBand() override { return m_settings.acceptsOtherBand; }
+
+  SerialLine& m_line;
+  Journal& m_journal;
+  const BenchContext& m_context;
+  const BenchSettings& m_settings;
+  ProgressHandler m_onProgress;
+  PortState m_step = PortState::BackingUp;
+  int m_total = 0; // units of progress: of the job, of the transfers that have ended, and of the one in progress
+  int m_done = 0, m_maximum = 0;
+};
+
+} // namespace mr4500x
