@@ -5,7 +5,7 @@
 
 #include "exchange.h"
 #include "machine.h"
-#include "qt_serial_port.h"
+#include "machine_port.h"
 
 #include <benchmark/benchmark.h>
 
@@ -67,9 +67,9 @@ private:
 template<typename Run>
 void Measure(benchmark::State& state, double sum, Run run) {
   Simulator simulator;
-  QtSerialPort port(simulator.device);
+  const std::unique_ptr<SerialPort> port = MakeSerialPort(simulator.device);
   SteadyClock clock;
-  SerialLine line(port, clock, 1);
+  SerialLine line(*port, clock, 1);
   Silent silent;
   const std::clock_t processor = std::clock();
   const Clock::Moment start = clock.Now();

@@ -2,6 +2,7 @@
 
 #include "file_access.h"
 #include "machine.h"
+#include "paths.h"
 #include "port_choice.h"
 #include "port_devices.h"
 #include "program_title.h"
@@ -23,15 +24,17 @@ void OpenLink(const std::string& page) {
 } // namespace
 
 Program::Program()
-    : m_folder(ProgramFolder()), m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())),
-      m_clock(m_input), m_port([this](int port) { return DeviceOf(port); }),
-      m_trace(TraceFile(m_files, m_settingsFile), std::ios::app), m_tracedPort(m_port, m_clock, LocalNow, m_trace),
-      m_messages(m_input), m_progress(std::string(ProgramTitle)), m_help(m_messages, m_folder + "/MR4500X.hlp"),
+    : m_files(MachineFiles()), m_folder(ProgramFolder()),
+      m_settingsFile(SettingsFilePath(m_files, m_folder, UserConfigFolder())), m_clock(m_input),
+      m_port(MakeSerialPort([this](int port) { return DeviceOf(port); })),
+      m_trace(PathOf(TraceFile(m_files, m_settingsFile)), std::ios::app),
+      m_tracedPort(*m_port, m_clock, LocalNow, m_trace), m_messages(m_input), m_progress(std::string(ProgramTitle)),
+      m_help(m_messages, m_folder + "/MR4500X.hlp"),
       m_printers([this](const std::string& path, std::span<const std::uint8_t> content) {
         return ReplaceFile(m_files, path, content, Surplus::Drop);
       }),
       m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files,
-                 m_trace.is_open() ? static_cast<SerialPort&>(m_tracedPort) : m_port, m_clock, m_input, m_settingsFile,
+                 m_trace.is_open() ? static_cast<SerialPort&>(m_tracedPort) : *m_port, m_clock, m_input, m_settingsFile,
                  FolderForFiles(), UserStateFolder() + "/kept", LocalNow,
                  [this](int port) { return DeviceOf(port).path; }, StoreWindowGeometry, OpenLink}) {}
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "frm_main.h"
-#include "posix_file_system.h"
+#include "machine_files.h"
+#include "machine_port.h"
 #include "qt_dialogs.h"
 #include "qt_help_viewer.h"
 #include "qt_printers.h"
 #include "qt_progress_view.h"
-#include "qt_serial_port.h"
 #include "traced_port.h"
 #include "transfer_guard.h"
 
@@ -26,12 +26,12 @@ private:
   [[nodiscard]] PortDevice DeviceOf(int port);
   [[nodiscard]] std::string FolderForFiles();
 
-  PosixFileSystem m_files;
+  FileSystem& m_files;
   std::string m_folder;
   std::string m_settingsFile;
   UserInput m_input;
   EventClock m_clock;
-  QtSerialPort m_port;
+  std::unique_ptr<SerialPort> m_port;
   std::ofstream m_trace; // open if the settings file names one
   TracedPort m_tracedPort;
   QtMessageView m_messages;

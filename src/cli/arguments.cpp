@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include "embedded_info.h"
+#include "paths.h"
 #include "text.h"
 #include "utf8.h"
 
@@ -29,7 +30,7 @@ std::size_t EditsBetween(std::string_view from, std::string_view to) {
 } // namespace
 
 bool HasDataFileEnding(const std::string& path) {
-  const std::string ending = Lower(std::filesystem::path(path).extension().string());
+  const std::string ending = Lower(TextOf(PathOf(path).extension()));
   return ending == ".k4x" || ending == ".k4y";
 }
 

@@ -6,6 +6,7 @@
 #include "file_access.h"
 #include "fill_messages.h"
 #include "messages.h"
+#include "paths.h"
 
 #include <filesystem>
 #include <ostream>
@@ -37,8 +38,8 @@ bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decim
 
 bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
   std::error_code failed; // of a missing file there is nothing to overwrite
-  if (std::filesystem::equivalent(dataFile, target, failed)) return true;
-  if (HasDataFileEnding(std::filesystem::weakly_canonical(target, failed).string())) return true;
+  if (std::filesystem::equivalent(PathOf(dataFile), PathOf(target), failed)) return true;
+  if (HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(target), failed)))) return true;
   RadioImage unused;
   return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
 }

@@ -1,5 +1,6 @@
 // mr4500x-cli: parses the command line and runs the command with the machine's serial port, files and clock.
 #include "arguments.h"
+#include "conventions.h"
 #include "data_file.h"
 #include "declare_file_commands.h"
 #include "embedded_info.h"
@@ -7,9 +8,11 @@
 #include "fill_messages.h"
 #include "fleet/fleet_summary.h"
 #include "machine.h"
+#include "machine_files.h"
+#include "paths.h"
 #include "port_address.h"
 #include "port_devices.h"
-#include "posix_file_system.h"
+#include "processes.h"
 #include "radio_commands.h"
 #include "settings.h"
 #include "traced_port.h"
@@ -59,9 +62,10 @@ private:
   [[nodiscard]] ExitStatus Ports();
   [[nodiscard]] ExitStatus Print();
   [[nodiscard]] ExitStatus Fleet(char** argv);
+  [[nodiscard]] ExitStatus Become(const std::string& name, std::vector<std::string> arguments);
   [[nodiscard]] std::string SettingsFile() { return SettingsFilePath(m_files, ProgramFolder(), UserConfigFolder()); }
 
-  PosixFileSystem m_files;
+  FileSystem& m_files = MachineFiles();
   Terminal m_terminal;
   Arguments m_arguments;
   std::function<ExitStatus()> m_command;
@@ -72,7 +76,7 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
   const auto meant = ParsePortAddress(file);
   std::error_code unknown;
   return meant && PortExists(*meant) &&
-         (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(port.device, unknown));
+         (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(PathOf(port.device), unknown));
 }
 
 ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
@@ -82,16 +86,16 @@ ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioComm
     return ExitStatus::UnusableArguments;
   }
   std::ofstream trace;
-  if (!traceFile.empty()) trace.open(traceFile, std::ios::app);
+  if (!traceFile.empty()) trace.open(PathOf(traceFile), std::ios::app);
   if (!trace) {
     m_terminal.err << traceFile << ": " << std::strerror(errno) << '\n';
     return ExitStatus::Failed;
   }
-  const std::unique_ptr<QtSerialPort> serial = MakePort(port, PortDevices(m_files, SettingsFile()));
+  const std::unique_ptr<SerialPort> serial = MakePort(port, PortDevices(m_files, SettingsFile()));
   const EndSignalsHeld held;
   SteadyClock clock;
   TracedPort traced(*serial, clock, LocalNow, trace);
-  SerialPort& used = traceFile.empty() ? static_cast<SerialPort&>(*serial) : traced;
+  SerialPort& used = traceFile.empty() ? *serial : static_cast<SerialPort&>(traced);
   SerialLine line(used, clock, port.number, DisplayName(port));
   return run({line, m_files, m_terminal, LocalNow, m_arguments.quick ? Speed::Quick : Speed::Prescribed});
 }
@@ -111,9 +115,9 @@ ExitStatus CommandLine::Ports() {
   const auto pins = PortDevices(m_files, SettingsFile());
   const std::vector<std::string> devices = MachineSerialDevices();
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
-  QtSerialPort serial(deviceOf);
+  const std::unique_ptr<SerialPort> serial = MakeSerialPort(deviceOf);
   return RunPorts(
-      serial, [&](int number) { return deviceOf(number).path; }, m_terminal);
+      *serial, [&](int number) { return deviceOf(number).path; }, m_terminal);
 }
 
 PortAddress PortOf(const std::string& text) {
@@ -128,24 +132,27 @@ std::u16string InfoOf(const std::string& text) {
   return *info;
 }
 
-// Replaces this process by the program that draws the pages, which keeps its streams and gives its exit status.
+// The program that draws the pages takes the place of this one.
 ExitStatus CommandLine::Print() {
   if (m_arguments.pdfFile.empty() || LeadsToDataFile(m_files, m_arguments.file, m_arguments.pdfFile)) {
     m_terminal.err << "OUT.pdf is the PDF file to write; it must not be a data file.\n";
     return ExitStatus::UnusableArguments;
   }
-  const std::string reports = CLI::detail::join(m_arguments.reports);
-  const std::string program = ProgramFolder() + "/mr4500x-cli-print";
-  execl(program.c_str(), "mr4500x-cli-print", m_arguments.file.c_str(), m_arguments.pdfFile.c_str(), reports.c_str(),
-        static_cast<char*>(nullptr));
-  m_terminal.err << program << " can't be started.\n";
-  return ExitStatus::Failed;
+  return Become("mr4500x-cli-print",
+                {"mr4500x-cli-print", m_arguments.file, m_arguments.pdfFile, CLI::detail::join(m_arguments.reports)});
 }
 
 // The same for a fleet, whose journal needs a database's libraries. That program reads the arguments.
 ExitStatus CommandLine::Fleet(char** argv) {
-  const std::string program = ProgramFolder() + "/mr4500x-cli-fleet";
-  execv(program.c_str(), argv);
+  std::vector<std::string> arguments;
+  for (; *argv != nullptr; ++argv)
+    arguments.emplace_back(*argv);
+  return Become("mr4500x-cli-fleet", std::move(arguments));
+}
+
+ExitStatus CommandLine::Become(const std::string& name, std::vector<std::string> arguments) {
+  const std::string program = ProgramFolder() + Separator + name;
+  BecomeProgram(program, std::move(arguments));
   m_terminal.err << program << " can't be started.\n";
   return ExitStatus::Failed;
 }

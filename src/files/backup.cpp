@@ -1,5 +1,6 @@
 #include "backup.h"
 
+#include "conventions.h"
 #include "data_file.h"
 #include "embedded_info.h"
 #include "file_access.h"
@@ -35,7 +36,7 @@ bool MayKeepBackupIn(FileSystem& files, const std::string& folder) {
 }
 
 Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image, const LocalTime& now) {
-  const std::string stem = folder + '/' + FilledIn("{id}_{date}_{time}", image, now), path = stem + ".K4X";
+  const std::string stem = folder + Separator + FilledIn("{id}_{date}_{time}", image, now), path = stem + ".K4X";
   if (!IsMissing(files, path)) return {BackupOutcome::NameIsTaken, path};
   if (!SaveDataFile(files, path, image)) return {BackupOutcome::Failed, path};
   const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));

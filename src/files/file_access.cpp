@@ -8,6 +8,8 @@
 #include <optional>
 #include <string_view>
 
+#include "conventions.h"
+
 namespace mr4500x {
 namespace {
 
@@ -26,7 +28,7 @@ bool IsTemporaryName(std::string_view name) {
 }
 
 std::string InFolder(std::string folder, std::string_view name) {
-  return folder.append("/").append(name);
+  return (folder += Separator).append(name);
 }
 
 struct PlacedFile {
@@ -44,7 +46,7 @@ std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
     if (status->kind != FileKind::Link) return PlacedFile{std::move(path), *status};
     const auto target = files.ReadLink(path);
     if (!target) return std::nullopt;
-    path = target->starts_with('/') ? *target : InFolder(FolderOf(path), *target);
+    path = IsAbsolute(*target) ? *target : InFolder(FolderOf(path), *target);
   }
   errno = ELOOP;
   return std::nullopt;
@@ -187,9 +189,9 @@ bool WriteInPlace(FileSystem& files, const PlacedFile& target, const NewContent&
 } // namespace
 
 std::string FolderOf(const std::string& path) {
-  const auto slash = path.rfind('/');
+  const auto slash = path.find_last_of(Separators);
   if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
+  return path.substr(0, IsRoot(std::string_view(path).substr(0, slash + 1)) ? slash + 1 : slash);
 }
 
 ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "conventions.h"
 #include "file_access.h"
 #include "text.h"
 #include "utf8.h"
@@ -11,7 +12,6 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::string_view PlatformLineEnd = "\n";
 // Includes 0x00, which a value cannot hold either.
 constexpr std::string_view LineBreaks("\r\n\0", 3);
 
@@ -89,7 +89,7 @@ bool AreNames(std::string_view section, std::string_view key) {
 
 std::string_view LineEndOf(std::string_view text) {
   const Line first = LineAt(text, 0);
-  if (first.next == first.end) return PlatformLineEnd;
+  if (first.next == first.end) return LineEnd;
   return first.next - first.end == 2 ? "\r\n" : "\n";
 }
 

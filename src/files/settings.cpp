@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "conventions.h"
 #include "file_access.h"
 #include "profile.h"
 #include "text.h"
@@ -30,20 +31,21 @@ double NumericValue(std::string_view text) {
 }
 
 // The build's install folder is relative to the prefix, so that any prefix matches; CMake also allows an absolute one.
-bool IsOfInstallation(std::string_view programFolder) {
+bool IsOfInstallation(FileSystem& files, const std::string& programFolder) {
+  if (!InstallationMark.empty()) return !IsMissing(files, programFolder + Separator + std::string(InstallationMark));
   constexpr std::string_view Folder = MR4500X_PROGRAM_FOLDER;
   return Folder.starts_with('/') ? programFolder == Folder : programFolder.ends_with('/' + std::string(Folder));
 }
 
 std::string InFolder(const std::string& folder) {
-  return folder + '/' + std::string(SettingsFileName);
+  return folder + Separator + std::string(SettingsFileName);
 }
 
 } // namespace
 
 bool MayKeepFilesIn(FileSystem& files, const std::string& programFolder) {
   const bool isOfSystem = programFolder.starts_with("/usr/") && !programFolder.starts_with("/usr/local/");
-  return !isOfSystem && !IsOfInstallation(programFolder) && files.CanWrite(programFolder);
+  return !isOfSystem && !IsOfInstallation(files, programFolder) && files.CanWrite(programFolder);
 }
 
 std::string SettingsFilePath(FileSystem& files, const std::string& programFolder, const std::string& userConfigFolder) {

@@ -1,4 +1,5 @@
 // The adapters to the desktop: message boxes, file names, and the guard of a transfer.
+#include "machine_files.h"
 #include "modal_dialog.h"
 #include "qt_dialogs.h"
 #include "qt_printers.h"

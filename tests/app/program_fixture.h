@@ -29,7 +29,7 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   FileQuestion lastQuestion;
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
-  PosixFileSystem files;
+  FileSystem& files = MachineFiles();
   std::string pdfFile; // that is printed to; empty: there is no printer
 
   Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {

@@ -47,7 +47,7 @@ private:
 class Walker {
 public:
   Walker(QString folder, unsigned seed) : m_folder(std::move(folder)), m_random(seed), m_log(Path("actions")) {
-    PosixFileSystem files;
+    FileSystem& files = MachineFiles();
     for (const char* const name : {"a.K4X", "b.K4Y", "any.K4X"}) {
       RadioImage image;
       if (name[1] == 'n')

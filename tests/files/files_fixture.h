@@ -16,7 +16,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
-#include "posix_file_system.h"
+#include "machine_files.h"
 #include "profile.h"
 
 namespace mr4500x {
@@ -126,7 +126,7 @@ private:
       m_unsynced.insert(m_created[file]);
   }
 
-  PosixFileSystem m_real;
+  FileSystem& m_real = MachineFiles();
   std::mutex m_mutex; // copies of unsaved work are written by another thread
   std::map<Handle, std::string> m_created;
   std::set<std::string> m_unsynced;

@@ -4,9 +4,9 @@
 
 #include "differences.h"
 #include "function_settings.h"
+#include "machine_files.h"
 #include "pending_attempts.h"
 #include "port_worker.h"
-#include "posix_file_system.h"
 #include "simulated_radio.h"
 #include "words.h"
 
@@ -265,7 +265,7 @@ struct Fleet {
   [[nodiscard]] std::string Outcomes() const { return WordsOf(tables.attempts, &Attempt::outcome); }
   [[nodiscard]] std::string States() const { return WordsOf(shown, &PortStatus::state); }
 
-  PosixFileSystem files;
+  FileSystem& files = MachineFiles();
   std::string folder;
   const FieldTexts texts = BuildFieldTexts('.');
   Plan plan;

@@ -3,7 +3,8 @@
 #include "fleet_command.h"
 #include "fleet_summary.h"
 #include "machine.h"
-#include "posix_file_system.h"
+#include "machine_files.h"
+#include "processes.h"
 #include "settings.h"
 
 #include <CLI/CLI.hpp>
@@ -11,7 +12,6 @@
 
 #include <unistd.h>
 
-#include <csignal>
 #include <iostream>
 #include <limits>
 
@@ -68,10 +68,10 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
 int main(int argc, char** argv) {
   using namespace mr4500x;
   PrepareProcess();
-  std::signal(SIGPIPE, SIG_IGN); // a reader of the lines that has gone must not end the radios' writes
+  IgnoreBrokenPipes(); // a reader of the lines that has gone must not end the radios' writes
   try {
     const QCoreApplication application(argc, argv);
-    PosixFileSystem files;
+    FileSystem& files = MachineFiles();
     Terminal terminal{std::cout, std::cerr, std::cin, false, isatty(STDERR_FILENO) != 0};
     FleetArguments arguments;
     ExitStatus status = ExitStatus::UnusableArguments;

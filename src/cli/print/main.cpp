@@ -1,7 +1,7 @@
 // mr4500x-cli-print FILE OUT.pdf REPORTS: runs the print command of mr4500x-cli, whose other commands thus start
 // without the libraries that draw pages. mr4500x-cli has checked the arguments.
 #include "machine.h"
-#include "posix_file_system.h"
+#include "machine_files.h"
 #include "print_command.h"
 
 #include <QGuiApplication>
@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   try {
     const QGuiApplication application(argc, argv);
-    mr4500x::PosixFileSystem files;
+    mr4500x::FileSystem& files = mr4500x::MachineFiles();
     mr4500x::Terminal terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0};
     return static_cast<int>(
         mr4500x::RunPrint(files, argv[1], argv[2], *choice, QLocale(), mr4500x::LocalNow(), terminal));

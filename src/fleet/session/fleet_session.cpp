@@ -4,6 +4,7 @@
 #include "input.h"
 #include "machine.h"
 #include "messages.h"
+#include "paths.h"
 #include "port_devices.h"
 #include "settings.h"
 #include "sql_journal.h"
@@ -24,8 +25,9 @@ namespace {
 // One path for all spellings, because the pending attempts of a journal are found by it.
 std::filesystem::path OwnPath(const std::string& path) {
   std::error_code failed;
-  const std::filesystem::path own = std::filesystem::weakly_canonical(std::filesystem::absolute(path, failed), failed);
-  return failed ? std::filesystem::path(path) : own;
+  const std::filesystem::path own =
+      std::filesystem::weakly_canonical(std::filesystem::absolute(PathOf(path), failed), failed);
+  return failed ? PathOf(path) : own;
 }
 
 std::filesystem::path Beside(const FleetChoice& choice) {
@@ -53,9 +55,9 @@ std::vector<BenchPort> BenchPortsOf(const std::vector<PortAddress>& ports, FileS
 } // namespace
 
 std::string JournalOf(const FleetChoice& choice) {
-  if (choice.journal.empty()) return Beside(choice).replace_extension(".journal").string();
+  if (choice.journal.empty()) return TextOf(Beside(choice).replace_extension(".journal"));
   const std::string file = FileOfJournal(choice.journal);
-  return file.empty() ? choice.journal : OwnPath(file).string();
+  return file.empty() ? choice.journal : TextOf(OwnPath(file));
 }
 
 bool IsNeeded(const FleetChoice& choice, const std::string& path) {
@@ -63,12 +65,12 @@ bool IsNeeded(const FleetChoice& choice, const std::string& path) {
   const std::string needed[] = {choice.templateFile, choice.rowsFile, journal, journal + "-wal", journal + "-shm"};
   return std::ranges::any_of(needed, [&](const std::string& file) {
     std::error_code unknown; // of a missing file
-    return std::filesystem::equivalent(file, path, unknown);
+    return std::filesystem::equivalent(PathOf(file), PathOf(path), unknown);
   });
 }
 
 std::string BackupFolderOf(const FleetChoice& choice) {
-  return choice.backupFolder.empty() ? (Beside(choice).parent_path() / "backups").string() : choice.backupFolder;
+  return choice.backupFolder.empty() ? TextOf(Beside(choice).parent_path() / "backups") : choice.backupFolder;
 }
 
 PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts, std::istream* input) {

@@ -1,5 +1,6 @@
 #include "journal_report.h"
 
+#include "conventions.h"
 #include "shown_text.h"
 #include "words.h"
 
@@ -42,7 +43,7 @@ QString HtmlOf(const QString& planName, const JournalContent& content) {
     const std::string row = attempt.row == 0 ? "" : std::to_string(attempt.row);
     const std::string time = attempt.start + " to " + attempt.end.substr(std::min<std::size_t>(11, attempt.end.size()));
     const std::string who = attempt.idNumber + " " + attempt.firmware + " " + attempt.band;
-    const std::string backup = attempt.backup.substr(attempt.backup.rfind('/') + 1);
+    const std::string backup = attempt.backup.substr(attempt.backup.find_last_of(Separators) + 1);
     lines += Cells("td", {time, row, attempt.label, who, attempt.bench + " " + attempt.port, WordFor(attempt.outcome),
                           attempt.text, backup, attempt.sha256.substr(0, 16)});
   }

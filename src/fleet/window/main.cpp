@@ -2,7 +2,7 @@
 #include "end_signals.h"
 #include "frm_fleet.h"
 #include "machine.h"
-#include "posix_file_system.h"
+#include "machine_files.h"
 #include "settings.h"
 
 #include <QApplication>
@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: mr4500x-fleet\nmr4500x-cli fleet does the same without a window.\n";
     return 2;
   }
-  PosixFileSystem files;
+  FileSystem& files = MachineFiles();
   const std::string folder = UserConfigFolder();
   FrmFleet window(files, SettingsFilePath(files, ProgramFolder(), folder),
                   QString::fromStdString(folder) + QStringLiteral("/fleet.ini"));

@@ -51,8 +51,8 @@ public:
   EndSignalsHeard& operator=(const EndSignalsHeard&) = delete;
 
 private:
-  class Pipe;
-  std::unique_ptr<Pipe> m_pipe;
+  class Reporter;
+  std::unique_ptr<Reporter> m_reporter;
 };
 
 } // namespace mr4500x

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
 #include <string_view>
 #include <vector>
 
@@ -18,13 +17,6 @@ bool IsNumber(std::string_view text) {
   return !text.empty() && std::ranges::all_of(text, IsDigit);
 }
 
-// A bare name is a device in /dev, unless the current folder has a file of that name.
-std::string DevicePath(const std::string& text) {
-  std::error_code ignored;
-  const bool isHere = text.find('/') == std::string::npos && std::filesystem::exists(text, ignored);
-  return isHere ? "./" + text : text;
-}
-
 } // namespace
 
 std::optional<PortAddress> ParsePortAddress(const std::string& text) {
@@ -32,11 +24,13 @@ std::optional<PortAddress> ParsePortAddress(const std::string& text) {
   const bool isCom = text.starts_with("COM") || text.starts_with("com");
   if (isCom && IsNumber(digits.substr(3))) digits.remove_prefix(3);
   if (text.empty()) return std::nullopt;
-  if (!IsNumber(digits)) return PortAddress{0, DevicePath(text)};
+  if (!IsNumber(digits)) return PortAddress{0, DeviceNamed(text)};
   int number = 0;
   const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (digits.size() > MostDigits || parsed.ec != std::errc() || number < 1 || number > PortCount) return std::nullopt;
-  return PortAddress{number, {}};
+  if (digits.size() <= MostDigits && parsed.ec == std::errc() && number >= 1 && number <= PortCount)
+    return PortAddress{number, {}};
+  if (isCom && DeviceExists(text)) return PortAddress{0, text}; // a name of the system's own, where there are any
+  return std::nullopt;
 }
 
 std::string DisplayName(const PortAddress& port) {
@@ -44,13 +38,12 @@ std::string DisplayName(const PortAddress& port) {
 }
 
 bool PortExists(const PortAddress& port) {
-  std::error_code unknown;
-  return port.number > 0 || std::filesystem::is_character_file(port.device, unknown);
+  return port.number > 0 || DeviceExists(port.device);
 }
 
-std::unique_ptr<QtSerialPort> MakePort(const PortAddress& port, std::span<const std::string> pins) {
-  if (port.number == 0) return std::make_unique<QtSerialPort>(port.device);
-  return std::make_unique<QtSerialPort>([pins = std::vector(pins.begin(), pins.end())](int number) {
+std::unique_ptr<SerialPort> MakePort(const PortAddress& port, std::span<const std::string> pins) {
+  if (port.number == 0) return MakeSerialPort(port.device);
+  return MakeSerialPort([pins = std::vector(pins.begin(), pins.end())](int number) {
     return DeviceOfPort(number, pins, MachineSerialDevices());
   });
 }

@@ -1,7 +1,7 @@
 // A serial port as its user names it: by its COM number, or by the path of a device.
 #pragma once
 
-#include "qt_serial_port.h"
+#include "machine_port.h"
 
 #include <memory>
 #include <optional>
@@ -25,6 +25,6 @@ struct PortAddress {
 [[nodiscard]] bool PortExists(const PortAddress& port);
 
 // The devices of numbers are looked up each time a port is opened. `pins` as for DeviceOfPort.
-[[nodiscard]] std::unique_ptr<QtSerialPort> MakePort(const PortAddress& port, std::span<const std::string> pins);
+[[nodiscard]] std::unique_ptr<SerialPort> MakePort(const PortAddress& port, std::span<const std::string> pins);
 
 } // namespace mr4500x

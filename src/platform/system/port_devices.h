@@ -1,8 +1,6 @@
 // The mapping of COM1 to COM16 to this machine's serial devices.
 #pragma once
 
-#include <filesystem>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -22,21 +20,11 @@ struct PortDevice {
 [[nodiscard]] PortDevice DeviceOfPort(int n, std::span<const std::string> pins,
                                       const std::vector<std::string>& devices);
 
-enum class DeviceKind { UsbAdapter, BuiltIn, Other };
-
-struct SerialDevice {
-  std::string path;
-  DeviceKind kind;
-};
-
-// USB adapters, built-in ports, then others such as Bluetooth, each in natural order: ttyUSB2 before ttyUSB10.
-[[nodiscard]] std::vector<std::string> InPortOrder(std::vector<SerialDevice> devices);
-
-// Describes a terminal from its entry in `terminals` (/sys/class/tty); nullopt for a spare entry without hardware.
-[[nodiscard]] std::optional<SerialDevice> DescribeDevice(const std::filesystem::path& terminals,
-                                                         const std::string& name);
-
-// The paths of this machine's serial devices, in port order.
+// The paths of this machine's serial devices, in port order; empty where a port has none.
 [[nodiscard]] std::vector<std::string> MachineSerialDevices();
+
+// The path of the device that a user has named.
+[[nodiscard]] std::string DeviceNamed(const std::string& text);
+[[nodiscard]] bool DeviceExists(const std::string& path);
 
 } // namespace mr4500x

@@ -1,4 +1,5 @@
 #include "port_address.h"
+#include "tty_devices.h"
 
 #include <fstream>
 

@@ -1,4 +1,4 @@
-#include "posix_file_system.h"
+#include "machine_files.h"
 
 #include "machine.h"
 
@@ -37,6 +37,35 @@ std::optional<FileSystem::Handle> Open(const std::string& path, int flags, mode_
   const int file = Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); });
   return file < 0 ? std::nullopt : std::optional(file);
 }
+
+// Plain system calls, retried when interrupted.
+class PosixFileSystem final : public FileSystem {
+public:
+  std::optional<FileStatus> Status(const std::string& path) override;
+  std::optional<std::string> ReadLink(const std::string& path) override;
+  bool CanWrite(const std::string& path) override;
+  std::optional<std::vector<std::string>> List(const std::string& folder) override;
+  bool MakeFolder(const std::string& folder) override;
+
+  std::optional<Handle> OpenToRead(const std::string& path) override;
+  std::optional<Handle> Create(const std::string& path, std::uint32_t mode) override;
+  std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) override;
+  void Close(Handle file) override;
+  LockOutcome Lock(Handle file) override;
+  std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override;
+  std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override;
+  bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override;
+  bool SetGroup(Handle file, std::uint32_t group) override;
+  bool SetMode(Handle file, std::uint32_t mode) override;
+  bool SetSize(Handle file, std::uint64_t size) override;
+  bool Sync(Handle file) override;
+
+  bool Rename(const std::string& from, const std::string& to) override;
+  bool Remove(const std::string& path) override;
+  bool SyncFolder(const std::string& folder) override;
+
+  std::uint64_t UnpredictableNumber() override;
+};
 
 } // namespace
 
@@ -147,6 +176,11 @@ std::uint64_t PosixFileSystem::UnpredictableNumber() {
   if (getentropy(&number, sizeof number) == 0) return number;
   const auto now = std::chrono::system_clock::now().time_since_epoch().count();
   return static_cast<std::uint64_t>(now) * 0x9E3779B97F4A7C15U + static_cast<std::uint64_t>(getpid());
+}
+
+FileSystem& MachineFiles() {
+  static PosixFileSystem files;
+  return files;
 }
 
 } // namespace mr4500x

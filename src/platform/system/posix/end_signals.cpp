@@ -57,9 +57,9 @@ void Handle(int number, void (*handler)(int), int flags) {
 
 } // namespace
 
-class EndSignalsHeard::Pipe {
+class EndSignalsHeard::Reporter {
 public:
-  Pipe(std::function<void(int)> report, NextSignal next) : m_report(std::move(report)) {
+  Reporter(std::function<void(int)> report, NextSignal next) : m_report(std::move(report)) {
     if (pipe2(m_ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return; // then the signals end the program as ever
     m_notifier.emplace(m_ends[0], QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] { Read(); });
@@ -67,15 +67,15 @@ public:
     for (const EndSignal& each : endSignals)
       Handle(each.number, Report, SA_RESTART | (next == NextSignal::Ends ? static_cast<int>(SA_RESETHAND) : 0));
   }
-  ~Pipe() {
+  ~Reporter() {
     if (!m_notifier) return;
     for (const EndSignal& each : endSignals)
       Handle(each.number, SIG_DFL, 0);
     for (const int end : m_ends)
       close(end);
   }
-  Pipe(const Pipe&) = delete;
-  Pipe& operator=(const Pipe&) = delete;
+  Reporter(const Reporter&) = delete;
+  Reporter& operator=(const Reporter&) = delete;
 
 private:
   void Read() {
@@ -90,7 +90,7 @@ private:
 };
 
 EndSignalsHeard::EndSignalsHeard(std::function<void(int)> report, NextSignal next)
-    : m_pipe(std::make_unique<Pipe>(std::move(report), next)) {}
+    : m_reporter(std::make_unique<Reporter>(std::move(report), next)) {}
 
 EndSignalsHeard::~EndSignalsHeard() = default;
 

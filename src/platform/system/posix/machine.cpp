@@ -1,8 +1,5 @@
 #include "machine.h"
 
-#include <QDateTime>
-#include <QLocale>
-
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
@@ -85,17 +82,6 @@ void SteadyClock::WaitUntil(Moment moment) {
   deadline.tv_nsec = static_cast<long>(std::chrono::nanoseconds(moment - seconds).count());
   while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
   }
-}
-
-char DecimalSeparatorOf(const QLocale& locale) {
-  bool isNumber = false;
-  const double value = locale.toDouble(QStringLiteral("9.55"), &isNumber);
-  return isNumber && value >= 9.54 && value <= 9.56 ? '.' : ',';
-}
-
-std::string DateTimeText(const QLocale& locale, const LocalTime& time) {
-  const QDateTime moment(QDate(time.year, time.month, time.day), QTime(time.hour, time.minute, time.second));
-  return locale.toString(moment, QLocale::ShortFormat).toStdString();
 }
 
 } // namespace mr4500x

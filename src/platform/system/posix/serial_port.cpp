@@ -1,4 +1,4 @@
-#include "qt_serial_port.h"
+#include "machine_port.h"
 
 #include <QAbstractEventDispatcher>
 #include <QLoggingCategory>
@@ -99,15 +99,41 @@ private:
   const bool m_isNeeded;
 };
 
+class QtSerialPort final : public SerialPort {
+public:
+  explicit QtSerialPort(DeviceLookup lookup);
+
+  void SetPortNumber(int number) override { m_number = number; }
+  [[nodiscard]] std::optional<std::string> Open(const LineSettings& settings) override;
+  void Close() override;
+  [[nodiscard]] bool IsOpen() const override;
+
+  [[nodiscard]] std::optional<std::size_t> BytesReceived() override;
+  [[nodiscard]] bool DiscardReceived() override;
+  [[nodiscard]] std::optional<std::size_t> BytesToTransmit() override;
+  [[nodiscard]] bool DiscardTransmit() override;
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) override;
+  void AwaitSent() override;
+  [[nodiscard]] std::optional<std::vector<std::uint8_t>> TakeReceived() override;
+
+private:
+  [[nodiscard]] bool IsUsable();      // open and not failed
+  [[nodiscard]] bool FetchReceived(); // moves received bytes into Qt's buffer
+  [[nodiscard]] bool PushUnsent();    // passes on what the driver takes of m_unsent
+
+  DeviceLookup m_lookup;
+  std::unique_ptr<QSerialPort> m_port;
+  // Bytes that the driver has not taken. Kept here because Qt can only clear its own write buffer together with the
+  // driver's queue, whose bytes must still be sent.
+  std::vector<std::uint8_t> m_unsent;
+  int m_number = 1;
+  bool m_failed = false;
+};
+
 } // namespace
 
 QtSerialPort::QtSerialPort(DeviceLookup lookup)
     : m_lookup(std::move(lookup)), m_port(std::make_unique<QSerialPort>()) {}
-
-QtSerialPort::QtSerialPort(std::string device)
-    : QtSerialPort(DeviceLookup([path = std::move(device)](int) { return PortDevice{path}; })) {}
-
-QtSerialPort::~QtSerialPort() = default;
 
 std::optional<std::string> QtSerialPort::Open(const LineSettings& settings) {
   Close();
@@ -202,6 +228,13 @@ std::optional<std::vector<std::uint8_t>> QtSerialPort::TakeReceived() {
   if (!FetchReceived()) return std::nullopt;
   const QByteArray bytes = m_port->readAll();
   return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
+}
+
+std::unique_ptr<SerialPort> MakeSerialPort(DeviceLookup lookup) {
+  return std::make_unique<QtSerialPort>(std::move(lookup));
+}
+std::unique_ptr<SerialPort> MakeSerialPort(const std::string& device) {
+  return MakeSerialPort([device](int) { return PortDevice{device}; });
 }
 
 } // namespace mr4500x

@@ -1,5 +1,5 @@
 // The serial port over a real pseudo-terminal, whose other end the test holds.
-#include "qt_serial_port.h"
+#include "machine_port.h"
 
 #include <QLoggingCategory>
 
@@ -48,7 +48,7 @@ using Bytes = std::vector<std::uint8_t>;
 constexpr LineSettings Line = {9600, Parity::Odd, 8, 2};
 constexpr int LimitMilliseconds = 5000; // for what happens at once unless it never does
 
-class QtSerialPortTest : public testing::Test {
+class SerialPortTest : public testing::Test {
 protected:
   void SetUp() override {
     std::array<char, 128> name{};
@@ -57,7 +57,7 @@ protected:
     ASSERT_EQ(openpty(&m_master, &m_slave, name.data(), &raw, nullptr), 0);
     m_device = name.data();
     fcntl(m_master, F_SETFL, O_NONBLOCK);
-    m_port = std::make_unique<QtSerialPort>(m_device);
+    m_port = MakeSerialPort(m_device);
   }
   void TearDown() override {
     m_port.reset(); // first: while it holds its lock, the device's name must not pass to another test's
@@ -78,10 +78,10 @@ protected:
   int m_master = -1;
   int m_slave = -1;
   std::string m_device;
-  std::unique_ptr<QtSerialPort> m_port;
+  std::unique_ptr<SerialPort> m_port;
 };
 
-TEST_F(QtSerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
+TEST_F(SerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
   testing::internal::CaptureStderr();
   Open();
   Arrive({0x57, 0x00, 0xFF});
@@ -99,7 +99,7 @@ TEST_F(QtSerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
   EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled()) << "opening switches Qt's own warnings off";
 }
 
-TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
+TEST_F(SerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
   Open();
   const Bytes much(1'000'000, 0x55);
   ASSERT_TRUE(m_port->Write(much));
@@ -119,7 +119,7 @@ TEST_F(QtSerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
   EXPECT_EQ(left.size(), much.size() - waiting + 1);
 }
 
-TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
+TEST_F(SerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
   const auto work = [&] { // first the discarding: it alone does nothing with the device
     return std::vector<bool>{m_port->DiscardTransmit(), m_port->BytesReceived().has_value(),
                              m_port->DiscardReceived(), m_port->BytesToTransmit().has_value(),
@@ -135,15 +135,15 @@ TEST_F(QtSerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
   EXPECT_FALSE(m_port->IsOpen());
 }
 
-TEST_F(QtSerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
+TEST_F(SerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
   m_port->AwaitSent();
   EXPECT_EQ(drained, 0) << "before it was opened";
   for (const bool rts : {true, false})
     for (const bool dtr : {true, false}) {
       loweredLines.clear();
       drained = 0;
-      QtSerialPort port([&](int) { return PortDevice{m_device, rts, dtr}; });
-      ASSERT_EQ(port.Open(Line), std::nullopt);
+      const auto port = MakeSerialPort([&](int) { return PortDevice{m_device, rts, dtr}; });
+      ASSERT_EQ(port->Open(Line), std::nullopt);
       EXPECT_EQ(loweredLines.contains(TIOCM_RTS), !rts);
       EXPECT_EQ(loweredLines.contains(TIOCM_DTR), !dtr);
       termios line{};
@@ -151,7 +151,7 @@ TEST_F(QtSerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
       EXPECT_EQ(cfgetospeed(&line), B9600);
       EXPECT_NE(line.c_cflag & CSTOPB, 0U);
       EXPECT_EQ(parity, PARENB | PARODD);
-      port.AwaitSent();
+      port->AwaitSent();
       EXPECT_EQ(drained, 1);
     }
   for (const auto& [asked, flags] : {std::pair(Parity::Even, PARENB), {Parity::None, 0}}) {
@@ -165,24 +165,24 @@ TEST_F(QtSerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
   EXPECT_EQ(line.c_cflag & CSTOPB, 0U);
 }
 
-TEST_F(QtSerialPortTest, SaysWhyItDoesNotOpen) {
+TEST_F(SerialPortTest, SaysWhyItDoesNotOpen) {
   for (const char* const device : {"/dev/no-such-device", "/dev/null", ""}) {
-    QtSerialPort port([&](int number) { return PortDevice{number == 7 ? device : m_device}; });
-    port.SetPortNumber(7);
-    const auto description = port.Open(Line);
+    const auto port = MakeSerialPort([&](int number) { return PortDevice{number == 7 ? device : m_device}; });
+    port->SetPortNumber(7);
+    const auto description = port->Open(Line);
     EXPECT_GT(description.value_or("").size(), 5U) << device;
-    EXPECT_FALSE(port.IsOpen()) << device;
+    EXPECT_FALSE(port->IsOpen()) << device;
   }
 }
 
-TEST_F(QtSerialPortTest, KeepsADeviceToItselfUnderEveryName) {
+TEST_F(SerialPortTest, KeepsADeviceToItselfUnderEveryName) {
   const std::string link = testing::TempDir() + "mr4500x_port_link";
   std::filesystem::remove(link);
   std::filesystem::create_symlink(m_device, link);
   for (const std::string& name : {m_device, link, std::filesystem::relative(link).string()}) {
-    EXPECT_EQ(QtSerialPort(name).Open(Line), std::nullopt) << name;
+    EXPECT_EQ(MakeSerialPort(name)->Open(Line), std::nullopt) << name;
     Open();
-    EXPECT_NE(QtSerialPort(name).Open(Line), std::nullopt) << name;
+    EXPECT_NE(MakeSerialPort(name)->Open(Line), std::nullopt) << name;
     m_port->Close();
   }
   std::filesystem::remove(link);

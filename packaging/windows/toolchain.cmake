@@ -1,0 +1,16 @@
+# Cross-compiles for 64-bit Windows on Debian. MR4500X_WINDOWS_ROOT is a folder with what Debian has no MinGW packages of:
+# Qt, and the header files of libraries that are headers only.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES MR4500X_WINDOWS_ROOT)
+if(MR4500X_WINDOWS_ROOT)
+  list(PREPEND CMAKE_FIND_ROOT_PATH ${MR4500X_WINDOWS_ROOT})
+endif()
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)

@@ -1,0 +1,24 @@
+// How this system writes paths and the lines of a text file.
+#pragma once
+
+#include <string_view>
+
+namespace mr4500x {
+
+inline constexpr char Separator = '\\';
+inline constexpr std::string_view Separators = "\\/"; // all that a path may have
+inline constexpr std::string_view LineEnd = "\r\n";
+inline constexpr std::string_view InstallationMark = "uninstall.exe"; // a file beside a program that was installed
+
+// "\" or "C:\"
+inline bool IsRoot(std::string_view path) {
+  return !path.empty() && Separators.find(path.back()) != std::string_view::npos &&
+         (path.size() == 1 || (path.size() == 3 && path[1] == ':'));
+}
+// Also "\\server\share".
+inline bool IsAbsolute(std::string_view path) {
+  return !path.empty() &&
+         (Separators.find(path.front()) != std::string_view::npos || (path.size() > 1 && path[1] == ':'));
+}
+
+} // namespace mr4500x

@@ -1,0 +1,277 @@
+#include "machine_files.h"
+
+#include "wide_text.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <random>
+#include <system_error>
+
+#include <windows.h>
+
+namespace mr4500x {
+namespace {
+
+constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::uint32_t ReadOnlyMode = 0444, WritableMode = 0666, WriteBits = 0222;
+constexpr std::uint32_t FolderMode = 0777;
+constexpr std::size_t MostBytesAtOnce = 1U << 30U;
+constexpr DWORD LockedOffset = 0x7FFFFFFF; // times 4 GiB: locks are mandatory, so the byte lies where no data is
+
+// How often and how long a call is tried again while another program has the file open.
+constexpr int Tries = 10;
+constexpr DWORD TryMilliseconds = 20;
+
+HANDLE NativeOf(FileSystem::Handle file) {
+  return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(file)); // only 32 bits of a handle count
+}
+
+bool IsOpenElsewhere(DWORD error) {
+  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE;
+}
+
+// Puts the reason of the last failure into errno.
+bool Fail() {
+  const DWORD error = GetLastError();
+  errno = IsOpenElsewhere(error) ? ETXTBSY
+                                 : std::system_category().default_error_condition(static_cast<int>(error)).value();
+  return false;
+}
+
+bool Done(BOOL result) {
+  return result != FALSE || Fail();
+}
+
+bool IsMissing(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
+         error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME;
+}
+
+// A folder that is mounted elsewhere is a link too. Other reparse points, such as files kept in a cloud, are files.
+bool IsLink(const std::wstring& path, DWORD attributes) {
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return false;
+  FindClose(search);
+  return found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
+}
+
+HANDLE OpenNative(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags = FILE_ATTRIBUTE_NORMAL) {
+  return CreateFileW(path.c_str(), access, ShareAll, nullptr, disposition, flags, nullptr);
+}
+
+// Leaves out devices, such as NUL and COM1.
+std::optional<FileSystem::Handle> Opened(HANDLE file) {
+  if (file == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
+  if (GetFileType(file) == FILE_TYPE_DISK)
+    return static_cast<FileSystem::Handle>(reinterpret_cast<std::intptr_t>(file));
+  CloseHandle(file);
+  errno = EINVAL;
+  return std::nullopt;
+}
+
+std::optional<FileSystem::Handle> OpenExisting(const std::string& path, DWORD access, DWORD disposition) {
+  const std::wstring wide = WidePath(path);
+  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && IsLink(wide, attributes)) {
+    errno = ELOOP;
+    return std::nullopt;
+  }
+  return Opened(OpenNative(wide, access, disposition));
+}
+
+template<typename Call>
+bool WithTries(Call call) {
+  for (int tries = 1; call() == FALSE; ++tries) {
+    const DWORD error = GetLastError();
+    // A file that is being deleted, and a scanned one, refuse access.
+    if (tries == Tries || (!IsOpenElsewhere(error) && error != ERROR_ACCESS_DENIED)) return Fail();
+    Sleep(TryMilliseconds);
+  }
+  return true;
+}
+
+// Files are opened so that others may read, rename and remove them, as on other systems. A file that another program
+// has opened without that can't be replaced: the calls fail then, after a few tries, as virus scanners hold fresh files
+// for a moment. Owners and groups do not exist; of the permissions there is only the read-only attribute.
+class WindowsFileSystem final : public FileSystem {
+public:
+  std::optional<FileStatus> Status(const std::string& path) override;
+  std::optional<std::string> ReadLink(const std::string& path) override;
+  bool CanWrite(const std::string& path) override;
+  std::optional<std::vector<std::string>> List(const std::string& folder) override;
+  bool MakeFolder(const std::string& folder) override;
+
+  std::optional<Handle> OpenToRead(const std::string& path) override;
+  std::optional<Handle> Create(const std::string& path, std::uint32_t mode) override;
+  std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) override;
+  void Close(Handle file) override;
+  LockOutcome Lock(Handle file) override;
+  std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override;
+  std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override;
+  bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override;
+  bool SetGroup(Handle file, std::uint32_t group) override;
+  bool SetMode(Handle file, std::uint32_t mode) override;
+  bool SetSize(Handle file, std::uint64_t size) override;
+  bool Sync(Handle file) override;
+
+  bool Rename(const std::string& from, const std::string& to) override;
+  bool Remove(const std::string& path) override;
+  bool SyncFolder(const std::string& folder) override;
+
+  std::uint64_t UnpredictableNumber() override;
+};
+
+} // namespace
+
+std::optional<FileStatus> WindowsFileSystem::Status(const std::string& path) {
+  const std::wstring wide = WidePath(path);
+  WIN32_FILE_ATTRIBUTE_DATA found{};
+  if (GetFileAttributesExW(wide.c_str(), GetFileExInfoStandard, &found) == FALSE) {
+    if (IsMissing(GetLastError())) return FileStatus{};
+    return Fail(), std::nullopt;
+  }
+  FileStatus status;
+  const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  const bool isReadOnly = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+  status.kind = IsLink(wide, found.dwFileAttributes)                    ? FileKind::Link
+                : isFolder                                              ? FileKind::Folder
+                : (found.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0 ? FileKind::Other
+                                                                        : FileKind::Regular;
+  status.mode = isFolder ? FolderMode : isReadOnly ? ReadOnlyMode : WritableMode;
+  status.size = (static_cast<std::uint64_t>(found.nFileSizeHigh) << 32U) | found.nFileSizeLow;
+  return status;
+}
+
+// Where all links lead in the end.
+std::optional<std::string> WindowsFileSystem::ReadLink(const std::string& path) {
+  const HANDLE file = OpenNative(WidePath(path), 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+  if (file == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
+  std::wstring target(GetFinalPathNameByHandleW(file, nullptr, 0, 0), L'\0');
+  target.resize(GetFinalPathNameByHandleW(file, target.data(), static_cast<DWORD>(target.size()), 0));
+  CloseHandle(file);
+  if (target.empty()) return Fail(), std::nullopt;
+  return PlainPath(target);
+}
+
+// Tries it: what the rules of access come to is hard to foresee.
+bool WindowsFileSystem::CanWrite(const std::string& path) {
+  const std::wstring wide = WidePath(path);
+  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return Fail();
+  HANDLE file = INVALID_HANDLE_VALUE;
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+    file = OpenNative(wide, GENERIC_WRITE, OPEN_EXISTING);
+  else
+    file = OpenNative(wide + LR"(\.mr4500x-)" + std::to_wstring(UnpredictableNumber()), GENERIC_WRITE | DELETE,
+                      CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE);
+  if (file == INVALID_HANDLE_VALUE) return Fail();
+  CloseHandle(file);
+  return true;
+}
+
+std::optional<std::vector<std::string>> WindowsFileSystem::List(const std::string& folder) {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW((WidePath(folder) + LR"(\*)").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
+  std::vector<std::string> names;
+  do
+    names.push_back(Narrow(found.cFileName));
+  while (FindNextFileW(search, &found) != FALSE);
+  FindClose(search);
+  return names;
+}
+
+bool WindowsFileSystem::MakeFolder(const std::string& folder) {
+  return Done(CreateDirectoryW(WidePath(folder).c_str(), nullptr));
+}
+
+std::optional<FileSystem::Handle> WindowsFileSystem::OpenToRead(const std::string& path) {
+  return OpenExisting(path, GENERIC_READ, OPEN_EXISTING);
+}
+std::optional<FileSystem::Handle> WindowsFileSystem::Create(const std::string& path, std::uint32_t) {
+  return Opened(OpenNative(WidePath(path), GENERIC_WRITE | DELETE, CREATE_NEW));
+}
+std::optional<FileSystem::Handle> WindowsFileSystem::OpenToWrite(const std::string& path, std::uint32_t) {
+  return OpenExisting(path, GENERIC_WRITE, OPEN_ALWAYS);
+}
+void WindowsFileSystem::Close(Handle file) {
+  CloseHandle(NativeOf(file));
+}
+
+LockOutcome WindowsFileSystem::Lock(Handle file) {
+  OVERLAPPED at{};
+  at.OffsetHigh = LockedOffset;
+  if (LockFileEx(NativeOf(file), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &at) != FALSE)
+    return LockOutcome::Taken;
+  const DWORD error = GetLastError();
+  Fail();
+  return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING ? LockOutcome::HeldByOther
+                                                                    : LockOutcome::NotPossible;
+}
+
+std::optional<std::size_t> WindowsFileSystem::ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) {
+  OVERLAPPED at{};
+  at.Offset = static_cast<DWORD>(offset);
+  at.OffsetHigh = static_cast<DWORD>(offset >> 32U);
+  DWORD count = 0;
+  const auto most = static_cast<DWORD>(std::min(bytes.size(), MostBytesAtOnce));
+  if (::ReadFile(NativeOf(file), bytes.data(), most, &count, &at) != FALSE || GetLastError() == ERROR_HANDLE_EOF)
+    return count;
+  return Fail(), std::nullopt;
+}
+
+std::optional<std::size_t> WindowsFileSystem::Write(Handle file, std::span<const std::uint8_t> bytes) {
+  DWORD count = 0;
+  const auto most = static_cast<DWORD>(std::min(bytes.size(), MostBytesAtOnce));
+  if (WriteFile(NativeOf(file), bytes.data(), most, &count, nullptr) != FALSE && count > 0) return count;
+  return Fail(), std::nullopt;
+}
+
+bool WindowsFileSystem::SetOwner(Handle, std::uint32_t, std::uint32_t) {
+  return true;
+}
+bool WindowsFileSystem::SetGroup(Handle, std::uint32_t) {
+  return true;
+}
+// Only files that may be written are replaced, and new ones are made so.
+bool WindowsFileSystem::SetMode(Handle, std::uint32_t mode) {
+  return (mode & WriteBits) != 0;
+}
+bool WindowsFileSystem::SetSize(Handle file, std::uint64_t size) {
+  FILE_END_OF_FILE_INFO end{};
+  end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+  return Done(SetFileInformationByHandle(NativeOf(file), FileEndOfFileInfo, &end, sizeof end));
+}
+bool WindowsFileSystem::Sync(Handle file) {
+  return Done(FlushFileBuffers(NativeOf(file)));
+}
+
+bool WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
+  const std::wstring source = WidePath(from), target = WidePath(to);
+  return WithTries(
+      [&] { return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH); });
+}
+
+bool WindowsFileSystem::Remove(const std::string& path) {
+  const std::wstring wide = WidePath(path);
+  return WithTries([&] { return DeleteFileW(wide.c_str()); });
+}
+
+// A rename is written through.
+bool WindowsFileSystem::SyncFolder(const std::string&) {
+  return true;
+}
+
+std::uint64_t WindowsFileSystem::UnpredictableNumber() {
+  std::random_device device; // the processor's or the system's generator
+  return (static_cast<std::uint64_t>(device()) << 32U) | device();
+}
+
+FileSystem& MachineFiles() {
+  static WindowsFileSystem files;
+  return files;
+}
+
+} // namespace mr4500x

@@ -1,0 +1,97 @@
+#include "machine.h"
+
+#include "wide_text.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <thread>
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+namespace mr4500x {
+namespace {
+
+std::string UserFolder(const wchar_t* variable) {
+  const wchar_t* const folder = _wgetenv(variable);
+  return folder != nullptr ? Narrow(folder) + R"(\MR4500X)" : std::string();
+}
+
+} // namespace
+
+// Data files go through the standard streams byte by byte, and texts are UTF-8.
+void PrepareProcess() {
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); // no boxes about an empty drive
+  static const UINT codePage = GetConsoleOutputCP();
+  if (codePage != 0 && SetConsoleOutputCP(CP_UTF8) != FALSE) std::atexit([] { SetConsoleOutputCP(codePage); });
+  for (const auto& [stream, number] : {std::pair(stdin, 0), {stdout, 1}, {stderr, 2}}) {
+    if (_fileno(stream) < 0) static_cast<void>(std::freopen("NUL", number == 0 ? "rb" : "wb", stream));
+    if (_fileno(stream) >= 0) _setmode(_fileno(stream), _O_BINARY);
+  }
+}
+
+std::string ProgramFolder() {
+  std::wstring path(32768, L'\0'); // the longest that there is
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  path.resize(std::min(path.rfind(L'\\'), path.size()));
+  return PlainPath(path);
+}
+
+std::string UserConfigFolder() {
+  return UserFolder(L"APPDATA");
+}
+std::string UserStateFolder() {
+  return UserFolder(L"LOCALAPPDATA");
+}
+
+LocalTime LocalNow() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond > 59 ? 59 : now.wSecond};
+}
+
+namespace {
+
+// One for each thread. Where the system has no timers of high resolution, the deadline may be missed by one tick.
+class Timer {
+public:
+  Timer() : m_timer(CreateWaitableTimerExW(nullptr, nullptr, HighResolution, TIMER_ALL_ACCESS)) {
+    if (m_timer == nullptr) m_timer = CreateWaitableTimerExW(nullptr, nullptr, 0, TIMER_ALL_ACCESS);
+  }
+  ~Timer() { CloseHandle(m_timer); }
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+
+  void Wait(std::chrono::microseconds time) {
+    LARGE_INTEGER due{};
+    due.QuadPart = -10 * time.count(); // relative, in units of 100 ns
+    if (SetWaitableTimer(m_timer, &due, 0, nullptr, nullptr, FALSE) != FALSE) WaitForSingleObject(m_timer, INFINITE);
+  }
+
+private:
+  static constexpr DWORD HighResolution = 2; // CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
+
+  HANDLE m_timer;
+};
+
+} // namespace
+
+SteadyClock::SteadyClock() = default;
+
+Clock::Moment SteadyClock::Now() {
+  return std::chrono::duration_cast<Moment>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+// The timer may be late by up to its resolution, so the last bit is spent looking at the clock.
+void SteadyClock::WaitUntil(Moment moment) {
+  constexpr Moment Lateness{400};
+  thread_local Timer timer;
+  if (const Moment left = moment - Now(); left > Lateness) timer.Wait(left - Lateness);
+  while (Now() < moment)
+    std::this_thread::yield();
+}
+
+} // namespace mr4500x

@@ -1,0 +1,229 @@
+#include "machine_port.h"
+
+#include "wide_text.h"
+
+#include <system_error>
+#include <utility>
+
+#include <windows.h>
+
+namespace mr4500x {
+namespace {
+
+constexpr DWORD QueueBytes = 4096;
+constexpr DWORD SentMilliseconds = 2000; // granted to what was handed to the driver
+
+DCB BlockOf(const LineSettings& line, const PortDevice& device) {
+  DCB block{};
+  block.DCBlength = sizeof block;
+  block.BaudRate = static_cast<DWORD>(line.baud);
+  block.fBinary = TRUE;
+  block.ByteSize = static_cast<BYTE>(line.dataBits);
+  block.fParity = line.parity == Parity::None ? FALSE : TRUE;
+  block.Parity = line.parity == Parity::None ? NOPARITY : line.parity == Parity::Odd ? ODDPARITY : EVENPARITY;
+  block.StopBits = line.stopBits == 2 ? TWOSTOPBITS : ONESTOPBIT;
+  block.fRtsControl = device.rts ? RTS_CONTROL_ENABLE : RTS_CONTROL_DISABLE;
+  block.fDtrControl = device.dtr ? DTR_CONTROL_ENABLE : DTR_CONTROL_DISABLE;
+  return block;
+}
+
+std::string ReasonOf(DWORD error) {
+  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND)
+    return std::make_error_code(std::errc::no_such_device).message();
+  // Windows reports a port in use by another program as a permission error, which misleads the user.
+  if (error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION) return "The port is in use by another program";
+  return std::system_category().message(static_cast<int>(error));
+}
+
+// An overlapped operation and its event.
+class Operation {
+public:
+  Operation() { m_overlapped.hEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr); }
+  ~Operation() { CloseHandle(m_overlapped.hEvent); }
+  Operation(const Operation&) = delete;
+  Operation& operator=(const Operation&) = delete;
+
+  [[nodiscard]] OVERLAPPED* Begin() {
+    m_overlapped.Offset = m_overlapped.OffsetHigh = 0;
+    ResetEvent(m_overlapped.hEvent);
+    return &m_overlapped;
+  }
+  // How many bytes it moved; nullopt if it has failed or is still running.
+  [[nodiscard]] std::optional<std::size_t> Result(HANDLE port, BOOL waits) {
+    DWORD count = 0;
+    if (GetOverlappedResult(port, &m_overlapped, &count, waits) == FALSE) return std::nullopt;
+    return count;
+  }
+  [[nodiscard]] bool AwaitEnd(DWORD milliseconds) {
+    return WaitForSingleObject(m_overlapped.hEvent, milliseconds) == WAIT_OBJECT_0;
+  }
+
+private:
+  OVERLAPPED m_overlapped{};
+};
+
+// An open port.
+class Device {
+public:
+  explicit Device(HANDLE port) : m_port(port) {}
+  ~Device() {
+    if (m_isWriting && !m_write.AwaitEnd(SentMilliseconds)) {
+      CancelIo(m_port);
+      static_cast<void>(m_write.Result(m_port, TRUE)); // the driver still uses the bytes
+    }
+    CloseHandle(m_port);
+  }
+  Device(const Device&) = delete;
+  Device& operator=(const Device&) = delete;
+
+  [[nodiscard]] bool SetUp(DCB block) {
+    // Reads return at once with what is there.
+    COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, 0};
+    return SetupComm(m_port, QueueBytes, QueueBytes) != FALSE && SetCommState(m_port, &block) != FALSE &&
+           SetCommTimeouts(m_port, &timeouts) != FALSE;
+  }
+
+  [[nodiscard]] bool Fetch() {
+    COMSTAT state{};
+    if (!Query(state)) return false;
+    if (state.cbInQue == 0) return true;
+    const std::size_t before = m_received.size();
+    m_received.resize(before + state.cbInQue);
+    const BOOL isDone = ::ReadFile(m_port, m_received.data() + before, state.cbInQue, nullptr, m_read.Begin());
+    std::optional<std::size_t> count;
+    if (isDone != FALSE || GetLastError() == ERROR_IO_PENDING) count = m_read.Result(m_port, TRUE);
+    m_received.resize(before + count.value_or(0));
+    m_failed = !count;
+    return !m_failed;
+  }
+  [[nodiscard]] std::vector<std::uint8_t>& Received() { return m_received; }
+  [[nodiscard]] bool DiscardReceived() {
+    m_received.clear();
+    m_failed = m_failed || PurgeComm(m_port, PURGE_RXCLEAR) == FALSE;
+    return !m_failed;
+  }
+
+  [[nodiscard]] std::optional<std::size_t> BytesToTransmit() {
+    COMSTAT state{};
+    if (!Push() || !Query(state)) return std::nullopt;
+    // Drivers differ in whether the bytes of a write in progress are in their queue.
+    return std::max<std::size_t>(state.cbOutQue, m_isWriting ? m_writing.size() : 0) + m_unsent.size();
+  }
+  void DiscardUnsent() { m_unsent.clear(); }
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) {
+    m_unsent.insert(m_unsent.end(), bytes.begin(), bytes.end());
+    return Push();
+  }
+  void AwaitSent() {
+    if (!m_failed && (!m_isWriting || m_write.AwaitEnd(SentMilliseconds))) FlushFileBuffers(m_port);
+  }
+  [[nodiscard]] bool IsUsable() const { return !m_failed; }
+
+private:
+  [[nodiscard]] bool Query(COMSTAT& state) {
+    DWORD errors = 0; // of parity and the like; the frames' checksums show them
+    m_failed = m_failed || ClearCommError(m_port, &errors, &state) == FALSE;
+    return !m_failed;
+  }
+
+  // Passes on what the driver has not got, once it has taken what it was given before.
+  [[nodiscard]] bool Push() {
+    if (m_failed) return false;
+    if (m_isWriting) {
+      if (!m_write.AwaitEnd(0)) return true;
+      m_isWriting = false;
+      m_failed = m_write.Result(m_port, FALSE) != m_writing.size();
+    }
+    if (m_failed || m_unsent.empty()) return !m_failed;
+    m_writing = std::exchange(m_unsent, {});
+    const auto count = static_cast<DWORD>(m_writing.size());
+    m_isWriting = ::WriteFile(m_port, m_writing.data(), count, nullptr, m_write.Begin()) != FALSE ||
+                  GetLastError() == ERROR_IO_PENDING;
+    m_failed = !m_isWriting;
+    return !m_failed;
+  }
+
+  HANDLE m_port;
+  Operation m_read, m_write;
+  std::vector<std::uint8_t> m_received, m_unsent;
+  std::vector<std::uint8_t> m_writing; // what the driver has
+  bool m_isWriting = false;
+  bool m_failed = false;
+};
+
+// Overlapped, but polled: no operation waits for the line, except AwaitSent and Close.
+class WindowsSerialPort final : public SerialPort {
+public:
+  explicit WindowsSerialPort(DeviceLookup lookup) : m_lookup(std::move(lookup)) {}
+
+  void SetPortNumber(int number) override { m_number = number; }
+  [[nodiscard]] std::optional<std::string> Open(const LineSettings& settings) override;
+  void Close() override { m_device.reset(); }
+  [[nodiscard]] bool IsOpen() const override { return m_device != nullptr; }
+
+  [[nodiscard]] std::optional<std::size_t> BytesReceived() override;
+  [[nodiscard]] bool DiscardReceived() override;
+  [[nodiscard]] std::optional<std::size_t> BytesToTransmit() override;
+  [[nodiscard]] bool DiscardTransmit() override;
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) override;
+  void AwaitSent() override;
+  [[nodiscard]] std::optional<std::vector<std::uint8_t>> TakeReceived() override;
+
+private:
+  DeviceLookup m_lookup;
+  std::unique_ptr<Device> m_device;
+  int m_number = 1;
+};
+
+} // namespace
+
+std::optional<std::string> WindowsSerialPort::Open(const LineSettings& settings) {
+  Close();
+  const PortDevice found = m_lookup(m_number);
+  if (found.path.empty()) return std::make_error_code(std::errc::no_such_device).message();
+  // Without the prefix only COM1 to COM9 are names of ports.
+  const std::wstring name = (found.path.starts_with('\\') ? L"" : LR"(\\.\)") + Wide(found.path);
+  const HANDLE port =
+      CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
+  if (port == INVALID_HANDLE_VALUE) return ReasonOf(GetLastError());
+  m_device = std::make_unique<Device>(port);
+  if (m_device->SetUp(BlockOf(settings, found))) return std::nullopt;
+  const DWORD error = GetLastError();
+  Close();
+  return ReasonOf(error);
+}
+
+std::optional<std::size_t> WindowsSerialPort::BytesReceived() {
+  if (m_device == nullptr || !m_device->Fetch()) return std::nullopt;
+  return m_device->Received().size();
+}
+bool WindowsSerialPort::DiscardReceived() {
+  return m_device != nullptr && m_device->DiscardReceived();
+}
+std::optional<std::size_t> WindowsSerialPort::BytesToTransmit() {
+  return m_device != nullptr ? m_device->BytesToTransmit() : std::nullopt;
+}
+bool WindowsSerialPort::DiscardTransmit() {
+  if (m_device == nullptr || !m_device->IsUsable()) return false;
+  m_device->DiscardUnsent();
+  return true;
+}
+bool WindowsSerialPort::Write(std::span<const std::uint8_t> bytes) {
+  return m_device != nullptr && m_device->Write(bytes);
+}
+void WindowsSerialPort::AwaitSent() {
+  if (m_device != nullptr) m_device->AwaitSent();
+}
+std::optional<std::vector<std::uint8_t>> WindowsSerialPort::TakeReceived() {
+  if (m_device == nullptr || !m_device->Fetch()) return std::nullopt;
+  return std::exchange(m_device->Received(), {});
+}
+
+std::unique_ptr<SerialPort> MakeSerialPort(DeviceLookup lookup) {
+  return std::make_unique<WindowsSerialPort>(std::move(lookup));
+}
+std::unique_ptr<SerialPort> MakeSerialPort(const std::string& device) {
+  return MakeSerialPort([device](int) { return PortDevice{device}; });
+}
+
+} // namespace mr4500x

@@ -1,0 +1,19 @@
+// Paths of the standard library from and to UTF-8. Its own constructor takes narrow text for another encoding on some
+// systems.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace mr4500x {
+
+[[nodiscard]] inline std::filesystem::path PathOf(std::string_view text) {
+  return {std::u8string(text.begin(), text.end())};
+}
+[[nodiscard]] inline std::string TextOf(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+} // namespace mr4500x
