@@ -145,6 +145,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
 TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {
   AddRadio({"--pace", "9600"});
   ChoosePlanAndPorts();
+  QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier);
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
   ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
@@ -155,6 +156,20 @@ TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {
   EXPECT_TRUE(Label("lblCounts").startsWith("1 of 3") ||
               Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
   EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(FleetWindowTest, SignalsCloseItAfterTheTransferAndWriteNoMore) {
+  AddRadio({"--pace", "9600"});
+  ChoosePlanAndPorts();
+  QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier);
+  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
+  window->CloseBySignal();
+  window->CloseBySignal();
+  EXPECT_TRUE(window->isVisible());
+  ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
+  EXPECT_EQ(Cards(), QStringList{"COM1: FAILED"});
+  EXPECT_TRUE(told.isEmpty()) << told.join(' ').toStdString();
 }
 
 TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
