@@ -1,6 +1,6 @@
 // Any text as a list of radios, and as a list of channels: each line is taken or told, and what was taken is exported
 // and comes back.
-#include "channel_list.h"
+#include "channel_text.h"
 #include "fuzz_input.h"
 #include "plan.h"
 
@@ -26,20 +26,24 @@ void Fuzz(FuzzInput input) {
   for (std::size_t i = 0; i < table.rows.size(); ++i)
     Require(again.rows[i + 1].isWhole && again.rows[i + 1].cells == table.rows[i].cells, "what is written is read");
 
-  const ChannelList list = ReadChannelList(text);
+  const ChannelList list = ReadChannelList(text, Texts);
   Require(list.hasHeading || (list.rows.empty() && !list.bad.empty()), "without a heading nothing is taken");
   RadioImage image;
   static_cast<void>(NewConfiguration(image, Texts, {2004, 11, 4, 9, 5, 7}));
   const RadioImage before = image;
+  Configuration pasted = Decode(image, Texts).configuration;
+  const ChannelList taken = TakeChannels(pasted, 0, text, Texts);
+  for (const auto& words : {TextsOf(list.bad), WordsForPasted(taken.bad)})
+    Require(std::ranges::none_of(words, &std::string::empty), "what is refused is told");
   const PlanCheck check = MakePlan(image, "", text, Texts, [](std::string_view bytes) { return std::string(bytes); });
   Require(!check.problems.empty() || !check.plan.rows.empty(), "a list of radios has rows, or it is told why not");
   for (std::size_t row = 1; check.problems.empty() && row <= check.plan.rows.size(); ++row)
     static_cast<void>(ImageFor(check.plan, row, Texts));
-  if (!ImportChannels(image, list.rows, Texts).empty()) return Require(image == before, "all or nothing is taken");
+  if (!ApplyCells(image, CellsOf(list.rows), Texts).empty()) return Require(image == before, "all or nothing is taken");
   const RadioImage imported = image;
-  const ChannelList exported = ReadChannelList(ChannelsCsv(Decode(image, Texts).configuration));
+  const ChannelList exported = ReadChannelList(ChannelsCsv(Decode(image, Texts).configuration), Texts);
   Require(exported.bad.empty() && exported.rows.size() == ChannelCount, "an export is a list of all channels");
-  Require(ImportChannels(image, exported.rows, Texts).empty() && image == imported, "an export changes nothing");
+  Require(ApplyCells(image, CellsOf(exported.rows), Texts).empty() && image == imported, "an export changes nothing");
 }
 
 } // namespace mr4500x

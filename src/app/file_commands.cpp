@@ -204,9 +204,9 @@ void ImportFile(const CommandContext& context, const std::string& path) {
 
 void ImportChannels(const CommandContext& context, const std::string& text) {
   context.panel.CommitCells();
-  ChannelList list = ReadChannelList(text);
-  RadioImage image = context.panel.Collected();
-  const std::vector<BadCell> refused = mr4500x::ImportChannels(image, list.rows, BuildFieldTexts('.'));
+  ChannelList list = ReadChannelList(text, context.panel.Texts());
+  Configuration values = context.panel.ShownUnfinished();
+  const std::vector<RefusedCell> refused = ApplyCells(values, CellsOf(list.rows), context.panel.Texts());
   list.bad.insert(list.bad.end(), refused.begin(), refused.end());
   if (!list.bad.empty()) {
     Refusals lines;
@@ -215,13 +215,10 @@ void ImportChannels(const CommandContext& context, const std::string& text) {
     context.Show({MessageIcon::Exclamation, ImportTitle, MessageOf(lines)});
     return;
   }
-  Configuration values = context.panel.ShownUnfinished();
-  values.channels = Decode(image, context.panel.Texts()).configuration.channels;
   context.panel.Change(values, ImportTitle);
   if (list.leftOut.empty())
     return context.status.ShowPassing("Channels imported: " + QString::number(list.rows.size()));
-  const char* const told = "The channels were imported, but a radio has nothing for these columns:";
-  context.Show({MessageIcon::Information, ImportTitle, MessageOf(list.leftOut, told)});
+  context.Show({MessageIcon::Information, ImportTitle, MessageOf(list.leftOut, LeftOutText)});
 }
 
 void ShowRecentFiles(const CommandContext& context) {

@@ -11,14 +11,13 @@ namespace mr4500x {
 namespace {
 
 // Imports the good rows and leaves only them; appends the cells that keep others out.
-void ImportGoodRows(RadioImage& image, std::vector<ImportedRow>& rows, std::vector<BadCell>& bad) {
-  const FieldTexts texts = BuildFieldTexts('.');
+void ImportGoodRows(RadioImage& image, ChannelList& list, const FieldTexts& texts) {
   for (;;) {
-    const std::vector<BadCell> refused = ImportChannels(image, rows, texts);
+    const std::vector<RefusedCell> refused = ApplyCells(image, CellsOf(list.rows), texts);
     if (refused.empty()) return;
-    bad.insert(bad.end(), refused.begin(), refused.end());
-    std::erase_if(rows, [&](const ImportedRow& row) {
-      return std::ranges::find(refused, row.line, &BadCell::line) != refused.end();
+    list.bad.insert(list.bad.end(), refused.begin(), refused.end());
+    std::erase_if(list.rows, [&](const ChannelRow& row) {
+      return std::ranges::find(refused, row.line, &RefusedCell::line) != refused.end();
     });
   }
 }
@@ -41,8 +40,9 @@ ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Ter
   Configuration before;
   const auto text = ReadTextForCommand(files, given.csv, terminal);
   if (!text || !LoadValuesForCommand(files, given.path, '.', image, before, terminal)) return ExitStatus::Failed;
-  ChannelList list = ReadChannelList(*text);
-  ImportGoodRows(image, list.rows, list.bad);
+  const FieldTexts texts = BuildFieldTexts('.');
+  ChannelList list = ReadChannelList(*text, texts);
+  ImportGoodRows(image, list, texts);
   for (const std::string& bad : TextsOf(list.bad))
     terminal.err << given.csv << ':' << bad << '\n';
   for (const std::string& column : list.leftOut)

@@ -1,13 +1,16 @@
 #include "plan.h"
 
-#include "channel_list.h"
+#include "columns.h"
 #include "csv.h"
 #include "data_file.h"
 #include "embedded_info.h"
 #include "fill_messages.h"
+#include "given_cells.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <span>
 
 namespace mr4500x {
@@ -21,41 +24,53 @@ class RowReader {
 public:
   RowReader(PlanCheck& check, const FieldTexts& texts) : m_check(check), m_texts(texts) {}
 
-  void Read(std::string_view text) {
-    const CsvTable table = ReadCsv(text);
-    m_hasDecimalComma = table.separator != ',';
-    if (table.rows.empty()) return Refuse(1, "", "", "no heading");
-    m_columns = table.rows.front().cells;
-    ReadHeading(table.rows.front());
+  void Read(std::string_view bytes) {
+    const std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
+    if (rows.empty()) return Refuse({1, "", "", Refused::NoHeading});
+    ReadHeading(rows.front());
     if (!m_check.problems.empty()) return; // each row would be refused for the same
-    for (const CsvRow& row : std::span(table.rows).subspan(1))
+    for (const CsvRow& row : std::span(rows).subspan(1))
       ReadRow(row);
-    if (table.rows.size() == 1) Refuse(table.rows.front().line, "", "", "no rows below the heading");
+    if (rows.size() == 1) Refuse(rows.front().line, "", "", "no rows below the heading");
   }
 
 private:
+  // A setting, or one of the list's own columns.
+  struct Column {
+    std::string name;
+    std::optional<SettingColumn> setting;
+  };
+
   void Refuse(std::size_t line, std::string_view column, const std::string& value, const std::string& why) {
     std::string problem = "line " + std::to_string(line);
     if (!column.empty()) problem += ", " + Shortened(column);
     m_check.problems.push_back(problem + ": " + (value.empty() ? "" : Shortened(value) + ", ") + why);
   }
+  void Refuse(const RefusedCell& refused) { Refuse(refused.line, refused.column, refused.cell, ReasonOf(refused)); }
 
   void ReadHeading(const CsvRow& heading) {
-    if (!heading.isWhole) Refuse(heading.line, "", "", "quotes that do not enclose a whole cell");
-    for (std::size_t i = 0; i < m_columns.size(); ++i) {
-      const std::string& column = m_columns[i];
-      const bool isOwn = column == InfoColumn || column == RadioColumn || column == LabelColumn;
-      if (!isOwn && !FindField(column)) Refuse(heading.line, column, "", "no such column");
-      if (std::find(m_columns.begin(), m_columns.begin() + static_cast<std::ptrdiff_t>(i), column) !=
-          m_columns.begin() + static_cast<std::ptrdiff_t>(i))
-        Refuse(heading.line, column, "", "a column twice");
+    if (!heading.isWhole) Refuse({heading.line, "", "", Refused::BrokenQuotes});
+    std::set<std::pair<FieldAt, std::string>> seen;
+    FieldAt last;
+    for (const std::string& cell : heading.cells) {
+      Column& column = m_columns.emplace_back(OneLine(cell));
+      const bool isOwn = column.name == InfoColumn || column.name == RadioColumn || column.name == LabelColumn;
+      if (!isOwn) column.setting = FindSettingColumn(column.name, last);
+      if (column.setting) last = column.setting->at;
+      const auto meaning = std::pair(column.setting ? last : FieldAt(), column.setting ? "" : column.name);
+      if (!isOwn && !column.setting && !column.name.empty())
+        Refuse({heading.line, column.name, "", Refused::UnknownColumn});
+      else if (!column.name.empty() && !seen.insert(meaning).second)
+        Refuse({heading.line, column.name, "", Refused::ColumnTwice});
     }
+    while (m_columns.size() > 1 && m_columns.back().name.empty())
+      m_columns.pop_back();
   }
 
   void ReadRow(CsvRow row) {
-    while (row.cells.size() > m_columns.size() && row.cells.back().empty())
+    while (row.cells.size() > m_columns.size() && OneLine(row.cells.back()).empty())
       row.cells.pop_back();
-    if (!row.isWhole) return Refuse(row.line, "", "", "quotes that do not enclose a whole cell");
+    if (!row.isWhole) return Refuse({row.line, "", "", Refused::BrokenQuotes});
     const std::size_t cells = row.cells.size(), columns = m_columns.size();
     if (cells != columns)
       return Refuse(row.line, "", "",
@@ -63,37 +78,52 @@ private:
                         std::to_string(columns));
     PlanRow& read = m_check.plan.rows.emplace_back();
     read.line = row.line;
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-      if (!row.cells[i].empty()) ReadCell(read, m_columns[i], row.cells[i]);
-    RadioImage image = m_check.plan.image;
-    for (const auto& [at, value, allowed] : ApplyChanges(image, read.values, m_texts))
-      Refuse(row.line, IdentifierOf(at), value, "allowed: " + allowed);
+    std::vector<GivenCell> given;
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+      const auto& [name, setting] = m_columns[i];
+      const std::string cell = setting ? OneLine(row.cells[i]) : row.cells[i];
+      if (cell.empty()) continue;
+      if (setting) {
+        const auto& [at, isOpposite] = *setting;
+        given.push_back({row.line, name, cell, {at, ValueOfCell(*at.field, isOpposite, cell, m_texts)}});
+      } else if (name.empty()) {
+        Refuse({row.line, "", cell, Refused::InNoColumn});
+      } else {
+        ReadOwnCell(read, name, cell);
+      }
+    }
+    SetValues(read, given);
   }
 
-  void ReadCell(PlanRow& row, const std::string& column, std::string cell) {
+  // As the row's radio will show them, so that one value has one spelling.
+  void SetValues(PlanRow& row, const std::vector<GivenCell>& cells) {
+    RadioImage image = m_check.plan.image;
+    for (const RefusedCell& refused : ApplyCells(image, cells, m_texts))
+      Refuse(refused);
+    const Configuration shown = Decode(image, m_texts).configuration;
+    for (const GivenCell& cell : cells)
+      row.values.push_back({cell.assignment.at, ValueOf(shown, cell.assignment.at)});
+    std::ranges::sort(row.values, {}, &Assignment::at);
+  }
+
+  void ReadOwnCell(PlanRow& row, const std::string& column, const std::string& cell) {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
-    const bool isShown = column == LabelColumn || column == RadioColumn;
-    if (isShown && (std::ranges::any_of(cell, isControl) || !InfoFromKept(cell)))
-      return Refuse(row.line, column, "", "allowed: a line of text in UTF-8");
-    if (column == LabelColumn) {
-      RefuseSecond(row.line, column, row.label = cell);
-    } else if (column == RadioColumn) {
-      RefuseSecond(row.line, column, row.radio = cell);
-      const auto isFirst = [](char c) { return (c & 0xC0) != 0x80; }; // byte of a character
-      if (std::ranges::count_if(cell, isFirst) > MostIdentityCharacters)
-        Refuse(row.line, column, cell, "allowed: up to 16 characters");
-    } else if (column == InfoColumn) {
-      const auto text = InfoFromKept(cell);
-      if (!text) return Refuse(row.line, column, "", "not valid UTF-8");
-      if (text->size() > MostEmbeddedCharacters)
-        return Refuse(row.line, column, "",
-                      std::to_string(text->size()) + " characters, allowed: " + std::to_string(MostEmbeddedCharacters));
+    const auto text = InfoFromKept(cell);
+    if (column == InfoColumn) {
       row.embeddedInfo = cell;
-    } else {
-      const FieldAt at = FindField(column).value();
-      if (m_hasDecimalComma) std::ranges::replace(cell, ',', '.');
-      row.values.push_back({at, ValueFrom(*at.field, cell)});
+      if (!text)
+        Refuse(row.line, column, "", "not valid UTF-8");
+      else if (text->size() > MostEmbeddedCharacters)
+        Refuse(row.line, column, "",
+               std::to_string(text->size()) + " characters, allowed: " + std::to_string(MostEmbeddedCharacters));
+      return;
     }
+    if (!text || std::ranges::any_of(cell, isControl))
+      return Refuse(row.line, column, "", "allowed: a line of text in UTF-8");
+    (column == LabelColumn ? row.label : row.radio) = cell;
+    RefuseSecond(row.line, column, cell);
+    if (column == RadioColumn && std::ranges::count_if(cell, BeginsCharacter) > MostIdentityCharacters)
+      Refuse(row.line, column, cell, "allowed: up to 16 characters");
   }
 
   void RefuseSecond(std::size_t line, const std::string& column, const std::string& value) {
@@ -103,17 +133,20 @@ private:
 
   PlanCheck& m_check;
   const FieldTexts& m_texts;
-  std::vector<std::string> m_columns;
-  bool m_hasDecimalComma = false;
+  std::vector<Column> m_columns;
   std::map<std::pair<std::string, std::string>, std::size_t> m_firstLines; // by column and value
 };
 
-// The same for the same cells, whatever the separator and the line ends.
-std::string CanonicalCsv(std::string_view text) {
-  std::string canonical;
-  for (const CsvRow& row : ReadCsv(text).rows)
-    canonical += CsvLine(row.cells);
-  return canonical;
+// What the rows mean, however the list spells it.
+std::string MeaningOf(const std::vector<PlanRow>& rows) {
+  std::string meaning;
+  for (const PlanRow& row : rows) {
+    std::vector<std::string> parts = {row.label, row.radio, row.embeddedInfo.value_or("")}; // which is never empty
+    for (const auto& [at, value, asStored] : row.values)
+      parts.insert(parts.end(), {IdentifierOf(at), value});
+    meaning += CsvLine(parts);
+  }
+  return meaning;
 }
 
 } // namespace
@@ -128,7 +161,7 @@ PlanCheck MakePlan(const RadioImage& image, std::string name, std::optional<std:
     check.problems.push_back("the template: " + std::string(DataErrorText));
   if (rows && check.problems.empty()) RowReader(check, texts).Read(*rows);
   const std::vector<std::uint8_t> file = BuildDataFile(image);
-  check.plan.key = sha256(std::string(file.begin(), file.end()) + CanonicalCsv(rows.value_or("")));
+  check.plan.key = sha256(std::string(file.begin(), file.end()) + MeaningOf(check.plan.rows));
   return check;
 }
 

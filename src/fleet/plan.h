@@ -15,13 +15,13 @@ namespace mr4500x {
 struct PlanRow {
   std::size_t line = 0; // in the list of rows
   std::string label;
-  std::string radio; // identity number of the only radio for this row; "": the next one that comes
-  std::vector<Assignment> values;
+  std::string radio;              // identity number of the only radio for this row; "": the next one that comes
+  std::vector<Assignment> values; // as the radio shows them, in the order of the table of settings
   std::optional<std::string> embeddedInfo; // UTF-8; nullopt: the radio keeps its text
 };
 
 struct Plan {
-  std::string key; // SHA-256 over the template and the rows: benches with the same key share the rows
+  std::string key; // SHA-256 over the template and what the rows mean: benches with the same key share the rows
   std::string name;
   RadioImage image; // the template
   std::vector<PlanRow> rows;
@@ -35,8 +35,8 @@ struct PlanCheck {
 
 using Sha256 = std::string (*)(std::string_view bytes); // in hexadecimal digits
 
-// Checks all of the list, as CSV: its heading has identifiers of settings, "embedded_info", "radio" and "label". An
-// empty cell leaves the template's value. nullopt: no list.
+// Checks all of the list, as CSV: its heading names settings (see FindSettingColumn), "embedded_info", "radio" and
+// "label". An empty cell leaves the template's value. nullopt: no list.
 [[nodiscard]] PlanCheck MakePlan(const RadioImage& image, std::string name, std::optional<std::string_view> rows,
                                  const FieldTexts& texts, Sha256 sha256);
 

@@ -1,43 +1,169 @@
 #include "channel_list.h"
 
-#include "decimal.h"
+#include "columns.h"
 #include "text.h"
 
 #include <algorithm>
 #include <set>
+#include <span>
 
 namespace mr4500x {
 namespace {
 
-constexpr std::string_view NumberColumn = "number";
+constexpr std::string_view NumberColumn = "number", LocationColumn = "Location";
 
-const Field* ChannelField(std::string_view column) {
-  const auto isIt = [&](const Field& field) { return field.group == FieldGroup::Channels && field.key == column; };
-  const auto found = std::ranges::find_if(Fields(), isIt);
-  return found == Fields().end() ? nullptr : &*found;
-}
+class ListReader {
+public:
+  ListReader(const FieldTexts& texts, std::optional<std::size_t> first) : m_texts(texts), m_first(first) {}
 
-void DropRepeatedChannels(ChannelList& list) {
-  std::set<std::size_t> seen;
-  std::erase_if(list.rows, [&](const ImportedRow& row) {
-    const bool isNew = seen.insert(row.channel).second;
-    if (!isNew) list.bad.push_back({row.line, "", std::to_string(row.channel), "a channel that a line above has"});
-    return !isNew;
-  });
-}
+  ChannelList Read(std::string_view bytes) {
+    const std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
+    std::span<const CsvRow> lines = rows;
+    if (rows.empty()) {
+      if (!m_first) Refuse({1, "", "", Refused::NoHeading});
+    } else if (ReadHeading(rows.front(), rows.size(), lines)) {
+      for (const CsvRow& row : lines)
+        if (!ReadRow(row)) break;
+    }
+    return std::move(m_list);
+  }
+
+private:
+  void Refuse(RefusedCell refused) { m_list.bad.push_back(std::move(refused)); }
+
+  // False if the lines below can't be read.
+  bool ReadHeading(const CsvRow& heading, std::size_t rows, std::span<const CsvRow>& lines) {
+    for (const std::string& cell : heading.cells)
+      m_names.push_back(OneLine(cell));
+    while (m_names.size() > 1 && m_names.back().empty())
+      m_names.pop_back();
+    if (m_names.size() > MostColumns || rows > MostRows)
+      return Refuse({heading.line, "", "", Refused::TooLarge}), false;
+    m_isExchanged = IsExchangeList(m_names);
+    FindColumns();
+    const auto isFound = [](const ChannelColumn* column) { return column != nullptr; };
+    if (m_first && std::ranges::none_of(m_columns, isFound)) return TakeGridColumns(), true;
+    if (!heading.isWhole) return Refuse({heading.line, "", "", Refused::BrokenQuotes}), false;
+    lines = lines.subspan(1);
+    m_firstPlace = heading.place + 1;
+    m_list.hasHeading = CheckHeading(heading.line);
+    const auto isZero = [&](const CsvRow& row) { return CellOf(row, m_number) == "0"; };
+    m_base = m_isExchanged && std::ranges::any_of(lines, isZero) ? 0 : 1;
+    return m_list.hasHeading || (m_first && !m_isExchanged); // what else is wrong with a pasted text is told, too
+  }
+
+  void FindColumns() {
+    const Field* last = nullptr;
+    for (const std::string& name : m_names) {
+      m_columns.push_back(!m_isExchanged ? FindChannelColumn(name, last) : name.empty() ? nullptr : Unused());
+      if (m_columns.back() != nullptr) last = m_columns.back()->field;
+    }
+  }
+  static const ChannelColumn* Unused() { return &GridColumns().front(); } // no setting
+
+  void TakeGridColumns() {
+    const bool isNumbered = Lower(m_names.front()).starts_with("ch") && ChannelNumberIn(m_names.front());
+    m_columns.clear();
+    for (const ChannelColumn& column : GridColumns())
+      if (isNumbered || column.field != nullptr) m_columns.push_back(&column);
+  }
+
+  // What a heading stands for; "" for nothing.
+  [[nodiscard]] std::string_view KeyOf(std::size_t i) const {
+    if (m_isExchanged) return IsExchangeColumn(m_names[i]) ? std::string_view(m_names[i]) : "";
+    if (m_columns[i] == nullptr) return "";
+    return m_columns[i]->field != nullptr ? m_columns[i]->field->key : NumberColumn;
+  }
+
+  bool CheckHeading(std::size_t line) {
+    std::set<std::string_view> seen;
+    m_number = m_names.size();
+    for (std::size_t i = 0; i < m_names.size(); ++i) {
+      const std::string_view key = KeyOf(i);
+      if (m_names[i].empty()) continue;
+      if (key.empty() && m_isExchanged)
+        m_list.leftOut.push_back(Shortened(m_names[i]));
+      else if (key.empty() || !seen.insert(key).second)
+        Refuse({line, m_names[i], "", key.empty() ? Refused::UnknownColumn : Refused::ColumnTwice});
+      else if (key == (m_isExchanged ? LocationColumn : NumberColumn))
+        m_number = i;
+      else
+        continue;
+      m_columns[i] = Unused();
+    }
+    if (m_number == m_names.size() && !m_first) Refuse({line, std::string(NumberColumn), "", Refused::ColumnMissing});
+    return m_list.bad.empty();
+  }
+
+  static std::string CellOf(const CsvRow& row, std::size_t column) {
+    return column < row.cells.size() ? OneLine(row.cells[column]) : "";
+  }
+
+  // The number of the row's channel; nothing for one that is refused.
+  std::optional<std::size_t> ChannelOf(const CsvRow& row) {
+    const std::string cell = CellOf(row, m_number);
+    const int number = ChannelNumberIn(cell).value_or(-1) + 1 - m_base;
+    if (number < 1 || number > static_cast<int>(ChannelCount)) {
+      Refuse({row.line, m_names[m_number], cell, Refused::Value, m_base == 0 ? "0 to 15" : "1 to 16"});
+      return std::nullopt;
+    }
+    if (m_channels.insert(number).second) return static_cast<std::size_t>(number);
+    Refuse({row.line, "", std::to_string(number), Refused::ChannelTwice});
+    return std::nullopt;
+  }
+
+  // False after the last channel.
+  bool ReadRow(const CsvRow& row) {
+    const std::size_t pasted = m_first.value_or(1) + row.place - m_firstPlace;
+    if (m_first && pasted > ChannelCount) {
+      Refuse({row.line, "", "", Refused::NoSuchChannel, "", pasted});
+      return false;
+    }
+    if (!row.isWhole) {
+      Refuse({row.line, "", "", Refused::BrokenQuotes, "", m_first ? pasted : 0});
+    } else if (const auto channel = m_first ? pasted : ChannelOf(row); channel && HasColumns(row, *channel)) {
+      if (m_isExchanged)
+        ReadExchangeLine(m_names, row, *channel, m_texts, m_list);
+      else
+        m_list.rows.push_back({row.line, *channel, CellsIn(row, *channel)});
+    }
+    return true;
+  }
+
+  // Whether each cell with a text has a column.
+  bool HasColumns(const CsvRow& row, std::size_t channel) {
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+      if ((i < m_columns.size() && m_columns[i] != nullptr) || CellOf(row, i).empty()) continue;
+      Refuse({row.line, "", CellOf(row, i), Refused::InNoColumn, "", channel});
+      return false;
+    }
+    return true;
+  }
+
+  [[nodiscard]] std::vector<GivenCell> CellsIn(const CsvRow& row, std::size_t channel) const {
+    std::vector<GivenCell> cells;
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+      const std::string cell = CellOf(row, i);
+      if (cell.empty() || m_columns[i]->field == nullptr) continue;
+      const auto& [caption, field, isOpposite] = *m_columns[i];
+      cells.push_back({row.line, caption, cell, {{field, channel}, ValueOfCell(*field, isOpposite, cell, m_texts)}});
+    }
+    return cells;
+  }
+
+  const FieldTexts& m_texts;
+  std::optional<std::size_t> m_first;
+  std::size_t m_firstPlace = 0;
+  bool m_isExchanged = false;
+  std::vector<std::string> m_names;
+  std::vector<const ChannelColumn*> m_columns; // nullptr below an empty heading
+  std::size_t m_number = 0;                    // the column of the channel's number
+  int m_base = 1;                              // the number of the first channel
+  std::set<int> m_channels;
+  ChannelList m_list;
+};
 
 } // namespace
-
-std::vector<std::string> TextsOf(std::vector<BadCell> bad) {
-  std::ranges::stable_sort(bad, {}, &BadCell::line);
-  std::vector<std::string> texts;
-  for (const auto& [line, column, value, why] : bad) {
-    std::string& text = texts.emplace_back(std::to_string(line) + ": " + Shortened(column));
-    if (!value.empty()) text += (column.empty() ? "" : "=") + Shortened(value);
-    text += (column.empty() && value.empty() ? "" : ": ") + why;
-  }
-  return texts;
-}
 
 std::string ChannelsCsv(const Configuration& configuration) {
   std::string text;
@@ -51,101 +177,15 @@ std::string ChannelsCsv(const Configuration& configuration) {
   return text;
 }
 
-ChannelList ReadChannelList(std::string_view text) {
-  CsvTable table = ReadCells(text);
-  ChannelList list;
-  if (table.rows.empty()) {
-    list.bad.push_back({1, "", "", "no heading"});
-    return list;
-  }
-  const std::size_t columns = table.rows.front().cells.size();
-  if (columns > MostColumns || table.rows.size() > MostRows) {
-    list.bad.push_back(
-        {table.rows.front().line, "", "",
-         "more than " + std::to_string(MostColumns) + " columns or " + std::to_string(MostRows) + " lines"});
-    return list;
-  }
-  for (CsvRow& row : table.rows) {
-    if (!row.isWhole) list.bad.push_back({row.line, "", "", "quotes that do not enclose a whole cell"});
-    if (row.isWhole && row.cells.size() > columns) {
-      list.bad.push_back({row.line, "", "", "more cells than the heading"});
-      row.isWhole = false;
-    }
-    row.cells.resize(columns);
-    for (std::string& cell : row.cells) // a comma that does not separate is a decimal one
-      std::ranges::replace(cell, ',', '.');
-  }
-  if (!table.rows.front().isWhole) return list;
-  (IsExchangeList(table.rows.front()) ? ReadExchangeList : ReadOwnForm)(table, list);
-  DropRepeatedChannels(list);
-  return list;
+ChannelList ReadChannelList(std::string_view bytes, const FieldTexts& texts, std::optional<std::size_t> first) {
+  return ListReader(texts, first).Read(bytes);
 }
 
-std::string ValueFrom(const Field& field, std::string cell, char decimalSeparator) {
-  if (field.kind == FieldKind::YesNo) cell = Lower(cell);
-  const bool isStepOrWidth = field.place == FieldPlace(GridColumn::RxStep) ||
-                             field.place == FieldPlace(GridColumn::TxStep) ||
-                             field.place == FieldPlace(GridColumn::BandWidth);
-  if (isStepOrWidth && cell.find(decimalSeparator) != std::string::npos && ParseDecimal(cell, decimalSeparator)) {
-    cell.resize(cell.find_last_not_of('0') + 1);
-    if (cell.back() == decimalSeparator) cell.pop_back();
-  }
-  return cell;
-}
-
-void AddValue(ImportedRow& row, const Field& field, std::string text, const std::string& column,
-              const std::string& cell) {
-  ImportedValue& value = row.values.emplace_back();
-  value.assignment.at = {&field, row.channel};
-  value.assignment.value = std::move(text);
-  value.column = column;
-  value.cell = cell;
-}
-
-void ReadOwnForm(const CsvTable& table, ChannelList& list) {
-  const std::vector<std::string>& columns = table.rows.front().cells;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    const bool isKnown = columns[i] == NumberColumn || ChannelField(columns[i]) != nullptr;
-    const bool isRepeated = std::ranges::count(columns, columns[i]) > 1;
-    if (!isKnown || isRepeated)
-      list.bad.push_back({table.rows.front().line, columns[i], "", isKnown ? "a column twice" : "no such column"});
-  }
-  const auto number = static_cast<std::size_t>(std::ranges::find(columns, NumberColumn) - columns.begin());
-  if (number == columns.size()) list.bad.push_back({table.rows.front().line, "number", "", "is missing"});
-  const auto isInHeading = [&](const BadCell& bad) { return bad.line == table.rows.front().line; };
-  list.hasHeading = std::ranges::none_of(list.bad, isInHeading);
-  if (!list.hasHeading) return;
-
-  for (const CsvRow& row : std::span(table.rows).subspan(1)) {
-    if (!row.isWhole) continue;
-    const int channel = ParseWhole(row.cells[number]).value_or(0);
-    if (channel < 1 || channel > static_cast<int>(ChannelCount)) {
-      list.bad.push_back({row.line, std::string(NumberColumn), row.cells[number], "allowed: 1 to 16"});
-      continue;
-    }
-    ImportedRow imported{row.line, static_cast<std::size_t>(channel), {}};
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const Field* const field = ChannelField(columns[i]);
-      if (field == nullptr || row.cells[i].empty()) continue;
-      AddValue(imported, *field, ValueFrom(*field, row.cells[i]), columns[i], row.cells[i]);
-    }
-    list.rows.push_back(std::move(imported));
-  }
-}
-
-std::vector<BadCell> ImportChannels(RadioImage& image, const std::vector<ImportedRow>& rows, const FieldTexts& texts) {
-  std::vector<Assignment> assignments;
-  for (const ImportedRow& row : rows)
-    for (const ImportedValue& value : row.values)
-      assignments.push_back(value.assignment);
-  std::vector<BadCell> bad;
-  for (const RefusedValue& refused : ApplyChanges(image, assignments, texts))
-    for (const ImportedRow& row : rows)
-      for (const auto& [assignment, column, cell] : row.values) {
-        const BadCell found = {row.line, column, cell, "allowed: " + refused.allowed};
-        if (assignment.at == refused.at && std::ranges::count(bad, found) == 0) bad.push_back(found);
-      }
-  return bad;
+std::vector<GivenCell> CellsOf(const std::vector<ChannelRow>& rows) {
+  std::vector<GivenCell> cells;
+  for (const ChannelRow& row : rows)
+    cells.insert(cells.end(), row.cells.begin(), row.cells.end());
+  return cells;
 }
 
 } // namespace mr4500x

@@ -2,7 +2,7 @@
 // from 0. Values are checked as strictly as SetField does.
 #pragma once
 
-#include "fields.h"
+#include "channel_list.h"
 
 #include <string>
 #include <string_view>
@@ -12,25 +12,27 @@ namespace mr4500x {
 
 using Channels = std::vector<std::size_t>;
 
-// What was refused, one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 470 MHz". If there is a line, the
-// configuration is changed only in part and must not be used.
+// What was refused, in one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 470 MHz".
 using Refusals = std::vector<std::string>;
+[[nodiscard]] Refusals WordsForPasted(const std::vector<RefusedCell>& refused);
 // A message with the first twelve of these lines, or of others.
 [[nodiscard]] std::string MessageOf(const Refusals& refusals,
                                     std::string text = "Nothing was changed. These values can't be taken:");
 
+inline constexpr char LeftOutText[] = "The channels were imported, but a radio has nothing for these columns:";
+
 // A line with the captions of the window from left to right, and a line for each channel; cells are apart by tabs.
 [[nodiscard]] std::string TextOfChannels(const Configuration& configuration, const Channels& channels);
 
-// Sets the channels from `first` on by such a text, or by what a spreadsheet or a CSV file has. The columns of a
-// heading may be any, in any order; a "Step (kHz)" belongs to the frequency before it. Without a heading they are as
-// above, with or without "CH No.". An empty cell or line leaves its settings as they are.
-[[nodiscard]] Refusals TakeChannels(Configuration& configuration, std::size_t first, std::string_view text,
-                                    const FieldTexts& texts);
+// Sets the channels from `first` on by such a text, or by any that ReadChannelList takes. If a cell is bad, the
+// configuration must not be used.
+[[nodiscard]] ChannelList TakeChannels(Configuration& configuration, std::size_t first, std::string_view text,
+                                       const FieldTexts& texts);
 
 // Gives all the channels the same value.
-[[nodiscard]] Refusals FillChannels(Configuration& configuration, GridColumn column, const std::string& value,
-                                    const Channels& channels, const FieldTexts& texts);
+[[nodiscard]] std::vector<RefusedCell> FillChannels(Configuration& configuration, GridColumn column,
+                                                    const std::string& value, const Channels& channels,
+                                                    const FieldTexts& texts);
 
 // As a new configuration has them: at the lower band limit and not in use.
 void ClearChannels(Configuration& configuration, const Channels& channels, const FieldTexts& texts);

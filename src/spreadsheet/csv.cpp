@@ -1,10 +1,13 @@
 #include "csv.h"
 
+#include "columns.h"
+#include "decimal.h"
 #include "text.h"
 #include "utf8.h"
 
 #include <algorithm>
 #include <iomanip>
+#include <optional>
 #include <sstream>
 
 namespace mr4500x {
@@ -13,12 +16,6 @@ namespace {
 constexpr std::string_view HardSpaces[] = {"\xC2\xA0", "\xE2\x80\xAF"}; // the usual and the narrow one
 constexpr std::size_t MostCharactersTold = 40;
 
-// The names of columns have none of them inside.
-char SeparatorIn(std::string_view text) {
-  const std::size_t first = text.find_first_of(",;\t\r\n");
-  return first == std::string_view::npos || text[first] == '\r' || text[first] == '\n' ? ',' : text[first];
-}
-
 // The bytes of the blank or control character at the front, 0 for any other.
 std::size_t BlankAt(std::string_view text) {
   for (const std::string_view space : HardSpaces)
@@ -26,23 +23,53 @@ std::size_t BlankAt(std::string_view text) {
   return static_cast<unsigned char>(text.front()) <= ' ' || text.front() == '\x7F' ? 1 : 0;
 }
 
-// With one space for all blanks and line ends together.
-std::string AsOneLine(std::string_view text) {
-  std::string line;
-  while (!text.empty()) {
-    const std::size_t blank = BlankAt(text);
-    if (blank == 0)
-      line += text.front();
-    else if (!line.empty() && line.back() != ' ')
-      line += ' ';
-    text.remove_prefix(std::max<std::size_t>(blank, 1));
+// In UTF-8, without a byte order mark.
+std::string DecodedText(std::string_view bytes) {
+  const bool isLittleEndian = bytes.starts_with("\xFF\xFE");
+  if (!isLittleEndian && !bytes.starts_with("\xFE\xFF"))
+    return std::string(bytes.substr(bytes.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0));
+  std::u16string text;
+  for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
+    const auto low = static_cast<unsigned char>(bytes[isLittleEndian ? i : i + 1]);
+    const auto high = static_cast<unsigned char>(bytes[isLittleEndian ? i + 1 : i]);
+    text += static_cast<char16_t>(high << 8 | low);
   }
-  return std::string(Trimmed(line));
+  return ToUtf8(text);
+}
+
+// What a first line "sep=;" names. Removes that line, except its end.
+std::optional<char> TakeNamedSeparator(std::string_view& text) {
+  constexpr std::string_view begin = "sep=";
+  const std::string_view whole = text.substr(0, text.find_first_of("\r\n"));
+  std::string_view line = whole;
+  if (line.starts_with('"') && line.ends_with('"')) line = line.substr(1, std::max<std::size_t>(line.size(), 2) - 2);
+  if (line.size() != begin.size() + 1 || Lower(std::string(line.substr(0, begin.size()))) != begin) return std::nullopt;
+  text.remove_prefix(whole.size());
+  return line.back();
+}
+
+char SeparatorIn(std::string_view text, char decimalSeparator) {
+  bool isInQuotes = false;
+  std::string line, unquoted; // the first one with a text, without the quotes
+  for (const char c : text) {
+    const bool isLineEnd = !isInQuotes && (c == '\n' || c == '\r');
+    if (isLineEnd && line.find_first_not_of(" \t,;") != std::string::npos) break;
+    if (c == '"') isInQuotes = !isInQuotes;
+    if (isLineEnd) line = unquoted = "";
+    if (!isLineEnd && c != '"') line += c;
+    if (!isLineEnd && c != '"' && !isInQuotes) unquoted += c;
+  }
+  const bool hasOthers = unquoted.find_first_of(",;") != std::string::npos; // tabs at the end are blanks then
+  if ((hasOthers ? TrimmedAtEnd(unquoted) : unquoted).find('\t') != std::string_view::npos) return '\t';
+  if (unquoted.find(';') != std::string::npos) return ';';
+  const bool isNumber = decimalSeparator == ',' && ParseDecimal(OneLine(line), decimalSeparator);
+  return isNumber || NamesSetting(line) ? '\t' : ','; // a line with a single cell has no tab
 }
 
 class Reader {
 public:
-  explicit Reader(char separator) : m_table{separator, {}} {}
+  // `place` is that of the first row.
+  Reader(char separator, std::size_t place) : m_separator(separator), m_row{1, {}, true, place} {}
 
   CsvTable Read(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -71,7 +98,7 @@ private:
     } else if (isLineEnd) {
       EndRow();
       m_row.line = ++m_line;
-    } else if (c == m_table.separator) {
+    } else if (c == m_separator) {
       EndCell();
     } else if (c == '"' && !m_wasQuoted && Trimmed(m_cell).empty()) {
       m_isInQuotes = m_wasQuoted = true;
@@ -89,13 +116,14 @@ private:
 
   void EndRow() {
     EndCell();
-    const bool isEmpty = std::ranges::all_of(m_row.cells, &std::string::empty);
+    const bool isEmpty = std::ranges::all_of(m_row.cells, [](const auto& cell) { return OneLine(cell).empty(); });
     if (!isEmpty || !m_row.isWhole) m_table.rows.push_back(m_row);
     m_row = {m_line, {}, true, m_row.place + 1};
   }
 
+  char m_separator;
   CsvTable m_table;
-  CsvRow m_row{1, {}, true, 0};
+  CsvRow m_row;
   std::string m_cell;
   std::size_t m_line = 1;
   bool m_isInQuotes = false, m_wasQuoted = false;
@@ -103,24 +131,28 @@ private:
 
 } // namespace
 
-CsvTable ReadCsv(std::string_view text, char separator) {
-  if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
-  return Reader(separator == '\0' ? SeparatorIn(text) : separator).Read(text);
+CsvTable ReadCsv(std::string_view bytes, char decimalSeparator) {
+  const std::string decoded = DecodedText(bytes);
+  std::string_view text = decoded;
+  const std::optional<char> named = TakeNamedSeparator(text); // its line has no place
+  return Reader(named.value_or(SeparatorIn(text, decimalSeparator)), named ? std::size_t{0} - 1 : 0).Read(text);
 }
 
-CsvTable ReadCells(std::string_view text, char separator) {
-  CsvTable table = ReadCsv(text, separator);
-  for (CsvRow& row : table.rows) {
-    std::ranges::transform(row.cells, row.cells.begin(), AsOneLine);
-    while (row.cells.size() > 1 && row.cells.back().empty())
-      row.cells.pop_back();
+std::string OneLine(std::string_view cell) {
+  std::string line;
+  while (!cell.empty()) {
+    const std::size_t blank = BlankAt(cell);
+    if (blank == 0)
+      line += cell.front();
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+    cell.remove_prefix(std::max<std::size_t>(blank, 1));
   }
-  std::erase_if(table.rows, [](const CsvRow& row) { return row.isWhole && row.cells.back().empty(); });
-  return table;
+  return std::string(Trimmed(line));
 }
 
 std::string Shortened(std::string_view cell) {
-  std::string line = AsOneLine(cell);
+  std::string line = OneLine(cell);
   std::size_t characters = 0;
   for (std::size_t i = 0; i < line.size(); ++i)
     if (BeginsCharacter(line[i]) && ++characters > MostCharactersTold) return line.substr(0, i) + "...";

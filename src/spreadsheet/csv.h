@@ -1,4 +1,5 @@
-// Comma-separated values after RFC 4180, and with a semicolon or a tab instead of the comma.
+// From bytes to cells, as spreadsheets and text editors write them: comma-separated values after RFC 4180, with a
+// semicolon or a tab instead of the comma, in UTF-8 or UTF-16. What the cells mean is the matter of columns.h.
 #pragma once
 
 #include <cstddef>
@@ -19,16 +20,17 @@ struct CsvRow {
 inline constexpr std::size_t MostColumns = 100, MostRows = 1000;
 
 struct CsvTable {
-  char separator = ',';
   std::vector<CsvRow> rows;
 };
 
-// Leaves out empty lines and a byte order mark. Takes CR LF, LF and CR as the end of a line. Without a separator it is
-// the first of the three in the first line.
-[[nodiscard]] CsvTable ReadCsv(std::string_view text, char separator = '\0');
+// Leaves out empty lines and a byte order mark. Takes CR LF, LF and CR as the end of a line. The separator is what a
+// first line "sep=;" names; else the tab or the semicolon that the first line with a text has; else the comma, unless
+// that line is one heading of a setting or, where numbers have decimal commas, one number.
+[[nodiscard]] CsvTable ReadCsv(std::string_view bytes, char decimalSeparator = '.');
 
-// The same for what people keep in spreadsheets: each cell as one line, and none that are empty at the end of a row.
-[[nodiscard]] CsvTable ReadCells(std::string_view text, char separator = '\0');
+// A cell without line ends, with one blank for each run of blanks, hard spaces and control characters, and none at its
+// ends.
+[[nodiscard]] std::string OneLine(std::string_view cell);
 // A cell in a message: one line of not more than 40 characters and "...".
 [[nodiscard]] std::string Shortened(std::string_view cell);
 

@@ -1,5 +1,6 @@
 // The list of channels that many radio programs exchange.
 #include "channel_list.h"
+#include "columns.h"
 #include "decimal.h"
 #include "field_rules.h"
 
@@ -17,9 +18,12 @@ constexpr char Point = '.';
 // One line: from its cells to the settings of its channel.
 class Line {
 public:
-  Line(const std::vector<std::string>& columns, const CsvRow& row, std::size_t channel) : m_row{row.line, channel, {}} {
-    for (std::size_t i = 0; i < columns.size(); ++i)
-      m_cells.emplace(columns[i], row.cells[i]);
+  Line(const std::vector<std::string>& columns, const CsvRow& row, std::size_t channel, const FieldTexts& texts)
+      : m_texts(texts), m_row{row.line, channel, {}} {
+    for (std::size_t i = 0; i < std::min(columns.size(), row.cells.size()); ++i) {
+      std::string& cell = m_cells[columns[i]] = OneLine(row.cells[i]);
+      std::ranges::replace(cell, ',', Point); // a comma that does not separate is a decimal one
+    }
   }
 
   void Read(ChannelList& list) {
@@ -29,7 +33,7 @@ public:
     if (mode == "FM" || mode == "NFM")
       Set(GridColumn::BandWidth, mode == "FM" ? "25" : "12.5", "Mode");
     else if (!mode.empty())
-      Refuse("Mode", "allowed: FM or NFM");
+      Refuse("Mode", "FM or NFM");
     Set(Box::InUse, "true", "Location");
     if (m_bad.empty()) list.rows.push_back(std::move(m_row));
     list.bad.insert(list.bad.end(), m_bad.begin(), m_bad.end());
@@ -40,12 +44,14 @@ private:
     const auto found = m_cells.find(column);
     return found == m_cells.end() ? "" : found->second;
   }
-  void Set(FieldPlace place, std::string text, const std::string& column) {
-    AddValue(m_row, FieldOf(place), std::move(text), column, Cell(column));
+  void Set(FieldPlace place, const std::string& text, const std::string& column) {
+    const Field& field = FieldOf(place);
+    const Assignment assignment = {{&field, m_row.channel}, ValueOfCell(field, false, text, m_texts)};
+    m_row.cells.push_back({m_row.line, column, Cell(column), assignment});
   }
-  void Refuse(const std::string& column, std::string why) {
-    BadCell bad = {m_row.line, column, Cell(column), std::move(why)};
-    if (std::ranges::count(m_bad, bad) == 0) m_bad.push_back(std::move(bad));
+  void Refuse(const std::string& column, std::string allowed) {
+    RefusedCell bad = {m_row.line, column, Cell(column), Refused::Value, std::move(allowed), m_row.channel};
+    if (std::ranges::find(m_bad, bad) == m_bad.end()) m_bad.push_back(std::move(bad));
   }
 
   std::optional<TensOfHertz> Megahertz(const std::string& column) {
@@ -53,7 +59,7 @@ private:
     const auto number = ParseDecimal(text, Point);
     const std::optional<TensOfHertz> frequency = ReadFrequency(text, Point);
     if (frequency && CountOfUnits(*number, 0, 1) < 1000 && IsExact(*number, 5)) return frequency;
-    Refuse(column, "allowed: MHz with up to five decimals");
+    Refuse(column, "MHz with up to five decimals");
     return std::nullopt;
   }
   static bool IsExact(Decimal number, int decimals) {
@@ -67,7 +73,7 @@ private:
     const auto receive = Megahertz("Frequency");
     auto transmit = receive;
     const bool hasOffset = duplex == "+" || duplex == "-" || duplex == "split";
-    if (!hasOffset && !duplex.empty() && duplex != "off") Refuse("Duplex", "allowed: +, -, split, off or nothing");
+    if (!hasOffset && !duplex.empty() && duplex != "off") Refuse("Duplex", "+, -, split, off or nothing");
     if (hasOffset) {
       const auto offset = Megahertz("Offset");
       if (!offset || !receive) return;
@@ -96,7 +102,7 @@ private:
   std::string Dcs(const std::string& column, std::size_t side) {
     const std::string polarity = Cell("DtcsPolarity").empty() ? "NN" : Cell("DtcsPolarity");
     if (polarity.size() != 2 || polarity.find_first_not_of("NR") != std::string::npos)
-      Refuse("DtcsPolarity", "allowed: NN, NR, RN or RR");
+      Refuse("DtcsPolarity", "NN, NR, RN or RR");
     std::string code = Cell(column);
     if (code.size() < 3) code.insert(0, 3 - code.size(), '0'); // a spreadsheet drops the zeros
     return (polarity.size() == 2 && polarity[side] == 'R' ? "-DCS" : "DCS") + code;
@@ -110,8 +116,7 @@ private:
       const auto isKind = [](const std::string& kind) { return kind.empty() || kind == "Tone" || kind == "DTCS"; };
       const std::string sent = mode.substr(0, arrow),
                         expected = arrow == std::string::npos ? "?" : mode.substr(arrow + 2);
-      if (!isKind(sent) || !isKind(expected))
-        return Refuse("CrossMode", "allowed: Tone or DTCS or nothing, ->, the same");
+      if (!isKind(sent) || !isKind(expected)) return Refuse("CrossMode", "Tone or DTCS or nothing, ->, the same");
       SetTone(GridColumn::TxTone, sent, sent == "DTCS" ? "DtcsCode" : "rToneFreq");
       SetTone(GridColumn::RxTone, expected, expected == "DTCS" ? "RxDtcsCode" : "cToneFreq");
     } else if (tone.empty() || tone == "Tone" || tone == "TSQL" || tone == "DTCS") {
@@ -119,7 +124,7 @@ private:
       SetTone(GridColumn::TxTone, tone, column);
       SetTone(GridColumn::RxTone, tone == "Tone" ? "" : tone, column);
     } else {
-      Refuse("Tone", "allowed: Tone, TSQL, DTCS, Cross or nothing; a radio has no others");
+      Refuse("Tone", "Tone, TSQL, DTCS, Cross or nothing; a radio has no others");
     }
   }
 
@@ -129,40 +134,26 @@ private:
     Set(place, text, kind.empty() ? "Tone" : column);
   }
 
+  const FieldTexts& m_texts;
   std::map<std::string, std::string> m_cells;
-  ImportedRow m_row;
-  std::vector<BadCell> m_bad;
+  ChannelRow m_row;
+  std::vector<RefusedCell> m_bad;
 };
 
 } // namespace
 
-bool IsExchangeList(const CsvRow& heading) {
-  const auto has = [&](std::string_view column) { return std::ranges::count(heading.cells, column) > 0; };
+bool IsExchangeColumn(std::string_view column) {
+  return std::ranges::find(UsedColumns, column) != UsedColumns.end();
+}
+
+bool IsExchangeList(const std::vector<std::string>& columns) {
+  const auto has = [&](std::string_view column) { return std::ranges::find(columns, column) != columns.end(); };
   return has("Location") && has("Frequency");
 }
 
-void ReadExchangeList(const CsvTable& table, ChannelList& list) {
-  const std::vector<std::string>& columns = table.rows.front().cells;
-  const auto isTwice = [&](std::string_view column) { return std::ranges::count(columns, column) > 1; };
-  list.hasHeading = std::ranges::none_of(UsedColumns, isTwice);
-  for (const std::string_view column : UsedColumns)
-    if (isTwice(column)) list.bad.push_back({table.rows.front().line, std::string(column), "", "a column twice"});
-  if (!list.hasHeading) return;
-  for (const std::string& column : columns)
-    if (std::ranges::find(UsedColumns, column) == UsedColumns.end() && !column.empty())
-      list.leftOut.push_back(Shortened(column));
-  const auto location = static_cast<std::size_t>(std::ranges::find(columns, "Location") - columns.begin());
-  const auto rows = std::span(table.rows).subspan(1);
-  const bool countsFrom0 = std::ranges::any_of(rows, [&](const CsvRow& row) { return row.cells[location] == "0"; });
-  for (const CsvRow& row : rows) {
-    if (!row.isWhole) continue;
-    const int channel = ParseWhole(row.cells[location]).value_or(-1) + (countsFrom0 ? 1 : 0);
-    if (channel < 1 || channel > static_cast<int>(ChannelCount))
-      list.bad.push_back(
-          {row.line, "Location", row.cells[location], countsFrom0 ? "allowed: 0 to 15" : "allowed: 1 to 16"});
-    else
-      Line(columns, row, static_cast<std::size_t>(channel)).Read(list);
-  }
+void ReadExchangeLine(const std::vector<std::string>& columns, const CsvRow& row, std::size_t channel,
+                      const FieldTexts& texts, ChannelList& list) {
+  Line(columns, row, channel, texts).Read(list);
 }
 
 } // namespace mr4500x

@@ -139,7 +139,7 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
       {"values, columns and rows",
        "Rx Freq (MHz)\tRx SelCall\tNote\tNo Tx\t\n500\t5T 12345\tmy\tperhaps\n445\t\t\t\textra\n445\n",
        std::string("!|Paste Channels|") + Refused +
-           "\nColumn \"Note\": unknown"
+           "\nColumn \"Note\": no such column"
            "\nCH16: extra, in no column\nCH17: there are 16 channels\nCH15 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"
            "\nCH15 Rx SelCall: 5T 12345, allowed: one of OFF, TTS 1, TTS 2, TTS 3, TTS 4, TTS 5, TTS 6, TTS 7, TTS 8"
            "\nCH15 No Tx: perhaps, allowed: yes or no"},

@@ -13,14 +13,14 @@ class ChannelListTest : public testing::Test {
 protected:
   // What an import changes, or what it refuses.
   std::string Imported(std::string_view csv) {
-    const ChannelList list = ReadChannelList(csv);
-    std::vector<BadCell> bad = list.bad;
+    const ChannelList list = ReadChannelList(csv, texts);
+    std::vector<RefusedCell> bad = list.bad;
     RadioImage changed = image;
-    const std::vector<BadCell> refused = ImportChannels(changed, list.rows, texts);
+    const std::vector<RefusedCell> refused = ApplyCells(changed, CellsOf(list.rows), texts);
     bad.insert(bad.end(), refused.begin(), refused.end());
     std::string lines;
-    for (const auto& [line, column, value, why] : bad)
-      lines += " | " + std::to_string(line) + ' ' + column + '=' + value + ' ' + why;
+    for (const RefusedCell& one : bad)
+      lines += " | " + std::to_string(one.line) + ' ' + one.column + '=' + one.cell + ' ' + ReasonOf(one);
     for (const Difference& difference : CompareImages(image, changed, texts).settings)
       lines += " | " + IdentifierOf(difference.at).substr(9) + '=' + difference.after;
     return lines.substr(std::min<std::size_t>(lines.size(), 3));
@@ -41,10 +41,10 @@ TEST_F(ChannelListTest, AnExportComesBackAsTheSameBytes) {
       std::ranges::replace(csv, '.', ',');
       csv.insert(0, "\xEF\xBB\xBF");
     }
-    const ChannelList list = ReadChannelList(csv);
+    const ChannelList list = ReadChannelList(csv, texts);
     ASSERT_TRUE(list.bad.empty() && list.leftOut.empty() && list.rows.size() == ChannelCount) << csv;
     RadioImage after = before;
-    ASSERT_TRUE(ImportChannels(after, list.rows, texts).empty()) << csv;
+    ASSERT_TRUE(ApplyCells(after, CellsOf(list.rows), texts).empty()) << csv;
     ASSERT_EQ(after, before) << round;
   }
 }
@@ -56,7 +56,7 @@ TEST_F(ChannelListTest, DoesWhatTheFileSays) {
     const std::string csv = row[1] == "whole" ? Unescaped(row[2]) : heading + "1,Name," + row[2] + ",High\n";
     EXPECT_EQ(Imported(csv), row[3]) << row[0];
   }
-  EXPECT_EQ(ReadChannelList(heading).leftOut, (std::vector<std::string>{"Name", "Power"}));
+  EXPECT_EQ(ReadChannelList(heading, texts).leftOut, (std::vector<std::string>{"Name", "Power"}));
 }
 
 } // namespace

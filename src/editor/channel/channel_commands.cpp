@@ -103,9 +103,10 @@ Channels ChannelCommands::ChosenChannels() const {
   return {rows.begin(), rows.end()};
 }
 
-void ChannelCommands::Finish(const Configuration& changed, const Refusals& refusals) {
-  if (!refusals.empty()) {
-    m_messages.Show(MessageIcon::Exclamation, m_running.toStdString(), MessageOf(refusals), MessageButtons::Ok);
+void ChannelCommands::Finish(const Configuration& changed, const std::vector<RefusedCell>& refused) {
+  if (!refused.empty()) {
+    m_messages.Show(MessageIcon::Exclamation, m_running.toStdString(), MessageOf(WordsForPasted(refused)),
+                    MessageButtons::Ok);
     return;
   }
   const std::set<int> rows = m_grid.SelectedRows();
@@ -130,8 +131,11 @@ void ChannelCommands::PasteChannels() {
   if (text.trimmed().isEmpty()) return emit m_panel.Told(tr("There is nothing to paste."));
   Configuration values = m_panel.Shown();
   const auto first = static_cast<std::size_t>(m_grid.currentRow());
-  const Refusals refusals = TakeChannels(values, first, text.toStdString(), m_texts);
-  Finish(values, refusals);
+  const ChannelList list = TakeChannels(values, first, text.toStdString(), m_texts);
+  Finish(values, list.bad);
+  if (list.bad.empty() && !list.leftOut.empty())
+    m_messages.Show(MessageIcon::Information, m_running.toStdString(), MessageOf(list.leftOut, LeftOutText),
+                    MessageButtons::Ok);
 }
 
 void ChannelCommands::Move(int by) {

@@ -40,8 +40,8 @@ private:
   void Redo();
 
   [[nodiscard]] Channels ChosenChannels() const;
-  // Shows the refusals, or the changed configuration as a step of the history.
-  void Finish(const Configuration& changed, const Refusals& refusals = {});
+  // Shows what was refused, or the changed configuration as a step of the history.
+  void Finish(const Configuration& changed, const std::vector<RefusedCell>& refused = {});
 
   EditorPanel& m_panel;
   ChannelGrid& m_grid;

@@ -1,0 +1,53 @@
+// What the cells of a table give, and which of them are refused. A refusal is a value, so that each user of a table can
+// say where the cell is in its own words; the reason has the same words everywhere.
+#pragma once
+
+#include "changes.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mr4500x {
+
+struct GivenCell {
+  std::size_t line = 0;
+  std::string column, cell; // the heading, and the text as it was given
+  Assignment assignment;
+};
+
+enum class Refused : std::uint8_t {
+  Value, // see RefusedCell::allowed
+  NoHeading,
+  TooLarge,
+  BrokenQuotes,
+  UnknownColumn,
+  ColumnTwice,
+  ColumnMissing,
+  InNoColumn,
+  ChannelTwice,
+  NoSuchChannel,
+};
+
+struct RefusedCell {
+  std::size_t line = 0;
+  std::string column, cell; // "" for a whole line
+  Refused refused = Refused::Value;
+  std::string allowed{};   // in words, of a value
+  std::size_t channel = 0; // 0: none
+  bool operator==(const RefusedCell&) const = default;
+};
+
+// "allowed: 440 to 470 MHz", "no such column".
+[[nodiscard]] std::string ReasonOf(const RefusedCell& refused);
+// "3: rx_freq=500: allowed: 440 to 470 MHz" for each, in the order of the lines.
+[[nodiscard]] std::vector<std::string> TextsOf(std::vector<RefusedCell> refused);
+
+// Gives the settings their values as ApplyChanges does, all or none. Returns the cells that are refused.
+[[nodiscard]] std::vector<RefusedCell> ApplyCells(RadioImage& image, const std::vector<GivenCell>& cells,
+                                                  const FieldTexts& texts);
+[[nodiscard]] std::vector<RefusedCell> ApplyCells(Configuration& configuration, const std::vector<GivenCell>& cells,
+                                                  const FieldTexts& texts);
+
+} // namespace mr4500x
