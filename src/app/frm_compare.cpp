@@ -1,13 +1,11 @@
 #include "band_frame.h"
-#include "changes.h"
 #include "channel_text.h"
-#include "data_file.h"
-#include "decimal.h"
+#include "comparison.h"
 #include "dialogs.h"
-#include "differences.h"
+#include "edit_history.h"
 #include "editor_panel.h"
 #include "fill_messages.h"
-#include "set_field.h"
+#include "input.h"
 #include "window_parts.h"
 
 #include <QAbstractTableModel>
@@ -28,7 +26,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <tuple>
 
 namespace mr4500x {
 namespace {
@@ -57,14 +54,6 @@ constexpr std::array CompareColumns = {
     CompareColumn{"There", [](auto& words) { return QString::fromStdString(words.after); }},
 };
 
-// What the editor would save after it has opened the image; so a file does not differ from itself.
-RadioImage AsSaved(RadioImage image, const FieldTexts& texts) {
-  const Configuration shown = Decode(image, texts).configuration;
-  SettleAfterFill(image);
-  Encode(shown, image, texts);
-  return image;
-}
-
 bool IsRedo(const QKeyEvent& key) {
   return key.matches(QKeySequence::Redo) || (key.key() == Qt::Key_Y && key.modifiers() == Qt::ControlModifier);
 }
@@ -73,13 +62,7 @@ class DifferenceTable final : public QAbstractTableModel {
 public:
   using QAbstractTableModel::QAbstractTableModel;
 
-  // Section by section, the channels first and one by one, the bytes last.
   void Show(std::vector<DifferenceWords> rows) {
-    std::ranges::stable_sort(rows, {}, [](const DifferenceWords& row) {
-      const bool isByte = row.at.field == nullptr;
-      const FieldGroup group = isByte ? FieldGroup::None : row.at.field->group;
-      return std::tuple(isByte, group != FieldGroup::Channels, group, row.at.entry);
-    });
     beginResetModel();
     m_rows = std::move(rows);
     endResetModel();
@@ -95,11 +78,11 @@ public:
     return parent.isValid() ? 0 : static_cast<int>(CompareColumns.size());
   }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (role != Qt::DisplayRole) return {};
+    if (role != Qt::DisplayRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     return CompareColumns[static_cast<std::size_t>(index.column())].text(Row(index));
   }
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     return QString::fromUtf8(CompareColumns[static_cast<std::size_t>(section)].heading);
   }
 
@@ -135,12 +118,10 @@ private:
   void AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)());
   void Filter(const QString& text);
   FileLook ReadAgain();
-  void Hold(const RadioImage& file);
   void Renew();
   void WidenColumns();
   void ShowResult(bool isLost);
   void Take(); // what the file has in the selected rows
-  [[nodiscard]] RadioImage WithBytes(std::vector<ByteDifference> bytes, const Configuration& values, bool isNewLimit);
   void Copy();
   [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom; the current one if there is none
 
@@ -148,10 +129,8 @@ private:
   FileSystem& m_files;
   const std::string m_path;
   MessageView& m_messages;
-  RadioImage m_file;                // as it was read
-  RadioImage m_other;               // as the editor would save it
-  Configuration m_there;            // of m_other
-  std::optional<RadioImage> m_here; // that the list compares with m_other
+  std::optional<Comparison> m_comparison;
+  std::optional<RadioImage> m_here; // that the list compares
   DifferenceTable* m_differences = new DifferenceTable(this);
   DifferenceOrder* m_order = new DifferenceOrder(this);
   QTableView* m_table = new QTableView;
@@ -162,8 +141,8 @@ private:
 
 FrmCompare::FrmCompare(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
                        MessageView& messages, QWidget* parent)
-    : QDialog(parent), m_panel(panel), m_files(files), m_path(path), m_messages(messages) {
-  Hold(other);
+    : QDialog(parent), m_panel(panel), m_files(files), m_path(path), m_messages(messages),
+      m_comparison(std::in_place, other, panel.Texts()) {
   setObjectName(QStringLiteral("frmCompare"));
   setAttribute(Qt::WA_DeleteOnClose);
   ShowTitle(*this, "Compare with " + path);
@@ -234,9 +213,7 @@ void FrmCompare::AddAction(const QString& text, const QList<QKeySequence>& keys,
 // while another window was the active one.
 bool FrmCompare::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
-  if (type == QEvent::KeyPress || type == QEvent::MouseButtonRelease || type == QEvent::Wheel ||
-      type == QEvent::WindowActivate)
-    m_look.start(0);
+  if (MayEdit(type) || type == QEvent::WindowActivate) m_look.start(0);
   // The filter undoes its own text, so it redoes it, too.
   const bool isKey = type == QEvent::ShortcutOverride || type == QEvent::KeyPress;
   if (watched != m_filter || !isKey || !IsRedo(static_cast<const QKeyEvent&>(*event)))
@@ -253,21 +230,14 @@ void FrmCompare::Filter(const QString& text) {
   Renew();
 }
 
-void FrmCompare::Hold(const RadioImage& file) {
-  m_file = file;
-  m_other = AsSaved(file, m_panel.Texts());
-  m_there = Decode(m_other, m_panel.Texts()).configuration;
-  m_here.reset();
-}
-
 FrmCompare::FileLook FrmCompare::ReadAgain() {
   RadioImage file;
-  ResetToDefaults(file, {}); // for what no file holds
-  if (LoadDataFile(m_files, m_path, file).outcome != LoadOutcome::Loaded ||
+  if (LoadInput(m_files, m_path, nullptr, file).outcome != LoadOutcome::Loaded ||
       Decode(file, m_panel.Texts()).end == DecodeEnd::DataError)
     return FileLook::Lost;
-  if (file == m_file) return FileLook::Same;
-  Hold(file);
+  if (file == m_comparison->File()) return FileLook::Same;
+  m_comparison.emplace(file, m_panel.Texts());
+  m_here.reset();
   return FileLook::Changed;
 }
 
@@ -277,7 +247,7 @@ void FrmCompare::Renew() {
   if (m_here != here) { // else a selection stays
     m_here = here;
     const int current = std::max(m_table->currentIndex().row(), 0);
-    m_differences->Show(WordsFor(CompareImages(here, m_other, m_panel.Texts())));
+    m_differences->Show(m_comparison->Rows(here));
     WidenColumns();
     m_table->selectRow(std::min(current, m_order->rowCount() - 1)); // for the next Enter
   }
@@ -315,49 +285,26 @@ void FrmCompare::Take() {
                     MessageButtons::Ok);
     return;
   }
-  std::vector<Assignment> wanted;
-  std::vector<ByteDifference> bytes;
-  for (const QModelIndex& index : SelectedRows()) {
-    const DifferenceWords& words = m_differences->Row(m_order->mapToSource(index));
-    if (words.at.field != nullptr)
-      wanted.push_back({words.at, ValueOf(m_there, words.at)});
-    else
-      bytes.push_back(words.byte);
-  }
+  std::vector<DifferenceWords> rows;
+  for (const QModelIndex& index : SelectedRows())
+    rows.push_back(m_differences->Row(m_order->mapToSource(index)));
   m_panel.CommitCells();
-  Configuration values = m_panel.ShownUnfinished();
-  const std::string lowerLimit = values.lowerBandLimit;
+  const Comparison::Taken taken = m_comparison->Take(m_panel.ShownUnfinished(), m_panel.Collected(), rows);
   Refusals refusals;
-  for (const auto& [at, value, allowed] : ApplyChanges(values, wanted, m_panel.Texts()))
+  for (const auto& [at, value, allowed] : taken.refused)
     refusals.push_back(NameOf(at) + ": " + value + ", allowed: " + allowed);
   if (!refusals.empty()) {
     m_messages.Show(MessageIcon::Exclamation, CompareTitle, MessageOf(refusals), MessageButtons::Ok);
     return;
   }
-  const bool isNewLimit = values.lowerBandLimit != lowerLimit;
-  const bool isAgreed = !isNewLimit || AgreesToLowerLimit(m_messages);
+  const bool isAgreed = !taken.isNewLimit || AgreesToLowerLimit(m_messages);
   activateWindow(); // the message belongs to the main window
   if (!isAgreed) return;
-  if (bytes.empty())
-    m_panel.Change(values);
-  else // a step that may have no setting to be named after
-    m_panel.Change(values, WithBytes(std::move(bytes), values, isNewLimit), tr(TakeText));
+  if (taken.image) // a step that may have no setting to be named after
+    m_panel.Change(taken.values, *taken.image, tr(TakeText));
+  else
+    m_panel.Change(taken.values);
   Renew();
-}
-
-// The image with these bytes of the file. A new limit resets the channels, with bytes in which the file did not differ;
-// so all those that differ then are taken.
-RadioImage FrmCompare::WithBytes(std::vector<ByteDifference> bytes, const Configuration& values, bool isNewLimit) {
-  RadioImage image = m_panel.Collected();
-  if (isNewLimit) {
-    static_cast<void>(RestartChannels(image, ParseWhole(values.lowerBandLimit).value_or(0), m_panel.Texts()));
-    RadioImage taken = image;
-    Encode(values, taken, m_panel.Texts());
-    bytes = CompareImages(taken, m_other, m_panel.Texts()).bytes;
-  }
-  for (const ByteDifference& byte : bytes)
-    TakeByte(image, byte);
-  return image;
 }
 
 // A table with a heading, as spreadsheets take it.

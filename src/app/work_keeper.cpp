@@ -1,6 +1,7 @@
 #include "work_keeper.h"
 
 #include "differences.h"
+#include "edit_history.h"
 #include "editor_panel.h"
 #include "messages.h"
 #include "text.h"
@@ -26,12 +27,6 @@ std::string LinesOf(const std::vector<Difference>& differences) {
   return lines;
 }
 
-bool IsInput(QEvent::Type type) {
-  return type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::MouseButtonPress ||
-         type == QEvent::MouseButtonRelease || type == QEvent::Wheel || type == QEvent::Drop ||
-         type == QEvent::InputMethod;
-}
-
 } // namespace
 
 WorkKeeper::WorkKeeper(const MainServices& services, const RadioImage& image, const EditorPanel& panel,
@@ -46,7 +41,7 @@ WorkKeeper::WorkKeeper(const MainServices& services, const RadioImage& image, co
 }
 
 bool WorkKeeper::eventFilter(QObject* watched, QEvent* event) {
-  if (IsInput(event->type()) && !m_look.isActive()) m_look.start();
+  if (MayEdit(event->type()) && !m_look.isActive()) m_look.start();
   return QObject::eventFilter(watched, event);
 }
 

@@ -4,7 +4,6 @@
 #include "entry_controls.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QMenuBar>
 
 #include <algorithm>
@@ -14,13 +13,6 @@ namespace mr4500x {
 namespace {
 
 constexpr int MostSteps = 1000; // about 12 KB each
-
-// The override comes before the key, and an open list may act on it already.
-bool IsInput(QEvent::Type type) {
-  return type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::MouseButtonPress ||
-         type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick || type == QEvent::Wheel ||
-         type == QEvent::Drop;
-}
 
 // The first one, in the table of settings, is the cause of the others, but for a frequency that a new step has rounded.
 const Difference& CauseOf(const std::vector<Difference>& differences) {
@@ -42,6 +34,14 @@ QString NameOfStep(const std::vector<Difference>& differences) {
 }
 
 } // namespace
+
+// The override comes before the key, and an open list may act on it already.
+bool MayEdit(QEvent::Type type) {
+  return type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::KeyRelease ||
+         type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+         type == QEvent::MouseButtonDblClick || type == QEvent::Wheel || type == QEvent::Drop ||
+         type == QEvent::InputMethod;
+}
 
 // Holds the state on the other side of the step.
 class EditHistory::Step final : public QUndoCommand {
@@ -118,7 +118,7 @@ QWidget* EditHistory::TypedBox() const {
 
 // Before an input, what the last one did is complete, unless a dialog waits for an answer to it.
 bool EditHistory::eventFilter(QObject* watched, QEvent* event) {
-  if (IsInput(event->type()) && QApplication::activeModalWidget() == nullptr) {
+  if (MayEdit(event->type()) && QApplication::activeModalWidget() == nullptr) {
     QWidget* const box = TypedBox();
     if (box == nullptr || box != m_typed) TakeStep();
     m_typed = box;

@@ -5,6 +5,7 @@
 
 #include "configuration.h"
 
+#include <QEvent>
 #include <QPointer>
 #include <QUndoStack>
 #include <QWidget>
@@ -12,6 +13,9 @@
 #include <functional>
 
 namespace mr4500x {
+
+// Whether an event is input of the user that may change what the editor shows.
+[[nodiscard]] bool MayEdit(QEvent::Type type);
 
 class EditHistory final : public QObject {
   Q_OBJECT

@@ -3,7 +3,10 @@
 #include "fill_messages.h"
 #include "program_fixture.h"
 #include "random_image.h"
+
 #include "wheel.h"
+#include <QAbstractItemModelTester>
+#include <QAbstractProxyModel>
 
 namespace mr4500x {
 namespace {
@@ -92,6 +95,9 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   const std::string step = "Channels|CH2 Tx Step|6.25|2.5\n";
   const std::string tone = "Channels|CH2 Rx CTC/DCS|OFF|CTC88.5\nChannels|CH2 Tail Cut|OFF|ON\n";
   EXPECT_EQ(Rows(), typed + tone + step + rest + call + byte);
+  const auto* const shown = qobject_cast<QAbstractProxyModel*>(table->model());
+  for (QAbstractItemModel* const model : {table->model(), shown->sourceModel(), grid.model()})
+    const QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::Fatal);
   EXPECT_EQ(Result(), "Differences: 8. Enter or a double-click takes the value from there.");
 
   Press(Qt::Key_Down);

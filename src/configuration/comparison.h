@@ -1,0 +1,41 @@
+// A data file compared with what the editor shows. Reading the file, asking the user and showing the rows are left to
+// the window.
+#pragma once
+
+#include "changes.h"
+#include "differences.h"
+
+#include <optional>
+#include <vector>
+
+namespace mr4500x {
+
+class Comparison {
+public:
+  // Compares with what the editor would save after it has opened the file, so a file does not differ from itself.
+  Comparison(const RadioImage& file, const FieldTexts& texts);
+
+  [[nodiscard]] const RadioImage& File() const { return m_file; } // as it was read
+  // What differs from the editor's image: section by section, the channels first and one by one, the bytes last.
+  [[nodiscard]] std::vector<DifferenceWords> Rows(const RadioImage& here) const;
+
+  struct Taken {
+    Configuration values;              // for the editor to show
+    std::optional<RadioImage> image;   // with bytes of the file; nothing if only settings are taken
+    std::vector<RefusedValue> refused; // if there are any, nothing is taken
+    bool isNewLimit = false;           // the lower band limit, which resets the channels
+  };
+  // What the editor's values and image become with the file's side of these rows.
+  [[nodiscard]] Taken Take(const Configuration& shown, const RadioImage& here,
+                           const std::vector<DifferenceWords>& rows) const;
+
+private:
+  void TakeBytes(std::vector<ByteDifference> bytes, const RadioImage& here, Taken& taken) const;
+
+  const FieldTexts& m_texts;
+  RadioImage m_file;
+  RadioImage m_other;    // as the editor would save it
+  Configuration m_there; // of m_other
+};
+
+} // namespace mr4500x
