@@ -105,16 +105,15 @@ struct SomePorts final : ScriptedRadio {
 TEST_F(ProgramTest, ChoosesThePort) {
   SomePorts ports;
   serialPort = &ports;
-  ports.working = {2, 4};
-  // name, clicked (0: none), button, port after
-  const std::tuple<const char*, int, const char*, int> cases[] = {
-      {"cancelled", 4, "cmdCancel", 3},
-      {"the first that works", 0, "cmdOK", 2},
-      {"another one", 4, "cmdOK", 4},
-      {"one that does not work", 7, "cmdOK", 2},
+  // name, ports that work, clicked (0: none), button, port after
+  const std::tuple<const char*, std::set<int>, int, const char*, int> cases[] = {
+      {"cancelled", {2, 4}, 4, "cmdCancel", 3}, {"the first that works", {4, 2}, 0, "cmdOK", 2},
+      {"its own", {2, 3, 16}, 0, "cmdOK", 3},   {"none works", {}, 0, "cmdOK", 1},
+      {"another one", {2, 4}, 4, "cmdOK", 4},   {"one that does not work", {2, 4}, 7, "cmdOK", 2},
   };
-  for (const auto& [name, click, button, after] : cases) {
+  for (const auto& [name, working, click, button, after] : cases) {
     SCOPED_TRACE(name);
+    ports.working = working;
     Start();
     WhenDialogOpens([&, click = click, button = button](QWidget* dialog) {
       const auto option = [&](int n) { return dialog->findChild<QRadioButton*>(QStringLiteral("optPort(%1)").arg(n)); };

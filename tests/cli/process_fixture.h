@@ -48,8 +48,8 @@ protected:
 
   Ended Cli(const std::string& arguments) { return Shell(MR4500X_CLI " " + arguments); }
   // For each command line its status, and how its output begins; empty: says nothing, or the usage.
-  using Row = std::tuple<std::string, int, std::string>;
-  void ExpectAll(const std::vector<Row>& rows) {
+  using Case = std::tuple<std::string, int, std::string>;
+  void ExpectAll(const std::vector<Case>& rows) {
     for (const auto& [arguments, status, output] : rows) {
       const Ended ended = Cli(arguments);
       EXPECT_EQ(ended.status, status) << arguments;

@@ -1,6 +1,7 @@
 // The command line tool against the simulated radio, both as processes, over a real serial device.
 #include "data_file.h"
 #include "process_fixture.h"
+#include "rows.h"
 
 namespace mr4500x {
 namespace {
@@ -80,58 +81,16 @@ TEST_F(CommandLineTest, PrintsAFile) {
   EXPECT_EQ(Content("a.K4X"), before);
 }
 
-TEST_F(CommandLineTest, FilesAndArguments) {
+TEST_F(CommandLineTest, DoesWhatTheFileSays) {
   Put("newer.K4X", Content("a.K4X").replace(51, 2, std::string("\x02\0\x01\0", 4))); // its format marker is 1
   Put("damaged.K4X", "nonsense");
   Put("cut.K4X", Content("a.K4X").substr(0, 400));
-  const std::string named = " " MR4500X_CLI " ", damaged = "File has been damaged!",
-                    none = " (No such file or directory)\n";
-  ExpectAll({
-      {"show --json " + file, 0, "{"},
-      {"show " + Path("newer.K4X"), 0,
-       Path("newer.K4X: This software version isn't applied to the radio, please use new software.\n")},
-      {"show " + Path("damaged.K4X"), 1, Path("damaged.K4X: ") + damaged + " (item 1 is not what belongs there)\n"},
-      {"show " + Path("cut.K4X"), 1, Path("cut.K4X: ") + damaged + " (ends within item 6)\n"},
-      {"show " + Path("none.K4X"), 1, Path("none.K4X: ") + damaged + none},
-      {"show " + Path(""), 1, Path(": ") + damaged + " (Is a directory)\n"},
-      {"show - <" + Path("cut.K4X"), 1, "standard input: " + damaged + " (ends within item 6)\n"},
-      {"new " + Path("no/folder.K4X"), 1, Path("no/folder.K4X: File hasn't been saved. Please try again!") + none},
-      {"read /nowhere " + Path("no/folder.K4X"), 1,
-       Path("no/folder.K4X: File hasn't been saved. Please try again!") + none},
-      {"show " + file + " >/dev/full", 1, "The output could not be written. (No space left on device)\n"},
-      {"write 1 " + file, 2, "1 is a port, " + file + " a data file: the other way round, please\n"},
-      {"read b.k4x COM2", 2, "COM2 is a port, b.k4x a data file: the other way round, please\n"},
-      {"shwo", 2, "\"shwo\" is no command; did you mean \"show\"?\n"},
-      {"info wirte 1 text", 2, "\"wirte\" is no command; did you mean \"write\"?\n"},
-      {"frobnicate", 2, "\"frobnicate\" is no command; --help lists the commands\n"},
-      {"new - |" + named + "set - global.tx_tot=30s |" + named + "diff " + file + " -", 1, "Tx TOT  60s  30s\n"},
-      {"channels export " + file + " |" + named + "channels import --output - " + file + " - |" + named + "diff - " +
-           file,
-       0, ""},
-      {"apply - -", 2, "CHANGES.json: only one can be standard input\n"},
-      {"read /nowhere " + file, 1, "/nowhere: No such file or directory\n"},
-      {"new " + file, 1, file + ": there is such a file already; --replace replaces it\n"},
-      {"new --replace " + file, 0, ""},
-      {"fields", 0, "band.lower\tLower Limit\tnumber\t136 to 469\n"},
-      {"set " + file + " --output " + Path("b.K4X") + " channels.3.rx_tone=-DCS023 'select_call=5 Tone'", 0,
-       "changed with it"},
-      {"get " + Path("b.K4X") + " select_call channels.3.tail_cut", 0, "5 Tone\nON\n"},
-      {"set " + file + " global.tx_tot=61s", 2, "global.tx_tot=61s: refused; allowed: one of OFF, 30s"},
-      {"set " + Path("none.K4X") + " global.tx_tot=60s", 1, Path("none.K4X: ") + damaged + none},
-      {"diff " + file + " " + Path("b.K4X"), 1, "Select Call  TTS  5 Tone\n"},
-      {"diff " + file + " " + Path("damaged.K4X"), 2, Path("damaged.K4X: ") + damaged},
-      {"show --json " + Path("b.K4X") + " | " MR4500X_CLI " apply " + file + " -", 0, ""},
-      {"diff --json " + file + " " + Path("b.K4X"), 0, "{"},
-      {"apply " + file + " " + Path("none.json"), 1, Path("none.json: can't be read") + none},
-      {"channels export " + file, 0, "number,in_use,rx_freq,"},
-      {"channels", 2, ""},
-      {"", 2, ""},
-      {"read 17 " + file, 2, ""},
-      {"info write /nowhere " + std::string(120, 'x'), 2, ""},
-      {"show --xml " + file, 2, ""},
-      {"--help", 0, "Prepares"},
-      {"--version", 0, "mr4500x-cli "},
-  });
+  setenv("cli", MR4500X_CLI, 1);
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(Path(""));
+  for (const Row& row : RowsOf(CASES "command_lines.txt", "(\\d) (.*?)(?: -> (.*))?"))
+    ExpectAll({{row[2], std::stoi(row[1]), Unescaped(row[3])}});
+  std::filesystem::current_path(before);
 }
 
 TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {

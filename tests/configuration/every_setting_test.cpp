@@ -18,7 +18,6 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 #include <set>
 
 namespace mr4500x {
@@ -248,20 +247,6 @@ TEST_P(EverySettingTest, IsInTheWindow) {
   ExpectFile("window.txt", WindowText(window.panel));
   window.panel.Collect();
   ExpectBytes(window.image, AfterCollect(image));
-}
-
-TEST(EveryListTest, OffersItsItems) {
-  const Window window(ReadImage("new/radio.hex"));
-  std::set<std::string> lines;
-  for (const auto* const label : window.panel.findChildren<QLabel*>()) {
-    const auto* const list = qobject_cast<QComboBox*>(label->buddy());
-    if (list == nullptr) continue;
-    QStringList items;
-    for (int i = 0; i < list->count(); ++i)
-      items.append(list->itemText(i));
-    lines.insert((label->text() + ": " + items.join("|") + '\n').toStdString());
-  }
-  EXPECT_EQ(std::accumulate(lines.begin(), lines.end(), std::string()), Content("lists.txt"));
 }
 
 } // namespace
