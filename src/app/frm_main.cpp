@@ -4,6 +4,7 @@
 #include "machine.h"
 #include "program_title.h"
 #include "settings.h"
+#include "transfer_guard.h"
 #include "window_parts.h"
 #include "work_keeper.h"
 
@@ -193,6 +194,7 @@ void FrmMain::StoreGeometry() {
 
 void FrmMain::KeepForSession() {
   m_endsUnasked = true;
+  if (m_services.input.IsHeld()) return; // a transfer must not wait for the disk; the work was kept before it
   commands::StoreProgramSettings(Context());
   m_keeper->KeepNow();
   m_keeper->AwaitKept();

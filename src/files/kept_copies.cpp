@@ -121,7 +121,8 @@ KeptCopies::~KeptCopies() {
 }
 
 // Makes and holds the lock file. Another window's NextLeft may take it for a left one, and remove it, as long as it is
-// not locked: then the next name is tried. So is one with the process where there are no locks.
+// not locked: then the next name is tried. Where files can't be locked, it begins with
+// the process.
 bool KeptCopies::Begin() {
   if (m_own) return true;
   if (!MakeFolderOf(m_files, LockPath(""))) return false;

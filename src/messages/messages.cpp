@@ -131,14 +131,14 @@ Message UnreadableCopiesNotice(const std::vector<std::string>& paths) {
 
 Message OpenTwiceNotice(const std::string& path) {
   return {Information, "Open Twice",
-          "The file " + path + " is open in another window too. A save there and one here replace each other."};
+          "The file " + path + " is also open in another window. Each save replaces what the other window has saved."};
 }
 
 Message OtherDriveQuestion(const std::string& path) {
   return {Exclamation, "Save",
           "The folder of " + path +
-              " is on another drive than when the file was opened, as if its drive was pulled. "
-              "Do you want to save it there?"};
+              " is on another drive than when the file was opened. The drive may have been unplugged. Do you want to "
+              "save there?"};
 }
 
 } // namespace mr4500x

@@ -147,20 +147,21 @@ TEST_F(KeptCopiesTest, AFileIsOpenElsewhereWhileAnotherWindowHasIt) {
   Put("a.K4X", "a");
   std::filesystem::create_symlink("a.K4X", Path("link.K4X"));
   Put("b.K4X", "b");
-  KeptCopies here(files, Folder());
-  {
-    KeptCopies there(files, Folder());
-    there.SetOpenFile(Path("b.K4X"));
-    there.SetOpenFile(Path("a.K4X"));
-    here.SetOpenFile(Path("a.K4X"));
-    EXPECT_TRUE(here.IsOpenElsewhere(Path("link.K4X")));
-    EXPECT_TRUE(there.IsOpenElsewhere(Path("a.K4X")));
-    EXPECT_FALSE(here.IsOpenElsewhere(Path("b.K4X"))) << "it was closed";
-    there.SetOpenFile("");
-    EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X")));
-    there.SetOpenFile(Path("a.K4X"));
-  }
-  EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X"))) << "the other window has ended";
+  KeptCopies here(files, Folder()), there(files, Folder());
+  there.SetOpenFile(Path("b.K4X"));
+  there.SetOpenFile(Path("a.K4X"));
+  here.SetOpenFile(Path("a.K4X"));
+  EXPECT_TRUE(here.IsOpenElsewhere(Path("link.K4X")));
+  EXPECT_TRUE(there.IsOpenElsewhere(Path("a.K4X")));
+  EXPECT_FALSE(here.IsOpenElsewhere(Path("b.K4X"))) << "it was closed";
+  there.SetOpenFile("");
+  EXPECT_EXIT(
+      {
+        (new KeptCopies(files, Folder()))->SetOpenFile(Path("a.K4X"));
+        _exit(0);
+      },
+      testing::ExitedWithCode(0), "");
+  EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X"))) << "the other windows have closed it or crashed";
 }
 
 TEST_F(KeptCopiesTest, NoFailingCallLosesTheCopy) {
