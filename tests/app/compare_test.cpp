@@ -96,8 +96,10 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   const std::string tone = "Channels|CH2 Rx CTC/DCS|OFF|CTC88.5\nChannels|CH2 Tail Cut|OFF|ON\n";
   EXPECT_EQ(Rows(), typed + tone + step + rest + call + byte);
   const auto* const shown = qobject_cast<QAbstractProxyModel*>(table->model());
-  for (QAbstractItemModel* const model : {table->model(), shown->sourceModel(), grid.model()})
+  for (QAbstractItemModel* const model : {table->model(), shown->sourceModel(), grid.model()}) {
     const QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_FALSE(model->data({}, Qt::DisplayRole).isValid());
+  }
   EXPECT_EQ(Result(), "Differences: 8. Enter or a double-click takes the value from there.");
 
   Press(Qt::Key_Down);
