@@ -49,9 +49,13 @@ struct Arguments {
 class CommandLine {
 public:
   CommandLine()
-      : m_terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0, isatty(STDERR_FILENO) != 0, [] {
-                     return AwaitInput(STDIN_FILENO);
-                   }} {}
+      : m_terminal{std::cout,
+                   std::cerr,
+                   std::cin,
+                   isatty(STDIN_FILENO) != 0,
+                   isatty(STDERR_FILENO) != 0,
+                   [] { return AwaitInput(STDIN_FILENO); },
+                   IsEnding} {}
 
   int Run(int argc, char** argv);
 
@@ -106,7 +110,9 @@ bool CommandLine::Load(const std::string& fileOrPort, RadioImage& image) {
   if (!port || !PortExists(*port)) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
   m_arguments.port = *port;
   const auto read = [&](const RadioCommand& radio) {
-    return ReadForCommand(radio, image) ? ExitStatus::Done : ExitStatus::Failed;
+    const bool isRead = ReadForCommand(radio, image);
+    if (IsEnding()) m_terminal.err << DisplayName(*port) << ": asked to end. Nothing has been compared.\n";
+    return isRead ? ExitStatus::Done : ExitStatus::Failed;
   };
   return WithRadio(read) == ExitStatus::Done;
 }

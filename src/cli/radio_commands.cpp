@@ -26,9 +26,9 @@ bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
   return result.outcome == Outcome::Complete;
 }
 
-// Tells a user who watched the progress how it ended. A script uses the exit status.
+// Says how it ended to a user who watched the progress, or who asked the program to end. A script uses the exit status.
 ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
-  if (terminal.showsProgress) terminal.err << sentence << '\n';
+  if (terminal.showsProgress || terminal.isEnding()) terminal.err << sentence << '\n';
   return ExitStatus::Done;
 }
 
@@ -107,10 +107,13 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
   if (!options.backupFolder.empty() && BackUp(command, options.backupFolder) != ExitStatus::Done)
     return ExitStatus::Failed;
+  if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": asked to end. Nothing has been written.");
   TerminalObserver observer(terminal, options.band);
   if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;
+  const std::string written = NameOfSource(path) + " has been written to " + line.PortName();
+  if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: asked to end.");
   if (options.isVerified && Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
-  return Done(terminal, NameOfSource(path) + " has been written to " + line.PortName() + ".");
+  return Done(terminal, written + ".");
 }
 
 ExitStatus RunVerify(const RadioCommand& command, const std::string& path) {

@@ -34,7 +34,7 @@ bool TerminalObserver::AskYesNo() {
   for (;;) {
     m_terminal.err << " (y/n) " << std::flush;
     if (!m_terminal.awaitInput() || !std::getline(m_terminal.in, line)) {
-      m_terminal.err << '\n';
+      m_terminal.err << "\nNot written.\n";
       return false;
     }
     const std::string answer = Lower(std::string(Trimmed(line, " \t\r")));

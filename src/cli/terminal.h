@@ -26,6 +26,8 @@ struct Terminal {
   bool showsProgress;    // `err` is a terminal
   // Waits for what the user types. False if the program is to end instead.
   std::function<bool()> awaitInput = [] { return true; };
+  // Whether the program was asked to end, so that no further transfer may begin.
+  std::function<bool()> isEnding = [] { return false; };
 };
 
 // " (No space left on device)": what errno says, after a message.

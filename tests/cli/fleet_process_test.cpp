@@ -13,12 +13,6 @@ protected:
     ports += (ports.empty() ? "" : ",") + port;
   }
   Ended Fleet(const std::string& arguments) { return Cli("fleet " + file + " --quick --ports " + ports + arguments); }
-  static std::size_t CountOf(const std::string& text, const std::string& part) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-      ++count;
-    return count;
-  }
 
   std::string ports;
 };

@@ -17,14 +17,36 @@ struct Ended {
   std::string output; // standard output and standard error
 };
 
-inline Ended Shell(const std::string& command) {
-  FILE* const pipe = popen(("{ " + command + "; } 2>&1 </dev/null").c_str(), "r");
+struct Process {
+  FILE* output;
+  int id = 0;
+};
+// Its signals are not ignored, as those of a shell's background job would be.
+inline Process Start(const std::string& command) {
+  Process process{popen(("echo $$; exec env --default-signal " + command).c_str(), "r")};
+  EXPECT_EQ(fscanf(process.output, "%d", &process.id), 1);
+  return process;
+}
+
+// Reads what it prints until it ends. The status is that of a shell: 128 and the signal that ended it.
+inline Ended Await(const Process& process) {
   Ended ended{-1, {}};
-  for (int character = fgetc(pipe); character != EOF; character = fgetc(pipe))
+  for (int character = fgetc(process.output); character != EOF; character = fgetc(process.output))
     ended.output += static_cast<char>(character);
-  const int status = pclose(pipe);
-  if (WIFEXITED(status)) ended.status = WEXITSTATUS(status);
+  const int status = pclose(process.output);
+  ended.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
   return ended;
+}
+
+inline Ended Shell(const std::string& command) {
+  return Await({popen(("{ " + command + "; } 2>&1 </dev/null").c_str(), "r")});
+}
+
+inline std::size_t CountOf(const std::string& text, const std::string& part) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+    ++count;
+  return count;
 }
 
 class CommandLineTest : public FilesTest {
@@ -32,16 +54,15 @@ protected:
   CommandLineTest() { EXPECT_EQ(Cli("new " + file).output, ""); }
   // Starts a radio and waits for the line in which it names its device. Each option begins with a blank.
   void StartRadio(const std::string& options = "", const std::string& memory = "memory") {
-    Radio& radio = m_radios.emplace_back();
-    radio.pipe = popen(("echo $$; exec " LR7200_SIMULATOR " --memory " + Path(memory) + options).c_str(), "r");
+    m_radios.push_back(Start(LR7200_SIMULATOR " --memory " + Path(memory) + options));
     std::array<char, 100> device{};
-    ASSERT_EQ(fscanf(radio.pipe, "%d %99s", &radio.process, device.data()), 2);
+    ASSERT_EQ(fscanf(m_radios.back().output, "%99s", device.data()), 1);
     port = device.data();
   }
   void EndRadio(int signal = SIGTERM) { // all of them
-    for (const Radio& radio : m_radios) {
-      kill(radio.process, signal);
-      pclose(radio.pipe);
+    for (const Process& radio : m_radios) {
+      kill(radio.id, signal);
+      pclose(radio.output);
     }
     m_radios.clear();
   }
@@ -62,11 +83,7 @@ protected:
   std::string port;
 
 private:
-  struct Radio {
-    FILE* pipe = nullptr;
-    int process = 0;
-  };
-  std::vector<Radio> m_radios;
+  std::vector<Process> m_radios;
 };
 
 } // namespace mr4500x

@@ -3,6 +3,8 @@
 #include "process_fixture.h"
 #include "rows.h"
 
+#include <unistd.h>
+
 namespace mr4500x {
 namespace {
 
@@ -47,6 +49,63 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   ExpectAll({{"diff " + Path("LR7200-000004217.K4X") + ' ' + port, 1, "Battery Save  10s  OFF\n"},
              {"verify --quick " + file + ' ' + port, 1, "CH3 Group Call"}}); // another port, perhaps
   EndRadio();
+}
+
+// What runs goes on to its end, however many signals come, and nothing begins after it.
+TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
+  const std::string readBegins = "computer 72 45 41 44\n", writeBegins = "computer 77 52 49 54 45\n";
+  const struct {
+    std::string arguments; // TRACE is what is looked at
+    std::string begun;     // where the signals come
+    std::string said;
+    std::size_t reads, writes;
+  } rows[] = {
+      {"read PORT COPY --quick --trace TRACE", readBegins, "PORT has been read into COPY.\n", 1, 0},
+      {"write FILE PORT --quick --trace TRACE", writeBegins, "FILE has been written to PORT.\n", 0, 1},
+      {"write FILE PORT --quick --trace TRACE --backup KEPT", readBegins, ": asked to end. Nothing has been written.\n",
+       1, 0},
+      {"write FILE PORT --quick --trace TRACE --verify", writeBegins,
+       "FILE has been written to PORT, but not read back: asked to end.\n", 0, 1},
+      {"fleet FILE --quick --ports PORT --count 2 --journal KEPT >TRACE", "writing\n",
+       "LR7200-000004217: verified; take the radio off\n", 0, 0},
+  };
+  struct Running {
+    Process process;
+    std::string number, device;
+  };
+  std::size_t times = 0; // alternates: every program and every signal has both
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+    std::vector<Running> all;
+    const auto filledIn = [&](std::string text, const Running& at) {
+      for (const std::string name : {"PORT", "FILE", "TRACE", "COPY", "KEPT"})
+        if (const std::size_t begin = text.find(name); begin != std::string::npos)
+          text.replace(begin, name.size(), name == "PORT" ? at.device : name == "FILE" ? file : Path(name + at.number));
+      return text;
+    };
+    for (const auto& row : rows) {
+      const std::string number = std::to_string(signal) + '-' + std::to_string(all.size());
+      StartRadio("", "memory" + number);
+      all.push_back({{}, number, port});
+      all.back().process = Start(MR4500X_CLI " " + filledIn(row.arguments, all.back()) + " 2>&1");
+    }
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      for (int tries = 0; tries < 20'000 && CountOf(Content("TRACE" + all[i].number), rows[i].begun) == 0; ++tries)
+        usleep(1000);
+      for (std::size_t count = 1 + times++ % 2; count > 0; --count)
+        kill(all[i].process.id, signal);
+    }
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const auto& [arguments, begun, said, reads, writes] = rows[i];
+      const auto [status, output] = Await(all[i].process);
+      const std::string trace = Content("TRACE" + all[i].number), name = std::to_string(signal) + ": " + arguments;
+      EXPECT_EQ(status, arguments.starts_with("fleet") ? 1 : 128 + signal) << name;
+      EXPECT_EQ(CountOf(output + trace, filledIn(said, all[i])), 1U) << name << ": " << output << trace;
+      EXPECT_EQ(CountOf(trace, readBegins), reads) << name;
+      EXPECT_EQ(CountOf(trace, writeBegins), writes) << name;
+      EXPECT_EQ(CountOf(trace, "computer 57 AA AA AA"), reads + writes) << name; // each session has its end
+    }
+    EndRadio();
+  }
 }
 
 TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
