@@ -50,9 +50,10 @@ ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, const
     terminal.out << text;
     return EndOutput(terminal);
   }
-  if (ReplaceFile(files, path, std::vector<std::uint8_t>(text.begin(), text.end()), Surplus::Drop))
-    return ExitStatus::Done;
-  terminal.err << path << ": can't be written" << SystemReason() << '\n';
+  const FileResult stored =
+      ReplaceFile(files, path, std::vector<std::uint8_t>(text.begin(), text.end()), Surplus::Drop);
+  if (stored) return ExitStatus::Done;
+  terminal.err << path << ": can't be written" << ReasonOf(stored) << '\n';
   return ExitStatus::Failed;
 }
 
@@ -62,8 +63,9 @@ bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage
       terminal.out.put(static_cast<char>(byte));
     return EndOutput(terminal) == ExitStatus::Done;
   }
-  if (SaveDataFile(files, path, image)) return true;
-  terminal.err << path << ": " << MessageForFailed(SaveCommand::Save).text << SystemReason() << '\n';
+  const FileResult saved = SaveDataFile(files, path, image);
+  if (saved) return true;
+  terminal.err << path << ": " << MessageForFailed(SaveCommand::Save).text << ReasonOf(saved) << '\n';
   return false;
 }
 

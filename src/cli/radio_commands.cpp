@@ -38,23 +38,23 @@ ExitStatus Fail(const Terminal& terminal, const std::string& message) {
 }
 
 // Where the name depends on the radio, its folder can too; then only the save can tell.
-bool MayBeStored(FileSystem& files, const std::string& path) {
-  return path == Stream || FolderOf(path).find('{') != std::string::npos || MayReplace(files, path);
+FileResult MayBeStored(FileSystem& files, const std::string& path) {
+  return path == Stream || FolderOf(path).find('{') != std::string::npos ? FileResult{} : MayReplace(files, path);
 }
 
 // Keeps the radio's configuration, and its embedded text beside it if there is one. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
-  const auto refuse = [&] {
+  const auto refuse = [&](const FileResult& failed) {
     return Fail(command.terminal,
-                folder + ": the backup can't be kept here. Nothing has been written." + SystemReason());
+                folder + ": the backup can't be kept here. Nothing has been written." + ReasonOf(failed));
   };
-  if (!MayKeepBackupIn(command.files, folder)) return refuse();
+  if (const FileResult mayKeep = MayKeepBackupIn(command.files, folder); !mayKeep) return refuse(mayKeep);
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
-  const auto [outcome, path] = KeepBackup(command.files, folder, image, command.now());
+  const auto [outcome, path, result] = KeepBackup(command.files, folder, image, command.now());
   if (outcome == BackupOutcome::NameIsTaken)
     return Fail(command.terminal, path + ": there is such a file already. Nothing has been written.");
-  if (outcome == BackupOutcome::Failed) return refuse();
+  if (outcome == BackupOutcome::Failed) return refuse(result);
   command.terminal.out << path << '\n';
   return EndOutput(command.terminal);
 }
@@ -82,8 +82,8 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
 }
 
 ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
-  if (!MayBeStored(command.files, path)) // fail before reading the whole radio
-    return Fail(command.terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + SystemReason());
+  if (const FileResult mayBeStored = MayBeStored(command.files, path); !mayBeStored) // before reading the whole radio
+    return Fail(command.terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayBeStored));
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const std::string file = FilledIn(path, image, command.now());

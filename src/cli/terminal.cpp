@@ -10,14 +10,14 @@
 
 namespace mr4500x {
 
-std::string SystemReason() {
-  return " (" + std::generic_category().message(errno) + ')';
+std::string ReasonOf(const FileResult& failed) {
+  return " (" + failed.Reason() + ')';
 }
 
 ExitStatus EndOutput(Terminal& terminal) {
   terminal.out << std::flush;
   if (terminal.out.good()) return ExitStatus::Done;
-  terminal.err << "The output could not be written." << SystemReason() << '\n';
+  terminal.err << "The output could not be written." << ReasonOf({{errno, std::generic_category()}}) << '\n';
   return ExitStatus::Failed;
 }
 

@@ -30,8 +30,8 @@ struct Terminal {
   std::function<bool()> isEnding = [] { return false; };
 };
 
-// " (No space left on device)": what errno says, after a message.
-[[nodiscard]] std::string SystemReason();
+// " (No space left on device)", to go after a message.
+[[nodiscard]] std::string ReasonOf(const FileResult& failed);
 
 // The exit status after printing data: Failed, with a message, if it could not all be written.
 [[nodiscard]] ExitStatus EndOutput(Terminal& terminal);

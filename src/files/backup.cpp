@@ -31,18 +31,20 @@ std::string FilledIn(std::string path, const RadioImage& image, const LocalTime&
   return path;
 }
 
-bool MayKeepBackupIn(FileSystem& files, const std::string& folder) {
-  return MakeFolderOf(files, folder + "/") && MayReplace(files, folder + "/backup");
+FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder) {
+  const FileResult made = MakeFolderOf(files, folder + "/");
+  return made ? MayReplace(files, folder + "/backup") : made;
 }
 
 Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image, const LocalTime& now) {
   const std::string stem = folder + Separator + FilledIn("{id}_{date}_{time}", image, now), path = stem + ".K4X";
-  if (!IsMissing(files, path)) return {BackupOutcome::NameIsTaken, path};
-  if (!SaveDataFile(files, path, image)) return {BackupOutcome::Failed, path};
+  if (!IsMissing(files, path))
+    return {BackupOutcome::NameIsTaken, path, {std::make_error_code(std::errc::file_exists)}};
+  FileResult saved = SaveDataFile(files, path, image);
   const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  if (!text.empty() && !ReplaceFile(files, stem + ".txt", bytes, Surplus::Drop)) return {BackupOutcome::Failed, path};
-  return {BackupOutcome::Kept, path};
+  if (saved && !text.empty()) saved = ReplaceFile(files, stem + ".txt", bytes, Surplus::Drop);
+  return {saved ? BackupOutcome::Kept : BackupOutcome::Failed, path, saved};
 }
 
 } // namespace mr4500x

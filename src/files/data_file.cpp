@@ -123,12 +123,13 @@ LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image)
 
 LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image) {
   std::vector<std::uint8_t> bytes;
-  const ReadOutcome outcome = ReadFile(files, path, DataFileReadLimit, bytes);
+  const auto [outcome, result] = ReadFile(files, path, DataFileReadLimit, bytes);
   if (outcome == ReadOutcome::Read) return ParseDataFile(bytes, image);
-  return {outcome == ReadOutcome::Missing ? LoadOutcome::Missing : LoadOutcome::Damaged};
+  return {.outcome = outcome == ReadOutcome::Missing ? LoadOutcome::Missing : LoadOutcome::Damaged,
+          .systemReason = result.Reason()};
 }
 
-bool SaveDataFile(FileSystem& files, const std::string& path, const RadioImage& image) {
+FileResult SaveDataFile(FileSystem& files, const std::string& path, const RadioImage& image) {
   return ReplaceFile(files, path, BuildDataFile(image), Surplus::Keep);
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "file_system.h"
+#include "open_file.h"
 #include "radio_image.h"
 
 namespace mr4500x {
@@ -27,8 +27,9 @@ enum class LoadOutcome : std::uint8_t {
 struct LoadResult {
   LoadOutcome outcome = LoadOutcome::Damaged;
   bool markerNotEmpty = false; // made for newer software: show NewVersionNotice, whatever the outcome
-  int damagedItem = 0;         // counted from 1; 0 if the file is missing or can't be read, as errno tells
+  int damagedItem = 0;         // counted from 1; 0 if the file is missing or can't be read
   bool endsInItem = false;     // else the item is not what belongs there
+  std::string systemReason{};  // of a file that is missing or can't be read
   bool operator==(const LoadResult&) const = default;
 };
 
@@ -40,6 +41,6 @@ struct LoadResult {
 [[nodiscard]] LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image);
 
 // All or nothing. A longer old file keeps its bytes after the written ones.
-[[nodiscard]] bool SaveDataFile(FileSystem& files, const std::string& path, const RadioImage& image);
+FileResult SaveDataFile(FileSystem& files, const std::string& path, const RadioImage& image);
 
 } // namespace mr4500x

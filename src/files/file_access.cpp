@@ -31,38 +31,47 @@ std::string InFolder(std::string folder, std::string_view name) {
   return (folder += Separator).append(name);
 }
 
+FileResult Failed(std::errc reason) {
+  return {std::make_error_code(reason)};
+}
+// The operation of the file system that came just before has failed.
+FileResult SystemFailed() {
+  return {{errno != 0 ? errno : EIO, std::generic_category()}};
+}
+
+// What a path leads to. The file may be missing.
 struct PlacedFile {
+  FileResult result;
   std::string path;
   FileStatus status;
 };
 
-// The file may be missing.
-std::optional<PlacedFile> FollowLinks(FileSystem& files, std::string path) {
-  errno = ENOENT;
-  if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
+PlacedFile FollowLinks(FileSystem& files, std::string path) {
+  if (path.empty() || path.find('\0') != std::string::npos)
+    return {Failed(std::errc::no_such_file_or_directory), "", {}};
   for (int links = 0; links <= MostLinks; ++links) {
     const auto status = files.Status(path);
-    if (!status) return std::nullopt;
-    if (status->kind != FileKind::Link) return PlacedFile{std::move(path), *status};
+    if (!status) return {SystemFailed(), "", {}};
+    if (status->kind != FileKind::Link) return {{}, std::move(path), *status};
     const auto target = files.ReadLink(path);
-    if (!target) return std::nullopt;
+    if (!target) return {SystemFailed(), "", {}};
     path = IsAbsolute(*target) ? *target : InFolder(FolderOf(path), *target);
   }
-  errno = ELOOP;
-  return std::nullopt;
+  return {Failed(std::errc::too_many_symbolic_link_levels), "", {}};
 }
 
 // A file of any kind is there, but not to be read or written.
-int ReasonAgainst(FileKind kind) {
-  return kind == FileKind::Regular ? EACCES : kind == FileKind::Folder ? EISDIR : EINVAL;
+FileResult RefusedKind(FileKind kind) {
+  return Failed(kind == FileKind::Regular  ? std::errc::permission_denied
+                : kind == FileKind::Folder ? std::errc::is_a_directory
+                                           : std::errc::invalid_argument);
 }
 
-bool IsRefused(FileSystem& files, const PlacedFile& target) {
-  const auto& [path, old] = target;
-  if (old.kind == FileKind::Missing) return false;
-  if (old.kind == FileKind::Regular && (old.mode & WriteBits) != 0) return !files.CanWrite(path);
-  errno = ReasonAgainst(old.kind);
-  return true;
+FileResult MayBeWritten(FileSystem& files, const PlacedFile& target) {
+  const auto& [result, path, old] = target;
+  if (!result || old.kind == FileKind::Missing) return result;
+  if (old.kind != FileKind::Regular || (old.mode & WriteBits) == 0) return RefusedKind(old.kind);
+  return files.CanWrite(path) ? FileResult{} : SystemFailed();
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& folder) {
@@ -71,20 +80,19 @@ void RemoveLeftovers(FileSystem& files, const std::string& folder) {
     const std::string path = InFolder(folder, name);
     const auto status = files.Status(path);
     if (!status || status->kind != FileKind::Regular) continue;
-    const auto file = files.OpenToRead(path);
-    if (!file) continue;
-    if (files.Lock(*file) == LockOutcome::Taken) static_cast<void>(files.Remove(path)); // else left to a later save
-    files.Close(*file);
+    const OpenFile file(files, files.OpenToRead(path));
+    if (file && files.Lock(*file) == LockOutcome::Taken)
+      static_cast<void>(files.Remove(path)); // else left to a later save
   }
 }
 
-bool WriteAll(FileSystem& files, FileSystem::Handle file, std::span<const std::uint8_t> bytes) {
+FileResult WriteAll(FileSystem& files, FileSystem::Handle file, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const auto count = files.Write(file, bytes);
-    if (!count || *count == 0) return false;
+    if (!count || *count == 0) return SystemFailed();
     bytes = bytes.subspan(*count);
   }
-  return true;
+  return {};
 }
 
 // The new file. Removed again unless TakePlace succeeded.
@@ -93,7 +101,7 @@ public:
   Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode) : m_files(files) {
     for (int tries = 0; tries < MostTemporaries && !m_file; ++tries) {
       m_path = InFolder(folder, std::string(TemporaryPrefix) + HexText(files.UnpredictableNumber()));
-      m_file = files.Create(m_path, mode);
+      m_file = {files, files.Create(m_path, mode)};
       if (!m_file) return;
       if (IsTakenForLeftover()) Drop();
     }
@@ -104,22 +112,22 @@ public:
     if (m_file) Drop();
   }
 
-  [[nodiscard]] bool IsOpen() const { return m_file.has_value(); }
+  [[nodiscard]] bool IsOpen() const { return static_cast<bool>(m_file); }
 
-  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) { return WriteAll(m_files, *m_file, bytes); }
+  FileResult Write(std::span<const std::uint8_t> bytes) { return WriteAll(m_files, *m_file, bytes); }
 
   // Appends the old file's bytes from `offset`.
-  [[nodiscard]] bool WriteSurplus(const std::string& oldPath, std::uint64_t offset) {
-    const auto old = m_files.OpenToRead(oldPath);
-    if (!old) return false;
+  FileResult WriteSurplus(const std::string& oldPath, std::uint64_t offset) {
+    const OpenFile old(m_files, m_files.OpenToRead(oldPath));
+    if (!old) return SystemFailed();
     std::array<std::uint8_t, CopyBytes> buffer{};
-    auto count = m_files.ReadAt(*old, offset, buffer);
-    while (count && *count > 0 && Write(std::span(buffer).first(*count))) {
+    for (;;) {
+      const auto count = m_files.ReadAt(*old, offset, buffer);
+      if (!count) return SystemFailed();
+      if (*count == 0) return {};
+      if (const FileResult written = Write(std::span(buffer).first(*count)); !written) return written;
       offset += *count;
-      count = m_files.ReadAt(*old, offset, buffer);
     }
-    m_files.Close(*old);
-    return count && *count == 0;
   }
 
   [[nodiscard]] bool TakeOver(const FileStatus& old) {
@@ -128,7 +136,7 @@ public:
     return m_files.SetMode(*m_file, old.mode & PermissionBits);
   }
 
-  [[nodiscard]] bool Sync() { return m_files.Sync(*m_file); }
+  FileResult Sync() { return m_files.Sync(*m_file) ? FileResult{} : SystemFailed(); }
   [[nodiscard]] bool TakePlace(const std::string& path) {
     m_tookPlace = m_files.Rename(m_path, path);
     return m_tookPlace;
@@ -145,17 +153,14 @@ private:
 
   void Drop() {
     if (!m_tookPlace) static_cast<void>(m_files.Remove(m_path));
-    m_files.Close(*m_file);
-    m_file.reset();
+    m_file.Close();
   }
 
   FileSystem& m_files;
   std::string m_path;
-  std::optional<FileSystem::Handle> m_file;
+  OpenFile m_file;
   bool m_tookPlace = false;
 };
-
-enum class ReplaceEnd { Replaced, Failed, NotPossible };
 
 struct NewContent {
   std::span<const std::uint8_t> bytes;
@@ -163,27 +168,32 @@ struct NewContent {
   std::uint32_t newFileMode;
 };
 
-ReplaceEnd ReplaceByNew(FileSystem& files, const PlacedFile& target, const NewContent& content) {
+// nullopt where no file can take the place of the old one.
+std::optional<FileResult> ReplaceByNew(FileSystem& files, const PlacedFile& target, const NewContent& content) {
   const auto& [bytes, surplus, newFileMode] = content;
-  const auto& [path, old] = target;
+  const auto& [result, path, old] = target;
   const bool isNew = old.kind == FileKind::Missing;
   Temporary temporary(files, FolderOf(path), isNew ? newFileMode : PrivateMode);
-  if (!temporary.IsOpen() || (!isNew && !temporary.TakeOver(old))) return ReplaceEnd::NotPossible;
+  if (!temporary.IsOpen() || (!isNew && !temporary.TakeOver(old))) return std::nullopt;
   const bool hasSurplus = !isNew && surplus == Surplus::Keep && old.size > bytes.size();
-  if (!temporary.Write(bytes) || (hasSurplus && !temporary.WriteSurplus(path, bytes.size())) || !temporary.Sync())
-    return ReplaceEnd::Failed;
-  return temporary.TakePlace(path) ? ReplaceEnd::Replaced : ReplaceEnd::NotPossible;
+  FileResult written = temporary.Write(bytes);
+  if (written && hasSurplus) written = temporary.WriteSurplus(path, bytes.size());
+  if (written) written = temporary.Sync();
+  return written && !temporary.TakePlace(path) ? std::nullopt : std::optional(written);
 }
 
-bool WriteInPlace(FileSystem& files, const PlacedFile& target, const NewContent& content) {
+FileResult WriteInPlace(FileSystem& files, const PlacedFile& target, const NewContent& content) {
   const auto& [bytes, surplus, newFileMode] = content;
-  const auto file = files.OpenToWrite(target.path, newFileMode);
-  if (!file) return false;
-  const bool isWritten = WriteAll(files, *file, bytes) &&
-                         (surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file);
-  files.Close(*file);
-  if (!isWritten && target.status.kind == FileKind::Missing) static_cast<void>(files.Remove(target.path));
-  return isWritten;
+  OpenFile file(files, files.OpenToWrite(target.path, newFileMode));
+  if (!file) return SystemFailed();
+  FileResult written = WriteAll(files, *file, bytes);
+  const auto isComplete = [&] {
+    return (surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file);
+  };
+  if (written && !isComplete()) written = SystemFailed();
+  file.Close();
+  if (!written && target.status.kind == FileKind::Missing) static_cast<void>(files.Remove(target.path));
+  return written;
 }
 
 } // namespace
@@ -194,19 +204,18 @@ std::string FolderOf(const std::string& path) {
   return path.substr(0, IsRoot(std::string_view(path).substr(0, slash + 1)) ? slash + 1 : slash);
 }
 
-ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
+ReadResult ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes) {
+  using enum ReadOutcome;
   bytes.clear();
-  const auto found = FollowLinks(files, path);
-  if (path.empty() || (found && found->status.kind == FileKind::Missing)) return ReadOutcome::Missing;
-  if (!found) return ReadOutcome::Failed;
-  if (found->status.kind != FileKind::Regular) {
-    errno = ReasonAgainst(found->status.kind);
-    return ReadOutcome::Failed;
-  }
-  const auto file = files.OpenToRead(found->path);
-  if (!file) return ReadOutcome::Failed;
+  const auto [result, target, status] = FollowLinks(files, path);
+  if (path.empty() || (result && status.kind == FileKind::Missing))
+    return {Missing, mr4500x::Failed(std::errc::no_such_file_or_directory)};
+  if (!result) return {Failed, result};
+  if (status.kind != FileKind::Regular) return {Failed, RefusedKind(status.kind)};
+  const OpenFile file(files, files.OpenToRead(target));
+  if (!file) return {Failed, SystemFailed()};
   // One byte more than the reported size finds the end, or shows that the file has grown.
-  bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(found->status.size + 1, limit)));
+  bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(status.size + 1, limit)));
   std::size_t filled = 0;
   std::optional<std::size_t> count = 1;
   while (count && *count > 0 && filled < bytes.size()) {
@@ -214,66 +223,68 @@ ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t lim
     filled += count.value_or(0);
     if (filled == bytes.size()) bytes.resize(std::min(limit, 2 * filled));
   }
-  files.Close(*file);
   bytes.resize(filled);
-  return count ? ReadOutcome::Read : ReadOutcome::Failed;
+  return count ? ReadResult{Read, {}} : ReadResult{Failed, SystemFailed()};
 }
 
-bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
-                 std::uint32_t newFileMode) {
-  const auto target = FollowLinks(files, path);
-  if (!target) return false;
-  if (IsRefused(files, *target)) return false;
-  const std::string folder = FolderOf(target->path);
+FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
+                       std::uint32_t newFileMode) {
+  const PlacedFile target = FollowLinks(files, path);
+  if (const FileResult mayBeWritten = MayBeWritten(files, target); !mayBeWritten) return mayBeWritten;
+  const std::string folder = FolderOf(target.path);
   RemoveLeftovers(files, folder);
   const NewContent content{bytes, surplus, newFileMode};
-  const ReplaceEnd end = ReplaceByNew(files, *target, content);
-  if (end == ReplaceEnd::NotPossible) return WriteInPlace(files, *target, content);
-  if (end == ReplaceEnd::Failed) return false;
+  const std::optional<FileResult> replaced = ReplaceByNew(files, target, content);
+  if (!replaced) return WriteInPlace(files, target, content);
   // The new file is in place and on the disk. If this fails, a power cut can at worst bring back the complete old file,
   // which is no reason to report a failed save.
-  static_cast<void>(files.SyncFolder(folder));
-  return true;
+  if (*replaced) static_cast<void>(files.SyncFolder(folder));
+  return *replaced;
 }
 
-bool MayReplace(FileSystem& files, const std::string& path) {
-  const auto target = FollowLinks(files, path);
-  if (!target || IsRefused(files, *target)) return false;
-  return target->status.kind != FileKind::Missing || files.CanWrite(FolderOf(target->path));
+FileResult MayReplace(FileSystem& files, const std::string& path) {
+  const PlacedFile target = FollowLinks(files, path);
+  const FileResult mayBeWritten = MayBeWritten(files, target);
+  const bool isNew = mayBeWritten && target.status.kind == FileKind::Missing;
+  return isNew && !files.CanWrite(FolderOf(target.path)) ? SystemFailed() : mayBeWritten;
 }
 
 bool IsMissing(FileSystem& files, const std::string& path) {
-  const auto found = FollowLinks(files, path);
-  return path.empty() || (found && found->status.kind == FileKind::Missing);
+  const PlacedFile found = FollowLinks(files, path);
+  return path.empty() || (found.result && found.status.kind == FileKind::Missing);
 }
 
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
-  const auto first = FollowLinks(files, a), second = FollowLinks(files, b);
-  return first && second && first->status.kind != FileKind::Missing && first->status.device == second->status.device &&
-         first->status.number == second->status.number;
+  const PlacedFile first = FollowLinks(files, a), second = FollowLinks(files, b);
+  return first.result && second.result && first.status.kind != FileKind::Missing &&
+         first.status.device == second.status.device && first.status.number == second.status.number;
 }
 
 bool LeadsToOtherUser(FileSystem& files, const std::string& path) {
   const auto link = files.Status(path);
-  const auto target = FollowLinks(files, path);
-  return link && target && target->status.kind != FileKind::Missing && target->status.owner != link->owner;
+  const PlacedFile target = FollowLinks(files, path);
+  return link && target.result && target.status.kind != FileKind::Missing && target.status.owner != link->owner;
 }
 
 std::optional<std::uint64_t> DeviceOfFolder(FileSystem& files, const std::string& path) {
-  const auto file = FollowLinks(files, path);
-  const auto folder = file ? FollowLinks(files, FolderOf(file->path)) : std::nullopt;
-  return folder && folder->status.kind == FileKind::Folder ? std::optional(folder->status.device) : std::nullopt;
+  const PlacedFile file = FollowLinks(files, path);
+  if (!file.result) return std::nullopt;
+  const PlacedFile folder = FollowLinks(files, FolderOf(file.path));
+  return folder.result && folder.status.kind == FileKind::Folder ? std::optional(folder.status.device) : std::nullopt;
 }
 
-bool MakeFolderOf(FileSystem& files, const std::string& path) {
+FileResult MakeFolderOf(FileSystem& files, const std::string& path) {
   const std::string folder = FolderOf(path);
   const auto exists = [&] {
     const auto status = files.Status(folder);
     return status && status->kind != FileKind::Missing;
   };
-  if (exists()) return true;
-  if (!files.Status(folder) || !MakeFolderOf(files, folder)) return false;
-  return files.MakeFolder(folder) || exists(); // another program may have made it just now
+  if (exists()) return {};
+  if (!files.Status(folder)) return SystemFailed();
+  if (const FileResult parents = MakeFolderOf(files, folder); !parents) return parents;
+  if (files.MakeFolder(folder)) return {};
+  const FileResult failed = SystemFailed();
+  return exists() ? FileResult{} : failed; // another program may have made it just now
 }
 
 } // namespace mr4500x

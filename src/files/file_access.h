@@ -1,5 +1,4 @@
 // Reading a whole file, and replacing one so that its path holds either the complete old or the complete new content.
-// When an operation on a path fails or refuses it, errno has the reason.
 #pragma once
 
 #include <cstddef>
@@ -9,15 +8,20 @@
 #include <string>
 #include <vector>
 
-#include "file_system.h"
+#include "open_file.h"
 
 namespace mr4500x {
 
 enum class ReadOutcome { Read, Missing, Failed };
+struct [[nodiscard]] ReadResult {
+  ReadOutcome outcome;
+  FileResult result; // with the reason unless it was read
+
+  operator ReadOutcome() const { return outcome; } // NOLINT(google-explicit-constructor): most callers ask only that
+};
 
 // Reads at most `limit` bytes of a regular file, or of one that a link leads to.
-[[nodiscard]] ReadOutcome ReadFile(FileSystem& files, const std::string& path, std::size_t limit,
-                                   std::vector<std::uint8_t>& bytes);
+ReadResult ReadFile(FileSystem& files, const std::string& path, std::size_t limit, std::vector<std::uint8_t>& bytes);
 
 // What happens to the old file's bytes beyond the new length.
 enum class Surplus { Drop, Keep };
@@ -32,13 +36,13 @@ enum class Surplus { Drop, Keep };
 //     flushes it to the disk.
 //  5. Renames it over the old file and flushes the folder.
 // Where no file can be made or renamed there, or its permissions can't be set, the file itself is written, from its
-// start. If anything else fails it returns false, with the old file unchanged. No temporary file is left. A new file
+// start. If anything else fails, the old file is unchanged. No temporary file is left. A new file
 // gets the mode, less the umask.
-[[nodiscard]] bool ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
-                               Surplus surplus, std::uint32_t newFileMode = 0666);
+FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
+                       std::uint32_t newFileMode = 0666);
 
 // Whether ReplaceFile would try: a file that it does not refuse, or a folder in which one can be made.
-[[nodiscard]] bool MayReplace(FileSystem& files, const std::string& path);
+FileResult MayReplace(FileSystem& files, const std::string& path);
 
 // Whether there is nothing at the path, or where its links lead.
 [[nodiscard]] bool IsMissing(FileSystem& files, const std::string& path);
@@ -56,6 +60,6 @@ enum class Surplus { Drop, Keep };
 [[nodiscard]] std::string FolderOf(const std::string& path);
 
 // Creates the folder of a path and its parents if they are missing.
-[[nodiscard]] bool MakeFolderOf(FileSystem& files, const std::string& path);
+FileResult MakeFolderOf(FileSystem& files, const std::string& path);
 
 } // namespace mr4500x

@@ -2,9 +2,7 @@
 
 #include "file_access.h"
 
-#include <cerrno>
 #include <istream>
-#include <system_error>
 
 namespace mr4500x {
 namespace {
@@ -35,8 +33,8 @@ TextInput ReadTextInput(FileSystem& files, const std::string& path, std::istream
   std::vector<std::uint8_t> bytes;
   if (stream != nullptr && path == Stream)
     bytes = ReadStream(*stream, MostTextBytes + 1);
-  else if (ReadFile(files, path, MostTextBytes + 1, bytes) != ReadOutcome::Read)
-    return {Failed, "", std::generic_category().message(errno)};
+  else if (const ReadResult read = ReadFile(files, path, MostTextBytes + 1, bytes); read != ReadOutcome::Read)
+    return {Failed, "", read.result.Reason()};
   if (bytes.size() > MostTextBytes) return {TooLong, "", ""}; // what it would be cut to may make sense
   return {Read, std::string(bytes.begin(), bytes.end()), ""};
 }

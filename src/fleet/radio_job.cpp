@@ -8,8 +8,6 @@
 #include "words.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <system_error>
 #include <utility>
 
 namespace mr4500x {
@@ -51,16 +49,17 @@ AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
 }
 
 bool RadioJob::BackUp(Attempt& attempt) {
-  const auto refuse = [&](int error) {
-    return Fail(attempt, BackupReason(m_settings.backupFolder, std::generic_category().message(error)));
+  const auto refuse = [&](const FileResult& failed) {
+    return Fail(attempt, BackupReason(m_settings.backupFolder, failed.Reason()));
   };
-  if (!MayKeepBackupIn(m_settings.files, m_settings.backupFolder)) return refuse(errno);
+  const FileResult mayKeep = MayKeepBackupIn(m_settings.files, m_settings.backupFolder);
+  if (!mayKeep) return refuse(mayKeep);
   RadioImage image;
   if (!IsComplete(ReadRadio(m_line, image, *this, m_settings.speed), attempt)) return false;
   if (IdentityNumber(image) != attempt.idNumber) return Fail(attempt, ExchangedReason);
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte]; // as the editor does
-  const auto [outcome, path] = KeepBackup(m_settings.files, m_settings.backupFolder, image, m_settings.now());
-  if (outcome != BackupOutcome::Kept) return refuse(outcome == BackupOutcome::NameIsTaken ? EEXIST : errno);
+  const auto [outcome, path, result] = KeepBackup(m_settings.files, m_settings.backupFolder, image, m_settings.now());
+  if (outcome != BackupOutcome::Kept) return refuse(result);
   attempt.backup = path;
   return true;
 }

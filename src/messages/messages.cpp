@@ -1,7 +1,6 @@
 #include "messages.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <system_error>
 
 namespace mr4500x {
@@ -50,7 +49,7 @@ std::optional<Message> MessageOf(Transfer transfer, Outcome outcome) {
 // Why nothing was loaded, where the message does not say it.
 std::string ReasonFor(const LoadResult& result) {
   if (result.outcome != LoadOutcome::Missing && result.outcome != LoadOutcome::Damaged) return "";
-  if (result.damagedItem == 0) return " (" + std::generic_category().message(errno) + ')';
+  if (result.damagedItem == 0) return " (" + result.systemReason + ')';
   const std::string item = "item " + std::to_string(result.damagedItem);
   return result.endsInItem ? " (ends within " + item + ')' : " (" + item + " is not what belongs there)";
 }

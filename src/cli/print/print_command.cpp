@@ -33,7 +33,7 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
   Configuration values;
   if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal))
     return ExitStatus::Failed;
-  const auto store = [&](std::span<const std::uint8_t> content) {
+  const auto store = [&](std::span<const std::uint8_t> content) -> bool {
     if (pdfFile != Stream) return ReplaceFile(files, pdfFile, content, Surplus::Drop);
     terminal.out.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
     return terminal.out.flush().good();

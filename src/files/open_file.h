@@ -1,0 +1,45 @@
+// A file handle with an owner, and the result of an operation on a file.
+#pragma once
+
+#include "file_system.h"
+
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace mr4500x {
+
+// An open file, closed with its owner. As a condition, whether there is one.
+class OpenFile {
+public:
+  OpenFile() = default;
+  OpenFile(FileSystem& files, std::optional<FileSystem::Handle> handle) : m_files(&files), m_handle(handle) {}
+  OpenFile(OpenFile&& other) noexcept : m_files(other.m_files), m_handle(std::exchange(other.m_handle, {})) {}
+  OpenFile& operator=(OpenFile&& other) noexcept {
+    std::swap(m_files, other.m_files);
+    std::swap(m_handle, other.m_handle);
+    return *this;
+  }
+  ~OpenFile() { Close(); }
+
+  explicit operator bool() const { return m_handle.has_value(); }
+  [[nodiscard]] FileSystem::Handle operator*() const { return *m_handle; }
+  void Close() {
+    if (m_handle) m_files->Close(*m_handle);
+    m_handle.reset();
+  }
+
+private:
+  FileSystem* m_files = nullptr;
+  std::optional<FileSystem::Handle> m_handle;
+};
+
+// How an operation on files ended, with the system's reason if it failed. As a condition, whether it succeeded.
+struct [[nodiscard]] FileResult {
+  std::error_code error{};
+
+  operator bool() const { return !error; } // NOLINT(google-explicit-constructor): callers combine it with others
+  [[nodiscard]] std::string Reason() const { return error.message(); }
+};
+
+} // namespace mr4500x
