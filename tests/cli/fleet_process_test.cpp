@@ -32,8 +32,9 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(Content("log.csv"), ",verified,"), 2U) << Content("log.csv");
 
   // The same again: what is done is not written anew. Another band is, as asked for.
-  const Ended all = Fleet(rows + " --accept-band");
+  const Ended all = Fleet(rows + " --accept-band --log " + Path("log2.csv"));
   EXPECT_EQ(all.status, 0) << all.output;
+  EXPECT_EQ(CountOf(Content("log2.csv"), ",verified,"), 1U) << "of this bench alone";
   EXPECT_EQ(CountOf(all.output, "done before"), 2U) << all.output;
   EXPECT_EQ(CountOf(all.output, "LR-3: verified"), 1U) << all.output;
   EXPECT_EQ(
@@ -92,6 +93,10 @@ TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   EXPECT_NE(Content("out").find("verified; take the radio off: the journal gets it later\n"), std::string::npos);
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.output, "1 entry waits for the journal; the next start hands it in.\n");
+  const std::string journal = std::filesystem::weakly_canonical(Path("a.journal")).string();
+  EXPECT_EQ(Shell("ls " + Path("state/MR4500X/fleet/$(printf %s ") + journal + " | sha256sum | head -c 16)-*").status,
+            0)
+      << "each journal has its own";
   std::filesystem::rename(Path("a.moved"), Path("a.journal"));
   EXPECT_EQ(Shell(fleet).status, 0);
   EXPECT_EQ(CountOf(Cli("fleet journal " + file).output, "row 1, Car 1, radio LR-1: verified\n"), 1U);
@@ -103,6 +108,11 @@ TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
   Put("rows.csv", "label,foo\nCar 1,2\n");
   Put("rows2.csv", "label,channels.1.rx_freq\nCar 1,12\nCar 1,446.00625\n");
   const std::string ported = "fleet --ports /nowhere " + file;
+  std::filesystem::create_directory(Path("bin")); // the tool with a settings file beside it
+  Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=/nowhere\n");
+  const Ended all = Shell("cp " MR4500X_CLI " " MR4500X_CLI "-fleet " + Path("bin && ") +
+                          Path("bin/mr4500x-cli fleet --ports all,3 ") + file);
+  EXPECT_NE(all.output.find("COM3 is given twice\n"), std::string::npos) << all.output;
   ExpectAll({{ported + " --rows " + Path("rows.csv"), 2, "line 1, foo"},
              {ported + " --rows " + Path("rows2.csv"), 2, "line 2, channels.1.rx_freq"},
              {ported + " --rows " + Path("none.csv"), 2, Path("none.csv: can't be read")},

@@ -55,10 +55,11 @@ bool PostgresServer::IsInstalled() {
 }
 
 bool PostgresServer::Start() {
-  m_server.start(Program("postgres"), {"-D", Folder() + "/data", "-k", Folder(), "-c", "listen_addresses=", "-F"});
+  m_server.start(Program("postgres"),
+                 {"-D", Folder() + "/data", "-k", Folder(), "-p", "5433", "-c", "listen_addresses=", "-F"});
   const QDeadlineTimer deadline(30000);
   while (m_server.state() != QProcess::NotRunning && !deadline.hasExpired())
-    if (QProcess::execute(Program("pg_isready"), {"-q", "-h", Folder()}) == 0) return true;
+    if (QProcess::execute(Program("pg_isready"), {"-q", "-p", "5433", "-h", Folder()}) == 0) return true;
   return false;
 }
 

@@ -19,7 +19,9 @@ public:
   [[nodiscard]] bool Start();                                      // and waits until it answers
   void Crash();                                                    // no session is ended properly
   [[nodiscard]] QString Folder() const { return m_folder.path(); } // its host name
-  [[nodiscard]] std::string Address() const { return "postgresql://bench@/postgres?host=" + Folder().toStdString(); }
+  [[nodiscard]] std::string Address() const {
+    return "postgresql://bench@localhost:5433/postgres?host=" + Folder().toStdString();
+  }
 
 private:
   QTemporaryDir m_folder; // short enough for a socket's path

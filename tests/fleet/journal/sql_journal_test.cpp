@@ -47,6 +47,7 @@ struct SqlJournals : testing::TestWithParam<const char*> {
     QSqlDatabase database = QSqlDatabase::addDatabase(IsServer() ? "QPSQL" : "QSQLITE");
     database.setDatabaseName(IsServer() ? "postgres" : m_folder.filePath("fleet.journal"));
     if (IsServer()) database.setHostName(m_server->Folder());
+    if (IsServer()) database.setPort(5433); // not the usual one
     database.setUserName("bench");
     EXPECT_TRUE(database.open());
     return database;

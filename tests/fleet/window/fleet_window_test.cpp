@@ -22,8 +22,7 @@ protected:
     ResetToDefaults(image, {});
     EXPECT_TRUE(SaveDataFile(files, Path("taxi.K4X"), image));
     Put("rows.csv", "label,radio\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
-    user.callOnTimeout([this] { AnswerDialog(); });
-    user.start(5);
+    WatchForDialogs();
   }
   // At the next COM port.
   void AddRadio(const QStringList& options) {
@@ -64,6 +63,13 @@ protected:
       radio->waitForFinished();
     }
   }
+  // Also those that open while another one is answered.
+  void WatchForDialogs() {
+    QTimer::singleShot(5, &user, [this] {
+      WatchForDialogs();
+      AnswerDialog();
+    });
+  }
   void AnswerDialog() {
     QWidget* const dialog = QApplication::activeModalWidget();
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
@@ -90,10 +96,29 @@ protected:
   std::vector<std::unique_ptr<QProcess>> radios;
   std::string pins = "[Port Devices]\n";
   std::unique_ptr<FrmFleet> window;
-  QTimer user;
+  QObject user;
   QString file;
   QStringList told;
 };
+
+TEST(FleetTallyTest, CountsARadioAsItEndedAndNoneWithoutARow) {
+  using enum PortState;
+  FleetTally tally(2);
+  const std::tuple<PortState, const char*, int, std::size_t> steps[] = {
+      // what port 1 reports of which radio; the radios done and not verified then
+      {Failed, "R-1", 0, 1},      {Waiting, "", 0, 1}, {Failed, "R-1", 0, 1}, {SetAside, "R-2", 0, 2},
+      {Done, "R-1", 1, 1},        {Done, "R-1", 1, 1}, {NoRow, "R-3", 1, 1},  {Failed, "R-4", 1, 2},
+      {AlreadyDone, "R-4", 1, 1}, {Done, "R-2", 2, 0}, {Finished, "", 2, 0},
+  };
+  for (const auto& [state, radio, done, failed] : steps) {
+    static_cast<void>(tally.Record({1, state, 0, "", radio, "", 0}));
+    EXPECT_EQ(tally.Done(), done) << radio;
+    EXPECT_EQ(tally.Failed(), failed) << radio;
+    EXPECT_FALSE(tally.HasEnded()) << "the other port works";
+  }
+  EXPECT_TRUE(tally.Record({0, Stopped, 0, "", "", "", 0}));
+  EXPECT_TRUE(tally.HasEnded());
+}
 
 TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   AddRadio({});
@@ -132,6 +157,13 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   for (const char* const part :
        {"2 verified, 1 set aside", "Car 1", "Car 2", "LR-3", "Not done: Car 3 (row 3)", "page 1 of 1"})
     EXPECT_TRUE(text.contains(part)) << part << text.toStdString();
+
+  const std::string rowsBefore = Content("rows.csv");
+  file = QString::fromStdString(Path("rows.csv"));
+  QTest::mouseClick(Find<QPushButton>("cmdSave"), Qt::LeftButton);
+  EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("/rows.csv can't be written."); }));
+  EXPECT_EQ(Content("rows.csv"), rowsBefore);
+  told.clear(); // the dialog has asked about the file
 
   // What was chosen comes back. What is done is not written again.
   window->close();
