@@ -48,6 +48,8 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
     {RowKind::Recent, "",                             "mnuRecent(%1)"},
     {RowKind::Separator},
     {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
+    {RowKind::Separator},
+    {RowKind::Item,   "Reco&ver...",           "mnuFileRecover",    "",       commands::Recover},
     {RowKind::Menu,   "&Edit",                 "mnuEdit"},
     {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", commands::Copy},
     {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", commands::Paste},

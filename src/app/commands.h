@@ -45,6 +45,7 @@ namespace commands {
 
 void New(const CommandContext& context); // does nothing: Close makes a new configuration
 void Open(const CommandContext& context);
+void Recover(const CommandContext& context); // opens a copy of unsaved work
 void Close(const CommandContext& context);
 void Save(const CommandContext& context);
 void SaveAs(const CommandContext& context);

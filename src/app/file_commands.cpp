@@ -17,6 +17,8 @@
 #include <QApplication>
 #include <QFontMetrics>
 
+#include <algorithm>
+
 namespace mr4500x {
 namespace {
 
@@ -42,19 +44,20 @@ void BelongTo(const CommandContext& context, const std::string& path) {
   if (isOther && context.keeper.IsOpenElsewhere(path)) context.Show(OpenTwiceNotice(path));
 }
 
-CloseEnd AskAboutUnsavedData(const CommandContext& context) {
-  if (!context.state.ModifiedFlag) return CloseEnd::Closed;
+// Ok if there is nothing to ask about.
+Answer AskAboutUnsavedData(const CommandContext& context) {
+  if (!context.state.ModifiedFlag) return Answer::Ok;
   const Answer answer =
       context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), UnsavedDataText}, MessageButtons::YesNoCancel);
   if (answer == Answer::Yes) commands::Save(context); // goes on even if saving fails
-  return answer == Answer::Cancel ? CloseEnd::Cancelled : CloseEnd::Closed;
+  return answer;
 }
 
 CloseEnd CloseData(const CommandContext& context) {
-  if (context.panel.HasOpenEditor()) context.keeper.Replaced(); // the text that is given up
+  if (context.panel.HasOpenEditor()) context.keeper.PutAside(); // the text that is given up
   context.panel.HideOpenEditors();
   if (context.state.origin == Origin()) return CloseEnd::Closed;
-  if (AskAboutUnsavedData(context) == CloseEnd::Cancelled) return CloseEnd::Cancelled;
+  if (AskAboutUnsavedData(context) == Answer::Cancel) return CloseEnd::Cancelled;
   context.keeper.Replaced();
   context.SetOrigin(NoOrigin());
   context.panel.FillReset(context.services.now());
@@ -66,9 +69,10 @@ CloseEnd CloseData(const CommandContext& context) {
 }
 
 // The editor shows kept work, which is in no file of the user's yet.
-void BelongToNothing(const CommandContext& context, const std::string& source, const std::string& differences) {
+void BelongToNothing(const CommandContext& context, const KeptCopy& copy) {
   context.SetOrigin(NoOrigin());
-  context.keeper.Took(source, differences);
+  if (copy.info) context.image.EmbeddedInfoBlock = *copy.info;
+  context.keeper.Took(copy);
   context.state.ModifiedFlag = true;
   context.state.ImageIsPartial = false;
 }
@@ -140,12 +144,28 @@ void OpenGiven(const CommandContext& context, const std::string& path) {
   context.panel.CommitOpenEditors();
   context.state.LastFileName = path;
   if (IsMissing(context.services.files, path)) return ReportMissing(context, path);
-  if (context.state.origin == Origin(FileOrigin{path})) return;
+  // Open already, and whole; after a read that broke off, the file has what was lost.
+  if (context.state.origin == Origin(FileOrigin{path}) && !context.state.ImageIsPartial) return;
   if (CloseData(context) == CloseEnd::Cancelled) return;
   if (!Succeeds([&] { return LoadInto(context, path); })) return;
   // A kept copy goes when there are ten newer ones, so Save must not store in it.
-  if (FolderOf(path) == context.services.keptFolder) return BelongToNothing(context, path, "");
+  if (FolderOf(path) == context.services.keptFolder)
+    return BelongToNothing(context, ReadKeptCopy(context.services.files, path).value_or(KeptCopy{{}, "", path, ""}));
   BelongTo(context, path);
+}
+
+// Leaves the name that Save proposes: none of these copies stays.
+void Recover(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  const MainServices& services = context.services;
+  const auto names = services.files.List(services.keptFolder).value_or(std::vector<std::string>());
+  if (std::ranges::none_of(names, [](const std::string& name) { return name.ends_with(".K4X"); }))
+    return context.status.ShowPassing("No unsaved work is kept.");
+  const std::optional<std::string> path = AskOpenName(context, "Recover", services.keptFolder);
+  if (!path) return;
+  const std::string last = context.state.LastFileName;
+  OpenGiven(context, *path);
+  context.state.LastFileName = last;
 }
 
 void Close(const CommandContext& context) {
@@ -239,7 +259,7 @@ bool OpenLeftWork(const CommandContext& context) {
   const std::optional<KeptCopy> copy = context.keeper.TakeLeft(context.image);
   if (!copy) return false;
   context.panel.Fill();
-  BelongToNothing(context, copy->source, copy->differences);
+  BelongToNothing(context, *copy);
   return true;
 }
 
@@ -250,9 +270,13 @@ void StoreProgramSettings(const CommandContext& context) {
 
 CloseEnd PrepareExit(const CommandContext& context) {
   StoreProgramSettings(context);
-  const CloseEnd end = AskAboutUnsavedData(context);
-  if (end == CloseEnd::Closed) context.keeper.KeepNow();
-  return end;
+  const Answer answer = AskAboutUnsavedData(context);
+  if (answer == Answer::Cancel) return CloseEnd::Cancelled;
+  if (answer == Answer::No)
+    context.keeper.PutAside();
+  else
+    context.keeper.KeepNow();
+  return CloseEnd::Closed;
 }
 
 bool MayStore(const CommandContext& context) {

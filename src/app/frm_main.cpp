@@ -116,7 +116,8 @@ void FrmMain::Load() {
   commands::ShowRecentFiles(Context());
   m_state.ModifiedFlag = false;
   ShowView(View::Channel);
-  m_panel->CommitOpenEditors(); // no field has the focus at the start
+  m_panel->CommitOpenEditors();
+  m_panel->ReturnFocus(); // the grid has it at the start
 }
 
 // As large as the panel, but not larger than the screen.
@@ -154,6 +155,7 @@ void FrmMain::RunCommand(const std::function<void(const CommandContext&)>& comma
     ~Ending() {
       window.m_services.progress.Close();
       if (window.m_services.port.IsOpen()) window.m_services.port.Close();
+      window.m_panel->ReturnFocus();
       window.m_running = false;
     }
   } const ending{*this};

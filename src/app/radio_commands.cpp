@@ -35,6 +35,8 @@ public:
         m_context.panel.Fill();
         m_context.state.ImageIsPartial = false;
       }
+      if (transfer == Transfer::ReadInfo && m_context.keeper.HasEnteredInfo()) m_context.keeper.Replaced();
+      if (transfer == Transfer::WriteInfo) m_context.keeper.InfoWritten();
       if (transfer == Transfer::Read || transfer == Transfer::Write) m_context.keeper.Settled(m_context.state.origin);
       if (transfer != Transfer::WriteInfo) m_context.closeItem.setEnabled(true);
       return true;
@@ -96,7 +98,7 @@ void ReadInfo(const CommandContext& context) {
 
 void WriteInfo(const CommandContext& context) {
   context.panel.CommitOpenEditors();
-  if (context.state.InfoIsPartial && context.Show(LostDataQuestion, MessageButtons::YesNo) != Answer::Yes) return;
+  if (context.state.InfoIsPartial && context.Show(LostInfoQuestion, MessageButtons::YesNo) != Answer::Yes) return;
   RunTransfer(context, HeldPointer::Unchanged, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteEmbeddedInfo(line, context.image, observer);
   });

@@ -8,6 +8,7 @@
 #include "machine.h"
 #include "program_title.h"
 #include "window_parts.h"
+#include "work_keeper.h"
 
 #include <QGuiApplication>
 #include <QLocale>
@@ -64,6 +65,7 @@ void Paste(const CommandContext& context) {
 void EditInfo(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   EmbeddedInfo& block = context.image.EmbeddedInfoBlock;
+  const EmbeddedInfo before = block;
   FontDescription& font = context.state.EmbeddedTextFont;
   FrmEmbed dialog({EmbeddedText(block), LastProgrammingTime(context.image), font}, context.services.messages,
                   context.services.fonts, &context.window);
@@ -72,6 +74,7 @@ void EditInfo(const CommandContext& context) {
   if (dialog.CancelPressed()) return;
   // A text over the limit can only be the one that fills the whole block, unedited: the block holds it already.
   static_cast<void>(StoreEmbeddedText(block, dialog.EmbedData()));
+  context.keeper.InfoEntered(before);
   context.state.InfoIsPartial = false; // the user has seen the text
 }
 

@@ -1,11 +1,14 @@
 #include "work_keeper.h"
 
+#include "csv.h"
 #include "differences.h"
 #include "edit_history.h"
 #include "editor_panel.h"
+#include "embedded_info.h"
 #include "messages.h"
 #include "text.h"
 #include "transfer_guard.h"
+#include "utf8.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -25,6 +28,10 @@ std::string LinesOf(const std::vector<Difference>& differences) {
   for (const Difference& difference : differences)
     lines += NameOf(difference.at) + ": " + difference.before + " -> " + difference.after + '\n';
   return lines;
+}
+
+std::string TextOf(const EmbeddedInfo& info) {
+  return ToUtf8(VisibleText(EmbeddedText(info)));
 }
 
 } // namespace
@@ -81,7 +88,7 @@ void WorkKeeper::Forget() {
 void WorkKeeper::KeepNow() {
   Configuration shown = m_panel.ShownUnfinished();
   const std::vector<Difference> differences = DifferencesBetween(m_settled, shown);
-  if (differences.empty() && !m_tookDifferences) {
+  if (differences.empty() && !m_tookDifferences && !m_info) {
     Do(&KeptCopies::Drop);
     Forget();
     return SetMissing(false);
@@ -93,8 +100,11 @@ void WorkKeeper::KeepNow() {
   image.FiveToneStandard = m_image.FiveToneStandard;
   Encode(shown, image, m_texts);
   const auto data = BuildDataFile(image);
-  const std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
-  const KeptCopy copy{{data.begin(), data.end()}, TimestampText(m_services.now()), m_source, lines};
+  std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
+  if (m_info && *m_info != m_infoBefore)
+    lines +=
+        "Embedded Information: \"" + Shortened(TextOf(m_infoBefore)) + "\" -> \"" + Shortened(TextOf(*m_info)) + "\"\n";
+  const KeptCopy copy{{data.begin(), data.end()}, TimestampText(m_services.now()), m_source, lines, m_info};
   m_kept = std::move(shown);
   m_isWriting = true;
   Do([this, copy, number = ++m_number](KeptCopies& copies) {
@@ -104,16 +114,35 @@ void WorkKeeper::KeepNow() {
   });
 }
 
-void WorkKeeper::Replaced() {
+void WorkKeeper::PutAside() {
   KeepNow();
   Do([](KeptCopies& copies) { copies.PutAside(); });
   Forget();
+}
+
+void WorkKeeper::Replaced() {
+  PutAside();
+  m_info.reset();
+}
+
+void WorkKeeper::InfoEntered(const EmbeddedInfo& before) {
+  if (TextOf(before) == TextOf(m_image.EmbeddedInfoBlock)) return;
+  if (!m_info) m_infoBefore = before;
+  m_info = m_image.EmbeddedInfoBlock;
+  m_kept.reset();
+}
+
+void WorkKeeper::InfoWritten() {
+  m_info.reset();
+  m_kept.reset();
+  KeepNow();
 }
 
 void WorkKeeper::Settled(const Origin& source) {
   m_settled = m_panel.Shown();
   m_settledImage = m_image;
   m_source = SourceOf(source);
+  if (m_tookDifferences) m_infoBefore = {}; // what it was is not known any more
   m_tookDifferences.reset();
   const auto* const file = std::get_if<FileOrigin>(&source);
   Do([path = file != nullptr ? file->path : ""](KeptCopies& copies) {
@@ -143,18 +172,21 @@ std::optional<KeptCopy> WorkKeeper::TakeLeft(RadioImage& image) {
     AwaitKept();
     if (answer == Answer::Yes) {
       m_copies.TakeLeft();
-      return ParseDataFile(copy->data, image).outcome == LoadOutcome::Loaded ? std::move(copy) : std::nullopt;
+      if (ParseDataFile(copy->data, image).outcome != LoadOutcome::Loaded) return std::nullopt;
+      return copy;
     }
     m_copies.PutLeftAside();
   }
   return std::nullopt;
 }
 
-void WorkKeeper::Took(const std::string& source, const std::string& differences) {
+void WorkKeeper::Took(const KeptCopy& copy) {
   m_settled = m_panel.Shown();
   m_settledImage = m_image;
-  m_source = source;
-  m_tookDifferences = differences;
+  m_source = copy.source;
+  m_tookDifferences = copy.differences;
+  m_info = copy.info;
+  m_infoBefore = copy.info.value_or(EmbeddedInfo());
   KeepNow();
 }
 

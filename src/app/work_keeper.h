@@ -30,14 +30,19 @@ public:
   void KeepNow();                     // brings the copy up to date
   void AwaitKept();                   // waits until it is on the disk
   void End() { m_isEnding = true; }   // a question that is open is not answered any more
-  void Replaced();                    // other data is about to be shown: puts aside what the editor shows now
+  void PutAside();                    // the user gives up what the editor shows: no start asks about it
+  void Replaced();                    // the same, as other data is about to be shown
   void Settled(const Origin& source); // the editor shows now what is in this place
   [[nodiscard]] bool IsOpenElsewhere(const std::string& path); // in another window of this user
   // Asks about each copy that an earlier window left, the newest first, until one is taken; its data is stored in the
   // image. None if none was taken.
   [[nodiscard]] std::optional<KeptCopy> TakeLeft(RadioImage& image);
-  // The editor shows now work that was kept and is still in no file; from there, and with these differences.
-  void Took(const std::string& source, const std::string& differences);
+  void Took(const KeptCopy& copy); // the editor shows now work that was kept and is still in no file
+  // The user has entered the embedded information of the image. No file holds it, so it is kept until it is in a radio,
+  // or replaced.
+  void InfoEntered(const EmbeddedInfo& before);
+  void InfoWritten();
+  [[nodiscard]] bool HasEnteredInfo() const { return m_info.has_value(); }
 
 signals:
   void CopyMissing(bool isMissing); // whether unsaved work is without its copy; emitted when this changes
@@ -61,6 +66,8 @@ private:
   RadioImage m_settledImage; // with the bytes that the editor doesn't show
   std::string m_source;
   std::optional<std::string> m_tookDifferences; // of work that was taken and is not settled yet
+  std::optional<EmbeddedInfo> m_info;           // that was entered and is in no radio yet
+  EmbeddedInfo m_infoBefore;
   std::optional<Configuration> m_kept;
   bool m_isMissing = false; // the copy
   bool m_isWriting = false;

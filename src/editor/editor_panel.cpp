@@ -15,6 +15,7 @@
 
 #include <QContextMenuEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedLayout>
@@ -38,6 +39,16 @@ private:
   QWidget& m_panel;
 };
 
+// Keys do nothing on it: those that a button takes would press it, or go to a neighbour.
+class FocusHolder final : public QPushButton {
+public:
+  using QPushButton::QPushButton;
+
+protected:
+  void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+  void keyReleaseEvent(QKeyEvent* event) override { event->ignore(); }
+};
+
 // In frames that stand one above the other, labels and lists get one width.
 template<class Part>
 void AlignParts(std::initializer_list<QWidget*> frames) {
@@ -53,7 +64,7 @@ void AlignParts(std::initializer_list<QWidget*> frames) {
 } // namespace
 
 EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent)
-    : QWidget(parent), m_image(image), m_texts(texts), m_messages(messages), m_focusHolder(new QPushButton(this)),
+    : QWidget(parent), m_image(image), m_texts(texts), m_messages(messages), m_focusHolder(new FocusHolder(this)),
       m_views(new QStackedLayout(this)) {
   setObjectName(QStringLiteral("picEditor"));
   BuildFrames();
@@ -86,6 +97,7 @@ void EditorPanel::BuildFrames() {
     if (frame != tune) connect(frame, &SettingsFrame::Changed, this, &EditorPanel::Changed);
   connect(m_selectCall, &SelectCallFrame::ModeChanged, this, &EditorPanel::ChangeSelcallMode);
   connect(m_band, &BandFrame::LowerLimitChanged, this, &EditorPanel::ChangeLowerLimit);
+  connect(m_channels, &ChannelFrame::Told, this, &EditorPanel::Told);
   connect(m_channels, &ChannelFrame::OtherKeyPressed, m_tts, &GridFrame::CommitEditors);
 
   auto* const channelView = new QWidget(this);
@@ -228,7 +240,16 @@ void EditorPanel::CommitCells() {
 
 void EditorPanel::CommitOpenEditors() {
   CommitCells();
+  if (QWidget* const holder = window()->focusWidget(); holder != m_focusHolder)
+    m_focusBefore = isAncestorOf(holder) ? holder : nullptr;
   m_focusHolder->setFocus();
+}
+
+void EditorPanel::ReturnFocus() {
+  if (window()->focusWidget() != m_focusHolder) return;
+  const bool canHaveIt = m_focusBefore && m_focusBefore->isVisibleTo(this) && m_focusBefore->isEnabled();
+  QWidget* const next = canHaveIt ? m_focusBefore.data() : &m_channels->Grid();
+  if (next->isVisibleTo(this)) next->setFocus();
 }
 
 void EditorPanel::HideOpenEditors() {

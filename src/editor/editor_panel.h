@@ -5,6 +5,7 @@
 #include "configuration.h"
 #include "message_view.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <vector>
@@ -46,7 +47,8 @@ public:
   void Change(const Configuration& values, const RadioImage& image, const QString& name);
   [[nodiscard]] const FieldTexts& Texts() const { return m_texts; }
 
-  void CommitOpenEditors(); // stores their text; then no field has the focus
+  void CommitOpenEditors(); // stores their text; then no field has the focus, until ReturnFocus
+  void ReturnFocus();       // to the field that had it before, or to the channels
   void CommitCells();       // the same, but the focus stays
   void HideOpenEditors();   // without storing their text
   void Copy();              // the whole text of the open frequency box, if any
@@ -80,8 +82,9 @@ private:
   RadioImage& m_image;
   const FieldTexts& m_texts;
   MessageView& m_messages;
-  QPushButton* m_focusHolder; // Command1: has the focus when no field has it
-  QStackedLayout* m_views;    // the channel view, then the function view
+  QPushButton* m_focusHolder;      // Command1: has the focus when no field has it
+  QPointer<QWidget> m_focusBefore; // had the focus before the holder took it
+  QStackedLayout* m_views;         // the channel view, then the function view
   BandFrame* m_band = nullptr;
   SelectCallFrame* m_selectCall = nullptr;
   ChannelFrame* m_channels = nullptr;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -16,7 +17,7 @@ constexpr std::uint32_t OwnerOnly = 0600;
 constexpr std::size_t MostPutAside = 10;
 constexpr std::size_t LargestCopy = 65536; // room for a line about every setting
 constexpr std::string_view SessionPrefix = "session-", LockSuffix = ".lock", CopySuffix = ".K4X";
-constexpr std::string_view TimeTitle = "Kept: ", SourceTitle = "From: ";
+constexpr std::string_view TimeTitle = "Kept: ", SourceTitle = "From: ", InfoTitle = "Info: ";
 constexpr std::string_view TimePattern = "0000-00-00 00:00:00"; // 0 stands for any digit
 
 bool IsTime(std::string_view text) {
@@ -48,12 +49,30 @@ std::optional<std::string> TakeLine(std::string_view& text, std::string_view tit
 std::vector<std::uint8_t> BytesOf(const KeptCopy& copy) {
   std::string source = copy.source;
   std::ranges::replace(source, '\n', ' '); // a path may have one
-  std::string text =
-      "\n" + std::string(TimeTitle) + copy.at + '\n' + std::string(SourceTitle) + source + '\n' + copy.differences;
+  std::string text = "\n" + std::string(TimeTitle) + copy.at + '\n' + std::string(SourceTitle) + source + '\n';
+  if (copy.info) {
+    text += InfoTitle;
+    for (const std::uint8_t byte : std::span(copy.info->bytes).first(copy.info->length))
+      text += {HexDigit(byte >> 4), HexDigit(byte)};
+    text += '\n';
+  }
+  text += copy.differences;
   std::vector<std::uint8_t> bytes = copy.data;
   text.resize(std::min(text.size(), LargestCopy - bytes.size()));
   bytes.insert(bytes.end(), text.begin(), text.end());
   return bytes;
+}
+
+std::optional<EmbeddedInfo> InfoOf(std::string_view digits) {
+  EmbeddedInfo info;
+  info.length = digits.size() / 2;
+  if (digits.size() % 2 != 0 || info.length > info.bytes.size()) return std::nullopt;
+  for (std::size_t i = 0; i < info.length; ++i) {
+    const auto byte = HexDigitsAfter<2>(digits.substr(2 * i, 2), "");
+    if (!byte) return std::nullopt;
+    info.bytes[i] = static_cast<std::uint8_t>((*byte)[0] << 4 | (*byte)[1]);
+  }
+  return info;
 }
 
 std::optional<KeptCopy> ParseCopy(std::vector<std::uint8_t> bytes) {
@@ -66,8 +85,11 @@ std::optional<KeptCopy> ParseCopy(std::vector<std::uint8_t> bytes) {
   KeptCopy copy;
   const auto at = TakeLine(text, TimeTitle), source = TakeLine(text, SourceTitle);
   if (!at || !IsTime(*at) || !source) return std::nullopt;
+  const auto digits = TakeLine(text, InfoTitle);
+  const auto info = digits ? InfoOf(*digits) : std::nullopt;
+  if (digits && !info) return std::nullopt;
   bytes.resize(DataFileBytes);
-  return KeptCopy{std::move(bytes), *at, *source, std::string(text)};
+  return KeptCopy{std::move(bytes), *at, *source, std::string(text), info};
 }
 
 // The beginning of a file of the system's, without the line's end.
@@ -104,6 +126,12 @@ bool HasEnded(FileSystem& files, const std::string& prefix) {
 }
 
 } // namespace
+
+std::optional<KeptCopy> ReadKeptCopy(FileSystem& files, const std::string& path) {
+  std::vector<std::uint8_t> bytes;
+  if (ReadFile(files, path, DataFileReadLimit, bytes) != ReadOutcome::Read) return std::nullopt;
+  return ParseCopy(std::move(bytes));
+}
 
 std::string KeptCopies::LockPath(const std::string& number) const {
   return m_folder + '/' + std::string(SessionPrefix) + number + std::string(LockSuffix);

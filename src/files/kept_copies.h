@@ -1,5 +1,5 @@
 // Copies of unsaved work in the user's state folder, so that no exit, crash or replacement loses it. Each is a data
-// file, followed by lines that say when and where it came from and what differed.
+// file, followed by lines that say when and where it came from and what differed, and the embedded information.
 //
 // A window has at most one copy, "session-NUMBER.K4X", beside a lock file of the same number, which it holds. A copy
 // whose lock nobody holds was left by a window that has ended. Where files can't be locked, NUMBER begins with the
@@ -19,11 +19,14 @@
 namespace mr4500x {
 
 struct KeptCopy {
-  std::vector<std::uint8_t> data; // of a data file
-  std::string at;                 // "2026-11-25 04:10:33"
-  std::string source;             // the file or radio it came from, as shown to the user
-  std::string differences;        // one line for each
+  std::vector<std::uint8_t> data;     // of a data file
+  std::string at;                     // "2026-11-25 04:10:33"
+  std::string source;                 // the file or radio it came from, as shown to the user
+  std::string differences;            // one line for each
+  std::optional<EmbeddedInfo> info{}; // that was entered and is in no radio yet
 };
+// None for a file that is no copy.
+[[nodiscard]] std::optional<KeptCopy> ReadKeptCopy(FileSystem& files, const std::string& path);
 
 class KeptCopies {
 public:

@@ -32,11 +32,17 @@ inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version 
 [[nodiscard]] Message UnreadableCopiesNotice(const std::vector<std::string>& paths);
 [[nodiscard]] Message OpenTwiceNotice(const std::string& path);
 [[nodiscard]] Message OtherDriveQuestion(const std::string& path);
-// Before data is saved or written whose unshown part was lost.
+// Before data is saved or written whose unshown part was lost, and before such embedded information is written.
 inline const Message LostDataQuestion = {
     MessageIcon::Exclamation, "Data Lost",
-    "Reading or opening broke off, and what the editor doesn't show was lost: the embedded information, for instance. "
-    "Do you want to continue?"};
+    "Reading or opening broke off. The editor still shows the settings, but what it doesn't show was lost. To get it "
+    "back, "
+    "answer No, then read the radio again or open the file again. Write sends no embedded information: the radio keeps "
+    "its own. Do you want to continue?"};
+inline const Message LostInfoQuestion = {
+    MessageIcon::Exclamation, "Data Lost",
+    "Reading broke off, and the embedded information was lost. To get it back, answer No, then read it from the radio "
+    "again or enter it again. Do you want to write what is left of it?"};
 
 struct ProgressWords {
   std::string_view title;

@@ -148,6 +148,15 @@ private:
       const auto& [caption, field, isOpposite] = *m_columns[i];
       cells.push_back({row.line, caption, cell, {{field, channel}, ValueOfCell(*field, isOpposite, cell, m_texts)}});
     }
+    const Field& inUse = FieldOf(Box::InUse);
+    const auto given =
+        std::span(m_columns).first(std::min(m_columns.size(), m_list.hasHeading ? MostColumns : row.cells.size()));
+    const auto isInUse = [&](const ChannelColumn* column) { return column != nullptr && column->field == &inUse; };
+    const auto isFrequency = [](const GivenCell& cell) {
+      return cell.assignment.at.field->kind == FieldKind::Frequency;
+    };
+    if (std::ranges::any_of(cells, isFrequency) && std::ranges::none_of(given, isInUse))
+      cells.push_back({row.line, "", "", {{&inUse, channel}, "true"}});
     return cells;
   }
 

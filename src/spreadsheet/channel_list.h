@@ -28,7 +28,8 @@ struct ChannelList {
 };
 // Each line names its channel or, with `first`, they are for the channels from that one (1 to 16) on. Such a text may
 // go without a heading: its columns are those of the window then, with or without "CH No.". A cell that is empty leaves
-// its setting as it is, an empty line its channel.
+// its setting as it is, an empty line its channel. A line with a frequency puts its channel in use, unless the table
+// has a column for that.
 [[nodiscard]] ChannelList ReadChannelList(std::string_view bytes, const FieldTexts& texts,
                                           std::optional<std::size_t> first = std::nullopt);
 [[nodiscard]] std::vector<GivenCell> CellsOf(const std::vector<ChannelRow>& rows);

@@ -1,4 +1,5 @@
 // Work that was never saved is kept, and offered once at the next start.
+#include "embedded_info.h"
 #include "program_fixture.h"
 #include "wheel.h"
 
@@ -109,10 +110,10 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
 TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
   TypeAni("4711");
   window->close();
-  desk.answers = {Answer::Yes, Answer::No}; // the second when the window is closed
+  desk.answers = {Answer::Yes};
   NextStart();
   EXPECT_TRUE(window->OpenLeftWork());
-  window->close();
+  EndBySignal();
   NextStart();
   desk.happened.clear();
   desk.answers = {Answer::No};
@@ -122,6 +123,58 @@ TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
   Choose("mnuFileOpen");
   EXPECT_EQ(Title(), ProgramTitle) << "it will go, so that Save must ask for a name";
   EXPECT_TRUE(window->State().ModifiedFlag);
+}
+
+TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
+  Choose("mnuFileRecover");
+  EXPECT_EQ(Status(1), "No unsaved work is kept.");
+  TypeAni("4711");
+  Edit();
+  desk.answers = {Answer::No};
+  window->close();
+  NextStart();
+  desk.happened.clear();
+  EXPECT_FALSE(window->OpenLeftWork());
+  ASSERT_EQ(Kept("2004-").size(), 1U);
+  desk.paths = {Path("kept/" + Kept("2004-").front())};
+  Choose("mnuFileRecover");
+  EXPECT_EQ(Happened(), Lines{"dialog Recover"});
+  EXPECT_EQ(desk.lastQuestion.folder, Path("kept"));
+  EXPECT_EQ(Ani(), "4711");
+  Choose("mnuFileSave");
+  EXPECT_EQ(desk.lastQuestion.proposedName, "") << "it would go with the copy";
+}
+
+TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
+  const auto enter = [this] {
+    WhenDialogOpens([](QWidget* dialog) {
+      dialog->findChild<QPlainTextEdit*>("rtxtbEmbed")->setPlainText("Fleet\n7");
+      dialog->findChild<QPushButton*>("cmdOK")->click();
+    });
+    Choose("mnuEmbedInfo");
+  };
+  enter();
+  desk.paths = {Path("a.K4X")};
+  Choose("mnuFileSave"); // holds no such text
+  for (int start = 0; start < 3; ++start) {
+    if (start == 2) Choose("mnuFileSaveAs");
+    EndBySignal();
+    NextStart();
+    desk.happened.clear();
+    desk.answers = {Answer::Yes};
+    desk.paths = {Path("a.K4X")};
+    EXPECT_TRUE(window->OpenLeftWork());
+    EXPECT_NE(Happened().back().find("differs:\n\nEmbedded Information: \"\" -> \"Fleet 7\"\n\nDo"), std::string::npos);
+    EXPECT_EQ(EmbeddedText(window->Image().EmbeddedInfoBlock), u"Fleet\r\n7");
+  }
+  Choose("mnuFileSave");
+  Choose("mnuEmbedWrite");
+  NextStart();
+  EXPECT_FALSE(window->OpenLeftWork()) << "a radio has it";
+  enter();
+  Choose("mnuEmbedRead");
+  AwaitCopies();
+  EXPECT_EQ(Kept("2004-").size(), 1U) << "replaced";
 }
 
 TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
@@ -169,8 +222,9 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   Choose("mnuProgramRead");
   desk.happened.clear();
   const std::string lost =
-      "!|Data Lost|Reading or opening broke off, and what the editor doesn't show was lost: the embedded information, "
-      "for instance. Do you want to continue?|YN";
+      "!|Data Lost|Reading or opening broke off. The editor still shows the settings, but what it doesn't show was "
+      "lost. To get it back, answer No, then read the radio again or open the file again. Write sends no embedded "
+      "information: the radio keeps its own. Do you want to continue?|YN";
   for (const char* command : {"mnuFileSave", "mnuFileSaveAs", "mnuProgramWrite"}) {
     SCOPED_TRACE(command);
     desk.answers = {Answer::No};
@@ -182,7 +236,16 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   }
   desk.answers = {Answer::No};
   Choose("mnuEmbedWrite");
-  EXPECT_EQ(Happened(), Lines{lost});
+  EXPECT_TRUE(Happened().at(0).starts_with("!|Data Lost|Reading broke off, and the embedded information was lost."));
+  Edit();
+  desk.answers = {Answer::No};
+  desk.paths = {Path("a.K4X")};
+  Choose("mnuFileOpen");
+  EXPECT_EQ(Happened(), (Lines{"dialog Open", question})) << "the open file has what was lost";
+  Choose("mnuFileSave");
+  EXPECT_EQ(Happened(), Lines());
+  Choose("mnuProgramRead");
+  desk.happened.clear();
   desk.answers = {Answer::Yes};
   Choose("mnuFileSave");
   EXPECT_NE(Content("a.K4X"), before);

@@ -1,6 +1,7 @@
 // Whole channels: selecting rows, and the commands on them by keys and from the menu.
 #include "editor_fixture.h"
 
+#include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>
@@ -99,10 +100,10 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   std::string entries;
   for (const QAction* const entry : menu->actions())
     entries += entry->text().toStdString() + (entry->isEnabled() ? "" : " -") + '|';
-  EXPECT_EQ(entries,
-            "Copy Channels|Paste Channels||Move Up|Move Down|Fill Down|Clear||Compare with File...||Undo Fill Down|"
-            "Redo -|");
-  menu->setActiveAction(menu->actions()[6]);
+  EXPECT_EQ(entries, "Copy Channels|Paste Channels||Move Up|Move Down|Fill Down|Use|Don't Use|Clear||Compare with "
+                     "File...||Undo Fill Down|"
+                     "Redo -|");
+  menu->setActiveAction(menu->actions()[8]);
   QTest::keyClick(menu, Qt::Key_Return);
   EXPECT_TRUE(Channel(12) == Channel(13) && Channel(12).noCh);
   panel.ShowFunctionView();
@@ -166,6 +167,32 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
     EXPECT_EQ(told.takeLast().at(0), "There is nothing to paste.");
   }
   EXPECT_EQ(changed.count(), 0);
+}
+
+TEST_F(CommandsTest, SelectedChannelsAreUsedTogetherByACommandOrByOneBox) {
+  const auto ticked = [this](const char* box) {
+    std::string channels;
+    for (int i = 0; i < 16; ++i)
+      if (Get<QCheckBox>(QLatin1String(box) + QStringLiteral("(%1)").arg(i)).isChecked())
+        channels += std::to_string(i + 1) + ' ';
+    return channels;
+  };
+  const auto click = [this](const char* box) { QTest::mouseClick(&Get<QCheckBox>(box), Qt::LeftButton); };
+  ClickLabel(2);
+  ClickLabel(4, Qt::ControlModifier);
+  Key(Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(ticked("chkCH"), "2 4 ");
+  click("chkCH(3)");
+  click("chkTx(1)");
+  EXPECT_EQ(ticked("chkCH") + ticked("chkTx"), "2 4 ");
+  EXPECT_EQ(Selected(), (std::set{2, 4}));
+  Undo();
+  Undo();
+  EXPECT_EQ(ticked("chkCH") + ticked("chkTx"), "2 4 ") << "one step each";
+  ClickLabel(4);
+  Key(Qt::Key_U, Qt::ControlModifier);
+  click("chkTx(0)");
+  EXPECT_EQ(ticked("chkCH") + ticked("chkTx"), "2 1 ") << "a box of no selected channel is its own";
 }
 
 TEST_F(CommandsTest, FillDownTellsAllChannelsThatRefuse) {

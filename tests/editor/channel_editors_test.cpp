@@ -1,6 +1,8 @@
 // The two in-place editors of the channel grid.
 #include "editor_fixture.h"
 
+#include <QCheckBox>
+
 namespace mr4500x {
 namespace {
 
@@ -54,8 +56,6 @@ TEST_F(ChannelTest, EachWayToLeaveTheFrequencyEditor) {
   const std::tuple<const char*, std::function<void()>, bool, bool> ways[] = {
       {"Enter", key(Qt::Key_Enter), true, true},
       {"Escape", key(Qt::Key_Escape), false, true},
-      {"Tab", key(Qt::Key_Tab), true, true},
-      {"Shift+Tab", key(Qt::Key_Backtab), true, true},
       {"another control", [this] { GoElsewhere(); }, true, false},
       {"another cell", [this] { Click(9, 3); }, true, false},
       {"background", [this] { QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(panel.width() - 2, 2)); }, true,
@@ -89,6 +89,61 @@ TEST_F(ChannelTest, AMenuOrAnotherWindowOnlyBorrowsTheFocus) {
 struct CommaTest : ChannelTest {
   CommaTest() : ChannelTest(',') {}
 };
+
+// What the status bar says of an entry.
+TEST_F(CommaTest, TellsWhereAFrequencyIsMovedAndWhatIsDropped) {
+  QSignalSpy told(&panel, &EditorPanel::Told);
+  const struct {
+    const char* name;
+    const char* typed;
+    const char* pasted; // in its place
+    std::string stored;
+    Lines told;
+  } cases[] = {{"as it is", "446,1", "", "446,10000", {}},
+               {"moved into the band", "500", "", "469,99375", {"500 moved to 469,99375 MHz"}},
+               {"there already", "500", "", "469,99375", {"500 moved to 469,99375 MHz"}},
+               {"moved onto the step", "446,001", "", "446,00000", {"446,001 moved to 446,00000 MHz"}},
+               {"a dropped sign",
+                "446.1",
+                "",
+                "469,99375",
+                {"\".\" was dropped: the decimal sign is \",\".", "4461 moved to 469,99375 MHz"}},
+               {"pasted with the other sign", "", "446.1", "446,10000", {}}};
+  for (const auto& [name, typed, pasted, stored, expected] : cases) {
+    Click(6, 1);
+    QTest::keyClicks(&frequency, typed);
+    QApplication::clipboard()->setText(pasted);
+    if (*pasted != 0) QTest::keyClick(&frequency, Qt::Key_V, Qt::ControlModifier);
+    Click(6, 12); // a further change
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Cell(6, 1), stored) << name;
+    Lines lines;
+    for (const auto& arguments : std::exchange(static_cast<QList<QList<QVariant>>&>(told), {}))
+      lines.push_back(arguments.at(0).toString().toStdString());
+    EXPECT_EQ(lines, expected) << name;
+  }
+}
+
+TEST_F(ChannelTest, TabOpensTheNextCellThatHasAnEditor) {
+  Get<QCheckBox>("chkCH(1)").setChecked(true);
+  Get<QCheckBox>("chkTx(2)").setChecked(true);
+  Click(1, 7);
+  std::string opened;
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab}) {
+    QTest::keyClick(QApplication::focusWidget(), key);
+    opened += std::to_string(grid.currentRow() + 1) + ',' + std::to_string(grid.currentColumn() + 1) +
+              (frequency.hasFocus() ? 'f'
+               : tone.hasFocus()    ? 't'
+                                    : '-') +
+              ' ';
+  }
+  EXPECT_EQ(opened, "1,9t 3,1f 3,3t 3,1f ");
+  Click(16, 9);
+  QTest::keyClicks(&tone, "88.5");
+  QTest::keyClick(&tone, Qt::Key_Tab);
+  EXPECT_EQ(Cell(16, 9), "CTC88.5");
+  EXPECT_TRUE(tone.isHidden() && frequency.isHidden() && grid.hasFocus()) << "after the last one";
+}
 
 TEST_F(CommaTest, UsesTheSeparatorOfTheLocale) {
   Click(1, 1);

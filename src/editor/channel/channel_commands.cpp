@@ -30,6 +30,8 @@ std::span<const ChannelCommands::Row> ChannelCommands::Row::Table() {
     {"Move Up",        "mnuChannelsUp",    "Alt+Up",               &ChannelCommands::MoveUp},
     {"Move Down",      "mnuChannelsDown",  "Alt+Down",             &ChannelCommands::MoveDown},
     {"Fill Down",      "mnuChannelsFill",  "Ctrl+D",               &ChannelCommands::FillDown},
+    {"Use",            "mnuChannelsUse",   "Ctrl+U",               &ChannelCommands::Use},
+    {"Don't Use",      "mnuChannelsDontUse", "Ctrl+Shift+U",       &ChannelCommands::DontUse},
     {"Clear",          "mnuChannelsClear", "",                     &ChannelCommands::Clear},
     {},
     {"Compare with File...", "mnuChannelsCompare", "",             &ChannelCommands::Compare, true},
@@ -67,7 +69,7 @@ ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHist
 // An entry that can't be used now is grey in the menu, but its keys stay at work. Whether there is something to paste
 // is not asked: the clipboard's owner may not answer for a long time.
 void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
-  m_panel.CommitOpenEditors();
+  m_panel.CommitCells();
   if (which == Menu::Whole) m_grid.setFocus();
   m_history.TakeStep();
   auto* const menu = new QMenu(&m_panel);
@@ -158,6 +160,13 @@ void ChannelCommands::FillDown() {
   const auto column = static_cast<GridColumn>(m_grid.currentColumn() + 1);
   const std::string value = m_grid.Text(m_grid.currentRow(), column).toStdString();
   Finish(values, FillChannels(values, column, value, {rows.begin(), rows.end()}, m_texts));
+}
+
+void ChannelCommands::SetInUse(bool isInUse) {
+  Configuration values = m_panel.Shown();
+  for (const std::size_t channel : ChosenChannels())
+    values.channels[channel].noCh = !isInUse;
+  Finish(values);
 }
 
 void ChannelCommands::Clear() {

@@ -34,6 +34,9 @@ private:
   void MoveDown() { Move(1); }
   void Move(int by);
   void FillDown();
+  void Use() { SetInUse(true); }
+  void DontUse() { SetInUse(false); }
+  void SetInUse(bool isInUse);
   void Clear();
   void Compare();
   void Undo();

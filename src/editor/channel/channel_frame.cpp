@@ -20,15 +20,25 @@ constexpr int EditorExtraTwips = 10; // by which an editor is wider than its col
 constexpr int MarginTwips = 90;
 constexpr int LongestFrequency = 9; // "000.00000"
 
-// One of a column of check boxes, for a channel. Draws the focus itself: styles draw it around the text, and these
-// boxes have none.
+// One of a column of check boxes, for a channel; with its channel selected, it is one for all that are. Draws the focus
+// itself: styles draw it around the text, and these boxes have none.
 class RowCheckBox : public QCheckBox {
 public:
   using Column = std::array<QCheckBox*, ChannelCount>;
-  RowCheckBox(const Column& column, std::size_t channel, QWidget* parent)
-      : QCheckBox(parent), m_column(column), m_channel(channel) {}
+  RowCheckBox(const Column& column, std::size_t channel, ChannelGrid& grid, QWidget* parent)
+      : QCheckBox(parent), m_column(column), m_channel(channel), m_grid(grid) {}
 
 protected:
+  void nextCheckState() override {
+    const std::set<int> selected = m_grid.SelectedRows(); // which a change ends
+    const bool isTicked = !isChecked();
+    const auto isOwn = [this](int row) { return static_cast<std::size_t>(row) == m_channel; };
+    setChecked(isTicked);
+    if (std::ranges::none_of(selected, isOwn)) return;
+    for (const int row : selected)
+      if (QCheckBox& box = *m_column[static_cast<std::size_t>(row)]; box.isEnabled()) box.setChecked(isTicked);
+    m_grid.SelectRows(selected);
+  }
   // Up and Down go to the next channel whose box can be used.
   void keyPressEvent(QKeyEvent* event) override {
     const bool up = event->key() == Qt::Key_Up;
@@ -54,15 +64,17 @@ protected:
 private:
   const Column& m_column;
   std::size_t m_channel;
+  ChannelGrid& m_grid;
 };
 
 // Digits and the decimal separator. After the first keypad decimal key, both "." and "," count as the separator.
-CharacterFilter FrequencyFilter(char separator) {
-  return [separator, eitherMeant = false](char typed, bool onKeypad) mutable -> std::optional<char> {
+CharacterFilter FrequencyFilter(char separator, std::function<void(char)> dropped) {
+  return [=, eitherMeant = false](char typed, bool onKeypad) mutable -> std::optional<char> {
     if (typed != '.' && typed != ',') return DigitFilter(typed, onKeypad);
     eitherMeant = eitherMeant || onKeypad;
-    if (typed != separator && !eitherMeant) return std::nullopt;
-    return separator;
+    if (typed == separator || eitherMeant) return separator;
+    dropped(typed);
+    return std::nullopt;
   };
 }
 
@@ -90,7 +102,9 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
                            std::function<bool()> isTtsMode)
     : GridFrame("fraChannel", tr("Channel Settings"), "Frequency Invalid!", messages), m_texts(texts),
       m_band(std::move(band)), m_isTtsMode(std::move(isTtsMode)), m_gridChannel(new ChannelGrid(this)),
-      m_txtChFreq(new EntryBox("txtChFreq", LongestFrequency, FrequencyFilter(texts.decimalSeparator), {}, this)),
+      m_txtChFreq(new EntryBox("txtChFreq", LongestFrequency,
+                               FrequencyFilter(texts.decimalSeparator, [this](char sign) { TellOfDropped(sign); }), {},
+                               this)),
       m_cboCTCDCS(new ChoiceBox("cboCTCDCS", ToneItems(texts), {}, this)) {
   setAccessibleName(title());
   m_cboCTCDCS->setSizeAdjustPolicy(
@@ -109,11 +123,11 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
 void ChannelFrame::AddCheckBoxes() {
   for (int i = 0; i < static_cast<int>(ChannelCount); ++i) {
     const auto index = static_cast<std::size_t>(i);
-    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(m_chkCH, index, this);
+    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(m_chkCH, index, *m_gridChannel, this);
     chkCH->setObjectName(QStringLiteral("chkCH(%1)").arg(i));
     chkCH->setAccessibleName(tr("No CH: channel %1 is not in use").arg(i + 1));
     connect(chkCH, &QCheckBox::toggled, this, [this, i] { chkCH_Click(i); });
-    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(m_chkTx, index, this);
+    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(m_chkTx, index, *m_gridChannel, this);
     chkTx->setObjectName(QStringLiteral("chkTx(%1)").arg(i));
     chkTx->setAccessibleName(tr("No Tx: channel %1 cannot transmit").arg(i + 1));
     connect(chkTx, &QCheckBox::toggled, this, [this, i] { chkTx_Click(i); });

@@ -11,6 +11,7 @@
 
 class QCheckBox;
 class QDialog;
+class QListView;
 
 namespace mr4500x {
 
@@ -33,8 +34,10 @@ signals:
 protected:
   void CellOpened(int row, int column) override;
   [[nodiscard]] std::optional<QString> CheckedEntry(const QString& typed) const override;
+  [[nodiscard]] bool HasEditor(int channel, int tableColumn) const override;
   void Picked(const QString& tone) override;
   void EntryConfirmed() override { m_gridChannel->MoveOn(); }
+  void EntryTaken(const QString& typed, const QString& taken) override;
   void LayOut() override;
 
 private:
@@ -58,6 +61,8 @@ private:
   void txtChFreq_Step(bool up);
   [[nodiscard]] GridColumn EditedColumn() const { return static_cast<GridColumn>(OpenColumn() + 1); }
   [[nodiscard]] int StepOfEditedCell() const;
+  [[nodiscard]] std::string Typed(const QString& text) const;
+  void TellOfDropped(char sign);
 
   const FieldTexts m_texts;
   std::function<Band()> m_band;
@@ -68,6 +73,7 @@ private:
   std::array<QWidget*, 2> m_headings{};
   EntryBox* m_txtChFreq;
   ChoiceBox* m_cboCTCDCS;
+  QListView* m_toneView = nullptr; // made when it is first needed
 };
 
 } // namespace mr4500x

@@ -4,7 +4,10 @@
 #include "cell_dialogs.h"
 #include "frame_parts.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
+#include <QListView>
 #include <QScreen>
 
 #include <algorithm>
@@ -30,6 +33,25 @@ QString SideName(GridColumn column) {
 QRgb SideColour(GridColumn column) {
   return IsTransmit(column) ? TealText : GreenText;
 }
+
+// Finds CTC88.5 by the keys 88.5 as well, with either decimal sign.
+class ToneView final : public QListView {
+public:
+  ToneView(char separator, QWidget* parent) : QListView(parent), m_separator(separator) {}
+  void keyboardSearch(const QString& typed) override {
+    const bool isFirst = !m_last.isValid() || m_last.hasExpired(QApplication::keyboardInputInterval());
+    m_last.start();
+    if (typed.isEmpty()) m_last.invalidate();
+    const bool isSign = typed == QLatin1String(".") || typed == QLatin1String(",");
+    const QString keys = isSign ? QString(QLatin1Char(m_separator)) : typed;
+    QListView::keyboardSearch(isFirst && !keys.isEmpty() && keys.front().isDigit() ? QStringLiteral("CTC") + keys
+                                                                                   : keys);
+  }
+
+private:
+  char m_separator;
+  QElapsedTimer m_last;
+};
 
 } // namespace
 
@@ -65,6 +87,14 @@ void ChannelFrame::CellOpened(int channel, int tableColumn) {
   emit Changed();
 }
 
+bool ChannelFrame::HasEditor(int channel, int tableColumn) const {
+  const auto column = static_cast<GridColumn>(tableColumn + 1);
+  const auto index = static_cast<std::size_t>(channel);
+  if (m_chkCH[index]->isChecked() || (m_chkTx[index]->isChecked() && IsTransmit(column))) return false;
+  return column == GridColumn::RxFreq || column == GridColumn::RxTone || column == GridColumn::TxFreq ||
+         column == GridColumn::TxTone;
+}
+
 void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
   const char separator = m_texts.decimalSeparator;
   const int step = StepCode(m_gridChannel->Text(channel, stepColumn).toStdString(), m_texts) == 0 ? 1 : 0;
@@ -72,7 +102,9 @@ void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
   const GridColumn frequencyColumn = stepColumn == GridColumn::RxStep ? GridColumn::RxFreq : GridColumn::TxFreq;
   const auto frequency =
       CommitFrequency(m_gridChannel->Text(channel, frequencyColumn).toStdString(), m_band(), StepUnit(step), separator);
-  if (frequency) m_gridChannel->SetText(channel, frequencyColumn, QString::fromStdString(*frequency));
+  if (!frequency) return;
+  EntryTaken(m_gridChannel->Text(channel, frequencyColumn), QString::fromStdString(*frequency));
+  m_gridChannel->SetText(channel, frequencyColumn, QString::fromStdString(*frequency));
 }
 
 // Toggles between the two texts of a cell; any other text becomes the first.
@@ -127,6 +159,8 @@ void ChannelFrame::OpenFrequencyEditor(int channel, GridColumn column) {
 
 void ChannelFrame::OpenToneEditor(int channel, GridColumn column) {
   m_cboCTCDCS->setAccessibleName(tr("Channel %1, %2 CTCSS or DCS tone").arg(channel + 1).arg(SideName(column)));
+  if (m_toneView == nullptr) m_cboCTCDCS->setView(m_toneView = new ToneView(m_texts.decimalSeparator, m_cboCTCDCS));
+  m_toneView->keyboardSearch({}); // forgets what was typed in another cell
   m_cboCTCDCS->ShowText(m_gridChannel->Text(channel, column));
   const QPoint corner = m_gridChannel->EditorCorner(channel, column, ToneEditorInset);
   ShowEditor(*m_cboCTCDCS, {corner, m_cboCTCDCS->size()}, SideColour(column));
@@ -137,16 +171,38 @@ int ChannelFrame::StepOfEditedCell() const {
   return StepUnit(StepCode(m_gridChannel->Text(OpenRow(), stepColumn).toStdString(), m_texts).value_or(1));
 }
 
+// With the decimal sign of the locale: a single sign of the other kind, which only a pasted text can have, can't mean
+// anything else.
+std::string ChannelFrame::Typed(const QString& text) const {
+  std::string typed = text.toStdString();
+  const auto isSign = [](char c) { return c == '.' || c == ','; };
+  if (std::ranges::count_if(typed, isSign) == 1) std::ranges::replace_if(typed, isSign, m_texts.decimalSeparator);
+  return typed;
+}
+
+void ChannelFrame::EntryTaken(const QString& typed, const QString& taken) {
+  const char separator = m_texts.decimalSeparator;
+  if (typed.isEmpty() || ReadFrequency(Typed(typed), separator) == ReadFrequency(taken.toStdString(), separator))
+    return;
+  Tell(tr("%1 moved to %2 MHz").arg(typed, taken));
+}
+
+void ChannelFrame::TellOfDropped(char sign) {
+  Tell(tr("\"%1\" was dropped: the decimal sign is \"%2\".")
+           .arg(QLatin1Char(sign))
+           .arg(QLatin1Char(m_texts.decimalSeparator)));
+}
+
 std::optional<QString> ChannelFrame::CheckedEntry(const QString& typed) const {
   if (typed.isEmpty()) return OpenText();
-  const auto frequency = CommitFrequency(typed.toStdString(), m_band(), StepOfEditedCell(), m_texts.decimalSeparator);
+  const auto frequency = CommitFrequency(Typed(typed), m_band(), StepOfEditedCell(), m_texts.decimalSeparator);
   if (!frequency) return std::nullopt;
   return QString::fromStdString(*frequency);
 }
 
 void ChannelFrame::txtChFreq_Step(bool up) {
   const auto frequency =
-      StepFrequency(m_txtChFreq->text().toStdString(), up, m_band(), StepOfEditedCell(), m_texts.decimalSeparator);
+      StepFrequency(Typed(m_txtChFreq->text()), up, m_band(), StepOfEditedCell(), m_texts.decimalSeparator);
   if (frequency) {
     m_txtChFreq->PutText(QString::fromStdString(*frequency));
   } else {

@@ -217,6 +217,11 @@ void GridFrame::Store(const QString& text) {
   emit Changed();
 }
 
+void GridFrame::Tell(const QString& message) {
+  QMetaObject::invokeMethod(
+      this, [this, message] { emit Told(message); }, Qt::QueuedConnection);
+}
+
 void GridFrame::RefuseEntry() {
   {
     const QScopedValueRollback guard(m_closing, true);
@@ -230,9 +235,11 @@ void GridFrame::CommitEditors() {
   const std::optional<QString> edited = EditedText();
   if (!edited && OpenEntry() != nullptr) {
     RefuseEntry();
-  } else if (edited && *edited != OpenText()) {
+  } else if (edited) {
+    if (OpenEntry() != nullptr) EntryTaken(m_entry->text(), *edited);
+    const bool isOther = *edited != OpenText();
     Store(*edited);
-    if (OpenEntry() == nullptr) Picked(*edited);
+    if (isOther && OpenEntry() == nullptr) Picked(*edited);
   }
   HideEditors();
 }
@@ -246,10 +253,23 @@ void GridFrame::HideEditors() {
   }
 }
 
-// Tab and Shift+Tab in an editor return to the grid. From the check box that follows, Space would switch a channel off.
+// To the cell after or before the open one that has an editor.
+void GridFrame::OpenNext(int step) {
+  const int columns = m_grid->columnCount(), cells = m_grid->rowCount() * columns;
+  for (int cell = m_row * columns + m_column + step; cell >= 0 && cell < cells; cell += step) {
+    if (!HasEditor(cell / columns, cell % columns)) continue;
+    m_grid->setCurrentCell(cell / columns, cell % columns);
+    return emit m_grid->CellOpened();
+  }
+}
+
+// Tab and Shift+Tab in an editor open another cell, or return to the grid. From the check box that follows, Space would
+// switch a channel off.
 bool GridFrame::focusNextPrevChild(bool next) {
   if (!m_entry->hasFocus() && !m_list->hasFocus()) return SettingsFrame::focusNextPrevChild(next);
+  const bool isValid = OpenEntry() == nullptr || EditedText();
   CommitEditors();
+  if (isValid) OpenNext(next ? 1 : -1);
   return true;
 }
 

@@ -70,6 +70,9 @@ public:
   [[nodiscard]] bool HasOpenEditor() const;
   virtual void KeepLabelsInView() { m_grid->KeepLabelsInView(); }
 
+signals:
+  void Told(const QString& message); // in passing
+
 protected:
   // `refusal` is the message about an invalid entry.
   GridFrame(const QString& objectName, const QString& title, const char* refusal, MessageView& messages);
@@ -78,15 +81,18 @@ protected:
   virtual void CellOpened(int row, int column) = 0;
   // The text to store for a typed one; nullopt if it is invalid.
   [[nodiscard]] virtual std::optional<QString> CheckedEntry(const QString& typed) const = 0;
-  virtual void Picked(const QString& /*text*/) {} // after the list's text was stored
-  virtual void EntryConfirmed() {}                // after Enter
-  virtual void LayOut() = 0;                      // applies the current font and palette
+  [[nodiscard]] virtual bool HasEditor(int row, int column) const = 0; // which CellOpened would open
+  virtual void Picked(const QString& /*text*/) {}                      // after the list's text was stored
+  virtual void EntryConfirmed() {}                                     // after Enter
+  virtual void EntryTaken(const QString& /*typed*/, const QString& /*taken*/) {}
+  virtual void LayOut() = 0; // applies the current font and palette
 
   void ShowEditor(QWidget& editor, const QRect& place, QRgb colour);
   void RefuseEntry(); // shows the message and restores the cell's text
   [[nodiscard]] QString OpenText() const;
   [[nodiscard]] std::optional<QString> EditedText() const; // what a commit would store; nullopt for nothing
   void Store(const QString& text);                         // in the open cell
+  void Tell(const QString& message);                       // after the changes of the same action, which end a message
 
   [[nodiscard]] MessageView& Messages() const { return m_messages; }
   [[nodiscard]] int OpenRow() const { return m_row; }
@@ -96,6 +102,8 @@ protected:
   bool focusNextPrevChild(bool next) override;
 
 private:
+  void OpenNext(int step);
+
   const char* m_refusal;
   MessageView& m_messages;
   CellGrid* m_grid = nullptr;

@@ -18,6 +18,7 @@ public:
   void SetTtsMode(bool tts);
 
 protected:
+  [[nodiscard]] bool HasEditor(int /*row*/, int column) const override { return column > 0; }
   void CellOpened(int row, int column) override;
   [[nodiscard]] std::optional<QString> CheckedEntry(const QString& typed) const override;
   void EntryConfirmed() override;
