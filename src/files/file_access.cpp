@@ -179,7 +179,9 @@ std::optional<FileResult> ReplaceByNew(FileSystem& files, const PlacedFile& targ
   FileResult written = temporary.Write(bytes);
   if (written && hasSurplus) written = temporary.WriteSurplus(path, bytes.size());
   if (written) written = temporary.Sync();
-  return written && !temporary.TakePlace(path) ? std::nullopt : std::optional(written);
+  if (!written || temporary.TakePlace(path)) return written;
+  if (errno == ETXTBSY) return SystemFailed(); // open in another program, which would see half of it
+  return std::nullopt;
 }
 
 FileResult WriteInPlace(FileSystem& files, const PlacedFile& target, const NewContent& content) {

@@ -39,7 +39,9 @@ struct [[nodiscard]] FileResult {
   std::error_code error{};
 
   operator bool() const { return !error; } // NOLINT(google-explicit-constructor): callers combine it with others
-  [[nodiscard]] std::string Reason() const { return error.message(); }
+  [[nodiscard]] std::string Reason() const {
+    return error == std::errc::text_file_busy ? "another program has it open" : error.message();
+  }
 };
 
 } // namespace mr4500x

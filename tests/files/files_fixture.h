@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -13,10 +12,10 @@
 #include <set>
 #include <string>
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include "machine_files.h"
+#include "new_folder.h"
 #include "profile.h"
 
 namespace mr4500x {
@@ -25,6 +24,7 @@ namespace mr4500x {
 class FaultyFileSystem final : public FileSystem {
 public:
   using Path = const std::string&;
+  static constexpr int Killed = 99; // the exit status
   int failAt = 0;
   bool isKilled = false;              // instead
   std::size_t mostWritten = SIZE_MAX; // of one Write
@@ -48,7 +48,12 @@ public:
   bool CanWrite(Path path) override { return Try(&FileSystem::CanWrite, path) && !unwritable.contains(path); }
   std::optional<std::vector<std::string>> List(Path path) override { return Try(&FileSystem::List, path); }
   bool MakeFolder(Path path) override { return Try(&FileSystem::MakeFolder, path); }
-  std::optional<Handle> OpenToRead(Path path) override { return Try(&FileSystem::OpenToRead, path); }
+  std::optional<Handle> OpenToRead(Path path) override {
+    const auto file = Try(&FileSystem::OpenToRead, path);
+    const std::lock_guard lock(m_mutex);
+    if (file) m_readers.insert(*file);
+    return file;
+  }
   std::optional<Handle> Create(Path path, std::uint32_t mode) override {
     const auto file = canCreate ? Try(&FileSystem::Create, path, mode) : std::nullopt;
     const std::lock_guard lock(m_mutex);
@@ -60,11 +65,16 @@ public:
     if (!canWrite) return std::nullopt;
     return Try(&FileSystem::OpenToWrite, path, mode);
   }
-  void Close(Handle file) override { m_real.Close(file); } // as the end of the process does
+  void Close(Handle file) override { // as the end of the process does
+    {
+      const std::lock_guard lock(m_mutex);
+      m_readers.erase(file);
+    }
+    m_real.Close(file);
+  }
   LockOutcome Lock(Handle file) override {
     std::exchange(beforeLock, [](Handle) {})(file);
-    const bool isWritable = (fcntl(file, F_GETFL) & O_ACCMODE) != O_RDONLY;
-    if (locks == Locks::None || (locks == Locks::OfWriters && !isWritable)) return LockOutcome::NotPossible;
+    if (locks == Locks::None || (locks == Locks::OfWriters && IsReader(file))) return LockOutcome::NotPossible;
     return Try(&FileSystem::Lock, file);
   }
   std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override {
@@ -93,7 +103,7 @@ public:
     const bool renamed = canRename && Try(&FileSystem::Rename, from, to);
     const std::lock_guard lock(m_mutex);
     EXPECT_FALSE(m_unsynced.contains(from)) << from << " takes its place before its bytes are on the disk";
-    if (renamed) unsyncedFolder = std::filesystem::path(to).parent_path();
+    if (renamed) unsyncedFolder = std::filesystem::path(to).parent_path().string();
     return renamed;
   }
   bool Remove(Path path) override { return Try(&FileSystem::Remove, path); }
@@ -110,13 +120,17 @@ private:
   template<typename Answer, typename... Parameters>
   Answer Try(Answer (FileSystem::*call)(Parameters...), std::type_identity_t<Parameters>... arguments) {
     const bool fails = NextFails();
-    if (fails && isKilled) std::raise(SIGKILL);
+    if (fails && isKilled) std::_Exit(Killed); // for the files it is all the same
     return fails ? Answer{} : (m_real.*call)(arguments...);
   }
 
   bool NextFails() {
     const std::lock_guard lock(m_mutex);
     return ++calls == failAt;
+  }
+  bool IsReader(Handle file) {
+    const std::lock_guard lock(m_mutex);
+    return m_readers.contains(file);
   }
   void SetSynced(Handle file, bool isSynced) {
     const std::lock_guard lock(m_mutex);
@@ -130,6 +144,7 @@ private:
   std::mutex m_mutex; // copies of unsaved work are written by another thread
   std::map<Handle, std::string> m_created;
   std::set<std::string> m_unsynced;
+  std::set<Handle> m_readers;
 };
 
 inline bool WriteValue(FileSystem& files, const std::string& file, const std::string& key, const std::string& value) {
@@ -141,10 +156,7 @@ inline const std::string Leftover = ".mr4500x-save-0123456789abcdef"; // as a ki
 
 class FilesTest : public testing::Test {
 protected:
-  FilesTest() {
-    std::string name = testing::TempDir() + "/files-XXXXXX";
-    m_folder = mkdtemp(name.data());
-  }
+  FilesTest() { m_folder = NewFolder(testing::TempDir()); }
   ~FilesTest() override { std::filesystem::remove_all(m_folder); }
 
   [[nodiscard]] std::string Path(const std::string& name) const { return m_folder + '/' + name; }
@@ -161,7 +173,7 @@ protected:
   [[nodiscard]] std::set<std::string> Names() const {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(m_folder))
-      names.insert(entry.path().filename());
+      names.insert(entry.path().filename().string());
     return names;
   }
 

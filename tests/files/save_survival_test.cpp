@@ -65,7 +65,7 @@ protected:
       int status = 0;
       waitpid(process, &status, 0);
       EXPECT_TRUE(File() == scene.before || File() == scene.after);
-      return WIFSIGNALED(status);
+      return WEXITSTATUS(status) == FaultyFileSystem::Killed;
     }
     const bool saved = scene.save(faulty, Path("away/link"));
     EXPECT_EQ(File(), saved ? scene.after : scene.before);

@@ -5,6 +5,7 @@
 #include "differences.h"
 #include "function_settings.h"
 #include "machine_files.h"
+#include "new_folder.h"
 #include "pending_attempts.h"
 #include "port_worker.h"
 #include "simulated_radio.h"
@@ -204,8 +205,7 @@ std::string WordsOf(const Range& range, Member member) {
 // A bench, its database, and the radios on the table.
 struct Fleet {
   Fleet() {
-    std::string name = "/dev/shm/fleet-XXXXXX"; // no disk to wait for
-    folder = mkdtemp(name.data());
+    folder = NewFolder("/dev/shm"); // no disk to wait for
     UseCables(1);
     settings.bench = "A";
     settings.backupFolder = folder + "/backup";

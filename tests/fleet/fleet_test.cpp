@@ -1,4 +1,5 @@
 #include "bench.h"
+#include "conventions.h"
 #include "data_file.h"
 #include "file_access.h"
 #include "fleet_fixture.h"
@@ -26,7 +27,7 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   // clang-format off
   const Attempt expected = {"3", fleet.plan.key, 2, "Truck 2", "R-3", "V1.02", "440 to 470 MHz", "COM1", "A",
                             "2026-11-04 09:00:03", "2026-11-04 09:00:03", AttemptOutcome::Verified, "",
-                            fleet.folder + "/backup/R-3_20261104_090003.K4X", last.sha256};
+                            fleet.folder + "/backup" + Separator + "R-3_20261104_090003.K4X", last.sha256};
   // clang-format on
   EXPECT_EQ(last, expected);
 }

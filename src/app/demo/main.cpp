@@ -176,6 +176,7 @@ void Demo::Picture(QWidget& window, const std::string& name) {
 
 int main(int argc, char** argv) {
   ScaleByWholeFactors();
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // whose controls it could not find
   const QApplication application(argc, argv);
   if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
     std::cerr << "usage: mr4500x-demo FOLDER\n";

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <string_view>
 
 namespace {
 
@@ -27,7 +28,8 @@ int main(int argc, char** argv) {
   }
   mr4500x::PrepareProcess();
   qInstallMessageHandler(DropDiagnostics);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  constexpr std::string_view Platform = MR4500X_SCREENLESS_PLATFORM; // empty where the usual one needs no screen
+  if (!Platform.empty()) qputenv("QT_QPA_PLATFORM", Platform.data());
   try {
     const QGuiApplication application(argc, argv);
     mr4500x::FileSystem& files = mr4500x::MachineFiles();

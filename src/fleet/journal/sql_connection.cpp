@@ -1,12 +1,15 @@
 #include "sql_connection.h"
 
+#include "machine_files.h"
+#include "paths.h"
+
 #include <QFile>
 #include <QSqlError>
 #include <QUrl>
 #include <QUrlQuery>
 #include <QUuid>
 
-#include <sys/stat.h>
+#include <filesystem>
 
 namespace mr4500x {
 namespace {
@@ -19,7 +22,7 @@ constexpr char FileOptions[] = "QSQLITE_BUSY_TIMEOUT=5000";
 constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_READONLY";
 constexpr char FrozenFileOptions[] = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
 
-constexpr off_t SmallestDatabase = 512; // bytes; SQLite would take a file of one byte for an empty one
+constexpr std::uint64_t SmallestDatabase = 512; // bytes; SQLite would take a file of one byte for an empty one
 
 int KnownVersion() {
   return static_cast<int>(SchemaVersions.size());
@@ -101,13 +104,15 @@ bool SqlConnection::OpenDatabase() {
 // What goes to a file that has been moved or deleted is lost, and another one in its place knows nothing of the rows.
 bool SqlConnection::CheckFile() {
   if (m_file.empty()) return true;
-  struct stat found {};
-  const bool isThere = stat(m_file.c_str(), &found) == 0;
-  const FileId id = {found.st_dev, found.st_ino};
+  std::error_code unknown;
+  const std::string file = TextOf(std::filesystem::weakly_canonical(PathOf(m_file), unknown));
+  const FileStatus found = MachineFiles().Status(file).value_or(FileStatus{});
+  const bool isThere = found.kind != FileKind::Missing;
+  const FileId id = {found.device, found.number};
   if (m_fileId) return (isThere && id == *m_fileId) || Fail("The journal was moved, deleted or replaced.");
   if (!isThere) return m_use == JournalUse::Enter || Fail("There is no such journal.");
   // Only by its size: closing a file gives up the locks that the process has on it. SQLite refuses larger ones itself.
-  const bool mayBeJournal = S_ISREG(found.st_mode) && (found.st_size == 0 || found.st_size >= SmallestDatabase);
+  const bool mayBeJournal = found.kind == FileKind::Regular && (found.size == 0 || found.size >= SmallestDatabase);
   if (!mayBeJournal) return Fail("It is no journal.");
   if (Database().isOpen()) m_fileId = id;
   return true;

@@ -9,8 +9,7 @@
 #include <QString>
 #include <QVariant>
 
-#include <sys/types.h>
-
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -41,8 +40,7 @@ public:
 
 private:
   struct FileId {
-    dev_t device;
-    ino_t number;
+    std::uint64_t device, number;
     bool operator==(const FileId&) const = default;
   };
 

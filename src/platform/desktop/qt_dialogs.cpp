@@ -4,6 +4,7 @@
 #include "transfer_guard.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
@@ -142,7 +143,7 @@ std::optional<std::string> QtFileDialogs::AskOpen(const FileQuestion& question) 
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(QString::fromStdString(question.extension));
   const std::optional<QString> path = Chosen(dialog);
-  return path ? std::optional(path->toStdString()) : std::nullopt;
+  return path ? std::optional(QDir::toNativeSeparators(*path).toStdString()) : std::nullopt;
 }
 
 std::optional<std::string> QtFileDialogs::AskSave(const FileQuestion& question) {
@@ -153,7 +154,7 @@ std::optional<std::string> QtFileDialogs::AskSave(const FileQuestion& question) 
   dialog.selectFile(QString::fromStdString(question.proposedName));
   while (const std::optional<QString> path = Chosen(dialog)) {
     const QString whole = WithExtension(*path, question, ChosenFilter(dialog));
-    if (MayBeWritten(whole, whole != *path, dialog.windowTitle())) return whole.toStdString();
+    if (MayBeWritten(whole, whole != *path, dialog.windowTitle())) return QDir::toNativeSeparators(whole).toStdString();
   }
   return std::nullopt;
 }

@@ -1,13 +1,10 @@
 #include "qt_printers.h"
 
-#include "open_windows.h"
 #include "page_printer.h"
 #include "pdf_printer.h"
+#include "printer_setup.h"
 
-#include <QDialogButtonBox>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QPushButton>
 
 namespace mr4500x {
 namespace {
@@ -63,13 +60,7 @@ std::unique_ptr<Printer> QtPrinters::CurrentPrinter() {
 
 void QtPrinters::SetUpPrinter(const std::string& title) {
   QPrinter& printer = Chosen();
-  QPrintDialog dialog(&printer, OwnerWindow());
-  dialog.setObjectName(QStringLiteral("printerDialog"));
-  dialog.setWindowTitle(QString::fromUtf8(title));
-  dialog.setOptions(QAbstractPrintDialog::PrintToFile);
-  const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
-  if (QPushButton* const ok = buttons->button(QDialogButtonBox::Ok)) ok->setText(QPrintDialog::tr("OK")); // not "Print"
-  if (dialog.exec() == QDialog::Accepted) m_isSetUp = true;
+  if (AskForPrinter(printer, QString::fromUtf8(title))) m_isSetUp = true;
   SetPaper(printer);
 }
 

@@ -1,9 +1,11 @@
 #include "machine_files.h"
 
+#include "machine.h"
 #include "wide_text.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <random>
 #include <system_error>
 
@@ -21,6 +23,12 @@ constexpr DWORD LockedOffset = 0x7FFFFFFF; // times 4 GiB: locks are mandatory, 
 // How often and how long a call is tried again while another program has the file open.
 constexpr int Tries = 10;
 constexpr DWORD TryMilliseconds = 20;
+
+constexpr std::uint64_t TicksPerSecond = 10'000'000, SecondsTo1970 = 11'644'473'600; // of a file's time, from 1601
+
+std::uint64_t Joined(DWORD high, DWORD low) {
+  return static_cast<std::uint64_t>(high) << 32U | low;
+}
 
 HANDLE NativeOf(FileSystem::Handle file) {
   return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(file)); // only 32 bits of a handle count
@@ -127,20 +135,28 @@ public:
 
 std::optional<FileStatus> WindowsFileSystem::Status(const std::string& path) {
   const std::wstring wide = WidePath(path);
-  WIN32_FILE_ATTRIBUTE_DATA found{};
-  if (GetFileAttributesExW(wide.c_str(), GetFileExInfoStandard, &found) == FALSE) {
+  const HANDLE file = OpenNative(wide, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
+  if (file == INVALID_HANDLE_VALUE) {
     if (IsMissing(GetLastError())) return FileStatus{};
     return Fail(), std::nullopt;
   }
   FileStatus status;
-  const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  const bool isReadOnly = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
-  status.kind = IsLink(wide, found.dwFileAttributes)                    ? FileKind::Link
-                : isFolder                                              ? FileKind::Folder
-                : (found.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0 ? FileKind::Other
-                                                                        : FileKind::Regular;
-  status.mode = isFolder ? FolderMode : isReadOnly ? ReadOnlyMode : WritableMode;
-  status.size = (static_cast<std::uint64_t>(found.nFileSizeHigh) << 32U) | found.nFileSizeLow;
+  BY_HANDLE_FILE_INFORMATION found{};
+  if (GetFileType(file) != FILE_TYPE_DISK || GetFileInformationByHandle(file, &found) == FALSE) {
+    status.kind = FileKind::Other; // a device, such as NUL
+  } else {
+    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    const bool isReadOnly = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+    status.kind = isFolder ? FileKind::Folder : FileKind::Regular;
+    if (IsLink(wide, found.dwFileAttributes)) status.kind = FileKind::Link;
+    status.mode = isFolder ? FolderMode : isReadOnly ? ReadOnlyMode : WritableMode;
+    status.size = Joined(found.nFileSizeHigh, found.nFileSizeLow);
+    status.device = found.dwVolumeSerialNumber;
+    status.number = Joined(found.nFileIndexHigh, found.nFileIndexLow);
+    const auto ticks = Joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
+    status.changed = LocalTimeOf(static_cast<std::time_t>(ticks / TicksPerSecond - SecondsTo1970));
+  }
+  CloseHandle(file);
   return status;
 }
 
@@ -250,8 +266,15 @@ bool WindowsFileSystem::Sync(Handle file) {
 
 bool WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
   const std::wstring source = WidePath(from), target = WidePath(to);
-  return WithTries(
+  const bool renamed = WithTries(
       [&] { return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH); });
+  if (renamed) return true;
+  // A target that is open refuses access as a protected one does. Only opened alone the two differ.
+  const int reason = errno;
+  const HANDLE alone = CreateFileW(target.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  errno = alone == INVALID_HANDLE_VALUE && IsOpenElsewhere(GetLastError()) ? ETXTBSY : reason;
+  if (alone != INVALID_HANDLE_VALUE) CloseHandle(alone);
+  return false;
 }
 
 bool WindowsFileSystem::Remove(const std::string& path) {

@@ -48,9 +48,13 @@ std::string UserStateFolder() {
 }
 
 LocalTime LocalNow() {
-  SYSTEMTIME now{};
-  GetLocalTime(&now);
-  return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond > 59 ? 59 : now.wSecond};
+  return LocalTimeOf(std::time(nullptr));
+}
+
+LocalTime LocalTimeOf(std::time_t moment) {
+  std::tm local{};
+  localtime_s(&local, &moment);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
 namespace {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "desktop.h"
+#include "message_view.h"
+
+#include <string>
+
+class QString;
+
+namespace mr4500x {
+
+// Shows the help in the browser: Qt Assistant does not exist here. The pages lie in the folder "manual" beside the
+// program, with their contents, an index and a search.
+class QtHelpViewer final : public HelpViewer {
+public:
+  QtHelpViewer(MessageView& messages, const std::string& helpFile);
+
+  void OpenContents() override;
+  void OpenIndex() override;
+
+private:
+  void Open(const QString& page);
+
+  MessageView& m_messages;
+  std::string m_folder;
+};
+
+} // namespace mr4500x
