@@ -4,11 +4,19 @@
 #include "decimal.h"
 
 #include <algorithm>
+#include <map>
 
 namespace mr4500x {
 namespace {
 
-constexpr std::array<std::string_view, 4> OutcomeNames = {"verified", "failed", "set aside", "conflict"};
+constexpr std::array<std::string_view, 8> OutcomeNames = {"verified", "failed",  "set aside", "conflict",
+                                                          "begun",    "aborted", "no row",    "done before"};
+constexpr std::size_t FirstColumns = 2, ColumnsOfVersion1 = 15;
+
+std::string Harmless(const std::string& cell) {
+  const bool isFormula = !cell.empty() && std::string_view("=+-@\t\r").find(cell.front()) != std::string_view::npos;
+  return isFormula ? '\'' + cell : cell;
+}
 
 } // namespace
 
@@ -22,7 +30,7 @@ std::optional<AttemptOutcome> OutcomeStoredAs(std::string_view name) {
   return static_cast<AttemptOutcome>(found - OutcomeNames.begin());
 }
 
-std::string AttemptsCsv(const std::vector<Attempt>& attempts) {
+std::string AttemptsCsv(const std::vector<Attempt>& attempts, CsvUse use) {
   std::vector<std::string> heading = {"row", "outcome"};
   for (const AttemptColumn& column : AttemptColumns)
     heading.emplace_back(column.heading);
@@ -30,7 +38,7 @@ std::string AttemptsCsv(const std::vector<Attempt>& attempts) {
   for (const Attempt& attempt : attempts) {
     std::vector<std::string> cells = {std::to_string(attempt.row), std::string(StoredName(attempt.outcome))};
     for (const AttemptColumn& column : AttemptColumns)
-      cells.push_back(attempt.*column.text);
+      cells.push_back(use == CsvUse::ForPeople ? Harmless(attempt.*column.text) : attempt.*column.text);
     csv += CsvLine(cells);
   }
   return csv;
@@ -40,14 +48,28 @@ std::vector<Attempt> ParseAttempts(std::string_view csv) {
   std::vector<Attempt> attempts;
   for (const auto& [line, cells, isWhole, place] : ReadCsv(csv).rows) {
     const auto outcome = cells.size() < 2 ? std::nullopt : OutcomeStoredAs(cells[1]);
-    if (!isWhole || cells.size() != AttemptColumns.size() + 2 || !outcome) continue; // also the heading
+    const bool hasColumns = cells.size() == ColumnsOfVersion1 || cells.size() == AttemptColumns.size() + FirstColumns;
+    if (!isWhole || !hasColumns || !outcome) continue; // also the heading
     Attempt& attempt = attempts.emplace_back();
     attempt.row = static_cast<std::size_t>(ParseWhole(cells[0]).value_or(0));
     attempt.outcome = *outcome;
-    for (std::size_t i = 0; i < AttemptColumns.size(); ++i)
-      attempt.*AttemptColumns[i].text = cells[i + 2];
+    for (std::size_t i = 0; i + FirstColumns < cells.size(); ++i)
+      attempt.*AttemptColumns.at(i).text = cells[i + FirstColumns];
   }
   return attempts;
+}
+
+std::vector<Attempt> PartlyWritten(const std::vector<Attempt>& attempts) {
+  using enum AttemptOutcome;
+  std::map<std::string, const Attempt*> last; // by identity number
+  for (const Attempt& attempt : attempts)
+    if (attempt.outcome == Verified || attempt.outcome == Conflict || attempt.outcome == Aborted ||
+        (attempt.outcome == Failed && !attempt.sha256.empty()))
+      last[attempt.idNumber] = &attempt;
+  std::vector<Attempt> found;
+  for (const auto& [idNumber, attempt] : last)
+    if (attempt->outcome != Verified && attempt->outcome != Conflict) found.push_back(*attempt);
+  return found;
 }
 
 } // namespace mr4500x

@@ -18,7 +18,7 @@ struct AttemptColumn {
   const char* name;         // in the database, where some headings are words of its own language
   std::string Attempt::*text;
 };
-inline constexpr std::array<AttemptColumn, 13> AttemptColumns = {{
+inline constexpr std::array<AttemptColumn, 15> AttemptColumns = {{
     {"start", "started", &Attempt::start},
     {"end", "ended", &Attempt::end},
     {"label", "label", &Attempt::label},
@@ -32,10 +32,21 @@ inline constexpr std::array<AttemptColumn, 13> AttemptColumns = {{
     {"sha256", "sha256", &Attempt::sha256},
     {"plan", "plan", &Attempt::plan},
     {"key", "attempt_key", &Attempt::key},
+    {"stamp", "stamp", &Attempt::stamp}, // these two since version 2
+    {"operator", "operator_name", &Attempt::operatorName},
 }};
 
-// With a heading, one line an attempt. ParseAttempts reads it back, without lines that are damaged.
-[[nodiscard]] std::string AttemptsCsv(const std::vector<Attempt>& attempts);
+// With a heading, one line an attempt. ParseAttempts reads it back, also that of version 1, without lines that are
+// damaged.
+enum class CsvUse : std::uint8_t {
+  ForParsing,
+  ForPeople, // a cell that a spreadsheet would run as a formula begins with an apostrophe
+};
+[[nodiscard]] std::string AttemptsCsv(const std::vector<Attempt>& attempts, CsvUse use);
 [[nodiscard]] std::vector<Attempt> ParseAttempts(std::string_view csv);
+
+// The last attempt of each radio that may hold only a part of a configuration: one that failed during the write, or
+// was begun by a bench that died.
+[[nodiscard]] std::vector<Attempt> PartlyWritten(const std::vector<Attempt>& attempts);
 
 } // namespace mr4500x

@@ -23,7 +23,11 @@ struct BenchSettings {
   std::string backupFolder{};
   Speed speed = Speed::Prescribed;
   bool acceptsOtherBand = false;
-  std::function<LocalTime()> now{};
+  bool comparesDone = false; // the whole of a radio that is done, even if its write stamp is the one entered
+  bool rewritesDone = false; // if it holds something else; else it is set aside
+  std::string operatorName{};
+  std::function<LocalTime()> now{};         // for backups and write stamps
+  std::function<std::string()> timestamp{}; // for attempts, in UTC
   Sha256 sha256 = nullptr;
   std::function<std::string()> newKey{}; // of an attempt
 };

@@ -20,14 +20,19 @@ struct JournalRow {
   RowState state = RowState::Free;
   std::string bench;    // that has it, or did it
   std::string idNumber; // of the radio that holds it
+  std::string stamp{};  // the radio's write stamp since; "": unknown
   bool operator==(const JournalRow&) const = default;
 };
 
 enum class AttemptOutcome : std::uint8_t {
   Verified,
   Failed,
-  SetAside, // its band is another
-  Conflict, // verified, but another radio got the row in the meantime, or the radio another row
+  SetAside,   // its band is another, or it was done and has been changed since
+  Conflict,   // verified, but another radio got the row in the meantime, or the radio another row
+  Begun,      // has a row, and may be half written
+  Aborted,    // begun, but its bench has died
+  NoRow,      // none was free for it
+  DoneBefore, // holds its row already
 };
 
 // What was done with one radio, from its identification to its end.
@@ -36,11 +41,13 @@ struct Attempt {
   std::string plan;
   std::size_t row = 0; // 0: none was taken
   std::string label, idNumber, firmware, band, port, bench;
-  std::string start, end; // "2026-11-25 13:45:07", local time
+  std::string start, end; // "2026-11-25 12:45:07Z" in UTC; without the Z in an earlier version's local time
   AttemptOutcome outcome = AttemptOutcome::Failed;
-  std::string text;   // what happened, in words
-  std::string backup; // the file with what the radio held before
-  std::string sha256; // of the data file that holds what was written
+  std::string text;           // what happened, in words
+  std::string backup;         // the file with what the radio held before
+  std::string sha256;         // of the data file that holds what was written; "" before the write
+  std::string stamp{};        // the write stamp that the radio got: "20261125134507"
+  std::string operatorName{}; // who was at the bench
   bool operator==(const Attempt&) const = default;
 };
 
@@ -52,7 +59,12 @@ struct Claim {
     Lost,     // the database does not answer
   };
   Kind kind = Kind::Lost;
-  JournalRow row; // Taken, DoneHere
+  JournalRow row; // Taken, DoneHere; NoRow: the one that a bench has for this number, if that is the reason
+};
+
+struct ClaimWish {
+  bool isEndless = false; // the plan gets a new row when none is free
+  bool takesDone = false; // the row that the radio holds already is taken again
 };
 
 enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
@@ -66,26 +78,29 @@ class Journal {
 public:
   virtual ~Journal() = default;
 
-  // Enters the plan with its rows if it is not known yet. False if the database does not answer.
+  // Enters the plan with its rows if it is not known yet. False if the database does not answer; see IsBusy.
   [[nodiscard]] virtual bool Begin(const std::string& plan, const std::string& name,
                                    const std::vector<JournalRow>& rows) = 0;
-  // Takes a row for the radio: the one that names it, else the first free one that names none. An `endless` plan gets a
-  // new row when none is free. A row that was taken before and not entered is given back.
-  [[nodiscard]] virtual Claim ClaimRow(const std::string& plan, const std::string& bench, const std::string& idNumber,
-                                       bool endless) = 0;
+  // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the first
+  // free one that names none. A row that was taken before and not entered is given back.
+  [[nodiscard]] virtual Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) = 0;
   // Reports that the bench is still at the row. Called just before the radio is written.
   [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;
   // Enters the attempt, once. In the same transaction its row becomes done (Verified) or, if the bench still has it,
   // free. A verified one is entered as Conflict if another radio has done the row in the meantime, or the radio another
-  // row. Returns the outcome that was entered; nullopt if the database does not answer.
-  [[nodiscard]] virtual std::optional<AttemptOutcome> Enter(const Attempt& attempt) = 0;
+  // row; its text names them. Returns what was entered; nullopt if the database does not answer.
+  [[nodiscard]] virtual std::optional<Attempt> Enter(const Attempt& attempt) = 0;
+  // Reports that the bench is alive. False if the journal can't be written.
+  [[nodiscard]] virtual bool ReportAlive(const std::string& bench) = 0;
 
   // By row; nullopt if the database does not answer. Claims of silent benches are shown as free.
   [[nodiscard]] virtual std::optional<std::vector<JournalRow>> Rows(const std::string& plan) = 0;
-  // All attempts, of all plans for "", by their start.
+  // All attempts, of all plans for "", by their start. Those that a silent bench has begun are shown as aborted.
   [[nodiscard]] virtual std::optional<std::vector<Attempt>> Attempts(const std::string& plan) = 0;
   // Why the last call failed.
   [[nodiscard]] virtual std::string Error() const = 0;
+  [[nodiscard]] virtual std::string Details() const { return {}; } // the database's own words for it
+  [[nodiscard]] virtual bool IsBusy() const { return false; }      // because another bench was at work in it
 };
 
 } // namespace mr4500x

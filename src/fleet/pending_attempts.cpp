@@ -42,13 +42,13 @@ PendingAttempts::~PendingAttempts() {
   if (m_number != 0) m_files.Close(m_lock);
 }
 
-AttemptOutcome PendingAttempts::Enter(Journal& journal, const Attempt& attempt) {
+Attempt PendingAttempts::Enter(Journal& journal, const Attempt& attempt) {
   if (HandIn(journal))
-    if (const auto outcome = journal.Enter(attempt)) return *outcome;
+    if (const auto entered = journal.Enter(attempt)) return *entered;
   const std::lock_guard guard(m_mutex);
   m_attempts.push_back(attempt);
   Store();
-  return attempt.outcome;
+  return attempt;
 }
 
 bool PendingAttempts::HandIn(Journal& journal) {
@@ -57,10 +57,10 @@ bool PendingAttempts::HandIn(Journal& journal) {
   if (!handingIn) return false;
   bool hasEntered = false;
   while (const std::optional<Attempt> next = First()) {
-    const auto outcome = journal.Enter(*next);
-    if (!outcome) break;
+    const auto entered = journal.Enter(*next);
+    if (!entered) break;
     const std::lock_guard guard(m_mutex);
-    if (*outcome == AttemptOutcome::Conflict) m_conflicts.push_back(*next);
+    if (entered->outcome == AttemptOutcome::Conflict) m_conflicts.push_back(*entered);
     m_attempts.erase(m_attempts.begin()); // others have only added to its end
     hasEntered = true;
   }
@@ -113,7 +113,7 @@ bool PendingAttempts::Adopt(int number) {
 }
 
 void PendingAttempts::Store() {
-  const std::string path = PathOf(m_number, DataEnding), text = AttemptsCsv(m_attempts);
+  const std::string path = PathOf(m_number, DataEnding), text = AttemptsCsv(m_attempts, CsvUse::ForParsing);
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   if (m_attempts.empty())
     m_isKept = IsMissing(m_files, path) || m_files.Remove(path);

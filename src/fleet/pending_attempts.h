@@ -22,8 +22,8 @@ public:
   PendingAttempts(const PendingAttempts&) = delete;
   PendingAttempts& operator=(const PendingAttempts&) = delete;
 
-  // Enters what is pending, then the attempt. What can't be entered stays pending; its outcome is the attempt's own.
-  AttemptOutcome Enter(Journal& journal, const Attempt& attempt);
+  // Enters what is pending, then the attempt, and returns it as it was entered. What can't be entered stays pending.
+  Attempt Enter(Journal& journal, const Attempt& attempt);
   // Enters what is pending. False if something still is; no new rows are taken then.
   [[nodiscard]] bool HandIn(Journal& journal);
   [[nodiscard]] std::size_t Count();

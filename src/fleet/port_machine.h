@@ -48,6 +48,7 @@ struct RadioReported { // HandleRadio: while it goes on, and at its end
   std::string label{}, text{};
   int percent = 0;
   bool isFailure = false; // of the cable, perhaps
+  RadioTrouble trouble = RadioTrouble::None;
 };
 using PortEvent = std::variant<CycleStarted, JournalPolled, RadioAnswered, RadioIdentified, RadioReported>;
 

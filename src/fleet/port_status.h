@@ -39,12 +39,20 @@ enum class PortState : std::uint8_t {
   return state == PortState::Stopped || state == PortState::Finished;
 }
 
+// What is left to do for a radio that was not verified.
+enum class RadioTrouble : std::uint8_t {
+  None,
+  PartlyWritten, // it may hold only a part of a configuration
+  Conflict,      // another radio holds its row, or it holds another row
+};
+
 struct PortStatus {
   std::size_t port = 0; // index, from 0
   PortState state = PortState::Waiting;
   std::size_t row = 0; // 0: none
   std::string label, idNumber, text;
   int percent = 0; // of backup, write and verification together
+  RadioTrouble trouble = RadioTrouble::None;
 };
 
 } // namespace mr4500x

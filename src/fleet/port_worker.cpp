@@ -3,7 +3,6 @@
 #include "function_settings.h"
 #include "port_machine.h"
 #include "radio_job.h"
-#include "text.h"
 #include "words.h"
 
 #include <algorithm>
@@ -54,6 +53,8 @@ private:
   [[nodiscard]] RadioIdentified Identify();
   [[nodiscard]] RadioReported HandleRadio();
   [[nodiscard]] bool IsJournalReady();
+  [[nodiscard]] Claim ClaimRow(Attempt& attempt, bool takesDone);
+  [[nodiscard]] RadioReported ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot);
   [[nodiscard]] Attempt NewAttempt() const;
   [[nodiscard]] RadioReported Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot);
 
@@ -67,12 +68,13 @@ private:
   const BenchSettings& m_settings;
   Clock::Moment m_nextCycle;
   PortMachine m_machine;
-  RadioImage m_identity;      // of the last radio that answered
-  std::string m_identityText; // why it is refused if it has no number
+  RadioImage m_identity;         // of the last radio that answered
+  std::string m_identityText;    // why it is refused if it has no number
+  bool m_hasAskedBefore = false; // it is the one that waits for a row
 };
 
 JournalPolled PortWorker::PollJournal() {
-  const bool isReady = IsJournalReady();
+  const bool isReady = IsJournalReady() && m_journal.ReportAlive(m_settings.bench); // it can be written
   for (const Attempt& attempt : m_context.pending.TakeConflicts())
     m_context.events.onConflict(attempt);
   const Plan& plan = m_settings.plan;
@@ -102,7 +104,9 @@ RadioIdentified PortWorker::Identify() {
   const bool isComplete = result.outcome == Outcome::Complete;
   if (!isComplete) m_identity = {};
   m_identityText = isComplete ? NoNumberReason : ReasonFor(result);
-  return {result.outcome, IdentityNumber(m_identity), ""};
+  const std::string idNumber = IdentityNumber(m_identity);
+  m_hasAskedBefore = m_machine.waitsForRow && m_machine.status.idNumber == idNumber;
+  return {result.outcome, idNumber, ""};
 }
 
 RadioReported PortWorker::HandleRadio() {
@@ -113,19 +117,40 @@ RadioReported PortWorker::HandleRadio() {
     attempt.text = m_identityText;
     return Enter(attempt, AttemptOutcome::Failed, slot);
   }
-  const bool isEndless = m_settings.plan.isEndless;
-  const Claim claim =
-      IsJournalReady() ? m_journal.ClaimRow(attempt.plan, attempt.bench, attempt.idNumber, isEndless) : Claim{};
-  attempt.row = claim.row.row;
-  attempt.label = claim.row.label;
+  const Claim claim = IsJournalReady() ? ClaimRow(attempt, false) : Claim{};
   if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Error()};
-  if (claim.kind == Claim::Kind::NoRow) return {PortState::NoRow};
-  if (claim.kind == Claim::Kind::DoneHere) return {PortState::AlreadyDone, attempt.row, attempt.label};
+  if (claim.kind == Claim::Kind::NoRow) return ReportNoRow(attempt, claim.row, slot);
   RadioJob job(m_line, m_journal, m_context, [&](PortState state, int percent) {
     static_cast<void>(Handle(RadioReported{state, attempt.row, attempt.label, "", percent}));
   });
+  if (claim.kind == Claim::Kind::DoneHere) {
+    const bool isSame = claim.row.stamp == StampDigits(m_identity) && !claim.row.stamp.empty();
+    const AttemptOutcome found =
+        isSame && !m_settings.comparesDone ? AttemptOutcome::DoneBefore : job.CompareDone(attempt);
+    const bool isRewritten = found == AttemptOutcome::SetAside && m_settings.rewritesDone &&
+                             ClaimRow(attempt, true).kind == Claim::Kind::Taken;
+    if (!isRewritten) return Enter(attempt, found, slot);
+    attempt.text.clear();
+  }
   const AttemptOutcome outcome = job.Run(m_identity, attempt);
   return Enter(attempt, outcome, slot);
+}
+
+// The attempt gets the row.
+Claim PortWorker::ClaimRow(Attempt& attempt, bool takesDone) {
+  const ClaimWish wish = {.isEndless = m_settings.plan.isEndless, .takesDone = takesDone};
+  Claim claim = m_journal.ClaimRow(attempt, wish);
+  const bool hasRow = claim.kind == Claim::Kind::Taken || claim.kind == Claim::Kind::DoneHere;
+  if (hasRow) attempt.row = claim.row.row;
+  if (hasRow) attempt.label = claim.row.label;
+  return claim;
+}
+
+// One visit of a radio is one entry, however often a row is asked for.
+RadioReported PortWorker::ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot) {
+  attempt.text = HeldReason(held);
+  if (!m_hasAskedBefore) return Enter(attempt, AttemptOutcome::NoRow, slot);
+  return {.state = PortState::NoRow, .text = attempt.text};
 }
 
 Attempt PortWorker::NewAttempt() const {
@@ -137,25 +162,32 @@ Attempt PortWorker::NewAttempt() const {
   if (!attempt.idNumber.empty()) attempt.band = BandText(m_identity.BandBlock);
   attempt.port = m_line.PortName();
   attempt.bench = m_settings.bench;
-  attempt.start = TimestampText(m_settings.now());
+  attempt.operatorName = m_settings.operatorName;
+  attempt.start = m_settings.timestamp();
   return attempt;
 }
 
 RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot) {
   using enum AttemptOutcome;
-  attempt.end = TimestampText(m_settings.now());
+  attempt.end = m_settings.timestamp();
   attempt.outcome = outcome;
-  const AttemptOutcome entered = m_context.pending.Enter(m_journal, attempt);
-  if (entered == Verified) {
-    slot.Use();
+  const Attempt entered = m_context.pending.Enter(m_journal, attempt);
+  if (entered.outcome == Verified || entered.outcome == DoneBefore) {
+    if (entered.outcome == Verified) slot.Use();
     const bool isPending = m_context.pending.Count() > 0;
     const char* const hint = m_context.pending.IsKept() ? LateEntryHint : LostEntryHint;
-    return {PortState::Done, attempt.row, attempt.label, isPending ? hint : ""};
+    return {entered.outcome == Verified ? PortState::Done : PortState::AlreadyDone, attempt.row, attempt.label,
+            isPending ? hint : ""};
   }
+  if (entered.outcome == NoRow) return {.state = PortState::NoRow, .text = attempt.text};
   // The row is no longer this radio's.
-  return {.state = entered == SetAside ? PortState::SetAside : PortState::Failed,
-          .text = entered == Conflict ? LineForConflict(attempt) : attempt.text,
-          .isFailure = entered == Failed};
+  const bool isPart = entered.outcome == Failed && !attempt.sha256.empty();
+  return {.state = entered.outcome == SetAside ? PortState::SetAside : PortState::Failed,
+          .text = entered.outcome == Conflict ? LineForConflict(entered) : attempt.text,
+          .isFailure = entered.outcome == Failed,
+          .trouble = entered.outcome == Conflict ? RadioTrouble::Conflict
+                     : isPart                    ? RadioTrouble::PartlyWritten
+                                                 : RadioTrouble::None};
 }
 
 } // namespace

@@ -14,11 +14,7 @@ namespace mr4500x {
 namespace {
 
 // The exchanges' progress: the whole read, the write and reading it back; the two of the embedded text.
-constexpr int JobUnits = 505 + 330 + 330, TextUnits = 150 + 160;
-
-bool IsSameBand(const RadioImage& a, const RadioImage& b) {
-  return std::ranges::equal(std::span(a.BandBlock).first<4>(), std::span(b.BandBlock).first<4>());
-}
+constexpr int JobUnits = 505 + 330 + 345, TextUnits = 150 + 160;
 
 // Gives the attempt the text, for a return.
 bool Fail(Attempt& attempt, std::string_view text) {
@@ -28,12 +24,22 @@ bool Fail(Attempt& attempt, std::string_view text) {
 
 } // namespace
 
+std::string StampDigits(const RadioImage& image) {
+  std::string digits;
+  for (const std::uint8_t byte : image.WriteStampBlock)
+    if (byte >= '0' && byte <= '9') digits += static_cast<char>(byte);
+  return digits;
+}
+
+bool RadioJob::HasText(const Attempt& attempt) const {
+  const std::vector<PlanRow>& rows = m_settings.plan.rows;
+  return attempt.row > 0 && attempt.row <= rows.size() && rows[attempt.row - 1].embeddedInfo;
+}
+
 AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
-  const Plan& plan = m_settings.plan;
-  RadioImage image = ImageFor(plan, attempt.row, m_settings.texts);
-  const bool hasText = attempt.row <= plan.rows.size() && plan.rows[attempt.row - 1].embeddedInfo;
-  m_total = JobUnits + (hasText ? TextUnits : 0);
-  if (!IsSameBand(identity, image) && !m_settings.acceptsOtherBand) {
+  RadioImage image = ImageFor(m_settings.plan, attempt.row, m_settings.texts);
+  m_total = JobUnits + (HasText(attempt) ? TextUnits : 0);
+  if (!IsSameBand(identity.BandBlock, image.BandBlock) && !m_settings.acceptsOtherBand) {
     attempt.text = OtherBandReason(BandText(identity.BandBlock), BandText(image.BandBlock));
     return AttemptOutcome::SetAside;
   }
@@ -41,11 +47,21 @@ AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
   if (!BackUp(attempt) || !MayWrite(attempt)) return AttemptOutcome::Failed;
 
   BeginStep(PortState::Writing);
-  const AttemptOutcome written = Write(image, hasText, attempt);
+  const AttemptOutcome written = Write(image, attempt);
   if (written != AttemptOutcome::Verified) return written;
 
   BeginStep(PortState::Verifying);
-  return Verify(image, hasText, attempt) ? AttemptOutcome::Verified : AttemptOutcome::Failed;
+  return Verify(image, attempt) == Found::Same ? AttemptOutcome::Verified : AttemptOutcome::Failed;
+}
+
+AttemptOutcome RadioJob::CompareDone(Attempt& attempt) {
+  m_total = JobUnits;
+  BeginStep(PortState::Verifying);
+  const Found found = Verify(ImageFor(m_settings.plan, attempt.row, m_settings.texts), attempt);
+  if (found == Found::NotRead) return AttemptOutcome::Failed;
+  if (found == Found::Same) return AttemptOutcome::DoneBefore;
+  attempt.text = ChangedReason + attempt.text;
+  return AttemptOutcome::SetAside;
 }
 
 bool RadioJob::BackUp(Attempt& attempt) {
@@ -72,7 +88,7 @@ bool RadioJob::MayWrite(Attempt& attempt) {
 }
 
 // Verified if all was written.
-AttemptOutcome RadioJob::Write(RadioImage& image, bool hasText, Attempt& attempt) {
+AttemptOutcome RadioJob::Write(RadioImage& image, Attempt& attempt) {
   const std::vector<std::uint8_t> file = BuildDataFile(image);
   attempt.sha256 = m_settings.sha256({reinterpret_cast<const char*>(file.data()), file.size()});
   const ExchangeResult written = WriteRadio(m_line, image, m_settings.now, *this, m_settings.speed);
@@ -81,19 +97,32 @@ AttemptOutcome RadioJob::Write(RadioImage& image, bool hasText, Attempt& attempt
     attempt.text = OtherBandReason("", BandText(image.BandBlock));
     return AttemptOutcome::SetAside;
   }
-  const bool isWritten =
-      IsComplete(written, attempt) && (!hasText || IsComplete(WriteEmbeddedInfo(m_line, image, *this), attempt));
+  attempt.stamp = StampDigits(image);
+  const bool isWritten = IsComplete(written, attempt) &&
+                         (!HasText(attempt) || IsComplete(WriteEmbeddedInfo(m_line, image, *this), attempt));
   return isWritten ? AttemptOutcome::Verified : AttemptOutcome::Failed;
 }
 
-bool RadioJob::Verify(const RadioImage& image, bool hasText, Attempt& attempt) {
+RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
   RadioImage found = image;
-  if (!IsComplete(ReadBack(m_line, found, *this, m_settings.speed), attempt)) return false;
+  if (!IsComplete(ReadBackWithIdentity(m_line, found, *this, m_settings.speed), attempt)) return Found::NotRead;
+  // The one that was backed up may have been exchanged for another one of its model before the write.
+  if (IdentityNumber(found) != attempt.idNumber || FirmwareVersion(found) != attempt.firmware) {
+    attempt.text = OtherRadioReason(attempt, IdentityNumber(found), FirmwareVersion(found));
+    return Found::NotRead;
+  }
+  found.RadioIdBlock = image.RadioIdBlock;
+  found.FirmwareVersionBlock = image.FirmwareVersionBlock;
   const ImageDifferences differences = CompareImages(image, found, m_settings.texts);
-  if (!differences.IsEmpty()) return Fail(attempt, DifferenceReason(differences));
-  if (!hasText) return true;
-  if (!IsComplete(ReadEmbeddedInfo(m_line, found, *this), attempt)) return false;
-  return found.EmbeddedInfoBlock.bytes == image.EmbeddedInfoBlock.bytes || Fail(attempt, TextDiffersReason);
+  if (!differences.IsEmpty()) {
+    attempt.text = DifferenceReason(differences);
+    return Found::Different;
+  }
+  if (!HasText(attempt)) return Found::Same;
+  if (!IsComplete(ReadEmbeddedInfo(m_line, found, *this), attempt)) return Found::NotRead;
+  if (found.EmbeddedInfoBlock.bytes == image.EmbeddedInfoBlock.bytes) return Found::Same;
+  attempt.text = TextDiffersReason;
+  return Found::Different;
 }
 
 bool RadioJob::IsComplete(const ExchangeResult& result, Attempt& attempt) {

@@ -8,6 +8,9 @@
 
 namespace mr4500x {
 
+// "20261125134507"
+[[nodiscard]] std::string StampDigits(const RadioImage& image);
+
 class RadioJob final : public ExchangeObserver {
 public:
   using ProgressHandler = std::function<void(PortState state, int percent)>;
@@ -18,12 +21,17 @@ public:
 
   // The attempt has the row, and gets text, backup and checksum. `identity` has what ReadIdentity reads.
   [[nodiscard]] AttemptOutcome Run(const RadioImage& identity, Attempt& attempt);
+  // Reads back a radio that is done with the attempt's row: DoneBefore if it holds the row, SetAside if it holds
+  // something else.
+  [[nodiscard]] AttemptOutcome CompareDone(Attempt& attempt);
 
 private:
   [[nodiscard]] bool BackUp(Attempt& attempt);
   [[nodiscard]] bool MayWrite(Attempt& attempt);
-  [[nodiscard]] AttemptOutcome Write(RadioImage& image, bool hasText, Attempt& attempt);
-  [[nodiscard]] bool Verify(const RadioImage& image, bool hasText, Attempt& attempt);
+  [[nodiscard]] AttemptOutcome Write(RadioImage& image, Attempt& attempt);
+  enum class Found : std::uint8_t { Same, Different, NotRead };
+  [[nodiscard]] bool HasText(const Attempt& attempt) const;
+  [[nodiscard]] Found Verify(const RadioImage& image, Attempt& attempt);
   [[nodiscard]] static bool IsComplete(const ExchangeResult& result, Attempt& attempt);
   void BeginStep(PortState step);
 

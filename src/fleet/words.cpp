@@ -37,6 +37,8 @@ std::string SubjectText(std::size_t row, const std::string& label, const std::st
   return name;
 }
 
+const std::string PartlyWrittenWords = "May hold only a part of a configuration: ";
+
 // Those that are not empty: "COM1: row 12: failed"
 std::string JoinParts(std::initializer_list<std::string_view> parts) {
   std::string line;
@@ -52,7 +54,8 @@ std::string_view WordFor(PortState state) {
 }
 
 std::string_view WordFor(AttemptOutcome outcome) {
-  constexpr std::array<std::string_view, 4> Words = {"verified", "failed", "set aside", "conflict"};
+  constexpr std::array<std::string_view, 8> Words = {"verified", "failed",  "set aside", "conflict",
+                                                     "begun",    "aborted", "no row",    "done before"};
   return Words[static_cast<std::size_t>(outcome)];
 }
 
@@ -97,6 +100,16 @@ std::string DifferenceReason(const ImageDifferences& differences) {
   return count == 1 ? text : text + " and " + std::to_string(count - 1) + " more";
 }
 
+std::string OtherRadioReason(const Attempt& attempt, const std::string& idNumber, const std::string& firmware) {
+  const bool isOther = idNumber != attempt.idNumber;
+  return "the radio was exchanged in the meantime: " + (isOther ? attempt.idNumber : "firmware " + attempt.firmware) +
+         " was identified, " + (isOther ? idNumber : "firmware " + firmware) + " was read back; look at both";
+}
+
+std::string HeldReason(const JournalRow& row) {
+  return row.row == 0 ? "" : "bench " + row.bench + " has row " + std::to_string(row.row) + " for its number";
+}
+
 std::string LineFor(const PortStatus& status, std::string_view portName) {
   const StateWords& words = States[static_cast<std::size_t>(status.state)];
   std::string name = SubjectText(status.row, status.label, status.idNumber);
@@ -110,8 +123,16 @@ std::string LineFor(const Attempt& attempt) {
 }
 
 std::string LineForConflict(const Attempt& attempt) {
-  return "Another radio got the row, too: " + SubjectText(attempt.row, attempt.label, attempt.idNumber) +
-         ". Write one of them anew";
+  return "Two radios for a row, or two rows for a radio: " + SubjectText(attempt.row, attempt.label, attempt.idNumber) +
+         ", but " + attempt.text + ". Write one of them again";
+}
+
+std::string LineForPartlyWritten(const PortStatus& status) {
+  return PartlyWrittenWords + SubjectText(status.row, status.label, status.idNumber);
+}
+
+std::string LineForPartlyWritten(const Attempt& attempt) {
+  return PartlyWrittenWords + SubjectText(attempt.row, attempt.label, attempt.idNumber);
 }
 
 std::string LineForPending(std::size_t count) {

@@ -40,6 +40,16 @@ constexpr auto WriteAddresses = AddressesOf<66>({
     {0x300, 0x378}, // selective-call codes
     {0x3F0, 0x3F0}, // band
 });
+constexpr auto BackAddresses = AddressesOf<69>({
+    {0x000, 0x0F8}, // as WriteAddresses
+    {0x100, 0x110},
+    {0x130, 0x140},
+    {0x180, 0x198},
+    {0x1C0, 0x1E0},
+    {0x1F0, 0x208}, // with the identity number
+    {0x300, 0x378},
+    {0x3F0, 0x3F8}, // with the firmware version
+});
 constexpr auto IdentityAddresses = AddressesOf<6>({
     {0x1F0, 0x1F8}, // identity number
     {0x200, 0x208}, // write stamp
@@ -105,6 +115,7 @@ constexpr ReadCourse ShorterRead(Addresses addresses, void (*clear)(RadioImage&)
 }
 constexpr ReadCourse IdentityRead = ShorterRead(IdentityAddresses, ClearForReading);
 constexpr ReadCourse BackRead = ShorterRead(WriteAddresses, InvertBytes);
+constexpr ReadCourse BackReadWithIdentity = ShorterRead(BackAddresses, InvertBytes);
 
 constexpr ReadCourse InfoRead = {
     .transfer = Transfer::ReadInfo,
@@ -182,8 +193,8 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
   const std::optional<Identity> identity = WakeToWrite(line, course.pace);
   if (!identity) return close(Outcome::NoResponse);
   if (!identity->IsOfThisSeries()) return close(Outcome::WrongModel);
-  const bool isSameBand = std::ranges::equal(identity->Band(), std::span(image.BandBlock).first<4>());
-  if (course.comparesBand && !isSameBand && !observer.AcceptsOtherBand()) return close(Outcome::BandDeclined);
+  if (course.comparesBand && !IsSameBand(identity->Band(), image.BandBlock) && !observer.AcceptsOtherBand())
+    return close(Outcome::BandDeclined);
   if (!PrepareToWrite(line)) return close(Outcome::NoResponse);
 
   observer.Began(course.transfer, course.scale.maximum);
@@ -202,7 +213,21 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
   return close(Outcome::Complete);
 }
 
+ExchangeResult ReadBackBy(const ReadCourse& course, SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                          Speed speed) {
+  const RadioImage written = image;
+  ExchangeResult result = Read(course, line, image, observer, speed);
+  image.WriteStampBlock = written.WriteStampBlock;
+  image.EmbeddedInfoBlock = written.EmbeddedInfoBlock;
+  return result;
+}
+
 } // namespace
+
+bool IsSameBand(std::span<const std::uint8_t> a, std::span<const std::uint8_t> b) {
+  constexpr std::size_t BandBytes = 4;
+  return std::ranges::equal(a.first(BandBytes), b.first(BandBytes));
+}
 
 ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
   return Read(WholeRead, line, image, observer, speed);
@@ -216,12 +241,14 @@ ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserve
 
 ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
   const RadioImage written = image;
-  ExchangeResult result = Read(BackRead, line, image, observer, speed);
+  ExchangeResult result = ReadBackBy(BackRead, line, image, observer, speed);
   image.RadioIdBlock = written.RadioIdBlock;
-  image.WriteStampBlock = written.WriteStampBlock;
-  image.EmbeddedInfoBlock = written.EmbeddedInfoBlock;
   image.FirmwareVersionBlock = written.FirmwareVersionBlock;
   return result;
+}
+
+ExchangeResult ReadBackWithIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
+  return ReadBackBy(BackReadWithIdentity, line, image, observer, speed);
 }
 
 ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,

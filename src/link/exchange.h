@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 
 #include "radio_image.h"
@@ -32,6 +33,9 @@ struct ExchangeResult {
   std::string systemDescription; // for PortNotOpened; empty if the port failed after it was opened
 };
 
+// Compares what says the band in two BandBlocks, or in one and the answer to a wake-up.
+[[nodiscard]] bool IsSameBand(std::span<const std::uint8_t> a, std::span<const std::uint8_t> b);
+
 class ExchangeObserver {
 public:
   virtual ~ExchangeObserver() = default;
@@ -57,6 +61,9 @@ public:
 // Replaces what a write sends, but for the write stamp, by what the radio holds.
 [[nodiscard]] ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                       Speed speed = Speed::Prescribed);
+// The same, and in the same session identity number and firmware version: which radio it is that was read.
+[[nodiscard]] ExchangeResult ReadBackWithIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                                                  Speed speed = Speed::Prescribed);
 
 // Stamps the image with `now` just before the first record. The stamp stays even if the write fails.
 [[nodiscard]] ExchangeResult WriteRadio(SerialLine& line, RadioImage& image, const std::function<LocalTime()>& now,

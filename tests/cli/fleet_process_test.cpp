@@ -123,7 +123,7 @@ TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
              {ported + " --journal " + Path("rows.csv") + " --log " + Path("rows.csv"), 2, Path("rows.csv: no table")},
              {ported + " --journal mysql://a/b", 1, "mysql://a/b: A journal is a file or postgresql://"},
              {ported + " --journal sqlite:", 1, std::filesystem::current_path().string() + ": It is no journal.\n"},
-             {ported + " --journal " + file, 1, whole("a.K4X: file is not a database\n")},
+             {ported + " --journal " + file, 1, whole("a.K4X: It is no journal.\n  file is not a database\n")},
              {"fleet --ports 17 " + file, 2, "--ports: 17 is no port"},
              {"fleet " + file, 2, "--ports is required"},
              {"fleet --ports 1", 2, "TEMPLATE is required"},

@@ -9,6 +9,7 @@
 #include "pending_attempts.h"
 #include "port_worker.h"
 #include "simulated_radio.h"
+#include "text.h"
 #include "words.h"
 
 #include <gtest/gtest.h>
@@ -43,19 +44,23 @@ public:
     if (m_tables.rows.empty()) m_tables.rows = rows;
     return true;
   }
-  Claim ClaimRow(const std::string& /*plan*/, const std::string& bench, const std::string& id, bool endless) override {
+  Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override {
+    const std::string &id = attempt.idNumber, &bench = attempt.bench;
     const std::lock_guard guard(m_tables.mutex);
     if (m_tables.isLost) return {};
     auto& rows = m_tables.rows;
-    for (const JournalRow& row : rows)
-      if (row.state == RowState::Done && row.idNumber == id) return {Claim::Kind::DoneHere, row};
+    for (JournalRow& row : rows)
+      if (row.state == RowState::Done && row.idNumber == id) {
+        if (wish.takesDone) row.state = RowState::Taken, row.bench = bench;
+        return {wish.takesDone ? Claim::Kind::Taken : Claim::Kind::DoneHere, row};
+      }
     const auto freeFor = [&](const std::string& radio) {
       return std::ranges::find_if(
           rows, [&](const JournalRow& row) { return row.state == RowState::Free && row.radio == radio; });
     };
     auto found = freeFor(id);
     if (found == rows.end()) found = freeFor("");
-    if (found == rows.end() && endless)
+    if (found == rows.end() && wish.isEndless)
       found = rows.insert(rows.end(), JournalRow{rows.size() + 1, "", "", {}, "", ""});
     if (found == rows.end()) return {Claim::Kind::NoRow, {}};
     found->state = RowState::Taken;
@@ -67,23 +72,27 @@ public:
     if (m_tables.isLost) return Renewal::Lost;
     return m_tables.rows.at(row - 1).bench == bench ? Renewal::Kept : Renewal::TakenAway;
   }
-  std::optional<AttemptOutcome> Enter(const Attempt& attempt) override {
+  bool ReportAlive(const std::string& /*bench*/) override { return !m_tables.isLost; }
+  std::optional<Attempt> Enter(const Attempt& attempt) override {
     const std::lock_guard guard(m_tables.mutex);
     if (m_tables.isLost) return std::nullopt;
     for (const Attempt& known : m_tables.attempts)
-      if (known.key == attempt.key) return known.outcome;
+      if (known.key == attempt.key) return known;
     Attempt& entered = m_tables.attempts.emplace_back(attempt);
-    if (attempt.row == 0) return entered.outcome;
+    if (attempt.row == 0 || attempt.outcome == AttemptOutcome::DoneBefore) return entered;
     JournalRow& row = m_tables.rows.at(attempt.row - 1);
     if (row.state != RowState::Taken || row.bench != attempt.bench) {
-      if (entered.outcome == AttemptOutcome::Verified) entered.outcome = AttemptOutcome::Conflict;
-      return entered.outcome;
+      if (entered.outcome != AttemptOutcome::Verified) return entered;
+      entered.outcome = AttemptOutcome::Conflict;
+      entered.text = "radio " + row.idNumber + " holds the row";
+      return entered;
     }
     const bool isDone = attempt.outcome == AttemptOutcome::Verified;
     row.state = isDone ? RowState::Done : RowState::Free;
     row.idNumber = isDone ? attempt.idNumber : "";
+    row.stamp = isDone ? attempt.stamp : "";
     m_tables.done[attempt.row] += isDone ? 1 : 0;
-    return entered.outcome;
+    return entered;
   }
   std::optional<std::vector<JournalRow>> Rows(const std::string& /*plan*/) override {
     const std::lock_guard guard(m_tables.mutex);
@@ -119,6 +128,11 @@ struct Cable final : SerialPort, Clock {
   void Spoil(std::size_t address) {
     RadioMemory memory = m_radio->Memory();
     memory.at(address) ^= 1;
+    Attach(memory, false);
+  }
+  void Exchange(const std::string& idNumber) {
+    RadioMemory memory = m_radio->Memory();
+    SetIdentityNumber(memory, idNumber);
     Attach(memory, false);
   }
 
@@ -210,6 +224,7 @@ struct Fleet {
     settings.bench = "A";
     settings.backupFolder = folder + "/backup";
     settings.now = [this] { return LocalTime{2026, 11, 4, 9, m_keys / 60, m_keys % 60}; }; // a second for each attempt
+    settings.timestamp = [this] { return TimestampText(settings.now()) + 'Z'; };
     settings.sha256 = TestSha;
     settings.newKey = [this] { return std::to_string(++m_keys); };
     events.onStatus = [this](const PortStatus& status) {

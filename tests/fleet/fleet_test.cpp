@@ -15,6 +15,7 @@ const std::string TwoRows = "label,global.connect_id,embedded_info\nTruck 1,11,\
 TEST(FleetTest, GivesEachRadioItsRow) {
   Fleet fleet;
   fleet.UsePlan("label,radio,global.connect_id\nTruck 1,,11\nTruck 2,R-3,22\nTruck 3,,33\n");
+  fleet.settings.operatorName = "Ann";
   for (const char* const id : {"R-1", "R-2", "R-3"})
     fleet.AddRadio(id);
   fleet.Run();
@@ -26,8 +27,9 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   const Attempt& last = fleet.tables.attempts.back();
   // clang-format off
   const Attempt expected = {"3", fleet.plan.key, 2, "Truck 2", "R-3", "V1.02", "440 to 470 MHz", "COM1", "A",
-                            "2026-11-04 09:00:03", "2026-11-04 09:00:03", AttemptOutcome::Verified, "",
-                            fleet.folder + "/backup" + Separator + "R-3_20261104_090003.K4X", last.sha256};
+                            "2026-11-04 09:00:03Z", "2026-11-04 09:00:03Z", AttemptOutcome::Verified, "",
+                            fleet.folder + "/backup" + Separator + "R-3_20261104_090003.K4X", last.sha256,
+                            "20261104090003", "Ann"};
   // clang-format on
   EXPECT_EQ(last, expected);
 }
@@ -67,6 +69,9 @@ TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
 
 TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
   using enum PortState;
+  const auto isDone = [](Fleet& fleet, const std::string& stamp) {
+    fleet.tables.rows[1] = {2, "", "", RowState::Done, "B", "R-0", stamp};
+  };
   const auto vhf = [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xC0; };
   // clang-format off
   const struct {
@@ -96,9 +101,21 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
       {"another band", "g", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
       {"another band accepted", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
        [&](Fleet& fleet) { vhf(fleet), fleet.settings.acceptsOtherBand = true; }},
-      {"a row for another radio", "g", "", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
-      {"a radio with a row", "g", "", "DONE BEFORE, WAITING, FINISHED", 0, {},
-       {Identifying, [](Fleet& fleet) { fleet.tables.rows[1] = {2, "", "", RowState::Done, "B", "R-0"}; }}},
+      {"a row for another radio", "g", "no row", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
+      {"a radio with a row", "g", "done before", "IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0, {},
+       {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
+      {"a radio with a row, programmed again since", "g", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
+       {}, {Identifying, [=](Fleet& fleet) { isDone(fleet, "20260101000000"); }}},
+      {"the same, and the whole is compared", "g", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
+       [](Fleet& fleet) { fleet.settings.comparesDone = true; },
+       {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
+      {"the same, and it is written again", "g", "verified", "VERIFYING, TAKE OFF, WAITING, FINISHED", 0,
+       [](Fleet& fleet) { fleet.settings.rewritesDone = true; }, {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
+      {"a radio with a row whose stamp is unknown, and what it should hold", "g", "done before",
+       "VERIFYING, DONE BEFORE, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("label\na\nb\n"); },
+       {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
+      {"another radio than the one that was backed up", "g", "failed", "VERIFYING, FAILED, WAITING, FINISHED", 0,
+       {}, {Writing, [](Fleet& fleet) { fleet.cables[0].Exchange("R-9"); }}},
       {"no port at first", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
        [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; },
        {NoPort, [](Fleet& fleet) { fleet.cables[0].openFailure.reset(); }}},
@@ -150,7 +167,7 @@ TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
   fleet.when = {PortState::BackingUp, [](Fleet& lost) { lost.tables.isLost = true; }};
   fleet.stopsWithoutRadios = false;
   std::string conflict;
-  fleet.events.onConflict = [&](const Attempt& attempt) { conflict = attempt.label + ' ' + attempt.idNumber; };
+  fleet.events.onConflict = [&](const Attempt& attempt) { conflict = LineForConflict(attempt); };
   fleet.events.onStatus = [&, show = fleet.events.onStatus](const PortStatus& status) {
     show(status);
     if (status.state != PortState::NoJournal) return;
@@ -161,7 +178,8 @@ TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
   const std::string way = "IDENTIFYING, BACKUP, WRITING, VERIFYING, TAKE OFF, ";
   EXPECT_EQ(fleet.States(), "WAITING, " + way + "WAITING, IDENTIFYING, NO JOURNAL, WAITING, " + way + "FINISHED");
   EXPECT_EQ(fleet.Outcomes(), "conflict, verified");
-  EXPECT_EQ(conflict, "Truck 1 R-1");
+  EXPECT_EQ(conflict, "Two radios for a row, or two rows for a radio: row 1, Truck 1, radio R-1, but radio R-9 holds "
+                      "the row. Write one of them again");
   EXPECT_TRUE(fleet.Holds("R-1", 1) && fleet.Holds("R-2", 2));
 }
 
@@ -199,7 +217,7 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
 TEST(FleetTest, AnEntryThatThrowsIsHandedInLater) {
   struct ThrowingJournal final : MemoryJournal {
     using MemoryJournal::MemoryJournal;
-    std::optional<AttemptOutcome> Enter(const Attempt& attempt) override {
+    std::optional<Attempt> Enter(const Attempt& attempt) override {
       if (throws) throw std::bad_alloc();
       return MemoryJournal::Enter(attempt);
     }

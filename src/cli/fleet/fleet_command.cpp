@@ -43,9 +43,13 @@ bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& p
   return false;
 }
 
-ExitStatus NoAnswer(const std::string& address, const std::string& reason, Terminal& terminal) {
-  terminal.err << address << ": " << reason << '\n';
+ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal) {
+  terminal.err << WithoutPassword(address) << ": " << failure.error << '\n';
+  if (!failure.details.empty()) terminal.err << "  " << failure.details << '\n';
   return ExitStatus::Failed;
+}
+ExitStatus NoAnswer(const std::string& address, const Journal& journal, Terminal& terminal) {
+  return NoAnswer(address, {journal.Error(), journal.Details()}, terminal);
 }
 
 struct FleetEnd {
@@ -62,7 +66,10 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
     if (tally.Record(status)) terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
     if (tally.HasEnded()) loop.quit();
   };
-  const auto printConflict = [&](const Attempt& attempt) { terminal.out << LineForConflict(attempt) << std::endl; };
+  const auto printConflict = [&](const Attempt& attempt) {
+    tally.RecordConflict();
+    terminal.out << LineForConflict(attempt) << std::endl;
+  };
   // What comes from the ports' threads is printed in this one.
   const auto inLoop = [&loop](auto function) { QMetaObject::invokeMethod(&loop, function, Qt::QueuedConnection); };
   FleetSession session(
@@ -78,11 +85,14 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
   terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed() << '\n';
+  for (const auto& [idNumber, status] : tally.PartlyWritten())
+    terminal.out << LineForPartlyWritten(status) << '\n';
   const std::size_t pending = session.PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan.isEndless && choice.count < 0;
   const bool isComplete = isOpenEnded ? tally.Failed() == 0 : session.IsComplete();
-  return {isComplete && pending == 0, session.BenchName()};
+  const bool isGood = pending == 0 && !tally.HasConflict() && tally.PartlyWritten().empty();
+  return {isComplete && isGood, session.BenchName()};
 }
 
 } // namespace
@@ -96,15 +106,17 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
     terminal.err << problem << '\n';
   if (!problems.empty()) return ExitStatus::UnusableArguments;
   const std::string address = JournalOf(choice);
-  if (const auto reason = EnterPlan(address, plan)) return NoAnswer(address, *reason, terminal);
+  const auto onWait = [&] { terminal.err << WaitsForBenchText << std::endl; };
+  if (const auto failure = EnterPlan(address, plan, onWait)) return NoAnswer(address, *failure, terminal);
 
   const FleetEnd end = RunBench(files, settingsFile, plan, choice, terminal);
   if (!arguments.logFile.empty()) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);
-    if (!attempts) return NoAnswer(address, journal->Error(), terminal);
+    if (!attempts) return NoAnswer(address, *journal, terminal);
     std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.bench != end.bench; });
-    const ExitStatus stored = StoreTextForCommand(files, arguments.logFile, AttemptsCsv(*attempts), terminal);
+    const ExitStatus stored =
+        StoreTextForCommand(files, arguments.logFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
     if (stored != ExitStatus::Done) return stored;
   }
   return end.isComplete ? EndOutput(terminal) : ExitStatus::Failed;
@@ -118,14 +130,18 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
-  if (!attempts) return NoAnswer(address, journal->Error(), terminal);
+  if (!attempts) return NoAnswer(address, *journal, terminal);
   if (!arguments.csvFile.empty())
-    return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts), terminal);
+    return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
   std::set<std::string> plans;
   for (const Attempt& attempt : *attempts)
     plans.insert(attempt.plan);
-  for (const Attempt& attempt : *attempts)
-    terminal.out << (plans.size() > 1 ? "plan " + attempt.plan.substr(0, 8) + ": " : "") << LineFor(attempt) << '\n';
+  for (Attempt shown : *attempts) {
+    shown.start = LocalTimestamp(shown.start);
+    terminal.out << (plans.size() > 1 ? "plan " + shown.plan.substr(0, 8) + ": " : "") << LineFor(shown) << '\n';
+  }
+  for (const Attempt& attempt : PartlyWritten(*attempts))
+    terminal.out << LineForPartlyWritten(attempt) << '\n';
   return EndOutput(terminal);
 }
 

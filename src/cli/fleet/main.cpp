@@ -48,6 +48,11 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
          "where the radios' old configurations are kept; else backups, beside TEMPLATE");
   fleet->add_flag("--quick", choice.isQuick, "leave out the pauses between records, until the radio needs them");
   fleet->add_flag("--accept-band", choice.acceptsOtherBand, "write radios of another frequency band, too");
+  fleet->add_flag("--compare-done", choice.comparesDone,
+                  "compare all that radios hold that are done, not only their time of programming");
+  fleet->add_flag("--rewrite-done", choice.rewritesDone,
+                  "write radios again that are done, but hold something else; otherwise they are set aside");
+  option(fleet, "--operator", choice.operatorName, "NAME", "who is at the bench, for the journal");
   option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
   fleet->final_callback([&arguments, journal, onFleet] {
     if (journal->parsed()) return;

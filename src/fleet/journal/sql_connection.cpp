@@ -4,22 +4,26 @@
 #include "paths.h"
 
 #include <QFile>
+#include <QSqlDriver>
 #include <QSqlError>
+#include <QSqlField>
 #include <QUrl>
 #include <QUrlQuery>
 #include <QUuid>
 
 #include <filesystem>
 
+#include <algorithm>
+
 namespace mr4500x {
 namespace {
 
 // Limits how long an unreachable server, or a bench stuck in a transaction, can block the others.
 constexpr char ServerOptions[] = "connect_timeout=3;tcp_user_timeout=5000;"
-                                 "options='-c lock_timeout=5000 -c idle_in_transaction_session_timeout=5000"
+                                 "options='-c lock_timeout=3000 -c idle_in_transaction_session_timeout=5000"
                                  " -c client_min_messages=error'";
 constexpr char FileOptions[] = "QSQLITE_BUSY_TIMEOUT=5000";
-constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_READONLY";
+constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_URI";
 constexpr char FrozenFileOptions[] = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
 
 constexpr std::uint64_t SmallestDatabase = 512; // bytes; SQLite would take a file of one byte for an empty one
@@ -32,8 +36,32 @@ bool IsServer(const std::string& address) {
   return address.find("://") != std::string::npos;
 }
 
-QString ReasonOf(const QSqlError& error) {
-  return error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+QString UriOf(const std::string& file, const char* query) {
+  return "file:" + QUrl::toPercentEncoding(QString::fromStdString(file), "/") + QLatin1String(query);
+}
+
+// The statement with the values in the places of their names, which are outside its quotes.
+QString WithValues(const QSqlDatabase& database, const QString& statement, const Values& values) {
+  QString filled;
+  bool isQuoted = false;
+  for (qsizetype at = 0; at < statement.size(); ++at) {
+    if (statement[at] == '\'') isQuoted = !isQuoted;
+    qsizetype end = at + 1;
+    while (end < statement.size() && (statement[end].isLetterOrNumber() || statement[end] == '_'))
+      ++end;
+    const auto named = isQuoted || statement[at] != ':'
+                           ? values.end()
+                           : std::ranges::find(values, statement.mid(at, end - at), &Values::value_type::first);
+    if (named == values.end()) {
+      filled += statement[at];
+      continue;
+    }
+    QSqlField field({}, named->second.metaType());
+    field.setValue(named->second);
+    filled += database.driver()->formatValue(field);
+    at = end - 1;
+  }
+  return filled;
 }
 
 } // namespace
@@ -45,16 +73,19 @@ std::string FileOfJournal(const std::string& address) {
   return file.empty() ? "." : file; // SQLite would take an empty path for a file that lasts as long as the connection
 }
 
-SqlConnection::SqlConnection(const std::string& address, JournalUse use)
+SqlConnection::SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayCommit)
     : m_address(address), m_file(FileOfJournal(address)), m_use(use),
-      m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_dialect(IsServer(address) ? PostgreSql : Sqlite) {
+      m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_dialect(IsServer(address) ? PostgreSql : Sqlite),
+      m_mayCommit(std::move(mayCommit)) {
   if (!QSqlDatabase::isDriverAvailable(m_dialect.driver)) return; // reported when it is needed
   QSqlDatabase database = QSqlDatabase::addDatabase(m_dialect.driver, m_name);
   if (IsServer(address)) {
     UseServer(database);
   } else {
-    database.setDatabaseName(QString::fromStdString(m_file));
-    database.setConnectOptions(use == JournalUse::List ? FileOptionsToList : FileOptions);
+    // Even to list it, it is opened for writing where it may be: else the files beside it would stay.
+    const bool isListed = use == JournalUse::List;
+    database.setDatabaseName(isListed ? UriOf(m_file, "?mode=rw") : QString::fromStdString(m_file));
+    database.setConnectOptions(isListed ? FileOptionsToList : FileOptions);
   }
 }
 
@@ -79,6 +110,7 @@ bool SqlConnection::Open() {
   if (!CheckFile()) return false;
   if (Database().isOpen()) return true;
   if (!OpenDatabase() || !UpgradeSchema()) return false;
+  if (m_use == JournalUse::List && !m_file.empty() && !Run("PRAGMA query_only = 1")) return false;
   return CheckFile(); // what it is now
 }
 
@@ -88,17 +120,17 @@ bool SqlConnection::OpenDatabase() {
     return Fail(QStringLiteral("A journal is a file or postgresql://user@host:port/database."));
   if (!database.isValid())
     return Fail(QStringLiteral("Qt's driver %1 is missing (Debian: %2).").arg(m_dialect.driver, m_dialect.package));
-  if (!database.open()) return Fail(ReasonOf(database.lastError()));
+  if (!database.open()) return Fail(database.lastError());
   if (m_use == JournalUse::Enter)
     for (const char* const statement : m_dialect.onConnect)
       static_cast<void>(Run(statement));
   else if (!m_file.empty() && !Run("SELECT 1 FROM sqlite_master")) {
-    if (QFile::exists(database.databaseName() + "-wal")) return false;
+    if (QFile::exists(QString::fromStdString(m_file + "-wal"))) return false;
     // Where nothing can be written beside it, the file of a journal that no bench has open can be read all the same.
-    database.setDatabaseName("file:" + QUrl::toPercentEncoding(database.databaseName(), "/") + "?immutable=1");
+    database.setDatabaseName(UriOf(m_file, "?immutable=1"));
     database.setConnectOptions(FrozenFileOptions);
   }
-  return database.isOpen() || database.open() || Fail(ReasonOf(database.lastError()));
+  return database.isOpen() || database.open() || Fail(database.lastError());
 }
 
 // What goes to a file that has been moved or deleted is lost, and another one in its place knows nothing of the rows.
@@ -120,16 +152,18 @@ bool SqlConnection::CheckFile() {
 
 bool SqlConnection::UpgradeSchema() {
   std::optional<int> version = SchemaVersion();
+  m_isEmpty = version == 0 && m_use == JournalUse::List;
+  if (m_isEmpty) return true;
   if (version && *version < KnownVersion())
     version = InTransaction([&] { return UpgradeOnce(); }) ? SchemaVersion() : std::nullopt;
   return version && (*version <= KnownVersion() || Fail("The journal is one of a later version of this program."));
 }
 
-// 0 for a new database; nullopt if it is not a journal, or does not answer.
+// 0 for a new database, which is a new journal; nullopt if it is not a journal, or does not answer.
 std::optional<int> SqlConnection::SchemaVersion() {
   const QStringList tables = Database().tables();
   if (!tables.contains("fleet_schema")) {
-    const bool mayBegin = m_use == JournalUse::Enter && (m_file.empty() || tables.isEmpty());
+    const bool mayBegin = tables.isEmpty() || (m_use == JournalUse::Enter && m_file.empty());
     if (!mayBegin) Fail("It is no journal.");
     return mayBegin ? std::optional(0) : std::nullopt;
   }
@@ -152,31 +186,55 @@ bool SqlConnection::UpgradeOnce() {
 }
 
 bool SqlConnection::Fail(const QString& error) {
-  m_error = error.isEmpty() ? "The database does not answer." : error.simplified().toStdString();
+  m_error = error.toStdString();
+  m_details.clear();
+  m_failure = SqlFailure::Other;
   Database().close();
   return false;
 }
 
+bool SqlConnection::Fail(const QSqlError& error) {
+  const auto [failure, words] = WordsFor(error, m_file.empty());
+  Fail(QString::fromLatin1(words));
+  m_failure = failure;
+  const QString details = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+  m_details = details.simplified().toStdString();
+  return false;
+}
+
 bool SqlConnection::InTransaction(const std::function<bool()>& steps) {
-  return Run(m_dialect.begin) && steps() && Run("COMMIT") && CheckFile();
+  return Run(m_dialect.begin) && steps() && (m_mayCommit() || Fail(QSqlError())) && Run("COMMIT") && CheckFile();
 }
 
 std::optional<QSqlQuery> SqlConnection::Run(const QString& statement, const Values& values) {
+  return RunAll({statement}, values);
+}
+
+std::optional<QSqlQuery> SqlConnection::RunAll(const QStringList& statements, const Values& values) {
+  QStringList filled;
+  for (const QString& statement : statements)
+    filled.append(WithValues(Database(), StatementFor(m_dialect, statement), values));
+  if (m_dialect.takesSeveral) return Execute(filled.join(QLatin1Char(';')), static_cast<int>(filled.size()));
+  std::optional<QSqlQuery> query;
+  for (const QString& sql : filled) {
+    query = Execute(sql, 1);
+    if (!query) break;
+  }
+  return query;
+}
+
+std::optional<QSqlQuery> SqlConnection::Execute(const QString& sql, int results) {
   if (!Database().isOpen()) { // the driver has seen that the server is gone
-    Fail({});
+    Fail(QSqlError());
     return std::nullopt;
   }
   std::optional<QSqlQuery> query(std::in_place, Database());
   query->setForwardOnly(true);
-  const QString sql = StatementFor(m_dialect, statement);
-  bool isDone = values.empty() ? query->exec(sql) : query->prepare(sql);
-  if (isDone && !values.empty()) {
-    for (const auto& [name, value] : values)
-      if (sql.contains(name)) query->bindValue(name, value);
-    isDone = query->exec();
-  }
+  bool isDone = query->exec(sql);
+  for (int i = 1; isDone && i < results; ++i)
+    isDone = query->nextResult();
   if (isDone) return query;
-  const QString error = ReasonOf(query->lastError());
+  const QSqlError error = query->lastError();
   query.reset();
   Fail(error);
   return std::nullopt;

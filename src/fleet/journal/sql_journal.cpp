@@ -2,11 +2,13 @@
 
 #include "attempt_records.h"
 #include "sql_connection.h"
+#include "timed_journal.h"
 
 #include <QCryptographicHash>
 #include <QUuid>
 
 #include <algorithm>
+#include <span>
 
 namespace mr4500x {
 namespace {
@@ -27,11 +29,20 @@ AttemptOutcome OutcomeIn(const QString& name) {
   return OutcomeStoredAs(name.toStdString()).value_or(AttemptOutcome::Conflict);
 }
 
-QString ColumnList(const QString& before) {
+QString ColumnList(const QString& before = {}) {
   QString columns = before + "number, " + before + "outcome";
   for (const AttemptColumn& column : AttemptColumns)
     columns += ", " + before + column.name;
   return columns;
+}
+
+Values ValuesOf(const Attempt& attempt) {
+  Values values = {{":id", WithoutTrailingBlanks(attempt.idNumber)},
+                   {":number", QVariant::fromValue(attempt.row)},
+                   {":outcome", Text(StoredName(attempt.outcome))}};
+  for (const AttemptColumn& column : AttemptColumns)
+    values.emplace_back(QString(":") + column.name, Text(attempt.*column.text));
+  return values;
 }
 
 JournalRow RowIn(const QSqlQuery& query) {
@@ -44,6 +55,7 @@ JournalRow RowIn(const QSqlQuery& query) {
   if (row.state == RowState::Free) return row; // a silent bench has it no longer
   row.bench = query.value(4).toString().toStdString();
   row.idNumber = query.value(5).toString().toStdString();
+  row.stamp = query.value(6).toString().toStdString();
   return row;
 }
 
@@ -57,41 +69,71 @@ Attempt AttemptIn(const QSqlQuery& query) {
   return attempt;
 }
 
+constexpr char RowColumns[] = "number, label, radio, CASE WHEN {isFree} THEN 'free' ELSE state END, bench, id_number,"
+                              " stamp";
+constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench, {now})"
+                         " ON CONFLICT (bench) DO UPDATE SET heard = excluded.heard";
+constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = ''"
+                           " WHERE plan = :plan AND state = 'taken' AND ";
+
+// A claim that this journal still has, and an attempt that its port has begun, come from a call whose answer was lost:
+// nothing was written. What a silent bench has of the radio is given up.
+const QStringList BeforeClaim = {
+    Heard, // locks the bench's entry, so a call that was given up is over before the next
+    "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
+    " WHERE outcome = 'begun' AND bench = :bench AND port = :port",
+    QString(SetFree) + "claim = :claim", QString(SetFree) + "id_number = :id AND {isSilent}"};
+constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = ''"
+                            " WHERE plan = :plan AND state = 'done' AND id_number = :id";
+// The plan's lock keeps two benches from making the same row.
+const QStringList MakeRow = {
+    "SELECT plan FROM fleet_plan WHERE plan = :plan{lock}",
+    "INSERT INTO fleet_row (plan, number) SELECT :plan, coalesce(max(number), 0) + 1 FROM fleet_row WHERE plan = :plan"
+    " HAVING NOT EXISTS (SELECT 1 FROM fleet_row WHERE plan = :plan AND"
+    " (radio IN ('', :id) AND {isFree} OR id_number = :id AND state <> 'free'))"};
+// The radio's number may also be at another port, or its bench has died and may have written it. The row is asked once
+// more: what was selected may be older than its lock.
+constexpr char TakeFree[] =
+    "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = ''"
+    " WHERE plan = :plan AND {isFree} AND number ="
+    " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
+    " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
+    " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
+    " AND held.state <> 'free') ORDER BY number LIMIT 1{skip})";
+const QString EnterBegun = "INSERT INTO fleet_attempt (" + ColumnList() +
+                           ") SELECT number, 'begun', :started, '', label, :id_number, :firmware, :band, :port, :bench,"
+                           " '', '', '', plan, :attempt_key, '', :operator_name FROM fleet_row"
+                           " WHERE plan = :plan AND state = 'taken' AND claim = :claim"
+                           " ON CONFLICT (attempt_key) DO UPDATE SET number = excluded.number,"
+                           " label = excluded.label, outcome = 'begun'";
+const QString SelectClaim = QString("SELECT ") + RowColumns +
+                            ", claim = :claim FROM fleet_row WHERE plan = :plan AND id_number = :id"
+                            " AND state <> 'free'";
+
 class SqlJournal final : public Journal {
 public:
-  SqlJournal(const std::string& address, JournalUse use) : m_database(address, use) {}
+  SqlJournal(const std::string& address, JournalUse use, const std::string& claimName, std::function<bool()> mayCommit)
+      : m_database(address, use, std::move(mayCommit)), m_claimName(Text(claimName)) {}
 
   bool Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) override;
-  Claim ClaimRow(const std::string& plan, const std::string& bench, const std::string& idNumber, bool endless) override;
+  Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override;
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
-  std::optional<AttemptOutcome> Enter(const Attempt& attempt) override;
+  std::optional<Attempt> Enter(const Attempt& attempt) override;
+  bool ReportAlive(const std::string& bench) override;
   std::optional<std::vector<JournalRow>> Rows(const std::string& plan) override;
   std::optional<std::vector<Attempt>> Attempts(const std::string& plan) override;
   std::string Error() const override { return m_database.Error(); }
+  std::string Details() const override { return m_database.Details(); }
+  bool IsBusy() const override { return m_database.IsBusy(); }
 
 private:
-  [[nodiscard]] std::optional<std::vector<JournalRow>> SelectRows(const QString& condition, const Values& values);
-
-  [[nodiscard]] bool ClaimIn(Claim& claim, bool endless, const Values& values);
-  [[nodiscard]] bool ClaimFirst(Claim& claim, const char* condition, Values values);
-  [[nodiscard]] bool EnterOnce(const Attempt& attempt, AttemptOutcome& outcome);
-  [[nodiscard]] bool FinishRow(AttemptOutcome& outcome, const Values& values);
+  [[nodiscard]] bool InsertRows(const std::string& plan, const std::vector<JournalRow>& rows);
+  [[nodiscard]] bool EnterOnce(Attempt& attempt);
+  [[nodiscard]] bool FinishRow(Attempt& attempt, const Values& values);
 
   SqlConnection m_database;
+  const QString m_claimName; // unlike any other journal's
 };
-
-std::optional<std::vector<JournalRow>> SqlJournal::SelectRows(const QString& condition, const Values& values) {
-  auto query =
-      m_database.Run("SELECT number, label, radio, CASE WHEN {isFree} THEN 'free' ELSE state END, bench, id_number"
-                     " FROM fleet_row WHERE plan = :plan " +
-                         condition,
-                     values);
-  if (!query) return std::nullopt;
-  std::vector<JournalRow> rows;
-  while (query->next())
-    rows.push_back(RowIn(*query));
-  return rows;
-}
 
 bool SqlJournal::Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) {
   return m_database.Open() && m_database.InTransaction([&] {
@@ -99,153 +141,142 @@ bool SqlJournal::Begin(const std::string& plan, const std::string& name, const s
         m_database.Change("INSERT INTO fleet_plan (plan, name) VALUES (:plan, :name) ON CONFLICT DO NOTHING",
                           {{":plan", Text(plan)}, {":name", Text(name)}});
     if (!added || *added == 0) return added.has_value(); // its rows came with it
-    return std::ranges::all_of(rows, [&](const JournalRow& row) {
-      return m_database
-          .Run("INSERT INTO fleet_row (plan, number, label, radio) VALUES (:plan, :number, :label, :radio)",
-               {{":plan", Text(plan)},
-                {":number", QVariant::fromValue(row.row)},
-                {":label", Text(row.label)},
-                {":radio", WithoutTrailingBlanks(row.radio)}})
-          .has_value();
-    });
+    return rows.empty() || InsertRows(plan, rows);
   });
 }
 
-constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench, {now})"
-                         " ON CONFLICT (bench) DO UPDATE SET heard = excluded.heard";
-constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = ''"
-                           " WHERE plan = :plan AND state = 'taken' AND ";
+// All in one round trip. The texts are quoted here, as there is no list of names for so many.
+bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRow>& rows) {
+  constexpr std::size_t RowsInAStatement = 500;
+  const auto quoted = [](QString text) { return QLatin1Char('\'') + text.replace('\'', "\'\'") + QLatin1Char('\''); };
+  QStringList statements;
+  for (std::size_t first = 0; first < rows.size(); first += RowsInAStatement) {
+    QStringList lines;
+    for (const JournalRow& row : std::span(rows).subspan(first, std::min(RowsInAStatement, rows.size() - first)))
+      lines.append("(:plan, " + QString::number(row.row) + ", " + quoted(Text(row.label)) + ", " +
+                   quoted(WithoutTrailingBlanks(row.radio)) + ')');
+    statements.append("INSERT INTO fleet_row (plan, number, label, radio) VALUES " + lines.join(QLatin1Char(',')));
+  }
+  return m_database.RunAll(statements, {{":plan", Text(plan)}}).has_value();
+}
 
-Claim SqlJournal::ClaimRow(const std::string& plan, const std::string& bench, const std::string& idNumber,
-                           bool endless) {
+Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {
+  Values values = ValuesOf(attempt);
+  values.emplace_back(":claim", m_claimName);
+  QStringList statements = BeforeClaim;
+  if (wish.takesDone) statements += TakeDone;
+  if (wish.isEndless) statements += MakeRow;
+  statements << TakeFree << EnterBegun << SelectClaim;
   Claim claim;
-  const Values values = {{":id", WithoutTrailingBlanks(idNumber)},
-                         {":plan", Text(plan)},
-                         {":bench", Text(bench)},
-                         {":claim", m_database.Name()}};
-  if (!m_database.Open() || !m_database.InTransaction([&] { return ClaimIn(claim, endless, values); })) return {};
-  return claim;
-}
-
-bool SqlJournal::ClaimIn(Claim& claim, bool endless, const Values& values) {
-  claim = {Claim::Kind::NoRow, {}};
-  // A claim that this journal still has comes from a call whose answer was lost.
-  if (!m_database.Run(Heard, values) || !m_database.Run(QString(SetFree) + "claim = :claim", values)) return false;
-  if (!values.front().second.toString().isEmpty()) {
-    const auto done = SelectRows("AND state = 'done' AND id_number = :id ORDER BY number LIMIT 1", values);
-    const auto named = done ? SelectRows("AND radio = :id", values) : std::nullopt;
-    if (!named) return false;
-    if (!done->empty()) claim = {Claim::Kind::DoneHere, done->front()};
-    if (!done->empty()) return true;
-    // The number is also at another port, or its bench has died and may have written it.
-    const auto held = SelectRows("AND state = 'taken' AND NOT {isFree} AND id_number = :id", values);
-    if (!held || !held->empty()) return held.has_value();
-    if (!named->empty()) return ClaimFirst(claim, "AND radio = :id AND {isFree}{lock}", values);
-  }
-  constexpr char FirstFree[] = "AND radio = '' AND {isFree} ORDER BY number LIMIT 1{skip}";
-  if (!ClaimFirst(claim, FirstFree, values)) return false;
-  if (claim.kind == Claim::Kind::Taken || !endless) return true;
-  // The plan's lock keeps two benches from making the same row.
-  return m_database.Run("SELECT plan FROM fleet_plan WHERE plan = :plan{lock}", values) &&
-         m_database.Run("INSERT INTO fleet_row (plan, number)"
-                        " SELECT :plan, coalesce(max(number), 0) + 1 FROM fleet_row WHERE plan = :plan",
-                        values) &&
-         ClaimFirst(claim, FirstFree, values);
-}
-
-bool SqlJournal::ClaimFirst(Claim& claim, const char* condition, Values values) {
-  values.emplace_back(":number", 0);
-  for (;;) {
-    const auto rows = SelectRows(condition, values);
-    if (!rows || rows->empty()) return rows.has_value();
-    values.back().second = QVariant::fromValue(rows->front().row);
-    // What was selected may be older than its lock, so it is asked again. Another bench may have been faster.
-    const auto taken =
-        m_database.Change("UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id"
-                          " WHERE plan = :plan AND number = :number AND {isFree}",
-                          values);
-    if (!taken) return false;
-    if (*taken == 0) continue;
-    claim = {Claim::Kind::Taken, rows->front()};
-    claim.row.state = RowState::Taken;
+  const auto take = [&] {
+    auto query = m_database.RunAll(statements, values);
+    if (!query) return false;
+    claim.kind = Claim::Kind::NoRow;
+    if (!query->next()) return true;
+    constexpr int IsMine = 7; // the column after the row's
+    claim.row = RowIn(*query);
+    if (claim.row.state == RowState::Done) claim.kind = Claim::Kind::DoneHere;
+    if (claim.row.state == RowState::Taken && query->value(IsMine).toBool()) claim.kind = Claim::Kind::Taken;
     return true;
+  };
+  // Two ports may have claimed rows for one number at once. The second time, this one sees what the other has.
+  for (int tries = 0; tries < 2; ++tries) {
+    if (m_database.Open() && m_database.InTransaction(take)) return claim;
+    if (!m_database.IsDouble()) break;
   }
+  return {};
+}
+
+bool SqlJournal::ReportAlive(const std::string& bench) {
+  return m_database.Open() && m_database.Run(Heard, {{":bench", Text(bench)}});
 }
 
 Renewal SqlJournal::Renew(const std::string& plan, std::size_t row, const std::string& bench) {
   const Values values = {{":plan", Text(plan)}, {":number", QVariant::fromValue(row)}, {":bench", Text(bench)}};
   bool isKept = false;
   const auto isHeld = [&] {
-    auto query =
-        m_database.Run("SELECT number FROM fleet_row WHERE plan = :plan AND number = :number AND state = 'taken'"
-                       " AND bench = :bench{lock}",
-                       values);
+    auto query = m_database.RunAll(
+        {Heard, "SELECT number FROM fleet_row WHERE plan = :plan AND number = :number AND state = 'taken'"
+                " AND bench = :bench{lock}"},
+        values);
     isKept = query && query->next();
     return query.has_value();
   };
-  if (!m_database.Open() || !m_database.InTransaction([&] { return m_database.Run(Heard, values) && isHeld(); }))
-    return Renewal::Lost;
+  if (!m_database.Open() || !m_database.InTransaction(isHeld)) return Renewal::Lost;
   return isKept ? Renewal::Kept : Renewal::TakenAway;
 }
 
-std::optional<AttemptOutcome> SqlJournal::Enter(const Attempt& attempt) {
-  AttemptOutcome outcome = attempt.outcome;
-  if (!m_database.Open() || !m_database.InTransaction([&] { return EnterOnce(attempt, outcome); })) return std::nullopt;
-  return outcome;
+std::optional<Attempt> SqlJournal::Enter(const Attempt& attempt) {
+  Attempt entered = attempt;
+  if (!m_database.Open() || !m_database.InTransaction([&] { return EnterOnce(entered); })) return std::nullopt;
+  return entered;
 }
 
-bool SqlJournal::EnterOnce(const Attempt& attempt, AttemptOutcome& outcome) {
-  Values values = {{":id", WithoutTrailingBlanks(attempt.idNumber)}, {":number", QVariant::fromValue(attempt.row)}};
-  for (const AttemptColumn& column : AttemptColumns)
-    values.emplace_back(QString(":") + column.name, Text(attempt.*column.text));
-  auto earlier = m_database.Run("SELECT outcome FROM fleet_attempt WHERE attempt_key = :attempt_key", values);
+bool SqlJournal::EnterOnce(Attempt& attempt) {
+  auto earlier = m_database.Run("SELECT " + ColumnList() + " FROM fleet_attempt WHERE attempt_key = :attempt_key",
+                                ValuesOf(attempt));
   if (!earlier) return false;
-  if (earlier->next()) {
-    outcome = OutcomeIn(earlier->value(0).toString());
+  const bool isKnown = earlier->next();
+  if (isKnown && OutcomeIn(earlier->value(1).toString()) != AttemptOutcome::Begun) {
+    attempt = AttemptIn(*earlier);
     return true;
   }
-  if (!FinishRow(outcome, values)) return false;
-  values.emplace_back(":outcome", Text(StoredName(outcome)));
-  return m_database.Run("INSERT INTO fleet_attempt (" + ColumnList("") + ") VALUES (" + ColumnList(":") + ')', values)
-      .has_value();
+  if (!FinishRow(attempt, ValuesOf(attempt))) return false;
+  constexpr char Finish[] = "UPDATE fleet_attempt SET outcome = :outcome, ended = :ended, said = :said,"
+                            " backup = :backup, sha256 = :sha256, stamp = :stamp WHERE attempt_key = :attempt_key";
+  const QString insert = "INSERT INTO fleet_attempt (" + ColumnList() + ") VALUES (" + ColumnList(":") + ')';
+  return m_database.Run(isKnown ? Finish : insert, ValuesOf(attempt)).has_value();
 }
 
-bool SqlJournal::FinishRow(AttemptOutcome& outcome, const Values& values) {
-  if (outcome == AttemptOutcome::Verified) {
-    // In the meantime the row may have got another radio, or the radio another row.
-    auto other = m_database.Run("SELECT number FROM fleet_row WHERE plan = :plan AND number = :number{lock}", values);
-    if (other)
-      other =
-          m_database.Run("SELECT number FROM fleet_row WHERE plan = :plan AND state = 'done'"
-                         " AND (number = :number OR id_number = :id) AND NOT (number = :number AND id_number = :id)",
-                         values);
-    if (!other) return false;
-    if (!other->next())
-      return m_database
-          .Run("UPDATE fleet_row SET state = 'done', bench = :bench, claim = '', id_number = :id"
-               " WHERE plan = :plan AND number = :number",
-               values)
-          .has_value();
-    outcome = AttemptOutcome::Conflict;
+bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
+  const QString release = QString(SetFree) + "number = :number AND bench = :bench AND id_number = :id";
+  if (attempt.outcome != AttemptOutcome::Verified) return m_database.Run(release, values).has_value();
+  // In the meantime the row may have got another radio, or the radio another row.
+  auto other =
+      m_database.RunAll({"SELECT number FROM fleet_row WHERE plan = :plan AND number = :number{lock}",
+                         "SELECT number, id_number FROM fleet_row WHERE plan = :plan AND state = 'done'"
+                         " AND (number = :number OR id_number = :id) AND NOT (number = :number AND id_number = :id)"
+                         " ORDER BY CASE WHEN number = :number THEN 0 ELSE 1 END"},
+                        values);
+  if (!other) return false;
+  if (other->next()) {
+    const std::string number = other->value(0).toString().toStdString();
+    attempt.outcome = AttemptOutcome::Conflict;
+    attempt.text = other->value(1).toString() == values.front().second.toString()
+                       ? "this radio's number is done with row " + number
+                       : "radio " + other->value(1).toString().toStdString() + " holds the row";
+    return m_database.Run(release, values).has_value();
   }
-  return m_database.Run(QString(SetFree) + "number = :number AND bench = :bench AND id_number = :id", values)
+  return m_database
+      .RunAll({QString(SetFree) + "id_number = :id AND number <> :number", // what the radio has got since
+               "UPDATE fleet_row SET state = 'done', bench = :bench, claim = '', id_number = :id, stamp = :stamp"
+               " WHERE plan = :plan AND number = :number"},
+              values)
       .has_value();
 }
 
 std::optional<std::vector<JournalRow>> SqlJournal::Rows(const std::string& plan) {
-  return m_database.Open() ? SelectRows("ORDER BY number", {{":plan", Text(plan)}}) : std::nullopt;
+  if (!m_database.Open()) return std::nullopt;
+  std::vector<JournalRow> rows;
+  if (m_database.IsEmpty()) return rows;
+  auto query = m_database.Run(QString("SELECT ") + RowColumns + " FROM fleet_row WHERE plan = :plan ORDER BY number",
+                              {{":plan", Text(plan)}});
+  if (!query) return std::nullopt;
+  while (query->next())
+    rows.push_back(RowIn(*query));
+  return rows;
 }
 
 std::optional<std::vector<Attempt>> SqlJournal::Attempts(const std::string& plan) {
-  auto query =
-      m_database.Open()
-          ? m_database.Run(
-                "SELECT " + ColumnList("") +
-                    " FROM fleet_attempt WHERE :plan = '' OR plan = :plan ORDER BY started, number, attempt_key",
-                {{":plan", Text(plan)}})
-          : std::nullopt;
-  if (!query) return std::nullopt;
+  if (!m_database.Open()) return std::nullopt;
   std::vector<Attempt> attempts;
+  if (m_database.IsEmpty()) return attempts;
+  const QString columns = ColumnList().replace("outcome", "CASE WHEN {isLost} THEN 'aborted' ELSE outcome END");
+  auto query = m_database.Run("SELECT " + columns +
+                                  " FROM fleet_attempt WHERE :plan = '' OR plan = :plan"
+                                  " ORDER BY started, number, attempt_key",
+                              {{":plan", Text(plan)}});
+  if (!query) return std::nullopt;
   while (query->next())
     attempts.push_back(AttemptIn(*query));
   return attempts;
@@ -254,7 +285,12 @@ std::optional<std::vector<Attempt>> SqlJournal::Attempts(const std::string& plan
 } // namespace
 
 std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use) {
-  return std::make_unique<SqlJournal>(address, use);
+  const std::string claimName = NewAttemptKey();
+  const auto open = [=](std::function<bool()> mayCommit) {
+    return std::make_unique<SqlJournal>(address, use, claimName, std::move(mayCommit));
+  };
+  if (FileOfJournal(address).empty()) return std::make_unique<TimedJournal>(open);
+  return open([] { return true; });
 }
 
 std::string Sha256Of(std::string_view bytes) {

@@ -2,6 +2,8 @@
 
 #include "journal.h"
 
+#include <chrono>
+
 namespace mr4500x {
 namespace {
 
@@ -21,7 +23,42 @@ constexpr const char* Version1[] = {
     " bench TEXT NOT NULL, started TEXT NOT NULL, ended TEXT NOT NULL, outcome TEXT NOT NULL, said TEXT NOT NULL,"
     " backup TEXT NOT NULL, sha256 TEXT NOT NULL)",
 };
-constexpr std::span<const char* const> Versions[] = {Version1};
+// Exactly once is a rule of the database: a row of a plan is one by its primary key, and a radio has one at most. Where
+// version 1 has a radio twice, the first row keeps it; the attempts have them all.
+constexpr const char* Version2[] = {
+    "ALTER TABLE fleet_row ADD COLUMN stamp TEXT NOT NULL DEFAULT ''",
+    "ALTER TABLE fleet_attempt ADD COLUMN stamp TEXT NOT NULL DEFAULT ''",
+    "ALTER TABLE fleet_attempt ADD COLUMN operator_name TEXT NOT NULL DEFAULT ''",
+    "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '' WHERE state = 'taken' AND EXISTS"
+    " (SELECT 1 FROM fleet_row other WHERE other.plan = fleet_row.plan AND other.id_number = fleet_row.id_number"
+    " AND (other.state = 'done' OR other.state = 'taken' AND other.number < fleet_row.number))",
+    "UPDATE fleet_row SET id_number = id_number || ' (row ' || number || ')' WHERE state = 'done' AND EXISTS"
+    " (SELECT 1 FROM fleet_row other WHERE other.plan = fleet_row.plan AND other.id_number = fleet_row.id_number"
+    " AND other.state = 'done' AND other.number < fleet_row.number)",
+    "CREATE UNIQUE INDEX fleet_row_radio ON fleet_row (plan, id_number)"
+    " WHERE state IN ('taken', 'done') AND id_number <> ''",
+    "CREATE INDEX fleet_attempt_begun ON fleet_attempt (bench, port) WHERE outcome = 'begun'",
+    "CREATE VIEW attempts AS SELECT number AS \"row\", outcome, started, ended, label, id_number, firmware, band, port,"
+    " bench, operator_name, said AS text, backup, sha256, stamp, plan, attempt_key FROM fleet_attempt",
+    "CREATE VIEW radios AS SELECT id_number, firmware, band, outcome, said AS text, number AS \"row\", label, ended,"
+    " stamp, sha256, backup, plan FROM fleet_attempt last WHERE id_number <> ''"
+    " AND outcome NOT IN ('no row', 'done before') AND NOT EXISTS (SELECT 1 FROM fleet_attempt later"
+    " WHERE later.id_number = last.id_number AND later.outcome NOT IN ('no row', 'done before')"
+    " AND (later.started > last.started OR later.started = last.started AND later.attempt_key > last.attempt_key))",
+    "CREATE VIEW progress AS SELECT plan, name,"
+    " (SELECT count(*) FROM fleet_row WHERE fleet_row.plan = fleet_plan.plan) AS row_count,"
+    " (SELECT count(*) FROM fleet_row WHERE fleet_row.plan = fleet_plan.plan AND state = 'done') AS done,"
+    " (SELECT count(*) FROM fleet_row WHERE fleet_row.plan = fleet_plan.plan AND state = 'taken') AS taken,"
+    " (SELECT count(*) FROM fleet_attempt WHERE fleet_attempt.plan = fleet_plan.plan AND outcome = 'failed') AS "
+    "failures"
+    " FROM fleet_plan",
+};
+constexpr std::span<const char* const> Versions[] = {Version1, Version2};
+
+// Of all processes alike, and no one sets it. It begins again with the machine.
+qint64 SteadySeconds() {
+  return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
 } // namespace
 
@@ -30,9 +67,10 @@ const Dialect Sqlite = {.driver = "QSQLITE",
                         .onConnect = SqliteOnConnect,
                         .begin = "BEGIN IMMEDIATE", // locks the file; a lock that comes later could meet another's
                         .lockSchema = "SELECT 1",
-                        .now = "CAST(strftime('%s', 'now') AS BIGINT)",
+                        .now = nullptr,
                         .lock = "",
-                        .skip = ""};
+                        .skip = "",
+                        .takesSeveral = false};
 
 const Dialect PostgreSql = {.driver = "QPSQL",
                             .package = "libqt6sql6-psql",
@@ -41,18 +79,23 @@ const Dialect PostgreSql = {.driver = "QPSQL",
                             .lockSchema = "SELECT pg_advisory_xact_lock(4500)",
                             .now = "CAST(extract(epoch FROM clock_timestamp()) AS BIGINT)",
                             .lock = " FOR UPDATE",
-                            .skip = " FOR UPDATE SKIP LOCKED"};
+                            .skip = " FOR UPDATE SKIP LOCKED",
+                            .takesSeveral = true};
 
 const std::span<const std::span<const char* const>> SchemaVersions = Versions;
 
 QString StatementFor(const Dialect& dialect, const QString& statement) {
-  const QString isSilent = QStringLiteral("NOT EXISTS (SELECT 1 FROM fleet_bench WHERE fleet_bench.bench = "
-                                          "fleet_row.bench AND heard > {now} - %1)")
-                               .arg(SilentSeconds);
+  // This machine's clock: what is later than now is from before the machine was started.
+  const QString upTo = dialect.now == nullptr ? QStringLiteral(" AND heard <= {now}") : QString();
+  const QString now = dialect.now == nullptr ? QString::number(SteadySeconds()) : QString::fromLatin1(dialect.now);
+  const QString isSilent = QStringLiteral("NOT EXISTS (SELECT 1 FROM fleet_bench WHERE fleet_bench.bench = %1.bench"
+                                          " AND heard > {now} - %2%3)")
+                               .arg(QStringLiteral("%1"), QString::number(SilentSeconds), upTo);
   return QString(statement)
       .replace("{isFree}", "(state = 'free' OR state = 'taken' AND {isSilent})")
-      .replace("{isSilent}", isSilent)
-      .replace("{now}", dialect.now)
+      .replace("{isSilent}", isSilent.arg(QLatin1String("fleet_row")))
+      .replace("{isLost}", "(outcome = 'begun' AND " + isSilent.arg(QLatin1String("fleet_attempt")) + ')')
+      .replace("{now}", now)
       .replace("{lock}", dialect.lock)
       .replace("{skip}", dialect.skip);
 }

@@ -13,9 +13,10 @@ struct Dialect {
   std::span<const char* const> onConnect; // may fail
   const char* begin;
   const char* lockSchema;
-  const char* now;  // {now}: seconds by the database's clock
-  const char* lock; // {lock}: keeps a selected row from others until the end of the transaction
-  const char* skip; // {skip}: the same, and passes over rows that others have locked
+  const char* now;   // {now}: seconds by the database's clock; nullptr: this machine's, which never jumps
+  const char* lock;  // {lock}: keeps a selected row from others until the end of the transaction
+  const char* skip;  // {skip}: the same, and passes over rows that others have locked
+  bool takesSeveral; // statements at once, in one round trip
 };
 extern const Dialect Sqlite, PostgreSql;
 
@@ -23,6 +24,7 @@ extern const Dialect Sqlite, PostgreSql;
 extern const std::span<const std::span<const char* const>> SchemaVersions;
 
 // The statement with what stands in braces filled in. {isSilent}: the row's bench has not been heard of lately.
+// {isLost}: an attempt that such a bench has begun.
 [[nodiscard]] QString StatementFor(const Dialect& dialect, const QString& statement);
 
 } // namespace mr4500x

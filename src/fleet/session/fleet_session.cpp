@@ -10,8 +10,11 @@
 #include "sql_journal.h"
 #include "tone_codes.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QSysInfo>
+#include <QUrl>
+#include <QUrlQuery>
 
 #include <unistd.h>
 
@@ -60,6 +63,17 @@ std::string JournalOf(const FleetChoice& choice) {
   return file.empty() ? choice.journal : TextOf(OwnPath(file));
 }
 
+std::string WithoutPassword(const std::string& address) {
+  if (!FileOfJournal(address).empty()) return address;
+  QUrl url(QString::fromStdString(address));
+  QUrlQuery query(url);
+  if (url.password().isEmpty() && !query.hasQueryItem(QStringLiteral("password"))) return address;
+  url.setPassword(QString());
+  query.removeAllQueryItems(QStringLiteral("password"));
+  url.setQuery(query.isEmpty() ? QString() : query.query());
+  return url.toString(QUrl::FullyEncoded).toStdString();
+}
+
 bool IsNeeded(const FleetChoice& choice, const std::string& path) {
   const std::string journal = FileOfJournal(JournalOf(choice));
   const std::string needed[] = {choice.templateFile, choice.rowsFile, journal, journal + "-wal", journal + "-shm"};
@@ -102,18 +116,38 @@ std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& s
   return ports;
 }
 
-std::optional<std::string> EnterPlan(const std::string& address, const Plan& plan) {
+std::string UtcTimestamp() {
+  return QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss'Z'")).toStdString();
+}
+
+std::string LocalTimestamp(const std::string& utc) {
+  const QDateTime time = QDateTime::fromString(QString::fromStdString(utc), Qt::ISODate).toLocalTime();
+  if (!utc.ends_with('Z') || !time.isValid()) return utc;
+  const int minutes = time.offsetFromUtc() / 60, size = std::abs(minutes);
+  const QString offset = QStringLiteral(" %1%2:%3").arg(QLatin1String(minutes < 0 ? "-" : "+"));
+  return (time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) +
+          offset.arg(size / 60, 2, 10, QLatin1Char('0')).arg(size % 60, 2, 10, QLatin1Char('0')))
+      .toStdString();
+}
+
+std::optional<JournalFailure> EnterPlan(const std::string& address, const Plan& plan,
+                                        const std::function<void()>& onWait) {
+  constexpr int MostTries = 20; // of some seconds each
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
-  if (journal->Begin(plan.key, plan.name, JournalRowsOf(plan))) return std::nullopt;
-  return journal->Error();
+  const std::vector<JournalRow> rows = JournalRowsOf(plan);
+  for (int tries = 1; !journal->Begin(plan.key, plan.name, rows); ++tries) {
+    if (!journal->IsBusy() || tries == MostTries) return JournalFailure{journal->Error(), journal->Details()};
+    if (tries == 1) onWait();
+  }
+  return std::nullopt;
 }
 
 JournalContent ReadJournal(const std::string& address, const std::string& plan) {
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto rows = journal->Rows(plan);
   const auto attempts = rows ? journal->Attempts(plan) : std::nullopt;
-  if (!attempts) return {{}, {}, journal->Error()};
-  return {*rows, *attempts, ""};
+  if (!attempts) return {{}, {}, {journal->Error(), journal->Details()}};
+  return {*rows, *attempts, {}};
 }
 
 FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
@@ -126,7 +160,11 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, P
                                           .backupFolder = BackupFolderOf(choice),
                                           .speed = choice.isQuick ? Speed::Quick : Speed::Prescribed,
                                           .acceptsOtherBand = choice.acceptsOtherBand,
+                                          .comparesDone = choice.comparesDone,
+                                          .rewritesDone = choice.rewritesDone,
+                                          .operatorName = choice.operatorName,
                                           .now = LocalNow,
+                                          .timestamp = UtcTimestamp,
                                           .sha256 = Sha256Of,
                                           .newKey = NewAttemptKey},
       m_events(std::move(events)), m_state(choice.count),
@@ -141,6 +179,9 @@ bool FleetTally::Record(const PortStatus& status) {
   last = status;
   if (!isNews) return false;
   if (status.state == PortState::Done) ++m_done;
+  if (status.state == PortState::Done) m_partlyWritten.erase(status.idNumber);
+  if (status.trouble == RadioTrouble::PartlyWritten) m_partlyWritten[status.idNumber] = status;
+  if (status.trouble == RadioTrouble::Conflict) m_hasConflict = true;
   if (IsGood(status.state)) m_failed.erase(status.idNumber);
   if (IsBad(status.state) && status.state != PortState::NoRow) m_failed.insert(status.idNumber);
   return true;

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <iosfwd>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -24,10 +25,15 @@ struct FleetChoice {
   int count = -1; // radios at most; below 0: all
   bool isQuick = false;
   bool acceptsOtherBand = false;
+  bool comparesDone = false; // the whole of radios that are done, not only their write stamps
+  bool rewritesDone = false; // that hold something else; else they are set aside
+  std::string operatorName;  // for the journal
 };
 
 // The journal's address; a file's is its whole path.
 [[nodiscard]] std::string JournalOf(const FleetChoice& choice);
+// For messages and settings: without the password that it may have.
+[[nodiscard]] std::string WithoutPassword(const std::string& address);
 // Whether the file is one of those that a bench reads, or its journal: no table may go there.
 [[nodiscard]] bool IsNeeded(const FleetChoice& choice, const std::string& path);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
@@ -37,16 +43,24 @@ struct FleetChoice {
 [[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts,
                                  std::istream* input);
 
+// "2026-11-25 12:45:07Z", as attempts have it; and as the user of this machine reads it: "2026-11-25 13:45:07 +01:00".
+[[nodiscard]] std::string UtcTimestamp();
+[[nodiscard]] std::string LocalTimestamp(const std::string& utc);
+
 // COM1 to COM16 as far as they have a device.
 [[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
-// Enters the plan's rows in the journal. Returns why it failed.
-[[nodiscard]] std::optional<std::string> EnterPlan(const std::string& address, const Plan& plan);
+struct JournalFailure {
+  std::string error, details; // the details are the database's own words
+};
+// Enters the plan's rows in the journal. Waits while another bench does the same, and calls `onWait` once then.
+[[nodiscard]] std::optional<JournalFailure> EnterPlan(const std::string& address, const Plan& plan,
+                                                      const std::function<void()>& onWait);
 
 struct JournalContent {
   std::vector<JournalRow> rows; // of the plan
   std::vector<Attempt> attempts;
-  std::string error; // "": it was read
+  JournalFailure failure; // without an error it was read
 };
 [[nodiscard]] JournalContent ReadJournal(const std::string& address, const std::string& plan);
 
@@ -86,11 +100,17 @@ public:
   [[nodiscard]] int Done() const { return m_done; } // radios
   // Radios that were left unverified. One without a row was not requested.
   [[nodiscard]] std::size_t Failed() const { return m_failed.size(); }
+  void RecordConflict() { m_hasConflict = true; }
+  [[nodiscard]] bool HasConflict() const { return m_hasConflict; }
+  // Their last status, by identity number. They may hold only a part of a configuration.
+  [[nodiscard]] const std::map<std::string, PortStatus>& PartlyWritten() const { return m_partlyWritten; }
 
 private:
   std::vector<std::optional<PortStatus>> m_last;
   std::set<std::string> m_failed; // identity numbers
+  std::map<std::string, PortStatus> m_partlyWritten;
   int m_done = 0;
+  bool m_hasConflict = false;
 };
 
 } // namespace mr4500x

@@ -21,7 +21,8 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
     : QGroupBox(tr("Plan")), m_files(files), m_settingsFile(std::move(settingsFile)),
       m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_summary(new QLabel), m_ports(new QListWidget),
       m_quick(new QCheckBox(tr("&Quick"))), m_otherBand(new QCheckBox(tr("Accept other &bands"))),
-      m_sound(new QCheckBox(tr("So&und"))) {
+      m_rewritesDone(new QCheckBox(tr("Re&write changed radios"))), m_sound(new QCheckBox(tr("So&und"))),
+      m_operator(new QLineEdit) {
   auto* const all = new QHBoxLayout(this);
   all->setContentsMargins(4, 0, 4, 4);
   all->addWidget(m_choices, 1);
@@ -38,7 +39,15 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   auto* const options = new QHBoxLayout;
   options->addWidget(m_quick);
   options->addWidget(m_otherBand);
+  options->addWidget(m_rewritesDone);
+  m_rewritesDone->setToolTip(
+      tr("Writes radios again that are done, but hold something else; otherwise they are set aside"));
   options->addStretch();
+  auto* const who = new QLabel(tr("Op&erator:"));
+  who->setBuddy(m_operator);
+  m_operator->setObjectName(QStringLiteral("txtOperator"));
+  options->addWidget(who);
+  options->addWidget(m_operator);
   grid->addLayout(options, 3, 1);
   auto* const portLabel = new QLabel(tr("&Ports:"));
   portLabel->setBuddy(m_ports);
@@ -96,6 +105,8 @@ FleetChoice FleetSetup::Choice() const {
   choice.journal = m_journal->text().toStdString();
   choice.isQuick = m_quick->isChecked();
   choice.acceptsOtherBand = m_otherBand->isChecked();
+  choice.rewritesDone = m_rewritesDone->isChecked();
+  choice.operatorName = m_operator->text().trimmed().toStdString();
   for (const QString& port : CheckedPorts())
     choice.ports.push_back(*ParsePortAddress(port.toStdString()));
   return choice;
@@ -109,7 +120,7 @@ void FleetSetup::SetRunning(bool isRunning) {
   QStringList names;
   for (const QLineEdit* const edit : {m_template, m_rows, m_journal})
     if (!edit->text().isEmpty()) names.append(QFileInfo(edit->text()).fileName());
-  for (const QCheckBox* const option : {m_quick, m_otherBand})
+  for (const QCheckBox* const option : {m_quick, m_otherBand, m_rewritesDone})
     if (option->isChecked()) names.append(option->text().remove(QLatin1Char('&')));
   m_summary->setText(names.join(QStringLiteral(", ")));
   m_choices->setEnabled(!isRunning);
@@ -145,11 +156,13 @@ void FleetSetup::Load(const QSettings& settings) {
   FindPorts();
 }
 
-// Not the other bands: that is to be agreed to each time.
+// The options that write what is otherwise left alone are not stored: the user must opt in each time. Nor is a
+// password, and the file is for its user alone.
 void FleetSetup::Store(QSettings& settings) const {
   settings.setValue(QStringLiteral("Template"), m_template->text());
   settings.setValue(QStringLiteral("Rows"), m_rows->text());
-  settings.setValue(QStringLiteral("Journal"), m_journal->text());
+  settings.setValue(QStringLiteral("Journal"),
+                    QString::fromStdString(WithoutPassword(m_journal->text().toStdString())));
   settings.setValue(QStringLiteral("Quick"), m_quick->isChecked());
   settings.setValue(QStringLiteral("Sound"), m_sound->isChecked());
   settings.setValue(QStringLiteral("Ports"), m_wanted);

@@ -42,7 +42,8 @@ private:
   QLineEdit* m_rows;
   QLineEdit* m_journal;
   QListWidget* m_ports;
-  QCheckBox *m_quick, *m_otherBand, *m_sound;
+  QCheckBox *m_quick, *m_otherBand, *m_rewritesDone, *m_sound;
+  QLineEdit* m_operator;
   QStringList m_wanted; // ports, whether they are there or not
 };
 

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -35,7 +36,7 @@ constexpr int MostCardsInARow = 4;
 struct Beginning {
   std::shared_ptr<const PlanCheck> check;
   bool isSame = false;
-  std::optional<std::string> reason;
+  std::optional<JournalFailure> failure;
 };
 
 bool IsSamePlan(const PlanCheck& a, const PlanCheck& b) {
@@ -143,8 +144,14 @@ QLayout* FrmFleet::BuildButtons() {
   return line;
 }
 
-void FrmFleet::ShowMessage(const QString& text) {
+void FrmFleet::ShowMessage(const QString& text, const QString& details) {
   m_message->setText(text);
+  m_message->setToolTip(details);
+}
+
+// The database's own words are its details.
+void FrmFleet::ShowFailure(const JournalFailure& failure) {
+  ShowMessage(Shown(WithoutPassword(m_journal) + ": " + failure.error), Shown(failure.details));
 }
 
 // Until the chosen one has been loaded nothing else can be started.
@@ -211,7 +218,11 @@ void FrmFleet::Start() {
     Beginning beginning;
     beginning.check = std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
     beginning.isSame = IsSamePlan(*beginning.check, *plan);
-    if (beginning.isSame) beginning.reason = EnterPlan(address, plan->plan);
+    const auto onWait = [this] {
+      QMetaObject::invokeMethod(
+          this, [this] { ShowMessage(Shown(WaitsForBenchText)); }, Qt::QueuedConnection);
+    };
+    if (beginning.isSame) beginning.failure = EnterPlan(address, plan->plan, onWait);
     return beginning;
   };
   RunInWorker(work, [this, choice](const Beginning& beginning) {
@@ -219,9 +230,10 @@ void FrmFleet::Start() {
     if (!beginning.isSame) {
       ShowPlan(beginning.check, choice);
       ShowMessage(tr("The template or the rows have changed. Look at them, and start again."));
-    } else if (beginning.reason) {
-      ShowMessage(Shown(m_journal + ": " + *beginning.reason));
+    } else if (beginning.failure) {
+      ShowFailure(*beginning.failure);
     } else if (!m_closesAtEnd) {
+      ShowMessage({});
       StartPorts(choice);
     }
     ShowState();
@@ -276,6 +288,7 @@ void FrmFleet::ShowStatus(const PortStatus& status) {
 }
 
 void FrmFleet::ShowConflict(const Attempt& attempt) {
+  m_tally.RecordConflict();
   Beep(3);
   auto* const box =
       new QMessageBox(QMessageBox::Warning, windowTitle(), Shown(LineForConflict(attempt)), QMessageBox::Ok, this);
@@ -314,7 +327,8 @@ void FrmFleet::RefreshRows() {
   const auto work = [plan = m_plan, address = m_journal] {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     auto rows = journal->Rows(plan->plan.key);
-    return rows ? JournalContent{std::move(*rows), {}, ""} : JournalContent{{}, {}, journal->Error()};
+    return rows ? JournalContent{std::move(*rows), {}, {}}
+                : JournalContent{{}, {}, {journal->Error(), journal->Details()}};
   };
   RunInWorker(work, [this, plan = m_plan](const JournalContent& content) {
     m_isRefreshing = false;
@@ -323,7 +337,8 @@ void FrmFleet::RefreshRows() {
     if (!content.rows.empty()) m_rows.Show(content.rows);
     // Before the first start there is no file.
     const bool isMade = !m_cards.empty() || FileOfJournal(m_journal).empty();
-    m_journalError = isMade ? Shown(content.error) : QString();
+    m_journalError = isMade ? Shown(content.failure.error) : QString();
+    m_counts->setToolTip(isMade ? Shown(content.failure.details) : QString());
     ShowCounts();
   });
 }
@@ -335,6 +350,10 @@ void FrmFleet::ShowCounts() {
   if (m_plan && !m_plan->problems.empty()) text = tr("What is wrong in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
   if (m_tally.Failed() > 0) text += tr("; radios not verified: %1").arg(m_tally.Failed());
+  QStringList partly;
+  for (const auto& [idNumber, status] : m_tally.PartlyWritten())
+    partly.append(Shown(idNumber));
+  if (!partly.isEmpty()) text += tr("; partly programmed: %1").arg(partly.join(QStringLiteral(", ")));
   if (m_session && taken > 0 && m_journalError.isEmpty() && m_tally.Done() > 0 && left > 0)
     text += tr("; about %1 min left").arg(m_since.elapsed() * left / m_tally.Done() / 60'000 + 1);
   m_counts->setText(text);
@@ -368,6 +387,8 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
   }
   QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
   m_setup->Store(settings);
+  settings.sync();
+  QFile::setPermissions(m_ownSettingsFile, QFile::ReadOwner | QFile::WriteOwner);
   event->accept();
 }
 

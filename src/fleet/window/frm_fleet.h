@@ -67,7 +67,8 @@ private:
   void WithJournal(std::function<void(const JournalContent&)> use);
   void SaveJournal();
   void PrintOnPaper();
-  void ShowMessage(const QString& text);
+  void ShowMessage(const QString& text, const QString& details = {});
+  void ShowFailure(const JournalFailure& failure);
 
   FileSystem& m_files;
   std::string m_settingsFile;

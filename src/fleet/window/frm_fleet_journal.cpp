@@ -18,10 +18,10 @@ namespace mr4500x {
 void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
   const auto work = [plan = m_plan, address = m_journal] { return ReadJournal(address, plan->plan.key); };
   RunInWorker(work, [this, use = std::move(use)](const JournalContent& content) {
-    if (content.error.empty())
+    if (content.failure.error.empty())
       use(content);
     else
-      ShowMessage(Shown(m_journal + ": " + content.error));
+      ShowFailure(content.failure);
   });
 }
 
@@ -44,7 +44,7 @@ void FrmFleet::SaveJournal() {
       printer.setOutputFileName(file);
       isStored = PrintJournal(printer, name, content);
     } else {
-      const std::string text = AttemptsCsv(content.attempts);
+      const std::string text = AttemptsCsv(content.attempts, CsvUse::ForPeople);
       const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
       isStored = ReplaceFile(m_files, file.toStdString(), bytes, Surplus::Drop);
     }

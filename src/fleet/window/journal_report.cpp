@@ -1,5 +1,6 @@
 #include "journal_report.h"
 
+#include "attempt_records.h"
 #include "conventions.h"
 #include "shown_text.h"
 #include "words.h"
@@ -41,21 +42,29 @@ QString HtmlOf(const QString& planName, const JournalContent& content) {
   for (const Attempt& attempt : content.attempts) {
     ++counts[attempt.outcome];
     const std::string row = attempt.row == 0 ? "" : std::to_string(attempt.row);
-    const std::string time = attempt.start + " to " + attempt.end.substr(std::min<std::size_t>(11, attempt.end.size()));
+    const std::string end = LocalTimestamp(attempt.end);
+    const std::string time =
+        LocalTimestamp(attempt.start) + (end.empty() ? "" : " to ") + end.substr(std::min<std::size_t>(11, end.size()));
     const std::string who = attempt.idNumber + " " + attempt.firmware + " " + attempt.band;
     const std::string backup = attempt.backup.substr(attempt.backup.find_last_of(Separators) + 1);
-    lines += Cells("td", {time, row, attempt.label, who, attempt.bench + " " + attempt.port, WordFor(attempt.outcome),
-                          attempt.text, backup, attempt.sha256.substr(0, 16)});
+    lines +=
+        Cells("td", {time, row, attempt.label, who, attempt.bench + " " + attempt.port + " " + attempt.operatorName,
+                     WordFor(attempt.outcome), attempt.text, backup, attempt.sha256.substr(0, 16)});
   }
   QStringList sums;
   for (const auto& [outcome, count] : counts)
     sums.append(QStringLiteral("%1 %2").arg(count).arg(Shown(WordFor(outcome))));
   const QString notDone = NotDone(content.rows);
-  return QStringLiteral("<h2>%1</h2><p>%2<br>%3</p><table border='1' cellspacing='0' cellpadding='3' width='100%'>"
-                        "<thead>%4</thead>%5</table>")
+  QStringList partly;
+  for (const Attempt& attempt : PartlyWritten(content.attempts))
+    partly.append(Shown(LineForPartlyWritten(attempt)).toHtmlEscaped() + QStringLiteral("<br>"));
+  return QStringLiteral(
+             "<h2>%1</h2><p>%2<br>%3</p><p><b>%4</b></p><table border='1' cellspacing='0' cellpadding='3' width='100%'>"
+             "<thead>%5</thead>%6</table>")
       .arg(QObject::tr("Journal of %1").arg(planName).toHtmlEscaped(), sums.join(QStringLiteral(", ")),
            (notDone.isEmpty() ? QObject::tr("All rows are done") : QObject::tr("Not done: %1").arg(notDone))
                .toHtmlEscaped(),
+           partly.join(QString()),
            Cells("th", {"Time", "Row", "Label", "Radio", "Port", "Outcome", "What happened", "Backup", "SHA-256"}),
            lines);
 }

@@ -55,8 +55,8 @@ bool PostgresServer::IsInstalled() {
 }
 
 bool PostgresServer::Start() {
-  m_server.start(Program("postgres"),
-                 {"-D", Folder() + "/data", "-k", Folder(), "-p", "5433", "-c", "listen_addresses=", "-F"});
+  m_server.start(Program("postgres"), {"-D", Folder() + "/data", "-k", Folder(), "-p", "5433", "-c",
+                                       "listen_addresses=", "-c", "log_statement=all", "-F"});
   const QDeadlineTimer deadline(30000);
   while (m_server.state() != QProcess::NotRunning && !deadline.hasExpired())
     if (QProcess::execute(Program("pg_isready"), {"-q", "-p", "5433", "-h", Folder()}) == 0) return true;
@@ -67,6 +67,18 @@ void PostgresServer::Crash() {
   if (m_server.state() == QProcess::NotRunning) return;
   kill(static_cast<pid_t>(m_server.processId()), SIGQUIT);
   m_server.waitForFinished();
+}
+
+// Each of its processes is in a session of its own.
+void PostgresServer::Signal(const char* signal) {
+  const QString server = QString::number(m_server.processId());
+  QProcess::execute("kill", {signal, server});
+  QProcess::execute("pkill", {signal, "-P", server});
+}
+
+int PostgresServer::Statements() const {
+  QFile log(Folder() + "/log");
+  return log.open(QFile::ReadOnly) ? static_cast<int>(log.readAll().count("LOG:  statement: ")) : -1;
 }
 
 } // namespace mr4500x

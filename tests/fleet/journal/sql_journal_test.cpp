@@ -1,10 +1,13 @@
 // The rules of the journal, and benches that share one, on a file and on a server.
 #include "sql_journal.h"
 
+#include "attempt_records.h"
 #include "postgres_server.h"
 #include "rows.h"
+#include "sql_statements.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -27,6 +30,17 @@ using namespace std::literals;
 
 JournalRow NewRow(std::size_t row, const std::string& label = "", const std::string& radio = "") {
   return {row, label, radio, RowState::Free, "", ""};
+}
+
+Attempt NewAttempt(const std::string& plan, const std::string& bench, const std::string& idNumber) {
+  static std::atomic<int> number = 1000; // they are in the order of their start
+  Attempt attempt;
+  attempt.key = NewAttemptKey();
+  attempt.plan = plan;
+  attempt.bench = attempt.port = bench;
+  attempt.idNumber = idNumber;
+  attempt.start = std::to_string(number++);
+  return attempt;
 }
 
 struct SqlJournals : testing::TestWithParam<const char*> {
@@ -81,32 +95,36 @@ std::string TextOfRow(const JournalRow& row) {
 
 // The look for a free row sees the others as they were before it had to wait; the row is not free for all that.
 void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
-  const std::string plan = "race";
-  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin(plan, "", {NewRow(1, "", "R1")}));
+  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin("race", "", {NewRow(1), NewRow(2)}));
+  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->ReportAlive("Z"));
   QSqlQuery other(Connect());
   const char* const taking[] = {IsServer() ? "BEGIN" : "BEGIN IMMEDIATE",
-                                "INSERT INTO fleet_bench VALUES ('Z', 99999999999)",
-                                "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z' WHERE plan = 'race'"};
+                                "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z', id_number = 'X'"
+                                " WHERE plan = 'race' AND number = 1"};
   for (const char* const statement : taking)
     ASSERT_TRUE(other.exec(statement));
-  auto kind = std::async(std::launch::async, [&] {
-    return OpenJournal(address, JournalUse::Enter)->ClaimRow(plan, "A", "R1", false).kind;
+  auto claim = std::async(std::launch::async, [&] {
+    return OpenJournal(address, JournalUse::Enter)->ClaimRow(NewAttempt("race", "A", "X"), {});
   });
   const auto waits = [&] {
     return !IsServer() || (other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next());
   };
-  while (!waits() && kind.wait_for(0s) != std::future_status::ready) {
+  while (!waits() && claim.wait_for(0s) != std::future_status::ready) {
   }
   ASSERT_TRUE(other.exec("COMMIT"));
-  EXPECT_EQ(kind.get(), Claim::Kind::NoRow);
+  const Claim found = claim.get();
+  EXPECT_EQ(found.kind, Claim::Kind::NoRow) << "one number has two rows";
+  EXPECT_EQ(std::to_string(found.row.row) + found.row.bench, "1Z");
+  EXPECT_FALSE(other.exec("UPDATE fleet_row SET state = 'done', id_number = 'X' WHERE plan = 'race' AND number = 2"));
 }
 
 TEST_P(SqlJournals, FollowTheRules) {
-  const char* const outcomes[] = {"verified", "failed", "aside", "conflict"};
+  const char* const outcomes[] = {"verified", "failed", "aside", "conflict", "begun", "aborted", "no row", "done"};
   for (const Row& rule : RowsOf(CASES "rules.txt", "([^:]*): (.*)")) {
     const std::string& plan = rule[1];
     SCOPED_TRACE(plan);
     std::map<std::string, std::unique_ptr<Journal>> ports;
+    Attempt last; // that took a row
     const auto at = [&](const std::string& port) -> Journal& {
       auto& journal = ports[port];
       if (!journal) journal = OpenJournal(address, JournalUse::Enter);
@@ -118,12 +136,15 @@ TEST_P(SqlJournals, FollowTheRules) {
       std::istringstream words(step);
       std::string command, port, radio;
       words >> command;
-      if (command == "take" || command == "endless") {
+      if (command == "take" || command == "endless" || command == "again") {
         words >> port;
         std::getline(words.ignore(), radio);
-        const Claim claim = at(port).ClaimRow(plan, port.substr(0, 1), radio, command == "endless");
-        const char* const kinds[] = {"row ", "done ", "none", "lost"};
-        return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? std::to_string(claim.row.row) : "");
+        last = NewAttempt(plan, port.substr(0, 1), radio);
+        last.port = port;
+        const Claim claim =
+            at(port).ClaimRow(last, {.isEndless = command == "endless", .takesDone = command == "again"});
+        const char* const kinds[] = {"row", "done", "none", "lost"};
+        return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? ' ' + std::to_string(claim.row.row) : "");
       }
       if (command == "renew") {
         std::size_t row = 0;
@@ -136,9 +157,11 @@ TEST_P(SqlJournals, FollowTheRules) {
         std::string outcome;
         words >> attempt.key >> attempt.bench >> attempt.idNumber >> attempt.row >> outcome;
         attempt.plan = plan;
+        if (attempt.key == "last") attempt.key = last.key;
         attempt.outcome = static_cast<AttemptOutcome>(std::ranges::find(outcomes, outcome) - outcomes);
         const auto entered = at(attempt.bench).Enter(attempt);
-        return entered ? outcomes[static_cast<int>(*entered)] : "lost";
+        if (!entered) return "lost: " + at(attempt.bench).Error() + at(attempt.bench).Details();
+        return outcomes[static_cast<int>(entered->outcome)] + (entered->text.empty() ? "" : ": " + entered->text);
       }
       if (command == "silence") {
         int seconds = 0;
@@ -146,8 +169,13 @@ TEST_P(SqlJournals, FollowTheRules) {
         Silence(port, seconds);
         return "";
       }
-      if (command == "attempts") return std::to_string(at("A").Attempts(plan).value().size());
       std::string text;
+      if (command == "attempts") {
+        for (const Attempt& attempt : at("A").Attempts(plan).value())
+          text += std::string(text.empty() ? "" : ", ") + outcomes[static_cast<int>(attempt.outcome)] + ' ' +
+                  attempt.idNumber + ' ' + std::to_string(attempt.row);
+        return text;
+      }
       const auto rows = at("A").Rows(plan).value();
       for (const JournalRow& row : rows)
         text += (text.empty() ? "" : ", ") + TextOfRow(row);
@@ -176,7 +204,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   ASSERT_TRUE(OpenJournal(path, JournalUse::Enter)->Begin("p1", "name", {}));
   refuses("another one in its place");
   std::filesystem::rename(moved, path);
-  EXPECT_EQ(journal.Enter(attempt), attempt.outcome);
+  EXPECT_EQ(journal.Enter(attempt), attempt);
 
   const std::string other = path + ".other";
   std::ofstream(other) << 'x';
@@ -196,14 +224,15 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
 
   // clang-format off
   const Attempt second = {"a", "p1", 9, "la:bel", "id'", "1.7\\n", "3; 4", "COM3", "bench", "2026-11-25 13:45:08",
-                          "2026-11-25 13:46:00", AttemptOutcome::SetAside, "two\nlines, ü", "/b/1.K4X", "00ff"};
+                          "2026-11-25 13:46:00", AttemptOutcome::SetAside, "two\nlines, ü :plan", "/b/1.K4X", "00ff",
+                          "20261125134507", "Ann"};
   // clang-format on
   Attempt first = second;
   first.key = "b";
   first.plan = "p2";
   first.start = "2026-11-25 13:45:07";
   IsServer() ? static_cast<void>(journal->Enter(second)) : MoveTheFile(*journal, second);
-  EXPECT_EQ(journal->Enter(first), AttemptOutcome::SetAside);
+  EXPECT_EQ(journal->Enter(first), first);
   EXPECT_EQ(journal->Attempts("p1"), std::vector<Attempt>({second}));
   EXPECT_EQ(journal->Attempts(""), std::vector<Attempt>({first, second}));
 
@@ -216,7 +245,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   for (const char* const bad :
        {"/no/such/folder/fleet.journal", "/dev/null", "postgresql://x@/y?host=/no/such/folder"}) {
     const auto away = OpenJournal(bad, JournalUse::Enter);
-    EXPECT_EQ(away->ClaimRow("p1", "A", "X", false).kind, Claim::Kind::Lost) << bad;
+    EXPECT_EQ(away->ClaimRow(first, {}).kind, Claim::Kind::Lost) << bad;
     EXPECT_EQ(away->Renew("p1", 7, "A"), Renewal::Lost) << bad;
     EXPECT_EQ(away->Enter(first), std::nullopt) << bad;
     EXPECT_EQ(away->Rows("p1"), std::nullopt) << bad;
@@ -226,6 +255,118 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
 }
 
 // Three benches at once, and a server that crashes meanwhile.
+// What the first version of the tables has, with a radio at two rows, is all there after the upgrade.
+TEST_P(SqlJournals, UpgradeTheFirstVersion) {
+  for (const char* const statement : SchemaVersions.front())
+    Execute(statement);
+  Execute("CREATE TABLE fleet_schema (version BIGINT NOT NULL)");
+  Execute("INSERT INTO fleet_schema VALUES (1)");
+  Execute("INSERT INTO fleet_plan VALUES ('p', 'name')");
+  Execute("INSERT INTO fleet_row VALUES ('p', 1, 'a', '', 'taken', 'A', 'c1', 'X'), ('p', 2, 'b', '', 'done', 'A', '',"
+          " 'X'), ('p', 3, '', '', 'done', 'A', '', 'X'), ('p', 4, '', '', 'taken', 'B', 'c2', 'Y')");
+  Execute("INSERT INTO fleet_attempt VALUES ('k', 'p', 2, 'b', 'X', 'f', '', 'COM1', 'A', 's', 'e', 'verified', 't',"
+          " 'b', '00')");
+  const auto journal = OpenJournal(address, JournalUse::List);
+  const auto attempts = journal->Attempts("p");
+  ASSERT_TRUE(attempts) << journal->Error() << journal->Details();
+  EXPECT_EQ(
+      AttemptsCsv(*attempts, CsvUse::ForPeople),
+      "row,outcome,start,end,label,id_number,firmware,band,port,bench,text,backup,sha256,plan,key,stamp,operator\r\n"
+      "2,verified,s,e,b,X,f,,COM1,A,t,b,00,p,k,,\r\n");
+  std::string rows;
+  const auto found = journal->Rows("p").value();
+  for (const JournalRow& row : found)
+    rows += TextOfRow(row) + ", ";
+  EXPECT_EQ(rows, "1 free, 2 done A X, 3 done A X (row 3), 4 free, ");
+  for (const char* const view : {"attempts", "radios", "progress"})
+    Execute(QString("SELECT * FROM ") + view);
+}
+
+// Nothing hangs while the server holds its connections without answering, and nothing that was given up comes later.
+TEST_P(SqlJournals, WaitForNoServer) {
+  if (!IsServer()) {
+    const std::string path = address.substr(std::string("sqlite:").size());
+    OpenJournal(address, JournalUse::Enter)->Begin("p", "", {NewRow(1)});
+    EXPECT_TRUE(OpenJournal(address, JournalUse::List)->Rows("p"));
+    EXPECT_FALSE(std::filesystem::exists(path + "-wal") || std::filesystem::exists(path + "-shm"));
+    return;
+  }
+  auto journal = OpenJournal(address, JournalUse::Enter);
+  ASSERT_TRUE(journal->Begin("p", "", {NewRow(1), NewRow(2)}));
+  QElapsedTimer time;
+  time.start();
+  m_server->Pause();
+  const Attempt attempt = NewAttempt("p", "A", "X");
+  EXPECT_EQ(journal->ClaimRow(attempt, {}).kind, Claim::Kind::Lost);
+  EXPECT_EQ(journal->Enter(attempt), std::nullopt);
+  EXPECT_EQ(journal->Error(), "The database does not answer.");
+  journal.reset();
+  EXPECT_LT(time.elapsed(), 5000);
+  m_server->Resume();
+  journal = OpenJournal(address, JournalUse::Enter);
+  EXPECT_EQ(journal->ClaimRow(NewAttempt("p", "B", "Y"), {}).row.row, 1U) << "what was given up has taken the row";
+}
+
+TEST_P(SqlJournals, NeedFewRoundTrips) {
+  if (!IsServer()) return; // a file has none
+  const auto journal = OpenJournal(address, JournalUse::Enter);
+  ASSERT_TRUE(journal->ReportAlive("A"));
+  std::vector<JournalRow> rows;
+  for (std::size_t row = 1; row <= 2000; ++row)
+    rows.push_back(NewRow(row, "it's row " + std::to_string(row)));
+  const auto before = m_server->Statements();
+  ASSERT_TRUE(journal->Begin("p", "", rows));
+  const auto begun = m_server->Statements();
+  EXPECT_LE(begun - before, 4);
+  EXPECT_EQ(journal->Rows("p"), rows);
+  const auto listed = m_server->Statements();
+  EXPECT_EQ(journal->ClaimRow(NewAttempt("p", "A", "X"), {}).row.row, 1U);
+  EXPECT_LE(m_server->Statements() - listed, 3);
+}
+
+// The user's file of passwords, and list of services.
+TEST_P(SqlJournals, TakePasswordsFromTheirFilesAndSayWhyAServerRefuses) {
+  if (!IsServer()) return; // a file has none
+  Execute("CREATE ROLE guarded LOGIN PASSWORD 'secret'");
+  Execute("CREATE DATABASE fresh OWNER guarded");
+  const QString hosts = m_server->Folder() + "/data/pg_hba.conf";
+  QFile file(hosts);
+  ASSERT_TRUE(file.open(QFile::ReadOnly));
+  const QByteArray old = file.readAll();
+  file.close();
+  ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write("local all guarded scram-sha-256\n" + old) > 0);
+  file.close();
+  Execute("SELECT pg_reload_conf()");
+  const std::string host = "?host=" + m_server->Folder().toStdString();
+  const auto passwords = m_folder.filePath("pgpass"), services = m_folder.filePath("services");
+  std::ofstream(passwords.toStdString()) << "*:*:fresh:guarded:secret\n";
+  QFile::setPermissions(passwords, QFile::ReadOwner | QFile::WriteOwner);
+  std::ofstream(services.toStdString()) << "[bench]\nhost=" << m_server->Folder().toStdString()
+                                        << "\nuser=guarded\ndbname=fresh\npassfile=" << passwords.toStdString() << '\n';
+  qputenv("PGSERVICEFILE", services.toUtf8());
+  const struct {
+    std::string address;
+    const char* error;
+  } cases[] = {
+      {"postgresql://guarded@/fresh" + host, "The server needs a password; see the manual on ~/.pgpass."},
+      {"postgresql://guarded:wrong@/fresh" + host, "The server refuses the user or the password."},
+      {"postgresql://nobody@/postgres" + host, "The server refuses the user or the password."},
+      {"postgresql://bench@/none" + host, "The server has no database of this name."},
+      {"postgresql://bench@none.invalid/a", "The name of the server is unknown."},
+      {"postgresql:///?service=none", "There is no such service in the user's list of services."},
+      {"postgresql://bench@/a?host=/none", "The database does not answer."},
+      {"postgresql://guarded@/fresh" + host + "&passfile=" + passwords.toStdString(), ""},
+      {"postgresql:///?service=bench", ""},
+  };
+  for (const auto& [each, error] : cases) {
+    const auto journal = OpenJournal(each, JournalUse::List);
+    EXPECT_EQ(journal->Attempts("").has_value(), std::string(error).empty()) << each << journal->Details();
+    EXPECT_EQ(journal->Error(), error) << each << journal->Details();
+    EXPECT_EQ(journal->Details().empty(), std::string(error).empty()) << each;
+    EXPECT_EQ(journal->Details().find("wrong"), std::string::npos);
+  }
+}
+
 TEST_P(SqlJournals, GiveNoRowOutTwice) {
   constexpr std::size_t count = 60;
   std::vector<JournalRow> all;
@@ -237,21 +378,17 @@ TEST_P(SqlJournals, GiveNoRowOutTwice) {
     const auto journal = OpenJournal(address, JournalUse::Enter);
     std::map<std::size_t, std::string> radios; // by row
     for (int radio = 1;; ++radio) {
-      Attempt attempt;
-      attempt.key = NewAttemptKey();
-      attempt.plan = "plan";
-      attempt.bench = bench;
-      attempt.idNumber = bench + std::to_string(radio);
+      Attempt attempt = NewAttempt("plan", bench, bench + std::to_string(radio));
       attempt.outcome = AttemptOutcome::Verified;
-      Claim claim = journal->ClaimRow("plan", bench, attempt.idNumber, false);
+      Claim claim = journal->ClaimRow(attempt, {});
       for (; claim.kind == Claim::Kind::Lost; ++lost)
-        claim = journal->ClaimRow("plan", bench, attempt.idNumber, false);
+        claim = journal->ClaimRow(attempt, {});
       if (claim.kind == Claim::Kind::NoRow) return radios;
       attempt.row = claim.row.row;
-      std::optional<AttemptOutcome> entered = journal->Enter(attempt);
+      std::optional<Attempt> entered = journal->Enter(attempt);
       for (; !entered; ++lost)
         entered = journal->Enter(attempt);
-      EXPECT_EQ(entered, AttemptOutcome::Verified);
+      EXPECT_EQ(entered->outcome, AttemptOutcome::Verified);
       radios[attempt.row] = attempt.idNumber;
       ++done;
     }

@@ -1,0 +1,22 @@
+// What a database's error means, in words of ours.
+#pragma once
+
+#include <QSqlError>
+
+#include <cstdint>
+
+namespace mr4500x {
+
+enum class SqlFailure : std::uint8_t {
+  Busy,   // another connection has what is needed
+  Double, // the entry exists
+  Other,
+};
+
+struct SqlFailureWords {
+  SqlFailure failure;
+  const char* words;
+};
+[[nodiscard]] SqlFailureWords WordsFor(const QSqlError& error, bool isServer);
+
+} // namespace mr4500x

@@ -1,0 +1,55 @@
+// A journal on a server that may hold the connection without answering: no call takes longer than a few seconds. Each
+// runs in a thread of the journal's own. One that takes too long is given up with its thread and connection, and can no
+// longer commit anything.
+#pragma once
+
+#include "journal.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <thread>
+
+namespace mr4500x {
+
+class TimedJournal final : public Journal {
+public:
+  // Called in the thread. `mayCommit` is false as soon as the call has been given up.
+  using OpenFunction = std::function<std::unique_ptr<Journal>(std::function<bool()> mayCommit)>;
+
+  explicit TimedJournal(OpenFunction open) : m_open(std::move(open)) {}
+  ~TimedJournal() override;
+  TimedJournal(const TimedJournal&) = delete;
+  TimedJournal& operator=(const TimedJournal&) = delete;
+
+  bool Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) override;
+  Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override;
+  Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
+  std::optional<Attempt> Enter(const Attempt& attempt) override;
+  bool ReportAlive(const std::string& bench) override;
+  std::optional<std::vector<JournalRow>> Rows(const std::string& plan) override;
+  std::optional<std::vector<Attempt>> Attempts(const std::string& plan) override;
+  std::string Error() const override { return m_failure.error; }
+  std::string Details() const override { return m_failure.details; }
+  bool IsBusy() const override { return m_failure.isBusy; }
+
+private:
+  struct Failure {
+    std::string error, details;
+    bool isBusy = false;
+  };
+  struct Worker;
+
+  // The answer of `call`; `lost` if there is none in time.
+  template<class Answer>
+  [[nodiscard]] Answer Ask(std::function<Answer(Journal&)> call, Answer lost);
+  void GiveUp();
+
+  const OpenFunction m_open;
+  std::shared_ptr<Worker> m_worker; // none before the first call, and after one that was given up
+  std::thread m_thread;             // the worker's
+  std::chrono::steady_clock::time_point m_notBefore{};
+  Failure m_failure;
+};
+
+} // namespace mr4500x
