@@ -22,7 +22,7 @@ constexpr std::string_view TimePattern = "0000-00-00 00:00:00"; // 0 stands for 
 
 bool IsTime(std::string_view text) {
   return std::equal(text.begin(), text.end(), TimePattern.begin(), TimePattern.end(),
-                    [](char c, char pattern) { return pattern == '0' ? c >= '0' && c <= '9' : c == pattern; });
+                    [](char c, char pattern) { return pattern == '0' ? IsDigit(c) : c == pattern; });
 }
 
 // "2026-11-25 04:10:33" as the beginning of a file name.
@@ -34,7 +34,7 @@ std::string NameOf(std::string time) {
 
 bool IsPutAside(std::string_view name) {
   return name.size() > TimePattern.size() && name.ends_with(CopySuffix) && name[TimePattern.size()] == '_' &&
-         name[0] >= '0' && name[0] <= '9';
+         IsDigit(name[0]);
 }
 
 // The rest of the line that begins with the title at `text`, which moves on to the next.
@@ -95,9 +95,8 @@ std::optional<KeptCopy> ParseCopy(std::vector<std::uint8_t> bytes) {
 // The beginning of a file of the system's, without the line's end.
 std::string SystemText(FileSystem& files, const std::string& path) {
   std::array<std::uint8_t, 1024> text{};
-  const auto file = files.OpenToRead(path);
+  const OpenFile file(files, files.OpenToRead(path));
   const std::size_t count = file ? files.ReadAt(*file, 0, text).value_or(0) : 0;
-  if (file) files.Close(*file);
   return {text.begin(), std::find(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(count), '\n')};
 }
 
@@ -141,11 +140,7 @@ std::string KeptCopies::CopyPath(const std::string& number) const {
 }
 
 KeptCopies::~KeptCopies() {
-  for (const auto& session : {m_own, m_left})
-    if (session && session->at.empty())
-      End(*session);
-    else if (session)
-      m_files.Close(session->lock);
+  if (m_own && m_own->at.empty()) End(*std::move(m_own));
 }
 
 // Makes and holds the lock file. Another window's NextLeft may take it for a left one, and remove it, as long as it is
@@ -157,21 +152,18 @@ bool KeptCopies::Begin() {
   std::string prefix;
   for (int attempt = 0; attempt < 3; ++attempt) {
     const std::string number = prefix + HexText(m_files.UnpredictableNumber());
-    const auto lock = m_files.Create(LockPath(number), OwnerOnly);
-    if (!lock) return false;
-    const LockOutcome outcome = m_files.Lock(*lock);
+    Session session{number, {m_files, m_files.Create(LockPath(number), OwnerOnly)}, ""};
+    if (!session.lock) return false;
+    const LockOutcome outcome = m_files.Lock(*session.lock);
     const auto status = m_files.Status(LockPath(number));
-    const Session session{number, *lock, ""};
     if ((outcome == LockOutcome::Taken || !prefix.empty()) && status && status->kind == FileKind::Regular) {
-      m_own = session;
+      m_own = std::move(session);
       NameOpenFile();
       return true;
     }
-    if (outcome == LockOutcome::NotPossible)
-      End(session);
-    else
-      m_files.Close(*lock);
-    if (outcome == LockOutcome::NotPossible) prefix = ProcessPrefix(m_files, "self");
+    if (outcome != LockOutcome::NotPossible) continue;
+    End(std::move(session));
+    prefix = ProcessPrefix(m_files, "self");
   }
   return false;
 }
@@ -187,7 +179,7 @@ void KeptCopies::SetOpenFile(const std::string& path) {
 void KeptCopies::NameOpenFile() {
   std::vector<std::uint8_t> bytes(m_openFile.begin(), m_openFile.end());
   bytes.push_back(0);
-  static_cast<void>(m_files.Write(m_own->lock, bytes));
+  static_cast<void>(m_files.Write(*m_own->lock, bytes));
 }
 
 bool KeptCopies::IsOpenElsewhere(const std::string& path) {
@@ -195,10 +187,7 @@ bool KeptCopies::IsOpenElsewhere(const std::string& path) {
     std::vector<std::uint8_t> bytes;
     if (ReadFile(m_files, LockPath(number), LargestCopy, bytes) != ReadOutcome::Read || bytes.size() < 2) continue;
     const auto begin = std::find(bytes.rbegin() + 1, bytes.rend(), 0).base();
-    if (!IsSameFile(m_files, {begin, bytes.end() - 1}, path)) continue;
-    const auto ended = HoldEnded(number);
-    if (!ended) return true;
-    m_files.Close(*ended);
+    if (IsSameFile(m_files, {begin, bytes.end() - 1}, path) && !HoldEnded(number)) return true;
   }
   return false;
 }
@@ -216,7 +205,6 @@ bool KeptCopies::Keep(const KeptCopy& copy) {
 bool KeptCopies::LosesFolder() {
   const auto status = m_files.Status(m_folder);
   if (!m_own || !status || status->kind != FileKind::Missing) return false;
-  m_files.Close(m_own->lock);
   m_own.reset();
   return true;
 }
@@ -242,29 +230,23 @@ std::vector<std::string> KeptCopies::Numbers() {
 
 // The lock file of a session that has ended, held from now on. Some network file systems lock only what is open for
 // writing; a file system that can't be written may still lock.
-std::optional<FileSystem::Handle> KeptCopies::HoldEnded(const std::string& number) {
-  auto lock = m_files.OpenToWrite(LockPath(number), OwnerOnly);
-  if (!lock) lock = m_files.OpenToRead(LockPath(number));
-  if (!lock) return std::nullopt;
+OpenFile KeptCopies::HoldEnded(const std::string& number) {
+  OpenFile lock(m_files, m_files.OpenToWrite(LockPath(number), OwnerOnly));
+  if (!lock) lock = {m_files, m_files.OpenToRead(LockPath(number))};
+  if (!lock) return lock;
   const bool isLocked = m_files.Lock(*lock) == LockOutcome::Taken;
   const std::string prefix = PrefixOf(number);
-  if (prefix.empty() ? isLocked : HasEnded(m_files, prefix)) return lock;
-  m_files.Close(*lock);
-  return std::nullopt;
+  return (prefix.empty() ? isLocked : HasEnded(m_files, prefix)) ? std::move(lock) : OpenFile();
 }
 
 // A session that has ended, which is then held, with its copy. Without a copy its lock file goes.
 std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& number, KeptCopy& copy) {
   if (m_seen.contains(number)) return std::nullopt;
-  const auto lock = HoldEnded(number);
-  if (!lock) return std::nullopt;
-  Session session{number, *lock, ""};
+  Session session{number, HoldEnded(number), ""};
+  if (!session.lock) return std::nullopt;
   std::vector<std::uint8_t> bytes;
   const ReadOutcome outcome = ReadFile(m_files, CopyPath(number), DataFileReadLimit, bytes);
-  if (outcome == ReadOutcome::Failed) {
-    m_files.Close(*lock);
-    return std::nullopt;
-  }
+  if (outcome == ReadOutcome::Failed) return std::nullopt;
   if (outcome == ReadOutcome::Read) {
     if (auto parsed = ParseCopy(std::move(bytes))) {
       copy = std::move(*parsed);
@@ -275,12 +257,9 @@ std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& n
     session.at = TimestampText(m_files.Status(CopyPath(number)).value_or(FileStatus{}).changed);
     const auto path = PutAside(session);
     m_unreadable.push_back(path.value_or(CopyPath(number)));
-    if (!path) {
-      m_files.Close(*lock);
-      return std::nullopt;
-    }
+    if (!path) return std::nullopt;
   }
-  End(session);
+  End(std::move(session));
   return std::nullopt;
 }
 
@@ -289,12 +268,9 @@ std::optional<KeptCopy> KeptCopies::NextLeft() {
   for (const std::string& number : Numbers()) {
     KeptCopy copy;
     auto session = EndedSession(number, copy);
-    if (!session) continue;
-    if (!m_left || session->at > m_left->at) {
-      std::swap(m_left, session);
-      std::swap(newest, copy);
-    }
-    if (session) m_files.Close(session->lock);
+    if (!session || (m_left && session->at <= m_left->at)) continue;
+    m_left = std::move(session);
+    newest = std::move(copy);
   }
   if (!m_left) return std::nullopt;
   m_seen.insert(m_left->number);
@@ -306,21 +282,15 @@ std::vector<std::string> KeptCopies::TakeUnreadable() {
 }
 
 void KeptCopies::TakeLeft() {
-  const Session left = *std::exchange(m_left, std::nullopt);
-  if (Begin() && m_files.Rename(CopyPath(left.number), CopyPath(m_own->number))) {
-    m_own->at = left.at;
-    End(left);
-  } else {
-    m_files.Close(left.lock);
-  }
+  Session left = *std::exchange(m_left, std::nullopt);
+  if (!Begin() || !m_files.Rename(CopyPath(left.number), CopyPath(m_own->number))) return;
+  m_own->at = left.at;
+  End(std::move(left));
 }
 
 void KeptCopies::PutLeftAside() {
-  const Session left = *std::exchange(m_left, std::nullopt);
-  if (PutAside(left))
-    End(left);
-  else
-    m_files.Close(left.lock);
+  Session left = *std::exchange(m_left, std::nullopt);
+  if (PutAside(left)) End(std::move(left));
 }
 
 std::optional<std::string> KeptCopies::PutAside(const Session& session) {
@@ -330,9 +300,9 @@ std::optional<std::string> KeptCopies::PutAside(const Session& session) {
   return m_folder + '/' + name;
 }
 
-void KeptCopies::End(const Session& session) {
+// Its lock file goes before anyone else can hold it.
+void KeptCopies::End(Session session) {
   static_cast<void>(m_files.Remove(LockPath(session.number)));
-  m_files.Close(session.lock);
 }
 
 // The one just put aside stays, even if its time comes from a clock that is wrong, or isn't known.

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "data_file.h"
+#include "open_file.h"
 
 #include <optional>
 #include <set>
@@ -55,7 +56,7 @@ public:
 private:
   struct Session {
     std::string number;
-    FileSystem::Handle lock;
+    OpenFile lock;
     std::string at; // of its copy; empty for none
   };
 
@@ -64,10 +65,10 @@ private:
   [[nodiscard]] bool Begin();
   void NameOpenFile();
   [[nodiscard]] std::vector<std::string> Numbers(); // of all sessions but this window's
-  [[nodiscard]] std::optional<FileSystem::Handle> HoldEnded(const std::string& number);
+  [[nodiscard]] OpenFile HoldEnded(const std::string& number);
   [[nodiscard]] std::optional<Session> EndedSession(const std::string& number, KeptCopy& copy);
   [[nodiscard]] std::optional<std::string> PutAside(const Session& session); // its new path
-  void End(const Session& session);
+  void End(Session session);
   void Prune(const std::string& newest);
   [[nodiscard]] bool LosesFolder();
 
