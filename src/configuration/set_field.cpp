@@ -1,5 +1,6 @@
 #include "set_field.h"
 
+#include "cell_items.h"
 #include "decimal.h"
 #include "field_rules.h"
 
@@ -232,38 +233,14 @@ std::string Allowed(const Configuration& configuration, FieldAt at, std::string_
 }
 
 Choices ChannelChoices(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
-  const bool tts = IsTtsMode(configuration);
-  switch (std::get<GridColumn>(at.field->place)) {
-  case GridColumn::RxStep:
-  case GridColumn::TxStep:
-    return {texts.StepTexts.begin(), texts.StepTexts.end()};
-  case GridColumn::RxTone:
-  case GridColumn::TxTone:
+  if (Is(at, GridColumn::RxStep) || Is(at, GridColumn::TxStep)) return {texts.StepTexts.begin(), texts.StepTexts.end()};
+  if (Is(at, GridColumn::RxTone) || Is(at, GridColumn::TxTone))
     return {texts.ToneChoiceList.begin(), texts.ToneChoiceList.end()};
-  case GridColumn::Combination:
-    return {"AND", "OR"};
-  case GridColumn::TailCut:
-    if (configuration.channels[at.entry - 1][GridColumn::RxTone] == "OFF") return {"OFF"};
-    [[fallthrough]];
-  case GridColumn::PttId:
-    return {"OFF", "ON"};
-  case GridColumn::HighTxPower:
-    return {"Permit", "Prohibit"};
-  case GridColumn::BandWidth:
-    return {texts.WideBandText, texts.NarrowBandText};
-  case GridColumn::RxSelCall:
-  case GridColumn::TxSelCall:
-    if (!tts) return {"OFF"}; // and any five digits
-    return {"OFF", "TTS 1", "TTS 2", "TTS 3", "TTS 4", "TTS 5", "TTS 6", "TTS 7", "TTS 8"};
-  case GridColumn::GroupCall:
-    if (!tts) return {"OFF", "5T 1", "5T 2", "5T 3", "5T 4"};
-    return {"OFF", "Tone A", "Tone B"};
-  case GridColumn::ChannelNo:
-  case GridColumn::RxFreq:
-  case GridColumn::TxFreq:
-    break;
-  }
-  return {};
+  if (Is(at, GridColumn::BandWidth)) return {texts.WideBandText, texts.NarrowBandText};
+  auto items = CellItems(std::get<GridColumn>(at.field->place), IsTtsMode(configuration));
+  const bool hasTone = configuration.channels[at.entry - 1][GridColumn::RxTone] != "OFF";
+  if (Is(at, GridColumn::TailCut) && !hasTone) items = items.first(1);
+  return {items.begin(), items.end()};
 }
 
 // A list that is disabled or replaced by its fixed counterpart offers nothing.

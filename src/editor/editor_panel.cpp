@@ -82,7 +82,7 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
 void EditorPanel::BuildFrames() {
   m_band = new BandFrame(m_messages, m_image);
   m_selectCall = new SelectCallFrame;
-  m_tts = new TtsFrame(m_messages, m_texts.decimalSeparator);
+  m_tts = new TtsFrame(m_messages, m_texts);
   m_channels = new ChannelFrame(
       m_texts, m_messages, [this] { return m_band->Limits(); }, [this] { return m_selectCall->IsTts(); });
   m_keys = new KeyFrame(m_messages);

@@ -1,6 +1,7 @@
 #include "channel_record.h"
 
 #include "block_field.h"
+#include "cell_items.h"
 #include "decimal.h"
 #include "function_settings.h"
 #include "signaling.h"
@@ -31,12 +32,12 @@ constexpr Side Transmit = {
     6, 7, 10, Direction::Tx, GridColumn::TxFreq, GridColumn::TxStep, GridColumn::TxTone, GridColumn::TxSelCall};
 
 // clang-format off
-struct OptionField { GridColumn column; BlockField field; const char* set; const char* clear; };
+struct OptionField { GridColumn column; BlockField field; std::span<const std::string_view> items; std::size_t set; };
 constexpr std::array<OptionField, 4> OptionFields = {{
-    {GridColumn::PttId,       {OptionFlags, 0x10, 4}, "ON",     "OFF"},
-    {GridColumn::Combination, {OptionFlags, 0x20, 5}, "OR",     "AND"},
-    {GridColumn::TailCut,     {OptionFlags, 0x40, 6}, "ON",     "OFF"},
-    {GridColumn::HighTxPower, {OptionFlags, 0x80, 7}, "Permit", "Prohibit"},
+    {GridColumn::PttId,       {OptionFlags, 0x10, 4}, SwitchItems,      1},
+    {GridColumn::Combination, {OptionFlags, 0x20, 5}, CombinationItems, 1},
+    {GridColumn::TailCut,     {OptionFlags, 0x40, 6}, SwitchItems,      1},
+    {GridColumn::HighTxPower, {OptionFlags, 0x80, 7}, PowerItems,       0},
 }};
 constexpr BlockField WideBandField =                  {OptionFlags, 0x08, 3};
 // clang-format on
@@ -125,7 +126,7 @@ ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const 
   ReadSide(image, channel, Receive, texts, shown);
   ReadSide(image, channel, Transmit, texts, shown);
   for (const OptionField& option : OptionFields)
-    shown[option.column] = ReadField(record, option.field) != 0 ? option.set : option.clear;
+    shown[option.column] = option.items[ReadField(record, option.field) != 0 ? option.set : 1 - option.set];
   shown[GridColumn::BandWidth] = ReadField(record, WideBandField) != 0 ? texts.WideBandText : texts.NarrowBandText;
   shown[GridColumn::GroupCall] = GroupCallText(image, channel);
   return shown;
@@ -138,7 +139,7 @@ void RecordFromTexts(RadioImage& image, std::size_t channel, const ChannelTexts&
   CollectSide(image, channel, Transmit, !shown.noTx, shown, texts);
   CollectOption(record, WideBandField, shown[GridColumn::BandWidth], texts.WideBandText, texts.NarrowBandText);
   for (const OptionField& option : OptionFields)
-    CollectOption(record, option.field, shown[option.column], option.set, option.clear);
+    CollectOption(record, option.field, shown[option.column], option.items[option.set], option.items[1 - option.set]);
   ApplyGroupCallText(image, channel, shown[GridColumn::GroupCall]);
 }
 

@@ -1,6 +1,7 @@
 #include "signaling.h"
 
 #include "block_field.h"
+#include "cell_items.h"
 #include "decimal.h"
 #include "function_settings.h"
 #include "text.h"
@@ -15,7 +16,6 @@ constexpr std::size_t CodeDigits = 5;
 constexpr std::size_t TtsGroupByte = 15;
 constexpr std::string_view TtsPrefix = "TTS ";
 constexpr std::string_view FiveTonePrefix = "5T ";
-constexpr std::array<std::string_view, 3> TtsGroupItems = {"OFF", "Tone A", "Tone B"};
 constexpr std::string_view UnlistedGroup = "Tone #";
 
 // One direction of a channel: its bytes in the channel record and its code digits, d1 first.
@@ -32,7 +32,6 @@ constexpr std::array<SelCallPlace, 2> SelCallPlaces = {{
 }};
 constexpr BlockField FiveToneGroup =                                    {5, 0xF0, 4};
 constexpr BlockField FiveToneGroupCopy =                                {2, 0xF0, 4};
-constexpr int FiveToneGroups = 4; // the group-call dialog offers 1 to 4
 // clang-format on
 
 const SelCallPlace& PlaceOf(Direction direction) {
@@ -113,7 +112,7 @@ void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view
   const auto group = text == "OFF" ? std::optional<std::uint8_t>(0) : ByteAfter(text, FiveTonePrefix);
   const std::span<std::uint8_t> code = CodeOf(image, channel);
   if (!group || *group > 0x0F || (*group == 0 && text != "OFF")) return;
-  if (*group > FiveToneGroups && ReadField(code, FiveToneGroup) == *group) return;
+  if (*group >= FiveToneGroupItems.size() && ReadField(code, FiveToneGroup) == *group) return;
   WriteField(code, FiveToneGroup, *group);
   WriteField(code, FiveToneGroupCopy, *group);
 }

@@ -1,5 +1,6 @@
 #include "cell_dialogs.h"
 
+#include "cell_items.h"
 #include "entry_controls.h"
 #include "field_rules.h"
 #include "fill_messages.h"
@@ -18,16 +19,8 @@ namespace {
 
 constexpr int CodeLength = 5;
 
-// Of the two lists of frmGroup, and the cell's text for each item.
-const std::array<QStringList, 2>& GroupCalls() {
-  static const std::array<QStringList, 2> items = {QStringList{"OFF", "Tone A", "Tone B"},
-                                                   QStringList{"OFF", "First 1", "First 2", "First 3", "First 4"}};
-  return items;
-}
-const std::array<QStringList, 2>& GroupCallTexts() {
-  static const std::array<QStringList, 2> texts = {QStringList{"OFF", "Tone A", "Tone B"},
-                                                   QStringList{"OFF", "5T 1", "5T 2", "5T 3", "5T 4"}};
-  return texts;
+QStringList GroupCallTexts(bool ttsMode) {
+  return ItemTexts(CellItems(GridColumn::GroupCall, ttsMode));
 }
 
 } // namespace
@@ -162,12 +155,14 @@ FrmGroup::FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent)
     QRadioButton* const option = AddOption(row, row + 1, captions[i], optionNames[i]);
     option->setChecked(i == mode);
     option->setEnabled(i == mode);
-    m_cboTwoSig[i] = AddList(row, QStringLiteral("cboTwoSig(%1)").arg(row), GroupCalls()[i], listNames[i]);
-    m_cboTwoSig[i]->setCurrentIndex(std::max(0, static_cast<int>(GroupCallTexts()[i].indexOf(cellText))));
+    const QStringList texts = GroupCallTexts(i == 0);
+    const QStringList shown = QStringList(texts).replaceInStrings("5T", "First");
+    m_cboTwoSig[i] = AddList(row, QStringLiteral("cboTwoSig(%1)").arg(row), shown, listNames[i]);
+    m_cboTwoSig[i]->setCurrentIndex(std::max(0, static_cast<int>(texts.indexOf(cellText))));
     m_cboTwoSig[i]->setEnabled(i == mode);
   }
   // A value that is not in the list is kept unless the user picks another.
-  if (!GroupCallTexts()[mode].contains(cellText)) {
+  if (!GroupCallTexts(ttsMode).contains(cellText)) {
     m_cboTwoSig[mode]->setCurrentIndex(-1);
     m_cboTwoSig[mode]->setPlaceholderText(cellText);
   }
@@ -179,7 +174,7 @@ FrmGroup::FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent)
 
 void FrmGroup::cmdOK_Click(std::size_t mode) {
   const int position = m_cboTwoSig[mode]->currentIndex();
-  if (position >= 0) m_cellText = GroupCallTexts()[mode].at(position);
+  if (position >= 0) m_cellText = GroupCallTexts(mode == 0).at(position);
   accept();
 }
 

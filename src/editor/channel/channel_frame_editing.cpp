@@ -2,6 +2,7 @@
 #include "channel_frame.h"
 
 #include "cell_dialogs.h"
+#include "cell_items.h"
 #include "frame_parts.h"
 
 #include <QApplication>
@@ -109,24 +110,13 @@ void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
 
 // Toggles between the two texts of a cell; any other text becomes the first.
 void ChannelFrame::ToggleText(int channel, GridColumn column) {
-  const QString text = m_gridChannel->Text(channel, column);
-  const auto toggle = [&](const QString& first, const QString& second) {
-    m_gridChannel->SetText(channel, column, text == first ? second : first);
-  };
-  switch (column) {
-  case GridColumn::Combination:
-    return toggle("AND", "OR");
-  case GridColumn::TailCut:
+  const std::string text = m_gridChannel->Text(channel, column).toStdString();
+  if (column == GridColumn::TailCut)
     return SetTailCut(channel, text == "OFF" && m_gridChannel->Text(channel, GridColumn::RxTone) != "OFF");
-  case GridColumn::HighTxPower:
-    return toggle("Permit", "Prohibit");
-  case GridColumn::PttId:
-    return toggle("OFF", "ON");
-  case GridColumn::BandWidth:
-    return toggle(QString::fromStdString(m_texts.WideBandText), QString::fromStdString(m_texts.NarrowBandText));
-  default:
-    return;
-  }
+  const std::array<std::string_view, 2> widths = {m_texts.WideBandText, m_texts.NarrowBandText};
+  const std::span<const std::string_view> items =
+      column == GridColumn::BandWidth ? std::span<const std::string_view>(widths) : CellItems(column, m_isTtsMode());
+  m_gridChannel->SetText(channel, column, QString::fromUtf8(items[text == items[0] ? 1 : 0]));
 }
 
 void ChannelFrame::AskSelectiveCall(int channel, GridColumn column) {

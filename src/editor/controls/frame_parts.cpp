@@ -72,14 +72,6 @@ void SetUsable(QWidget& field, bool usable) {
   field.setEnabled(usable);
 }
 
-QStringList ItemTexts(std::span<const std::string_view> items) {
-  QStringList texts;
-  texts.reserve(static_cast<qsizetype>(items.size()));
-  for (const std::string_view item : items)
-    texts.append(QString::fromUtf8(item));
-  return texts;
-}
-
 QLabel* AddField(QGridLayout& layout, int row, int column, const QString& label, QWidget* field) {
   auto* const text = new QLabel(label, layout.parentWidget());
   text->setBuddy(field);

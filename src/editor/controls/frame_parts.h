@@ -49,7 +49,13 @@ void ScrollTo(const QWidget& widget, const QRect& rectangle);
 // Enables or disables the field. A disabled one has the background of a button.
 void SetUsable(QWidget& field, bool usable);
 
-[[nodiscard]] QStringList ItemTexts(std::span<const std::string_view> items);
+template<class Items>
+[[nodiscard]] QStringList ItemTexts(const Items& items) {
+  QStringList texts;
+  for (const auto& item : items)
+    texts.append(QString::fromUtf8(item));
+  return texts;
+}
 
 // Adds the label in `column` and the field in `column + 1`. Returns the label.
 QLabel* AddField(QGridLayout& layout, int row, int column, const QString& label, QWidget* field);

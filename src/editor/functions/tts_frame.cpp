@@ -22,7 +22,6 @@ constexpr int FirstDataColumn = 1;
 constexpr int ColumnCount = static_cast<int>(TtsColumnCount);
 constexpr int RowCount = static_cast<int>(TtsEntryCount);
 constexpr int FrequencyCharacters = 4;
-constexpr int TimeCount = 100; // 0.1 s to 10 s
 
 // In twips.
 constexpr double BaseWidth = 770;
@@ -31,13 +30,6 @@ constexpr double NumberColumnWidth = 0.65 * BaseWidth;
 constexpr double DataColumnWidth = 1.1 * BaseWidth;
 constexpr double DataRowHeight = 1.05 * BaseHeight;
 constexpr double HeadingHeight = 2.3 * BaseHeight;
-
-QStringList TimeTexts(char decimalSeparator) {
-  QStringList texts;
-  for (int tenths = 1; tenths <= TimeCount; ++tenths)
-    texts.append(QString::fromUtf8(TtsTimeText(static_cast<std::uint8_t>(tenths), decimalSeparator)));
-  return texts;
-}
 
 bool IsFrequency(int column) {
   return column == static_cast<int>(TtsColumn::ToneAFreq) || column == static_cast<int>(TtsColumn::ToneBFreq);
@@ -93,7 +85,7 @@ public:
   }
 };
 
-TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator)
+TtsFrame::TtsFrame(MessageView& messages, const FieldTexts& texts)
     : GridFrame(QStringLiteral("fraTTS"), tr("TTS"), "TTS Frequency Invalid!", messages), m_grid(new TtsGrid(this)) {
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_grid);
@@ -102,7 +94,7 @@ TtsFrame::TtsFrame(MessageView& messages, char decimalSeparator)
   m_frequency =
       new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitFilter, tr("TTS frequency in Hz"), this);
   m_frequency->setAlignment(Qt::AlignCenter);
-  m_time = new ChoiceBox(QStringLiteral("cmbTTST"), TimeTexts(decimalSeparator), tr("TTS time in seconds"), this);
+  m_time = new ChoiceBox(QStringLiteral("cmbTTST"), ItemTexts(texts.TtsTimes), tr("TTS time in seconds"), this);
   SetUp(*m_grid, *m_frequency, *m_time);
   connect(m_frequency, &EntryBox::Stepped, this, &TtsFrame::txtTTSFreq_Step);
   connect(m_frequency, &EntryBox::Clicked, m_frequency, &EntryBox::SelectEntry);

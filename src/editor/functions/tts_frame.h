@@ -10,7 +10,7 @@ class TtsGrid;
 class TtsFrame : public GridFrame {
   Q_OBJECT
 public:
-  TtsFrame(MessageView& messages, char decimalSeparator);
+  TtsFrame(MessageView& messages, const FieldTexts& texts);
 
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
