@@ -61,7 +61,7 @@ _mr4500x_cli() {
       write) words="$words --accept-band --backup --verify --quick --trace" ;;
       info) words="$words --from --trace" ;;
       print) words="$words --reports" ;;
-      fleet) words="$words --rows --ports --count --journal --backup --quick --accept-band --compare-done --rewrite-done --operator --log --csv --plan" ;;
+      fleet) words="$words --rows --ports --count --journal --backup --quick --accept-band --compare-done --rewrite-done --operator --dry-run --log --csv --json --plan" ;;
     esac
     words="$words --help"
   fi

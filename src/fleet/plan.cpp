@@ -53,7 +53,7 @@ private:
     std::set<std::pair<FieldAt, std::string>> seen;
     FieldAt last;
     for (const std::string& cell : heading.cells) {
-      Column& column = m_columns.emplace_back(OneLine(cell));
+      Column& column = m_columns.emplace_back(Column{OneLine(cell), {}});
       const bool isOwn = column.name == InfoColumn || column.name == RadioColumn || column.name == LabelColumn;
       if (!isOwn) column.setting = FindSettingColumn(column.name, last);
       if (column.setting) last = column.setting->at;

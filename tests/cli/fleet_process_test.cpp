@@ -26,6 +26,12 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   const std::string rows = " --rows " + Path("rows.csv");
   const Ended two = Fleet(rows + " --count 2 --log " + Path("log.csv"));
   EXPECT_EQ(two.status, 0) << two.output;
+  const std::string dry = "fleet --dry-run " + file + rows;
+  ExpectAll({{dry, 0, "3 rows: 2 done, 0 taken, 1 free\n"},
+             {dry + " --journal " + Path("none.journal"), 0, "3 rows: 0 done, 0 taken, 3 free\n"},
+             {"fleet --dry-run " + file + " --rows " + Path("log.csv"), 2, "line 1, "}});
+  EXPECT_FALSE(std::filesystem::exists(Path("none.journal")));
+  EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --json").output, "\"outcome\": \"verified\""), 2U);
   EXPECT_EQ(CountOf(two.output, ": verified"), 2U) << two.output;
   EXPECT_EQ(CountOf(two.output, "radio LR-2: verified"), 1U);
   EXPECT_EQ(CountOf(two.output, "row 2, Car 2, radio LR-2"), CountOf(two.output, ", radio LR-2: ")) << two.output;

@@ -11,6 +11,7 @@
 #include "words.h"
 
 #include <QEventLoop>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <ostream>
@@ -57,6 +58,38 @@ struct FleetEnd {
   std::string bench;
 };
 
+// What is left of the plan. A journal that is not there yet has nothing of it.
+ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const std::string& address, Terminal& terminal) {
+  std::size_t done = 0, taken = 0;
+  const std::string file = FileOfJournal(address);
+  if (file.empty() || !IsMissing(files, file)) {
+    const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
+    const auto rows = journal->Rows(plan.key);
+    if (!rows) return NoAnswer(address, *journal, terminal);
+    done = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Done, &JournalRow::state));
+    taken = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Taken, &JournalRow::state));
+  }
+  terminal.out << (plan.isEndless ? "every radio gets the template" : std::to_string(plan.rows.size()) + " rows")
+               << ": " << done << " done, " << taken << " taken";
+  if (!plan.isEndless) terminal.out << ", " << plan.rows.size() - std::min(plan.rows.size(), done + taken) << " free";
+  terminal.out << '\n';
+  return EndOutput(terminal);
+}
+
+std::string AttemptsJson(const std::vector<Attempt>& attempts) {
+  nlohmann::ordered_json all = nlohmann::ordered_json::array();
+  for (const Attempt& attempt : attempts) {
+    nlohmann::ordered_json& one = all.emplace_back();
+    one["row"] = attempt.row;
+    one["outcome"] = StoredName(attempt.outcome);
+    for (const AttemptColumn& column : AttemptColumns)
+      one[std::string(column.heading)] = attempt.*column.text;
+  }
+  return nlohmann::ordered_json{{"format", 1}, {"attempts", all}}.dump(2, ' ', false,
+                                                                       nlohmann::json::error_handler_t::replace) +
+         '\n';
+}
+
 // Runs the bench until all its ports have ended.
 FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan& plan, const FleetChoice& choice,
                   Terminal& terminal) {
@@ -99,13 +132,14 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
 
 ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
   FleetChoice& choice = arguments.choice;
-  if (!FindPorts(files, settingsFile, arguments, terminal) || !MayStore(files, choice, arguments.logFile, terminal))
-    return ExitStatus::UnusableArguments;
+  const bool hasPorts = arguments.isDryRun || FindPorts(files, settingsFile, arguments, terminal);
+  if (!hasPorts || !MayStore(files, choice, arguments.logFile, terminal)) return ExitStatus::UnusableArguments;
   const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
   for (const std::string& problem : problems)
     terminal.err << problem << '\n';
   if (!problems.empty()) return ExitStatus::UnusableArguments;
   const std::string address = JournalOf(choice);
+  if (arguments.isDryRun) return CheckPlan(files, plan, address, terminal);
   const auto onWait = [&] { terminal.err << WaitsForBenchText << std::endl; };
   if (const auto failure = EnterPlan(address, plan, onWait)) return NoAnswer(address, *failure, terminal);
 
@@ -133,6 +167,10 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   if (!attempts) return NoAnswer(address, *journal, terminal);
   if (!arguments.csvFile.empty())
     return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
+  if (arguments.isJson) {
+    terminal.out << AttemptsJson(*attempts);
+    return EndOutput(terminal);
+  }
   std::set<std::string> plans;
   for (const Attempt& attempt : *attempts)
     plans.insert(attempt.plan);

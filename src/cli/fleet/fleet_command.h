@@ -10,9 +10,11 @@ struct FleetArguments {
   FleetChoice choice;             // without the ports
   std::vector<std::string> ports; // "all" is one that is there
   std::string logFile;
+  bool isDryRun = false; // only checks the plan; needs no ports
   // fleet journal
   std::string listed; // the journal's address, or a template
   std::string csvFile;
+  bool isJson = false;
   std::string plan; // the key of the only plan to list
 };
 

@@ -54,15 +54,19 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
                   "write radios again that are done, but hold something else; otherwise they are set aside");
   option(fleet, "--operator", choice.operatorName, "NAME", "who is at the bench, for the journal");
   option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
+  fleet->add_flag(
+      "--dry-run", arguments.isDryRun,
+      "check TEMPLATE and its rows, and count what the journal has of them; needs no ports and changes nothing");
   fleet->final_callback([&arguments, journal, onFleet] {
     if (journal->parsed()) return;
     if (arguments.choice.templateFile.empty()) throw CLI::RequiredError("TEMPLATE");
-    if (arguments.ports.empty()) throw CLI::RequiredError("--ports");
+    if (arguments.ports.empty() && !arguments.isDryRun) throw CLI::RequiredError("--ports");
     onFleet();
   });
 
   option(journal, "URL", arguments.listed, "", address)->required();
   option(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
+  journal->add_flag("--json", arguments.isJson, "as JSON with every detail");
   option(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
   journal->final_callback(onJournal);
 }
