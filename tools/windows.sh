@@ -2,7 +2,7 @@
 windows_packages="$build_packages g++-mingw-w64-x86-64-posix icoutils librsvg2-bin"
 windows_qt_packages="dpkg-dev tclsh xz-utils"
 windows_package_packages="$windows_packages $windows_qt_packages nsis"
-windows_test_packages="$windows_packages libgtest-dev googletest wine64 xvfb xauth imagemagick poppler-utils"
+windows_test_packages="$windows_packages libgtest-dev googletest wine64 xvfb imagemagick xdotool poppler-utils"
 
 # windows_build NAME ROOT OPTION...: configures once and builds in build/windows/NAME.
 windows_build() {
