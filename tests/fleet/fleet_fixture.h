@@ -29,6 +29,7 @@ using namespace std::chrono_literals;
 struct Tables {
   std::mutex mutex;
   bool isLost = false; // the database does not answer
+  bool isFull = false; // and can only be read
   std::vector<JournalRow> rows;
   std::vector<Attempt> attempts;
   std::map<std::size_t, int> done; // how often a row became so
@@ -72,7 +73,7 @@ public:
     if (m_tables.isLost) return Renewal::Lost;
     return m_tables.rows.at(row - 1).bench == bench ? Renewal::Kept : Renewal::TakenAway;
   }
-  bool ReportAlive(const std::string& /*bench*/) override { return !m_tables.isLost; }
+  bool ReportAlive(const std::string& /*bench*/) override { return !m_tables.isLost && !m_tables.isFull; }
   std::optional<Attempt> Enter(const Attempt& attempt) override {
     const std::lock_guard guard(m_tables.mutex);
     if (m_tables.isLost) return std::nullopt;
