@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <future>
 #include <mutex>
+#include <utility>
 
 namespace mr4500x {
 namespace {
