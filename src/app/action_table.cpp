@@ -1,6 +1,7 @@
 // The menus and the toolbar of frmMain, built from one table.
 #include "frm_main.h"
 
+#include "editor_panel.h"
 #include "window_parts.h"
 
 #include <QAction>
@@ -15,7 +16,7 @@
 
 namespace mr4500x {
 
-enum class RowKind { Menu, Item, View, Separator, Recent, Hidden, HiddenSeparator, ButtonOnly };
+enum class RowKind { Menu, Item, View, Tick, Separator, Recent, Panel, Hidden, HiddenSeparator, ButtonOnly };
 
 struct FrmMain::ActionRow {
   RowKind kind;
@@ -49,10 +50,29 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
     {RowKind::Separator},
     {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
     {RowKind::Separator},
+    {RowKind::Item,   "&Import Channels...",   "mnuFileImport",     "",       commands::AskImport},
+    {RowKind::Item,   "&Export Channels...",   "mnuFileExport",     "",       commands::AskExport},
+    {RowKind::Item,   "Save Sample &List...",  "mnuFileSample",     "",       commands::SaveSample},
+    {RowKind::Panel,  "",                      "mnuChannelsCompare"},
+    {RowKind::Item,   "Compare with &Radio...", "mnuFileCompareRadio", "",     commands::CompareRadio},
     {RowKind::Item,   "Reco&ver...",           "mnuFileRecover",    "",       commands::Recover},
     {RowKind::Menu,   "&Edit",                 "mnuEdit"},
     {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", commands::Copy},
     {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", commands::Paste},
+    {RowKind::Separator},
+    {RowKind::Panel,  "",                      "mnuUndo"},
+    {RowKind::Panel,  "",                      "mnuRedo"},
+    {RowKind::Separator},
+    {RowKind::Panel,  "",                      "mnuChannelsCopy"},
+    {RowKind::Panel,  "",                      "mnuChannelsCut"},
+    {RowKind::Panel,  "",                      "mnuChannelsPaste"},
+    {RowKind::Separator},
+    {RowKind::Panel,  "",                      "mnuChannelsUp"},
+    {RowKind::Panel,  "",                      "mnuChannelsDown"},
+    {RowKind::Panel,  "",                      "mnuChannelsFill"},
+    {RowKind::Panel,  "",                      "mnuChannelsUse"},
+    {RowKind::Panel,  "",                      "mnuChannelsDontUse"},
+    {RowKind::Panel,  "",                      "mnuChannelsClear"},
     {RowKind::Menu,   "&Option",               "mnuOption"},
     {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels",  &FrmMain::m_mnuOptionChannels, &FrmMain::m_btnChanWin},
     {RowKind::Separator},
@@ -61,6 +81,9 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
     {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", commands::Read,                    "Read",    "Read",             "read"},
     {RowKind::Separator},
     {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", commands::Write,                   "Write",   "Write",            "write"},
+    {RowKind::Separator},
+    {RowKind::Tick,   "&Verify after Writing", "mnuProgramVerify",  "",       commands::ToggleVerify,            "",        "",                 "",          &FrmMain::m_mnuProgramVerify},
+    {RowKind::Tick,   "&Back Up before Writing", "mnuProgramBackUp", "",      commands::ToggleBackUp,            "",        "",                 "",          &FrmMain::m_mnuProgramBackUp},
     {RowKind::Menu,   "&Embedded Information", "mnuEmbed"},
     {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2",     commands::EditInfo},
     {RowKind::Separator},
@@ -75,6 +98,10 @@ std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
     {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       commands::HelpIndex},
     {RowKind::Separator},
     {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       commands::About},
+    {RowKind::Separator},
+    {RowKind::Item,   "&Help on This Setting", "mnuHelpHere",       "F1",     commands::HelpHere},
+    {RowKind::Item,   "&What's This",          "mnuHelpWhatsThis",  "Shift+F1", commands::WhatsThis},
+    {RowKind::Tick,   "&Practise with a Simulated Radio", "mnuHelpPractise", "", commands::Practise,           "",        "",                 "",          &FrmMain::m_mnuHelpPractise},
     {RowKind::ButtonOnly, "",                         "",                  "",       commands::New,                     "New",     "new",              "new"},
   };
   return rows;
@@ -97,6 +124,7 @@ void FrmMain::BuildMenus() {
     if (row.kind == RowKind::Menu) {
       menu = menuBar()->addMenu(tr(row.text));
       menu->setObjectName(QLatin1String(row.name));
+      m_panel->ServeMenu(*menu);
     } else if (menu != nullptr) {
       AddRow(*menu, row);
     }
@@ -108,6 +136,7 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
   if (row.kind == RowKind::ButtonOnly) return;
   if (row.kind == RowKind::Separator || row.kind == RowKind::HiddenSeparator)
     return menu.addSeparator()->setVisible(row.kind == RowKind::Separator);
+  if (row.kind == RowKind::Panel) return menu.addAction(m_panel->findChild<QAction*>(QLatin1String(row.name)));
   if (row.kind == RowKind::Recent) {
     for (int number = 0; QAction * &item : m_mnuRecent) {
       item = menu.addAction(QString(), this, [this, &item] { OpenGiven(item->data().toString().toStdString()); });
@@ -118,7 +147,7 @@ void FrmMain::AddRow(QMenu& menu, const ActionRow& row) {
   QAction* const item = menu.addAction(tr(row.text));
   item->setObjectName(QLatin1String(row.name));
   item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
-  item->setCheckable(row.kind == RowKind::View);
+  item->setCheckable(row.kind == RowKind::View || row.kind == RowKind::Tick);
   item->setVisible(row.kind != RowKind::Hidden);
   Connect(*item, row, row.heldItem);
 }

@@ -34,6 +34,8 @@ struct CommandContext {
   QWidget& window;
 
   void SetOrigin(Origin origin) const; // and the title
+  // The name to propose for a file, without an extension: the data file's or, after a read, the radio's.
+  [[nodiscard]] std::string ProposedStem() const;
   Answer Show(const Message& message, MessageButtons buttons = MessageButtons::Ok) const;
 };
 
@@ -54,6 +56,8 @@ void Copy(const CommandContext& context);
 void Paste(const CommandContext& context);
 void Read(const CommandContext& context);
 void Write(const CommandContext& context);
+void ToggleVerify(const CommandContext& context);
+void ToggleBackUp(const CommandContext& context);
 // The three of the embedded information leave the editor, its changes and all other blocks alone.
 void EditInfo(const CommandContext& context);
 void ReadInfo(const CommandContext& context);
@@ -61,10 +65,18 @@ void WriteInfo(const CommandContext& context);
 void Port(const CommandContext& context);
 void HelpContents(const CommandContext& context);
 void HelpIndex(const CommandContext& context);
+void HelpHere(const CommandContext& context); // on the control that has the focus
+void WhatsThis(const CommandContext& context);
 void About(const CommandContext& context);
+void Practise(const CommandContext& context);    // begins or ends it
+void EndPractice(const CommandContext& context); // the simulated radio has ended
 
 void OpenGiven(const CommandContext& context, const std::string& path); // from the recent files or the command line
 void Compare(const CommandContext& context);
+void CompareRadio(const CommandContext& context);
+void AskImport(const CommandContext& context);
+void AskExport(const CommandContext& context);
+void SaveSample(const CommandContext& context); // a list of channels to begin with
 // A list of channels: all of it as one step, or nothing and a message. A file of it, and its text.
 void ImportFile(const CommandContext& context, const std::string& path);
 void ImportChannels(const CommandContext& context, const std::string& text);

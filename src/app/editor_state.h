@@ -3,6 +3,7 @@
 
 #include "desktop.h"
 #include "exchange.h"
+#include "settings.h"
 
 #include <cstdint>
 #include <optional>
@@ -33,6 +34,10 @@ struct EditorState {
   bool ImageIsPartial = false; // a read or an open broke off: what the editor does not show was lost
   bool InfoIsPartial = false;  // the same, of the embedded information
   int CommPortNumber = 1;
+  int practicePort = 0; // of the simulated radio, 0 without one
+  int portBeforePractice = 0;
+  WriteHabits writeHabits;
+  [[nodiscard]] int PortToKeep() const { return CommPortNumber == practicePort ? portBeforePractice : CommPortNumber; }
   std::string LastFileName;            // path
   std::optional<std::uint64_t> device; // the file system that the origin's folder was on
   FontDescription EmbeddedTextFont;

@@ -3,6 +3,7 @@
 
 #include "channel_list.h"
 #include "channel_text.h"
+#include "conventions.h"
 #include "data_file.h"
 #include "dialogs.h"
 #include "editor_panel.h"
@@ -26,7 +27,10 @@ constexpr char UnsavedDataText[] = "Data hasn't been saved. Do you want to conti
 constexpr char OpenFilter[] = "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y";
 constexpr char SaveFilter[] = "Data files(*.K4X)|*.K4X|Data files(*.K4Y)|*.K4Y";
 constexpr char DefaultExtension[] = "K4X";
-constexpr char ImportTitle[] = "Import Channels";
+constexpr char ImportTitle[] = "Import Channels", ExportTitle[] = "Export Channels", SampleTitle[] = "Save Sample List";
+constexpr char ExportFilter[] =
+    "Channel lists with the window's captions(*.csv)|*.csv|Channel lists with identifiers(*.csv)|*.csv";
+constexpr char ListFilter[] = "Channel lists(*.csv)|*.csv";
 constexpr std::size_t LongestList = std::size_t{1} << 20; // bytes
 constexpr int RecentCharacters = 80;                      // a longer entry is elided in its middle
 
@@ -113,9 +117,16 @@ std::optional<std::string> AskOpenName(const CommandContext& context, const char
   return context.services.dialogs.AskOpen({title, OpenFilter, folder, /*proposedName*/ "", DefaultExtension});
 }
 
+// After a read the last file is another radio's.
+std::string ProposedName(const CommandContext& context) {
+  const std::string& last = context.state.LastFileName;
+  if (context.state.origin != Origin(RadioOrigin{Transfer::Read})) return last;
+  return (last.empty() ? "" : FolderOf(last) + Separator) + context.ProposedStem() + ".K4X";
+}
+
 std::optional<std::string> AskSaveName(const CommandContext& context, const char* title) {
   return context.services.dialogs.AskSave(
-      {title, SaveFilter, context.services.folderForFiles, context.state.LastFileName, DefaultExtension});
+      {title, SaveFilter, context.services.folderForFiles, ProposedName(context), DefaultExtension});
 }
 
 // To the path last chosen.
@@ -128,6 +139,15 @@ void WriteFile(const CommandContext& context, SaveCommand command) {
     BelongTo(context, path);
   else
     context.Show(MessageForFailed(command));
+}
+
+void SaveList(const CommandContext& context, const char* title, const std::string& path, const std::string& list) {
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(list.data()), list.size());
+  const FileResult saved = ReplaceFile(context.services.files, path, bytes, Surplus::Drop);
+  if (saved)
+    context.status.ShowPassing("Saved to " + QString::fromStdString(path));
+  else
+    context.Show({MessageIcon::Exclamation, title, "The file " + path + " can't be written (" + saved.Reason() + ")."});
 }
 
 } // namespace
@@ -210,7 +230,31 @@ void Compare(const CommandContext& context) {
   if (const std::optional<Message> failure = LoadImage(context, *path, other))
     context.Show(*failure);
   else
-    ShowComparison(context.panel, context.services.files, *path, other, context.services.messages, &context.window);
+    ShowComparison(context.panel, context.services.files, {*path}, other, context.services.messages, &context.window);
+}
+
+void AskImport(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  if (const auto path = context.services.dialogs.AskOpen(
+          {ImportTitle, ListFilter, context.services.folderForFiles, /*proposedName*/ "", "csv"}))
+    ImportFile(context, *path);
+}
+
+void AskExport(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  const MainServices& services = context.services;
+  std::size_t filter = 0;
+  const auto path = services.dialogs.AskSave(
+      {ExportTitle, ExportFilter, services.folderForFiles, context.ProposedStem() + ".csv", "csv", &filter});
+  const Configuration shown = context.panel.Shown();
+  if (path) SaveList(context, ExportTitle, *path, filter == 0 ? CaptionedCsv(shown) : ChannelsCsv(shown));
+}
+
+void SaveSample(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  if (const auto path = context.services.dialogs.AskSave(
+          {SampleTitle, ListFilter, context.services.folderForFiles, "sample.csv", "csv"}))
+    SaveList(context, SampleTitle, *path, std::string(SampleList));
 }
 
 void ImportFile(const CommandContext& context, const std::string& path) {
@@ -264,7 +308,7 @@ bool OpenLeftWork(const CommandContext& context) {
 }
 
 void StoreProgramSettings(const CommandContext& context) {
-  StoreSettings(context.services.files, context.services.settingsFile, context.state.CommPortNumber,
+  StoreSettings(context.services.files, context.services.settingsFile, context.state.PortToKeep(),
                 context.state.LastFileName);
 }
 

@@ -30,7 +30,6 @@
 namespace mr4500x {
 namespace {
 
-constexpr char CompareTitle[] = "Compare with File";
 constexpr char TakeText[] = "Take Other Value";
 constexpr char FileChangedText[] = "The file has changed. Nothing was taken: look at the new list first.";
 constexpr char FileLostText[] =
@@ -105,7 +104,7 @@ private:
 
 class FrmCompare final : public QDialog {
 public:
-  FrmCompare(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+  FrmCompare(EditorPanel& panel, FileSystem& files, const ComparedSource& source, const RadioImage& other,
              MessageView& messages, QWidget* parent);
 
 protected:
@@ -118,6 +117,7 @@ private:
   void AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)());
   void Filter(const QString& text);
   FileLook ReadAgain();
+  [[nodiscard]] const char* Title() const { return m_source.isFile ? "Compare with File" : "Compare with Radio"; }
   void Renew();
   void WidenColumns();
   void ShowResult(bool isLost);
@@ -127,7 +127,7 @@ private:
 
   EditorPanel& m_panel;
   FileSystem& m_files;
-  const std::string m_path;
+  const ComparedSource m_source;
   MessageView& m_messages;
   std::optional<Comparison> m_comparison;
   std::optional<RadioImage> m_here; // that the list compares
@@ -139,13 +139,13 @@ private:
   QTimer m_look;
 };
 
-FrmCompare::FrmCompare(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+FrmCompare::FrmCompare(EditorPanel& panel, FileSystem& files, const ComparedSource& source, const RadioImage& other,
                        MessageView& messages, QWidget* parent)
-    : QDialog(parent), m_panel(panel), m_files(files), m_path(path), m_messages(messages),
+    : QDialog(parent), m_panel(panel), m_files(files), m_source(source), m_messages(messages),
       m_comparison(std::in_place, other, panel.Texts()) {
   setObjectName(QStringLiteral("frmCompare"));
   setAttribute(Qt::WA_DeleteOnClose);
-  ShowTitle(*this, "Compare with " + path);
+  ShowTitle(*this, "Compare with " + source.name);
   m_filter->setObjectName(QStringLiteral("txtFilter"));
   m_filter->setClearButtonEnabled(true);
   auto* const label = new QLabel(tr("&Filter:"));
@@ -231,8 +231,9 @@ void FrmCompare::Filter(const QString& text) {
 }
 
 FrmCompare::FileLook FrmCompare::ReadAgain() {
+  if (!m_source.isFile) return FileLook::Same;
   RadioImage file;
-  if (LoadInput(m_files, m_path, nullptr, file).outcome != LoadOutcome::Loaded ||
+  if (LoadInput(m_files, m_source.name, nullptr, file).outcome != LoadOutcome::Loaded ||
       Decode(file, m_panel.Texts()).end == DecodeEnd::DataError)
     return FileLook::Lost;
   if (file == m_comparison->File()) return FileLook::Same;
@@ -281,7 +282,7 @@ QModelIndexList FrmCompare::SelectedRows() const {
 void FrmCompare::Take() {
   if (const FileLook file = ReadAgain(); file != FileLook::Same) {
     Renew();
-    m_messages.Show(MessageIcon::Exclamation, CompareTitle, file == FileLook::Lost ? FileLostText : FileChangedText,
+    m_messages.Show(MessageIcon::Exclamation, Title(), file == FileLook::Lost ? FileLostText : FileChangedText,
                     MessageButtons::Ok);
     return;
   }
@@ -294,7 +295,7 @@ void FrmCompare::Take() {
   for (const auto& [at, value, allowed] : taken.refused)
     refusals.push_back(NameOf(at) + ": " + value + ", allowed: " + allowed);
   if (!refusals.empty()) {
-    m_messages.Show(MessageIcon::Exclamation, CompareTitle, MessageOf(refusals), MessageButtons::Ok);
+    m_messages.Show(MessageIcon::Exclamation, Title(), MessageOf(refusals), MessageButtons::Ok);
     return;
   }
   const bool isAgreed = !taken.isNewLimit || AgreesToLowerLimit(m_messages);
@@ -323,12 +324,12 @@ void FrmCompare::Copy() {
 
 } // namespace
 
-void ShowComparison(EditorPanel& panel, FileSystem& files, const std::string& path, const RadioImage& other,
+void ShowComparison(EditorPanel& panel, FileSystem& files, const ComparedSource& source, const RadioImage& other,
                     MessageView& messages, QWidget* parent) {
   if (Decode(other, panel.Texts()).end == DecodeEnd::DataError)
     messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);
   else
-    (new FrmCompare(panel, files, path, other, messages, parent))->show();
+    (new FrmCompare(panel, files, source, other, messages, parent))->show();
 }
 
 } // namespace mr4500x

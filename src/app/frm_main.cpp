@@ -2,7 +2,9 @@
 
 #include "editor_panel.h"
 #include "machine.h"
+#include "practice_radio.h"
 #include "program_title.h"
+#include "setting_help.h"
 #include "settings.h"
 #include "transfer_guard.h"
 #include "window_parts.h"
@@ -59,9 +61,11 @@ FrmMain::FrmMain(MainServices services)
   setWindowIcon(ProgramIcon("program"));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu); // Qt's would offer to hide the toolbar
+  BuildPanel();
   BuildMenus();
   BuildToolbar();
-  BuildPanel();
+  ShowSettingHelp(*this);
+  new HelpEverywhere([this] { commands::HelpHere(Context()); }, this); // also while a command runs
   Load();
   TakeDesignSize();
   connect(
@@ -99,7 +103,8 @@ void FrmMain::BuildPanel() {
   connect(m_panel, &EditorPanel::Changed, m_status, &StatusPanels::EndPassing);
   connect(m_panel, &EditorPanel::Told, m_status, &StatusPanels::ShowPassing);
   connect(m_keeper, &WorkKeeper::CopyMissing, m_status, [this](bool isMissing) {
-    m_status->SetStanding(isMissing ? tr("No copy of the unsaved work could be written.") : QString());
+    m_status->SetStanding(StatusPanels::Standing::NoCopy,
+                          isMissing ? tr("No copy of the unsaved work could be written.") : QString());
   });
   m_background = scroll->viewport();
 }
@@ -110,12 +115,14 @@ CommandContext FrmMain::Context() {
 
 void FrmMain::Load() {
   m_state.CommPortNumber = LoadPortSetting(m_services.files, m_services.settingsFile);
+  m_state.writeHabits = LoadWriteHabits(m_services.files, m_services.settingsFile);
   m_status->ShowPort(m_state.CommPortNumber);
   m_panel->FillReset(m_services.now());
   m_keeper->Settled(m_state.origin);
   commands::ShowRecentFiles(Context());
   m_state.ModifiedFlag = false;
   ShowView(View::Channel);
+  ShowState();
   m_panel->CommitOpenEditors();
   m_panel->ReturnFocus(); // the grid has it at the start
 }
@@ -148,6 +155,13 @@ void FrmMain::ShowView(View view) {
   m_btnFuncWin->setEnabled(isChannel);
 }
 
+void FrmMain::ShowState() {
+  m_mnuProgramVerify->setChecked(m_state.writeHabits.verifies);
+  m_mnuProgramBackUp->setChecked(m_state.writeHabits.backsUp);
+  m_mnuHelpPractise->setVisible(m_services.practice.IsInstalled());
+  m_mnuHelpPractise->setChecked(m_services.practice.Port() != 0);
+}
+
 void FrmMain::RunCommand(const std::function<void(const CommandContext&)>& command) {
   if (m_running) return;
   struct Ending {
@@ -157,6 +171,7 @@ void FrmMain::RunCommand(const std::function<void(const CommandContext&)>& comma
       if (window.m_services.port.IsOpen()) window.m_services.port.Close();
       window.m_panel->ReturnFocus();
       window.m_running = false;
+      window.ShowState();
     }
   } const ending{*this};
   m_running = true;
@@ -216,6 +231,10 @@ bool FrmMain::MayLogOut() {
 }
 
 bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
+  connect(&m_services.practice, &PracticeRadio::Ended, this, [this] {
+    commands::EndPractice(Context());
+    ShowState();
+  });
   // A click outside the controls commits an open editor.
   if (event->type() == QEvent::MouseButtonPress && (watched == m_status || watched == m_background))
     m_panel->CommitOpenEditors();

@@ -58,6 +58,7 @@ private:
   void Load();
   void TakeDesignSize();
   void ShowView(View view);
+  void ShowState(); // by the ticks in the menus
   void StoreGeometry();
   // Runs a command unless another is running. Afterwards the port and the progress window are closed in any case.
   void RunCommand(const std::function<void(const CommandContext&)>& command);
@@ -78,6 +79,9 @@ private:
   QAction* m_mnuFileClose = nullptr;
   QAction* m_mnuOptionChannels = nullptr;
   QAction* m_mnuOptionFunction = nullptr;
+  QAction* m_mnuProgramVerify = nullptr;
+  QAction* m_mnuProgramBackUp = nullptr;
+  QAction* m_mnuHelpPractise = nullptr;
   QAction* m_btnChanWin = nullptr;
   QAction* m_btnFuncWin = nullptr;
   RecentItems m_mnuRecent{};

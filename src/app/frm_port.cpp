@@ -5,8 +5,10 @@
 
 #include <QButtonGroup>
 #include <QDialog>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -15,22 +17,46 @@ namespace mr4500x {
 namespace {
 
 constexpr int PortRows = 4; // the options are laid out column by column
+constexpr int HintLines = 2;
 
-QRadioButton* NewOption(int number, const PortChoice& choice, const std::string& deviceOfPort) {
+// The hint of the port that the user points at, else of the chosen one.
+class HintLabel final : public QLabel {
+public:
+  explicit HintLabel(const QButtonGroup& options) : m_options(options) {
+    setObjectName(QStringLiteral("lblHint"));
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setMinimumHeight(HintLines * fontMetrics().lineSpacing());
+    connect(&options, &QButtonGroup::idToggled, this, [this] { ShowHint(m_options.checkedButton()); });
+  }
+  void ShowHint(const QWidget* option) {
+    if (option != nullptr) setText(option->accessibleDescription());
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Enter) ShowHint(static_cast<QWidget*>(watched)); // of a grey one too
+    if (event->type() == QEvent::Leave) ShowHint(m_options.checkedButton());
+    return QLabel::eventFilter(watched, event);
+  }
+
+private:
+  const QButtonGroup& m_options;
+};
+
+QRadioButton* NewOption(int number, const PortChoice& choice, const std::string& hintText) {
   auto* const option = new QRadioButton(QDialog::tr("COM%1").arg(number));
   option->setObjectName(QStringLiteral("optPort(%1)").arg(number));
-  option->setEnabled(choice.enabled[static_cast<std::size_t>(number - 1)]);
+  option->setEnabled(!choice.failures[static_cast<std::size_t>(number - 1)]);
   option->setChecked(number == choice.preselected);
-  const QString device = DeviceToolTip(deviceOfPort);
-  option->setToolTip(device);
-  option->setAccessibleDescription(device);
+  const QString hint = QString::fromStdString(hintText);
+  option->setToolTip(hint);
+  option->setAccessibleDescription(hint);
   return option;
 }
 
 } // namespace
 
-std::optional<int> AskPort(const PortChoice& choice, const std::function<std::string(int)>& deviceOfPort,
-                           QWidget* parent) {
+std::optional<int> AskPort(const PortChoice& choice, const std::function<std::string(int)>& hintOf, QWidget* parent) {
   QDialog dialog(parent);
   dialog.setObjectName(QStringLiteral("frmPort"));
   dialog.setWindowTitle(QDialog::tr("Port"));
@@ -39,8 +65,10 @@ std::optional<int> AskPort(const PortChoice& choice, const std::function<std::st
   auto* const grid = new QGridLayout(frame);
   grid->setHorizontalSpacing(dialog.fontMetrics().averageCharWidth() * 3);
   QButtonGroup options;
+  auto* const hint = new HintLabel(options);
   for (int number = 1; number <= PortCount; ++number) {
-    QRadioButton* const option = NewOption(number, choice, deviceOfPort(number));
+    QRadioButton* const option = NewOption(number, choice, hintOf(number));
+    option->installEventFilter(hint);
     options.addButton(option, number);
     grid->addWidget(option, (number - 1) % PortRows, (number - 1) / PortRows);
   }
@@ -49,8 +77,10 @@ std::optional<int> AskPort(const PortChoice& choice, const std::function<std::st
   auto* const layout = new QVBoxLayout(&dialog);
   layout->setSizeConstraint(QLayout::SetFixedSize);
   layout->addWidget(frame);
+  layout->addWidget(hint);
   layout->addLayout(buttons.row);
   QAbstractButton* const preselected = options.checkedButton();
+  hint->ShowHint(preselected);
   (preselected->isEnabled() ? preselected : buttons.ok)->setFocus();
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return options.checkedId();

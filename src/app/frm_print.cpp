@@ -19,7 +19,7 @@ constexpr char NothingChosenText[] = "Please select items you want to print.";
 
 class FrmPrint final : public QDialog {
 public:
-  FrmPrint(Printers& printers, MessageView& messages, QWidget* parent);
+  FrmPrint(const ReportChoice& ticked, Printers& printers, MessageView& messages, QWidget* parent);
   [[nodiscard]] ReportChoice Choice() const { return {m_chk0, m_chk1, m_chk2}; } // after OK
 
 private:
@@ -32,7 +32,8 @@ private:
   bool m_chk0 = false, m_chk1 = false, m_chk2 = false;
 };
 
-FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent) : QDialog(parent), m_messages(messages) {
+FrmPrint::FrmPrint(const ReportChoice& ticked, Printers& printers, MessageView& messages, QWidget* parent)
+    : QDialog(parent), m_messages(messages) {
   setObjectName(QStringLiteral("frmPrint"));
   setWindowTitle(tr("Print Output"));
   auto* const boxes = new QVBoxLayout;
@@ -41,6 +42,9 @@ FrmPrint::FrmPrint(Printers& printers, MessageView& messages, QWidget* parent) :
     m_chkPrintOutput[i]->setObjectName(QStringLiteral("chkPrintOutput(%1)").arg(i));
     boxes->addWidget(m_chkPrintOutput[i]);
   }
+  m_chkPrintOutput[0]->setChecked(ticked.channels);
+  m_chkPrintOutput[1]->setChecked(ticked.tts);
+  m_chkPrintOutput[2]->setChecked(ticked.info);
   boxes->addStretch();
   auto* const side = new QVBoxLayout;
   AddButton(*side, "cmdSelAll", tr("Select &All"), [this] { SetAll(true); });
@@ -87,8 +91,9 @@ void FrmPrint::cmdOK_Click() {
 
 } // namespace
 
-std::optional<ReportChoice> AskReports(Printers& printers, MessageView& messages, QWidget* parent) {
-  FrmPrint dialog(printers, messages, parent);
+std::optional<ReportChoice> AskReports(const ReportChoice& ticked, Printers& printers, MessageView& messages,
+                                       QWidget* parent) {
+  FrmPrint dialog(ticked, printers, messages, parent);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Choice();
 }

@@ -13,6 +13,7 @@
 
 namespace mr4500x {
 
+class PracticeRadio;
 class UserInput;
 
 // What the main window needs of the machine and the desktop; tests replace it.
@@ -27,11 +28,13 @@ struct MainServices {
   SerialPort& port;
   Clock& clock;     // for transfers
   UserInput& input; // held during transfers
+  PracticeRadio& practice;
   std::string settingsFile;
   std::string folderForFiles; // initial folder of the file dialogs
   std::string keptFolder;     // for copies of unsaved work
   std::function<LocalTime()> now;
-  std::function<std::string(int)> deviceOfPort; // device path of a port; empty for none
+  std::function<std::string(int)> deviceOfPort;                // device path of a port; empty for none
+  std::function<std::string(const std::string&)> userOfDevice; // a program that has it open; empty for none
   std::function<void(const WindowGeometry&)> storeGeometry;
   std::function<void(const std::string&)> openLink; // in the user's browser
 };

@@ -3,6 +3,7 @@
 #include "frm_main.h"
 #include "machine_files.h"
 #include "machine_port.h"
+#include "practice_radio.h"
 #include "qt_dialogs.h"
 #include "qt_help_viewer.h"
 #include "qt_printers.h"
@@ -31,6 +32,7 @@ private:
   std::string m_settingsFile;
   UserInput m_input;
   EventClock m_clock;
+  PracticeRadio m_practice;
   std::unique_ptr<SerialPort> m_port;
   std::ofstream m_trace; // open if the settings file names one
   TracedPort m_tracedPort;

@@ -1,9 +1,16 @@
 // The commands that use the serial port: the four transfers, and the choice of the port.
 #include "commands.h"
 
+#include "backup.h"
+#include "channel_text.h"
+#include "conventions.h"
 #include "dialogs.h"
+#include "differences.h"
 #include "editor_panel.h"
+#include "end_signals.h"
 #include "messages.h"
+#include "practice_radio.h"
+#include "signaling.h"
 #include "transfer_guard.h"
 #include "window_parts.h"
 #include "work_keeper.h"
@@ -14,9 +21,10 @@
 namespace mr4500x {
 namespace {
 
-class WindowObserver final : public ExchangeObserver {
+// Shows the progress, and nothing else of what it reads.
+class ProgressObserver : public ExchangeObserver {
 public:
-  explicit WindowObserver(const CommandContext& context) : m_context(context) {}
+  explicit ProgressObserver(const CommandContext& context) : m_context(context) {}
 
   void Began(Transfer transfer, int maximum) override {
     const ProgressWords words = ProgressOf(transfer);
@@ -25,6 +33,16 @@ public:
   void Progress(int value) override { m_context.services.progress.SetValue(value); }
   void Ended() override { m_context.services.progress.Close(); }
   bool AcceptsOtherBand() override { return m_context.Show(BandQuestion(), MessageButtons::YesNo) == Answer::Yes; }
+  bool Complete(Transfer /*transfer*/) override { return true; }
+
+protected:
+  const CommandContext& m_context;
+};
+
+class WindowObserver final : public ProgressObserver {
+public:
+  using ProgressObserver::ProgressObserver;
+
   // Leaves ModifiedFlag alone: what a radio holds is in no file.
   bool Complete(Transfer transfer) override {
     m_context.Show(CompletionOf(transfer));
@@ -42,21 +60,72 @@ public:
       return true;
     });
   }
-
-private:
-  const CommandContext& m_context;
 };
 
-// Runs an exchange over the chosen port with the progress window and messages, and with the user's input held.
-void RunTransfer(const CommandContext& context, HeldPointer pointer,
+// Runs an exchange over the chosen port with the progress window and messages, and with the user's input held. True if
+// it was completed.
+template<class Observer = WindowObserver>
+bool RunTransfer(const CommandContext& context, HeldPointer pointer,
                  const std::function<ExchangeResult(SerialLine& line, ExchangeObserver& observer)>& exchange) {
   const MainServices& services = context.services;
   context.keeper.KeepNow(); // not during the transfer
   const TransferGuard guard(services.input, pointer);
   context.window.repaint(); // the exchange may block painting for a while
   SerialLine line(services.port, services.clock, context.state.CommPortNumber);
-  WindowObserver observer(context);
-  if (const std::optional<Message> failure = FailureOf(exchange(line, observer))) context.Show(*failure);
+  Observer observer(context);
+  const ExchangeResult result = exchange(line, observer);
+  if (const std::optional<Message> failure = FailureOf(result)) context.Show(*failure);
+  return result.outcome == Outcome::Complete;
+}
+
+// All that the radio holds, beside the editor.
+std::optional<RadioImage> ReadBeside(const CommandContext& context) {
+  RadioImage image;
+  const bool isRead =
+      RunTransfer<ProgressObserver>(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
+        return ReadRadio(line, image, observer);
+      });
+  if (!isRead) return std::nullopt;
+  image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
+  return image;
+}
+
+// False, with a message: nothing must be written.
+bool BackUp(const CommandContext& context) {
+  const MainServices& services = context.services;
+  const std::string folder = services.folderForFiles + Separator + "backup";
+  FileResult kept = MayKeepBackupIn(services.files, folder);
+  if (kept) {
+    const std::optional<RadioImage> image = ReadBeside(context);
+    if (!image) return false;
+    kept = KeepBackup(services.files, folder, *image, services.now()).result;
+    if (kept) return true;
+  }
+  context.Show({MessageIcon::Exclamation, "Back Up before Writing",
+                "No backup can be kept in " + folder + " (" + kept.Reason() + "). Nothing has been written."});
+  return false;
+}
+
+void Verify(const CommandContext& context) {
+  RadioImage found = context.image;
+  const bool isRead =
+      RunTransfer<ProgressObserver>(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
+        return ReadBack(line, found, observer);
+      });
+  if (!isRead) return;
+  const std::string port = ComName(context.state.CommPortNumber);
+  Refusals lines;
+  for (const DifferenceWords& words : WordsFor(CompareImages(context.image, found, context.panel.Texts())))
+    lines.push_back(words.name + ": " + words.before + " -> " + words.after);
+  if (lines.empty()) return context.status.ShowPassing(QString::fromStdString(port + " holds what was written."));
+  context.Show({MessageIcon::Exclamation, "Verify after Writing",
+                MessageOf(lines, port + " does not hold what was written. Write it again. What differs:")});
+}
+
+void Toggle(const CommandContext& context, bool WriteHabits::*habit) {
+  WriteHabits& habits = context.state.writeHabits;
+  habits.*habit = !(habits.*habit);
+  StoreWriteHabits(context.services.files, context.services.settingsFile, habits);
 }
 
 } // namespace
@@ -80,9 +149,26 @@ void Write(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   if (!MayStore(context)) return;
   context.panel.Collect();
-  RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
+  const EndSignalsHeld held; // a signal ends what has begun, and begins nothing
+  if (context.state.writeHabits.backsUp && (!BackUp(context) || IsEnding())) return;
+  const bool isWritten = RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteRadio(line, context.image, context.services.now, observer);
   });
+  if (isWritten && context.state.writeHabits.verifies && !IsEnding()) Verify(context);
+}
+
+void CompareRadio(const CommandContext& context) {
+  context.panel.CommitOpenEditors();
+  if (const std::optional<RadioImage> image = ReadBeside(context))
+    ShowComparison(context.panel, context.services.files, {ComName(context.state.CommPortNumber), /*isFile*/ false},
+                   *image, context.services.messages, &context.window);
+}
+
+void ToggleVerify(const CommandContext& context) {
+  Toggle(context, &WriteHabits::verifies);
+}
+void ToggleBackUp(const CommandContext& context) {
+  Toggle(context, &WriteHabits::backsUp);
 }
 
 void ReadInfo(const CommandContext& context) {
@@ -110,10 +196,38 @@ void Port(const CommandContext& context) {
       ChoosePort(context.state.CommPortNumber, [&](int number) { return TestPort(context.services.port, number); });
   QGuiApplication::restoreOverrideCursor();
   // Only a confirmed choice counts: the port that the status bar shows stays the one that is used.
-  const std::optional<int> chosen = AskPort(choice, context.services.deviceOfPort, &context.window);
+  const auto hintOf = [&](int number) {
+    const std::string device = context.services.deviceOfPort(number);
+    const auto& failure = choice.failures[static_cast<std::size_t>(number - 1)];
+    return PortHint(device, failure, failure ? context.services.userOfDevice(device) : "");
+  };
+  const std::optional<int> chosen = AskPort(choice, hintOf, &context.window);
   if (!chosen) return;
   context.state.CommPortNumber = *chosen;
   context.status.ShowPort(*chosen);
+}
+
+void Practise(const CommandContext& context) {
+  PracticeRadio& radio = context.services.practice;
+  if (radio.Port() != 0) return radio.Stop();
+  int port = PortCount;
+  while (port > LowestPort && !context.services.deviceOfPort(port).empty())
+    --port;
+  if (const auto failure = radio.Start(port))
+    return static_cast<void>(context.Show({MessageIcon::Exclamation, "Practise with a Simulated Radio", *failure}));
+  context.state.practicePort = port;
+  context.state.portBeforePractice = std::exchange(context.state.CommPortNumber, port);
+  context.status.ShowPort(port);
+  context.status.SetStanding(StatusPanels::Standing::Practice,
+                             "Practising with a simulated radio on " + QString::fromStdString(ComName(port)));
+}
+
+void EndPractice(const CommandContext& context) {
+  EditorState& state = context.state;
+  state.CommPortNumber = state.PortToKeep();
+  state.practicePort = 0;
+  context.status.ShowPort(state.CommPortNumber);
+  context.status.SetStanding(StatusPanels::Standing::Practice, "");
 }
 
 } // namespace commands

@@ -1,18 +1,23 @@
 // The commands that stay within the window: printing, editing, the embedded information and the help.
 #include "commands.h"
 
+#include "backup.h"
 #include "dialogs.h"
 #include "editor_panel.h"
 #include "embedded_info.h"
 #include "frm_embed.h"
 #include "machine.h"
 #include "program_title.h"
+#include "setting_help.h"
 #include "window_parts.h"
 #include "work_keeper.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QFileInfo>
 #include <QLocale>
+#include <QWhatsThis>
 
+#include <algorithm>
 #include <utility>
 
 namespace mr4500x {
@@ -26,6 +31,29 @@ Answer CommandContext::Show(const Message& message, MessageButtons buttons) cons
   return services.messages.Show(message.icon, message.title, message.text, buttons);
 }
 
+std::string CommandContext::ProposedStem() const {
+  if (const auto* const file = std::get_if<FileOrigin>(&state.origin))
+    return QFileInfo(QString::fromStdString(file->path)).completeBaseName().toStdString();
+  if (state.origin != Origin(RadioOrigin{Transfer::Read})) return "radio";
+  RadioImage radio; // a collect has removed the number from the other one
+  const std::string number = panel.Shown().identityNumber;
+  if (number != NoNumberText)
+    std::copy_n(number.begin(), std::min(number.size(), radio.RadioIdBlock.size()), radio.RadioIdBlock.begin());
+  return FilledIn("{id}_{date}", radio, services.now());
+}
+
+namespace {
+
+bool AskPdfName(const CommandContext& context, const std::string& proposed) {
+  const MainServices& services = context.services;
+  const auto path =
+      services.dialogs.AskSave({"Print to PDF", "PDF files(*.pdf)|*.pdf", services.folderForFiles, proposed, "pdf"});
+  if (path) services.printers.SetPdfFile(*path);
+  return path.has_value();
+}
+
+} // namespace
+
 namespace commands {
 
 void New(const CommandContext& /*context*/) {}
@@ -34,14 +62,14 @@ void New(const CommandContext& /*context*/) {}
 void Print(const CommandContext& context) {
   const MainServices& services = context.services;
   context.panel.CommitOpenEditors();
-  const std::optional<ReportChoice> choice = AskReports(services.printers, services.messages, &context.window);
-  if (!choice) return;
-  const bool isPdf = !services.printers.PdfFile().empty();
-  if (isPdf) {
-    const std::optional<std::string> pdfFile = services.dialogs.AskSave(
-        {"Print to PDF", "PDF files(*.pdf)|*.pdf", services.folderForFiles, services.printers.PdfFile(), "pdf"});
-    if (!pdfFile) return;
-    services.printers.SetPdfFile(*pdfFile);
+  std::optional<ReportChoice> choice = ReportChoice();
+  bool isPdf = false;
+  for (bool isReady = false; !isReady;) { // with the ticks as they are after a file dialog that was cancelled
+    choice = AskReports(*choice, services.printers, services.messages, &context.window);
+    if (!choice) return;
+    const std::optional<std::string> pdfFile = services.printers.PdfFile();
+    isPdf = pdfFile.has_value();
+    isReady = !isPdf || AskPdfName(context, pdfFile->empty() ? context.ProposedStem() + ".pdf" : *pdfFile);
   }
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const ReportTexts texts = ReportTextsOf(context.panel.Shown(), EmbeddedText(context.image.EmbeddedInfoBlock),
@@ -52,7 +80,7 @@ void Print(const CommandContext& context) {
   if (failure)
     context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), *failure});
   else if (isPdf)
-    context.status.ShowPassing("Printed to " + QString::fromStdString(services.printers.PdfFile()));
+    context.status.ShowPassing("Printed to " + QString::fromStdString(*services.printers.PdfFile()));
 }
 
 void Copy(const CommandContext& context) {
@@ -85,6 +113,13 @@ void HelpContents(const CommandContext& context) {
 void HelpIndex(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   context.services.help.OpenIndex();
+}
+// An open cell stays open: the help is about what is being typed.
+void HelpHere(const CommandContext& context) {
+  context.services.help.OpenPage(HelpPageOf(QApplication::focusWidget()).toStdString());
+}
+void WhatsThis(const CommandContext& /*context*/) {
+  QWhatsThis::enterWhatsThisMode();
 }
 void About(const CommandContext& context) {
   ShowAbout(context.services.openLink, &context.window);

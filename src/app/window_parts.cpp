@@ -85,14 +85,13 @@ void StatusPanels::ShowPassing(const QString& message) {
 
 void StatusPanels::EndPassing() {
   m_passing.stop();
-  if (m_standing.isEmpty())
-    m_title->setText(m_programTitle);
-  else
-    Show(m_standing);
+  for (const QString& message : m_standing)
+    if (!message.isEmpty()) return Show(message);
+  m_title->setText(m_programTitle);
 }
 
-void StatusPanels::SetStanding(const QString& message) {
-  m_standing = message;
+void StatusPanels::SetStanding(Standing which, const QString& message) {
+  m_standing[static_cast<std::size_t>(which)] = message;
   EndPassing();
 }
 

@@ -25,8 +25,10 @@ public:
   StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort);
   void ShowPort(int number);
   void ShowPassing(const QString& message);
-  void EndPassing();                        // what it told is no longer so
-  void SetStanding(const QString& message); // in place of the title until it is empty
+  void EndPassing(); // what it told is no longer so
+  // In place of the title until it is empty, the first one of them first.
+  enum class Standing { NoCopy, Practice };
+  void SetStanding(Standing which, const QString& message);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,7 +37,8 @@ private:
   void ShowTime();
   void Show(const QString& message); // as much of it as has room
 
-  QString m_programTitle, m_standing;
+  QString m_programTitle;
+  std::array<QString, 2> m_standing;
   std::function<std::string(int)> m_deviceOfPort;
   int m_number = 0;
   QLabel* m_title;

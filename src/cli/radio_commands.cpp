@@ -154,7 +154,7 @@ ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path
 ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, Terminal& terminal) {
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = deviceOf(number);
-    const char* const state = device.empty() ? "no device" : TestPort(port, number) ? "opens" : "does not open";
+    const char* const state = device.empty() ? "no device" : TestPort(port, number) ? "does not open" : "opens";
     terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
                  << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
   }

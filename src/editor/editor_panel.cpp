@@ -71,7 +71,7 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
   m_history = new EditHistory(
       m_image, [this] { return Agreed(); }, [this](const Configuration& values) { ShowAgain(values); }, this);
   connect(m_history, &EditHistory::Told, this, &EditorPanel::Told);
-  new ChannelCommands(*this, m_channels->Grid(), *m_history, m_image, m_texts, m_messages);
+  m_commands = new ChannelCommands(*this, m_channels->Grid(), *m_history, m_image, m_texts, m_messages);
   m_focusHolder->setObjectName(QStringLiteral("Command1"));
   m_focusHolder->setAccessibleName(tr("No field"));
   m_focusHolder->setFocusPolicy(Qt::ClickFocus); // not in the tab order
@@ -279,6 +279,13 @@ void EditorPanel::ShowChannelView() {
 }
 void EditorPanel::ShowFunctionView() {
   ShowView(FunctionView);
+}
+
+bool EditorPanel::ShowsChannels() const {
+  return m_views->currentIndex() == ChannelView;
+}
+void EditorPanel::ServeMenu(QMenu& menu) {
+  m_commands->ServeMenu(menu);
 }
 
 void EditorPanel::ShowView(int view) {

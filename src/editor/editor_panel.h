@@ -10,12 +10,14 @@
 
 #include <vector>
 
+class QMenu;
 class QPushButton;
 class QStackedLayout;
 
 namespace mr4500x {
 
 class BandFrame;
+class ChannelCommands;
 class ChannelFrame;
 class EditHistory;
 class EntryBox;
@@ -56,6 +58,8 @@ public:
 
   void ShowChannelView();
   void ShowFunctionView();
+  [[nodiscard]] bool ShowsChannels() const;
+  void ServeMenu(QMenu& menu); // greys the commands in it that can't be used when it opens
 
 signals:
   void Changed();
@@ -92,7 +96,8 @@ private:
   FiveToneFrame* m_fiveTone = nullptr;
   TtsFrame* m_tts = nullptr;
   ResetTimeFrame* m_resetTime = nullptr;
-  EditHistory* m_history = nullptr;     // starts anew with each fill
+  EditHistory* m_history = nullptr; // starts anew with each fill
+  ChannelCommands* m_commands = nullptr;
   std::vector<SettingsFrame*> m_frames; // all, in the order of a fill
 };
 

@@ -19,6 +19,9 @@ constexpr std::string_view PortKey = "Common Port";
 constexpr std::string_view NoPort = "No Comm";
 constexpr std::string_view FileSection = "File Name";
 constexpr std::string_view FileKey = "Default File";
+constexpr std::string_view WriteSection = "Write";
+constexpr std::string_view VerifyKey = "Verify after Writing";
+constexpr std::string_view BackUpKey = "Back Up before Writing";
 constexpr std::string_view DeviceSection = "Port Devices";
 constexpr std::string_view DeviceKey = "COM"; // plus the number
 
@@ -72,6 +75,20 @@ bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port,
   const std::array<ProfileValue, 2> values = {{
       {std::string(PortSection), std::string(PortKey), std::to_string(port)},
       {std::string(FileSection), std::string(FileKey), FitsProfileString(lastFileName) ? lastFileName : ""},
+  }};
+  return WriteProfileStrings(files, settingsFile, values);
+}
+
+WriteHabits LoadWriteHabits(FileSystem& files, const std::string& settingsFile) {
+  const std::string text = ProfileText(files, settingsFile);
+  const auto isOn = [&](std::string_view key) { return ProfileString(text, WriteSection, key, "") == "1"; };
+  return {isOn(VerifyKey), isOn(BackUpKey)};
+}
+
+bool StoreWriteHabits(FileSystem& files, const std::string& settingsFile, WriteHabits habits) {
+  const std::array<ProfileValue, 2> values = {{
+      {std::string(WriteSection), std::string(VerifyKey), habits.verifies ? "1" : "0"},
+      {std::string(WriteSection), std::string(BackUpKey), habits.backsUp ? "1" : "0"},
   }};
   return WriteProfileStrings(files, settingsFile, values);
 }

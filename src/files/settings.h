@@ -31,6 +31,14 @@ inline constexpr int HighestPort = 16;
 // False may be ignored.
 bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName);
 
+// What the user has added to a write. Nothing at first: then a write is the prescribed exchange and no more.
+struct WriteHabits {
+  bool verifies = false; // reads back what has been written
+  bool backsUp = false;  // keeps what the radio holds before
+};
+[[nodiscard]] WriteHabits LoadWriteHabits(FileSystem& files, const std::string& settingsFile);
+bool StoreWriteHabits(FileSystem& files, const std::string& settingsFile, WriteHabits habits);
+
 // The devices pinned to COM1, COM2 …; an empty string for none.
 [[nodiscard]] std::array<std::string, HighestPort> PortDevices(FileSystem& files, const std::string& settingsFile);
 

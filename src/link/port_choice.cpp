@@ -7,21 +7,20 @@
 
 namespace mr4500x {
 
-bool TestPort(SerialPort& port, int number) {
+std::optional<std::string> TestPort(SerialPort& port, int number) {
   port.SetPortNumber(number);
-  if (!port.IsOpen() && port.Open(RadioLine)) return false;
-  if (port.IsOpen()) port.Close();
-  return true;
+  std::optional<std::string> failure = port.IsOpen() ? std::nullopt : port.Open(RadioLine);
+  if (!failure && port.IsOpen()) port.Close();
+  return failure;
 }
 
-PortChoice ChoosePort(int commPortNumber, const std::function<bool(int)>& portWorks) {
+PortChoice ChoosePort(int commPortNumber, const std::function<std::optional<std::string>(int)>& test) {
   PortChoice choice;
   choice.number = commPortNumber;
   int lowest = 0;
   for (int n = PortCount; n >= 1; --n) {
-    const bool works = portWorks(n);
-    choice.enabled[static_cast<std::size_t>(n - 1)] = works;
-    if (works)
+    std::optional<std::string>& failure = choice.failures[static_cast<std::size_t>(n - 1)] = test(n);
+    if (!failure)
       lowest = n;
     else if (n == commPortNumber)
       choice.number = 0;

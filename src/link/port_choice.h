@@ -8,16 +8,16 @@
 
 namespace mr4500x {
 
-// Whether port `number` can be opened and closed again.
-[[nodiscard]] bool TestPort(SerialPort& port, int number);
+// Opens and closes port `number`. The system's reason if it can't be opened.
+[[nodiscard]] std::optional<std::string> TestPort(SerialPort& port, int number);
 
 struct PortChoice {
-  std::array<bool, PortCount> enabled{}; // option COMn at n - 1
+  std::array<std::optional<std::string>, PortCount> failures; // of COMn at n - 1: why it can't be chosen
   // The port to use until the user chooses: CommPortNumber, else the lowest that works, 0 if none does.
   int number = 0;
   int preselected = 1;
 };
 
-[[nodiscard]] PortChoice ChoosePort(int commPortNumber, const std::function<bool(int)>& portWorks);
+[[nodiscard]] PortChoice ChoosePort(int commPortNumber, const std::function<std::optional<std::string>(int)>& test);
 
 } // namespace mr4500x

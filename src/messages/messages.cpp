@@ -82,6 +82,17 @@ Message MessageForFailed(SaveCommand command) {
                                          : "File hasn't been saved. Please try again!"};
 }
 
+std::string PortHint(const std::string& device, const std::optional<std::string>& failure, const std::string& user) {
+  const auto isFor = [&](std::errc reason) { return *failure == std::make_error_code(reason).message(); };
+  if (device.empty()) return "There is no device for this port. Plug in the cable, and choose Port again.";
+  if (!failure) return device;
+  if (isFor(std::errc::device_or_resource_busy))
+    return device + " is in use by " + (user.empty() ? "another program" : user) + ". Close that program first.";
+  if (isFor(std::errc::permission_denied))
+    return device + ": you have no permission to use it. Join the group dialout, then log in again.";
+  return device + ": " + *failure + '.';
+}
+
 ProgressWords ProgressOf(Transfer transfer) {
   if (transfer == Read) return {"Read", "Reading data from the radio ..."};
   if (transfer == Write) return {"Write", "Write data to the radio ..."};

@@ -44,6 +44,11 @@ inline const Message LostInfoQuestion = {
     "Reading broke off, and the embedded information was lost. To get it back, answer No, then read it from the radio "
     "again or enter it again. Do you want to write what is left of it?"};
 
+// The device of a port, or why the port can't be chosen and what to do about it. `device` is empty for none, `failure`
+// is the system's reason, `user` the program that uses the port, if that is known.
+[[nodiscard]] std::string PortHint(const std::string& device, const std::optional<std::string>& failure,
+                                   const std::string& user);
+
 struct ProgressWords {
   std::string_view title;
   std::string_view text;

@@ -42,7 +42,9 @@ private:
     m_isExchanged = IsExchangeList(m_names);
     FindColumns();
     const auto isFound = [](const ChannelColumn* column) { return column != nullptr; };
-    if (m_first && std::ranges::none_of(m_columns, isFound)) return TakeGridColumns(), true;
+    const bool isUnknown = std::ranges::none_of(m_columns, isFound);
+    if (isUnknown && (!m_first || IsOfWords())) return Refuse({heading.line, "", "", Refused::UnknownHeading}), false;
+    if (isUnknown) return TakeGridColumns(), true;
     if (!heading.isWhole) return Refuse({heading.line, "", "", Refused::BrokenQuotes}), false;
     lines = lines.subspan(1);
     m_firstPlace = heading.place + 1;
@@ -50,6 +52,12 @@ private:
     const auto isZero = [&](const CsvRow& row) { return CellOf(row, m_number) == "0"; };
     m_base = m_isExchanged && std::ranges::any_of(lines, isZero) ? 0 : 1;
     return m_list.hasHeading || (m_first && !m_isExchanged); // what else is wrong with a pasted text is told, too
+  }
+
+  // Whether the first line is a heading, not a channel.
+  [[nodiscard]] bool IsOfWords() const {
+    const auto hasDigit = [](const std::string& cell) { return std::ranges::any_of(cell, IsDigit); };
+    return !m_names.front().empty() && std::ranges::none_of(m_names, hasDigit);
   }
 
   void FindColumns() {

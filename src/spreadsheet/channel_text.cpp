@@ -6,6 +6,7 @@
 #include "set_field.h"
 
 #include <algorithm>
+#include <numeric>
 #include <span>
 #include <utility>
 
@@ -13,6 +14,21 @@ namespace mr4500x {
 namespace {
 
 constexpr std::size_t MostLinesShown = 12;
+
+std::vector<std::vector<std::string>> CaptionedTable(const Configuration& configuration, const Channels& channels) {
+  std::vector<std::vector<std::string>> table(1);
+  for (const ChannelColumn& column : GridColumns())
+    table.front().push_back(column.caption);
+  for (const std::size_t channel : channels) {
+    std::vector<std::string>& cells = table.emplace_back();
+    for (const auto& [caption, field, isOpposite] : GridColumns()) {
+      cells.push_back(field == nullptr ? "CH" + std::to_string(channel + 1)
+                                       : TextOf(configuration, {field, channel + 1}));
+      if (isOpposite) cells.back() = cells.back() == "false" ? "yes" : "no";
+    }
+  }
+  return table;
+}
 
 } // namespace
 
@@ -26,17 +42,18 @@ std::string MessageOf(const Refusals& refusals, std::string text) {
 
 std::string TextOfChannels(const Configuration& configuration, const Channels& channels) {
   std::string text;
-  const auto addLine = [&](const auto& cellOf) {
-    for (const ChannelColumn& column : GridColumns())
-      text += cellOf(column) + (&column == &GridColumns().back() ? '\n' : '\t');
-  };
-  addLine([](const ChannelColumn& column) { return column.caption; });
-  for (const std::size_t channel : channels)
-    addLine([&](const ChannelColumn& column) {
-      if (column.field == nullptr) return "CH" + std::to_string(channel + 1);
-      const std::string value = TextOf(configuration, {column.field, channel + 1});
-      return !column.isOpposite ? value : value == "false" ? "yes" : "no";
-    });
+  for (const std::vector<std::string>& cells : CaptionedTable(configuration, channels))
+    for (const std::string& cell : cells)
+      text += cell + (&cell == &cells.back() ? '\n' : '\t');
+  return text;
+}
+
+std::string CaptionedCsv(const Configuration& configuration) {
+  Channels all(ChannelCount);
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  std::string text;
+  for (const std::vector<std::string>& cells : CaptionedTable(configuration, all))
+    text += CsvLine(cells);
   return text;
 }
 

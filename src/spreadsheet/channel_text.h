@@ -24,6 +24,15 @@ inline constexpr char LeftOutText[] = "The channels were imported, but a radio h
 // A line with the captions of the window from left to right, and a line for each channel; cells are apart by tabs.
 [[nodiscard]] std::string TextOfChannels(const Configuration& configuration, const Channels& channels);
 
+// The same of all channels, as CSV.
+[[nodiscard]] std::string CaptionedCsv(const Configuration& configuration);
+// A list to begin with: the columns that most plans need, and three channels.
+inline constexpr std::string_view SampleList =
+    "CH No.,Rx Freq (MHz),Rx CTC/DCS,Tx Freq (MHz),Tx CTC/DCS,Band With,No CH\r\n"
+    "CH1,446.1,88.5,446.1,88.5,12.5,no\r\n"
+    "CH2,446.2,D023N,446.2,D023N,12.5,no\r\n"
+    "CH3,441.5,OFF,446.5,67,25,no\r\n";
+
 // Sets the channels from `first` on by such a text, or by any that ReadChannelList takes. If a cell is bad, the
 // configuration must not be used.
 [[nodiscard]] ChannelList TakeChannels(Configuration& configuration, std::size_t first, std::string_view text,

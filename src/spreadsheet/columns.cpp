@@ -24,9 +24,45 @@ const std::vector<ChannelColumn>& OtherColumns() {
   return columns;
 }
 
+// The caption without its unit, the key in words ("rx tone"), and what "Band With" means.
+bool IsMeant(const ChannelColumn& column, const std::string& wanted) {
+  if (column.field == nullptr || column.isOpposite) return false;
+  std::string words(column.field->key);
+  std::ranges::replace(words, '_', ' ');
+  const std::string caption = Lower(column.caption);
+  return wanted == words || wanted == caption.substr(0, caption.find(" (")) ||
+         (wanted == "band width" && column.field->place == FieldPlace(GridColumn::BandWidth));
+}
+
 bool IsStepOrWidth(const Field& field) {
   return field.place == FieldPlace(GridColumn::RxStep) || field.place == FieldPlace(GridColumn::TxStep) ||
          field.place == FieldPlace(GridColumn::BandWidth);
+}
+
+// A tone as the list has it, from the words of other programs: "88.5", "D023N", "-D754". Any other text stays.
+std::string ToneMeant(const std::string& cell, char separator) {
+  std::string text = Lower(cell);
+  std::erase(text, ' ');
+  const auto drop = [&](std::string_view prefix) {
+    const bool isThere = text.starts_with(prefix);
+    if (isThere) text.erase(0, prefix.size());
+    return isThere;
+  };
+  if (text == "off" || text == "none") return "OFF";
+  bool isInverted = drop("-");
+  if (drop("dcs") || drop("d")) {
+    const bool isMarkedInverted = text.ends_with('i');
+    if (isMarkedInverted || text.ends_with('n')) text.pop_back();
+    isInverted = isInverted || isMarkedInverted;
+    return text.size() == 3 && ParseWhole(text) ? (isInverted ? "-DCS" : "DCS") + text : cell;
+  }
+  if (!drop("ctcss")) drop("ctc");
+  if (text.ends_with("hz")) text.resize(text.size() - 2);
+  const auto hertz = ParseDecimal(text, separator);
+  if (isInverted || !hertz || hertz->digits <= 0) return cell;
+  const std::int64_t tenths = CountOfUnits(*hertz, 1, 1);
+  const bool isExact = CountOfUnits(*hertz, 4, 1) == tenths * 1000;
+  return isExact ? "CTC" + FormatDecimal(tenths, 2, 1, separator) : cell;
 }
 
 } // namespace
@@ -55,7 +91,9 @@ const ChannelColumn* FindChannelColumn(std::string_view heading, const Field* la
   for (const Range range : {Range(from, columns.end()), Range(columns.begin(), from), Range(OtherColumns())})
     for (const ChannelColumn& column : range)
       if (Lower(column.caption) == wanted) return &column;
-  return nullptr;
+  const auto isMeant = [&](const ChannelColumn& column) { return IsMeant(column, wanted); };
+  const auto meant = std::ranges::find_if(columns, isMeant);
+  return meant == columns.end() ? nullptr : &*meant;
 }
 
 std::optional<int> ChannelNumberIn(std::string_view cell) {
@@ -96,6 +134,11 @@ std::string ValueOfCell(const Field& field, bool isOpposite, std::string_view ce
   const char separator = std::holds_alternative<ChoiceList>(field.place) ? '.' : texts.decimalSeparator;
   const auto isDecimalSign = [](char c) { return c == '.' || c == ','; };
   std::ranges::replace_if(value, isDecimalSign, separator);
+  if (field.place == FieldPlace(GridColumn::RxTone) || field.place == FieldPlace(GridColumn::TxTone))
+    return ToneMeant(value, separator);
+  const bool isFrequency = field.kind == FieldKind::Frequency;
+  if ((isFrequency || IsStepOrWidth(field)) && Lower(value).ends_with(isFrequency ? "mhz" : "khz"))
+    value = Trimmed(value.substr(0, value.size() - 3));
   if (IsStepOrWidth(field) && value.find(separator) != std::string::npos && ParseDecimal(value, separator)) {
     value.resize(value.find_last_not_of('0') + 1);
     if (value.back() == separator) value.pop_back();

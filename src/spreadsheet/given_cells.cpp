@@ -1,5 +1,6 @@
 #include "given_cells.h"
 
+#include "columns.h"
 #include "csv.h"
 
 #include <algorithm>
@@ -8,6 +9,13 @@ namespace mr4500x {
 namespace {
 
 constexpr std::string_view YesOrNo = "yes or no"; // and, as programs write them, true or false
+
+std::string KnownHeadings() {
+  std::string all;
+  for (const ChannelColumn& column : GridColumns())
+    all += (all.empty() ? "" : ", ") + column.caption;
+  return all;
+}
 
 template<typename Target>
 std::vector<RefusedCell> Applied(Target& target, const std::vector<GivenCell>& cells, const FieldTexts& texts) {
@@ -38,6 +46,8 @@ std::string ReasonOf(const RefusedCell& refused) {
   case Refused::TooLarge:      return "more than " + std::to_string(MostColumns) + " columns or " +
                                       std::to_string(MostRows) + " lines";
   case Refused::BrokenQuotes:  return "quotes that do not enclose a whole cell";
+  case Refused::UnknownHeading: return "none of these headings is known. Known are " + KnownHeadings() +
+                                       " and the identifiers of the settings (rx_freq)";
   case Refused::UnknownColumn: return "no such column";
   case Refused::ColumnTwice:   return "a column twice";
   case Refused::ColumnMissing: return "is missing";

@@ -22,6 +22,7 @@ enum class Refused : std::uint8_t {
   NoHeading,
   TooLarge,
   BrokenQuotes,
+  UnknownHeading, // none of its columns is known
   UnknownColumn,
   ColumnTwice,
   ColumnMissing,

@@ -370,5 +370,22 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
   }
 }
 
+TEST_F(CompareTest, ComparesWithTheRadioOnTheCableAndTakesItsValues) {
+  PutInRadio();
+  const RadioImage before = window->Panel().Collected();
+  Choose("mnuFileCompareRadio");
+  EXPECT_EQ(window->Panel().Collected(), before);
+  auto* const opened = window->findChild<QDialog*>("frmCompare");
+  ASSERT_NE(opened, nullptr);
+  EXPECT_EQ(opened->windowTitle(), "Compare with COM3");
+  table = opened->findChild<QTableView*>("tblDifferences");
+  Activate(opened);
+  EXPECT_EQ(Rows(), "Channels|CH5 In Use|no|yes\n");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Rows(), "");
+  EXPECT_FALSE(window->Panel().Shown().channels[4].noCh);
+  EXPECT_EQ(Happened(), Lines());
+}
+
 } // namespace
 } // namespace mr4500x

@@ -35,6 +35,7 @@ protected:
     std::ofstream((QCoreApplication::applicationDirPath() + "/MR4500X.ini").toStdString())
         << "[Comm Port]\nTrace=" << folder.filePath("trace").toStdString()
         << "\n[Port Devices]\nCOM1=" << radio.readLine().toStdString();
+    qputenv("PATH", QFileInfo(LR7200_SIMULATOR).path().toUtf8() + ':' + qgetenv("PATH"));
     program = std::make_unique<Program>();
     window = &program->Window();
     window->show();
@@ -107,6 +108,22 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   expected.replace(0x200, 14, "20" + written.substr(0x202, 12)); // the write stamp
   for (std::size_t i = 0; i < expected.size(); ++i)
     EXPECT_EQ(written[i], expected[i]) << std::hex << i;
+}
+
+TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
+  const auto status = [&](int panel) {
+    return window->findChild<QLabel*>(QStringLiteral("stbMain.Panels(%1)").arg(panel))->text().toStdString();
+  };
+  auto& item = *window->findChild<QAction*>("mnuHelpPractise");
+  item.trigger();
+  ASSERT_TRUE(item.isChecked());
+  EXPECT_EQ(status(1) + '|' + status(2), "Practising with a simulated radio on COM16|COM 16");
+  Press(Qt::CTRL | Qt::Key_R, TitleOf(RadioOrigin{Transfer::Read}));
+  EXPECT_EQ(told, Lines{"Read Complete"});
+  EXPECT_EQ(window->State().PortToKeep(), 1);
+  item.trigger();
+  EXPECT_FALSE(item.isChecked());
+  EXPECT_EQ(status(1) + '|' + status(2), std::string(ProgramTitle) + "|COM 1");
 }
 
 TEST(Program, PrintsItsUsageWithoutADisplay) {

@@ -193,5 +193,26 @@ TEST_F(ProgramTest, OpensAFileOfTheCommandLineUnderItsPlainPath) {
             (Lines{" 1 " + folder + "[*]x[*][*].K4X", " 2 " + folder + "far/a.K4X", " 3 " + folder + "a.K4X"}));
 }
 
+TEST_F(ProgramTest, ListsGoOutAndComeInByTheMenu) {
+  desk.paths = {Path("sample.csv"), Path("sample.csv"), Path("a.csv"), Path("b.csv"), Path("no folder/c.csv")};
+  for (const char* const command : {"mnuFileSample", "mnuFileImport"})
+    Choose(command);
+  EXPECT_EQ(Status(1), "Channels imported: 3");
+  EXPECT_EQ(window->Panel().Shown().channels[1][GridColumn::TxTone], "DCS023");
+  desk.filter = 0;
+  Choose("mnuFileExport");
+  EXPECT_EQ(Content("a.csv").substr(0, 21), "CH No.,Rx Freq (MHz),");
+  EXPECT_EQ(desk.lastQuestion.proposedName, "radio.csv");
+  desk.filter = 1;
+  Choose("mnuFileExport");
+  EXPECT_EQ(Content("b.csv").substr(0, 22), "number,in_use,rx_freq,");
+  EXPECT_EQ(Status(1), "Saved to " + Path("b.csv"));
+  Choose("mnuFileExport");
+  EXPECT_EQ(Happened(), (Lines{"dialog Save Sample List", "dialog Import Channels", "dialog Export Channels",
+                               "dialog Export Channels", "dialog Export Channels",
+                               "!|Export Channels|The file " + Path("no folder/c.csv") +
+                                   " can't be written (No such file or directory)."}));
+}
+
 } // namespace
 } // namespace mr4500x

@@ -11,6 +11,54 @@ TEST_F(ProgramTest, RunsACommandFromTheToolbar) {
   EXPECT_EQ(Happened(), (Lines{"dialog Open", "dialog Save", "X|Error|COM3: gone", "X|Error|COM3: gone"}));
 }
 
+TEST_F(ProgramTest, ItsMenusBeginWithTheOldItemsAndGiveNoMnemonicTwice) {
+  const std::pair<const char*, const char*> begins[] = {
+      {"mnuFile", "&Open...|&Close||&Save|Save &As...||&Print...||*|*|*|*||E&Xit||"},
+      {"mnuEdit", "&Copy|&Paste||"},
+      {"mnuOption", "&Channels Settings||&Function Settings|"},
+      {"mnuProgram", "&Read|| &Write|"},
+      {"mnuEmbed", "Embedded &Info...||&Read Embedded Info| &Write Embedded Info||*|"},
+      {"mnuCommPort", "&Port...     |"},
+      {"mnuHelp", "&Contents|&Index...||&About...|"},
+      {"mnuChannels", ""},
+  };
+  QTest::keyClick(window->findChild<QTableWidget*>("gridChannel"), Qt::Key_F10, Qt::ShiftModifier);
+  for (const auto& [name, begin] : begins) {
+    QString texts, mnemonics;
+    for (const QAction* const item : window->findChild<QMenu*>(name)->actions()) {
+      texts += (item->isVisible() || item->isSeparator() ? item->text() : "*") + '|';
+      if (const auto at = item->text().indexOf('&'); at >= 0) mnemonics += item->text().at(at + 1).toUpper();
+    }
+    EXPECT_TRUE(texts.startsWith(begin)) << name << ": " << texts.toStdString();
+    EXPECT_EQ(QSet<QChar>(mnemonics.begin(), mnemonics.end()).size(), mnemonics.size())
+        << name << ": " << mnemonics.toStdString();
+  }
+}
+
+// A menu shows what can be used. Its commands act on the channels only while they are in view.
+TEST_F(ProgramTest, ItsEditMenuWorksOnTheChannelsThatAreShown) {
+  auto* const menu = window->findChild<QMenu*>("mnuEdit");
+  const auto grey = [&] {
+    std::string names;
+    emit menu->aboutToShow();
+    for (const QAction* const item : menu->actions())
+      if (!item->isSeparator() && !item->isEnabled()) names += item->text().remove('&').toStdString() + '|';
+    emit menu->aboutToHide();
+    return names;
+  };
+  EXPECT_EQ(grey(), "Undo|Redo|Fill Down|");
+  const Configuration before = window->Panel().Shown();
+  Choose("mnuChannelsCut");
+  EXPECT_TRUE(window->Panel().Shown().channels[0].noCh);
+  EXPECT_EQ(grey(), "Redo|Fill Down|");
+  EXPECT_EQ(Item("mnuUndo")->text(), "&Undo Cut Channels");
+  Choose("mnuUndo");
+  EXPECT_EQ(window->Panel().Shown(), before);
+  Choose("mnuOptionFunction");
+  EXPECT_EQ(grey(),
+            "Undo|Copy Channels|Cut Channels|Paste Channels|Move Up|Move Down|Fill Down|Use|Don't Use|Clear Channels|");
+}
+
 TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
   struct NoPorts final : ScriptedRadio {
     void SetPortNumber(int /*number*/) override {}
@@ -33,7 +81,7 @@ TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
   user.start(1);
   QFile manual(MANUAL "/menus.html");
   ASSERT_TRUE(manual.open(QIODevice::ReadOnly));
-  const QRegularExpression row("<tr><td>([^<]+)</td><td>(Ctrl\\+[A-Z]|F\\d+)</td>");
+  const QRegularExpression row("<tr><td>([^<]+)</td><td>(Ctrl\\+[A-Z]|(?:Shift\\+)?F\\d+)</td>");
   for (auto rows = row.globalMatch(QString::fromUtf8(manual.readAll())); rows.hasNext(); --actions) {
     const QRegularExpressionMatch command = rows.next();
     ran.clear();
@@ -42,6 +90,7 @@ TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
     QTest::keySequence(window.get(), QKeySequence(command.captured(2)));
     EXPECT_EQ(ran, command.captured(1).toStdString()) << command.captured(2).toStdString();
   }
+  QWhatsThis::leaveWhatsThisMode();
   EXPECT_EQ(actions, 0) << "keys that the manual does not name";
 }
 

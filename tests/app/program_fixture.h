@@ -8,6 +8,7 @@
 #include "frm_main.h"
 #include "modal_dialog.h"
 #include "pdf_printer.h"
+#include "practice_radio.h"
 #include "program_title.h"
 #include "require.h"
 #include "scripted_radio.h"
@@ -27,10 +28,11 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
   std::deque<Answer> answers;                   // to questions
   std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
   FileQuestion lastQuestion;
+  std::size_t filter = 0;                     // that a Save is given with
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
   FileSystem& files = MachineFiles();
-  std::string pdfFile; // that is printed to; empty: there is no printer
+  std::string pdfFile; // that is printed to; there is no printer
 
   Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {
     const std::string icons[] = {"", "i|", "!|", "X|"};
@@ -54,15 +56,17 @@ struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, 
         pdfFile, [this](auto content) { return ReplaceFile(files, pdfFile, content, Surplus::Drop); });
   }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
-  std::string PdfFile() override { return pdfFile; }
+  std::optional<std::string> PdfFile() override { return pdfFile; }
   void SetPdfFile(const std::string& path) override { pdfFile = path; }
   void OpenContents() override { happened.emplace_back("help contents"); }
   void OpenIndex() override { happened.emplace_back("help index"); }
+  void OpenPage(const std::string& page) override { happened.push_back("help " + page); }
 
 private:
   std::optional<std::string> Ask(const FileQuestion& question) {
     happened.push_back("dialog " + question.title);
     lastQuestion = question;
+    if (question.chosenFilter != nullptr) *question.chosenFilter = filter;
     if (paths.empty()) return std::nullopt;
     std::optional<std::string> path = paths.front();
     paths.pop_front();
@@ -80,12 +84,13 @@ protected:
   }
 
   void Start() {
-    window = std::make_unique<FrmMain>(
-        MainServices{desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, radio, input,
-                     Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
-                     [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
-                     [this](const WindowGeometry&) { desk.happened.emplace_back("geometry"); },
-                     [this](const std::string& page) { desk.happened.push_back("link " + page); }});
+    window = std::make_unique<FrmMain>(MainServices{
+        desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, radio, input, practice,
+        Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
+        [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
+        [](const std::string&) { return std::string("minicom"); },
+        [this](const WindowGeometry&) { desk.happened.emplace_back("geometry"); },
+        [this](const std::string& page) { desk.happened.push_back("link " + page); }});
     window->show();
   }
 
@@ -114,6 +119,14 @@ protected:
   }
 
   void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
+  // The image of files, with channel 5 in use.
+  void PutInRadio() {
+    image.ChannelBlock(4, 0) = 0x81;
+    for (const BlockPlace& place : RecordMap) {
+      const auto bytes = BlockBytes(image, place.block);
+      std::copy(bytes.begin(), bytes.end(), &radio.memory.at(place.address));
+    }
+  }
   void OpenFile(const std::string& name) {
     desk.paths.emplace_back(Path(name));
     Choose("mnuFileOpen");
@@ -135,6 +148,7 @@ protected:
   ScriptedRadio radio;
   SerialPort* serialPort = nullptr; // instead of the radio's
   UserInput input;
+  PracticeRadio practice{"/nowhere/lr7200-simulator"};
   std::unique_ptr<FrmMain> window;
 };
 

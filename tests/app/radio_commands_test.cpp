@@ -19,13 +19,7 @@ const struct TransferCase {
 
 class TransferTest : public ProgramTest {
 protected:
-  TransferTest() {
-    image.ChannelBlock(4, 0) = 0x81; // channel 5 in use
-    for (const BlockPlace& place : RecordMap) {
-      const auto bytes = BlockBytes(image, place.block);
-      std::copy(bytes.begin(), bytes.end(), &radio.memory.at(place.address));
-    }
-  }
+  TransferTest() { PutInRadio(); }
   // The transfer is complete, interrupted or the like, and its message is the only one.
   void ExpectToldOf(Transfer transfer, Outcome outcome) {
     const Message told = outcome == Outcome::Complete ? CompletionOf(transfer)
@@ -91,6 +85,49 @@ TEST_F(TransferTest, WritesToAnotherBandOnlyIfTheUserAgrees) {
   EXPECT_EQ(Happened().size(), 2U); // asked, and written
 }
 
+TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
+  std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
+  const std::string backup = Path("backup/7777777777777777_20041104_090507.K4X");
+  const std::string written = "Write Complete|" + CompletionOf(Transfer::Write).text,
+                    same = "COM3 holds what was written.", title(ProgramTitle),
+                    differs = "!|Verify after Writing|COM3 does not hold what was written. Write it again. What "
+                              "differs:\n\nDigit Time: 50ms -> {\"code\": 4}",
+                    taken = "!|Back Up before Writing|No backup can be kept in " + Path("") +
+                            "/backup (File exists). Nothing has been written.";
+  // name, what is ticked or not any longer, what the radio changes after the write, sessions, told, status
+  const std::tuple<const char*, Lines, std::uint8_t, std::size_t, Lines, std::string> cases[] = {
+      {"at first", {}, 0, 1, {written}, title},
+      {"verified", {"mnuProgramVerify"}, 0, 2, {written}, same},
+      {"not the same", {}, 1, 2, {written, differs}, title},
+      {"backed up", {"mnuProgramVerify", "mnuProgramBackUp"}, 0, 2, {written}, title},
+      {"with a backup of the same name", {}, 0, 1, {taken}, title},
+  };
+  for (const auto& [name, ticked, flaw, sessions, told, status] : cases) {
+    SCOPED_TRACE(name);
+    for (const std::string& item : ticked)
+      Choose(item);
+    Start(); // the ticks are remembered
+    radio.frames.clear();
+    desk.beforeAnswer = [&, flaw = flaw] { radio.memory[0x107] ^= flaw; };
+    Choose("mnuProgramWrite");
+    EXPECT_EQ(Happened(), told);
+    EXPECT_EQ(Status(1), status);
+    EXPECT_EQ(std::ranges::count_if(radio.frames, [](auto& frame) { return frame[0] != 0x57; }), sessions);
+  }
+  RadioImage kept;
+  EXPECT_EQ(LoadDataFile(files, backup, kept).outcome, LoadOutcome::Loaded);
+}
+
+TEST_F(TransferTest, AReadProposesItsOwnName) {
+  std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  desk.answers = {Answer::No, Answer::No};
+  Choose("mnuProgramRead");
+  Choose("mnuFileSaveAs");
+  EXPECT_EQ(desk.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
+}
+
 // Ports of which some can be opened.
 struct SomePorts final : ScriptedRadio {
   std::set<int> working;
@@ -98,7 +135,7 @@ struct SomePorts final : ScriptedRadio {
   void SetPortNumber(int n) override { number = n; }
   std::optional<std::string> Open(const LineSettings&) override {
     open = working.contains(number);
-    return open ? std::nullopt : std::optional<std::string>("none");
+    return open ? std::nullopt : std::optional(std::make_error_code(std::errc::device_or_resource_busy).message());
   }
 };
 
@@ -119,8 +156,18 @@ TEST_F(ProgramTest, ChoosesThePort) {
       const auto option = [&](int n) { return dialog->findChild<QRadioButton*>(QStringLiteral("optPort(%1)").arg(n)); };
       for (int n = 1; n <= PortCount; ++n) {
         EXPECT_EQ(option(n)->isEnabled(), ports.working.contains(n)) << n;
-        EXPECT_EQ(option(n)->toolTip() == "/dev/ttyUSB2", n == 3) << n;
+        const char* const none = "There is no device for this port. Plug in the cable, and choose Port again.";
+        const char* const device =
+            ports.working.contains(3) ? "/dev/ttyUSB2" : "/dev/ttyUSB2 is in use by minicom. Close that program first.";
+        EXPECT_EQ(option(n)->toolTip(), n == 3 ? device : none) << n;
       }
+      QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+      auto* const line = dialog->findChild<QLabel*>("lblHint");
+      QCoreApplication::sendEvent(option(3), &enter); // a grey one
+      EXPECT_EQ(line->text(), option(3)->toolTip());
+      QCoreApplication::sendEvent(option(3), &leave);
+      for (int n = 1; n <= PortCount; ++n)
+        EXPECT_TRUE(!option(n)->isChecked() || line->text() == option(n)->toolTip()) << n;
       if (click != 0) option(click)->click();
       dialog->findChild<QPushButton*>(button)->click();
     });

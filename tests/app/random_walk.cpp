@@ -200,7 +200,9 @@ private:
     QWidget* const focus = QApplication::focusWidget();
     QWidget* const on = focus != nullptr && window.isAncestorOf(focus) ? focus : &window;
     Log("key", on, QKeySequence(modifier | key).toString());
-    if (QWindow* const handle = on->window()->windowHandle()) QTest::keyClick(handle, key, modifier);
+    const QPointer<QWindow> handle = on->window()->windowHandle(); // What's This closes by the press
+    if (handle != nullptr) QTest::keyPress(handle, key, modifier);
+    if (handle != nullptr) QTest::keyRelease(handle, key, modifier);
   }
 
   struct Spot {

@@ -1,6 +1,9 @@
 // The commands that stay within the window: printing, the embedded information and the help.
+#include "differences.h"
 #include "embedded_info.h"
 #include "program_fixture.h"
+#include "setting_help.h"
+#include "settings_frame.h"
 
 namespace mr4500x {
 namespace {
@@ -24,11 +27,6 @@ TEST_F(WindowCommandsTest, PrintOnlyPrintsWhatWasChosen) {
        {"chkPrintOutput(1)", "cmdSelAll", "cmdClrAll", "cmdOK", "cmdPrintSet", "cmdCancel"},
        "out.pdf",
        {"i|MR4500X Programming Software|Please select items you want to print.", "dialog Printer Setup"}},
-      {"no name", {"chkPrintOutput(1)", "cmdOK"}, "out.pdf", {"dialog Print to PDF"}},
-      {"no printer",
-       {"cmdSelAll", "cmdOK"},
-       "",
-       {"!|MR4500X Programming Software|There is no printer. \"Printer...\" offers to print to a PDF file."}},
   };
   for (const auto& [name, presses, pdfFile, effect] : cases) {
     SCOPED_TRACE(name);
@@ -40,13 +38,28 @@ TEST_F(WindowCommandsTest, PrintOnlyPrintsWhatWasChosen) {
   }
 }
 
+TEST_F(WindowCommandsTest, PrintKeepsTheTicksUntilThereIsAName) {
+  WhenDialogOpens([](QWidget* first) {
+    first->findChild<QAbstractButton*>("chkPrintOutput(1)")->click();
+    first->findChild<QAbstractButton*>("cmdOK")->click();
+    WhenDialogOpens([](QWidget* second) {
+      for (const int box : {0, 1, 2})
+        EXPECT_EQ(second->findChild<QCheckBox*>(QStringLiteral("chkPrintOutput(%1)").arg(box))->isChecked(), box == 1);
+      second->findChild<QAbstractButton*>("cmdCancel")->click();
+    });
+  });
+  Button("Print")->click();
+  EXPECT_EQ(Happened(), Lines{"dialog Print to PDF"});
+}
+
 TEST_F(WindowCommandsTest, PrintTakesWhatTheWindowShowsCollectedOrNot) {
-  desk.pdfFile = Path("proposed.pdf");
+  PutDataFile("Taxi 446.1.K4X");
+  OpenFile("Taxi 446.1.K4X");
   desk.paths = {Path("out.pdf")};
   window->findChild<QComboBox*>("cboRadio(5)")->setCurrentIndex(2);
   const RadioImage before = window->Image();
   Print({"chkPrintOutput(0)", "chkPrintOutput(2)", "cmdOK"});
-  EXPECT_EQ(desk.lastQuestion.proposedName, Path("proposed.pdf"));
+  EXPECT_EQ(desk.lastQuestion.proposedName, "Taxi 446.1.pdf");
   EXPECT_EQ(Status(1), "Printed to " + Path("out.pdf"));
   EXPECT_EQ(std::system(("pdftotext -layout " + Path("out.pdf")).c_str()), 0);
   const QString text = QString::fromStdString(Content("out.txt")).remove(' ');
@@ -82,6 +95,54 @@ TEST_F(WindowCommandsTest, HelpOpensTheManualAndAboutTheMakersPage) {
   for (const char* const command : {"mnuHelpContents", "mnuHelpIndex", "mnuHelpAbout"})
     Choose(command);
   EXPECT_EQ(Happened(), (Lines{"help contents", "help index", "link https://www.calvorne-vtr.example/"}));
+}
+
+TEST_F(WindowCommandsTest, HasHelpAtEachSettingWithItsFirstValue) {
+  QStringList tips;
+  for (const QWidget* const control : window->findChildren<QWidget*>())
+    if (control->toolTip() == control->whatsThis()) tips += control->whatsThis();
+  for (const QTableWidget* const table : window->findChildren<QTableWidget*>())
+    for (int column = 0; column < table->columnCount(); ++column)
+      if (const auto* const heading = table->horizontalHeaderItem(column); heading != nullptr)
+        if (heading->toolTip() == heading->whatsThis()) tips += heading->whatsThis();
+  const Configuration first = window->Panel().Shown();
+  for (const Field& field : Fields()) {
+    const std::string name = SettingName(field.place).toStdString();
+    const auto help = SettingHelps().find(SettingName(field.place));
+    ASSERT_NE(help, SettingHelps().end()) << name << " has no row in the manual's settings.html";
+    const QString lines = help->second.lines, value = QString::fromStdString(ShownTextOf(first, {&field, 1}));
+    EXPECT_LE(lines.count('\n'), 2) << name;
+    EXPECT_TRUE(tips.contains(lines)) << name << " shows no help";
+    if (field.place == FieldPlace(Box::InUse) || field.place == FieldPlace(Box::TxAllowed)) continue; // ticks for a no
+    EXPECT_TRUE(lines.contains("At first: " + value)) << name << ": " << lines.toStdString();
+  }
+}
+
+TEST_F(WindowCommandsTest, F1OpensThePageAboutTheControlThatHasTheFocus) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto& grid = *window->findChild<QTableWidget*>("gridChannel");
+  const auto press = [](QWidget* on) {
+    on->setFocus();
+    EXPECT_TRUE(QTest::qWaitFor([on] { return on->hasFocus(); }));
+    QTest::keyClick(on, Qt::Key_F1);
+  };
+  grid.setCurrentCell(0, 2);
+  press(&grid);
+  grid.setCurrentCell(0, 0);
+  QTest::keyClick(&grid, Qt::Key_Space);
+  press(window->findChild<QLineEdit*>("txtChFreq")); // the open cell
+  press(window->findChild<QCheckBox*>("chkCH(3)"));
+  Choose("mnuOptionFunction");
+  press(window->findChild<QComboBox*>("cboScan(3)"));
+  WhenDialogOpens([&](QWidget* dialog) {
+    EXPECT_NE(dialog->findChild<QWidget*>("cmdPrintSet")->toolTip(), "");
+    dialog->activateWindow();
+    press(dialog->findChild<QWidget*>("cmdPrintSet"));
+    dialog->findChild<QPushButton*>("cmdCancel")->click();
+  });
+  Button("Print")->click();
+  EXPECT_EQ(Happened(), (Lines{"help tones.html", "help frequencies.html", "help channels.html#noch", "help scan.html",
+                               "help printing.html#pdf"}));
 }
 
 } // namespace

@@ -143,8 +143,7 @@ TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {
   Put("list.csv", "Location,Name,Frequency\n1,A,446.1\n");
   EXPECT_EQ(import(false), list + ": Name: left out; a radio has nothing for it\n");
   Put("list.csv", "A,B\n1,2\n");
-  EXPECT_EQ(import(true), list + ":1: A: no such column\n" + list + ":1: B: no such column\n" + list +
-                              ":1: number: is missing\nstatus 2");
+  EXPECT_TRUE(import(true).starts_with(list + ":1: none of these headings is known"));
 }
 
 } // namespace

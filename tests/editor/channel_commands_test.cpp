@@ -99,11 +99,11 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   ASSERT_NE(menu, nullptr);
   std::string entries;
   for (const QAction* const entry : menu->actions())
-    entries += entry->text().toStdString() + (entry->isEnabled() ? "" : " -") + '|';
-  EXPECT_EQ(entries, "Copy Channels|Paste Channels||Move Up|Move Down|Fill Down|Use|Don't Use|Clear||Compare with "
-                     "File...||Undo Fill Down|"
-                     "Redo -|");
-  menu->setActiveAction(menu->actions()[8]);
+    entries += entry->text().remove('&').toStdString() + (entry->isEnabled() ? "" : " -") + '|';
+  EXPECT_EQ(entries,
+            "Copy Channels|Cut Channels|Paste Channels||Move Up|Move Down|Fill Down|Use|Don't Use|Clear Channels||"
+            "Compare with File...||Undo Fill Down|Redo -|");
+  menu->setActiveAction(menu->actions()[9]);
   QTest::keyClick(menu, Qt::Key_Return);
   EXPECT_TRUE(Channel(12) == Channel(13) && Channel(12).noCh);
   panel.ShowFunctionView();
@@ -112,7 +112,7 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   auto* const shortMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(shortMenu, nullptr);
   EXPECT_EQ(shortMenu->actions().size(), 4);
-  EXPECT_EQ(shortMenu->actions()[2]->text(), "Undo Clear");
+  EXPECT_EQ(shortMenu->actions()[2]->text(), "&Undo Clear Channels");
   shortMenu->close();
   panel.ShowChannelView();
   grid.setFocus();

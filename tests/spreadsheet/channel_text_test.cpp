@@ -36,6 +36,15 @@ TEST(ChannelTextTest, TakesOrRefusesWhatTheFileSays) {
       EXPECT_EQ(Pasted(Unescaped(row[2]), separator), row[3]) << row[0] << separator;
 }
 
+TEST(ChannelTextTest, AHeadingWithoutAKnownColumnIsOneRefusalThatNamesTheKnownOnes) {
+  const std::string known = "none of these headings is known. Known are CH No., Rx Freq (MHz), ";
+  EXPECT_TRUE(Pasted("Name\tFreq\tOffset\nA\t441\t442\nB\t441\t442\n", '.').starts_with(known));
+  EXPECT_EQ(Pasted("Name\tFreq\nA\t441\n", '.').find('|'), std::string::npos);
+  const ChannelList list = ReadChannelList("Nummer;Freq\n1;441\n", BuildFieldTexts('.'));
+  ASSERT_EQ(list.bad.size(), 1U);
+  EXPECT_TRUE(TextsOf(list.bad)[0].starts_with("1: " + known)) << TextsOf(list.bad)[0];
+}
+
 TEST(ChannelTextTest, HugeTextsAreRefusedInAFewWords) {
   std::string columns, lines;
   for (std::size_t i = 0; i < 50'000; ++i) {

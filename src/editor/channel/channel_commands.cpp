@@ -24,20 +24,21 @@ struct ChannelCommands::Row {
 // clang-format off
 std::span<const ChannelCommands::Row> ChannelCommands::Row::Table() {
   static constexpr Row rows[] = {
-    {"Copy Channels",  "mnuChannelsCopy",  "Ctrl+Shift+C",         &ChannelCommands::CopyChannels},
-    {"Paste Channels", "mnuChannelsPaste", "Ctrl+Shift+V",         &ChannelCommands::PasteChannels},
+    {"Cop&y Channels",  "mnuChannelsCopy",  "Ctrl+Shift+C",         &ChannelCommands::CopyChannels},
+    {"Cu&t Channels",   "mnuChannelsCut",   "Ctrl+Shift+X",         &ChannelCommands::CutChannels},
+    {"Paste Cha&nnels", "mnuChannelsPaste", "Ctrl+Shift+V",         &ChannelCommands::PasteChannels},
     {},
-    {"Move Up",        "mnuChannelsUp",    "Alt+Up",               &ChannelCommands::MoveUp},
-    {"Move Down",      "mnuChannelsDown",  "Alt+Down",             &ChannelCommands::MoveDown},
-    {"Fill Down",      "mnuChannelsFill",  "Ctrl+D",               &ChannelCommands::FillDown},
-    {"Use",            "mnuChannelsUse",   "Ctrl+U",               &ChannelCommands::Use},
-    {"Don't Use",      "mnuChannelsDontUse", "Ctrl+Shift+U",       &ChannelCommands::DontUse},
-    {"Clear",          "mnuChannelsClear", "",                     &ChannelCommands::Clear},
+    {"&Move Up",        "mnuChannelsUp",    "Alt+Up",               &ChannelCommands::MoveUp},
+    {"Move &Down",      "mnuChannelsDown",  "Alt+Down",             &ChannelCommands::MoveDown},
+    {"&Fill Down",      "mnuChannelsFill",  "Ctrl+D",               &ChannelCommands::FillDown},
+    {"U&se",            "mnuChannelsUse",   "Ctrl+U",               &ChannelCommands::Use},
+    {"D&on't Use",      "mnuChannelsDontUse", "Ctrl+Shift+U",       &ChannelCommands::DontUse},
+    {"C&lear Channels", "mnuChannelsClear", "",                     &ChannelCommands::Clear},
     {},
-    {"Compare with File...", "mnuChannelsCompare", "",             &ChannelCommands::Compare, true},
-    {"",               "",                 "",                     nullptr, true},
-    {"Undo",           "mnuUndo",          "Ctrl+Z",               &ChannelCommands::Undo, true},
-    {"Redo",           "mnuRedo",          "Ctrl+Shift+Z; Ctrl+Y", &ChannelCommands::Redo, true},
+    {"Compare &with File...", "mnuChannelsCompare", "",             &ChannelCommands::Compare, true},
+    {"",                "",                 "",                     nullptr, true},
+    {"&Undo",           "mnuUndo",          "Ctrl+Z",               &ChannelCommands::Undo, true},
+    {"&Redo",           "mnuRedo",          "Ctrl+Shift+Z; Ctrl+Y", &ChannelCommands::Redo, true},
   };
   return rows;
 }
@@ -66,35 +67,47 @@ ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHist
   connect(&panel, &EditorPanel::Changed, &grid, &ChannelGrid::UnselectRows);
 }
 
-// An entry that can't be used now is grey in the menu, but its keys stay at work. Whether there is something to paste
-// is not asked: the clipboard's owner may not answer for a long time.
 void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
   m_panel.CommitCells();
   if (which == Menu::Whole) m_grid.setFocus();
-  m_history.TakeStep();
   auto* const menu = new QMenu(&m_panel);
   menu->setObjectName(QStringLiteral("mnuChannels"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (std::size_t i = 0; i < m_actions.size(); ++i) {
-    if (which != Menu::Whole && !Row::Table()[i].isEverywhere) continue;
-    const auto run = Row::Table()[i].run;
-    const bool isUnusable = (run == &ChannelCommands::Undo && !m_history.Stack().canUndo()) ||
-                            (run == &ChannelCommands::Redo && !m_history.Stack().canRedo()) ||
-                            (run == &ChannelCommands::FillDown && m_grid.SelectedRows().empty());
-    m_actions[i]->setDisabled(isUnusable);
-    if (run == &ChannelCommands::Undo) m_actions[i]->setText(tr("Undo %1").arg(m_history.Stack().undoText()).trimmed());
-    if (run == &ChannelCommands::Redo) m_actions[i]->setText(tr("Redo %1").arg(m_history.Stack().redoText()).trimmed());
-    menu->addAction(m_actions[i]);
-  }
-  connect(menu, &QMenu::aboutToHide, this, [this] {
-    for (QAction* const action : m_actions)
-      action->setEnabled(true);
-  });
+  for (std::size_t i = 0; i < m_actions.size(); ++i)
+    if (which == Menu::Whole || Row::Table()[i].isEverywhere) menu->addAction(m_actions[i]);
+  ServeMenu(*menu);
   menu->popup(at);
 }
 
+void ChannelCommands::ServeMenu(QMenu& menu) {
+  connect(&menu, &QMenu::aboutToShow, this, &ChannelCommands::UpdateActions);
+  connect(&menu, &QMenu::aboutToHide, this, [this] {
+    for (QAction* const action : m_actions)
+      action->setEnabled(true);
+  });
+}
+
+// A command that can't be used now is grey while a menu is open; else its keys are at work, and it says why it does
+// nothing. Whether there is something to paste is not asked: the clipboard's owner may not answer for a long time.
+void ChannelCommands::UpdateActions() {
+  m_history.TakeStep();
+  const QUndoStack& stack = m_history.Stack();
+  const bool areChannels = m_panel.ShowsChannels();
+  for (std::size_t i = 0; i < m_actions.size(); ++i) {
+    const Row& row = Row::Table()[i];
+    const bool isUndo = row.run == &ChannelCommands::Undo, isRedo = row.run == &ChannelCommands::Redo;
+    m_actions[i]->setEnabled(isUndo   ? stack.canUndo()
+                             : isRedo ? stack.canRedo()
+                                      : row.isEverywhere || (areChannels && (row.run != &ChannelCommands::FillDown ||
+                                                                             !m_grid.SelectedRows().empty())));
+    if (!isUndo && !isRedo) continue;
+    QString step = isUndo ? stack.undoText() : stack.redoText();
+    m_actions[i]->setText((tr(row.text) + ' ' + step.replace('&', QLatin1String("&&"))).trimmed());
+  }
+}
+
 void ChannelCommands::Run(const Row& row) {
-  m_running = tr(row.text);
+  m_running = tr(row.text).remove('&');
   if (m_grid.currentRow() < 0) m_grid.setCurrentCell(0, 0); // the grid has never had the focus
   (this->*row.run)();
 }
@@ -126,6 +139,11 @@ void ChannelCommands::CopyChannels() {
   const Channels channels = ChosenChannels();
   QGuiApplication::clipboard()->setText(QString::fromStdString(TextOfChannels(m_panel.Shown(), channels)));
   emit m_panel.Told(tr("Channels copied: %1").arg(channels.size()));
+}
+
+void ChannelCommands::CutChannels() {
+  CopyChannels();
+  Clear();
 }
 
 void ChannelCommands::PasteChannels() {

@@ -1,6 +1,6 @@
-// The commands on whole channels, with undo and redo: by keys, and in a menu on the channel grid. A short menu, of what
-// has nothing to do with channels, is everywhere else. They work on the
-// selected rows or, without any, on the current one.
+// The commands on whole channels, with undo and redo: by keys, in the window's menus, and in a menu on the channel
+// grid. A short menu, of what has nothing to do with channels, is everywhere else. They work on the selected rows or,
+// without any, on the current one. Each is an action, a child of the panel by its name.
 #pragma once
 
 #include "channel_grid.h"
@@ -10,6 +10,7 @@
 #include <vector>
 
 class QAction;
+class QMenu;
 
 namespace mr4500x {
 
@@ -22,13 +23,17 @@ public:
   ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHistory& history, RadioImage& image,
                   const FieldTexts& texts, MessageView& messages);
 
+  void ServeMenu(QMenu& menu); // greys what can't be used each time that it opens
+
 private:
   struct Row;
 
   enum class Menu { Whole, OutsideGrid };
   void ShowMenu(const QPoint& at, Menu menu);
+  void UpdateActions();
   void Run(const Row& row);
   void CopyChannels();
+  void CutChannels();
   void PasteChannels();
   void MoveUp() { Move(-1); }
   void MoveDown() { Move(1); }

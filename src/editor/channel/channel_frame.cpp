@@ -131,8 +131,12 @@ void ChannelFrame::AddCheckBoxes() {
     chkTx->setObjectName(QStringLiteral("chkTx(%1)").arg(i));
     chkTx->setAccessibleName(tr("No Tx: channel %1 cannot transmit").arg(i + 1));
     connect(chkTx, &QCheckBox::toggled, this, [this, i] { chkTx_Click(i); });
+    NameSetting(*chkCH, Box::InUse);
+    NameSetting(*chkTx, Box::TxAllowed);
   }
   m_headings = {new QLabel(tr("No CH"), this), new QLabel(tr("No Tx"), this)};
+  NameSetting(*m_headings[0], Box::InUse);
+  NameSetting(*m_headings[1], Box::TxAllowed);
 }
 
 void ChannelFrame::LayOut() {

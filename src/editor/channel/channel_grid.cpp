@@ -165,8 +165,11 @@ ChannelGrid::ChannelGrid(QWidget* parent)
   setWordWrap(false);
   setHorizontalHeader(new TwoLineHeader(this));
   setVerticalHeader(new RowLabels(*this, [this](auto... click) { RowClicked(click...); }));
-  for (int column = 0; column < columnCount(); ++column)
-    setHorizontalHeaderItem(column, new QTableWidgetItem(HeaderText(static_cast<GridColumn>(column + 1))));
+  for (int column = 0; column < columnCount(); ++column) {
+    const auto setting = static_cast<GridColumn>(column + 1);
+    setHorizontalHeaderItem(column, new QTableWidgetItem(HeaderText(setting)));
+    horizontalHeaderItem(column)->setData(Qt::UserRole, SettingName(setting));
+  }
   for (int row = 0; row < rowCount(); ++row)
     setVerticalHeaderItem(row, new QTableWidgetItem(tr(" CH%1").arg(row + 1)));
 }

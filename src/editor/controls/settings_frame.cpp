@@ -1,6 +1,5 @@
 #include "settings_frame.h"
 
-#include "fields.h"
 #include "frame_parts.h"
 
 #include <QGridLayout>
@@ -21,6 +20,16 @@ constexpr std::array<const char*, ChoiceListCount> Controls = {
 };
 // clang-format on
 
+QString SettingName(FieldPlace place) {
+  const Field& field = FieldOf(place);
+  const std::string group(NameOf(field.group));
+  return QString::fromStdString((group.empty() ? "" : group + '.') + std::string(field.key));
+}
+
+void NameSetting(QWidget& control, FieldPlace place) {
+  control.setProperty(SettingProperty, SettingName(place));
+}
+
 FieldFrame::FieldFrame(const QString& objectName, const QString& title)
     : SettingsFrame(objectName, title), m_fields(NewFieldLayout(*this)) {}
 
@@ -34,6 +43,7 @@ ChoiceBox* FieldFrame::AddList(int row, int column, ChoiceList list) {
   const QString objectName = QString::fromUtf8(Controls[static_cast<std::size_t>(list)]);
   const QString label = QString::fromUtf8(LabelOf(list));
   auto* const box = new ChoiceBox(objectName, ItemTexts(ItemsOf(list)), label, this);
+  NameSetting(*box, list);
   AddField(*m_fields, row, column, label, box);
   connect(box, &ChoiceBox::Selected, this, &FieldFrame::Changed);
   m_lists[list] = box;

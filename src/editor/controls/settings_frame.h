@@ -2,6 +2,7 @@
 #pragma once
 
 #include "entry_controls.h"
+#include "fields.h"
 
 #include <QGroupBox>
 
@@ -11,6 +12,11 @@
 class QGridLayout;
 
 namespace mr4500x {
+
+// The property of a control that names its setting, by the identifier without the number of an entry.
+inline constexpr char SettingProperty[] = "setting";
+[[nodiscard]] QString SettingName(FieldPlace place);
+void NameSetting(QWidget& control, FieldPlace place);
 
 class SettingsFrame : public QGroupBox {
   Q_OBJECT

@@ -29,6 +29,8 @@ BandFrame::BandFrame(MessageView& messages, RadioImage& image)
     : SettingsFrame(QStringLiteral("fraModel"), tr("Frequency Band")), m_messages(messages), m_image(image) {
   m_lower = NewLimitBox(QStringLiteral("txtFreqBandL"), tr("Frequency band, lower limit in MHz"));
   m_upper = NewLimitBox(QStringLiteral("txtFreqBandU"), tr("Frequency band, upper limit in MHz"));
+  NameSetting(*m_lower, Box::LowerBandLimit);
+  NameSetting(*m_upper, Box::UpperBandLimit);
   auto* const layout = new QHBoxLayout(this);
   layout->setSpacing(8);
   layout->addWidget(new QLabel(tr("LR7200 Series"), this));

@@ -49,6 +49,7 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
   const auto filter = [](char typed, bool /*onKeypad*/) { return IdCharacter(typed); };
   const QString label = QString::fromUtf8(LabelOf(setting));
   auto* const box = new EntryBox(objectName, MostIdCharacters, filter, label, this);
+  NameSetting(*box, setting);
   box->setText(QString::fromUtf8(NoNumberText));
   box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   AddField(Fields(), row, Right, label, box);

@@ -38,6 +38,7 @@ KeyFrame::KeyFrame(MessageView& messages)
 
 ChoiceBox* KeyFrame::NewList(int number, std::size_t key, const QStringList& items, const QString& accessibleName) {
   auto* const list = new ChoiceBox(QStringLiteral("cboKey(%1)").arg(number), items, accessibleName, this);
+  NameSetting(*list, static_cast<Key>(key));
   // A hidden list keeps its place, so that the column keeps its width.
   QSizePolicy policy = list->sizePolicy();
   policy.setRetainSizeWhenHidden(key < m_fixed.size());

@@ -11,6 +11,7 @@ ScanFrame::ScanFrame() : FieldFrame(QStringLiteral("fraScan"), tr("Scan Informat
   m_signal = new QCheckBox(QString::fromUtf8(LabelOf(Box::ScanSignal)), this);
   m_signal->setObjectName(QStringLiteral("chkSignal"));
   m_signal->setAccessibleName(tr("Scan Signal"));
+  NameSetting(*m_signal, Box::ScanSignal);
   Fields().addWidget(m_signal, 0, 0);
   connect(m_signal, &QCheckBox::toggled, this, &ScanFrame::Changed);
 

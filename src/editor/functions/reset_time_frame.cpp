@@ -87,6 +87,8 @@ ResetTimeFrame::ResetTimeFrame(MessageView& messages)
   m_off = new QCheckBox(tr("OFF"), this);
   m_off->setObjectName(QStringLiteral("chkResetTimeOFF"));
   m_off->setAccessibleName(tr("Auto Reset Time OFF"));
+  for (QWidget* const control : std::initializer_list<QWidget*>{m_seconds, m_spinner, m_off})
+    NameSetting(*control, Box::AutoResetTime);
   auto* const label = new QLabel(tr("Auto Reset Time(s)"), this);
   label->setBuddy(m_seconds);
 

@@ -51,6 +51,7 @@ public:
     for (int column = FirstDataColumn; column < ColumnCount; ++column) {
       const QString heading = QString::fromUtf8(LabelOf(static_cast<TtsColumn>(column)));
       setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
+      horizontalHeaderItem(column)->setData(Qt::UserRole, SettingName(static_cast<TtsColumn>(column)));
     }
     FitToFont();
     ShowColours();

@@ -154,7 +154,9 @@ std::optional<std::string> QtFileDialogs::AskSave(const FileQuestion& question) 
   dialog.selectFile(QString::fromStdString(question.proposedName));
   while (const std::optional<QString> path = Chosen(dialog)) {
     const QString whole = WithExtension(*path, question, ChosenFilter(dialog));
-    if (MayBeWritten(whole, whole != *path, dialog.windowTitle())) return QDir::toNativeSeparators(whole).toStdString();
+    if (!MayBeWritten(whole, whole != *path, dialog.windowTitle())) continue;
+    if (question.chosenFilter != nullptr) *question.chosenFilter = static_cast<std::size_t>(ChosenFilter(dialog));
+    return QDir::toNativeSeparators(whole).toStdString();
   }
   return std::nullopt;
 }

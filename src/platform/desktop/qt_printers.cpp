@@ -49,9 +49,7 @@ QPrinter& QtPrinters::Chosen() {
   return *m_printer;
 }
 
-// Without a printer, Qt falls back to PDF output, with a file name only if the user gave one in the dialog.
 std::unique_ptr<Printer> QtPrinters::CurrentPrinter() {
-  if (!m_isSetUp) m_printer.reset();
   QPrinter& printer = Chosen();
   if (printer.outputFormat() != QPrinter::PdfFormat) return std::make_unique<PaperPrinter>(printer);
   const std::string path = printer.outputFileName().toStdString();
@@ -64,9 +62,11 @@ void QtPrinters::SetUpPrinter(const std::string& title) {
   SetPaper(printer);
 }
 
-std::string QtPrinters::PdfFile() {
-  const bool isPdf = m_isSetUp && Chosen().outputFormat() == QPrinter::PdfFormat;
-  return isPdf ? Chosen().outputFileName().toStdString() : std::string();
+// Without a printer, Qt falls back to PDF output. One that has been added since, or another default, counts.
+std::optional<std::string> QtPrinters::PdfFile() {
+  if (!m_isSetUp) m_printer.reset();
+  if (Chosen().outputFormat() != QPrinter::PdfFormat) return std::nullopt;
+  return Chosen().outputFileName().toStdString();
 }
 
 void QtPrinters::SetPdfFile(const std::string& path) {

@@ -23,7 +23,7 @@ public:
 
   [[nodiscard]] std::unique_ptr<Printer> CurrentPrinter() override;
   void SetUpPrinter(const std::string& title) override;
-  [[nodiscard]] std::string PdfFile() override;
+  [[nodiscard]] std::optional<std::string> PdfFile() override;
   void SetPdfFile(const std::string& path) override;
 
 private:

@@ -10,7 +10,6 @@
 namespace mr4500x {
 namespace {
 
-constexpr char NoPrinterText[] = "There is no printer. \"Printer...\" offers to print to a PDF file.";
 constexpr char NotStartedText[] = "The PDF file %1 can't be started.";
 constexpr char NotWrittenText[] = "The PDF file %1 can't be written.";
 
@@ -31,7 +30,6 @@ PdfPrinter::~PdfPrinter() {
 }
 
 std::optional<std::string> PdfPrinter::BeginJob(const std::string& title) {
-  if (m_name.empty()) return NoPrinterText;
   m_pages.open(QIODevice::WriteOnly | QIODevice::Truncate);
   m_writer = std::make_unique<QPdfWriter>(&m_pages);
   m_writer->setResolution(Resolution);

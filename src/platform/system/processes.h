@@ -13,4 +13,7 @@ void BecomeProgram(const std::string& program, std::vector<std::string> argument
 // From here on a write to a pipe that nobody reads fails, instead of ending the program.
 void IgnoreBrokenPipes();
 
+// The name of a program that has the device open, as far as this user may know; else empty.
+[[nodiscard]] std::string UserOfDevice(const std::string& device);
+
 } // namespace mr4500x

@@ -1,11 +1,13 @@
 // The serial port over a real pseudo-terminal, whose other end the test holds.
 #include "machine_port.h"
+#include "processes.h"
 
 #include <QLoggingCategory>
 
 #include <algorithm>
 #include <cstdarg>
 #include <filesystem>
+#include <fstream>
 #include <set>
 
 #include <dlfcn.h>
@@ -80,6 +82,13 @@ protected:
   std::string m_device;
   std::unique_ptr<SerialPort> m_port;
 };
+
+TEST_F(SerialPortTest, TheProgramThatUsesADeviceIsKnownByItsName) {
+  std::string self;
+  std::getline(std::ifstream("/proc/self/comm"), self);
+  EXPECT_EQ(UserOfDevice(m_device), self);
+  EXPECT_EQ(UserOfDevice("/dev/no such device") + UserOfDevice("/dev/full"), "");
+}
 
 TEST_F(SerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
   testing::internal::CaptureStderr();

@@ -1,5 +1,7 @@
 #include "qt_help_viewer.h"
 
+#include "child_process.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
@@ -10,10 +12,7 @@
 #include <QStandardPaths>
 #include <QtEndian>
 
-#include <csignal>
 #include <utility>
-
-#include <sys/prctl.h>
 
 namespace mr4500x {
 namespace {
@@ -87,7 +86,10 @@ void QtHelpViewer::OpenContents() {
 void QtHelpViewer::OpenIndex() {
   Request(IndexCommands);
 }
-void QtHelpViewer::Request(const char* commands) {
+void QtHelpViewer::OpenPage(const std::string& page) {
+  Request("show contents;setSource qthelp://mr4500x/help/" + QByteArray::fromStdString(page) + ";syncContents\n");
+}
+void QtHelpViewer::Request(const QByteArray& commands) {
   if (IsRunning() || Start()) m_process->write(commands);
 }
 
@@ -108,7 +110,7 @@ bool QtHelpViewer::Start() {
 
   m_process = std::make_unique<QProcess>();
   m_process->setStandardOutputFile(QProcess::nullDevice());
-  m_process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+  EndWithProgram(*m_process);
   const QString collection = helpFile.path() + '/' + helpFile.completeBaseName() + QStringLiteral(".qhc");
   m_process->start(assistant,
                    {"-collectionFile", collection, "-enableRemoteControl", "-qwindowgeometry", StartGeometry()});

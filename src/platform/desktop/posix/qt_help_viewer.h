@@ -21,11 +21,12 @@ public:
 
   void OpenContents() override;
   void OpenIndex() override;
+  void OpenPage(const std::string& page) override;
 
   [[nodiscard]] bool IsRunning() const;
 
 private:
-  void Request(const char* commands);
+  void Request(const QByteArray& commands);
   [[nodiscard]] bool Start();
   void Report(const QString& text);
 

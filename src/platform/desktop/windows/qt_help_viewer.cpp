@@ -24,10 +24,16 @@ void QtHelpViewer::OpenIndex() {
   Open(QStringLiteral("keywords.html"));
 }
 
+void QtHelpViewer::OpenPage(const std::string& page) {
+  Open(QString::fromStdString(page));
+}
+
 void QtHelpViewer::Open(const QString& page) {
-  const QString file = QString::fromStdString(m_folder) + page;
+  const QString file = QString::fromStdString(m_folder) + page.section('#', 0, 0);
   const bool exists = QFileInfo::exists(file);
-  if (exists && QDesktopServices::openUrl(QUrl::fromLocalFile(file))) return;
+  QUrl address = QUrl::fromLocalFile(file);
+  address.setFragment(page.section('#', 1));
+  if (exists && QDesktopServices::openUrl(address)) return;
   const QString text = QString::fromUtf8(exists ? NoViewerText : MissingText).arg(QDir::toNativeSeparators(file));
   m_messages.Show(MessageIcon::Exclamation, HelpTitle, text.toStdString(), MessageButtons::Ok);
 }

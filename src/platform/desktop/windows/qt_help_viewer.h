@@ -17,6 +17,7 @@ public:
 
   void OpenContents() override;
   void OpenIndex() override;
+  void OpenPage(const std::string& page) override;
 
 private:
   void Open(const QString& page);

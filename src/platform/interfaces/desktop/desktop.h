@@ -1,6 +1,7 @@
 // The desktop's dialogs and windows that the program opens, but for message boxes.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,9 +13,10 @@ namespace mr4500x {
 struct FileQuestion {
   std::string title;
   std::string filter;
-  std::string folder;       // initial folder
-  std::string proposedName; // path or name; Save only
-  std::string extension;    // of the first filter, without the dot
+  std::string folder;                  // initial folder
+  std::string proposedName;            // path or name; Save only
+  std::string extension;               // of the first filter, without the dot
+  std::size_t* chosenFilter = nullptr; // takes the number of the filter that a Save was given with
 };
 
 // nullopt when cancelled.
@@ -48,6 +50,7 @@ public:
   virtual ~HelpViewer() = default;
   virtual void OpenContents() = 0;
   virtual void OpenIndex() = 0;
+  virtual void OpenPage(const std::string& page) = 0; // "scan.html", "band.html#limits"
 };
 
 // The progress window of a transfer: a title, a line of text and a bar.

@@ -46,13 +46,14 @@ public:
 class Printers {
 public:
   virtual ~Printers() = default;
-  // The one that the user set up, else the system's default. If there is none, BeginJob fails.
+  // The one that the user set up, else the system's default, else the PDF file. Follows PdfFile.
   [[nodiscard]] virtual std::unique_ptr<Printer> CurrentPrinter() = 0;
   // Opens the printer dialog; cancelling it changes nothing. The paper stays A4 portrait, whatever the user chooses.
   virtual void SetUpPrinter(const std::string& title) = 0;
-  // The file that jobs are printed to, if the user has set up a PDF file instead of a printer; else empty.
-  [[nodiscard]] virtual std::string PdfFile() = 0;
-  virtual void SetPdfFile(const std::string& path) = 0; // only where there is one
+  // Whether jobs go to a PDF file, as there is no printer or the user has set one up. Its name then, "" until it has
+  // one.
+  [[nodiscard]] virtual std::optional<std::string> PdfFile() = 0;
+  virtual void SetPdfFile(const std::string& path) = 0; // only where PdfFile has a value
 };
 
 } // namespace mr4500x

@@ -44,4 +44,8 @@ void BecomeProgram(const std::string& program, std::vector<std::string> argument
 
 void IgnoreBrokenPipes() {} // no signal here
 
+std::string UserOfDevice(const std::string& /*device*/) {
+  return {};
+}
+
 } // namespace mr4500x

@@ -1,0 +1,35 @@
+// lr7200-simulator as a child process of the program, with a port of its own while it runs.
+#pragma once
+
+#include <QObject>
+#include <QProcess>
+
+#include <optional>
+#include <string>
+
+namespace mr4500x {
+
+class PracticeRadio final : public QObject {
+  Q_OBJECT
+public:
+  explicit PracticeRadio(std::string simulator); // its path, "" where there is none
+  ~PracticeRadio() override;
+
+  // Returns once it serves its device. nullopt, or why it does not run.
+  [[nodiscard]] std::optional<std::string> Start(int port);
+  void Stop();
+  [[nodiscard]] bool IsInstalled() const { return !m_simulator.empty(); }
+  [[nodiscard]] int Port() const { return m_port; } // 0 while it does not run
+  [[nodiscard]] const std::string& Device() const { return m_device; }
+
+signals:
+  void Ended(); // by itself or by Stop
+
+private:
+  std::string m_simulator;
+  std::string m_device;
+  int m_port = 0;
+  QProcess m_process;
+};
+
+} // namespace mr4500x
