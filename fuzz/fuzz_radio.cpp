@@ -9,51 +9,26 @@ namespace {
 
 constexpr Clock::Moment LongestExchange = 60s;
 
-// Spoils the radio's answers as the input says.
-class Fuzzer {
-public:
-  Fuzzer(FuzzInput& input, ScriptedRadio& radio) : m_input(input), m_radio(radio) {
-    m_radio.spoil = [this](std::size_t, LineBytes& reply) { Spoil(reply); };
+// Spoils an answer as the input says, or none of so many.
+void Spoil(LineBytes& reply, FuzzInput& input, ScriptedRadio& radio, int& correctAnswers) {
+  if (correctAnswers > 0 || input.IsEmpty()) return static_cast<void>(--correctAnswers);
+  const int way = input.Below(10);
+  const std::uint8_t value = input.Byte();
+  const auto at = reply.begin() + (reply.empty() ? 0 : static_cast<std::ptrdiff_t>(value % reply.size()));
+  if (way == 0) correctAnswers = value;
+  if (way == 1) reply.clear();
+  if (way == 2) reply.erase(at, reply.end());
+  if (way == 3 && !reply.empty()) *at = input.Byte();
+  if (way == 4) reply.insert(at, input.Byte());
+  if (way == 5) {
+    const std::string raw = input.Text();
+    reply.assign(raw.begin(), raw.end());
   }
-
-  void Heal() {
-    m_radio.spoil = nullptr;
-    m_radio.operationsLeft = ScriptedRadio::MostOperations;
-    m_radio.stuck = false;
-    m_radio.now += 2s; // before the user tries again
-  }
-
-private:
-  void Spoil(LineBytes& reply) {
-    if (m_correctAnswers > 0 || m_input.IsEmpty()) {
-      --m_correctAnswers;
-      return;
-    }
-    const int way = m_input.Below(10);
-    if (way == 0) {
-      m_correctAnswers = m_input.Byte();
-      return;
-    }
-    const std::uint8_t value = m_input.Byte();
-    const auto at = reply.begin() + (reply.empty() ? 0 : static_cast<std::ptrdiff_t>(value % reply.size()));
-    if (way == 1) reply.clear();
-    if (way == 2) reply.erase(at, reply.end());
-    if (way == 3 && !reply.empty()) *at = m_input.Byte();
-    if (way == 4) reply.insert(at, m_input.Byte());
-    if (way == 5) {
-      const std::string raw = m_input.Text();
-      reply.assign(raw.begin(), raw.end());
-    }
-    if (way == 6) m_radio.gap = {0, 5ms * value};
-    if (way == 7) m_radio.stuck = value < 8;
-    if (way == 9) m_radio.open = false;
-    if (way >= 8) m_radio.operationsLeft = value;
-  }
-
-  FuzzInput& m_input;
-  ScriptedRadio& m_radio;
-  int m_correctAnswers = 0;
-};
+  if (way == 6) radio.gap = {0, 5ms * value};
+  if (way == 7) radio.stuck = value < 8;
+  if (way == 9) radio.open = false;
+  if (way >= 8) radio.operationsLeft = value;
+}
 
 Outcome RunInTime(Desk& desk, Transfer transfer) {
   const Clock::Moment begin = desk.radio.now;
@@ -74,7 +49,8 @@ void Fuzz(FuzzInput input) {
   desk.canShow = (options & 4) == 0;
   desk.acceptsBand = (options & 8) != 0;
   desk.speed = (options & 16) != 0 ? Speed::Quick : Speed::Prescribed;
-  Fuzzer fuzzer(input, desk.radio);
+  int correctAnswers = 0;
+  desk.radio.spoil = [&](std::size_t, LineBytes& reply) { Spoil(reply, input, desk.radio, correctAnswers); };
   const RadioImage before = desk.image;
 
   RunInTime(desk, transfer);
@@ -85,7 +61,10 @@ void Fuzz(FuzzInput input) {
   Require(desk.image.PatrolWorkBlock == before.PatrolWorkBlock &&
               desk.image.FiveToneStandard == before.FiveToneStandard,
           "what no radio holds stays");
-  fuzzer.Heal();
+  desk.radio.spoil = nullptr;
+  desk.radio.operationsLeft = ScriptedRadio::MostOperations;
+  desk.radio.stuck = false;
+  desk.radio.now += 2s; // before the user tries again
   desk.canShow = true;
   desk.acceptsBand = true;
   Require(RunInTime(desk, transfer) == Outcome::Complete, "the next try with a sound radio works");

@@ -2,7 +2,6 @@
 #include "changes.h"
 #include "fill_messages.h"
 #include "program_fixture.h"
-#include "random_image.h"
 
 #include "wheel.h"
 #include <QAbstractItemModelTester>
@@ -303,40 +302,6 @@ TEST_F(CompareTest, TheFilterLeavesARowForEnterAndHasItsOwnKeys) {
   table->clearSelection(); // as Ctrl+Space does
   Press(Qt::Key_Return);
   EXPECT_EQ(Result().substr(0, 16), "Differences: 1. ");
-}
-
-// Among them the digits of an ID that the other side does not send.
-TEST_F(CompareTest, TakesAllBytesThatNoSettingShowsAndLeavesTheSettings) {
-  std::mt19937 random(7);
-  for (int round = 0; round < 20; ++round) {
-    SCOPED_TRACE(round);
-    PutDataFile("here.K4X");
-    desk.paths.emplace_back(Path("here.K4X"));
-    Choose("mnuFileOpen");
-    image = RandomImage(random);
-    PutDataFile("there.K4X");
-    Happened();
-    QDialog* const frmCompare = Compare("there.K4X");
-    ASSERT_NE(frmCompare, nullptr);
-    frmCompare->findChild<QLineEdit*>("txtFilter")->setText("Bytes");
-    EXPECT_NE(Rows(), "");
-    const RadioImage before = window->Panel().Collected();
-    const Configuration shown = window->Panel().Shown();
-    Happened();
-    Press(Qt::Key_A, Qt::ControlModifier);
-    Press(Qt::Key_Return);
-    EXPECT_EQ(Rows(), "");
-    EXPECT_EQ(Happened(), Lines());
-    EXPECT_EQ(window->Panel().Shown(), shown);
-    Choose("mnuFileSave");
-    EXPECT_FALSE(window->State().ModifiedFlag);
-    Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(window->Panel().Collected(), before);
-    EXPECT_TRUE(window->State().ModifiedFlag);
-    Choose("mnuFileSave");
-    frmCompare->close();
-    QTest::qWait(0);
-  }
 }
 
 TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {

@@ -112,45 +112,25 @@ private:
   }
 
   void Act() {
+    using Action = void (Walker::*)(QWidget&);
+    static constexpr Action actions[] = {&Walker::Command, &Walker::Command, &Walker::Key,
+                                         &Walker::Key,     &Walker::Key,     &Walker::Point,
+                                         &Walker::Point,   &Walker::Point,   &Walker::PutOnClipboard,
+                                         &Walker::Point,   &Walker::Drop,    &Walker::Rare};
     QWidget* const popup = QApplication::activePopupWidget();
     QWidget* const dialog = QApplication::activeModalWidget();
     if (auto* const files = qobject_cast<QFileDialog*>(dialog)) KeepIn(*files);
-    QWidget* const window = popup != nullptr ? popup : dialog != nullptr ? dialog : AnyWindow();
+    QWidget* const window = popup != nullptr    ? popup
+                            : dialog != nullptr ? dialog
+                                                : AnyShown(QApplication::topLevelWidgets());
     if (window == nullptr) return;
-    const bool isDeep = m_level > MostLevels;
-    if (dialog != nullptr && popup == nullptr && (isDeep || Any(6) == 0)) return Answer(*dialog);
-    switch (Any(12)) {
-    case 0:
-    case 1:
-      return dialog == nullptr ? Command() : Key(*window);
-    case 2:
-    case 3:
-    case 4:
-      return Key(*window);
-    case 5:
-    case 6:
-    case 7:
-      return Click(*window);
-    case 8:
-      return Drag(*window);
-    case 9:
-      return PutOnClipboard();
-    case 10:
-      return Any(2) == 0 ? Wheel(*window) : Drop(*window);
-    default:
-      return Rare(*window);
-    }
+    if (dialog != nullptr && popup == nullptr && (m_level > MostLevels || Any(6) == 0)) return Answer(*dialog);
+    (this->*AnyOf(actions))(*window);
   }
 
-  QWidget* AnyWindow() {
-    QWidgetList shown = QApplication::topLevelWidgets();
-    erase_if(shown, [](const QWidget* window) { return !window->isVisible(); });
-    return shown.isEmpty() ? nullptr : AnyOf(shown);
-  }
-  QWidget* AnyControl(QWidget& window) {
-    QWidgetList controls = window.findChildren<QWidget*>();
-    erase_if(controls, [](const QWidget* control) { return !control->isVisible(); });
-    return controls.isEmpty() ? &window : AnyOf(controls);
+  QWidget* AnyShown(QWidgetList widgets) {
+    erase_if(widgets, [](const QWidget* widget) { return !widget->isVisible(); });
+    return widgets.isEmpty() ? nullptr : AnyOf(widgets);
   }
 
   // Nothing outside the folder is touched, and nothing in it renamed or deleted, with whatever keys.
@@ -173,7 +153,8 @@ private:
   }
 
   // Queued, so that further actions come while a transfer runs.
-  void Command() {
+  void Command(QWidget& window) {
+    if (QApplication::activeModalWidget() != nullptr) return Key(window);
     QList<QAction*> actions = m_program->Window().findChildren<QAction*>();
     erase_if(actions, [](const QAction* action) { return !action->isEnabled() || action->menu() != nullptr; });
     QAction* const action = AnyOf(actions);
@@ -184,25 +165,20 @@ private:
   }
 
   void Key(QWidget& window) {
-    static constexpr Qt::Key keys[] = {Qt::Key_Tab,    Qt::Key_Backtab,  Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Escape,
-                                       Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,   Qt::Key_Right,  Qt::Key_PageUp,
-                                       Qt::Key_Home,   Qt::Key_End,      Qt::Key_Menu,   Qt::Key_Delete, Qt::Key_F2,
-                                       Qt::Key_Insert, Qt::Key_PageDown, Qt::Key_Space,  Qt::Key_F5,     Qt::Key_F6,
-                                       Qt::Key_F10,    Qt::Key_F9,       Qt::Key_Period, Qt::Key_Comma,  Qt::Key_Minus,
-                                       Qt::Key_Alt,    Qt::Key_Backspace};
-    static constexpr Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier,
-                                                         Qt::ControlModifier, Qt::AltModifier};
-    const int letter = Any(3);
-    const auto key = letter == 0   ? AnyOf(keys)
-                     : letter == 1 ? static_cast<Qt::Key>(Qt::Key_0 + Any(10))
-                                   : static_cast<Qt::Key>(Qt::Key_A + Any(26));
-    const Qt::KeyboardModifiers modifier = AnyOf(modifiers) | (Any(8) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
+    static const QStringList keys =
+        QStringLiteral("Tab Backtab Return Enter Esc Up Down Left Right PgUp PgDown Home End Menu Del Ins Space "
+                       "Backspace F2 F5 F6 F9 F10 . , -")
+            .split(' ');
+    static constexpr const char* modifiers[] = {"", "", "Shift+", "Ctrl+", "Alt+", "Ctrl+Shift+", "Alt+Shift+"};
+    const int kind = Any(3);
+    const QString key = kind == 0 ? AnyOf(keys) : kind == 1 ? QString::number(Any(10)) : QString(QChar('A' + Any(26)));
+    const QKeySequence pressed(AnyOf(modifiers) + key);
     QWidget* const focus = QApplication::focusWidget();
     QWidget* const on = focus != nullptr && window.isAncestorOf(focus) ? focus : &window;
-    Log("key", on, QKeySequence(modifier | key).toString());
+    Log("key", on, pressed.toString());
     const QPointer<QWindow> handle = on->window()->windowHandle(); // What's This closes by the press
-    if (handle != nullptr) QTest::keyPress(handle, key, modifier);
-    if (handle != nullptr) QTest::keyRelease(handle, key, modifier);
+    if (handle != nullptr) QTest::keyPress(handle, pressed[0].key(), pressed[0].keyboardModifiers());
+    if (handle != nullptr) QTest::keyRelease(handle, pressed[0].key(), pressed[0].keyboardModifiers());
   }
 
   struct Spot {
@@ -210,45 +186,42 @@ private:
     QPoint at;
   };
   Spot AnySpot(QWidget& window, const char* action) {
-    QWidget* const control = AnyControl(window);
-    const QPoint at(Any(control->width() + 1), Any(control->height() + 1));
-    Log(action, control, QStringLiteral("%1,%2").arg(at.x()).arg(at.y()));
-    return {window.windowHandle(), control->mapTo(control->window(), at)};
+    QWidget* const shown = AnyShown(window.findChildren<QWidget*>());
+    QWidget& control = shown != nullptr ? *shown : window;
+    const QPoint at(Any(control.width() + 1), Any(control.height() + 1));
+    Log(action, &control, QStringLiteral("%1,%2").arg(at.x()).arg(at.y()));
+    return {window.windowHandle(), control.mapTo(control.window(), at)};
   }
-  void Click(QWidget& window) {
+  // Clicks once or twice, drags or turns the wheel. Each of it can end the window.
+  void Point(QWidget& window) {
     static constexpr Qt::MouseButton buttons[] = {Qt::LeftButton, Qt::LeftButton, Qt::LeftButton, Qt::RightButton,
                                                   Qt::MiddleButton};
     static constexpr Qt::KeyboardModifier modifiers[] = {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier,
                                                          Qt::ControlModifier};
-    const auto [handle, at] = AnySpot(window, "click");
-    const Qt::MouseButton button = AnyOf(buttons);
+    const int kind = Any(12);
+    const auto [handle, at] = AnySpot(window, kind == 0 ? "wheel" : kind < 4 ? "drag from" : "click");
+    const Qt::MouseButton button = kind < 4 ? Qt::LeftButton : AnyOf(buttons);
     const Qt::KeyboardModifier modifier = AnyOf(modifiers);
-    for (int count = Any(4) == 0 ? 2 : 1; count > 0 && handle != nullptr; --count)
-      QTest::mouseClick(handle, button, modifier, at);
-  }
-  void Drag(QWidget& window) {
-    const auto [handle, from] = AnySpot(window, "drag from");
-    const QPoint to = AnySpot(window, "to").at;
-    if (handle != nullptr) QTest::mousePress(handle, Qt::LeftButton, {}, from);
-    for (const QPoint at : {(from + to) / 2, to})
-      if (handle != nullptr) QTest::mouseMove(handle, at);
-    if (handle != nullptr) QTest::mouseRelease(handle, Qt::LeftButton, {}, to);
-  }
-  void Wheel(QWidget& window) {
-    const auto [handle, at] = AnySpot(window, "wheel");
     if (handle == nullptr) return;
-    QWheelEvent event(at, handle->mapToGlobal(at), {}, {0, Any(2) == 0 ? 120 : -120}, {}, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(handle, &event);
+    if (kind == 0) {
+      const QPoint turned(0, Any(2) == 0 ? 120 : -120);
+      QWheelEvent event(at, handle->mapToGlobal(at), {}, turned, {}, {}, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(handle, &event);
+    } else if (kind < 4) {
+      const QPoint to = AnySpot(window, "to").at;
+      QTest::mousePress(handle, button, {}, at);
+      for (const QPoint by : {(at + to) / 2, to})
+        if (handle != nullptr) QTest::mouseMove(handle, by);
+      if (handle != nullptr) QTest::mouseRelease(handle, button, {}, to);
+    } else {
+      for (int count = kind < 6 ? 2 : 1; count > 0 && handle != nullptr; --count)
+        QTest::mouseClick(handle, button, modifier, at);
+    }
   }
 
   QMimeData* AnyData() {
-    static const QStringList formats[] = {{},
-                                          {"text/plain"},
-                                          {"text/html"},
-                                          {"image/png"},
-                                          {"text/uri-list"},
-                                          {"text/html", "text/plain"},
-                                          {"application/x-qrichtext"}};
+    static constexpr const char* formats[] = {
+        "", "text/plain", "text/html", "image/png", "text/uri-list", "text/html text/plain", "application/x-qrichtext"};
     static const QString texts[] = {QString(),
                                     "4",
                                     "446.00625",
@@ -259,17 +232,16 @@ private:
                                     QString(130, QChar(0)),
                                     "Rx Freq (MHz)\tTx Freq (MHz)\n446.1\t446.2\n",
                                     "<b>x</b>"};
-    if (Any(2) == 0) return new OwnersData(AnyOf(formats), Any(2) == 0, Any(8) == 0 ? 40 : 0);
+    if (Any(2) == 0)
+      return new OwnersData(QString(AnyOf(formats)).split(' ', Qt::SkipEmptyParts), Any(2) == 0, Any(8) == 0 ? 40 : 0);
     auto* const data = new QMimeData;
     if (Any(3) == 0)
       data->setUrls({QUrl::fromLocalFile(AnyFile())});
-    else if (Any(6) == 0)
-      data->setData(QStringLiteral("text/csv"), AnyOf(texts).toUtf8());
     else
-      data->setText(AnyOf(texts));
+      data->setData(Any(6) == 0 ? "text/csv" : "text/plain", AnyOf(texts).toUtf8());
     return data;
   }
-  void PutOnClipboard() {
+  void PutOnClipboard(QWidget& /*window*/) {
     QMimeData* const data = AnyData();
     Log("clipboard", data, data->formats().join(' '));
     if (Any(8) == 0) QGuiApplication::clipboard()->clear();
@@ -286,33 +258,33 @@ private:
   }
 
   void Rare(QWidget& window) {
-    const int action = Any(60);
-    if (action < 20) {
-      Log("compose", QApplication::focusWidget());
+    static constexpr const char* actions[] = {"compose",       "compose",       "compose", "compose",
+                                              "resize",        "resize",        "resize",  "resize",
+                                              "hide and show", "hide and show", "end"};
+    static constexpr const char* ends[] = {"remove", "remove", "remove", "close", "close", "quit", "signal"};
+    FrmMain& main = m_program->Window();
+    std::string action = AnyOf(actions);
+    if (action == "end") action = Any(2) == 0 ? AnyOf(ends) : "";
+    Log(action.c_str(), &window);
+    if (action == "compose") {
       QInputMethodEvent composed;
       composed.setCommitString(QString::fromUtf16(u"9\u00E4\U0001F600"));
       if (QApplication::focusWidget() != nullptr) QCoreApplication::sendEvent(QApplication::focusWidget(), &composed);
-    } else if (action < 40) {
-      Log("resize", &window);
+    } else if (action == "resize") {
       if (window.isWindow() && !window.isFullScreen()) window.resize(100 + Any(1500), 100 + Any(900));
-    } else if (action < 50) {
-      Log("hide and show", &window);
-      m_program->Window().showMinimized();
-      m_program->Window().showNormal();
-    } else if (action < 54) {
-      Log("remove", nullptr);
+    } else if (action == "hide and show") {
+      main.showMinimized();
+      main.showNormal();
+    } else if (action == "remove") {
       std::filesystem::remove(Path("new.K4X"));
       std::filesystem::remove_all(Path("state"));
-    } else if (action < 57) {
-      Log("close", &m_program->Window());
-      m_program->Window().close();
-    } else if (action < 59) {
-      Log("quit", nullptr); // as the session's end
+    } else if (action == "close") {
+      main.close();
+    } else if (action == "quit") { // as the session's end
       QEvent quit(QEvent::Quit);
       QCoreApplication::sendEvent(qApp, &quit);
-    } else {
-      Log("signal", nullptr);
-      m_program->Window().EndBySignal(SIGTERM);
+    } else if (action == "signal") {
+      main.EndBySignal(SIGTERM);
     }
   }
 

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <map>
 #include <regex>
+#include <set>
 
 namespace mr4500x {
 namespace {
@@ -28,48 +29,37 @@ public:
 private:
   [[nodiscard]] std::string Misfit(const Json& schema, const Json& value, const std::string& place) const {
     std::string misfit;
-    const auto demand = [&](bool fits) {
-      if (!fits && misfit.empty()) misfit = place;
-    };
-    for (const auto& [keyword, wanted] : schema.items()) {
-      if (keyword == "$ref")
-        misfit += Misfit(m_whole[Json::json_pointer(wanted.get<std::string>().substr(1))], value, place);
-      else if (keyword == "type")
-        demand(wanted == value.type_name() || (wanted == "integer" && value.is_number_integer()));
-      else if (keyword == "const")
-        demand(wanted == value);
-      else if (keyword == "enum")
-        demand(std::find(wanted.begin(), wanted.end(), value) != wanted.end());
-      else if (keyword == "pattern")
-        demand(std::regex_match(value.get<std::string>(), Pattern(wanted)));
-      else if (keyword == "minimum")
-        demand(value >= wanted);
-      else if (keyword == "maximum")
-        demand(value <= wanted);
-      else if (keyword == "minItems")
-        demand(value.size() >= wanted);
-      else if (keyword == "maxItems")
-        demand(value.size() <= wanted);
-      else if (keyword == "required")
-        for (const auto& key : wanted)
-          demand(value.contains(key.get<std::string>()));
-      else if (keyword == "anyOf")
-        demand(std::any_of(wanted.begin(), wanted.end(),
-                           [&](const Json& one) { return Misfit(one, value, place).empty(); }));
-      else if (keyword == "items")
-        for (const auto& item : value)
-          misfit += Misfit(wanted, item, place + "[]");
-      else if (keyword == "properties") {
-        for (const auto& [key, member] : value.items())
-          if (wanted.contains(key))
-            misfit += Misfit(wanted[key], member, place + '.' + key);
-          else
-            demand(schema.value("additionalProperties", true));
-      } else
-        EXPECT_TRUE(keyword.starts_with("$") || keyword == "additionalProperties" || keyword == "title" ||
-                    keyword == "description")
-            << keyword;
-    }
+    for (const auto& [keyword, wanted] : schema.items())
+      if (misfit.empty()) misfit = MisfitOf(schema, keyword, wanted, value, place);
+    return misfit;
+  }
+  [[nodiscard]] std::string MisfitOf(const Json& schema, const std::string& keyword, const Json& wanted,
+                                     const Json& value, const std::string& place) const {
+    const auto demand = [&](bool fits) { return fits ? "" : place; };
+    const auto takes = [&](const Json& one) { return Misfit(one, value, place).empty(); };
+    const auto has = [&](const Json& key) { return value.contains(key.get<std::string>()); };
+    if (keyword == "$ref")
+      return Misfit(m_whole[Json::json_pointer(wanted.get<std::string>().substr(1))], value, place);
+    if (keyword == "type")
+      return demand(wanted == value.type_name() || (wanted == "integer" && value.is_number_integer()));
+    if (keyword == "const") return demand(wanted == value);
+    if (keyword == "enum") return demand(std::ranges::find(wanted, value) != wanted.end());
+    if (keyword == "pattern") return demand(std::regex_match(value.get<std::string>(), Pattern(wanted)));
+    if (keyword == "minimum") return demand(value >= wanted);
+    if (keyword == "maximum") return demand(value <= wanted);
+    if (keyword == "minItems") return demand(value.size() >= wanted);
+    if (keyword == "maxItems") return demand(value.size() <= wanted);
+    if (keyword == "required") return demand(std::ranges::all_of(wanted, has));
+    if (keyword == "anyOf") return demand(std::ranges::any_of(wanted, takes));
+    std::string misfit;
+    for (const auto& [key, member] : value.items())
+      if (keyword == "items" || (keyword == "properties" && wanted.contains(key)))
+        misfit += Misfit(keyword == "items" ? wanted : wanted[key], member, place + '.' + key);
+      else if (keyword == "properties")
+        misfit += demand(schema.value("additionalProperties", true));
+    const bool isKnown =
+        std::set<std::string>{"items", "properties", "additionalProperties", "title", "description"}.contains(keyword);
+    EXPECT_TRUE(isKnown || keyword.starts_with("$")) << keyword;
     return misfit;
   }
   [[nodiscard]] const std::regex& Pattern(const std::string& text) const {

@@ -6,7 +6,6 @@ namespace {
 
 class FleetCommandTest : public CommandLineTest {
 protected:
-  FleetCommandTest() { setenv("XDG_STATE_HOME", Path("state").c_str(), 1); }
   // A radio with its own memory. Its port is added to `ports`.
   void AddRadio(const std::string& number, const std::string& options = "") {
     StartRadio(" --number " + number + options, number);
@@ -58,37 +57,6 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EndRadio();
 }
 
-// A transfer runs to its end, whatever comes; what has not begun is not begun.
-TEST_F(FleetCommandTest, EndSignalsLeaveNoRadioHalfWritten) {
-  const struct {
-    const char* during;
-    std::vector<std::string> signals;
-    const char* outcome;
-  } cases[] = {
-      {"writing", {"INT", "INT", "TERM", "QUIT", "QUIT"}, "LR-1: verified"},
-      {"reading what the radio holds", {"INT"}, "failed; take the radio off: stopped before the write"},
-  };
-  Put("rows.csv", "label\nCar 1\nCar 2\n");
-  for (const auto& [during, signals, outcome] : cases) {
-    SCOPED_TRACE(during);
-    std::filesystem::remove(Path("a.journal"));
-    ports.clear();
-    AddRadio("LR-1", " --pace 9600");
-    std::string kills;
-    for (const std::string& signal : signals)
-      kills += "sleep 0.1; kill -" + signal + " $fleet; ";
-    // A shell makes its background processes ignore two of the signals.
-    const Ended ended =
-        Shell("env --default-signal=INT,QUIT " MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " +
-              Path("rows.csv") + " >" + Path("out") + " & fleet=$!; until grep -qs '" + during + "' " + Path("out") +
-              "; do sleep 0.05; done; " + kills + "wait $fleet");
-    EXPECT_EQ(ended.status, 1); // a row is left
-    EXPECT_EQ(CountOf(ended.output, "Stopping after these radios.\n"), signals.size()) << ended.output;
-    EXPECT_EQ(CountOf(Content("out"), outcome), 1U) << Content("out");
-    EndRadio();
-  }
-}
-
 TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   Put("rows.csv", "label\nCar 1\n");
   AddRadio("LR-1", " --pace 9600");
@@ -109,31 +77,12 @@ TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   EndRadio();
 }
 
-TEST_F(FleetCommandTest, WhatCantBeUsedIsToldBeforeAnythingStarts) {
-  const auto whole = [&](const char* name) { return std::filesystem::weakly_canonical(Path(name)).string(); };
-  Put("rows.csv", "label,foo\nCar 1,2\n");
-  Put("rows2.csv", "label,channels.1.rx_freq\nCar 1,12\nCar 1,446.00625\n");
-  const std::string ported = "fleet --ports /nowhere " + file;
+TEST_F(FleetCommandTest, NoPortIsGivenTwice) {
   std::filesystem::create_directory(Path("bin")); // the tool with a settings file beside it
   Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=/nowhere\n");
   const Ended all = Shell("cp " MR4500X_CLI " " MR4500X_CLI "-fleet " + Path("bin && ") +
                           Path("bin/mr4500x-cli fleet --ports all,3 ") + file);
   EXPECT_NE(all.output.find("COM3 is given twice\n"), std::string::npos) << all.output;
-  ExpectAll({{ported + " --rows " + Path("rows.csv"), 2, "line 1, foo"},
-             {ported + " --rows " + Path("rows2.csv"), 2, "line 2, channels.1.rx_freq"},
-             {ported + " --rows " + Path("none.csv"), 2, Path("none.csv: can't be read")},
-             {"fleet --ports /nowhere,/nowhere " + file, 2, "/nowhere is given twice\n"},
-             {ported + " --log " + file, 2, file + ": no table can be written here\n"},
-             {ported + " --log " + Path("rows2.csv") + " --rows " + Path("rows2.csv"), 2, Path("rows2.csv: no table")},
-             {ported + " --journal " + Path("no/folder.journal"), 1, whole("no/folder.journal: ")},
-             {ported + " --journal " + Path("rows.csv") + " --log " + Path("rows.csv"), 2, Path("rows.csv: no table")},
-             {ported + " --journal mysql://a/b", 1, "mysql://a/b: A journal is a file or postgresql://"},
-             {ported + " --journal sqlite:", 1, std::filesystem::current_path().string() + ": It is no journal.\n"},
-             {ported + " --journal " + file, 1, whole("a.K4X: It is no journal.\n  file is not a database\n")},
-             {"fleet --ports 17 " + file, 2, "--ports: 17 is no port"},
-             {"fleet " + file, 2, "--ports is required"},
-             {"fleet --ports 1", 2, "TEMPLATE is required"},
-             {"fleet journal " + file, 1, whole("a.journal: There is no such journal.")}});
 }
 
 } // namespace

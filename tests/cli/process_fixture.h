@@ -51,7 +51,10 @@ inline std::size_t CountOf(const std::string& text, const std::string& part) {
 
 class CommandLineTest : public FilesTest {
 protected:
-  CommandLineTest() { EXPECT_EQ(Cli("new " + file).output, ""); }
+  CommandLineTest() {
+    setenv("XDG_STATE_HOME", Path("state").c_str(), 1);
+    EXPECT_EQ(Cli("new " + file).output, "");
+  }
   // Starts a radio and waits for the line in which it names its device. Each option begins with a blank.
   void StartRadio(const std::string& options = "", const std::string& memory = "memory") {
     m_radios.push_back(Start(LR7200_SIMULATOR " --memory " + Path(memory) + options));

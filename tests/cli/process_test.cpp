@@ -68,6 +68,8 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
        "FILE has been written to PORT, but not read back: asked to end.\n", 0, 1},
       {"fleet FILE --quick --ports PORT --count 2 --journal KEPT >TRACE", "writing\n",
        "LR7200-000004217: verified; take the radio off\n", 0, 0},
+      {"fleet FILE --quick --ports PORT --count 2 --journal KEPT >TRACE", "reading what the radio holds\n",
+       "LR7200-000004217: failed; take the radio off: stopped before the write;", 0, 0},
   };
   struct Running {
     Process process;
@@ -84,7 +86,7 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
     };
     for (const auto& row : rows) {
       const std::string number = std::to_string(signal) + '-' + std::to_string(all.size());
-      StartRadio("", "memory" + number);
+      StartRadio(row.begun.starts_with("reading") ? " --pace 9600" : "", "memory" + number); // else it is over at once
       all.push_back({{}, number, port});
       all.back().process = Start(MR4500X_CLI " " + filledIn(row.arguments, all.back()) + " 2>&1");
     }
@@ -127,17 +129,6 @@ TEST_F(CommandLineTest, PrintsAFile) {
   EXPECT_EQ(pagesOf(" --reports info,channels"), 2);
   EXPECT_NE(Shell(MR4500X_CLI " print - - <" + file + " | pdftotext - -").output.find("No Embedded Information."),
             std::string::npos);
-
-  const std::string before = Content("a.K4X"), printed = Content("a.pdf");
-  std::filesystem::create_symlink("a.K4X", Path("link.pdf"));
-  ExpectAll({{"print " + Path("none.K4X ") + pdf, 1, Path("none.K4X: File has been damaged!")},
-             {print + Path(""), 1, "The PDF file " + Path("") + " can't be written.\n"},
-             {print + pdf + " --reports all", 2, ""},
-             {print + Path("./a.K4X"), 2, ""},
-             {print + Path("link.pdf"), 2, ""},
-             {print + "''", 2, ""}});
-  EXPECT_EQ(Content("a.pdf"), printed);
-  EXPECT_EQ(Content("a.K4X"), before);
 }
 
 TEST_F(CommandLineTest, DoesWhatTheFileSays) {
@@ -147,8 +138,14 @@ TEST_F(CommandLineTest, DoesWhatTheFileSays) {
   setenv("cli", MR4500X_CLI, 1);
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(Path(""));
-  for (const Row& row : RowsOf(CASES "command_lines.txt", "(\\d) (.*?)(?: -> (.*))?"))
-    ExpectAll({{row[2], std::stoi(row[1]), Unescaped(row[3])}});
+  Put("unknown.csv", "label,foo\nCar 1,2\n");
+  Put("refused.csv", "label,channels.1.rx_freq\nCar 1,12\nCar 1,446.00625\n");
+  std::filesystem::create_symlink("a.K4X", Path("link.pdf"));
+  const std::regex here("HERE");
+  for (const char* const lines : {CASES "command_lines.txt", CASES "refused_lines.txt"})
+    for (const Row& row : RowsOf(lines, "(\\d) (.*?)(?: -> (.*))?"))
+      ExpectAll({{row[2], std::stoi(row[1]),
+                  std::regex_replace(Unescaped(row[3]), here, std::filesystem::current_path().string())}});
   std::filesystem::current_path(before);
 }
 

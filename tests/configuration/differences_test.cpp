@@ -1,4 +1,6 @@
 #include "differences.h"
+
+#include "comparison.h"
 #include "random_image.h"
 #include "set_field.h"
 
@@ -106,6 +108,28 @@ TEST_F(DifferencesTest, NoDifferenceIsMissed) {
     bytes[random() % bytes.size()] ^= static_cast<std::uint8_t>(1U << random() % 8);
     ASSERT_FALSE(CompareImages(before, after, texts).IsEmpty()) << round;
     ASSERT_TRUE(CompareImages(after, after, texts).IsEmpty()) << round;
+  }
+}
+
+// Among them the digits of an ID that the other side does not send.
+TEST_F(DifferencesTest, AllBytesThatNoSettingShowsAreTakenAndLeaveTheSettings) {
+  std::mt19937 random(7);
+  const auto bytesOf = [&](const Comparison& comparison, const RadioImage& here) {
+    std::vector<DifferenceWords> rows = comparison.Rows(here);
+    std::erase_if(rows, [](const DifferenceWords& row) { return row.at.field != nullptr; });
+    return rows;
+  };
+  for (int round = 0; round < 100; ++round) {
+    RadioImage here = RandomImage(random);
+    Configuration shown = Decode(here, texts).configuration;
+    SettleAfterFill(here);
+    Encode(shown, here, texts); // as the editor has it after a save
+    shown = Decode(here, texts).configuration;
+    const Comparison comparison(RandomImage(random), texts);
+    const Comparison::Taken taken = comparison.Take(shown, here, bytesOf(comparison, here));
+    ASSERT_TRUE(taken.image && taken.refused.empty() && !taken.isNewLimit) << round;
+    ASSERT_EQ(Decode(*taken.image, texts).configuration, shown) << round;
+    ASSERT_TRUE(bytesOf(comparison, *taken.image).empty()) << round;
   }
 }
 

@@ -128,22 +128,8 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
   const std::tuple<const char*, std::string, std::string> cases[] = {
       {"the grid's order", "445.5\t6.25\tCTC88.5\n446\n",
        "445.50000 6.25 440.00000 6.25 ON yes, 446.00000 6.25 440.00000 6.25 OFF yes"},
-      {"numbered, after an empty line", "\t\nCH3\t445.5\n",
-       "440.00000 6.25 440.00000 6.25 OFF yes, 445.50000 6.25 440.00000 6.25 OFF yes"},
-      {"any order; a frequency before its step",
-       "Tail Cut\tTx Freq (MHz)\tStep (kHz)\tRx CTC/DCS\tNo CH\nOFF\t445.0025\t2.5\tCTC88.5\tYES\n",
-       "440.00000 6.25 445.00250 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
-      {"a CSV with identifiers", "number,in_use,rx_freq,tx_step\r\n1,FALSE,\"445.5\",2.5\r\n2,,,\r\n",
-       "445.50000 6.25 440.00000 2.5 OFF no, 440.00000 6.25 440.00000 6.25 OFF yes"},
       {"one of two", "445.5\n500\n",
        std::string("!|Paste Channels|") + Refused + "\nCH16 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"},
-      {"values, columns and rows",
-       "Rx Freq (MHz)\tRx SelCall\tNote\tNo Tx\t\n500\t5T 12345\tmy\tperhaps\n445\t\t\t\textra\n445\n",
-       std::string("!|Paste Channels|") + Refused +
-           "\nColumn \"Note\": no such column"
-           "\nCH16: extra, in no column\nCH17: there are 16 channels\nCH15 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"
-           "\nCH15 Rx SelCall: 5T 12345, allowed: one of OFF, TTS 1, TTS 2, TTS 3, TTS 4, TTS 5, TTS 6, TTS 7, TTS 8"
-           "\nCH15 No Tx: perhaps, allowed: yes or no"},
   };
   const Configuration before = panel.Shown();
   grid.setCurrentCell(14, 5);

@@ -1,5 +1,6 @@
 // The two in-place editors of the channel grid.
 #include "editor_fixture.h"
+#include "rows.h"
 
 #include <QCheckBox>
 
@@ -10,39 +11,28 @@ Lines FrequencyInvalid(bool valid) {
   return ErrorMessage(valid ? "" : "Frequency Invalid!");
 }
 
-// What a key makes of the text typed into the editor, and what Enter then stores.
 TEST_F(ChannelTest, FrequenciesAreFilteredRoundedAndClamped) {
-  constexpr auto none = Qt::Key_End;
-  const char* const before = "450.00000";
-  const std::tuple<const char*, const char*, const char*, Qt::Key, Qt::KeyboardModifiers, const char*, const char*>
-      cases[] = {{"rounded", "458.0137", "2.5", none, {}, "458.0137", "458.01250"},
-                 {"clamped", "500", "6.25", none, {}, "500", "469.99375"},
-                 {"empty", "", "2.5", none, {}, "", before},
-                 {"Up", "450.001", "2.5", Qt::Key_Up, {}, "450.00350", "450.00250"},
-                 {"Down", "450", "6.25", Qt::Key_Down, {}, "449.99375", "449.99375"},
-                 {"letters, too long", "4x4,5.12345678", "2.5", none, {}, "445.12345", "445.12250"},
-                 {"pasted over it", "1", "2.5", Qt::Key_V, Qt::ControlModifier, "4a1", before},
-                 {"keypad", "4", "2.5", Qt::Key_Comma, Qt::KeypadModifier, "4.", "440.00000"},
-                 {"comma after the keypad's", "4,", "2.5", Qt::Key_Comma, {}, "4..", before}};
+  const std::string before = "450.00000";
   int column = 1;
-  for (const auto& [name, typed, step, key, modifiers, text, stored] : cases) {
-    SCOPED_TRACE(name);
+  for (const Row& row : RowsOf(CASES "frequency_entries.txt", "[^:]+: \"(.*)\", (\\S+), (\\S+) -> (.*) -> (.*)")) {
+    const auto& [line, typed, step, key, text, stored] = std::tie(row[0], row[1], row[2], row[3], row[4], row[5]);
+    SCOPED_TRACE(line);
     column = 8 - column;
     SetCell(6, column, before);
     SetCell(6, column + 1, step);
     Click(6, column);
-    EXPECT_EQ(frequency.selectedText(), before);
+    EXPECT_EQ(frequency.selectedText().toStdString(), before);
     QTest::keyClick(&frequency, Qt::Key_Backspace);
-    QTest::keyClicks(&frequency, typed);
+    QTest::keyClicks(&frequency, QString::fromStdString(typed));
     QApplication::clipboard()->setText("\t4a1 \r\n");
-    QTest::keyClick(&frequency, key, modifiers);
-    EXPECT_EQ(frequency.text(), text);
+    QTest::keySequence(&frequency, QKeySequence(QString::fromStdString(key)));
+    EXPECT_EQ(frequency.text().toStdString(), text);
     QTest::keyClick(&frequency, Qt::Key_C, Qt::ControlModifier); // nothing is selected
-    EXPECT_EQ(QApplication::clipboard()->text(), text);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), text);
     QTest::keyClick(&frequency, Qt::Key_Return);
     EXPECT_EQ(Cell(6, column), stored);
     EXPECT_EQ(grid.currentColumn(), column) << "the cell to the right";
-    EXPECT_EQ(messages.Taken(), FrequencyInvalid(*text == 0 || stored != before));
+    EXPECT_EQ(messages.Taken(), FrequencyInvalid(text.empty() || stored != before));
   }
 }
 

@@ -1,5 +1,6 @@
 // The grid's cells: colours, clicks and keys.
 #include "editor_fixture.h"
+#include "rows.h"
 
 #include <QCheckBox>
 
@@ -25,27 +26,18 @@ TEST_F(ChannelTest, TheCheckBoxesHideTheTextsOfUnusedCells) {
   }
 }
 
-// A click on a cell, Space for the next time; the cell to the left holds what the step or the tail cut is about.
 TEST_F(ChannelTest, EachClickOrSpaceTogglesTheCell) {
-  const std::tuple<const char*, int, Lines, Lines, std::string> cases[] = {
-      {"combination", 5, {"OFF", "AND"}, {"OFF", "OR"}, "AND"},
-      {"tail cut", 6, {"AND", "ON"}, {"AND", "OFF"}, "ON"},
-      {"high transmit power", 11, {"OFF", "Permit"}, {"OFF", "Prohibit"}, "Permit"},
-      {"PTT ID", 12, {"Permit", "OFF"}, {"Permit", "ON"}, "OFF"},
-      {"band width", 13, {"OFF", "25"}, {"OFF", "12.5"}, "25"},
-      {"step, on both grids", 2, {"450.00625", "2.5"}, {"450.00625", "6.25"}, "2.5"},
-      {"step, between two counts", 2, {"450.00625", "6.25"}, {"450.00500", "2.5"}, "6.25"},
-      {"transmit step, above the band", 8, {"520.00000", "2.5"}, {"469.99375", "6.25"}, "2.5"}};
   SetCell(4, 3, "CTC88.5");
-  for (const auto& [name, column, before, after, again] : cases) {
-    SCOPED_TRACE(name);
-    SetCell(4, column - 1, before[0]);
-    SetCell(4, column, before[1]);
+  for (const Row& row : RowsOf(CASES "toggled_cells.txt", "[^:]+: (\\d+) (\\S+) (\\S+) -> (\\S+ \\S+) -> (\\S+)")) {
+    SCOPED_TRACE(row[0]);
+    const int column = std::stoi(row[1]);
+    SetCell(4, column - 1, row[2]);
+    SetCell(4, column, row[3]);
     changed.clear();
     Click(4, column);
-    EXPECT_EQ((Lines{Cell(4, column - 1), Cell(4, column)}), after);
+    EXPECT_EQ(Cell(4, column - 1) + ' ' + Cell(4, column), row[4]);
     QTest::keyClick(&grid, Qt::Key_Space);
-    EXPECT_EQ(Cell(4, column), again);
+    EXPECT_EQ(Cell(4, column), row[5]);
     EXPECT_EQ(changed.count(), 2);
   }
   SetCell(4, 3, "OFF");

@@ -2,6 +2,7 @@
 #include "editor_fixture.h"
 #include "field_rules.h"
 #include "key_rules.h"
+#include "rows.h"
 #include "wheel.h"
 
 #include <QCheckBox>
@@ -21,54 +22,27 @@ struct SettingsTest : EditorTest {
   QCheckBox& off = Get<QCheckBox>("chkResetTimeOFF");
 };
 
-constexpr char Lower[] = "txtFreqBandL", Upper[] = "txtFreqBandU", Time[] = "txtResetTime";
-constexpr char LowerNotBelow[] = "The lower limit value must be less than the upper limit value!";
-constexpr char UpperNotAbove[] = "The upper limit value must be more than the lower limit value!";
-constexpr char UpperInvalid[] = "The upper limit value is invalid!";
 constexpr const char* None = NoNumberText.data();
-constexpr auto Leave = Qt::Key_unknown, ArrowUp = Qt::Key_F1, ArrowDown = Qt::Key_F2;
 
-// Typed into the box, checked by a key or by the focus that leaves, what the box shows then and the message.
 TEST_F(SettingsTest, EveryBoxLimitsOrRefusesItsEntry) {
-  const std::tuple<const char*, const char*, const char*, Qt::Key, const char*, const char*> cases[] = {
-      {"lower: above the upper", Lower, "4x7-09", Leave, "440", LowerNotBelow},
-      {"lower: empty", Lower, "", Leave, "440", "The lower limit value is invalid!"},
-      {"lower: too low, key", Lower, "99", Qt::Key_Down, "136", ""},
-      {"lower: empty, key", Lower, "", Qt::Key_Up, "440", "The lower limit value of frequency band is invalid!"},
-      {"upper: too high", Upper, "999", Leave, "520", ""},
-      {"upper: below the lower", Upper, "440", Leave, "470", UpperNotAbove},
-      {"upper: empty", Upper, "", Leave, "470", UpperInvalid},
-      {"upper: too low, key", Upper, "440", Qt::Key_Up, "441", ""},
-      {"upper: empty, key", Upper, "", Qt::Key_Down, "420", UpperInvalid},
-      {"ANI: filtered", "txtANI", "a1*xe-#.D 01234567890A", Leave, "A1*#D01234567890", ""},
-      {"ANI: pasted", "txtANI", "V12x3", Leave, None, "Emergency ANI Invalid!"},
-      {"ANI: pasted with space around it", "txtANI", "V\t12A \n", Leave, "12A", ""},
-      {"Connect ID: pasted", "txtConnect", "V12x3", Leave, None, "Connect ID Invalid!"},
-      {"Disconnect ID: pasted", "txtDisconnect", "V12x3", Leave, None, "Disconnect ID Invalid!"},
-      {"time: too long", Time, "25a-.6", Leave, "255", ""},
-      {"time: Down to OFF", Time, "1", Qt::Key_Down, "1 disabled", ""},
-      {"time: 0, Enter", Time, "0", Qt::Key_Enter, "1 disabled", ""},
-      {"time: empty, key", Time, "", Qt::Key_Down, "1", "Auot Reset Time Invalid!"},
-      {"time: arrow up", Time, "5", ArrowUp, "6", ""},
-      {"time: arrow down ends at 1", Time, "1", ArrowDown, "1", ""},
-      {"time: empty, arrow", Time, "", ArrowUp, "1", "Auto Reset Time Invalid!"},
-  };
-  for (const auto& [name, control, typed, key, becomes, error] : cases) {
-    SCOPED_TRACE(name);
+  for (const Row& row :
+       RowsOf(CASES "box_entries.txt", "[^:]+: (\\S+) (types|pastes) \"(.*)\", (.*) -> (.*?)(?: \\| (.*))?")) {
+    const auto& [line, control, how, entry, end, becomes, error] =
+        std::tie(row[0], row[1], row[2], row[3], row[4], row[5], row[6]);
+    SCOPED_TRACE(line);
     panel.FillReset({});
     List("cboRadio(9)").setCurrentText("Both");
     off.setChecked(false);
-    control == Lower || control == Upper ? panel.ShowChannelView() : panel.ShowFunctionView();
-    const bool pasted = *typed == 'V';
-    QLineEdit& box = Type(control, pasted ? "" : typed);
-    QApplication::clipboard()->setText(typed + (pasted ? 1 : 0));
-    if (pasted) QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
-    const QPoint arrow(arrows.width() / 2, arrows.height() * (key == ArrowUp ? 1 : 3) / 4);
-    if (key == ArrowUp || key == ArrowDown)
+    control.starts_with("txtFreq") ? panel.ShowChannelView() : panel.ShowFunctionView();
+    QLineEdit& box = Type(control.c_str(), how == "types" ? entry.c_str() : "");
+    QApplication::clipboard()->setText(QString::fromStdString(Unescaped(entry)));
+    if (how == "pastes") QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+    const QPoint arrow(arrows.width() / 2, arrows.height() * (end == "arrow up" ? 1 : 3) / 4);
+    if (end.starts_with("arrow"))
       QTest::mouseClick(&arrows, Qt::LeftButton, {}, arrow);
     else
-      key == Leave ? GoElsewhere() : QTest::keyClick(&box, key);
-    EXPECT_EQ(Text(control), becomes);
+      end == "leaves" ? GoElsewhere() : QTest::keySequence(&box, QKeySequence(QString::fromStdString(end)));
+    EXPECT_EQ(Text(control.c_str()), becomes);
     EXPECT_EQ(messages.Taken(), ErrorMessage(error));
   }
 }

@@ -48,32 +48,10 @@ TEST_F(PlanTest, TheKeyIsThatOfWhatTheRowsMean) {
   const std::string list = "label,radio,channels.1.rx_freq,channels.1.rx_step,channels.2.in_use,embedded_info\n"
                            "a,R1,446.0025,2.5,true,text\nb,,,,,\n";
   const std::string key = Make(list).plan.key;
-  const std::tuple<const char*, std::string, bool> cases[] = {
-      {"semicolons, decimal commas, another case",
-       "label;radio;channels.1.rx_freq;channels.1.rx_step;channels.2.in_use;embedded_info\r\n\r\n"
-       "\"a\" ;R1;446,0025;2,50;TRUE;text\r\nb;;;;;",
-       true},
-      {"zeros, empty cells at the end",
-       "label,radio,channels.1.rx_freq,channels.1.rx_step,channels.2.in_use,embedded_info,,\n"
-       "a,R1,446.002500,2.50,True,text,,\nb,,,,,,,\n,,,,,,,\n",
-       true},
-      {"another order, captions, an empty column",
-       "CH2 No CH\tCH1 Rx Freq (MHz)\tCH1 Step (kHz)\tTx TOT\tembedded_info\tradio\tlabel\n"
-       "no\t446.0025\t2.5\t\ttext\tR1\ta\n\t\t\t\t\t\tb\n",
-       true},
-      {"another frequency", std::string(list).replace(list.find("446.0025"), 8, "446.0050"), false},
-      {"another radio", std::string(list).replace(list.find("R1"), 2, "R2"), false},
-      {"another text", std::string(list).replace(list.find(",text"), 5, ",test"), false},
-      {"another label", std::string(list).replace(list.find("\nb"), 2, "\nB"), false},
-      {"another order of the rows",
-       "label,radio,channels.1.rx_freq,channels.1.rx_step,channels.2.in_use,embedded_info\n"
-       "b,,,,,\na,R1,446.0025,2.5,true,text\n",
-       false},
-  };
-  for (const auto& [name, other, isSame] : cases) {
-    const PlanCheck check = Make(other);
-    EXPECT_TRUE(check.problems.empty()) << name << ": " << check.problems.front();
-    EXPECT_EQ(check.plan.key == key, isSame) << name;
+  for (const Row& row : RowsOf(CASES "plan_keys.txt", "(same|other), [^:]+: (.*)")) {
+    const PlanCheck check = Make(Unescaped(row[2]));
+    EXPECT_TRUE(check.problems.empty()) << row[0] << check.problems.front();
+    EXPECT_EQ(check.plan.key == key, row[1] == "same") << row[0];
   }
   EXPECT_NE(Make({}).plan.key, key);
   image.ChannelBlock(2, 2) ^= 1;
