@@ -16,8 +16,8 @@ public:
   PostgresServer& operator=(const PostgresServer&) = delete;
 
   [[nodiscard]] static bool IsInstalled();
-  [[nodiscard]] bool Start(); // and waits until it answers
-  void Crash();               // no session is ended properly
+  [[nodiscard]] bool Start();       // and waits until it answers
+  void Crash();                     // no session is ended properly
   void Pause() { Signal("-STOP"); } // holds the connections without answering
   void Resume() { Signal("-CONT"); }
   [[nodiscard]] int Statements() const;                            // that it has been sent so far
