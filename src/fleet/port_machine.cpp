@@ -42,9 +42,11 @@ PortAction LoseJournal(PortMachine& port, const std::string& error) {
 }
 
 PortAction Attach(PortMachine& port, const std::string& idNumber) {
+  const bool isOther = port.status.idNumber != idNumber;
   ForgetRadio(port);
   port.phase = PortPhase::RadioAttached;
   port.radio = port.status.idNumber = idNumber;
+  if (isOther) Show(port, PortState::Identifying); // the outcome of the radio before may also be this one's
   return PortAction::HandleRadio;
 }
 
