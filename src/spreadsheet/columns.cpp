@@ -130,8 +130,7 @@ std::string ValueOfCell(const Field& field, bool isOpposite, std::string_view ce
     if (!isYes && text != "no" && text != "false") return value;
     return isYes != isOpposite ? "true" : "false";
   }
-  // The items of lists have a point in every locale.
-  const char separator = std::holds_alternative<ChoiceList>(field.place) ? '.' : texts.decimalSeparator;
+  const char separator = texts.decimalSeparator;
   const auto isDecimalSign = [](char c) { return c == '.' || c == ','; };
   std::ranges::replace_if(value, isDecimalSign, separator);
   if (field.place == FieldPlace(GridColumn::RxTone) || field.place == FieldPlace(GridColumn::TxTone))

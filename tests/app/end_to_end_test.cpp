@@ -133,26 +133,32 @@ TEST(Program, PrintsItsUsageWithoutADisplay) {
 TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
   const QTemporaryDir folder; // of a program that keeps its settings beside itself
   const std::string settings = folder.filePath("MR4500X.ini").toStdString();
-  ASSERT_TRUE(QFile::copy(MR4500X_PROGRAM, folder.filePath("MR4500X")));
+  const std::string ofFleet = folder.filePath("home/MR4500X/fleet.ini").toStdString();
   std::ofstream(settings) << "[Comm Port]\nCommon Port=5\n";
-  QProcess program;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   for (const char* const name : {"XDG_CONFIG_HOME", "XDG_STATE_HOME"})
     environment.insert(name, folder.filePath("home"));
-  program.setProcessEnvironment(environment);
-  program.start(folder.filePath("MR4500X"), {});
-  ASSERT_TRUE(program.waitForStarted());
-  const auto hears = [&] { // SIGTERM, bit 14 of the signals that it catches
-    const std::string text = ContentOf("/proc/" + std::to_string(program.processId()) + "/status");
-    const std::size_t at = text.find("SigCgt:");
-    return at < text.size() && (std::stoull(text.substr(at + 7), nullptr, 16) & 1U << 14) != 0;
-  };
-  ASSERT_TRUE(QTest::qWaitFor(hears, 20'000));
-  std::filesystem::remove(settings);
-  program.terminate();
-  ASSERT_TRUE(program.waitForFinished());
-  EXPECT_EQ(program.exitCode(), 128 + SIGTERM);
-  EXPECT_NE(ContentOf(settings).find("Common Port=5"), std::string::npos) << ContentOf(settings);
+  for (const auto& [path, file, stored] :
+       {std::tuple(MR4500X_PROGRAM, settings, "Common Port=5"), {MR4500X_FLEET, ofFleet, "Sound=true"}}) {
+    SCOPED_TRACE(path);
+    const QString own = folder.filePath(QFileInfo(path).fileName());
+    ASSERT_TRUE(QFile::copy(path, own));
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(own, {});
+    ASSERT_TRUE(program.waitForStarted());
+    const auto hears = [&] { // SIGTERM, bit 14 of the signals that it catches
+      const std::string text = ContentOf("/proc/" + std::to_string(program.processId()) + "/status");
+      const std::size_t at = text.find("SigCgt:");
+      return at < text.size() && (std::stoull(text.substr(at + 7), nullptr, 16) & 1U << 14) != 0;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(hears, 20'000));
+    std::filesystem::remove(file);
+    program.terminate();
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 128 + SIGTERM);
+    EXPECT_NE(ContentOf(file).find(stored), std::string::npos) << ContentOf(file);
+  }
 }
 
 } // namespace

@@ -27,6 +27,7 @@ protected:
     if (meanwhile) desk.beforeAnswer = end;
     QTimer::singleShot(0, window.get(), meanwhile ? meanwhile : end);
     EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
+    EXPECT_TRUE(meanwhile || std::ranges::count(Happened(), "geometry") > 0);
   }
   void AwaitCopies() { window->KeepForSession(); } // another thread writes them
   void NextStart() {
@@ -69,6 +70,7 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
       desk.answers = {Answer::Yes};
       desk.paths = {Path("b.K4X")};
       Choose("mnuFileSave");
+      AwaitCopies();
       EXPECT_EQ(Kept("session-"), Lines()) << "the work was saved";
       NextStart();
       EXPECT_FALSE(window->OpenLeftWork()) << "nothing was lost";
@@ -96,6 +98,11 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   AwaitCopies();
   EXPECT_EQ(Kept("2004-").size(), 1U) << "given up with the window's data";
   type();
+  auto& mode = *window->findChild<QComboBox*>("cboRadio(0)");
+  mode.setCurrentIndex(1 - mode.currentIndex()); // 5-tone, whose standard then stays
+  window->findChild<QComboBox*>("cboFive")->setCurrentIndex(2);
+  Choose("mnuFileSaveAs"); // cancelled
+  mode.setCurrentIndex(1 - mode.currentIndex());
   EndBySignal();
   NextStart();
   desk.happened.clear();
@@ -105,6 +112,7 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   desk.answers = {Answer::Yes};
   EXPECT_TRUE(window->OpenLeftWork());
   EXPECT_NE(Happened().back().find("CH1 Rx Freq (MHz): 440.00000 -> 450.10000"), std::string::npos);
+  EXPECT_EQ(window->Panel().Collected().FiveToneStandard, 3);
 }
 
 TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
@@ -219,7 +227,9 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   radio.spoil = [](std::size_t frame, LineBytes& reply) {
     if (frame == 9) reply.clear();
   };
+  TypeAni("4711");
   Choose("mnuProgramRead");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)) << "kept before the transfer";
   desk.happened.clear();
   const std::string lost =
       "!|Data Lost|Reading or opening broke off. The editor still shows the settings, but what it doesn't show was "
@@ -284,6 +294,14 @@ TEST_F(KeptWorkTest, TheStatusBarSaysThatThereIsNoCopyUntilThereIsOne) {
   files.canCreate = true;
   QTest::keyClick(ani, Qt::Key_Left);
   EXPECT_TRUE(QTest::qWaitFor([&] { return Status(1) == title; }, 3000));
+  files.canCreate = files.canWrite = false;
+  TypeAni("99");
+  AwaitCopies(); // the window hears that it failed after the save
+  files.canCreate = files.canWrite = true;
+  desk.paths = {Path("a.K4X")};
+  Choose("mnuFileSave");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Status(1), title) << "the work is saved";
 }
 
 TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNotDuringATransfer) {

@@ -2,6 +2,7 @@
 #include "radio_commands.h"
 
 #include "files_fixture.h"
+#include "fill_messages.h"
 #include "radio_identity.h"
 #include "require.h"
 #include "scripted_radio.h"
@@ -72,6 +73,12 @@ TEST_F(RadioCommandsTest, IdentifyAndReadTellWhoTheRadioIsAndChangeNothing) {
   EXPECT_EQ(Printed(), identity);
   EXPECT_EQ(Names(), (std::set<std::string>{"a.K4X", "20261104-LR7200____004217-090507.K4X"}));
   EXPECT_EQ(radio.memory, before);
+  for (const bool standard : {true, false}) {
+    err.str("");
+    radio.memory[0x1C2] = standard ? 1 : 0;
+    EXPECT_EQ(RunRead(command, "-"), Done);
+    EXPECT_EQ(err.str().find(DataErrorText) == std::string::npos, standard);
+  }
 }
 
 TEST_F(RadioCommandsTest, ReadRefusesATargetThatCannotBeWrittenBeforeTheRadioIsAsked) {

@@ -22,9 +22,11 @@ TEST_F(FilesTest, SavingRefusesWhatIsNoWritableFile) {
   std::filesystem::create_directory(Path("folder"));
   mkfifo(Path("pipe").c_str(), 0600);
   std::filesystem::create_symlink("circle", Path("circle"));
+  std::filesystem::create_symlink("none/file", Path("link"));
   const auto before = Names();
-  for (const char* name : {"protected", "foreign", "folder", "pipe", "circle", "none/file", "foreign/file", "new/"})
-    EXPECT_FALSE(SaveNew(files, Path(name))) << name;
+  for (const char* name :
+       {"protected", "foreign", "folder", "pipe", "circle", "link", "none/file", "foreign/file", "new/"})
+    EXPECT_FALSE(SaveNew(files, Path(name)) || MayReplace(files, Path(name))) << name;
   EXPECT_FALSE(SaveNew(files, "") || SaveNew(files, Path(std::string("cut\0short", 9))));
   EXPECT_EQ(Content("protected") + Content("foreign"), "oldold");
   EXPECT_EQ(Names(), before);

@@ -26,6 +26,10 @@ protected:
     KeptCopies ended(files, Folder());
     ASSERT_TRUE(ended.Keep(Copy(at, byte)));
   }
+  void Damage() {
+    for (const std::string& name : Kept())
+      if (name.ends_with(".K4X")) std::filesystem::resize_file(Folder() + '/' + name, 300);
+  }
 };
 
 TEST_F(KeptCopiesTest, AWindowTakesOnlyTheCopiesOfWindowsThatHaveEnded) {
@@ -84,8 +88,7 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
 
 TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {
   LeaveCopy("2026-11-25 04:10:33");
-  for (const std::string& name : Kept())
-    if (name.ends_with(".K4X")) std::filesystem::resize_file(Folder() + '/' + name, 300);
+  Damage();
   files.alter = [](const std::string& path, FileStatus& status) {
     if (path.ends_with(".K4X")) status.changed = {2026, 11, 25, 4, 10, 33};
   };
@@ -106,6 +109,8 @@ TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {
 }
 
 TEST_F(KeptCopiesTest, EachCopyIsOfferedOnceEvenIfItsFolderCannotBeWritten) {
+  LeaveCopy("2026-11-25 04:10:30");
+  Damage();
   LeaveCopy("2026-11-25 04:10:31");
   LeaveCopy("2026-11-25 04:10:32");
   files.canRename = files.canCreate = files.canWrite = false;
@@ -117,6 +122,7 @@ TEST_F(KeptCopiesTest, EachCopyIsOfferedOnceEvenIfItsFolderCannotBeWritten) {
     next.PutLeftAside();
   }
   EXPECT_FALSE(next.NextLeft()) << "asked for ever";
+  EXPECT_EQ(next.TakeUnreadable().size(), 1U);
 }
 
 // Some network file systems lock only what is open for writing, others nothing at all.
@@ -162,6 +168,8 @@ TEST_F(KeptCopiesTest, AFileIsOpenElsewhereWhileAnotherWindowHasIt) {
       },
       testing::ExitedWithCode(0), "");
   EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X"))) << "the other windows have closed it or crashed";
+  EXPECT_FALSE(there.NextLeft());
+  EXPECT_EQ(Kept().size(), 2U) << "the one that crashed is held no longer";
 }
 
 TEST_F(KeptCopiesTest, NoFailingCallLosesTheCopy) {

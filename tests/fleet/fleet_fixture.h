@@ -225,10 +225,11 @@ struct Fleet {
     settings.bench = "A";
     settings.backupFolder = folder + "/backup";
     settings.now = [this] { return LocalTime{2026, 11, 4, 9, m_keys / 60, m_keys % 60}; }; // a second for each attempt
-    settings.timestamp = [this] { return TimestampText(settings.now()) + 'Z'; };
+    settings.timestamp = [this] { return TimestampText({2026, 11, 4, 9, ++m_times / 60 % 60, m_times % 60}) + 'Z'; };
     settings.sha256 = TestSha;
     settings.newKey = [this] { return std::to_string(++m_keys); };
     events.onStatus = [this](const PortStatus& status) {
+      EXPECT_LE(status.percent, 100);
       if (when.second && status.state == when.first) std::exchange(when.second, {})(*this);
       if (status.port < cables.size()) cables[status.port].Enter(status.state);
       const std::lock_guard guard(mutex);
@@ -320,7 +321,7 @@ private:
       table.push_back({memory, {}, {}});
   }
 
-  std::atomic<int> m_keys = 0;
+  std::atomic<int> m_keys = 0, m_times = 0;
 };
 
 } // namespace mr4500x

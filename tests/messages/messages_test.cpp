@@ -27,6 +27,9 @@ TEST(Messages, AreThoseOfTheFile) {
     for (const Outcome silent : {Complete, BandDeclined})
       EXPECT_EQ(FailureOf({transfer, silent, "COM3", ""}), std::nullopt);
   }
+  std::string differences = "1\n2\n3\n4\n5\n6\n7\n";
+  for (const char* const last : {"8\n", "9\n"})
+    told += '\n' + Line(KeptWorkQuestion({{}, "a day", "a radio", differences += last}));
   std::ifstream file(MESSAGES);
   EXPECT_EQ(told, std::string(std::istreambuf_iterator<char>(file), {}));
 }

@@ -1,6 +1,7 @@
 // The fleet's window under keys and clicks, with simulated radios as processes.
 #include "data_file.h"
 #include "files_fixture.h"
+#include "fleet_setup.h"
 #include "frm_fleet.h"
 #include "port_card.h"
 #include "row_model.h"
@@ -227,6 +228,19 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   EXPECT_TRUE(Await([&] { return Label("lblMessage").startsWith("The template or the rows have changed."); }));
   EXPECT_EQ(Label("lblCounts"), "0 of 2 rows done, 0 taken, 2 free");
   EXPECT_EQ(Cards().size(), 0);
+}
+
+TEST_F(FleetWindowTest, EachOptionStandsForItself) {
+  FleetSetup setup(
+      files, Path("ports.ini"), [] {}, [] {});
+  for (QCheckBox* const set : setup.findChildren<QCheckBox*>()) {
+    for (QCheckBox* const option : setup.findChildren<QCheckBox*>())
+      option->setChecked(option == set);
+    const FleetChoice choice = setup.Choice();
+    const QString chosen = choice.isQuick ? "&Quick" : choice.acceptsOtherBand ? "Accept other &bands" : "So&und";
+    EXPECT_EQ(chosen, set->text());
+    EXPECT_EQ(choice.isQuick + choice.acceptsOtherBand + setup.HasSound(), 1);
+  }
 }
 
 // Standard input is a pipe that stays open: reading it would never end.
