@@ -38,7 +38,7 @@ bool RadioJob::HasText(const Attempt& attempt) const {
 
 AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
   RadioImage image = ImageFor(m_settings.plan, attempt.row, m_settings.texts);
-  m_total = JobUnits + (HasText(attempt) ? TextUnits : 0);
+  m_total = m_done + JobUnits + (HasText(attempt) ? TextUnits : 0); // after a comparison too
   if (!IsSameBand(identity.BandBlock, image.BandBlock) && !m_settings.acceptsOtherBand) {
     attempt.text = OtherBandReason(BandText(identity.BandBlock), BandText(image.BandBlock));
     return AttemptOutcome::SetAside;

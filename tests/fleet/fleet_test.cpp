@@ -217,8 +217,8 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
   EXPECT_FALSE(IsMissing(fleet.files, path + "-2.csv")) << "the entries of the two are in no other file";
   std::filesystem::permissions(one, std::filesystem::perms(0600));
   Attempt cut = attempt("c");
-  cut.key = "a,b"; // the last column
-  const std::string csv = AttemptsCsv({cut});
+  cut.operatorName = "a,b"; // the last column
+  const std::string csv = AttemptsCsv({cut}, CsvUse::ForParsing);
   std::ofstream(path + "-3.csv") << csv.substr(0, csv.rfind('"'));
   PendingAttempts later(fleet.files, path);
   EXPECT_EQ(later.Count(), 2);

@@ -237,9 +237,12 @@ TEST_F(FleetWindowTest, EachOptionStandsForItself) {
     for (QCheckBox* const option : setup.findChildren<QCheckBox*>())
       option->setChecked(option == set);
     const FleetChoice choice = setup.Choice();
-    const QString chosen = choice.isQuick ? "&Quick" : choice.acceptsOtherBand ? "Accept other &bands" : "So&und";
-    EXPECT_EQ(chosen, set->text());
-    EXPECT_EQ(choice.isQuick + choice.acceptsOtherBand + setup.HasSound(), 1);
+    const std::pair<const char*, bool> options[] = {{"&Quick", choice.isQuick},
+                                                    {"Accept other &bands", choice.acceptsOtherBand},
+                                                    {"Re&write changed radios", choice.rewritesDone},
+                                                    {"So&und", setup.HasSound()}};
+    for (const auto& [text, isChosen] : options)
+      EXPECT_EQ(isChosen, set->text() == text) << text;
   }
 }
 
