@@ -179,6 +179,7 @@ void FrmMain::BuildToolbar() {
       if (key != row.key) continue;
       QAction* const button = toolbar->addAction(ProgramIcon(row.icon), tr(row.tip));
       button->setObjectName(QLatin1String(row.key));
+      button->setCheckable(row.kind == RowKind::View);
       Connect(*button, row, row.heldButton);
       toolbar->widgetForAction(button)->setObjectName(QLatin1String(row.key));
     }

@@ -151,6 +151,8 @@ void FrmMain::ShowView(View view) {
     m_panel->ShowFunctionView();
   m_mnuOptionChannels->setChecked(isChannel);
   m_mnuOptionFunction->setChecked(!isChannel);
+  m_btnChanWin->setChecked(isChannel);
+  m_btnFuncWin->setChecked(!isChannel);
   m_btnChanWin->setEnabled(!isChannel);
   m_btnFuncWin->setEnabled(isChannel);
 }

@@ -95,7 +95,8 @@ std::string NameOf(FieldAt at) {
   std::string name;
   if (at.field->group == FieldGroup::Channels) name = "CH" + std::to_string(at.entry) + ' ';
   if (at.field->group == FieldGroup::Tts) name = "TTS " + std::to_string(at.entry) + ' ';
-  return name + OnOneLine(at.field->label);
+  name += OnOneLine(at.field->label);
+  return std::string(TrimmedAtEnd(name));
 }
 
 std::string OnOneLine(std::string_view label) {

@@ -36,7 +36,7 @@ protected:
   }
   std::string Question(const std::string& source) {
     return "!|Unsaved Work|Unsaved work was kept on 2004-11-04 09:05:07. It came from " + source +
-           ". What differs:\n\nEmerge ANI : ---------------- -> 4711\n\nDo you want to open it?|YN";
+           ". What differs:\n\nEmerge ANI: ---------------- -> 4711\n\nDo you want to open it?|YN";
   }
 };
 

@@ -61,15 +61,21 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
   EXPECT_EQ(Cell(1, 12), "OFF");
 }
 
-TEST_F(ChannelTest, DownInTheCheckBoxesGoesToTheNextChannelInUse) {
+TEST_F(ChannelTest, KeysMoveWithinTheCheckBoxesAndTabLeavesThem) {
   Get<QCheckBox>("chkCH(1)").setChecked(true); // its "No Tx" is disabled
   const std::tuple<const char*, Qt::Key, const char*> cases[] = {{"chkCH(0)", Qt::Key_Down, "chkCH(1)"},
                                                                  {"chkTx(0)", Qt::Key_Down, "chkTx(2)"},
                                                                  {"chkTx(2)", Qt::Key_Up, "chkTx(0)"},
                                                                  {"chkCH(0)", Qt::Key_Up, "chkCH(0)"},
-                                                                 {"chkTx(15)", Qt::Key_Down, "chkTx(15)"}};
+                                                                 {"chkTx(15)", Qt::Key_Down, "chkTx(15)"},
+                                                                 {"chkCH(3)", Qt::Key_Right, "chkTx(3)"},
+                                                                 {"chkTx(3)", Qt::Key_Left, "chkCH(3)"},
+                                                                 {"chkCH(1)", Qt::Key_Right, "chkCH(1)"},
+                                                                 {"chkTx(3)", Qt::Key_Backtab, "gridChannel"},
+                                                                 {"gridChannel", Qt::Key_Tab, "chkTx(3)"},
+                                                                 {"chkTx(3)", Qt::Key_Tab, ""}};
   for (const auto& [from, key, to] : cases) {
-    Get<QCheckBox>(from).setFocus();
+    Get<QWidget>(from).setFocus();
     QTest::keyClick(window.focusWidget(), key);
     EXPECT_EQ(window.focusWidget()->objectName(), to) << from;
   }

@@ -24,9 +24,13 @@ constexpr int LongestFrequency = 9; // "000.00000"
 // itself: styles draw it around the text, and these boxes have none.
 class RowCheckBox : public QCheckBox {
 public:
-  using Column = std::array<QCheckBox*, ChannelCount>;
-  RowCheckBox(const Column& column, std::size_t channel, ChannelGrid& grid, QWidget* parent)
-      : QCheckBox(parent), m_column(column), m_channel(channel), m_grid(grid) {}
+  using Columns = std::array<const std::array<QCheckBox*, ChannelCount>*, 2>;
+  RowCheckBox(const Columns& columns, std::size_t column, std::size_t channel, ChannelGrid& grid, QWidget*& tabStop,
+              QWidget* parent)
+      : QCheckBox(parent), m_columns(columns), m_column(column), m_channel(channel), m_grid(grid), m_tabStop(tabStop) {
+    setFocusPolicy(Qt::ClickFocus);
+    if (m_tabStop == nullptr) BecomeTabStop();
+  }
 
 protected:
   void nextCheckState() override {
@@ -36,20 +40,28 @@ protected:
     setChecked(isTicked);
     if (std::ranges::none_of(selected, isOwn)) return;
     for (const int row : selected)
-      if (QCheckBox& box = *m_column[static_cast<std::size_t>(row)]; box.isEnabled()) box.setChecked(isTicked);
+      if (QCheckBox& box = Box(m_column, row); box.isEnabled()) box.setChecked(isTicked);
     m_grid.SelectRows(selected);
   }
-  // Up and Down go to the next channel whose box can be used.
+  // Up and Down go to the next channel whose box can be used, Left and Right to the other column. Tab leaves them all.
   void keyPressEvent(QKeyEvent* event) override {
-    const bool up = event->key() == Qt::Key_Up;
-    if (!up && event->key() != Qt::Key_Down) return QCheckBox::keyPressEvent(event);
-    const int step = up ? -1 : 1;
-    for (int next = static_cast<int>(m_channel) + step; next >= 0 && next < std::ssize(m_column); next += step) {
-      QCheckBox& box = *m_column[static_cast<std::size_t>(next)];
-      if (!box.isEnabled()) continue;
-      box.setFocus();
-      return ScrollTo(box, box.rect());
-    }
+    const int key = event->key(), channel = static_cast<int>(m_channel);
+    if (key == Qt::Key_Left || key == Qt::Key_Right) return Enter(Box(key == Qt::Key_Left ? 0 : 1, channel));
+    if (key != Qt::Key_Up && key != Qt::Key_Down) return QCheckBox::keyPressEvent(event);
+    const int step = key == Qt::Key_Up ? -1 : 1;
+    int next = channel + step;
+    while (next >= 0 && next < static_cast<int>(ChannelCount) && !Box(m_column, next).isEnabled())
+      next += step;
+    if (next >= 0 && next < static_cast<int>(ChannelCount)) Enter(Box(m_column, next));
+  }
+  void focusInEvent(QFocusEvent* event) override {
+    BecomeTabStop();
+    QCheckBox::focusInEvent(event);
+  }
+  void changeEvent(QEvent* event) override {
+    QCheckBox::changeEvent(event);
+    if (!isEnabled() && m_tabStop == this)
+      static_cast<RowCheckBox&>(Box(0, static_cast<int>(m_channel))).BecomeTabStop();
   }
   void paintEvent(QPaintEvent* event) override {
     QCheckBox::paintEvent(event);
@@ -62,9 +74,23 @@ protected:
   }
 
 private:
-  const Column& m_column;
-  std::size_t m_channel;
+  [[nodiscard]] QCheckBox& Box(std::size_t column, int channel) const {
+    return *(*m_columns[column])[static_cast<std::size_t>(channel)];
+  }
+  static void Enter(QCheckBox& box) {
+    box.setFocus(); // unless it is disabled
+    ScrollTo(box, box.rect());
+  }
+  void BecomeTabStop() {
+    if (m_tabStop != nullptr) m_tabStop->setFocusPolicy(Qt::ClickFocus);
+    m_tabStop = this;
+    setFocusPolicy(Qt::StrongFocus);
+  }
+
+  const Columns& m_columns;
+  std::size_t m_column, m_channel;
   ChannelGrid& m_grid;
+  QWidget*& m_tabStop;
 };
 
 // Digits and the decimal separator. After the first keypad decimal key, both "." and "," count as the separator.
@@ -110,6 +136,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
   m_cboCTCDCS->setSizeAdjustPolicy(
       QComboBox::AdjustToMinimumContentsLengthWithIcon); // else every size hint measures all items
   m_cboCTCDCS->KeepPopupWiderThan(QStringLiteral("CTC99999.999"));
+  m_txtChFreq->setAlignment(Qt::AlignCenter); // as in the cell
   SetUp(*m_gridChannel, *m_txtChFreq, *m_cboCTCDCS);
   AddCheckBoxes();
   connect(m_txtChFreq, &EntryBox::Stepped, this, [this](int by) { txtChFreq_Step(by > 0); });
@@ -123,11 +150,11 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
 void ChannelFrame::AddCheckBoxes() {
   for (int i = 0; i < static_cast<int>(ChannelCount); ++i) {
     const auto index = static_cast<std::size_t>(i);
-    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(m_chkCH, index, *m_gridChannel, this);
+    QCheckBox*& chkCH = m_chkCH[index] = new RowCheckBox(m_columns, 0, index, *m_gridChannel, m_tabStop, this);
     chkCH->setObjectName(QStringLiteral("chkCH(%1)").arg(i));
     chkCH->setAccessibleName(tr("No CH: channel %1 is not in use").arg(i + 1));
     connect(chkCH, &QCheckBox::toggled, this, [this, i] { chkCH_Click(i); });
-    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(m_chkTx, index, *m_gridChannel, this);
+    QCheckBox*& chkTx = m_chkTx[index] = new RowCheckBox(m_columns, 1, index, *m_gridChannel, m_tabStop, this);
     chkTx->setObjectName(QStringLiteral("chkTx(%1)").arg(i));
     chkTx->setAccessibleName(tr("No Tx: channel %1 cannot transmit").arg(i + 1));
     connect(chkTx, &QCheckBox::toggled, this, [this, i] { chkTx_Click(i); });
@@ -157,12 +184,11 @@ void ChannelFrame::LayOutCheckBoxes() {
   const int gap = Pixels(MarginTwips, *this);
   const int indicator = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this);
   int left = m_gridChannel->geometry().right() + 1 + gap;
-  const std::array columns = {&m_chkCH, &m_chkTx};
-  for (std::size_t i = 0; i < columns.size(); ++i) {
+  for (std::size_t i = 0; i < m_columns.size(); ++i) {
     const int width = std::max(m_headings[i]->sizeHint().width(), indicator);
     m_headings[i]->setGeometry(left, m_gridChannel->y(), width, m_gridChannel->horizontalHeader()->height());
     for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
-      QCheckBox& box = *(*columns[i])[channel];
+      QCheckBox& box = *(*m_columns[i])[channel];
       const QSize size = box.sizeHint().expandedTo({indicator, indicator});
       box.setGeometry(left + (width - indicator) / 2,
                       m_gridChannel->MiddleOfRow(static_cast<int>(channel)) - size.height() / 2, size.width(),

@@ -68,8 +68,10 @@ private:
   std::function<Band()> m_band;
   std::function<bool()> m_isTtsMode;
   ChannelGrid* m_gridChannel;
-  std::array<QCheckBox*, ChannelCount> m_chkCH{};
-  std::array<QCheckBox*, ChannelCount> m_chkTx{};
+  using CheckBoxes = std::array<QCheckBox*, ChannelCount>;
+  CheckBoxes m_chkCH{}, m_chkTx{};
+  std::array<const CheckBoxes*, 2> m_columns{&m_chkCH, &m_chkTx};
+  QWidget* m_tabStop = nullptr; // that one of the check boxes which Tab goes to
   std::array<QWidget*, 2> m_headings{};
   EntryBox* m_txtChFreq;
   ChoiceBox* m_cboCTCDCS;

@@ -248,6 +248,17 @@ void ChannelGrid::keyPressEvent(QKeyEvent* event) {
   CellGrid::keyPressEvent(event);
 }
 
+// Says what to do as long as no channel but the first is in use, as in a new configuration.
+void ChannelGrid::paintEvent(QPaintEvent* event) {
+  CellGrid::paintEvent(event);
+  for (int row = 1; row < rowCount(); ++row)
+    if (item(row, 0)->data(ColourRole).toInt() != static_cast<int>(CellColour::Hidden)) return;
+  QPainter painter(viewport());
+  painter.setPen(GreyOn(palette()));
+  const QRect place(0, rowViewportPosition(1), viewport()->width(), rowHeight(1));
+  painter.drawText(place, Qt::AlignCenter, tr("not in use; untick No CH, paste a list, or read a radio"));
+}
+
 // Of the cells, only for the menu key: a right click on a cell does nothing.
 void ChannelGrid::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Keyboard) AskForMenu();
