@@ -256,7 +256,11 @@ void ChannelGrid::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setPen(GreyOn(palette()));
   const QRect place(0, rowViewportPosition(1), viewport()->width(), rowHeight(1));
-  painter.drawText(place, Qt::AlignCenter, tr("not in use; untick No CH, paste a list, or read a radio"));
+  const QString hint = tr("not in use; untick No CH, paste a list, or read a radio");
+  painter.fillRect(painter.boundingRect(place, Qt::AlignCenter, hint).adjusted(-4, 0, 4, 0) &
+                       place.adjusted(0, 0, 0, -1),
+                   palette().base()); // no grid lines through the text
+  painter.drawText(place, Qt::AlignCenter, hint);
 }
 
 // Of the cells, only for the menu key: a right click on a cell does nothing.

@@ -17,9 +17,11 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
 #include <QShortcut>
+#include <QStyle>
 #include <QTableView>
 
 #include <algorithm>
@@ -60,7 +62,10 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
   m_loadSoon.setSingleShot(true);
   m_loadSoon.setInterval(300ms);
   connect(&m_loadSoon, &QTimer::timeout, this, [this] { LoadChosenPlan(); });
-  m_setup->Load(QSettings(m_ownSettingsFile, QSettings::IniFormat));
+  const QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
+  m_setup->Load(settings);
+  const QSize frame(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the real one is not known yet
+  resize(settings.value("Window/Size", QSize(1200, 760)).toSize().boundedTo(screen()->availableSize() - frame));
   ForgetPlan();
 }
 
@@ -71,7 +76,6 @@ FrmFleet::~FrmFleet() {
 
 void FrmFleet::BuildWindow() {
   setWindowTitle(tr("MR4500X Fleet"));
-  resize(1200, 760);
   m_problems->setObjectName(QStringLiteral("lstProblems"));
   BuildCards();
   BuildTable();
@@ -387,6 +391,7 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
   }
   QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
   m_setup->Store(settings);
+  settings.setValue("Window/Size", size());
   settings.sync();
   QFile::setPermissions(m_ownSettingsFile, QFile::ReadOwner | QFile::WriteOwner);
   event->accept();
