@@ -14,12 +14,17 @@ _mr4500x_cli() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word count=0
   local field=${COMP_WORDS[COMP_CWORD - 2]} # in FIELD = VALUE, which are three words
   [ "$current" != = ] || field=$previous previous="=" current=""
-  local command=${COMP_WORDS[1]} files="" ports="" words=""
+  local command=${COMP_WORDS[1]} files="" ports="" words="" value=""
   for word in "${COMP_WORDS[@]:2:COMP_CWORD-2}"; do
-    case $word in -* | "$current") ;; *) count=$((count + 1)) ;; esac
+    [ -z "$value" ] || { value=""; continue; }
+    case $word in
+      -o | --output | --trace | --from | --rows | --ports | --journal | --log | --csv | --backup | --reports | --count | --plan) value=yes ;;
+      -* | "$current") ;;
+      *) count=$((count + 1)) ;;
+    esac
   done
   if [ "$COMP_CWORD" -eq 1 ]; then
-    words="new show fields get set apply channels diff identify read write verify info print ports fleet --help --version"
+    words="new show fields get set apply channels diff identify read write verify info print ports fleet help --help --version"
   elif [ "$previous" = --reports ]; then
     words="channels tts info channels,tts channels,info tts,info channels,tts,info"
   elif [ "$command$previous" = "set=" ]; then
@@ -31,12 +36,12 @@ _mr4500x_cli() {
   elif [ "$previous" = --backup ]; then
     mapfile -t COMPREPLY < <(compgen -d -- "$current")
     return 0
-  elif [[ $previous == --@(trace|from|output|rows|journal|log|csv) ]]; then
+  elif [[ $previous == @(-o|--@(trace|from|output|rows|journal|log|csv)) ]]; then
     mapfile -t COMPREPLY < <(compgen -f -- "$current")
     return 0
   else
     case $command:$count in
-      new:0 | show:0 | get:0 | set:0 | apply:0 | diff:[01] | channels:1 | write:0 | verify:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
+      new:0 | show:0 | fields:0 | get:0 | set:0 | apply:0 | diff:[01] | channels:1 | write:0 | verify:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
       fleet:0) files='*.@(K4X|k4x|K4Y|k4y)' words=journal ;;
       fleet:1) files='*.@(K4X|k4x|K4Y|k4y|journal)' ;;
       print:*) files='*.pdf' ;;
@@ -50,22 +55,27 @@ _mr4500x_cli() {
         ;;
       identify:0 | read:0 | write:1 | verify:1 | info:1) ports=yes ;;
       info:0) words="read write" ;;
+      help:0) words="new show fields get set apply channels diff identify read write verify info print ports fleet" ;;
     esac
     case $command in
       new) words="$words --replace" ;;
-      show | fields) words="$words --json" ;;
-      set | apply) words="$words --output" ;;
-      channels) words="$words --output --skip-bad" ;;
-      diff | identify) words="$words --json --trace" ;;
-      read | verify) words="$words --quick --trace" ;;
-      write) words="$words --accept-band --backup --verify --quick --trace" ;;
-      info) words="$words --from --trace" ;;
+      show | fields | ports) words="$words --json" ;;
+      get) words="$words --all --json" ;;
+      set) words="$words --output --dry-run --from" ;;
+      apply) words="$words --output --dry-run" ;;
+      channels) words="$words --output --dry-run --skip-bad" ;;
+      diff) words="$words --json --patch --identifiers --quick --trace" ;;
+      identify) words="$words --json --trace" ;;
+      read) words="$words --quick --trace" ;;
+      verify) words="$words --json --identifiers --quick --trace" ;;
+      write) words="$words --accept-band --backup --verify --dry-run --quick --trace" ;;
+      info) words="$words --from --verify --json --trace" ;;
       print) words="$words --reports" ;;
       fleet) words="$words --rows --ports --count --journal --backup --quick --accept-band --compare-done --rewrite-done --operator --dry-run --log --csv --json --plan" ;;
     esac
     words="$words --help"
   fi
-  [ -z "$ports" ] || words="$(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/ttyACM*') $(compgen -G '/dev/serial/by-id/*') $words"
+  [ -z "$ports" ] || words="auto $(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/ttyACM*') $(compgen -G '/dev/serial/by-id/*') $words"
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
   [ -n "$files" ] || return 0
   local extglob_was_set=0

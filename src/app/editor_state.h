@@ -40,6 +40,7 @@ struct EditorState {
   [[nodiscard]] int PortToKeep() const { return CommPortNumber == practicePort ? portBeforePractice : CommPortNumber; }
   std::string LastFileName;            // path
   std::optional<std::uint64_t> device; // the file system that the origin's folder was on
+  std::optional<std::size_t> content;  // ContentHash of the origin's file when it was opened or saved
   FontDescription EmbeddedTextFont;
 };
 

@@ -39,6 +39,7 @@ void BelongTo(const CommandContext& context, const std::string& path) {
   const bool isOther = context.state.origin != Origin(FileOrigin{path});
   context.SetOrigin(FileOrigin{path});
   context.state.device = DeviceOfFolder(context.services.files, path);
+  context.state.content = ContentHash(context.services.files, path);
   context.keeper.Settled(context.state.origin);
   context.state.ModifiedFlag = false;
   context.state.ImageIsPartial = false;
@@ -132,9 +133,12 @@ std::optional<std::string> AskSaveName(const CommandContext& context, const char
 // To the path last chosen.
 void WriteFile(const CommandContext& context, SaveCommand command) {
   const std::string& path = context.state.LastFileName;
-  const bool isOnOtherDrive = context.state.origin == Origin(FileOrigin{path}) &&
-                              context.state.device != DeviceOfFolder(context.services.files, path);
+  const bool isSame = context.state.origin == Origin(FileOrigin{path});
+  const bool isOnOtherDrive = isSame && context.state.device != DeviceOfFolder(context.services.files, path);
   if (isOnOtherDrive && context.Show(OtherDriveQuestion(path), MessageButtons::YesNo) != Answer::Yes) return;
+  const auto content = isSame ? ContentHash(context.services.files, path) : std::nullopt;
+  const bool isChanged = content && context.state.content && content != context.state.content;
+  if (isChanged && context.Show(ChangedFileQuestion(path), MessageButtons::YesNo) != Answer::Yes) return;
   if (Succeeds([&] { return SaveDataFile(context.services.files, path, context.image); }))
     BelongTo(context, path);
   else

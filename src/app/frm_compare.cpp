@@ -292,8 +292,8 @@ void FrmCompare::Take() {
   m_panel.CommitCells();
   const Comparison::Taken taken = m_comparison->Take(m_panel.ShownUnfinished(), m_panel.Collected(), rows);
   Refusals refusals;
-  for (const auto& [at, value, allowed] : taken.refused)
-    refusals.push_back(NameOf(at) + ": " + value + ", allowed: " + allowed);
+  for (const auto& [at, value, refusal] : taken.refused)
+    refusals.push_back(NameOf(at) + ": " + value + ", " + ReasonOf(refusal));
   if (!refusals.empty()) {
     m_messages.Show(MessageIcon::Exclamation, Title(), MessageOf(refusals), MessageButtons::Ok);
     return;

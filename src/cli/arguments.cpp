@@ -53,7 +53,7 @@ std::string InfoToPrint(std::u16string_view text) {
   for (std::string_view rest = shown; !rest.empty();) {
     const std::string_view before = rest;
     const char32_t c = TakeCodePoint(rest);
-    const bool isControl = (c < ' ' && c != '\n' && c != '\t') || (c >= 0x7F && c < 0xA0);
+    const bool isControl = IsControl(c) && c != '\n' && c != '\t';
     printed += isControl ? "." : before.substr(0, before.size() - rest.size()); // none may control the terminal
   }
   return printed;

@@ -1,7 +1,6 @@
 #include "channel_commands.h"
 
 #include "channel_list.h"
-#include "file_commands.h"
 #include "setting_commands.h"
 
 #include <algorithm>
@@ -35,21 +34,21 @@ ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const s
   return StoreTextForCommand(files, csv, ChannelsCsv(values), terminal);
 }
 
-ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Terminal& terminal) {
-  RadioImage image;
-  Configuration before;
-  const auto text = ReadTextForCommand(files, given.csv, terminal);
-  if (!text || !LoadValuesForCommand(files, given.path, '.', image, before, terminal)) return ExitStatus::Failed;
-  const FieldTexts texts = BuildFieldTexts('.');
-  ChannelList list = ReadChannelList(*text, texts);
-  ImportGoodRows(image, list, texts);
-  for (const std::string& bad : TextsOf(list.bad))
-    terminal.err << given.csv << ':' << bad << '\n';
-  for (const std::string& column : list.leftOut)
-    terminal.err << given.csv << ": " << column << ": left out; a radio has nothing for it\n";
-  if (!list.bad.empty() && !(given.skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
-  if (!list.bad.empty() && list.rows.empty()) return ExitStatus::Failed; // no line was left to import
-  return SaveForCommand(files, given.output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool skipsBad, Terminal& terminal) {
+  const auto text = ReadTextForCommand(files, given.input, terminal);
+  if (!text) return ExitStatus::Failed;
+  return ChangeFile(files, given, terminal, [&](RadioImage& image, const Configuration& /*before*/) {
+    const FieldTexts texts = BuildFieldTexts('.');
+    const std::string name = NameOfSource(given.input) + ':';
+    ChannelList list = ReadChannelList(*text, texts);
+    ImportGoodRows(image, list, texts);
+    for (const std::string& bad : TextsOf(list.bad))
+      terminal.err << name << bad << '\n';
+    for (const std::string& column : list.leftOut)
+      terminal.err << name << ' ' << column << ": left out; a radio has nothing for it\n";
+    if (!list.bad.empty() && !(skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
+    return !list.bad.empty() && list.rows.empty() ? ExitStatus::Failed : ExitStatus::Done; // none was left to import
+  });
 }
 
 } // namespace mr4500x

@@ -1,7 +1,7 @@
 // The commands that exchange the channels of a data file with spreadsheets and other programs.
 #pragma once
 
-#include "terminal.h"
+#include "file_commands.h"
 
 #include <string>
 
@@ -13,10 +13,9 @@ class FileSystem;
 [[nodiscard]] ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv,
                                            Terminal& terminal);
 
-struct ChannelsImport {
-  std::string path, csv, output; // the data file, the list or "-", and where the changed data goes
-  bool skipsBad = false;         // bad lines are told and left out; else one is enough to leave the file as it is
-};
-[[nodiscard]] ExitStatus RunChannelsImport(FileSystem& files, const ChannelsImport& given, Terminal& terminal);
+// Takes the channels of the list `given.input`. A bad line is reported, and left out if `skipsBad`; else one is enough
+// to leave the file as it was.
+[[nodiscard]] ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool skipsBad,
+                                           Terminal& terminal);
 
 } // namespace mr4500x

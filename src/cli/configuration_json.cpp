@@ -2,6 +2,7 @@
 
 #include "decimal.h"
 #include "set_field.h"
+#include "utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -15,6 +16,7 @@ using Json = nlohmann::ordered_json;
 using ReadJson = nlohmann::json; // looks up its keys, of which a document may have any number
 
 constexpr int Format = 1;
+constexpr std::size_t MostLevels = 8; // of arrays and objects; a document has three
 // By FieldKind.
 constexpr std::array<std::string_view, 5> Needed = {"needs a text, or an object with a code", "needs a number",
                                                     "needs a text", "needs a text", "needs true or false"};
@@ -45,12 +47,78 @@ Json Group(const Configuration& configuration, FieldGroup group) {
   return array;
 }
 
+// Line and column, counted from 1, of a byte: "3:17: ".
+std::string PlaceOf(std::string_view text, std::size_t offset) {
+  const std::string_view before = text.substr(0, offset);
+  const std::size_t lineBegin = before.rfind('\n') + 1; // 0 if there is none
+  const auto column = std::ranges::count_if(before.substr(lineBegin), BeginsCharacter) + 1;
+  return std::to_string(std::ranges::count(before, '\n') + 1) + ':' + std::to_string(column) + ": ";
+}
+
+// What the parser says about the document, without its name, place and surroundings.
+std::string ReasonOf(const ReadJson::parse_error& error) {
+  const std::string_view all = error.what();
+  const std::size_t begin = std::min(all.find(" - "), all.size());
+  const std::string_view reason = all.substr(begin, all.find("; last read") - begin);
+  return "not a JSON document" + std::string(reason);
+}
+
+// Finds what the parser would drop or take without a word, before it makes a document.
+struct Strictness final : nlohmann::json_sax<ReadJson> {
+  std::string problem;
+
+  bool null() override { return true; }
+  bool boolean(bool /*value*/) override { return true; }
+  bool number_integer(number_integer_t /*value*/) override { return true; }
+  bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
+  bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return true; }
+  bool string(string_t& /*value*/) override { return true; }
+  bool binary(binary_t& /*value*/) override { return true; }
+  bool start_object(std::size_t /*size*/) override { return Begin(); }
+  bool end_object() override { return End(); }
+  bool start_array(std::size_t /*size*/) override { return Begin(); }
+  bool end_array() override { return End(); }
+  bool key(string_t& name) override {
+    if (m_keys.back().insert(name).second) return true;
+    problem = Printable(ReadJson(name).dump()) + ": given twice in one object";
+    return false;
+  }
+  bool parse_error(std::size_t /*offset*/, const std::string& /*token*/, const ReadJson::exception& error) override {
+    if (const auto* const syntax = dynamic_cast<const ReadJson::parse_error*>(&error)) throw *syntax;
+    throw dynamic_cast<const ReadJson::out_of_range&>(error);
+  }
+
+private:
+  bool Begin() {
+    m_keys.emplace_back();
+    if (m_keys.size() > MostLevels) problem = "the document: too many levels";
+    return problem.empty();
+  }
+  bool End() {
+    m_keys.pop_back();
+    return true;
+  }
+
+  std::vector<std::set<std::string>> m_keys; // of the objects and arrays around the current value
+};
+
 // Collects the changes of a document.
 class Reader {
 public:
   Changes Read(std::string_view text) {
-    const ReadJson document = ReadJson::parse(text, nullptr, false);
-    if (document.is_discarded()) return {{}, {"not a JSON document"}};
+    const std::size_t zero = text.find('\0'); // which the parser takes for the end
+    if (zero != std::string_view::npos) return {{}, {}, PlaceOf(text, zero) + "not a JSON document - a zero byte"};
+    ReadJson document;
+    try {
+      Strictness strictness;
+      ReadJson::sax_parse(text, &strictness);
+      if (!strictness.problem.empty()) return {{}, {strictness.problem}};
+      document = ReadJson::parse(text);
+    } catch (const ReadJson::parse_error& error) { // which counts its bytes from 1
+      return {{}, {}, PlaceOf(text, std::min(std::max<std::size_t>(error.byte, 1) - 1, text.size())) + ReasonOf(error)};
+    } catch (const ReadJson::out_of_range&) {
+      return {{}, {}, " not a JSON document - a number is out of range"};
+    }
     Walk("", document);
     if (document.is_object() && document.value("format", ReadJson(Format)) != Format)
       Refuse("format", "not 1, the format of this version");
@@ -60,7 +128,7 @@ public:
 
 private:
   void Refuse(const std::string& place, std::string_view why) {
-    m_changes.problems.push_back((place.empty() ? "the document" : place) + ": " + std::string(why));
+    m_changes.problems.push_back((place.empty() ? "the document" : Printable(place)) + ": " + std::string(why));
   }
 
   // The path of an object or array: "", "global", "channels", "channels.3".
@@ -69,7 +137,7 @@ private:
     if (!(isArray ? value.is_array() : value.is_object())) return Refuse(path, isArray ? "no array" : "no object");
     for (const auto& [key, member] : value.items()) {
       const bool isNumber = path.starts_with("channels.") && key == "number";
-      if (isNumber || (path.empty() && (key == "format" || key == "as_stored"))) continue;
+      if (isNumber || (path.empty() && (key == "format" || key == "as_stored" || key == "$schema"))) continue;
       const std::string place = (path.empty() ? "" : path + '.') + (isArray ? EntryOf(path, key, member) : key);
       const auto isIt = [&](const Field& field) { return NameOf(field.group) == place; };
       if (isArray || (!place.empty() && std::ranges::find_if(Fields(), isIt) != Fields().end()))
@@ -79,10 +147,10 @@ private:
     }
   }
 
-  // Of an array: the number that a channel has, or the place of another entry.
+  // Of an array: the number that a channel has, or the place of another entry, counted from 1.
   static std::string EntryOf(const std::string& path, const std::string& index, const ReadJson& entry) {
-    if (path == NameOf(FieldGroup::Tts)) return std::to_string(std::stoul(index) + 1);
-    return entry.is_object() ? entry.value("number", ReadJson("(without a number)")).dump() : index;
+    if (path == NameOf(FieldGroup::Tts) || !entry.is_object()) return std::to_string(std::stoul(index) + 1);
+    return entry.value("number", ReadJson("(without a number)")).dump();
   }
 
   void ReadValue(const std::string& place, const std::string& key, const ReadJson& value) {
@@ -106,11 +174,12 @@ private:
 
   void ReadAsStored(const ReadJson& identifiers) {
     std::set<FieldAt> asStored;
-    for (const ReadJson& identifier : identifiers)
-      if (const auto at = identifier.is_string() ? FindField(identifier.get<std::string>()) : std::nullopt)
+    if (!identifiers.is_array()) return Refuse("as_stored", "no array");
+    for (std::size_t i = 0; i < identifiers.size(); ++i)
+      if (const auto at = identifiers[i].is_string() ? FindField(identifiers[i].get<std::string>()) : std::nullopt)
         asStored.insert(*at);
       else
-        Refuse("as_stored", "names no setting");
+        Refuse("as_stored." + std::to_string(i + 1), "names no setting");
     for (Assignment& given : m_changes.assignments)
       given.asStored |= asStored.contains(given.at);
   }
@@ -129,6 +198,32 @@ std::string ConfigurationJson(const Configuration& configuration) {
       document[NameOf(field.group)] = Group(configuration, field.group);
   for (const FieldAt at : OutsideRules(configuration, BuildFieldTexts('.')))
     document["as_stored"].push_back(IdentifierOf(at));
+  return document.dump(2) + '\n';
+}
+
+std::string ValueAsJson(const Configuration& configuration, FieldAt at) {
+  return ValueJson(configuration, at).dump();
+}
+
+std::string PartJson(const Configuration& configuration, const std::set<FieldAt>& fields) {
+  Json document = {{"format", Format}};
+  for (const FieldAt at : fields) {
+    const FieldGroup group = at.field->group;
+    Json& container = group == FieldGroup::None ? document : document[NameOf(group)];
+    if (group == FieldGroup::Channels) { // found by their numbers
+      const auto isIt = [&](const Json& channel) { return channel["number"] == at.entry; };
+      if (std::ranges::none_of(container, isIt)) container.push_back({{"number", at.entry}});
+      (*std::ranges::find_if(container, isIt))[at.field->key] = ValueJson(configuration, at);
+    } else if (group == FieldGroup::Tts) { // found by their places
+      while (container.size() < at.entry)
+        container.push_back(Json::object());
+      container[at.entry - 1][at.field->key] = ValueJson(configuration, at);
+    } else {
+      container[at.field->key] = ValueJson(configuration, at);
+    }
+  }
+  for (const FieldAt at : OutsideRules(configuration, BuildFieldTexts('.')))
+    if (fields.contains(at)) document["as_stored"].push_back(IdentifierOf(at));
   return document.dump(2) + '\n';
 }
 

@@ -3,6 +3,7 @@
 
 #include "changes.h"
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,9 +14,15 @@ namespace mr4500x {
 // once more at the end, under "as_stored".
 [[nodiscard]] std::string ConfigurationJson(const Configuration& configuration);
 
+// The value of one setting as the document has it.
+[[nodiscard]] std::string ValueAsJson(const Configuration& configuration, FieldAt at);
+// A document with these settings alone, for ReadChanges.
+[[nodiscard]] std::string PartJson(const Configuration& configuration, const std::set<FieldAt>& fields);
+
 struct Changes {
   std::vector<Assignment> assignments;
   std::vector<std::string> problems; // one line for each value that is no setting's; what can be read is in the above
+  std::string syntaxError{};         // "3:17: …", line and column, if it is not a JSON document
 };
 // From the document or a part of it. The entries of "channels" are found by their number, those of "tts" by their
 // place. A value under "as_stored" may break the rules.

@@ -23,10 +23,15 @@ struct Call {
   LoadAny load{};
   std::string file{}, other{}, output{};
   std::vector<std::string> words{};
-  bool json = false, replace = false, skipBad = false;
+  bool json = false, replace = false, skipBad = false, isDryRun = false, all = false, patch = false,
+       identifiers = false;
 
-  // Where a changed FILE goes.
-  [[nodiscard]] const std::string& Target() const { return output.empty() ? file : output; }
+  [[nodiscard]] ShowAs Form() const { return json ? ShowAs::Json : ShowAs::Table; }
+  [[nodiscard]] FileChange Change() const { return {file, output.empty() ? file : output, other, isDryRun}; }
+  [[nodiscard]] DiffForm Differences() const {
+    using enum DiffForm;
+    return json ? Json : patch ? Patch : identifiers ? Identifiers : Labels;
+  }
 };
 
 struct Declaring {
@@ -43,14 +48,18 @@ struct Declaring {
   }
   // What is read beside FILE.
   void Other(CLI::App* sub, const char* name, const char* about) const {
-    Positional(sub, name, call->other, about)->check([on = call](const std::string& text) {
+    NotTwice(Positional(sub, name, call->other, about));
+  }
+  CLI::Option* NotTwice(CLI::Option* option) const {
+    return option->check([on = call](const std::string& text) {
       return std::string(text == Stream && on->file == Stream ? "only one can be standard input" : "");
     });
   }
-  void File(CLI::App* sub, const char* about) const { Positional(sub, "FILE", call->file, about); }
-  void Json(CLI::App* sub) const { sub->add_flag("--json", call->json, "as one JSON document"); }
+  CLI::Option* File(CLI::App* sub, const char* about) const { return Positional(sub, "FILE", call->file, about); }
+  void Json(CLI::App* sub) const { sub->add_flag("-j,--json", call->json, "as one JSON document"); }
   void Output(CLI::App* sub) const {
-    sub->add_option("--output", call->output,
+    sub->add_flag("-n,--dry-run", call->isDryRun, "print what would change, and change nothing");
+    sub->add_option("-o,--output", call->output,
                     "write OUT, over a file that is there, or - for standard output; FILE stays as it is")
         ->type_name("OUT");
   }
@@ -61,33 +70,52 @@ struct Declaring {
     });
     File(create, "data file (.K4X); one that is there is left unless --replace is given; - for standard output");
     create->add_flag("--replace", call->replace, "over a file that is there");
-    CLI::App* const show = Command(app, "show", "Print every setting of FILE", [](Call& c) {
-      return RunShow(c.files, c.file, c.json ? ShowAs::Json : ShowAs::Table, c.terminal);
-    });
+    CLI::App* const show = Command(app, "show", "Print every setting of FILE",
+                                   [](Call& c) { return RunShow(c.files, c.file, c.Form(), c.terminal); });
     Json(show);
     File(show, Read);
     CLI::App* const diff =
         Command(app, "diff", "Print the settings that differ, then the bytes that no setting shows; 1 if any differs",
-                [](Call& c) { return RunDiff(c.load, c.file, c.other, c.json, c.terminal); });
+                [](Call& c) { return RunDiff(c.load, c.file, c.other, c.Differences(), c.terminal); });
     Json(diff);
+    diff->add_flag("--identifiers", call->identifiers, "name settings by identifiers, not labels")->excludes("--json");
+    diff->add_flag("--patch", call->patch, "print the changes that apply needs to make A show what B shows")
+        ->excludes("--json")
+        ->excludes("--identifiers");
     Positional(diff, "A", call->file, "data file (.K4X) or PORT; - for standard input");
     Other(diff, "B", "data file (.K4X) or PORT; - for standard input");
   }
 
   void Settings(CLI::App& app) const {
-    Json(Command(app, "fields", "List the identifiers of all settings, with label, kind and what each allows",
-                 [](Call& c) { return RunFields(c.json, c.terminal); }));
-    CLI::App* const get = Command(app, "get", "Print the values of settings of FILE, one a line",
-                                  [](Call& c) { return RunGet(c.files, c.file, c.words, c.terminal); });
+    CLI::App* const fields =
+        Command(app, "fields", "List the identifiers of all settings, with label, kind and what each allows",
+                [](Call& c) { return RunFields(c.files, c.file, c.json, c.terminal); });
+    Json(fields);
+    File(fields, "data file (.K4X) with whose band and mode to list what is allowed")->required(false);
+    CLI::App* const get = Command(app, "get", "Print the values of settings of FILE, one a line", [](Call& c) {
+      if (c.all == c.words.empty()) return RunGet(c.files, c.file, c.words, c.json, c.terminal);
+      throw CLI::ValidationError("Name a FIELD, or give --all, but not both.");
+    });
     File(get, Read);
-    Positional(get, "FIELD", call->words, "a setting, such as channels.3.rx_freq; see fields");
-    CLI::App* const set = Command(app, "set", "Change settings of FILE, all of them or none",
-                                  [](Call& c) { return RunSet(c.files, c.file, c.Target(), c.words, c.terminal); });
+    Positional(get, "FIELD", call->words,
+               "a setting, such as channels.3.rx_freq; or a group or pattern (channels.3, channels.5-8.in_use, "
+               "'channels.*.rx_freq'), printed as FIELD=VALUE")
+        ->required(false);
+    get->add_flag("-a,--all", call->all, "all settings as FIELD=VALUE, for set --from");
+    Json(get);
+    CLI::App* const set = Command(app, "set", "Change settings of FILE, all of them or none", [](Call& c) {
+      if (c.words.empty() && c.other.empty()) throw CLI::RequiredError("FIELD=VALUE or --from");
+      return RunSet(c.files, c.Change(), c.words, c.terminal);
+    });
     File(set, Changed);
-    Positional(set, "FIELD=VALUE", call->words, "for instance channels.3.rx_freq=446.00625 'select_call=5 Tone'");
+    Positional(set, "FIELD=VALUE", call->words,
+               "for instance channels.3.rx_freq=446.00625 'select_call=5 Tone' 'channels.*.bandwidth=12.5'")
+        ->required(false);
+    NotTwice(set->add_option("--from", call->other, "take lines FIELD=VALUE from this file; - for standard input"))
+        ->type_name("LINES");
     Output(set);
     CLI::App* const apply = Command(app, "apply", "Take settings from what `show --json` prints, or from a part of it",
-                                    [](Call& c) { return RunApply(c.files, c.file, c.Target(), c.other, c.terminal); });
+                                    [](Call& c) { return RunApply(c.files, c.Change(), c.terminal); });
     File(apply, Changed);
     Other(apply, "CHANGES.json", "the JSON document; - for standard input");
     Output(apply);
@@ -102,9 +130,7 @@ struct Declaring {
         ->type_name("");
     CLI::App* const take =
         Command(app, "import", "Take channels from CSV: what export writes, or a list with Location and Frequency",
-                [](Call& c) {
-                  return RunChannelsImport(c.files, {c.file, c.other, c.Target(), c.skipBad}, c.terminal);
-                });
+                [](Call& c) { return RunChannelsImport(c.files, c.Change(), c.skipBad, c.terminal); });
     File(take, Changed);
     Other(take, "IN.csv", "the list, separated by commas, semicolons or tabs; - for standard input");
     take->add_flag("--skip-bad", call->skipBad, "leave out the lines that are refused, and take the others");

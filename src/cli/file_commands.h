@@ -5,11 +5,15 @@
 #include "data_file.h"
 #include "terminal.h"
 
+#include <functional>
 #include <string>
 
 namespace mr4500x {
 
 enum class ShowAs { Table, Json };
+
+// Follows DataErrorText.
+inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is taken for ZVEI1.)";
 
 // Writes the default configuration. A file that is there is an error unless it may be replaced.
 [[nodiscard]] ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, const LocalTime& now,
@@ -22,9 +26,26 @@ enum class ShowAs { Table, Json };
 // loaded.
 [[nodiscard]] bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal);
 
-// The same, and decodes the image. False, with a message, also if it can be decoded only in part.
+// What the image shows, with a message where a key conflicts. A stored 5-tone standard 0, with which nothing could be
+// shown, becomes 1, and a message says so.
+[[nodiscard]] Configuration ValuesForCommand(const std::string& path, char decimalSeparator, RadioImage& image,
+                                             const Terminal& terminal);
+
+// Both.
 [[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
                                         RadioImage& image, Configuration& values, Terminal& terminal);
+
+// A file that a command changes, and where the result goes.
+struct FileChange {
+  std::string path, output;
+  std::string input{};   // what is read beside it
+  bool isDryRun = false; // only prints what would differ
+};
+// Changes a data file and stores the result: under a lock where it replaces the file, and not at all if nothing has
+// changed or `change` has another end than Done. `before` is what the file shows.
+[[nodiscard]] ExitStatus
+ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
+           const std::function<ExitStatus(RadioImage& image, const Configuration& before)>& change);
 
 // Whether something else stored at `target` would overwrite a data file: `dataFile` itself, or any other whatever its
 // name.

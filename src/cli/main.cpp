@@ -5,10 +5,12 @@
 #include "declare_file_commands.h"
 #include "embedded_info.h"
 #include "end_signals.h"
+#include "file_access.h"
 #include "fill_messages.h"
 #include "fleet/fleet_summary.h"
 #include "machine.h"
 #include "machine_files.h"
+#include "option_rules.h"
 #include "paths.h"
 #include "port_address.h"
 #include "port_devices.h"
@@ -16,16 +18,18 @@
 #include "radio_commands.h"
 #include "settings.h"
 #include "traced_port.h"
-
-#include <CLI/CLI.hpp>
+#include "utf8.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <set>
 #include <span>
 #include <string_view>
 #include <tuple>
@@ -33,11 +37,16 @@
 namespace mr4500x {
 namespace {
 
+constexpr std::string_view AutoPort = "auto";
+
 struct Arguments {
   std::string file;
+  std::string portText; // a number, a path or "auto"
   PortAddress port;
-  std::u16string text;
+  std::string text;
+  std::u16string info;
   bool json = false;
+  bool identifiers = false;
   WriteOptions write;
   bool quick = false;
   std::string traceFile;
@@ -62,6 +71,10 @@ public:
 private:
   void Declare(CLI::App& app);
   [[nodiscard]] ExitStatus WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run);
+  [[nodiscard]] ExitStatus ChoosePort();
+  [[nodiscard]] ExitStatus ChooseOnlyPort();
+  [[nodiscard]] ExitStatus OpenTrace(std::ofstream& trace);
+  [[nodiscard]] ShowAs Form() const { return m_arguments.json ? ShowAs::Json : ShowAs::Table; }
   [[nodiscard]] bool Load(const std::string& fileOrPort, RadioImage& image);
   [[nodiscard]] ExitStatus Ports();
   [[nodiscard]] ExitStatus Print();
@@ -83,32 +96,97 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
          (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(PathOf(port.device), unknown));
 }
 
+// The port that was given, or else is the default.
+ExitStatus CommandLine::ChoosePort() {
+  std::string& text = m_arguments.portText;
+  const char* const standard = std::getenv("MR4500X_PORT");
+  if (text.empty() && standard != nullptr) text = standard;
+  if (text == AutoPort) return ChooseOnlyPort();
+  if (const auto port = ParsePortAddress(text)) {
+    m_arguments.port = *port;
+    return ExitStatus::Done;
+  }
+  m_terminal.err << (text.empty() ? "PORT is missing, and MR4500X_PORT is not set. It" : Printable(text) + ": PORT")
+                 << " is a port number 1 to 16, the path of a device, or auto.\n";
+  return ExitStatus::UnusableArguments;
+}
+
+// The one with a radio that answers.
+ExitStatus CommandLine::ChooseOnlyPort() {
+  const auto pins = PortDevices(m_files, SettingsFile());
+  const std::vector<std::string> devices = MachineSerialDevices();
+  Terminal quiet = m_terminal;
+  quiet.showsProgress = false;
+  std::set<std::string> asked; // a device can have two numbers
+  std::vector<int> answering;
+  for (int number = 1; number <= PortCount; ++number) {
+    const std::string device = DeviceOfPort(number, pins, devices).path;
+    if (device.empty() || !asked.insert(device).second) continue;
+    const std::unique_ptr<SerialPort> serial = MakePort({number, ""}, pins);
+    SteadyClock clock;
+    SerialLine line(*serial, clock, number, ComName(number));
+    TerminalObserver observer(quiet, BandAnswer::Ask);
+    RadioImage unused;
+    if (ReadIdentity(line, unused, observer).outcome == Outcome::Complete) answering.push_back(number);
+  }
+  if (answering.size() == 1) {
+    m_arguments.port = {answering.front(), ""};
+    m_terminal.err << "auto: " << ComName(answering.front()) << '\n';
+    return ExitStatus::Done;
+  }
+  m_terminal.err << "auto: " << (answering.empty() ? "no radio answers at any port" : "more than one radio answers:");
+  for (const int number : answering)
+    m_terminal.err << ' ' << ComName(number);
+  m_terminal.err << '\n';
+  return ExitStatus::Failed;
+}
+
+// The file that the trace is added to, never one that the command works with. A pipe without a reader is not waited
+// for.
+ExitStatus CommandLine::OpenTrace(std::ofstream& trace) {
+  const auto& [file, path] = std::tie(m_arguments.file, m_arguments.traceFile);
+  if (path.empty()) return ExitStatus::Done;
+  if (path == file || IsSameFile(m_files, path, file) || HasDataFileEnding(path)) {
+    m_terminal.err << path << ": the trace must not be a data file\n";
+    return ExitStatus::UnusableArguments;
+  }
+  std::error_code unknown;
+  const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
+  const OpenFile pipe(m_files, isPipe ? m_files.OpenToWrite(path, 0666) : std::nullopt);
+  if (!isPipe || pipe) trace.open(PathOf(path), std::ios::app);
+  if (trace.is_open()) return ExitStatus::Done;
+  m_terminal.err << path << ": " << std::strerror(errno) << '\n';
+  return ExitStatus::Failed;
+}
+
 ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioCommand&)>& run) {
   const auto& [file, port, traceFile] = std::tie(m_arguments.file, m_arguments.port, m_arguments.traceFile);
+  if (const ExitStatus chosen = ChoosePort(); chosen != ExitStatus::Done) return chosen;
   if (AreSwapped(file, port)) {
     m_terminal.err << file << " is a port, " << port.device << " a data file: the other way round, please\n";
     return ExitStatus::UnusableArguments;
   }
   std::ofstream trace;
-  if (!traceFile.empty()) trace.open(PathOf(traceFile), std::ios::app);
-  if (!trace) {
-    m_terminal.err << traceFile << ": " << std::strerror(errno) << '\n';
-    return ExitStatus::Failed;
-  }
+  if (const ExitStatus opened = OpenTrace(trace); opened != ExitStatus::Done) return opened;
   const std::unique_ptr<SerialPort> serial = MakePort(port, PortDevices(m_files, SettingsFile()));
   const EndSignalsHeld held;
   SteadyClock clock;
   TracedPort traced(*serial, clock, LocalNow, trace);
   SerialPort& used = traceFile.empty() ? *serial : static_cast<SerialPort&>(traced);
   SerialLine line(used, clock, port.number, DisplayName(port));
-  return run({line, m_files, m_terminal, LocalNow, m_arguments.quick ? Speed::Quick : Speed::Prescribed});
+  const ExitStatus status =
+      run({line, m_files, m_terminal, LocalNow, m_arguments.quick ? Speed::Quick : Speed::Prescribed});
+  if (traceFile.empty() || trace.flush()) return status;
+  m_terminal.err << traceFile << ": the trace could not be written\n";
+  return status == ExitStatus::Done ? ExitStatus::Failed : status;
 }
 
 // A number and what leads to a device are ports.
 bool CommandLine::Load(const std::string& fileOrPort, RadioImage& image) {
   const auto port = ParsePortAddress(fileOrPort);
-  if (!port || !PortExists(*port)) return LoadForCommand(m_files, fileOrPort, image, m_terminal);
-  m_arguments.port = *port;
+  if (fileOrPort != AutoPort && (!port || !PortExists(*port)))
+    return LoadForCommand(m_files, fileOrPort, image, m_terminal);
+  m_arguments.portText = fileOrPort;
   const auto read = [&](const RadioCommand& radio) {
     const bool isRead = ReadForCommand(radio, image);
     if (IsEnding()) m_terminal.err << DisplayName(*port) << ": asked to end. Nothing has been compared.\n";
@@ -123,12 +201,7 @@ ExitStatus CommandLine::Ports() {
   const auto deviceOf = [&](int number) { return DeviceOfPort(number, pins, devices); };
   const std::unique_ptr<SerialPort> serial = MakeSerialPort(deviceOf);
   return RunPorts(
-      *serial, [&](int number) { return deviceOf(number).path; }, m_terminal);
-}
-
-PortAddress PortOf(const std::string& text) {
-  if (const auto port = ParsePortAddress(text)) return *port;
-  throw CLI::ValidationError("PORT is a port number 1 to 16 or the path of a device.");
+      *serial, [&](int number) { return deviceOf(number).path; }, Form(), m_terminal);
 }
 
 std::u16string InfoOf(const std::string& text) {
@@ -163,6 +236,36 @@ ExitStatus CommandLine::Become(const std::string& name, std::vector<std::string>
   return ExitStatus::Failed;
 }
 
+// For --help of each command: an example, and what the exit status means.
+void AddExamples(CLI::App& app) {
+  constexpr std::pair<const char*, const char*> Examples[] = {
+      {"new", "new empty.K4X"},
+      {"show", "show --json radio.K4X"},
+      {"diff", "diff --patch old.K4X new.K4X | mr4500x-cli apply radio.K4X -"},
+      {"fields", "fields radio.K4X"},
+      {"get", "get radio.K4X 'channels.*.rx_freq'"},
+      {"set", "set --dry-run radio.K4X channels.3.rx_freq=446.00625"},
+      {"apply", "apply radio.K4X changes.json"},
+      {"channels", "channels import radio.K4X channels.csv"},
+      {"identify", "identify auto"},
+      {"read", "read 1 '{id}_{date}.K4X'"},
+      {"write", "write --backup old --verify radio.K4X 1"},
+      {"verify", "verify radio.K4X 1"},
+      {"info", "info write 1 'Our text'"},
+      {"print", "print radio.K4X radio.pdf"},
+      {"ports", "ports --json"},
+  };
+  for (const auto& [name, example] : Examples) {
+    const std::string_view command = name;
+    const char* const status = command == "diff"     ? "0 the same, 1 different, 2 trouble"
+                               : command == "verify" ? "0 the same, 1 different or failed, 2 unusable arguments"
+                                                     : "0 done, 1 failed, 2 unusable arguments";
+    app.get_subcommand(name)->footer("Example: mr4500x-cli " + std::string(example) + "\nExit status: " + status);
+  }
+  app.footer("A result replaces the file that is there in one step. Only `new`, and a name with {id}, refuse it.\n"
+             "`mr4500x-cli help COMMAND` has an example of each command.");
+}
+
 void CommandLine::Declare(CLI::App& app) {
   Arguments& given = m_arguments;
   const auto command = [&](CLI::App& parent, const char* name, const char* about, std::function<ExitStatus()> run) {
@@ -173,11 +276,6 @@ void CommandLine::Declare(CLI::App& app) {
   const auto positional = [](CLI::App* sub, const char* name, auto& value, const char* about) {
     return sub->add_option(name, value, about)->required()->type_name("");
   };
-  // An argument that is more than its text; `parse` throws for an unusable one.
-  const auto parsed = [](CLI::App* sub, const char* name, auto& value, auto parse, const char* about) {
-    const auto take = [&value, parse](const std::string& text) { value = parse(text); };
-    return sub->add_option_function<std::string>(name, take, about)->required()->type_name("");
-  };
   const auto file = [&](CLI::App* sub) {
     positional(sub, "FILE", given.file, "data file (.K4X); - for standard input");
   };
@@ -186,31 +284,41 @@ void CommandLine::Declare(CLI::App& app) {
         ->type_name("FILE");
   };
   const auto port = [&](CLI::App* sub) {
-    parsed(sub, "PORT", given.port, PortOf, "port number 1 to 16, or the path of a device");
+    positional(sub, "PORT", given.portText,
+               "port number 1 to 16, the path of a device, or auto: the only one that answers; else MR4500X_PORT")
+        ->required(false);
     trace(sub);
   };
+  // What follows PORT, which can be left out.
+  const auto afterPort = [&](CLI::App* sub, const char* name, std::string& value, const char* about) {
+    return positional(sub, name, value, about)->required(false);
+  };
+  const auto json = [&](CLI::App* sub) { sub->add_flag("-j,--json", given.json, "as one JSON document"); };
   const auto quick = [&](CLI::App* sub) {
-    sub->add_flag("--quick", given.quick, "leave out the pauses between records, until the radio needs them");
+    sub->add_flag("-q,--quick", given.quick, "leave out the pauses between records, until the radio needs them");
   };
   const auto onRadio = [this](auto run) { return [this, run] { return WithRadio(run); }; };
 
   const auto load = [this](const std::string& fileOrPort, RadioImage& image) { return Load(fileOrPort, image); };
   DeclareFileCommands(app, m_files, m_terminal, load, m_command);
   trace(app.get_subcommand("diff"));
+  quick(app.get_subcommand("diff"));
 
   CLI::App* const identify =
       command(app, "identify", "Print the radio's identity number, firmware, band and last programming time",
-              onRadio([&](const RadioCommand& radio) {
-                return RunIdentify(radio, given.json ? ShowAs::Json : ShowAs::Table);
-              }));
-  identify->add_flag("--json", given.json, "as one JSON document");
+              onRadio([&](const RadioCommand& radio) { return RunIdentify(radio, Form()); }));
+  json(identify);
   port(identify);
 
-  CLI::App* const read = command(app, "read", "Read the whole radio and store it in FILE, over one that is there",
-                                 onRadio([&](const RadioCommand& radio) { return RunRead(radio, given.file); }));
+  CLI::App* const read =
+      command(app, "read", "Read the whole radio and store it in FILE, over one that is there", [this, &given] {
+        if (given.file.empty()) given.file.swap(given.portText);
+        if (given.file.empty()) throw CLI::RequiredError("FILE");
+        return WithRadio([&](const RadioCommand& radio) { return RunRead(radio, given.file); });
+      });
   port(read);
-  positional(read, "FILE", given.file,
-             "data file (.K4X); {id}, {date} and {time} in it are filled in; - for standard output");
+  afterPort(read, "FILE", given.file,
+            "data file (.K4X); {id}, {date} and {time} in it are filled in; - for standard output");
   quick(read);
 
   CLI::App* const write =
@@ -223,27 +331,50 @@ void CommandLine::Declare(CLI::App& app) {
       "--accept-band", [&] { given.write.band = BandAnswer::Yes; }, "go on when the radio's frequency band is another");
   write->add_option("--backup", given.write.backupFolder, "keep what the radio holds in a file of this folder first")
       ->type_name("FOLDER");
+  write->add_flag("-n,--dry-run", given.write.isDryRun, "read the radio, print what would change, and write nothing");
   write->add_flag("--verify", given.write.isVerified, "read back what was written and compare it");
 
-  CLI::App* const verify = command(app, "verify", "Compare what a write of FILE would send with what the radio holds",
-                                   onRadio([&](const RadioCommand& radio) { return RunVerify(radio, given.file); }));
+  CLI::App* const verify =
+      command(app, "verify", "Compare what a write of FILE would send with what the radio holds",
+              onRadio([&](const RadioCommand& radio) {
+                using enum DiffForm;
+                return RunVerify(radio, given.file, given.json ? Json : given.identifiers ? Identifiers : Labels);
+              }));
   file(verify);
   port(verify);
   quick(verify);
+  json(verify);
+  verify->add_flag("--identifiers", given.identifiers, "name settings by identifiers, not labels")->excludes("--json");
 
   CLI::App* const info = app.add_subcommand("info", "Read or write the embedded information");
   info->require_subcommand(1);
-  port(command(*info, "read", "Print the text and the last programming time", onRadio(RunInfoRead)));
-  CLI::App* const infoWrite =
-      command(*info, "write", "Write TEXT, at most 119 characters", onRadio([&](const RadioCommand& radio) {
-        return given.textFile.empty() ? RunInfoWrite(radio, given.text) : RunInfoWriteFrom(radio, given.textFile);
-      }));
+  CLI::App* const infoRead = command(*info, "read", "Print the text and the last programming time",
+                                     onRadio([&](const RadioCommand& radio) { return RunInfoRead(radio, Form()); }));
+  port(infoRead);
+  json(infoRead);
+  CLI::App* const infoWrite = command(*info, "write", "Write TEXT, at most 119 characters", [this, &given] {
+    return WithRadio([&](const RadioCommand& radio) {
+      const bool isVerified = given.write.isVerified;
+      return given.textFile.empty() ? RunInfoWrite(radio, given.info, isVerified)
+                                    : RunInfoWriteFrom(radio, given.textFile, isVerified);
+    });
+  });
   port(infoWrite);
-  CLI::App* const text = infoWrite->add_option_group("What to write");
-  text->require_option(1);
-  parsed(text, "TEXT", given.text, InfoOf, "the text in quotes; a line break counts as two characters")
-      ->required(false);
-  text->add_option("--from", given.textFile, "the text in this file, as write --backup keeps it")->type_name("FILE");
+  CLI::Option* const text = afterPort(infoWrite, "TEXT", given.text,
+                                      "the text in quotes, after -- if it begins with -; a line break counts as two "
+                                      "characters");
+  infoWrite->add_option("--from", given.textFile, "the text in this file, as write --backup keeps it")
+      ->type_name("FILE");
+  infoWrite->add_flag("--verify", given.write.isVerified, "read back what was written and compare it");
+  infoWrite->parse_complete_callback([&given, text] {
+    bool isGiven = text->count() > 0;
+    if (!isGiven && given.textFile.empty() && !given.portText.empty()) { // PORT was left out
+      given.text.swap(given.portText);
+      isGiven = true;
+    }
+    if (isGiven == !given.textFile.empty()) throw CLI::ValidationError("Give either TEXT or --from.");
+    given.info = InfoOf(given.text);
+  });
 
   CLI::App* const print = command(app, "print", "Print the reports of FILE to a PDF file", [this] { return Print(); });
   file(print);
@@ -256,8 +387,11 @@ void CommandLine::Declare(CLI::App& app) {
 
   app.add_subcommand("fleet", FleetSummary);
 
-  command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
-          [this] { return Ports(); });
+  json(command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
+               [this] { return Ports(); }));
+  app.add_subcommand("help", "Print the help of a command");
+  AddExamples(app);
+  RefuseEmptyValues(app);
 }
 
 // What to tell about a word in the place of a command; "" if the words are commands.
@@ -278,7 +412,33 @@ std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
   return "";
 }
 
+// An unknown option that may be a misspelt one of the command.
+std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
+  for (const std::string_view word : words) {
+    const auto isIt = [&](const CLI::App* sub) { return sub->get_name() == word; };
+    if (const auto subs = at->get_subcommands(isIt); !subs.empty()) at = subs.front();
+    std::vector<std::string> names;
+    for (const CLI::Option* const option : at->get_options())
+      for (const std::string& name : option->get_lnames())
+        names.push_back("--" + name);
+    const std::string_view name = word.substr(0, word.find('='));
+    if (!name.starts_with("--") || name == "--" || std::ranges::find(names, name) != names.end()) continue;
+    const std::string nearest = NearestOf(name, names);
+    if (!nearest.empty()) return Printable(name) + ": no such option; did you mean " + nearest + "?";
+  }
+  return "";
+}
+
 int CommandLine::Run(int argc, char** argv) {
+  std::vector<char*> words(argv, argv + argc);
+  char help[] = "--help";
+  if (argc > 1 && std::string_view(argv[1]) == "help") { // help COMMAND
+    words.erase(words.begin() + 1);
+    words.push_back(help);
+    argc = static_cast<int>(words.size());
+  }
+  words.push_back(nullptr);
+  argv = words.data();
   if (argc > 1 && std::string_view(argv[1]) == "fleet") return static_cast<int>(Fleet(argv));
   CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
   app.require_subcommand(1);
@@ -287,14 +447,22 @@ int CommandLine::Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    const std::string unknown = UnknownCommand(&app, std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+    const auto given = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
+    std::string unknown = UnknownCommand(&app, given);
+    if (unknown.empty() && error.get_exit_code() != 0) unknown = UnknownOption(&app, given);
     if (!unknown.empty()) {
       std::cerr << unknown << '\n';
       return static_cast<int>(ExitStatus::UnusableArguments);
     }
-    return app.exit(error, std::cout, std::cerr) == 0 ? 0 : static_cast<int>(ExitStatus::UnusableArguments);
+    if (app.exit(error, std::cout, std::cerr) == 0) return static_cast<int>(EndOutput(m_terminal));
+    return static_cast<int>(ExitStatus::UnusableArguments);
   }
-  return static_cast<int>(m_command());
+  try {
+    return static_cast<int>(m_command());
+  } catch (const CLI::ParseError& error) { // of arguments that need each other
+    std::cerr << error.what() << '\n';
+    return static_cast<int>(ExitStatus::UnusableArguments);
+  }
 }
 
 } // namespace

@@ -12,7 +12,11 @@
 #include "radio_identity.h"
 #include "setting_commands.h"
 #include "signaling.h"
+#include "utf8.h"
 
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
 #include <iomanip>
 #include <ostream>
 
@@ -59,15 +63,35 @@ ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   return EndOutput(command.terminal);
 }
 
-ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const std::string& path) {
+// Prints what a write would change of what the radio holds, or what is not as it was written.
+ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const std::string& path,
+                  DiffForm form = DiffForm::Labels) {
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage found = expected;
   if (!IsComplete(command.terminal, ReadBack(command.line, found, observer, command.speed))) return ExitStatus::Failed;
-  const std::string lines = DifferenceLines(CompareImages(expected, found, BuildFieldTexts('.')));
-  command.terminal.out << lines;
+  const ImageDifferences differences = CompareImages(expected, found, BuildFieldTexts('.'));
+  const NamedBy names = form == DiffForm::Labels ? NamedBy::Label : NamedBy::Identifier;
+  command.terminal.out << (form == DiffForm::Json ? DifferenceJson(expected, found)
+                                                  : DifferenceLines(differences, names));
   if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
-  if (lines.empty()) return ExitStatus::Done;
+  if (differences.IsEmpty()) return ExitStatus::Done;
   return Fail(command.terminal, command.line.PortName() + " does not hold what " + NameOfSource(path) + " holds.");
+}
+
+// Says what a write would change, and whether it would be refused.
+ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const WriteOptions& options) {
+  TerminalObserver observer(command.terminal, options.band, command.line.PortName());
+  if (const FileResult mayKeep =
+          options.backupFolder.empty() ? FileResult() : MayReplace(command.files, options.backupFolder + "/x");
+      !mayKeep)
+    return Fail(command.terminal, options.backupFolder + ": the backup can't be kept here." + ReasonOf(mayKeep));
+  RadioImage found = image;
+  if (!IsComplete(command.terminal, ReadBack(command.line, found, observer, command.speed))) return ExitStatus::Failed;
+  command.terminal.out << DifferenceLines(CompareImages(found, image, BuildFieldTexts('.')), NamedBy::Label);
+  const bool isSameBand =
+      std::ranges::equal(std::span(found.BandBlock).first<4>(), std::span(image.BandBlock).first<4>());
+  if (!isSameBand && !observer.AcceptsOtherBand()) return ExitStatus::Failed;
+  return EndOutput(command.terminal);
 }
 
 } // namespace
@@ -105,10 +129,13 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   const auto& [line, files, terminal, now, speed] = command;
   RadioImage image;
   if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
+  if (image.ResetTimeBlock[StandardByte] == 0)
+    terminal.err << NameOfSource(path) << ": " << DataErrorText << " (The 5-tone standard is 0.)\n";
+  if (options.isDryRun) return WriteDry(command, image, options);
   if (!options.backupFolder.empty() && BackUp(command, options.backupFolder) != ExitStatus::Done)
     return ExitStatus::Failed;
   if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": asked to end. Nothing has been written.");
-  TerminalObserver observer(terminal, options.band);
+  TerminalObserver observer(terminal, options.band, line.PortName());
   if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;
   const std::string written = NameOfSource(path) + " has been written to " + line.PortName();
   if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: asked to end.");
@@ -116,23 +143,30 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   return Done(terminal, written + ".");
 }
 
-ExitStatus RunVerify(const RadioCommand& command, const std::string& path) {
+ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffForm form) {
   RadioImage image;
   if (!LoadForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
-  if (Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
+  if (Verify(command, image, path, form) != ExitStatus::Done) return ExitStatus::Failed;
   return Done(command.terminal, command.line.PortName() + " holds what " + NameOfSource(path) + " holds.");
 }
 
-ExitStatus RunInfoRead(const RadioCommand& command) {
+ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage image;
   if (!IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
-  command.terminal.out << InfoToPrint(EmbeddedText(image.EmbeddedInfoBlock)) << '\n'
-                       << LastProgrammingTime(image) << '\n';
+  const std::u16string text = EmbeddedText(image.EmbeddedInfoBlock);
+  if (form == ShowAs::Json)
+    command.terminal.out << nlohmann::ordered_json{{"format", 1},
+                                                   {"text", ToUtf8(text)},
+                                                   {"last_programming_time", LastProgrammingTime(image)}}
+                                .dump(2)
+                         << '\n';
+  else
+    command.terminal.out << InfoToPrint(text) << '\n' << LastProgrammingTime(image) << '\n';
   return EndOutput(command.terminal);
 }
 
-ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text) {
+ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text, bool isVerified) {
   RadioImage image;
   if (!StoreEmbeddedText(image.EmbeddedInfoBlock, text)) {
     command.terminal.err << TopSizeText << '\n';
@@ -140,24 +174,35 @@ ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text) {
   }
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   if (!IsComplete(command.terminal, WriteEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
+  RadioImage found;
+  if (isVerified && !IsComplete(command.terminal, ReadEmbeddedInfo(command.line, found, observer)))
+    return ExitStatus::Failed;
+  if (isVerified && found.EmbeddedInfoBlock.bytes != image.EmbeddedInfoBlock.bytes)
+    return Fail(command.terminal, command.line.PortName() + " does not hold the text.");
   return Done(command.terminal, "The text has been written to " + command.line.PortName() + ".");
 }
 
-ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path) {
+ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path, bool isVerified) {
   const std::optional<std::string> content = ReadTextForCommand(command.files, path, command.terminal);
   if (!content) return ExitStatus::Failed;
   const auto text = InfoFromKept(*content);
-  if (!text) return Fail(command.terminal, path + " is not valid UTF-8.");
-  return RunInfoWrite(command, *text);
+  if (!text) return Fail(command.terminal, NameOfSource(path) + " is not valid UTF-8.");
+  return RunInfoWrite(command, *text, isVerified);
 }
 
-ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, Terminal& terminal) {
+ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,
+                    Terminal& terminal) {
+  nlohmann::ordered_json document = {{"format", 1}, {"ports", nlohmann::ordered_json::array()}};
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = deviceOf(number);
     const char* const state = device.empty() ? "no device" : TestPort(port, number) ? "does not open" : "opens";
-    terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
-                 << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
+    if (form == ShowAs::Json)
+      document["ports"].push_back({{"port", ComName(number)}, {"device", device}, {"state", state}});
+    else
+      terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
+                   << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
   }
+  if (form == ShowAs::Json) terminal.out << document.dump(2) << '\n';
   return EndOutput(terminal);
 }
 

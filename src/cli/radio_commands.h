@@ -1,6 +1,7 @@
 // The commands that use a serial port.
 #pragma once
 
+#include "diff_command.h"
 #include "file_commands.h"
 #include "terminal.h"
 
@@ -30,24 +31,25 @@ struct WriteOptions {
   BandAnswer band = BandAnswer::Ask;
   std::string backupFolder; // where the radio's configuration and text are kept before; empty for none
   bool isVerified = false;  // read back and compared
+  bool isDryRun = false;    // only read and compared
 };
 
 // Sends the content of the file with a new write stamp. Without the backup nothing is written.
 [[nodiscard]] ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const WriteOptions& options);
 
 // Compares what a write of the file would send, but for the stamp, with what the radio holds, and prints what differs.
-[[nodiscard]] ExitStatus RunVerify(const RadioCommand& command, const std::string& path);
+[[nodiscard]] ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffForm form);
 
 // Prints the text and the last programming time.
-[[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command);
+[[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form);
 
-// Writes a text of at most 119 units.
-[[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text);
+// Writes a text of at most 119 units, and reads it back if that is wanted.
+[[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text, bool isVerified);
 // The same with the text of a file in UTF-8, without the line break at its end.
-[[nodiscard]] ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path);
+[[nodiscard]] ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path, bool isVerified);
 
 // Lists COM1 to COM16 with their devices and whether they open.
-[[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf,
+[[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,
                                   Terminal& terminal);
 
 } // namespace mr4500x

@@ -1,10 +1,12 @@
 #include "setting_commands.h"
 
 #include "configuration_json.h"
+#include "decimal.h"
 #include "differences.h"
-#include "file_commands.h"
+#include "field_patterns.h"
 #include "messages.h"
 #include "set_field.h"
+#include "utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,11 +14,11 @@
 #include <ostream>
 #include <set>
 #include <span>
+#include <sstream>
 
 namespace mr4500x {
 namespace {
 
-constexpr std::string_view NoSuchSetting = ": no such setting; `mr4500x-cli fields` lists them";
 constexpr std::array<std::string_view, 5> KindNames = {"choice", "number", "digits", "frequency", "yes/no"};
 
 const FieldTexts& PointTexts() { // "." in every locale: scripts read the output
@@ -54,88 +56,145 @@ void TellConsequences(const std::vector<Difference>& differences, const std::vec
   terminal.err << '\n';
 }
 
+using Json = nlohmann::ordered_json;
+
+Json NumberOrText(const std::string& text, FieldKind kind) {
+  const auto number = kind == FieldKind::WholeNumber ? ParseWhole(text) : std::nullopt;
+  return number ? Json(*number) : Json(text);
+}
+
+Json FieldJson(const Configuration& configuration, FieldAt at, const std::string& allowed) {
+  Json field = {{"field", IdentifierOf(at)},
+                {"label", NameOf(at)},
+                {"kind", KindNames[static_cast<std::size_t>(at.field->kind)]},
+                {"allowed", allowed}};
+  const auto choices = ChoicesOf(configuration, at, PointTexts());
+  if (!choices.empty()) field["choices"] = choices;
+  if (const auto limits = LimitsOf(configuration, at, PointTexts())) {
+    field["min"] = NumberOrText(limits->min, at.field->kind);
+    field["max"] = NumberOrText(limits->max, at.field->kind);
+    field["step"] = NumberOrText(limits->step, at.field->kind);
+    field["unit"] = limits->unit;
+  }
+  return field;
+}
+
+// What one FIELD=VALUE gives: no settings for an unusable one, with a problem.
+void ReadChange(const std::string& change, const std::string& place, bool asStored, Changes& changes) {
+  const std::size_t equals = change.find('=');
+  const std::string name = change.substr(0, equals);
+  const std::vector<FieldAt> named = FieldsNamed(name, false);
+  if (equals == std::string::npos)
+    changes.problems.push_back(place + Printable(change) + ": is no FIELD=VALUE");
+  else if (named.empty())
+    changes.problems.push_back(place + (FieldsNamed(name, true).empty()
+                                            ? NoSuchSetting(name)
+                                            : name + ": is a group; name one of its settings"));
+  for (const FieldAt at : named)
+    if (equals != std::string::npos)
+      changes.assignments.push_back(
+          {at, change.substr(equals + 1), asStored && at.field->place == FieldPlace(ChoiceList::Standards)});
+}
+
+void ReadLines(const std::string& text, const std::string& name, Changes& changes) {
+  std::istringstream lines(text);
+  int number = 0;
+  for (std::string line; std::getline(lines, line);) {
+    ++number;
+    if (line.ends_with('\r')) line.pop_back();
+    if (line.empty() || line.starts_with('#')) continue;
+    ReadChange(line, name + ':' + std::to_string(number) + ": ", true, changes);
+  }
+}
+
+// Prints the problems that were found before and what is refused; if there is anything, nothing is stored.
+ExitStatus StoreChanges(FileSystem& files, const FileChange& given, const Changes& changes, Terminal& terminal) {
+  std::vector<Difference> differences;
+  const auto change = [&](RadioImage& image, const Configuration& before) {
+    const std::vector<RefusedValue> refused = ApplyChanges(image, changes.assignments, PointTexts());
+    for (const std::string& problem : changes.problems)
+      terminal.err << problem << '\n';
+    for (const RefusedValue& one : refused)
+      terminal.err << IdentifierOf(one.at) << '=' << Printable(one.value) << ": refused; " << ReasonOf(one.refusal)
+                   << '\n';
+    if (!changes.problems.empty() || !refused.empty()) return ExitStatus::UnusableArguments;
+    differences = DifferencesBetween(before, Decode(image, PointTexts()).configuration);
+    return ExitStatus::Done;
+  };
+  const ExitStatus status = ChangeFile(files, given, terminal, change);
+  if (status == ExitStatus::Done && !given.isDryRun) TellConsequences(differences, changes.assignments, terminal);
+  return status;
+}
+
 } // namespace
 
-ExitStatus RunFields(bool asJson, Terminal& terminal) {
-  const Configuration tts = MostAllowing(TtsMode), fiveTone = MostAllowing(FiveToneMode);
-  nlohmann::ordered_json document = nlohmann::ordered_json::array();
-  for (const Field& field : Fields())
-    for (std::size_t entry = 1; entry <= EntriesOf(field.group); ++entry) {
-      const FieldAt at = {&field, entry};
-      const std::string_view kind = KindNames[static_cast<std::size_t>(field.kind)];
-      const bool isForFiveTone = field.place == FieldPlace(ChoiceList::Standards);
-      const Configuration& configuration = isForFiveTone ? fiveTone : tts;
-      std::string allowed = AllowedFor(configuration, at, PointTexts());
-      const std::string other = AllowedFor(fiveTone, at, PointTexts());
-      if (field.group != FieldGroup::Tts && other != allowed) allowed += "; for 5 Tone " + other;
-      if (!asJson) {
-        terminal.out << IdentifierOf(at) << '\t' << NameOf(at) << '\t' << kind << '\t' << allowed << '\n';
-        continue;
-      }
-      document.push_back({{"field", IdentifierOf(at)}, {"label", NameOf(at)}, {"kind", kind}, {"allowed", allowed}});
-      const auto choices = ChoicesOf(configuration, at, PointTexts());
-      if (!choices.empty()) document.back()["choices"] = choices;
-    }
+ExitStatus RunFields(FileSystem& files, const std::string& path, bool asJson, Terminal& terminal) {
+  Configuration tts = MostAllowing(TtsMode), fiveTone = MostAllowing(FiveToneMode);
+  RadioImage image;
+  if (!path.empty() && !LoadValuesForCommand(files, path, '.', image, tts, terminal)) return ExitStatus::Failed;
+  if (!path.empty()) fiveTone = tts;
+  Json document = {{"format", 1}, {"fields", Json::array()}};
+  for (const FieldAt at : AllFields()) {
+    const bool isForFiveTone = at.field->place == FieldPlace(ChoiceList::Standards);
+    const Configuration& configuration = isForFiveTone ? fiveTone : tts;
+    std::string allowed = AllowedFor(configuration, at, PointTexts());
+    const std::string other = AllowedFor(fiveTone, at, PointTexts());
+    if (at.field->group != FieldGroup::Tts && other != allowed) allowed += "; for 5 Tone " + other;
+    if (asJson)
+      document["fields"].push_back(FieldJson(configuration, at, allowed));
+    else
+      terminal.out << IdentifierOf(at) << '\t' << NameOf(at) << '\t'
+                   << KindNames[static_cast<std::size_t>(at.field->kind)] << '\t' << allowed << '\n';
+  }
   if (asJson) terminal.out << document.dump(2) << '\n';
   return EndOutput(terminal);
 }
 
-ExitStatus RunGet(FileSystem& files, const std::string& path, const std::vector<std::string>& fields,
+ExitStatus RunGet(FileSystem& files, const std::string& path, const std::vector<std::string>& fields, bool asJson,
                   Terminal& terminal) {
-  std::vector<FieldAt> places;
-  for (const std::string& identifier : fields)
-    if (const auto at = FindField(identifier))
-      places.push_back(*at);
-    else
-      terminal.err << identifier << NoSuchSetting << '\n';
-  if (places.size() < fields.size()) return ExitStatus::UnusableArguments;
+  std::vector<FieldAt> places = fields.empty() ? AllFields() : std::vector<FieldAt>();
+  bool hasPattern = fields.empty(), isUnusable = false;
+  for (const std::string& word : fields) {
+    const std::vector<FieldAt> named = FieldsNamed(word, true);
+    if (named.empty()) terminal.err << NoSuchSetting(word) << '\n';
+    isUnusable |= named.empty();
+    hasPattern |= !FindField(word);
+    places.insert(places.end(), named.begin(), named.end());
+  }
+  if (isUnusable) return ExitStatus::UnusableArguments;
   RadioImage image;
   Configuration values;
   if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
+  Json document = {{"format", 1}, {"fields", Json::object()}};
   for (const FieldAt at : places)
-    terminal.out << ValueOf(values, at) << '\n';
+    if (asJson)
+      document["fields"][IdentifierOf(at)] = Json::parse(ValueAsJson(values, at));
+    else
+      terminal.out << (hasPattern ? IdentifierOf(at) + '=' : "") << ValueOf(values, at) << '\n';
+  if (asJson) terminal.out << document.dump(2) << '\n';
   return EndOutput(terminal);
 }
 
-ExitStatus RunSet(FileSystem& files, const std::string& path, const std::string& output,
-                  const std::vector<std::string>& changes, Terminal& terminal) {
-  std::vector<Assignment> assignments;
-  std::vector<std::string> problems;
-  for (const std::string& change : changes) {
-    const std::size_t equals = change.find('=');
-    if (equals == std::string::npos)
-      problems.push_back(change + ": is no FIELD=VALUE");
-    else if (const auto at = FindField(change.substr(0, equals)))
-      assignments.push_back({*at, change.substr(equals + 1)});
-    else
-      problems.push_back(change.substr(0, equals).append(NoSuchSetting));
+ExitStatus RunSet(FileSystem& files, const FileChange& given, const std::vector<std::string>& changes,
+                  Terminal& terminal) {
+  Changes read;
+  if (!given.input.empty()) {
+    const std::optional<std::string> lines = ReadTextForCommand(files, given.input, terminal);
+    if (!lines) return ExitStatus::Failed;
+    ReadLines(*lines, NameOfSource(given.input), read);
   }
-  return StoreChanges(files, path, output, assignments, problems, terminal);
+  for (const std::string& change : changes)
+    ReadChange(change, "", false, read);
+  return StoreChanges(files, given, read, terminal);
 }
 
-ExitStatus RunApply(FileSystem& files, const std::string& path, const std::string& output, const std::string& document,
-                    Terminal& terminal) {
-  const std::optional<std::string> text = ReadTextForCommand(files, document, terminal);
+ExitStatus RunApply(FileSystem& files, const FileChange& given, Terminal& terminal) {
+  const std::optional<std::string> text = ReadTextForCommand(files, given.input, terminal);
   if (!text) return ExitStatus::Failed;
   const Changes changes = ReadChanges(*text);
-  return StoreChanges(files, path, output, changes.assignments, changes.problems, terminal);
-}
-
-ExitStatus StoreChanges(FileSystem& files, const std::string& path, const std::string& output,
-                        const std::vector<Assignment>& assignments, const std::vector<std::string>& problems,
-                        Terminal& terminal) {
-  RadioImage image;
-  Configuration before;
-  if (!LoadValuesForCommand(files, path, '.', image, before, terminal)) return ExitStatus::Failed;
-  const std::vector<RefusedValue> refused = ApplyChanges(image, assignments, PointTexts());
-  for (const std::string& problem : problems)
-    terminal.err << problem << '\n';
-  for (const RefusedValue& one : refused)
-    terminal.err << IdentifierOf(one.at) << '=' << one.value << ": refused; " << ReasonOf(one) << '\n';
-  if (!problems.empty() || !refused.empty()) return ExitStatus::UnusableArguments;
-  if (!SaveForCommand(files, output, image, terminal)) return ExitStatus::Failed;
-  TellConsequences(DifferencesBetween(before, Decode(image, PointTexts()).configuration), assignments, terminal);
-  return ExitStatus::Done;
+  if (changes.syntaxError.empty()) return StoreChanges(files, given, changes, terminal);
+  terminal.err << NameOfSource(given.input) << ':' << changes.syntaxError << '\n';
+  return ExitStatus::UnusableArguments;
 }
 
 std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {

@@ -23,7 +23,7 @@ ExitStatus EndOutput(Terminal& terminal) {
 
 bool TerminalObserver::AcceptsOtherBand() {
   if (m_band == BandAnswer::Yes) return true;
-  m_terminal.err << BandQuestion().text;
+  m_terminal.err << m_port << (m_port.empty() ? "" : ": ") << BandQuestion().text;
   if (m_terminal.answersQuestions) return AskYesNo();
   m_terminal.err << "\nNot written, as nobody is there to answer. --accept-band answers yes.\n";
   return false;

@@ -8,6 +8,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace mr4500x {
 
@@ -42,7 +43,8 @@ enum class BandAnswer : std::uint8_t { Ask, Yes };
 // Shows progress as one line that is overwritten, on a terminal only. The command reports the end.
 class TerminalObserver final : public ExchangeObserver {
 public:
-  TerminalObserver(const Terminal& terminal, BandAnswer band) : m_terminal(terminal), m_band(band) {}
+  TerminalObserver(const Terminal& terminal, BandAnswer band, std::string port = {})
+      : m_terminal(terminal), m_band(band), m_port(std::move(port)) {}
 
   void Began(Transfer transfer, int maximum) override;
   void Progress(int value) override;
@@ -54,6 +56,7 @@ private:
 
   const Terminal& m_terminal;
   BandAnswer m_band;
+  std::string m_port; // before the question
   std::string_view m_text;
   int m_maximum = 0;
   int m_percent = -1;

@@ -1,7 +1,5 @@
 #include "changes.h"
 
-#include "set_field.h"
-
 #include <algorithm>
 
 namespace mr4500x {
@@ -77,7 +75,7 @@ std::vector<RefusedValue> DropRepeated(std::vector<Assignment>& assignments) {
   const auto repeats = [&](const Assignment& kept, const Assignment& next) {
     if (kept.at != next.at) return false;
     if (kept.value != next.value && (twice.empty() || twice.back().at != next.at))
-      twice.push_back({next.at, next.value, ""});
+      twice.push_back({next.at, next.value, {"", Refusal::Cause::GivenTwice}});
     return true;
   };
   assignments.erase(std::unique(assignments.begin(), assignments.end(), repeats), assignments.end());
@@ -108,15 +106,11 @@ void AppendRefused(std::vector<RefusedValue>& refused, const std::vector<Assignm
     const auto& [value, refusal] = results[i];
     const FieldAt at = assignments[i].at;
     if (ValueOf(shown, at) == value) continue; // also if it could not be set but is so anyway
-    refused.push_back({at, assignments[i].value, refusal ? refusal->allowed : AllowedFor(configuration, at, texts)});
+    refused.push_back({at, assignments[i].value, refusal.value_or(Refusal{AllowedFor(configuration, at, texts)})});
   }
 }
 
 } // namespace
-
-std::string ReasonOf(const RefusedValue& refused) {
-  return refused.allowed.empty() ? "given twice" : "allowed: " + refused.allowed;
-}
 
 std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
                                        const FieldTexts& texts) {

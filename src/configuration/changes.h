@@ -1,7 +1,7 @@
 // Changes of several settings at once, as scripts make them: all of them or none.
 #pragma once
 
-#include "fields.h"
+#include "set_field.h"
 
 #include <string>
 #include <vector>
@@ -17,10 +17,8 @@ struct Assignment {
 struct RefusedValue {
   FieldAt at;
   std::string value;
-  std::string allowed; // in words; "" if the setting is given another value, too
+  Refusal refusal;
 };
-// "allowed: 1 to 255", or "given twice".
-[[nodiscard]] std::string ReasonOf(const RefusedValue& refused);
 
 // Applies the changes in the order of the table of settings, with their effects on other settings (see set_field.h). A
 // given value wins over such an effect, and may need another given one first: a frequency its step, an upper band limit

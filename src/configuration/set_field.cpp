@@ -5,6 +5,7 @@
 #include "field_rules.h"
 
 #include <algorithm>
+#include <climits>
 
 namespace mr4500x {
 namespace {
@@ -192,15 +193,26 @@ private:
 std::string AllowedFrequency(const Configuration& configuration, FieldAt at, std::string_view text,
                              const FieldTexts& texts) {
   const Band band = BandOf(configuration);
-  std::string limits = InWords(Range{band.lower, band.upper}) + " MHz";
   const int unit = StepOf(configuration, at, texts);
+  const TensOfHertz end = ClampToBand(LLONG_MAX, band, unit);
+  std::string limits = std::to_string(band.lower) + " to " + FrequencyText(end, texts.decimalSeparator) + " MHz";
   const std::string grid = "a multiple of " + StepText(unit == StepUnit(0) ? 0 : 1, texts) + " kHz";
   if (text.empty()) return limits + ", " + grid;
   const std::optional<TensOfHertz> frequency = ReadFrequency(text, texts.decimalSeparator);
   if (!frequency || ClampToBand(*frequency, band, unit) != *frequency) return limits;
   const TensOfHertz below = *frequency / unit * unit;
-  return grid + "; nearest are " + FrequencyText(below, texts.decimalSeparator) + " and " +
-         FrequencyText(below + unit, texts.decimalSeparator);
+  const std::string nearest = FrequencyText(below, texts.decimalSeparator);
+  if (below == end) return grid + "; nearest is " + nearest;
+  return grid + "; nearest are " + nearest + " and " + FrequencyText(below + unit, texts.decimalSeparator);
+}
+
+// A frequency with the other separator.
+Refusal::Cause CauseFor(FieldAt at, std::string_view text, const FieldTexts& texts) {
+  const bool isPoint = texts.decimalSeparator == '.';
+  if (at.field->kind != FieldKind::Frequency || !ReadFrequency(text, isPoint ? ',' : '.') ||
+      ReadFrequency(text, texts.decimalSeparator))
+    return Refusal::Cause::NotAllowed;
+  return isPoint ? Refusal::Cause::NeedsPoint : Refusal::Cause::NeedsComma;
 }
 
 std::string AllowedChoice(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
@@ -265,7 +277,34 @@ std::vector<std::string_view> ChoicesOf(const Configuration& configuration, Fiel
 std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::string_view text,
                                 const FieldTexts& texts) {
   if (text == TextOf(configuration, at) || Change{configuration, at, text, texts}.Apply()) return std::nullopt;
-  return Refusal{Allowed(configuration, at, text, texts)};
+  return Refusal{Allowed(configuration, at, text, texts), CauseFor(at, text, texts)};
+}
+
+std::string ReasonOf(const Refusal& refusal) {
+  // clang-format off
+  switch (refusal.cause) {
+  case Refusal::Cause::NotAllowed: break;
+  case Refusal::Cause::NeedsPoint: return "use a point";
+  case Refusal::Cause::NeedsComma: return "use a comma";
+  case Refusal::Cause::GivenTwice: return "given twice";
+  }
+  // clang-format on
+  return "allowed: " + refusal.allowed;
+}
+
+std::optional<Limits> LimitsOf(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {
+  if (IsUnused(configuration, at)) return std::nullopt;
+  if (at.field->kind == FieldKind::Frequency) {
+    const auto text = [&](TensOfHertz frequency) { return FrequencyText(frequency, texts.decimalSeparator); };
+    const Band band = BandOf(configuration);
+    const int unit = StepOf(configuration, at, texts);
+    return Limits{text(ClampToBand(0, band, unit)), text(ClampToBand(LLONG_MAX, band, unit)),
+                  FormatDecimal(unit, 1, 5, texts.decimalSeparator), "MHz"};
+  }
+  if (at.field->kind != FieldKind::WholeNumber) return std::nullopt;
+  const Range range = RangeOf(configuration, at);
+  const std::string_view unit = Is(at, Box::AutoResetTime) ? "s" : at.field->group == FieldGroup::Band ? "MHz" : "Hz";
+  return Limits{std::to_string(range.lowest), std::to_string(range.highest), "1", unit};
 }
 
 std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts) {

@@ -13,8 +13,13 @@
 namespace mr4500x {
 
 struct Refusal {
-  std::string allowed; // "one of OFF, 5s, 10s", "440 to 470 MHz"
+  enum class Cause : std::uint8_t { NotAllowed, NeedsPoint, NeedsComma, GivenTwice };
+  std::string allowed; // "one of OFF, 5s, 10s", "440 to 469.99375 MHz"
+  Cause cause = Cause::NotAllowed;
+  bool operator==(const Refusal&) const = default;
 };
+// "allowed: 1 to 255", "use a point", "given twice".
+[[nodiscard]] std::string ReasonOf(const Refusal& refusal);
 
 // nullopt if the text was accepted; a refused one changes nothing. Yes and no are "true" and "false".
 [[nodiscard]] std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::string_view text,
@@ -22,6 +27,13 @@ struct Refusal {
 
 // What a setting accepts at present, in words.
 [[nodiscard]] std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts);
+
+// What bounds a number or frequency at present, as texts. None for other settings, and where nothing can be changed.
+struct Limits {
+  std::string min, max, step;
+  std::string_view unit;
+};
+[[nodiscard]] std::optional<Limits> LimitsOf(const Configuration& configuration, FieldAt at, const FieldTexts& texts);
 
 // The cells and boxes with a value that a radio may hold, but SetField would refuse.
 [[nodiscard]] std::vector<FieldAt> OutsideRules(const Configuration& configuration, const FieldTexts& texts);

@@ -38,8 +38,7 @@ FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder) {
 
 Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image, const LocalTime& now) {
   const std::string stem = folder + Separator + FilledIn("{id}_{date}_{time}", image, now), path = stem + ".K4X";
-  if (!IsMissing(files, path))
-    return {BackupOutcome::NameIsTaken, path, {std::make_error_code(std::errc::file_exists)}};
+  if (IsThere(files, path)) return {BackupOutcome::NameIsTaken, path, {std::make_error_code(std::errc::file_exists)}};
   FileResult saved = SaveDataFile(files, path, image);
   const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int MostLinks = 40;        // more are taken for a loop
 constexpr int MostTemporaries = 100; // that other saves may remove before one is locked
+constexpr std::size_t HashedBytes = std::size_t{1} << 24;
 constexpr std::size_t CopyBytes = 16384;
 constexpr std::uint32_t PrivateMode = 0600; // until the temporary file has the old file's owner
 constexpr std::uint32_t PermissionBits = 0777;
@@ -254,6 +255,34 @@ FileResult MayReplace(FileSystem& files, const std::string& path) {
 bool IsMissing(FileSystem& files, const std::string& path) {
   const PlacedFile found = FollowLinks(files, path);
   return path.empty() || (found.result && found.status.kind == FileKind::Missing);
+}
+
+bool IsThere(FileSystem& files, const std::string& path) {
+  const PlacedFile found = FollowLinks(files, path);
+  return found.result && found.status.kind != FileKind::Missing;
+}
+
+std::optional<std::size_t> ContentHash(FileSystem& files, const std::string& path) {
+  std::vector<std::uint8_t> bytes;
+  if (ReadFile(files, path, HashedBytes, bytes) != ReadOutcome::Read) return std::nullopt;
+  return std::hash<std::string_view>()({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path, const std::function<bool()>& wait) {
+  for (;;) {
+    const PlacedFile target = FollowLinks(files, path);
+    if (!target.result || target.status.kind != FileKind::Regular) return OpenFile();
+    OpenFile file(files, files.OpenToRead(target.path));
+    if (!file) return OpenFile();
+    const LockOutcome outcome = files.Lock(*file);
+    if (outcome == LockOutcome::NotPossible) return OpenFile();
+    if (outcome == LockOutcome::HeldByOther) {
+      if (!wait()) return std::nullopt;
+      continue;
+    }
+    const auto now = files.Status(target.path); // the one that held the lock has put another file there
+    if (now && now->device == target.status.device && now->number == target.status.number) return file;
+  }
 }
 
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -46,6 +47,19 @@ FileResult MayReplace(FileSystem& files, const std::string& path);
 
 // Whether there is nothing at the path, or where its links lead.
 [[nodiscard]] bool IsMissing(FileSystem& files, const std::string& path);
+
+// Whether something is at the path. False also for a path that can't be searched.
+[[nodiscard]] bool IsThere(FileSystem& files, const std::string& path);
+
+// A number that depends on the content alone, to find out whether another program has changed the file. nullopt if it
+// can't be read.
+[[nodiscard]] std::optional<std::size_t> ContentHash(FileSystem& files, const std::string& path);
+
+// A lock on the file at the path, from reading it to replacing it, against others that use the same lock. Without a
+// file, or where the file system has no locks, there is nothing to lock, and an empty one is returned. `wait` is called
+// while another holds it; nullopt if it returns false.
+[[nodiscard]] std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path,
+                                                    const std::function<bool()>& wait);
 
 // Whether two paths lead to one file that exists.
 [[nodiscard]] bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b);

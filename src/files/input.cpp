@@ -1,8 +1,12 @@
 #include "input.h"
 
 #include "file_access.h"
+#include "paths.h"
 
+#include <filesystem>
+#include <fstream>
 #include <istream>
+#include <optional>
 
 namespace mr4500x {
 namespace {
@@ -16,6 +20,16 @@ std::vector<std::uint8_t> ReadStream(std::istream& stream, std::size_t limit) {
   return bytes;
 }
 
+// Of standard input, or a named pipe, such as a shell makes for `<(...)`. nullopt for anything else.
+std::optional<std::vector<std::uint8_t>> ReadPiped(const std::string& path, std::istream* stream, std::size_t limit) {
+  if (stream == nullptr) return std::nullopt;
+  if (path == Stream) return ReadStream(*stream, limit);
+  std::error_code unknown;
+  if (!std::filesystem::is_fifo(PathOf(path), unknown)) return std::nullopt;
+  std::ifstream pipe(PathOf(path), std::ios::binary);
+  return pipe ? std::optional(ReadStream(pipe, limit)) : std::nullopt;
+}
+
 } // namespace
 
 std::string NameOfSource(const std::string& path) {
@@ -24,15 +38,15 @@ std::string NameOfSource(const std::string& path) {
 
 LoadResult LoadInput(FileSystem& files, const std::string& path, std::istream* stream, RadioImage& image) {
   ResetToDefaults(image, {});
-  if (stream == nullptr || path != Stream) return LoadDataFile(files, path, image);
-  return ParseDataFile(ReadStream(*stream, DataFileReadLimit), image);
+  const auto piped = ReadPiped(path, stream, DataFileReadLimit);
+  return piped ? ParseDataFile(*piped, image) : LoadDataFile(files, path, image);
 }
 
 TextInput ReadTextInput(FileSystem& files, const std::string& path, std::istream* stream) {
   using enum TextInput::Outcome;
   std::vector<std::uint8_t> bytes;
-  if (stream != nullptr && path == Stream)
-    bytes = ReadStream(*stream, MostTextBytes + 1);
+  if (auto piped = ReadPiped(path, stream, MostTextBytes + 1))
+    bytes = std::move(*piped);
   else if (const ReadResult read = ReadFile(files, path, MostTextBytes + 1, bytes); read != ReadOutcome::Read)
     return {Failed, "", read.result.Reason()};
   if (bytes.size() > MostTextBytes) return {TooLong, "", ""}; // what it would be cut to may make sense

@@ -14,7 +14,7 @@ inline constexpr std::string_view Stream = "-"; // the path of a standard stream
 // The path as messages show it.
 [[nodiscard]] std::string NameOfSource(const std::string& path);
 
-// In both, `stream` is read for "-". Without one, "-" is a file of that name.
+// In both, `stream` is read for "-", and a named pipe to its end. Without a stream, "-" is a file of that name.
 
 // Loads a data file over the defaults, which fill in what no file holds.
 [[nodiscard]] LoadResult LoadInput(FileSystem& files, const std::string& path, std::istream* stream, RadioImage& image);

@@ -151,4 +151,9 @@ Message OtherDriveQuestion(const std::string& path) {
               "save there?"};
 }
 
+Message ChangedFileQuestion(const std::string& path) {
+  return {Exclamation, "Save",
+          "Another program has changed the file " + path + " since it was opened. Do you want to replace it?"};
+}
+
 } // namespace mr4500x

@@ -32,6 +32,7 @@ inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version 
 [[nodiscard]] Message UnreadableCopiesNotice(const std::vector<std::string>& paths);
 [[nodiscard]] Message OpenTwiceNotice(const std::string& path);
 [[nodiscard]] Message OtherDriveQuestion(const std::string& path);
+[[nodiscard]] Message ChangedFileQuestion(const std::string& path);
 // Before data is saved or written whose unshown part was lost, and before such embedded information is written.
 inline const Message LostDataQuestion = {
     MessageIcon::Exclamation, "Data Lost",

@@ -124,11 +124,11 @@ private:
   bool ReadRow(const CsvRow& row) {
     const std::size_t pasted = m_first.value_or(1) + row.place - m_firstPlace;
     if (m_first && pasted > ChannelCount) {
-      Refuse({row.line, "", "", Refused::NoSuchChannel, "", pasted});
+      Refuse({row.line, "", "", Refused::NoSuchChannel, {}, pasted});
       return false;
     }
     if (!row.isWhole) {
-      Refuse({row.line, "", "", Refused::BrokenQuotes, "", m_first ? pasted : 0});
+      Refuse({row.line, "", "", Refused::BrokenQuotes, {}, m_first ? pasted : 0});
     } else if (const auto channel = m_first ? pasted : ChannelOf(row); channel && HasColumns(row, *channel)) {
       if (m_isExchanged)
         ReadExchangeLine(m_names, row, *channel, m_texts, m_list);
@@ -142,7 +142,7 @@ private:
   bool HasColumns(const CsvRow& row, std::size_t channel) {
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       if ((i < m_columns.size() && m_columns[i] != nullptr) || CellOf(row, i).empty()) continue;
-      Refuse({row.line, "", CellOf(row, i), Refused::InNoColumn, "", channel});
+      Refuse({row.line, "", CellOf(row, i), Refused::InNoColumn, {}, channel});
       return false;
     }
     return true;

@@ -12,7 +12,7 @@ namespace mr4500x {
 
 using Channels = std::vector<std::size_t>;
 
-// What was refused, in one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 470 MHz".
+// What was refused, in one line each: "CH9 Rx Freq (MHz): 500, allowed: 440 to 469.99375 MHz".
 using Refusals = std::vector<std::string>;
 [[nodiscard]] Refusals WordsForPasted(const std::vector<RefusedCell>& refused);
 // A message with the first twelve of these lines, or of others.

@@ -152,11 +152,7 @@ std::string OneLine(std::string_view cell) {
 }
 
 std::string Shortened(std::string_view cell) {
-  std::string line = OneLine(cell);
-  std::size_t characters = 0;
-  for (std::size_t i = 0; i < line.size(); ++i)
-    if (BeginsCharacter(line[i]) && ++characters > MostCharactersTold) return line.substr(0, i) + "...";
-  return line;
+  return Printable(OneLine(cell), MostCharactersTold);
 }
 
 std::string CsvLine(const std::vector<std::string>& cells) {

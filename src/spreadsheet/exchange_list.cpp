@@ -50,7 +50,7 @@ private:
     m_row.cells.push_back({m_row.line, column, Cell(column), assignment});
   }
   void Refuse(const std::string& column, std::string allowed) {
-    RefusedCell bad = {m_row.line, column, Cell(column), Refused::Value, std::move(allowed), m_row.channel};
+    RefusedCell bad = {m_row.line, column, Cell(column), Refused::Value, {std::move(allowed), {}}, m_row.channel};
     if (std::ranges::find(m_bad, bad) == m_bad.end()) m_bad.push_back(std::move(bad));
   }
 

@@ -28,8 +28,8 @@ std::vector<RefusedCell> Applied(Target& target, const std::vector<GivenCell>& c
     const auto value = std::ranges::find(values, assignment.at, &RefusedValue::at);
     if (value == values.end()) continue;
     const Field& field = *assignment.at.field;
-    RefusedCell one = {line, column, cell, Refused::Value, value->allowed, 0};
-    if (field.kind == FieldKind::YesNo) one.allowed = YesOrNo;
+    RefusedCell one = {line, column, cell, Refused::Value, value->refusal, 0};
+    if (field.kind == FieldKind::YesNo) one.refusal.allowed = YesOrNo;
     if (field.group == FieldGroup::Channels) one.channel = assignment.at.entry;
     if (std::ranges::find(refused, one) == refused.end()) refused.push_back(std::move(one)); // one cell, two settings
   }
@@ -41,7 +41,7 @@ std::vector<RefusedCell> Applied(Target& target, const std::vector<GivenCell>& c
 std::string ReasonOf(const RefusedCell& refused) {
   // clang-format off
   switch (refused.refused) {
-  case Refused::Value:         return "allowed: " + refused.allowed;
+  case Refused::Value:         return ReasonOf(refused.refusal);
   case Refused::NoHeading:     return "no heading";
   case Refused::TooLarge:      return "more than " + std::to_string(MostColumns) + " columns or " +
                                       std::to_string(MostRows) + " lines";

@@ -18,7 +18,7 @@ struct GivenCell {
 };
 
 enum class Refused : std::uint8_t {
-  Value, // see RefusedCell::allowed
+  Value, // see RefusedCell::refusal
   NoHeading,
   TooLarge,
   BrokenQuotes,
@@ -35,14 +35,14 @@ struct RefusedCell {
   std::size_t line = 0;
   std::string column, cell; // "" for a whole line
   Refused refused = Refused::Value;
-  std::string allowed{};   // in words, of a value
+  Refusal refusal{};       // of a value
   std::size_t channel = 0; // 0: none
   bool operator==(const RefusedCell&) const = default;
 };
 
-// "allowed: 440 to 470 MHz", "no such column".
+// "allowed: 440 to 469.99375 MHz", "no such column".
 [[nodiscard]] std::string ReasonOf(const RefusedCell& refused);
-// "3: rx_freq=500: allowed: 440 to 470 MHz" for each, in the order of the lines.
+// "3: rx_freq=500: allowed: 440 to 469.99375 MHz" for each, in the order of the lines.
 [[nodiscard]] std::vector<std::string> TextsOf(std::vector<RefusedCell> refused);
 
 // Gives the settings their values as ApplyChanges does, all or none. Returns the cells that are refused.

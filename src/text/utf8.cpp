@@ -22,6 +22,17 @@ char32_t TakeCodePoint(std::string_view& text) {
   return isSound ? point : LastCodePoint + 1 + first;
 }
 
+std::string Printable(std::string_view text, std::size_t mostCharacters) {
+  std::string shown;
+  for (std::size_t count = 0; !text.empty(); ++count) {
+    if (count == mostCharacters) return shown + "...";
+    const std::string_view before = text;
+    const char32_t point = TakeCodePoint(text);
+    shown += IsControl(point) || point > LastCodePoint ? "." : before.substr(0, before.size() - text.size());
+  }
+  return shown;
+}
+
 char32_t LowerCase(char32_t point) {
   struct Range {
     char32_t first, last, step, distance; // every step-th code point is upper case

@@ -19,6 +19,13 @@ constexpr bool BeginsCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
 
+// To show a text from outside: control characters and bytes that are no UTF-8 become ".", and what follows the first
+// characters becomes "...".
+[[nodiscard]] std::string Printable(std::string_view text, std::size_t mostCharacters = 80);
+[[nodiscard]] constexpr bool IsControl(char32_t point) {
+  return point < ' ' || (point >= 0x7F && point < 0xA0);
+}
+
 // Of ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic letters; any other value stays.
 [[nodiscard]] char32_t LowerCase(char32_t point);
 

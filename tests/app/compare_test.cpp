@@ -124,7 +124,7 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   EXPECT_EQ(window->Panel().Collected(), before);
   Press(Qt::Key_A, Qt::ControlModifier); // one that is refused is enough
   Press(Qt::Key_Return);
-  EXPECT_EQ(Happened(), Lines{refused + "CH12 Rx Freq (MHz): 500.00000, allowed: 440 to 470 MHz"});
+  EXPECT_EQ(Happened(), Lines{refused + "CH12 Rx Freq (MHz): 500.00000, allowed: 440 to 469.99375 MHz"});
   EXPECT_EQ(Rows(), typed + step + rest + byte);
 
   QHeaderView* const headings = table->horizontalHeader();
@@ -313,7 +313,7 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
       {"b.csv", "Location,Name,Frequency,Power\n3,Gate,446,1\n", "446.00000 6.25",
        "i" + title + "The channels were imported, but a radio has nothing for these columns:\n\nName\nPower"},
       {"c.csv", "number,rx_freq,tail_cut\n17,,\n3,445.5,\n4,500,maybe\n", "440.00000 6.25",
-       refusedImport + "Line 2: number=17: allowed: 1 to 16\nLine 4: rx_freq=500: allowed: 440 to 470 MHz\n"
+       refusedImport + "Line 2: number=17: allowed: 1 to 16\nLine 4: rx_freq=500: allowed: 440 to 469.99375 MHz\n"
                        "Line 4: tail_cut=maybe: allowed: one of OFF"},
       {"none.csv", "", "440.00000 6.25", "!" + title + "The file " + Path("none.csv") + " can't be read."},
   };

@@ -388,6 +388,21 @@ TEST_F(KeptWorkTest, ASaveAsksWhereTheFolderIsOnAnotherDriveNow) {
   EXPECT_EQ(Happened(), Lines{pulled}) << "asked again after a save";
 }
 
+TEST_F(KeptWorkTest, ASaveAsksWhereAnotherProgramHasChangedTheFile) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
+  Put("a.K4X", "other");
+  const std::string changed = "!|Save|Another program has changed the file " + Path("a.K4X") +
+                              " since it was opened. Do you want to replace it?|YN";
+  desk.answers = {Answer::No, Answer::Yes};
+  Choose("mnuFileSave");
+  EXPECT_EQ(Content("a.K4X"), "other");
+  for (int i = 0; i < 2; ++i)
+    Choose("mnuFileSave");
+  EXPECT_EQ(Happened(), (Lines{changed, changed})) << "asked again after a save";
+  EXPECT_NE(Content("a.K4X"), "other");
+}
+
 TEST_F(KeptWorkTest, AFileThatAnotherWindowHasIsSaidToBeOpenTwice) {
   PutDataFile("a.K4X");
   OpenFile("a.K4X");

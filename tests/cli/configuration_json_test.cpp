@@ -94,8 +94,8 @@ TEST(ConfigurationJsonTest, MakesAnyConfigurationShowWhatAnotherShows) {
     const Changes changes = ReadChanges(document);
     ASSERT_TRUE(changes.problems.empty()) << changes.problems[0];
     RadioImage image = RadioWithAnything(random);
-    for (const auto& [at, value, allowed] : ApplyChanges(image, changes.assignments, Texts))
-      ADD_FAILURE() << round << ": " << IdentifierOf(at) << '=' << value << ", allowed: " << allowed;
+    for (const auto& [at, value, refusal] : ApplyChanges(image, changes.assignments, Texts))
+      ADD_FAILURE() << round << ": " << IdentifierOf(at) << '=' << value << ", " << ReasonOf(refusal);
     ASSERT_EQ(DocumentOf(image), document) << round;
   }
 }

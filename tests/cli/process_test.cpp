@@ -164,6 +164,7 @@ TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
       {"set a.K4X scan.signal = ", "true|false"},
       {"set a.K4X channels.1.rx_freq = ", ""},
       {"chan", "channels"},
+      {"channels --output o.K4X exp", "export"},
   };
   for (const auto& [words, offered] : cases)
     EXPECT_EQ(Shell("bash -c '. " BASH_COMPLETION "; COMP_WORDS=(" MR4500X_CLI " " + std::string(words) +
@@ -173,6 +174,12 @@ TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
                   .output,
               offered)
         << words;
+}
+
+TEST_F(CommandLineTest, CommandsThatChangeOneFileAtOnceLoseNoChange) {
+  const std::string set = MR4500X_CLI " set " + file + " channels.$i.in_use=true";
+  EXPECT_EQ(Shell("for i in 2 3 4 5 6 7 8 9; do " + set + " & done; wait").output, "");
+  EXPECT_EQ(Cli("get " + file + " channels.2-9.in_use | grep -c true").output, "8\n");
 }
 
 } // namespace

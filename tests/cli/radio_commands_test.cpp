@@ -60,6 +60,7 @@ TEST_F(RadioCommandsTest, IdentifyAndReadTellWhoTheRadioIsAndChangeNothing) {
   EXPECT_EQ(Frames(), 8u);
   EXPECT_EQ(RunIdentify(command, ShowAs::Json), Done);
   EXPECT_EQ(Printed(), R"({
+  "format": 1,
   "id_number": "LR7200/../004217",
   "firmware_version": "V1.02",
   "band": {
@@ -92,7 +93,7 @@ TEST_F(RadioCommandsTest, ReadRefusesATargetThatCannotBeWrittenBeforeTheRadioIsA
 
 TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, "", true}), Done);
-  EXPECT_EQ(RunVerify(command, file), Done);
+  EXPECT_EQ(RunVerify(command, file, DiffForm::Labels), Done);
   const struct {
     const char* name;
     std::size_t address;
@@ -112,7 +113,7 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
     };
     const ExitStatus status = *lines == '\0' ? Done : Failed;
     EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, "", true}), status);
-    EXPECT_EQ(RunVerify(command, file), status);
+    EXPECT_EQ(RunVerify(command, file, DiffForm::Labels), status);
     EXPECT_EQ(Printed(), std::string(lines) + lines);
   }
   command.speed = Speed::Prescribed;
@@ -129,7 +130,7 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
       if (reply.size() == 12 && reply[1] == 0x03 && reply[2] == 0xF0) spoil(reply);
     };
     err.str("");
-    EXPECT_EQ(RunVerify(command, file), Failed);
+    EXPECT_EQ(RunVerify(command, file, DiffForm::Labels), Failed);
     EXPECT_TRUE(err.str().starts_with(told)) << err.str();
   }
 }
@@ -144,7 +145,7 @@ TEST_F(RadioCommandsTest, PortsTellsDeviceAndStateOfAllSixteen) {
     }
   } ports;
   const auto deviceOf = [](int number) { return number < 4 ? "/dev/ttyUSB" + std::to_string(number) : ""; };
-  EXPECT_EQ(RunPorts(ports, deviceOf, terminal), Done);
+  EXPECT_EQ(RunPorts(ports, deviceOf, ShowAs::Table, terminal), Done);
   const std::string lines = Printed();
   EXPECT_TRUE(lines.starts_with("COM1   /dev/ttyUSB1             does not open\n"
                                 "COM2   /dev/ttyUSB2             opens\n"
@@ -166,7 +167,7 @@ TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {
   EXPECT_EQ(Content(stem + ".txt"), "ab\nc\n");
 
   std::fill_n(radio.memory.begin() + 0x210, 240, std::uint8_t{0x20});
-  EXPECT_EQ(RunInfoWriteFrom(command, Path(stem + ".txt")), Done);
+  EXPECT_EQ(RunInfoWriteFrom(command, Path(stem + ".txt"), true), Done);
   EXPECT_TRUE(std::equal(before.begin() + 0x210, before.begin() + 0x300, radio.memory.begin() + 0x210));
 }
 

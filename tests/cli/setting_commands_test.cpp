@@ -5,6 +5,7 @@
 #include "diff_command.h"
 #include "file_commands.h"
 #include "rows.h"
+#include "signaling.h"
 
 #include <gtest/gtest.h>
 
@@ -27,20 +28,20 @@ Words SplitAt(const std::string& text, char separator) {
 class SettingCommandsTest : public FileCommandsTest {
 protected:
   std::string Set(const Words& changes) {
-    return Run([&](Terminal& shown) { return RunSet(files, b, b, changes, shown); });
+    return Run([&](Terminal& shown) { return RunSet(files, {b, b}, changes, shown); });
   }
   std::string Apply(const std::string& document) {
-    return Run([&](Terminal& shown) { return RunApply(files, b, b, "-", shown); }, document);
+    return Run([&](Terminal& shown) { return RunApply(files, {b, b, "-"}, shown); }, document);
   }
   std::string Get(const Words& fields) {
-    return Run([&](Terminal& shown) { return RunGet(files, b, fields, shown); });
+    return Run([&](Terminal& shown) { return RunGet(files, b, fields, false, shown); });
   }
-  std::string Diff(bool asJson = false) {
+  std::string Diff(DiffForm form = DiffForm::Labels) {
     return Run([&](Terminal& shown) {
       const auto load = [&](const std::string& path, RadioImage& image) {
         return LoadForCommand(files, path, image, shown);
       };
-      return RunDiff(load, a, b, asJson, shown);
+      return RunDiff(load, a, b, form, shown);
     });
   }
   void Restore() { std::filesystem::copy_file(a, b, std::filesystem::copy_options::overwrite_existing); }
@@ -94,6 +95,21 @@ TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
   EXPECT_EQ(Content("b.K4X"), before);
 }
 
+TEST_F(SettingCommandsTest, RepairsAStandardOfZeroAndWritesNothingThatIsAsItWas) {
+  RadioImage image;
+  ASSERT_EQ(LoadDataFile(files, b, image).outcome, LoadOutcome::Loaded);
+  image.ResetTimeBlock[StandardByte] = 0;
+  ASSERT_TRUE(SaveDataFile(files, b, image));
+  const std::string told = b + ": Data occur error in the Radio, please re-set. (The 5-tone standard is 0. It is taken "
+                               "for ZVEI1.)\n";
+  EXPECT_EQ(Get({"five_tone_standard"}), told + "ZVEI1\n");
+  EXPECT_EQ(Set({"global.tx_tot=60s"}), told);
+  EXPECT_EQ(Get({"five_tone_standard"}), "ZVEI1\n");
+  std::filesystem::permissions(b, std::filesystem::perms::owner_read); // so that no save succeeds
+  EXPECT_EQ(Set({"global.tx_tot=60s"}), "");
+  EXPECT_TRUE(Set({"global.tx_tot=90s"}).ends_with("status 1"));
+}
+
 TEST_F(SettingCommandsTest, TakesPartsOfTheJsonDocument) {
   EXPECT_EQ(Apply(R"({"channels": [{"number": 3, "in_use": true}], "tts": [{}, {"tone_a": 500}], "auto_reset_time": 7,
                       "as_stored": ["channels.2.tx_freq"]})"),
@@ -101,7 +117,7 @@ TEST_F(SettingCommandsTest, TakesPartsOfTheJsonDocument) {
   EXPECT_EQ(Diff(), "Auto Reset Time  OFF  7\nTTS 2 Tone A Freq  456  500\nCH3 In Use  no  yes\nstatus 1");
   Restore();
   EXPECT_EQ(Apply(R"({"as_stored": ["channels.2.tx_freq"], "channels": [{"number": 2, "tx_freq": "500.00000"}]})"), "");
-  EXPECT_EQ(Diff(true), R"({
+  EXPECT_EQ(Diff(DiffForm::Json), R"({
   "format": 1,
   "fields": [
     {
@@ -118,7 +134,7 @@ status 1)");
 TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {
   const std::string list = Path("list.csv");
   const auto import = [&](bool skipsBad) {
-    return Run([&](Terminal& shown) { return RunChannelsImport(files, {b, list, b, skipsBad}, shown); });
+    return Run([&](Terminal& shown) { return RunChannelsImport(files, {b, b, list}, skipsBad, shown); });
   };
   Put("list.csv", "number,rx_freq,in_use\n2,446.001,true\n3,446.1,true\n17,446,true\n");
   const std::string bad =

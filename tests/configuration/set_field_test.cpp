@@ -20,7 +20,8 @@ protected:
     const std::optional<Refusal> refusal = SetField(configuration, at, text, texts);
     if (!refusal) return "";
     EXPECT_EQ(configuration, before) << IdentifierOf(at) << " was refused and changed something";
-    return refusal->allowed;
+    const std::string reason = ReasonOf(*refusal);
+    return reason.starts_with("allowed: ") ? reason.substr(9) : reason;
   }
   // Taken over by the image and shown again.
   void SaveAndOpen() {

@@ -129,7 +129,7 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
       {"the grid's order", "445.5\t6.25\tCTC88.5\n446\n",
        "445.50000 6.25 440.00000 6.25 ON yes, 446.00000 6.25 440.00000 6.25 OFF yes"},
       {"one of two", "445.5\n500\n",
-       std::string("!|Paste Channels|") + Refused + "\nCH16 Rx Freq (MHz): 500, allowed: 440 to 470 MHz"},
+       std::string("!|Paste Channels|") + Refused + "\nCH16 Rx Freq (MHz): 500, allowed: 440 to 469.99375 MHz"},
   };
   const Configuration before = panel.Shown();
   grid.setCurrentCell(14, 5);

@@ -4,10 +4,10 @@
 #include "fleet_summary.h"
 #include "machine.h"
 #include "machine_files.h"
+#include "option_rules.h"
 #include "processes.h"
 #include "settings.h"
 
-#include <CLI/CLI.hpp>
 #include <QCoreApplication>
 
 #include <unistd.h>
@@ -91,6 +91,7 @@ int main(int argc, char** argv) {
       status = RunFleet(files, settings, arguments, terminal);
     };
     Declare(app, arguments, runFleet, [&] { status = RunFleetJournal(files, arguments, terminal); });
+    RefuseEmptyValues(app);
     try {
       app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

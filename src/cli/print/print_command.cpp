@@ -33,15 +33,19 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
   Configuration values;
   if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal))
     return ExitStatus::Failed;
+  FileResult stored;
   const auto store = [&](std::span<const std::uint8_t> content) -> bool {
-    if (pdfFile != Stream) return ReplaceFile(files, pdfFile, content, Surplus::Drop);
+    if (pdfFile != Stream) {
+      stored = ReplaceFile(files, pdfFile, content, Surplus::Drop);
+      return stored;
+    }
     terminal.out.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
     return terminal.out.flush().good();
   };
   PdfPrinter printer(pdfFile == Stream ? "on standard output" : pdfFile, store);
   const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));
   const std::optional<std::string> failure = PrintReports(printer, texts, choice);
-  if (failure) terminal.err << *failure << '\n';
+  if (failure) terminal.err << *failure << (stored ? "" : ReasonOf(stored)) << '\n';
   return failure ? ExitStatus::Failed : ExitStatus::Done;
 }
 
