@@ -3,6 +3,8 @@
 #include "desktop.h"
 #include "message_view.h"
 
+#include <QByteArray>
+
 #include <memory>
 #include <string>
 
