@@ -12,7 +12,6 @@
 #include "radio_identity.h"
 #include "setting_commands.h"
 #include "signaling.h"
-#include "utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -155,9 +154,10 @@ ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
   RadioImage image;
   if (!IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
   const std::u16string text = EmbeddedText(image.EmbeddedInfoBlock);
+  const std::string kept = InfoToKeep(text); // with a line feed after the last line
   if (form == ShowAs::Json)
     command.terminal.out << nlohmann::ordered_json{{"format", 1},
-                                                   {"text", ToUtf8(text)},
+                                                   {"text", kept.substr(0, kept.size() - (kept.empty() ? 0 : 1))},
                                                    {"last_programming_time", LastProgrammingTime(image)}}
                                 .dump(2)
                          << '\n';

@@ -24,6 +24,7 @@ TEST_F(CommandLineTest, TheTypicalJob) {
   ExpectAll({{twice("write - " + port + " <" + file), 0, ""},
              {"read --quick " + port + " - 2>" + Path("said") + " | cmp - " + file, 0, ""},
              {twice("info write " + port + " 'two\nlines'"), 0, ""},
+             {"info read --json " + port, 0, "{\n  \"format\": 1,\n  \"text\": \"two\\nlines\",\n"},
              {"info read " + port, 0, "two\nlines\n20"}});
   EndRadio(SIGKILL); // what was written is in its file
   StartRadio();
