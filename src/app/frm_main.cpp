@@ -76,6 +76,10 @@ FrmMain::FrmMain(MainServices services)
         if (!MayLogOut()) session.cancel();
       },
       Qt::DirectConnection);
+  connect(&m_services.practice, &PracticeRadio::Ended, this, [this] {
+    commands::EndPractice(Context());
+    ShowState();
+  });
   qApp->installEventFilter(this);
 }
 
@@ -233,10 +237,6 @@ bool FrmMain::MayLogOut() {
 }
 
 bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
-  connect(&m_services.practice, &PracticeRadio::Ended, this, [this] {
-    commands::EndPractice(Context());
-    ShowState();
-  });
   // A click outside the controls commits an open editor.
   if (event->type() == QEvent::MouseButtonPress && (watched == m_status || watched == m_background))
     m_panel->CommitOpenEditors();

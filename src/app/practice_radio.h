@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-class PracticeRadio final : public QObject {
+class PracticeRadio : public QObject {
   Q_OBJECT
 public:
   explicit PracticeRadio(std::string simulator); // its path, "" where there is none

@@ -9,6 +9,7 @@ TEST_F(ProgramTest, RunsACommandFromTheToolbar) {
   for (const char* const button : {"New", "Open", "Save", "Read", "Write"})
     Button(button)->click();
   EXPECT_EQ(Happened(), (Lines{"dialog Open", "dialog Save", "X|Error|COM3: gone", "X|Error|COM3: gone"}));
+  EXPECT_EQ(practice.receivers(SIGNAL(Ended())), 1) << "one more with each event";
 }
 
 TEST_F(ProgramTest, ItsMenusBeginWithTheOldItemsAndGiveNoMnemonicTwice) {

@@ -148,7 +148,9 @@ protected:
   ScriptedRadio radio;
   SerialPort* serialPort = nullptr; // instead of the radio's
   UserInput input;
-  PracticeRadio practice{"/nowhere/lr7200-simulator"};
+  struct WatchedRadio : PracticeRadio {
+    using PracticeRadio::PracticeRadio, QObject::receivers;
+  } practice{"/nowhere/lr7200-simulator"};
   std::unique_ptr<FrmMain> window;
 };
 
