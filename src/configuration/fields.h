@@ -63,7 +63,8 @@ struct Field {
 struct FieldAt {
   const Field* field = nullptr;
   std::size_t entry = 1;
-  auto operator<=>(const FieldAt&) const = default; // in the order of the table
+  // In the order of the table.
+  auto operator<=>(const FieldAt&) const = default; // NOLINT(modernize-use-nullptr): it takes the 0 of "< 0" for one
 };
 
 [[nodiscard]] std::string IdentifierOf(FieldAt at);

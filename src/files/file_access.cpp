@@ -190,10 +190,9 @@ FileResult WriteInPlace(FileSystem& files, const PlacedFile& target, const NewCo
   OpenFile file(files, files.OpenToWrite(target.path, newFileMode));
   if (!file) return SystemFailed();
   FileResult written = WriteAll(files, *file, bytes);
-  const auto isComplete = [&] {
-    return (surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file);
-  };
-  if (written && !isComplete()) written = SystemFailed();
+  const bool isComplete =
+      written && (surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file);
+  if (written && !isComplete) written = SystemFailed();
   file.Close();
   if (!written && target.status.kind == FileKind::Missing) static_cast<void>(files.Remove(target.path));
   return written;
