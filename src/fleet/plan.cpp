@@ -128,7 +128,7 @@ private:
 
   void RefuseSecond(std::size_t line, const std::string& column, const std::string& value) {
     const auto [first, isNew] = m_firstLines.try_emplace({column, value}, line);
-    if (!isNew) Refuse(line, column, value, "given in line " + std::to_string(first->second) + ", too");
+    if (!isNew) Refuse(line, column, value, "also given in line " + std::to_string(first->second));
   }
 
   PlanCheck& m_check;

@@ -8,20 +8,20 @@ namespace mr4500x {
 namespace {
 
 struct StateWords {
-  std::string_view word, sentence; // the sentence goes on after the names of port, row and radio
+  std::string_view word, sentence; // the sentence follows the names of the port, the row and the radio
 };
 constexpr std::array<StateWords, 14> States = {{
     // in the order of PortState
     {"WAITING", "waiting for a radio"},
-    {"IDENTIFYING", "asking the radio who it is"},
-    {"BACKUP", "reading what the radio holds"},
+    {"IDENTIFYING", "identifying the radio"},
+    {"BACKUP", "backing up the radio"},
     {"WRITING", "writing"},
     {"VERIFYING", "reading back"},
-    {"TAKE OFF", "verified; take the radio off"},
-    {"DONE BEFORE", "done before; take the radio off"},
-    {"FAILED", "failed; take the radio off"},
-    {"SET ASIDE", "set aside; take the radio off"},
-    {"NO ROW", "no row is free for it; take the radio off"},
+    {"UNPLUG", "verified; unplug the radio"},
+    {"DONE BEFORE", "done before; unplug the radio"},
+    {"FAILED", "failed; unplug the radio"},
+    {"SET ASIDE", "set aside; unplug the radio"},
+    {"NO ROW", "no free row for this radio; unplug the radio"},
     {"NO PORT", "the port can't be opened"},
     {"NO JOURNAL", "no new rows until the journal answers"},
     {"STOPPED", "stopped after two failures in a row"},
@@ -37,7 +37,7 @@ std::string SubjectText(std::size_t row, const std::string& label, const std::st
   return name;
 }
 
-const std::string PartlyWrittenWords = "May hold only a part of a configuration: ";
+const std::string PartlyWrittenWords = "May be only partly programmed: ";
 
 // Those that are not empty: "COM1: row 12: failed"
 std::string JoinParts(std::initializer_list<std::string_view> parts) {
@@ -78,21 +78,21 @@ std::string ReasonFor(const ExchangeResult& result) {
   case Outcome::BandDeclined:
     return "the radio has another band";
   default:
-    return isWrite ? "the writing broke off; the radio holds only a part of it" : "the reading broke off";
+    return isWrite ? "the write was interrupted; the radio is only partly programmed" : "the read was interrupted";
   }
 }
 
 std::string OtherBandReason(const std::string& band, const std::string& bandOfRow) {
-  return "the radio " + (band.empty() ? "answers with another band" : "has " + band) + ", the row is for " + bandOfRow;
+  return "the radio " + (band.empty() ? "has another band" : "has " + band) + ", but the row is for " + bandOfRow;
 }
 
 std::string BackupReason(const std::string& folder, const std::string& systemReason) {
-  return folder + ": the backup can't be kept here (" + systemReason + "); nothing has been written";
+  return folder + ": the backup could not be saved (" + systemReason + "); nothing was written";
 }
 
 std::string DifferenceReason(const ImageDifferences& differences) {
   const std::size_t count = differences.settings.size() + differences.bytes.size();
-  std::string text = "it does not hold what was written: ";
+  std::string text = "it does not match what was written: ";
   if (differences.settings.empty())
     text += std::string(NameOf(differences.bytes[0].block)) + ' ' + std::to_string(differences.bytes[0].offset);
   else
@@ -102,12 +102,12 @@ std::string DifferenceReason(const ImageDifferences& differences) {
 
 std::string OtherRadioReason(const Attempt& attempt, const std::string& idNumber, const std::string& firmware) {
   const bool isOther = idNumber != attempt.idNumber;
-  return "the radio was exchanged in the meantime: " + (isOther ? attempt.idNumber : "firmware " + attempt.firmware) +
-         " was identified, " + (isOther ? idNumber : "firmware " + firmware) + " was read back; look at both";
+  return "the radio was swapped in the meantime: " + (isOther ? attempt.idNumber : "firmware " + attempt.firmware) +
+         " was identified, " + (isOther ? idNumber : "firmware " + firmware) + " was read back; check both";
 }
 
 std::string HeldReason(const JournalRow& row) {
-  return row.row == 0 ? "" : "bench " + row.bench + " has row " + std::to_string(row.row) + " for its number";
+  return row.row == 0 ? "" : "bench " + row.bench + " holds row " + std::to_string(row.row) + " for this number";
 }
 
 std::string LineFor(const PortStatus& status, std::string_view portName) {
@@ -123,8 +123,9 @@ std::string LineFor(const Attempt& attempt) {
 }
 
 std::string LineForConflict(const Attempt& attempt) {
-  return "Two radios for a row, or two rows for a radio: " + SubjectText(attempt.row, attempt.label, attempt.idNumber) +
-         ", but " + attempt.text + ". Write one of them again";
+  return "Two radios have one row, or one radio has two rows: " +
+         SubjectText(attempt.row, attempt.label, attempt.idNumber) + ", but " + attempt.text +
+         ". Reprogram one of them";
 }
 
 std::string LineForPartlyWritten(const PortStatus& status) {
@@ -136,8 +137,8 @@ std::string LineForPartlyWritten(const Attempt& attempt) {
 }
 
 std::string LineForPending(std::size_t count) {
-  return count == 1 ? "1 entry waits for the journal; the next start hands it in."
-                    : std::to_string(count) + " entries wait for the journal; the next start hands them in.";
+  return count == 1 ? "1 entry is waiting for the journal; the next start will add it."
+                    : std::to_string(count) + " entries are waiting for the journal; the next start will add them.";
 }
 
 } // namespace mr4500x

@@ -12,18 +12,19 @@ namespace mr4500x {
 
 struct ImageDifferences;
 
-[[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "TAKE OFF"
+[[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "UNPLUG"
 [[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified"
 [[nodiscard]] std::string_view WordFor(RowState state);         // "free"
 
 // Why a radio was not programmed, for a technician who can only connect it again.
-inline constexpr char NoNumberReason[] = "it has no identity number, and the journal can't tell it from others";
-inline constexpr char ExchangedReason[] = "the radio was exchanged for another one; nothing has been written";
-inline constexpr char StoppedReason[] = "stopped before the write; nothing has been written";
+inline constexpr char NoNumberReason[] =
+    "the radio has no identity number, so the journal can't distinguish it from others";
+inline constexpr char ExchangedReason[] = "the radio was swapped for another one; nothing was written";
+inline constexpr char StoppedReason[] = "stopped before the write; nothing was written";
 inline constexpr char TakenAwayReason[] =
-    "its row went to another bench, as this one was silent for too long; nothing has been written";
-inline constexpr char ChangedReason[] = "this radio's number is done, but it holds something else; "; // and what
-inline constexpr char TextDiffersReason[] = "it does not hold the embedded information that was written";
+    "the row was given to another bench because this one did not report in time; nothing was written";
+inline constexpr char ChangedReason[] = "a radio with this number is done, but this one differs; "; // and what
+inline constexpr char TextDiffersReason[] = "its embedded information does not match what was written";
 [[nodiscard]] std::string ReasonFor(const ExchangeResult& result); // "" if it is complete
 // `band`: "" if only its answer to the write showed it.
 [[nodiscard]] std::string OtherBandReason(const std::string& band, const std::string& bandOfRow);
@@ -35,25 +36,25 @@ inline constexpr char TextDiffersReason[] = "it does not hold the embedded infor
 [[nodiscard]] std::string HeldReason(const JournalRow& row); // why a radio gets no row
 
 // What a port's state leaves open.
-inline constexpr char NoiseHint[] = "what answers is no radio, or the cable is bad";
-inline constexpr char CableHint[] = "look at the cable; the last one: "; // and the reason
-inline constexpr char LateEntryHint[] = "the journal gets it later";
-inline constexpr char LostEntryHint[] = "the journal and its file for later can't be written";
+inline constexpr char NoiseHint[] = "something answers, but it is not a radio, or the cable is faulty";
+inline constexpr char CableHint[] = "check the cable; the last failure: "; // and the reason
+inline constexpr char LateEntryHint[] = "the entry will be added to the journal later";
+inline constexpr char LostEntryHint[] = "neither the journal nor the file of pending entries can be written";
 
-// "COM3: row 12, Truck 12, radio R12: verified; take the radio off"
+// "COM3: row 12, Truck 12, radio R12: verified; unplug the radio"
 [[nodiscard]] std::string LineFor(const PortStatus& status, std::string_view portName);
 
 // "2026-11-25 13:45:07  COM3: row 12, Truck 12, radio R12: failed: No Response !!"
 [[nodiscard]] std::string LineFor(const Attempt& attempt);
 // An entry whose row another radio got in the meantime, or whose radio another row.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
-// "May hold only a part of a configuration: row 3, Taxi 3, radio R3"
+// "May be only partly programmed: row 3, Taxi 3, radio R3"
 [[nodiscard]] std::string LineForPartlyWritten(const PortStatus& status);
 [[nodiscard]] std::string LineForPartlyWritten(const Attempt& attempt);
 
-inline constexpr char WaitsForBenchText[] = "Another bench is entering its rows in the journal; waiting for it.";
+inline constexpr char WaitsForBenchText[] = "Waiting for another bench that is adding its rows to the journal.";
 
-// "1 entry waits for the journal; the next start hands it in."
+// "1 entry is waiting for the journal; the next start will add it."
 [[nodiscard]] std::string LineForPending(std::size_t count);
 
 } // namespace mr4500x

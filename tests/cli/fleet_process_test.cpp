@@ -65,9 +65,10 @@ TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   const Ended ended =
       Shell(fleet + " --count 1 >" + Path("out") + " & fleet=$!; until grep -qs writing " + Path("out") +
             "; do sleep 0.05; done; mv " + Path("a.journal ") + Path("a.moved; ") + "wait $fleet");
-  EXPECT_NE(Content("out").find("verified; take the radio off: the journal gets it later\n"), std::string::npos);
+  EXPECT_NE(Content("out").find("verified; unplug the radio: the entry will be added to the journal later\n"),
+            std::string::npos);
   EXPECT_EQ(ended.status, 1);
-  EXPECT_EQ(ended.output, "1 entry waits for the journal; the next start hands it in.\n");
+  EXPECT_EQ(ended.output, "1 entry is waiting for the journal; the next start will add it.\n");
   const std::string journal = std::filesystem::weakly_canonical(Path("a.journal")).string();
   EXPECT_EQ(Shell("ls " + Path("state/MR4500X/fleet/$(printf %s ") + journal + " | sha256sum | head -c 16)-*").status,
             0)

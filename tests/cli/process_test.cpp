@@ -70,9 +70,9 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
       {"write FILE PORT --quick --trace TRACE --verify", writeBegins,
        "FILE has been written to PORT, but not read back: asked to end.\n", 0, 1},
       {"fleet FILE --quick --ports PORT --count 2 --journal KEPT >TRACE", "writing\n",
-       "LR7200-000004217: verified; take the radio off\n", 0, 0},
-      {"fleet FILE --quick --ports PORT --journal KEPT >TRACE", "reading what the radio holds\n",
-       "LR7200-000004217: failed; take the radio off: stopped before the write;", 0, 0},
+       "LR7200-000004217: verified; unplug the radio\n", 0, 0},
+      {"fleet FILE --quick --ports PORT --journal KEPT >TRACE", "backing up the radio\n",
+       "LR7200-000004217: failed; unplug the radio: stopped before the write;", 0, 0},
       {"diff FILE PORT --trace TRACE", readBegins, "PORT: asked to end. Nothing has been compared.\n", 1,
        0}, // takes its time: once
   };

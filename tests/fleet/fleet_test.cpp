@@ -22,7 +22,7 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   fleet.settings.speed = Speed::Quick;
   fleet.Run();
   EXPECT_LT(fleet.cables[0].Now(), 30s) << "quick";
-  const std::string way = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, TAKE OFF, ";
+  const std::string way = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
   EXPECT_EQ(fleet.States(), way + way + way + "FINISHED");
   for (const auto& [id, row] : {std::pair("R-1", 1U), {"R-2", 3U}, {"R-3", 2U}})
     EXPECT_TRUE(fleet.Holds(id, row)) << id;
@@ -86,27 +86,27 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     std::function<void(Fleet&)> prepare = {};
     std::pair<PortState, std::function<void(Fleet&)>> when = {}; // the first time
   } cases[] = {
-      {"every row done", "ggg", "verified, verified", "TAKE OFF, FINISHED", 1},
+      {"every row done", "ggg", "verified, verified", "UNPLUG, FINISHED", 1},
       {"two failures", "bgbbg", "failed, verified, failed, failed", "FAILED, STOPPED", 1},
-      {"no identity number", "ug", "failed, verified", "TAKE OFF, WAITING, FINISHED", 0},
-      {"two asked for", "gbgg", "verified, failed, verified", "TAKE OFF, FINISHED", 1,
+      {"no identity number", "ug", "failed, verified", "UNPLUG, WAITING, FINISHED", 0},
+      {"two asked for", "gbgg", "verified, failed, verified", "UNPLUG, FINISHED", 1,
        [](Fleet& fleet) { fleet.UsePlan({}), fleet.state = std::make_unique<BenchState>(2); }},
-      {"one asked for, after another band", "ggg", "set aside, verified", "TAKE OFF, FINISHED", 1,
+      {"one asked for, after another band", "ggg", "set aside, verified", "UNPLUG, FINISHED", 1,
        [&](Fleet& fleet) { fleet.UsePlan({}), vhf(fleet), fleet.state = std::make_unique<BenchState>(1); },
        {SetAside, [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xB8; }}},
-      {"one asked for, after a conflict and a failure", "gbg", "conflict, failed, verified", "TAKE OFF, FINISHED", 0,
+      {"one asked for, after a conflict and a failure", "gbg", "conflict, failed, verified", "UNPLUG, FINISHED", 0,
        [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(1); },
        {Verifying, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
-      {"stopped while writing", "gg", "verified", "TAKE OFF, FINISHED", 1,
+      {"stopped while writing", "gg", "verified", "UNPLUG, FINISHED", 1,
        {}, {Writing, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
-      {"stopped by a signal while writing", "gg", "verified", "TAKE OFF, FINISHED", 1,
+      {"stopped by a signal while writing", "gg", "verified", "UNPLUG, FINISHED", 1,
        {}, {Writing, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
       {"stopped by a signal during the backup", "gg", "failed", "BACKUP, FAILED, FINISHED", 1,
        {}, {BackingUp, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
       {"stopped during an identification", "gg", "", "IDENTIFYING, WAITING, FINISHED", 1,
        {}, {Identifying, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
       {"another band", "g", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
-      {"another band accepted", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
+      {"another band accepted", "gg", "verified, verified", "UNPLUG, FINISHED", 0,
        [&](Fleet& fleet) { vhf(fleet), fleet.settings.acceptsOtherBand = true; }},
       {"a row for another radio", "g", "no row", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
       {"a radio with a row", "g", "done before", "IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0, {},
@@ -116,17 +116,17 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
       {"the same, and the whole is compared", "g", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
        [](Fleet& fleet) { fleet.settings.comparesDone = true; },
        {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
-      {"the same, and it is written again", "g", "verified", "VERIFYING, TAKE OFF, WAITING, FINISHED", 0,
+      {"the same, and it is written again", "g", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0,
        [](Fleet& fleet) { fleet.settings.rewritesDone = true; }, {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
       {"a radio with a row whose stamp is unknown, and what it should hold", "g", "done before",
        "VERIFYING, DONE BEFORE, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("label\na\nb\n"); },
        {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
       {"another radio than the one that was backed up", "g", "failed", "VERIFYING, FAILED, WAITING, FINISHED", 0,
        {}, {Writing, [](Fleet& fleet) { fleet.cables[0].Exchange("R-9"); }}},
-      {"no port at first", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
+      {"no port at first", "gg", "verified, verified", "UNPLUG, FINISHED", 0,
        [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; },
        {NoPort, [](Fleet& fleet) { fleet.cables[0].openFailure.reset(); }}},
-      {"no journal at first", "gg", "verified, verified", "TAKE OFF, FINISHED", 0,
+      {"no journal at first", "gg", "verified, verified", "UNPLUG, FINISHED", 0,
        [](Fleet& fleet) { fleet.tables.isLost = true; },
        {NoJournal, [](Fleet& fleet) { fleet.tables.isLost = false; }}},
       {"a journal that can be read but not written at first", "", "", "WAITING, NO JOURNAL, WAITING, FINISHED", 0,
@@ -140,7 +140,7 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
       {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
-      {"noise", "ng", "verified", "VERIFYING, TAKE OFF, WAITING, FINISHED", 0},
+      {"noise", "ng", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0},
       {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
        [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
   };
@@ -185,11 +185,12 @@ TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
     fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // meanwhile
   };
   fleet.Run();
-  const std::string way = "IDENTIFYING, BACKUP, WRITING, VERIFYING, TAKE OFF, ";
+  const std::string way = "IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
   EXPECT_EQ(fleet.States(), "WAITING, " + way + "WAITING, IDENTIFYING, NO JOURNAL, WAITING, " + way + "FINISHED");
   EXPECT_EQ(fleet.Outcomes(), "conflict, verified");
-  EXPECT_EQ(conflict, "Two radios for a row, or two rows for a radio: row 1, Truck 1, radio R-1, but radio R-9 holds "
-                      "the row. Write one of them again");
+  EXPECT_EQ(conflict,
+            "Two radios have one row, or one radio has two rows: row 1, Truck 1, radio R-1, but radio R-9 holds "
+            "the row. Reprogram one of them");
   EXPECT_TRUE(fleet.Holds("R-1", 1) && fleet.Holds("R-2", 2));
 }
 

@@ -142,10 +142,10 @@ bool SqlConnection::CheckFile() {
   const bool isThere = found.kind != FileKind::Missing;
   const FileId id = {found.device, found.number};
   if (m_fileId) return (isThere && id == *m_fileId) || Fail("The journal was moved, deleted or replaced.");
-  if (!isThere) return m_use == JournalUse::Enter || Fail("There is no such journal.");
+  if (!isThere) return m_use == JournalUse::Enter || Fail("The journal does not exist.");
   // Only by its size: closing a file gives up the locks that the process has on it. SQLite refuses larger ones itself.
   const bool mayBeJournal = found.kind == FileKind::Regular && (found.size == 0 || found.size >= SmallestDatabase);
-  if (!mayBeJournal) return Fail("It is no journal.");
+  if (!mayBeJournal) return Fail("The file is not a journal.");
   if (Database().isOpen()) m_fileId = id;
   return true;
 }
@@ -156,7 +156,7 @@ bool SqlConnection::UpgradeSchema() {
   if (m_isEmpty) return true;
   if (version && *version < KnownVersion())
     version = InTransaction([&] { return UpgradeOnce(); }) ? SchemaVersion() : std::nullopt;
-  return version && (*version <= KnownVersion() || Fail("The journal is one of a later version of this program."));
+  return version && (*version <= KnownVersion() || Fail("The journal was made by a later version of this program."));
 }
 
 // 0 for a new database, which is a new journal; nullopt if it is not a journal, or does not answer.
@@ -164,7 +164,7 @@ std::optional<int> SqlConnection::SchemaVersion() {
   const QStringList tables = Database().tables();
   if (!tables.contains("fleet_schema")) {
     const bool mayBegin = tables.isEmpty() || (m_use == JournalUse::Enter && m_file.empty());
-    if (!mayBegin) Fail("It is no journal.");
+    if (!mayBegin) Fail("The file is not a journal.");
     return mayBegin ? std::optional(0) : std::nullopt;
   }
   auto query = Run("SELECT version FROM fleet_schema");

@@ -10,7 +10,7 @@ namespace {
 
 constexpr SqlFailureWords Unknown = {SqlFailure::Other, "The database does not answer."},
                           IsBusy = {SqlFailure::Busy, "Another bench is using the journal."},
-                          IsDouble = {SqlFailure::Double, "The journal has such an entry."},
+                          IsDouble = {SqlFailure::Double, "The journal already has this entry."},
                           IsFull = {SqlFailure::Other, "The disk of the journal is full."},
                           IsReadOnly = {SqlFailure::Other, "The journal is write-protected."};
 
@@ -29,7 +29,7 @@ constexpr std::array ServerTexts = {
     Case{"role \"", {SqlFailure::Other, "The server refuses the user or the password."}},
     Case{"no pg_hba.conf entry", {SqlFailure::Other, "The server refuses this computer or this user."}},
     Case{"database \"", {SqlFailure::Other, "The server has no database of this name."}},
-    Case{"definition of service", {SqlFailure::Other, "There is no such service in the user's list of services."}},
+    Case{"definition of service", {SqlFailure::Other, "The service is not in the user's list of services."}},
     Case{"translate host name", {SqlFailure::Other, "The name of the server is unknown."}},
 };
 // SQLite's results, of which the last byte counts.
@@ -59,7 +59,7 @@ SqlFailureWords WordsFor(const QSqlError& error, bool isServer) {
   case Constraint:
     return IsDouble;
   case NoDatabase:
-    return {SqlFailure::Other, "It is no journal."};
+    return {SqlFailure::Other, "The file is not a journal."};
   default:
     return Unknown;
   }

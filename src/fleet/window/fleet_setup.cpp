@@ -40,8 +40,7 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   options->addWidget(m_quick);
   options->addWidget(m_otherBand);
   options->addWidget(m_rewritesDone);
-  m_rewritesDone->setToolTip(
-      tr("Writes radios again that are done, but hold something else; otherwise they are set aside"));
+  m_rewritesDone->setToolTip(tr("Rewrites radios that are done but have changed since; otherwise they are set aside"));
   options->addStretch();
   auto* const who = new QLabel(tr("Op&erator:"));
   who->setBuddy(m_operator);

@@ -233,7 +233,7 @@ void FrmFleet::Start() {
     m_isStarting = false;
     if (!beginning.isSame) {
       ShowPlan(beginning.check, choice);
-      ShowMessage(tr("The template or the rows have changed. Look at them, and start again."));
+      ShowMessage(tr("The template or the rows have changed. Check them and start again."));
     } else if (beginning.failure) {
       ShowFailure(*beginning.failure);
     } else if (!m_closesAtEnd) {
@@ -304,7 +304,7 @@ void FrmFleet::End() {
   if (const std::size_t pending = m_session->PendingCount(); pending > 0)
     ShowMessage(Shown(LineForPending(pending)));
   else
-    ShowMessage(tr("All ports have ended."));
+    ShowMessage(tr("All ports are finished."));
   m_session.reset();
   m_refresh.stop();
   RefreshRows();
@@ -351,7 +351,7 @@ void FrmFleet::ShowCounts() {
   const int done = m_rows.Count(RowState::Done), taken = m_rows.Count(RowState::Taken), left = m_rows.rowCount() - done;
   QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
   if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
-  if (m_plan && !m_plan->problems.empty()) text = tr("What is wrong in the template and the rows:");
+  if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
   if (m_tally.Failed() > 0) text += tr("; radios not verified: %1").arg(m_tally.Failed());
   QStringList partly;
@@ -385,7 +385,7 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (m_closesAtEnd) return;
     const bool isAtWork = std::ranges::any_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); });
-    const auto question = tr("Radios are being programmed. Do you want to stop after these radios, and close then?");
+    const auto question = tr("Radios are being programmed. Do you want to stop after these radios and then close?");
     if (!isAtWork || QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes) CloseAfterTheseRadios();
     return;
   }

@@ -210,7 +210,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   std::ofstream(other) << 'x';
   const auto bad = OpenJournal(other, JournalUse::Enter);
   EXPECT_FALSE(bad->Begin("p1", "name", {}));
-  EXPECT_EQ(bad->Error(), "It is no journal.");
+  EXPECT_EQ(bad->Error(), "The file is not a journal.");
   EXPECT_EQ(std::filesystem::file_size(other), 1U);
 }
 
@@ -358,7 +358,7 @@ TEST_P(SqlJournals, TakePasswordsFromTheirFilesAndSayWhyAServerRefuses) {
       {"postgresql://nobody@localhost:5433/postgres" + host, "The server refuses the user or the password."},
       {"postgresql://bench@localhost:5433/none" + host, "The server has no database of this name."},
       {"postgresql://bench@none.invalid/a", "The name of the server is unknown."},
-      {"postgresql:///?service=none", "There is no such service in the user's list of services."},
+      {"postgresql:///?service=none", "The service is not in the user's list of services."},
       {"postgresql://bench@/a?host=/none", "The database does not answer."},
       {"postgresql://guarded@localhost:5433/fresh" + host + "&passfile=" + passwords.toStdString(), ""},
       {"postgresql:///?service=bench", ""},

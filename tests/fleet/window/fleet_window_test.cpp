@@ -131,7 +131,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   QTest::keyClick(window.get(), Qt::Key_S, Qt::AltModifier);
   ASSERT_TRUE(Await([&] { return Label("lblCounts").startsWith("2 of 3 rows done, 0 taken, 1 free"); }));
   EXPECT_TRUE(Await([&] { return Cards().contains("COM3: SET ASIDE"); })) << Cards().join(' ').toStdString();
-  EXPECT_TRUE(Await([&] { return Cards().filter("TAKE OFF").size() == 2; })); // the journal may be faster
+  EXPECT_TRUE(Await([&] { return Cards().filter("UNPLUG").size() == 2; })); // the journal may be faster
   EXPECT_TRUE(Label("lblCounts").contains("radios not verified: 1")) << Label("lblCounts").toStdString();
 
   QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
@@ -142,7 +142,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_EQ(rows.index(0, 4).data(), "LR-2");
 
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
-  ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports have ended."; }));
+  ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports are finished."; }));
   EXPECT_TRUE(Cards().contains("COM3: SET ASIDE")) << "what became of a radio is still to be seen";
   for (const char* const name : {"journal", "journal.pdf"}) {
     file = QString::fromStdString(Path(name));
