@@ -4,6 +4,7 @@ find_program(MR4500X_ICON_RENDERER rsvg-convert REQUIRED)
 find_program(MR4500X_ICON_MAKER icotool REQUIRED)
 
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+set(CMAKE_AUTORCC_OPTIONS --no-zstd) # the host's compiler of resources would use what this Qt can't read
 string(REPLACE . , MR4500X_VERSION_NUMBERS ${PROJECT_VERSION})
 
 # mr4500x_windows_program(TARGET ABOUT SVG): ABOUT is what the properties of the file say.

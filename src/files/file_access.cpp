@@ -271,16 +271,16 @@ std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path
   for (;;) {
     const PlacedFile target = FollowLinks(files, path);
     if (!target.result || target.status.kind != FileKind::Regular) return OpenFile();
-    OpenFile file(files, files.OpenToRead(target.path));
-    if (!file) return OpenFile();
-    const LockOutcome outcome = files.Lock(*file);
+    std::optional<FileSystem::Handle> handle;
+    const LockOutcome outcome = files.LockToReplace(target.path, handle);
+    OpenFile lock(files, handle);
     if (outcome == LockOutcome::NotPossible) return OpenFile();
     if (outcome == LockOutcome::HeldByOther) {
       if (!wait()) return std::nullopt;
       continue;
     }
     const auto now = files.Status(target.path); // the one that held the lock has put another file there
-    if (now && now->device == target.status.device && now->number == target.status.number) return file;
+    if (now && now->device == target.status.device && now->number == target.status.number) return lock;
   }
 }
 

@@ -89,6 +89,22 @@ TEST_F(FileSystemTest, LocksAFileOnceAndLetsOthersReadIt) {
   machine.Close(*second);
 }
 
+TEST_F(FileSystemTest, ALockForChangeIsHeldWhileTheFileIsReplaced) {
+  Put("file", "old");
+  const auto names = Names();
+  const auto refuse = [] { return false; };
+  {
+    const auto lock = LockForChange(machine, Path("file"), refuse);
+    ASSERT_TRUE(lock && *lock);
+    EXPECT_FALSE(LockForChange(machine, Path("file"), refuse));
+    EXPECT_TRUE(SaveDataFile(machine, Path("file"), RadioImage()));
+    EXPECT_NE(Content("file"), "old");
+  }
+  EXPECT_EQ(Names(), names) << "the lock leaves a file";
+  const auto next = LockForChange(machine, Path("file"), refuse);
+  EXPECT_TRUE(next && *next);
+}
+
 constexpr char KilledCall[] = "MR4500X_TEST_KILLED_CALL", KilledPath[] = "MR4500X_TEST_KILLED_PATH";
 
 // In a process of its own, which the other test starts.

@@ -52,6 +52,11 @@ public:
   virtual void Close(Handle file) = 0;
   // Takes an exclusive lock without waiting. Close or the end of the process releases it.
   [[nodiscard]] virtual LockOutcome Lock(Handle file) = 0;
+  // The same for a file that is replaced while the lock is held, which may be a file beside it. `lock` is to be closed.
+  [[nodiscard]] virtual LockOutcome LockToReplace(const std::string& path, std::optional<Handle>& lock) {
+    lock = OpenToRead(path);
+    return lock ? Lock(*lock) : LockOutcome::NotPossible;
+  }
   // Reads up to bytes.size() bytes; returns 0 at the end of the file.
   [[nodiscard]] virtual std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset,
                                                           std::span<std::uint8_t> bytes) = 0;

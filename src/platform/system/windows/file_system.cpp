@@ -1,6 +1,8 @@
 #include "machine_files.h"
 
+#include "conventions.h"
 #include "machine.h"
+#include "text.h"
 #include "wide_text.h"
 
 #include <algorithm>
@@ -116,6 +118,7 @@ public:
   std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) override;
   void Close(Handle file) override;
   LockOutcome Lock(Handle file) override;
+  LockOutcome LockToReplace(const std::string& path, std::optional<Handle>& lock) override;
   std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override;
   std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override;
   bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override;
@@ -225,6 +228,24 @@ LockOutcome WindowsFileSystem::Lock(Handle file) {
   Fail();
   return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING ? LockOutcome::HeldByOther
                                                                     : LockOutcome::NotPossible;
+}
+
+// An open file can't be replaced everywhere, so the lock is a file beside it, named after the file's identity. It can
+// be opened only once, and is gone when it is closed.
+LockOutcome WindowsFileSystem::LockToReplace(const std::string& path, std::optional<Handle>& lock) {
+  const auto status = Status(path);
+  if (!status) return LockOutcome::NotPossible;
+  const std::size_t name = path.find_last_of(Separators) + 1; // 0 without a folder
+  const std::wstring beside = WidePath(path.substr(0, name) + ".mr4500x-lock-" + HexText(status->number));
+  HANDLE file = INVALID_HANDLE_VALUE;
+  const bool isTaken = WithTries([&] {
+    file = CreateFileW(beside.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                       FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    return file != INVALID_HANDLE_VALUE ? TRUE : FALSE;
+  });
+  if (!isTaken) return errno == ETXTBSY ? LockOutcome::HeldByOther : LockOutcome::NotPossible;
+  lock = Opened(file);
+  return lock ? LockOutcome::Taken : LockOutcome::NotPossible;
 }
 
 std::optional<std::size_t> WindowsFileSystem::ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) {
