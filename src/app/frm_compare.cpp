@@ -31,9 +31,9 @@ namespace mr4500x {
 namespace {
 
 constexpr char TakeText[] = "Take Other Value";
-constexpr char FileChangedText[] = "The file has changed. Nothing was taken: look at the new list first.";
+constexpr char FileChangedText[] = "The file has changed. Nothing was taken. Check the new list first.";
 constexpr char FileLostText[] =
-    "The file is gone or damaged, or can't be read. The list tells what it held; nothing can be taken.";
+    "The file is missing, damaged or unreadable. The list shows its last content, and no value can be taken.";
 constexpr QSize DesignSize(100, 28); // in characters and lines
 
 struct CompareColumn {

@@ -102,7 +102,7 @@ bool BackUp(const CommandContext& context) {
     if (kept) return true;
   }
   context.Show({MessageIcon::Exclamation, "Back Up before Writing",
-                "No backup can be kept in " + folder + " (" + kept.Reason() + "). Nothing has been written."});
+                "The backup could not be saved in " + folder + " (" + kept.Reason() + "). Nothing was written."});
   return false;
 }
 
@@ -117,9 +117,11 @@ void Verify(const CommandContext& context) {
   Refusals lines;
   for (const DifferenceWords& words : WordsFor(CompareImages(context.image, found, context.panel.Texts())))
     lines.push_back(words.name + ": " + words.before + " -> " + words.after);
-  if (lines.empty()) return context.status.ShowPassing(QString::fromStdString(port + " holds what was written."));
-  context.Show({MessageIcon::Exclamation, "Verify after Writing",
-                MessageOf(lines, port + " does not hold what was written. Write it again. What differs:")});
+  if (lines.empty())
+    return context.status.ShowPassing(QString::fromStdString("The radio on " + port + " matches what was written."));
+  context.Show(
+      {MessageIcon::Exclamation, "Verify after Writing",
+       MessageOf(lines, "The radio on " + port + " does not match what was written. Write it again. Differences:")});
 }
 
 void Toggle(const CommandContext& context, bool WriteHabits::*habit) {

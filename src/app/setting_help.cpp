@@ -48,7 +48,7 @@ const std::map<QString, SettingHelp>& SettingHelps() {
     for (auto rows = row.globalMatch(html); rows.hasNext();) {
       const QRegularExpressionMatch each = rows.next();
       QString lines = each.captured(3);
-      if (!each.captured(4).isEmpty()) lines += QStringLiteral("\nAt first: ") + each.captured(4);
+      if (!each.captured(4).isEmpty()) lines += QStringLiteral("\nDefault: ") + each.captured(4);
       if (!each.captured(5).isEmpty()) lines += '\n' + each.captured(5);
       all[each.captured(1)] = {lines, each.captured(2)};
     }

@@ -31,7 +31,7 @@ void ShowTitle(QWidget& window, const std::string& title) {
 }
 
 QString DeviceToolTip(const std::string& device) {
-  return device.empty() ? QStatusBar::tr("No device stands for this port") : QString::fromStdString(device);
+  return device.empty() ? QStatusBar::tr("This port has no device") : QString::fromStdString(device);
 }
 
 QIcon ProgramIcon(const char* name) {

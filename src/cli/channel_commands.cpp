@@ -45,7 +45,7 @@ ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool sk
     for (const std::string& bad : TextsOf(list.bad))
       terminal.err << name << bad << '\n';
     for (const std::string& column : list.leftOut)
-      terminal.err << name << ' ' << column << ": left out; a radio has nothing for it\n";
+      terminal.err << name << ' ' << column << ": column ignored; the radio has no such setting\n";
     if (!list.bad.empty() && !(skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
     return !list.bad.empty() && list.rows.empty() ? ExitStatus::Failed : ExitStatus::Done; // none was left to import
   });

@@ -134,7 +134,8 @@ private:
   // The path of an object or array: "", "global", "channels", "channels.3".
   void Walk(const std::string& path, const ReadJson& value) {
     const bool isArray = path == NameOf(FieldGroup::Channels) || path == NameOf(FieldGroup::Tts);
-    if (!(isArray ? value.is_array() : value.is_object())) return Refuse(path, isArray ? "no array" : "no object");
+    if (!(isArray ? value.is_array() : value.is_object()))
+      return Refuse(path, isArray ? "not an array" : "not an object");
     for (const auto& [key, member] : value.items()) {
       const bool isNumber = path.starts_with("channels.") && key == "number";
       if (isNumber || (path.empty() && (key == "format" || key == "as_stored" || key == "$schema"))) continue;
@@ -174,12 +175,12 @@ private:
 
   void ReadAsStored(const ReadJson& identifiers) {
     std::set<FieldAt> asStored;
-    if (!identifiers.is_array()) return Refuse("as_stored", "no array");
+    if (!identifiers.is_array()) return Refuse("as_stored", "not an array");
     for (std::size_t i = 0; i < identifiers.size(); ++i)
       if (const auto at = identifiers[i].is_string() ? FindField(identifiers[i].get<std::string>()) : std::nullopt)
         asStored.insert(*at);
       else
-        Refuse("as_stored." + std::to_string(i + 1), "names no setting");
+        Refuse("as_stored." + std::to_string(i + 1), "is not a setting");
     for (Assignment& given : m_changes.assignments)
       given.asStored |= asStored.contains(given.at);
   }

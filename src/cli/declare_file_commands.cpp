@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* Read = "data file (.K4X); - for standard input";
 constexpr const char* Changed =
-    "data file (.K4X); replaced in one step, or left as it was if anything is refused; - from standard input to output";
+    "data file (.K4X); replaced in one step, or left unchanged if anything is refused; - from standard input to output";
 
 // What is given, and what a command works with.
 struct Call {
@@ -60,7 +60,7 @@ struct Declaring {
   void Output(CLI::App* sub) const {
     sub->add_flag("-n,--dry-run", call->isDryRun, "print what would change, and change nothing");
     sub->add_option("-o,--output", call->output,
-                    "write OUT, over a file that is there, or - for standard output; FILE stays as it is")
+                    "write OUT instead of FILE, replacing an existing one; - for standard output")
         ->type_name("OUT");
   }
 
@@ -68,8 +68,8 @@ struct Declaring {
     CLI::App* const create = Command(app, "new", "Write the default configuration to FILE", [](Call& c) {
       return RunNew(c.files, c.file, c.replace, LocalNow(), c.terminal);
     });
-    File(create, "data file (.K4X); one that is there is left unless --replace is given; - for standard output");
-    create->add_flag("--replace", call->replace, "over a file that is there");
+    File(create, "data file (.K4X); an existing one is refused without --replace; - for standard output");
+    create->add_flag("--replace", call->replace, "replace an existing file");
     CLI::App* const show = Command(app, "show", "Print every setting of FILE",
                                    [](Call& c) { return RunShow(c.files, c.file, c.Form(), c.terminal); });
     Json(show);
@@ -79,7 +79,7 @@ struct Declaring {
                 [](Call& c) { return RunDiff(c.load, c.file, c.other, c.Differences(), c.terminal); });
     Json(diff);
     diff->add_flag("--identifiers", call->identifiers, "name settings by identifiers, not labels")->excludes("--json");
-    diff->add_flag("--patch", call->patch, "print the changes that apply needs to make A show what B shows")
+    diff->add_flag("--patch", call->patch, "print the changes that turn A into B, as input for apply")
         ->excludes("--json")
         ->excludes("--identifiers");
     Positional(diff, "A", call->file, "data file (.K4X) or PORT; - for standard input");
@@ -88,13 +88,13 @@ struct Declaring {
 
   void Settings(CLI::App& app) const {
     CLI::App* const fields =
-        Command(app, "fields", "List the identifiers of all settings, with label, kind and what each allows",
+        Command(app, "fields", "List the identifiers of all settings, with label, kind and allowed values",
                 [](Call& c) { return RunFields(c.files, c.file, c.json, c.terminal); });
     Json(fields);
-    File(fields, "data file (.K4X) with whose band and mode to list what is allowed")->required(false);
-    CLI::App* const get = Command(app, "get", "Print the values of settings of FILE, one a line", [](Call& c) {
+    File(fields, "data file (.K4X) whose band and mode decide what is allowed")->required(false);
+    CLI::App* const get = Command(app, "get", "Print the values of settings of FILE, one per line", [](Call& c) {
       if (c.all == c.words.empty()) return RunGet(c.files, c.file, c.words, c.json, c.terminal);
-      throw CLI::ValidationError("Name a FIELD, or give --all, but not both.");
+      throw CLI::ValidationError("Give either FIELD or --all.");
     });
     File(get, Read);
     Positional(get, "FIELD", call->words,
@@ -111,11 +111,12 @@ struct Declaring {
     Positional(set, "FIELD=VALUE", call->words,
                "for instance channels.3.rx_freq=446.00625 'select_call=5 Tone' 'channels.*.bandwidth=12.5'")
         ->required(false);
-    NotTwice(set->add_option("--from", call->other, "take lines FIELD=VALUE from this file; - for standard input"))
+    NotTwice(set->add_option("--from", call->other, "read lines FIELD=VALUE from this file; - for standard input"))
         ->type_name("LINES");
     Output(set);
-    CLI::App* const apply = Command(app, "apply", "Take settings from what `show --json` prints, or from a part of it",
-                                    [](Call& c) { return RunApply(c.files, c.Change(), c.terminal); });
+    CLI::App* const apply =
+        Command(app, "apply", "Change settings from JSON: the output of `show --json`, or a part of it",
+                [](Call& c) { return RunApply(c.files, c.Change(), c.terminal); });
     File(apply, Changed);
     Other(apply, "CHANGES.json", "the JSON document; - for standard input");
     Output(apply);
@@ -126,14 +127,14 @@ struct Declaring {
       return RunChannelsExport(c.files, c.file, c.other.empty() ? "-" : c.other, c.terminal);
     });
     File(give, Read);
-    give->add_option("OUT.csv", call->other, "the file to write, over one that is there; else standard output")
+    give->add_option("OUT.csv", call->other, "the file to write, replacing an existing one; default: standard output")
         ->type_name("");
     CLI::App* const take =
-        Command(app, "import", "Take channels from CSV: what export writes, or a list with Location and Frequency",
+        Command(app, "import", "Import channels from CSV: the output of export, or a list with Location and Frequency",
                 [](Call& c) { return RunChannelsImport(c.files, c.Change(), c.skipBad, c.terminal); });
     File(take, Changed);
     Other(take, "IN.csv", "the list, separated by commas, semicolons or tabs; - for standard input");
-    take->add_flag("--skip-bad", call->skipBad, "leave out the lines that are refused, and take the others");
+    take->add_flag("--skip-bad", call->skipBad, "skip the lines that are refused, and import the others");
     Output(take);
   }
 };

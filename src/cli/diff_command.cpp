@@ -73,7 +73,7 @@ ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::st
   else
     terminal.out << DifferenceLines(differences, form == DiffForm::Labels ? NamedBy::Label : NamedBy::Identifier);
   if (form == DiffForm::Patch && !differences.bytes.empty())
-    terminal.err << "left out: " << differences.bytes.size() << " bytes that no setting shows\n";
+    terminal.err << "not shown: " << differences.bytes.size() << " bytes that no setting shows\n";
   if (EndOutput(terminal) != ExitStatus::Done) return Trouble;
   return differences.IsEmpty() ? Same : Different;
 }

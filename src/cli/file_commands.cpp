@@ -59,7 +59,7 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   };
   const auto& [path, output, input, isDryRun] = given;
   if (output != Stream && IsSameFile(files, output, input))
-    return fail(output, "is read by the same command, so it is not replaced", ExitStatus::UnusableArguments);
+    return fail(output, "is read by the same command, so it can't be replaced", ExitStatus::UnusableArguments);
   const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
   int waits = 0;
   const auto wait = [&] {
@@ -82,7 +82,7 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   }
   if (isReplaced && image == loaded) return ExitStatus::Done;
   if (isReplaced && ContentHash(files, path) != content)
-    return fail(path, "another program has changed it; it was left as it is", ExitStatus::Failed);
+    return fail(path, "another program has changed it in the meantime; it was left unchanged", ExitStatus::Failed);
   return SaveForCommand(files, output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
 }
 
@@ -122,7 +122,7 @@ bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage
 ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, const LocalTime& now,
                   Terminal& terminal) {
   if (!mayReplace && path != Stream && IsThere(files, path)) {
-    terminal.err << path << ": there is such a file already; --replace replaces it\n";
+    terminal.err << path << ": file exists; use --replace to overwrite it\n";
     return ExitStatus::Failed;
   }
   const FieldTexts texts = BuildFieldTexts(DecimalSeparator);

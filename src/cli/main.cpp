@@ -106,8 +106,8 @@ ExitStatus CommandLine::ChoosePort() {
     m_arguments.port = *port;
     return ExitStatus::Done;
   }
-  m_terminal.err << (text.empty() ? "PORT is missing, and MR4500X_PORT is not set. It" : Printable(text) + ": PORT")
-                 << " is a port number 1 to 16, the path of a device, or auto.\n";
+  m_terminal.err << (text.empty() ? "PORT is missing, and MR4500X_PORT is not set. PORT" : Printable(text) + ": PORT")
+                 << " must be a number from 1 to 16, the path of a device, or auto.\n";
   return ExitStatus::UnusableArguments;
 }
 
@@ -134,7 +134,7 @@ ExitStatus CommandLine::ChooseOnlyPort() {
     m_terminal.err << "auto: " << ComName(answering.front()) << '\n';
     return ExitStatus::Done;
   }
-  m_terminal.err << "auto: " << (answering.empty() ? "no radio answers at any port" : "more than one radio answers:");
+  m_terminal.err << "auto: " << (answering.empty() ? "no radio answers on any port" : "more than one radio answers:");
   for (const int number : answering)
     m_terminal.err << ' ' << ComName(number);
   m_terminal.err << '\n';
@@ -163,7 +163,7 @@ ExitStatus CommandLine::WithRadio(const std::function<ExitStatus(const RadioComm
   const auto& [file, port, traceFile] = std::tie(m_arguments.file, m_arguments.port, m_arguments.traceFile);
   if (const ExitStatus chosen = ChoosePort(); chosen != ExitStatus::Done) return chosen;
   if (AreSwapped(file, port)) {
-    m_terminal.err << file << " is a port, " << port.device << " a data file: the other way round, please\n";
+    m_terminal.err << file << " is a port and " << port.device << " is a data file; swap them\n";
     return ExitStatus::UnusableArguments;
   }
   std::ofstream trace;
@@ -189,7 +189,7 @@ bool CommandLine::Load(const std::string& fileOrPort, RadioImage& image) {
   m_arguments.portText = fileOrPort;
   const auto read = [&](const RadioCommand& radio) {
     const bool isRead = ReadForCommand(radio, image);
-    if (IsEnding()) m_terminal.err << DisplayName(*port) << ": asked to end. Nothing has been compared.\n";
+    if (IsEnding()) m_terminal.err << DisplayName(*port) << ": interrupted. Nothing was compared.\n";
     return isRead ? ExitStatus::Done : ExitStatus::Failed;
   };
   return WithRadio(read) == ExitStatus::Done;
@@ -262,7 +262,7 @@ void AddExamples(CLI::App& app) {
                                                      : "0 done, 1 failed, 2 unusable arguments";
     app.get_subcommand(name)->footer("Example: mr4500x-cli " + std::string(example) + "\nExit status: " + status);
   }
-  app.footer("A result replaces the file that is there in one step. Only `new`, and a name with {id}, refuse it.\n"
+  app.footer("An existing file is replaced in one step, but `new` and a name with {id} refuse to replace it.\n"
              "`mr4500x-cli help COMMAND` has an example of each command.");
 }
 
@@ -280,12 +280,12 @@ void CommandLine::Declare(CLI::App& app) {
     positional(sub, "FILE", given.file, "data file (.K4X); - for standard input");
   };
   const auto trace = [&](CLI::App* sub) {
-    sub->add_option("--trace", given.traceFile, "add every byte on the line, with its time, to this file")
+    sub->add_option("--trace", given.traceFile, "append every byte on the line, with its time, to this file")
         ->type_name("FILE");
   };
   const auto port = [&](CLI::App* sub) {
     positional(sub, "PORT", given.portText,
-               "port number 1 to 16, the path of a device, or auto: the only one that answers; else MR4500X_PORT")
+               "port number 1 to 16, path of a device, or auto for the only radio that answers; default: MR4500X_PORT")
         ->required(false);
     trace(sub);
   };
@@ -311,14 +311,14 @@ void CommandLine::Declare(CLI::App& app) {
   port(identify);
 
   CLI::App* const read =
-      command(app, "read", "Read the whole radio and store it in FILE, over one that is there", [this, &given] {
+      command(app, "read", "Read the whole radio and store it in FILE, replacing an existing one", [this, &given] {
         if (given.file.empty()) given.file.swap(given.portText);
         if (given.file.empty()) throw CLI::RequiredError("FILE");
         return WithRadio([&](const RadioCommand& radio) { return RunRead(radio, given.file); });
       });
   port(read);
   afterPort(read, "FILE", given.file,
-            "data file (.K4X); {id}, {date} and {time} in it are filled in; - for standard output");
+            "data file (.K4X); {id}, {date} and {time} in its name are replaced; - for standard output");
   quick(read);
 
   CLI::App* const write =
@@ -328,18 +328,18 @@ void CommandLine::Declare(CLI::App& app) {
   port(write);
   quick(write);
   write->add_flag_callback(
-      "--accept-band", [&] { given.write.band = BandAnswer::Yes; }, "go on when the radio's frequency band is another");
-  write->add_option("--backup", given.write.backupFolder, "keep what the radio holds in a file of this folder first")
+      "--accept-band", [&] { given.write.band = BandAnswer::Yes; },
+      "write even if the radio has another frequency band");
+  write->add_option("--backup", given.write.backupFolder, "first save the radio's configuration in this folder")
       ->type_name("FOLDER");
   write->add_flag("-n,--dry-run", given.write.isDryRun, "read the radio, print what would change, and write nothing");
   write->add_flag("--verify", given.write.isVerified, "read back what was written and compare it");
 
-  CLI::App* const verify =
-      command(app, "verify", "Compare what a write of FILE would send with what the radio holds",
-              onRadio([&](const RadioCommand& radio) {
-                using enum DiffForm;
-                return RunVerify(radio, given.file, given.json ? Json : given.identifiers ? Identifiers : Labels);
-              }));
+  CLI::App* const verify = command(
+      app, "verify", "Compare the radio with what a write of FILE would send", onRadio([&](const RadioCommand& radio) {
+        using enum DiffForm;
+        return RunVerify(radio, given.file, given.json ? Json : given.identifiers ? Identifiers : Labels);
+      }));
   file(verify);
   port(verify);
   quick(verify);
@@ -363,7 +363,7 @@ void CommandLine::Declare(CLI::App& app) {
   CLI::Option* const text = afterPort(infoWrite, "TEXT", given.text,
                                       "the text in quotes, after -- if it begins with -; a line break counts as two "
                                       "characters");
-  infoWrite->add_option("--from", given.textFile, "the text in this file, as write --backup keeps it")
+  infoWrite->add_option("--from", given.textFile, "read the text from this file, such as one saved by write --backup")
       ->type_name("FILE");
   infoWrite->add_flag("--verify", given.write.isVerified, "read back what was written and compare it");
   infoWrite->parse_complete_callback([&given, text] {
@@ -378,7 +378,8 @@ void CommandLine::Declare(CLI::App& app) {
 
   CLI::App* const print = command(app, "print", "Print the reports of FILE to a PDF file", [this] { return Print(); });
   file(print);
-  positional(print, "OUT.pdf", given.pdfFile, "the PDF file to write, over one that is there; - for standard output");
+  positional(print, "OUT.pdf", given.pdfFile,
+             "the PDF file to write, replacing an existing one; - for standard output");
   print->add_option("--reports", given.reports, "channels, tts, info, separated by commas; all by default")
       ->type_name("NAMES")
       ->delimiter(',')
@@ -387,7 +388,7 @@ void CommandLine::Declare(CLI::App& app) {
 
   app.add_subcommand("fleet", FleetSummary);
 
-  json(command(app, "ports", "List COM1 to COM16: the device each stands for, and whether it opens",
+  json(command(app, "ports", "List COM1 to COM16 with their devices, and whether they can be opened",
                [this] { return Ports(); }));
   app.add_subcommand("help", "Print the help of a command");
   AddExamples(app);
@@ -406,7 +407,7 @@ std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
     if (at->get_require_subcommand_min() == 0 || word.starts_with('-')) return "";
     const std::string nearest = NearestOf(word, names);
     const std::string hint = nearest.empty() ? "--help lists the commands" : "did you mean \"" + nearest + "\"?";
-    if (next == nullptr) return '"' + std::string(word) + "\" is no command; " + hint;
+    if (next == nullptr) return '"' + std::string(word) + "\" is not a command; " + hint;
     at = next;
   }
   return "";
@@ -424,7 +425,7 @@ std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
     const std::string_view name = word.substr(0, word.find('='));
     if (!name.starts_with("--") || name == "--" || std::ranges::find(names, name) != names.end()) continue;
     const std::string nearest = NearestOf(name, names);
-    if (!nearest.empty()) return Printable(name) + ": no such option; did you mean " + nearest + "?";
+    if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
   }
   return "";
 }
@@ -440,7 +441,7 @@ int CommandLine::Run(int argc, char** argv) {
   words.push_back(nullptr);
   argv = words.data();
   if (argc > 1 && std::string_view(argv[1]) == "fleet") return static_cast<int>(Fleet(argv));
-  CLI::App app("Prepares configurations of LR7200 radios and transfers them, without a window.", "mr4500x-cli");
+  CLI::App app("Prepares and transfers configurations of LR7200 radios, without a window.", "mr4500x-cli");
   app.require_subcommand(1);
   app.set_version_flag("--version", "mr4500x-cli " MR4500X_VERSION);
   Declare(app);

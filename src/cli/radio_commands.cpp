@@ -48,15 +48,14 @@ FileResult MayBeStored(FileSystem& files, const std::string& path) {
 // Keeps the radio's configuration, and its embedded text beside it if there is one. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   const auto refuse = [&](const FileResult& failed) {
-    return Fail(command.terminal,
-                folder + ": the backup can't be kept here. Nothing has been written." + ReasonOf(failed));
+    return Fail(command.terminal, folder + ": the backup could not be saved. Nothing was written." + ReasonOf(failed));
   };
   if (const FileResult mayKeep = MayKeepBackupIn(command.files, folder); !mayKeep) return refuse(mayKeep);
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const auto [outcome, path, result] = KeepBackup(command.files, folder, image, command.now());
   if (outcome == BackupOutcome::NameIsTaken)
-    return Fail(command.terminal, path + ": there is such a file already. Nothing has been written.");
+    return Fail(command.terminal, path + ": the file exists. Nothing was written.");
   if (outcome == BackupOutcome::Failed) return refuse(result);
   command.terminal.out << path << '\n';
   return EndOutput(command.terminal);
@@ -74,7 +73,7 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
                                                   : DifferenceLines(differences, names));
   if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
   if (differences.IsEmpty()) return ExitStatus::Done;
-  return Fail(command.terminal, command.line.PortName() + " does not hold what " + NameOfSource(path) + " holds.");
+  return Fail(command.terminal, command.line.PortName() + " does not match " + NameOfSource(path) + '.');
 }
 
 // Says what a write would change, and whether it would be refused.
@@ -83,7 +82,7 @@ ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const 
   if (const FileResult mayKeep =
           options.backupFolder.empty() ? FileResult() : MayReplace(command.files, options.backupFolder + "/x");
       !mayKeep)
-    return Fail(command.terminal, options.backupFolder + ": the backup can't be kept here." + ReasonOf(mayKeep));
+    return Fail(command.terminal, options.backupFolder + ": the backup could not be saved." + ReasonOf(mayKeep));
   RadioImage found = image;
   if (!IsComplete(command.terminal, ReadBack(command.line, found, observer, command.speed))) return ExitStatus::Failed;
   command.terminal.out << DifferenceLines(CompareImages(found, image, BuildFieldTexts('.')), NamedBy::Label);
@@ -133,11 +132,11 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   if (options.isDryRun) return WriteDry(command, image, options);
   if (!options.backupFolder.empty() && BackUp(command, options.backupFolder) != ExitStatus::Done)
     return ExitStatus::Failed;
-  if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": asked to end. Nothing has been written.");
+  if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": interrupted. Nothing was written.");
   TerminalObserver observer(terminal, options.band, line.PortName());
   if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;
   const std::string written = NameOfSource(path) + " has been written to " + line.PortName();
-  if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: asked to end.");
+  if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: interrupted.");
   if (options.isVerified && Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
   return Done(terminal, written + ".");
 }
@@ -146,7 +145,7 @@ ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffF
   RadioImage image;
   if (!LoadForCommand(command.files, path, image, command.terminal)) return ExitStatus::Failed;
   if (Verify(command, image, path, form) != ExitStatus::Done) return ExitStatus::Failed;
-  return Done(command.terminal, command.line.PortName() + " holds what " + NameOfSource(path) + " holds.");
+  return Done(command.terminal, command.line.PortName() + " matches " + NameOfSource(path) + '.');
 }
 
 ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
@@ -178,7 +177,7 @@ ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text, b
   if (isVerified && !IsComplete(command.terminal, ReadEmbeddedInfo(command.line, found, observer)))
     return ExitStatus::Failed;
   if (isVerified && found.EmbeddedInfoBlock.bytes != image.EmbeddedInfoBlock.bytes)
-    return Fail(command.terminal, command.line.PortName() + " does not hold the text.");
+    return Fail(command.terminal, command.line.PortName() + " does not hold the text that was written.");
   return Done(command.terminal, "The text has been written to " + command.line.PortName() + ".");
 }
 

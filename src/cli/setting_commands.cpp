@@ -49,7 +49,7 @@ void TellConsequences(const std::vector<Difference>& differences, const std::vec
   for (const Difference& difference : differences)
     if (!given.contains(difference.at)) names.push_back(IdentifierOf(difference.at));
   if (names.empty()) return;
-  terminal.err << "changed with it:";
+  terminal.err << "also changed:";
   for (const std::string& name : std::span(names).first(std::min(names.size(), MostNamed)))
     terminal.err << ' ' << name;
   if (names.size() > MostNamed) terminal.err << " and " << names.size() - MostNamed << " more";
@@ -85,7 +85,7 @@ void ReadChange(const std::string& change, const std::string& place, bool asStor
   const std::string name = change.substr(0, equals);
   const std::vector<FieldAt> named = FieldsNamed(name, false);
   if (equals == std::string::npos)
-    changes.problems.push_back(place + Printable(change) + ": is no FIELD=VALUE");
+    changes.problems.push_back(place + Printable(change) + ": is not FIELD=VALUE");
   else if (named.empty())
     changes.problems.push_back(place + (FieldsNamed(name, true).empty()
                                             ? NoSuchSetting(name)

@@ -25,7 +25,7 @@ bool TerminalObserver::AcceptsOtherBand() {
   if (m_band == BandAnswer::Yes) return true;
   m_terminal.err << m_port << (m_port.empty() ? "" : ": ") << BandQuestion().text;
   if (m_terminal.answersQuestions) return AskYesNo();
-  m_terminal.err << "\nNot written, as nobody is there to answer. --accept-band answers yes.\n";
+  m_terminal.err << "\nNot written, because there is no terminal for the answer. Use --accept-band to answer yes.\n";
   return false;
 }
 

@@ -5,10 +5,10 @@
 namespace mr4500x {
 namespace {
 
-// A value waits at most for the band's other limit, its step and a key of the emergency pair.
+// A value depends at most on the other band limit, its step and a key of the emergency pair.
 constexpr int MostRounds = 5;
 
-// False where a code is nothing that the setting can hold. Whether it really has no text shows when it was stored.
+// Returns false if the setting can't hold the code. Whether the code has a text is only known after storing it.
 bool SetCode(Configuration& configuration, FieldAt at, std::uint8_t code) {
   if (const auto* const key = std::get_if<Key>(&at.field->place)) {
     configuration.keys.codes[*key] = code;
@@ -47,7 +47,7 @@ std::optional<Refusal> SetValue(Configuration& configuration, const Assignment& 
   return refusal;
 }
 
-// The emergency pair holds both keys of A, and may hide a function that is in the way of another one.
+// The emergency pair occupies both keys of A, and may hide a function that conflicts with another key.
 void TakePairApart(Configuration& configuration, const std::vector<Assignment>& assignments) {
   constexpr std::array Pair = {ShortA, LongA};
   std::size_t given = 0, changed = 0;
@@ -59,16 +59,16 @@ void TakePairApart(Configuration& configuration, const std::vector<Assignment>& 
       }
   if (given < Pair.size() || changed == 0) return;
   for (const Key key : Pair)
-    static_cast<void>(SelectKey(configuration.keys, key, KeyUnassigned)); // which is in nobody's way
+    static_cast<void>(SelectKey(configuration.keys, key, KeyUnassigned)); // conflicts with no other key
 }
 
-// What became of one assignment: the value that the setting got, or the refusal.
+// The result of one assignment: the value that the setting got, or the refusal.
 struct Result {
   std::string value;
   std::optional<Refusal> refusal;
 };
 
-// Leaves one assignment of each setting, in the order of the table. Returns the values that differ from it.
+// Keeps one assignment for each setting, in the order of the table. Returns the values that differ from it.
 std::vector<RefusedValue> DropRepeated(std::vector<Assignment>& assignments) {
   std::ranges::stable_sort(assignments, {}, &Assignment::at);
   std::vector<RefusedValue> twice;
@@ -98,14 +98,14 @@ std::vector<Result> SetAll(Configuration& configuration, const std::vector<Assig
   return results;
 }
 
-// Appends what `shown`, which the changes have made, does not show.
+// Appends the values that `shown`, the result of the changes, does not show.
 void AppendRefused(std::vector<RefusedValue>& refused, const std::vector<Assignment>& assignments,
                    const std::vector<Result>& results, const Configuration& shown, const Configuration& configuration,
                    const FieldTexts& texts) {
   for (std::size_t i = 0; i < results.size(); ++i) {
     const auto& [value, refusal] = results[i];
     const FieldAt at = assignments[i].at;
-    if (ValueOf(shown, at) == value) continue; // also if it could not be set but is so anyway
+    if (ValueOf(shown, at) == value) continue; // even if it could not be set but has this value anyway
     refused.push_back({at, assignments[i].value, refusal.value_or(Refusal{AllowedFor(configuration, at, texts)})});
   }
 }
@@ -119,10 +119,10 @@ std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment
   Configuration configuration = shown;
   std::vector<RefusedValue> refused = DropRepeated(assignments);
   const std::vector<Result> results = SetAll(configuration, assignments, texts);
-  if (configuration != shown) { // else bytes that an Encode would tidy up stay, too
+  if (configuration != shown) { // otherwise keep even bytes that an Encode would tidy up
     SettleAfterFill(changed);
     const Choice& standard = configuration[ChoiceList::Standards];
-    if (standard != shown[ChoiceList::Standards]) // in TTS mode an Encode does not take it
+    if (standard != shown[ChoiceList::Standards]) // in TTS mode Encode ignores it
       changed.FiveToneStandard =
           static_cast<std::int16_t>(standard.position < 0 ? standard.unlisted : standard.position + 1);
     Encode(configuration, changed, texts);

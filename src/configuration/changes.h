@@ -1,4 +1,4 @@
-// Changes of several settings at once, as scripts make them: all of them or none.
+// Changes several settings at once, either all of them or none, for scripts and imported tables.
 #pragma once
 
 #include "set_field.h"
@@ -23,10 +23,10 @@ struct RefusedValue {
 // Applies the changes in the order of the table of settings, with their effects on other settings (see set_field.h). A
 // given value wins over such an effect, and may need another given one first: a frequency its step, an upper band limit
 // the lower one. Two different values of one setting are refused. Returns the values that the image would not show
-// afterwards; if there is one, the image stays as it was.
+// afterwards. If there are any, the image is not changed.
 [[nodiscard]] std::vector<RefusedValue> ApplyChanges(RadioImage& image, std::vector<Assignment> assignments,
                                                      const FieldTexts& texts);
-// The same in a configuration, as the editor holds it.
+// Applies the changes to a configuration instead of an image.
 [[nodiscard]] std::vector<RefusedValue> ApplyChanges(Configuration& configuration, std::vector<Assignment> assignments,
                                                      const FieldTexts& texts);
 

@@ -12,7 +12,7 @@
 
 namespace mr4500x {
 
-// The lists with their controls. cboScan(2) and cboKey(6) to cboKey(9) do not exist.
+// The lists with the names of their controls. There are no controls cboScan(2) and cboKey(6) to cboKey(9).
 enum class ChoiceList : std::uint8_t {
   SelectCall,     // cboRadio(0)
   BeepTone,       // cboRadio(1)
@@ -37,8 +37,8 @@ enum class ChoiceList : std::uint8_t {
 };
 inline constexpr std::size_t ChoiceListCount = 20;
 
-// Position 0 is stored as `firstCode`, each further one as `step` more. A list without a setting has its own rule in
-// decode.cpp and encode.cpp.
+// Position 0 is stored as `firstCode`, and each further position as `step` more. A list without a setting has its own
+// rule in decode.cpp and encode.cpp.
 struct ListCoding {
   std::optional<Setting> setting;
   int firstCode = 0;

@@ -42,8 +42,8 @@ Comparison::Taken Comparison::Take(const Configuration& shown, const RadioImage&
   return taken;
 }
 
-// A new limit resets the channels, with bytes in which the file did not differ; so all those that differ then are
-// taken.
+// A new limit resets the channels, including bytes in which the file did not differ. So all bytes that differ
+// afterwards are taken.
 void Comparison::TakeBytes(std::vector<ByteDifference> bytes, const RadioImage& here, Taken& taken) const {
   RadioImage image = here;
   if (taken.isNewLimit) {

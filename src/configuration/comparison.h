@@ -1,5 +1,4 @@
-// A data file compared with what the editor shows. Reading the file, asking the user and showing the rows are left to
-// the window.
+// Compares a data file with the content of the editor. The window reads the file, asks the user and shows the rows.
 #pragma once
 
 #include "changes.h"
@@ -12,11 +11,11 @@ namespace mr4500x {
 
 class Comparison {
 public:
-  // Compares with what the editor would save after it has opened the file, so a file does not differ from itself.
+  // Compares with what the editor would save after opening the file, so that a file does not differ from itself.
   Comparison(const RadioImage& file, const FieldTexts& texts);
 
   [[nodiscard]] const RadioImage& File() const { return m_file; } // as it was read
-  // What differs from the editor's image: section by section, the channels first and one by one, the bytes last.
+  // The differences from the editor's image, by section: first channel by channel, bytes last.
   [[nodiscard]] std::vector<DifferenceWords> Rows(const RadioImage& here) const;
 
   struct Taken {
@@ -25,7 +24,7 @@ public:
     std::vector<RefusedValue> refused; // if there are any, nothing is taken
     bool isNewLimit = false;           // the lower band limit, which resets the channels
   };
-  // What the editor's values and image become with the file's side of these rows.
+  // The editor's values and image after taking the file's side of these rows.
   [[nodiscard]] Taken Take(const Configuration& shown, const RadioImage& here,
                            const std::vector<DifferenceWords>& rows) const;
 

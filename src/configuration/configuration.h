@@ -1,5 +1,5 @@
 // One radio's configuration as the editor shows it: every setting as a text or list position. A stored value without a
-// list item shows as no selection (-1), one that a channel cell has no text for as a text like "CTC#77". Both are
+// list item is shown as no selection (-1). In a channel cell, a value without a text is shown like "CTC#77". Both are
 // stored unchanged unless the user edits that list or cell.
 #pragma once
 
@@ -68,22 +68,22 @@ enum class DecodeEnd {
 };
 struct Decoded {
   Configuration configuration;
-  int keyConflicts = 0; // keys put back, as another one has Talk Around or Reverse: show KeyConflictText for each
+  int keyConflicts = 0; // keys reset because another key has Talk Around or Reverse; show KeyConflictText for each
   DecodeEnd end = DecodeEnd::Complete;
 };
 
-// In 5-tone mode the TTS table gets its defaults, as the radio has none then. The keys are selected one by one in the
-// lists that showed `shownKeys`, so their rules and what they remembered still count.
+// In 5-tone mode the TTS table gets its defaults, because the radio then has none. The keys are selected one by one in
+// the lists that showed `shownKeys`, so their rules and remembered selections still apply.
 [[nodiscard]] Decoded Decode(const RadioImage& image, const FieldTexts& texts, const KeyProgram& shownKeys = {});
 
-// Call after Decode and before Encode. The stored 5-tone standard comes into force as the image's FiveToneStandard; a
-// stored 0 becomes 1 and leaves the one in force. In 5-tone mode it loads the TTS defaults into the image, but keeps
+// Call after Decode and before Encode. The stored 5-tone standard becomes the image's FiveToneStandard. A stored 0
+// becomes 1 and leaves FiveToneStandard unchanged. In 5-tone mode it loads the TTS defaults into the image, but keeps
 // the tones of a standard that is not in the list.
 void SettleAfterFill(RadioImage& image);
 
-// Stores the configuration in the image, all that a collect does to it. In 5-tone mode the selected standard comes into
-// force. Half of the emergency pair is stored as the whole pair. A number box without a number leaves its bytes
-// unchanged.
+// Stores the configuration in the image, with everything that a collect does. In 5-tone mode the selected standard
+// becomes FiveToneStandard. Half of the emergency pair is stored as the whole pair. A number box without a number
+// leaves its bytes unchanged.
 void Encode(const Configuration& configuration, RadioImage& image, const FieldTexts& texts);
 
 // Resets the image to its defaults and returns what the editor shows, without identity number and firmware version.

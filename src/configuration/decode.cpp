@@ -45,7 +45,7 @@ void DecodeNumbers(const RadioImage& image, Configuration& configuration) {
   configuration.firmwareVersion = NumberOrNone(CharactersText(image.FirmwareVersionBlock));
 }
 
-// Looks only at the bits that tell the functions apart; the others may have any value.
+// Checks only the bits that distinguish the functions. The others may have any value.
 int KeyPosition(const RadioImage& image, std::size_t key) {
   const std::uint8_t byte = image.KeyProgramBlock[key];
   if ((byte & KeyAssignedBit) == 0) return KeyUnassigned;

@@ -9,14 +9,14 @@
 namespace mr4500x {
 namespace {
 
-// What files hold and a write sends, but for the write stamp.
+// The blocks that files hold and a write sends, except the write stamp.
 constexpr std::array ComparedBlocks = {ImageBlock::ChannelBlock,      ImageBlock::RadioSettingsBlock,
                                        ImageBlock::KeyProgramBlock,   ImageBlock::PttIdBlock,
                                        ImageBlock::EmergencyAniBlock, ImageBlock::TtsTimingBlock,
                                        ImageBlock::ResetTimeBlock,    ImageBlock::ToneFrequencyBlock,
                                        ImageBlock::SelCallCodeBlock,  ImageBlock::BandBlock};
 
-// What the settings of `source` make of the other image.
+// The other image after storing the settings of `source` in it.
 RadioImage Encoded(RadioImage base, const RadioImage& source, const Configuration& settings, const FieldTexts& texts) {
   base.FiveToneStandard = source.ResetTimeBlock[StandardByte];
   Encode(settings, base, texts);
@@ -58,8 +58,8 @@ std::vector<Difference> DifferencesBetween(const Configuration& before, const Co
 ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after, const FieldTexts& texts) {
   const Configuration old = Decode(before, texts).configuration, now = Decode(after, texts).configuration;
   ImageDifferences differences{DifferencesBetween(old, now), {}};
-  // What the settings make of each image tells which bits they explain: those that follow the settings. A tone that is
-  // off has no bits of its own, so that both images are asked.
+  // Settings explain the bits that change when the settings are stored in an image. A tone that is off has no bits of
+  // its own, so both images are needed.
   const std::array<RadioImage, 4> made = {Encoded(before, before, old, texts), Encoded(before, after, now, texts), //
                                           Encoded(after, before, old, texts), Encoded(after, after, now, texts)};
   for (const ImageBlock block : ComparedBlocks) {

@@ -1,4 +1,4 @@
-// What differs between two configurations, setting by setting, in the words of the windows, and between two images.
+// The differences between two configurations, setting by setting with the window's labels, and between two images.
 #pragma once
 
 #include "fields.h"
@@ -13,7 +13,7 @@ struct Difference {
   std::string before, after; // as ShownTextOf gives them; a code without a text as ValueOf gives it
 };
 
-// In the order of the table of settings. Identity number and firmware version are no settings.
+// In the order of the table of settings. Identity number and firmware version are not settings.
 [[nodiscard]] std::vector<Difference> DifferencesBetween(const Configuration& before, const Configuration& after);
 
 // A byte that differs in bits that no setting explains.
@@ -28,15 +28,15 @@ struct ImageDifferences {
   std::vector<ByteDifference> bytes;
   [[nodiscard]] bool IsEmpty() const { return settings.empty() && bytes.empty(); }
 };
-// Compares what files hold and a write sends: not the radio's identity and firmware, the write stamp, the embedded
-// information and the file's own number FiveToneStandard.
+// Compares the data that both files and writes contain. This excludes the radio's identity and firmware, the write
+// stamp, the embedded information and the file's FiveToneStandard.
 [[nodiscard]] ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after,
                                              const FieldTexts& texts);
 
-// Gives the image the bits of `after`; those of settings stay.
+// Copies the bits of `after` into the image, except the bits of settings.
 void TakeByte(RadioImage& image, const ByteDifference& difference);
 
-// A difference in words: a setting without its unit ("CH3 Rx Freq"), or a byte ("ChannelBlock 37", "0x08").
+// A difference as text: a setting without its unit ("CH3 Rx Freq"), or a byte ("ChannelBlock 37", "0x08").
 struct DifferenceWords {
   FieldAt at; // nothing for a byte
   std::string name, before, after;
@@ -44,11 +44,11 @@ struct DifferenceWords {
 };
 [[nodiscard]] std::vector<DifferenceWords> WordsFor(const ImageDifferences& differences);
 
-// What a user calls a setting: "CH3 Rx Freq (MHz)", "TTS 2 Gap Time(s)", "Beep Enable".
+// The name of a setting for the user: "CH3 Rx Freq (MHz)", "TTS 2 Gap Time(s)", "Beep Enable".
 [[nodiscard]] std::string NameOf(FieldAt at);
 // A heading without its line break.
 [[nodiscard]] std::string OnOneLine(std::string_view label);
-// The text of a setting, but "ON" or "OFF" for a check box, "yes" or "no" in a grid.
+// The text of a setting. Check boxes read "ON" or "OFF", and in a grid "yes" or "no".
 [[nodiscard]] std::string ShownTextOf(const Configuration& configuration, FieldAt at);
 
 } // namespace mr4500x

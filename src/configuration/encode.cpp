@@ -37,7 +37,7 @@ void EncodeLists(const Configuration& configuration, RadioImage& image) {
 void EncodeNumber(const std::string& text, Setting lengthSetting, std::span<std::uint8_t, 8> area, RadioImage& image) {
   const auto length = std::min(text.size(), static_cast<std::size_t>(MostDigits));
   WriteSetting(image, lengthSetting, text == NoNumberText ? 0 : static_cast<int>(length));
-  // The dashes of the placeholder would overwrite the digits with zeros. With length 0 nobody reads the old digits.
+  // The dashes of the placeholder would overwrite the digits with zeros. With length 0 the old digits are never read.
   if (text != NoNumberText) PackDigits(text, area);
 }
 
@@ -68,7 +68,7 @@ void EncodeKeys(const Configuration& configuration, RadioImage& image) {
   }
 }
 
-// In 5-tone mode the selected standard comes into force. Otherwise the image keeps the one that it has.
+// In 5-tone mode the selected standard becomes FiveToneStandard. Otherwise the image keeps its own.
 void EncodeStandard(const Configuration& configuration, RadioImage& image) {
   const Choice& selected = configuration[ChoiceList::Standards];
   if (!IsTtsMode(configuration) && selected.position >= 0) {

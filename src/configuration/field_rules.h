@@ -1,4 +1,4 @@
-// The rules of the editor's fields: what a typed text becomes and which message it calls for.
+// The rules for typed input in the editor's fields: the accepted value, and the message for a wrong one.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ struct Band {
 [[nodiscard]] std::optional<std::string> StepFrequency(std::string_view text, bool up, Band band, int step,
                                                        char separator);
 
-// What a key press enters in an ID box: digits, "#", "*", "A" to "D", also for lower case letters.
+// The character that a key press enters in an ID box: a digit, "#", "*" or "A" to "D". Lower case becomes upper case.
 [[nodiscard]] std::optional<char> IdCharacter(char key);
 // The characters above and "-".
 [[nodiscard]] bool IdTextValid(std::string_view text);
@@ -60,7 +60,7 @@ struct ResetTimeCheck {
 [[nodiscard]] std::optional<ResetTimeCheck> StepResetTime(std::string_view text, int by); // nullopt: not a number
 [[nodiscard]] std::optional<std::string> SpinResetTime(std::string_view text, int by);    // never touches OFF
 
-// A 5-tone code. Unless it is accepted the text is cut or padded with zeros to five digits.
+// A 5-tone code. A text that is not accepted is cut off or padded with zeros to five digits.
 enum class CodeEntry { Accepted, NotDigits, NotFive };
 struct CodeCheck {
   CodeEntry entry;

@@ -92,7 +92,8 @@ constexpr auto RowOfPlace = [] {
   return rows;
 }();
 
-// What holds a setting's value. Another kind of place, or another box, does not compile before it is added here.
+// The part of the configuration that holds a setting's value. A new kind of place or box does not compile until it is
+// added here.
 struct Holders {
   using Holder = std::variant<ChoiceList, Key, std::string*, Flag>;
   Configuration& configuration;

@@ -75,17 +75,17 @@ struct FieldAt {
   return FieldOf(place).label;
 }
 
-// As the editor shows it; "" for a list without a selection.
+// The text that the editor shows, or "" for a list without a selection.
 [[nodiscard]] std::string TextOf(const Configuration& configuration, FieldAt at);
 
 // The stored code of a list or key without a selection.
 [[nodiscard]] std::optional<std::uint8_t> UnlistedCodeOf(const Configuration& configuration, FieldAt at);
-// TextOf, but the text {"code": 77} for a code that has none. CodeIn takes it back; nullopt for any other text.
+// TextOf, or {"code": 77} for a code without a text. CodeIn reverses this; nullopt for any other text.
 [[nodiscard]] std::string ValueOf(const Configuration& configuration, FieldAt at);
 [[nodiscard]] std::optional<std::uint8_t> CodeIn(std::string_view value);
 
-// What the configuration holds of a cell or box, and of a yes or no: a check box and what it is for a yes. Throws for a
-// setting of another kind.
+// The text of a cell or box in the configuration, or a check box with its value for "yes". Throws for a setting of
+// another kind.
 [[nodiscard]] std::string& TextIn(Configuration& configuration, FieldAt at);
 struct Flag {
   bool* box;

@@ -5,7 +5,7 @@
 
 namespace mr4500x {
 
-// For all messages about typed input.
+// The title of all messages about typed input.
 inline constexpr char EntryErrorTitle[] = "Error";
 
 inline constexpr char DataErrorTitle[] = "Data Error";

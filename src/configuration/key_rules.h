@@ -27,11 +27,11 @@ struct KeyProgram {
 // A long-press list is disabled while its short press is "Monitor".
 [[nodiscard]] bool LongPressEnabled(const KeyProgram& keys, std::size_t longKey);
 
-// Selects a position on key 0 to 5 and runs the rules. Returns how many "Talk Around Or Reverse" messages are due. With
-// one, the key has its remembered selection again.
+// Selects a position on key 0 to 5 and applies the rules. Returns the number of "Talk Around Or Reverse" messages to
+// show. After a message the key has its remembered selection again.
 [[nodiscard]] int SelectKey(KeyProgram& keys, std::size_t key, int position);
 
-// Half of the emergency pair becomes the whole pair, as it is stored. True if a key changed.
+// Completes half of the emergency pair, because only the whole pair is stored. Returns true if a key changed.
 bool CompleteEmergencyPair(KeyProgram& keys);
 
 } // namespace mr4500x

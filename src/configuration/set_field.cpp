@@ -52,7 +52,7 @@ Range RangeOf(const Configuration& configuration, FieldAt at) {
   return Is(at, Box::AutoResetTime) ? ResetTimes : TtsFrequencies;
 }
 
-// The TTS table and the standards belong to a mode each; the other one does not store them.
+// The TTS table and the standards each belong to one mode and are not stored in the other.
 bool IsUnused(const Configuration& configuration, FieldAt at) {
   return IsTtsMode(configuration) ? Is(at, ChoiceList::Standards) : at.field->group == FieldGroup::Tts;
 }
@@ -155,7 +155,7 @@ private:
     return true;
   }
 
-  // The group calls of 5-tone mode stay: they are not in the records that start again.
+  // The group calls of 5-tone mode stay, because they are not in the records that are reset.
   void ResetChannelsTo(int lowerLimit) const {
     RadioImage image;
     auto channels = RestartChannels(image, lowerLimit, texts);
@@ -206,7 +206,7 @@ std::string AllowedFrequency(const Configuration& configuration, FieldAt at, std
   return grid + "; nearest are " + nearest + " and " + FrequencyText(below + unit, texts.decimalSeparator);
 }
 
-// A frequency with the other separator.
+// A frequency with the wrong decimal separator.
 Refusal::Cause CauseFor(FieldAt at, std::string_view text, const FieldTexts& texts) {
   const bool isPoint = texts.decimalSeparator == '.';
   if (at.field->kind != FieldKind::Frequency || !ReadFrequency(text, isPoint ? ',' : '.') ||

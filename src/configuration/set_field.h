@@ -21,25 +21,25 @@ struct Refusal {
 // "allowed: 1 to 255", "use a point", "given twice".
 [[nodiscard]] std::string ReasonOf(const Refusal& refusal);
 
-// nullopt if the text was accepted; a refused one changes nothing. Yes and no are "true" and "false".
+// Returns nullopt if the text was accepted. A refused text changes nothing. Yes and no are "true" and "false".
 [[nodiscard]] std::optional<Refusal> SetField(Configuration& configuration, FieldAt at, std::string_view text,
                                               const FieldTexts& texts);
 
-// What a setting accepts at present, in words.
+// Describes the values that a setting currently accepts.
 [[nodiscard]] std::string AllowedFor(const Configuration& configuration, FieldAt at, const FieldTexts& texts);
 
-// What bounds a number or frequency at present, as texts. None for other settings, and where nothing can be changed.
+// The current limits of a number or frequency, as texts. None for other settings, or if the setting can't be changed.
 struct Limits {
   std::string min, max, step;
   std::string_view unit;
 };
 [[nodiscard]] std::optional<Limits> LimitsOf(const Configuration& configuration, FieldAt at, const FieldTexts& texts);
 
-// The cells and boxes with a value that a radio may hold, but SetField would refuse.
+// The cells and boxes whose value a radio may hold although SetField would refuse it.
 [[nodiscard]] std::vector<FieldAt> OutsideRules(const Configuration& configuration, const FieldTexts& texts);
 
-// The items that a choice offers at present, as views into `texts` and the lists; empty for one that can't be changed
-// at present and for other settings. A 5-tone cell also accepts any code.
+// The items that a choice currently offers, as views into `texts` and the lists. Empty for other settings and for a
+// choice that can't be changed. A 5-tone cell also accepts any code.
 [[nodiscard]] std::vector<std::string_view> ChoicesOf(const Configuration& configuration, FieldAt at,
                                                       const FieldTexts& texts);
 
@@ -47,7 +47,7 @@ struct Limits {
 [[nodiscard]] std::array<ChannelTexts, ChannelCount> RestartChannels(RadioImage& image, int lowerLimit,
                                                                      const FieldTexts& texts);
 
-// Sets the selective-call and group-call cells of all channels to "OFF", for another mode.
+// Sets the selective-call and group-call cells of all channels to "OFF" when the mode changes.
 void ResetSelcallCells(Configuration& configuration);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// What a radio holds, kept in files before it is written.
+// Backups of a radio's configuration before a write.
 #pragma once
 
 #include "open_file.h"
@@ -8,11 +8,11 @@
 
 namespace mr4500x {
 
-// A path with its {id}, {date} and {time} filled in: "20261104" and "090507". Of the identity number only ASCII
-// letters, digits and "-" stay, all else becomes "_", so that no radio chooses a folder.
+// A path with its {id}, {date} and {time} filled in: "20261104" and "090507". In the identity number everything except
+// ASCII letters, digits and "-" becomes "_", so that a radio can't select a folder.
 [[nodiscard]] std::string FilledIn(std::string path, const RadioImage& image, const LocalTime& now);
 
-// Makes the folder if it is missing. Fails if no backup can be kept in it.
+// Creates the folder if it is missing. Fails if no backup can be saved in it.
 FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder);
 
 enum class BackupOutcome : std::uint8_t {
@@ -25,7 +25,7 @@ struct Backup {
   std::string path;  // of the data file
   FileResult result; // with the reason unless it was kept
 };
-// A data file named after the radio and the time, and beside it the embedded text if there is one, as ".txt".
+// Saves a data file named after the radio and the time. If there is an embedded text, it is saved beside it as ".txt".
 [[nodiscard]] Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image,
                                 const LocalTime& now);
 

@@ -60,7 +60,7 @@ bool StoreItem(const TaggedItem& item, std::optional<ImageBlock> block, RadioIma
   return true;
 }
 
-// Version 0 has no emergency ANI: the item in its place may have any shape, and its length in the settings is
+// Version 0 has no emergency ANI. The item in its place may have any shape, and the length in the settings is
 // meaningless.
 void ClearEmergencyAni(RadioImage& image) {
   image.EmergencyAniBlock.fill(0x00);

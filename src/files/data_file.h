@@ -28,14 +28,14 @@ struct LoadResult {
   LoadOutcome outcome = LoadOutcome::Damaged;
   bool markerNotEmpty = false; // made for newer software: show NewVersionNotice, whatever the outcome
   int damagedItem = 0;         // counted from 1; 0 if the file is missing or can't be read
-  bool endsInItem = false;     // else the item is not what belongs there
+  bool endsInItem = false;     // otherwise the item has the wrong kind or shape
   std::string systemReason{};  // of a file that is missing or can't be read
   bool operator==(const LoadResult&) const = default;
 };
 
 [[nodiscard]] std::vector<std::uint8_t> BuildDataFile(const RadioImage& image);
 
-// Blocks before a damaged item get the file's values. Blocks that no file holds stay as they are.
+// Blocks before a damaged item get the file's values. Blocks that are not part of files are unchanged.
 [[nodiscard]] LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image);
 
 [[nodiscard]] LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image);

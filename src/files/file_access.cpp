@@ -35,12 +35,12 @@ std::string InFolder(std::string folder, std::string_view name) {
 FileResult Failed(std::errc reason) {
   return {std::make_error_code(reason)};
 }
-// The operation of the file system that came just before has failed.
+// The failure of the file system operation just before.
 FileResult SystemFailed() {
   return {{errno != 0 ? errno : EIO, std::generic_category()}};
 }
 
-// What a path leads to. The file may be missing.
+// The file that a path leads to. It may be missing.
 struct PlacedFile {
   FileResult result;
   std::string path;
@@ -61,7 +61,7 @@ PlacedFile FollowLinks(FileSystem& files, std::string path) {
   return {Failed(std::errc::too_many_symbolic_link_levels), "", {}};
 }
 
-// A file of any kind is there, but not to be read or written.
+// A file exists, but it is not one to be read or written.
 FileResult RefusedKind(FileKind kind) {
   return Failed(kind == FileKind::Regular  ? std::errc::permission_denied
                 : kind == FileKind::Folder ? std::errc::is_a_directory
@@ -83,7 +83,7 @@ void RemoveLeftovers(FileSystem& files, const std::string& folder) {
     if (!status || status->kind != FileKind::Regular) continue;
     const OpenFile file(files, files.OpenToRead(path));
     if (file && files.Lock(*file) == LockOutcome::Taken)
-      static_cast<void>(files.Remove(path)); // else left to a later save
+      static_cast<void>(files.Remove(path)); // if this fails, a later save removes it
   }
 }
 
@@ -132,7 +132,7 @@ public:
   }
 
   [[nodiscard]] bool TakeOver(const FileStatus& old) {
-    // Only root can give a file to another user; else keep at least the group.
+    // Only root can give a file to another user. Otherwise keep at least the group.
     if (!m_files.SetOwner(*m_file, old.owner, old.group)) static_cast<void>(m_files.SetGroup(*m_file, old.group));
     return m_files.SetMode(*m_file, old.mode & PermissionBits);
   }
@@ -144,8 +144,8 @@ public:
   }
 
 private:
-  // Until it has its lock, another save may take the file for a leftover, lock it and remove it. A file system without
-  // locks does not stop the save: there no other save can lock and remove this file either.
+  // Before the file is locked, another save may mistake it for a leftover, lock it and remove it. A file system without
+  // locks does not prevent the save, because no other save can lock and remove this file either.
   [[nodiscard]] bool IsTakenForLeftover() {
     if (m_files.Lock(*m_file) == LockOutcome::HeldByOther) return true;
     const auto status = m_files.Status(m_path);
@@ -169,7 +169,7 @@ struct NewContent {
   std::uint32_t newFileMode;
 };
 
-// nullopt where no file can take the place of the old one.
+// nullopt if no new file can replace the old one.
 std::optional<FileResult> ReplaceByNew(FileSystem& files, const PlacedFile& target, const NewContent& content) {
   const auto& [bytes, surplus, newFileMode] = content;
   const auto& [result, path, old] = target;
@@ -181,7 +181,7 @@ std::optional<FileResult> ReplaceByNew(FileSystem& files, const PlacedFile& targ
   if (written && hasSurplus) written = temporary.WriteSurplus(path, bytes.size());
   if (written) written = temporary.Sync();
   if (!written || temporary.TakePlace(path)) return written;
-  if (errno == ETXTBSY) return SystemFailed(); // open in another program, which would see half of it
+  if (errno == ETXTBSY) return SystemFailed(); // open in another program, which would see a partial file
   return std::nullopt;
 }
 
@@ -279,7 +279,7 @@ std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path
       if (!wait()) return std::nullopt;
       continue;
     }
-    const auto now = files.Status(target.path); // the one that held the lock has put another file there
+    const auto now = files.Status(target.path); // the previous holder of the lock has replaced the file
     if (now && now->device == target.status.device && now->number == target.status.number) return lock;
   }
 }
@@ -314,7 +314,7 @@ FileResult MakeFolderOf(FileSystem& files, const std::string& path) {
   if (const FileResult parents = MakeFolderOf(files, folder); !parents) return parents;
   if (files.MakeFolder(folder)) return {};
   const FileResult failed = SystemFailed();
-  return exists() ? FileResult{} : failed; // another program may have made it just now
+  return exists() ? FileResult{} : failed; // another program may have just created it
 }
 
 } // namespace mr4500x

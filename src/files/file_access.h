@@ -36,13 +36,13 @@ enum class Surplus { Drop, Keep };
 //  4. Writes a temporary file in the same folder, gives it the old file's owner (if allowed) and permissions, and
 //     flushes it to the disk.
 //  5. Renames it over the old file and flushes the folder.
-// Where no file can be made or renamed there, or its permissions can't be set, the file itself is written, from its
-// start. If anything else fails, the old file is unchanged. No temporary file is left. A new file
-// gets the mode, less the umask.
+// If no file can be created or renamed in the folder, or its permissions can't be set, the file itself is overwritten
+// from its start. If anything else fails, the old file is unchanged. No temporary file is left behind. A new file gets
+// the mode, less the umask.
 FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
                        std::uint32_t newFileMode = 0666);
 
-// Whether ReplaceFile would try: a file that it does not refuse, or a folder in which one can be made.
+// Whether ReplaceFile would try to write: the file is one that it does not refuse, or can be created in its folder.
 FileResult MayReplace(FileSystem& files, const std::string& path);
 
 // Whether there is nothing at the path, or where its links lead.
@@ -51,13 +51,12 @@ FileResult MayReplace(FileSystem& files, const std::string& path);
 // Whether something is at the path. False also for a path that can't be searched.
 [[nodiscard]] bool IsThere(FileSystem& files, const std::string& path);
 
-// A number that depends on the content alone, to find out whether another program has changed the file. nullopt if it
-// can't be read.
+// A checksum of the content, to detect that another program has changed the file. nullopt if the file can't be read.
 [[nodiscard]] std::optional<std::size_t> ContentHash(FileSystem& files, const std::string& path);
 
-// A lock on the file at the path, from reading it to replacing it, against others that use the same lock. Without a
-// file, or where the file system has no locks, there is nothing to lock, and an empty one is returned. `wait` is called
-// while another holds it; nullopt if it returns false.
+// Locks the file at the path, from reading it to replacing it, against other users of this lock. Returns an empty lock
+// if there is no file or the file system has no locks. `wait` is called while another process holds the lock; nullopt
+// if it returns false.
 [[nodiscard]] std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path,
                                                     const std::function<bool()>& wait);
 
@@ -67,7 +66,7 @@ FileResult MayReplace(FileSystem& files, const std::string& path);
 // Whether the path is a link to a file of another user than the link's.
 [[nodiscard]] bool LeadsToOtherUser(FileSystem& files, const std::string& path);
 
-// Which file system the folder of the path is on, links followed. It changes when a drive there is unplugged.
+// Identifies the file system of the path's folder, following links. It changes when a drive is unplugged.
 [[nodiscard]] std::optional<std::uint64_t> DeviceOfFolder(FileSystem& files, const std::string& path);
 
 // "." for a bare name.

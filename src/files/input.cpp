@@ -20,7 +20,7 @@ std::vector<std::uint8_t> ReadStream(std::istream& stream, std::size_t limit) {
   return bytes;
 }
 
-// Of standard input, or a named pipe, such as a shell makes for `<(...)`. nullopt for anything else.
+// The bytes of standard input, or of a named pipe such as a shell's `<(...)`. nullopt for anything else.
 std::optional<std::vector<std::uint8_t>> ReadPiped(const std::string& path, std::istream* stream, std::size_t limit) {
   if (stream == nullptr) return std::nullopt;
   if (path == Stream) return ReadStream(*stream, limit);
@@ -49,7 +49,7 @@ TextInput ReadTextInput(FileSystem& files, const std::string& path, std::istream
     bytes = std::move(*piped);
   else if (const ReadResult read = ReadFile(files, path, MostTextBytes + 1, bytes); read != ReadOutcome::Read)
     return {Failed, "", read.result.Reason()};
-  if (bytes.size() > MostTextBytes) return {TooLong, "", ""}; // what it would be cut to may make sense
+  if (bytes.size() > MostTextBytes) return {TooLong, "", ""}; // a truncated text might look valid
   return {Read, std::string(bytes.begin(), bytes.end()), ""};
 }
 

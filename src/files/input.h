@@ -1,4 +1,4 @@
-// What a program is given to read: a file, or its standard input in place of one.
+// Input of a program: a file, or standard input instead of one.
 #pragma once
 
 #include "data_file.h"
@@ -11,12 +11,13 @@ namespace mr4500x {
 
 inline constexpr std::string_view Stream = "-"; // the path of a standard stream
 
-// The path as messages show it.
+// The name of the input in messages.
 [[nodiscard]] std::string NameOfSource(const std::string& path);
 
-// In both, `stream` is read for "-", and a named pipe to its end. Without a stream, "-" is a file of that name.
+// Both functions read `stream` for "-", and read a named pipe to its end. Without a stream, "-" is an ordinary file
+// name.
 
-// Loads a data file over the defaults, which fill in what no file holds.
+// Resets the image to its defaults and loads a data file into it.
 [[nodiscard]] LoadResult LoadInput(FileSystem& files, const std::string& path, std::istream* stream, RadioImage& image);
 
 struct TextInput {

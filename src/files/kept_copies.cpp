@@ -37,7 +37,7 @@ bool IsPutAside(std::string_view name) {
          IsDigit(name[0]);
 }
 
-// The rest of the line that begins with the title at `text`, which moves on to the next.
+// Returns the rest of the line after its title, and advances `text` to the next line.
 std::optional<std::string> TakeLine(std::string_view& text, std::string_view title) {
   if (!text.starts_with(title)) return std::nullopt;
   const std::size_t end = std::min(text.find('\n'), text.size());
@@ -92,7 +92,7 @@ std::optional<KeptCopy> ParseCopy(std::vector<std::uint8_t> bytes) {
   return KeptCopy{std::move(bytes), *at, *source, std::string(text), info};
 }
 
-// The beginning of a file of the system's, without the line's end.
+// The first line of a system file.
 std::string SystemText(FileSystem& files, const std::string& path) {
   std::array<std::uint8_t, 1024> text{};
   const OpenFile file(files, files.OpenToRead(path));
@@ -119,7 +119,7 @@ std::string PrefixOf(const std::string& number) {
   return number.substr(0, number.rfind('-') + 1);
 }
 
-// What runs on another machine may not have ended.
+// A process on another machine may still run.
 bool HasEnded(FileSystem& files, const std::string& prefix) {
   return prefix.ends_with(MachineSuffix(files)) && ProcessPrefix(files, prefix.substr(0, prefix.find('-'))) != prefix;
 }
@@ -143,9 +143,8 @@ KeptCopies::~KeptCopies() {
   if (m_own && m_own->at.empty()) End(*std::move(m_own));
 }
 
-// Makes and holds the lock file. Another window's NextLeft may take it for a left one, and remove it, as long as it is
-// not locked: then the next name is tried. Where files can't be locked, it begins with
-// the process.
+// Creates and holds the lock file. Until it is locked, another window's NextLeft may mistake it for a leftover and
+// remove it; then the next name is tried. If files can't be locked, the name begins with the process.
 bool KeptCopies::Begin() {
   if (m_own) return true;
   if (!MakeFolderOf(m_files, LockPath(""))) return false;
@@ -173,7 +172,7 @@ void KeptCopies::SetOpenFile(const std::string& path) {
   if (m_own)
     NameOpenFile();
   else if (!path.empty())
-    static_cast<void>(Begin()); // without the folder no other window gets to know
+    static_cast<void>(Begin()); // without the folder no other window is warned
 }
 
 void KeptCopies::NameOpenFile() {
@@ -201,7 +200,7 @@ bool KeptCopies::Keep(const KeptCopy& copy) {
   return isWritten;
 }
 
-// Somebody has removed the folder: the session's files are gone.
+// The folder was removed, and the session's files with it.
 bool KeptCopies::LosesFolder() {
   const auto status = m_files.Status(m_folder);
   if (!m_own || !status || status->kind != FileKind::Missing) return false;
@@ -228,8 +227,8 @@ std::vector<std::string> KeptCopies::Numbers() {
   return numbers;
 }
 
-// The lock file of a session that has ended, held from now on. Some network file systems lock only what is open for
-// writing; a file system that can't be written may still lock.
+// The lock file of a session that has ended, held from now on. Some network file systems lock only files that are open
+// for writing, but a read-only file system may also support locks.
 OpenFile KeptCopies::HoldEnded(const std::string& number) {
   OpenFile lock(m_files, m_files.OpenToWrite(LockPath(number), OwnerOnly));
   if (!lock) lock = {m_files, m_files.OpenToRead(LockPath(number))};
@@ -239,7 +238,7 @@ OpenFile KeptCopies::HoldEnded(const std::string& number) {
   return (prefix.empty() ? isLocked : HasEnded(m_files, prefix)) ? std::move(lock) : OpenFile();
 }
 
-// A session that has ended, which is then held, with its copy. Without a copy its lock file goes.
+// A session that has ended, with its copy. Its lock is held from now on. Without a copy, the lock file is removed.
 std::optional<KeptCopies::Session> KeptCopies::EndedSession(const std::string& number, KeptCopy& copy) {
   if (m_seen.contains(number)) return std::nullopt;
   Session session{number, HoldEnded(number), ""};
@@ -300,12 +299,12 @@ std::optional<std::string> KeptCopies::PutAside(const Session& session) {
   return m_folder + '/' + name;
 }
 
-// Its lock file goes before anyone else can hold it.
+// The lock file is removed before another process can hold it.
 void KeptCopies::End(Session session) {
   static_cast<void>(m_files.Remove(LockPath(session.number)));
 }
 
-// The one just put aside stays, even if its time comes from a clock that is wrong, or isn't known.
+// The copy that was just put aside stays, even if its time is unknown or comes from a wrong clock.
 void KeptCopies::Prune(const std::string& newest) {
   std::vector<std::string> names = m_files.List(m_folder).value_or(std::vector<std::string>{});
   std::erase_if(names, [&](const std::string& name) { return !IsPutAside(name) || name == newest; });

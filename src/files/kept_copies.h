@@ -1,11 +1,11 @@
 // Copies of unsaved work in the user's state folder, so that no exit, crash or replacement loses it. Each is a data
-// file, followed by lines that say when and where it came from and what differed, and the embedded information.
+// file, followed by lines with its time, its source, the differences and the embedded information.
 //
 // A window has at most one copy, "session-NUMBER.K4X", beside a lock file of the same number, which it holds. A copy
-// whose lock nobody holds was left by a window that has ended. Where files can't be locked, NUMBER begins with the
-// process, its start and the machine, and the system is asked whether it still runs. The lock file names the data files
-// that the window had open; the last is open now. Copies that were put aside are named after their time and a random
-// number, "2026-11-25_04-10-33_NUMBER.K4X"; the ten newest of them stay.
+// whose lock is free was left by a window that has ended. If files can't be locked, NUMBER begins with the process, its
+// start and the machine, and the system is asked whether the process still runs. The lock file lists the data files
+// that the window has opened; the last one is open now. Copies that were put aside are named after their time and a
+// random number, "2026-11-25_04-10-33_NUMBER.K4X". The ten newest of them are kept.
 #pragma once
 
 #include "data_file.h"
@@ -24,32 +24,32 @@ struct KeptCopy {
   std::string at;                     // "2026-11-25 04:10:33"
   std::string source;                 // the file or radio it came from, as shown to the user
   std::string differences;            // one line for each
-  std::optional<EmbeddedInfo> info{}; // that was entered and is in no radio yet
+  std::optional<EmbeddedInfo> info{}; // entered, but not yet written to a radio
 };
-// None for a file that is no copy.
+// nullopt for a file that is not a copy.
 [[nodiscard]] std::optional<KeptCopy> ReadKeptCopy(FileSystem& files, const std::string& path);
 
 class KeptCopies {
 public:
-  // The folder is made when it is first needed.
+  // The folder is created when it is first needed.
   KeptCopies(FileSystem& files, std::string folder) : m_files(files), m_folder(std::move(folder)) {}
-  // What Keep last wrote stays for a later start.
+  // The last copy that Keep wrote remains for a later start.
   ~KeptCopies();
   KeptCopies(const KeptCopies&) = delete;
   KeptCopies& operator=(const KeptCopies&) = delete;
 
-  // Writes or replaces the copy of this window in one step. False leaves the one before.
+  // Writes or replaces the copy of this window in one step. If it returns false, the previous copy remains.
   [[nodiscard]] bool Keep(const KeptCopy& copy);
   void Drop();     // nothing is unsaved any more
-  void PutAside(); // other data takes the place of the work
+  void PutAside(); // other data has replaced the work
 
   void SetOpenFile(const std::string& path); // that this window shows; empty for none
   [[nodiscard]] bool IsOpenElsewhere(const std::string& path);
 
-  // The newest copy that a window left at its end, none if there is no more. It must be taken or put aside before the
-  // next. None comes twice, even if it can't be moved. Those that can't be read are put aside.
+  // The newest copy that an ended window has left, or nullopt. It must be taken or put aside before the next call. No
+  // copy is returned twice, even if it can't be moved. Unreadable copies are put aside.
   [[nodiscard]] std::optional<KeptCopy> NextLeft();
-  [[nodiscard]] std::vector<std::string> TakeUnreadable(); // where they are now; each is named once
+  [[nodiscard]] std::vector<std::string> TakeUnreadable(); // their present paths; each is returned once
   void TakeLeft();                                         // it becomes the copy of this window
   void PutLeftAside();                                     // it is not asked about again
 

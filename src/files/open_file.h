@@ -1,4 +1,4 @@
-// A file handle with an owner, and the result of an operation on a file.
+// An owned file handle, and the result of an operation on a file.
 #pragma once
 
 #include "file_system.h"
@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-// An open file, closed with its owner. As a condition, whether there is one.
+// An open file, closed by the destructor. Converts to true if there is a file.
 class OpenFile {
 public:
   OpenFile() = default;
@@ -34,7 +34,7 @@ private:
   std::optional<FileSystem::Handle> m_handle;
 };
 
-// How an operation on files ended, with the system's reason if it failed. As a condition, whether it succeeded.
+// The result of an operation on files, with the system's reason if it failed. Converts to true if it succeeded.
 struct [[nodiscard]] FileResult {
   std::error_code error{};
 

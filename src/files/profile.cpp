@@ -12,7 +12,7 @@
 namespace mr4500x {
 namespace {
 
-// Includes 0x00, which a value cannot hold either.
+// Includes 0x00, which a value can't contain either.
 constexpr std::string_view LineBreaks("\r\n\0", 3);
 
 bool SameName(std::string_view a, std::string_view b) {
@@ -37,7 +37,7 @@ std::optional<std::string_view> SectionName(std::string_view content) {
   return content.substr(1, close - 1);
 }
 
-// Where a key is, or where to add it.
+// The position of a key, or the position at which to add it.
 struct Place {
   std::optional<std::size_t> sectionEnd; // after the last line of the section (the first so named) that is not blank
   bool hasKey = false;

@@ -1,6 +1,6 @@
-// Values of an INI file in UTF-8. Section and key names ignore the case of ASCII letters; all other lines stay as they
-// are. The file is read again each time, since another program may have changed it. A link to another user's file is
-// not followed: whoever may write that could choose what is read, and a link of theirs what is written.
+// Values of an INI file in UTF-8. Section and key names ignore the case of ASCII letters. All other lines are
+// preserved. The file is read again each time, because another program may have changed it. A link to another user's
+// file is not followed, because that user could control what is read or which file is written.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +16,8 @@ namespace mr4500x {
 inline constexpr std::ptrdiff_t ProfileStringCharacters = 255; // a longer value counts as absent, and is not stored
 inline constexpr std::size_t ProfileFileLimit = std::size_t{1} << 20;
 
-// The value without surrounding blanks and one pair of quotes; nullopt if there is no such key. If a section or key
-// appears more than once, the first one found counts.
+// The value without surrounding blanks and one pair of quotes, or nullopt without the key. If a section or key occurs
+// more than once, the first one counts.
 [[nodiscard]] std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section,
                                                            std::string_view key);
 

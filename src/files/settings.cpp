@@ -68,7 +68,7 @@ int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
 
 std::string TraceFile(FileSystem& files, const std::string& settingsFile) {
   const std::string file = ProfileString(ProfileText(files, settingsFile), PortSection, "Trace", "");
-  return MayReplace(files, file) ? file : ""; // to open a pipe would wait for its reader
+  return MayReplace(files, file) ? file : ""; // opening a pipe would wait for a reader
 }
 
 bool StoreSettings(FileSystem& files, const std::string& settingsFile, int port, const std::string& lastFileName) {

@@ -39,7 +39,7 @@ std::optional<TaggedItem> ItemReader::TakeArray() {
   const auto number = TakeNumber();
   const auto dimensions = number ? Take(*number * DimensionBytes) : std::nullopt;
   if (!dimensions || dimensions->empty()) return std::nullopt;
-  // The counts may be anything: a product beyond the remaining bytes is capped, so that it cannot overflow.
+  // The counts may have any value. A product beyond the remaining bytes is capped, so it can't overflow.
   const std::uint64_t tooMany = std::uint64_t{m_rest.size()} + 1;
   std::uint64_t elements = 1;
   for (std::size_t at = 0; at < dimensions->size(); at += DimensionBytes) {

@@ -1,5 +1,5 @@
-// A field of a block: some bits of one byte. A codec describes its block as a table of fields and uses that table both
-// ways, so that reading and writing cannot drift apart.
+// A field of a block is a group of bits in one byte. A codec describes its block as a table of fields and uses the same
+// table to read and to write, so the two can't drift apart.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ constexpr std::uint8_t ReadField(std::span<const std::uint8_t> block, BlockField
   return static_cast<std::uint8_t>((block[field.byte] & field.mask) >> field.shift);
 }
 
-// Drops the bits of the value that do not fit the field. Keeps the other bits of the byte.
+// Ignores value bits that do not fit the field. Keeps the other bits of the byte.
 constexpr void WriteField(std::span<std::uint8_t> block, BlockField field, unsigned value) {
   block[field.byte] =
       static_cast<std::uint8_t>((block[field.byte] & ~field.mask) | ((value << field.shift) & field.mask));

@@ -1,5 +1,5 @@
-// The texts between which a channel cell is chosen, in the order that its list or its clicks offer them. Those with a
-// decimal separator are in FieldTexts.
+// The texts that a channel cell can have, in the order of its list or of its clicks. FieldTexts has the texts with a
+// decimal separator.
 #pragma once
 
 #include "channel_record.h"
@@ -17,7 +17,7 @@ inline constexpr std::array<std::string_view, 9> TtsCallItems = {"OFF",   "TTS 1
 inline constexpr std::array<std::string_view, 3> TtsGroupItems = {"OFF", "Tone A", "Tone B"};
 inline constexpr std::array<std::string_view, 5> FiveToneGroupItems = {"OFF", "5T 1", "5T 2", "5T 3", "5T 4"};
 
-// Empty for a cell without such texts. A selective call of 5-tone mode has any five digits besides its "OFF".
+// Empty for a cell without such texts. In 5-tone mode a selective call is "OFF" or any five digits.
 constexpr std::span<const std::string_view> CellItems(GridColumn column, bool ttsMode) {
   switch (column) {
   case GridColumn::Combination:

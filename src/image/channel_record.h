@@ -43,7 +43,8 @@ struct ChannelTexts {
   bool operator==(const ChannelTexts&) const = default;
 };
 
-// "2.5" for code 0, "6.25" for code 1. Codes 2 and 3, which only a radio can bring, count 0 kHz and read as "6.25".
+// "2.5" for code 0, "6.25" for code 1. Codes 2 and 3, which only a radio can contain, count as 0 kHz and read as
+// "6.25".
 [[nodiscard]] std::string StepText(int stepCode, const FieldTexts& texts);
 // 0 or 1; nullopt for any other text.
 [[nodiscard]] std::optional<int> StepCode(std::string_view text, const FieldTexts& texts);
@@ -51,11 +52,11 @@ struct ChannelTexts {
 // The step in tens of Hz: 250 or 625, or 0 for codes 2 and 3.
 [[nodiscard]] int StepUnit(int stepCode);
 
-// Sets all channels to the default record: not in use but for channel 1, at the lower limit of BandBlock with 6.25 kHz
-// steps, transmit allowed.
+// Sets all channels to the default record: only channel 1 in use, the lower limit of BandBlock with 6.25 kHz steps,
+// transmit allowed.
 void ResetChannels(RadioImage& image);
 
-// `channel` is 0 to 15. Selective calls read by the image's own SelcallMode, here and below.
+// `channel` is 0 to 15. Here and below, the image's SelcallMode decides how selective calls are read.
 [[nodiscard]] ChannelTexts TextsOfChannel(const RadioImage& image, std::size_t channel, const FieldTexts& texts);
 
 // Rebuilds the channel's record and its codes in SelCallCodeBlock, and adds a channel in use to ChannelsInUse. A text

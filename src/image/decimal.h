@@ -1,4 +1,4 @@
-// Numbers as text and as integers, exact: frequencies are counted in units, never kept as floating point.
+// Exact conversion between texts and integers. Frequencies are counts of units, never floating point.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The embedded information, a short text in 16-bit units with the low byte first, its limit in the box that edits it,
-// and the last programming time.
+// The embedded information (a short text in 16-bit units, low byte first), its length limit in the editor, and the last
+// programming time.
 #pragma once
 
 #include "radio_image.h"
@@ -15,16 +15,16 @@ inline constexpr std::size_t MostEmbeddedCharacters = 119; // 16-bit units; a li
 // One character per byte pair. A block read from a radio gives 120 characters, padded with zero characters.
 [[nodiscard]] std::u16string EmbeddedText(const EmbeddedInfo& block);
 
-// What a text box shows: everything before the first zero character.
+// The text up to the first zero character, as a text box shows it.
 [[nodiscard]] std::u16string_view VisibleText(std::u16string_view text);
 
 // False, with the block unchanged, for a text of more than 119 characters.
 [[nodiscard]] bool StoreEmbeddedText(EmbeddedInfo& block, std::u16string_view text);
 
-// The text of a box as it is stored: every kind of line end becomes carriage return and line feed, and zero characters,
-// which would end the text, are left out.
+// Converts the text of a box to its stored form. Every kind of line end becomes carriage return and line feed. Zero
+// characters are removed, because they would end the text.
 [[nodiscard]] std::u16string TextToStore(std::u16string_view shown);
-// The length of a stored text in the box, where a line end is one character.
+// The length that a stored text has in the box, where a line end is one character.
 [[nodiscard]] std::size_t ShownLength(std::u16string_view stored);
 
 struct EmbeddedEntry {
@@ -32,8 +32,9 @@ struct EmbeddedEntry {
   std::size_t caret = 0;
   bool operator==(const EmbeddedEntry&) const = default;
 };
-// Cuts a text of more than 119 units: removes the character before the caret, then whatever is still beyond the limit.
-// Removes a surrogate pair or line end as a whole. False, with no change, for a text within the limit.
+// Shortens a text of more than 119 units: removes the character before the caret, then everything beyond the limit.
+// Surrogate pairs and line ends are removed as a whole. Returns false, and changes nothing, for a text within the
+// limit.
 bool CutToTopSize(EmbeddedEntry& entry);
 
 // Whether the position is between the halves of a surrogate pair or of a line end.
@@ -42,7 +43,7 @@ bool CutToTopSize(EmbeddedEntry& entry);
 // From UTF-8; every line break becomes carriage return and line feed. nullopt if the text is not UTF-8.
 [[nodiscard]] std::optional<std::u16string> InfoFromArgument(std::string_view argument);
 
-// The text in a file: UTF-8, with a line feed after each line. InfoFromKept takes it back; nullopt if it is not UTF-8.
+// The text for a file: UTF-8, with a line feed after each line. InfoFromKept reverses it; nullopt if it is not UTF-8.
 [[nodiscard]] std::string InfoToKeep(std::u16string_view text);
 [[nodiscard]] std::optional<std::u16string> InfoFromKept(std::string_view content);
 

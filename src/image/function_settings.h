@@ -94,7 +94,7 @@ void SetUpperBandLimit(std::span<std::uint8_t, 8> band, int megahertz);
 // 00 30 in bytes 4 and 5, as in every radio of the series.
 void SetSeriesMark(std::span<std::uint8_t, 8> band);
 
-// The areas of the two IDs, of an image or a constant image.
+// The bytes of the two IDs. The image may be constant.
 constexpr auto ConnectIdDigits(auto& image) {
   return std::span(image.PttIdBlock).template first<8>();
 }
@@ -106,14 +106,14 @@ constexpr auto DisconnectIdDigits(auto& image) {
 // 13 to 15, "D" as 0. A length above 16 reads as 16.
 inline constexpr int MostDigits = 16;
 [[nodiscard]] std::string UnpackDigits(std::span<const std::uint8_t, 8> area, int length);
-// Writes at most 16 characters and leaves the bytes after them alone. A character that is no DTMF symbol repeats the
-// code before it, or is 0 at the start.
+// Writes at most 16 characters and leaves the bytes after them unchanged. A character that is not a DTMF symbol repeats
+// the previous code, or is 0 at the start.
 void PackDigits(std::string_view text, std::span<std::uint8_t, 8> area);
 
 // The identity number or firmware version in UTF-8, read as Latin-1. Zero bytes are left out, other control codes
 // become ".".
 [[nodiscard]] std::string CharactersText(std::span<const std::uint8_t> bytes);
-// Without the blanks at their ends.
+// Trims blanks at both ends.
 [[nodiscard]] std::string IdentityNumber(const RadioImage& image);
 [[nodiscard]] std::string FirmwareVersion(const RadioImage& image);
 

@@ -67,7 +67,7 @@ struct RadioImage {
   std::array<std::uint8_t, 8> BandBlock{};
   std::array<std::uint8_t, 8> FirmwareVersionBlock{}; // read from the radio, never written to it
   std::array<std::uint8_t, 8> PatrolWorkBlock{};      // neither in the radio nor in data files
-  std::int16_t FiveToneStandard = 0;                  // 1 to 11; in data files an item of its own
+  std::int16_t FiveToneStandard = 0;                  // 1 to 11; a separate item in data files
 
   bool operator==(const RadioImage&) const = default;
 };
@@ -103,12 +103,12 @@ inline constexpr std::array<BlockPlace, 14> RecordMap = {{
 }};
 // clang-format on
 
-// The block that holds the byte at an address of radio memory; null for none.
+// The block that contains an address of radio memory, or null.
 [[nodiscard]] const BlockPlace* PlaceOf(std::uint16_t address);
 // "ChannelBlock"
 [[nodiscard]] std::string_view NameOf(ImageBlock block);
 
-// A block's bytes in the order of radio memory; of EmbeddedInfoBlock only its current length.
+// A block's bytes in the order of radio memory. For EmbeddedInfoBlock only its current length.
 [[nodiscard]] std::span<std::uint8_t> BlockBytes(RadioImage& image, ImageBlock block);
 [[nodiscard]] std::span<const std::uint8_t> BlockBytes(const RadioImage& image, ImageBlock block);
 
@@ -131,7 +131,8 @@ enum class PlaceResult {
 // Stores a record by RecordMap. Changes nothing unless it returns Placed.
 [[nodiscard]] PlaceResult PlaceRecord(RadioImage& image, std::uint16_t address, std::span<const std::uint8_t> data);
 
-// The record at an address, 0x00 after the end of a shorter EmbeddedInfoBlock; nullopt for an address of no block.
+// The record at an address, padded with 0x00 after the end of a shorter EmbeddedInfoBlock. nullopt if the address
+// belongs to no block.
 [[nodiscard]] std::optional<std::array<std::uint8_t, RecordBytes>> TakeRecord(const RadioImage& image,
                                                                               std::uint16_t address);
 

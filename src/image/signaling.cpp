@@ -38,7 +38,7 @@ const SelCallPlace& PlaceOf(Direction direction) {
   return SelCallPlaces[static_cast<std::size_t>(direction)];
 }
 
-// Of an image or a constant image.
+// The image may be constant.
 auto CodeOf(auto& image, std::size_t channel) {
   return std::span(image.SelCallCodeBlock.bytes).subspan(channel * CodeBytes, CodeBytes);
 }

@@ -69,7 +69,7 @@ inline constexpr std::array<FiveToneRow, 11> FiveToneStandardTable = {{
 void ApplySelCallText(RadioImage& image, std::size_t channel, Direction direction, std::string_view text);
 
 // "OFF", "Tone A", "Tone B" (TTS) or "OFF", "5T 1" … (5-tone). A TTS value above 2 reads as "Tone #" and its number.
-// Applying the text of a value that the group-call dialog does not offer leaves the stored bytes as they are.
+// Applying the text of a value that the group-call dialog does not offer leaves the stored bytes unchanged.
 [[nodiscard]] std::string GroupCallText(const RadioImage& image, std::size_t channel);
 void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view text);
 
@@ -77,7 +77,8 @@ void ApplyGroupCallText(RadioImage& image, std::size_t channel, std::string_view
 [[nodiscard]] TtsEntry ReadTtsEntry(const RadioImage& image, std::size_t entry);
 void WriteTtsEntry(RadioImage& image, std::size_t entry, const TtsEntry& values);
 
-// Tenths of a second as seconds with one decimal, and back; nullopt unless the text is a time of 0 to 25.5 s.
+// Convert tenths of a second to a text in seconds with one decimal, and back. nullopt unless the text is a time of 0 to
+// 25.5 s.
 [[nodiscard]] std::string TtsTimeText(std::uint8_t tenths, char decimalSeparator);
 [[nodiscard]] std::optional<std::uint8_t> TtsTime(std::string_view text, char decimalSeparator);
 

@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-// In 0.1 Hz. A record stores the position, from 1. The last entry is out of order in the radio too.
+// In 0.1 Hz. A record stores the position, from 1. The last entry is out of order, as in the radio.
 inline constexpr std::array<int, 39> CtcssToneTable = {670,  719,  744,  770,  797,  825,  854,  885,  915,  948,
                                                        974,  1000, 1035, 1072, 1109, 1148, 1188, 1230, 1273, 1318,
                                                        1365, 1413, 1462, 1514, 1567, 1622, 1679, 1738, 1799, 1862,

@@ -86,7 +86,7 @@ void ClearInfo(RadioImage& image) {
   image.EmbeddedInfoBlock = EmbeddedInfo{};
 }
 
-// So that a byte that no reply brings is not taken for the one that was written.
+// Makes sure that a byte without a reply is not mistaken for the written one.
 void InvertBytes(RadioImage& image) {
   for (const BlockPlace& place : RecordMap)
     for (std::uint8_t& byte : BlockBytes(image, place.block))
@@ -144,7 +144,7 @@ constexpr WriteCourse InfoWrite = {
 };
 // clang-format on
 
-// Tells a radio that may still be in the session that it is over.
+// Ends the session for a radio that may still be in it.
 ExchangeResult Close(SerialLine& line, Transfer transfer, Outcome outcome, const std::string& description = {}) {
   if (outcome == Outcome::Interrupted || outcome == Outcome::DisplayError || outcome == Outcome::BandDeclined) {
     line.ReopenPort();
@@ -154,7 +154,7 @@ ExchangeResult Close(SerialLine& line, Transfer transfer, Outcome outcome, const
   return {transfer, outcome, line.PortName(), description};
 }
 
-// After the last record: shows the end of the progress. False if the exchange could not be ended.
+// Called after the last record: shows the end of the progress. Returns false if the exchange could not be ended.
 bool ShowEnd(bool hasEnded, const ProgressScale& scale, SerialLine& line, ExchangeObserver& observer) {
   if (hasEnded) {
     observer.Progress(scale.atEnd);

@@ -1,5 +1,5 @@
-// The exchanges with the radio. Each opens the port, closes it and returns how it went. An observer shows the
-// progress; messages.h has the texts for the outcome.
+// The exchanges with the radio. Each opens the port, closes it and returns its outcome. An observer shows the progress.
+// messages.h has the texts for the outcome.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,7 @@ struct ExchangeResult {
   std::string systemDescription; // for PortNotOpened; empty if the port failed after it was opened
 };
 
-// Compares what says the band in two BandBlocks, or in one and the answer to a wake-up.
+// Compares the band in two BandBlocks, or in one and the answer to a wake-up.
 [[nodiscard]] bool IsSameBand(std::span<const std::uint8_t> a, std::span<const std::uint8_t> b);
 
 class ExchangeObserver {
@@ -46,22 +46,23 @@ public:
   virtual void Ended() {}
   // Whether to write to a radio whose band differs from the image's.
   [[nodiscard]] virtual bool AcceptsOtherBand() { return false; }
-  // All done, with the port still open. False if what was read can't be shown.
+  // Called at the end, while the port is still open. Returns false if the data can't be shown.
   [[nodiscard]] virtual bool Complete(Transfer /*transfer*/) { return true; }
 };
 
 [[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                        Speed speed = Speed::Prescribed);
 
-// Reads identity number, firmware version, write stamp and band only. Everything else is 0x00 then.
-// `tries` of the wake-up.
+// Reads only the identity number, firmware version, write stamp and band. Everything else becomes 0x00. `tries` of the
+// wake-up.
 [[nodiscard]] ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                           int tries = 4);
 
-// Replaces what a write sends, but for the write stamp, by what the radio holds.
+// Reads from the radio everything that a write sends, except the write stamp.
 [[nodiscard]] ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                       Speed speed = Speed::Prescribed);
-// The same, and in the same session identity number and firmware version: which radio it is that was read.
+// Like ReadBack, and in the same session also reads the identity number and firmware version, to know which radio it
+// is.
 [[nodiscard]] ExchangeResult ReadBackWithIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                                   Speed speed = Speed::Prescribed);
 

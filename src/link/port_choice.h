@@ -1,4 +1,4 @@
-// Which serial ports work and which one the port dialog preselects.
+// Tests the serial ports, and finds the one that the port dialog preselects.
 #pragma once
 
 #include <array>
@@ -8,12 +8,12 @@
 
 namespace mr4500x {
 
-// Opens and closes port `number`. The system's reason if it can't be opened.
+// Opens and closes port `number`. Returns the system's reason if it can't be opened.
 [[nodiscard]] std::optional<std::string> TestPort(SerialPort& port, int number);
 
 struct PortChoice {
-  std::array<std::optional<std::string>, PortCount> failures; // of COMn at n - 1: why it can't be chosen
-  // The port to use until the user chooses: CommPortNumber, else the lowest that works, 0 if none does.
+  std::array<std::optional<std::string>, PortCount> failures; // at n - 1: why COMn can't be chosen
+  // The port to use until the user chooses: CommPortNumber, or else the lowest that works, or 0 if there is none.
   int number = 0;
   int preselected = 1;
 };

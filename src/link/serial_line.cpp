@@ -32,7 +32,7 @@ std::optional<std::string> SerialLine::OpenPort() {
 }
 
 void SerialLine::ReopenPort() {
-  // If this fails, so does what follows; the failure to report is the one that came before.
+  // If this fails, the next step fails as well, and the earlier failure is the one to report.
   if (!m_port.IsOpen()) static_cast<void>(m_port.Open(RadioLine));
 }
 

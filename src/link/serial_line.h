@@ -27,11 +27,11 @@ inline constexpr Clock::Moment CharacterTime{1'000'000 * BitsPerCharacter(RadioL
 
 enum class Polled { Satisfied, TimedOut, PortFailed };
 
-// false and nullopt mean that the port has failed, unless a function says otherwise.
+// Unless a comment says otherwise, false and nullopt mean that the port has failed.
 class SerialLine {
 public:
   SerialLine(SerialPort& port, Clock& clock, int number);
-  // With another name in messages than "COMn".
+  // With a name for messages other than "COMn".
   SerialLine(SerialPort& port, Clock& clock, int number, std::string name);
 
   [[nodiscard]] const std::string& PortName() const { return m_name; }
@@ -48,17 +48,17 @@ public:
   // The two halves of Send, for work to be done while the bytes are being sent.
   [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes);
   [[nodiscard]] bool Drain();
-  // Until the hardware, too, has sent what the driver had.
+  // Waits until the hardware has also sent the driver's bytes.
   void AwaitSent() { m_port.AwaitSent(); }
 
-  // Looks for `count` bytes every 20 ms, at most `rounds` times. Waits the 20 ms after a successful look too.
+  // Checks for `count` bytes every 20 ms, at most `rounds` times. Also waits the 20 ms after a successful check.
   [[nodiscard]] Polled Poll(std::size_t count, int rounds);
-  // Returns as soon as they are there, and gives up when Poll would.
+  // Returns as soon as the bytes have arrived, and gives up when Poll would.
   [[nodiscard]] Polled Await(std::size_t count, int rounds);
   [[nodiscard]] std::optional<std::size_t> BytesWaiting() { return m_port.BytesReceived(); }
-  // All bytes waiting. Discards what arrives meanwhile.
+  // Takes all waiting bytes. Discards bytes that arrive in the meantime.
   [[nodiscard]] std::optional<LineBytes> Receive();
-  // Whether Receive has had any since the port was opened.
+  // Whether Receive has returned any bytes since the port was opened.
   [[nodiscard]] bool HasHeard() const { return m_hasHeard; }
 
   [[nodiscard]] bool DiscardInput() { return m_port.DiscardReceived(); }

@@ -12,7 +12,7 @@ constexpr Milliseconds BeforeRecords{20};
 constexpr Milliseconds QuietTime{20};
 constexpr int QuietRounds = 10;
 constexpr Milliseconds AfterQuickRecords{30}; // the end of a session can't be repeated
-constexpr Milliseconds AfterLeaving{20};      // for what an adapter still holds when the driver has nothing left
+constexpr Milliseconds AfterLeaving{20};      // for bytes that an adapter still holds when the driver's buffer is empty
 constexpr int RecordReplyRounds = 21;
 
 constexpr std::size_t RecordHeaderBytes = 4; // 57, address high, address low, count
@@ -46,14 +46,14 @@ std::optional<LineBytes> AwaitReply(SerialLine& line, std::size_t count, int rou
   return ReceiveReply(line, pause);
 }
 
-// What the radio answered, possibly no bytes. `answerBytes` end the tries.
+// The radio's answer, possibly empty. The tries end when `answerBytes` have arrived.
 std::optional<LineBytes> WakeUp(SerialLine& line, std::span<const std::uint8_t> word, int tries,
                                 std::size_t answerBytes, int rounds, Milliseconds afterAnswer) {
   for (int attempt = 0; attempt < tries; ++attempt) {
     if (!line.DiscardOutput() || !line.DiscardInput()) return std::nullopt;
     line.Wait(BeforeWakeUp);
     if (!line.Send(word) || line.Poll(answerBytes, rounds) == Polled::PortFailed) return std::nullopt;
-    // Look once more: an answer that arrives in the 20 ms of the last round counts.
+    // Check again: an answer that arrives in the 20 ms of the last round counts.
     const std::optional<std::size_t> waiting = line.BytesWaiting();
     if (!waiting) return std::nullopt;
     if (*waiting >= answerBytes) break;
@@ -85,7 +85,7 @@ std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t
   return data.first(reply[3]);
 }
 
-// Throws away what is left of a wrong answer, until nothing more arrives.
+// Discards the rest of a wrong answer, until nothing more arrives.
 bool AwaitQuiet(SerialLine& line) {
   std::optional<std::size_t> waiting = 1;
   for (int round = 0; round < QuietRounds && waiting.value_or(0) > 0; ++round) {
@@ -96,8 +96,8 @@ bool AwaitQuiet(SerialLine& line) {
   return waiting.has_value();
 }
 
-// Sends a frame and takes its answer as soon as that is whole: `count` bytes that begin with `start`. Empty, with the
-// line quiet again, for any other answer and for none.
+// Sends a frame and takes its answer as soon as it is complete: `count` bytes that begin with `start`. Returns nothing
+// for any other or a missing answer, after the line has become quiet.
 std::optional<LineBytes> AskQuickly(SerialLine& line, std::span<const std::uint8_t> frame, std::size_t count,
                                     std::span<const std::uint8_t> start, int rounds,
                                     const std::function<void()>& whileSending) {

@@ -14,11 +14,11 @@
 
 namespace mr4500x {
 
-// How the records follow each other. Quick: the next one goes out as soon as the last answer is whole. After the first
-// answer that is missing or wrong its record is repeated, and the rest is Prescribed, with its waits.
+// The pace of the records. Quick sends the next one as soon as the last answer is complete. If an answer is missing or
+// wrong, its record is repeated, and the rest is Prescribed, with its waits.
 enum class Speed : std::uint8_t { Prescribed, Quick };
 
-// Tries, 20 ms rounds and waits of a read.
+// The tries, 20 ms rounds and waits of a read.
 struct ReadPace {
   int tries; // of the wake-up
   int wakeUpRounds;
@@ -61,7 +61,8 @@ enum class Moved : std::uint8_t {
                                 const std::function<bool(std::span<const std::uint8_t>)>& take);
 // Stores a reply at the address that it carries. False if it does not fit there.
 [[nodiscard]] bool PlaceReply(RadioImage& image, std::span<const std::uint8_t> reply);
-// The same for write stamp and embedded information, at any address of their page. Ignores replies for other pages.
+// Stores a reply of the page with write stamp and embedded information, at any address. Ignores replies for other
+// pages.
 [[nodiscard]] bool PlaceInfoReply(RadioImage& image, std::span<const std::uint8_t> reply);
 
 // Call once before the first record. False if the port failed.
@@ -74,7 +75,7 @@ enum class Moved : std::uint8_t {
 [[nodiscard]] bool EndReading(SerialLine& line);
 // Ends a write. The radio answers with its status.
 [[nodiscard]] bool EndSession(SerialLine& line);
-// Ends a session that failed, before the port is closed. Whether that arrives makes no difference.
+// Ends a failed session before the port is closed. It does not matter whether the packet arrives.
 void LeaveSession(SerialLine& line);
 [[nodiscard]] bool AwaitGoodStatus(SerialLine& line, const WritePace& pace);
 

@@ -23,7 +23,7 @@ std::string Formatted(const char* format, Values... values) {
   return text.data();
 }
 
-// Of 57 hi lo 08 and what may follow: the address and its block.
+// The address and block of a frame that begins with 57 hi lo 08.
 std::string RecordOf(std::span<const std::uint8_t> frame) {
   if (frame.size() < 4 || frame[0] != FirstOfRecord || frame[1] >= MemoryPages) return "";
   const auto address = static_cast<std::uint16_t>(frame[1] << 8 | frame[2]);
@@ -46,7 +46,7 @@ std::optional<std::size_t> TracedPort::BytesReceived() {
   return count;
 }
 
-// Takes the bytes, in order to see them.
+// Takes the bytes out of the port to log them.
 bool TracedPort::DiscardReceived() {
   if (const auto bytes = m_port.TakeReceived()) NoteReceived(*bytes, "thrown away");
   return Checked(m_port.DiscardReceived());
@@ -69,7 +69,7 @@ void TracedPort::NoteReceived(std::span<const std::uint8_t> bytes, std::string_v
   if (!bytes.empty()) Note(seen, "radio", bytes, remark.empty() ? RecordOf(bytes) : remark);
 }
 
-// Flushed at once: the trace is wanted most where the program does not come to its end.
+// Flushed at once, because the trace is needed most when the program crashes.
 void TracedPort::Note(Clock::Moment moment, std::string_view direction, std::span<const std::uint8_t> bytes,
                       std::string_view remark) {
   if (!m_start) {

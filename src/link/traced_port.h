@@ -1,4 +1,4 @@
-// A serial port that notes what passes over another, one line a frame: when, from whom, its bytes, and which record.
+// A serial port that logs the traffic of another one, with one line per frame: time, sender, bytes and record.
 #pragma once
 
 #include <functional>
@@ -33,7 +33,7 @@ private:
   void Note(Clock::Moment moment, std::string_view direction, std::span<const std::uint8_t> bytes,
             std::string_view remark);
   void NoteReceived(std::span<const std::uint8_t> bytes, std::string_view remark = "");
-  // Notes a failure of the port, once.
+  // Logs a failure of the port, once.
   template<class Answer>
   [[nodiscard]] Answer Checked(Answer answer) {
     if (!answer && !std::exchange(m_hasFailed, true)) Note(m_clock.Now(), "", {}, "the port has failed");
@@ -45,7 +45,7 @@ private:
   std::function<LocalTime()> m_localNow;
   std::ostream& m_trace;
   std::optional<Clock::Moment> m_start; // of the first frame since the opening
-  std::optional<Clock::Moment> m_seen;  // when the bytes that wait were first seen
+  std::optional<Clock::Moment> m_seen;  // when the waiting bytes were first seen
   bool m_hasFailed = false;
 };
 

@@ -121,7 +121,7 @@ std::optional<Message> FailureOf(const ExchangeResult& result) {
 }
 
 Message KeptWorkQuestion(const KeptCopy& copy) {
-  std::string text = "Unsaved work was kept on " + copy.at + ". It came from " + copy.source + ". What differs:\n\n";
+  std::string text = "Unsaved work was kept on " + copy.at + ". It came from " + copy.source + ". Differences:\n\n";
   std::size_t end = 0;
   for (int line = 0; line < MostDifferencesShown && end < copy.differences.size(); ++line)
     end = std::min(copy.differences.find('\n', end), copy.differences.size() - 1) + 1;
@@ -133,7 +133,7 @@ Message KeptWorkQuestion(const KeptCopy& copy) {
 }
 
 Message UnreadableCopiesNotice(const std::vector<std::string>& paths) {
-  std::string text = "Unsaved work was kept, but can't be opened: it is damaged, or of a newer version.\n";
+  std::string text = "Unsaved work was kept, but can't be opened: it is damaged or was made by a newer version.\n";
   for (const std::string& path : paths)
     text += '\n' + path;
   return {Exclamation, "Unsaved Work", text};

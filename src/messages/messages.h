@@ -36,14 +36,14 @@ inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version 
 // Before data is saved or written whose unshown part was lost, and before such embedded information is written.
 inline const Message LostDataQuestion = {
     MessageIcon::Exclamation, "Data Lost",
-    "Reading or opening broke off. The editor still shows the settings, but what it doesn't show was lost. To get it "
-    "back, "
-    "answer No, then read the radio again or open the file again. Write sends no embedded information: the radio keeps "
-    "its own. Do you want to continue?"};
+    "The read was interrupted, or the file could not be opened. The editor still shows the settings, but data that it "
+    "doesn't show was lost. To get it back, answer No, then read the radio again or open the file again. Write sends "
+    "no "
+    "embedded information, so the radio keeps its own. Do you want to continue?"};
 inline const Message LostInfoQuestion = {
     MessageIcon::Exclamation, "Data Lost",
-    "Reading broke off, and the embedded information was lost. To get it back, answer No, then read it from the radio "
-    "again or enter it again. Do you want to write what is left of it?"};
+    "The read was interrupted, and the embedded information was lost. To get it back, answer No, then read it from the "
+    "radio again or enter it again. Do you want to write what is left of it?"};
 
 // The device of a port, or why the port can't be chosen and what to do about it. `device` is empty for none, `failure`
 // is the system's reason, `user` the program that uses the port, if that is known.

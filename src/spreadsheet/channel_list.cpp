@@ -51,7 +51,7 @@ private:
     m_list.hasHeading = CheckHeading(heading.line);
     const auto isZero = [&](const CsvRow& row) { return CellOf(row, m_number) == "0"; };
     m_base = m_isExchanged && std::ranges::any_of(lines, isZero) ? 0 : 1;
-    return m_list.hasHeading || (m_first && !m_isExchanged); // what else is wrong with a pasted text is told, too
+    return m_list.hasHeading || (m_first && !m_isExchanged); // otherwise report further errors of a pasted text
   }
 
   // Whether the first line is a heading, not a channel.
@@ -76,7 +76,7 @@ private:
       if (isNumbered || column.field != nullptr) m_columns.push_back(&column);
   }
 
-  // What a heading stands for; "" for nothing.
+  // The setting that a heading names, or "".
   [[nodiscard]] std::string_view KeyOf(std::size_t i) const {
     if (m_isExchanged) return IsExchangeColumn(m_names[i]) ? std::string_view(m_names[i]) : "";
     if (m_columns[i] == nullptr) return "";
@@ -107,7 +107,7 @@ private:
     return column < row.cells.size() ? OneLine(row.cells[column]) : "";
   }
 
-  // The number of the row's channel; nothing for one that is refused.
+  // The number of the row's channel, or nullopt if it is refused.
   std::optional<std::size_t> ChannelOf(const CsvRow& row) {
     const std::string cell = CellOf(row, m_number);
     const int number = ChannelNumberIn(cell).value_or(-1) + 1 - m_base;

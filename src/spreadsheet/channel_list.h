@@ -1,5 +1,5 @@
-// The channels as a table: written with the keys of their settings as headings, read with these or the window's
-// captions, or from the list that many radio programs exchange.
+// The channels as a table. It is written with the keys of the settings as headings, and read with these, with the
+// window's captions, or in the list format that many radio programs exchange.
 #pragma once
 
 #include "csv.h"
@@ -24,20 +24,20 @@ struct ChannelList {
   bool hasHeading = false; // else only a pasted text has rows
   std::vector<ChannelRow> rows;
   std::vector<RefusedCell> bad;     // their lines are not among the rows
-  std::vector<std::string> leftOut; // columns that a radio has nothing for
+  std::vector<std::string> leftOut; // columns that are ignored: the radio has no such setting
 };
-// Each line names its channel or, with `first`, they are for the channels from that one (1 to 16) on. Such a text may
-// go without a heading: its columns are those of the window then, with or without "CH No.". A cell that is empty leaves
-// its setting as it is, an empty line its channel. A line with a frequency puts its channel in use, unless the table
-// has a column for that.
+// Each line names its channel. With `first` (1 to 16) the lines are for the channels from that one on, and the heading
+// may be missing: the columns are then those of the window, with or without "CH No.". An empty cell leaves its setting
+// unchanged, an empty line its channel. A line with a frequency puts its channel in use, unless the table has a column
+// for that.
 [[nodiscard]] ChannelList ReadChannelList(std::string_view bytes, const FieldTexts& texts,
                                           std::optional<std::size_t> first = std::nullopt);
 [[nodiscard]] std::vector<GivenCell> CellsOf(const std::vector<ChannelRow>& rows);
 
-// The exchanged list: its heading has the columns Location and Frequency.
+// The exchange format, whose heading has the columns Location and Frequency.
 [[nodiscard]] bool IsExchangeList(const std::vector<std::string>& columns);
-[[nodiscard]] bool IsExchangeColumn(std::string_view column); // with a meaning for a radio
-// Appends a line, or what is wrong with it.
+[[nodiscard]] bool IsExchangeColumn(std::string_view column); // for a setting of the radio
+// Appends a line, or the reason why it is refused.
 void ReadExchangeLine(const std::vector<std::string>& columns, const CsvRow& row, std::size_t channel,
                       const FieldTexts& texts, ChannelList& list);
 

@@ -24,7 +24,7 @@ const std::vector<ChannelColumn>& OtherColumns() {
   return columns;
 }
 
-// The caption without its unit, the key in words ("rx tone"), and what "Band With" means.
+// Also accepts the caption without its unit, the key as words ("rx tone"), and the correct spelling of "Band With".
 bool IsMeant(const ChannelColumn& column, const std::string& wanted) {
   if (column.field == nullptr || column.isOpposite) return false;
   std::string words(column.field->key);
@@ -39,7 +39,8 @@ bool IsStepOrWidth(const Field& field) {
          field.place == FieldPlace(GridColumn::BandWidth);
 }
 
-// A tone as the list has it, from the words of other programs: "88.5", "D023N", "-D754". Any other text stays.
+// Converts the notation of other programs ("88.5", "D023N", "-D754") to a tone of the list. Any other text is
+// unchanged.
 std::string ToneMeant(const std::string& cell, char separator) {
   std::string text = Lower(cell);
   std::erase(text, ' ');

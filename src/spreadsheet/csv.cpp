@@ -16,7 +16,7 @@ namespace {
 constexpr std::string_view HardSpaces[] = {"\xC2\xA0", "\xE2\x80\xAF"}; // the usual and the narrow one
 constexpr std::size_t MostCharactersTold = 40;
 
-// The bytes of the blank or control character at the front, 0 for any other.
+// The length in bytes of a blank or control character at the front, or 0.
 std::size_t BlankAt(std::string_view text) {
   for (const std::string_view space : HardSpaces)
     if (text.starts_with(space)) return space.size();
@@ -37,7 +37,7 @@ std::string DecodedText(std::string_view bytes) {
   return ToUtf8(text);
 }
 
-// What a first line "sep=;" names. Removes that line, except its end.
+// The separator in a first line "sep=;". Removes that line, except its end.
 std::optional<char> TakeNamedSeparator(std::string_view& text) {
   constexpr std::string_view begin = "sep=";
   const std::string_view whole = text.substr(0, text.find_first_of("\r\n"));

@@ -1,5 +1,5 @@
-// From bytes to cells, as spreadsheets and text editors write them: comma-separated values after RFC 4180, with a
-// semicolon or a tab instead of the comma, in UTF-8 or UTF-16. What the cells mean is the matter of columns.h.
+// Reads cells from the bytes of a table: comma-separated values as in RFC 4180, also with a semicolon or a tab instead
+// of the comma, in UTF-8 or UTF-16. columns.h interprets the cells.
 #pragma once
 
 #include <cstddef>
@@ -12,29 +12,29 @@ namespace mr4500x {
 struct CsvRow {
   std::size_t line = 0;           // on which it begins, from 1
   std::vector<std::string> cells; // without the blanks around them
-  bool isWhole = true;            // false after a quote without its end, or with a text beside the quotes
-  std::size_t place = 0;          // among all rows from 0, the empty ones too
+  bool isWhole = true;            // false if a quote is not closed, or if there is text outside the quotes
+  std::size_t place = 0;          // among all rows, including empty ones, from 0
 };
 
-// Far more than a list of channels has; a longer one is refused at once.
+// Far more than any list of channels needs. A longer one is refused at once.
 inline constexpr std::size_t MostColumns = 100, MostRows = 1000;
 
 struct CsvTable {
   std::vector<CsvRow> rows;
 };
 
-// Leaves out empty lines and a byte order mark. Takes CR LF, LF and CR as the end of a line. The separator is what a
-// first line "sep=;" names; else the tab or the semicolon that the first line with a text has; else the comma, unless
-// that line is one heading of a setting or, where numbers have decimal commas, one number.
+// Skips empty lines and a byte order mark. Lines end with CR LF, LF or CR. The separator is the one in a first line
+// "sep=;", otherwise the tab or semicolon in the first line with text, otherwise the comma. If that line is a single
+// heading or, with a decimal comma in the locale, a single number, there is only one column.
 [[nodiscard]] CsvTable ReadCsv(std::string_view bytes, char decimalSeparator = '.');
 
-// A cell without line ends, with one blank for each run of blanks, hard spaces and control characters, and none at its
-// ends.
+// A cell on one line: each run of blanks, hard spaces, line ends and control characters becomes one blank, and blanks
+// at the ends are removed.
 [[nodiscard]] std::string OneLine(std::string_view cell);
-// A cell in a message: one line of not more than 40 characters and "...".
+// A cell for a message: one line of at most 40 characters and "...".
 [[nodiscard]] std::string Shortened(std::string_view cell);
 
-// One line with its end.
+// One line, with its line end.
 [[nodiscard]] std::string CsvLine(const std::vector<std::string>& cells);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// The list of channels that many radio programs exchange.
+// The list format that many radio programs exchange.
 #include "channel_list.h"
 #include "columns.h"
 #include "decimal.h"
@@ -15,7 +15,7 @@ constexpr std::array<std::string_view, 12> UsedColumns = {"Location",     "Frequ
                                                           "DtcsPolarity", "RxDtcsCode", "CrossMode", "Mode"};
 constexpr char Point = '.';
 
-// One line: from its cells to the settings of its channel.
+// Converts the cells of one line to settings of its channel.
 class Line {
 public:
   Line(const std::vector<std::string>& columns, const CsvRow& row, std::size_t channel, const FieldTexts& texts)
@@ -80,7 +80,8 @@ private:
       transmit = duplex == "split" ? *offset : *receive + (duplex == "+" ? *offset : -*offset);
     }
     if (!receive) return;
-    // The usual step where it holds both, then the other; each frequency its own where neither does.
+    // Prefers the usual step if both frequencies fit it, then the other one. If neither does, each frequency gets its
+    // own.
     const auto fits = [](TensOfHertz step, auto... frequencies) { return ((frequencies % step == 0) && ...); };
     const auto both = fits(625, *receive, *transmit) || !fits(250, *receive, *transmit);
     const auto stepOf = [&](TensOfHertz frequency) {
@@ -93,7 +94,7 @@ private:
     Set(Box::TxAllowed, duplex == "off" ? "false" : "true", "Duplex");
   }
 
-  // A text as the tone list has it, unless it is no number.
+  // The text of the tone list, unless the cell is not a number.
   [[nodiscard]] std::string Ctcss(const std::string& column) const {
     const auto hertz = ParseDecimal(Cell(column), Point);
     const bool isTone = hertz && hertz->digits > 0 && IsExact(*hertz, 1);

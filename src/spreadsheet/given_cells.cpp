@@ -8,7 +8,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::string_view YesOrNo = "yes or no"; // and, as programs write them, true or false
+constexpr std::string_view YesOrNo = "yes or no"; // also true or false, which other programs write
 
 std::string KnownHeadings() {
   std::string all;
@@ -45,14 +45,14 @@ std::string ReasonOf(const RefusedCell& refused) {
   case Refused::NoHeading:     return "no heading";
   case Refused::TooLarge:      return "more than " + std::to_string(MostColumns) + " columns or " +
                                       std::to_string(MostRows) + " lines";
-  case Refused::BrokenQuotes:  return "quotes that do not enclose a whole cell";
-  case Refused::UnknownHeading: return "none of these headings is known. Known are " + KnownHeadings() +
+  case Refused::BrokenQuotes:  return "quotes must enclose a whole cell";
+  case Refused::UnknownHeading: return "none of these headings is known. Known headings are " + KnownHeadings() +
                                        " and the identifiers of the settings (rx_freq)";
-  case Refused::UnknownColumn: return "no such column";
-  case Refused::ColumnTwice:   return "a column twice";
+  case Refused::UnknownColumn: return "unknown column";
+  case Refused::ColumnTwice:   return "this column occurs twice";
   case Refused::ColumnMissing: return "is missing";
-  case Refused::InNoColumn:    return "in no column";
-  case Refused::ChannelTwice:  return "a channel that a line above has";
+  case Refused::InNoColumn:    return "outside the columns";
+  case Refused::ChannelTwice:  return "a line above has the same channel";
   case Refused::NoSuchChannel: return "there are " + std::to_string(ChannelCount) + " channels";
   }
   // clang-format on

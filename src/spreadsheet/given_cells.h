@@ -1,5 +1,5 @@
-// What the cells of a table give, and which of them are refused. A refusal is a value, so that each user of a table can
-// say where the cell is in its own words; the reason has the same words everywhere.
+// Applies the cells of a table and returns the refused ones. A refusal is a value, so each caller can describe the
+// position in its own words. The reason has the same words everywhere.
 #pragma once
 
 #include "changes.h"
@@ -40,12 +40,12 @@ struct RefusedCell {
   bool operator==(const RefusedCell&) const = default;
 };
 
-// "allowed: 440 to 469.99375 MHz", "no such column".
+// "allowed: 440 to 469.99375 MHz", "unknown column".
 [[nodiscard]] std::string ReasonOf(const RefusedCell& refused);
 // "3: rx_freq=500: allowed: 440 to 469.99375 MHz" for each, in the order of the lines.
 [[nodiscard]] std::vector<std::string> TextsOf(std::vector<RefusedCell> refused);
 
-// Gives the settings their values as ApplyChanges does, all or none. Returns the cells that are refused.
+// Sets the values as ApplyChanges does, all or none. Returns the refused cells.
 [[nodiscard]] std::vector<RefusedCell> ApplyCells(RadioImage& image, const std::vector<GivenCell>& cells,
                                                   const FieldTexts& texts);
 [[nodiscard]] std::vector<RefusedCell> ApplyCells(Configuration& configuration, const std::vector<GivenCell>& cells,

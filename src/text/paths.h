@@ -1,5 +1,5 @@
-// Paths of the standard library from and to UTF-8. Its own constructor takes narrow text for another encoding on some
-// systems.
+// Converts paths of the standard library from and to UTF-8. On some systems the library's own constructor assumes
+// another encoding.
 #pragma once
 
 #include <filesystem>

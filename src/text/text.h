@@ -1,5 +1,5 @@
-// Text in ASCII, alike in every locale: digits, blanks, case, hexadecimal numbers and the time stamp. utf8.h has the
-// rest of Unicode.
+// ASCII texts, independent of the locale: digits, blanks, case, hexadecimal numbers and the time stamp. utf8.h handles
+// the rest of Unicode.
 #pragma once
 
 #include <array>
@@ -18,7 +18,7 @@ constexpr bool IsDigit(char c) {
 }
 
 inline constexpr std::string_view Blanks = " \t";
-// Without the blanks at both ends, or at the end alone.
+// Trim blanks at both ends, or only at the end.
 [[nodiscard]] std::string_view Trimmed(std::string_view text, std::string_view blanks = Blanks);
 [[nodiscard]] std::string_view TrimmedAtEnd(std::string_view text, std::string_view blanks = Blanks);
 
@@ -31,7 +31,7 @@ inline constexpr std::string_view HexSymbols = "0123456789ABCDEF";
 constexpr char HexDigit(int nibble) {
   return HexSymbols[nibble & 0x0F];
 }
-// Exactly so many hexadecimal digits after a prefix; nullopt for any other text.
+// Reads exactly `digits` hexadecimal digits after a prefix. nullopt for any other text.
 template<std::size_t Count>
 std::optional<std::array<std::uint8_t, Count>> HexDigitsAfter(std::string_view text, std::string_view prefix) {
   if (!text.starts_with(prefix) || text.size() != prefix.size() + Count) return std::nullopt;
@@ -44,7 +44,7 @@ std::optional<std::array<std::uint8_t, Count>> HexDigitsAfter(std::string_view t
   return digits;
 }
 
-// A number in 16 lower-case hexadecimal digits, for the names of files; and whether a text is one.
+// A number as 16 lower-case hexadecimal digits, for file names, and whether a text is such a number.
 [[nodiscard]] std::string HexText(std::uint64_t number);
 [[nodiscard]] bool IsHexText(std::string_view text);
 

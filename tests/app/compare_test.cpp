@@ -70,7 +70,7 @@ struct CompareTest : ProgramTest {
   QPoint Middle(int row, int column) { return table->visualRect(table->model()->index(row, column)).center(); }
 
   QTableView* table = nullptr;
-  const std::string nothing = "Nothing was changed. These values can't be taken:\n\n";
+  const std::string nothing = "Nothing was changed. These values are not allowed:\n\n";
   const std::string refused = "!|Compare with File|" + nothing, refusedImport = "!|Import Channels|" + nothing;
 };
 
@@ -232,9 +232,10 @@ TEST_F(CompareTest, FollowsTheFileAndTakesNothingThatTheListDoesNotShow) {
     PutDataFile(frequency);
   }
   const std::string row = "Channels|CH1 Rx Freq|440.00000|", first = row + "441.00000\n", second = row + "442.00000\n";
-  const std::string changed = "The file has changed. Nothing was taken: look at the new list first.";
-  const std::string lost = "The file is gone or damaged, or can't be read. The list tells what it held; nothing can be "
-                           "taken.";
+  const std::string changed = "The file has changed. Nothing was taken. Check the new list first.";
+  const std::string lost =
+      "The file is missing, damaged or unreadable. The list shows its last content, and no value can "
+      "be taken.";
   // what the file becomes, the rows of it, and what Enter tells
   const std::tuple<const char*, std::string, std::string> cases[] = {
       {"442.00000", second, changed}, {"same.K4X", "", changed}, {"short.K4X", first, lost},
@@ -311,7 +312,7 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
       {"a.CSV", "number,rx_freq,rx_step\n3,445.0025,2.5\n4,446,\n", "445.00250 2.5", "Channels imported: 2"},
       {"", "number;rx_freq\n3;445,5\n", "445.50000 6.25", "Channels imported: 1"},
       {"b.csv", "Location,Name,Frequency,Power\n3,Gate,446,1\n", "446.00000 6.25",
-       "i" + title + "The channels were imported, but a radio has nothing for these columns:\n\nName\nPower"},
+       "i" + title + "The channels were imported, but the radio has no settings for these columns:\n\nName\nPower"},
       {"c.csv", "number,rx_freq,tail_cut\n17,,\n3,445.5,\n4,500,maybe\n", "440.00000 6.25",
        refusedImport + "Line 2: number=17: allowed: 1 to 16\nLine 4: rx_freq=500: allowed: 440 to 469.99375 MHz\n"
                        "Line 4: tail_cut=maybe: allowed: one of OFF"},

@@ -36,7 +36,7 @@ protected:
   }
   std::string Question(const std::string& source) {
     return "!|Unsaved Work|Unsaved work was kept on 2004-11-04 09:05:07. It came from " + source +
-           ". What differs:\n\nEmerge ANI: ---------------- -> 4711\n\nDo you want to open it?|YN";
+           ". Differences:\n\nEmerge ANI: ---------------- -> 4711\n\nDo you want to open it?|YN";
   }
 };
 
@@ -172,7 +172,8 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
     desk.answers = {Answer::Yes};
     desk.paths = {Path("a.K4X")};
     EXPECT_TRUE(window->OpenLeftWork());
-    EXPECT_NE(Happened().back().find("differs:\n\nEmbedded Information: \"\" -> \"Fleet 7\"\n\nDo"), std::string::npos);
+    EXPECT_NE(Happened().back().find("Differences:\n\nEmbedded Information: \"\" -> \"Fleet 7\"\n\nDo"),
+              std::string::npos);
     EXPECT_EQ(EmbeddedText(window->Image().EmbeddedInfoBlock), u"Fleet\r\n7");
   }
   Choose("mnuFileSave");
@@ -232,9 +233,10 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)) << "kept before the transfer";
   desk.happened.clear();
   const std::string lost =
-      "!|Data Lost|Reading or opening broke off. The editor still shows the settings, but what it doesn't show was "
-      "lost. To get it back, answer No, then read the radio again or open the file again. Write sends no embedded "
-      "information: the radio keeps its own. Do you want to continue?|YN";
+      "!|Data Lost|The read was interrupted, or the file could not be opened. The editor still shows the settings, but "
+      "data that it doesn't show was lost. To get it back, answer No, then read the radio again or open the file "
+      "again. "
+      "Write sends no embedded information, so the radio keeps its own. Do you want to continue?|YN";
   for (const char* command : {"mnuFileSave", "mnuFileSaveAs", "mnuProgramWrite"}) {
     SCOPED_TRACE(command);
     desk.answers = {Answer::No};
@@ -246,7 +248,8 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   }
   desk.answers = {Answer::No};
   Choose("mnuEmbedWrite");
-  EXPECT_TRUE(Happened().at(0).starts_with("!|Data Lost|Reading broke off, and the embedded information was lost."));
+  EXPECT_TRUE(
+      Happened().at(0).starts_with("!|Data Lost|The read was interrupted, and the embedded information was lost."));
   Edit();
   desk.answers = {Answer::No};
   desk.paths = {Path("a.K4X")};
@@ -272,9 +275,10 @@ TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {
   desk.happened.clear();
   EXPECT_FALSE(window->OpenLeftWork());
   ASSERT_EQ(Kept("20").size(), 1U);
-  EXPECT_EQ(Happened(), Lines{"!|Unsaved Work|Unsaved work was kept, but can't be opened: it is damaged, or of a newer "
-                              "version.\n\n" +
-                              Path("kept/" + Kept("20").front())});
+  EXPECT_EQ(Happened(),
+            Lines{"!|Unsaved Work|Unsaved work was kept, but can't be opened: it is damaged or was made by a newer "
+                  "version.\n\n" +
+                  Path("kept/" + Kept("20").front())});
   EXPECT_FALSE(window->OpenLeftWork());
   EXPECT_EQ(Happened(), Lines());
 }

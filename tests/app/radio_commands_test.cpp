@@ -89,11 +89,12 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
   const std::string backup = Path("backup/7777777777777777_20041104_090507.K4X");
   const std::string written = "Write Complete|" + CompletionOf(Transfer::Write).text,
-                    same = "COM3 holds what was written.", title(ProgramTitle),
-                    differs = "!|Verify after Writing|COM3 does not hold what was written. Write it again. What "
-                              "differs:\n\nDigit Time: 50ms -> {\"code\": 4}",
-                    taken = "!|Back Up before Writing|No backup can be kept in " + Path("") +
-                            "/backup (File exists). Nothing has been written.";
+                    same = "The radio on COM3 matches what was written.", title(ProgramTitle),
+                    differs =
+                        "!|Verify after Writing|The radio on COM3 does not match what was written. Write it again. "
+                        "Differences:\n\nDigit Time: 50ms -> {\"code\": 4}",
+                    taken = "!|Back Up before Writing|The backup could not be saved in " + Path("") +
+                            "/backup (File exists). Nothing was written.";
   // name, what is ticked or not any longer, what the radio changes after the write, sessions, told, status
   const std::tuple<const char*, Lines, std::uint8_t, std::size_t, Lines, std::string> cases[] = {
       {"at first", {}, 0, 1, {written}, title},

@@ -114,7 +114,7 @@ TEST_F(WindowCommandsTest, HasHelpAtEachSettingWithItsFirstValue) {
     EXPECT_LE(lines.count('\n'), 2) << name;
     EXPECT_TRUE(tips.contains(lines)) << name << " shows no help";
     if (field.place == FieldPlace(Box::InUse) || field.place == FieldPlace(Box::TxAllowed)) continue; // ticks for a no
-    EXPECT_TRUE(lines.contains("At first: " + value)) << name << ": " << lines.toStdString();
+    EXPECT_TRUE(lines.contains("Default: " + value)) << name << ": " << lines.toStdString();
   }
 }
 

@@ -65,15 +65,15 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
   } rows[] = {
       {"read PORT COPY --quick --trace TRACE", readBegins, "PORT has been read into COPY.\n", 1, 0},
       {"write FILE PORT --quick --trace TRACE", writeBegins, "FILE has been written to PORT.\n", 0, 1},
-      {"write FILE PORT --quick --trace TRACE --backup KEPT", readBegins, ": asked to end. Nothing has been written.\n",
-       1, 0},
+      {"write FILE PORT --quick --trace TRACE --backup KEPT", readBegins, ": interrupted. Nothing was written.\n", 1,
+       0},
       {"write FILE PORT --quick --trace TRACE --verify", writeBegins,
-       "FILE has been written to PORT, but not read back: asked to end.\n", 0, 1},
+       "FILE has been written to PORT, but not read back: interrupted.\n", 0, 1},
       {"fleet FILE --quick --ports PORT --count 2 --journal KEPT >TRACE", "writing\n",
        "LR7200-000004217: verified; unplug the radio\n", 0, 0},
       {"fleet FILE --quick --ports PORT --journal KEPT >TRACE", "backing up the radio\n",
        "LR7200-000004217: failed; unplug the radio: stopped before the write;", 0, 0},
-      {"diff FILE PORT --trace TRACE", readBegins, "PORT: asked to end. Nothing has been compared.\n", 1,
+      {"diff FILE PORT --trace TRACE", readBegins, "PORT: interrupted. Nothing was compared.\n", 1,
        0}, // takes its time: once
   };
   struct Running {
@@ -91,7 +91,8 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
     };
     for (const auto& row : std::span(rows).first(std::size(rows) - (signal == SIGINT ? 0 : 1))) {
       const std::string number = std::to_string(signal) + '-' + std::to_string(all.size());
-      StartRadio(row.begun.starts_with("reading") ? " --pace 9600" : "", "memory" + number); // else it is over at once
+      StartRadio(row.begun.starts_with("backing up") ? " --pace 9600" : "",
+                 "memory" + number); // else it is over at once
       all.push_back({{}, number, port});
       all.back().process = Start(MR4500X_CLI " " + filledIn(row.arguments, all.back()) + " 2>&1");
     }

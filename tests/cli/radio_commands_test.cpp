@@ -120,7 +120,7 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   radio.memory[0x3F7] = 0x00;
   using Spoil = void (*)(LineBytes & reply);
   const std::tuple<const char*, Spoil, const char*> bandRecords[] = {
-      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; }, "COM3 does not hold"},
+      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; }, "COM3 does not match"},
       {"of more bytes than there are", [](LineBytes& reply) { reply[3] = 9; }, "COM3: Read data error"},
       {"of no bytes", [](LineBytes& reply) { reply.clear(); }, "COM3: Reading is interrupted"},
   };

@@ -157,7 +157,7 @@ TEST_F(SettingCommandsTest, ImportsAllChannelsOrTheGoodOnes) {
   EXPECT_EQ(import(false) + Diff(), "");
   EXPECT_EQ(exportTo(Path("no/list.csv")), Path("no/list.csv: can't be written (No such file or directory)\nstatus 1"));
   Put("list.csv", "Location,Name,Frequency\n1,A,446.1\n");
-  EXPECT_EQ(import(false), list + ": Name: left out; a radio has nothing for it\n");
+  EXPECT_EQ(import(false), list + ": Name: column ignored; the radio has no such setting\n");
   Put("list.csv", "A,B\n1,2\n");
   EXPECT_TRUE(import(true).starts_with(list + ":1: none of these headings is known"));
 }

@@ -13,7 +13,7 @@ constexpr char Heading[] =
     "CH No.\tRx Freq (MHz)\tStep (kHz)\tRx CTC/DCS\tRx SelCall\tCombo_Signaling\tTail Cut\t"
     "Tx Freq (MHz)\tStep (kHz)\tTx CTC/DCS\tTx SelCall\tHigh Tx Power\tPTT ID Enable\tBand With\t"
     "Group Call\tNo CH\tNo Tx\n";
-constexpr char Refused[] = "Nothing was changed. These values can't be taken:\n";
+constexpr char Refused[] = "Nothing was changed. These values are not allowed:\n";
 
 struct CommandsTest : ChannelTest {
   void Key(int key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&grid, Qt::Key(key), modifiers); }

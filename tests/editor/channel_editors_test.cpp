@@ -97,7 +97,7 @@ TEST_F(CommaTest, TellsWhereAFrequencyIsMovedAndWhatIsDropped) {
                 "446.1",
                 "",
                 "469,99375",
-                {"\".\" was dropped: the decimal sign is \",\".", "4461 moved to 469,99375 MHz"}},
+                {"\".\" was ignored: the decimal separator is \",\".", "4461 moved to 469,99375 MHz"}},
                {"pasted with the other sign", "", "446.1", "446,10000", {}}};
   for (const auto& [name, typed, pasted, stored, expected] : cases) {
     Click(6, 1);

@@ -39,7 +39,7 @@ TEST(ChannelTextTest, TakesOrRefusesWhatTheFileSays) {
 }
 
 TEST(ChannelTextTest, AHeadingWithoutAKnownColumnIsOneRefusalThatNamesTheKnownOnes) {
-  const std::string known = "none of these headings is known. Known are CH No., Rx Freq (MHz), ";
+  const std::string known = "none of these headings is known. Known headings are CH No., Rx Freq (MHz), ";
   EXPECT_TRUE(Pasted("Name\tFreq\tOffset\nA\t441\t442\nB\t441\t442\n", '.').starts_with(known));
   EXPECT_EQ(Pasted("Name\tFreq\nA\t441\n", '.').find('|'), std::string::npos);
   const ChannelList list = ReadChannelList("Nummer;Freq\n1;441\n", BuildFieldTexts('.'));

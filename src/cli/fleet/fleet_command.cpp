@@ -40,7 +40,7 @@ bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& p
   if (path.empty() || path == Stream) return true;
   if (!IsNeeded(choice, path) && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path))
     return true;
-  terminal.err << path << ": no table can be written here\n";
+  terminal.err << path << ": can't be written\n";
   return false;
 }
 

@@ -3,7 +3,6 @@
 namespace mr4500x {
 
 // What mr4500x-cli says about the fleet command, which another program runs.
-inline constexpr char FleetSummary[] =
-    "Program one radio after the other at several ports, each with its row of a plan";
+inline constexpr char FleetSummary[] = "Program many radios on several ports, each with its row of a plan";
 
 } // namespace mr4500x

@@ -20,7 +20,7 @@ namespace {
 
 std::string PortProblem(const std::string& text) {
   if (text == "all" || ParsePortAddress(text)) return "";
-  return text + " is no port: a number 1 to 16, the path of a device, or all.";
+  return text + " is not a port: use a number from 1 to 16, the path of a device, or all.";
 }
 
 // Calls one of the functions at the end of the parsing.
@@ -28,35 +28,35 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
              const std::function<void()>& onJournal) {
   FleetChoice& choice = arguments.choice;
   CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
-  CLI::App* const journal = fleet->add_subcommand("journal", "List what the journal holds");
+  CLI::App* const journal = fleet->add_subcommand("journal", "List the journal");
   const auto option = [](CLI::App* sub, const char* name, auto& value, const char* type, const char* about) {
     return sub->add_option(name, value, about)->type_name(type);
   };
   const auto address = "the file of the journal, or postgresql://user@host:port/database";
 
-  option(fleet, "TEMPLATE", choice.templateFile, "", "data file (.K4X) with what all radios get");
+  option(fleet, "TEMPLATE", choice.templateFile, "", "data file (.K4X) with the configuration for all radios");
   option(fleet, "--rows", choice.rowsFile, "R.csv",
          "a row for each radio: columns are settings (see fields), embedded_info, radio and label");
   option(fleet, "--ports", arguments.ports, "PORTS", "ports, separated by commas; all: COM1 to COM16 with a device")
       ->delimiter(',')
       ->allow_extra_args(false) // TEMPLATE may follow
       ->check(PortProblem);
-  option(fleet, "--count", choice.count, "N", "end after so many radios")
+  option(fleet, "--count", choice.count, "N", "stop after this number of radios")
       ->check(CLI::Range(1, std::numeric_limits<int>::max()));
   option(fleet, "--journal", choice.journal, "URL", address);
   option(fleet, "--backup", choice.backupFolder, "FOLDER",
-         "where the radios' old configurations are kept; else backups, beside TEMPLATE");
+         "folder for the radios' old configurations; default: backups, beside TEMPLATE");
   fleet->add_flag("--quick", choice.isQuick, "leave out the pauses between records, until the radio needs them");
-  fleet->add_flag("--accept-band", choice.acceptsOtherBand, "write radios of another frequency band, too");
+  fleet->add_flag("--accept-band", choice.acceptsOtherBand, "also write radios with another frequency band");
   fleet->add_flag("--compare-done", choice.comparesDone,
-                  "compare all that radios hold that are done, not only their time of programming");
+                  "compare the whole content of radios that are done, not only their programming time");
   fleet->add_flag("--rewrite-done", choice.rewritesDone,
-                  "write radios again that are done, but hold something else; otherwise they are set aside");
-  option(fleet, "--operator", choice.operatorName, "NAME", "who is at the bench, for the journal");
+                  "rewrite radios that are done but have changed since; otherwise they are set aside");
+  option(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
   option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
   fleet->add_flag(
       "--dry-run", arguments.isDryRun,
-      "check TEMPLATE and its rows, and count what the journal has of them; needs no ports and changes nothing");
+      "check TEMPLATE and the rows, and count their states in the journal; needs no ports and changes nothing");
   fleet->final_callback([&arguments, journal, onFleet] {
     if (journal->parsed()) return;
     if (arguments.choice.templateFile.empty()) throw CLI::RequiredError("TEMPLATE");

@@ -178,7 +178,7 @@ void ChannelFrame::EntryTaken(const QString& typed, const QString& taken) {
 }
 
 void ChannelFrame::TellOfDropped(char sign) {
-  Tell(tr("\"%1\" was dropped: the decimal sign is \"%2\".")
+  Tell(tr("\"%1\" was ignored: the decimal separator is \"%2\".")
            .arg(QLatin1Char(sign))
            .arg(QLatin1Char(m_texts.decimalSeparator)));
 }
