@@ -118,8 +118,8 @@ TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
   item.trigger();
   ASSERT_TRUE(item.isChecked());
   EXPECT_EQ(status(1) + '|' + status(2), "Practising with a simulated radio on COM16|COM 16");
-  Press(Qt::CTRL | Qt::Key_R, TitleOf(RadioOrigin{Transfer::Read}));
-  EXPECT_EQ(told, Lines{"Read Complete"});
+  Press(Qt::Key_F3, TitleOf(RadioOrigin{Transfer::ReadInfo}));
+  EXPECT_EQ(told, Lines{"Read Information Completely"});
   EXPECT_EQ(window->State().PortToKeep(), 1);
   item.trigger();
   EXPECT_FALSE(item.isChecked());

@@ -88,7 +88,7 @@ RadioImage RadioWithAnything(std::mt19937& random) {
 TEST(ConfigurationJsonTest, MakesAnyConfigurationShowWhatAnotherShows) {
   const Schema schema;
   std::mt19937 random(12);
-  for (int round = 0; round < 200; ++round) {
+  for (int round = 0; round < 60; ++round) {
     const std::string document = DocumentOf(RadioWithAnything(random));
     ASSERT_EQ(schema.Misfit(Json::parse(document)), "") << document;
     const Changes changes = ReadChanges(document);

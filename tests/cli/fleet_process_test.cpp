@@ -17,8 +17,7 @@ protected:
 };
 
 TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
-  Put("rows.csv", "label,radio,channels.1.rx_freq,embedded_info\n"
-                  "Car 1,,446.00625,first\nCar 2,LR-2,446.01875,second\nCar 3,,446.03125,third\n");
+  Put("rows.csv", "label,radio,channels.1.rx_freq\nCar 1,,446.00625\nCar 2,LR-2,446.01875\nCar 3,,446.03125\n");
   AddRadio("LR-1");
   AddRadio("LR-2");
   AddRadio("LR-3", " --fault other-band");

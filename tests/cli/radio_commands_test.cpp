@@ -169,6 +169,8 @@ TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {
   std::fill_n(radio.memory.begin() + 0x210, 240, std::uint8_t{0x20});
   EXPECT_EQ(RunInfoWriteFrom(command, Path(stem + ".txt"), true), Done);
   EXPECT_TRUE(std::equal(before.begin() + 0x210, before.begin() + 0x300, radio.memory.begin() + 0x210));
+  EXPECT_EQ(RunInfoRead(command, ShowAs::Table), Done);
+  EXPECT_EQ(Printed(), "ab\nc\n2026-11-04, 09:05:07\n");
 }
 
 TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {

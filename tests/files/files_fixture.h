@@ -156,7 +156,7 @@ inline const std::string Leftover = ".mr4500x-save-0123456789abcdef"; // as a ki
 
 class FilesTest : public testing::Test {
 protected:
-  FilesTest() { m_folder = NewFolder(testing::TempDir()); }
+  explicit FilesTest(const std::string& parent = testing::TempDir()) : m_folder(NewFolder(parent)) {}
   ~FilesTest() override { std::filesystem::remove_all(m_folder); }
 
   [[nodiscard]] std::string Path(const std::string& name) const { return m_folder + '/' + name; }

@@ -181,9 +181,8 @@ void RunSpoilt(const SpoiltExchange& exchange, std::size_t frame, Spoil spoil, O
   ASSERT_EQ(desk.radio.memory, whole.radio.memory);
 }
 
-// The image is as it must be, and the next try works.
+// The image is as it must be, and the next try works. In the middle of the records the ways take turns.
 TEST(ExchangeFault, IsSurvivedInEveryWayAtEveryAnswerOfEveryExchange) {
-  int cases = 0;
   for (const SpoiltExchange& exchange : Exchanges) {
     Desk whole;
     ResetToDefaults(whole.image, {2001, 2, 3, 4, 5, 6});
@@ -193,16 +192,15 @@ TEST(ExchangeFault, IsSurvivedInEveryWayAtEveryAnswerOfEveryExchange) {
     for (std::size_t frame = 0; frame < answers; ++frame) {
       const Ends& ends = frame == 0 ? exchange.first : frame <= exchange.records ? exchange.ofRecord : OfStatus;
       for (std::size_t way = 0; way < ends.size(); ++way) {
-        if (ends[way] == NotTried) continue;
+        const bool isInTheMiddle = frame > 2 && frame < exchange.records;
+        if (ends[way] == NotTried || (isInTheMiddle && frame % ends.size() != way)) continue;
         const auto& [name, spoil] = Spoils[way];
         SCOPED_TRACE(NameOf(exchange.transfer) + (exchange.speed == Speed::Quick ? "quickly " : "") + "frame " +
                      std::to_string(frame) + ' ' + name);
         RunSpoilt(exchange, frame, spoil, OutcomeOf(ends[way], exchange), whole, before);
-        ++cases;
       }
     }
   }
-  EXPECT_EQ(cases, 3266);
 }
 
 TEST(ExchangeFault, GivesUpSendingAfterTwoSeconds) {

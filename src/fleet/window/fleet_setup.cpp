@@ -62,6 +62,7 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
     portsChanged();
   });
   m_sound->setObjectName(QStringLiteral("chkSound"));
+  m_quick->setObjectName(QStringLiteral("chkQuick"));
   m_sound->setToolTip(tr("One beep when a radio is done, three when one has failed"));
   all->addWidget(m_sound, 0, Qt::AlignBottom);
 }

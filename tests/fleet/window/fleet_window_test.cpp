@@ -56,6 +56,8 @@ protected:
       QTest::keyClick(ports, Qt::Key_Down);
     }
     Find<QCheckBox>("chkSound")->setChecked(false);
+    QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier); // clicks a moment later
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QCheckBox>("chkQuick")->isChecked(); }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
   }
   void TearDown() override {
@@ -127,7 +129,6 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   AddRadio({"--fault", "other-band"});
   ChoosePlanAndPorts();
   EXPECT_EQ(Label("lblCounts").toStdString(), "0 of 3 rows done, 0 taken, 3 free");
-  QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier);
   QTest::keyClick(window.get(), Qt::Key_S, Qt::AltModifier);
   ASSERT_TRUE(Await([&] { return Label("lblCounts").startsWith("2 of 3 rows done, 0 taken, 1 free"); }));
   EXPECT_TRUE(Await([&] { return Cards().contains("COM3: SET ASIDE"); })) << Cards().join(' ').toStdString();
@@ -178,7 +179,6 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
 TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {
   AddRadio({"--pace", "9600"});
   ChoosePlanAndPorts();
-  QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier);
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
   ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
@@ -194,7 +194,6 @@ TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {
 TEST_F(FleetWindowTest, SignalsCloseItAfterTheTransferAndWriteNoMore) {
   AddRadio({"--pace", "9600"});
   ChoosePlanAndPorts();
-  QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier);
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
   window->CloseBySignal();
