@@ -46,7 +46,7 @@ std::optional<Message> MessageOf(Transfer transfer, Outcome outcome) {
   return row != std::end(Rows) ? std::optional(row->message) : std::nullopt;
 }
 
-// Why nothing was loaded, where the message does not say it.
+// The reason why nothing was loaded, if the message does not contain it.
 std::string ReasonFor(const LoadResult& result) {
   if (result.outcome != LoadOutcome::Missing && result.outcome != LoadOutcome::Damaged) return "";
   if (result.damagedItem == 0) return " (" + result.systemReason + ')';

@@ -21,19 +21,19 @@ enum class SaveCommand : std::uint8_t { Save, SaveAs };
 inline const Message NewVersionNotice = {MessageIcon::Exclamation, "New Version File",
                                          "This software version isn't applied to the radio, please use new software."};
 [[nodiscard]] std::optional<Message> MessageFor(LoadOutcome outcome); // nullopt for Loaded
-// The same with the reason, each in one line.
+// The messages with their reasons, one per line.
 [[nodiscard]] std::vector<std::string> LinesFor(const LoadResult& result);
 [[nodiscard]] std::string LineFor(const TextInput& input); // "" if it was read
 [[nodiscard]] Message MessageForFailed(SaveCommand command);
 
-// About a copy that an earlier window left unsaved.
+// Offers a copy of unsaved work that an earlier window has left.
 [[nodiscard]] Message KeptWorkQuestion(const KeptCopy& copy);
-// About copies that were left and can't be opened. Where they are.
+// Lists the paths of copies that can't be opened.
 [[nodiscard]] Message UnreadableCopiesNotice(const std::vector<std::string>& paths);
 [[nodiscard]] Message OpenTwiceNotice(const std::string& path);
 [[nodiscard]] Message OtherDriveQuestion(const std::string& path);
 [[nodiscard]] Message ChangedFileQuestion(const std::string& path);
-// Before data is saved or written whose unshown part was lost, and before such embedded information is written.
+// Shown before saving or writing data whose hidden part was lost, and before writing such embedded information.
 inline const Message LostDataQuestion = {
     MessageIcon::Exclamation, "Data Lost",
     "The read was interrupted, or the file could not be opened. The editor still shows the settings, but data that it "
@@ -45,8 +45,8 @@ inline const Message LostInfoQuestion = {
     "The read was interrupted, and the embedded information was lost. To get it back, answer No, then read it from the "
     "radio again or enter it again. Do you want to write what is left of it?"};
 
-// The device of a port, or why the port can't be chosen and what to do about it. `device` is empty for none, `failure`
-// is the system's reason, `user` the program that uses the port, if that is known.
+// The device of a port, or the reason why the port can't be chosen and what to do. `device` is empty if there is none,
+// `failure` is the system's reason, and `user` is the program that uses the port, if known.
 [[nodiscard]] std::string PortHint(const std::string& device, const std::optional<std::string>& failure,
                                    const std::string& user);
 

@@ -89,7 +89,7 @@ void AddItem(ReportPage& page, const SettingText& item, double labelX, double va
   page.texts.push_back({valueX, y, SmallBold, item.value});
 }
 
-// Below the last channel line's text, or higher where the page has no room, but below the line's upper edge.
+// Below the text of the last channel line. Higher if the page has no room, but below the upper edge of that line.
 void AddSettings(ReportPage& page, const ReportTexts& texts, const PageSetting& setting) {
   const std::size_t first = page.texts.size();
   const double lineHeight = setting.measure.TextHeight(SmallBold);

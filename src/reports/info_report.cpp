@@ -20,7 +20,7 @@ std::u16string_view TakeCharacter(std::u16string_view& text) {
   return character;
 }
 
-// Drops zero characters, so that a text of nothing else counts as empty, and blanks at the ends.
+// Removes blanks at the ends, and zero characters, so that a text of only zeros counts as empty.
 std::u16string PrintableText(std::u16string_view text) {
   std::u16string printable;
   for (const char16_t unit : text)
@@ -30,7 +30,7 @@ std::u16string PrintableText(std::u16string_view text) {
   return printable.substr(first, printable.find_last_not_of(u' ') - first + 1);
 }
 
-// A lone line feed ends a line too: other programs write such texts.
+// A lone line feed also ends a line, because other programs write such texts.
 bool TakeLineEnd(std::u16string_view& text) {
   if (text.front() != u'\r' && text.front() != u'\n') return false;
   text.remove_prefix(text.substr(0, 2) == u"\r\n" ? 2 : 1);

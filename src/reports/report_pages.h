@@ -1,4 +1,4 @@
-// The layout of the three reports, and what they share. print_reports.h draws it.
+// The layout of the three reports, and their common parts. print_reports.h draws it.
 #pragma once
 
 #include "printer.h"
@@ -32,7 +32,8 @@ struct PageSetting {
   PrintArea area;
 };
 
-// With the frame. A report that would reach the footer is laid out for a larger area and the whole page scaled down.
+// Complete pages, with the frame. A report that would reach the footer is laid out for a larger area, and the whole
+// page is scaled down.
 [[nodiscard]] ReportPage ChannelReportPage(const ReportTexts& texts, const PageSetting& setting);
 [[nodiscard]] ReportPage TtsReportPage(const ReportTexts& texts, const PageSetting& setting);
 [[nodiscard]] ReportPage InfoReportPage(const ReportTexts& texts, const PageSetting& setting);
@@ -45,7 +46,7 @@ inline constexpr PrintFont TitleFont = {12, false};
 // The first line of reports 1 and 2.
 void AddModelLine(ReportPage& page, const ReportTexts& texts);
 
-// The height down to which a report reaches without being scaled.
+// The lowest position that a report may reach without being scaled.
 [[nodiscard]] double RoomOf(const PrintArea& area);
 
 // The lower edge of all texts and rules.

@@ -1,4 +1,4 @@
-// All texts that the reports print, from the window or a data file. report_pages.h lays them out.
+// All texts of the reports, from the window or a data file. report_pages.h does the layout.
 #pragma once
 
 #include "channel_record.h"

@@ -1,4 +1,4 @@
-// The faults that a simulated radio can be asked for, throughout a session or at one record.
+// The faults of a simulated radio, during the whole session or at one record.
 #pragma once
 
 #include <cstdint>

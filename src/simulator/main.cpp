@@ -72,7 +72,7 @@ void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::
     radio.Hear(bytes, now);
     terminal.Write(radio.TakeReplies(now));
     if (now - lastHeard >= Idle) terminal.EndExclusiveUse();
-    // Only after the last answer of the session: the computer is waiting for it.
+    // Only after the last answer of the session, because the computer is waiting for it.
     if (!memoryFile.empty() && radio.EndedSessions() != storedSessions && !radio.NextReplyAt()) {
       storedSessions = radio.EndedSessions();
       try {

@@ -40,7 +40,7 @@ PseudoTerminal::~PseudoTerminal() {
 
 void PseudoTerminal::MakeLink(const std::string& path) {
   std::error_code error;
-  // Left behind: a link to nothing, or to the device that is now ours.
+  // A leftover is a link to nothing, or to the device that is now ours.
   const bool isStale = fs::is_symlink(fs::symlink_status(path, error)) &&
                        (!fs::exists(path, error) || fs::read_symlink(path, error) == m_device);
   if (isStale) fs::remove(path, error);
@@ -66,7 +66,7 @@ std::vector<std::uint8_t> PseudoTerminal::Read() const {
 }
 
 void PseudoTerminal::Write(std::span<const std::uint8_t> bytes) const {
-  // Like a cable with nobody at the other end: when the buffer is full the rest is lost.
+  // When the buffer is full the rest is lost, as on a cable without a receiver.
   while (!bytes.empty()) {
     const ssize_t count = write(m_master, bytes.data(), bytes.size());
     if (count <= 0) return;

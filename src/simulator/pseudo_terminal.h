@@ -1,5 +1,4 @@
-// The serial device of the simulated radio: a pseudo-terminal, seen from the radio's side, and a symbolic link to it
-// with a name of the user's choice.
+// The serial device of the simulated radio: the radio's side of a pseudo-terminal, and an optional symbolic link to it.
 #pragma once
 
 #include <chrono>
@@ -14,7 +13,7 @@ namespace mr4500x {
 
 class PseudoTerminal {
 public:
-  // A link of an earlier run is replaced, but nothing else. Throws if one of them can't be made.
+  // Replaces a link of an earlier run, but no other file. Throws if the terminal or the link can't be created.
   explicit PseudoTerminal(const std::string& link); // empty: none
   ~PseudoTerminal();                                // removes the link unless it no longer leads to this device
   PseudoTerminal(const PseudoTerminal&) = delete;
@@ -27,14 +26,14 @@ public:
   [[nodiscard]] std::vector<std::uint8_t> Read() const;
   void Write(std::span<const std::uint8_t> bytes) const;
 
-  // Lets a program open the device after one that had it exclusively was killed.
+  // Allows other programs to open the device after a program with exclusive access was killed.
   void EndExclusiveUse() const;
 
 private:
   void MakeLink(const std::string& path);
 
   int m_master = -1;
-  // Kept open, or the device would hang up whenever a program closes it.
+  // Kept open. Otherwise the device would hang up whenever a program closes it.
   int m_slave = -1;
   std::string m_device;
   std::string m_link;

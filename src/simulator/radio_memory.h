@@ -11,13 +11,15 @@ namespace mr4500x {
 inline constexpr std::size_t RadioMemoryBytes = 1024;
 using RadioMemory = std::array<std::uint8_t, RadioMemoryBytes>;
 
-// A radio as a dealer has set it up: channels, settings, identity number, firmware version and embedded text.
+// The memory of a radio that a dealer has set up: channels, settings, identity number, firmware version and embedded
+// text.
 [[nodiscard]] RadioMemory FactoryMemory();
 
-// Of the number as much as there is room for.
+// Stores as much of the number as fits.
 void SetIdentityNumber(RadioMemory& memory, std::string_view number);
 
-// FactoryMemory, in a new file, if there is none. Throws if the file is no memory of a radio or can't be written.
+// Loads the file. If it is missing, creates it with FactoryMemory. Throws if the file is not a radio's memory or can't
+// be written.
 [[nodiscard]] RadioMemory LoadOrCreate(const std::string& path);
 
 // Replaces the file in one step. Throws if it can't be written.

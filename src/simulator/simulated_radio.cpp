@@ -39,7 +39,7 @@ constexpr bool IsReadOnly(std::size_t address) { // identity number, firmware ve
   return (address >= 0x1F0 && address <= 0x1FF) || address >= 0x3F8;
 }
 
-// Whether one of the two starts with the other.
+// Whether one of the two is a prefix of the other.
 template<class Message>
 bool Agree(std::span<const std::uint8_t> heard, const Message& message) {
   const auto common = std::min(heard.size(), message.size());
@@ -89,7 +89,7 @@ bool SimulatedRadio::Has(Fault fault) const {
 }
 
 void SimulatedRadio::DropStaleMessage() {
-  // The mark alone ends a write session too, without a status.
+  // The mark alone also ends a write session, without a status.
   if (m_heard.size() >= EndMarkBytes && Agree(m_heard, EndPacket)) EndSession();
   m_heard.clear();
 }
@@ -118,11 +118,11 @@ std::size_t SimulatedRadio::TakeEnd() {
     return EndPacket.size();
   }
   EndSession();
-  return EndMarkBytes; // after reading, what follows the mark is noise outside a session
+  return EndMarkBytes; // after reading, bytes after the mark are noise outside a session
 }
 
 std::size_t SimulatedRadio::TakeRecord() {
-  // Refuse a damaged header as early as possible, so that little of what follows is lost.
+  // Refuse a damaged header as early as possible, so that few of the following bytes are lost.
   if (m_heard[1] >= RadioMemoryBytes / 256) return 1;
   if (m_heard.size() > 2 && m_heard[2] % RecordBytes != 0) return 1;
   if (m_heard.size() > 3 && m_heard[3] != RecordBytes) return 1;

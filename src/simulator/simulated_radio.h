@@ -1,4 +1,4 @@
-// The radio's side of the protocol: bytes in and out with their times. It does no input or output and reads no clock.
+// The radio's side of the protocol: bytes in and out, with their times. It performs no I/O and reads no clock.
 #pragma once
 
 #include "faults.h"
@@ -16,8 +16,8 @@ class SimulatedRadio {
 public:
   using Moment = std::chrono::microseconds;
 
-  // `characterTime` is the time of one character on the line, 0 for no delay.
-  // `deafness`: what comes within this time after the end of an answer is lost.
+  // `characterTime` is the time of one character on the line, 0 for no delay. `deafness`: bytes that arrive within this
+  // time after the end of an answer are lost.
   SimulatedRadio(const RadioMemory& memory, Moment characterTime, std::vector<PlannedFault> faults = {},
                  Moment deafness = {});
 

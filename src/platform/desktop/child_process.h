@@ -4,7 +4,7 @@ class QProcess;
 
 namespace mr4500x {
 
-// The process, not started yet, is to end with the program, even if that crashes.
+// Makes a process that is not started yet end with the program, even if the program crashes.
 void EndWithProgram(QProcess& process);
 
 } // namespace mr4500x

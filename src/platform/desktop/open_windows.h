@@ -1,5 +1,5 @@
-// The program's windows: which one owns a new dialog, how the buttons of dialogs look, and the place of the main
-// window, stored at exit.
+// The program's windows: the owner of a new dialog, the look of dialog buttons, and the geometry of the main window,
+// which is stored at exit.
 #pragma once
 
 class QWidget;
@@ -9,11 +9,11 @@ namespace mr4500x {
 // The parent for a new dialog: the open modal dialog, else the visible main window, else nullptr.
 [[nodiscard]] QWidget* OwnerWindow();
 
-// Before the application is made. Scaled by half a pixel, lines come out thick, thin or not at all, so what is between
-// whole factors comes from the size of the font: all lengths follow it.
+// Call before the application is created. Lines that are scaled by half a pixel may become thick, thin or invisible. So
+// windows are scaled by whole factors, and the font size, which all lengths follow, provides the rest.
 void ScaleByWholeFactors();
 
-// Qt gives icons to the buttons of its own dialogs. The program's have none, so none has, whatever the style.
+// Qt adds icons to the buttons of its own dialogs. The program's dialogs have none, so they are removed in every style.
 void ShowNoIconsOnDialogButtons();
 
 // Including the frame, in twips (1/1440 inch).

@@ -1,4 +1,4 @@
-// The dialog in which the user chooses a printer, or a PDF file in its place.
+// The dialog in which the user chooses a printer or a PDF file.
 #pragma once
 
 class QPrinter;

@@ -85,7 +85,8 @@ qsizetype ChosenFilter(const QFileDialog& dialog) {
          filters.begin();
 }
 
-// A name that ends in none of the filter's extensions gets that of the chosen one: "Taxi 446.1" ends in a frequency.
+// Adds the chosen filter's extension to a name without one of the filters' extensions. In "Taxi 446.1" the end is a
+// frequency.
 QString WithExtension(const QString& path, const FileQuestion& question, qsizetype chosenFilter) {
   const QStringList parts = QString::fromStdString(question.filter).split(QLatin1Char('|'));
   QString extension = QString::fromStdString(question.extension);

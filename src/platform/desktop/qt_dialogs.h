@@ -1,4 +1,4 @@
-// Message boxes, file dialogs and the font dialog, over Qt Widgets.
+// Message boxes, file dialogs and the font dialog, implemented with Qt Widgets.
 #pragma once
 
 #include "desktop.h"
@@ -10,8 +10,8 @@ namespace mr4500x {
 
 class UserInput;
 
-// Boxes are named "messageBox", their buttons "cmdOk", "cmdYes", "cmdNo" and "cmdCancel"; the first is the default,
-// No for YesNo. An open box releases the input that a transfer holds.
+// Boxes are named "messageBox", their buttons "cmdOk", "cmdYes", "cmdNo" and "cmdCancel". The first button is the
+// default, but No for YesNo. An open box releases the input that a transfer holds.
 class QtMessageView final : public MessageView {
 public:
   explicit QtMessageView(UserInput& input) : m_input(input) {}

@@ -62,7 +62,7 @@ void QtPrinters::SetUpPrinter(const std::string& title) {
   SetPaper(printer);
 }
 
-// Without a printer, Qt falls back to PDF output. One that has been added since, or another default, counts.
+// Without a printer, Qt falls back to PDF output. Changes of the system's printers are noticed at each job.
 std::optional<std::string> QtPrinters::PdfFile() {
   if (!m_isSetUp) m_printer.reset();
   if (Chosen().outputFormat() != QPrinter::PdfFormat) return std::nullopt;

@@ -13,8 +13,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Each slice begins with the pending events and sleeps for the rest, so that a wait always ends in a sleep, on time.
-// Waits shorter than RoomForEvents process no events.
+// Each slice processes the pending events and then sleeps, so that a wait always ends in a sleep, on time. Waits
+// shorter than RoomForEvents process no events.
 constexpr Clock::Moment Slice = 10ms;
 constexpr Clock::Moment RoomForEvents = 5ms;
 

@@ -1,4 +1,4 @@
-// Blocking the user's input during a transfer, while the windows go on painting.
+// Blocks the user's input during a transfer while the windows continue to paint.
 #pragma once
 
 #include "end_signals.h"
@@ -10,9 +10,9 @@ namespace mr4500x {
 
 enum class HeldPointer { Busy, Unchanged }; // the mouse pointer while input is held
 
-// The user's input to all windows of the program. While held, input is dropped for good, not queued; only a
-// session that ends the program does so afterwards. That makes it safe
-// to process events during a transfer, as EventClock does: only painting, resizing and the like get through.
+// Holds the user's input to all windows of the program. Held input is discarded, not queued. Only the request of an
+// ending desktop session takes effect afterwards. So EventClock can safely process events during a transfer: only
+// painting, resizing and the like get through.
 class UserInput final : public QObject {
   Q_OBJECT
 
@@ -35,7 +35,7 @@ private:
   HeldPointer m_pointer = HeldPointer::Busy;
 };
 
-// The clock of transfers: the steady clock, which processes events in its waits while the user's input is held.
+// The clock for transfers: a steady clock that processes events during its waits while the user's input is held.
 class EventClock final : public Clock {
 public:
   explicit EventClock(const UserInput& input) : m_input(input) {}
@@ -62,7 +62,7 @@ private:
   UserInput& m_input;
 };
 
-// Releases held input while it lives, for a question in the middle of a transfer.
+// Releases held input during its lifetime, for a question in the middle of a transfer.
 class TransferPause {
 public:
   explicit TransferPause(UserInput& input) : m_input(input), m_wasHeld(input.IsHeld()) { m_input.Release(); }

@@ -9,7 +9,7 @@ class QPagedPaintDevice;
 
 namespace mr4500x {
 
-// A printer on any of Qt's paged devices, drawing in twips. Text is measured unhinted and without kerning, so widths
+// A printer that draws on any of Qt's paged devices, in twips. Text is measured unhinted and without kerning, so widths
 // are the same on every device and at every resolution.
 class PagePrinter : public Printer {
 public:

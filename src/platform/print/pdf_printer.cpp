@@ -14,7 +14,7 @@ constexpr char NotStartedText[] = "The PDF file %1 can't be started.";
 constexpr char NotWrittenText[] = "The PDF file %1 can't be written.";
 
 constexpr int Resolution = 1440; // dots per inch: one per twip
-// Mostly unprintable, should the file be printed later, and small enough for sixteen channels in full size.
+// Most printers can't print closer to the edge, and a larger margin would leave no room for 16 channels in full size.
 constexpr double Margin = 2.5; // mm
 
 std::string AboutFile(const char* text, const std::string& path) {

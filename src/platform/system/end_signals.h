@@ -2,8 +2,8 @@
 // programs:
 //
 //   A transfer runs to its end, however many signals come: a radio that was left halfway would be half programmed and
-//   still in its session, and its port locked. What has not begun does not begin: the write after its backup, reading
-//   back after the write, the next radio, the next file. A line says what was left out, and the exit status shows it.
+//   still in its session, and its port locked. The next step is not started: the write after its backup, the read-back
+//   after the write, the next radio, the next file. A message names the step, and the exit status shows it.
 //
 //   program              ends after                                 exit status
 //   mr4500x-cli          the transfer in progress                   the signal's own, which also ends a script's loop
@@ -13,7 +13,7 @@
 //                        work is kept
 //   MR4500X-fleet        the same, and closes its window            128 plus the signal
 //
-// Without a transfer a program ends at once, a window after its event loop has heard of it.
+// Without a transfer a program ends at once, a window as soon as its event loop has processed the signal.
 #pragma once
 
 #include <functional>
@@ -21,8 +21,8 @@
 
 namespace mr4500x {
 
-// Holds the signals back until the last instance is gone, in any thread. Then each of them that came does what it did
-// before: it ends the program, or is reported.
+// Holds the signals back until the last instance in any thread is destroyed. Each signal that arrived then has its
+// usual effect: it ends the program, or is reported.
 class EndSignalsHeld {
 public:
   EndSignalsHeld();
@@ -31,14 +31,15 @@ public:
   EndSignalsHeld& operator=(const EndSignalsHeld&) = delete;
 };
 
-// While they are held: whether one of them has come, so that nothing new may begin.
+// While signals are held: whether one has arrived, so that no further transfer may be started.
 [[nodiscard]] bool IsEnding();
 
-// While they are held: waits until there is something to read. False as soon as one of them has come, now or before.
+// While signals are held: waits until there is something to read. Returns false as soon as a signal has arrived, even
+// before the call.
 [[nodiscard]] bool AwaitInput(int file);
 
-// Reports the signals from the event loop instead of ending the program, so that it can end properly. One instance at a
-// time.
+// Reports the signals from the event loop instead of ending the program, so that it can shut down properly. Only one
+// instance may exist at a time.
 enum class NextSignal {
   Ends,      // the same signal ends the program the second time: for one that holds signals during its transfers
   IsReported // for one whose transfers run in other threads

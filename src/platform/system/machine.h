@@ -1,4 +1,4 @@
-// The machine that the program runs on: its folders, clocks and locale.
+// The computer that the program runs on: its folders, clocks and locale.
 #pragma once
 
 #include "clock.h"
@@ -10,9 +10,9 @@ class QLocale;
 
 namespace mr4500x {
 
-// First in each program. No file and no port takes the place of a standard stream that was closed: what is printed
-// would go there. A write at a file size limit fails, instead of a signal that ends the program. Without a HOME that is
-// an absolute path, the user's entry in the system's list of users has it.
+// Call first in each program. Makes sure that no file or port gets the number of a closed standard stream, where output
+// would go. A write beyond a file size limit fails instead of raising a signal that ends the program. If HOME is not an
+// absolute path, it is set from the system's user database.
 void PrepareProcess();
 
 // The folder of the running executable, links resolved; empty if unknown.
@@ -20,7 +20,7 @@ void PrepareProcess();
 
 // "MR4500X" in the user's XDG configuration folder. It may not exist.
 [[nodiscard]] std::string UserConfigFolder();
-// The same in the folder for what a program remembers between its runs.
+// "MR4500X" in the user's XDG state folder, for data that is kept between runs.
 [[nodiscard]] std::string UserStateFolder();
 
 [[nodiscard]] LocalTime LocalNow();
@@ -33,7 +33,7 @@ public:
   void WaitUntil(Moment moment) override;
 };
 
-// "." if the locale reads "9.55" as that number, else ",": the program knows no other separators.
+// "." if the locale reads "9.55" as that number, otherwise ",". The program supports no other separators.
 [[nodiscard]] char DecimalSeparatorOf(const QLocale& locale);
 
 // Date and time in the locale's short format.

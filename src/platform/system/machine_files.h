@@ -1,4 +1,4 @@
-// The files of this machine. No state, so all threads may use them.
+// The file system of this computer. It has no state, so all threads may use it.
 #pragma once
 
 #include "file_system.h"

@@ -29,7 +29,7 @@ std::optional<PortAddress> ParsePortAddress(const std::string& text) {
   const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
   if (digits.size() <= MostDigits && parsed.ec == std::errc() && number >= 1 && number <= PortCount)
     return PortAddress{number, {}};
-  if (isCom && DeviceExists(text)) return PortAddress{0, text}; // a name of the system's own, where there are any
+  if (isCom && DeviceExists(text)) return PortAddress{0, text}; // the system's own name
   return std::nullopt;
 }
 

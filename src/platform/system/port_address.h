@@ -1,4 +1,4 @@
-// A serial port as its user names it: by its COM number, or by the path of a device.
+// A serial port as the user gives it: a COM number, or the path of a device.
 #pragma once
 
 #include "machine_port.h"
@@ -24,7 +24,7 @@ struct PortAddress {
 // Whether it is a number, or the path of a device that exists.
 [[nodiscard]] bool PortExists(const PortAddress& port);
 
-// The devices of numbers are looked up each time a port is opened. `pins` as for DeviceOfPort.
+// The device of a number is looked up each time a port is opened. `pins` is as in DeviceOfPort.
 [[nodiscard]] std::unique_ptr<SerialPort> MakePort(const PortAddress& port, std::span<const std::string> pins);
 
 } // namespace mr4500x

@@ -8,7 +8,7 @@
 namespace mr4500x {
 namespace {
 
-// What is no option belongs to the path.
+// Anything that is not an option belongs to the path.
 PortDevice PinnedDevice(PortDevice device) {
   while (true) {
     const std::size_t comma = std::min(device.path.rfind(','), device.path.size());

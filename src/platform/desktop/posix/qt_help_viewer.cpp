@@ -30,7 +30,7 @@ constexpr char IndexCommands[] = "show index\n";
 constexpr QSize StartSize(1000, 700);
 constexpr int EndMilliseconds = 1000; // granted to Assistant to exit
 
-// The build lays the file's checksum beside it. A help file that was copied without it counts as undamaged.
+// The build puts a checksum beside the help file. A help file that was copied without it counts as undamaged.
 bool AgreesWithChecksum(QFile& file) {
   QFile checksum(file.fileName() + QStringLiteral(".sha256"));
   if (!checksum.open(QIODevice::ReadOnly)) return true;
@@ -102,7 +102,7 @@ bool QtHelpViewer::Start() {
     return false;
   }
   const QFileInfo helpFile(QString::fromStdString(m_helpFile));
-  // Assistant drops a missing help file from its collection for good.
+  // Assistant permanently removes a missing help file from its collection.
   if (!helpFile.exists()) return Report(QString::fromUtf8(MissingText).arg(helpFile.filePath())), false;
   if (!IsWhole(helpFile.filePath())) return Report(QString::fromUtf8(DamagedText).arg(helpFile.filePath())), false;
   const QString assistant = FindProgram(QString::fromStdString(m_assistant));

@@ -13,8 +13,8 @@ class QString;
 
 namespace mr4500x {
 
-// Shows the help in Qt Assistant, a separate process, so that the manual stays readable during a transfer. Assistant
-// is started on first use, takes commands on standard input and ends with the program, even when that crashes.
+// Shows the help in Qt Assistant, a separate process, so that the manual can be read during a transfer. Assistant is
+// started on first use, takes commands on standard input and ends with the program, even if the program crashes.
 class QtHelpViewer final : public HelpViewer {
 public:
   // The .qhc collection must lie beside the help file. `assistant` is a path, or a name to look up.

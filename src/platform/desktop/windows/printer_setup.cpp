@@ -11,7 +11,7 @@
 
 namespace mr4500x {
 
-// The system's own dialog prints to files of its own kind only, and does not open where there is no printer.
+// The system's own dialog can't print to PDF files, and does not open if there is no printer.
 bool AskForPrinter(QPrinter& printer, const QString& title) {
   if (!QPrinterInfo::availablePrinterNames().isEmpty()) return QPrintDialog(&printer, OwnerWindow()).exec() != 0;
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

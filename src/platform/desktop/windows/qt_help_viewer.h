@@ -9,8 +9,8 @@ class QString;
 
 namespace mr4500x {
 
-// Shows the help in the browser: Qt Assistant does not exist here. The pages lie in the folder "manual" beside the
-// program, with their contents, an index and a search.
+// Shows the help in the browser, because there is no Qt Assistant on Windows. The pages are in the folder "manual"
+// beside the program, with contents, an index and a search.
 class QtHelpViewer final : public HelpViewer {
 public:
   QtHelpViewer(MessageView& messages, const std::string& helpFile);

@@ -1,4 +1,4 @@
-// The desktop's dialogs and windows that the program opens, but for message boxes.
+// The desktop's dialogs and windows that the program opens, except message boxes.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ struct FileQuestion {
   std::string folder;                  // initial folder
   std::string proposedName;            // path or name; Save only
   std::string extension;               // of the first filter, without the dot
-  std::size_t* chosenFilter = nullptr; // takes the number of the filter that a Save was given with
+  std::size_t* chosenFilter = nullptr; // receives the number of the filter that was chosen in Save
 };
 
 // nullopt when cancelled.
@@ -25,8 +25,8 @@ public:
   virtual ~FileDialogs() = default;
   // An existing file.
   [[nodiscard]] virtual std::optional<std::string> AskOpen(const FileQuestion& question) = 0;
-  // A file to write, in an existing folder. A name that ends in none of the filter's extensions gets that of the
-  // chosen one. Asks before replacing a file.
+  // A file to write, in an existing folder. A name without one of the filters' extensions gets the extension of the
+  // chosen filter. Asks before replacing a file.
   [[nodiscard]] virtual std::optional<std::string> AskSave(const FileQuestion& question) = 0;
 };
 

@@ -1,5 +1,5 @@
-// The printer that reports are written to. Positions and sizes are in twips (1/1440 inch), from the top left corner of
-// the page's printable area.
+// The printer for the reports. Positions and sizes are in twips (1/1440 inch), from the top left corner of the page's
+// printable area.
 #pragma once
 
 #include <memory>
@@ -46,12 +46,12 @@ public:
 class Printers {
 public:
   virtual ~Printers() = default;
-  // The one that the user set up, else the system's default, else the PDF file. Follows PdfFile.
+  // The printer that the user set up, otherwise the system's default printer, otherwise the PDF file. Follows PdfFile.
   [[nodiscard]] virtual std::unique_ptr<Printer> CurrentPrinter() = 0;
   // Opens the printer dialog; cancelling it changes nothing. The paper stays A4 portrait, whatever the user chooses.
   virtual void SetUpPrinter(const std::string& title) = 0;
-  // Whether jobs go to a PDF file, as there is no printer or the user has set one up. Its name then, "" until it has
-  // one.
+  // Has a value if jobs go to a PDF file, because there is no printer or the user has chosen a file: the file's name,
+  // or "" until it has one.
   [[nodiscard]] virtual std::optional<std::string> PdfFile() = 0;
   virtual void SetPdfFile(const std::string& path) = 0; // only where PdfFile has a value
 };

@@ -52,7 +52,8 @@ public:
   virtual void Close(Handle file) = 0;
   // Takes an exclusive lock without waiting. Close or the end of the process releases it.
   [[nodiscard]] virtual LockOutcome Lock(Handle file) = 0;
-  // The same for a file that is replaced while the lock is held, which may be a file beside it. `lock` is to be closed.
+  // Locks a file that is replaced while the lock is held, which may need another file beside it. The caller closes
+  // `lock`.
   [[nodiscard]] virtual LockOutcome LockToReplace(const std::string& path, std::optional<Handle>& lock) {
     lock = OpenToRead(path);
     return lock ? Lock(*lock) : LockOutcome::NotPossible;

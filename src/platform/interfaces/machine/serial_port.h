@@ -31,7 +31,7 @@ class SerialPort {
 public:
   virtual ~SerialPort() = default;
 
-  // Selects the port for the next Open: n stands for COMn, or the device mapped to it.
+  // Selects the port for the next Open: n means COMn, or the device mapped to it.
   virtual void SetPortNumber(int number) = 0;
   // Opens without flow control. Returns the system's error description on failure, else nullopt.
   [[nodiscard]] virtual std::optional<std::string> Open(const LineSettings& settings) = 0;
@@ -45,7 +45,7 @@ public:
   // Discards bytes not yet passed to the driver. The driver still sends what it has.
   [[nodiscard]] virtual bool DiscardTransmit() = 0;
   [[nodiscard]] virtual bool Write(std::span<const std::uint8_t> bytes) = 0;
-  // Waits until the hardware, too, has sent what the driver had.
+  // Waits until the hardware has also sent the driver's bytes.
   virtual void AwaitSent() = 0;
   [[nodiscard]] virtual std::optional<std::vector<std::uint8_t>> TakeReceived() = 0; // everything waiting
 };

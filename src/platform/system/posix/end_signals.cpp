@@ -34,7 +34,7 @@ void KeepWaiting(int number) {
     if (held.number == number) held.isWaiting = true;
 }
 
-// The end of the pipe that the handler writes to; a handler may do little else.
+// The end of the pipe that the handler writes to. A handler may do little else.
 int reportingEnd = -1;
 
 void Report(int number) {
@@ -44,7 +44,7 @@ void Report(int number) {
   errno = error;
 }
 
-// Leaves a signal that is ignored, as under nohup, ignored.
+// A signal that is ignored, as under nohup, remains ignored.
 void Handle(int number, void (*handler)(int), int flags) {
   struct sigaction action {};
   sigaction(number, nullptr, &action);
@@ -60,7 +60,7 @@ void Handle(int number, void (*handler)(int), int flags) {
 class EndSignalsHeard::Reporter {
 public:
   Reporter(std::function<void(int)> report, NextSignal next) : m_report(std::move(report)) {
-    if (pipe2(m_ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return; // then the signals end the program as ever
+    if (pipe2(m_ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return; // then the signals end the program as usual
     m_notifier.emplace(m_ends[0], QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] { Read(); });
     reportingEnd = m_ends[1];
@@ -94,7 +94,7 @@ EndSignalsHeard::EndSignalsHeard(std::function<void(int)> report, NextSignal nex
 
 EndSignalsHeard::~EndSignalsHeard() = default;
 
-// Handlers rather than a signal mask: masks are per thread, and Qt starts threads.
+// Uses handlers rather than a signal mask, because masks are per thread and Qt starts threads.
 EndSignalsHeld::EndSignalsHeld() {
   const std::lock_guard lock(mutex);
   if (holders++ > 0) return;
@@ -133,7 +133,7 @@ EndSignalsHeld::~EndSignalsHeld() {
     for (const EndSignal& held : endSignals)
       sigaction(held.number, &held.before, nullptr);
   }
-  // Outside the lock: the program's own handler may hold signals too, which then stay pending.
+  // Outside the lock, because the program's own handler may also hold signals, which then remain pending.
   for (EndSignal& held : endSignals)
     if (held.isWaiting.exchange(false)) raise(held.number);
 }

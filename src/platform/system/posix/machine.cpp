@@ -14,7 +14,7 @@
 namespace mr4500x {
 namespace {
 
-// Never the root folder or a relative one because there is no HOME: folders would be made there.
+// Without HOME this must not be the root folder or a relative path, because folders would be created there.
 std::string HomeFolder() {
   const char* const home = std::getenv("HOME");
   if (home != nullptr && home[0] == '/') return home;

@@ -32,8 +32,8 @@ bool Apply(const LineSettings& line, const PortDevice& device, QSerialPort& port
   return (device.dtr || port.setDataTerminalReady(false)) && taken;
 }
 
-// Resolves links, since the lock file that keeps other programs out is named after the real device. A bare name stays
-// as it is and a relative path becomes absolute: Qt would look for either in /dev.
+// Resolves links, because the lock file that keeps other programs out is named after the real device. A bare name is
+// unchanged and a relative path becomes absolute, because Qt would look for either in /dev.
 std::string OwnPath(const std::string& device) {
   if (device.find('/') == std::string::npos) return device;
   std::error_code error;

@@ -69,7 +69,7 @@ std::optional<SerialDevice> DescribeDevice(const fs::path& terminals, const std:
   std::error_code error;
   const std::string hardware = fs::canonical(entry / "device", error).string();
   if (error) {
-    // No known hardware, such as a Bluetooth link, or a system without this folder.
+    // No known hardware, for example a Bluetooth link or a system without this folder.
     return SerialDevice{path, name.find("usb") != std::string::npos ? DeviceKind::UsbAdapter : DeviceKind::Other};
   }
   if (IsSpare(entry)) return std::nullopt;
@@ -81,8 +81,8 @@ std::vector<std::string> MachineSerialDevices() {
   std::set<std::string> names;
   for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
     names.insert(info.portName().toStdString());
-  // Qt omits built-in ports that this user may not open. They are added here, as port numbers must not depend on the
-  // user, and the missing permission is reported when the port is opened.
+  // Qt omits built-in ports that this user may not open. They are added here because port numbers must not depend on
+  // the user. The missing permission is reported when the port is opened.
   std::error_code error;
   for (fs::directory_iterator entry(terminals, error); entry != fs::directory_iterator(); entry.increment(error))
     if (fs::exists(entry->path() / "device", error)) names.insert(entry->path().filename().string());

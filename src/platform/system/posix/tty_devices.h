@@ -1,4 +1,4 @@
-// What the kernel tells of serial devices.
+// Information from the kernel about serial devices.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// How this system writes paths and the lines of a text file.
+// The system's conventions for paths and line ends.
 #pragma once
 
 #include <string_view>
