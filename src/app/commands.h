@@ -21,7 +21,7 @@ class WorkKeeper;
 
 using RecentItems = std::array<QAction*, RecentFileCount>;
 
-// What the commands work on, all owned by the main window.
+// The context of the commands, all owned by the main window.
 struct CommandContext {
   const MainServices& services;
   RadioImage& image;
@@ -58,7 +58,7 @@ void Read(const CommandContext& context);
 void Write(const CommandContext& context);
 void ToggleVerify(const CommandContext& context);
 void ToggleBackUp(const CommandContext& context);
-// The three of the embedded information leave the editor, its changes and all other blocks alone.
+// The three commands for the embedded information do not affect the editor, its changes or any other block.
 void EditInfo(const CommandContext& context);
 void ReadInfo(const CommandContext& context);
 void WriteInfo(const CommandContext& context);
@@ -77,21 +77,21 @@ void CompareRadio(const CommandContext& context);
 void AskImport(const CommandContext& context);
 void AskExport(const CommandContext& context);
 void SaveSample(const CommandContext& context); // a list of channels to begin with
-// A list of channels: all of it as one step, or nothing and a message. A file of it, and its text.
+// Import a list of channels from a file or a text: completely as one step, or not at all with a message.
 void ImportFile(const CommandContext& context, const std::string& path);
 void ImportChannels(const CommandContext& context, const std::string& text);
 void ShowRecentFiles(const CommandContext& context);
-// Asks before data is saved or written whose unshown part was lost with a read or an open that broke off.
+// Asks before saving or writing if data that the editor does not show was lost by an interrupted read or open.
 [[nodiscard]] bool MayStore(const CommandContext& context);
-// Takes work that an earlier window left unsaved, if there is any and the user wants it.
+// Offers unsaved work of an earlier window and takes it if the user agrees.
 [[nodiscard]] bool OpenLeftWork(const CommandContext& context);
 void StoreProgramSettings(const CommandContext& context);
-// Stores the settings, then asks about unsaved data. Cancelled: don't exit.
+// Stores the settings, then asks about unsaved data. Cancelled means: don't exit.
 [[nodiscard]] CloseEnd PrepareExit(const CommandContext& context);
 
 } // namespace commands
 
-// Whether the phase of a command returns true. An exception (out of memory) counts as a failure.
+// Runs a phase of a command. Returns false if it returns false or throws (out of memory).
 template<typename Phase>
 [[nodiscard]] bool Succeeds(Phase phase) {
   try {

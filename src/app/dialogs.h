@@ -16,21 +16,21 @@ namespace mr4500x {
 class EditorPanel;
 class FileSystem;
 
-// frmPort: the choice among COM1 to COM16; nullopt when cancelled. `hintOf` returns what to say about a port.
+// frmPort: the choice among COM1 to COM16; nullopt when cancelled. `hintOf` returns the hint for a port.
 [[nodiscard]] std::optional<int> AskPort(const PortChoice& choice, const std::function<std::string(int)>& hintOf,
                                          QWidget* parent);
 
-// frmPrint: the chosen reports, at least one; nullopt when cancelled. `ticked` at first.
+// frmPrint: the chosen reports, at least one; nullopt when cancelled. Initially `ticked` are ticked.
 [[nodiscard]] std::optional<ReportChoice> AskReports(const ReportChoice& ticked, Printers& printers,
                                                      MessageView& messages, QWidget* parent);
 
-// What the editor is compared with: a data file by its path, or a radio as it was read, "COM3".
+// The source that the editor is compared with: the path of a data file, or "COM3" for a radio that was read.
 struct ComparedSource {
   std::string name;
   bool isFile = true;
 };
-// frmCompare: what differs between the editor and a data file, as both are at any moment, or a radio. Stays open until
-// it is closed. `other` is what the source holds; if the editor could not show that, there is only a message.
+// frmCompare: the differences between the editor and a data file or a radio. Follows changes of the editor and the file
+// until it is closed. `other` is the content of the source. If the editor can't show it, only a message appears.
 void ShowComparison(EditorPanel& panel, FileSystem& files, const ComparedSource& source, const RadioImage& other,
                     MessageView& messages, QWidget* parent);
 

@@ -1,4 +1,4 @@
-// What the main window keeps besides the image.
+// The state of the main window apart from the image.
 #pragma once
 
 #include "desktop.h"
@@ -31,7 +31,7 @@ using Origin = std::variant<NoOrigin, FileOrigin, RadioOrigin>;
 struct EditorState {
   Origin origin;
   bool ModifiedFlag = false;   // there are unsaved changes
-  bool ImageIsPartial = false; // a read or an open broke off: what the editor does not show was lost
+  bool ImageIsPartial = false; // after an interrupted read or open: data that the editor does not show was lost
   bool InfoIsPartial = false;  // the same, of the embedded information
   int CommPortNumber = 1;
   int practicePort = 0; // of the simulated radio, 0 without one

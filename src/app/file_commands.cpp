@@ -1,4 +1,4 @@
-// The commands of the File menu, and what is done before the program exits.
+// The commands of the File menu, and the steps before the program exits.
 #include "commands.h"
 
 #include "channel_list.h"
@@ -88,7 +88,7 @@ void ReportMissing(const CommandContext& context, const std::string& path) {
   commands::ShowRecentFiles(context);
 }
 
-// Returns the message of what went wrong.
+// Returns the error message, if any.
 std::optional<Message> LoadImage(const CommandContext& context, const std::string& path, RadioImage& image) {
   LoadResult result;
   const bool isRead = Succeeds([&] {
@@ -102,7 +102,7 @@ std::optional<Message> LoadImage(const CommandContext& context, const std::strin
 bool LoadInto(const CommandContext& context, const std::string& path) {
   const RadioImage before = context.image;
   std::optional<Message> message = LoadImage(context, path, context.image);
-  if (!message) { // no file holds them: what the image still has is another radio's
+  if (!message) { // no file holds them, and the image still has another radio's
     context.keeper.Replaced();
     context.image.RadioIdBlock = {};
     context.image.FirmwareVersionBlock = {};
@@ -168,17 +168,17 @@ void OpenGiven(const CommandContext& context, const std::string& path) {
   context.panel.CommitOpenEditors();
   context.state.LastFileName = path;
   if (IsMissing(context.services.files, path)) return ReportMissing(context, path);
-  // Open already, and whole; after a read that broke off, the file has what was lost.
+  // The file is already open and complete. After an interrupted read it is opened again, because it has the lost data.
   if (context.state.origin == Origin(FileOrigin{path}) && !context.state.ImageIsPartial) return;
   if (CloseData(context) == CloseEnd::Cancelled) return;
   if (!Succeeds([&] { return LoadInto(context, path); })) return;
-  // A kept copy goes when there are ten newer ones, so Save must not store in it.
+  // A kept copy is deleted when there are ten newer ones, so Save must not write to it.
   if (FolderOf(path) == context.services.keptFolder)
     return BelongToNothing(context, ReadKeptCopy(context.services.files, path).value_or(KeptCopy{{}, "", path, ""}));
   BelongTo(context, path);
 }
 
-// Leaves the name that Save proposes: none of these copies stays.
+// Does not change the name that Save proposes, because none of these copies is permanent.
 void Recover(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   const MainServices& services = context.services;
@@ -230,7 +230,7 @@ void Compare(const CommandContext& context) {
   if (!path) return;
   if (IsMissing(context.services.files, *path)) return ReportMissing(context, *path);
   RadioImage other;
-  ResetToDefaults(other, {}); // for what no file holds
+  ResetToDefaults(other, {}); // for the blocks that are not in files
   if (const std::optional<Message> failure = LoadImage(context, *path, other))
     context.Show(*failure);
   else

@@ -99,7 +99,7 @@ protected:
   }
 
 private:
-  QCollator m_texts{QLocale::English}; // that of C knows no numbers
+  QCollator m_texts{QLocale::English}; // the C locale does not sort by numbers
 };
 
 class FrmCompare final : public QDialog {
@@ -190,14 +190,14 @@ void FrmCompare::BuildTable() {
   m_table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
   m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   m_table->horizontalHeader()->setStretchLastSection(true);
-  m_table->horizontalHeader()->setHighlightSections(false);     // a selected row would make all bold
+  m_table->horizontalHeader()->setHighlightSections(false);     // otherwise a selected row makes all headings bold
   m_table->horizontalHeader()->setSortIndicatorClearable(true); // back to the order of the sections
   m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   m_table->setSortingEnabled(true);
   m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
   AddAction(tr(TakeText), {Qt::Key_Return, Qt::Key_Enter}, &FrmCompare::Take);
   AddAction(tr("Copy"), {QKeySequence::Copy}, &FrmCompare::Copy);
-  // After the press: a message inside of it would swallow the release.
+  // Runs after the press, because a message inside it would swallow the release.
   connect(m_table, &QTableView::doubleClicked, this, &FrmCompare::Take, Qt::QueuedConnection);
 }
 
@@ -209,12 +209,12 @@ void FrmCompare::AddAction(const QString& text, const QList<QKeySequence>& keys,
   m_table->addAction(action);
 }
 
-// Not all controls tell that they have changed; so the editor is looked at after each input. The file may have changed
-// while another window was the active one.
+// Not all controls report their changes, so the editor is checked after each input. The file may have changed while
+// another window was active.
 bool FrmCompare::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   if (MayEdit(type) || type == QEvent::WindowActivate) m_look.start(0);
-  // The filter undoes its own text, so it redoes it, too.
+  // The filter undoes its own text, so it must also redo it.
   const bool isKey = type == QEvent::ShortcutOverride || type == QEvent::KeyPress;
   if (watched != m_filter || !isKey || !IsRedo(static_cast<const QKeyEvent&>(*event)))
     return QDialog::eventFilter(watched, event);
@@ -245,7 +245,7 @@ FrmCompare::FileLook FrmCompare::ReadAgain() {
 void FrmCompare::Renew() {
   const bool isLost = ReadAgain() == FileLook::Lost;
   const RadioImage here = m_panel.Collected();
-  if (m_here != here) { // else a selection stays
+  if (m_here != here) { // otherwise the selection is kept
     m_here = here;
     const int current = std::max(m_table->currentIndex().row(), 0);
     m_differences->Show(m_comparison->Rows(here));
@@ -255,7 +255,7 @@ void FrmCompare::Renew() {
   ShowResult(isLost);
 }
 
-// They don't get narrower: columns that jump with each edit are hard to read.
+// They never get narrower, because columns that jump with each edit are hard to read.
 void FrmCompare::WidenColumns() {
   for (int column = 0; column < m_order->columnCount() - 1; ++column) {
     const int width = m_table->columnWidth(column);
@@ -301,14 +301,14 @@ void FrmCompare::Take() {
   const bool isAgreed = !taken.isNewLimit || AgreesToLowerLimit(m_messages);
   activateWindow(); // the message belongs to the main window
   if (!isAgreed) return;
-  if (taken.image) // a step that may have no setting to be named after
+  if (taken.image) // a step without a setting that could name it
     m_panel.Change(taken.values, *taken.image, tr(TakeText));
   else
     m_panel.Change(taken.values);
   Renew();
 }
 
-// A table with a heading, as spreadsheets take it.
+// A table with a heading, for spreadsheets.
 void FrmCompare::Copy() {
   QStringList lines(1);
   for (const CompareColumn& column : CompareColumns)

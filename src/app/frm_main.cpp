@@ -37,7 +37,7 @@ std::string PlainPath(const QString& path) {
   return (QFileInfo(plain) == given ? plain : given.canonicalFilePath()).toStdString();
 }
 
-// What the drop of one data file or list of channels runs; none for anything else.
+// The command for a dropped data file or list of channels, or none for anything else.
 std::function<void(const CommandContext&)> CommandOfDrop(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
   const QString path = urls.size() == 1 ? urls.front().toLocalFile() : QString();
@@ -86,7 +86,7 @@ FrmMain::FrmMain(MainServices services)
 void FrmMain::BuildPanel() {
   m_panel = new EditorPanel(m_image, m_texts, m_services.messages);
   connect(m_panel, &EditorPanel::Changed, this, [this] {
-    m_state.ModifiedFlag = true; // after an undo as well: a question too many loses nothing
+    m_state.ModifiedFlag = true; // after an undo as well: an unnecessary question loses nothing
     m_mayLogOut = false;
   });
   auto* const scroll = new QScrollArea;
@@ -135,7 +135,7 @@ void FrmMain::Load() {
 void FrmMain::TakeDesignSize() {
   QWidget* const scroll = centralWidget();
   scroll->setMinimumSize(m_panel->size());
-  // A multiple of 4, for whole pixels at a scale of 125 or 150 %: a cut off part of one would bring scroll bars.
+  // A multiple of 4 gives whole pixels at a scale of 125 or 150 %. A fraction of a pixel would cause scroll bars.
   const auto whole = [](int length) { return (length + 3) / 4 * 4; };
   const QSize wanted(whole(sizeHint().width()), whole(sizeHint().height()));
   scroll->setMinimumSize(0, 0);
@@ -203,7 +203,7 @@ void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
   event->setAccepted(event->possibleActions().testFlag(Qt::CopyAction) && CommandOfDrop(*event->mimeData()));
 }
 
-// Run after the drop: a question would hold up the program that the file comes from.
+// Run after the drop, because a question would block the program that the file comes from.
 void FrmMain::dropEvent(QDropEvent* event) {
   const auto command = CommandOfDrop(*event->mimeData());
   event->setDropAction(Qt::CopyAction);
@@ -240,7 +240,7 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
   // A click outside the controls commits an open editor.
   if (event->type() == QEvent::MouseButtonPress && (watched == m_status || watched == m_background))
     m_panel->CommitOpenEditors();
-  if (event->type() == QEvent::Quit && m_endsUnasked && isVisible()) { // by the session; one without a window is Qt's
+  if (event->type() == QEvent::Quit && m_endsUnasked && isVisible()) { // from the session; without a window from Qt
     EndBySignal(SIGTERM);
     return true;
   }

@@ -27,12 +27,12 @@ public:
   void OpenArgument(const QString& path);
   // Asks about work that an earlier window left unsaved. True if the editor shows it now.
   [[nodiscard]] bool OpenLeftWork();
-  // Keeps what an exit or a crash keeps, and ends the event loop.
+  // Keeps unsaved work, as after a crash, and ends the event loop.
   void EndBySignal(int signal);
-  // Keeps the same when the session allows no question: it goes on, or soon asks the program to quit, which then ends
-  // as by a signal.
+  // Keeps unsaved work when the session allows no question. The session then continues, or soon asks the program to
+  // quit, which ends it as by a signal.
   void KeepForSession();
-  // Asks as Exit does, when the user logs out. False: the desktop must not end the program.
+  // Asks like Exit when the user logs out. Returns false if the desktop must not end the program.
   [[nodiscard]] bool MayLogOut();
   [[nodiscard]] EditorPanel& Panel() { return *m_panel; }
 
@@ -87,7 +87,7 @@ private:
   RecentItems m_mnuRecent{};
   bool m_running = false;
   bool m_endsUnasked = false; // when the session ends
-  bool m_mayLogOut = false;   // the question has been answered, and nothing has happened since
+  bool m_mayLogOut = false;   // the question was answered, and there was no input since
 };
 
 } // namespace mr4500x

@@ -16,7 +16,7 @@ namespace mr4500x {
 class PracticeRadio;
 class UserInput;
 
-// What the main window needs of the machine and the desktop; tests replace it.
+// The services of the machine and the desktop that the main window uses. Tests replace them.
 struct MainServices {
   MessageView& messages;
   ProgressView& progress;

@@ -1,4 +1,4 @@
-// lr7200-simulator as a child process of the program, with a port of its own while it runs.
+// Runs lr7200-simulator as a child process, with its own port number.
 #pragma once
 
 #include <QObject>
@@ -15,7 +15,7 @@ public:
   explicit PracticeRadio(std::string simulator); // its path, "" where there is none
   ~PracticeRadio() override;
 
-  // Returns once it serves its device. nullopt, or why it does not run.
+  // Returns as soon as it serves its device: nullopt, or the reason why it does not run.
   [[nodiscard]] std::optional<std::string> Start(int port);
   void Stop();
   [[nodiscard]] bool IsInstalled() const { return !m_simulator.empty(); }

@@ -47,7 +47,7 @@ Program::Program()
                  [this](int port) { return DeviceOf(port).path; },
                  [](const std::string& device) { return UserOfDevice(device); }, StoreWindowGeometry, OpenLink}) {}
 
-// Looked up each time, as adapters come and go.
+// Looked up each time, because adapters are plugged in and out.
 PortDevice Program::DeviceOf(int port) {
   if (port == m_practice.Port()) return {m_practice.Device()};
   return DeviceOfPort(port, PortDevices(m_files, m_settingsFile), MachineSerialDevices());

@@ -43,7 +43,7 @@ class WindowObserver final : public ProgressObserver {
 public:
   using ProgressObserver::ProgressObserver;
 
-  // Leaves ModifiedFlag alone: what a radio holds is in no file.
+  // ModifiedFlag is not changed, because data from a radio is not in a file.
   bool Complete(Transfer transfer) override {
     m_context.Show(CompletionOf(transfer));
     return Succeeds([&] {
@@ -78,7 +78,7 @@ bool RunTransfer(const CommandContext& context, HeldPointer pointer,
   return result.outcome == Outcome::Complete;
 }
 
-// All that the radio holds, beside the editor.
+// Reads the whole radio into another image than the editor's.
 std::optional<RadioImage> ReadBeside(const CommandContext& context) {
   RadioImage image;
   const bool isRead =
@@ -151,7 +151,7 @@ void Write(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   if (!MayStore(context)) return;
   context.panel.Collect();
-  const EndSignalsHeld held; // a signal ends what has begun, and begins nothing
+  const EndSignalsHeld held; // after a signal, the exchange is finished and no other is started
   if (context.state.writeHabits.backsUp && (!BackUp(context) || IsEnding())) return;
   const bool isWritten = RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteRadio(line, context.image, context.services.now, observer);

@@ -1,5 +1,5 @@
-// Help at each setting: its lines in the manual's page "The settings at a glance" as tool tip and What's This text, and
-// the manual's page about it by F1.
+// Help for each setting. The manual's page "The settings at a glance" provides the tool tip and the What's This text.
+// F1 opens the manual's page about the setting.
 #pragma once
 
 #include <QObject>
@@ -13,18 +13,18 @@ class QWidget;
 namespace mr4500x {
 
 struct SettingHelp {
-  QString lines; // what it does, what it is at first, when it is grey
+  QString lines; // what it does, its default, when it is grey
   QString page;  // of the manual
 };
 // By the identifier of a setting without the number of its entry, or the name of a control.
 [[nodiscard]] const std::map<QString, SettingHelp>& SettingHelps();
 
-// Gives the controls of a window and the headings of its tables their texts.
+// Sets the texts of the controls of a window and of the headings of its tables.
 void ShowSettingHelp(QWidget& window);
-// The page about a control, in a table about its current column; "index.html" if it has none.
+// The page about a control, or in a table about its current column. "index.html" if there is none.
 [[nodiscard]] QString HelpPageOf(const QWidget* control);
 
-// Brings the texts to all dialogs as well, and F1 to all windows without a menu.
+// Adds the texts to all dialogs, and F1 to all windows without a menu.
 class HelpEverywhere final : public QObject {
 public:
   HelpEverywhere(std::function<void()> openHelp, QObject* parent);

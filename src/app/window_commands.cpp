@@ -58,13 +58,13 @@ namespace commands {
 
 void New(const CommandContext& /*context*/) {}
 
-// What the editor shows, collected or not. Only the embedded information comes from the image.
+// The editor's content, even before a collect. Only the embedded information comes from the image.
 void Print(const CommandContext& context) {
   const MainServices& services = context.services;
   context.panel.CommitOpenEditors();
   std::optional<ReportChoice> choice = ReportChoice();
   bool isPdf = false;
-  for (bool isReady = false; !isReady;) { // with the ticks as they are after a file dialog that was cancelled
+  for (bool isReady = false; !isReady;) { // a cancelled file dialog returns here with the same ticks
     choice = AskReports(*choice, services.printers, services.messages, &context.window);
     if (!choice) return;
     const std::optional<std::string> pdfFile = services.printers.PdfFile();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr char PortText[] = "COM %1";
 constexpr int PassingMilliseconds = 10'000;
-constexpr int BarInset = 1; // that of the first and last panel, less that of a frame's line
+constexpr int BarInset = 1; // the inset of the first and last panel, less the width of a frame's line
 
 // Without seconds, as the clock is updated once a minute.
 QString TimeText(const QTime& time) {
@@ -95,7 +95,7 @@ void StatusPanels::SetStanding(Standing which, const QString& message) {
   EndPassing();
 }
 
-// The device is looked up when the user points at the port, as adapters come and go.
+// The device is looked up when the user points at the port, because adapters are plugged in and out.
 bool StatusPanels::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::ToolTip) m_port->setToolTip(DeviceToolTip(m_deviceOfPort(m_number)));
   return QStatusBar::eventFilter(watched, event);

@@ -14,19 +14,19 @@ namespace mr4500x {
 
 [[nodiscard]] QIcon ProgramIcon(const char* name); // icons/NAME.svg
 
-// Also a path with "[*]" in it, which Qt takes for a placeholder.
+// Also handles a path with "[*]", which Qt would treat as a placeholder.
 void ShowTitle(QWidget& window, const std::string& title);
 
 [[nodiscard]] QString DeviceToolTip(const std::string& device); // of a port; empty: it has none
 
-// The program's title, now and then a message in its place, the port and the time of day.
+// The status bar: the program's title or a temporary message, the port and the time of day.
 class StatusPanels final : public QStatusBar {
 public:
   StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort);
   void ShowPort(int number);
   void ShowPassing(const QString& message);
-  void EndPassing(); // what it told is no longer so
-  // In place of the title until it is empty, the first one of them first.
+  void EndPassing(); // its message no longer applies
+  // Shown instead of the title until it is empty. The first of several takes precedence.
   enum class Standing { NoCopy, Practice };
   void SetStanding(Standing which, const QString& message);
 

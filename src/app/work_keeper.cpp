@@ -52,7 +52,7 @@ bool WorkKeeper::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
-// Not between two frames of a transfer, and not while the disk is still busy with the copy before.
+// Not between two frames of a transfer, and not while the previous copy is still being written.
 void WorkKeeper::LookAgain() {
   if (m_services.input.IsHeld() || m_isWriting)
     m_look.start();
@@ -74,12 +74,12 @@ void WorkKeeper::SetMissing(bool isMissing) {
 
 void WorkKeeper::Written(int number, bool isWritten) {
   m_isWriting = false;
-  if (number != m_number) return; // of work that is settled or replaced
+  if (number != m_number) return; // for work that was saved or replaced
   if (!isWritten) m_kept.reset(); // the next input tries again
   SetMissing(!isWritten);
 }
 
-// The copy that was asked for last is of no more interest.
+// The last requested copy is no longer needed.
 void WorkKeeper::Forget() {
   m_kept.reset();
   ++m_number;
@@ -94,8 +94,7 @@ void WorkKeeper::KeepNow() {
     return SetMissing(false);
   }
   if (m_kept == shown) return;
-  // A read that broke off has overwritten the image. So the copy gets the bytes that the editor doesn't show from
-  // before.
+  // An interrupted read has overwritten the image. So the copy gets the earlier bytes for what the editor doesn't show.
   RadioImage image = m_settledImage;
   image.FiveToneStandard = m_image.FiveToneStandard;
   Encode(shown, image, m_texts);
@@ -142,7 +141,7 @@ void WorkKeeper::Settled(const Origin& source) {
   m_settled = m_panel.Shown();
   m_settledImage = m_image;
   m_source = SourceOf(source);
-  if (m_tookDifferences) m_infoBefore = {}; // what it was is not known any more
+  if (m_tookDifferences) m_infoBefore = {}; // its earlier value is no longer known
   m_tookDifferences.reset();
   const auto* const file = std::get_if<FileOrigin>(&source);
   Do([path = file != nullptr ? file->path : ""](KeptCopies& copies) {
@@ -168,7 +167,7 @@ std::optional<KeptCopy> WorkKeeper::TakeLeft(RadioImage& image) {
   for (; copy && !m_isEnding; copy = m_copies.NextLeft()) {
     const Message question = KeptWorkQuestion(*copy);
     const Answer answer = m_services.messages.Show(question.icon, question.title, question.text, MessageButtons::YesNo);
-    if (m_isEnding) break; // nobody has answered
+    if (m_isEnding) break; // the user has not answered
     AwaitKept();
     if (answer == Answer::Yes) {
       m_copies.TakeLeft();

@@ -1,6 +1,6 @@
 // Keeps a copy of the work in the editor, at most two seconds old, while it differs from what was last opened, saved,
-// read or written. What counts is what the editor shows, not ModifiedFlag. The copies are written by a thread of their
-// own, so that no slow disk stops the window, and never begun during a transfer.
+// read or written. It compares what the editor shows and ignores ModifiedFlag. A separate thread writes the copies, so
+// a slow disk does not block the window. No copy is started during a transfer.
 #pragma once
 
 #include "configuration.h"
@@ -23,29 +23,29 @@ class EditorPanel;
 class WorkKeeper final : public QObject {
   Q_OBJECT
 public:
-  // Looks at the editor a second after any input to the program.
+  // Checks the editor a second after any input to the program.
   WorkKeeper(const MainServices& services, const RadioImage& image, const EditorPanel& panel, const FieldTexts& texts,
              QObject* parent);
 
   void KeepNow();                     // brings the copy up to date
   void AwaitKept();                   // waits until it is on the disk
-  void End() { m_isEnding = true; }   // a question that is open is not answered any more
-  void PutAside();                    // the user gives up what the editor shows: no start asks about it
-  void Replaced();                    // the same, as other data is about to be shown
-  void Settled(const Origin& source); // the editor shows now what is in this place
+  void End() { m_isEnding = true; }   // an open question is not answered any more
+  void PutAside();                    // the user discards the work; no start asks about it
+  void Replaced();                    // puts the work aside because other data is about to be shown
+  void Settled(const Origin& source); // the editor now shows the content of `source`
   [[nodiscard]] bool IsOpenElsewhere(const std::string& path); // in another window of this user
-  // Asks about each copy that an earlier window left, the newest first, until one is taken; its data is stored in the
-  // image. None if none was taken.
+  // Asks about each copy that an earlier window left, the newest first, until one is taken and stored in the image.
+  // Returns nullopt if none was taken.
   [[nodiscard]] std::optional<KeptCopy> TakeLeft(RadioImage& image);
-  void Took(const KeptCopy& copy); // the editor shows now work that was kept and is still in no file
-  // The user has entered the embedded information of the image. No file holds it, so it is kept until it is in a radio,
-  // or replaced.
+  void Took(const KeptCopy& copy); // the editor now shows kept work that is not in a file
+  // The user has entered the embedded information of the image. No file holds it, so it is kept until it is written to
+  // a radio or replaced.
   void InfoEntered(const EmbeddedInfo& before);
   void InfoWritten();
   [[nodiscard]] bool HasEnteredInfo() const { return m_info.has_value(); }
 
 signals:
-  void CopyMissing(bool isMissing); // whether unsaved work is without its copy; emitted when this changes
+  void CopyMissing(bool isMissing); // emitted when unsaved work loses or gets its copy
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -55,7 +55,7 @@ private:
   void Written(int number, bool isWritten);
   void SetMissing(bool isMissing);
   void Forget();
-  void Do(std::function<void(KeptCopies&)> work); // by the thread of the copies, in this order
+  void Do(std::function<void(KeptCopies&)> work); // in the thread for the copies, in order
 
   const MainServices& m_services;
   const RadioImage& m_image;
@@ -65,8 +65,8 @@ private:
   Configuration m_settled;
   RadioImage m_settledImage; // with the bytes that the editor doesn't show
   std::string m_source;
-  std::optional<std::string> m_tookDifferences; // of work that was taken and is not settled yet
-  std::optional<EmbeddedInfo> m_info;           // that was entered and is in no radio yet
+  std::optional<std::string> m_tookDifferences; // of kept work that is not saved yet
+  std::optional<EmbeddedInfo> m_info;           // entered, but not yet written to a radio
   EmbeddedInfo m_infoBefore;
   std::optional<Configuration> m_kept;
   bool m_isMissing = false; // the copy

@@ -14,7 +14,8 @@ namespace {
 
 constexpr int MostSteps = 1000; // about 12 KB each
 
-// The first one, in the table of settings, is the cause of the others, but for a frequency that a new step has rounded.
+// The first difference in the table of settings is the cause of the others, except for a frequency that a new step has
+// rounded.
 const Difference& CauseOf(const std::vector<Difference>& differences) {
   const auto isStep = [](const Difference& difference) {
     const FieldPlace& place = difference.at.field->place;
@@ -25,7 +26,7 @@ const Difference& CauseOf(const std::vector<Difference>& differences) {
   return isRounded ? *step : differences.front();
 }
 
-// "CH3 Rx Freq" for a cell, which shows its value itself, and "Select Call: 5 Tone".
+// "CH3 Rx Freq" for a cell, whose value is visible, and "Select Call: 5 Tone" for other settings.
 QString NameOfStep(const std::vector<Difference>& differences) {
   const Difference& cause = CauseOf(differences);
   QString setting = QString::fromStdString(NameOf(cause.at)).section('(', 0, 0).trimmed();
@@ -35,7 +36,7 @@ QString NameOfStep(const std::vector<Difference>& differences) {
 
 } // namespace
 
-// The override comes before the key, and an open list may act on it already.
+// The override arrives before the key, and an open list may already act on it.
 bool MayEdit(QEvent::Type type) {
   return type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::KeyRelease ||
          type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
@@ -51,7 +52,7 @@ public:
 
   void undo() override { m_history.ExchangeWith(m_other); }
   void redo() override {
-    if (std::exchange(m_isNew, false)) return; // pushed when it was done already
+    if (std::exchange(m_isNew, false)) return; // when it was pushed, it had already been done
     m_history.ExchangeWith(m_other);
   }
 
@@ -73,7 +74,7 @@ void EditHistory::Restart() {
   m_current = {m_shown(), m_image};
 }
 
-// A difference that has no name, such as a key of the emergency pair that a save completes, is no step of its own.
+// A difference without a name, such as a key of the emergency pair that a save completes, is not a separate step.
 void EditHistory::TakeStep(const QString& name) {
   Configuration shown = m_shown();
   const bool isOtherStandard = m_image.FiveToneStandard != m_current.image.FiveToneStandard; // after a collect
@@ -103,20 +104,20 @@ void EditHistory::Redo() {
 void EditHistory::ExchangeWith(State& other) {
   std::swap(m_current, other);
   other.image = m_image;
-  // These have commands of their own, which are not undone.
+  // These have their own commands, which are not undone.
   m_current.image.EmbeddedInfoBlock = m_image.EmbeddedInfoBlock;
   m_current.image.WriteStampBlock = m_image.WriteStampBlock;
   m_image = m_current.image;
   m_show(m_current.configuration);
 }
 
-// A box is typed in until it is left: not yet for the menu bar, and not for another window.
+// Typing in a box ends when the focus leaves it, but not for the menu bar or another window.
 QWidget* EditHistory::TypedBox() const {
   QWidget* const holder = m_typed != nullptr ? m_typed->window()->focusWidget() : QApplication::focusWidget();
   return qobject_cast<QMenuBar*>(holder) != nullptr ? m_typed.data() : qobject_cast<EntryBox*>(holder);
 }
 
-// Before an input, what the last one did is complete, unless a dialog waits for an answer to it.
+// Before an input, the effect of the last one is complete, unless a dialog is still waiting for an answer.
 bool EditHistory::eventFilter(QObject* watched, QEvent* event) {
   if (MayEdit(event->type()) && QApplication::activeModalWidget() == nullptr) {
     QWidget* const box = TypedBox();

@@ -1,6 +1,5 @@
-// Undo and redo of what a user changes in the editor. A step is what one action changed, with its consequences; all
-// that is typed in a text box is one step. Steps are found by comparing what the editor shows, so no control has to
-// tell what it does.
+// Undo and redo of the user's changes in the editor. A step is everything that one action changed. All typing in a text
+// box is one step. Steps are found by comparing what the editor shows, so controls do not have to report their changes.
 #pragma once
 
 #include "configuration.h"
@@ -14,20 +13,20 @@
 
 namespace mr4500x {
 
-// Whether an event is input of the user that may change what the editor shows.
+// Whether an event is user input that may change what the editor shows.
 [[nodiscard]] bool MayEdit(QEvent::Type type);
 
 class EditHistory final : public QObject {
   Q_OBJECT
 public:
-  // `shown` returns what the editor shows, `show` makes it show that again, without messages and rules.
+  // `shown` returns what the editor shows. `show` restores such a state, without messages and rules.
   EditHistory(RadioImage& image, std::function<Configuration()> shown, std::function<void(const Configuration&)> show,
               QObject* parent);
 
   void Restart(); // the editor shows other data now
-  // What has changed since the last step becomes one, named after its first difference unless it has a name. Otherwise
-  // this happens by itself before the next input. With a name it is a step even if only bytes of the image have
-  // changed.
+  // Makes a step of the changes since the last one, named after the first difference unless `name` is given. Without
+  // this call it happens automatically before the next input. With a name it is a step even if only bytes of the image
+  // have changed.
   void TakeStep(const QString& name = {});
   void Undo();
   void Redo();

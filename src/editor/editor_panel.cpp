@@ -39,7 +39,7 @@ private:
   QWidget& m_panel;
 };
 
-// Keys do nothing on it: those that a button takes would press it, or go to a neighbour.
+// Ignores keys that would press it or move the focus to a neighbour.
 class FocusHolder final : public QPushButton {
 public:
   using QPushButton::QPushButton;
@@ -49,7 +49,7 @@ protected:
   void keyReleaseEvent(QKeyEvent* event) override { event->ignore(); }
 };
 
-// In frames that stand one above the other, labels and lists get one width.
+// Gives labels and lists the same width in frames that are above each other.
 template<class Part>
 void AlignParts(std::initializer_list<QWidget*> frames) {
   int widest = 0;
@@ -207,7 +207,7 @@ Configuration EditorPanel::Shown() const {
   return values;
 }
 
-// A band limit that is being typed is none yet.
+// A band limit that is still being typed does not count.
 Configuration EditorPanel::Agreed() const {
   Configuration values = Shown();
   m_band->CollectUnfinished(values);

@@ -33,8 +33,8 @@ class EditorPanel : public QWidget {
 public:
   EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView& messages, QWidget* parent = nullptr);
 
-  // Sets the controls from the image, as if the user had made each selection. Reports conflicting keys. An invalid 5
-  // tone standard is reported too and leaves the standard, the TTS table and the reset time unchanged.
+  // Sets the controls from the image, as if the user had made each selection. Reports conflicting keys and an invalid
+  // 5-tone standard, which leaves the standard, the TTS table and the reset time unchanged.
   DecodeEnd Fill();
   void FillReset(const LocalTime& now); // resets the image to a new configuration and shows it
   void Collect();
@@ -45,7 +45,7 @@ public:
   [[nodiscard]] RadioImage Collected() const;
   // Shows `values` as a step of the history; its name as in EditHistory::TakeStep.
   void Change(const Configuration& values, const QString& name = {});
-  // The same with an image whose bytes that no control shows are others; they are taken as they are.
+  // Also takes from `image` the bytes that no control shows.
   void Change(const Configuration& values, const RadioImage& image, const QString& name);
   [[nodiscard]] const FieldTexts& Texts() const { return m_texts; }
 
@@ -96,7 +96,7 @@ private:
   FiveToneFrame* m_fiveTone = nullptr;
   TtsFrame* m_tts = nullptr;
   ResetTimeFrame* m_resetTime = nullptr;
-  EditHistory* m_history = nullptr; // starts anew with each fill
+  EditHistory* m_history = nullptr; // cleared by each fill
   ChannelCommands* m_commands = nullptr;
   std::vector<SettingsFrame*> m_frames; // all, in the order of a fill
 };

@@ -28,7 +28,7 @@ namespace {
 using namespace mr4500x;
 
 constexpr int LookMilliseconds = 100;
-constexpr int MostLooks = 1200; // two minutes: a transfer takes seconds, so the window hangs
+constexpr int MostLooks = 1200; // two minutes; a transfer takes seconds, so the window must hang
 
 QString DataFile(const QString& folder) {
   return folder + QStringLiteral("/radio.K4X");
@@ -45,7 +45,7 @@ private:
   struct Step {
     std::string tells;          // printed on standard output unless empty
     std::string picture;        // taken after the step
-    std::function<void()> work; // the dialogs and message boxes it opens are answered by Look
+    std::function<void()> work; // Look answers the dialogs and message boxes that it opens
   };
 
   void Look(); // answers an open dialog, else runs the next step

@@ -71,7 +71,7 @@ FrmTwoFive::FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, Messa
   connect(m_cmdOK, &QPushButton::clicked, this, &FrmTwoFive::cmdOK_Click);
 }
 
-// Creates each field right after its option, which makes the tab order.
+// Creates each field right after its option, which determines the tab order.
 void FrmTwoFive::LayOut() {
   auto* const grid = static_cast<QGridLayout*>(layout());
   m_optSig[Off] = AddOption(Off, Off, tr("OFF"), tr("No selective call"));
@@ -94,7 +94,7 @@ void FrmTwoFive::ShowCell() {
   Option chosen = Off;
   if (m_cellText.startsWith(QLatin1String("TTS"))) {
     chosen = Tts;
-    // An entry that is not in the list is kept unless the user picks another.
+    // An entry that is not in the list is kept unless the user selects another.
     m_cboTwoSig->setCurrentIndex(m_cboTwoSig->findText(m_cellText.mid(4)));
     m_cboTwoSig->setPlaceholderText(m_cellText.mid(4));
   } else if (m_cellText.startsWith(QLatin1String("5T"))) {
@@ -124,7 +124,7 @@ void FrmTwoFive::txtFiveSig_Validate() {
 
 void FrmTwoFive::txtFiveSig_LostFocus(Qt::FocusReason reason) {
   if (!isVisible() || !m_txtFiveSig->isEnabled()) return;
-  // Not when a button is clicked: OK checks the code itself, Cancel and "OFF" discard it.
+  // Skipped when a button is clicked: OK checks the code itself, Cancel and "OFF" discard it.
   const QWidget* const next = QApplication::focusWidget();
   const bool byTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
   if (!byTab && (next == m_cmdOK || next == m_cmdCancel || next == m_optSig[Off])) return;
@@ -161,7 +161,7 @@ FrmGroup::FrmGroup(const QString& cellText, bool ttsMode, QWidget* parent)
     m_cboTwoSig[i]->setCurrentIndex(std::max(0, static_cast<int>(texts.indexOf(cellText))));
     m_cboTwoSig[i]->setEnabled(i == mode);
   }
-  // A value that is not in the list is kept unless the user picks another.
+  // A value that is not in the list is kept unless the user selects another.
   if (!GroupCallTexts(ttsMode).contains(cellText)) {
     m_cboTwoSig[mode]->setCurrentIndex(-1);
     m_cboTwoSig[mode]->setPlaceholderText(cellText);

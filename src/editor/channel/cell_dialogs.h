@@ -28,7 +28,8 @@ protected:
   QString m_cellText;
 };
 
-// The receive or transmit selective call of a channel. The other mode's controls are hidden; the rest have the colour.
+// The receive or transmit selective call of a channel. The other mode's controls are hidden. The others have the
+// colour.
 class FrmTwoFive : public CellDialog {
   Q_OBJECT
 public:
@@ -50,7 +51,7 @@ private:
   EntryBox* m_txtFiveSig = nullptr;
   QPushButton* m_cmdOK = nullptr;
   QPushButton* m_cmdCancel = nullptr;
-  bool m_validating = false; // the message box takes the focus too
+  bool m_validating = false; // the message box also takes the focus
 };
 
 // The group call of a channel. Only the current mode's controls are enabled.

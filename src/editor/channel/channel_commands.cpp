@@ -14,9 +14,9 @@ namespace mr4500x {
 struct ChannelCommands::Row {
   const char* text = "";
   const char* name = "";
-  const char* keys = ""; // further ones after a semicolon
+  const char* keys = ""; // several are separated by semicolons
   void (ChannelCommands::*run)() = nullptr;
-  bool isEverywhere = false; // else it belongs to the grid
+  bool isEverywhere = false; // otherwise it belongs to the grid
 
   static std::span<const Row> Table();
 };
@@ -87,8 +87,8 @@ void ChannelCommands::ServeMenu(QMenu& menu) {
   });
 }
 
-// A command that can't be used now is grey while a menu is open; else its keys are at work, and it says why it does
-// nothing. Whether there is something to paste is not asked: the clipboard's owner may not answer for a long time.
+// A command that can't be used is grey while a menu is open. At other times its keys work, and it reports why it does
+// nothing. Paste is never grey, because the owner of the clipboard may take a long time to answer.
 void ChannelCommands::UpdateActions() {
   m_history.TakeStep();
   const QUndoStack& stack = m_history.Stack();
@@ -197,7 +197,7 @@ void ChannelCommands::Compare() {
   emit m_panel.CompareAsked();
 }
 
-// Ctrl+Y of a text box comes here too, as Qt knows it on other systems only.
+// Ctrl+Y in a text box also arrives here, because Qt supports it only on other systems.
 void ChannelCommands::Undo() {
   m_panel.CommitCells();
   m_history.Undo();

@@ -1,6 +1,6 @@
-// The commands on whole channels, with undo and redo: by keys, in the window's menus, and in a menu on the channel
-// grid. A short menu, of what has nothing to do with channels, is everywhere else. They work on the selected rows or,
-// without any, on the current one. Each is an action, a child of the panel by its name.
+// The commands for whole channels, with undo and redo: by keys, in the window's menus, and in a context menu on the
+// channel grid. Elsewhere the context menu has only the commands that do not concern channels. They apply to the
+// selected rows or else to the current one. Each is an action: a child of the panel, found by its name.
 #pragma once
 
 #include "channel_grid.h"
@@ -23,7 +23,7 @@ public:
   ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHistory& history, RadioImage& image,
                   const FieldTexts& texts, MessageView& messages);
 
-  void ServeMenu(QMenu& menu); // greys what can't be used each time that it opens
+  void ServeMenu(QMenu& menu); // each time it opens, greys what can't be used
 
 private:
   struct Row;
@@ -48,7 +48,7 @@ private:
   void Redo();
 
   [[nodiscard]] Channels ChosenChannels() const;
-  // Shows what was refused, or the changed configuration as a step of the history.
+  // Shows the refused values, or the changed configuration as a step of the history.
   void Finish(const Configuration& changed, const std::vector<RefusedCell>& refused = {});
 
   EditorPanel& m_panel;

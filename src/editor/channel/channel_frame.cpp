@@ -20,8 +20,8 @@ constexpr int EditorExtraTwips = 10; // by which an editor is wider than its col
 constexpr int MarginTwips = 90;
 constexpr int LongestFrequency = 9; // "000.00000"
 
-// One of a column of check boxes, for a channel; with its channel selected, it is one for all that are. Draws the focus
-// itself: styles draw it around the text, and these boxes have none.
+// The check box of a channel in a column of boxes. If the channel is selected, a click sets the boxes of all selected
+// channels. Draws the focus itself, because styles draw it around the text and these boxes have none.
 class RowCheckBox : public QCheckBox {
 public:
   using Columns = std::array<const std::array<QCheckBox*, ChannelCount>*, 2>;
@@ -34,7 +34,7 @@ public:
 
 protected:
   void nextCheckState() override {
-    const std::set<int> selected = m_grid.SelectedRows(); // which a change ends
+    const std::set<int> selected = m_grid.SelectedRows(); // a change ends the selection
     const bool isTicked = !isChecked();
     const auto isOwn = [this](int row) { return static_cast<std::size_t>(row) == m_channel; };
     setChecked(isTicked);
@@ -43,7 +43,7 @@ protected:
       if (QCheckBox& box = Box(m_column, row); box.isEnabled()) box.setChecked(isTicked);
     m_grid.SelectRows(selected);
   }
-  // Up and Down go to the next channel whose box can be used, Left and Right to the other column. Tab leaves them all.
+  // Up and Down go to the next channel whose box is enabled, Left and Right to the other column. Tab leaves the boxes.
   void keyPressEvent(QKeyEvent* event) override {
     const int key = event->key(), channel = static_cast<int>(m_channel);
     if (key == Qt::Key_Left || key == Qt::Key_Right) return Enter(Box(key == Qt::Key_Left ? 0 : 1, channel));
@@ -134,7 +134,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
       m_cboCTCDCS(new ChoiceBox("cboCTCDCS", ToneItems(texts), {}, this)) {
   setAccessibleName(title());
   m_cboCTCDCS->setSizeAdjustPolicy(
-      QComboBox::AdjustToMinimumContentsLengthWithIcon); // else every size hint measures all items
+      QComboBox::AdjustToMinimumContentsLengthWithIcon); // otherwise every size hint measures all items
   m_cboCTCDCS->KeepPopupWiderThan(QStringLiteral("CTC99999.999"));
   m_txtChFreq->setAlignment(Qt::AlignCenter); // as in the cell
   SetUp(*m_gridChannel, *m_txtChFreq, *m_cboCTCDCS);
@@ -203,7 +203,7 @@ void ChannelFrame::KeepLabelsInView() {
   const int moved = m_gridChannel->horizontalHeader()->y() - m_gridChannel->frameWidth();
   for (QWidget* const heading : m_headings) {
     heading->move(heading->x(), m_gridChannel->y() + moved);
-    heading->setAutoFillBackground(moved > 0); // it then stands over the boxes
+    heading->setAutoFillBackground(moved > 0); // it then covers the boxes
   }
 }
 

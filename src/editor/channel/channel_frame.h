@@ -1,5 +1,5 @@
-// The "Channel Settings" frame: the channel grid with its check boxes, in-place editors and dialogs. The editor keeps
-// the channels only as the cells' texts.
+// The "Channel Settings" frame: the channel grid with its check boxes, in-place editors and dialogs. The editor stores
+// the channels only as the texts of the cells.
 #pragma once
 
 #include "channel_grid.h"
@@ -71,7 +71,7 @@ private:
   using CheckBoxes = std::array<QCheckBox*, ChannelCount>;
   CheckBoxes m_chkCH{}, m_chkTx{};
   std::array<const CheckBoxes*, 2> m_columns{&m_chkCH, &m_chkTx};
-  QWidget* m_tabStop = nullptr; // that one of the check boxes which Tab goes to
+  QWidget* m_tabStop = nullptr; // the check box that Tab goes to
   std::array<QWidget*, 2> m_headings{};
   EntryBox* m_txtChFreq;
   ChoiceBox* m_cboCTCDCS;

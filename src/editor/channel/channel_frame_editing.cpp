@@ -35,7 +35,7 @@ QRgb SideColour(GridColumn column) {
   return IsTransmit(column) ? TealText : GreenText;
 }
 
-// Finds CTC88.5 by the keys 88.5 as well, with either decimal sign.
+// Also finds CTC88.5 by the keys 88.5, with either decimal separator.
 class ToneView final : public QListView {
 public:
   ToneView(char separator, QWidget* parent) : QListView(parent), m_separator(separator) {}
@@ -108,7 +108,7 @@ void ChannelFrame::ToggleStep(int channel, GridColumn stepColumn) {
   m_gridChannel->SetText(channel, frequencyColumn, QString::fromStdString(*frequency));
 }
 
-// Toggles between the two texts of a cell; any other text becomes the first.
+// Toggles between the two texts of a cell. Any other text becomes the first.
 void ChannelFrame::ToggleText(int channel, GridColumn column) {
   const std::string text = m_gridChannel->Text(channel, column).toStdString();
   if (column == GridColumn::TailCut)
@@ -150,7 +150,7 @@ void ChannelFrame::OpenFrequencyEditor(int channel, GridColumn column) {
 void ChannelFrame::OpenToneEditor(int channel, GridColumn column) {
   m_cboCTCDCS->setAccessibleName(tr("Channel %1, %2 CTCSS or DCS tone").arg(channel + 1).arg(SideName(column)));
   if (m_toneView == nullptr) m_cboCTCDCS->setView(m_toneView = new ToneView(m_texts.decimalSeparator, m_cboCTCDCS));
-  m_toneView->keyboardSearch({}); // forgets what was typed in another cell
+  m_toneView->keyboardSearch({}); // discards what was typed in another cell
   m_cboCTCDCS->ShowText(m_gridChannel->Text(channel, column));
   const QPoint corner = m_gridChannel->EditorCorner(channel, column, ToneEditorInset);
   ShowEditor(*m_cboCTCDCS, {corner, m_cboCTCDCS->size()}, SideColour(column));
@@ -161,8 +161,7 @@ int ChannelFrame::StepOfEditedCell() const {
   return StepUnit(StepCode(m_gridChannel->Text(OpenRow(), stepColumn).toStdString(), m_texts).value_or(1));
 }
 
-// With the decimal sign of the locale: a single sign of the other kind, which only a pasted text can have, can't mean
-// anything else.
+// Replaces a single wrong decimal separator, which only pasted text can have, by the locale's.
 std::string ChannelFrame::Typed(const QString& text) const {
   std::string typed = text.toStdString();
   const auto isSign = [](char c) { return c == '.' || c == ','; };

@@ -116,7 +116,7 @@ protected:
   }
   void contextMenuEvent(QContextMenuEvent* event) override { emit m_grid.MenuAsked(event->globalPos()); }
   void paintSection(QPainter* painter, const QRect& place, int row) const override {
-    painter->save(); // Qt leaves another clipping behind
+    painter->save(); // Qt leaves a different clipping
     QHeaderView::paintSection(painter, place, row);
     painter->restore();
     if (!m_grid.IsRowSelected(row)) return;
@@ -133,10 +133,10 @@ protected:
 private:
   ChannelGrid& m_grid;
   std::function<void(int, Qt::MouseButton, Qt::KeyboardModifiers)> m_clicked;
-  int m_row = -1; // that the mouse was over last
+  int m_row = -1; // the last one under the mouse
 };
 
-// A hidden text stays hidden, and selected rows have a tint of the selection's colour, on which texts can be read.
+// A hidden text stays hidden. Selected rows have a tint of the selection's colour on which texts remain readable.
 class ChannelDelegate : public CellDelegate {
 public:
   using CellDelegate::CellDelegate;
@@ -248,7 +248,7 @@ void ChannelGrid::keyPressEvent(QKeyEvent* event) {
   CellGrid::keyPressEvent(event);
 }
 
-// Says what to do as long as no channel but the first is in use, as in a new configuration.
+// Shows a hint while only the first channel is in use, as in a new configuration.
 void ChannelGrid::paintEvent(QPaintEvent* event) {
   CellGrid::paintEvent(event);
   for (int row = 1; row < rowCount(); ++row)
@@ -263,7 +263,7 @@ void ChannelGrid::paintEvent(QPaintEvent* event) {
   painter.drawText(place, Qt::AlignCenter, hint);
 }
 
-// Of the cells, only for the menu key: a right click on a cell does nothing.
+// On cells only the menu key opens the menu. A right click does nothing there.
 void ChannelGrid::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Keyboard) AskForMenu();
 }

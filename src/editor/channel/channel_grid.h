@@ -27,7 +27,7 @@ public:
   void SetColour(int channel, GridColumn first, GridColumn last, CellColour colour);
   void RefreshColours(); // after a change of the palette
 
-  // Clicks on the labels and Shift with Space, Up or Down select rows. The current cell stays where it is.
+  // Clicks on the labels and Shift with Space, Up or Down select rows. The current cell does not change.
   void SelectRows(const std::set<int>& rows);
   void UnselectRows() { SelectRows({}); }
   [[nodiscard]] std::set<int> SelectedRows() const;

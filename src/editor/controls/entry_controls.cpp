@@ -29,8 +29,8 @@ bool HoldsFocus(const QWidget& list) {
   return false;
 }
 
-// Holds the mouse press that takes the focus from an invalid entry until the button is released, runs `first`, which
-// shows the message, and lets the click go on. A message box inside the press would swallow the release.
+// Delays a mouse press that takes the focus from an invalid entry until the button is released, runs `first`, which
+// shows the message, and then lets the click continue. A message box inside the press would swallow the release.
 class HeldClick : public QObject {
 public:
   HeldClick(QObject* parent, std::function<void()> first) : QObject(parent), m_first(std::move(first)) {
@@ -49,7 +49,7 @@ public:
       m_target = watched;
       return true;
     }
-    // A second press and the wheel, which takes the focus too, have no release to wait for.
+    // A second press and the wheel, which also takes the focus, have no release to wait for.
     if (type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonPress || type == QEvent::Wheel) GoOn();
     return false;
   }
@@ -74,7 +74,7 @@ QString Pasted(QClipboard::Mode mode = QClipboard::Clipboard) {
 constexpr qsizetype MostItemsOpen = 20; // longer lists scroll
 constexpr int VisibleItems = 16;        // of a list that scrolls
 
-// Some styles open a long list as a menu as tall as the screen, and not at the current item.
+// Some styles open a long list as a menu as tall as the screen, away from the current item.
 class ShortDropDown : public QProxyStyle {
 public:
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,5 +1,5 @@
-// The text boxes and drop-down lists of the editor. Both tell a move of the focus to another control from a window, a
-// popup or the menu bar that only takes it for a while: a message box about one entry must not end another.
+// The text boxes and drop-down lists of the editor. Both distinguish a move of the focus to another control from a
+// window, popup or menu bar that takes it temporarily, because a message box about one entry must not end another.
 #pragma once
 
 #include "configuration.h"
@@ -12,11 +12,11 @@
 
 namespace mr4500x {
 
-// Returns the character to insert for a typed one; nullopt to ignore it.
+// Returns the character to insert for a typed one, or nullopt to ignore it.
 using CharacterFilter = std::function<std::optional<char>(char typed, bool onKeypad)>;
 [[nodiscard]] std::optional<char> DigitFilter(char typed, bool onKeypad);
 
-// Filters typed characters, but not pasted text, which only loses the space around it.
+// Filters typed characters. Pasted text is only trimmed.
 class EntryBox : public QLineEdit {
   Q_OBJECT
 public:
@@ -29,7 +29,7 @@ public:
   // Whether leaving the box now shows a message. A click that does so counts when the message is closed.
   void TellsWhen(std::function<bool()> leavingTells) { m_leavingTells = std::move(leavingTells); }
 
-  void SetWholeText(const QString& text); // a text beyond the limit stays whole until the user edits it
+  void SetWholeText(const QString& text); // a text beyond the limit is kept until the user edits it
   void PutText(const QString& text);      // cuts the text at the limit
   void SelectEntry() { setSelection(0, m_mostCharacters); }
 
@@ -67,7 +67,7 @@ private:
   bool m_leaving = false;
 };
 
-// SetChoice acts like a selection by the user, and a stored code without an item is kept until the user picks one.
+// SetChoice acts like a selection by the user. A stored code without an item is kept until the user selects one.
 class ChoiceBox : public QComboBox {
   Q_OBJECT
 public:

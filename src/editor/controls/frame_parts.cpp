@@ -48,7 +48,8 @@ void SetTextColour(QWidget& widget, QRgb text, const QWidget& like) {
     colours.setColor(group, QPalette::ButtonText, ReadableOn(text, present.color(QPalette::Button)));
     colours.setColor(group, QPalette::PlaceholderText, ReadableOn(text, present.color(QPalette::Button)));
   }
-  // Options only: they stand on the window. In a list, WindowText would colour the arrows of the popup's scroll bar.
+  // Only for options, which are drawn on the window. In a list, WindowText would colour the arrows of the popup's
+  // scroll bar.
   if (qobject_cast<const QRadioButton*>(&widget) != nullptr)
     for (const auto group : {QPalette::Active, QPalette::Inactive})
       colours.setColor(group, QPalette::WindowText, ReadableOn(text, present.color(QPalette::Window)));

@@ -1,4 +1,4 @@
-// What frames and dialogs are made of: lengths that grow with the font, colours that stay readable, labelled fields,
+// Building blocks of frames and dialogs: lengths that scale with the font, colours that stay readable, labelled fields,
 // OK and Cancel, error messages.
 #pragma once
 
@@ -31,11 +31,10 @@ inline constexpr QRgb NavyText = qRgb(0, 0, 128);    // both sides
 inline constexpr QRgb OliveText = qRgb(128, 128, 0); // gap and group call times
 inline constexpr QRgb DarkBlueText = qRgb(0, 0, 192);
 
-// The colour, lightened on a dark background; the hue stays.
+// The colour, lightened on a dark background with the same hue.
 [[nodiscard]] QColor ReadableOn(QRgb text, const QColor& background);
 
-// A grey that can be read on a field. The palette's own, of what is disabled, is too light for a text that tells
-// something.
+// A grey that can be read on a field. The palette's grey for disabled text is too light for information.
 [[nodiscard]] QColor GreyOn(const QPalette& palette);
 
 [[nodiscard]] QColor Between(const QColor& one, const QColor& other, float share); // 0 is `one`
@@ -70,7 +69,7 @@ struct OkCancel {
 };
 [[nodiscard]] OkCancel NewOkCancel(QDialog& dialog);
 
-// With the exclamation icon. Some of the texts are misspelt on purpose: "Invalide", "Auot", "initiated".
+// Shows a message with the exclamation icon. Some texts are misspelt on purpose: "Invalide", "Auot", "initiated".
 void ShowEntryError(MessageView& messages, std::string_view text);
 
 } // namespace mr4500x

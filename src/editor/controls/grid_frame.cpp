@@ -46,7 +46,7 @@ CellGrid::CellGrid(int rows, int columns, int firstColumn, const QString& corner
   m_current = model()->index(0, firstColumn);
 }
 
-// A hidden grid has no current cell: screen readers would take it for the one with the focus.
+// A hidden grid has no current cell, because screen readers would mistake it for the one with the focus.
 void CellGrid::showEvent(QShowEvent* event) {
   QTableWidget::showEvent(event);
   const QSignalBlocker unmoved(selectionModel()); // no scroll of the panel
@@ -111,7 +111,7 @@ void CellGrid::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void CellGrid::mouseDoubleClickEvent(QMouseEvent* event) {
-  mousePressEvent(event); // two quick clicks are two clicks
+  mousePressEvent(event); // a double click counts as two clicks
 }
 
 void CellGrid::keyPressEvent(QKeyEvent* event) {
@@ -129,7 +129,7 @@ void CellGrid::keyPressEvent(QKeyEvent* event) {
     break;
   default:
     if (event->text().isEmpty()) break;
-    // Not passed on: the table would search for the character.
+    // Not passed on, because the table would search for the character.
     emit OtherKeyPressed();
     return;
   }
@@ -206,7 +206,7 @@ QString GridFrame::OpenText() const {
 
 std::optional<QString> GridFrame::EditedText() const {
   if (OpenEntry() != nullptr) return CheckedEntry(m_entry->text());
-  // A cell text that is not in the list has no selection, and stays.
+  // A cell text that is not in the list is shown without a selection, and kept.
   const bool isPicked = !m_list->isHidden() && m_list->currentIndex() >= 0;
   return isPicked ? std::optional(m_list->currentText()) : std::nullopt;
 }
@@ -247,13 +247,13 @@ void GridFrame::CommitEditors() {
 void GridFrame::HideEditors() {
   const QScopedValueRollback guard(m_closing, true);
   for (QWidget* const editor : std::initializer_list<QWidget*>{m_entry, m_list}) {
-    // Hiding the control with the focus would move it to any neighbour.
+    // Hiding the control with the focus would move the focus to an arbitrary neighbour.
     if (editor->hasFocus()) m_grid->setFocus();
     editor->hide();
   }
 }
 
-// To the cell after or before the open one that has an editor.
+// Opens the next or previous cell that has an editor.
 void GridFrame::OpenNext(int step) {
   const int columns = m_grid->columnCount(), cells = m_grid->rowCount() * columns;
   for (int cell = m_row * columns + m_column + step; cell >= 0 && cell < cells; cell += step) {
@@ -263,8 +263,8 @@ void GridFrame::OpenNext(int step) {
   }
 }
 
-// Tab and Shift+Tab in an editor open another cell, or return to the grid. From the check box that follows, Space would
-// switch a channel off.
+// Tab and Shift+Tab in an editor open another cell, or return to the grid. The focus must not move to the check box
+// that follows, where Space would switch a channel off.
 bool GridFrame::focusNextPrevChild(bool next) {
   if (!m_entry->hasFocus() && !m_list->hasFocus()) return SettingsFrame::focusNextPrevChild(next);
   const bool isValid = OpenEntry() == nullptr || EditedText();
@@ -277,7 +277,7 @@ void GridFrame::changeEvent(QEvent* event) {
   SettingsFrame::changeEvent(event);
   const QEvent::Type type = event->type();
   if (type == QEvent::FontChange || type == QEvent::StyleChange || type == QEvent::PaletteChange)
-    m_newLooks.start(); // after the child controls have changed too
+    m_newLooks.start(); // after the child controls have also changed
 }
 
 } // namespace mr4500x

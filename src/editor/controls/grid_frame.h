@@ -1,5 +1,5 @@
-// A frame around a grid whose cells are edited in a text box or a list opened over the cell, one at a time. Derived
-// frames check the entries and place the editors.
+// A frame around a grid. One cell at a time is edited in a text box or a list that opens over the cell. Derived frames
+// check the entries and place the editors.
 #pragma once
 
 #include "message_view.h"
@@ -19,7 +19,7 @@ class CellGrid : public QTableWidget {
   Q_OBJECT
 public:
   void MoveOn(); // to the next cell, row by row; from the last cell to the first
-  // In a scrolled panel the labels of rows and columns stand over the cells, at the edge of what is visible.
+  // In a scrolled panel the labels of rows and columns stay at the edge of the visible part, over the cells.
   void KeepLabelsInView();
 
 signals:
@@ -47,8 +47,8 @@ private:
   bool m_pressed = false;          // the left button went down on a cell
 };
 
-// Marks the current cell with a frame instead of the selection's background, so that its text keeps its colour. Grey
-// while the grid does not have the focus.
+// Marks the current cell with a frame instead of the selection's background, so that its text keeps its colour. The
+// frame is grey while the grid does not have the focus.
 class CellDelegate : public QStyledItemDelegate {
 public:
   explicit CellDelegate(CellGrid& grid) : QStyledItemDelegate(&grid), m_grid(grid) {}
@@ -79,7 +79,7 @@ protected:
   void SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list);
 
   virtual void CellOpened(int row, int column) = 0;
-  // The text to store for a typed one; nullopt if it is invalid.
+  // The text to store for a typed one, or nullopt if it is invalid.
   [[nodiscard]] virtual std::optional<QString> CheckedEntry(const QString& typed) const = 0;
   [[nodiscard]] virtual bool HasEditor(int row, int column) const = 0; // which CellOpened would open
   virtual void Picked(const QString& /*text*/) {}                      // after the list's text was stored
@@ -90,7 +90,7 @@ protected:
   void ShowEditor(QWidget& editor, const QRect& place, QRgb colour);
   void RefuseEntry(); // shows the message and restores the cell's text
   [[nodiscard]] QString OpenText() const;
-  [[nodiscard]] std::optional<QString> EditedText() const; // what a commit would store; nullopt for nothing
+  [[nodiscard]] std::optional<QString> EditedText() const; // what a commit would store, or nullopt
   void Store(const QString& text);                         // in the open cell
   void Tell(const QString& message);                       // after the changes of the same action, which end a message
 

@@ -1,4 +1,4 @@
-// The frames of the editor: each shows a part of the configuration. FieldFrame arranges labelled fields and has lists.
+// The frames of the editor. Each shows a part of the configuration. FieldFrame arranges labelled fields and lists.
 #pragma once
 
 #include "entry_controls.h"
@@ -25,8 +25,8 @@ public:
 
   virtual void Fill(const Configuration& values) = 0; // sets the controls as if the user had
   virtual void Collect(Configuration& values) const = 0;
-  // For a copy of the work at any moment: the text of an open editor counts if it is valid, and of an entry that has
-  // not been checked yet the last one that was.
+  // For a copy of the work at any moment. The text of an open editor counts if it is valid. An unchecked entry counts
+  // with its last checked text.
   virtual void CollectUnfinished(Configuration& values) const { Collect(values); }
 
 signals:
@@ -46,7 +46,7 @@ public:
 protected:
   // Adds the label in `column` and the list in `column + 1`.
   ChoiceBox* AddList(int row, int column, ChoiceList list);
-  // Call when all fields are added. Those beside these label columns share the width; the rows stay at the top.
+  // Call when all fields are added. The columns beside these label columns share the width. The rows stay at the top.
   void StretchFields(std::initializer_list<int> labelColumns);
   [[nodiscard]] ChoiceBox& List(ChoiceList list) const { return *m_lists.at(list); }
   [[nodiscard]] QGridLayout& Fields() const { return *m_fields; }

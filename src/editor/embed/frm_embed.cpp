@@ -18,8 +18,8 @@ namespace {
 
 constexpr int BoxColumns = 66, BoxRows = 8; // least size, in the dialog's font
 
-// Takes text only, whatever it is pasted or dropped as. Qt 6.4's box takes the first of the formats without looking
-// whether there is one: an empty clipboard, or one whose owner has ended, has none.
+// Accepts only plain text from a paste or drop. Qt 6.4's box takes the first format without checking that there is one,
+// and a clipboard that is empty or whose owner has ended has none.
 class TextOnlyBox final : public QPlainTextEdit {
 public:
   using QPlainTextEdit::QPlainTextEdit;
@@ -31,12 +31,12 @@ protected:
   }
 };
 
-// Unit for unit: QString::fromUtf16 would take a leading FEFF or FFFE for a byte order mark.
+// Copies unit by unit, because QString::fromUtf16 would interpret a leading FEFF or FFFE as a byte order mark.
 QString ToQString(std::u16string_view text) {
   return QStringView(text).toString();
 }
 
-// The raw text: toPlainText would replace no-break spaces by spaces.
+// The raw text, because toPlainText would replace no-break spaces by spaces.
 std::u16string ShownText(const QPlainTextEdit& box) {
   return box.document()->toRawText().toStdU16String();
 }

@@ -103,8 +103,8 @@ void BandFrame::txtFreqBandU_Recheck() {
   }
 }
 
-// A refused entry brings back the last text that the box accepted. If that is not the limit in force, it counts as
-// typed: channels must not leave their band without a question.
+// A refused entry restores the last text that the box accepted. If that is not the current limit, it is treated as
+// typed, because channels must not leave their band without a question.
 void BandFrame::txtFreqBandL_Validate() {
   const std::string upper = m_upper->text().toStdString();
   const int inForce = LowerBandLimit(m_image.BandBlock);
@@ -172,7 +172,7 @@ QLabel* RecordFrame::AddRecord(int row, const QString& objectName, const QString
   auto* const text = new QLabel(QString::fromUtf8(NoNumberText), this);
   text->setObjectName(objectName);
   text->setTextFormat(Qt::PlainText); // comes from the radio
-  // Screen readers read out a label's text; the description adds what it is.
+  // Screen readers read out the label's text. The description adds its meaning.
   text->setAccessibleDescription(label.trimmed());
   text->setMinimumWidth(text->fontMetrics().horizontalAdvance(QString(16, QLatin1Char('0'))));
   AddField(Fields(), row, 0, label, text);

@@ -17,7 +17,7 @@ namespace mr4500x {
 class BandFrame : public SettingsFrame {
   Q_OBJECT
 public:
-  // The image holds the lower limit in force, with which a new one is compared.
+  // The image holds the current lower limit, with which a new one is compared.
   BandFrame(MessageView& messages, RadioImage& image);
 
   void Fill(const Configuration& values) override;

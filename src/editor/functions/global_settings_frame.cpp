@@ -57,7 +57,7 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
     if (box->text() == QLatin1String(NoNumberText.data()) && !box->hasSelectedText()) box->selectAll();
   };
   connect(box, &EntryBox::Arrived, box, selectDashes);
-  connect(box, &EntryBox::Clicked, box, selectDashes); // the click that arrives takes the selection away
+  connect(box, &EntryBox::Clicked, box, selectDashes); // the click that follows removes the selection
   box->TellsWhen([box] { return !IdTextValid(box->text().toStdString()); });
   connect(box, &EntryBox::Left, this, [this, box, refusal] {
     if (IdTextValid(box->text().toStdString())) return;

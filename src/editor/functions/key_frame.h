@@ -10,7 +10,7 @@ class QLabel;
 
 namespace mr4500x {
 
-// One message for each key that was put back.
+// Shows one message for each key that was reset.
 void ShowKeyConflicts(MessageView& messages, int count);
 
 class KeyFrame : public FieldFrame {

@@ -1,4 +1,4 @@
-// The frames of lists: "Scan Information", "Select Call" and "5 Tone". "Manual Tune Enable" is a FieldFrame as it is.
+// The frames with lists: "Scan Information", "Select Call" and "5 Tone". "Manual Tune Enable" is a plain FieldFrame.
 #pragma once
 
 #include "settings_frame.h"

@@ -17,8 +17,8 @@
 namespace mr4500x {
 namespace {
 
-// A spin box without a number. Each click on an arrow is one step, however long the button is down. It counts at the
-// release, which a message box inside the press would swallow.
+// A spin box without a number. Each click on an arrow is one step, however long the button is held. The step is made on
+// the release, because a message box inside the press would swallow the release.
 class ArrowPair : public QSpinBox {
 public:
   ArrowPair(std::function<void(int by)> step, QWidget* parent) : QSpinBox(parent), m_step(std::move(step)) {

@@ -43,7 +43,7 @@ public:
   explicit TtsGrid(QWidget* parent) : CellGrid(RowCount, ColumnCount, FirstDataColumn, TtsFrame::tr("No."), parent) {
     setObjectName(QStringLiteral("gridTTS"));
     setAccessibleName(TtsFrame::tr("TTS table, entries 1 to 8"));
-    // Rows and columns share what room the frame has.
+    // Rows and columns share the room of the frame.
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
@@ -91,7 +91,7 @@ TtsFrame::TtsFrame(MessageView& messages, const FieldTexts& texts)
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(m_grid);
 
-  // Not in the grid's viewport: screen readers find only cells in a table.
+  // Not a child of the grid's viewport, because screen readers find only cells in a table.
   m_frequency =
       new EntryBox(QStringLiteral("txtTTSFreq"), FrequencyCharacters, DigitFilter, tr("TTS frequency in Hz"), this);
   m_frequency->setAlignment(Qt::AlignCenter);
@@ -126,7 +126,7 @@ void TtsFrame::EntryConfirmed() {
   if (OpenColumn() == static_cast<int>(TtsColumn::ToneAFreq)) m_grid->MoveOn();
 }
 
-// Stops at 0, as the box takes no sign; the commit applies the limits.
+// Stops at 0, because the box accepts no sign. The commit applies the limits.
 void TtsFrame::txtTTSFreq_Step(int by) {
   const std::optional<int> hertz = ParseWhole(m_frequency->text().toStdString());
   if (hertz)
@@ -135,7 +135,7 @@ void TtsFrame::txtTTSFreq_Step(int by) {
     RefuseEntry();
 }
 
-// A time is stored as soon as it is picked.
+// A time is stored as soon as it is selected.
 void TtsFrame::cmbTTST_Click() {
   if (!m_time->isHidden()) Store(m_time->currentText());
 }
