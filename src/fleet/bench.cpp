@@ -8,6 +8,7 @@ namespace mr4500x {
 
 Bench::Bench(const BenchContext& context, const std::vector<BenchPort>& ports, const MakeJournal& makeJournal)
     : m_context(context) {
+  m_context.state.Rows().SetPorts(ports.size());
   for (std::size_t index = 0; index < ports.size(); ++index)
     m_threads.emplace_back([this, index, port = ports[index], makeJournal] {
       try {

@@ -5,11 +5,13 @@
 #include "pending_attempts.h"
 #include "plan.h"
 #include "port_status.h"
+#include "row_queue.h"
 #include "session.h"
 
 #include <atomic>
 #include <functional>
 #include <mutex>
+#include <set>
 #include <string>
 
 namespace mr4500x {
@@ -47,6 +49,11 @@ public:
   }
   [[nodiscard]] bool MayWrite() const { return m_mayWrite; }
 
+  // A stopped port goes on.
+  void GoOn(std::size_t port);
+  [[nodiscard]] bool TakeGoOn(std::size_t port); // once
+  [[nodiscard]] RowQueue& Rows() { return m_rows; }
+
   void SetPlanEntered() { m_isPlanEntered = true; } // the journal has the plan's rows
   [[nodiscard]] bool IsPlanEntered() const { return m_isPlanEntered; }
   void SetRowsDone() { m_areRowsDone = true; } // all of them
@@ -80,6 +87,9 @@ private:
   mutable std::mutex m_slots; // guards the two together
   std::atomic<int> m_slotsLeft;
   int m_slotsTaken = 0; // and may be given back
+  std::mutex m_going;
+  std::set<std::size_t> m_goingOn; // ports
+  RowQueue m_rows;
 };
 
 // Called in the ports' threads, several at a time.

@@ -7,6 +7,16 @@ bool BenchState::IsOver() const {
   return m_isStopping || m_areRowsDone || (m_slotsLeft == 0 && m_slotsTaken == 0);
 }
 
+void BenchState::GoOn(std::size_t port) {
+  const std::lock_guard guard(m_going);
+  m_goingOn.insert(port);
+}
+
+bool BenchState::TakeGoOn(std::size_t port) {
+  const std::lock_guard guard(m_going);
+  return m_goingOn.erase(port) > 0;
+}
+
 BenchState::Slot::Slot(BenchState& state) : m_state(state) {
   const std::lock_guard guard(state.m_slots);
   m_isTaken = state.HasSlot();

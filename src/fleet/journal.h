@@ -21,6 +21,7 @@ struct JournalRow {
   std::string bench;    // that has it, or did it
   std::string idNumber; // of the radio that holds it
   std::string stamp{};  // the radio's write stamp since; "": unknown
+  int silentFor = -1;   // Taken: seconds since the bench was heard of last; negative: unknown
   bool operator==(const JournalRow&) const = default;
 };
 
@@ -65,6 +66,8 @@ struct Claim {
 struct ClaimWish {
   bool isEndless = false; // the plan gets a new row when none is free
   bool takesDone = false; // the row that the radio holds already is taken again
+  std::size_t row = 0;    // the one that the radio should get if no row names it; 0: the first one that is free
+  bool isChosen = false;  // it gets no other one then
 };
 
 enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
@@ -81,8 +84,8 @@ public:
   // Enters the plan with its rows if it is not known yet. False if the database does not answer; see IsBusy.
   [[nodiscard]] virtual bool Begin(const std::string& plan, const std::string& name,
                                    const std::vector<JournalRow>& rows) = 0;
-  // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the first
-  // free one that names none. A row that was taken before and not entered is given back.
+  // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the wished
+  // one, else the first free one that names none. A row that was taken before and not entered is given back.
   [[nodiscard]] virtual Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) = 0;
   // Reports that the bench is still at the row. Called just before the radio is written.
   [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;

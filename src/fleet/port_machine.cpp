@@ -10,7 +10,6 @@ namespace {
 constexpr int PollEvery = 10;    // cycles; what other benches have done
 constexpr int IdentityTries = 3; // while a plug goes in, the first may fail
 constexpr int SilentTries = 3;   // of a radio that was attached, until it counts as taken off
-constexpr int MostFailures = 2;  // in a row
 
 void Show(PortMachine& port, PortState state, const std::string& text = {}, int percent = 0) {
   port.status.state = state;
@@ -50,17 +49,36 @@ PortAction Attach(PortMachine& port, const std::string& idNumber) {
   return PortAction::HandleRadio;
 }
 
+// A radio that fails again is at fault itself. One that is unknown may be another one each time.
+bool IsSecondFailure(const PortMachine& port) {
+  return port.failedRadio && (port.failedRadio != port.radio || port.failedRadio->empty());
+}
+
+PortAction Stop(PortMachine& port, bool isOver) {
+  const std::string hint = port.isCable ? CableHint : LastFailureHint;
+  if (port.status.state != PortState::Stopped) Show(port, PortState::Stopped, hint + port.status.text);
+  port.status.canGoOn = !isOver;
+  return isOver ? PortAction::End : PortAction::Wait;
+}
+
 PortAction On(PortMachine& port, const CycleStarted& /*event*/, const BenchView& bench) {
-  if (bench.isOver) port.phase = PortPhase::Ending;
-  const bool needsJournal = port.phase == PortPhase::Ending || port.phase == PortPhase::JournalLost;
+  if (port.phase == PortPhase::Stopped && bench.goesOn) {
+    port.failedRadio.reset();
+    port.status.canGoOn = false;
+    Search(port);
+  }
+  const bool isStopped = port.phase == PortPhase::Stopped;
+  if (bench.isOver && !isStopped) port.phase = PortPhase::Ending;
+  const bool needsJournal = bench.isOver || port.phase == PortPhase::JournalLost;
   if (port.cycles++ % PollEvery == 0 || needsJournal) return PortAction::PollJournal;
-  return bench.hasSlot ? PortAction::Identify : PortAction::Wait; // another port's radio may give one back
+  return bench.hasSlot && !isStopped ? PortAction::Identify
+                                     : PortAction::Wait; // another port's radio may give one back
 }
 
 PortAction On(PortMachine& port, const JournalPolled& event, const BenchView& bench) {
+  if (port.phase == PortPhase::Stopped) return Stop(port, bench.isOver);
   if (port.phase == PortPhase::Ending || bench.isOver) {
-    const bool hasStopped = port.failures >= MostFailures;
-    Show(port, hasStopped ? PortState::Stopped : PortState::Finished, hasStopped ? CableHint + port.status.text : "");
+    Show(port, PortState::Finished);
     return PortAction::End;
   }
   const bool isIdle = port.phase == PortPhase::Searching || port.phase == PortPhase::JournalLost;
@@ -108,12 +126,19 @@ PortAction On(PortMachine& port, const RadioReported& event, const BenchView& /*
   if (IsUnderway(event.state)) return PortAction::None;
   port.waitsForRow = event.state == PortState::NoRow;
   if (port.waitsForRow) return PortAction::Wait;
-  port.failures = event.isFailure ? port.failures + 1 : 0;
-  if (port.failures >= MostFailures) port.phase = PortPhase::Ending;
+  if (event.isFailure && IsSecondFailure(port)) port.phase = PortPhase::Stopped;
+  port.failedRadio = event.isFailure ? port.radio : std::nullopt;
+  port.isCable = event.isCable;
   return PortAction::PollJournal; // it may have been the last row
 }
 
 } // namespace
+
+bool NeedsRow(const PortMachine& machine) {
+  const PortState state = machine.status.state;
+  const bool isUnserved = state == PortState::Identifying || state == PortState::NoRow;
+  return machine.phase == PortPhase::Searching || (machine.phase == PortPhase::RadioAttached && isUnserved);
+}
 
 PortStep Advance(PortMachine machine, const PortEvent& event, const BenchView& bench) {
   const PortAction action = std::visit([&](const auto& each) { return On(machine, each, bench); }, event);

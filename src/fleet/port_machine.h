@@ -16,6 +16,7 @@ enum class PortPhase : std::uint8_t {
   PortLost,      // it can't be opened
   JournalLost,   // it does not answer
   RadioAttached, // and has been dealt with, or is being dealt with
+  Stopped,       // until the user lets it go on
   Ending,
 };
 
@@ -23,13 +24,15 @@ struct PortMachine {
   PortPhase phase = PortPhase::Searching;
   std::optional<std::string> radio; // RadioAttached: its identity number, "" if unknown; nullopt: it may get a row now
   bool waitsForRow = false;
-  int cycles = 0, badIdentities = 0, silentTries = 0, failures = 0;
-  PortStatus status; // what is shown
+  int cycles = 0, badIdentities = 0, silentTries = 0;
+  std::optional<std::string> failedRadio; // the last one, if it failed; "" if unknown
+  bool isCable = false;                   // perhaps, for which it failed
+  PortStatus status;                      // what is shown
 };
 
-// What the other ports have left to do.
+// What the other ports have left to do, and what the user has asked for.
 struct BenchView {
-  bool isOver = false, hasSlot = true;
+  bool isOver = false, hasSlot = true, goesOn = false;
 };
 
 // The events. Each action except None leads to one of them.
@@ -47,7 +50,7 @@ struct RadioReported { // HandleRadio: while it goes on, and at its end
   std::size_t row = 0;
   std::string label{}, text{};
   int percent = 0;
-  bool isFailure = false; // of the cable, perhaps
+  bool isFailure = false, isCable = false; // of the cable, perhaps
   RadioTrouble trouble = RadioTrouble::None;
 };
 using PortEvent = std::variant<CycleStarted, JournalPolled, RadioAnswered, RadioIdentified, RadioReported>;
@@ -65,6 +68,9 @@ struct PortStep {
   PortMachine machine;
   PortAction action;
 };
+
+// Whether the port waits for a radio, or has one that waits for its row.
+[[nodiscard]] bool NeedsRow(const PortMachine& machine);
 
 [[nodiscard]] PortStep Advance(PortMachine machine, const PortEvent& event, const BenchView& bench);
 

@@ -22,7 +22,7 @@ enum class PortState : std::uint8_t {
   // Without a radio:
   NoPort,    // can't be opened; tried again
   NoJournal, // no new rows until the database answers
-  Stopped,   // after two failures in a row
+  Stopped,   // two radios in a row have failed
   Finished,  // as requested, or nothing is left to do
 };
 
@@ -50,9 +50,12 @@ struct PortStatus {
   std::size_t port = 0; // index, from 0
   PortState state = PortState::Waiting;
   std::size_t row = 0; // 0: none
-  std::string label, idNumber, text;
+  std::string label{}, idNumber{}, text{};
   int percent = 0; // of backup, write and verification together
   RadioTrouble trouble = RadioTrouble::None;
+  std::size_t nextRow = 0; // Waiting: the row of the next radio; 0: none
+  std::string nextLabel{};
+  bool canGoOn = false; // Stopped: not for good
 };
 
 } // namespace mr4500x

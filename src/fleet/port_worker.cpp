@@ -31,13 +31,24 @@ private:
   // Lets the machine advance, and reports what has changed. Row, label and number come with the next state.
   PortAction Handle(const PortEvent& event) {
     const PortStatus before = m_machine.status;
-    const BenchView bench = {m_context.state.IsOver(), m_context.state.HasSlot()};
-    auto [machine, action] = Advance(std::move(m_machine), event, bench);
+    BenchState& state = m_context.state;
+    const bool goesOn = m_machine.phase == PortPhase::Stopped && state.TakeGoOn(before.port);
+    auto [machine, action] = Advance(std::move(m_machine), event, {state.IsOver(), state.HasSlot(), goesOn});
     m_machine = std::move(machine);
+    PlanNext();
     const PortStatus& now = m_machine.status;
-    if (now.state != before.state || now.text != before.text || now.percent != before.percent)
+    if (now.state != before.state || now.text != before.text || now.percent != before.percent ||
+        now.nextRow != before.nextRow || now.canGoOn != before.canGoOn)
       m_context.events.onStatus(now);
     return action;
+  }
+
+  void PlanNext() {
+    PortStatus& status = m_machine.status;
+    m_next = m_context.state.Rows().NextFor(status.port, NeedsRow(m_machine));
+    status.nextRow = status.state == PortState::Waiting ? m_next.row : 0;
+    const std::vector<PlanRow>& rows = m_settings.plan.rows;
+    status.nextLabel = status.nextRow == 0 || status.nextRow > rows.size() ? "" : rows[status.nextRow - 1].label;
   }
 
   [[nodiscard]] PortEvent Perform(PortAction action) {
@@ -56,7 +67,8 @@ private:
   [[nodiscard]] Claim ClaimRow(Attempt& attempt, bool takesDone);
   [[nodiscard]] RadioReported ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot);
   [[nodiscard]] Attempt NewAttempt() const;
-  [[nodiscard]] RadioReported Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot);
+  [[nodiscard]] RadioReported Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot,
+                                    bool isCable = false);
 
   // An identification reports only that it has begun.
   void Began(Transfer /*transfer*/, int /*maximum*/) override { static_cast<void>(Handle(RadioAnswered{})); }
@@ -68,6 +80,7 @@ private:
   const BenchSettings& m_settings;
   Clock::Moment m_nextCycle;
   PortMachine m_machine;
+  RowQueue::Next m_next;
   RadioImage m_identity;         // of the last radio that answered
   std::string m_identityText;    // why it is refused if it has no number
   bool m_hasAskedBefore = false; // it is the one that waits for a row
@@ -81,6 +94,7 @@ JournalPolled PortWorker::PollJournal() {
   const auto rows = isReady ? m_journal.Rows(plan.key) : std::nullopt;
   if (!rows) return {m_journal.Error()};
   const auto isDone = [](const JournalRow& row) { return row.state == RowState::Done; };
+  if (!plan.isEndless) m_context.state.Rows().SetRows(m_machine.status.port, *rows);
   if (!plan.isEndless && rows->size() >= plan.rows.size() && std::ranges::all_of(*rows, isDone))
     m_context.state.SetRowsDone();
   return {};
@@ -115,7 +129,7 @@ RadioReported PortWorker::HandleRadio() {
   Attempt attempt = NewAttempt();
   if (attempt.idNumber.empty()) {
     attempt.text = m_identityText;
-    return Enter(attempt, AttemptOutcome::Failed, slot);
+    return Enter(attempt, AttemptOutcome::Failed, slot, m_identityText != NoNumberReason);
   }
   const Claim claim = IsJournalReady() ? ClaimRow(attempt, false) : Claim{};
   if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Error()};
@@ -129,26 +143,33 @@ RadioReported PortWorker::HandleRadio() {
         isSame && !m_settings.comparesDone ? AttemptOutcome::DoneBefore : job.CompareDone(attempt);
     const bool isRewritten = found == AttemptOutcome::SetAside && m_settings.rewritesDone &&
                              ClaimRow(attempt, true).kind == Claim::Kind::Taken;
-    if (!isRewritten) return Enter(attempt, found, slot);
+    if (!isRewritten) return Enter(attempt, found, slot, job.IsCable());
     attempt.text.clear();
   }
   const AttemptOutcome outcome = job.Run(m_identity, attempt);
-  return Enter(attempt, outcome, slot);
+  return Enter(attempt, outcome, slot, job.IsCable());
 }
 
 // The attempt gets the row.
 Claim PortWorker::ClaimRow(Attempt& attempt, bool takesDone) {
-  const ClaimWish wish = {.isEndless = m_settings.plan.isEndless, .takesDone = takesDone};
+  const ClaimWish wish = {
+      .isEndless = m_settings.plan.isEndless, .takesDone = takesDone, .row = m_next.row, .isChosen = m_next.isChosen};
   Claim claim = m_journal.ClaimRow(attempt, wish);
   const bool hasRow = claim.kind == Claim::Kind::Taken || claim.kind == Claim::Kind::DoneHere;
   if (hasRow) attempt.row = claim.row.row;
   if (hasRow) attempt.label = claim.row.label;
+  if (claim.kind == Claim::Kind::Taken) m_context.state.Rows().Hold(m_machine.status.port, attempt.row, attempt.port);
   return claim;
 }
 
 // One visit of a radio is one entry, however often a row is asked for.
 RadioReported PortWorker::ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot) {
-  attempt.text = HeldReason(held);
+  if (held.row == 0 && m_next.isChosen) {
+    attempt.text = ChoiceGoneReason(m_next.row);
+    return Enter(attempt, AttemptOutcome::SetAside, slot); // it must not get another row by itself
+  }
+  const std::string port = held.bench == m_settings.bench ? m_context.state.Rows().PortThatHolds(held.row) : "";
+  attempt.text = port.empty() ? HeldReason(held) : AtOtherPortReason(port);
   if (!m_hasAskedBefore) return Enter(attempt, AttemptOutcome::NoRow, slot);
   return {.state = PortState::NoRow, .text = attempt.text};
 }
@@ -167,7 +188,7 @@ Attempt PortWorker::NewAttempt() const {
   return attempt;
 }
 
-RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot) {
+RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot, bool isCable) {
   using enum AttemptOutcome;
   attempt.end = m_settings.timestamp();
   attempt.outcome = outcome;
@@ -185,6 +206,7 @@ RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchS
   return {.state = entered.outcome == SetAside ? PortState::SetAside : PortState::Failed,
           .text = entered.outcome == Conflict ? LineForConflict(entered) : attempt.text,
           .isFailure = entered.outcome == Failed,
+          .isCable = isCable,
           .trouble = entered.outcome == Conflict ? RadioTrouble::Conflict
                      : isPart                    ? RadioTrouble::PartlyWritten
                                                  : RadioTrouble::None};

@@ -115,6 +115,7 @@ RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
   found.FirmwareVersionBlock = image.FirmwareVersionBlock;
   const ImageDifferences differences = CompareImages(image, found, m_settings.texts);
   if (!differences.IsEmpty()) {
+    m_isCable = true;
     attempt.text = DifferenceReason(differences);
     return Found::Different;
   }
@@ -126,7 +127,9 @@ RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
 }
 
 bool RadioJob::IsComplete(const ExchangeResult& result, Attempt& attempt) {
-  return result.outcome == Outcome::Complete || Fail(attempt, ReasonFor(result));
+  if (result.outcome == Outcome::Complete) return true;
+  m_isCable = result.outcome != Outcome::WrongModel;
+  return Fail(attempt, ReasonFor(result));
 }
 
 void RadioJob::BeginStep(PortState step) {

@@ -24,6 +24,8 @@ public:
   // Reads back a radio that is done with the attempt's row: DoneBefore if it holds the row, SetAside if it holds
   // something else.
   [[nodiscard]] AttemptOutcome CompareDone(Attempt& attempt);
+  // Whether the cable may be why it failed.
+  [[nodiscard]] bool IsCable() const { return m_isCable; }
 
 private:
   [[nodiscard]] bool BackUp(Attempt& attempt);
@@ -32,7 +34,7 @@ private:
   enum class Found : std::uint8_t { Same, Different, NotRead };
   [[nodiscard]] bool HasText(const Attempt& attempt) const;
   [[nodiscard]] Found Verify(const RadioImage& image, Attempt& attempt);
-  [[nodiscard]] static bool IsComplete(const ExchangeResult& result, Attempt& attempt);
+  [[nodiscard]] bool IsComplete(const ExchangeResult& result, Attempt& attempt);
   void BeginStep(PortState step);
 
   void Began(Transfer transfer, int maximum) override;
@@ -46,6 +48,7 @@ private:
   const BenchSettings& m_settings;
   ProgressHandler m_onProgress;
   PortState m_step = PortState::BackingUp;
+  bool m_isCable = false;
   int m_total = 0; // units of progress: of the job, of the transfers that have ended, and of the one in progress
   int m_done = 0, m_maximum = 0;
 };

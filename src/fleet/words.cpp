@@ -2,6 +2,7 @@
 
 #include "differences.h"
 
+#include <algorithm>
 #include <array>
 
 namespace mr4500x {
@@ -106,15 +107,51 @@ std::string OtherRadioReason(const Attempt& attempt, const std::string& idNumber
          " was identified, " + (isOther ? idNumber : "firmware " + firmware) + " was read back; check both";
 }
 
+std::string AtOtherPortReason(const std::string& portName) {
+  return "this number is at " + portName;
+}
+
 std::string HeldReason(const JournalRow& row) {
-  return row.row == 0 ? "" : "bench " + row.bench + " holds row " + std::to_string(row.row) + " for this number";
+  if (row.row == 0) return "";
+  const int left = std::clamp(SilentSeconds - std::max(row.silentFor, 0), 0, SilentSeconds), seconds = left % 60;
+  return "Wait: held by bench " + row.bench + " for " + std::to_string(left / 60) + (seconds < 10 ? ":0" : ":") +
+         std::to_string(seconds);
+}
+
+std::string ChoiceGoneReason(std::size_t row) {
+  return "row " + std::to_string(row) + ", which was chosen for it, is not free any more; choose again";
+}
+
+std::string LineForNext(const PortStatus& status, std::string_view portName) {
+  if (status.nextRow == 0) return "";
+  return "next for " + std::string(portName) + ": " +
+         (status.nextLabel.empty() ? "row " + std::to_string(status.nextRow) : status.nextLabel);
+}
+
+std::string LineForChoice(const JournalRow* row, std::string_view text) {
+  if (row == nullptr) return "No row, or more than one, has this label or radio: " + std::string(text);
+  const std::string name = SubjectText(row->row, row->label, "") + ": ";
+  if (row->state == RowState::Done) return name + "done, by radio " + row->idNumber;
+  if (row->state == RowState::Taken) return name + "taken by bench " + row->bench;
+  if (!row->radio.empty()) return name + "only for radio " + row->radio + ", at any port";
+  return name + "chosen for the next port that waits";
 }
 
 std::string LineFor(const PortStatus& status, std::string_view portName) {
   const StateWords& words = States[static_cast<std::size_t>(status.state)];
   std::string name = SubjectText(status.row, status.label, status.idNumber);
   if (status.state == PortState::Finished) name.clear(); // its last radio has nothing to do with that
-  return JoinParts({portName, name, words.sentence, status.text});
+  if (status.state == PortState::NoRow && !status.text.empty()) return JoinParts({portName, name, status.text});
+  const std::string next = LineForNext(status, portName);
+  const std::string sentence = std::string(words.sentence) + (next.empty() ? "" : "; ") + next;
+  return JoinParts({portName, name, sentence, status.text});
+}
+
+std::string LineForFailed(const PortStatus& status, std::string_view portName) {
+  const std::string radio = status.idNumber.empty() ? "a radio" : "radio " + status.idNumber;
+  const std::string_view word =
+      WordFor(status.state == PortState::SetAside ? AttemptOutcome::SetAside : AttemptOutcome::Failed);
+  return JoinParts({radio + ", at " + std::string(portName), word, status.text});
 }
 
 std::string LineFor(const Attempt& attempt) {

@@ -33,14 +33,22 @@ inline constexpr char TextDiffersReason[] = "its embedded information does not m
 // Another radio was found where the attempt's was backed up.
 [[nodiscard]] std::string OtherRadioReason(const Attempt& attempt, const std::string& idNumber,
                                            const std::string& firmware);
-[[nodiscard]] std::string HeldReason(const JournalRow& row); // why a radio gets no row
+// Why a radio gets no row: its number is at another port of this bench, or another bench has it.
+[[nodiscard]] std::string AtOtherPortReason(const std::string& portName);
+[[nodiscard]] std::string HeldReason(const JournalRow& row);
+[[nodiscard]] std::string ChoiceGoneReason(std::size_t row); // the row that the user has chosen is not free
 
 // What a port's state leaves open.
 inline constexpr char NoiseHint[] = "something answers, but it is not a radio, or the cable is faulty";
-inline constexpr char CableHint[] = "check the cable; the last failure: "; // and the reason
+inline constexpr char LastFailureHint[] = "the last failure: "; // and the reason
+inline constexpr char CableHint[] = "check the cable; the last failure: ";
 inline constexpr char LateEntryHint[] = "the entry will be added to the journal later";
 inline constexpr char LostEntryHint[] = "neither the journal nor the file of pending entries can be written";
 
+// "next for COM3: Truck 12"; "" if the port does not wait, or has no row to give out.
+[[nodiscard]] std::string LineForNext(const PortStatus& status, std::string_view portName);
+// What becomes of a row that the user has chosen by a text; nullptr: there is none.
+[[nodiscard]] std::string LineForChoice(const JournalRow* row, std::string_view text);
 // "COM3: row 12, Truck 12, radio R12: verified; unplug the radio"
 [[nodiscard]] std::string LineFor(const PortStatus& status, std::string_view portName);
 
@@ -48,6 +56,8 @@ inline constexpr char LostEntryHint[] = "neither the journal nor the file of pen
 [[nodiscard]] std::string LineFor(const Attempt& attempt);
 // An entry whose row another radio got in the meantime, or whose radio another row.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
+// "radio R12, at COM3: failed: the radio does not answer", of a radio that was not verified.
+[[nodiscard]] std::string LineForFailed(const PortStatus& status, std::string_view portName);
 // "May be only partly programmed: row 3, Taxi 3, radio R3"
 [[nodiscard]] std::string LineForPartlyWritten(const PortStatus& status);
 [[nodiscard]] std::string LineForPartlyWritten(const Attempt& attempt);

@@ -55,17 +55,22 @@ public:
         if (wish.takesDone) row.state = RowState::Taken, row.bench = bench;
         return {wish.takesDone ? Claim::Kind::Taken : Claim::Kind::DoneHere, row};
       }
+    for (const JournalRow& row : rows)
+      if (row.state == RowState::Taken && row.idNumber == id) return {Claim::Kind::NoRow, row};
     const auto freeFor = [&](const std::string& radio) {
       return std::ranges::find_if(
           rows, [&](const JournalRow& row) { return row.state == RowState::Free && row.radio == radio; });
     };
     auto found = freeFor(id);
-    if (found == rows.end()) found = freeFor("");
+    const auto isWished = [&](const JournalRow& row) { return row.row == wish.row && row.state == RowState::Free; };
+    if (found == rows.end()) found = std::ranges::find_if(rows, isWished);
+    if (found == rows.end() && !wish.isChosen) found = freeFor("");
     if (found == rows.end() && wish.isEndless)
       found = rows.insert(rows.end(), JournalRow{rows.size() + 1, "", "", {}, "", ""});
     if (found == rows.end()) return {Claim::Kind::NoRow, {}};
     found->state = RowState::Taken;
     found->bench = bench;
+    found->idNumber = id;
     return {Claim::Kind::Taken, *found};
   }
   Renewal Renew(const std::string& /*plan*/, std::size_t row, const std::string& bench) override {
@@ -231,8 +236,12 @@ struct Fleet {
     events.onStatus = [this](const PortStatus& status) {
       EXPECT_LE(status.percent, 100);
       if (when.second && status.state == when.first) std::exchange(when.second, {})(*this);
+      if (status.canGoOn && goesOn) state->GoOn(status.port);
+      if (status.canGoOn && !goesOn) state->StopAfterTheseRadios();
       if (status.port < cables.size()) cables[status.port].Enter(status.state);
       const std::lock_guard guard(mutex);
+      const std::string planned = LineForNext(status, "COM" + std::to_string(status.port + 1)) + '\n';
+      if (status.nextRow != 0 && !next.ends_with(planned)) next += planned;
       if (status.state == PortState::Waiting && !status.text.empty()) return hints.push_back(status.text);
       if (shown.empty() || shown.back().state != status.state || shown.back().port != status.port)
         shown.push_back(status);
@@ -258,6 +267,7 @@ struct Fleet {
   void Run() {
     PendingAttempts pending(files, folder + "/pending");
     const BenchContext context = Context(pending);
+    state->Rows().SetPorts(std::max<std::size_t>(2, cables.size()));
     std::vector<std::jthread> threads;
     for (std::size_t port = 0; port < cables.size(); ++port)
       threads.emplace_back([this, port, &context] {
@@ -294,10 +304,12 @@ struct Fleet {
   std::mutex mutex; // of what follows
   std::vector<PortStatus> shown;
   std::vector<std::string> hints;           // while waiting
+  std::string next;                         // the same, as lines
   std::deque<TableRadio> table;             // radios to come
   std::map<std::string, RadioMemory> shelf; // radios that were taken off, by their identity numbers
   std::vector<RadioMemory> off;             // of radios in the order in which they were taken off
   bool stopsWithoutRadios = true;
+  bool goesOn = false; // a port that has stopped
   bool putsBack = false;                                  // a radio that is not done comes again, without its faults
   std::pair<PortState, std::function<void(Fleet&)>> when; // something happens the first time
 
@@ -317,7 +329,8 @@ private:
     const auto rows = MemoryJournal(tables).Rows("");
     const std::lock_guard guard(mutex);
     shelf[id] = off.emplace_back(memory);
-    if (putsBack && std::ranges::find(*rows, id, &JournalRow::idNumber) == rows->end())
+    const auto isDone = [&](const JournalRow& row) { return row.state == RowState::Done && row.idNumber == id; };
+    if (putsBack && std::ranges::none_of(*rows, isDone))
       table.push_back({memory, {}, {}});
   }
 

@@ -17,6 +17,7 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   Fleet fleet;
   fleet.UsePlan("label,radio,global.connect_id\nTruck 1,,11\nTruck 2,R-3,22\nTruck 3,,33\n");
   fleet.settings.operatorName = "Ann";
+  fleet.state->Rows().Choose(3);
   for (const char* const id : {"R-1", "R-2", "R-3"})
     fleet.AddRadio(id);
   fleet.settings.speed = Speed::Quick;
@@ -24,8 +25,9 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   EXPECT_LT(fleet.cables[0].Now(), 30s) << "quick";
   const std::string way = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
   EXPECT_EQ(fleet.States(), way + way + way + "FINISHED");
-  for (const auto& [id, row] : {std::pair("R-1", 1U), {"R-2", 3U}, {"R-3", 2U}})
+  for (const auto& [id, row] : {std::pair("R-1", 3U), {"R-2", 1U}, {"R-3", 2U}})
     EXPECT_TRUE(fleet.Holds(id, row)) << id;
+  EXPECT_EQ(fleet.next, "next for COM1: Truck 3\n");
   EXPECT_EQ(fleet.shelf["R-3"][0x130], 0x22); // connect ID
   const Attempt& last = fleet.tables.attempts.back();
   // clang-format off
@@ -140,6 +142,9 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
       {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
+      {"a chosen row that another bench has done", "gg", "set aside, verified", "SET ASIDE, WAITING, IDENTIFYING, BACKUP, "
+       "WRITING, VERIFYING, UNPLUG, FINISHED", 0, [](Fleet& fleet) { fleet.state->Rows().Choose(2); },
+       {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
       {"noise", "ng", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0},
       {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
        [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
@@ -166,6 +171,40 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
       EXPECT_TRUE(status.row == 0 || (status.state != Failed && status.state != SetAside));
     for (const Attempt& attempt : fleet.tables.attempts)
       EXPECT_TRUE(attempt.outcome != AttemptOutcome::Verified || fleet.Holds(attempt.idNumber, attempt.row));
+  }
+}
+
+TEST(FleetTest, TheRowsGoToThePortsInOrder) {
+  constexpr std::size_t Ports = 4;
+  Fleet fleet;
+  fleet.UsePlan("label\n1\n2\n3\n4\n5\n6\n7\n8\n9\n"); // a port without a planned row takes another's
+  fleet.UseCables(Ports);
+  for (const char* const id : {"R-1", "R-2", "R-3", "R-4", "R-5", "R-6"})
+    fleet.AddRadio(id);
+  fleet.Run();
+  EXPECT_EQ(fleet.Outcomes(), "verified, verified, verified, verified, verified, verified");
+  std::map<std::string, std::size_t> first;
+  for (const Attempt& attempt : fleet.tables.attempts)
+    first.try_emplace(attempt.port, attempt.row);
+  for (const auto& [port, row] : first)
+    EXPECT_EQ(port, "COM" + std::to_string(row));
+}
+
+TEST(FleetTest, ARadioThatIsElsewhereIsSaidToBe) {
+  const std::pair<JournalRow, const char*> cases[] = {
+      {{1, "", "", RowState::Taken, "A", "R-1", "", 20}, "this number is at COM2"},
+      {{1, "", "", RowState::Taken, "B", "R-1", "", 20}, "Wait: held by bench B for 1:40"},
+      {{1, "", "", RowState::Taken, "B", "R-1", "", 115}, "Wait: held by bench B for 0:05"},
+  };
+  for (const auto& [held, text] : cases) {
+    Fleet fleet;
+    fleet.UsePlan("label\na\nb\n");
+    fleet.tables.rows = {held, {2, "b", "", RowState::Free, "", ""}};
+    fleet.AddRadio("R-1");
+    fleet.when = {PortState::Identifying, [](Fleet& both) { both.state->Rows().Hold(1, 1, "COM2"); }};
+    fleet.Run();
+    ASSERT_EQ(fleet.Outcomes(), "no row");
+    EXPECT_EQ(fleet.tables.attempts[0].text, text);
   }
 }
 

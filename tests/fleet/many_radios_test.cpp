@@ -18,7 +18,7 @@ TEST(ManyRadiosTest, EachRowIsDoneOnceAndEachRadioHoldsItsRow) {
   fleet.UsePlan(rows);
   fleet.UseCables(Ports);
   fleet.stopsWithoutRadios = false;
-  fleet.putsBack = true;
+  fleet.putsBack = fleet.goesOn = true;
   fleet.Run();
 
   ASSERT_EQ(fleet.tables.done.size(), Radios);

@@ -33,7 +33,9 @@ const std::map<std::string, PortEvent> Events = {
     {"Refused", RadioReported{Waiting}},
     {"BandDiffers", RadioReported{SetAside}},
     {"Conflict", RadioReported{Failed}},
-    {"Failure", RadioReported{.state = Failed, .text = "silent", .isFailure = true}},
+    {"Failure", RadioReported{.state = Failed, .text = "silent", .isFailure = true, .isCable = true}},
+    {"NoRoom", RadioReported{.state = Failed, .text = "no room", .isFailure = true}},
+    {"Held", RadioReported{.state = NoRow, .text = "Wait: held by bench B for 1:40"}},
 };
 
 std::string NameOfAction(PortAction action) {
@@ -43,7 +45,7 @@ std::string NameOfAction(PortAction action) {
 
 TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
   const std::map<std::string, BenchView> benches = {
-      {"", {}}, {" at a bench that is over", {.isOver = true}}, {" without a slot", {.hasSlot = false}}};
+      {"", {}}, {" at a bench that is over", {.isOver = true}}, {" without a slot", {.hasSlot = false}}, {" after Go on", {.goesOn = true}}};
   for (const Row& row : RowsOf(CASES "port_events.txt", "[^:]+: ([A-Z ]\\w+(?: [A-Z]\\w+)*)(.*) -> (.*) -> (.*)")) {
     std::istringstream names(row[1]);
     PortMachine machine;

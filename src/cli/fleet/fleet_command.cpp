@@ -28,6 +28,9 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
     else
       ports.push_back(*ParsePortAddress(text));
   }
+  // In the order of their numbers, as the rows go out; devices come last.
+  std::ranges::stable_sort(ports, {},
+                           [](const PortAddress& port) { return port.number == 0 ? PortCount + 1 : port.number; });
   std::set<std::string> names;
   for (const PortAddress& port : ports)
     if (!names.insert(DisplayName(port)).second) terminal.err << DisplayName(port) << " is given twice\n";
@@ -97,7 +100,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   FleetTally tally(choice.ports.size());
   const auto print = [&](const PortStatus& status) {
     if (tally.Record(status)) terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
-    if (tally.HasEnded()) loop.quit();
+    if (tally.HasStopped()) loop.quit();
   };
   const auto printConflict = [&](const Attempt& attempt) {
     tally.RecordConflict();
@@ -117,13 +120,15 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   };
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
-  terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed() << '\n';
+  terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed().size() << '\n';
+  for (const auto& [idNumber, status] : tally.Failed())
+    terminal.out << "Not verified: " << LineForFailed(status, DisplayName(choice.ports[status.port])) << '\n';
   for (const auto& [idNumber, status] : tally.PartlyWritten())
     terminal.out << LineForPartlyWritten(status) << '\n';
   const std::size_t pending = session.PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan.isEndless && choice.count < 0;
-  const bool isComplete = isOpenEnded ? tally.Failed() == 0 : session.IsComplete();
+  const bool isComplete = isOpenEnded ? tally.Failed().empty() : session.IsComplete();
   const bool isGood = pending == 0 && !tally.HasConflict() && tally.PartlyWritten().empty();
   return {isComplete && isGood, session.BenchName()};
 }

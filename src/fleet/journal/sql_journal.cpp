@@ -56,6 +56,7 @@ JournalRow RowIn(const QSqlQuery& query) {
   row.bench = query.value(4).toString().toStdString();
   row.idNumber = query.value(5).toString().toStdString();
   row.stamp = query.value(6).toString().toStdString();
+  if (!query.isNull(7)) row.silentFor = query.value(7).toInt();
   return row;
 }
 
@@ -70,7 +71,8 @@ Attempt AttemptIn(const QSqlQuery& query) {
 }
 
 constexpr char RowColumns[] = "number, label, radio, CASE WHEN {isFree} THEN 'free' ELSE state END, bench, id_number,"
-                              " stamp";
+                              " stamp, CASE WHEN state = 'taken' THEN (SELECT {now} - heard FROM fleet_bench"
+                              " WHERE fleet_bench.bench = fleet_row.bench) END";
 constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench, {now})"
                          " ON CONFLICT (bench) DO UPDATE SET heard = excluded.heard";
 constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = ''"
@@ -92,14 +94,14 @@ const QStringList MakeRow = {
     " HAVING NOT EXISTS (SELECT 1 FROM fleet_row WHERE plan = :plan AND"
     " (radio IN ('', :id) AND {isFree} OR id_number = :id AND state <> 'free'))"};
 // The radio's number may also be at another port, or its bench has died and may have written it. The row is asked once
-// more: what was selected may be older than its lock.
-constexpr char TakeFree[] =
+// more: what was selected may be older than its lock. A second of these statements finds that the radio has a row.
+const QString TakeFree =
     "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = ''"
     " WHERE plan = :plan AND {isFree} AND number ="
     " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
     " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
     " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
-    " AND held.state <> 'free') ORDER BY number LIMIT 1{skip})";
+    " AND held.state <> 'free')%1 ORDER BY number LIMIT 1{skip})";
 const QString EnterBegun = "INSERT INTO fleet_attempt (" + ColumnList() +
                            ") SELECT number, 'begun', :started, '', label, :id_number, :firmware, :band, :port, :bench,"
                            " '', '', '', plan, :attempt_key, '', :operator_name FROM fleet_row"
@@ -163,17 +165,20 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
 Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {
   Values values = ValuesOf(attempt);
   values.emplace_back(":claim", m_claimName);
+  values.emplace_back(":wish", QVariant::fromValue(wish.row));
   QStringList statements = BeforeClaim;
   if (wish.takesDone) statements += TakeDone;
   if (wish.isEndless) statements += MakeRow;
-  statements << TakeFree << EnterBegun << SelectClaim;
+  if (wish.row > 0) statements += TakeFree.arg(QStringLiteral(" AND (radio <> '' OR number = :wish)"));
+  if (wish.row == 0 || !wish.isChosen) statements += TakeFree.arg(QString());
+  statements << EnterBegun << SelectClaim;
   Claim claim;
   const auto take = [&] {
     auto query = m_database.RunAll(statements, values);
     if (!query) return false;
     claim.kind = Claim::Kind::NoRow;
     if (!query->next()) return true;
-    constexpr int IsMine = 7; // the column after the row's
+    constexpr int IsMine = 8; // the column after the row's
     claim.row = RowIn(*query);
     if (claim.row.state == RowState::Done) claim.kind = Claim::Kind::DoneHere;
     if (claim.row.state == RowState::Taken && query->value(IsMine).toBool()) claim.kind = Claim::Kind::Taken;

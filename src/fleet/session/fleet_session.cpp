@@ -174,8 +174,8 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, P
 
 bool FleetTally::Record(const PortStatus& status) {
   std::optional<PortStatus>& last = m_last[status.port];
-  const bool isNews =
-      !last || last->state != status.state || last->row != status.row || last->idNumber != status.idNumber;
+  const bool isNews = !last || last->state != status.state || last->row != status.row ||
+                      last->idNumber != status.idNumber || last->nextRow != status.nextRow;
   last = status;
   if (!isNews) return false;
   if (status.state == PortState::Done) ++m_done;
@@ -183,12 +183,21 @@ bool FleetTally::Record(const PortStatus& status) {
   if (status.trouble == RadioTrouble::PartlyWritten) m_partlyWritten[status.idNumber] = status;
   if (status.trouble == RadioTrouble::Conflict) m_hasConflict = true;
   if (IsGood(status.state)) m_failed.erase(status.idNumber);
-  if (IsBad(status.state) && status.state != PortState::NoRow) m_failed.insert(status.idNumber);
+  if (IsBad(status.state) && status.state != PortState::NoRow) m_failed[status.idNumber] = status;
   return true;
 }
 
 bool FleetTally::HasEnded() const {
+  return std::ranges::all_of(m_last, [](const auto& last) { return last && IsEnd(last->state) && !last->canGoOn; });
+}
+
+bool FleetTally::HasStopped() const {
   return std::ranges::all_of(m_last, [](const auto& last) { return last && IsEnd(last->state); });
+}
+
+void FleetTally::Dismiss(const std::string& idNumber) {
+  m_failed.erase(idNumber);
+  m_partlyWritten.erase(idNumber);
 }
 
 } // namespace mr4500x

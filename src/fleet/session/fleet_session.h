@@ -9,7 +9,6 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -73,6 +72,9 @@ public:
 
   void StopAfterTheseRadios() { m_state.StopAfterTheseRadios(); }
   void StopBeforeWrites() { m_state.StopBeforeWrites(); } // as the policy of end_signals.h demands
+  void GoOn(std::size_t port) { m_state.GoOn(port); }     // that has stopped
+  void ChooseRow(std::size_t row) { m_state.Rows().Choose(row); }
+  void ForgetChoices() { m_state.Rows().ForgetChoices(); }
   [[nodiscard]] const std::string& BenchName() const { return m_settings.bench; }
   // Entries that the journal did not take.
   [[nodiscard]] std::size_t PendingCount() { return m_pending.Count(); }
@@ -96,10 +98,13 @@ public:
 
   // Returns whether the status is more than progress.
   bool Record(const PortStatus& status);
-  [[nodiscard]] bool HasEnded() const;              // all ports
+  // All ports: for good, or until the user lets one go on.
+  [[nodiscard]] bool HasEnded() const;
+  [[nodiscard]] bool HasStopped() const;
   [[nodiscard]] int Done() const { return m_done; } // radios
-  // Radios that were left unverified. One without a row was not requested.
-  [[nodiscard]] std::size_t Failed() const { return m_failed.size(); }
+  // The last status of radios that were left unverified, by identity number. One without a row was not requested.
+  [[nodiscard]] const std::map<std::string, PortStatus>& Failed() const { return m_failed; }
+  void Dismiss(const std::string& idNumber); // the user has dealt with it
   void RecordConflict() { m_hasConflict = true; }
   [[nodiscard]] bool HasConflict() const { return m_hasConflict; }
   // Their last status, by identity number. They may hold only a part of a configuration.
@@ -107,8 +112,7 @@ public:
 
 private:
   std::vector<std::optional<PortStatus>> m_last;
-  std::set<std::string> m_failed; // identity numbers
-  std::map<std::string, PortStatus> m_partlyWritten;
+  std::map<std::string, PortStatus> m_failed, m_partlyWritten;
   int m_done = 0;
   bool m_hasConflict = false;
 };

@@ -32,8 +32,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int MostCardsInARow = 4;
-
 // What is now read from the files, and if that is still the plan that is shown, why it can't be entered.
 struct Beginning {
   std::shared_ptr<const PlanCheck> check;
@@ -51,8 +49,9 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
     : m_files(files), m_settingsFile(std::move(settingsFile)), m_ownSettingsFile(std::move(ownSettingsFile)),
       m_setup(new FleetSetup(
           files, m_settingsFile, [this] { ForgetPlan(); }, [this] { ShowState(); })),
-      m_counts(new QLabel), m_message(new QLabel), m_problems(new QListWidget), m_cardArea(new QScrollArea),
-      m_cardGrid(new QGridLayout), m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
+      m_counts(new QLabel), m_message(new QLabel), m_next(new QLineEdit), m_problems(new QListWidget),
+      m_failed(new QListWidget), m_failedBox(new QWidget), m_cardArea(new QScrollArea), m_cardGrid(new QGridLayout),
+      m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
       m_stop(new QPushButton(tr("St&op after these radios"))), m_save(new QPushButton(tr("Sa&ve journal..."))),
       m_print(new QPushButton(tr("Print jour&nal..."))) {
   m_worker.setMaxThreadCount(1);
@@ -72,80 +71,6 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
 FrmFleet::~FrmFleet() {
   m_session.reset();
   m_worker.waitForDone();
-}
-
-void FrmFleet::BuildWindow() {
-  setWindowTitle(tr("MR4500X Fleet"));
-  m_problems->setObjectName(QStringLiteral("lstProblems"));
-  BuildCards();
-  BuildTable();
-  auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(m_setup);
-  layout->addWidget(m_cardArea, 4);
-  layout->addLayout(BuildCounts());
-  layout->addWidget(m_problems, 2);
-  layout->addWidget(m_table, 2);
-  layout->addLayout(BuildButtons());
-}
-
-void FrmFleet::BuildCards() {
-  auto* const cards = new QWidget;
-  cards->setLayout(m_cardGrid);
-  m_cardGrid->setContentsMargins(0, 0, 0, 0);
-  m_cardArea->setWidget(cards);
-  m_cardArea->setWidgetResizable(true);
-  m_cardArea->setFrameShape(QFrame::NoFrame);
-  m_cardArea->setFocusPolicy(Qt::NoFocus);
-  m_cardArea->hide(); // until the start
-}
-
-void FrmFleet::BuildTable() {
-  m_filtered.setSourceModel(&m_rows);
-  m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
-  m_filtered.setFilterKeyColumn(-1); // all
-  m_table->setObjectName(QStringLiteral("gridRows"));
-  m_table->setModel(&m_filtered);
-  m_table->setSortingEnabled(true);
-  m_table->sortByColumn(1, Qt::AscendingOrder);
-  m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  m_table->setTabKeyNavigation(false);
-  m_table->setAlternatingRowColors(true);
-  m_table->verticalHeader()->hide();
-  m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
-  m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-}
-
-// The counts, and the filter of the table below them.
-QLayout* FrmFleet::BuildCounts() {
-  m_counts->setObjectName(QStringLiteral("lblCounts"));
-  auto* const filter = new QLineEdit;
-  filter->setObjectName(QStringLiteral("txtFilter"));
-  filter->setClearButtonEnabled(true);
-  filter->setPlaceholderText(tr("Filter (Ctrl+F)"));
-  connect(filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
-  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
-  auto* const line = new QHBoxLayout;
-  line->addWidget(m_counts, 1);
-  line->addWidget(filter);
-  return line;
-}
-
-QLayout* FrmFleet::BuildButtons() {
-  m_message->setObjectName(QStringLiteral("lblMessage"));
-  m_message->setTextFormat(Qt::PlainText);
-  m_message->setWordWrap(true);
-  auto* const line = new QHBoxLayout;
-  line->addWidget(m_message, 1);
-  const auto add = [&](QPushButton* button, const char* name, void (FrmFleet::*handler)()) {
-    button->setObjectName(QLatin1String(name));
-    connect(button, &QPushButton::clicked, this, handler);
-    line->addWidget(button);
-  };
-  add(m_save, "cmdSave", &FrmFleet::SaveJournal);
-  add(m_print, "cmdPrint", &FrmFleet::PrintOnPaper);
-  add(m_stop, "cmdStop", &FrmFleet::StopAfterTheseRadios);
-  add(m_start, "cmdStart", &FrmFleet::Start);
-  return line;
 }
 
 void FrmFleet::ShowMessage(const QString& text, const QString& details) {
@@ -206,6 +131,7 @@ void FrmFleet::ShowState() {
   if (!isMissing && m_message->text() == missing) ShowMessage({});
   m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
+  m_next->setEnabled(m_session && !m_plan->plan.isEndless);
   m_save->setEnabled(isUsable);
   m_print->setEnabled(isUsable);
   m_problems->setVisible(m_plan && !isUsable);
@@ -241,7 +167,8 @@ void FrmFleet::Start() {
       StartPorts(choice);
     }
     ShowState();
-    if (m_session) m_stop->setFocus();
+    // Not the button: the blank in a label that is scanned would press it.
+    if (m_session) m_next->isEnabled() ? m_next->setFocus() : m_stop->setFocus();
   });
 }
 
@@ -249,10 +176,12 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
   qDeleteAll(m_cards);
   m_cards.clear();
   for (const PortAddress& port : choice.ports)
-    m_cards.push_back(new PortCard(Shown(DisplayName(port))));
+    m_cards.push_back(
+        new PortCard(Shown(DisplayName(port)), [this, index = m_cards.size()] { m_session->GoOn(index); }));
   m_cardArea->show();
   ArrangeCards();
   m_tally = FleetTally(choice.ports.size());
+  ShowFailed();
   m_isStopping = false;
   m_since.start();
   m_refresh.start();
@@ -267,28 +196,15 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
       });
 }
 
-// As many in a row as the window is wide enough for.
-void FrmFleet::ArrangeCards() {
-  if (m_cards.empty()) return;
-  const int room = width() - layout()->contentsMargins().left() - layout()->contentsMargins().right();
-  const int card = m_cards.front()->minimumSizeHint().width() + m_cardGrid->spacing();
-  const int inARow = std::clamp(room / card, 1, MostCardsInARow);
-  for (int at = 0; PortCard* const each : m_cards) {
-    m_cardGrid->addWidget(each, at / inARow, at % inARow);
-    ++at;
-  }
-  const int rows = (static_cast<int>(m_cards.size()) + inARow - 1) / inARow;
-  const int high = m_cards.front()->sizeHint().height() + m_cardGrid->spacing();
-  m_cardArea->setMaximumHeight(rows * high); // the table has the rest
-}
-
 void FrmFleet::ShowStatus(const PortStatus& status) {
   m_cards[status.port]->Show(status);
-  if (!m_tally.Record(status)) return;
-  if (status.state == PortState::Done) Beep(1);
-  if (IsBad(status.state)) Beep(3);
-  RefreshRows();
-  if (m_tally.HasEnded()) End();
+  if (m_tally.Record(status)) {
+    if (status.state == PortState::Done) Beep(1);
+    if (IsBad(status.state)) Beep(3);
+    ShowFailed();
+    RefreshRows();
+  }
+  if (m_session && m_tally.HasEnded()) End();
 }
 
 void FrmFleet::ShowConflict(const Attempt& attempt) {
@@ -353,7 +269,7 @@ void FrmFleet::ShowCounts() {
   if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
   if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
-  if (m_tally.Failed() > 0) text += tr("; radios not verified: %1").arg(m_tally.Failed());
+  if (!m_tally.Failed().empty()) text += tr("; radios not verified: %1").arg(m_tally.Failed().size());
   QStringList partly;
   for (const auto& [idNumber, status] : m_tally.PartlyWritten())
     partly.append(Shown(idNumber));

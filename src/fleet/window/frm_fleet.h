@@ -16,6 +16,7 @@
 class QGridLayout;
 class QLabel;
 class QLayout;
+class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QScrollArea;
@@ -51,6 +52,7 @@ private:
   void BuildTable();
   [[nodiscard]] QLayout* BuildCounts();
   [[nodiscard]] QLayout* BuildButtons();
+  [[nodiscard]] QWidget* BuildFailed();
   void ForgetPlan();
   void LoadChosenPlan();
   void ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice);
@@ -58,6 +60,9 @@ private:
   void StartPorts(const FleetChoice& choice);
   void ShowStatus(const PortStatus& status);
   void ShowConflict(const Attempt& attempt);
+  void ChooseRow(); // that the user has typed or scanned
+  void ShowFailed();
+  void DismissFailed(); // the selected one
   void End();
   void RefreshRows();
   void ShowCounts();
@@ -77,7 +82,9 @@ private:
 
   FleetSetup* m_setup;
   QLabel *m_counts, *m_message;
-  QListWidget* m_problems;
+  QLineEdit* m_next; // row
+  QListWidget *m_problems, *m_failed;
+  QWidget* m_failedBox;
   QScrollArea* m_cardArea; // 16 cards need more than a small screen
   QGridLayout* m_cardGrid;
   QTableView* m_table;

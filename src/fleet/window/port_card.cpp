@@ -6,7 +6,9 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QStackedLayout>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 namespace mr4500x {
@@ -112,9 +114,31 @@ private:
   PortState m_state = PortState::Waiting;
 };
 
-PortCard::PortCard(const QString& portName)
-    : m_portName(portName), m_banner(new Banner(portName)), m_who(new QLabel), m_bar(new QProgressBar),
-      m_text(new QLabel) {
+// Breaks its text into as many lines as it is high, and ends the last one with an ellipsis.
+class PortCard::ElidedLabel final : public QLabel {
+protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    const int high = fontMetrics().lineSpacing(), lines = std::max(1, height() / high);
+    QTextLayout layout(text(), font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (int i = 0; i < lines; ++i) {
+      QTextLine line = layout.createLine();
+      if (!line.isValid()) break;
+      line.setLineWidth(width());
+      QString part = text().mid(line.textStart(), i + 1 < lines ? line.textLength() : -1);
+      painter.drawText(0, i * high + fontMetrics().ascent(), fontMetrics().elidedText(part, Qt::ElideRight, width()));
+    }
+    layout.endLayout();
+  }
+};
+
+PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
+    : m_portName(portName), m_banner(new Banner(portName)), m_who(new ElidedLabel),
+      m_goOn(new QPushButton(tr("&Go on"))), m_bar(new QProgressBar), m_text(new ElidedLabel) {
   setFrameShape(QFrame::StyledPanel);
   setFocusPolicy(Qt::TabFocus); // for screen readers
   auto* const layout = new QVBoxLayout(this);
@@ -123,7 +147,12 @@ PortCard::PortCard(const QString& portName)
   auto* const lines = new QVBoxLayout;
   lines->setContentsMargins(6, 2, 6, 4);
   layout->addLayout(lines);
-  lines->addWidget(m_who);
+  auto* const first = new QHBoxLayout;
+  first->addWidget(m_who, 1);
+  first->addWidget(m_goOn);
+  lines->addLayout(first);
+  m_goOn->hide();
+  connect(m_goOn, &QPushButton::clicked, this, goOn);
   m_below = new QStackedLayout;
   lines->addLayout(m_below); // before it shows a widget, which would be a window of its own
   m_below->addWidget(m_bar);
@@ -133,9 +162,7 @@ PortCard::PortCard(const QString& portName)
   m_who->setFont(bold);
   m_who->setTextFormat(Qt::PlainText); // a radio's number is no markup
   m_text->setTextFormat(Qt::PlainText);
-  m_text->setWordWrap(true);
   m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 2);
-  m_text->setAlignment(Qt::AlignTop);
   m_bar->setMaximumHeight(m_bar->sizeHint().height());
   for (QLabel* const label : {m_who, m_text})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -149,8 +176,11 @@ void PortCard::Show(const PortStatus& status) {
   m_banner->Show(status.state);
   QStringList who{Shown(status.label), Shown(status.idNumber)};
   if (status.row > 0) who.prepend(tr("Row %1").arg(status.row));
+  who.prepend(Shown(LineForNext(status, m_portName.toStdString())));
   who.removeAll(QString());
   m_who->setText(who.join(QStringLiteral("  ")));
+  m_who->setToolTip(m_who->text());
+  m_goOn->setVisible(status.canGoOn);
   m_text->setText(Shown(status.text));
   m_text->setToolTip(m_text->text());
   m_bar->setValue(status.percent);

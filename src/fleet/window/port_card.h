@@ -7,8 +7,11 @@
 #include <QColor>
 #include <QFrame>
 
+#include <functional>
+
 class QLabel;
 class QProgressBar;
+class QPushButton;
 class QStackedLayout;
 
 namespace mr4500x {
@@ -26,17 +29,21 @@ void DrawSign(QPainter& painter, const QRectF& area, Sign sign, const QColor& co
 
 class PortCard final : public QFrame {
 public:
-  explicit PortCard(const QString& portName);
+  // Calls `goOn` when the user lets a stopped port go on.
+  PortCard(const QString& portName, const std::function<void()>& goOn);
 
   void Show(const PortStatus& status);
+  [[nodiscard]] const QString& PortName() const { return m_portName; }
   [[nodiscard]] PortState State() const { return m_state; }
 
 private:
   class Banner;
+  class ElidedLabel;
   QString m_portName;
   PortState m_state = PortState::Waiting;
   Banner* m_banner;
   QLabel* m_who;
+  QPushButton* m_goOn;
   QStackedLayout* m_below; // the bar while a radio is underway, else the text
   QProgressBar* m_bar;
   QLabel* m_text;

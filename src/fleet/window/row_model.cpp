@@ -18,6 +18,12 @@ struct Column {
   QVariant (*value)(const JournalRow& row);
 };
 
+// "0:12 ago"
+QString LastHeard(int seconds) {
+  if (seconds < 0) return {};
+  return RowModel::tr("%1:%2 ago").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
+
 constexpr std::array Columns = {
     Column{"State", [](const JournalRow& row) -> QVariant { return Shown(WordFor(row.state)); }},
     Column{"Row", [](const JournalRow& row) -> QVariant { return static_cast<qulonglong>(row.row); }},
@@ -25,6 +31,7 @@ constexpr std::array Columns = {
     Column{"Only for", [](const JournalRow& row) -> QVariant { return Shown(row.radio); }},
     Column{"Radio", [](const JournalRow& row) -> QVariant { return Shown(row.idNumber); }},
     Column{"Bench", [](const JournalRow& row) -> QVariant { return Shown(row.bench); }},
+    Column{"Last heard", [](const JournalRow& row) -> QVariant { return LastHeard(row.silentFor); }},
 };
 
 QPixmap SignOf(RowState state) {
@@ -70,7 +77,8 @@ int RowModel::columnCount(const QModelIndex& parent) const {
 QVariant RowModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
   const JournalRow& row = m_rows[static_cast<std::size_t>(index.row())];
-  if (role == Qt::DisplayRole) return Columns[static_cast<std::size_t>(index.column())].value(row);
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    return Columns[static_cast<std::size_t>(index.column())].value(row);
   if (role == Qt::DecorationRole && index.column() == 0) {
     static const std::array<QPixmap, 3> signs = {SignOf(RowState::Free), SignOf(RowState::Taken),
                                                  SignOf(RowState::Done)};

@@ -90,7 +90,8 @@ INSTANTIATE_TEST_SUITE_P(On, SqlJournals, testing::Values("SQLite", "PostgreSQL"
 std::string TextOfRow(const JournalRow& row) {
   const std::string number = std::to_string(row.row);
   if (row.state == RowState::Free) return number + " free" + row.bench + row.idNumber;
-  return number + (row.state == RowState::Done ? " done " : " taken ") + row.bench + ' ' + row.idNumber;
+  const std::string silence = row.silentFor < 50 ? "" : " for " + std::to_string(row.silentFor / 50 * 50);
+  return number + (row.state == RowState::Done ? " done " : " taken ") + row.bench + ' ' + row.idNumber + silence;
 }
 
 // The look for a free row sees the others as they were before it had to wait; the row is not free for all that.
@@ -136,13 +137,17 @@ TEST_P(SqlJournals, FollowTheRules) {
       std::istringstream words(step);
       std::string command, port, radio;
       words >> command;
-      if (command == "take" || command == "endless" || command == "again") {
+      if (command == "take" || command == "endless" || command == "again" || command == "wish" || command == "choose") {
+        std::size_t wished = 0;
         words >> port;
+        if (command == "wish" || command == "choose") words >> wished;
         std::getline(words.ignore(), radio);
         last = NewAttempt(plan, port.substr(0, 1), radio);
         last.port = port;
-        const Claim claim =
-            at(port).ClaimRow(last, {.isEndless = command == "endless", .takesDone = command == "again"});
+        const Claim claim = at(port).ClaimRow(last, {.isEndless = command == "endless",
+                                                     .takesDone = command == "again",
+                                                     .row = wished,
+                                                     .isChosen = command == "choose"});
         const char* const kinds[] = {"row", "done", "none", "lost"};
         return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? ' ' + std::to_string(claim.row.row) : "");
       }

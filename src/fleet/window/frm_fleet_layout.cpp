@@ -1,0 +1,148 @@
+// How the fleet's window is laid out, and how the keys move between its parts.
+#include "fleet_setup.h"
+#include "frm_fleet.h"
+#include "port_card.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace mr4500x {
+namespace {
+
+constexpr int MostCardsInARow = 4;
+
+} // namespace
+
+void FrmFleet::BuildWindow() {
+  setWindowTitle(tr("MR4500X Fleet"));
+  m_problems->setObjectName(QStringLiteral("lstProblems"));
+  BuildCards();
+  BuildTable();
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(m_setup);
+  layout->addWidget(m_cardArea, 4);
+  layout->addLayout(BuildCounts());
+  layout->addWidget(m_problems, 2);
+  auto* const lists = new QHBoxLayout;
+  lists->addWidget(m_table, 3);
+  lists->addWidget(BuildFailed(), 2);
+  layout->addLayout(lists, 2);
+  layout->addLayout(BuildButtons());
+}
+
+QWidget* FrmFleet::BuildFailed() {
+  m_failed->setObjectName(QStringLiteral("lstFailed"));
+  m_failed->setWordWrap(true);
+  m_failed->setTextElideMode(Qt::ElideNone);
+  auto* const caption = new QLabel(tr("Not verified (&X):"));
+  caption->setBuddy(m_failed);
+  auto* const dealtWith = new QPushButton(tr("&Dealt with"));
+  dealtWith->setObjectName(QStringLiteral("cmdDealtWith"));
+  dealtWith->setToolTip(tr("Takes the selected radio off this list (Delete); the journal keeps its entries"));
+  connect(dealtWith, &QPushButton::clicked, this, [this] { DismissFailed(); });
+  auto* const byKey = new QShortcut(QKeySequence::Delete, m_failed, [this] { DismissFailed(); });
+  byKey->setContext(Qt::WidgetShortcut);
+  auto* const line = new QHBoxLayout;
+  line->addWidget(caption, 1);
+  line->addWidget(dealtWith);
+  auto* const layout = new QVBoxLayout(m_failedBox);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addLayout(line);
+  layout->addWidget(m_failed);
+  m_failedBox->hide(); // while there is none
+  return m_failedBox;
+}
+
+void FrmFleet::BuildCards() {
+  auto* const cards = new QWidget;
+  cards->setLayout(m_cardGrid);
+  m_cardGrid->setContentsMargins(0, 0, 0, 0);
+  m_cardArea->setWidget(cards);
+  m_cardArea->setWidgetResizable(true);
+  m_cardArea->setFrameShape(QFrame::NoFrame);
+  m_cardArea->setFocusPolicy(Qt::NoFocus);
+  m_cardArea->hide(); // until the start
+}
+
+void FrmFleet::BuildTable() {
+  m_filtered.setSourceModel(&m_rows);
+  m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
+  m_filtered.setFilterKeyColumn(-1); // all
+  m_table->setObjectName(QStringLiteral("gridRows"));
+  m_table->setModel(&m_filtered);
+  m_table->setSortingEnabled(true);
+  m_table->sortByColumn(1, Qt::AscendingOrder);
+  m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  m_table->setTabKeyNavigation(false);
+  m_table->setAlternatingRowColors(true);
+  m_table->verticalHeader()->hide();
+  m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
+  m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+}
+
+// The counts, the box for the next row, and the filter of the table below them.
+QLayout* FrmFleet::BuildCounts() {
+  m_counts->setObjectName(QStringLiteral("lblCounts"));
+  auto* const filter = new QLineEdit;
+  filter->setObjectName(QStringLiteral("txtFilter"));
+  filter->setClearButtonEnabled(true);
+  filter->setPlaceholderText(tr("Filter (Ctrl+F)"));
+  connect(filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
+  m_next->setObjectName(QStringLiteral("txtNext"));
+  m_next->setPlaceholderText(tr("Next row: label or radio (Ctrl+L)"));
+  m_next->setToolTip(tr("Scan or type a row's label or its radio's number; the next port that waits gets the row"));
+  m_next->setEnabled(false); // until the start
+  connect(m_next, &QLineEdit::returnPressed, this, [this] { ChooseRow(); });
+  new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_L), this, [this] { m_next->setFocus(); });
+  auto* const line = new QHBoxLayout;
+  line->addWidget(m_counts, 3);
+  line->addWidget(m_next, 1);
+  line->addWidget(filter, 1);
+  return line;
+}
+
+QLayout* FrmFleet::BuildButtons() {
+  m_message->setObjectName(QStringLiteral("lblMessage"));
+  m_message->setTextFormat(Qt::PlainText);
+  m_message->setWordWrap(true);
+  auto* const line = new QHBoxLayout;
+  line->addWidget(m_message, 1);
+  const auto add = [&](QPushButton* button, const char* name, void (FrmFleet::*handler)()) {
+    button->setObjectName(QLatin1String(name));
+    connect(button, &QPushButton::clicked, this, handler);
+    line->addWidget(button);
+  };
+  add(m_save, "cmdSave", &FrmFleet::SaveJournal);
+  add(m_print, "cmdPrint", &FrmFleet::PrintOnPaper);
+  add(m_stop, "cmdStop", &FrmFleet::StopAfterTheseRadios);
+  add(m_start, "cmdStart", &FrmFleet::Start);
+  return line;
+}
+
+// As many in a row as the window is wide enough for.
+void FrmFleet::ArrangeCards() {
+  if (m_cards.empty()) return;
+  const int room = width() - layout()->contentsMargins().left() - layout()->contentsMargins().right();
+  const int card = m_cards.front()->minimumSizeHint().width() + m_cardGrid->spacing();
+  const int inARow = std::clamp(room / card, 1, MostCardsInARow);
+  for (int at = 0; PortCard* const each : m_cards) {
+    m_cardGrid->addWidget(each, at / inARow, at % inARow);
+    ++at;
+  }
+  const int rows = (static_cast<int>(m_cards.size()) + inARow - 1) / inARow;
+  const int high = m_cards.front()->sizeHint().height() + m_cardGrid->spacing();
+  m_cardArea->setMaximumHeight(rows * high); // the table has the rest
+}
+
+} // namespace mr4500x

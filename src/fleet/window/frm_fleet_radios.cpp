@@ -1,0 +1,48 @@
+// What the user does about single radios: choosing the row of the next one, and dealing with those that failed.
+#include "frm_fleet.h"
+#include "port_card.h"
+#include "shown_text.h"
+#include "words.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+
+namespace mr4500x {
+
+void FrmFleet::ChooseRow() {
+  const std::string text = m_next->text().trimmed().toStdString();
+  m_next->clear();
+  if (text.empty()) {
+    m_session->ForgetChoices();
+    return ShowMessage(tr("The rows go out in the order of the list."));
+  }
+  const JournalRow* const row = FindRow(m_rows.Rows(), text);
+  const bool isChosen = row != nullptr && CanBeChosen(*row);
+  if (isChosen) m_session->ChooseRow(row->row);
+  Beep(isChosen ? 1 : 3); // a user with a scanner looks at the radio
+  ShowMessage(Shown(LineForChoice(row, text)));
+}
+
+void FrmFleet::ShowFailed() {
+  const QListWidgetItem* const current = m_failed->currentItem();
+  const QVariant selected = current == nullptr ? QVariant() : current->data(Qt::UserRole);
+  m_failed->clear();
+  for (const auto& [idNumber, status] : m_tally.Failed()) {
+    auto* const item =
+        new QListWidgetItem(Shown(LineForFailed(status, m_cards[status.port]->PortName().toStdString())), m_failed);
+    item->setToolTip(item->text());
+    item->setData(Qt::UserRole, Shown(idNumber));
+    if (item->data(Qt::UserRole) == selected) m_failed->setCurrentItem(item);
+  }
+  m_failedBox->setVisible(m_failed->count() > 0);
+}
+
+void FrmFleet::DismissFailed() {
+  const QListWidgetItem* const current = m_failed->currentItem();
+  if (current == nullptr) return ShowMessage(tr("Select the radio in the list first."));
+  m_tally.Dismiss(current->data(Qt::UserRole).toString().toStdString());
+  ShowFailed();
+  ShowCounts();
+}
+
+} // namespace mr4500x
