@@ -1,4 +1,4 @@
-# Pastes C++ files into one. What they include from their own folders is included from there.
+# Pastes C++ files into one. Their local includes get the paths of their folders.
 FNR == 1 {
   folder = FILENAME
   sub(/[^\/]*$/, "", folder)

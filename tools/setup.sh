@@ -1,5 +1,5 @@
-# Sourced by ./run, ./test and their like: installs the packages that are missing, and nothing when none is.
-# Works on Debian 12 and 13 and Ubuntu 24.04; elsewhere it says what to install.
+# Sourced by ./run, ./test and other scripts: installs missing packages on Debian 12 and 13 and Ubuntu 24.04. On other
+# systems it lists what to install.
 
 # need_packages PACKAGE...
 need_packages() {
@@ -35,14 +35,14 @@ need_packages() {
   rm -f "$log"
 }
 
-# The toolbar's pictures are drawn by a plugin, which newer systems have in a package of its own.
+# The toolbar's pictures are drawn by a plugin, which newer systems have in a separate package.
 svg_package=libqt6svg6
 # shellcheck source=/dev/null
 [ ! -r /etc/os-release ] || case "$(. /etc/os-release && echo "${ID:-}:${VERSION_ID:-}")" in
   debian:1[3-9]*) svg_package=qt6-svg-plugins ;;
 esac
 
-# The help is made by qhelpgenerator and shown by Qt Assistant. Both need the sqlite plugin.
+# The help is built by qhelpgenerator and shown by Qt Assistant. Both need the sqlite plugin.
 help_packages="qt6-documentation-tools assistant-qt6 libqt6sql6-sqlite"
 
 # The fonts of the printed reports.
