@@ -1,5 +1,6 @@
 // What every system's files must do for the layers above; and saves that are killed at any call.
 #include <cstdlib>
+#include <list>
 
 #include "conventions.h"
 #include "data_file.h"
@@ -120,8 +121,9 @@ TEST(KilledSave, SavesUntilACall) {
 TEST_F(FileSystemTest, ASaveThatIsKilledAtAnyCallLeavesTheOldOrTheNewFile) {
   const std::string path = Path("file");
   ASSERT_TRUE(SaveDataFile(machine, Path("whole"), RadioImage()));
+  static std::list<std::string> variables; // the environment refers to them until the program ends
   const auto set = [](const std::string& name, const std::string& value) {
-    putenv((new std::string(name + '=' + value))->data());
+    putenv(variables.emplace_back(name + '=' + value).data());
   };
   set(KilledPath, path);
   int call = 0, killed = 0;
