@@ -57,23 +57,11 @@ _mr4500x_cli() {
       info:0) words="read write" ;;
       help:0) words="new show fields get set apply channels diff identify read write verify info print ports fleet" ;;
     esac
-    case $command in
-      new) words="$words --replace" ;;
-      show | fields | ports) words="$words --json" ;;
-      get) words="$words --all --json" ;;
-      set) words="$words --output --dry-run --from" ;;
-      apply) words="$words --output --dry-run" ;;
-      channels) words="$words --output --dry-run --skip-bad" ;;
-      diff) words="$words --json --patch --identifiers --quick --trace" ;;
-      identify) words="$words --json --trace" ;;
-      read) words="$words --quick --trace" ;;
-      verify) words="$words --json --identifiers --quick --trace" ;;
-      write) words="$words --accept-band --backup --verify --dry-run --quick --trace" ;;
-      info) words="$words --from --verify --json --trace" ;;
-      print) words="$words --reports" ;;
-      fleet) words="$words --rows --ports --count --journal --backup --quick --accept-band --compare-done --rewrite-done --operator --dry-run --log --csv --json --plan" ;;
+    case $command:${COMP_WORDS[2]} in
+      channels:export | channels:import | info:read | info:write | fleet:journal) command="$command ${COMP_WORDS[2]}" ;;
     esac
-    words="$words --help"
+    # shellcheck disable=SC2086 # a command of another one is two words
+    [[ $current != -* ]] || words=$("${COMP_WORDS[0]}" $command --help 2>/dev/null | sed -nE 's/^  (-[a-z],)?(--[a-z-]+).*/\2/p')
   fi
   [ -z "$ports" ] || words="auto $(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/ttyACM*') $(compgen -G '/dev/serial/by-id/*') $words"
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")

@@ -8,6 +8,7 @@
 #include "dialogs.h"
 #include "editor_panel.h"
 #include "file_access.h"
+#include "input.h"
 #include "messages.h"
 #include "program_title.h"
 #include "settings.h"
@@ -89,10 +90,10 @@ void ReportMissing(const CommandContext& context, const std::string& path) {
 }
 
 // Returns the error message, if any.
-std::optional<Message> LoadImage(const CommandContext& context, const std::string& path, RadioImage& image) {
+std::optional<Message> LoadImage(const CommandContext& context, const std::function<LoadResult()>& load) {
   LoadResult result;
   const bool isRead = Succeeds([&] {
-    result = LoadDataFile(context.services.files, path, image);
+    result = load();
     return true;
   });
   if (isRead && result.markerNotEmpty) context.Show(NewVersionNotice);
@@ -101,7 +102,8 @@ std::optional<Message> LoadImage(const CommandContext& context, const std::strin
 
 bool LoadInto(const CommandContext& context, const std::string& path) {
   const RadioImage before = context.image;
-  std::optional<Message> message = LoadImage(context, path, context.image);
+  std::optional<Message> message =
+      LoadImage(context, [&] { return LoadDataFile(context.services.files, path, context.image); });
   if (!message) { // no file holds them, and the image still has another radio's
     context.keeper.Replaced();
     context.image.RadioIdBlock = {};
@@ -230,8 +232,8 @@ void Compare(const CommandContext& context) {
   if (!path) return;
   if (IsMissing(context.services.files, *path)) return ReportMissing(context, *path);
   RadioImage other;
-  ResetToDefaults(other, {}); // for the blocks that are not in files
-  if (const std::optional<Message> failure = LoadImage(context, *path, other))
+  const auto load = [&] { return LoadInput(context.services.files, *path, nullptr, other); };
+  if (const std::optional<Message> failure = LoadImage(context, load))
     context.Show(*failure);
   else
     ShowComparison(context.panel, context.services.files, {*path}, other, context.services.messages, &context.window);

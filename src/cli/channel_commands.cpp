@@ -1,7 +1,7 @@
 #include "channel_commands.h"
 
 #include "channel_list.h"
-#include "setting_commands.h"
+#include "tone_codes.h"
 
 #include <algorithm>
 #include <ostream>
@@ -10,9 +10,9 @@ namespace mr4500x {
 namespace {
 
 // Imports the good rows and leaves only them; appends the cells that keep others out.
-void ImportGoodRows(RadioImage& image, ChannelList& list, const FieldTexts& texts) {
+void ImportGoodRows(RadioImage& image, ChannelList& list) {
   for (;;) {
-    const std::vector<RefusedCell> refused = ApplyCells(image, CellsOf(list.rows), texts);
+    const std::vector<RefusedCell> refused = ApplyCells(image, CellsOf(list.rows), PointTexts());
     if (refused.empty()) return;
     list.bad.insert(list.bad.end(), refused.begin(), refused.end());
     std::erase_if(list.rows, [&](const ChannelRow& row) {
@@ -24,24 +24,19 @@ void ImportGoodRows(RadioImage& image, ChannelList& list, const FieldTexts& text
 } // namespace
 
 ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv, Terminal& terminal) {
-  if (csv != Stream && LeadsToDataFile(files, path, csv)) {
-    terminal.err << csv << ": OUT.csv must not be a data file\n";
-    return ExitStatus::UnusableArguments;
-  }
-  RadioImage image;
-  Configuration values;
-  if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
-  return StoreTextForCommand(files, csv, ChannelsCsv(values), terminal);
+  if (csv != Stream && LeadsToDataFile(files, path, csv))
+    return Refuse(terminal, csv + ": OUT.csv must not be a data file");
+  const std::optional<Configuration> values = LoadValuesForCommand(files, path, terminal);
+  return values ? StoreTextForCommand(files, csv, ChannelsCsv(*values), terminal) : ExitStatus::Failed;
 }
 
 ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool skipsBad, Terminal& terminal) {
   const auto text = ReadTextForCommand(files, given.input, terminal);
   if (!text) return ExitStatus::Failed;
   return ChangeFile(files, given, terminal, [&](RadioImage& image, const Configuration& /*before*/) {
-    const FieldTexts texts = BuildFieldTexts('.');
     const std::string name = NameOfSource(given.input) + ':';
-    ChannelList list = ReadChannelList(*text, texts);
-    ImportGoodRows(image, list, texts);
+    ChannelList list = ReadChannelList(*text, PointTexts());
+    ImportGoodRows(image, list);
     for (const std::string& bad : TextsOf(list.bad))
       terminal.err << name << bad << '\n';
     for (const std::string& column : list.leftOut)

@@ -197,7 +197,7 @@ std::string ConfigurationJson(const Configuration& configuration) {
       document[field.key] = ValueJson(configuration, {&field, 1});
     else if (!document.contains(NameOf(field.group)))
       document[NameOf(field.group)] = Group(configuration, field.group);
-  for (const FieldAt at : OutsideRules(configuration, BuildFieldTexts('.')))
+  for (const FieldAt at : OutsideRules(configuration, PointTexts()))
     document["as_stored"].push_back(IdentifierOf(at));
   return document.dump(2) + '\n';
 }
@@ -223,7 +223,7 @@ std::string PartJson(const Configuration& configuration, const std::set<FieldAt>
       container[at.field->key] = ValueJson(configuration, at);
     }
   }
-  for (const FieldAt at : OutsideRules(configuration, BuildFieldTexts('.')))
+  for (const FieldAt at : OutsideRules(configuration, PointTexts()))
     if (fields.contains(at)) document["as_stored"].push_back(IdentifierOf(at));
   return document.dump(2) + '\n';
 }

@@ -34,7 +34,7 @@ std::string DifferenceLines(const ImageDifferences& differences, NamedBy names) 
 
 std::string DifferenceJson(const RadioImage& before, const RadioImage& after) {
   using Json = nlohmann::ordered_json;
-  const FieldTexts texts = BuildFieldTexts('.');
+  const FieldTexts& texts = PointTexts();
   const Configuration a = Decode(before, texts).configuration, b = Decode(after, texts).configuration;
   const ImageDifferences differences = CompareImages(before, after, texts);
   Json document = {{"format", 1}, {"fields", Json::array()}, {"bytes", Json::array()}};
@@ -47,7 +47,7 @@ std::string DifferenceJson(const RadioImage& before, const RadioImage& after) {
 }
 
 std::string DifferencePatch(const RadioImage& before, const RadioImage& after) {
-  const FieldTexts texts = BuildFieldTexts('.');
+  const FieldTexts& texts = PointTexts();
   const Configuration wanted = Decode(after, texts).configuration;
   std::set<FieldAt> fields;
   for (std::size_t count = SIZE_MAX; count != fields.size();) { // until no change has another consequence
@@ -67,7 +67,7 @@ ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::st
                    Terminal& terminal) {
   RadioImage a, b;
   if (!load(before, a) || !load(after, b)) return Trouble;
-  const ImageDifferences differences = CompareImages(a, b, BuildFieldTexts('.'));
+  const ImageDifferences differences = CompareImages(a, b, PointTexts());
   if (form == DiffForm::Json || form == DiffForm::Patch)
     terminal.out << (form == DiffForm::Json ? DifferenceJson(a, b) : DifferencePatch(a, b));
   else

@@ -17,9 +17,28 @@
 namespace mr4500x {
 namespace {
 
-constexpr char DecimalSeparator = '.'; // in every locale: scripts read the output
 constexpr std::chrono::milliseconds LockPoll{20};
 constexpr int MostLockPolls = 250; // five seconds
+
+// nullopt, with a message, if another command keeps the file to itself.
+std::optional<OpenFile> Lock(FileSystem& files, const std::string& path) {
+  int waits = 0;
+  return LockForChange(files, path, [&] {
+    std::this_thread::sleep_for(LockPoll);
+    return ++waits < MostLockPolls;
+  });
+}
+
+// Stores it, for "-" on standard output.
+ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
+                 const std::string& failure, Terminal& terminal) {
+  if (path == Stream) {
+    terminal.out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return EndOutput(terminal);
+  }
+  const FileResult stored = ReplaceFile(files, path, bytes, surplus);
+  return stored ? ExitStatus::Done : Fail(terminal, path + ": " + failure + ReasonOf(stored));
+}
 
 } // namespace
 
@@ -30,9 +49,8 @@ bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& imag
   return result.outcome == LoadOutcome::Loaded;
 }
 
-Configuration ValuesForCommand(const std::string& path, char decimalSeparator, RadioImage& image,
+Configuration ValuesForCommand(const std::string& path, const FieldTexts& texts, RadioImage& image,
                                const Terminal& terminal) {
-  const FieldTexts texts = BuildFieldTexts(decimalSeparator);
   Decoded decoded = Decode(image, texts);
   const std::string name = NameOfSource(path) + ": ";
   if (decoded.end == DecodeEnd::DataError) {
@@ -44,46 +62,44 @@ Configuration ValuesForCommand(const std::string& path, char decimalSeparator, R
   return std::move(decoded.configuration);
 }
 
-bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator, RadioImage& image,
-                          Configuration& values, Terminal& terminal) {
-  if (!LoadForCommand(files, path, image, terminal)) return false;
-  values = ValuesForCommand(path, decimalSeparator, image, terminal);
-  return true;
+std::optional<Configuration> LoadValuesForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
+  RadioImage image;
+  if (!LoadForCommand(files, path, image, terminal)) return std::nullopt;
+  return ValuesForCommand(path, PointTexts(), image, terminal);
+}
+
+std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
+  TextInput input = ReadTextInput(files, path, &terminal.in);
+  const std::string failure = LineFor(input);
+  if (failure.empty()) return std::move(input.text);
+  Fail(terminal, NameOfSource(path) + ": " + failure);
+  return std::nullopt;
 }
 
 ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
                       const std::function<ExitStatus(RadioImage& image, const Configuration& before)>& change) {
-  const auto fail = [&](const std::string& path, const std::string& why, ExitStatus status) {
-    terminal.err << path << ": " << why << '\n';
-    return status;
-  };
   const auto& [path, output, input, isDryRun] = given;
   if (output != Stream && IsSameFile(files, output, input))
-    return fail(output, "is read by the same command, so it can't be replaced", ExitStatus::UnusableArguments);
+    return Refuse(terminal, output + ": is read by the same command, so it can't be replaced");
   const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
-  int waits = 0;
-  const auto wait = [&] {
-    std::this_thread::sleep_for(LockPoll);
-    return ++waits < MostLockPolls;
-  };
-  const std::optional<OpenFile> lock = isReplaced ? LockForChange(files, path, wait) : OpenFile();
-  if (!lock) return fail(path, "another program is changing it; nothing was changed", ExitStatus::Failed);
+  const std::optional<OpenFile> lock = isReplaced ? Lock(files, path) : OpenFile();
+  if (!lock) return Fail(terminal, path + ": another program is changing it; nothing was changed");
   const auto content = isReplaced ? ContentHash(files, path) : std::nullopt;
   RadioImage loaded;
   if (!LoadForCommand(files, path, loaded, terminal)) return ExitStatus::Failed;
   RadioImage image = loaded;
-  const Configuration before = ValuesForCommand(path, DecimalSeparator, image, terminal);
+  const Configuration before = ValuesForCommand(path, PointTexts(), image, terminal);
   if (const ExitStatus status = change(image, before); status != ExitStatus::Done) return status;
   if (isDryRun) {
     const FileResult mayReplace = output == Stream ? FileResult() : MayReplace(files, output);
-    if (!mayReplace) return fail(output, "can't be written" + ReasonOf(mayReplace), ExitStatus::Failed);
-    terminal.out << DifferenceLines(CompareImages(loaded, image, BuildFieldTexts(DecimalSeparator)), NamedBy::Label);
+    if (!mayReplace) return Fail(terminal, output + ": can't be written" + ReasonOf(mayReplace));
+    terminal.out << DifferenceLines(CompareImages(loaded, image, PointTexts()), NamedBy::Label);
     return EndOutput(terminal);
   }
   if (isReplaced && image == loaded) return ExitStatus::Done;
   if (isReplaced && ContentHash(files, path) != content)
-    return fail(path, "another program has changed it in the meantime; it was left unchanged", ExitStatus::Failed);
-  return SaveForCommand(files, output, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+    return Fail(terminal, path + ": another program has changed it in the meantime; it was left unchanged");
+  return SaveForCommand(files, output, image, terminal);
 }
 
 bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
@@ -94,48 +110,34 @@ bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::
   return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
 }
 
-ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, const std::string& text,
-                               Terminal& terminal) {
-  if (path == Stream) {
-    terminal.out << text;
-    return EndOutput(terminal);
-  }
-  const FileResult stored =
-      ReplaceFile(files, path, std::vector<std::uint8_t>(text.begin(), text.end()), Surplus::Drop);
-  if (stored) return ExitStatus::Done;
-  terminal.err << path << ": can't be written" << ReasonOf(stored) << '\n';
-  return ExitStatus::Failed;
+ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text, Terminal& terminal) {
+  const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  return Store(files, path, bytes, Surplus::Drop, "can't be written", terminal);
 }
 
-bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {
-  if (path == Stream) {
-    for (const std::uint8_t byte : BuildDataFile(image))
-      terminal.out.put(static_cast<char>(byte));
-    return EndOutput(terminal) == ExitStatus::Done;
-  }
-  const FileResult saved = SaveDataFile(files, path, image);
-  if (saved) return true;
-  terminal.err << path << ": " << MessageForFailed(SaveCommand::Save).text << ReasonOf(saved) << '\n';
-  return false;
+ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image, Terminal& terminal) {
+  // A longer old file keeps its bytes after the written ones.
+  return Store(files, path, BuildDataFile(image), Surplus::Keep, MessageForFailed(SaveCommand::Save).text, terminal);
+}
+
+ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace, const RadioImage& image,
+                             Terminal& terminal) {
+  if (!mayReplace && path != Stream && IsThere(files, path))
+    return Fail(terminal, path + ": file exists; use --replace to overwrite it");
+  return SaveForCommand(files, path, image, terminal);
 }
 
 ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, const LocalTime& now,
                   Terminal& terminal) {
-  if (!mayReplace && path != Stream && IsThere(files, path)) {
-    terminal.err << path << ": file exists; use --replace to overwrite it\n";
-    return ExitStatus::Failed;
-  }
-  const FieldTexts texts = BuildFieldTexts(DecimalSeparator);
   RadioImage image;
-  Encode(NewConfiguration(image, texts, now), image, texts); // as a save does
-  return SaveForCommand(files, path, image, terminal) ? ExitStatus::Done : ExitStatus::Failed;
+  Encode(NewConfiguration(image, PointTexts(), now), image, PointTexts()); // as a save does
+  return SaveNewForCommand(files, path, mayReplace, image, terminal);
 }
 
 ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal) {
-  RadioImage image;
-  Configuration values;
-  if (!LoadValuesForCommand(files, path, DecimalSeparator, image, values, terminal)) return ExitStatus::Failed;
-  terminal.out << (form == ShowAs::Json ? ConfigurationJson(values) : ConfigurationTable(values));
+  const std::optional<Configuration> values = LoadValuesForCommand(files, path, terminal);
+  if (!values) return ExitStatus::Failed;
+  terminal.out << (form == ShowAs::Json ? ConfigurationJson(*values) : ConfigurationTable(*values));
   return EndOutput(terminal);
 }
 

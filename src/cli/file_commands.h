@@ -6,6 +6,7 @@
 #include "terminal.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace mr4500x {
@@ -28,12 +29,16 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 
 // What the image shows, with a message where a key conflicts. A stored 5-tone standard 0, with which nothing could be
 // shown, becomes 1, and a message says so.
-[[nodiscard]] Configuration ValuesForCommand(const std::string& path, char decimalSeparator, RadioImage& image,
+[[nodiscard]] Configuration ValuesForCommand(const std::string& path, const FieldTexts& texts, RadioImage& image,
                                              const Terminal& terminal);
 
-// Both.
-[[nodiscard]] bool LoadValuesForCommand(FileSystem& files, const std::string& path, char decimalSeparator,
-                                        RadioImage& image, Configuration& values, Terminal& terminal);
+// Both. nullopt if it could not be loaded.
+[[nodiscard]] std::optional<Configuration> LoadValuesForCommand(FileSystem& files, const std::string& path,
+                                                                Terminal& terminal);
+
+// The text of a file, or of standard input for "-". nullopt, with a message, if it can't be read.
+[[nodiscard]] std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path,
+                                                            Terminal& terminal);
 
 // A file that a command changes, and where the result goes.
 struct FileChange {
@@ -51,12 +56,13 @@ ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
 // name.
 [[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);
 
-// Stores a table, for "-" on standard output.
-[[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, const std::string& text,
+// Stores a table or a data file, for "-" on standard output. Prints a message if it can't be stored.
+[[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text,
                                              Terminal& terminal);
-
-// Stores it, for "-" on standard output. False, with a message, if it could not be stored.
-[[nodiscard]] bool SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
-                                  Terminal& terminal);
+[[nodiscard]] ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
+                                        Terminal& terminal);
+// Fails if a file is there, unless it may be replaced.
+[[nodiscard]] ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace,
+                                           const RadioImage& image, Terminal& terminal);
 
 } // namespace mr4500x

@@ -10,12 +10,10 @@
 #include "messages.h"
 #include "port_choice.h"
 #include "radio_identity.h"
-#include "setting_commands.h"
 #include "signaling.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <iomanip>
 #include <ostream>
 
@@ -29,45 +27,45 @@ bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
   return result.outcome == Outcome::Complete;
 }
 
+constexpr char BackupText[] = ": the backup could not be saved.";
+
 // Says how it ended to a user who watched the progress, or who asked the program to end. A script uses the exit status.
 ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   if (terminal.showsProgress || terminal.isEnding()) terminal.err << sentence << '\n';
   return ExitStatus::Done;
 }
 
-ExitStatus Fail(const Terminal& terminal, const std::string& message) {
-  terminal.err << message << '\n';
-  return ExitStatus::Failed;
+// Replaces what a write sends by what the radio holds.
+bool ReadBackFor(const RadioCommand& command, RadioImage& image) {
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
+  return IsComplete(command.terminal, ReadBack(command.line, image, observer, command.speed));
 }
 
-// Where the name depends on the radio, its folder can too; then only the save can tell.
-FileResult MayBeStored(FileSystem& files, const std::string& path) {
-  return path == Stream || FolderOf(path).find('{') != std::string::npos ? FileResult{} : MayReplace(files, path);
+bool ReadInfo(const RadioCommand& command, RadioImage& image) {
+  TerminalObserver observer(command.terminal, BandAnswer::Ask);
+  return IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer));
 }
 
 // Keeps the radio's configuration, and its embedded text beside it if there is one. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
-  const auto refuse = [&](const FileResult& failed) {
-    return Fail(command.terminal, folder + ": the backup could not be saved. Nothing was written." + ReasonOf(failed));
+  const auto refuse = [&](const std::string& path, const FileResult& failed) {
+    return Fail(command.terminal, path + BackupText + " Nothing was written." + ReasonOf(failed));
   };
-  if (const FileResult mayKeep = MayKeepBackupIn(command.files, folder); !mayKeep) return refuse(mayKeep);
+  if (const FileResult mayKeep = MayKeepBackupIn(command.files, folder); !mayKeep) return refuse(folder, mayKeep);
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const auto [outcome, path, result] = KeepBackup(command.files, folder, image, command.now());
-  if (outcome == BackupOutcome::NameIsTaken)
-    return Fail(command.terminal, path + ": the file exists. Nothing was written.");
-  if (outcome == BackupOutcome::Failed) return refuse(result);
+  if (outcome != BackupOutcome::Kept) return refuse(path, result);
   command.terminal.out << path << '\n';
   return EndOutput(command.terminal);
 }
 
-// Prints what a write would change of what the radio holds, or what is not as it was written.
+// Prints how the radio differs from what was or would be written.
 ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const std::string& path,
                   DiffForm form = DiffForm::Labels) {
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage found = expected;
-  if (!IsComplete(command.terminal, ReadBack(command.line, found, observer, command.speed))) return ExitStatus::Failed;
-  const ImageDifferences differences = CompareImages(expected, found, BuildFieldTexts('.'));
+  if (!ReadBackFor(command, found)) return ExitStatus::Failed;
+  const ImageDifferences differences = CompareImages(expected, found, PointTexts());
   const NamedBy names = form == DiffForm::Labels ? NamedBy::Label : NamedBy::Identifier;
   command.terminal.out << (form == DiffForm::Json ? DifferenceJson(expected, found)
                                                   : DifferenceLines(differences, names));
@@ -78,17 +76,16 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
 
 // Says what a write would change, and whether it would be refused.
 ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const WriteOptions& options) {
-  TerminalObserver observer(command.terminal, options.band, command.line.PortName());
-  if (const FileResult mayKeep =
-          options.backupFolder.empty() ? FileResult() : MayReplace(command.files, options.backupFolder + "/x");
-      !mayKeep)
-    return Fail(command.terminal, options.backupFolder + ": the backup could not be saved." + ReasonOf(mayKeep));
+  std::string folder = options.backupFolder;
+  while (IsMissing(command.files, folder) && FolderOf(folder) != folder) // it would be made in this one
+    folder = FolderOf(folder);
+  if (const FileResult mayKeep = MayReplace(command.files, folder + "/backup"); !folder.empty() && !mayKeep)
+    return Fail(command.terminal, options.backupFolder + BackupText + ReasonOf(mayKeep));
   RadioImage found = image;
-  if (!IsComplete(command.terminal, ReadBack(command.line, found, observer, command.speed))) return ExitStatus::Failed;
-  command.terminal.out << DifferenceLines(CompareImages(found, image, BuildFieldTexts('.')), NamedBy::Label);
-  const bool isSameBand =
-      std::ranges::equal(std::span(found.BandBlock).first<4>(), std::span(image.BandBlock).first<4>());
-  if (!isSameBand && !observer.AcceptsOtherBand()) return ExitStatus::Failed;
+  if (!ReadBackFor(command, found)) return ExitStatus::Failed;
+  command.terminal.out << DifferenceLines(CompareImages(found, image, PointTexts()), NamedBy::Label);
+  TerminalObserver observer(command.terminal, options.band, command.line.PortName());
+  if (!IsSameBand(found.BandBlock, image.BandBlock) && !observer.AcceptsOtherBand()) return ExitStatus::Failed;
   return EndOutput(command.terminal);
 }
 
@@ -103,16 +100,21 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
   return true;
 }
 
-ExitStatus RunRead(const RadioCommand& command, const std::string& path) {
-  if (const FileResult mayBeStored = MayBeStored(command.files, path); !mayBeStored) // before reading the whole radio
-    return Fail(command.terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayBeStored));
+ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace) {
+  const auto& [line, files, terminal, now, speed] = command;
+  // Before reading the whole radio. Where the folder depends on it, only the save can find out.
+  const bool isKnown = path != Stream && FolderOf(path).find('{') == std::string::npos;
+  const FileResult mayBeStored = isKnown ? MayReplace(files, path) : FileResult();
+  if (!mayBeStored)
+    return Fail(terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayBeStored));
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
-  const std::string file = FilledIn(path, image, command.now());
-  if (!SaveForCommand(command.files, file, image, command.terminal)) return ExitStatus::Failed;
-  (file == Stream ? command.terminal.err : command.terminal.out) << IdentityTable(image);
-  if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
-  return Done(command.terminal, command.line.PortName() + " has been read into " + file + ".");
+  const std::string file = FilledIn(path, image, now());
+  const ExitStatus saved = SaveNewForCommand(files, file, mayReplace || file == path, image, terminal);
+  if (saved != ExitStatus::Done) return saved;
+  (file == Stream ? terminal.err : terminal.out) << IdentityTable(image);
+  if (EndOutput(terminal) != ExitStatus::Done) return ExitStatus::Failed;
+  return Done(terminal, line.PortName() + " has been read into " + file + ".");
 }
 
 ExitStatus RunIdentify(const RadioCommand& command, ShowAs form) {
@@ -149,44 +151,30 @@ ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffF
 }
 
 ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage image;
-  if (!IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
+  if (!ReadInfo(command, image)) return ExitStatus::Failed;
   const std::u16string text = EmbeddedText(image.EmbeddedInfoBlock);
-  const std::string kept = InfoToKeep(text); // with a line feed after the last line
-  if (form == ShowAs::Json)
-    command.terminal.out << nlohmann::ordered_json{{"format", 1},
-                                                   {"text", kept.substr(0, kept.size() - (kept.empty() ? 0 : 1))},
-                                                   {"last_programming_time", LastProgrammingTime(image)}}
-                                .dump(2)
-                         << '\n';
-  else
-    command.terminal.out << InfoToPrint(text) << '\n' << LastProgrammingTime(image) << '\n';
+  std::string kept = InfoToKeep(text);
+  if (!kept.empty()) kept.pop_back(); // the line feed after the last line
+  const nlohmann::ordered_json document = {
+      {"format", 1}, {"text", kept}, {"last_programming_time", LastProgrammingTime(image)}};
+  command.terminal.out << (form == ShowAs::Json ? document.dump(2)
+                                                : InfoToPrint(text) + '\n' + LastProgrammingTime(image))
+                       << '\n';
   return EndOutput(command.terminal);
 }
 
-ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text, bool isVerified) {
+ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, bool isVerified) {
+  const std::string port = command.line.PortName();
   RadioImage image;
-  if (!StoreEmbeddedText(image.EmbeddedInfoBlock, text)) {
-    command.terminal.err << TopSizeText << '\n';
-    return ExitStatus::UnusableArguments;
-  }
+  image.EmbeddedInfoBlock = info;
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   if (!IsComplete(command.terminal, WriteEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
   RadioImage found;
-  if (isVerified && !IsComplete(command.terminal, ReadEmbeddedInfo(command.line, found, observer)))
-    return ExitStatus::Failed;
+  if (isVerified && !ReadInfo(command, found)) return ExitStatus::Failed;
   if (isVerified && found.EmbeddedInfoBlock.bytes != image.EmbeddedInfoBlock.bytes)
-    return Fail(command.terminal, command.line.PortName() + " does not hold the text that was written.");
-  return Done(command.terminal, "The text has been written to " + command.line.PortName() + ".");
-}
-
-ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path, bool isVerified) {
-  const std::optional<std::string> content = ReadTextForCommand(command.files, path, command.terminal);
-  if (!content) return ExitStatus::Failed;
-  const auto text = InfoFromKept(*content);
-  if (!text) return Fail(command.terminal, NameOfSource(path) + " is not valid UTF-8.");
-  return RunInfoWrite(command, *text, isVerified);
+    return Fail(command.terminal, port + " does not hold the text that was written.");
+  return Done(command.terminal, "The text has been written to " + port + ".");
 }
 
 ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,

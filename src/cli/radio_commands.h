@@ -21,8 +21,9 @@ struct RadioCommand {
 // False, with a message, unless the whole radio has been read, with the 5-tone standard from ResetTimeBlock.
 [[nodiscard]] bool ReadForCommand(const RadioCommand& command, RadioImage& image);
 
-// Stores the configuration as received and prints who the radio is. The path may have the names of FilledIn.
-[[nodiscard]] ExitStatus RunRead(const RadioCommand& command, const std::string& path);
+// Stores the configuration as received and prints who the radio is. A path with the names of FilledIn replaces no file
+// unless that is wanted.
+[[nodiscard]] ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace);
 
 // Prints who the radio is.
 [[nodiscard]] ExitStatus RunIdentify(const RadioCommand& command, ShowAs form);
@@ -43,10 +44,8 @@ struct WriteOptions {
 // Prints the text and the last programming time.
 [[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form);
 
-// Writes a text of at most 119 units, and reads it back if that is wanted.
-[[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, std::u16string_view text, bool isVerified);
-// The same with the text of a file in UTF-8, without the line break at its end.
-[[nodiscard]] ExitStatus RunInfoWriteFrom(const RadioCommand& command, const std::string& path, bool isVerified);
+// Writes the text, and reads it back if that is wanted.
+[[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, bool isVerified);
 
 // Lists COM1 to COM16 with their devices and whether they open.
 [[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,

@@ -21,11 +21,6 @@ namespace {
 
 constexpr std::array<std::string_view, 5> KindNames = {"choice", "number", "digits", "frequency", "yes/no"};
 
-const FieldTexts& PointTexts() { // "." in every locale: scripts read the output
-  static const FieldTexts texts = BuildFieldTexts('.');
-  return texts;
-}
-
 // What a setting allows depends on others: here on none that forbids something.
 Configuration MostAllowing(int mode) {
   RadioImage image;
@@ -129,10 +124,10 @@ ExitStatus StoreChanges(FileSystem& files, const FileChange& given, const Change
 } // namespace
 
 ExitStatus RunFields(FileSystem& files, const std::string& path, bool asJson, Terminal& terminal) {
-  Configuration tts = MostAllowing(TtsMode), fiveTone = MostAllowing(FiveToneMode);
-  RadioImage image;
-  if (!path.empty() && !LoadValuesForCommand(files, path, '.', image, tts, terminal)) return ExitStatus::Failed;
-  if (!path.empty()) fiveTone = tts;
+  const auto ofFile = path.empty() ? std::nullopt : LoadValuesForCommand(files, path, terminal);
+  if (!path.empty() && !ofFile) return ExitStatus::Failed;
+  const Configuration tts = ofFile ? *ofFile : MostAllowing(TtsMode);
+  const Configuration fiveTone = ofFile ? *ofFile : MostAllowing(FiveToneMode);
   Json document = {{"format", 1}, {"fields", Json::array()}};
   for (const FieldAt at : AllFields()) {
     const bool isForFiveTone = at.field->place == FieldPlace(ChoiceList::Standards);
@@ -162,15 +157,14 @@ ExitStatus RunGet(FileSystem& files, const std::string& path, const std::vector<
     places.insert(places.end(), named.begin(), named.end());
   }
   if (isUnusable) return ExitStatus::UnusableArguments;
-  RadioImage image;
-  Configuration values;
-  if (!LoadValuesForCommand(files, path, '.', image, values, terminal)) return ExitStatus::Failed;
+  const std::optional<Configuration> values = LoadValuesForCommand(files, path, terminal);
+  if (!values) return ExitStatus::Failed;
   Json document = {{"format", 1}, {"fields", Json::object()}};
   for (const FieldAt at : places)
     if (asJson)
-      document["fields"][IdentifierOf(at)] = Json::parse(ValueAsJson(values, at));
+      document["fields"][IdentifierOf(at)] = Json::parse(ValueAsJson(*values, at));
     else
-      terminal.out << (hasPattern ? IdentifierOf(at) + '=' : "") << ValueOf(values, at) << '\n';
+      terminal.out << (hasPattern ? IdentifierOf(at) + '=' : "") << ValueOf(*values, at) << '\n';
   if (asJson) terminal.out << document.dump(2) << '\n';
   return EndOutput(terminal);
 }
@@ -193,16 +187,7 @@ ExitStatus RunApply(FileSystem& files, const FileChange& given, Terminal& termin
   if (!text) return ExitStatus::Failed;
   const Changes changes = ReadChanges(*text);
   if (changes.syntaxError.empty()) return StoreChanges(files, given, changes, terminal);
-  terminal.err << NameOfSource(given.input) << ':' << changes.syntaxError << '\n';
-  return ExitStatus::UnusableArguments;
-}
-
-std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path, Terminal& terminal) {
-  TextInput input = ReadTextInput(files, path, &terminal.in);
-  const std::string failure = LineFor(input);
-  if (failure.empty()) return std::move(input.text);
-  terminal.err << NameOfSource(path) << ": " << failure << '\n';
-  return std::nullopt;
+  return Refuse(terminal, NameOfSource(given.input) + ':' + changes.syntaxError);
 }
 
 } // namespace mr4500x

@@ -27,8 +27,4 @@ class FileSystem;
 // The same from the JSON document `given.input`.
 [[nodiscard]] ExitStatus RunApply(FileSystem& files, const FileChange& given, Terminal& terminal);
 
-// The text of a file, or of standard input for "-". nullopt, with a message, if it can't be read.
-[[nodiscard]] std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path,
-                                                            Terminal& terminal);
-
 } // namespace mr4500x

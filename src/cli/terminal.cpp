@@ -10,6 +10,15 @@
 
 namespace mr4500x {
 
+ExitStatus Fail(const Terminal& terminal, const std::string& message, ExitStatus status) {
+  terminal.err << message << '\n';
+  return status;
+}
+
+ExitStatus Refuse(const Terminal& terminal, const std::string& message) {
+  return Fail(terminal, message, ExitStatus::UnusableArguments);
+}
+
 std::string ReasonOf(const FileResult& failed) {
   return " (" + failed.Reason() + ')';
 }
@@ -17,8 +26,7 @@ std::string ReasonOf(const FileResult& failed) {
 ExitStatus EndOutput(Terminal& terminal) {
   terminal.out << std::flush;
   if (terminal.out.good()) return ExitStatus::Done;
-  terminal.err << "The output could not be written." << ReasonOf({{errno, std::generic_category()}}) << '\n';
-  return ExitStatus::Failed;
+  return Fail(terminal, "The output could not be written." + ReasonOf({{errno, std::generic_category()}}));
 }
 
 bool TerminalObserver::AcceptsOtherBand() {

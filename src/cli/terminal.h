@@ -31,6 +31,10 @@ struct Terminal {
   std::function<bool()> isEnding = [] { return false; };
 };
 
+// Prints the message. Returns the status for a return.
+ExitStatus Fail(const Terminal& terminal, const std::string& message, ExitStatus status = ExitStatus::Failed);
+ExitStatus Refuse(const Terminal& terminal, const std::string& message); // of unusable arguments
+
 // " (No space left on device)", to go after a message.
 [[nodiscard]] std::string ReasonOf(const FileResult& failed);
 

@@ -21,25 +21,16 @@ PendingAttempts::PendingAttempts(FileSystem& files, std::string path) : m_files(
   for (int number = 1; hasFolder && number <= MostProcesses; ++number) {
     const bool isLeft = !IsMissing(m_files, PathOf(number, DataEnding));
     if (m_number != 0 && !isLeft) continue;
-    const auto lock = Lock(number);
-    if (!lock) continue;
-    if (isLeft && !Adopt(number)) { // it stays for a person to look at
-      m_files.Close(*lock);
-      continue;
-    }
+    OpenFile lock = Lock(number);
+    if (!lock || (isLeft && !Adopt(number))) continue; // a damaged file stays for a person to look at
     if (m_number == 0) {
       m_number = number;
-      m_lock = *lock;
+      m_lock = std::move(lock);
       continue;
     }
     Store();
     if (m_isKept) static_cast<void>(m_files.Remove(PathOf(number, DataEnding)));
-    m_files.Close(*lock);
   }
-}
-
-PendingAttempts::~PendingAttempts() {
-  if (m_number != 0) m_files.Close(m_lock);
 }
 
 Attempt PendingAttempts::Enter(Journal& journal, const Attempt& attempt) {
@@ -93,12 +84,11 @@ std::string PendingAttempts::PathOf(int number, std::string_view ending) const {
   return m_path + '-' + std::to_string(number) + std::string(ending);
 }
 
-// nullopt if another process has it.
-std::optional<FileSystem::Handle> PendingAttempts::Lock(int number) {
-  const auto file = m_files.OpenToWrite(PathOf(number, LockEnding), OwnerOnly);
-  if (!file || m_files.Lock(*file) != LockOutcome::HeldByOther) return file;
-  m_files.Close(*file);
-  return std::nullopt;
+// An empty one if another process has it.
+OpenFile PendingAttempts::Lock(int number) {
+  OpenFile file(m_files, m_files.OpenToWrite(PathOf(number, LockEnding), OwnerOnly));
+  const bool isHeld = file && m_files.Lock(*file) == LockOutcome::HeldByOther;
+  return isHeld ? OpenFile() : std::move(file);
 }
 
 // False, with nothing taken, if the file can't be read as a whole.

@@ -2,8 +2,8 @@
 // Several processes may have the same path: each takes a number of its own, "PATH-1.csv", and holds its lock.
 #pragma once
 
-#include "file_system.h"
 #include "journal.h"
+#include "open_file.h"
 
 #include <mutex>
 #include <optional>
@@ -18,7 +18,8 @@ class PendingAttempts {
 public:
   // Takes over what earlier processes left. Their files are removed, damaged ones stay.
   PendingAttempts(FileSystem& files, std::string path);
-  ~PendingAttempts(); // what is still pending stays in the file
+  // What is still pending stays in the file.
+  ~PendingAttempts() = default;
   PendingAttempts(const PendingAttempts&) = delete;
   PendingAttempts& operator=(const PendingAttempts&) = delete;
 
@@ -34,7 +35,7 @@ public:
 
 private:
   [[nodiscard]] std::string PathOf(int number, std::string_view ending) const;
-  [[nodiscard]] std::optional<FileSystem::Handle> Lock(int number);
+  [[nodiscard]] OpenFile Lock(int number);
   [[nodiscard]] bool Adopt(int number);
   [[nodiscard]] std::optional<Attempt> First();
   void Store();
@@ -42,7 +43,7 @@ private:
   FileSystem& m_files;
   std::string m_path;
   int m_number = 0; // 0: none was free, and nothing can be kept
-  FileSystem::Handle m_lock{};
+  OpenFile m_lock;
   std::mutex m_handingIn; // one thread does, and the others don't wait for it
   std::mutex m_mutex;     // guards what follows
   std::vector<Attempt> m_attempts, m_conflicts;

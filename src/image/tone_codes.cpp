@@ -51,6 +51,11 @@ FieldTexts BuildFieldTexts(char decimalSeparator) {
   return texts;
 }
 
+const FieldTexts& PointTexts() {
+  static const FieldTexts texts = BuildFieldTexts('.');
+  return texts;
+}
+
 std::string ToneText(ToneField tone, const FieldTexts& texts) {
   if ((tone.flags & ToneOnBit) == 0) return "OFF";
   if ((tone.flags & ToneCtcssBit) != 0) {

@@ -33,6 +33,8 @@ struct FieldTexts {
 };
 // The separator is "." or ",".
 [[nodiscard]] FieldTexts BuildFieldTexts(char decimalSeparator);
+// With ".": in files and for scripts they are the same in every locale.
+[[nodiscard]] const FieldTexts& PointTexts();
 
 // The tone of one side of a channel record: bits 4 to 6 of its flag byte and two code bytes.
 //   CTCSS: codeA = position in CtcssToneTable from 1, codeB not used.

@@ -170,6 +170,8 @@ TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
       {"set a.K4X scan.signal = ", "true|false"},
       {"set a.K4X channels.1.rx_freq = ", ""},
       {"chan", "channels"},
+      {"channels import --s", "--skip-bad"},
+      {"write -", "--help|--accept-band|--backup|--dry-run|--verify|--trace|--quick"},
       {"channels --output o.K4X exp", "export"},
   };
   for (const auto& [words, offered] : cases)
@@ -180,6 +182,36 @@ TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
                   .output,
               offered)
         << words;
+}
+
+// The options of each command are those of its help; completion asks for them.
+TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
+  std::string man = Shell("sed 's/\\\\-/-/g' " MAN_PAGE).output, manual = Shell("cat " MANUAL).output;
+  const auto matches = [](const std::string& text, const char* pattern) {
+    std::set<std::string> found;
+    const std::regex form(pattern);
+    for (std::sregex_iterator at(text.begin(), text.end(), form), end; at != end; ++at)
+      found.insert(at->str(1));
+    return found;
+  };
+  std::vector<std::string> commands{""};
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    const std::string command = commands[i], help = Cli(command + " --help").output;
+    const std::size_t subcommands = help.find("\nSubcommands:");
+    const bool hasCommands = subcommands != std::string::npos;
+    for (const std::string& name : matches(hasCommands ? help.substr(subcommands) : "", "\n  ([a-z]+) "))
+      if (name != "help") commands.push_back(command.empty() ? name : command + ' ' + name);
+    const std::size_t begin = man.find("mr4500x-cli " + command + '\n');
+    const std::string synopsis = man.substr(std::min(begin, man.size()), man.find("\n.br", begin) - begin);
+    std::set<std::string> options = matches(help, "\n  (?:-[a-z],)?(--[a-z-]+)");
+    for (const std::string& option : options)
+      EXPECT_NE((synopsis + manual).find(option), std::string::npos) << command << ' ' << option;
+    for (const char* const everywhere : {"--help", "--trace", "--version"})
+      options.erase(everywhere);
+    const bool mayLackSynopsis = hasCommands && begin == std::string::npos;
+    EXPECT_EQ(mayLackSynopsis ? options : matches(synopsis, "(--[a-z-]+)"), options) << command;
+  }
+  EXPECT_GT(commands.size(), 20U);
 }
 
 TEST_F(CommandLineTest, CommandsThatChangeOneFileAtOnceLoseNoChange) {

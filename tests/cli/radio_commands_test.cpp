@@ -1,6 +1,7 @@
 // The commands that use a radio, against one without real time.
 #include "radio_commands.h"
 
+#include "embedded_info.h"
 #include "files_fixture.h"
 #include "fill_messages.h"
 #include "radio_identity.h"
@@ -70,14 +71,16 @@ TEST_F(RadioCommandsTest, IdentifyAndReadTellWhoTheRadioIsAndChangeNothing) {
   "last_programming_time": "2004-03-04, 05:06:07"
 }
 )");
-  EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X")), Done);
+  EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), false), Done);
   EXPECT_EQ(Printed(), identity);
   EXPECT_EQ(Names(), (std::set<std::string>{"a.K4X", "20261104-LR7200____004217-090507.K4X"}));
+  EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), false), Failed) << "the file exists";
+  EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), true), Done);
   EXPECT_EQ(radio.memory, before);
   for (const bool standard : {true, false}) {
     err.str("");
     radio.memory[0x1C2] = standard ? 1 : 0;
-    EXPECT_EQ(RunRead(command, "-"), Done);
+    EXPECT_EQ(RunRead(command, "-", false), Done);
     EXPECT_EQ(err.str().find(DataErrorText) == std::string::npos, standard);
   }
 }
@@ -86,7 +89,7 @@ TEST_F(RadioCommandsTest, ReadRefusesATargetThatCannotBeWrittenBeforeTheRadioIsA
   std::filesystem::permissions(file, std::filesystem::perms::owner_read);
   std::filesystem::create_symlink("a.K4X", Path("link"));
   for (const char* const target : {"a.K4X", "link", "", "no/folder.K4X", "."}) {
-    EXPECT_EQ(RunRead(command, Path(target)), Failed) << target;
+    EXPECT_EQ(RunRead(command, Path(target), false), Failed) << target;
     EXPECT_EQ(Frames(), 0u) << target;
   }
 }
@@ -167,7 +170,9 @@ TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {
   EXPECT_EQ(Content(stem + ".txt"), "ab\nc\n");
 
   std::fill_n(radio.memory.begin() + 0x210, 240, std::uint8_t{0x20});
-  EXPECT_EQ(RunInfoWriteFrom(command, Path(stem + ".txt"), true), Done);
+  EmbeddedInfo info;
+  ASSERT_TRUE(StoreEmbeddedText(info, *InfoFromKept(Content(stem + ".txt"))));
+  EXPECT_EQ(RunInfoWrite(command, info, true), Done);
   EXPECT_TRUE(std::equal(before.begin() + 0x210, before.begin() + 0x300, radio.memory.begin() + 0x210));
   EXPECT_EQ(RunInfoRead(command, ShowAs::Table), Done);
   EXPECT_EQ(Printed(), "ab\nc\n2026-11-04, 09:05:07\n");

@@ -101,28 +101,6 @@ TEST_F(ManualTest, ListsNoMessageThatTheProgramDoesNotHave) {
     }
 }
 
-TEST_F(ManualTest, KnowsEveryCommandAndOptionOfTheCommandLineTool) {
-  const QString program = ReadText(SOURCE_FOLDER "/src/cli/main.cpp") +
-                          ReadText(SOURCE_FOLDER "/src/cli/declare_file_commands.cpp") +
-                          ReadText(SOURCE_FOLDER "/src/cli/fleet/main.cpp");
-  const QStringList commands = Captures(program, "(?:[cC]ommand\\([^,\"]*, |add_subcommand\\()\"([a-z]+)\"");
-  EXPECT_GE(commands.size(), 14);
-  const QStringList options = Captures(program, "\"(?:-[a-z],)?(--[a-z-]+)\"");
-  EXPECT_GE(options.size(), 20);
-  for (const QString document :
-       {"help/command-line.html", "packaging/man/mr4500x-cli.1", "packaging/mr4500x-cli.bash"}) {
-    const QString more = document.endsWith(".html") ? ReadText(Folder + "fleet.html") : QString();
-    QString text = ReadText(SOURCE_FOLDER "/" + document) + more;
-    text.replace("\\-", "-");
-    for (const QString& option : options)
-      EXPECT_TRUE(text.contains(QRegularExpression(option + "\\b")))
-          << document.toStdString() << ": " << option.toStdString();
-    for (const QString& command : commands)
-      EXPECT_TRUE(text.contains(QRegularExpression("\\b" + command + "\\b")))
-          << document.toStdString() << ": " << command.toStdString();
-  }
-}
-
 TEST_F(ManualTest, ListsEveryPageOnceAndHasNoLinkThatLeadsNowhere) {
   const QString project = ReadText(Folder + "MR4500X.qhp");
   QStringList contents = Captures(project, "<section ([^>/]*)");

@@ -4,7 +4,7 @@
 #include "fleet_summary.h"
 #include "machine.h"
 #include "machine_files.h"
-#include "option_rules.h"
+#include "parsing.h"
 #include "processes.h"
 #include "settings.h"
 
@@ -91,13 +91,7 @@ int main(int argc, char** argv) {
       status = RunFleet(files, settings, arguments, terminal);
     };
     Declare(app, arguments, runFleet, [&] { status = RunFleetJournal(files, arguments, terminal); });
-    RefuseEmptyValues(app);
-    try {
-      app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-      if (app.exit(error, std::cout, std::cerr) == 0) status = ExitStatus::Done;
-    }
-    return static_cast<int>(status);
+    return static_cast<int>(Parse(app, argc, argv, terminal).value_or(status));
   } catch (const std::exception& error) { // mostly out of memory
     std::cerr << error.what() << '\n';
     return static_cast<int>(ExitStatus::Failed);

@@ -30,9 +30,9 @@ std::optional<ReportChoice> ParseReports(std::string_view names) {
 ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::string& pdfFile,
                     const ReportChoice& choice, const QLocale& locale, const LocalTime& now, Terminal& terminal) {
   RadioImage image;
-  Configuration values;
-  if (!LoadValuesForCommand(files, dataFile, DecimalSeparatorOf(locale), image, values, terminal))
-    return ExitStatus::Failed;
+  if (!LoadForCommand(files, dataFile, image, terminal)) return ExitStatus::Failed;
+  const FieldTexts fieldTexts = BuildFieldTexts(DecimalSeparatorOf(locale));
+  const Configuration values = ValuesForCommand(dataFile, fieldTexts, image, terminal);
   FileResult stored;
   const auto store = [&](std::span<const std::uint8_t> content) -> bool {
     if (pdfFile != Stream) {

@@ -1,0 +1,150 @@
+#include "chosen_port.h"
+
+#include "arguments.h"
+#include "end_signals.h"
+#include "file_access.h"
+#include "machine.h"
+#include "paths.h"
+#include "port_address.h"
+#include "port_devices.h"
+#include "settings.h"
+#include "traced_port.h"
+#include "utf8.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+namespace mr4500x {
+namespace {
+
+using enum ExitStatus;
+
+constexpr std::string_view AutoPort = "auto";
+
+std::array<std::string, HighestPort> Pins(FileSystem& files) {
+  return PortDevices(files, SettingsFilePath(files, ProgramFolder(), UserConfigFolder()));
+}
+
+// COM1 to COM16 with their devices as they are now.
+struct MachinePorts {
+  explicit MachinePorts(FileSystem& files) : pins(Pins(files)) {}
+  [[nodiscard]] PortDevice DeviceOf(int number) const { return DeviceOfPort(number, pins, devices); }
+
+  std::array<std::string, HighestPort> pins;
+  std::vector<std::string> devices = MachineSerialDevices();
+};
+
+// The ports with a radio that answers. A device can have two numbers.
+std::vector<int> AnsweringPorts(FileSystem& files, Terminal quiet) {
+  quiet.showsProgress = false;
+  const MachinePorts ports(files);
+  std::set<std::string> asked;
+  std::vector<int> answering;
+  for (int number = 1; number <= PortCount; ++number) {
+    const std::string device = ports.DeviceOf(number).path;
+    if (device.empty() || !asked.insert(device).second) continue;
+    const std::unique_ptr<SerialPort> serial = MakePort({number, ""}, ports.pins);
+    SteadyClock clock;
+    SerialLine line(*serial, clock, number, ComName(number));
+    TerminalObserver observer(quiet, BandAnswer::Ask);
+    RadioImage unused;
+    if (ReadIdentity(line, unused, observer).outcome == Outcome::Complete) answering.push_back(number);
+  }
+  return answering;
+}
+
+ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
+  const std::vector<int> answering = AnsweringPorts(call.files, call.terminal);
+  std::string names;
+  for (const int number : answering)
+    names += ' ' + ComName(number);
+  if (answering.empty()) return Fail(call.terminal, "auto: no radio answers on any port");
+  if (answering.size() > 1) return Fail(call.terminal, "auto: more than one radio answers:" + names);
+  port = {answering.front(), ""};
+  call.terminal.err << "auto:" << names << '\n';
+  return Done;
+}
+
+// The port that was given, or else is the default.
+ExitStatus ChoosePort(const Call& call, PortAddress& port) {
+  const char* const standard = std::getenv("MR4500X_PORT");
+  const std::string text = call.port.empty() && standard != nullptr ? standard : call.port;
+  if (text == AutoPort) return ChooseOnlyPort(call, port);
+  if (const auto meant = ParsePortAddress(text)) {
+    port = *meant;
+    return Done;
+  }
+  return Refuse(call.terminal,
+                (text.empty() ? "PORT is missing, and MR4500X_PORT is not set. PORT" : Printable(text) + ": PORT") +
+                    " must be a number from 1 to 16, the path of a device, or auto.");
+}
+
+// FILE is a port that is there, and PORT a data file.
+bool AreSwapped(const std::string& file, const PortAddress& port) {
+  const auto meant = ParsePortAddress(file);
+  std::error_code unknown;
+  return meant && PortExists(*meant) &&
+         (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(PathOf(port.device), unknown));
+}
+
+// The file that the trace is added to, never one that the command works with. A pipe without a reader is not waited
+// for.
+ExitStatus OpenTrace(const Call& call, std::ofstream& trace) {
+  const std::string& path = call.trace;
+  if (path.empty()) return Done;
+  for (const std::string& used : {call.file, call.other})
+    if (path == used || IsSameFile(call.files, path, used) || HasDataFileEnding(path))
+      return Refuse(call.terminal, path + ": the trace must not be a data file");
+  std::error_code unknown;
+  const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
+  const OpenFile pipe(call.files, isPipe ? call.files.OpenToWrite(path, 0666) : std::nullopt);
+  if (!isPipe || pipe) trace.open(PathOf(path), std::ios::app);
+  return trace.is_open() ? Done : Fail(call.terminal, path + ": " + std::strerror(errno));
+}
+
+} // namespace
+
+ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run) {
+  PortAddress port;
+  if (const ExitStatus chosen = ChoosePort(call, port); chosen != Done) return chosen;
+  if (AreSwapped(call.file, port))
+    return Refuse(call.terminal, call.file + " is a port and " + port.device + " is a data file; swap them");
+  std::ofstream trace;
+  if (const ExitStatus opened = OpenTrace(call, trace); opened != Done) return opened;
+  const std::unique_ptr<SerialPort> serial = MakePort(port, Pins(call.files));
+  const EndSignalsHeld held;
+  SteadyClock clock;
+  TracedPort traced(*serial, clock, LocalNow, trace);
+  SerialPort& used = call.trace.empty() ? *serial : static_cast<SerialPort&>(traced);
+  SerialLine line(used, clock, port.number, DisplayName(port));
+  const ExitStatus status =
+      run({line, call.files, call.terminal, LocalNow, call.isQuick ? Speed::Quick : Speed::Prescribed});
+  if (call.trace.empty() || trace.flush()) return status;
+  return Fail(call.terminal, call.trace + ": the trace could not be written", status == Done ? Failed : status);
+}
+
+bool LoadFileOrPort(Call& call, const std::string& fileOrPort, RadioImage& image) {
+  const auto port = ParsePortAddress(fileOrPort);
+  if (fileOrPort != AutoPort && (!port || !PortExists(*port)))
+    return LoadForCommand(call.files, fileOrPort, image, call.terminal);
+  call.port = fileOrPort;
+  const auto read = [&](const RadioCommand& radio) {
+    const bool isRead = ReadForCommand(radio, image);
+    if (IsEnding()) Fail(call.terminal, radio.line.PortName() + ": interrupted. Nothing was compared.");
+    return isRead ? Done : Failed;
+  };
+  return WithRadio(call, read) == Done;
+}
+
+ExitStatus ListPorts(Call& call) {
+  const MachinePorts ports(call.files);
+  const std::unique_ptr<SerialPort> serial = MakeSerialPort([&](int number) { return ports.DeviceOf(number); });
+  return RunPorts(
+      *serial, [&](int number) { return ports.DeviceOf(number).path; }, call.Form(), call.terminal);
+}
+
+} // namespace mr4500x

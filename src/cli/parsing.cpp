@@ -1,0 +1,72 @@
+#include "parsing.h"
+
+#include "arguments.h"
+#include "utf8.h"
+
+#include <span>
+
+namespace mr4500x {
+namespace {
+
+void RefuseEmptyValues(CLI::App& app) {
+  const auto check = [](const std::string& value) { return std::string(value.empty() ? "is empty" : ""); };
+  for (CLI::Option* const option : app.get_options())
+    if (!option->get_positional() && option->get_items_expected_max() > 0) option->check(check);
+  for (CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
+    RefuseEmptyValues(*command);
+}
+
+// What to say about a word in the place of a command; "" if the words are commands.
+std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
+  for (const std::string_view word : words) {
+    if (at->get_require_subcommand_min() == 0 || word.starts_with('-')) return "";
+    std::vector<std::string> names;
+    const CLI::App* next = nullptr;
+    for (const CLI::App* const sub : at->get_subcommands([](const CLI::App*) { return true; })) {
+      if (!sub->get_name().empty()) names.push_back(sub->get_name()); // else a group of options
+      if (sub->get_name() == word) next = sub;
+    }
+    const std::string nearest = NearestOf(word, names);
+    const std::string hint = nearest.empty() ? "--help lists the commands" : "did you mean \"" + nearest + "\"?";
+    if (next == nullptr) return '"' + Printable(word) + "\" is not a command; " + hint;
+    at = next;
+  }
+  return "";
+}
+
+// What to say about an unknown option that may be a misspelt one of the command; "" if there is none.
+std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
+  for (const std::string_view word : words) {
+    const auto isIt = [&](const CLI::App* sub) { return sub->get_name() == word; };
+    if (const auto subs = at->get_subcommands(isIt); !subs.empty()) at = subs.front();
+    std::vector<std::string> names;
+    for (const CLI::Option* const option : at->get_options())
+      for (const std::string& name : option->get_lnames())
+        names.push_back("--" + name);
+    const std::string_view name = word.substr(0, word.find('='));
+    if (!name.starts_with("--") || name == "--" || std::ranges::find(names, name) != names.end()) continue;
+    const std::string nearest = NearestOf(name, names);
+    if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
+  }
+  return "";
+}
+
+} // namespace
+
+std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal) {
+  RefuseEmptyValues(app);
+  try {
+    app.parse(argc, argv);
+    return std::nullopt;
+  } catch (const CLI::ParseError& error) {
+    const auto words = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
+    const bool isHelp = error.get_exit_code() == 0;
+    std::string unknown = UnknownCommand(&app, words);
+    if (unknown.empty() && !isHelp) unknown = UnknownOption(&app, words);
+    if (!unknown.empty()) return Refuse(terminal, unknown);
+    app.exit(error, terminal.out, terminal.err);
+    return isHelp ? EndOutput(terminal) : ExitStatus::UnusableArguments;
+  }
+}
+
+} // namespace mr4500x
