@@ -24,7 +24,7 @@ class Bench {
 public:
   using MakeJournal = std::function<std::unique_ptr<Journal>()>; // called in each port's thread
 
-  // Starts the ports. What the context refers to lives longer.
+  // Starts the ports. The journal has the plan. What the context refers to lives longer.
   Bench(const BenchContext& context, const std::vector<BenchPort>& ports, const MakeJournal& makeJournal);
   ~Bench(); // stops after the radios in progress, and waits for them
   Bench(const Bench&) = delete;

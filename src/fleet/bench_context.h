@@ -53,9 +53,6 @@ public:
   void GoOn(std::size_t port);
   [[nodiscard]] bool TakeGoOn(std::size_t port); // once
   [[nodiscard]] RowQueue& Rows() { return m_rows; }
-
-  void SetPlanEntered() { m_isPlanEntered = true; } // the journal has the plan's rows
-  [[nodiscard]] bool IsPlanEntered() const { return m_isPlanEntered; }
   void SetRowsDone() { m_areRowsDone = true; } // all of them
 
   // Whether a radio may be started now.
@@ -82,7 +79,7 @@ public:
   };
 
 private:
-  std::atomic<bool> m_isStopping = false, m_mayWrite = true, m_isPlanEntered = false, m_areRowsDone = false;
+  std::atomic<bool> m_isStopping = false, m_mayWrite = true, m_areRowsDone = false;
   const bool m_hasLimit;
   mutable std::mutex m_slots; // guards the two together
   std::atomic<int> m_slotsLeft;

@@ -18,10 +18,11 @@ struct JournalRow {
   std::string label;
   std::string radio; // the only radio for this row; "": any radio that no other row is for
   RowState state = RowState::Free;
-  std::string bench;    // that has it, or did it
-  std::string idNumber; // of the radio that holds it
-  std::string stamp{};  // the radio's write stamp since; "": unknown
-  int silentFor = -1;   // Taken: seconds since the bench was heard of last; negative: unknown
+  std::string bench;     // that has it, or did it
+  std::string idNumber;  // of the radio that holds it
+  std::string stamp{};   // the radio's write stamp since; "": unknown
+  int silentFor = -1;    // Taken: seconds since the bench was heard of last; negative: unknown
+  std::string content{}; // as PlanRow has it; not listed by Rows
   bool operator==(const JournalRow&) const = default;
 };
 
@@ -70,6 +71,20 @@ struct ClaimWish {
   bool isChosen = false;  // it gets no other one then
 };
 
+struct PlanHead {
+  std::string key, name;
+  std::string templateKey{}; // as Plan has it; "" for one that an earlier version has begun
+  std::string begun{};       // in UTC; "" likewise
+  bool operator==(const PlanHead&) const = default;
+};
+
+// What the journal has already when a plan is to begin.
+struct PlanHistory {
+  std::vector<PlanHead> plans; // all of the journal, the last begun first
+  // Of the other plans with the same template. Done only if what the row says was the last that its radio got.
+  std::vector<JournalRow> rows;
+};
+
 enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
 
 // A claim is freed when its bench has neither taken nor renewed one for this long.
@@ -82,8 +97,8 @@ public:
   virtual ~Journal() = default;
 
   // Enters the plan with its rows if it is not known yet. False if the database does not answer; see IsBusy.
-  [[nodiscard]] virtual bool Begin(const std::string& plan, const std::string& name,
-                                   const std::vector<JournalRow>& rows) = 0;
+  [[nodiscard]] virtual bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) = 0;
+  [[nodiscard]] virtual std::optional<PlanHistory> History(const PlanHead& plan) = 0;
   // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the wished
   // one, else the first free one that names none. A row that was taken before and not entered is given back.
   [[nodiscard]] virtual Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) = 0;

@@ -22,7 +22,8 @@ constexpr std::ptrdiff_t MostIdentityCharacters = 16;
 // Reads the rows of a list; what is wrong becomes problems.
 class RowReader {
 public:
-  RowReader(PlanCheck& check, const FieldTexts& texts) : m_check(check), m_texts(texts) {}
+  RowReader(PlanCheck& check, const FieldTexts& texts, Sha256 sha256)
+      : m_check(check), m_texts(texts), m_sha256(sha256) {}
 
   void Read(std::string_view bytes) {
     const std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
@@ -104,6 +105,9 @@ private:
     for (const GivenCell& cell : cells)
       row.values.push_back({cell.assignment.at, ValueOf(shown, cell.assignment.at)});
     std::ranges::sort(row.values, {}, &Assignment::at);
+    const std::vector<std::uint8_t> file = BuildDataFile(image);
+    row.content = m_sha256({reinterpret_cast<const char*>(file.data()), file.size()}); // as attempts have it
+    if (row.embeddedInfo) row.content = m_sha256(row.content + *row.embeddedInfo);
   }
 
   void ReadOwnCell(PlanRow& row, const std::string& column, const std::string& cell) {
@@ -133,6 +137,7 @@ private:
 
   PlanCheck& m_check;
   const FieldTexts& m_texts;
+  Sha256 m_sha256;
   std::vector<Column> m_columns;
   std::map<std::pair<std::string, std::string>, std::size_t> m_firstLines; // by column and value
 };
@@ -159,8 +164,9 @@ PlanCheck MakePlan(const RadioImage& image, std::string name, std::optional<std:
   check.plan.isEndless = !rows;
   if (Decode(image, texts).end == DecodeEnd::DataError)
     check.problems.push_back("the template: " + std::string(DataErrorText));
-  if (rows && check.problems.empty()) RowReader(check, texts).Read(*rows);
+  if (rows && check.problems.empty()) RowReader(check, texts, sha256).Read(*rows);
   const std::vector<std::uint8_t> file = BuildDataFile(image);
+  check.plan.templateKey = sha256({reinterpret_cast<const char*>(file.data()), file.size()});
   check.plan.key = sha256(std::string(file.begin(), file.end()) + MeaningOf(check.plan.rows));
   return check;
 }
@@ -178,7 +184,12 @@ RadioImage ImageFor(const Plan& plan, std::size_t row, const FieldTexts& texts) 
 std::vector<JournalRow> JournalRowsOf(const Plan& plan) {
   std::vector<JournalRow> rows;
   for (const PlanRow& row : plan.rows)
-    rows.push_back({.row = rows.size() + 1, .label = row.label, .radio = row.radio, .bench = "", .idNumber = ""});
+    rows.push_back({.row = rows.size() + 1,
+                    .label = row.label,
+                    .radio = row.radio,
+                    .bench = "",
+                    .idNumber = "",
+                    .content = row.content});
   return rows;
 }
 

@@ -18,12 +18,14 @@ struct PlanRow {
   std::string radio;              // identity number of the only radio for this row; "": the next one that comes
   std::vector<Assignment> values; // as the radio shows them, in the order of the table of settings
   std::optional<std::string> embeddedInfo; // UTF-8; nullopt: the radio keeps its text
+  std::string content{};                   // checksum of all that the radio gets: where it is the same, so is that
 };
 
 struct Plan {
   std::string key; // SHA-256 over the template and what the rows mean: benches with the same key share the rows
   std::string name;
-  RadioImage image; // the template
+  std::string templateKey; // SHA-256 of the template
+  RadioImage image;        // the template
   std::vector<PlanRow> rows;
   bool isEndless = false; // no list of rows: every radio gets the template
 };

@@ -63,7 +63,6 @@ private:
   [[nodiscard]] JournalPolled PollJournal();
   [[nodiscard]] RadioIdentified Identify();
   [[nodiscard]] RadioReported HandleRadio();
-  [[nodiscard]] bool IsJournalReady();
   [[nodiscard]] Claim ClaimRow(Attempt& attempt, bool takesDone);
   [[nodiscard]] RadioReported ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot);
   [[nodiscard]] Attempt NewAttempt() const;
@@ -87,7 +86,8 @@ private:
 };
 
 JournalPolled PortWorker::PollJournal() {
-  const bool isReady = IsJournalReady() && m_journal.ReportAlive(m_settings.bench); // it can be written
+  const bool isReady =
+      m_context.pending.HandIn(m_journal) && m_journal.ReportAlive(m_settings.bench); // it can be written
   for (const Attempt& attempt : m_context.pending.TakeConflicts())
     m_context.events.onConflict(attempt);
   const Plan& plan = m_settings.plan;
@@ -98,16 +98,6 @@ JournalPolled PortWorker::PollJournal() {
   if (!plan.isEndless && rows->size() >= plan.rows.size() && std::ranges::all_of(*rows, isDone))
     m_context.state.SetRowsDone();
   return {};
-}
-
-// Whether it has the plan's rows, and all that was pending.
-bool PortWorker::IsJournalReady() {
-  const Plan& plan = m_settings.plan;
-  if (!m_context.state.IsPlanEntered()) {
-    if (!m_journal.Begin(plan.key, plan.name, JournalRowsOf(plan))) return false;
-    m_context.state.SetPlanEntered();
-  }
-  return m_context.pending.HandIn(m_journal);
 }
 
 RadioIdentified PortWorker::Identify() {
@@ -131,7 +121,7 @@ RadioReported PortWorker::HandleRadio() {
     attempt.text = m_identityText;
     return Enter(attempt, AttemptOutcome::Failed, slot, m_identityText != NoNumberReason);
   }
-  const Claim claim = IsJournalReady() ? ClaimRow(attempt, false) : Claim{};
+  const Claim claim = m_context.pending.HandIn(m_journal) ? ClaimRow(attempt, false) : Claim{};
   if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Error()};
   if (claim.kind == Claim::Kind::NoRow) return ReportNoRow(attempt, claim.row, slot);
   RadioJob job(m_line, m_journal, m_context, [&](PortState state, int percent) {

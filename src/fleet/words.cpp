@@ -1,6 +1,7 @@
 #include "words.h"
 
 #include "differences.h"
+#include "plan_changes.h"
 
 #include <algorithm>
 #include <array>
@@ -171,6 +172,26 @@ std::string LineForPartlyWritten(const PortStatus& status) {
 
 std::string LineForPartlyWritten(const Attempt& attempt) {
   return PartlyWrittenWords + SubjectText(attempt.row, attempt.label, attempt.idNumber);
+}
+
+std::string LineForChanges(const PlanChanges& changes) {
+  std::string line = std::to_string(changes.carriedOver) + " done carried over, " + std::to_string(changes.unknown) +
+                     " new, " + std::to_string(changes.changed) + " changed";
+  return changes.open == 0 ? line : line + ", " + std::to_string(changes.open) + " not done";
+}
+
+std::string LostReason(const std::string& journal) {
+  return "A bench has used the journal " + journal + " before, and now it is missing or empty. Put it back, or start" +
+         " over: all rows are given out again then.";
+}
+
+std::string RenamedReason(const std::string& journal) {
+  return "This template, under another name, has the journal " + journal + ". Choose that journal, or start over: all" +
+         " rows are given out again then.";
+}
+
+std::string BusyWithEarlierReason(const std::string& bench) {
+  return "Bench " + bench + " is programming a row that was in the list before. Wait until it is done.";
 }
 
 std::string LineForPending(std::size_t count) {

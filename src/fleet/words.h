@@ -11,6 +11,7 @@
 namespace mr4500x {
 
 struct ImageDifferences;
+struct PlanChanges;
 
 [[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "UNPLUG"
 [[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified"
@@ -61,6 +62,13 @@ inline constexpr char LostEntryHint[] = "neither the journal nor the file of pen
 // "May be only partly programmed: row 3, Taxi 3, radio R3"
 [[nodiscard]] std::string LineForPartlyWritten(const PortStatus& status);
 [[nodiscard]] std::string LineForPartlyWritten(const Attempt& attempt);
+
+// "12 done carried over, 1 new, 2 changed, 25 not done"
+[[nodiscard]] std::string LineForChanges(const PlanChanges& changes);
+// Why rows that are done may be unknown. Addresses are without passwords.
+[[nodiscard]] std::string LostReason(const std::string& journal);
+[[nodiscard]] std::string RenamedReason(const std::string& journal);
+[[nodiscard]] std::string BusyWithEarlierReason(const std::string& bench);
 
 inline constexpr char WaitsForBenchText[] = "Waiting for another bench that is adding its rows to the journal.";
 

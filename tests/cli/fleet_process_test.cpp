@@ -78,6 +78,53 @@ TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   EndRadio();
 }
 
+TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
+  const std::string rows = " --rows " + Path("rows.csv"), heading = "label,channels.1.rx_freq\n";
+  Put("rows.csv", heading + "Car 1,446.00625\nCar 2,446.01875\n");
+  AddRadio("LR-1");
+  EXPECT_EQ(Fleet(rows + " --count 1").status, 0);
+  Put("rows.csv", heading + "Car 3,446.1\nCar 1,446.00625\nCar 2,446.2\n");
+  const std::string changes = "1 done carried over, 1 new, 1 changed";
+  const std::string dry = "fleet --dry-run " + file + rows;
+  const auto rowsOf = [&](const std::string& options) { return Cli(dry + options).output; };
+  ExpectAll({{dry, 1, changes + "\n3 rows: 0 done, 0 taken, 3 free\n"},
+             {dry + " --carry-over", 0, changes + "\n3 rows: 1 done, 0 taken, 2 free\n"},
+             {dry + " --start-over --carry-over", 2, ""}});
+  const Ended refused = Fleet(rows);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.output, "The list has changed: " + changes + ". Give --carry-over or --start-over.\n");
+  EXPECT_EQ(CountOf(rowsOf(""), "carried over"), 1U) << "nothing was entered";
+
+  // The radio keeps its row, which is another one now. It is not written.
+  Shell(MR4500X_CLI " fleet " + file + " --quick --ports " + ports + rows + " --carry-over >" + Path("out") +
+        " & fleet=$!; until grep -qs 'unplug the radio' " + Path("out") +
+        "; do sleep 0.05; done; kill $fleet; wait $fleet");
+  EXPECT_EQ(CountOf(Content("out"), "row 2, Car 1, radio LR-1: done before"), 1U) << Content("out");
+  EXPECT_EQ(rowsOf(""), "3 rows: 1 done, 0 taken, 2 free\n") << "the decision is entered";
+  // Back to a list in which its row is gone: it gets another one.
+  Put("rows.csv", heading + "Car 4,446.1\n");
+  const Ended other = Fleet(rows);
+  EXPECT_EQ(other.status, 0) << other.output;
+  EXPECT_EQ(CountOf(other.output, "0 done carried over, 1 new, 0 changed\n"), 1U) << other.output;
+  Put("rows.csv", heading + "Car 1,446.00625\nCar 5,446.1\n");
+  EXPECT_EQ(rowsOf(""), "0 done carried over, 1 new, 0 changed, 1 not done\n2 rows: 0 done, 0 taken, 2 free\n");
+
+  // A template that was renamed leaves its journal behind; and then the journal is gone.
+  std::filesystem::copy(file, Path("b.K4X"));
+  const Ended renamed = Cli("fleet " + Path("b.K4X") + rows + " --ports " + ports);
+  EXPECT_EQ(renamed.status, 1);
+  EXPECT_TRUE(renamed.output.starts_with("This template, under another name, has the journal ")) << renamed.output;
+  EXPECT_FALSE(std::filesystem::exists(Path("b.journal")));
+  std::filesystem::rename(Path("a.journal"), Path("b.journal"));
+  EXPECT_EQ(Cli("fleet --dry-run " + Path("b.K4X") + rows).status, 0) << "it was renamed as well";
+  const Ended missing = Fleet(rows + " --carry-over");
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_TRUE(missing.output.starts_with("A bench has used the journal ")) << missing.output;
+  EXPECT_FALSE(std::filesystem::exists(Path("a.journal")));
+  EXPECT_EQ(Fleet(rows + " --start-over --count 1").status, 0);
+  EndRadio();
+}
+
 TEST_F(FleetCommandTest, NoPortIsGivenTwice) {
   std::filesystem::create_directory(Path("bin")); // the tool with a settings file beside it
   Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=/nowhere\n");

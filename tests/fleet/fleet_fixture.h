@@ -39,12 +39,11 @@ class MemoryJournal : public Journal {
 public:
   explicit MemoryJournal(Tables& tables) : m_tables(tables) {}
 
-  bool Begin(const std::string& /*plan*/, const std::string& /*name*/, const std::vector<JournalRow>& rows) override {
-    const std::lock_guard guard(m_tables.mutex);
-    if (m_tables.isLost) return false;
+  bool Begin(const PlanHead& /*plan*/, const std::vector<JournalRow>& rows) override {
     if (m_tables.rows.empty()) m_tables.rows = rows;
     return true;
   }
+  std::optional<PlanHistory> History(const PlanHead& /*plan*/) override { return std::nullopt; }
   Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override {
     const std::string &id = attempt.idNumber, &bench = attempt.bench;
     const std::lock_guard guard(m_tables.mutex);
@@ -268,6 +267,7 @@ struct Fleet {
     PendingAttempts pending(files, folder + "/pending");
     const BenchContext context = Context(pending);
     state->Rows().SetPorts(std::max<std::size_t>(2, cables.size()));
+    static_cast<void>(MemoryJournal(tables).Begin({}, JournalRowsOf(plan)));
     std::vector<std::jthread> threads;
     for (std::size_t port = 0; port < cables.size(); ++port)
       threads.emplace_back([this, port, &context] {
@@ -309,7 +309,7 @@ struct Fleet {
   std::map<std::string, RadioMemory> shelf; // radios that were taken off, by their identity numbers
   std::vector<RadioMemory> off;             // of radios in the order in which they were taken off
   bool stopsWithoutRadios = true;
-  bool goesOn = false; // a port that has stopped
+  bool goesOn = false;                                    // a port that has stopped
   bool putsBack = false;                                  // a radio that is not done comes again, without its faults
   std::pair<PortState, std::function<void(Fleet&)>> when; // something happens the first time
 
@@ -330,8 +330,7 @@ private:
     const std::lock_guard guard(mutex);
     shelf[id] = off.emplace_back(memory);
     const auto isDone = [&](const JournalRow& row) { return row.state == RowState::Done && row.idNumber == id; };
-    if (putsBack && std::ranges::none_of(*rows, isDone))
-      table.push_back({memory, {}, {}});
+    if (putsBack && std::ranges::none_of(*rows, isDone)) table.push_back({memory, {}, {}});
   }
 
   std::atomic<int> m_keys = 0, m_times = 0;

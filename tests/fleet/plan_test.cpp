@@ -1,4 +1,5 @@
 #include "plan.h"
+#include "plan_changes.h"
 #include "rows.h"
 
 #include <tuple>
@@ -32,8 +33,10 @@ TEST_F(PlanTest, GivesEachRowItsImage) {
   const PlanCheck check = Make("\xEF\xBB\xBFradio;label;channels.1.rx_freq;channels.1.in_use;embedded_info\r\n"
                                "R 1;\"A; 1\";440,025;TRUE;\"two\nlines\"\r\n;;;;\r\n;B;441;;\r\n");
   ASSERT_TRUE(check.problems.empty()) << check.problems.front();
-  EXPECT_EQ(JournalRowsOf(check.plan),
-            (std::vector<JournalRow>{{1, "A; 1", "R 1", {}, "", ""}, {2, "B", "", {}, "", ""}}));
+  std::vector<JournalRow> rows = JournalRowsOf(check.plan);
+  for (JournalRow& row : rows)
+    EXPECT_NE(std::exchange(row.content, ""), check.plan.templateKey) << row.label;
+  EXPECT_EQ(rows, (std::vector<JournalRow>{{1, "A; 1", "R 1", {}, "", ""}, {2, "B", "", {}, "", ""}}));
   const auto frequency = [&](std::size_t row) {
     return ValueOf(Decode(ImageFor(check.plan, row, texts), texts).configuration,
                    FindField("channels.1.rx_freq").value());
@@ -56,6 +59,31 @@ TEST_F(PlanTest, TheKeyIsThatOfWhatTheRowsMean) {
   EXPECT_NE(Make({}).plan.key, key);
   image.ChannelBlock(2, 2) ^= 1;
   EXPECT_NE(Make(list).plan.key, key);
+}
+
+TEST(PlanChangesTest, SayWhichRowsCarryOver) {
+  const auto rowsIn = [](const std::string& text) {
+    std::vector<JournalRow> rows;
+    std::istringstream lines(text);
+    for (std::string line, holder; std::getline(lines, line, ';'); holder.clear()) {
+      std::istringstream cells(line);
+      JournalRow& row = rows.emplace_back();
+      for (std::string* const cell : {&row.label, &row.radio, &row.content, &holder})
+        std::getline(cells, *cell, ',');
+      row.state = holder.empty() ? RowState::Free : holder[0] == '!' ? RowState::Taken : RowState::Done;
+      (row.state == RowState::Taken ? row.bench = holder.substr(1) : row.idNumber = holder);
+    }
+    return rows;
+  };
+  for (const Row& each : RowsOf(CASES "plan_changes.txt", "([^:]*): (.*) \\| (.*) -> (.*)")) {
+    const PlanChanges found = CompareWithEarlier(rowsIn(each[3]), rowsIn(each[2]));
+    std::string text;
+    for (const JournalRow& row : found.rows)
+      text += (&row == found.rows.data() ? "" : ";") + row.idNumber;
+    text += ' ' + std::to_string(found.carriedOver) + " carried over, " + std::to_string(found.unknown) + " new, " +
+            std::to_string(found.changed) + " changed, " + std::to_string(found.open) + " not done";
+    EXPECT_EQ(text + (found.busyBench.empty() ? "" : ", " + found.busyBench), each[4]) << each[1];
+  }
 }
 
 } // namespace

@@ -5,8 +5,9 @@
 #include "end_signals.h"
 #include "file_access.h"
 #include "file_commands.h"
-#include "fleet_session.h"
+#include "plan_start.h"
 #include "sql_journal.h"
+#include "text.h"
 #include "tone_codes.h"
 #include "words.h"
 
@@ -14,6 +15,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <istream>
 #include <ostream>
 
 namespace mr4500x {
@@ -61,11 +63,33 @@ struct FleetEnd {
   std::string bench;
 };
 
+// Prints what is to be decided about earlier rows. Returns what the user answers, Ask without an answer.
+EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
+  const bool isLost = !start.lost.empty();
+  terminal.err << (isLost ? start.lost : "The list has changed: " + LineForChanges(start.changes) + '.');
+  if (!terminal.answersQuestions) {
+    terminal.err << (isLost ? " --start-over starts over.\n" : " Give --carry-over or --start-over.\n");
+    return EarlierRows::Ask;
+  }
+  terminal.err << (isLost ? "\nStart over? (y/n) " : "\nCarry these over, start over, or quit? (c/s/q) ") << std::flush;
+  std::string line;
+  std::getline(terminal.in, line);
+  const std::string answer = Lower(std::string(Trimmed(line, " \t\r")));
+  const auto is = [&](std::string_view word) { return !answer.empty() && word.starts_with(answer); };
+  if (is(isLost ? "yes" : "start over")) return EarlierRows::StartOver;
+  return !isLost && is("carry over") ? EarlierRows::CarryOver : EarlierRows::Ask;
+}
+
 // What is left of the plan. A journal that is not there yet has nothing of it.
-ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const std::string& address, Terminal& terminal) {
-  std::size_t done = 0, taken = 0;
+ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& choice, Terminal& terminal) {
+  const std::string address = JournalOf(choice);
+  const PlanStart start = ComparePlan(files, choice, plan);
+  if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
+  if (start.hasCompared) terminal.out << LineForChanges(start.changes) << '\n';
+  if (!start.lost.empty()) terminal.err << start.lost << '\n';
+  std::size_t done = choice.earlier == EarlierRows::CarryOver ? start.changes.carriedOver : 0, taken = 0;
   const std::string file = FileOfJournal(address);
-  if (file.empty() || !IsMissing(files, file)) {
+  if (!start.hasCompared && (file.empty() || !IsMissing(files, file))) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     const auto rows = journal->Rows(plan.key);
     if (!rows) return NoAnswer(address, *journal, terminal);
@@ -76,7 +100,8 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const std::string& add
                << ": " << done << " done, " << taken << " taken";
   if (!plan.isEndless) terminal.out << ", " << plan.rows.size() - std::min(plan.rows.size(), done + taken) << " free";
   terminal.out << '\n';
-  return EndOutput(terminal);
+  const ExitStatus printed = EndOutput(terminal);
+  return LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
 }
 
 std::string AttemptsJson(const std::vector<Attempt>& attempts) {
@@ -137,6 +162,9 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
 
 ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
   FleetChoice& choice = arguments.choice;
+  choice.earlier = arguments.carriesOver  ? EarlierRows::CarryOver
+                   : arguments.startsOver ? EarlierRows::StartOver
+                                          : EarlierRows::Ask;
   const bool hasPorts = arguments.isDryRun || FindPorts(files, settingsFile, arguments, terminal);
   if (!hasPorts || !MayStore(files, choice, arguments.logFile, terminal)) return ExitStatus::UnusableArguments;
   const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
@@ -144,9 +172,18 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
     terminal.err << problem << '\n';
   if (!problems.empty()) return ExitStatus::UnusableArguments;
   const std::string address = JournalOf(choice);
-  if (arguments.isDryRun) return CheckPlan(files, plan, address, terminal);
+  if (arguments.isDryRun) return CheckPlan(files, plan, choice, terminal);
   const auto onWait = [&] { terminal.err << WaitsForBenchText << std::endl; };
-  if (const auto failure = EnterPlan(address, plan, onWait)) return NoAnswer(address, *failure, terminal);
+  PlanStart start = BeginPlan(files, choice, plan, onWait);
+  if (start.NeedsAnswer()) {
+    choice.earlier = AskAboutEarlier(start, terminal);
+    if (choice.earlier == EarlierRows::Ask) return ExitStatus::Failed;
+    start = BeginPlan(files, choice, plan, onWait);
+  }
+  if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
+  if (!start.isEntered) return ExitStatus::Failed; // something else changed while the user was asked
+  if (start.hasCompared && choice.earlier != EarlierRows::StartOver)
+    terminal.err << LineForChanges(start.changes) << std::endl;
 
   const FleetEnd end = RunBench(files, settingsFile, plan, choice, terminal);
   if (!arguments.logFile.empty()) {

@@ -11,6 +11,7 @@ struct FleetArguments {
   std::vector<std::string> ports; // "all" is one that is there
   std::string logFile;
   bool isDryRun = false; // only checks the plan; needs no ports
+  bool carriesOver = false, startsOver = false;
   // fleet journal
   std::string listed; // the journal's address, or a template
   std::string csvFile;

@@ -52,6 +52,13 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
                   "compare the whole content of radios that are done, not only their programming time");
   fleet->add_flag("--rewrite-done", choice.rewritesDone,
                   "rewrite radios that are done but have changed since; otherwise they are set aside");
+  CLI::Option* const carryOver =
+      fleet->add_flag("--carry-over", arguments.carriesOver,
+                      "if the list has changed: rows that are the same, and that radios hold, stay done");
+  fleet
+      ->add_flag("--start-over", arguments.startsOver,
+                 "if it has changed, or its journal is missing: give all rows out again")
+      ->excludes(carryOver);
   option(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
   option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
   fleet->add_flag(
@@ -81,7 +88,8 @@ int main(int argc, char** argv) {
   try {
     const QCoreApplication application(argc, argv);
     FileSystem& files = MachineFiles();
-    Terminal terminal{std::cout, std::cerr, std::cin, false, isatty(STDERR_FILENO) != 0};
+    Terminal terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0,
+                      isatty(STDERR_FILENO) != 0};
     FleetArguments arguments;
     ExitStatus status = ExitStatus::UnusableArguments;
     CLI::App app("A part of mr4500x-cli.", "mr4500x-cli");

@@ -73,6 +73,12 @@ Attempt AttemptIn(const QSqlQuery& query) {
 constexpr char RowColumns[] = "number, label, radio, CASE WHEN {isFree} THEN 'free' ELSE state END, bench, id_number,"
                               " stamp, CASE WHEN state = 'taken' THEN (SELECT {now} - heard FROM fleet_bench"
                               " WHERE fleet_bench.bench = fleet_row.bench) END";
+// Whether what the row says was the last that its radio got, as far as the journal knows.
+constexpr char IsLatest[] =
+    "state = 'done' AND stamp = (SELECT CASE last.outcome WHEN 'verified' THEN last.stamp ELSE '-' END FROM "
+    "fleet_attempt last"
+    " WHERE last.id_number = fleet_row.id_number AND (last.sha256 <> '' OR last.outcome IN ('begun', 'reissued'))"
+    " ORDER BY last.started DESC, last.attempt_key DESC LIMIT 1)";
 constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench, {now})"
                          " ON CONFLICT (bench) DO UPDATE SET heard = excluded.heard";
 constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = ''"
@@ -117,7 +123,8 @@ public:
   SqlJournal(const std::string& address, JournalUse use, const std::string& claimName, std::function<bool()> mayCommit)
       : m_database(address, use, std::move(mayCommit)), m_claimName(Text(claimName)) {}
 
-  bool Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) override;
+  bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) override;
+  std::optional<PlanHistory> History(const PlanHead& plan) override;
   Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override;
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<Attempt> Enter(const Attempt& attempt) override;
@@ -137,14 +144,41 @@ private:
   const QString m_claimName; // unlike any other journal's
 };
 
-bool SqlJournal::Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) {
+bool SqlJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) {
   return m_database.Open() && m_database.InTransaction([&] {
-    const auto added =
-        m_database.Change("INSERT INTO fleet_plan (plan, name) VALUES (:plan, :name) ON CONFLICT DO NOTHING",
-                          {{":plan", Text(plan)}, {":name", Text(name)}});
+    const auto added = m_database.Change(
+        "INSERT INTO fleet_plan (plan, name, template, begun) VALUES (:plan, :name, :template, :begun)"
+        " ON CONFLICT DO NOTHING",
+        {{":plan", Text(plan.key)},
+         {":name", Text(plan.name)},
+         {":template", Text(plan.templateKey)},
+         {":begun", Text(plan.begun)}});
     if (!added || *added == 0) return added.has_value(); // its rows came with it
-    return rows.empty() || InsertRows(plan, rows);
+    return rows.empty() || InsertRows(plan.key, rows);
   });
+}
+
+std::optional<PlanHistory> SqlJournal::History(const PlanHead& plan) {
+  if (!m_database.Open()) return std::nullopt;
+  PlanHistory history;
+  if (m_database.IsEmpty()) return history;
+  auto plans = m_database.Run("SELECT plan, name, template, begun FROM fleet_plan ORDER BY begun DESC, plan");
+  if (!plans) return std::nullopt;
+  const auto text = [](const QSqlQuery& query, int column) { return query.value(column).toString().toStdString(); };
+  while (plans->next())
+    history.plans.push_back({text(*plans, 0), text(*plans, 1), text(*plans, 2), text(*plans, 3)});
+  auto rows = m_database.Run(QString("SELECT ") + RowColumns + ", content, " + IsLatest + " FROM fleet_row" +
+                                 " WHERE content <> '' AND plan IN (SELECT plan FROM fleet_plan" +
+                                 " WHERE plan <> :plan AND template IN (:template, '')) ORDER BY plan, number",
+                             {{":plan", Text(plan.key)}, {":template", Text(plan.templateKey)}});
+  if (!rows) return std::nullopt;
+  constexpr int Content = 8, Latest = 9; // the columns after the row's
+  while (rows->next()) {
+    JournalRow& row = history.rows.emplace_back(RowIn(*rows));
+    row.content = text(*rows, Content);
+    if (row.state == RowState::Done && !rows->value(Latest).toBool()) row.state = RowState::Free;
+  }
+  return history;
 }
 
 // All in one round trip. The texts are quoted here, as there is no list of names for so many.
@@ -156,8 +190,13 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
     QStringList lines;
     for (const JournalRow& row : std::span(rows).subspan(first, std::min(RowsInAStatement, rows.size() - first)))
       lines.append("(:plan, " + QString::number(row.row) + ", " + quoted(Text(row.label)) + ", " +
-                   quoted(WithoutTrailingBlanks(row.radio)) + ')');
-    statements.append("INSERT INTO fleet_row (plan, number, label, radio) VALUES " + lines.join(QLatin1Char(',')));
+                   quoted(WithoutTrailingBlanks(row.radio)) + ", " +
+                   (row.state == RowState::Done ? QLatin1String("'done'") : QLatin1String("'free'")) + ", " +
+                   quoted(Text(row.bench)) + ", " + quoted(WithoutTrailingBlanks(row.idNumber)) + ", " +
+                   quoted(Text(row.stamp)) + ", " + quoted(Text(row.content)) + ')');
+    statements.append(
+        "INSERT INTO fleet_row (plan, number, label, radio, state, bench, id_number, stamp, content) VALUES " +
+        lines.join(QLatin1Char(',')));
   }
   return m_database.RunAll(statements, {{":plan", Text(plan)}}).has_value();
 }

@@ -53,7 +53,26 @@ constexpr const char* Version2[] = {
     "failures"
     " FROM fleet_plan",
 };
-constexpr std::span<const char* const> Versions[] = {Version1, Version2};
+// So that a list that has changed is compared with the one before. What earlier versions have done is known by its
+// checksum; a text that it came with is not, and such a row counts as changed. Notes and decisions are no attempts.
+constexpr const char* Version3[] = {
+    "ALTER TABLE fleet_plan ADD COLUMN template TEXT NOT NULL DEFAULT ''",
+    "ALTER TABLE fleet_plan ADD COLUMN begun TEXT NOT NULL DEFAULT ''",
+    "ALTER TABLE fleet_row ADD COLUMN content TEXT NOT NULL DEFAULT ''",
+    "CREATE INDEX fleet_attempt_radio ON fleet_attempt (id_number, started)",
+    "UPDATE fleet_row SET content = coalesce((SELECT max(sha256) FROM fleet_attempt WHERE outcome = 'verified'"
+    " AND fleet_attempt.plan = fleet_row.plan AND fleet_attempt.number = fleet_row.number"
+    " AND fleet_attempt.id_number = fleet_row.id_number AND fleet_attempt.stamp = fleet_row.stamp), '')"
+    " WHERE state = 'done'",
+    "DROP VIEW radios",
+    "CREATE VIEW radios AS SELECT id_number, firmware, band, outcome, said AS text, number AS \"row\", label, ended,"
+    " stamp, sha256, backup, plan FROM fleet_attempt last WHERE id_number <> '' AND outcome NOT IN"
+    " ('no row', 'done before', 'freed', 'reissued', 'note') AND NOT EXISTS (SELECT 1 FROM fleet_attempt later"
+    " WHERE later.id_number = last.id_number AND later.outcome NOT IN"
+    " ('no row', 'done before', 'freed', 'reissued', 'note') AND (later.started > last.started"
+    " OR later.started = last.started AND later.attempt_key > last.attempt_key))",
+};
+constexpr std::span<const char* const> Versions[] = {Version1, Version2, Version3};
 
 // Of all processes alike, and no one sets it. It begins again with the machine.
 qint64 SteadySeconds() {

@@ -92,8 +92,12 @@ Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost) {
 }
 
 // The arguments are copied: a call that was given up may need them later.
-bool TimedJournal::Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) {
-  return Ask<bool>([=](Journal& journal) { return journal.Begin(plan, name, rows); }, false);
+bool TimedJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) {
+  return Ask<bool>([=](Journal& journal) { return journal.Begin(plan, rows); }, false);
+}
+
+std::optional<PlanHistory> TimedJournal::History(const PlanHead& plan) {
+  return Ask<std::optional<PlanHistory>>([=](Journal& journal) { return journal.History(plan); }, std::nullopt);
 }
 
 Claim TimedJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {

@@ -22,7 +22,8 @@ public:
   TimedJournal(const TimedJournal&) = delete;
   TimedJournal& operator=(const TimedJournal&) = delete;
 
-  bool Begin(const std::string& plan, const std::string& name, const std::vector<JournalRow>& rows) override;
+  bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) override;
+  std::optional<PlanHistory> History(const PlanHead& plan) override;
   Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override;
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<Attempt> Enter(const Attempt& attempt) override;

@@ -130,18 +130,6 @@ std::string LocalTimestamp(const std::string& utc) {
       .toStdString();
 }
 
-std::optional<JournalFailure> EnterPlan(const std::string& address, const Plan& plan,
-                                        const std::function<void()>& onWait) {
-  constexpr int MostTries = 20; // of some seconds each
-  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
-  const std::vector<JournalRow> rows = JournalRowsOf(plan);
-  for (int tries = 1; !journal->Begin(plan.key, plan.name, rows); ++tries) {
-    if (!journal->IsBusy() || tries == MostTries) return JournalFailure{journal->Error(), journal->Details()};
-    if (tries == 1) onWait();
-  }
-  return std::nullopt;
-}
-
 JournalContent ReadJournal(const std::string& address, const std::string& plan) {
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto rows = journal->Rows(plan);

@@ -14,6 +14,9 @@
 
 namespace mr4500x {
 
+// What becomes of the rows that radios hold from an earlier list.
+enum class EarlierRows : std::uint8_t { Ask, CarryOver, StartOver };
+
 // What a bench is to do, as its user chooses it.
 struct FleetChoice {
   std::string templateFile;
@@ -27,6 +30,7 @@ struct FleetChoice {
   bool comparesDone = false; // the whole of radios that are done, not only their write stamps
   bool rewritesDone = false; // that hold something else; else they are set aside
   std::string operatorName;  // for the journal
+  EarlierRows earlier = EarlierRows::Ask;
 };
 
 // The journal's address; a file's is its whole path.
@@ -52,10 +56,6 @@ struct FleetChoice {
 struct JournalFailure {
   std::string error, details; // the details are the database's own words
 };
-// Enters the plan's rows in the journal. Waits while another bench does the same, and calls `onWait` once then.
-[[nodiscard]] std::optional<JournalFailure> EnterPlan(const std::string& address, const Plan& plan,
-                                                      const std::function<void()>& onWait);
-
 struct JournalContent {
   std::vector<JournalRow> rows; // of the plan
   std::vector<Attempt> attempts;
@@ -66,7 +66,7 @@ struct JournalContent {
 // Its end stops the ports after the radios in progress, and waits for them.
 class FleetSession {
 public:
-  // Starts the ports.
+  // Starts the ports. BeginPlan has entered the plan.
   FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
                BenchEvents events);
 

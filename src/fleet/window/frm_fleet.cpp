@@ -1,6 +1,7 @@
 #include "frm_fleet.h"
 
 #include "fleet_setup.h"
+#include "plan_start.h"
 #include "port_card.h"
 #include "shown_text.h"
 #include "sql_journal.h"
@@ -32,11 +33,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What is now read from the files, and if that is still the plan that is shown, why it can't be entered.
+// What is now read from the files, and if that is still the plan that is shown, how it begins.
 struct Beginning {
   std::shared_ptr<const PlanCheck> check;
   bool isSame = false;
-  std::optional<JournalFailure> failure;
+  PlanStart start;
 };
 
 bool IsSamePlan(const PlanCheck& a, const PlanCheck& b) {
@@ -139,12 +140,16 @@ void FrmFleet::ShowState() {
 }
 
 void FrmFleet::Start() {
-  if (m_session || m_isStarting || !m_start->isEnabled()) return;
+  if (!m_session && !m_isStarting && m_start->isEnabled()) StartWith(EarlierRows::Ask);
+}
+
+void FrmFleet::StartWith(EarlierRows earlier) {
   m_isStarting = true;
   ShowMessage({});
   ShowState();
-  const FleetChoice choice = m_setup->Choice();
-  const auto work = [this, choice, plan = m_plan, address = m_journal] {
+  FleetChoice choice = m_setup->Choice();
+  choice.earlier = earlier;
+  const auto work = [this, choice, plan = m_plan] {
     Beginning beginning;
     beginning.check = std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
     beginning.isSame = IsSamePlan(*beginning.check, *plan);
@@ -152,7 +157,7 @@ void FrmFleet::Start() {
       QMetaObject::invokeMethod(
           this, [this] { ShowMessage(Shown(WaitsForBenchText)); }, Qt::QueuedConnection);
     };
-    if (beginning.isSame) beginning.failure = EnterPlan(address, plan->plan, onWait);
+    if (beginning.isSame) beginning.start = BeginPlan(m_files, choice, plan->plan, onWait);
     return beginning;
   };
   RunInWorker(work, [this, choice](const Beginning& beginning) {
@@ -160,8 +165,10 @@ void FrmFleet::Start() {
     if (!beginning.isSame) {
       ShowPlan(beginning.check, choice);
       ShowMessage(tr("The template or the rows have changed. Check them and start again."));
-    } else if (beginning.failure) {
-      ShowFailure(*beginning.failure);
+    } else if (!beginning.start.failure.error.empty()) {
+      ShowFailure(beginning.start.failure);
+    } else if (beginning.start.NeedsAnswer()) {
+      AskAboutEarlier(beginning.start);
     } else if (!m_closesAtEnd) {
       ShowMessage({});
       StartPorts(choice);
@@ -170,6 +177,24 @@ void FrmFleet::Start() {
     // Not the button: the blank in a label that is scanned would press it.
     if (m_session) m_next->isEnabled() ? m_next->setFocus() : m_stop->setFocus();
   });
+}
+
+// Nothing has been entered yet.
+void FrmFleet::AskAboutEarlier(const PlanStart& start) {
+  const bool isLost = !start.lost.empty();
+  const QString changed = tr("The list has changed: %1. Rows that carry over stay done.");
+  auto* const box = new QMessageBox(QMessageBox::Question, windowTitle(),
+                                    isLost ? Shown(start.lost) : changed.arg(Shown(LineForChanges(start.changes))),
+                                    QMessageBox::Cancel, this);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  const auto add = [&](const QString& text, EarlierRows earlier) {
+    QPushButton* const button = box->addButton(text, QMessageBox::AcceptRole);
+    connect(button, &QPushButton::clicked, this, [this, earlier] { StartWith(earlier); });
+    return button;
+  };
+  if (!isLost) box->setDefaultButton(add(tr("&Carry over"), EarlierRows::CarryOver));
+  add(tr("&Start over"), EarlierRows::StartOver);
+  box->open();
 }
 
 void FrmFleet::StartPorts(const FleetChoice& choice) {

@@ -25,6 +25,7 @@ class QTableView;
 namespace mr4500x {
 
 class FleetSetup;
+struct PlanStart;
 class PortCard;
 
 class FrmFleet final : public QWidget {
@@ -57,6 +58,8 @@ private:
   void LoadChosenPlan();
   void ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice);
   void Start();
+  void StartWith(EarlierRows earlier);
+  void AskAboutEarlier(const PlanStart& start);
   void StartPorts(const FleetChoice& choice);
   void ShowStatus(const PortStatus& status);
   void ShowConflict(const Attempt& attempt);

@@ -28,8 +28,9 @@ namespace {
 
 using namespace std::literals;
 
-JournalRow NewRow(std::size_t row, const std::string& label = "", const std::string& radio = "") {
-  return {row, label, radio, RowState::Free, "", ""};
+JournalRow NewRow(std::size_t row, const std::string& label = "", const std::string& radio = "",
+                  const std::string& content = "") {
+  return {row, label, radio, RowState::Free, "", "", "", -1, content};
 }
 
 Attempt NewAttempt(const std::string& plan, const std::string& bench, const std::string& idNumber) {
@@ -96,7 +97,7 @@ std::string TextOfRow(const JournalRow& row) {
 
 // The look for a free row sees the others as they were before it had to wait; the row is not free for all that.
 void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
-  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin("race", "", {NewRow(1), NewRow(2)}));
+  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"race", ""}, {NewRow(1), NewRow(2)}));
   ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->ReportAlive("Z"));
   QSqlQuery other(Connect());
   const char* const taking[] = {IsServer() ? "BEGIN" : "BEGIN IMMEDIATE",
@@ -131,7 +132,8 @@ TEST_P(SqlJournals, FollowTheRules) {
       if (!journal) journal = OpenJournal(address, JournalUse::Enter);
       return *journal;
     };
-    ASSERT_TRUE(at("A").Begin(plan, "rules", {NewRow(1, "one", "R1  "), NewRow(2, "two"), NewRow(3)}))
+    ASSERT_TRUE(at("A").Begin({plan, "rules", "template of " + plan},
+                              {NewRow(1, "one", "R1  ", "c1"), NewRow(2, "two", "", "c2"), NewRow(3, "", "", "c3")}))
         << at("A").Error();
     const auto result = [&](const std::string& step) -> std::string {
       std::istringstream words(step);
@@ -164,6 +166,7 @@ TEST_P(SqlJournals, FollowTheRules) {
         attempt.plan = plan;
         if (attempt.key == "last") attempt.key = last.key;
         attempt.outcome = static_cast<AttemptOutcome>(std::ranges::find(outcomes, outcome) - outcomes);
+        attempt.stamp = attempt.sha256 = attempt.key;
         const auto entered = at(attempt.bench).Enter(attempt);
         if (!entered) return "lost: " + at(attempt.bench).Error() + at(attempt.bench).Details();
         return outcomes[static_cast<int>(entered->outcome)] + (entered->text.empty() ? "" : ": " + entered->text);
@@ -181,7 +184,9 @@ TEST_P(SqlJournals, FollowTheRules) {
                   attempt.idNumber + ' ' + std::to_string(attempt.row);
         return text;
       }
-      const auto rows = at("A").Rows(plan).value();
+      // Of the plan, or as a later list of the same template, or of another one, would find them.
+      const std::string of = command == "later" ? "template of " + plan : "another";
+      const auto rows = command == "rows" ? at("A").Rows(plan).value() : at("A").History({"", "", of}).value().rows;
       for (const JournalRow& row : rows)
         text += (text.empty() ? "" : ", ") + TextOfRow(row);
       return text;
@@ -206,7 +211,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   EXPECT_FALSE(std::filesystem::exists(path));
   EXPECT_EQ(OpenJournal(path, JournalUse::List)->Attempts(""), std::nullopt);
   EXPECT_FALSE(std::filesystem::exists(path)) << "made by a list";
-  ASSERT_TRUE(OpenJournal(path, JournalUse::Enter)->Begin("p1", "name", {}));
+  ASSERT_TRUE(OpenJournal(path, JournalUse::Enter)->Begin({"p1", "name"}, {}));
   refuses("another one in its place");
   std::filesystem::rename(moved, path);
   EXPECT_EQ(journal.Enter(attempt), attempt);
@@ -214,7 +219,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   const std::string other = path + ".other";
   std::ofstream(other) << 'x';
   const auto bad = OpenJournal(other, JournalUse::Enter);
-  EXPECT_FALSE(bad->Begin("p1", "name", {}));
+  EXPECT_FALSE(bad->Begin({"p1", "name"}, {}));
   EXPECT_EQ(bad->Error(), "The file is not a journal.");
   EXPECT_EQ(std::filesystem::file_size(other), 1U);
 }
@@ -223,7 +228,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   const auto journal = OpenJournal(address, JournalUse::Enter);
   const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ?", "R7"), NewRow(9)};
   for (int i = 0; i < 2; ++i)
-    ASSERT_TRUE(journal->Begin("p1", "name", rows)) << journal->Error();
+    ASSERT_TRUE(journal->Begin({"p1", "name"}, rows)) << journal->Error();
   EXPECT_EQ(journal->Rows("p1"), rows);
   EXPECT_EQ(journal->Rows("p2"), std::vector<JournalRow>());
 
@@ -244,7 +249,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   Execute("UPDATE fleet_schema SET version = version + 1");
   const auto later = OpenJournal(address, JournalUse::Enter);
   for (int i = 0; i < 2; ++i)
-    EXPECT_FALSE(later->Begin("p1", "name", rows));
+    EXPECT_FALSE(later->Begin({"p1", "name"}, rows));
   EXPECT_NE(later->Error().find("later version"), std::string::npos) << later->Error();
 
   for (const char* const bad :
@@ -279,10 +284,11 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
       "row,outcome,start,end,label,id_number,firmware,band,port,bench,text,backup,sha256,plan,key,stamp,operator\r\n"
       "2,verified,s,e,b,X,f,,COM1,A,t,b,00,p,k,,\r\n");
   std::string rows;
-  const auto found = journal->Rows("p").value();
-  for (const JournalRow& row : found)
-    rows += TextOfRow(row) + ", ";
-  EXPECT_EQ(rows, "1 free, 2 done A X, 3 done A X (row 3), 4 free, ");
+  const auto found = journal->Rows("p").value(), earlier = journal->History({"later", ""}).value().rows;
+  for (const auto& each : {found, earlier})
+    for (const JournalRow& row : each)
+      rows += TextOfRow(row) + row.content + ", ";
+  EXPECT_EQ(rows, "1 free, 2 done A X, 3 done A X (row 3), 4 free, 2 done A X00, ");
   for (const char* const view : {"attempts", "radios", "progress"})
     Execute(QString("SELECT * FROM ") + view);
 }
@@ -291,13 +297,13 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
 TEST_P(SqlJournals, WaitForNoServer) {
   if (!IsServer()) {
     const std::string path = address.substr(std::string("sqlite:").size());
-    OpenJournal(address, JournalUse::Enter)->Begin("p", "", {NewRow(1)});
+    OpenJournal(address, JournalUse::Enter)->Begin({"p", ""}, {NewRow(1)});
     EXPECT_TRUE(OpenJournal(address, JournalUse::List)->Rows("p"));
     EXPECT_FALSE(std::filesystem::exists(path + "-wal") || std::filesystem::exists(path + "-shm"));
     return;
   }
   auto journal = OpenJournal(address, JournalUse::Enter);
-  ASSERT_TRUE(journal->Begin("p", "", {NewRow(1), NewRow(2)}));
+  ASSERT_TRUE(journal->Begin({"p", ""}, {NewRow(1), NewRow(2)}));
   QElapsedTimer time;
   time.start();
   m_server->Pause();
@@ -324,7 +330,7 @@ TEST_P(SqlJournals, NeedFewRoundTrips) {
   for (std::size_t row = 1; row <= 2000; ++row)
     rows.push_back(NewRow(row, "it's row " + std::to_string(row)));
   const auto before = m_server->Statements();
-  ASSERT_TRUE(journal->Begin("p", "", rows));
+  ASSERT_TRUE(journal->Begin({"p", ""}, rows));
   const auto begun = m_server->Statements();
   EXPECT_LE(begun - before, 4);
   EXPECT_EQ(journal->Rows("p"), rows);
@@ -382,7 +388,7 @@ TEST_P(SqlJournals, GiveNoRowOutTwice) {
   std::vector<JournalRow> all;
   for (std::size_t row = 1; row <= count; ++row)
     all.push_back(NewRow(row));
-  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin("plan", "", all));
+  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"plan", ""}, all));
   std::atomic<int> done = 0, lost = 0;
   const auto program = [&](const std::string& bench) {
     const auto journal = OpenJournal(address, JournalUse::Enter);

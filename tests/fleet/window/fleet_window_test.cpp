@@ -77,7 +77,8 @@ protected:
     QWidget* const dialog = QApplication::activeModalWidget();
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
       told.append(box->text());
-      QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+      QAbstractButton* const yes = box->button(QMessageBox::Yes);
+      QTest::mouseClick(yes != nullptr ? yes : box->defaultButton(), Qt::LeftButton);
     } else if (auto* const chosen = qobject_cast<QFileDialog*>(dialog)) {
       chosen->findChild<QLineEdit*>("fileNameEdit")->setText(file);
       QTest::keyClick(chosen->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
@@ -195,6 +196,20 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
   EXPECT_TRUE(told.isEmpty()) << told.join(' ').toStdString();
+
+  // Nor is it when the list gets another row, unless the user says so.
+  QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
+  ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports are finished."; }));
+  Put("rows.csv", "label,radio\nCar 0,LR-0\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
+  QEvent activated(QEvent::WindowActivate);
+  QCoreApplication::sendEvent(window.get(), &activated);
+  ASSERT_TRUE(Await([&] { return Label("lblCounts").contains(" of 4 rows done"); }));
+  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
+  EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("2 of 4 rows done"); }))
+      << Label("lblCounts").toStdString();
+  EXPECT_EQ(told, QStringList("The list has changed: 2 done carried over, 1 new, 0 changed, 1 not done. Rows that carry"
+                              " over stay done."));
 }
 
 TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {

@@ -1,0 +1,105 @@
+#include "plan_start.h"
+
+#include "file_access.h"
+#include "machine.h"
+#include "sql_journal.h"
+#include "words.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+namespace mr4500x {
+namespace {
+
+constexpr std::size_t LongestAddress = 10'000;
+
+// Which journal this user's benches used last for a template, and that they used one at an address: what is remembered
+// outlives the journal.
+std::string MemoryPath(const std::string& templateOrAddress) {
+  return UserStateFolder() + "/fleet/" + Sha256Of(templateOrAddress).substr(0, 16) + ".known";
+}
+
+std::string RememberedFor(FileSystem& files, const std::string& templateOrAddress) {
+  std::vector<std::uint8_t> bytes;
+  if (ReadFile(files, MemoryPath(templateOrAddress), LongestAddress, bytes) != ReadOutcome::Read) return {};
+  return {bytes.begin(), bytes.end()};
+}
+
+// Where nothing can be written there is nothing to remember.
+void Remember(FileSystem& files, const Plan& plan, const std::string& address) {
+  const std::string shown = WithoutPassword(address);
+  const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(shown.data()), shown.size());
+  for (const std::string& key : {plan.templateKey, shown})
+    if (RememberedFor(files, key) != shown && MakeFolderOf(files, MemoryPath(key)))
+      static_cast<void>(ReplaceFile(files, MemoryPath(key), bytes, Surplus::Drop));
+}
+
+bool MayExist(FileSystem& files, const std::string& address) {
+  const std::string file = FileOfJournal(address);
+  return file.empty() || !IsMissing(files, file);
+}
+
+std::string LostJournal(FileSystem& files, const FleetChoice& choice, const Plan& plan, const PlanHistory& history) {
+  const std::string address = WithoutPassword(JournalOf(choice));
+  if (history.plans.empty() && !RememberedFor(files, address).empty()) return LostReason(address);
+  const std::string last = RememberedFor(files, plan.templateKey);
+  const bool isElsewhere = choice.journal.empty() && !last.empty() && last != address && MayExist(files, last);
+  const auto knows = std::ranges::find(history.plans, plan.templateKey, &PlanHead::templateKey);
+  return isElsewhere && knows == history.plans.end() ? RenamedReason(last) : "";
+}
+
+PlanHead HeadOf(const Plan& plan) {
+  return {plan.key, plan.name, plan.templateKey, UtcTimestamp()};
+}
+
+PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan, Journal& journal) {
+  PlanStart start;
+  start.changes.rows = JournalRowsOf(plan);
+  const auto history = MayExist(files, JournalOf(choice)) ? journal.History(HeadOf(plan)) : PlanHistory{};
+  if (!history) {
+    start.failure = {journal.Error(), journal.Details()};
+    return start;
+  }
+  if (std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end()) return start;
+  start.lost = LostJournal(files, choice, plan, *history);
+  start.hasCompared = !plan.isEndless && !history->rows.empty();
+  if (start.hasCompared) start.changes = CompareWithEarlier(std::move(start.changes.rows), history->rows);
+  const bool isTwice = choice.earlier != EarlierRows::StartOver && !start.changes.busyBench.empty();
+  if (isTwice) start.failure.error = BusyWithEarlierReason(start.changes.busyBench);
+  return start;
+}
+
+} // namespace
+
+bool LeavesOpen(const PlanStart& start, EarlierRows chosen) {
+  const bool mustChoose = start.changes.carriedOver > 0 && chosen == EarlierRows::Ask;
+  return mustChoose || (!start.lost.empty() && chosen != EarlierRows::StartOver);
+}
+
+PlanStart ComparePlan(FileSystem& files, const FleetChoice& choice, const Plan& plan) {
+  return Compare(files, choice, plan, *OpenJournal(JournalOf(choice), JournalUse::List));
+}
+
+PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& plan,
+                    const std::function<void()>& onWait) {
+  constexpr int MostTries = 20; // of some seconds each
+  const std::string address = JournalOf(choice);
+  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
+  for (int tries = 1;; ++tries) {
+    PlanStart start = Compare(files, choice, plan, *journal);
+    const bool isFound = start.failure.error.empty();
+    if (isFound && LeavesOpen(start, choice.earlier)) return start;
+    const bool startsOver = choice.earlier == EarlierRows::StartOver;
+    if (isFound && journal->Begin(HeadOf(plan), startsOver ? JournalRowsOf(plan) : start.changes.rows)) {
+      start.isEntered = true;
+      Remember(files, plan, address);
+      return start;
+    }
+    if (isFound) start.failure = {journal->Error(), journal->Details()};
+    if (!journal->IsBusy() || tries == MostTries) return start;
+    if (tries == 1) onWait();
+  }
+}
+
+} // namespace mr4500x
