@@ -54,8 +54,8 @@ ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   if (const FileResult mayKeep = MayKeepBackupIn(command.files, folder); !mayKeep) return refuse(folder, mayKeep);
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
-  const auto [outcome, path, result] = KeepBackup(command.files, folder, image, command.now());
-  if (outcome != BackupOutcome::Kept) return refuse(path, result);
+  const auto [path, result] = KeepBackup(command.files, folder, image, command.now());
+  if (!result) return refuse(path, result);
   command.terminal.out << path << '\n';
   return EndOutput(command.terminal);
 }

@@ -18,6 +18,18 @@ void Replace(std::string& text, std::string_view what, const std::string& by) {
     text.replace(at, what.size(), by);
 }
 
+// Creates an empty file of that name, with "_2", "_3" … after the stem where another backup has the name: radios of the
+// same identity number are backed up at the same moment by other ports and other programs.
+FileResult ReserveName(FileSystem& files, std::string& stem, const std::string& extension) {
+  const std::string first = stem;
+  for (int number = 2;; ++number) {
+    if (OpenFile(files, files.Create(stem + extension, 0666))) return {};
+    const FileResult failed = SystemFailed();
+    if (failed.error != std::errc::file_exists) return failed;
+    stem = first + '_' + std::to_string(number);
+  }
+}
+
 } // namespace
 
 std::string FilledIn(std::string path, const RadioImage& image, const LocalTime& now) {
@@ -37,13 +49,16 @@ FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder) {
 }
 
 Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image, const LocalTime& now) {
-  const std::string stem = folder + Separator + FilledIn("{id}_{date}_{time}", image, now), path = stem + ".K4X";
-  if (IsThere(files, path)) return {BackupOutcome::NameIsTaken, path, {std::make_error_code(std::errc::file_exists)}};
-  FileResult saved = SaveDataFile(files, path, image);
+  std::string stem = folder + Separator + FilledIn("{id}_{date}_{time}", image, now);
+  FileResult saved = ReserveName(files, stem, ".K4X");
+  const std::string path = stem + ".K4X";
+  if (!saved) return {path, saved};
+  saved = SaveDataFile(files, path, image);
+  if (!saved) static_cast<void>(files.Remove(path));
   const std::string text = InfoToKeep(EmbeddedText(image.EmbeddedInfoBlock));
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
   if (saved && !text.empty()) saved = ReplaceFile(files, stem + ".txt", bytes, Surplus::Drop);
-  return {saved ? BackupOutcome::Kept : BackupOutcome::Failed, path, saved};
+  return {path, saved};
 }
 
 } // namespace mr4500x

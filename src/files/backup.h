@@ -15,17 +15,12 @@ namespace mr4500x {
 // Creates the folder if it is missing. Fails if no backup can be saved in it.
 FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder);
 
-enum class BackupOutcome : std::uint8_t {
-  Kept,
-  Failed,
-  NameIsTaken, // nothing is replaced
-};
 struct Backup {
-  BackupOutcome outcome;
-  std::string path;  // of the data file
-  FileResult result; // with the reason unless it was kept
+  std::string path; // of the data file
+  FileResult result;
 };
 // Saves a data file named after the radio and the time. If there is an embedded text, it is saved beside it as ".txt".
+// Replaces no file: "_2" follows a name that exists.
 [[nodiscard]] Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image,
                                 const LocalTime& now);
 

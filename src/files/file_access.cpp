@@ -35,10 +35,6 @@ std::string InFolder(std::string folder, std::string_view name) {
 FileResult Failed(std::errc reason) {
   return {std::make_error_code(reason)};
 }
-// The failure of the file system operation just before.
-FileResult SystemFailed() {
-  return {{errno != 0 ? errno : EIO, std::generic_category()}};
-}
 
 // The file that a path leads to. It may be missing.
 struct PlacedFile {

@@ -3,6 +3,7 @@
 
 #include "file_system.h"
 
+#include <cerrno>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -43,5 +44,10 @@ struct [[nodiscard]] FileResult {
     return error == std::errc::text_file_busy ? "another program has it open" : error.message();
   }
 };
+
+// The reason of the file system's operation that came just before and has failed.
+inline FileResult SystemFailed() {
+  return {{errno != 0 ? errno : EIO, std::generic_category()}};
+}
 
 } // namespace mr4500x

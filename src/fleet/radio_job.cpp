@@ -74,8 +74,8 @@ bool RadioJob::BackUp(Attempt& attempt) {
   if (!IsComplete(ReadRadio(m_line, image, *this, m_settings.speed), attempt)) return false;
   if (IdentityNumber(image) != attempt.idNumber) return Fail(attempt, ExchangedReason);
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte]; // as the editor does
-  const auto [outcome, path, result] = KeepBackup(m_settings.files, m_settings.backupFolder, image, m_settings.now());
-  if (outcome != BackupOutcome::Kept) return refuse(result);
+  const auto [path, result] = KeepBackup(m_settings.files, m_settings.backupFolder, image, m_settings.now());
+  if (!result) return refuse(result);
   attempt.backup = path;
   return true;
 }

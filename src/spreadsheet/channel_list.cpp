@@ -112,7 +112,7 @@ private:
     const std::string cell = CellOf(row, m_number);
     const int number = ChannelNumberIn(cell).value_or(-1) + 1 - m_base;
     if (number < 1 || number > static_cast<int>(ChannelCount)) {
-      Refuse({row.line, m_names[m_number], cell, Refused::Value, m_base == 0 ? "0 to 15" : "1 to 16"});
+      Refuse({row.line, m_names[m_number], cell, Refused::Value, {m_base == 0 ? "0 to 15" : "1 to 16"}});
       return std::nullopt;
     }
     if (m_channels.insert(number).second) return static_cast<std::size_t>(number);

@@ -20,6 +20,7 @@ std::string KnownHeadings() {
 template<typename Target>
 std::vector<RefusedCell> Applied(Target& target, const std::vector<GivenCell>& cells, const FieldTexts& texts) {
   std::vector<Assignment> assignments;
+  assignments.reserve(cells.size());
   for (const GivenCell& cell : cells)
     assignments.push_back(cell.assignment);
   const std::vector<RefusedValue> values = ApplyChanges(target, std::move(assignments), texts);

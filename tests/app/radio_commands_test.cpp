@@ -87,21 +87,21 @@ TEST_F(TransferTest, WritesToAnotherBandOnlyIfTheUserAgrees) {
 
 TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
-  const std::string backup = Path("backup/7777777777777777_20041104_090507.K4X");
   const std::string written = "Write Complete|" + CompletionOf(Transfer::Write).text,
                     same = "The radio on COM3 matches what was written.", title(ProgramTitle),
                     differs =
                         "!|Verify after Writing|The radio on COM3 does not match what was written. Write it again. "
                         "Differences:\n\nDigit Time: 50ms -> {\"code\": 4}",
-                    taken = "!|Back Up before Writing|The backup could not be saved in " + Path("") +
-                            "/backup (File exists). Nothing was written.";
+                    noFolder = "!|Back Up before Writing|The backup could not be saved in " + Path("") +
+                               "/backup (Not a directory). Nothing was written.";
   // name, what is ticked or not any longer, what the radio changes after the write, sessions, told, status
   const std::tuple<const char*, Lines, std::uint8_t, std::size_t, Lines, std::string> cases[] = {
       {"at first", {}, 0, 1, {written}, title},
       {"verified", {"mnuProgramVerify"}, 0, 2, {written}, same},
       {"not the same", {}, 1, 2, {written, differs}, title},
       {"backed up", {"mnuProgramVerify", "mnuProgramBackUp"}, 0, 2, {written}, title},
-      {"with a backup of the same name", {}, 0, 1, {taken}, title},
+      {"another in the same second", {}, 0, 2, {written}, title},
+      {"a file in place of the folder", {}, 0, 1, {noFolder}, title},
   };
   for (const auto& [name, ticked, flaw, sessions, told, status] : cases) {
     SCOPED_TRACE(name);
@@ -109,6 +109,10 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
       Choose(item);
     Start(); // the ticks are remembered
     radio.frames.clear();
+    if (told == Lines{noFolder}) {
+      std::filesystem::rename(Path("backup"), Path("kept"));
+      Put("backup", "");
+    }
     desk.beforeAnswer = [&, flaw = flaw] { radio.memory[0x107] ^= flaw; };
     Choose("mnuProgramWrite");
     EXPECT_EQ(Happened(), told);
@@ -116,7 +120,8 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
     EXPECT_EQ(std::ranges::count_if(radio.frames, [](auto& frame) { return frame[0] != 0x57; }), sessions);
   }
   RadioImage kept;
-  EXPECT_EQ(LoadDataFile(files, backup, kept).outcome, LoadOutcome::Loaded);
+  for (const std::string name : {"20041104_090507.K4X", "20041104_090507_2.K4X"})
+    EXPECT_EQ(LoadDataFile(files, Path("kept/7777777777777777_" + name), kept).outcome, LoadOutcome::Loaded);
 }
 
 TEST_F(TransferTest, AReadProposesItsOwnName) {

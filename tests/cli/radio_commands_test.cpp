@@ -181,12 +181,10 @@ TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {
 TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
   const auto before = radio.memory;
   const std::string stem = "LR7200____004217_20261104_090507";
-  std::filesystem::create_directories(Path("taken/" + stem + ".K4X"));
   std::filesystem::create_directories(Path("taken text/" + stem + ".txt"));
   const auto unheard = [&](std::size_t frame, LineBytes& reply) { frame == 50 ? reply.clear() : void(); };
   const std::pair<const char*, std::function<void()>> cases[] = {
       {"a.K4X", [] {}},
-      {"taken", [] {}},
       {"taken text", [] {}},
       {"unwritable", [&] { files.unwritable = {Path("unwritable")}; }},
       {"full", [&] { files.diskRoom = 100; }},

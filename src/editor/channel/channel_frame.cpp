@@ -94,7 +94,7 @@ private:
 };
 
 // Digits and the decimal separator. After the first keypad decimal key, both "." and "," count as the separator.
-CharacterFilter FrequencyFilter(char separator, std::function<void(char)> dropped) {
+CharacterFilter FrequencyFilter(char separator, const std::function<void(char)>& dropped) {
   return [=, eitherMeant = false](char typed, bool onKeypad) mutable -> std::optional<char> {
     if (typed != '.' && typed != ',') return DigitFilter(typed, onKeypad);
     eitherMeant = eitherMeant || onKeypad;

@@ -179,7 +179,8 @@ TEST_P(SqlJournals, FollowTheRules) {
       }
       std::string text;
       if (command == "attempts") {
-        for (const Attempt& attempt : at("A").Attempts(plan).value())
+        const auto attempts = at("A").Attempts(plan).value();
+        for (const Attempt& attempt : attempts)
           text += std::string(text.empty() ? "" : ", ") + outcomes[static_cast<int>(attempt.outcome)] + ' ' +
                   attempt.idNumber + ' ' + std::to_string(attempt.row);
         return text;
@@ -421,7 +422,8 @@ TEST_P(SqlJournals, GiveNoRowOutTwice) {
     radios.merge(bench.get());
   EXPECT_EQ(done, static_cast<int>(count)) << "a row was done twice, or not at all";
   EXPECT_TRUE(m_server || lost == 0) << "benches wait for each other";
-  for (const Attempt& attempt : OpenJournal(address, JournalUse::List)->Attempts("plan").value())
+  const auto attempts = OpenJournal(address, JournalUse::List)->Attempts("plan").value();
+  for (const Attempt& attempt : attempts)
     entered[attempt.row] += attempt.idNumber;
   EXPECT_EQ(radios.size(), count);
   EXPECT_EQ(entered, radios);
