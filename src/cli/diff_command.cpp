@@ -11,11 +11,14 @@
 namespace mr4500x {
 namespace {
 
+using Json = nlohmann::ordered_json;
+
 // As numbers they are 0, 1 and 2.
 constexpr ExitStatus Same = ExitStatus::Done, Different = ExitStatus::Failed, Trouble = ExitStatus::UnusableArguments;
 
 std::vector<FieldAt> FieldsOf(const ImageDifferences& differences) {
   std::vector<FieldAt> fields;
+  fields.reserve(differences.settings.size());
   for (const Difference& difference : differences.settings)
     fields.push_back(difference.at);
   return fields;
@@ -33,7 +36,6 @@ std::string DifferenceLines(const ImageDifferences& differences, NamedBy names) 
 }
 
 std::string DifferenceJson(const RadioImage& before, const RadioImage& after) {
-  using Json = nlohmann::ordered_json;
   const FieldTexts& texts = PointTexts();
   const Configuration a = Decode(before, texts).configuration, b = Decode(after, texts).configuration;
   const ImageDifferences differences = CompareImages(before, after, texts);
@@ -54,6 +56,7 @@ std::string DifferencePatch(const RadioImage& before, const RadioImage& after) {
     count = fields.size();
     RadioImage changed = before;
     std::vector<Assignment> changes;
+    changes.reserve(fields.size());
     for (const FieldAt at : fields)
       changes.push_back({at, ValueOf(wanted, at), true});
     static_cast<void>(ApplyChanges(changed, changes, texts));

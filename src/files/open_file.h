@@ -45,7 +45,7 @@ struct [[nodiscard]] FileResult {
   }
 };
 
-// The reason of the file system's operation that came just before and has failed.
+// The failure of the file system operation just before.
 inline FileResult SystemFailed() {
   return {{errno != 0 ? errno : EIO, std::generic_category()}};
 }

@@ -10,7 +10,7 @@ namespace mr4500x {
 // A new, empty folder in another one.
 inline std::string NewFolder(const std::string& parent) {
   for (;;)
-    if (const auto path = parent + "/mr4500x-" + std::to_string(MachineFiles().UnpredictableNumber());
+    if (std::string path = parent + "/mr4500x-" + std::to_string(MachineFiles().UnpredictableNumber());
         std::filesystem::create_directory(path))
       return path;
 }

@@ -110,10 +110,10 @@ constexpr char KilledCall[] = "MR4500X_TEST_KILLED_CALL", KilledPath[] = "MR4500
 
 // In a process of its own, which the other test starts.
 TEST(KilledSave, SavesUntilACall) {
-  const char* const path = std::getenv(KilledPath);
-  if (path == nullptr || *path == 0) return;
+  const char *const path = std::getenv(KilledPath), *const call = std::getenv(KilledCall);
+  if (path == nullptr || call == nullptr || *path == 0) return;
   FaultyFileSystem files;
-  files.failAt = std::atoi(std::getenv(KilledCall));
+  files.failAt = std::atoi(call);
   files.isKilled = true;
   EXPECT_TRUE(SaveDataFile(files, path, RadioImage()));
 }
