@@ -45,7 +45,7 @@ int main(int argc, char** argv) {
     std::cerr << Usage;
     return 2;
   }
-  ShowNoIconsOnDialogButtons();
+  UseProgramStyle();
   FrmSplash splash;
   splash.ShowPainted();
   SteadyClock clock;

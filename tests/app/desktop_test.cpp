@@ -1,6 +1,7 @@
 // The adapters to the desktop: message boxes, file names, and the guard of a transfer.
 #include "machine_files.h"
 #include "modal_dialog.h"
+#include "open_windows.h"
 #include "qt_dialogs.h"
 #include "qt_printers.h"
 #include "transfer_guard.h"
@@ -35,6 +36,26 @@ TEST(QtMessageView, AnswersAsTheKeySays) {
     UserInput input;
     EXPECT_EQ(QtMessageView(input).Show(MessageIcon::None, "Title", "a <b> & c", buttons), answer);
   }
+}
+
+TEST(ProgramStyle, ShowsEmptyBoxesAndPlaceholdersOnADarkWindow) {
+  UseProgramStyle();
+  const QPalette dark(QColor(50, 54, 58), QColor(34, 32, 32));
+  QPalette placeholder = dark;
+  placeholder.setColor(QPalette::PlaceholderText, Qt::black);
+  QApplication::style()->polish(placeholder);
+  EXPECT_EQ(placeholder.color(QPalette::PlaceholderText).value(), 255);
+  QCheckBox box;
+  QRadioButton option;
+  for (QAbstractButton* const button : std::initializer_list<QAbstractButton*>{&box, &option}) {
+    button->setPalette(dark);
+    const QImage picture = button->grab().toImage();
+    int lightest = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      lightest = std::max(lightest, qGray(picture.pixel(x, picture.height() / 2)));
+    EXPECT_GE(lightest, 140) << button->metaObject()->className();
+  }
+  QApplication::setStyle("Fusion");
 }
 
 TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {

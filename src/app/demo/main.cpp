@@ -182,7 +182,7 @@ int main(int argc, char** argv) {
     std::cerr << "usage: mr4500x-demo FOLDER\n";
     return 2;
   }
-  ShowNoIconsOnDialogButtons();
+  UseProgramStyle();
   Program program;
   program.Window().show();
   Demo demo(program.Window(), QDir(QString::fromLocal8Bit(argv[1])).absolutePath());

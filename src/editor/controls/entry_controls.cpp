@@ -10,6 +10,9 @@
 #include <QProxyStyle>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QtMath>
 
 #include <algorithm>
 #include <utility>
@@ -71,6 +74,12 @@ QString Pasted(QClipboard::Mode mode = QClipboard::Clipboard) {
   return QGuiApplication::clipboard()->text(mode).trimmed();
 }
 
+// Where a cell of a grid has its line of text.
+QRect LineIn(const QRect& cell, const QFont& font) {
+  const QSize line(cell.width(), qCeil(QFontMetricsF(font).height()));
+  return QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, line, cell);
+}
+
 constexpr qsizetype MostItemsOpen = 20; // longer lists scroll
 constexpr int VisibleItems = 16;        // of a list that scrolls
 
@@ -111,6 +120,22 @@ void EntryBox::SetWholeText(const QString& text) {
 void EntryBox::PutText(const QString& text) {
   setMaxLength(m_mostCharacters);
   setText(text);
+}
+
+// The margins make QLineEdit, which centres its text with room for a cursor, begin it at the pixel where the cell does.
+void EntryBox::StandOver(const QRect& cell) {
+  constexpr int inset = 2, cursor = 2; // of QLineEdit
+  constexpr double rounding = 0.45;    // of a cell
+  const double width = QFontMetricsF(font()).horizontalAdvance(text());
+  QRect line = LineIn(cell, font()).adjusted(-inset, 0, 0, 0);
+  line.setWidth(qRound(width) + 2 * qFloor((cell.width() - width) / 2 + rounding) + 2 * inset + cursor);
+  line.setHeight(fontMetrics().height());
+  QStyleOptionFrame option;
+  initStyleOption(&option);
+  setTextMargins({});
+  const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+  setTextMargins(line.left() - room.left(), line.top() - room.top(), room.right() - line.right(),
+                 room.bottom() - line.bottom());
 }
 
 void EntryBox::CopyWhole() const {
@@ -280,6 +305,17 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
   default:
     QComboBox::keyPressEvent(event);
   }
+}
+
+void ChoiceBox::paintEvent(QPaintEvent* event) {
+  if (m_cell.isEmpty()) return QComboBox::paintEvent(event);
+  QStylePainter painter(this);
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  painter.drawComplexControl(QStyle::CC_ComboBox, option);
+  const bool isListed = currentIndex() >= 0;
+  painter.setPen(palette().color(isListed ? QPalette::ButtonText : QPalette::PlaceholderText));
+  painter.drawText(LineIn(m_cell, font()), Qt::AlignHCenter, isListed ? currentText() : placeholderText());
 }
 
 // Without the focus, the wheel scrolls the panel instead of changing the selection.

@@ -32,6 +32,7 @@ public:
   void SetWholeText(const QString& text); // a text beyond the limit is kept until the user edits it
   void PutText(const QString& text);      // cuts the text at the limit
   void SelectEntry() { setSelection(0, m_mostCharacters); }
+  void StandOver(const QRect& cell); // of a grid, in which its text stays where it is
 
   void CopyWhole() const;
   void PasteWhole();
@@ -78,6 +79,7 @@ public:
   void ShowPosition(int position);    // without Selected
   void ShowText(const QString& text); // without Selected; shows a text without an item with nothing selected
   void KeepPopupWiderThan(const QString& text) { m_popupText = text; }
+  void StandOver(const QRect& cell) { m_cell = cell; } // of a grid, in which its text stays where it is
 
   void showPopup() override;
 
@@ -90,11 +92,13 @@ signals:
 protected:
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
 private:
   std::uint8_t m_unlisted = 0;
   QString m_popupText;
+  QRect m_cell;
 };
 
 } // namespace mr4500x

@@ -67,8 +67,10 @@ void ScrollTo(const QWidget& widget, const QRect& rectangle) {
 }
 
 void SetUsable(QWidget& field, bool usable) {
+  const QPalette& present = field.parentWidget()->palette();
   QPalette palette; // the rest comes from the parent
-  if (!usable) palette.setBrush(QPalette::Base, field.parentWidget()->palette().brush(QPalette::Button));
+  palette.setColor(QPalette::Disabled, QPalette::Text, GreyOn(present));
+  if (!usable) palette.setBrush(QPalette::Base, present.brush(QPalette::Button));
   field.setPalette(palette);
   field.setEnabled(usable);
 }

@@ -188,6 +188,9 @@ void GridFrame::SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list) {
 void GridFrame::ShowEditor(QWidget& editor, const QRect& place, QRgb colour) {
   SetTextColour(editor, colour, *this);
   editor.setGeometry(place);
+  const QRect cell = m_grid->visualRect(m_grid->currentIndex());
+  const QRect text = cell.translated(m_grid->viewport()->mapTo(this, QPoint()) - place.topLeft());
+  &editor == m_entry ? m_entry->StandOver(text) : m_list->StandOver(text);
   editor.raise();
   editor.show();
   editor.setFocus();

@@ -2,17 +2,43 @@
 
 #include <QApplication>
 #include <QMainWindow>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QSettings>
+#include <QStyleOption>
 
 #include <cmath>
 
 namespace mr4500x {
 namespace {
 
-class ButtonsWithoutIcons : public QProxyStyle {
+class ProgramStyle : public QProxyStyle {
 public:
   using QProxyStyle::QProxyStyle;
+  // Some dark palettes have the placeholders of a light one.
+  void polish(QPalette& palette) override {
+    QProxyStyle::polish(palette);
+    QColor text = palette.color(QPalette::Text);
+    text.setAlphaF(0.6F);
+    palette.setColor(QPalette::PlaceholderText, text);
+  }
+  // The usual edge of an empty box is darker than the window, and so can't be seen on a dark one.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool isRound = element == PE_IndicatorRadioButton;
+    if (!isRound && element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck) return;
+    if (option->palette.color(QPalette::Window).lightnessF() >= 0.5F) return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, isRound);
+    painter->setBrush(Qt::NoBrush);
+    QColor colour = option->palette.color(QPalette::Text);
+    colour.setAlphaF(option->state.testFlag(State_Enabled) ? 0.6F : 0.3F);
+    painter->setPen(colour);
+    const QRect edge = option->rect.adjusted(0, 0, -1, -1);
+    isRound ? painter->drawEllipse(edge) : painter->drawRect(edge);
+    painter->restore();
+  }
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returnData) const override {
     const bool icons = hint == SH_DialogButtonBox_ButtonsHaveIcons;
@@ -33,8 +59,8 @@ void ScaleByWholeFactors() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
 }
 
-void ShowNoIconsOnDialogButtons() {
-  QApplication::setStyle(new ButtonsWithoutIcons(QApplication::style()->name()));
+void UseProgramStyle() {
+  QApplication::setStyle(new ProgramStyle(QApplication::style()->name()));
 }
 
 WindowGeometry GeometryOf(const QWidget& window) {

@@ -1,5 +1,5 @@
-// The program's windows: the owner of a new dialog, the look of dialog buttons, and the geometry of the main window,
-// which is stored at exit.
+// The program's windows: the owner of a new dialog, the style, and the geometry of the main window, which is stored at
+// exit.
 #pragma once
 
 class QWidget;
@@ -13,8 +13,9 @@ namespace mr4500x {
 // windows are scaled by whole factors, and the font size, which all lengths follow, provides the rest.
 void ScaleByWholeFactors();
 
-// Qt adds icons to the buttons of its own dialogs. The program's dialogs have none, so they are removed in every style.
-void ShowNoIconsOnDialogButtons();
+// The desktop's style with two changes. Qt adds icons to the buttons of its own dialogs: they are removed, as the
+// program's dialogs have none. Empty boxes and placeholders can also be seen on a dark window.
+void UseProgramStyle();
 
 // Including the frame, in twips (1/1440 inch).
 struct WindowGeometry {
