@@ -93,6 +93,7 @@ private:
 struct BenchEvents {
   std::function<void(const PortStatus&)> onStatus{};                      // at each change
   std::function<void(const Attempt&)> onConflict = [](const Attempt&) {}; // of a late entry: two radios hold its row
+  std::function<void(const Attempt&)> onVerified = [](const Attempt&) {}; // once for each; must not block
 };
 
 struct BenchContext {

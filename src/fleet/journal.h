@@ -35,6 +35,7 @@ enum class AttemptOutcome : std::uint8_t {
   Aborted,    // begun, but its bench has died
   NoRow,      // none was free for it
   DoneBefore, // holds its row already
+  Note,       // about a radio, or what became of a command for it
 };
 
 // What was done with one radio, from its identification to its end.

@@ -185,6 +185,7 @@ RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchS
   const Attempt entered = m_context.pending.Enter(m_journal, attempt);
   if (entered.outcome == Verified || entered.outcome == DoneBefore) {
     if (entered.outcome == Verified) slot.Use();
+    if (entered.outcome == Verified) m_context.events.onVerified(entered);
     const bool isPending = m_context.pending.Count() > 0;
     const char* const hint = m_context.pending.IsKept() ? LateEntryHint : LostEntryHint;
     return {entered.outcome == Verified ? PortState::Done : PortState::AlreadyDone, attempt.row, attempt.label,

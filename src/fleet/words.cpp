@@ -56,8 +56,8 @@ std::string_view WordFor(PortState state) {
 }
 
 std::string_view WordFor(AttemptOutcome outcome) {
-  constexpr std::array<std::string_view, 8> Words = {"verified", "failed",  "set aside", "conflict",
-                                                     "begun",    "aborted", "no row",    "done before"};
+  constexpr std::array<std::string_view, 9> Words = {"verified", "failed", "set aside",   "conflict", "begun",
+                                                     "aborted",  "no row", "done before", "note"};
   return Words[static_cast<std::size_t>(outcome)];
 }
 
@@ -158,6 +158,16 @@ std::string LineForFailed(const PortStatus& status, std::string_view portName) {
 std::string LineFor(const Attempt& attempt) {
   const std::string name = SubjectText(attempt.row, attempt.label, attempt.idNumber);
   return attempt.start + "  " + JoinParts({attempt.port, name, WordFor(attempt.outcome), attempt.text});
+}
+
+std::string CommandReason(std::optional<int> status, const std::string& error, std::chrono::seconds limit) {
+  return JoinParts({status ? "the command ended with status " + std::to_string(*status)
+                           : "the command was ended, as it took longer than " + std::to_string(limit.count()) + " s",
+                    error});
+}
+
+std::string LineForCommand(const Attempt& note) {
+  return JoinParts({note.port, SubjectText(note.row, note.label, note.idNumber), note.text});
 }
 
 std::string LineForConflict(const Attempt& attempt) {

@@ -5,6 +5,8 @@
 #include "journal.h"
 #include "port_status.h"
 
+#include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -55,6 +57,11 @@ inline constexpr char LostEntryHint[] = "neither the journal nor the file of pen
 
 // "2026-11-25 13:45:07  COM3: row 12, Truck 12, radio R12: failed: No Response !!"
 [[nodiscard]] std::string LineFor(const Attempt& attempt);
+// Why the user's command for a verified radio failed. `status`: none if it took too long.
+[[nodiscard]] std::string CommandReason(std::optional<int> status, const std::string& error,
+                                        std::chrono::seconds limit);
+// "COM3: row 12, Truck 12, radio R12: the command ended with status 1: no printer"
+[[nodiscard]] std::string LineForCommand(const Attempt& note);
 // An entry whose row another radio got in the meantime, or whose radio another row.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
 // "radio R12, at COM3: failed: the radio does not answer", of a radio that was not verified.

@@ -11,7 +11,7 @@
 
 namespace mr4500x {
 
-class TracedPort final : public SerialPort {
+class TracedPort : public SerialPort {
 public:
   // A heading with the local time precedes the first frame after each opening. Frames count their time from there.
   TracedPort(SerialPort& port, Clock& clock, std::function<LocalTime()> now, std::ostream& trace)

@@ -22,8 +22,14 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   AddRadio("LR-2");
   AddRadio("LR-3", " --fault other-band");
   const std::string rows = " --rows " + Path("rows.csv");
-  const Ended two = Fleet(rows + " --count 2 --log " + Path("log.csv"));
-  EXPECT_EQ(two.status, 0) << two.output;
+  const Ended two = Fleet(rows + " --count 2 --log " + Path("log.csv") + " --on-verified 'tee -a " + Path("seen") +
+                          " | grep -q LR-1 || { echo; echo no label >&2; exit 3; }'");
+  EXPECT_EQ(two.status, 1) << "a command has failed\n" << two.output;
+  EXPECT_EQ(CountOf(two.output, "row 2, Car 2, radio LR-2: the command ended with status 3: no label\n"), 1U);
+  EXPECT_EQ(CountOf(two.output, ": the command "), 1U) << two.output;
+  EXPECT_EQ(CountOf(Content("seen"), "{\"format\":1,\"row\":"), 2U) << Content("seen");
+  EXPECT_EQ(CountOf(Content("seen"), "\"id_number\":\"LR-2\""), 1U);
+  EXPECT_EQ(CountOf(Content("log.csv"), "2,note,"), 1U) << Content("log.csv");
   const std::string dry = "fleet --dry-run " + file + rows;
   ExpectAll({{dry, 0, "3 rows: 2 done, 0 taken, 1 free\n"},
              {dry + " --journal " + Path("none.journal"), 0, "3 rows: 0 done, 0 taken, 3 free\n"},
@@ -36,10 +42,12 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(Content("log.csv"), ",verified,"), 2U) << Content("log.csv");
 
   // The same again: what is done is not written anew. Another band is, as asked for.
-  const Ended all = Fleet(rows + " --accept-band --backup " + Path("kept") + " --log " + Path("log2.csv"));
+  const Ended all = Fleet(rows + " --accept-band --backup " + Path("kept") + " --trace " + Path("traces") + " --log " +
+                          Path("log2.csv"));
   EXPECT_EQ(all.status, 0) << all.output;
   EXPECT_EQ(CountOf(Content("log2.csv"), ",verified,"), 1U) << "of this bench alone";
   EXPECT_TRUE(Shell("ls " + Path("kept")).output.starts_with("LR-3_"));
+  EXPECT_EQ(Shell("grep -l radio " + Path("traces/*.txt") + " | wc -l").output, "3\n") << "one for each port";
   EXPECT_EQ(CountOf(all.output, "done before"), 2U) << all.output;
   EXPECT_EQ(CountOf(all.output, "LR-3: verified"), 1U) << all.output;
   EXPECT_EQ(
@@ -50,6 +58,7 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(listed.output, ": verified\n"), 3U) << listed.output;
   EXPECT_TRUE(Cli("fleet journal " + Path("a.journal") + " --csv -").output.starts_with("row,outcome,start,"));
   EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --csv - --plan none").output, "\n"), 1U);
+  EXPECT_EQ(Fleet(" --count 1 --trace /proc/self/none").status, 1) << "nothing can be written there";
   EXPECT_EQ(Fleet(" --count 1 --log /proc/self/oom_score_adj").status, 1); // another plan; the log takes no text
   const std::string both = Cli("fleet journal " + file).output;
   EXPECT_EQ(CountOf(both, "plan "), CountOf(both, "\n")) << both;

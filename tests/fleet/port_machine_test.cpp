@@ -44,8 +44,10 @@ std::string NameOfAction(PortAction action) {
 }
 
 TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
-  const std::map<std::string, BenchView> benches = {
-      {"", {}}, {" at a bench that is over", {.isOver = true}}, {" without a slot", {.hasSlot = false}}, {" after Go on", {.goesOn = true}}};
+  const std::map<std::string, BenchView> benches = {{"", {}},
+                                                    {" at a bench that is over", {.isOver = true}},
+                                                    {" without a slot", {.hasSlot = false}},
+                                                    {" after Go on", {.goesOn = true}}};
   for (const Row& row : RowsOf(CASES "port_events.txt", "[^:]+: ([A-Z ]\\w+(?: [A-Z]\\w+)*)(.*) -> (.*) -> (.*)")) {
     std::istringstream names(row[1]);
     PortMachine machine;

@@ -1,6 +1,7 @@
 #include "fleet_command.h"
 
 #include "arguments.h"
+#include "attempt_json.h"
 #include "attempt_records.h"
 #include "end_signals.h"
 #include "file_access.h"
@@ -12,7 +13,6 @@
 #include "words.h"
 
 #include <QEventLoop>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <istream>
@@ -104,58 +104,57 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   return LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
 }
 
-std::string AttemptsJson(const std::vector<Attempt>& attempts) {
-  nlohmann::ordered_json all = nlohmann::ordered_json::array();
-  for (const Attempt& attempt : attempts) {
-    nlohmann::ordered_json& one = all.emplace_back();
-    one["row"] = attempt.row;
-    one["outcome"] = StoredName(attempt.outcome);
-    for (const AttemptColumn& column : AttemptColumns)
-      one[std::string(column.heading)] = attempt.*column.text;
-  }
-  return nlohmann::ordered_json{{"format", 1}, {"attempts", all}}.dump(2, ' ', false,
-                                                                       nlohmann::json::error_handler_t::replace) +
-         '\n';
-}
-
 // Runs the bench until all its ports have ended.
 FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan& plan, const FleetChoice& choice,
                   Terminal& terminal) {
   QEventLoop loop;
   FleetTally tally(choice.ports.size());
+  std::unique_ptr<FleetSession> session;
+  const auto endIfOver = [&] {
+    if (tally.HasStopped() && !session->HasCommands()) loop.quit();
+  };
   const auto print = [&](const PortStatus& status) {
     if (tally.Record(status)) terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
-    if (tally.HasStopped()) loop.quit();
+    endIfOver();
   };
   const auto printConflict = [&](const Attempt& attempt) {
     tally.RecordConflict();
     terminal.out << LineForConflict(attempt) << std::endl;
   };
+  const auto printCommand = [&](const Attempt& note) {
+    if (!note.text.empty()) terminal.out << LineForCommand(note) << std::endl;
+    if (!note.text.empty()) tally.RecordNote(note);
+    endIfOver();
+  };
   // What comes from the ports' threads is printed in this one.
   const auto inLoop = [&loop](auto function) { QMetaObject::invokeMethod(&loop, function, Qt::QueuedConnection); };
-  FleetSession session(
+  session = std::make_unique<FleetSession>(
       files, settingsFile, plan, choice,
       BenchEvents{
           .onStatus = [&](const PortStatus& status) { inLoop([&print, status] { print(status); }); },
           .onConflict = [&](const Attempt& attempt) { inLoop([&printConflict, attempt] { printConflict(attempt); }); },
-      });
+      },
+      [&](const Attempt& note) { inLoop([&printCommand, note] { printCommand(note); }); });
   const auto stop = [&](int) {
-    session.StopBeforeWrites();
+    session->StopBeforeWrites();
     terminal.err << "Stopping after these radios.\n";
   };
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
+  const bool areTraced = session->EndTraces();
+  if (!areTraced) terminal.err << choice.traceFolder << ": the traces could not be written\n";
   terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed().size() << '\n';
   for (const auto& [idNumber, status] : tally.Failed())
     terminal.out << "Not verified: " << LineForFailed(status, DisplayName(choice.ports[status.port])) << '\n';
   for (const auto& [idNumber, status] : tally.PartlyWritten())
     terminal.out << LineForPartlyWritten(status) << '\n';
-  const std::size_t pending = session.PendingCount();
+  const std::size_t pending = session->PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan.isEndless && choice.count < 0;
-  const bool isComplete = isOpenEnded ? tally.Failed().empty() : session.IsComplete();
-  const bool isGood = pending == 0 && !tally.HasConflict() && tally.PartlyWritten().empty();
-  return {isComplete && isGood, session.BenchName()};
+  const bool isComplete = isOpenEnded ? tally.Failed().empty() : session->IsComplete();
+  const bool isGood =
+      pending == 0 && !tally.HasConflict() && tally.PartlyWritten().empty() && tally.Notes().empty() && areTraced;
+  return {isComplete && isGood, session->BenchName()};
 }
 
 } // namespace

@@ -60,6 +60,10 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
                  "if it has changed, or its journal is missing: give all rows out again")
       ->excludes(carryOver);
   option(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
+  option(fleet, "--on-verified", choice.onVerified, "COMMAND",
+         "run this for each verified radio, with its journal entry as JSON on standard input");
+  option(fleet, "--trace", choice.traceFolder, "FOLDER",
+         "add every byte on each port's line, with its time, to a file in this folder");
   option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
   fleet->add_flag(
       "--dry-run", arguments.isDryRun,

@@ -265,7 +265,7 @@ bool SqlJournal::EnterOnce(Attempt& attempt) {
     attempt = AttemptIn(*earlier);
     return true;
   }
-  if (!FinishRow(attempt, ValuesOf(attempt))) return false;
+  if (attempt.outcome != AttemptOutcome::Note && !FinishRow(attempt, ValuesOf(attempt))) return false;
   constexpr char Finish[] = "UPDATE fleet_attempt SET outcome = :outcome, ended = :ended, said = :said,"
                             " backup = :backup, sha256 = :sha256, stamp = :stamp WHERE attempt_key = :attempt_key";
   const QString insert = "INSERT INTO fleet_attempt (" + ColumnList() + ") VALUES (" + ColumnList(":") + ')';

@@ -1,5 +1,6 @@
 #include "fleet_session.h"
 
+#include "conventions.h"
 #include "file_access.h"
 #include "input.h"
 #include "machine.h"
@@ -9,6 +10,7 @@
 #include "settings.h"
 #include "sql_journal.h"
 #include "tone_codes.h"
+#include "traced_port.h"
 
 #include <QDateTime>
 #include <QString>
@@ -44,14 +46,51 @@ std::string NewBenchName(FileSystem& files) {
   return name.str();
 }
 
+// A port that owns what its trace needs.
+struct TraceParts {
+  std::unique_ptr<SerialPort> port;
+  SteadyClock clock;
+};
+class OwningTracedPort final : TraceParts, public TracedPort {
+public:
+  OwningTracedPort(std::unique_ptr<SerialPort> traced, std::ostream& trace)
+      : TraceParts{std::move(traced), {}}, TracedPort(*port, clock, LocalNow, trace) {}
+};
+
+// "dev-ttyUSB3.txt"
+std::string TraceNameOf(const PortAddress& port) {
+  std::string name = DisplayName(port);
+  for (const char separator : Separators)
+    std::ranges::replace(name, separator, '-');
+  return name.substr(name.find_first_not_of('-')) + ".txt";
+}
+
+// Each trace is added to what its file has.
+std::deque<std::ofstream> OpenTraces(const FleetChoice& choice) {
+  std::deque<std::ofstream> traces;
+  if (choice.traceFolder.empty()) return traces;
+  std::error_code failed; // shows when they are opened
+  std::filesystem::create_directories(PathOf(choice.traceFolder), failed);
+  for (const PortAddress& port : choice.ports)
+    traces.emplace_back(PathOf(choice.traceFolder) / PathOf(TraceNameOf(port)), std::ios::app);
+  return traces;
+}
+
 std::vector<BenchPort> BenchPortsOf(const std::vector<PortAddress>& ports, FileSystem& files,
-                                    const std::string& settingsFile) {
+                                    const std::string& settingsFile, std::deque<std::ofstream>& traces) {
   std::vector<BenchPort> made;
   made.reserve(ports.size());
   const auto pins = PortDevices(files, settingsFile);
-  for (const PortAddress& port : ports)
-    made.push_back({DisplayName(port), [port, pins] { return MakePort(port, pins); },
-                    [] { return std::make_unique<SteadyClock>(); }, std::max(1, port.number)});
+  for (const PortAddress& port : ports) {
+    std::ofstream* const trace = traces.empty() ? nullptr : &traces[made.size()];
+    const auto makePort = [port, pins, trace]() -> std::unique_ptr<SerialPort> {
+      auto serial = MakePort(port, pins);
+      if (trace == nullptr) return serial;
+      return std::make_unique<OwningTracedPort>(std::move(serial), *trace);
+    };
+    made.push_back(
+        {DisplayName(port), makePort, [] { return std::make_unique<SteadyClock>(); }, std::max(1, port.number)});
+  }
   return made;
 }
 
@@ -139,7 +178,7 @@ JournalContent ReadJournal(const std::string& address, const std::string& plan) 
 }
 
 FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
-                           BenchEvents events)
+                           BenchEvents events, std::function<void(const Attempt&)> onCommand)
     : m_texts(BuildFieldTexts('.')),
       m_plan(std::move(plan)), m_settings{.plan = m_plan,
                                           .texts = m_texts,
@@ -155,10 +194,20 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, P
                                           .timestamp = UtcTimestamp,
                                           .sha256 = Sha256Of,
                                           .newKey = NewAttemptKey},
-      m_events(std::move(events)), m_state(choice.count),
+      m_events{.onStatus = std::move(events.onStatus),
+               .onConflict = std::move(events.onConflict),
+               .onVerified = [this](const Attempt& attempt) { m_command.Run(attempt); }},
+      m_state(choice.count),
       m_pending(files, UserStateFolder() + "/fleet/" + Sha256Of(JournalOf(choice)).substr(0, 16)),
-      m_bench({m_settings, m_state, m_pending, m_events}, BenchPortsOf(choice.ports, files, settingsFile),
+      m_command(choice.onVerified, JournalOf(choice), m_pending, std::move(onCommand)), m_traces(OpenTraces(choice)),
+      m_bench({m_settings, m_state, m_pending, m_events}, BenchPortsOf(choice.ports, files, settingsFile, m_traces),
               [address = JournalOf(choice)] { return OpenJournal(address, JournalUse::Enter); }) {}
+
+bool FleetSession::EndTraces() {
+  m_state.StopAfterTheseRadios();
+  m_bench.Wait();
+  return std::ranges::all_of(m_traces, [](std::ofstream& trace) { return static_cast<bool>(trace.flush()); });
+}
 
 bool FleetTally::Record(const PortStatus& status) {
   std::optional<PortStatus>& last = m_last[status.port];
@@ -183,9 +232,10 @@ bool FleetTally::HasStopped() const {
   return std::ranges::all_of(m_last, [](const auto& last) { return last && IsEnd(last->state); });
 }
 
-void FleetTally::Dismiss(const std::string& idNumber) {
-  m_failed.erase(idNumber);
-  m_partlyWritten.erase(idNumber);
+void FleetTally::Dismiss(const std::string& idNumberOrKey) {
+  m_failed.erase(idNumberOrKey);
+  m_partlyWritten.erase(idNumberOrKey);
+  m_notes.erase(idNumberOrKey);
 }
 
 } // namespace mr4500x

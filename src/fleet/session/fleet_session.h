@@ -4,9 +4,11 @@
 
 #include "bench.h"
 #include "port_address.h"
+#include "verified_command.h"
 
+#include <deque>
+#include <fstream>
 #include <functional>
-#include <iosfwd>
 #include <map>
 #include <memory>
 #include <string>
@@ -30,6 +32,8 @@ struct FleetChoice {
   bool comparesDone = false; // the whole of radios that are done, not only their write stamps
   bool rewritesDone = false; // that hold something else; else they are set aside
   std::string operatorName;  // for the journal
+  std::string traceFolder;   // where each port notes what passes over it; "": nowhere
+  std::string onVerified;    // the user's command for each verified radio; "": none
   EarlierRows earlier = EarlierRows::Ask;
 };
 
@@ -66,9 +70,9 @@ struct JournalContent {
 // Its end stops the ports after the radios in progress, and waits for them.
 class FleetSession {
 public:
-  // Starts the ports. BeginPlan has entered the plan.
+  // Starts the ports. BeginPlan has entered the plan. Calls `onCommand` as VerifiedCommand does.
   FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
-               BenchEvents events);
+               BenchEvents events, std::function<void(const Attempt&)> onCommand);
 
   void StopAfterTheseRadios() { m_state.StopAfterTheseRadios(); }
   void StopBeforeWrites() { m_state.StopBeforeWrites(); } // as the policy of end_signals.h demands
@@ -76,6 +80,9 @@ public:
   void ChooseRow(std::size_t row) { m_state.Rows().Choose(row); }
   void ForgetChoices() { m_state.Rows().ForgetChoices(); }
   [[nodiscard]] const std::string& BenchName() const { return m_settings.bench; }
+  // Waits for the ports. False if a trace could not be written as a whole.
+  [[nodiscard]] bool EndTraces();
+  [[nodiscard]] bool HasCommands() const { return m_command.IsRunning(); }
   // Entries that the journal did not take.
   [[nodiscard]] std::size_t PendingCount() { return m_pending.Count(); }
   // Whether all requested radios are verified: the count, or all rows.
@@ -88,6 +95,8 @@ private:
   const BenchEvents m_events;
   BenchState m_state;
   PendingAttempts m_pending;
+  VerifiedCommand m_command;
+  std::deque<std::ofstream> m_traces; // of the ports
   Bench m_bench;
 };
 
@@ -104,15 +113,19 @@ public:
   [[nodiscard]] int Done() const { return m_done; } // radios
   // The last status of radios that were left unverified, by identity number. One without a row was not requested.
   [[nodiscard]] const std::map<std::string, PortStatus>& Failed() const { return m_failed; }
-  void Dismiss(const std::string& idNumber); // the user has dealt with it
+  void Dismiss(const std::string& idNumberOrKey); // the user has dealt with it
   void RecordConflict() { m_hasConflict = true; }
   [[nodiscard]] bool HasConflict() const { return m_hasConflict; }
+  // Entries about commands that have failed, by key.
+  void RecordNote(const Attempt& note) { m_notes[note.key] = note; }
+  [[nodiscard]] const std::map<std::string, Attempt>& Notes() const { return m_notes; }
   // Their last status, by identity number. They may hold only a part of a configuration.
   [[nodiscard]] const std::map<std::string, PortStatus>& PartlyWritten() const { return m_partlyWritten; }
 
 private:
   std::vector<std::optional<PortStatus>> m_last;
   std::map<std::string, PortStatus> m_failed, m_partlyWritten;
+  std::map<std::string, Attempt> m_notes;
   int m_done = 0;
   bool m_hasConflict = false;
 };

@@ -22,7 +22,7 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
       m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_summary(new QLabel), m_ports(new QListWidget),
       m_quick(new QCheckBox(tr("&Quick"))), m_otherBand(new QCheckBox(tr("Accept other &bands"))),
       m_rewritesDone(new QCheckBox(tr("Re&write changed radios"))), m_sound(new QCheckBox(tr("So&und"))),
-      m_operator(new QLineEdit) {
+      m_operator(new QLineEdit), m_onVerified(new QLineEdit) {
   auto* const all = new QHBoxLayout(this);
   all->setContentsMargins(4, 0, 4, 4);
   all->addWidget(m_choices, 1);
@@ -48,10 +48,17 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   options->addWidget(who);
   options->addWidget(m_operator);
   grid->addLayout(options, 3, 1);
+  auto* const commandLabel = new QLabel(tr("Co&mmand:"));
+  commandLabel->setBuddy(m_onVerified);
+  m_onVerified->setObjectName(QStringLiteral("txtOnVerified"));
+  m_onVerified->setPlaceholderText(tr("for each verified radio, such as a label: none"));
+  m_onVerified->setToolTip(tr("Runs for each verified radio, with its journal entry as JSON on standard input"));
+  grid->addWidget(commandLabel, 4, 0);
+  grid->addWidget(m_onVerified, 4, 1);
   auto* const portLabel = new QLabel(tr("&Ports:"));
   portLabel->setBuddy(m_ports);
   grid->addWidget(portLabel, 0, 3, Qt::AlignTop);
-  grid->addWidget(m_ports, 0, 4, 4, 1);
+  grid->addWidget(m_ports, 0, 4, 5, 1);
   grid->setColumnStretch(1, 3);
   grid->setColumnStretch(4, 2);
   m_ports->setObjectName(QStringLiteral("lstPorts"));
@@ -107,6 +114,7 @@ FleetChoice FleetSetup::Choice() const {
   choice.acceptsOtherBand = m_otherBand->isChecked();
   choice.rewritesDone = m_rewritesDone->isChecked();
   choice.operatorName = m_operator->text().trimmed().toStdString();
+  choice.onVerified = m_onVerified->text().trimmed().toStdString();
   for (const QString& port : CheckedPorts())
     choice.ports.push_back(*ParsePortAddress(port.toStdString()));
   return choice;
@@ -152,6 +160,7 @@ void FleetSetup::Load(const QSettings& settings) {
   m_journal->setText(settings.value(QStringLiteral("Journal")).toString());
   m_quick->setChecked(settings.value(QStringLiteral("Quick")).toBool());
   m_sound->setChecked(settings.value(QStringLiteral("Sound"), true).toBool());
+  m_onVerified->setText(settings.value(QStringLiteral("OnVerified")).toString());
   m_wanted = settings.value(QStringLiteral("Ports")).toStringList();
   FindPorts();
 }
@@ -165,6 +174,7 @@ void FleetSetup::Store(QSettings& settings) const {
                     QString::fromStdString(WithoutPassword(m_journal->text().toStdString())));
   settings.setValue(QStringLiteral("Quick"), m_quick->isChecked());
   settings.setValue(QStringLiteral("Sound"), m_sound->isChecked());
+  settings.setValue(QStringLiteral("OnVerified"), m_onVerified->text());
   settings.setValue(QStringLiteral("Ports"), m_wanted);
 }
 

@@ -43,7 +43,7 @@ private:
   QLineEdit* m_journal;
   QListWidget* m_ports;
   QCheckBox *m_quick, *m_otherBand, *m_rewritesDone, *m_sound;
-  QLineEdit* m_operator;
+  QLineEdit *m_operator, *m_onVerified;
   QStringList m_wanted; // ports, whether they are there or not
 };
 

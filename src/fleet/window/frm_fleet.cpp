@@ -218,7 +218,8 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
           .onStatus = [this, inWindow](const PortStatus& status) { inWindow([this, status] { ShowStatus(status); }); },
           .onConflict = [this,
                          inWindow](const Attempt& attempt) { inWindow([this, attempt] { ShowConflict(attempt); }); },
-      });
+      },
+      [this, inWindow](const Attempt& note) { inWindow([this, note] { ShowCommand(note); }); });
 }
 
 void FrmFleet::ShowStatus(const PortStatus& status) {
@@ -242,6 +243,7 @@ void FrmFleet::ShowConflict(const Attempt& attempt) {
 }
 
 void FrmFleet::End() {
+  if (m_session->HasCommands()) return ShowMessage(tr("Waiting for the command."));
   if (const std::size_t pending = m_session->PendingCount(); pending > 0)
     ShowMessage(Shown(LineForPending(pending)));
   else

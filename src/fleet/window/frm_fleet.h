@@ -63,7 +63,8 @@ private:
   void StartPorts(const FleetChoice& choice);
   void ShowStatus(const PortStatus& status);
   void ShowConflict(const Attempt& attempt);
-  void ChooseRow(); // that the user has typed or scanned
+  void ChooseRow();                      // that the user has typed or scanned
+  void ShowCommand(const Attempt& note); // that has ended
   void ShowFailed();
   void DismissFailed(); // the selected one
   void End();

@@ -44,7 +44,7 @@ QWidget* FrmFleet::BuildFailed() {
   m_failed->setObjectName(QStringLiteral("lstFailed"));
   m_failed->setWordWrap(true);
   m_failed->setTextElideMode(Qt::ElideNone);
-  auto* const caption = new QLabel(tr("Not verified (&X):"));
+  auto* const caption = new QLabel(tr("To be looked at (&X):"));
   caption->setBuddy(m_failed);
   auto* const dealtWith = new QPushButton(tr("&Dealt with"));
   dealtWith->setObjectName(QStringLiteral("cmdDealtWith"));

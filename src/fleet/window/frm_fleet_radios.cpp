@@ -23,17 +23,29 @@ void FrmFleet::ChooseRow() {
   ShowMessage(Shown(LineForChoice(row, text)));
 }
 
+void FrmFleet::ShowCommand(const Attempt& note) {
+  if (!note.text.empty()) {
+    m_tally.RecordNote(note);
+    ShowFailed();
+    Beep(3);
+  }
+  if (m_session && m_tally.HasEnded()) End();
+}
+
 void FrmFleet::ShowFailed() {
   const QListWidgetItem* const current = m_failed->currentItem();
   const QVariant selected = current == nullptr ? QVariant() : current->data(Qt::UserRole);
   m_failed->clear();
-  for (const auto& [idNumber, status] : m_tally.Failed()) {
-    auto* const item =
-        new QListWidgetItem(Shown(LineForFailed(status, m_cards[status.port]->PortName().toStdString())), m_failed);
+  const auto add = [&](const std::string& key, const std::string& line) {
+    auto* const item = new QListWidgetItem(Shown(line), m_failed);
     item->setToolTip(item->text());
-    item->setData(Qt::UserRole, Shown(idNumber));
+    item->setData(Qt::UserRole, Shown(key));
     if (item->data(Qt::UserRole) == selected) m_failed->setCurrentItem(item);
-  }
+  };
+  for (const auto& [idNumber, status] : m_tally.Failed())
+    add(idNumber, LineForFailed(status, m_cards[status.port]->PortName().toStdString()));
+  for (const auto& [key, note] : m_tally.Notes())
+    add(key, LineForCommand(note));
   m_failedBox->setVisible(m_failed->count() > 0);
 }
 

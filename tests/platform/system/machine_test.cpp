@@ -1,4 +1,5 @@
 #include "machine.h"
+#include "processes.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +47,28 @@ TEST(DateTimeText, IsInTheLocalesShortForm) {
   const LocalTime time = {2026, 11, 4, 9, 5, 7};
   EXPECT_EQ(DateTimeText(QLocale::c(), time), "4 Nov 2026 09:05:07");
   EXPECT_EQ(DateTimeText(QLocale(QLocale::German, QLocale::Germany), time).substr(0, 8), "04.11.26");
+}
+
+TEST(Processes, RunACommandForAWhile) {
+  const struct {
+    const char* command;
+    std::optional<int> status;
+    const char* error;
+  } cases[] = {
+      {"test \"$(cat)\" = given", 0, ""},
+      {"exit 3", 3, ""},
+      {"echo first >&2; echo last line >&2; echo out; exit 1", 1, "last line"},
+      {"no-such-command 2>/dev/null", 127, ""},
+      {"kill -PIPE $$", 141, ""},
+      {"echo starts >&2; sleep 1000 & sleep 1000", std::nullopt, "starts"},
+  };
+  const auto start = std::chrono::steady_clock::now();
+  for (const auto& [command, status, error] : cases) {
+    const CommandEnd end = RunCommand(command, "given", status ? 60s : 200ms);
+    EXPECT_EQ(end.status, status) << command;
+    EXPECT_EQ(end.error, error) << command;
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 60s) << "waits for what it has started";
 }
 
 } // namespace mr4500x

@@ -42,6 +42,37 @@ void BecomeProgram(const std::string& program, std::vector<std::string> argument
   ExitProcess(status);
 }
 
+CommandEnd RunCommand(const std::string& command, std::string_view input, std::chrono::milliseconds limit) {
+  constexpr int NotStarted = 127;
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  HANDLE reader = nullptr, writer = nullptr;
+  if (CreatePipe(&reader, &writer, &inherited, static_cast<DWORD>(input.size() + 1)) == FALSE)
+    return {NotStarted, "no pipe"};
+  SetHandleInformation(writer, HANDLE_FLAG_INHERIT, 0);
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESTDHANDLES;
+  start.hStdInput = reader;
+  PROCESS_INFORMATION process{};
+  std::wstring line = L"cmd.exe /d /s /c \"" + Wide(command) + L'"';
+  const BOOL isStarted = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
+                                        nullptr, &start, &process);
+  CloseHandle(reader);
+  DWORD written = 0; // the pipe holds it all
+  if (isStarted != FALSE) WriteFile(writer, input.data(), static_cast<DWORD>(input.size()), &written, nullptr);
+  CloseHandle(writer);
+  if (isStarted == FALSE) return {NotStarted, "cmd.exe can't be started"};
+  CommandEnd end;
+  DWORD status = 0;
+  if (WaitForSingleObject(process.hProcess, static_cast<DWORD>(limit.count())) != WAIT_OBJECT_0)
+    TerminateProcess(process.hProcess, 1);
+  else if (GetExitCodeProcess(process.hProcess, &status) != FALSE)
+    end.status = static_cast<int>(status);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return end;
+}
+
 void IgnoreBrokenPipes() {} // no signal here
 
 std::string UserOfDevice(const std::string& /*device*/) {

@@ -1,0 +1,45 @@
+// The user's command for each radio that was verified, for labels and other systems. A command that fails or hangs is
+// entered in the journal, and harms nothing else.
+#pragma once
+
+#include "pending_attempts.h"
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <future>
+#include <list>
+#include <mutex>
+#include <string>
+
+namespace mr4500x {
+
+// A command that takes longer is ended.
+inline constexpr std::chrono::seconds CommandLimit{30};
+
+// May be used by several threads.
+class VerifiedCommand {
+public:
+  // Calls `onEnded` in a thread of its own with the radio's entry; its text says why the command failed, and is empty
+  // if it succeeded.
+  VerifiedCommand(std::string command, std::string journalAddress, PendingAttempts& pending,
+                  std::function<void(const Attempt&)> onEnded)
+      : m_command(std::move(command)), m_journal(std::move(journalAddress)), m_pending(pending),
+        m_onEnded(std::move(onEnded)) {}
+
+  // Starts the command, if there is one, and does not wait for it. The end of the object does.
+  void Run(const Attempt& verified);
+  [[nodiscard]] bool IsRunning() const { return m_running > 0; } // until onEnded has been called
+
+private:
+  void RunNow(Attempt verified);
+
+  const std::string m_command, m_journal;
+  PendingAttempts& m_pending;
+  const std::function<void(const Attempt&)> m_onEnded;
+  std::atomic<int> m_running = 0;
+  std::mutex m_mutex; // guards what follows
+  std::list<std::future<void>> m_runs;
+};
+
+} // namespace mr4500x
