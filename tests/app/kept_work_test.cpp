@@ -368,43 +368,34 @@ TEST_F(KeptWorkTest, ASessionThatAllowsNoQuestionEndsTheProgramAsASignalDoes) {
   }
 }
 
-TEST_F(KeptWorkTest, ASaveAsksWhereTheFolderIsOnAnotherDriveNow) {
-  PutDataFile("a.K4X");
-  OpenFile("a.K4X");
-  const std::string pulled = "!|Save|The folder of " + Path("a.K4X") +
-                             " is on another drive than when the file was opened. The drive may have been unplugged. "
-                             "Do you want to save there?|YN";
-  files.alter = [](const std::string&, FileStatus& status) { ++status.device; };
-  std::filesystem::remove(Path("a.K4X"));
-  for (const char* const command : {"mnuFileSave", "mnuFileSaveAs"}) {
-    desk.answers = {Answer::No};
-    desk.paths = {Path("a.K4X")};
-    Choose(command);
-    const Lines happened = Happened();
-    EXPECT_TRUE(!happened.empty() && happened.back() == pulled) << command;
-    EXPECT_FALSE(std::filesystem::exists(Path("a.K4X")));
+TEST_F(KeptWorkTest, ASaveAsksWhereTheFileOrItsDriveIsNotTheOneThatWasOpened) {
+  const std::string drive = "!|Save|The folder of " + Path("a.K4X") +
+                            " is on another drive than when the file was opened. The drive may have been unplugged. "
+                            "Do you want to save there?|YN",
+                    file = "!|Save|Another program has changed the file " + Path("a.K4X") +
+                           " since it was opened. Do you want to replace it?|YN";
+  for (const bool isOtherDrive : {true, false}) {
+    PutDataFile("a.K4X");
+    OpenFile("a.K4X");
+    const std::string asked = isOtherDrive ? drive : file;
+    if (isOtherDrive) files.alter = [](const std::string&, FileStatus& status) { ++status.device; };
+    Put("a.K4X", "other");
+    for (const char* const command : {"mnuFileSave", "mnuFileSaveAs"}) {
+      desk.answers = {Answer::No};
+      desk.paths = {Path("a.K4X")};
+      Choose(command);
+      EXPECT_EQ(Happened().back(), asked) << command;
+      EXPECT_EQ(Content("a.K4X"), "other");
+    }
     desk.paths.clear();
+    desk.answers = {Answer::Yes, Answer::Yes}; // also about the file on the other drive
+    for (int i = 0; i < 2; ++i)
+      Choose("mnuFileSave");
+    EXPECT_EQ(Happened(), isOtherDrive ? (Lines{drive, file}) : Lines{file}) << "asked again after a save";
+    EXPECT_NE(Content("a.K4X"), "other");
+    files.alter = [](const std::string&, FileStatus&) {};
+    Choose("mnuFileClose");
   }
-  desk.answers = {Answer::Yes};
-  Choose("mnuFileSave");
-  EXPECT_TRUE(std::filesystem::exists(Path("a.K4X")));
-  Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), Lines{pulled}) << "asked again after a save";
-}
-
-TEST_F(KeptWorkTest, ASaveAsksWhereAnotherProgramHasChangedTheFile) {
-  PutDataFile("a.K4X");
-  OpenFile("a.K4X");
-  Put("a.K4X", "other");
-  const std::string changed = "!|Save|Another program has changed the file " + Path("a.K4X") +
-                              " since it was opened. Do you want to replace it?|YN";
-  desk.answers = {Answer::No, Answer::Yes};
-  Choose("mnuFileSave");
-  EXPECT_EQ(Content("a.K4X"), "other");
-  for (int i = 0; i < 2; ++i)
-    Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), (Lines{changed, changed})) << "asked again after a save";
-  EXPECT_NE(Content("a.K4X"), "other");
 }
 
 TEST_F(KeptWorkTest, AFileThatAnotherWindowHasIsSaidToBeOpenTwice) {

@@ -155,52 +155,6 @@ TEST_F(ProgramTest, KeysActWhereTheFrameIsAfterEveryCommand) {
   }
 }
 
-// Each channel with two frequencies and two tones, in a new configuration.
-TEST_F(ProgramTest, APlanOf16ChannelsIsTypedWithAtMost500Keys) {
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-  int count = 0;
-  const auto press = [&](int key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key(key), modifiers);
-    ++count;
-  };
-  const auto type = [&](const std::string& text) {
-    for (const char c : text)
-      press(c == '.' ? Qt::Key_Period : Qt::Key_0 + (c - '0'));
-    press(Qt::Key_Tab);
-  };
-  const std::array<std::string, 4> tones = {"67.0", "88.5", "94.8", "77.0"};
-  press(Qt::Key_Space, Qt::ShiftModifier);
-  for (int i = 1; i < 16; ++i)
-    press(Qt::Key_Down, Qt::ShiftModifier);
-  press(Qt::Key_U, Qt::ControlModifier);
-  press(Qt::Key_Space);
-  std::string expected;
-  for (std::size_t i = 0; i < 16; ++i) {
-    const std::string receive = "44" + std::to_string(i % 10) + ".00625", transmit = "45" + receive.substr(2);
-    for (const std::string& text : {receive, tones[i % 4], transmit, tones[(i + 1) % 4]})
-      type(text);
-    expected += receive + "CTC" + tones[i % 4] + transmit + "CTC" + tones[(i + 1) % 4] + ' ';
-  }
-  std::string shown;
-  for (const ChannelTexts& channel : window->Panel().Shown().channels)
-    shown += channel[GridColumn::RxFreq] + channel[GridColumn::RxTone] + channel[GridColumn::TxFreq] +
-             channel[GridColumn::TxTone] + (channel.noCh ? "-" : " ");
-  EXPECT_EQ(shown, expected);
-  EXPECT_LE(count, 500);
-}
-
-// From a spreadsheet: three keys, no click.
-TEST_F(ProgramTest, APastedPlanIsInUseAtOnce) {
-  std::string plan = "Rx Freq (MHz)\tTx Freq (MHz)\n";
-  for (int i = 0; i < 16; ++i)
-    plan += "446.1\t446.1\n";
-  QGuiApplication::clipboard()->setText(QString::fromStdString(plan));
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
-  for (const ChannelTexts& channel : window->Panel().Shown().channels)
-    EXPECT_EQ(channel[GridColumn::RxFreq] + (channel.noCh ? " not in use" : ""), "446.10000");
-}
-
 TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
   // name, answer, minimized, ends, effect
   const std::tuple<const char*, Answer, bool, bool, Lines> cases[] = {

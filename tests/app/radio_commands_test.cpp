@@ -61,14 +61,17 @@ TEST_F(TransferTest, FailsWithoutALeftoverAndNextTimeMakesTheDataTheRadios) {
   }
 }
 
-TEST_F(TransferTest, AFileShowsNoIdentityOfTheRadioBefore) {
+TEST_F(TransferTest, AReadProposesItsOwnNameAndAFileShowsNoIdentityOfTheRadioBefore) {
   std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
   std::fill_n(&radio.memory[0x3F8], 8, std::uint8_t{'2'});
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
   Choose("mnuProgramRead");
   EXPECT_EQ(window->Panel().Shown().identityNumber, "7777777777777777");
-  PutDataFile("a.K4X");
+  desk.answers = {Answer::No, Answer::No};
+  Choose("mnuFileSaveAs");
+  EXPECT_EQ(desk.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
   desk.paths = {Path("a.K4X")};
-  desk.answers = {Answer::No};
   Choose("mnuFileOpen");
   const Configuration shown = window->Panel().Shown();
   EXPECT_EQ(shown.identityNumber + shown.firmwareVersion, std::string(32, '-'));
@@ -122,16 +125,6 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   RadioImage kept;
   for (const std::string name : {"20041104_090507.K4X", "20041104_090507_2.K4X"})
     EXPECT_EQ(LoadDataFile(files, Path("kept/7777777777777777_" + name), kept).outcome, LoadOutcome::Loaded);
-}
-
-TEST_F(TransferTest, AReadProposesItsOwnName) {
-  std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
-  PutDataFile("a.K4X");
-  OpenFile("a.K4X");
-  desk.answers = {Answer::No, Answer::No};
-  Choose("mnuProgramRead");
-  Choose("mnuFileSaveAs");
-  EXPECT_EQ(desk.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
 }
 
 // Ports of which some can be opened.

@@ -18,7 +18,7 @@ protected:
 
 TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   Put("rows.csv", "label,radio,channels.1.rx_freq\nCar 1,,446.00625\nCar 2,LR-2,446.01875\nCar 3,,446.03125\n");
-  AddRadio("LR-1");
+  AddRadio("LR-1", " --fault silent@50"); // at the prescribed speed a read is interrupted
   AddRadio("LR-2");
   AddRadio("LR-3", " --fault other-band");
   const std::string rows = " --rows " + Path("rows.csv");
@@ -78,12 +78,19 @@ TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
   EXPECT_EQ(ended.status, 1);
   EXPECT_EQ(ended.output, "1 entry is waiting for the journal; the next start will add it.\n");
   const std::string journal = std::filesystem::weakly_canonical(Path("a.journal")).string();
-  EXPECT_EQ(Shell("ls " + Path("state/MR4500X/fleet/$(printf %s ") + journal + " | sha256sum | head -c 16)-*").status,
-            0)
-      << "each journal has its own";
+  const std::string late = Path("state/MR4500X/fleet/$(printf %s ") + journal + " | sha256sum | head -c 16)-1.csv";
+  EXPECT_EQ(Shell("ls " + late).status, 0) << "each journal has its own";
+  Shell("cp " + late + ' ' + Path("late.csv"));
   std::filesystem::rename(Path("a.moved"), Path("a.journal"));
   EXPECT_EQ(Shell(fleet).status, 0);
   EXPECT_EQ(CountOf(Cli("fleet journal " + file).output, "row 1, Car 1, radio LR-1: verified\n"), 1U);
+  // The same from another radio: its number and the last digit of its key differ.
+  Shell("awk -F, -v OFS=, 'NR > 1 { sub(/LR-1/, \"LR-9\"); $15 = $15 \"9\" } { print }' " + Path("late.csv >") + late);
+  const Ended conflict = Shell(fleet);
+  EXPECT_EQ(conflict.status, 1);
+  EXPECT_EQ(CountOf(conflict.output, "Two radios have one row, or one radio has two rows: row 1, Car 1, radio LR-9"),
+            1U)
+      << conflict.output;
   EndRadio();
 }
 

@@ -3,7 +3,7 @@
 #include "process_fixture.h"
 #include "rows.h"
 
-#include <span>
+#include <map>
 
 #include <unistd.h>
 
@@ -60,26 +60,8 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
 // What runs goes on to its end, however many signals come, and nothing begins after it.
 TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
   const std::string readBegins = "computer 72 45 41 44\n", writeBegins = "computer 77 52 49 54 45\n";
-  const struct {
-    int signal, times;
-    std::string arguments; // TRACE is what is looked at
-    std::string begun;     // where the signals come
-    std::string said;
-    std::size_t reads, writes;
-  } rows[] = {
-      {SIGINT, 1, "read PORT COPY --quick --trace TRACE", readBegins, "PORT has been read into COPY.\n", 1, 0},
-      {SIGTERM, 2, "write FILE PORT --quick --trace TRACE", writeBegins, "FILE has been written to PORT.\n", 0, 1},
-      {SIGHUP, 2, "write FILE PORT --quick --trace TRACE --backup KEPT", readBegins,
-       ": interrupted. Nothing was written.\n", 1, 0},
-      {SIGQUIT, 1, "write FILE PORT --quick --trace TRACE --verify", writeBegins,
-       "FILE has been written to PORT, but not read back: interrupted.\n", 0, 1},
-      {SIGINT, 2, "diff FILE PORT --quick --trace TRACE", readBegins, "PORT: interrupted. Nothing was compared.\n", 1,
-       0},
-      {SIGTERM, 1, "fleet FILE --quick --ports PORT --count 2 --journal KEPT >TRACE", "writing\n",
-       "LR7200-000004217: verified; unplug the radio\n", 0, 0},
-      {SIGHUP, 2, "fleet FILE --quick --ports PORT --journal KEPT --backup KEPT.old >TRACE", "backing up the radio\n",
-       "LR7200-000004217: failed; unplug the radio: stopped before the write;", 0, 0},
-  };
+  const std::map<std::string, int> signals = {{"INT", SIGINT}, {"TERM", SIGTERM}, {"HUP", SIGHUP}, {"QUIT", SIGQUIT}};
+  const std::vector<Row> rows = RowsOf(CASES "signals.txt", "(\\w+) x(\\d) (.*) @ (.*) -> (.*) -> (\\d) (\\d)");
   struct Running {
     std::string number, device;
     Process process;
@@ -93,26 +75,27 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
     }
     return text;
   };
-  for (const auto& row : rows) {
+  for (const Row& row : rows) {
     const std::string number = std::to_string(all.size());
     StartRadio(" --pace 9600", "memory" + number); // else it is over at once
     all.push_back({number, port, {}});
-    all.back().process = Start(MR4500X_CLI " " + filledIn(row.arguments, all.back()) + " 2>&1");
+    all.back().process = Start(MR4500X_CLI " " + filledIn(row[3], all.back()) + " 2>&1");
   }
   for (int tries = 0; tries < 20'000 && !std::ranges::all_of(all, &Running::isSignalled); ++tries, usleep(1000))
     for (std::size_t i = 0; i < all.size(); ++i) {
-      if (all[i].isSignalled || CountOf(Content("TRACE" + all[i].number), rows[i].begun) == 0) continue;
-      for (int times = rows[i].times; times > 0; --times)
-        kill(all[i].process.id, rows[i].signal);
+      if (all[i].isSignalled || CountOf(Content("TRACE" + all[i].number), rows[i][4] + '\n') == 0) continue;
+      for (int times = std::stoi(rows[i][2]); times > 0; --times)
+        kill(all[i].process.id, signals.at(rows[i][1]));
       all[i].isSignalled = true;
     }
   for (std::size_t i = 0; i < all.size(); ++i) {
-    const auto& [signal, times, arguments, begun, said, reads, writes] = rows[i];
+    const std::string& arguments = rows[i][3];
+    const std::size_t reads = std::stoul(rows[i][6]), writes = std::stoul(rows[i][7]);
     const auto [status, output] = Await(all[i].process);
     const std::string trace = Content("TRACE" + all[i].number);
     SCOPED_TRACE(arguments + ": " + output + trace);
-    EXPECT_EQ(status, arguments.starts_with("fleet") ? 1 : 128 + signal);
-    EXPECT_EQ(CountOf(output + trace, filledIn(said, all[i])), 1U);
+    EXPECT_EQ(status, arguments.starts_with("fleet") ? 1 : 128 + signals.at(rows[i][1]));
+    EXPECT_EQ(CountOf(output + trace, filledIn(rows[i][5], all[i])), 1U);
     EXPECT_EQ(CountOf(trace, readBegins) > 0, reads > 0); // again if the radio is late
     EXPECT_EQ(CountOf(trace, writeBegins) > 0, writes > 0);
     EXPECT_EQ(CountOf(trace, "computer 57 AA AA AA"), reads + writes); // each session has its end
@@ -160,28 +143,13 @@ TEST_F(CommandLineTest, DoesWhatTheFileSays) {
 }
 
 TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
-  const std::pair<const char*, const char*> cases[] = {
-      // the words, the last of which is completed; what is offered
-      {"get a.K4X scan.l", "scan.look_back"},
-      {"set a.K4X scan.l", "scan.look_back="},
-      {"set a.K4X global.beep_tone =", "OFF|ON"},
-      {"set a.K4X keys.short_a=Scan keys.short_b = T", "Talk Around"},
-      {"set a.K4X channels.16.rx_tone = -DCS75", "-DCS754"},
-      {"set a.K4X scan.signal = ", "true|false"},
-      {"set a.K4X channels.1.rx_freq = ", ""},
-      {"chan", "channels"},
-      {"channels import --s", "--skip-bad"},
-      {"write -", "--help|--accept-band|--backup|--dry-run|--verify|--trace|--quick"},
-      {"channels --output o.K4X exp", "export"},
-  };
-  for (const auto& [words, offered] : cases)
-    EXPECT_EQ(Shell("bash -c '. " BASH_COMPLETION "; COMP_WORDS=(" MR4500X_CLI " " + std::string(words) +
-                    (std::string_view(words).ends_with(' ') ? "\"\"" : "") +
+  for (const Row& row : RowsOf(CASES "completions.txt", "(.*?)(\"\")? -> ?(.*)"))
+    EXPECT_EQ(Shell("bash -c '. " BASH_COMPLETION "; COMP_WORDS=(" MR4500X_CLI " " + row[1] + row[2] +
                     "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _mr4500x_cli; IFS=\"|\"; echo -n \"${COMPREPLY[*]}\"' "
                     "2>/dev/null")
                   .output,
-              offered)
-        << words;
+              row[3])
+        << row[0];
 }
 
 // The options of each command are those of its help; completion asks for them.

@@ -63,21 +63,10 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
 
 TEST_F(ChannelTest, KeysMoveWithinTheCheckBoxesAndTabLeavesThem) {
   Get<QCheckBox>("chkCH(1)").setChecked(true); // its "No Tx" is disabled
-  const std::tuple<const char*, Qt::Key, const char*> cases[] = {{"chkCH(0)", Qt::Key_Down, "chkCH(1)"},
-                                                                 {"chkTx(0)", Qt::Key_Down, "chkTx(2)"},
-                                                                 {"chkTx(2)", Qt::Key_Up, "chkTx(0)"},
-                                                                 {"chkCH(0)", Qt::Key_Up, "chkCH(0)"},
-                                                                 {"chkTx(15)", Qt::Key_Down, "chkTx(15)"},
-                                                                 {"chkCH(3)", Qt::Key_Right, "chkTx(3)"},
-                                                                 {"chkTx(3)", Qt::Key_Left, "chkCH(3)"},
-                                                                 {"chkCH(1)", Qt::Key_Right, "chkCH(1)"},
-                                                                 {"chkTx(3)", Qt::Key_Backtab, "gridChannel"},
-                                                                 {"gridChannel", Qt::Key_Tab, "chkTx(3)"},
-                                                                 {"chkTx(3)", Qt::Key_Tab, ""}};
-  for (const auto& [from, key, to] : cases) {
-    Get<QWidget>(from).setFocus();
-    QTest::keyClick(window.focusWidget(), key);
-    EXPECT_EQ(window.focusWidget()->objectName(), to) << from;
+  for (const Row& row : RowsOf(CASES "box_keys.txt", "(\\S+) (\\S+) -> ?(.*)")) {
+    Get<QWidget>(row[1].c_str()).setFocus();
+    QTest::keySequence(window.focusWidget(), QKeySequence(QString::fromStdString(row[2])));
+    EXPECT_EQ(window.focusWidget()->objectName().toStdString(), row[3]) << row[0];
   }
 }
 

@@ -1,12 +1,8 @@
-// Undo and redo, by the keys and over edits through the real controls.
-#include "differences.h"
+// Undo and redo by their keys.
 #include "editor_fixture.h"
-#include "entry_controls.h"
 #include "wheel.h"
 
 #include <QCheckBox>
-
-#include <random>
 
 namespace mr4500x {
 namespace {
@@ -23,93 +19,10 @@ struct HistoryTest : ChannelTest {
     Encode(panel.Shown(), bytes, texts);
     return bytes;
   }
-
-  int Below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
-  template<class Control>
-  Control* Any() {
-    QList<Control*> usable = panel.findChildren<Control*>();
-    usable.removeIf([](const Control* one) { return !one->isVisible() || !one->isEnabled(); });
-    return usable[Below(static_cast<int>(usable.size()))];
-  }
-  void EditChannels() {
-    const int columns[] = {1, 2, 3, 5, 6, 7, 8, 9, 11, 12, 13}; // the others open a dialog
-    const std::pair<int, Qt::KeyboardModifiers> commands[] = {
-        {Qt::Key_D, Qt::ControlModifier}, {Qt::Key_Up, Qt::AltModifier}, {Qt::Key_Down, Qt::AltModifier}};
-    panel.ShowChannelView();
-    switch (Below(5)) {
-    case 0:
-      Type(Any<QLineEdit>()->objectName().toLatin1(), std::to_string(136 + Below(385)).c_str());
-      return;
-    case 1:
-      return QTest::keyClick(Any<QCheckBox>(), Qt::Key_Space);
-    case 2:
-      grid.setFocus();
-      grid.setCurrentCell(Below(16), Below(14));
-      Key(Qt::Key_Down, Qt::ShiftModifier);
-      return std::apply(Key, commands[Below(3)]);
-    default:
-      Click(1 + Below(16), columns[Below(11)]);
-      if (frequency.isVisible()) QTest::keyClicks(&frequency, QString::number(140 + Below(380) + 0.0125));
-      if (tone.isVisible()) Key(Below(2) == 0 ? Qt::Key_End : Qt::Key_Home);
-      return Key(Qt::Key_Return);
-    }
-  }
-  void EditFunctions() {
-    const int keys[] = {Qt::Key_Home, Qt::Key_Down, Qt::Key_End};
-    panel.ShowFunctionView();
-    switch (Below(4)) {
-    case 0:
-      Type(Any<EntryBox>()->objectName().toLatin1(), std::to_string(Below(1000)).c_str());
-      return;
-    case 1:
-      return QTest::keyClick(Any<QCheckBox>(), Qt::Key_Space);
-    case 2:
-      if (!ttsTable.isEnabled()) return;
-      EditorTest::Click(ttsTable, Below(8), 1 + Below(6));
-      Key(Qt::Key_Up);
-      return Key(Qt::Key_Return);
-    default:
-      Any<QComboBox>()->setFocus();
-      return Key(keys[Below(3)]);
-    }
-  }
-
-  std::mt19937 random{13};
   Lines told; // in passing
   QMetaObject::Connection listening = QObject::connect(
       &panel, &EditorPanel::Told, &panel, [this](const QString& text) { told.push_back(text.toStdString()); });
 };
-
-TEST_F(HistoryTest, TwoHundredRandomEditsAreUndoneAndRedoneToTheSameBytes) {
-  messages.answer = Answer::Yes;
-  std::vector<std::pair<Configuration, RadioImage>> states = {{panel.Shown(), Bytes()}};
-  for (int edits = 0; edits < 200;) {
-    Below(2) == 0 ? EditChannels() : EditFunctions();
-    GoElsewhere();
-    QTest::keyClick(elsewhere, Qt::Key_Shift);
-    if (random() % 8 == 0) panel.Collect(); // as a save does
-    const bool isStep = !DifferencesBetween(states.back().first, panel.Shown()).empty();
-    if (!isStep) states.pop_back(); // for what no setting shows
-    states.emplace_back(panel.Shown(), Bytes());
-    edits += isStep ? 1 : 0;
-  }
-  messages.Taken();
-  told.clear();
-  const auto isAt = [&](std::size_t i) { return panel.Shown() == states[i].first && Bytes() == states[i].second; };
-  for (std::size_t i = states.size() - 1; i-- > 0;) {
-    Undo();
-    ASSERT_TRUE(isAt(i)) << i << ' ' << told.back();
-  }
-  Undo();
-  EXPECT_EQ(told.back(), "Nothing to undo");
-  told.pop_back();
-  for (std::size_t i = 1; i < states.size(); ++i) {
-    Redo();
-    ASSERT_TRUE(isAt(i)) << i << ' ' << told.back();
-  }
-  EXPECT_EQ(told.size(), 2 * (states.size() - 1));
-  EXPECT_EQ(messages.shown, Lines());
-}
 
 TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   const Configuration before = panel.Shown();

@@ -44,15 +44,6 @@ TEST_F(PanelTest, FillAndCollectThroughTheControls) {
   EXPECT_GT(conflicts, 10);
 }
 
-TEST_F(PanelTest, AnInvalidStandardEndsTheFillWithAMessage) {
-  image.ResetTimeBlock = {7, 1, 0};
-  image.RadioSettingsBlock[0] = 0x03;
-  EXPECT_EQ(panel.Fill(), DecodeEnd::DataError);
-  EXPECT_EQ(messages.shown, Lines{"!|Data Error|Data occur error in the Radio, please re-set."});
-  EXPECT_EQ(List("cboRadio(5)").currentText(), "3");
-  EXPECT_EQ(Text("txtResetTime"), "5 disabled"); // not filled any more
-}
-
 constexpr int RxSelCall = 3, TxSelCall = 9, GroupCall = 13; // columns of the table
 
 TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {

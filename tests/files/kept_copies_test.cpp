@@ -55,16 +55,6 @@ TEST_F(KeptCopiesTest, AWindowTakesOnlyTheCopiesOfWindowsThatHaveEnded) {
   EXPECT_FALSE(next.NextLeft()) << "asked twice, or took the copy of a running window";
 }
 
-TEST_F(KeptCopiesTest, WithoutUnsavedWorkAWindowLeavesNothing) {
-  {
-    KeptCopies copies(files, Folder());
-    ASSERT_TRUE(copies.Keep(Copy("2026-11-25 04:10:33")));
-    copies.Drop();
-    EXPECT_FALSE(copies.NextLeft());
-  }
-  EXPECT_EQ(Kept(), std::set<std::string>());
-}
-
 TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
   std::filesystem::create_directories(Folder());
   std::ofstream(Folder() + "/0 my own.K4X") << "a user's file";

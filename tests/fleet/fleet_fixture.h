@@ -30,6 +30,7 @@ struct Tables {
   std::mutex mutex;
   bool isLost = false; // the database does not answer
   bool isFull = false; // and can only be read
+  bool isFullOnce = false;
   std::vector<JournalRow> rows;
   std::vector<Attempt> attempts;
   std::map<std::size_t, int> done; // how often a row became so
@@ -77,7 +78,9 @@ public:
     if (m_tables.isLost) return Renewal::Lost;
     return m_tables.rows.at(row - 1).bench == bench ? Renewal::Kept : Renewal::TakenAway;
   }
-  bool ReportAlive(const std::string& /*bench*/) override { return !m_tables.isLost && !m_tables.isFull; }
+  bool ReportAlive(const std::string& /*bench*/) override {
+    return !m_tables.isLost && !m_tables.isFull && !std::exchange(m_tables.isFullOnce, false);
+  }
   std::optional<Attempt> Enter(const Attempt& attempt) override {
     const std::lock_guard guard(m_tables.mutex);
     if (m_tables.isLost) return std::nullopt;

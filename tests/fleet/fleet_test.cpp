@@ -221,6 +221,7 @@ TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
     show(status);
     if (status.state != PortState::NoJournal) return;
     fleet.tables.isLost = false;
+    fleet.tables.isFullOnce = true;                                        // after it has taken the entry
     fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // meanwhile
   };
   fleet.Run();

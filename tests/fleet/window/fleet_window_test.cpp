@@ -1,10 +1,12 @@
 // The fleet's window under keys and clicks, with simulated radios as processes.
+#include "attempt_records.h"
 #include "data_file.h"
 #include "files_fixture.h"
 #include "fleet_setup.h"
 #include "frm_fleet.h"
 #include "port_card.h"
 #include "row_model.h"
+#include "sql_journal.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>
@@ -77,8 +79,7 @@ protected:
     QWidget* const dialog = QApplication::activeModalWidget();
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
       told.append(box->text());
-      QAbstractButton* const yes = box->button(QMessageBox::Yes);
-      QTest::mouseClick(yes != nullptr ? yes : box->defaultButton(), Qt::LeftButton);
+      box->buttons().front()->click(); // Yes or OK
     } else if (auto* const chosen = qobject_cast<QFileDialog*>(dialog)) {
       chosen->findChild<QLineEdit*>("fileNameEdit")->setText(file);
       QTest::keyClick(chosen->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
@@ -189,13 +190,22 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_EQ(Content("rows.csv"), rowsBefore);
   told.clear(); // the dialog has asked about the file
 
-  // What was chosen comes back. What is done is not written again.
+  // What was chosen comes back. What is done is not written again. An entry that was late meets a row that is done.
   window->close();
+  FleetChoice choice;
+  choice.templateFile = Path("taxi.K4X");
+  const std::string journal = JournalOf(choice);
+  Attempt late = ReadJournal(journal, "").attempts.front();
+  std::tie(late.key, late.idNumber, late.row, late.outcome) = std::tuple("late", "LR-9", 1U, AttemptOutcome::Verified);
+  std::filesystem::create_directories(Path("state/MR4500X/fleet"));
+  Put("state/MR4500X/fleet/" + Sha256Of(journal).substr(0, 16) + "-1.csv", AttemptsCsv({late}, CsvUse::ForParsing));
   Open();
   ASSERT_TRUE(Await([&] { return Label("lblCounts") == "2 of 3 rows done, 0 taken, 1 free"; }));
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
-  EXPECT_TRUE(told.isEmpty()) << told.join(' ').toStdString();
+  EXPECT_TRUE(Await([&] { return !told.isEmpty(); }));
+  EXPECT_TRUE(told.size() == 1 && told[0].startsWith("Two radios have one row")) << told.join(' ').toStdString();
+  told.clear();
 
   // Nor is it when the list gets another row, unless the user says so.
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
@@ -212,32 +222,24 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
                               " over stay done."));
 }
 
-TEST_F(FleetWindowTest, ClosingItAsksAndWaitsForTheRadiosAtHand) {
+TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
   AddRadio({"--pace", "9600"});
-  ChoosePlanAndPorts();
-  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
-  EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
-  ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
-  window->close();
-  EXPECT_TRUE(told.value(0).startsWith("Radios are being programmed.")) << told.join(' ').toStdString();
-  EXPECT_TRUE(window->isVisible());
-  ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
-  EXPECT_TRUE(Label("lblCounts").startsWith("1 of 3") ||
-              Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
-  EXPECT_EQ(told.size(), 1);
-}
-
-TEST_F(FleetWindowTest, SignalsCloseItAfterTheTransferAndWriteNoMore) {
-  AddRadio({"--pace", "9600"});
-  ChoosePlanAndPorts();
-  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
-  ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
-  window->CloseBySignal();
-  window->CloseBySignal();
-  EXPECT_TRUE(window->isVisible());
-  ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
-  EXPECT_EQ(Cards(), QStringList{"COM1: FAILED"});
-  EXPECT_TRUE(told.isEmpty()) << told.join(' ').toStdString();
+  for (const bool bySignal : {true, false}) {
+    told.clear();
+    bySignal ? ChoosePlanAndPorts() : Open();
+    ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
+    QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+    EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
+    ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
+    for (int i = 0; i < 2; ++i)
+      bySignal ? window->CloseBySignal() : static_cast<void>(window->close());
+    EXPECT_TRUE(window->isVisible());
+    ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
+    EXPECT_EQ(Cards(), QStringList{bySignal ? "COM1: FAILED" : "COM1: UNPLUG"});
+    EXPECT_EQ(told.size(), bySignal ? 0 : 1) << told.join(' ').toStdString();
+  }
+  EXPECT_TRUE(told.value(0).startsWith("Radios are being programmed."));
+  EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
 }
 
 TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
