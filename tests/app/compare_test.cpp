@@ -186,6 +186,7 @@ TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
   EXPECT_EQ(Cell(3, 1) + ' ' + Cell(3, 10), "412.50000 5T 12345");
   Press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(window->Panel().Collected(), before);
+  EXPECT_EQ(window->findChild<QLineEdit*>("txtResetTime")->text(), "5") << "below OFF";
 }
 
 TEST_F(CompareTest, FollowsTheEditorAndReportsAFileAsOpenDoes) {

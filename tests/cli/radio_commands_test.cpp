@@ -186,8 +186,11 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
   const std::pair<const char*, std::function<void()>> cases[] = {
       {"a.K4X", [] {}},
       {"taken text", [] {}},
-      {"unwritable", [&] { files.unwritable = {Path("unwritable")}; }},
-      {"full", [&] { files.diskRoom = 100; }},
+      {"unwritable",
+       [&] {
+         files.unwritable = {Path("unwritable"), std::filesystem::path(file).parent_path()};
+       }},
+      {"full", [&] { files.unwritable.clear(), files.diskRoom = 100; }},
       {"broken off", [&] { files.diskRoom = SIZE_MAX, radio.spoil = unheard; }},
   };
   for (const auto& [folder, prepare] : cases) {
@@ -196,6 +199,8 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
     Frames(); // counted from here
     EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path(folder)}), Failed);
     EXPECT_EQ(radio.memory, before);
+    const bool isKnownBefore = !files.unwritable.empty();
+    EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path("new"), false, true}), isKnownBefore ? Failed : Done);
   }
 }
 
