@@ -38,7 +38,9 @@ struct Command {
 
 ExitStatus Diff(Call& c) {
   const auto load = [&](const std::string& from, RadioImage& image) { return LoadFileOrPort(c, from, image); };
-  return RunDiff(load, c.file, c.other, c.Differences(), c.terminal);
+  const ExitStatus status = RunDiff(load, c.file, c.other, c.Differences(), c.terminal);
+  if (c.trace.empty() || !c.port.empty()) return status;
+  return Refuse(c.terminal, c.trace + ": nothing to trace, as A and B are files");
 }
 
 ExitStatus Get(Call& c) {

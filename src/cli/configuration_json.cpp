@@ -7,6 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <set>
 
 namespace mr4500x {
@@ -140,6 +142,10 @@ private:
       const bool isNumber = path.starts_with("channels.") && key == "number";
       if (isNumber || (path.empty() && (key == "format" || key == "as_stored" || key == "$schema"))) continue;
       const std::string place = (path.empty() ? "" : path + '.') + (isArray ? EntryOf(path, key, member) : key);
+      if (isArray && !FindField(place + (path == NameOf(FieldGroup::Tts) ? ".gap" : ".in_use"))) {
+        Refuse(place, "no such entry");
+        continue;
+      }
       const auto isIt = [&](const Field& field) { return NameOf(field.group) == place; };
       if (isArray || (!place.empty() && std::ranges::find_if(Fields(), isIt) != Fields().end()))
         Walk(place, member);
@@ -151,7 +157,16 @@ private:
   // Of an array: the number that a channel has, or the place of another entry, counted from 1.
   static std::string EntryOf(const std::string& path, const std::string& index, const ReadJson& entry) {
     if (path == NameOf(FieldGroup::Tts) || !entry.is_object()) return std::to_string(std::stoul(index) + 1);
-    return entry.value("number", ReadJson("(without a number)")).dump();
+    if (!entry.contains("number")) return "(without a number)";
+    const auto number = WholeOf(entry["number"]);
+    return number ? std::to_string(*number) : entry["number"].dump();
+  }
+
+  // A number that is not negative and has no fraction, also one such as 3.0.
+  static std::optional<int> WholeOf(const ReadJson& value) {
+    const double number = value.is_number() ? value.get<double>() : -1;
+    const bool isWhole = number >= 0 && number <= std::numeric_limits<int>::max() && number == std::trunc(number);
+    return isWhole ? std::optional(static_cast<int>(number)) : std::nullopt;
   }
 
   void ReadValue(const std::string& place, const std::string& key, const ReadJson& value) {
@@ -166,11 +181,13 @@ private:
   static std::optional<std::string> TextFrom(FieldAt at, const ReadJson& value) {
     const FieldKind kind = at.field->kind;
     if (kind == FieldKind::YesNo) return value.is_boolean() ? std::optional(value.dump()) : std::nullopt;
-    if (kind == FieldKind::WholeNumber && value.is_number_unsigned()) return value.dump();
+    const auto number = WholeOf(value);
+    if (kind == FieldKind::WholeNumber && number) return std::to_string(*number);
     const bool isTime = at.field->place == FieldPlace(Box::AutoResetTime); // its one text is OFF
     if (value.is_string() && (kind != FieldKind::WholeNumber || isTime)) return value.get<std::string>();
     const bool isCode = kind == FieldKind::Choice && value.is_object() && value.size() == 1 && value.contains("code");
-    return isCode ? std::optional("{\"code\": " + value["code"].dump() + '}') : std::nullopt;
+    const auto code = isCode ? WholeOf(value["code"]) : std::nullopt;
+    return code ? std::optional("{\"code\": " + std::to_string(*code) + '}') : std::nullopt;
   }
 
   void ReadAsStored(const ReadJson& identifiers) {

@@ -37,7 +37,7 @@ ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std
     return EndOutput(terminal);
   }
   const FileResult stored = ReplaceFile(files, path, bytes, surplus);
-  return stored ? ExitStatus::Done : Fail(terminal, path + ": " + failure + ReasonOf(stored));
+  return stored ? ExitStatus::Done : Fail(terminal, NameOfSource(path) + ": " + failure + ReasonOf(stored));
 }
 
 } // namespace
@@ -123,7 +123,7 @@ ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const Radi
 ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace, const RadioImage& image,
                              Terminal& terminal) {
   if (!mayReplace && path != Stream && IsThere(files, path))
-    return Fail(terminal, path + ": file exists; use --replace to overwrite it");
+    return Fail(terminal, NameOfSource(path) + ": file exists; use --replace to overwrite it");
   return SaveForCommand(files, path, image, terminal);
 }
 

@@ -11,7 +11,7 @@ namespace {
 void RefuseEmptyValues(CLI::App& app) {
   const auto check = [](const std::string& value) { return std::string(value.empty() ? "is empty" : ""); };
   for (CLI::Option* const option : app.get_options())
-    if (!option->get_positional() && option->get_items_expected_max() > 0) option->check(check);
+    if (option->get_name() != "TEXT" && option->get_items_expected_max() > 0) option->check(check);
   for (CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
     RefuseEmptyValues(*command);
 }
@@ -55,6 +55,10 @@ std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
 
 std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal) {
   RefuseEmptyValues(app);
+  app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    constexpr std::size_t MostCharacters = 400; // of a message that names what was given
+    return Printable(error.what(), MostCharacters) + "\nRun with --help for more information.\n";
+  });
   try {
     app.parse(argc, argv);
     return std::nullopt;

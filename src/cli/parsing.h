@@ -10,7 +10,7 @@
 namespace mr4500x {
 
 // nullopt if the command can run. Otherwise the status with which the program ends: its help was printed, or what is
-// wrong. No option takes an empty value, which would be an unset variable of a script.
+// wrong. Only TEXT can be empty: any other empty argument is an unset variable of a script.
 [[nodiscard]] std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal);
 
 } // namespace mr4500x

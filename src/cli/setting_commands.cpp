@@ -91,7 +91,8 @@ void ReadChange(const std::string& change, const std::string& place, bool asStor
           {at, change.substr(equals + 1), asStored && at.field->place == FieldPlace(ChoiceList::Standards)});
 }
 
-void ReadLines(const std::string& text, const std::string& name, Changes& changes) {
+void ReadLines(std::string text, const std::string& name, Changes& changes) {
+  if (text.starts_with(ByteOrderMark)) text.erase(0, ByteOrderMark.size());
   std::istringstream lines(text);
   int number = 0;
   for (std::string line; std::getline(lines, line);) {
@@ -176,6 +177,8 @@ ExitStatus RunSet(FileSystem& files, const FileChange& given, const std::vector<
     const std::optional<std::string> lines = ReadTextForCommand(files, given.input, terminal);
     if (!lines) return ExitStatus::Failed;
     ReadLines(*lines, NameOfSource(given.input), read);
+    if (read.assignments.empty() && read.problems.empty())
+      return Refuse(terminal, NameOfSource(given.input) + ": has no line FIELD=VALUE");
   }
   for (const std::string& change : changes)
     ReadChange(change, "", false, read);

@@ -2,6 +2,7 @@
 
 #include "file_access.h"
 #include "paths.h"
+#include "utf8.h"
 
 #include <filesystem>
 #include <fstream>
@@ -33,7 +34,8 @@ std::optional<std::vector<std::uint8_t>> ReadPiped(const std::string& path, std:
 } // namespace
 
 std::string NameOfSource(const std::string& path) {
-  return path == Stream ? "standard input" : path;
+  constexpr std::size_t LongestPath = 4096;
+  return path == Stream ? "standard input" : Printable(path, LongestPath);
 }
 
 LoadResult LoadInput(FileSystem& files, const std::string& path, std::istream* stream, RadioImage& image) {

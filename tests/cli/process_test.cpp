@@ -152,6 +152,33 @@ TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
         << row[0];
 }
 
+TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
+  const std::string tool = Path("tool") + ' '; // beside settings of its own
+  std::filesystem::copy(MR4500X_CLI, Path("tool"));
+  const auto devices = [&](const std::string& lines) { Put("MR4500X.ini", "[Port Devices]\n" + lines); };
+  devices("");
+  EXPECT_EQ(Shell(tool + "identify auto").output, "auto: no radio answers on any port\n");
+  StartRadio();
+  const std::string first = port;
+  devices("COM3=" + first + "\nCOM4=" + first + "\n"); // two names of one device
+  EXPECT_TRUE(Shell(tool + "identify auto").output.starts_with("auto: COM3\nID Number"));
+  EXPECT_TRUE(Shell("MR4500X_PORT=3 " + tool + "identify").output.starts_with("ID Number"));
+  const std::string memory = Content("memory");
+  const Ended dry = Shell("MR4500X_PORT=" + first + ' ' + tool + "write --dry-run --quick --backup kept " + file);
+  EXPECT_TRUE(dry.status == 0 && dry.output.starts_with("Battery Save  10s  OFF\n")) << dry.output;
+  EXPECT_TRUE(Content("memory") == memory && !std::filesystem::exists("kept"));
+  Shell("mkfifo " + Path("pipe"));
+  EXPECT_EQ(Shell(tool + "identify 3 --trace " + Path("pipe")).output, Path("pipe: No such device or address\n"));
+  const std::string traced = Shell("cat " + Path("pipe") + " & sleep 0.1; " + tool + "identify 3 --trace " +
+                                   Path("pipe") + " >" + Path("said") + "; wait")
+                                 .output;
+  EXPECT_EQ(CountOf(traced, "computer 57 AA AA AA"), 1U) << traced;
+  StartRadio("", "memory2");
+  devices("COM3=" + first + "\nCOM5=" + port + "\n");
+  EXPECT_EQ(Shell(tool + "identify auto").output, "auto: more than one radio answers: COM3 COM5\n");
+  EndRadio();
+}
+
 // The options of each command are those of its help; completion asks for them.
 TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
   std::string man = Shell("sed 's/\\\\-/-/g' " MAN_PAGE).output, manual = Shell("cat " MANUAL).output;

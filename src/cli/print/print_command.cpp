@@ -6,7 +6,9 @@
 #include "machine.h"
 #include "pdf_printer.h"
 
+#include <cerrno>
 #include <ostream>
+#include <system_error>
 
 namespace mr4500x {
 
@@ -40,7 +42,8 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
       return stored;
     }
     terminal.out.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
-    return terminal.out.flush().good();
+    if (!terminal.out.flush()) stored = {{errno, std::generic_category()}};
+    return stored;
   };
   PdfPrinter printer(pdfFile == Stream ? "on standard output" : pdfFile, store);
   const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));

@@ -35,7 +35,10 @@ void PrepareProcess() {
   signal(SIGXFSZ, SIG_IGN);
   setenv("HOME", HomeFolder().c_str(), 1); // for Qt
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
-    if (fcntl(stream, F_GETFD) == -1) static_cast<void>(open("/dev/null", O_RDWR)); // takes the lowest free number
+    if (fcntl(stream, F_GETFD) == -1) {                               // the lowest free number, which the file takes
+      const int access = stream == STDOUT_FILENO ? O_RDONLY : O_RDWR; // what is printed there must not seem to arrive
+      static_cast<void>(open("/dev/null", access));
+    }
 }
 
 std::string ProgramFolder() {
