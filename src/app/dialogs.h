@@ -1,6 +1,7 @@
 // The dialogs of the main window's commands.
 #pragma once
 
+#include "kept_copies.h"
 #include "message_view.h"
 #include "port_choice.h"
 #include "print_reports.h"
@@ -33,6 +34,9 @@ struct ComparedSource {
 // until it is closed. `other` is the content of the source. If the editor can't show it, only a message appears.
 void ShowComparison(EditorPanel& panel, FileSystem& files, const ComparedSource& source, const RadioImage& other,
                     MessageView& messages, QWidget* parent);
+
+// frmRecover: the path of one of the kept copies; nullopt when cancelled.
+[[nodiscard]] std::optional<std::string> AskCopy(const std::vector<KeptFile>& copies, QWidget* parent);
 
 // frmAbout.
 void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget* parent);

@@ -183,11 +183,10 @@ void OpenGiven(const CommandContext& context, const std::string& path) {
 // Does not change the name that Save proposes, because none of these copies is permanent.
 void Recover(const CommandContext& context) {
   context.panel.CommitOpenEditors();
-  const MainServices& services = context.services;
-  const auto names = services.files.List(services.keptFolder).value_or(std::vector<std::string>());
-  if (std::ranges::none_of(names, [](const std::string& name) { return name.ends_with(".K4X"); }))
-    return context.status.ShowPassing("No unsaved work is kept.");
-  const std::optional<std::string> path = AskOpenName(context, "Recover", services.keptFolder);
+  context.keeper.AwaitKept(); // what was just put aside
+  const auto copies = CopiesPutAside(context.services.files, context.services.keptFolder);
+  if (copies.empty()) return context.status.ShowPassing("No unsaved work is kept.");
+  const std::optional<std::string> path = AskCopy(copies, &context.window);
   if (!path) return;
   const std::string last = context.state.LastFileName;
   OpenGiven(context, *path);

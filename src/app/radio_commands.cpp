@@ -8,6 +8,7 @@
 #include "differences.h"
 #include "editor_panel.h"
 #include "end_signals.h"
+#include "function_settings.h"
 #include "messages.h"
 #include "practice_radio.h"
 #include "signaling.h"
@@ -90,30 +91,39 @@ std::optional<RadioImage> ReadBeside(const CommandContext& context) {
   return image;
 }
 
-// False, with a message: nothing must be written.
-bool BackUp(const CommandContext& context) {
+// The radio that was backed up. None, with a message: nothing must be written.
+std::optional<RadioImage> BackUp(const CommandContext& context) {
   const MainServices& services = context.services;
   const std::string folder = services.folderForFiles + Separator + "backup";
   FileResult kept = MayKeepBackupIn(services.files, folder);
   if (kept) {
-    const std::optional<RadioImage> image = ReadBeside(context);
-    if (!image) return false;
+    std::optional<RadioImage> image = ReadBeside(context);
+    if (!image) return std::nullopt;
     kept = KeepBackup(services.files, folder, *image, services.now()).result;
-    if (kept) return true;
+    if (kept) return image;
   }
   context.Show({MessageIcon::Exclamation, "Back Up before Writing",
                 "The backup could not be saved in " + folder + " (" + kept.Reason() + "). Nothing was written."});
-  return false;
+  return std::nullopt;
 }
 
-void Verify(const CommandContext& context) {
+std::string WhoIs(const RadioImage& radio) {
+  return IdentityNumber(radio) + ", firmware " + FirmwareVersion(radio);
+}
+
+void Verify(const CommandContext& context, const std::optional<RadioImage>& backedUp) {
   RadioImage found = context.image;
   const bool isRead =
       RunTransfer<ProgressObserver>(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
-        return ReadBack(line, found, observer);
+        return ReadBackWithIdentity(line, found, observer);
       });
   if (!isRead) return;
   const std::string port = ComName(context.state.CommPortNumber);
+  if (backedUp && WhoIs(found) != WhoIs(*backedUp))
+    return static_cast<void>(
+        context.Show({MessageIcon::Exclamation, "Verify after Writing",
+                      "The radio on " + port + " was exchanged: " + WhoIs(*backedUp) + " was backed up, but " +
+                          WhoIs(found) + " was read back. Check both radios."}));
   Refusals lines;
   for (const DifferenceWords& words : WordsFor(CompareImages(context.image, found, context.panel.Texts())))
     lines.push_back(words.name + ": " + words.before + " -> " + words.after);
@@ -152,11 +162,12 @@ void Write(const CommandContext& context) {
   if (!MayStore(context)) return;
   context.panel.Collect();
   const EndSignalsHeld held; // after a signal, the exchange is finished and no other is started
-  if (context.state.writeHabits.backsUp && (!BackUp(context) || IsEnding())) return;
+  std::optional<RadioImage> backedUp;
+  if (context.state.writeHabits.backsUp && (!(backedUp = BackUp(context)) || IsEnding())) return;
   const bool isWritten = RunTransfer(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
     return WriteRadio(line, context.image, context.services.now, observer);
   });
-  if (isWritten && context.state.writeHabits.verifies && !IsEnding()) Verify(context);
+  if (isWritten && context.state.writeHabits.verifies && !IsEnding()) Verify(context, backedUp);
 }
 
 void CompareRadio(const CommandContext& context) {

@@ -132,6 +132,20 @@ std::optional<KeptCopy> ReadKeptCopy(FileSystem& files, const std::string& path)
   return ParseCopy(std::move(bytes));
 }
 
+std::vector<KeptFile> CopiesPutAside(FileSystem& files, const std::string& folder) {
+  std::vector<std::string> names = files.List(folder).value_or(std::vector<std::string>{});
+  std::erase_if(names, [](const std::string& name) { return !IsPutAside(name); });
+  std::ranges::sort(names, std::greater<>());
+  std::vector<KeptFile> copies;
+  for (const std::string& name : names) {
+    std::string at = name.substr(0, TimePattern.size());
+    for (std::size_t i = 0; i < at.size(); ++i)
+      if (!IsDigit(TimePattern[i])) at[i] = TimePattern[i];
+    copies.push_back({folder + '/' + name, at, ReadKeptCopy(files, folder + '/' + name)});
+  }
+  return copies;
+}
+
 std::string KeptCopies::LockPath(const std::string& number) const {
   return m_folder + '/' + std::string(SessionPrefix) + number + std::string(LockSuffix);
 }

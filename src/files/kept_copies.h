@@ -29,6 +29,14 @@ struct KeptCopy {
 // nullopt for a file that is not a copy.
 [[nodiscard]] std::optional<KeptCopy> ReadKeptCopy(FileSystem& files, const std::string& path);
 
+// A copy that was put aside; without `copy` if it is damaged or of a newer version.
+struct KeptFile {
+  std::string path;
+  std::string at; // "2026-11-25 04:10:33", from its name
+  std::optional<KeptCopy> copy;
+};
+[[nodiscard]] std::vector<KeptFile> CopiesPutAside(FileSystem& files, const std::string& folder); // newest first
+
 class KeptCopies {
 public:
   // The folder is created when it is first needed.

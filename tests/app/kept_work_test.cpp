@@ -144,10 +144,19 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
   desk.happened.clear();
   EXPECT_FALSE(window->OpenLeftWork());
   ASSERT_EQ(Kept("2004-").size(), 1U);
-  desk.paths = {Path("kept/" + Kept("2004-").front())};
+  Put("kept/2004-11-03_09-05-07_0.K4X", "damaged");
+  WhenDialogOpens([](QWidget* dialog) {
+    std::string rows;
+    auto* const list = dialog->findChild<QTreeWidget*>();
+    for (int row = 0; row < list->topLevelItemCount(); ++row)
+      for (int column = 0; column < 3; ++column)
+        rows += list->topLevelItem(row)->text(column).toStdString() + '|';
+    EXPECT_EQ(rows, "2004-11-04 09:05:07|a new configuration|Emerge ANI: ---------------- -> 4711|"
+                    "2004-11-03 09:05:07||can't be opened: damaged, or from a newer version|");
+    QTest::keyClick(list, Qt::Key_Return); // the newest
+  });
   Choose("mnuFileRecover");
-  EXPECT_EQ(Happened(), Lines{"dialog Recover"});
-  EXPECT_EQ(desk.lastQuestion.folder, Path("kept"));
+  EXPECT_EQ(Happened(), Lines());
   EXPECT_EQ(Ani(), "4711");
   Choose("mnuFileSave");
   EXPECT_EQ(desk.lastQuestion.proposedName, "") << "it would go with the copy";

@@ -90,6 +90,7 @@ TEST_F(TransferTest, WritesToAnotherBandOnlyIfTheUserAgrees) {
 
 TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{'7'});
+  std::fill_n(&radio.memory[0x3F8], 8, std::uint8_t{'2'});
   const std::string written = "Write Complete|" + CompletionOf(Transfer::Write).text,
                     same = "The radio on COM3 matches what was written.", title(ProgramTitle),
                     differs =
@@ -97,13 +98,18 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
                         "Differences:\n\nDigit Time: 50ms -> {\"code\": 4}",
                     noFolder = "!|Back Up before Writing|The backup could not be saved in " + Path("") +
                                "/backup (Not a directory). Nothing was written.";
+  const std::string other =
+      "!|Verify after Writing|The radio on COM3 was exchanged: 7777777777777777, firmware 22222222 "
+      "was backed up, but 6777777777777777, firmware 22222222 was read back. Check both radios.";
   // name, what is ticked or not any longer, what the radio changes after the write, sessions, told, status
-  const std::tuple<const char*, Lines, std::uint8_t, std::size_t, Lines, std::string> cases[] = {
+  const std::tuple<const char*, Lines, std::uint16_t, std::size_t, Lines, std::string> cases[] = {
       {"at first", {}, 0, 1, {written}, title},
       {"verified", {"mnuProgramVerify"}, 0, 2, {written}, same},
-      {"not the same", {}, 1, 2, {written, differs}, title},
+      {"not the same", {}, 0x107, 2, {written, differs}, title},
       {"backed up", {"mnuProgramVerify", "mnuProgramBackUp"}, 0, 2, {written}, title},
       {"another in the same second", {}, 0, 2, {written}, title},
+      {"exchanged", {"mnuProgramVerify"}, 0x1F0, 3, {written, other}, title},
+      {"both", {}, 0, 3, {written}, same},
       {"a file in place of the folder", {}, 0, 1, {noFolder}, title},
   };
   for (const auto& [name, ticked, flaw, sessions, told, status] : cases) {
@@ -116,7 +122,7 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
       std::filesystem::rename(Path("backup"), Path("kept"));
       Put("backup", "");
     }
-    desk.beforeAnswer = [&, flaw = flaw] { radio.memory[0x107] ^= flaw; };
+    desk.beforeAnswer = [&, flaw = flaw] { radio.memory[flaw] ^= flaw == 0 ? 0 : 1; };
     Choose("mnuProgramWrite");
     EXPECT_EQ(Happened(), told);
     EXPECT_EQ(Status(1), status);
