@@ -108,6 +108,57 @@ TEST_F(WindowCommandsTest, HasHelpAtEachSettingWithItsFirstValue) {
   }
 }
 
+TEST_F(WindowCommandsTest, EveryControlThatCanHaveTheFocusHasANameForScreenReaders) {
+  const auto namelessIn = [](QWidget* shown) {
+    std::string nameless;
+    for (QWidget* const control : shown->findChildren<QWidget*>()) {
+      const bool isInner = control->objectName().startsWith("qt_"); // of a spin box or the like
+      if (control->focusPolicy() == Qt::NoFocus || control->window() != shown || isInner) continue;
+      auto* const reader = QAccessible::queryAccessibleInterface(control);
+      if (reader == nullptr || reader->role() == QAccessible::NoRole || reader->text(QAccessible::Name).isEmpty())
+        nameless += control->metaObject()->className() + (' ' + control->objectName().toStdString()) + '\n';
+    }
+    return nameless;
+  };
+  struct NoPorts final : ScriptedRadio {
+    void SetPortNumber(int /*number*/) override {}
+  } ports;
+  ports.openFailure = "gone";
+  serialPort = &ports;
+  Start();
+  EXPECT_EQ(namelessIn(window.get()), "");
+  PutInRadio();
+  PutDataFile("a.K4X");
+  std::filesystem::create_directory(Path("kept"));
+  Put("kept/2004-11-03_09-05-07_0.K4X", "");
+  auto& grid = *window->findChild<QTableWidget*>("gridChannel");
+  const auto open = [&](int column) {
+    grid.setCurrentCell(0, column);
+    QTest::keyClick(&grid, Qt::Key_Space);
+  };
+  desk.paths = {Path("a.K4X")};
+  const std::pair<const char*, std::function<void()>> dialogs[] = {
+      {"frmTwoFive", [&] { open(3); }},
+      {"frmGroup", [&] { open(13); }},
+      {"frmEmbed", [&] { Choose("mnuEmbedInfo"); }},
+      {"frmPort", [&] { Choose("mnuCommPortPort"); }},
+      {"frmPrint", [&] { Choose("mnuFilePrint"); }},
+      {"frmRecover", [&] { Choose("mnuFileRecover"); }},
+      {"frmAbout", [&] { Choose("mnuHelpAbout"); }},
+  };
+  for (const auto& [name, show] : dialogs) {
+    std::string seen;
+    WhenDialogOpens([&](QWidget* dialog) {
+      seen = dialog->objectName().toStdString() + '\n' + namelessIn(dialog);
+      qobject_cast<QDialog*>(dialog)->reject();
+    });
+    show();
+    EXPECT_EQ(seen, name + std::string("\n"));
+  }
+  Choose("mnuChannelsCompare");
+  EXPECT_EQ(namelessIn(window->findChild<QDialog*>("frmCompare")), "");
+}
+
 TEST_F(WindowCommandsTest, F1OpensThePageAboutTheControlThatHasTheFocus) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   auto& grid = *window->findChild<QTableWidget*>("gridChannel");
