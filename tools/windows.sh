@@ -2,7 +2,7 @@
 windows_packages="$build_packages g++-mingw-w64-x86-64-posix icoutils librsvg2-bin"
 windows_qt_packages="dpkg-dev tclsh xz-utils"
 windows_package_packages="$windows_packages $windows_qt_packages nsis"
-windows_test_packages="$windows_packages libgtest-dev googletest wine64 xvfb imagemagick xdotool poppler-utils"
+windows_test_packages="$windows_packages nsis libgtest-dev googletest wine64 fonts-wine xvfb imagemagick xdotool poppler-utils"
 
 # windows_build NAME ROOT OPTION...: configures once and builds in build/windows/NAME.
 windows_build() {
@@ -33,23 +33,28 @@ windows_version() {
   sed -n 's/^project(MR4500X VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt
 }
 
+# windows_pack FILES VERSION INSTALLER: makes an installer of the files in a folder.
+windows_pack() {
+  # The uninstaller removes each file and then the folders that are empty.
+  {
+    # shellcheck disable=SC2016 # the installer's variable
+    (cd "$1" && find . -type f | sed 's#^\./##; s#/#\\#g; s#.*#Delete "$INSTDIR\\&"#')
+    # shellcheck disable=SC2016
+    (cd "$1" && find . -mindepth 1 -depth -type d | sed 's#^\./##; s#/#\\#g; s#.*#RMDir "$INSTDIR\\&"#')
+  } >"$1-delete.nsh"
+  makensis -V2 -DVERSION="$2" -DNUMBERS="$2.0" -DFILES="$1" -DOUTPUT="$3" \
+    -DICON="$PWD/build/windows/release/src/app/MR4500X-resources/program.ico" packaging/windows/installer.nsi >&2
+}
+
 # Packs what windows_build_programs has built; the installer lies in build/windows.
 windows_make_installer() {
   files=$PWD/build/windows/files
   rm -rf "$files"
   cmake --install build/windows/release --strip --prefix "$files" >/dev/null
   find "$files" -name '*.dll' -exec x86_64-w64-mingw32-strip {} +
-  # The uninstaller removes each file and then the folders that are empty.
-  {
-    # shellcheck disable=SC2016 # the installer's variable
-    (cd "$files" && find . -type f | sed 's#^\./##; s#/#\\#g; s#.*#Delete "$INSTDIR\\&"#')
-    # shellcheck disable=SC2016
-    (cd "$files" && find . -mindepth 1 -depth -type d | sed 's#^\./##; s#/#\\#g; s#.*#RMDir "$INSTDIR\\&"#')
-  } >"$files-delete.nsh"
   version=$(windows_version)
   installer=$PWD/build/windows/mr4500x-$version-setup.exe
-  makensis -V2 -DVERSION="$version" -DNUMBERS="$version.0" -DFILES="$files" -DOUTPUT="$installer" \
-    -DICON="$PWD/build/windows/release/src/app/MR4500X-resources/program.ico" packaging/windows/installer.nsi >&2
+  windows_pack "$files" "$version" "$installer"
   echo "$installer"
 }
 

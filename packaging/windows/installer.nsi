@@ -70,18 +70,30 @@ FunctionEnd
   DeleteRegKey SHCTX "Software\Classes\MR4500X.${extension}"
 !macroend
 
-Section
-  ; An older version goes first, so that nothing of it stays. A program that runs keeps its files, and the installer stops.
-  ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-    ClearErrors
-    Delete "$INSTDIR\MR4500X.exe"
-    Delete "$INSTDIR\MR4500X-fleet.exe"
-    ${If} ${Errors}
-      MessageBox MB_OK|MB_ICONSTOP "The program is running. Close it, and install again." /SD IDOK
-      SetErrorLevel 1
-      Quit
+; A program that runs can't be opened for writing. Nothing has been removed by then.
+!macro StopIfRunning
+  FindFirst $0 $1 "$INSTDIR\*.exe"
+  ${DoUntil} $1 == ""
+    ${If} $1 != "uninstall.exe"
+      ClearErrors
+      FileOpen $2 "$INSTDIR\$1" a
+      ${If} ${Errors}
+        MessageBox MB_OK|MB_ICONSTOP "$1 is running. Close it, and try again." /SD IDOK
+        SetErrorLevel 1
+        Quit
+      ${EndIf}
+      FileClose $2
     ${EndIf}
-    !include "${FILES}-delete.nsh"
+    FindNext $0 $1
+  ${Loop}
+  FindClose $0
+!macroend
+
+Section
+  ; An older version goes first, by its own uninstaller, so that nothing of it stays.
+  ${If} ${FileExists} "$INSTDIR\uninstall.exe"
+    !insertmacro StopIfRunning
+    ExecWait '"$INSTDIR\uninstall.exe" /S /$MultiUser.InstallMode _?=$INSTDIR'
   ${EndIf}
   SetOutPath "$INSTDIR"
   ClearErrors
@@ -115,6 +127,7 @@ SectionEnd
 
 ; Only what the installer has put there goes. The user's settings and files stay.
 Section Uninstall
+  !insertmacro StopIfRunning
   !include "${FILES}-delete.nsh"
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"

@@ -34,13 +34,13 @@ namespace {
 std::string PlainPath(const QString& path) {
   const QFileInfo given(path);
   const QString plain = QDir::cleanPath(given.absoluteFilePath());
-  return (QFileInfo(plain) == given ? plain : given.canonicalFilePath()).toStdString();
+  return QDir::toNativeSeparators(QFileInfo(plain) == given ? plain : given.canonicalFilePath()).toStdString();
 }
 
 // The command for a dropped data file or list of channels, or none for anything else.
 std::function<void(const CommandContext&)> CommandOfDrop(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
-  const QString path = urls.size() == 1 ? urls.front().toLocalFile() : QString();
+  const QString path = urls.size() == 1 ? QDir::toNativeSeparators(urls.front().toLocalFile()) : QString();
   const QString extension = QFileInfo(path).suffix().toUpper();
   const auto with = [](auto command, std::string given) {
     return [command, given = std::move(given)](const CommandContext& context) { command(context, given); };
