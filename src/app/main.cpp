@@ -8,9 +8,12 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
+#include <QWindow>
 
+#include <functional>
 #include <iostream>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -27,6 +30,21 @@ void StayUntil(Clock::Moment moment, Clock& clock) {
   QTimer::singleShot(left, Qt::PreciseTimer, &loop, &QEventLoop::quit);
   loop.exec();
 }
+
+// Runs the work once the window is exposed: by then the window manager has placed it, and dialogs are centred on it.
+class AtFirstExpose final : public QObject {
+public:
+  AtFirstExpose(QWindow& window, std::function<void()> work) : QObject(&window), m_work(std::move(work)) {
+    window.installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Expose && m_work) QTimer::singleShot(0, this, std::exchange(m_work, {}));
+    return QObject::eventFilter(watched, event);
+  }
+
+private:
+  std::function<void()> m_work;
+};
 
 } // namespace
 
@@ -52,12 +70,13 @@ int main(int argc, char** argv) {
   const Clock::Moment shown = clock.Now();
   Program program;
   StayUntil(shown + FrmSplash::LeastTime, clock);
-  program.Window().show();
-  splash.close();
-  QTimer::singleShot(0, &program.Window(), [&] {
+  program.Window().winId(); // makes the window's handle
+  new AtFirstExpose(*program.Window().windowHandle(), [&] {
     if (program.Window().OpenLeftWork() || arguments.size() < 2) return;
     program.Window().OpenArgument(arguments[1]);
   });
+  program.Window().show();
+  splash.close();
   const EndSignalsHeard endSignals([&](int signal) { program.Window().EndBySignal(signal); }, NextSignal::Ends);
   return QApplication::exec();
 }
