@@ -13,6 +13,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -123,6 +124,8 @@ bool Demo::AnswerDialog() {
     Picture(*files, "07-save-dialog");
     files->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
   } else { // changes nothing
+    if (auto* const hint = dialog->findChild<QLabel*>(QStringLiteral("lblHint")))
+      hint->setText(QStringLiteral("/dev/ttyUSB0")); // as with a cable; the simulated radio's path is the user's
     Picture(*dialog, dialog->objectName().toStdString());
     dialog->findChild<QPushButton*>(QStringLiteral("cmdCancel"))->click();
   }
