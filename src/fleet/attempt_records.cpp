@@ -9,8 +9,9 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::array<std::string_view, 9> OutcomeNames = {"verified", "failed", "set aside",   "conflict", "begun",
-                                                          "aborted",  "no row", "done before", "note"};
+constexpr std::array<std::string_view, 11> OutcomeNames = {"verified", "failed",  "set aside", "conflict",
+                                                           "begun",    "aborted", "no row",    "done before",
+                                                           "note",     "freed",   "reissued"};
 constexpr std::size_t FirstColumns = 2, ColumnsOfVersion1 = 15;
 
 std::string Harmless(const std::string& cell) {

@@ -35,7 +35,9 @@ enum class AttemptOutcome : std::uint8_t {
   Aborted,    // begun, but its bench has died
   NoRow,      // none was free for it
   DoneBefore, // holds its row already
-  Note,       // about a radio, or what became of a command for it
+  Note,       // about a radio or a row, or what became of a command for it
+  Freed,      // a person has freed a row that a bench had taken
+  Reissued,   // or given one out again that was done
 };
 
 // What was done with one radio, from its identification to its end.

@@ -56,8 +56,9 @@ std::string_view WordFor(PortState state) {
 }
 
 std::string_view WordFor(AttemptOutcome outcome) {
-  constexpr std::array<std::string_view, 9> Words = {"verified", "failed", "set aside",   "conflict", "begun",
-                                                     "aborted",  "no row", "done before", "note"};
+  constexpr std::array<std::string_view, 11> Words = {"verified", "failed",  "set aside", "conflict",
+                                                      "begun",    "aborted", "no row",    "done before",
+                                                      "note",     "freed",   "reissued"};
   return Words[static_cast<std::size_t>(outcome)];
 }
 
@@ -157,7 +158,9 @@ std::string LineForFailed(const PortStatus& status, std::string_view portName) {
 
 std::string LineFor(const Attempt& attempt) {
   const std::string name = SubjectText(attempt.row, attempt.label, attempt.idNumber);
-  return attempt.start + "  " + JoinParts({attempt.port, name, WordFor(attempt.outcome), attempt.text});
+  const bool hasBoth = !attempt.operatorName.empty() && !attempt.port.empty();
+  const std::string where = attempt.operatorName + (hasBoth ? ", " : "") + attempt.port;
+  return attempt.start + "  " + JoinParts({where, name, WordFor(attempt.outcome), attempt.text});
 }
 
 std::string CommandReason(std::optional<int> status, const std::string& error, std::chrono::seconds limit) {
@@ -182,6 +185,18 @@ std::string LineForPartlyWritten(const PortStatus& status) {
 
 std::string LineForPartlyWritten(const Attempt& attempt) {
   return PartlyWrittenWords + SubjectText(attempt.row, attempt.label, attempt.idNumber);
+}
+
+std::string LineForHeld(const Attempt& attempt) {
+  return "Holds " + SubjectText(attempt.row, attempt.label, "") + " since " + attempt.start;
+}
+
+std::string LineForProgress(const FleetProgress& progress) {
+  std::string line = std::to_string(progress.done);
+  line += progress.total == 0 ? " done" : " of " + std::to_string(progress.total);
+  if (progress.failed > 0) line += ", " + std::to_string(progress.failed) + " failed";
+  if (progress.minutesLeft > 0) line += ", " + std::to_string(progress.minutesLeft) + " min left";
+  return line;
 }
 
 std::string LineForChanges(const PlanChanges& changes) {

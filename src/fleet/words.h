@@ -70,6 +70,15 @@ inline constexpr char LostEntryHint[] = "neither the journal nor the file of pen
 [[nodiscard]] std::string LineForPartlyWritten(const PortStatus& status);
 [[nodiscard]] std::string LineForPartlyWritten(const Attempt& attempt);
 
+[[nodiscard]] std::string LineForHeld(const Attempt& attempt); // the row that its radio holds
+
+struct FleetProgress {
+  std::size_t done = 0, total = 0, failed = 0; // of radios; a total of 0 is unknown
+  long long minutesLeft = 0;                   // 0: unknown
+};
+// "7 of 40, 2 failed, 12 min left"
+[[nodiscard]] std::string LineForProgress(const FleetProgress& progress);
+
 // "12 done carried over, 1 new, 2 changed, 25 not done"
 [[nodiscard]] std::string LineForChanges(const PlanChanges& changes);
 // Why rows that are done may be unknown. Addresses are without passwords.

@@ -117,11 +117,35 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
         "; do sleep 0.05; done; kill $fleet; wait $fleet");
   EXPECT_EQ(CountOf(Content("out"), "row 2, Car 1, radio LR-1: done before"), 1U) << Content("out");
   EXPECT_EQ(rowsOf(""), "3 rows: 1 done, 0 taken, 2 free\n") << "the decision is entered";
-  // Back to a list in which its row is gone: it gets another one.
+  // Given out again, it carries over no more. Each decision is an entry of its own.
+  const std::string journal = "fleet journal " + file;
+  const std::string where = std::filesystem::weakly_canonical(Path("a.journal")).string();
+  ExpectAll({{journal + " --free 2", 1, where + ": Row 2 is not taken; it is done.\n"},
+             {journal + " --reissue 4", 1, where + ": Row 4 is not in the plan.\n"},
+             {journal + " --reissue 2 --plan 0x", 1, where + ": The journal has no such plan.\n"},
+             {journal + " --reissue 2 --free 2", 2, ""}});
+  EXPECT_TRUE(
+      Cli(journal + " --reissue 2 --operator Ann").output.ends_with("  Ann: row 2, Car 1, radio LR-1: reissued\n"));
+  EXPECT_TRUE(Cli(journal + " --note 1 'new aerial'").output.ends_with("  row 1, Car 3: note: new aerial\n"));
+  EXPECT_EQ(rowsOf(""), "3 rows: 0 done, 0 taken, 3 free\n");
+  const std::string radio = Cli(journal + " --radio LR-1").output;
+  for (const char* const part : {": row 1, Car 1, radio LR-1: verified\n    firmware ", "    backup ", "done before\n",
+                                 "Ann: row 2, Car 1, radio LR-1: reissued\n"})
+    EXPECT_EQ(CountOf(radio, part), 1U) << part << radio;
+  EXPECT_EQ(CountOf(radio, "Holds ") + CountOf(radio, "note"), 0U) << radio;
+  Put("rows.csv", heading + "Car 9,446.1\nCar 1,446.00625\n");
+  EXPECT_EQ(rowsOf(""), "0 done carried over, 1 new, 0 changed, 1 not done\n2 rows: 0 done, 0 taken, 2 free\n");
+  const std::string statistics = Cli(journal + " --statistics").output;
+  EXPECT_EQ(CountOf(statistics, "\n"), 2U) << statistics;
+  EXPECT_EQ(CountOf(statistics, "         1       0      100 "), 1U) << statistics;
+  EXPECT_EQ(CountOf(Cli(journal + " --statistics --json").output, "\"yield\": 1.0,"), 1U);
+
+  // In a list without its row it gets another one.
   Put("rows.csv", heading + "Car 4,446.1\n");
   const Ended other = Fleet(rows);
   EXPECT_EQ(other.status, 0) << other.output;
   EXPECT_EQ(CountOf(other.output, "0 done carried over, 1 new, 0 changed\n"), 1U) << other.output;
+  EXPECT_EQ(CountOf(Cli(journal + " --radio LR-1").output, "Holds row 1, Car 4 since "), 1U);
   Put("rows.csv", heading + "Car 1,446.00625\nCar 5,446.1\n");
   EXPECT_EQ(rowsOf(""), "0 done carried over, 1 new, 0 changed, 1 not done\n2 rows: 0 done, 0 taken, 2 free\n");
 

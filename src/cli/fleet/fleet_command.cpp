@@ -3,9 +3,11 @@
 #include "arguments.h"
 #include "attempt_json.h"
 #include "attempt_records.h"
+#include "decimal.h"
 #include "end_signals.h"
 #include "file_access.h"
 #include "file_commands.h"
+#include "journal_queries.h"
 #include "plan_start.h"
 #include "sql_journal.h"
 #include "text.h"
@@ -15,6 +17,7 @@
 #include <QEventLoop>
 
 #include <algorithm>
+#include <chrono>
 #include <istream>
 #include <ostream>
 
@@ -104,24 +107,95 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   return LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
 }
 
+std::optional<RowDecision> DecisionOf(const FleetArguments& arguments) {
+  RowDecision decision;
+  decision.plan = arguments.plan;
+  decision.operatorName = arguments.choice.operatorName;
+  if (arguments.freedRow > 0) {
+    decision.outcome = AttemptOutcome::Freed;
+    decision.row = arguments.freedRow;
+  } else if (arguments.reissuedRow > 0) {
+    decision.outcome = AttemptOutcome::Reissued;
+    decision.row = arguments.reissuedRow;
+  } else if (!arguments.note.empty()) {
+    decision.row = static_cast<std::size_t>(std::max(0, ParseWhole(arguments.note[0]).value_or(0)));
+    decision.text = arguments.note[1];
+  } else {
+    return std::nullopt;
+  }
+  return decision;
+}
+
+ExitStatus DecideForCommand(FileSystem& files, const std::string& address, RowDecision decision, Terminal& terminal) {
+  const auto plan = FindPlan(address, decision.plan);
+  if (const auto* const failure = std::get_if<JournalFailure>(&plan)) return NoAnswer(address, *failure, terminal);
+  decision.plan = std::get<std::string>(plan);
+  const auto entered = Decide(files, address, decision);
+  if (const auto* const failure = std::get_if<JournalFailure>(&entered)) return NoAnswer(address, *failure, terminal);
+  Attempt shown = std::get<Attempt>(entered);
+  shown.start = LocalTimestamp(shown.start);
+  terminal.out << LineFor(shown) << '\n';
+  return EndOutput(terminal);
+}
+
+// The line below the others on a terminal.
+class ProgressLine {
+public:
+  ProgressLine(const Plan& plan, const FleetChoice& choice, Terminal& terminal) : m_terminal(terminal) {
+    if (!terminal.showsProgress) return;
+    m_progress.total = choice.count >= 0 ? static_cast<std::size_t>(choice.count) : plan.rows.size();
+    const auto rows =
+        choice.count >= 0 ? std::nullopt : OpenJournal(JournalOf(choice), JournalUse::List)->Rows(plan.key);
+    if (rows) m_before = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Done, &JournalRow::state));
+  }
+
+  void Clear() {
+    if (m_terminal.showsProgress) m_terminal.err << "\r\x1b[K" << std::flush;
+  }
+  void Show(const FleetTally& tally) {
+    if (!m_terminal.showsProgress || tally.HasStopped()) return;
+    const auto own = static_cast<std::size_t>(tally.Done());
+    m_progress.done = m_before + own;
+    m_progress.failed = tally.Failed().size();
+    const std::size_t left = m_progress.total - std::min(m_progress.total, m_progress.done);
+    const auto time = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - m_start);
+    const long long rest = own == 0 ? 0 : static_cast<long long>(left) * time.count() / static_cast<long long>(own);
+    m_progress.minutesLeft = own == 0 || left == 0 ? 0 : rest / 60 + 1;
+    m_terminal.err << LineForProgress(m_progress) << std::flush;
+  }
+
+private:
+  Terminal& m_terminal;
+  FleetProgress m_progress;
+  std::size_t m_before = 0; // done when the bench began
+  std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
 // Runs the bench until all its ports have ended.
 FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan& plan, const FleetChoice& choice,
                   Terminal& terminal) {
   QEventLoop loop;
   FleetTally tally(choice.ports.size());
+  ProgressLine progress(plan, choice, terminal);
   std::unique_ptr<FleetSession> session;
   const auto endIfOver = [&] {
     if (tally.HasStopped() && !session->HasCommands()) loop.quit();
   };
   const auto print = [&](const PortStatus& status) {
-    if (tally.Record(status)) terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
+    if (tally.Record(status)) {
+      progress.Clear();
+      terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
+      progress.Show(tally);
+    }
     endIfOver();
   };
   const auto printConflict = [&](const Attempt& attempt) {
     tally.RecordConflict();
+    progress.Clear();
     terminal.out << LineForConflict(attempt) << std::endl;
   };
   const auto printCommand = [&](const Attempt& note) {
+    progress.Clear();
     if (!note.text.empty()) terminal.out << LineForCommand(note) << std::endl;
     if (!note.text.empty()) tally.RecordNote(note);
     endIfOver();
@@ -137,6 +211,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
       [&](const Attempt& note) { inLoop([&printCommand, note] { printCommand(note); }); });
   const auto stop = [&](int) {
     session->StopBeforeWrites();
+    progress.Clear();
     terminal.err << "Stopping after these radios.\n";
   };
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
@@ -203,9 +278,25 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
   const std::string address = JournalOf(choice);
   if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
+  if (const auto decision = DecisionOf(arguments)) return DecideForCommand(files, address, *decision, terminal);
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-  const std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
+  std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
   if (!attempts) return NoAnswer(address, *journal, terminal);
+  const auto print = [&](const std::vector<std::string>& lines) {
+    for (const std::string& line : lines)
+      terminal.out << line << '\n';
+    return EndOutput(terminal);
+  };
+  if (arguments.isStatistics) {
+    const std::vector<PortDay> statistics = StatisticsOf(*attempts);
+    if (!arguments.isJson) return print(LinesForStatistics(statistics));
+    terminal.out << StatisticsJson(statistics);
+    return EndOutput(terminal);
+  }
+  if (!arguments.radio.empty()) {
+    if (arguments.csvFile.empty() && !arguments.isJson) return print(LinesForRadio(*attempts, arguments.radio));
+    std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.idNumber != arguments.radio; });
+  }
   if (!arguments.csvFile.empty())
     return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
   if (arguments.isJson) {

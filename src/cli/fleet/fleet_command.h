@@ -16,7 +16,11 @@ struct FleetArguments {
   std::string listed; // the journal's address, or a template
   std::string csvFile;
   bool isJson = false;
-  std::string plan; // the key of the only plan to list
+  std::string plan;                          // the key of the only plan to list; its beginning, to change a row
+  std::size_t freedRow = 0, reissuedRow = 0; // 0: none
+  std::vector<std::string> note;             // row and text
+  std::string radio;                         // identity number
+  bool isStatistics = false;
 };
 
 // Prints a line for every change at a port. Needs an application object; its event loop hears Ctrl-C. Done only if
@@ -24,6 +28,7 @@ struct FleetArguments {
 [[nodiscard]] ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments,
                                   Terminal& terminal);
 
+// Lists the journal, or what is asked of it; or changes a row.
 [[nodiscard]] ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, Terminal& terminal);
 
 } // namespace mr4500x

@@ -14,6 +14,7 @@
 
 #include <iostream>
 #include <limits>
+#include <vector>
 
 namespace mr4500x {
 namespace {
@@ -79,6 +80,19 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
   option(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
   journal->add_flag("--json", arguments.isJson, "as JSON with every detail");
   option(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
+  auto alone = [others = std::vector<CLI::Option*>()](CLI::Option* made) mutable {
+    for (CLI::Option* const other : others)
+      made->excludes(other);
+    others.push_back(made);
+  };
+  alone(option(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio"));
+  alone(journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port"));
+  alone(option(journal, "--free", arguments.freedRow, "ROW", "free a row that a bench has taken")
+            ->check(CLI::PositiveNumber));
+  alone(option(journal, "--reissue", arguments.reissuedRow, "ROW", "give a row out again that is done")
+            ->check(CLI::PositiveNumber));
+  alone(option(journal, "--note", arguments.note, "ROW TEXT", "enter a note about a row")->expected(2));
+  option(journal, "--operator", choice.operatorName, "NAME", "the operator's name, for the entry about a row");
   journal->final_callback(onJournal);
 }
 

@@ -78,7 +78,8 @@ constexpr char IsLatest[] =
     "state = 'done' AND stamp = (SELECT CASE last.outcome WHEN 'verified' THEN last.stamp ELSE '-' END FROM "
     "fleet_attempt last"
     " WHERE last.id_number = fleet_row.id_number AND (last.sha256 <> '' OR last.outcome IN ('begun', 'reissued'))"
-    " ORDER BY last.started DESC, last.attempt_key DESC LIMIT 1)";
+    " ORDER BY last.started DESC, CASE last.outcome WHEN 'reissued' THEN 1 ELSE 0 END, last.attempt_key DESC"
+    " LIMIT 1)";
 constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench, {now})"
                          " ON CONFLICT (bench) DO UPDATE SET heard = excluded.heard";
 constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = ''"
@@ -273,7 +274,18 @@ bool SqlJournal::EnterOnce(Attempt& attempt) {
 }
 
 bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
-  const QString release = QString(SetFree) + "number = :number AND bench = :bench AND id_number = :id";
+  const QString free = QString(SetFree) + "number = :number",
+                release = free + " AND bench = :bench AND id_number = :id";
+  switch (attempt.outcome) {
+  case AttemptOutcome::Note:
+    return true;
+  case AttemptOutcome::Freed:
+    return m_database.Run(free, values).has_value();
+  case AttemptOutcome::Reissued:
+    return m_database.Run(QString(free).replace("state = 'taken'", "state = 'done'"), values).has_value();
+  default:
+    break;
+  }
   if (attempt.outcome != AttemptOutcome::Verified) return m_database.Run(release, values).has_value();
   // In the meantime the row may have got another radio, or the radio another row.
   auto other =

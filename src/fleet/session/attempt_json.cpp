@@ -27,6 +27,19 @@ std::string AttemptsJson(const std::vector<Attempt>& attempts) {
   return TextOf({{"format", 1}, {"attempts", all}}, 2);
 }
 
+std::string StatisticsJson(const std::vector<PortDay>& statistics) {
+  nlohmann::ordered_json all = nlohmann::ordered_json::array();
+  for (const PortDay& day : statistics)
+    all.push_back({{"day", day.day},
+                   {"computer", day.computer},
+                   {"port", day.port},
+                   {"verified", day.verified},
+                   {"failed", day.failed},
+                   {"yield", day.Yield()},
+                   {"mean_seconds", day.seconds}});
+  return TextOf({{"format", 1}, {"statistics", all}}, 2);
+}
+
 std::string AttemptJson(const Attempt& attempt) {
   nlohmann::ordered_json document = {{"format", 1}};
   Add(document, attempt);

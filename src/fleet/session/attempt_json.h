@@ -1,7 +1,7 @@
-// Attempts as JSON documents, with the columns of the CSV.
+// Attempts as JSON documents, with the columns of the CSV, and their statistics.
 #pragma once
 
-#include "journal.h"
+#include "journal_queries.h"
 
 #include <string>
 #include <vector>
@@ -10,5 +10,6 @@ namespace mr4500x {
 
 [[nodiscard]] std::string AttemptsJson(const std::vector<Attempt>& attempts);
 [[nodiscard]] std::string AttemptJson(const Attempt& attempt); // in one line
+[[nodiscard]] std::string StatisticsJson(const std::vector<PortDay>& statistics);
 
 } // namespace mr4500x

@@ -4,9 +4,11 @@
 #include "settings.h"
 
 #include <QCheckBox>
+#include <QDate>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -46,6 +48,7 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   who->setBuddy(m_operator);
   m_operator->setObjectName(QStringLiteral("txtOperator"));
   options->addWidget(who);
+  connect(m_operator, &QLineEdit::textEdited, [this] { m_operatorDay = QDate::currentDate().toString(Qt::ISODate); });
   options->addWidget(m_operator);
   grid->addLayout(options, 3, 1);
   auto* const commandLabel = new QLabel(tr("Co&mmand:"));
@@ -120,6 +123,19 @@ FleetChoice FleetSetup::Choice() const {
   return choice;
 }
 
+bool FleetSetup::AskOperator() {
+  const QString today = QDate::currentDate().toString(Qt::ISODate);
+  if (m_operatorDay == today) return true;
+  bool isGiven = false;
+  const QString name =
+      QInputDialog::getText(this, tr("Operator"), tr("Who is at the bench today? The journal keeps the name."),
+                            QLineEdit::Normal, m_operator->text(), &isGiven);
+  if (!isGiven) return false;
+  m_operator->setText(name.trimmed());
+  m_operatorDay = today;
+  return true;
+}
+
 bool FleetSetup::HasSound() const {
   return m_sound->isChecked();
 }
@@ -161,6 +177,8 @@ void FleetSetup::Load(const QSettings& settings) {
   m_quick->setChecked(settings.value(QStringLiteral("Quick")).toBool());
   m_sound->setChecked(settings.value(QStringLiteral("Sound"), true).toBool());
   m_onVerified->setText(settings.value(QStringLiteral("OnVerified")).toString());
+  m_operator->setText(settings.value(QStringLiteral("Operator")).toString());
+  m_operatorDay = settings.value(QStringLiteral("OperatorDay")).toString();
   m_wanted = settings.value(QStringLiteral("Ports")).toStringList();
   FindPorts();
 }
@@ -175,6 +193,8 @@ void FleetSetup::Store(QSettings& settings) const {
   settings.setValue(QStringLiteral("Quick"), m_quick->isChecked());
   settings.setValue(QStringLiteral("Sound"), m_sound->isChecked());
   settings.setValue(QStringLiteral("OnVerified"), m_onVerified->text());
+  settings.setValue(QStringLiteral("Operator"), m_operator->text());
+  settings.setValue(QStringLiteral("OperatorDay"), m_operatorDay);
   settings.setValue(QStringLiteral("Ports"), m_wanted);
 }
 

@@ -25,7 +25,9 @@ public:
   [[nodiscard]] FleetChoice Choice() const;
   [[nodiscard]] bool HasSound() const;
   void SetRunning(bool isRunning); // only the sound can be switched then
-  void FindPorts();                // again: cables come and go
+  // Asks for the operator's name, once a day. False if the user cancels.
+  [[nodiscard]] bool AskOperator();
+  void FindPorts(); // again: cables come and go
   void Load(const QSettings& settings);
   void Store(QSettings& settings) const;
 
@@ -44,7 +46,8 @@ private:
   QListWidget* m_ports;
   QCheckBox *m_quick, *m_otherBand, *m_rewritesDone, *m_sound;
   QLineEdit *m_operator, *m_onVerified;
-  QStringList m_wanted; // ports, whether they are there or not
+  QString m_operatorDay; // on which the operator gave the name
+  QStringList m_wanted;  // ports, whether they are there or not
 };
 
 } // namespace mr4500x

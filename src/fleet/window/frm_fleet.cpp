@@ -53,8 +53,8 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
       m_counts(new QLabel), m_message(new QLabel), m_next(new QLineEdit), m_problems(new QListWidget),
       m_failed(new QListWidget), m_failedBox(new QWidget), m_cardArea(new QScrollArea), m_cardGrid(new QGridLayout),
       m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
-      m_stop(new QPushButton(tr("St&op after these radios"))), m_save(new QPushButton(tr("Sa&ve journal..."))),
-      m_print(new QPushButton(tr("Print jour&nal..."))) {
+      m_stop(new QPushButton(tr("St&op after these radios"))), m_statistics(new QPushButton(tr("Stat&istics..."))),
+      m_save(new QPushButton(tr("Sa&ve journal..."))), m_print(new QPushButton(tr("Print jour&nal..."))) {
   m_worker.setMaxThreadCount(1);
   BuildWindow();
   m_refresh.setInterval(2s);
@@ -133,6 +133,7 @@ void FrmFleet::ShowState() {
   m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
   m_next->setEnabled(m_session && !m_plan->plan.isEndless);
+  m_statistics->setEnabled(isUsable);
   m_save->setEnabled(isUsable);
   m_print->setEnabled(isUsable);
   m_problems->setVisible(m_plan && !isUsable);
@@ -140,7 +141,8 @@ void FrmFleet::ShowState() {
 }
 
 void FrmFleet::Start() {
-  if (!m_session && !m_isStarting && m_start->isEnabled()) StartWith(EarlierRows::Ask);
+  if (m_session || m_isStarting || !m_start->isEnabled()) return;
+  if (m_setup->AskOperator() && m_start->isEnabled()) StartWith(EarlierRows::Ask);
 }
 
 void FrmFleet::StartWith(EarlierRows earlier) {

@@ -54,6 +54,13 @@ private:
   [[nodiscard]] QLayout* BuildCounts();
   [[nodiscard]] QLayout* BuildButtons();
   [[nodiscard]] QWidget* BuildFailed();
+  void BuildRowMenu();
+  [[nodiscard]] const JournalRow* CurrentRow() const; // of the table
+  void DecideAboutRow(AttemptOutcome outcome, const QString& question);
+  void ShowRadio();
+  void ShowStatistics();
+  void ShowLines(const QString& title, const std::string& plan,
+                 std::function<std::vector<std::string>(const std::vector<Attempt>&)> linesOf);
   void ForgetPlan();
   void LoadChosenPlan();
   void ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice);
@@ -92,7 +99,7 @@ private:
   QScrollArea* m_cardArea; // 16 cards need more than a small screen
   QGridLayout* m_cardGrid;
   QTableView* m_table;
-  QPushButton *m_start, *m_stop, *m_save, *m_print;
+  QPushButton *m_start, *m_stop, *m_statistics, *m_save, *m_print;
   RowModel m_rows;
   QSortFilterProxyModel m_filtered;
   std::vector<PortCard*> m_cards;

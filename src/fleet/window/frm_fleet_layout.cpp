@@ -88,6 +88,7 @@ void FrmFleet::BuildTable() {
   m_table->verticalHeader()->hide();
   m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
   m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  BuildRowMenu();
 }
 
 // The counts, the box for the next row, and the filter of the table below them.
@@ -123,6 +124,7 @@ QLayout* FrmFleet::BuildButtons() {
     connect(button, &QPushButton::clicked, this, handler);
     line->addWidget(button);
   };
+  add(m_statistics, "cmdStatistics", &FrmFleet::ShowStatistics);
   add(m_save, "cmdSave", &FrmFleet::SaveJournal);
   add(m_print, "cmdPrint", &FrmFleet::PrintOnPaper);
   add(m_stop, "cmdStop", &FrmFleet::StopAfterTheseRadios);

@@ -79,7 +79,13 @@ protected:
     QWidget* const dialog = QApplication::activeModalWidget();
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
       told.append(box->text());
-      box->buttons().front()->click(); // Yes or OK
+      QAbstractButton* const yes = box->button(QMessageBox::Yes);
+      QAbstractButton* const other = box->defaultButton() != nullptr ? box->defaultButton() : box->buttons().front();
+      (yes != nullptr ? yes : other)->click();
+    } else if (auto* const input = qobject_cast<QInputDialog*>(dialog)) {
+      asked.append(input->labelText());
+      input->setTextValue("Ann");
+      input->accept();
     } else if (auto* const chosen = qobject_cast<QFileDialog*>(dialog)) {
       chosen->findChild<QLineEdit*>("fileNameEdit")->setText(file);
       QTest::keyClick(chosen->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
@@ -103,7 +109,7 @@ protected:
   std::unique_ptr<FrmFleet> window;
   QObject user;
   QString file;
-  QStringList told;
+  QStringList told, asked;
 };
 
 TEST(FleetTallyTest, CountsARadioAsItEndedAndNoneWithoutARow) {
@@ -137,6 +143,8 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_TRUE(Await([&] { return Cards().filter("UNPLUG").size() == 2; })); // the journal may be faster
   EXPECT_TRUE(Label("lblCounts").contains("radios not verified: 1")) << Label("lblCounts").toStdString();
 
+  window->activateWindow(); // after the question for the operator
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   auto* const failed = Find<QListWidget>("lstFailed");
   ASSERT_EQ(failed->count(), 1);
   EXPECT_TRUE(failed->item(0)->text().startsWith("radio LR-3, at COM3: set aside: "));
@@ -164,6 +172,26 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   ASSERT_EQ(rows.rowCount(), 1);
   EXPECT_EQ(rows.index(0, 0).data(), "done");
   EXPECT_EQ(rows.index(0, 4).data(), "LR-2");
+  auto* const table = Find<QTableView>("gridRows");
+  table->setCurrentIndex(rows.index(0, 0));
+  QString enabled;
+  const QList<QAction*> actions = table->actions();
+  for (QAction* const action : actions)
+    enabled += action->text() + (action->isEnabled() ? " yes " : " no ");
+  EXPECT_EQ(enabled, "&Free Row... no &Reissue Row... yes &Note... yes &All about the Radio yes ");
+  actions.at(2)->trigger();
+  EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  Ann: row 2, Car 2, radio LR-2: note: Ann"); }));
+  EXPECT_EQ(asked.join('|'), "Who is at the bench today? The journal keeps the name.|Note about Row 2, Car 2:");
+  const std::pair<std::function<void()>, const char*> shown[] = {
+      {[&] { actions.at(3)->trigger(); }, ": note: Ann"},
+      {[&] { QTest::mouseClick(Find<QPushButton>("cmdStatistics"), Qt::LeftButton); }, "COM2"}};
+  for (const auto& [show, part] : shown) {
+    show();
+    ASSERT_TRUE(Await([&] { return window->findChild<QPlainTextEdit*>() != nullptr; })) << part;
+    const QString text = window->findChild<QPlainTextEdit*>()->toPlainText();
+    EXPECT_TRUE(text.contains(part)) << text.toStdString();
+    delete window->findChild<QPlainTextEdit*>()->parentWidget();
+  }
 
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports are finished."; }));
@@ -218,6 +246,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("2 of 4 rows done"); }))
       << Label("lblCounts").toStdString();
+  EXPECT_EQ(asked.size(), 2) << "the name is asked once a day";
   EXPECT_EQ(told, QStringList("The list has changed: 2 done carried over, 1 new, 0 changed, 1 not done. Rows that carry"
                               " over stay done."));
 }

@@ -1,0 +1,40 @@
+// What people ask of a journal and decide in it: about one radio, about a row, and how the work goes.
+#pragma once
+
+#include "fleet_session.h"
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace mr4500x {
+
+struct RowDecision {
+  AttemptOutcome outcome = AttemptOutcome::Note; // Freed, Reissued or Note
+  std::string plan;                              // its key
+  std::size_t row = 0;
+  std::string text, operatorName;
+};
+// Changes the row as decided, and returns the entry about it. Nothing else of the journal is changed or deleted.
+[[nodiscard]] std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::string& address,
+                                                           const RowDecision& decision);
+
+// The key of the only plan whose key begins so. "": the plan that was begun last, if all have the same template.
+[[nodiscard]] std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin);
+
+// All that is known of a radio, a line each. The attempts are those of all plans.
+[[nodiscard]] std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber);
+
+// What one port of a computer did on one day.
+struct PortDay {
+  std::string day; // "2026-11-25", where this computer is
+  std::string computer, port;
+  int verified = 0, failed = 0; // attempts; conflicts and aborted ones count as failed
+  double seconds = 0;           // the mean time of the verified ones
+  [[nodiscard]] double Yield() const { return static_cast<double>(verified) / (verified + failed); }
+};
+[[nodiscard]] std::vector<PortDay> StatisticsOf(const std::vector<Attempt>& attempts);
+// A heading and a line each, with columns of equal width.
+[[nodiscard]] std::vector<std::string> LinesForStatistics(const std::vector<PortDay>& statistics);
+
+} // namespace mr4500x
