@@ -85,9 +85,8 @@ ExitStatus ChoosePort(const Call& call, PortAddress& port) {
 
 // FILE is a port that is there, and PORT a data file.
 bool AreSwapped(const std::string& file, const PortAddress& port) {
-  const auto meant = ParsePortAddress(file);
   std::error_code unknown;
-  return meant && PortExists(*meant) &&
+  return IsPort(file) &&
          (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(PathOf(port.device), unknown));
 }
 
@@ -107,6 +106,11 @@ ExitStatus OpenTrace(const Call& call, std::ofstream& trace) {
 }
 
 } // namespace
+
+bool IsPort(const std::string& text) {
+  const auto port = ParsePortAddress(text);
+  return text == AutoPort || (port && PortExists(*port));
+}
 
 ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run) {
   PortAddress port;
@@ -128,9 +132,7 @@ ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioComma
 }
 
 bool LoadFileOrPort(Call& call, const std::string& fileOrPort, RadioImage& image) {
-  const auto port = ParsePortAddress(fileOrPort);
-  if (fileOrPort != AutoPort && (!port || !PortExists(*port)))
-    return LoadForCommand(call.files, fileOrPort, image, call.terminal);
+  if (!IsPort(fileOrPort)) return LoadForCommand(call.files, fileOrPort, image, call.terminal);
   call.port = fileOrPort;
   const auto read = [&](const RadioCommand& radio) {
     const bool isRead = ReadForCommand(radio, image);

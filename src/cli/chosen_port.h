@@ -8,6 +8,9 @@
 
 namespace mr4500x {
 
+// Whether it can only be meant as a port: a number, a device that exists, or "auto".
+[[nodiscard]] bool IsPort(const std::string& text);
+
 // Runs a command on the port that was given, that MR4500X_PORT names, or that alone has a radio that answers, with its
 // trace if one is wanted.
 [[nodiscard]] ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run);

@@ -66,6 +66,8 @@ ExitStatus Write(Call& c, const RadioCommand& radio) {
 
 // The text is checked before a port is opened.
 ExitStatus WriteInfo(Call& c) {
+  if (!c.text && c.other.empty() && IsPort(c.port))
+    return Refuse(c.terminal, c.port + " is a port, and TEXT is missing");
   if (!c.text && c.other.empty() && !c.port.empty()) c.text = std::exchange(c.port, ""); // PORT was left out
   if (c.text.has_value() != c.other.empty()) return Refuse(c.terminal, "Give either TEXT or --from.");
   const auto text = c.text ? c.text : ReadTextForCommand(c.files, c.other, c.terminal);
