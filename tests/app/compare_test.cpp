@@ -2,6 +2,7 @@
 #include "changes.h"
 #include "fill_messages.h"
 #include "program_fixture.h"
+#include "recent_files.h"
 
 #include "wheel.h"
 #include <QAbstractItemModelTester>
@@ -191,12 +192,14 @@ TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
 
 TEST_F(CompareTest, FollowsTheEditorAndReportsAFileAsOpenDoes) {
   PutDataFile("same.K4X");
+  EXPECT_TRUE(AddRecent(files, Path("MR4500X.ini"), Path("none.K4X")));
   PutBadFiles();
   const std::string undecodable = std::string("!|") + DataErrorTitle + '|' + DataErrorText;
   for (const auto& [name, told] : {std::pair("none.K4X", damaged), {"short.K4X", damaged}, {"zero.K4X", undecodable}}) {
     EXPECT_EQ(Compare(name), nullptr) << name;
     EXPECT_EQ(Happened(), (Lines{"dialog Compare with File", told})) << name;
   }
+  EXPECT_EQ(RecentFiles(files, Path("MR4500X.ini")), RecentFileList()) << "what is missing goes";
   ASSERT_NE(Compare("same.K4X"), nullptr);
   const std::string none = "There are no differences.";
   EXPECT_EQ(Result(), none);
@@ -317,6 +320,8 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
       {"c.csv", "number,rx_freq,tail_cut\n17,,\n3,445.5,\n4,500,maybe\n", "440.00000 6.25",
        refusedImport + "Line 2: number=17: allowed: 1 to 16\nLine 4: rx_freq=500: allowed: 440 to 469.99375 MHz\n"
                        "Line 4: tail_cut=maybe: allowed: one of OFF"},
+      {"large.csv", "number\n" + std::string(std::size_t{1} << 20, '\n'), "440.00000 6.25",
+       "!" + title + "The file " + Path("large.csv") + " can't be read."},
       {"none.csv", "", "440.00000 6.25", "!" + title + "The file " + Path("none.csv") + " can't be read."},
   };
   for (const auto& [name, content, expected, told] : cases) {

@@ -34,7 +34,7 @@ protected:
     }
     std::ofstream((QCoreApplication::applicationDirPath() + "/MR4500X.ini").toStdString())
         << "[Comm Port]\nTrace=" << folder.filePath("trace").toStdString()
-        << "\n[Port Devices]\nCOM1=" << radio.readLine().toStdString();
+        << "\n[Port Devices]\nCOM16=/dev/null\nCOM1=" << radio.readLine().toStdString();
     qputenv("PATH", QFileInfo(LR7200_SIMULATOR).path().toUtf8() + ':' + qgetenv("PATH"));
     program = std::make_unique<Program>();
     window = &program->Window();
@@ -126,15 +126,17 @@ TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
     return window->findChild<QLabel*>(QStringLiteral("stbMain.Panels(%1)").arg(panel))->text().toStdString();
   };
   auto& item = *window->findChild<QAction*>("mnuHelpPractise");
+  EXPECT_TRUE(item.isVisible());
   item.trigger();
   ASSERT_TRUE(item.isChecked());
-  EXPECT_EQ(status(1) + '|' + status(2), "Practising with a simulated radio on COM16|COM 16");
+  EXPECT_EQ(status(1) + '|' + status(2), "Practising with a simulated radio on COM15|COM 15");
   DoTransfer(Qt::Key_F3, TitleOf(RadioOrigin{Transfer::ReadInfo}));
   EXPECT_EQ(told, Lines{"Read Information Completely"});
   EXPECT_EQ(window->State().PortToKeep(), 1);
   item.trigger();
   EXPECT_FALSE(item.isChecked());
   EXPECT_EQ(status(1) + '|' + status(2), std::string(ProgramTitle) + "|COM 1");
+  EXPECT_EQ(window->State().practicePort, 0) << "the port is another's again";
 }
 
 TEST(Program, PrintsItsUsageWithoutADisplay) {

@@ -324,6 +324,7 @@ TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNotDuringATransfer) {
   QTest::keyClick(window->findChild<QLineEdit*>("txtANI"), Qt::Key_Left);
   input.Hold(HeldPointer::Busy);
   QTest::qWait(1300); // the copy is due after a second
+  window->KeepForSession();
   EXPECT_EQ(Kept("session-"), Lines()) << "in the middle of a transfer";
   input.Release();
   EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 3000));

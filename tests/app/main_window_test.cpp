@@ -153,6 +153,10 @@ TEST_F(ProgramTest, KeysActWhereTheFrameIsAfterEveryCommand) {
     QTest::keyClick(window->focusWidget(), key);
     EXPECT_EQ(window->focusWidget()->objectName(), "Command1") << key;
   }
+  window->findChild<QWidget*>("gridChannel")->setFocus();
+  QWidget& background = *window->Panel().parentWidget();
+  QTest::mouseClick(&background, Qt::LeftButton, {}, background.rect().bottomRight());
+  EXPECT_EQ(window->focusWidget()->objectName(), "Command1") << "beside the panel";
 }
 
 TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {

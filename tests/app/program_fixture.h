@@ -150,7 +150,7 @@ protected:
   UserInput input;
   struct WatchedRadio : PracticeRadio {
     using PracticeRadio::PracticeRadio, QObject::receivers;
-  } practice{"/nowhere/lr7200-simulator"};
+  } practice{""}; // not installed
   std::unique_ptr<FrmMain> window;
 };
 

@@ -131,6 +131,13 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   RadioImage kept;
   for (const std::string name : {"20041104_090507.K4X", "20041104_090507_2.K4X"})
     EXPECT_EQ(LoadDataFile(files, Path("kept/7777777777777777_" + name), kept).outcome, LoadOutcome::Loaded);
+  EXPECT_EQ(kept.FiveToneStandard, kept.ResetTimeBlock[2]);
+  std::filesystem::remove(Path("backup"));
+  radio.spoil = [](std::size_t frame, LineBytes& reply) { frame == 9 ? reply.clear() : void(); };
+  const auto before = radio.memory;
+  Choose("mnuProgramWrite");
+  EXPECT_EQ(Happened().size(), 1U) << "the backup was interrupted";
+  EXPECT_EQ(radio.memory, before);
 }
 
 // Ports of which some can be opened.

@@ -84,6 +84,7 @@ TEST_F(WindowCommandsTest, HelpOpensTheManualAndAboutTheMakersPage) {
   });
   for (const char* const command : {"mnuHelpContents", "mnuHelpIndex", "mnuHelpAbout"})
     Choose(command);
+  EXPECT_FALSE(Item("mnuHelpPractise")->isVisible()) << "without the simulator";
   EXPECT_EQ(Happened(), (Lines{"help contents", "help index", "link https://www.calvorne-vtr.example/"}));
 }
 

@@ -34,6 +34,8 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   ExpectAll({{dry, 0, "3 rows: 2 done, 0 taken, 1 free\n"},
              {dry + " --journal " + Path("none.journal"), 0, "3 rows: 0 done, 0 taken, 3 free\n"},
              {"fleet --dry-run " + file + " --rows " + Path("log.csv"), 2, "line 1, "}});
+  Put("a.journal-wal", "");
+  EXPECT_EQ(Cli(dry + " --log " + Path("a.journal-wal")).status, 2) << "is the journal's";
   EXPECT_FALSE(std::filesystem::exists(Path("none.journal")));
   EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --json").output, "\"outcome\": \"verified\""), 2U);
   EXPECT_EQ(CountOf(two.output, ": verified"), 2U) << two.output;
@@ -42,13 +44,14 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(Content("log.csv"), ",verified,"), 2U) << Content("log.csv");
 
   // The same again: what is done is not written anew. Another band is, as asked for.
-  const Ended all = Fleet(rows + " --accept-band --backup " + Path("kept") + " --trace " + Path("traces") + " --log " +
-                          Path("log2.csv"));
+  const Ended all = Fleet(rows + " --accept-band --compare-done --backup " + Path("kept") + " --trace " +
+                          Path("traces") + " --log " + Path("log2.csv"));
   EXPECT_EQ(all.status, 0) << all.output;
   EXPECT_EQ(CountOf(Content("log2.csv"), ",verified,"), 1U) << "of this bench alone";
   EXPECT_TRUE(Shell("ls " + Path("kept")).output.starts_with("LR-3_"));
   EXPECT_EQ(Shell("grep -l radio " + Path("traces/*.txt") + " | wc -l").output, "3\n") << "one for each port";
   EXPECT_EQ(CountOf(all.output, "done before"), 2U) << all.output;
+  EXPECT_GE(CountOf(all.output, ": reading back"), 3U) << "the whole is compared: " << all.output;
   EXPECT_EQ(CountOf(all.output, "LR-3: verified"), 1U) << all.output;
   EXPECT_EQ(
       Shell(MR4500X_CLI " read --quick " + port + " - 2>/dev/null | " MR4500X_CLI " get - channels.1.rx_freq").output,
@@ -167,10 +170,14 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
 
 TEST_F(FleetCommandTest, NoPortIsGivenTwice) {
   std::filesystem::create_directory(Path("bin")); // the tool with a settings file beside it
-  Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=/nowhere\n");
+  StartRadio();
+  Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=" + port + "\nCOM4=" + port + '\n');
   const Ended all = Shell("cp " MR4500X_CLI " " MR4500X_CLI "-fleet " + Path("bin && ") +
                           Path("bin/mr4500x-cli fleet --ports all,3 ") + file);
   EXPECT_NE(all.output.find("COM3 is given twice\n"), std::string::npos) << all.output;
+  const Ended only = Shell(Path("bin/mr4500x-cli identify auto"));
+  EXPECT_TRUE(only.output.starts_with("auto: COM3\nID Number")) << "of two ports with one radio: " << only.output;
+  EndRadio();
 }
 
 } // namespace

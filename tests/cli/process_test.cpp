@@ -37,6 +37,7 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   ExpectAll({{"identify " + port, 0, "ID Number"},
              {"read --quick " + port + ' ' + Path("{id}.K4X") + " --trace " + Path("trace"), 0, "ID Number"},
              {"verify --trace no/trace " + ofRadio, 1, "no/trace: No such file"},
+             {"identify --trace /dev/full " + port, 1, "ID Number"},
              {"write --quick --verify --backup " + Path("kept") + ' ' + ofRadio, 1, Path("kept/LR7200-000004217_")},
              {"diff --quick " + read + ' ' + port, 1, "Battery Save  10s  OFF\n"},
              {"info write " + port, 2, ""}});

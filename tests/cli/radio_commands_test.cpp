@@ -77,6 +77,9 @@ TEST_F(RadioCommandsTest, IdentifyAndReadTellWhoTheRadioIsAndChangeNothing) {
   EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), false), Failed) << "the file exists";
   EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), true), Done);
   EXPECT_EQ(radio.memory, before);
+  std::fill_n(radio.memory.begin() + 0x1F0, 16, std::uint8_t{0});
+  EXPECT_EQ(RunRead(command, Path("{id}.K4X"), false), Done);
+  EXPECT_TRUE(Names().contains("unknown.K4X"));
   for (const bool standard : {true, false}) {
     err.str("");
     radio.memory[0x1C2] = standard ? 1 : 0;
@@ -174,6 +177,12 @@ TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {
   ASSERT_TRUE(StoreEmbeddedText(info, *InfoFromKept(Content(stem + ".txt"))));
   EXPECT_EQ(RunInfoWrite(command, info, true), Done);
   EXPECT_TRUE(std::equal(before.begin() + 0x210, before.begin() + 0x300, radio.memory.begin() + 0x210));
+  radio.spoil = [&](std::size_t, LineBytes&) { // when it has been written
+    if (radio.frames.back().size() == 12 && radio.frames.back()[2] == 0xF8) radio.memory[0x220] = 'x';
+  };
+  EXPECT_EQ(RunInfoWrite(command, info, true), Failed);
+  radio.spoil = nullptr;
+  EXPECT_EQ(RunInfoWrite(command, info, false), Done);
   EXPECT_EQ(RunInfoRead(command, ShowAs::Table), Done);
   EXPECT_EQ(Printed(), "ab\nc\n2026-11-04, 09:05:07\n");
 }

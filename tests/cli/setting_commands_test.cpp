@@ -47,6 +47,12 @@ protected:
   void Restore() { std::filesystem::copy_file(a, b, std::filesystem::copy_options::overwrite_existing); }
 };
 
+TEST_F(SettingCommandsTest, APatchHasWhatWouldFollowFromItAndMustNot) {
+  EXPECT_EQ(Set({"channels.1.rx_tone=CTC88.5", "channels.1.tail_cut=OFF"}), "");
+  EXPECT_NE(Diff(DiffForm::Patch).find("\"tail_cut\": \"OFF\""), std::string::npos) << "of a tone";
+  Restore();
+}
+
 // What is given wins over what follows from another value, whatever the order on the command line.
 TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
   for (const Row& row : RowsOf(CASES "set_changes.txt", "([^:]*): (.*) -> (.*) -> (.*)")) {
