@@ -62,13 +62,12 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
 TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
   const std::string readBegins = "computer 72 45 41 44\n", writeBegins = "computer 77 52 49 54 45\n";
   const std::map<std::string, int> signals = {{"INT", SIGINT}, {"TERM", SIGTERM}, {"HUP", SIGHUP}, {"QUIT", SIGQUIT}};
-  const std::vector<Row> rows = RowsOf(CASES "signals.txt", "(\\w+) x(\\d) (.*) @ (.*) -> (.*) -> (\\d) (\\d)");
+  std::vector<Row> rows = RowsOf(CASES "signals.txt", "(\\w+) x(\\d) (.*) @ (.*) -> (.*) -> (\\d) (\\d)");
   struct Running {
     std::string number, device;
     Process process;
     bool isSignalled = false;
   };
-  std::vector<Running> all;
   const auto filledIn = [&](std::string text, const Running& at) {
     for (const std::string name : {"PORT", "FILE", "TRACE", "COPY", "KEPT"}) {
       const std::string value = name == "PORT" ? at.device : name == "FILE" ? file : Path(name + at.number);
@@ -76,32 +75,42 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
     }
     return text;
   };
-  for (const Row& row : rows) {
-    const std::string number = std::to_string(all.size());
-    StartRadio(" --pace 9600", "memory" + number); // else it is over at once
-    all.push_back({number, port, {}});
-    all.back().process = Start(MR4500X_CLI " " + filledIn(row[3], all.back()) + " 2>&1");
-  }
-  for (int tries = 0; tries < 20'000 && !std::ranges::all_of(all, &Running::isSignalled); ++tries, usleep(1000))
-    for (std::size_t i = 0; i < all.size(); ++i) {
-      if (all[i].isSignalled || CountOf(Content("TRACE" + all[i].number), rows[i][4] + '\n') == 0) continue;
-      for (int times = std::stoi(rows[i][2]); times > 0; --times)
-        kill(all[i].process.id, signals.at(rows[i][1]));
-      all[i].isSignalled = true;
+  for (int round = 0; round <= 3 && !rows.empty(); ++round) { // again where the radio was late, on a busy machine
+    std::vector<Running> all;
+    std::vector<Row> again;
+    for (const Row& row : rows) {
+      const std::string number = std::to_string(round) + '-' + std::to_string(all.size());
+      StartRadio(" --pace 9600", "memory" + number); // else it is over at once
+      all.push_back({number, port, {}});
+      all.back().process = Start(MR4500X_CLI " " + filledIn(row[3], all.back()) + " 2>&1");
     }
-  for (std::size_t i = 0; i < all.size(); ++i) {
-    const std::string& arguments = rows[i][3];
-    const std::size_t reads = std::stoul(rows[i][6]), writes = std::stoul(rows[i][7]);
-    const auto [status, output] = Await(all[i].process);
-    const std::string trace = Content("TRACE" + all[i].number);
-    SCOPED_TRACE(arguments + ": " + output + trace);
-    EXPECT_EQ(status, arguments.starts_with("fleet") ? 1 : 128 + signals.at(rows[i][1]));
-    EXPECT_EQ(CountOf(output + trace, filledIn(rows[i][5], all[i])), 1U);
-    EXPECT_EQ(CountOf(trace, readBegins) > 0, reads > 0); // again if the radio is late
-    EXPECT_EQ(CountOf(trace, writeBegins) > 0, writes > 0);
-    EXPECT_EQ(CountOf(trace, "computer 57 AA AA AA"), reads + writes); // each session has its end
+    for (int tries = 0; tries < 20'000 && !std::ranges::all_of(all, &Running::isSignalled); ++tries, usleep(1000))
+      for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i].isSignalled || CountOf(Content("TRACE" + all[i].number), rows[i][4] + '\n') == 0) continue;
+        for (int times = std::stoi(rows[i][2]); times > 0; --times)
+          kill(all[i].process.id, signals.at(rows[i][1]));
+        all[i].isSignalled = true;
+      }
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const std::string& arguments = rows[i][3];
+      const std::size_t reads = std::stoul(rows[i][6]), writes = std::stoul(rows[i][7]);
+      const auto [status, output] = Await(all[i].process);
+      const std::string trace = Content("TRACE" + all[i].number);
+      const bool isLate = CountOf(output + trace, "please retry") + CountOf(output + trace, "was swapped") > 0;
+      if (isLate && round < 3) {
+        again.push_back(rows[i]);
+        continue;
+      }
+      SCOPED_TRACE(arguments + ": " + output + trace);
+      EXPECT_EQ(status, arguments.starts_with("fleet") ? 1 : 128 + signals.at(rows[i][1]));
+      EXPECT_EQ(CountOf(output + trace, filledIn(rows[i][5], all[i])), 1U);
+      EXPECT_EQ(CountOf(trace, readBegins) > 0, reads > 0); // again if the radio is late
+      EXPECT_EQ(CountOf(trace, writeBegins) > 0, writes > 0);
+      EXPECT_EQ(CountOf(trace, "computer 57 AA AA AA"), reads + writes); // each session has its end
+    }
+    EndRadio();
+    rows = again;
   }
-  EndRadio();
 }
 
 TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
