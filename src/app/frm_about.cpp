@@ -26,10 +26,11 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
 
 // The libraries of all programs, unmodified. No fonts are shipped.
 QString LicencesText() {
-  return QDialog::tr("Qt %1 and its modules, shared libraries of the system: LGPL version 3\n"
-                     "CLI11, compiled into mr4500x-cli, mr4500x-cli-fleet and lr7200-simulator: BSD 3-Clause\n"
-                     "nlohmann-json, compiled into mr4500x-cli, mr4500x-cli-fleet and mr4500x-cli-print: MIT\n"
-                     "The notices of what is compiled in are in the file copyright, which is installed in\n%2")
+  return QDialog::tr(
+             "Qt %1 and its modules, shared libraries of the system: LGPL version 3\n"
+             "CLI11, compiled into mr4500x-cli, mr4500x-cli-fleet and lr7200-simulator: BSD 3-Clause\n"
+             "nlohmann-json, compiled into mr4500x-cli, mr4500x-cli-fleet, mr4500x-cli-print and MR4500X-fleet: MIT\n"
+             "The notices of what is compiled in are in the file copyright, which is installed in\n%2")
       .arg(QLatin1String(qVersion()), QLatin1String(MR4500X_DOCUMENTS_FOLDER));
 }
 
