@@ -1,6 +1,6 @@
 # Sourced by ./package --windows and ./test --windows: the cross-compiler, Qt for Windows, and Wine. After tools/setup.sh.
 windows_packages="$build_packages g++-mingw-w64-x86-64-posix icoutils librsvg2-bin"
-windows_qt_packages="dpkg-dev tclsh xz-utils"
+windows_qt_packages="dpkg-dev tcl xz-utils"
 windows_package_packages="$windows_packages $windows_qt_packages nsis"
 windows_test_packages="$windows_packages nsis libgtest-dev googletest wine64 fonts-wine xvfb imagemagick xdotool poppler-utils"
 
