@@ -1,6 +1,6 @@
 // A full read and a full write with the simulated radio at the real line speed, compared with the sum of the prescribed
-// waits and the time of the bytes on the line; the same at the quick pace, where the records should take no more than
-// 1.15 of their time on the line.
+// waits and the time of the bytes on the line. At the quick pace the records should take at most 1.15 times their time
+// on the line.
 #include "child_process.h"
 
 #include "exchange.h"
@@ -26,7 +26,7 @@ constexpr double WriteWakeUp = 80 + (80 + 5 * ByteTime + 2 * PollRound + 10) + 2
 constexpr double WriteEnd = 12 * ByteTime + 50 + PollRound;
 
 // Opening, a wake-up answered in its first round, the records, and the wait at the end. A record takes its waits, its
-// request on the line, and the rounds up to the one after the look that finds the reply.
+// request on the line, and the rounds up to the one after the check that finds the reply.
 constexpr double ReadSum = ReadWakeUp + 103 * (10 + 4 * ByteTime + 2 * PollRound + 10) + ReadEnd;
 constexpr double WriteSum = WriteWakeUp + 66 * (12 * ByteTime + 20 + PollRound) + WriteEnd;
 
@@ -105,7 +105,7 @@ void FullRead(benchmark::State& state) {
 void FullWrite(benchmark::State& state) {
   MeasureWrite(state, WriteSum, Speed::Prescribed);
 }
-// Here "prescribed" includes what the records may take over their time on the line.
+// Here "prescribed" includes the tolerance of the records over their time on the line.
 void QuickRead(benchmark::State& state) {
   MeasureRead(state, ReadWakeUp + MostOverLine * QuickReadLine + ReadEnd, Speed::Quick);
 }

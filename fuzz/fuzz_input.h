@@ -48,6 +48,6 @@ private:
   std::span<const std::uint8_t> m_rest;
 };
 
-void Fuzz(FuzzInput input); // what each target is, run by the fuzzer and the replay
+void Fuzz(FuzzInput input); // defined by each target, called by the fuzzer and the replay
 
 } // namespace mr4500x

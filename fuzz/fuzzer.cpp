@@ -1,4 +1,4 @@
-// The fuzzer's way into a target.
+// The fuzzer's entry point of a target.
 #include "fuzz_input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

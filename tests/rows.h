@@ -1,4 +1,4 @@
-// Tables of cases in text files beside their tests: a case a line, "#" begins a remark.
+// Tables of test cases in text files beside the tests, one case per line. "#" begins a comment.
 #pragma once
 
 #include <gtest/gtest.h>

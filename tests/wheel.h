@@ -1,4 +1,4 @@
-// The wheel of a mouse, as a test turns it.
+// Turns the mouse wheel over a widget.
 #pragma once
 
 #include <QApplication>

@@ -33,7 +33,7 @@ struct CommandContext {
   QAction& closeItem;
   QWidget& window;
 
-  void SetOrigin(Origin origin) const; // and the title
+  void SetOrigin(Origin origin) const; // also updates the title
   // The name to propose for a file, without an extension: the data file's or, after a read, the radio's.
   [[nodiscard]] std::string ProposedStem() const;
   Answer Show(const Message& message, MessageButtons buttons = MessageButtons::Ok) const;
@@ -65,13 +65,14 @@ void WriteInfo(const CommandContext& context);
 void Port(const CommandContext& context);
 void HelpContents(const CommandContext& context);
 void HelpIndex(const CommandContext& context);
-void HelpHere(const CommandContext& context); // on the control that has the focus
+void HelpHere(const CommandContext& context); // help about the control that has the focus
 void WhatsThis(const CommandContext& context);
 void About(const CommandContext& context);
 void Practise(const CommandContext& context);    // begins or ends it
 void EndPractice(const CommandContext& context); // the simulated radio has ended
 
-void OpenGiven(const CommandContext& context, const std::string& path); // from the recent files or the command line
+void OpenGiven(const CommandContext& context,
+               const std::string& path); // path from the recent files or the command line
 void Compare(const CommandContext& context);
 void CompareRadio(const CommandContext& context);
 void AskImport(const CommandContext& context);

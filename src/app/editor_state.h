@@ -26,7 +26,7 @@ struct RadioOrigin {
 using NoOrigin = std::monostate; // the data of a new configuration
 using Origin = std::variant<NoOrigin, FileOrigin, RadioOrigin>;
 
-[[nodiscard]] std::string TitleOf(const Origin& origin); // of the window
+[[nodiscard]] std::string TitleOf(const Origin& origin); // the window title
 
 struct EditorState {
   Origin origin;
@@ -34,7 +34,7 @@ struct EditorState {
   bool ImageIsPartial = false; // after an interrupted read or open: data that the editor does not show was lost
   bool InfoIsPartial = false;  // the same, of the embedded information
   int CommPortNumber = 1;
-  int practicePort = 0; // of the simulated radio, 0 without one
+  int practicePort = 0; // port of the simulated radio, or 0
   int portBeforePractice = 0;
   WriteHabits writeHabits;
   [[nodiscard]] int PortToKeep() const { return CommPortNumber == practicePort ? portBeforePractice : CommPortNumber; }

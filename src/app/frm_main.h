@@ -58,7 +58,7 @@ private:
   void Load();
   void TakeDesignSize();
   void ShowView(View view);
-  void ShowState(); // by the ticks in the menus
+  void ShowState(); // updates the ticks in the menus
   void StoreGeometry();
   // Runs a command unless another is running. Afterwards the port and the progress window are closed in any case.
   void RunCommand(const std::function<void(const CommandContext&)>& command);
@@ -73,7 +73,7 @@ private:
   EditorState m_state;
   EditorPanel* m_panel = nullptr;
   StatusPanels* m_status = nullptr;
-  QWidget* m_background = nullptr; // of the panel
+  QWidget* m_background = nullptr; // the background of the panel
   WorkKeeper* m_keeper = nullptr;
   // The actions whose state changes.
   QAction* m_mnuFileClose = nullptr;

@@ -34,7 +34,7 @@ public:
     if (option != nullptr) setText(option->accessibleDescription());
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Enter) ShowHint(static_cast<QWidget*>(watched)); // of a grey one too
+    if (event->type() == QEvent::Enter) ShowHint(static_cast<QWidget*>(watched)); // also for a grey port
     if (event->type() == QEvent::Leave) ShowHint(m_options.checkedButton());
     return QLabel::eventFilter(watched, event);
   }

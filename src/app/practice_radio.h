@@ -12,7 +12,7 @@ namespace mr4500x {
 class PracticeRadio : public QObject {
   Q_OBJECT
 public:
-  explicit PracticeRadio(std::string simulator); // its path, "" where there is none
+  explicit PracticeRadio(std::string simulator); // path of the program, or ""
   ~PracticeRadio() override;
 
   // Returns as soon as it serves its device: nullopt, or the reason why it does not run.
@@ -23,7 +23,7 @@ public:
   [[nodiscard]] const std::string& Device() const { return m_device; }
 
 signals:
-  void Ended(); // by itself or by Stop
+  void Ended(); // emitted when it ends, also by Stop
 
 private:
   std::string m_simulator;

@@ -64,7 +64,7 @@ void ShowSettingHelp(QWidget& window) {
       help = HelpOf(*label->buddy());
     if (help == nullptr) continue;
     control->setWhatsThis(help->lines);
-    if (control->toolTip().isEmpty()) control->setToolTip(help->lines); // else a port's
+    if (control->toolTip().isEmpty()) control->setToolTip(help->lines); // otherwise it is the tool tip of a port
   }
   for (const QTableWidget* const table : window.findChildren<QTableWidget*>())
     for (int column = 0; column < table->columnCount(); ++column) {

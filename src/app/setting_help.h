@@ -14,7 +14,7 @@ namespace mr4500x {
 
 struct SettingHelp {
   QString lines; // what it does, its default, when it is grey
-  QString page;  // of the manual
+  QString page;  // page of the manual
 };
 // By the identifier of a setting without the number of its entry, or the name of a control.
 [[nodiscard]] const std::map<QString, SettingHelp>& SettingHelps();

@@ -13,7 +13,7 @@
 namespace mr4500x {
 namespace {
 
-// How many letters have to be put in, left out or changed.
+// The number of letters to be inserted, removed or changed.
 std::size_t EditsBetween(std::string_view from, std::string_view to) {
   std::vector<std::size_t> row(to.size() + 1); // for the letters of `from` so far, and as many of `to`
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -54,7 +54,7 @@ std::string InfoToPrint(std::u16string_view text) {
     const std::string_view before = rest;
     const char32_t c = TakeCodePoint(rest);
     const bool isControl = IsControl(c) && c != '\n' && c != '\t';
-    printed += isControl ? "." : before.substr(0, before.size() - rest.size()); // none may control the terminal
+    printed += isControl ? "." : before.substr(0, before.size() - rest.size()); // no character may control the terminal
   }
   return printed;
 }

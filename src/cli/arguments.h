@@ -1,4 +1,4 @@
-// What a command's arguments mean, and texts for the terminal.
+// Interprets a command's arguments, and formats texts for the terminal.
 #pragma once
 
 #include <string>
@@ -7,13 +7,14 @@
 
 namespace mr4500x {
 
-// Whether a file of that name is a data file: by its ending, in capitals or not.
+// Whether the name has the ending of a data file, in any case.
 [[nodiscard]] bool HasDataFileEnding(const std::string& path);
 
-// The name that may have been meant: two letters at most are missing, wrong or too many. "" if there is none.
+// The name that was probably meant, with at most two missing, wrong or extra letters. "" if there is none.
 [[nodiscard]] std::string NearestOf(std::string_view word, const std::vector<std::string>& names);
 
-// To print: what a text box shows, with plain line feeds. Other control characters except tabs become ".".
+// The text for printing, as a text box shows it, with plain line feeds. Other control characters except tabs become
+// ".".
 [[nodiscard]] std::string InfoToPrint(std::u16string_view text);
 
 } // namespace mr4500x

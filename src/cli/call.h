@@ -1,4 +1,4 @@
-// A command line as it was given, and what its command works with.
+// A parsed command line, and the services of its command.
 #pragma once
 
 #include "diff_command.h"
@@ -14,7 +14,7 @@ struct Call {
   FileSystem& files;
   Terminal& terminal;
   std::string file{};  // FILE or A
-  std::string other{}; // what is read or written beside it
+  std::string other{}; // the second file that is read or written
   std::string output{}, port{}, trace{}, backup{};
   std::optional<std::string> text{};
   std::vector<std::string> words{};

@@ -9,7 +9,7 @@
 namespace mr4500x {
 namespace {
 
-// Imports the good rows and leaves only them; appends the cells that keep others out.
+// Imports the valid rows and removes the others. Appends the refused cells.
 void ImportGoodRows(RadioImage& image, ChannelList& list) {
   for (;;) {
     const std::vector<RefusedCell> refused = ApplyCells(image, CellsOf(list.rows), PointTexts());
@@ -42,7 +42,7 @@ ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool sk
     for (const std::string& column : list.leftOut)
       terminal.err << name << ' ' << column << ": column ignored; the radio has no such setting\n";
     if (!list.bad.empty() && !(skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
-    return !list.bad.empty() && list.rows.empty() ? ExitStatus::Failed : ExitStatus::Done; // none was left to import
+    return !list.bad.empty() && list.rows.empty() ? ExitStatus::Failed : ExitStatus::Done; // there was none to import
   });
 }
 

@@ -9,12 +9,12 @@ namespace mr4500x {
 
 class FileSystem;
 
-// Writes the channels as CSV; to standard output for "-".
+// Writes the channels as CSV, to standard output for "-".
 [[nodiscard]] ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv,
                                            Terminal& terminal);
 
-// Takes the channels of the list `given.input`. A bad line is reported, and left out if `skipsBad`; else one is enough
-// to leave the file as it was.
+// Imports the channels of the list `given.input`. Refused lines are reported. They are skipped if `skipsBad`; otherwise
+// the file is not changed.
 [[nodiscard]] ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool skipsBad,
                                            Terminal& terminal);
 

@@ -29,7 +29,7 @@ std::array<std::string, HighestPort> Pins(FileSystem& files) {
   return PortDevices(files, SettingsFilePath(files, ProgramFolder(), UserConfigFolder()));
 }
 
-// COM1 to COM16 with their devices as they are now.
+// COM1 to COM16 with their current devices.
 struct MachinePorts {
   explicit MachinePorts(FileSystem& files) : pins(Pins(files)) {}
   [[nodiscard]] PortDevice DeviceOf(int number) const { return DeviceOfPort(number, pins, devices); }
@@ -69,7 +69,7 @@ ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
   return Done;
 }
 
-// The port that was given, or else is the default.
+// The given or the default port.
 ExitStatus ChoosePort(const Call& call, PortAddress& port) {
   const char* const standard = std::getenv("MR4500X_PORT");
   const std::string text = call.port.empty() && standard != nullptr ? standard : call.port;
@@ -83,15 +83,14 @@ ExitStatus ChoosePort(const Call& call, PortAddress& port) {
                     " must be a number from 1 to 16, the path of a device, or auto.");
 }
 
-// FILE is a port that is there, and PORT a data file.
+// FILE is an existing port, and PORT a data file.
 bool AreSwapped(const std::string& file, const PortAddress& port) {
   std::error_code unknown;
   return IsPort(file) &&
          (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(PathOf(port.device), unknown));
 }
 
-// The file that the trace is added to, never one that the command works with. A pipe without a reader is not waited
-// for.
+// The file that the trace is appended to. It must not be a file of the command. Does not wait for the reader of a pipe.
 ExitStatus OpenTrace(const Call& call, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;

@@ -1,4 +1,4 @@
-// The machine's ports, and the radio at the one that a command line names.
+// The machine's ports, and the radio at the port of a command line.
 #pragma once
 
 #include "call.h"
@@ -8,14 +8,15 @@
 
 namespace mr4500x {
 
-// Whether it can only be meant as a port: a number, a device that exists, or "auto".
+// Whether the text can only be a port: a number, a device that exists, or "auto".
 [[nodiscard]] bool IsPort(const std::string& text);
 
-// Runs a command on the port that was given, that MR4500X_PORT names, or that alone has a radio that answers, with its
-// trace if one is wanted.
+// Runs a command on the given port, the port in MR4500X_PORT, or the only port with a radio that answers. Writes the
+// trace if requested.
 [[nodiscard]] ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run);
 
-// Loads a file, or reads the radio if it is a port's number or leads to a device. False, with a message, if it can't.
+// Loads a file, or reads the radio if the name is a port number or the path of a device. False, with a message, on
+// failure.
 [[nodiscard]] bool LoadFileOrPort(Call& call, const std::string& fileOrPort, RadioImage& image);
 
 [[nodiscard]] ExitStatus ListPorts(Call& call);

@@ -19,13 +19,13 @@
 namespace mr4500x {
 namespace {
 
-// One with a dash is an option. Others go by their position; in brackets they can be left out.
+// A name with a dash is an option. The others are positional, and optional if in brackets.
 struct Argument {
   const char* name = nullptr;
   std::variant<bool Call::*, std::string Call::*, std::optional<std::string> Call::*, std::vector<std::string> Call::*>
       value;
   const char* about = nullptr;
-  const char* type = ""; // what an option takes
+  const char* type = ""; // the type of an option's value
 };
 
 struct Command {
@@ -79,7 +79,7 @@ ExitStatus WriteInfo(Call& c) {
   return WithRadio(c, [&](const RadioCommand& radio) { return RunInfoWrite(radio, block, c.isVerified); });
 }
 
-// The program that draws the pages takes the place of this one.
+// Replaces this program by the one that draws the pages.
 ExitStatus Print(Call& c) {
   if (c.output.empty() || LeadsToDataFile(c.files, c.file, c.output))
     return Refuse(c.terminal, "OUT.pdf is the PDF file to write; it must not be a data file.");
@@ -207,7 +207,7 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
     });
 }
 
-// Of the forms in which a command can print something, only one can be chosen.
+// Only one of a command's output forms can be chosen.
 void ExcludeEachOther(CLI::App& command) {
   constexpr const char* Forms[] = {"--json", "--identifiers", "--patch"};
   for (const char* const one : Forms)

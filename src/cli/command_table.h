@@ -11,11 +11,11 @@ class App;
 
 namespace mr4500x {
 
-// The parser fills in `call`, and sets what runs the command.
+// The parser fills in `call`, and sets the function that runs the command.
 void DeclareCommands(CLI::App& app, Call& call, std::function<ExitStatus()>& chosen);
 
-// Replaces this process with a program beside it, which loads the libraries that other commands start without. Returns
-// only if it fails.
+// Replaces this process by a program beside it, which loads libraries that the other commands do not need. Returns only
+// on failure.
 ExitStatus BecomePart(const std::string& name, std::vector<std::string> arguments, Terminal& terminal);
 
 } // namespace mr4500x

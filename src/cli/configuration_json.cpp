@@ -15,10 +15,10 @@ namespace mr4500x {
 namespace {
 
 using Json = nlohmann::ordered_json;
-using ReadJson = nlohmann::json; // looks up its keys, of which a document may have any number
+using ReadJson = nlohmann::json; // looks up its keys quickly, of which a document may have any number
 
 constexpr int Format = 1;
-constexpr std::size_t MostLevels = 8; // of arrays and objects; a document has three
+constexpr std::size_t MostLevels = 8; // levels of arrays and objects; a document has three
 // By FieldKind.
 constexpr std::array<std::string_view, 5> Needed = {"needs a text, or an object with a code", "needs a number",
                                                     "needs a text", "needs a text", "needs true or false"};
@@ -57,7 +57,7 @@ std::string PlaceOf(std::string_view text, std::size_t offset) {
   return std::to_string(std::ranges::count(before, '\n') + 1) + ':' + std::to_string(column) + ": ";
 }
 
-// What the parser says about the document, without its name, place and surroundings.
+// The parser's message, without its name, the position and the surrounding text.
 std::string ReasonOf(const ReadJson::parse_error& error) {
   const std::string_view all = error.what();
   const std::size_t begin = std::min(all.find(" - "), all.size());
@@ -65,7 +65,7 @@ std::string ReasonOf(const ReadJson::parse_error& error) {
   return "not a JSON document" + std::string(reason);
 }
 
-// Finds what the parser would drop or take without a word, before it makes a document.
+// Finds errors that the parser would silently ignore, before it builds the document.
 struct Strictness final : nlohmann::json_sax<ReadJson> {
   std::string problem;
 
@@ -101,14 +101,14 @@ private:
     return true;
   }
 
-  std::vector<std::set<std::string>> m_keys; // of the objects and arrays around the current value
+  std::vector<std::set<std::string>> m_keys; // keys of the objects and arrays around the current value
 };
 
 // Collects the changes of a document.
 class Reader {
 public:
   Changes Read(std::string_view text) {
-    const std::size_t zero = text.find('\0'); // which the parser takes for the end
+    const std::size_t zero = text.find('\0'); // which the parser treats as the end
     if (zero != std::string_view::npos) return {{}, {}, PlaceOf(text, zero) + "not a JSON document - a zero byte"};
     ReadJson document;
     try {
@@ -116,7 +116,7 @@ public:
       ReadJson::sax_parse(text, &strictness);
       if (!strictness.problem.empty()) return {{}, {strictness.problem}};
       document = ReadJson::parse(text);
-    } catch (const ReadJson::parse_error& error) { // which counts its bytes from 1
+    } catch (const ReadJson::parse_error& error) { // its byte positions count from 1
       return {{}, {}, PlaceOf(text, std::min(std::max<std::size_t>(error.byte, 1) - 1, text.size())) + ReasonOf(error)};
     } catch (const ReadJson::out_of_range&) {
       return {{}, {}, " not a JSON document - a number is out of range"};
@@ -154,7 +154,7 @@ private:
     }
   }
 
-  // Of an array: the number that a channel has, or the place of another entry, counted from 1.
+  // For an array: the number of a channel, or the position of another entry, counted from 1.
   static std::string EntryOf(const std::string& path, const std::string& index, const ReadJson& entry) {
     if (path == NameOf(FieldGroup::Tts) || !entry.is_object()) return std::to_string(std::stoul(index) + 1);
     if (!entry.contains("number")) return "(without a number)";

@@ -10,22 +10,22 @@
 
 namespace mr4500x {
 
-// Scripts rely on the keys and their order. Values that break the editor's rules, as a radio may hold them, are named
-// once more at the end, under "as_stored".
+// Scripts rely on the keys and their order. Values that break the editor's rules, as values in a radio may, are listed
+// again at the end, under "as_stored".
 [[nodiscard]] std::string ConfigurationJson(const Configuration& configuration);
 
-// The value of one setting as the document has it.
+// The value of one setting in the document.
 [[nodiscard]] std::string ValueAsJson(const Configuration& configuration, FieldAt at);
-// A document with these settings alone, for ReadChanges.
+// A document with only these settings, for ReadChanges.
 [[nodiscard]] std::string PartJson(const Configuration& configuration, const std::set<FieldAt>& fields);
 
 struct Changes {
   std::vector<Assignment> assignments;
-  std::vector<std::string> problems; // one line for each value that is no setting's; what can be read is in the above
+  std::vector<std::string> problems; // one line for each invalid value; the valid ones are in the assignments
   std::string syntaxError{};         // "3:17: …", line and column, if it is not a JSON document
 };
-// From the document or a part of it. The entries of "channels" are found by their number, those of "tts" by their
-// place. A value under "as_stored" may break the rules.
+// Reads the document or a part of it. Entries of "channels" are found by their number, entries of "tts" by their
+// position. A value under "as_stored" may break the rules.
 [[nodiscard]] Changes ReadChanges(std::string_view document);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// The configuration as a text to read; configuration_json.h has it for scripts.
+// The configuration as readable text. configuration_json.h has the form for scripts.
 #pragma once
 
 #include "configuration.h"

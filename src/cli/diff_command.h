@@ -1,4 +1,4 @@
-// The comparison of two configurations, for `diff` and whatever checks what a radio holds.
+// The comparison of two configurations, for `diff` and for commands that verify a radio.
 #pragma once
 
 #include "differences.h"
@@ -16,14 +16,14 @@ enum class NamedBy { Label, Identifier };
 // One line for each setting that differs ("CH3 Rx Freq  443.00625  443.50000"), then one for each byte that no setting
 // shows ("ChannelBlock 37  0x00  0x08").
 [[nodiscard]] std::string DifferenceLines(const ImageDifferences& differences, NamedBy names);
-// The same as one JSON document, with values as in the document of a configuration.
+// The differences as one JSON document, with values as in the document of a configuration.
 [[nodiscard]] std::string DifferenceJson(const RadioImage& before, const RadioImage& after);
-// What `apply` needs to make the first image show what the second shows.
+// The changes that turn the first image into the second, as input for `apply`.
 [[nodiscard]] std::string DifferencePatch(const RadioImage& before, const RadioImage& after);
 
 enum class DiffForm { Labels, Identifiers, Json, Patch };
-// Prints what differs between two files or radios. As diff(1) has it, the status is 0 for the same, 1 for different and
-// 2 for trouble.
+// Prints the differences between two files or radios. As in diff(1), the status is 0 if there are none, 1 if there are
+// some, and 2 for an error.
 [[nodiscard]] ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::string& after,
                                  DiffForm form, Terminal& terminal);
 

@@ -1,5 +1,5 @@
-// Several settings named at once: a pattern is an identifier with "*" or a range such as 5-8 in the place of a number,
-// or a group.
+// Selects several settings at once. A pattern is an identifier with "*" or a range such as 5-8 instead of a number, or
+// a group.
 #pragma once
 
 #include "fields.h"
@@ -10,14 +10,14 @@
 
 namespace mr4500x {
 
-// In the order of the table: one setting for an identifier, all that a pattern covers. With `mayBeGroup`, also all
-// settings of "global" or "channels.3". None if the pattern names anything that does not exist.
+// The setting of an identifier, or all settings of a pattern, in the order of the table. With `mayBeGroup` also all
+// settings of "global" or "channels.3". Empty if the pattern names anything that does not exist.
 [[nodiscard]] std::vector<FieldAt> FieldsNamed(std::string_view pattern, bool mayBeGroup);
 
 // Every setting.
 [[nodiscard]] std::vector<FieldAt> AllFields();
 
-// What to say about a name without a setting: the one that may have been meant, or where to find them.
+// The message for an unknown name: a suggestion, or where to find the names.
 [[nodiscard]] std::string NoSuchSetting(std::string_view name);
 
 } // namespace mr4500x

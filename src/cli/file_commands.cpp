@@ -20,7 +20,7 @@ namespace {
 constexpr std::chrono::milliseconds LockPoll{20};
 constexpr int MostLockPolls = 250; // five seconds
 
-// nullopt, with a message, if another command keeps the file to itself.
+// nullopt, with a message, if another command holds the file's lock.
 std::optional<OpenFile> Lock(FileSystem& files, const std::string& path) {
   int waits = 0;
   return LockForChange(files, path, [&] {
@@ -29,7 +29,7 @@ std::optional<OpenFile> Lock(FileSystem& files, const std::string& path) {
   });
 }
 
-// Stores it, for "-" on standard output.
+// Stores the data, on standard output for "-".
 ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
                  const std::string& failure, Terminal& terminal) {
   if (path == Stream) {
@@ -103,7 +103,7 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
 }
 
 bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
-  std::error_code failed; // of a missing file there is nothing to overwrite
+  std::error_code failed; // a missing file can't be overwritten
   if (std::filesystem::equivalent(PathOf(dataFile), PathOf(target), failed)) return true;
   if (HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(target), failed)))) return true;
   RadioImage unused;

@@ -16,7 +16,7 @@ enum class ShowAs { Table, Json };
 // Follows DataErrorText.
 inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is taken for ZVEI1.)";
 
-// Writes the default configuration. A file that is there is an error unless it may be replaced.
+// Writes the default configuration. An existing file is an error unless it may be replaced.
 [[nodiscard]] ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, const LocalTime& now,
                                 Terminal& terminal);
 
@@ -27,12 +27,12 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 // loaded.
 [[nodiscard]] bool LoadForCommand(FileSystem& files, const std::string& path, RadioImage& image, Terminal& terminal);
 
-// What the image shows, with a message where a key conflicts. A stored 5-tone standard 0, with which nothing could be
-// shown, becomes 1, and a message says so.
+// The configuration of the image, with a message for each conflicting key. A stored 5-tone standard 0, with which
+// nothing could be shown, becomes 1, with a message.
 [[nodiscard]] Configuration ValuesForCommand(const std::string& path, const FieldTexts& texts, RadioImage& image,
                                              const Terminal& terminal);
 
-// Both. nullopt if it could not be loaded.
+// Loads a data file and returns its configuration, or nullopt if it could not be loaded.
 [[nodiscard]] std::optional<Configuration> LoadValuesForCommand(FileSystem& files, const std::string& path,
                                                                 Terminal& terminal);
 
@@ -40,28 +40,27 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 [[nodiscard]] std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path,
                                                             Terminal& terminal);
 
-// A file that a command changes, and where the result goes.
+// A file that a command changes, and the destination of the result.
 struct FileChange {
   std::string path, output;
-  std::string input{};   // what is read beside it
-  bool isDryRun = false; // only prints what would differ
+  std::string input{};   // a file that is read in addition
+  bool isDryRun = false; // only prints the differences
 };
-// Changes a data file and stores the result: under a lock where it replaces the file, and not at all if nothing has
-// changed or `change` has another end than Done. `before` is what the file shows.
+// Changes a data file and stores the result, under a lock if it replaces the file. Stores nothing if nothing has
+// changed or `change` does not return Done. `before` is the configuration of the file.
 [[nodiscard]] ExitStatus
 ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
            const std::function<ExitStatus(RadioImage& image, const Configuration& before)>& change);
 
-// Whether something else stored at `target` would overwrite a data file: `dataFile` itself, or any other whatever its
-// name.
+// Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
 [[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);
 
-// Stores a table or a data file, for "-" on standard output. Prints a message if it can't be stored.
+// Stores a table or a data file, on standard output for "-". Prints a message if it can't be stored.
 [[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text,
                                              Terminal& terminal);
 [[nodiscard]] ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
                                         Terminal& terminal);
-// Fails if a file is there, unless it may be replaced.
+// Fails if the file exists, unless it may be replaced.
 [[nodiscard]] ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace,
                                            const RadioImage& image, Terminal& terminal);
 

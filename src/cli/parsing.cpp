@@ -16,14 +16,14 @@ void RefuseEmptyValues(CLI::App& app) {
     RefuseEmptyValues(*command);
 }
 
-// What to say about a word in the place of a command; "" if the words are commands.
+// The message for a word that is not a command, or "" if all words are commands.
 std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
   for (const std::string_view word : words) {
     if (at->get_require_subcommand_min() == 0 || word.starts_with('-')) return "";
     std::vector<std::string> names;
     const CLI::App* next = nullptr;
     for (const CLI::App* const sub : at->get_subcommands([](const CLI::App*) { return true; })) {
-      if (!sub->get_name().empty()) names.push_back(sub->get_name()); // else a group of options
+      if (!sub->get_name().empty()) names.push_back(sub->get_name()); // otherwise it is a group of options
       if (sub->get_name() == word) next = sub;
     }
     const std::string nearest = NearestOf(word, names);
@@ -34,7 +34,7 @@ std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
   return "";
 }
 
-// What to say about an unknown option that may be a misspelt one of the command; "" if there is none.
+// The message for an unknown option that is similar to one of the command's, or "".
 std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
   for (const std::string_view word : words) {
     const auto isIt = [&](const CLI::App* sub) { return sub->get_name() == word; };

@@ -1,4 +1,4 @@
-// Parses a command line, and says what is wrong with it.
+// Parses a command line and reports its errors.
 #pragma once
 
 #include "terminal.h"
@@ -9,8 +9,8 @@
 
 namespace mr4500x {
 
-// nullopt if the command can run. Otherwise the status with which the program ends: its help was printed, or what is
-// wrong. Only TEXT can be empty: any other empty argument is an unset variable of a script.
+// nullopt if the command can run. Otherwise the exit status, after the help or an error message was printed. Only TEXT
+// can be empty. Any other empty argument would come from an unset variable in a script.
 [[nodiscard]] std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal);
 
 } // namespace mr4500x

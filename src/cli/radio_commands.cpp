@@ -20,7 +20,7 @@
 namespace mr4500x {
 namespace {
 
-// False, with a message that names the port, unless the transfer is complete.
+// Returns false, with a message that names the port, unless the transfer is complete.
 bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
   if (const auto failure = FailureOf(result))
     terminal.err << (failure->text.starts_with(result.port) ? "" : result.port + ": ") << failure->text << '\n';
@@ -29,13 +29,13 @@ bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
 
 constexpr char BackupText[] = ": the backup could not be saved.";
 
-// Says how it ended to a user who watched the progress, or who asked the program to end. A script uses the exit status.
+// Reports the result to a user who watched the progress or interrupted the program. A script uses the exit status.
 ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   if (terminal.showsProgress || terminal.isEnding()) terminal.err << sentence << '\n';
   return ExitStatus::Done;
 }
 
-// Replaces what a write sends by what the radio holds.
+// Reads from the radio everything that a write sends.
 bool ReadBackFor(const RadioCommand& command, RadioImage& image) {
   TerminalObserver observer(command.terminal, BandAnswer::Ask);
   return IsComplete(command.terminal, ReadBack(command.line, image, observer, command.speed));
@@ -46,7 +46,7 @@ bool ReadInfo(const RadioCommand& command, RadioImage& image) {
   return IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer));
 }
 
-// Keeps the radio's configuration, and its embedded text beside it if there is one. Prints the path.
+// Saves the radio's configuration, and beside it the embedded text, if any. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   const auto refuse = [&](const std::string& path, const FileResult& failed) {
     return Fail(command.terminal, path + BackupText + " Nothing was written." + ReasonOf(failed));
@@ -60,7 +60,7 @@ ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   return EndOutput(command.terminal);
 }
 
-// Prints how the radio differs from what was or would be written.
+// Prints the differences between the radio and the data that was or would be written.
 ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const std::string& path,
                   DiffForm form = DiffForm::Labels) {
   RadioImage found = expected;
@@ -74,10 +74,10 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
   return Fail(command.terminal, command.line.PortName() + " does not match " + NameOfSource(path) + '.');
 }
 
-// Says what a write would change, and whether it would be refused.
+// Prints what a write would change, and whether it would be refused.
 ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const WriteOptions& options) {
   std::string folder = options.backupFolder;
-  while (IsMissing(command.files, folder) && FolderOf(folder) != folder) // it would be made in this one
+  while (IsMissing(command.files, folder) && FolderOf(folder) != folder) // it would be created in this folder
     folder = FolderOf(folder);
   if (const FileResult mayKeep = MayReplace(command.files, folder + "/backup"); !folder.empty() && !mayKeep)
     return Fail(command.terminal, options.backupFolder + BackupText + ReasonOf(mayKeep));
@@ -102,7 +102,7 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
 
 ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace) {
   const auto& [line, files, terminal, now, speed] = command;
-  // Before reading the whole radio. Where the folder depends on it, only the save can find out.
+  // Before reading the whole radio. If the folder depends on the radio, only the save can check it.
   const bool isKnown = path != Stream && FolderOf(path).find('{') == std::string::npos;
   const FileResult mayBeStored = isKnown ? MayReplace(files, path) : FileResult();
   if (!mayBeStored)

@@ -1,4 +1,4 @@
-// Who a radio is, as a report.
+// The identity of a radio, as text and JSON.
 #pragma once
 
 #include "radio_image.h"
@@ -7,7 +7,7 @@
 
 namespace mr4500x {
 
-// Identity number, firmware version, frequency band and last programming time, one a line.
+// Identity number, firmware version, frequency band and last programming time, one per line.
 [[nodiscard]] std::string IdentityTable(const RadioImage& image);
 [[nodiscard]] std::string IdentityJson(const RadioImage& image);
 

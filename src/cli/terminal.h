@@ -25,7 +25,7 @@ struct Terminal {
   std::istream& in;
   bool answersQuestions; // a user reads `err` and types into `in`
   bool showsProgress;    // `err` is a terminal
-  // Waits for what the user types. False if the program is to end instead.
+  // Waits for input from the user. Returns false if the program is to end instead.
   std::function<bool()> awaitInput = [] { return true; };
   // Whether the program was asked to end, so that no further transfer may begin.
   std::function<bool()> isEnding = [] { return false; };
@@ -35,13 +35,13 @@ struct Terminal {
 ExitStatus Fail(const Terminal& terminal, const std::string& message, ExitStatus status = ExitStatus::Failed);
 ExitStatus Refuse(const Terminal& terminal, const std::string& message); // of unusable arguments
 
-// " (No space left on device)", to go after a message.
+// " (No space left on device)", to be appended to a message.
 [[nodiscard]] std::string ReasonOf(const FileResult& failed);
 
 // The exit status after printing data: Failed, with a message, if it could not all be written.
 [[nodiscard]] ExitStatus EndOutput(Terminal& terminal);
 
-// Ask: without a user to answer, the answer is no.
+// Ask: if there is no user to answer, the answer is no.
 enum class BandAnswer : std::uint8_t { Ask, Yes };
 
 // Shows progress as one line that is overwritten, on a terminal only. The command reports the end.

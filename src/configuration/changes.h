@@ -10,7 +10,7 @@ namespace mr4500x {
 
 struct Assignment {
   FieldAt at;
-  std::string value;     // as ValueOf gives it
+  std::string value;     // in the form of ValueOf
   bool asStored = false; // it may break the rules if the radio's bytes can hold it
 };
 

@@ -49,9 +49,9 @@ struct ListCoding {
 // Times have a decimal point in every locale.
 [[nodiscard]] std::span<const std::string_view> ItemsOf(ChoiceList list);
 
-inline constexpr int TtsMode = 0;      // of SelectCall
-inline constexpr int FiveToneMode = 1; // of SelectCall
-inline constexpr int ListOff = 0;      // of BusyChLock, PriorityCh and PttId
+inline constexpr int TtsMode = 0;      // position of SelectCall
+inline constexpr int FiveToneMode = 1; // position of SelectCall
+inline constexpr int ListOff = 0;      // position of BusyChLock, PriorityCh and PttId
 
 // The PttId positions are two bits.
 constexpr bool SendsConnectId(int pttId) {

@@ -14,13 +14,13 @@ public:
   // Compares with what the editor would save after opening the file, so that a file does not differ from itself.
   Comparison(const RadioImage& file, const FieldTexts& texts);
 
-  [[nodiscard]] const RadioImage& File() const { return m_file; } // as it was read
+  [[nodiscard]] const RadioImage& File() const { return m_file; } // as read from the source
   // The differences from the editor's image, by section: first channel by channel, bytes last.
   [[nodiscard]] std::vector<DifferenceWords> Rows(const RadioImage& here) const;
 
   struct Taken {
-    Configuration values;              // for the editor to show
-    std::optional<RadioImage> image;   // with bytes of the file; nothing if only settings are taken
+    Configuration values;              // the values for the editor
+    std::optional<RadioImage> image;   // has bytes of the file; nullopt if only settings are taken
     std::vector<RefusedValue> refused; // if there are any, nothing is taken
     bool isNewLimit = false;           // the lower band limit, which resets the channels
   };
@@ -34,7 +34,7 @@ private:
   const FieldTexts& m_texts;
   RadioImage m_file;
   RadioImage m_other;    // as the editor would save it
-  Configuration m_there; // of m_other
+  Configuration m_there; // decoded from m_other
 };
 
 } // namespace mr4500x

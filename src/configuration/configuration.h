@@ -34,7 +34,7 @@ inline constexpr std::array TtsTimeColumns = {TtsColumn::ToneADur, TtsColumn::To
 
 struct Configuration {
   std::string lowerBandLimit, upperBandLimit; // whole MHz
-  std::array<Choice, ChoiceListCount> lists;  // by ChoiceList
+  std::array<Choice, ChoiceListCount> lists;  // indexed by ChoiceList
   bool scanSignal = false;
   std::string emergencyAni, connectId, disconnectId;
   std::array<ChannelTexts, ChannelCount> channels;

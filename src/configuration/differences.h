@@ -10,7 +10,7 @@ namespace mr4500x {
 
 struct Difference {
   FieldAt at;
-  std::string before, after; // as ShownTextOf gives them; a code without a text as ValueOf gives it
+  std::string before, after; // from ShownTextOf, or from ValueOf for a code without a text
 };
 
 // In the order of the table of settings. Identity number and firmware version are not settings.
@@ -21,7 +21,7 @@ struct ByteDifference {
   ImageBlock block{};
   std::size_t offset = 0;
   std::uint8_t before = 0, after = 0;
-  std::uint8_t bits = 0; // that differ and that no setting explains
+  std::uint8_t bits = 0; // the bits that differ without a setting that explains them
 };
 struct ImageDifferences {
   std::vector<Difference> settings;

@@ -56,7 +56,7 @@ struct ResetTimeCheck {
   std::string text;
   bool off; // the OFF box becomes checked
 };
-[[nodiscard]] ResetTimeCheck LimitResetTime(std::string_view text);                       // at validation
+[[nodiscard]] ResetTimeCheck LimitResetTime(std::string_view text);                       // validates the text
 [[nodiscard]] std::optional<ResetTimeCheck> StepResetTime(std::string_view text, int by); // nullopt: not a number
 [[nodiscard]] std::optional<std::string> SpinResetTime(std::string_view text, int by);    // never touches OFF
 

@@ -34,7 +34,7 @@ enum class Box : std::uint8_t {
   DisconnectId,
   ScanSignal,
   AutoResetTime, // "OFF" or seconds
-  InUse,         // of a channel, like TxAllowed
+  InUse,         // a setting of a channel, like TxAllowed
   TxAllowed,
 };
 inline constexpr std::size_t BoxCount = 9;
@@ -43,7 +43,7 @@ using FieldPlace = std::variant<ChoiceList, Key, Box, TtsColumn, GridColumn>;
 
 struct Field {
   FieldGroup group;
-  std::string_view key; // in its group
+  std::string_view key; // unique in its group
   std::string_view label;
   FieldKind kind;
   FieldPlace place;

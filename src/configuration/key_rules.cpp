@@ -40,7 +40,7 @@ int RunRules(KeyProgram& keys, std::size_t changed) {
     messages += SetAndRun(keys, LongA, KeyUnassigned);
   keys.fixedShortAShown = ShowsCancelEmergency(keys) && !keys.fixedLongAShown;
   if (CountTalkAroundOrReverse(keys) >= 2) {
-    // If the remembered selection conflicts too, the key becomes unassigned, so that the recursion ends.
+    // If the remembered selection also conflicts, the key becomes unassigned, so that the recursion ends.
     const int back = keys.selection[changed] == keys.remembered[changed] ? KeyUnassigned : keys.remembered[changed];
     return messages + 1 + SetAndRun(keys, changed, back);
   }

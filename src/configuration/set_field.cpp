@@ -45,7 +45,7 @@ bool Is(FieldAt at, FieldPlace place) {
   return at.field->place == place;
 }
 
-// Of a whole number.
+// The limits of a whole number.
 Range RangeOf(const Configuration& configuration, FieldAt at) {
   if (Is(at, Box::LowerBandLimit)) return {LowestBandLimit, BandOf(configuration).upper - 1};
   if (Is(at, Box::UpperBandLimit)) return {BandOf(configuration).lower + 1, HighestBandLimit};

@@ -16,7 +16,7 @@ namespace mr4500x {
 FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder);
 
 struct Backup {
-  std::string path; // of the data file
+  std::string path; // path of the data file
   FileResult result;
 };
 // Saves a data file named after the radio and the time. If there is an embedded text, it is saved beside it as ".txt".

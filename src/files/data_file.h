@@ -29,7 +29,7 @@ struct LoadResult {
   bool markerNotEmpty = false; // made for newer software: show NewVersionNotice, whatever the outcome
   int damagedItem = 0;         // counted from 1; 0 if the file is missing or can't be read
   bool endsInItem = false;     // otherwise the item has the wrong kind or shape
-  std::string systemReason{};  // of a file that is missing or can't be read
+  std::string systemReason{};  // if the file is missing or can't be read
   bool operator==(const LoadResult&) const = default;
 };
 

@@ -16,7 +16,7 @@ namespace mr4500x {
 enum class ReadOutcome { Read, Missing, Failed };
 struct [[nodiscard]] ReadResult {
   ReadOutcome outcome;
-  FileResult result; // with the reason unless it was read
+  FileResult result; // has the reason if it failed
 
   operator ReadOutcome() const { return outcome; } // NOLINT(google-explicit-constructor): most callers ask only that
 };

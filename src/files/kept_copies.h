@@ -20,7 +20,7 @@
 namespace mr4500x {
 
 struct KeptCopy {
-  std::vector<std::uint8_t> data;     // of a data file
+  std::vector<std::uint8_t> data;     // the content of a data file
   std::string at;                     // "2026-11-25 04:10:33"
   std::string source;                 // the file or radio it came from, as shown to the user
   std::string differences;            // one line for each
@@ -51,7 +51,7 @@ public:
   void Drop();     // nothing is unsaved any more
   void PutAside(); // other data has replaced the work
 
-  void SetOpenFile(const std::string& path); // that this window shows; empty for none
+  void SetOpenFile(const std::string& path); // the file that this window shows, or ""
   [[nodiscard]] bool IsOpenElsewhere(const std::string& path);
 
   // The newest copy that an ended window has left, or nullopt. It must be taken or put aside before the next call. No
@@ -65,17 +65,17 @@ private:
   struct Session {
     std::string number;
     OpenFile lock;
-    std::string at; // of its copy; empty for none
+    std::string at; // time of its copy; empty if there is none
   };
 
   [[nodiscard]] std::string LockPath(const std::string& number) const;
   [[nodiscard]] std::string CopyPath(const std::string& number) const;
   [[nodiscard]] bool Begin();
   void NameOpenFile();
-  [[nodiscard]] std::vector<std::string> Numbers(); // of all sessions but this window's
+  [[nodiscard]] std::vector<std::string> Numbers(); // the numbers of all other sessions
   [[nodiscard]] OpenFile HoldEnded(const std::string& number);
   [[nodiscard]] std::optional<Session> EndedSession(const std::string& number, KeptCopy& copy);
-  [[nodiscard]] std::optional<std::string> PutAside(const Session& session); // its new path
+  [[nodiscard]] std::optional<std::string> PutAside(const Session& session); // returns the new path
   void End(Session session);
   void Prune(const std::string& newest);
   [[nodiscard]] bool LosesFolder();

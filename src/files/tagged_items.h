@@ -23,8 +23,8 @@ enum class ItemTag : std::uint16_t { Empty = 0x0000, Integer = 0x0002, Text = 0x
 struct TaggedItem {
   ItemTag tag = ItemTag::Empty;
   std::int16_t integer = 0;
-  std::span<const std::uint8_t> dimensions{}; // of an array, as stored
-  std::span<const std::uint8_t> elements{};   // of an array
+  std::span<const std::uint8_t> dimensions{}; // the stored dimensions of an array
+  std::span<const std::uint8_t> elements{};   // the elements of an array
   std::string_view text{};
 };
 
@@ -36,7 +36,7 @@ public:
   [[nodiscard]] std::optional<TaggedItem> Next();
 
   [[nodiscard]] int Begun() const { return m_begun; }
-  [[nodiscard]] bool RanOut() const { return m_ranOut; } // of bytes, within the last item
+  [[nodiscard]] bool RanOut() const { return m_ranOut; } // the bytes ended within the last item
 
 private:
   [[nodiscard]] std::optional<std::span<const std::uint8_t>> Take(std::size_t count);

@@ -1,5 +1,5 @@
-// How attempts are stored: the names of outcomes and columns, for the journal's database and for CSV. Journals keep
-// these names, so they never change; words.h has those that are shown.
+// The stored form of attempts: the names of outcomes and columns, for the journal's database and for CSV. Journals
+// contain these names, so they never change. words.h has the names that are shown.
 #pragma once
 
 #include "journal.h"
@@ -12,10 +12,10 @@ namespace mr4500x {
 [[nodiscard]] std::string_view StoredName(AttemptOutcome outcome);
 [[nodiscard]] std::optional<AttemptOutcome> OutcomeStoredAs(std::string_view name);
 
-// The columns that are plain texts, after row and outcome, in the order of the CSV.
+// The text columns, which follow row and outcome, in the order of the CSV.
 struct AttemptColumn {
   std::string_view heading; // in CSV
-  const char* name;         // in the database, where some headings are words of its own language
+  const char* name;         // in the database, where some headings are reserved words
   std::string Attempt::*text;
 };
 inline constexpr std::array<AttemptColumn, 15> AttemptColumns = {{
@@ -36,8 +36,7 @@ inline constexpr std::array<AttemptColumn, 15> AttemptColumns = {{
     {"operator", "operator_name", &Attempt::operatorName},
 }};
 
-// With a heading, one line an attempt. ParseAttempts reads it back, also that of version 1, without lines that are
-// damaged.
+// A heading, then one line per attempt. ParseAttempts reads it back, including version 1, and skips damaged lines.
 enum class CsvUse : std::uint8_t {
   ForParsing,
   ForPeople, // a cell that a spreadsheet would run as a formula begins with an apostrophe
@@ -45,8 +44,8 @@ enum class CsvUse : std::uint8_t {
 [[nodiscard]] std::string AttemptsCsv(const std::vector<Attempt>& attempts, CsvUse use);
 [[nodiscard]] std::vector<Attempt> ParseAttempts(std::string_view csv);
 
-// The last attempt of each radio that may hold only a part of a configuration: one that failed during the write, or
-// was begun by a bench that died.
+// The last attempt of each radio that may be only partly programmed: the attempt failed during the write, or was begun
+// by a bench that died.
 [[nodiscard]] std::vector<Attempt> PartlyWritten(const std::vector<Attempt>& attempts);
 
 } // namespace mr4500x

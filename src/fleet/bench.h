@@ -1,4 +1,4 @@
-// A bench: ports at which radios are programmed side by side, one thread each.
+// A bench: ports at which radios are programmed in parallel, with one thread per port.
 #pragma once
 
 #include "bench_context.h"
@@ -17,7 +17,7 @@ struct BenchPort {
   std::string name; // in messages and the journal
   std::function<std::unique_ptr<SerialPort>()> makePort;
   std::function<std::unique_ptr<Clock>()> makeClock;
-  int number = 0; // of COMn, for SerialPort::SetPortNumber
+  int number = 0; // COM number, for SerialPort::SetPortNumber
 };
 
 class Bench {
@@ -30,7 +30,7 @@ public:
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
 
-  void Wait(); // until all ports have ended
+  void Wait(); // waits until all ports have ended
 
 private:
   const BenchContext m_context;

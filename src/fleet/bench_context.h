@@ -1,4 +1,4 @@
-// What the ports of a bench work with: what was chosen for it, what they share, and whom they report to.
+// The context of a bench's ports: the user's choices, the shared state, and the receivers of their reports.
 #pragma once
 
 #include "clock.h"
@@ -25,16 +25,16 @@ struct BenchSettings {
   std::string backupFolder{};
   Speed speed = Speed::Prescribed;
   bool acceptsOtherBand = false;
-  bool comparesDone = false; // the whole of a radio that is done, even if its write stamp is the one entered
-  bool rewritesDone = false; // if it holds something else; else it is set aside
+  bool comparesDone = false; // the whole content of a done radio, even if its write stamp is the one entered
+  bool rewritesDone = false; // if its content differs; otherwise it is set aside
   std::string operatorName{};
   std::function<LocalTime()> now{};         // for backups and write stamps
   std::function<std::string()> timestamp{}; // for attempts, in UTC
   Sha256 sha256 = nullptr;
-  std::function<std::string()> newKey{}; // of an attempt
+  std::function<std::string()> newKey{}; // the key of a new attempt
 };
 
-// How far the bench is, and how long it goes on. May be used by several threads.
+// The progress of the bench, and the conditions for its end. May be used by several threads.
 class BenchState {
 public:
   // `count`: the radios to verify; negative means no limit.
@@ -42,14 +42,14 @@ public:
 
   // No further radio is started.
   void StopAfterTheseRadios() { m_isStopping = true; }
-  // Nor is any write. Those in progress run to their end.
+  // No further radio or write is started. Transfers in progress are finished.
   void StopBeforeWrites() {
     m_mayWrite = false;
     m_isStopping = true;
   }
   [[nodiscard]] bool MayWrite() const { return m_mayWrite; }
 
-  // A stopped port goes on.
+  // Lets a stopped port continue.
   void GoOn(std::size_t port);
   [[nodiscard]] bool TakeGoOn(std::size_t port); // once
   [[nodiscard]] RowQueue& Rows() { return m_rows; }
@@ -62,7 +62,7 @@ public:
   // Whether all requested radios are verified: the count, or all rows.
   [[nodiscard]] bool IsComplete() const { return m_hasLimit ? m_slotsLeft == 0 : m_areRowsDone.load(); }
 
-  // The right to program one radio of the count. It is given back at the end unless the radio was verified.
+  // The right to program one radio of the count. It is returned at the end unless the radio was verified.
   class Slot {
   public:
     explicit Slot(BenchState& state);
@@ -81,18 +81,18 @@ public:
 private:
   std::atomic<bool> m_isStopping = false, m_mayWrite = true, m_areRowsDone = false;
   const bool m_hasLimit;
-  mutable std::mutex m_slots; // guards the two together
+  mutable std::mutex m_slots; // guards both
   std::atomic<int> m_slotsLeft;
-  int m_slotsTaken = 0; // and may be given back
+  int m_slotsTaken = 0; // may be returned
   std::mutex m_going;
-  std::set<std::size_t> m_goingOn; // ports
+  std::set<std::size_t> m_goingOn; // the ports that may continue
   RowQueue m_rows;
 };
 
 // Called in the ports' threads, several at a time.
 struct BenchEvents {
   std::function<void(const PortStatus&)> onStatus{};                      // at each change
-  std::function<void(const Attempt&)> onConflict = [](const Attempt&) {}; // of a late entry: two radios hold its row
+  std::function<void(const Attempt&)> onConflict = [](const Attempt&) {}; // for a late entry: two radios hold its row
   std::function<void(const Attempt&)> onVerified = [](const Attempt&) {}; // once for each; must not block
 };
 

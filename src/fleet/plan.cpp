@@ -19,7 +19,7 @@ namespace {
 constexpr std::string_view InfoColumn = "embedded_info", RadioColumn = "radio", LabelColumn = "label";
 constexpr std::ptrdiff_t MostIdentityCharacters = 16;
 
-// Reads the rows of a list; what is wrong becomes problems.
+// Reads the rows of a list. Errors become problems.
 class RowReader {
 public:
   RowReader(PlanCheck& check, const FieldTexts& texts, Sha256 sha256)
@@ -29,7 +29,7 @@ public:
     const std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
     if (rows.empty()) return Refuse({1, "", "", Refused::NoHeading});
     ReadHeading(rows.front());
-    if (!m_check.problems.empty()) return; // each row would be refused for the same
+    if (!m_check.problems.empty()) return; // each row would be refused for the same reason
     for (const CsvRow& row : std::span(rows).subspan(1))
       ReadRow(row);
     if (rows.size() == 1) Refuse(rows.front().line, "", "", "no rows below the heading");
@@ -96,7 +96,7 @@ private:
     SetValues(read, given);
   }
 
-  // As the row's radio will show them, so that one value has one spelling.
+  // The values as the radio will show them, so that each value has one spelling.
   void SetValues(PlanRow& row, const std::vector<GivenCell>& cells) {
     RadioImage image = m_check.plan.image;
     for (const RefusedCell& refused : ApplyCells(image, cells, m_texts))
@@ -139,14 +139,15 @@ private:
   const FieldTexts& m_texts;
   Sha256 m_sha256;
   std::vector<Column> m_columns;
-  std::map<std::pair<std::string, std::string>, std::size_t> m_firstLines; // by column and value
+  std::map<std::pair<std::string, std::string>, std::size_t> m_firstLines; // indexed by column and value
 };
 
-// What the rows mean, however the list spells it.
+// The meaning of the rows, independent of the list's spelling.
 std::string MeaningOf(const std::vector<PlanRow>& rows) {
   std::string meaning;
   for (const PlanRow& row : rows) {
-    std::vector<std::string> parts = {row.label, row.radio, row.embeddedInfo.value_or("")}; // which is never empty
+    std::vector<std::string> parts = {row.label, row.radio,
+                                      row.embeddedInfo.value_or("")}; // never empty, so "" means none
     for (const auto& [at, value, asStored] : row.values)
       parts.insert(parts.end(), {IdentifierOf(at), value});
     meaning += CsvLine(parts);
@@ -175,7 +176,7 @@ RadioImage ImageFor(const Plan& plan, std::size_t row, const FieldTexts& texts) 
   RadioImage image = plan.image;
   if (row == 0 || row > plan.rows.size()) return image;
   const PlanRow& given = plan.rows[row - 1];
-  static_cast<void>(ApplyChanges(image, given.values, texts)); // MakePlan has seen that it takes them
+  static_cast<void>(ApplyChanges(image, given.values, texts)); // MakePlan has checked that they are accepted
   if (given.embeddedInfo)
     static_cast<void>(StoreEmbeddedText(image.EmbeddedInfoBlock, *InfoFromKept(*given.embeddedInfo)));
   return image;

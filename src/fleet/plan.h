@@ -1,4 +1,4 @@
-// What a fleet of radios is to hold: a template, and a row for each radio with what differs from it.
+// The configurations of a fleet of radios: a template, and a row for each radio with the values that differ from it.
 #pragma once
 
 #include "changes.h"
@@ -13,16 +13,16 @@
 namespace mr4500x {
 
 struct PlanRow {
-  std::size_t line = 0; // in the list of rows
+  std::size_t line = 0; // line in the list of rows
   std::string label;
-  std::string radio;              // identity number of the only radio for this row; "": the next one that comes
-  std::vector<Assignment> values; // as the radio shows them, in the order of the table of settings
+  std::string radio;                       // identity number of the only radio for this row; "": the next radio
+  std::vector<Assignment> values;          // as the radio shows them, in the order of the table of settings
   std::optional<std::string> embeddedInfo; // UTF-8; nullopt: the radio keeps its text
   std::string content{};                   // checksum of all that the radio gets: where it is the same, so is that
 };
 
 struct Plan {
-  std::string key; // SHA-256 over the template and what the rows mean: benches with the same key share the rows
+  std::string key; // SHA-256 of the template and the meaning of the rows; benches with the same key share the rows
   std::string name;
   std::string templateKey; // SHA-256 of the template
   RadioImage image;        // the template
@@ -37,12 +37,12 @@ struct PlanCheck {
 
 using Sha256 = std::string (*)(std::string_view bytes); // in hexadecimal digits
 
-// Checks all of the list, as CSV: its heading names settings (see FindSettingColumn), "embedded_info", "radio" and
-// "label". An empty cell leaves the template's value. nullopt: no list.
+// Checks the whole list, a CSV text whose heading names settings (see FindSettingColumn), "embedded_info", "radio" and
+// "label". An empty cell keeps the template's value. nullopt means that there is no list.
 [[nodiscard]] PlanCheck MakePlan(const RadioImage& image, std::string name, std::optional<std::string_view> rows,
                                  const FieldTexts& texts, Sha256 sha256);
 
-// What a radio gets with a row; row 0 and the rows of an endless plan are the template.
+// The image for a row. Row 0 and the rows of an endless plan are the template.
 [[nodiscard]] RadioImage ImageFor(const Plan& plan, std::size_t row, const FieldTexts& texts);
 
 [[nodiscard]] std::vector<JournalRow> JournalRowsOf(const Plan& plan);

@@ -10,7 +10,7 @@ namespace {
 
 using Sameness = std::pair<std::string, std::string>; // label and content
 
-// What a row is called, whatever it holds; "" for a row without a name.
+// The name of a row, independent of its content; "" for a row without a name.
 std::string NameOf(const JournalRow& row) {
   return row.label.empty() ? row.radio.empty() ? "" : "radio " + row.radio : "label " + row.label;
 }
@@ -19,7 +19,7 @@ std::string NameOf(const JournalRow& row) {
 
 PlanChanges CompareWithEarlier(std::vector<JournalRow> rows, const std::vector<JournalRow>& earlier) {
   std::multimap<Sameness, const JournalRow*> held;
-  std::map<Sameness, std::string> known;       // with the bench that is at it
+  std::map<Sameness, std::string> known;       // with the bench that is programming it
   std::set<std::string> names, named, carried; // the latter two are radios
   for (const JournalRow& row : earlier) {
     std::string& bench = known[{row.label, row.content}];

@@ -7,9 +7,9 @@
 namespace mr4500x {
 namespace {
 
-constexpr int PollEvery = 10;    // cycles; what other benches have done
-constexpr int IdentityTries = 3; // while a plug goes in, the first may fail
-constexpr int SilentTries = 3;   // of a radio that was attached, until it counts as taken off
+constexpr int PollEvery = 10;    // cycles between the checks for other benches' work
+constexpr int IdentityTries = 3; // the first may fail while the plug is being inserted
+constexpr int SilentTries = 3;   // until an attached radio counts as unplugged
 
 void Show(PortMachine& port, PortState state, const std::string& text = {}, int percent = 0) {
   port.status.state = state;
@@ -45,11 +45,11 @@ PortAction Attach(PortMachine& port, const std::string& idNumber) {
   ForgetRadio(port);
   port.phase = PortPhase::RadioAttached;
   port.radio = port.status.idNumber = idNumber;
-  if (isOther) Show(port, PortState::Identifying); // the outcome of the radio before may also be this one's
+  if (isOther) Show(port, PortState::Identifying); // this radio may have the same outcome as the previous one
   return PortAction::HandleRadio;
 }
 
-// A radio that fails again is at fault itself. One that is unknown may be another one each time.
+// If the same radio fails again, the fault is its own. A radio without a number may be a different one each time.
 bool IsSecondFailure(const PortMachine& port) {
   return port.failedRadio && (port.failedRadio != port.radio || port.failedRadio->empty());
 }
@@ -71,8 +71,7 @@ PortAction On(PortMachine& port, const CycleStarted& /*event*/, const BenchView&
   if (bench.isOver && !isStopped) port.phase = PortPhase::Ending;
   const bool needsJournal = bench.isOver || port.phase == PortPhase::JournalLost;
   if (port.cycles++ % PollEvery == 0 || needsJournal) return PortAction::PollJournal;
-  return bench.hasSlot && !isStopped ? PortAction::Identify
-                                     : PortAction::Wait; // another port's radio may give one back
+  return bench.hasSlot && !isStopped ? PortAction::Identify : PortAction::Wait; // another port's radio may release one
 }
 
 PortAction On(PortMachine& port, const JournalPolled& event, const BenchView& bench) {
@@ -84,7 +83,7 @@ PortAction On(PortMachine& port, const JournalPolled& event, const BenchView& be
   const bool isIdle = port.phase == PortPhase::Searching || port.phase == PortPhase::JournalLost;
   if (event.error && isIdle) return LoseJournal(port, *event.error);
   if (port.phase == PortPhase::JournalLost) Search(port);
-  if (port.waitsForRow) port.radio.reset(); // one may be free by now
+  if (port.waitsForRow) port.radio.reset(); // a row may be free now
   return bench.hasSlot ? PortAction::Identify : PortAction::Wait;
 }
 

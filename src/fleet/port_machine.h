@@ -1,5 +1,5 @@
-// How a port goes from one step to the next, as a pure function: state and event in, state and action out. It knows
-// neither line, clock, threads nor database; PortWorker performs the actions.
+// The state machine of a port, as a pure function: state and event in, state and action out. It does not depend on the
+// line, the clock, threads or the database. PortWorker performs the actions.
 #pragma once
 
 #include "exchange.h"
@@ -15,8 +15,8 @@ enum class PortPhase : std::uint8_t {
   Searching,     // for a radio
   PortLost,      // it can't be opened
   JournalLost,   // it does not answer
-  RadioAttached, // and has been dealt with, or is being dealt with
-  Stopped,       // until the user lets it go on
+  RadioAttached, // and its job is done or in progress
+  Stopped,       // until the user lets it continue
   Ending,
 };
 
@@ -30,7 +30,7 @@ struct PortMachine {
   PortStatus status;                      // what is shown
 };
 
-// What the other ports have left to do, and what the user has asked for.
+// The remaining work of the bench, and the requests of the user.
 struct BenchView {
   bool isOver = false, hasSlot = true, goesOn = false;
 };
@@ -45,7 +45,7 @@ struct RadioIdentified { // Identify
   Outcome outcome;
   std::string idNumber{}, text{};
 };
-struct RadioReported { // HandleRadio: while it goes on, and at its end
+struct RadioReported { // HandleRadio: during the job and at its end
   PortState state;
   std::size_t row = 0;
   std::string label{}, text{};
@@ -56,9 +56,9 @@ struct RadioReported { // HandleRadio: while it goes on, and at its end
 using PortEvent = std::variant<CycleStarted, JournalPolled, RadioAnswered, RadioIdentified, RadioReported>;
 
 enum class PortAction : std::uint8_t {
-  None,        // the action in progress goes on
+  None,        // the action in progress continues
   Wait,        // for the next cycle
-  PollJournal, // hand in what is pending, and see which rows are done
+  PollJournal, // enter the pending attempts, and check which rows are done
   Identify,
   HandleRadio, // get it a row, and program it
   End,

@@ -1,4 +1,4 @@
-// What a port of a bench reports, for its card and its lines.
+// The status that a port of a bench reports, for its card and its lines.
 #pragma once
 
 #include <cstddef>
@@ -13,11 +13,11 @@ enum class PortState : std::uint8_t {
   BackingUp,
   Writing,
   Verifying,
-  // The radio can be taken off:
+  // The radio can be unplugged:
   Done,
-  AlreadyDone, // holds a row of this plan already
+  AlreadyDone, // already holds a row of this plan
   Failed,
-  SetAside, // its band is another
+  SetAside, // for example, it has another band
   NoRow,    // no free row for it
   // Without a radio:
   NoPort,    // can't be opened; tried again
@@ -26,7 +26,7 @@ enum class PortState : std::uint8_t {
   Finished,  // as requested, or nothing is left to do
 };
 
-[[nodiscard]] constexpr bool IsUnderway(PortState state) { // with a radio that must not be taken off
+[[nodiscard]] constexpr bool IsUnderway(PortState state) { // with a radio that must not be unplugged
   return state >= PortState::Identifying && state <= PortState::Verifying;
 }
 [[nodiscard]] constexpr bool IsGood(PortState state) {
@@ -39,10 +39,10 @@ enum class PortState : std::uint8_t {
   return state == PortState::Stopped || state == PortState::Finished;
 }
 
-// What is left to do for a radio that was not verified.
+// The remaining problem of a radio that was not verified.
 enum class RadioTrouble : std::uint8_t {
   None,
-  PartlyWritten, // it may hold only a part of a configuration
+  PartlyWritten, // it may be only partly programmed
   Conflict,      // another radio holds its row, or it holds another row
 };
 

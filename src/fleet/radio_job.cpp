@@ -13,10 +13,11 @@
 namespace mr4500x {
 namespace {
 
-// The exchanges' progress: the whole read, the write and reading it back; the two of the embedded text.
+// The progress of the exchanges: the whole read, the write and the read-back, and the two exchanges of the embedded
+// text.
 constexpr int JobUnits = 505 + 330 + 345, TextUnits = 150 + 160;
 
-// Gives the attempt the text, for a return.
+// Sets the text of the attempt, and is returned.
 bool Fail(Attempt& attempt, std::string_view text) {
   attempt.text = text;
   return false;
@@ -38,7 +39,7 @@ bool RadioJob::HasText(const Attempt& attempt) const {
 
 AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
   RadioImage image = ImageFor(m_settings.plan, attempt.row, m_settings.texts);
-  m_total = m_done + JobUnits + (HasText(attempt) ? TextUnits : 0); // after a comparison too
+  m_total = m_done + JobUnits + (HasText(attempt) ? TextUnits : 0); // also after a comparison
   if (!IsSameBand(identity.BandBlock, image.BandBlock) && !m_settings.acceptsOtherBand) {
     attempt.text = OtherBandReason(BandText(identity.BandBlock), BandText(image.BandBlock));
     return AttemptOutcome::SetAside;
@@ -82,7 +83,7 @@ bool RadioJob::BackUp(Attempt& attempt) {
 
 bool RadioJob::MayWrite(Attempt& attempt) {
   if (!m_context.state.MayWrite()) return Fail(attempt, StoppedReason);
-  // Where the database does not answer, the claim is still young.
+  // If the database does not answer, the claim is still recent enough.
   const bool isLost = m_journal.Renew(attempt.plan, attempt.row, attempt.bench) == Renewal::TakenAway;
   return !isLost || Fail(attempt, TakenAwayReason);
 }
@@ -106,7 +107,7 @@ AttemptOutcome RadioJob::Write(RadioImage& image, Attempt& attempt) {
 RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
   RadioImage found = image;
   if (!IsComplete(ReadBackWithIdentity(m_line, found, *this, m_settings.speed), attempt)) return Found::NotRead;
-  // The one that was backed up may have been exchanged for another one of its model before the write.
+  // The radio may have been swapped for another one of the same model between the backup and the write.
   if (IdentityNumber(found) != attempt.idNumber || FirmwareVersion(found) != attempt.firmware) {
     attempt.text = OtherRadioReason(attempt, IdentityNumber(found), FirmwareVersion(found));
     return Found::NotRead;

@@ -1,4 +1,4 @@
-// What is done with one radio that has been identified and has a row: backup, write, verification.
+// The job for one radio that has been identified and has a row: backup, write, verification.
 #pragma once
 
 #include "bench_context.h"
@@ -19,12 +19,12 @@ public:
       : m_line(line), m_journal(journal), m_context(context), m_settings(context.settings),
         m_onProgress(std::move(onProgress)) {}
 
-  // The attempt has the row, and gets text, backup and checksum. `identity` has what ReadIdentity reads.
+  // The attempt has the row, and gets text, backup and checksum. `identity` is the result of ReadIdentity.
   [[nodiscard]] AttemptOutcome Run(const RadioImage& identity, Attempt& attempt);
-  // Reads back a radio that is done with the attempt's row: DoneBefore if it holds the row, SetAside if it holds
-  // something else.
+  // Reads back a radio that is done with the attempt's row. DoneBefore if it holds the row, SetAside if its content
+  // differs.
   [[nodiscard]] AttemptOutcome CompareDone(Attempt& attempt);
-  // Whether the cable may be why it failed.
+  // Whether the cable may be the cause of the failure.
   [[nodiscard]] bool IsCable() const { return m_isCable; }
 
 private:

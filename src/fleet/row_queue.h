@@ -1,5 +1,5 @@
-// Which row of the list the next radio at each port gets: the rows in the order of the list, the ports in the order of
-// their numbers, unless the user has chosen a row. This is the intention of one bench; the journal gives the rows out.
+// Plans which row the next radio at each port gets: the rows in the order of the list, the ports in the order of their
+// numbers, unless the user has chosen a row. This is only the plan of one bench. The journal gives the rows out.
 #pragma once
 
 #include "journal.h"
@@ -11,12 +11,12 @@
 
 namespace mr4500x {
 
-// What a port has, and is to get. Rows count from 1; 0 is none.
+// The row that a port has, and the row that it will get. Rows count from 1; 0 is none.
 struct RowSlot {
-  bool isWaiting = true; // for a radio, or with one for a row
+  bool isWaiting = true; // for a radio, or with a radio for a row
   std::size_t next = 0;
-  std::size_t held = 0; // of the radio in progress
-  std::string name{};   // of the port; known with the first of these
+  std::size_t held = 0; // row of the radio in progress
+  std::string name{};   // name of the port; known after its first row
 };
 
 // Gives each waiting port a row of `free`, which is sorted. A port keeps its row as long as it can. The rows of
@@ -24,9 +24,10 @@ struct RowSlot {
 void AssignRows(std::vector<RowSlot>& ports, const std::vector<std::size_t>& free,
                 const std::vector<std::size_t>& chosen);
 
-// The row with a label, else the one for a radio, else the one that a radio holds. nullptr: none, or more than one.
+// The row with a label, or else the row for a radio, or else the row that a radio holds. nullptr if there is none or
+// more than one.
 [[nodiscard]] const JournalRow* FindRow(const std::vector<JournalRow>& rows, std::string_view labelOrRadio);
-// Whether the user can give the row to the next radio that comes.
+// Whether the user can choose the row for the next radio.
 [[nodiscard]] bool CanBeChosen(const JournalRow& row);
 
 // The slots of a bench. May be used by several threads.
@@ -38,13 +39,13 @@ public:
   };
 
   void SetPorts(std::size_t count) { m_ports.resize(count); } // before they start
-  // What the journal has now. `port` has no radio in progress.
+  // Updates the rows from the journal. `port` has no radio in progress.
   void SetRows(std::size_t port, const std::vector<JournalRow>& rows);
   // The port's row. `isWaiting`: see RowSlot.
   [[nodiscard]] Next NextFor(std::size_t port, bool isWaiting);
   void Hold(std::size_t port, std::size_t row, std::string portName); // the port's radio has got it
-  [[nodiscard]] std::string PortThatHolds(std::size_t row);           // its name; "": none of this bench
-  void Choose(std::size_t row);                                       // for the first port that waits
+  [[nodiscard]] std::string PortThatHolds(std::size_t row); // name of the port; "" if it is none of this bench
+  void Choose(std::size_t row);                             // chooses the row for the first waiting port
   void ForgetChoices();
 
 private:

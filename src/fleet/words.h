@@ -1,4 +1,4 @@
-// The words of the fleet, for the window, the command line and the lists of the journal.
+// The texts of the fleet, for the window, the command line and the lists of the journal.
 #pragma once
 
 #include "exchange.h"
@@ -19,7 +19,7 @@ struct PlanChanges;
 [[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified"
 [[nodiscard]] std::string_view WordFor(RowState state);         // "free"
 
-// Why a radio was not programmed, for a technician who can only connect it again.
+// The reasons why a radio was not programmed, for a technician.
 inline constexpr char NoNumberReason[] =
     "the radio has no identity number, so the journal can't distinguish it from others";
 inline constexpr char ExchangedReason[] = "the radio was swapped for another one; nothing was written";
@@ -29,11 +29,11 @@ inline constexpr char TakenAwayReason[] =
 inline constexpr char ChangedReason[] = "a radio with this number is done, but this one differs; "; // and what
 inline constexpr char TextDiffersReason[] = "its embedded information does not match what was written";
 [[nodiscard]] std::string ReasonFor(const ExchangeResult& result); // "" if it is complete
-// `band`: "" if only its answer to the write showed it.
+// `band`: "" if the difference showed only in its answer to the write.
 [[nodiscard]] std::string OtherBandReason(const std::string& band, const std::string& bandOfRow);
 [[nodiscard]] std::string BackupReason(const std::string& folder, const std::string& systemReason);
 [[nodiscard]] std::string DifferenceReason(const ImageDifferences& differences);
-// Another radio was found where the attempt's was backed up.
+// Another radio was read back than the one that was backed up.
 [[nodiscard]] std::string OtherRadioReason(const Attempt& attempt, const std::string& idNumber,
                                            const std::string& firmware);
 // Why a radio gets no row: its number is at another port of this bench, or another bench has it.
@@ -41,7 +41,7 @@ inline constexpr char TextDiffersReason[] = "its embedded information does not m
 [[nodiscard]] std::string HeldReason(const JournalRow& row);
 [[nodiscard]] std::string ChoiceGoneReason(std::size_t row); // the row that the user has chosen is not free
 
-// What a port's state leaves open.
+// Additional texts for a port's state.
 inline constexpr char NoiseHint[] = "something answers, but it is not a radio, or the cable is faulty";
 inline constexpr char LastFailureHint[] = "the last failure: "; // and the reason
 inline constexpr char CableHint[] = "check the cable; the last failure: ";
@@ -57,12 +57,12 @@ inline constexpr char LostEntryHint[] = "neither the journal nor the file of pen
 
 // "2026-11-25 13:45:07  COM3: row 12, Truck 12, radio R12: failed: No Response !!"
 [[nodiscard]] std::string LineFor(const Attempt& attempt);
-// Why the user's command for a verified radio failed. `status`: none if it took too long.
+// The reason why the user's command for a verified radio failed. `status` is empty if it took too long.
 [[nodiscard]] std::string CommandReason(std::optional<int> status, const std::string& error,
                                         std::chrono::seconds limit);
 // "COM3: row 12, Truck 12, radio R12: the command ended with status 1: no printer"
 [[nodiscard]] std::string LineForCommand(const Attempt& note);
-// An entry whose row another radio got in the meantime, or whose radio another row.
+// An entry whose row went to another radio in the meantime, or whose radio got another row.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
 // "radio R12, at COM3: failed: the radio does not answer", of a radio that was not verified.
 [[nodiscard]] std::string LineForFailed(const PortStatus& status, std::string_view portName);

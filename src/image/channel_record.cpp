@@ -15,9 +15,9 @@ namespace {
 using Record = std::span<std::uint8_t, 16>;
 using ConstRecord = std::span<const std::uint8_t, 16>;
 
-constexpr std::uint8_t InUseBit = 0x80; // of RxFlags; in TxFlags: transmit allowed
+constexpr std::uint8_t InUseBit = 0x80; // in RxFlags; in TxFlags it means transmit allowed
 constexpr std::uint8_t StepCodeMask = 0x03;
-constexpr std::uint8_t KeptFlags = 0x7C; // of RxFlags and TxFlags when a record is collected
+constexpr std::uint8_t KeptFlags = 0x7C; // bits of RxFlags and TxFlags that a collect keeps
 constexpr std::size_t OptionFlags = 12;
 
 // The bytes of one side of the record and the cells that show them.

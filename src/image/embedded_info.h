@@ -28,7 +28,7 @@ inline constexpr std::size_t MostEmbeddedCharacters = 119; // 16-bit units; a li
 [[nodiscard]] std::size_t ShownLength(std::u16string_view stored);
 
 struct EmbeddedEntry {
-  std::u16string text; // as it is stored
+  std::u16string text; // in its stored form
   std::size_t caret = 0;
   bool operator==(const EmbeddedEntry&) const = default;
 };

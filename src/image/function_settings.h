@@ -56,7 +56,7 @@ inline constexpr std::array<BlockField, 26> RadioSettingsLayout = {{
 static_assert(FieldsAreSound(RadioSettingsLayout, 16));
 static_assert(RadioSettingsLayout.size() == static_cast<std::size_t>(Setting::AniLength) + 1);
 
-inline constexpr std::size_t ChannelsInUseByte = 12; // of RadioSettingsBlock
+inline constexpr std::size_t ChannelsInUseByte = 12; // in RadioSettingsBlock
 
 // The bytes of RadioSettingsBlock that an encode rebuilds from 0, including their bits without a field.
 inline constexpr std::array<std::size_t, 4> RebuiltSettingsBytes = {0, 1, 3, 14};

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view UnlistedCtcss = "CTC#";
 constexpr std::string_view DcsNormal = "DCS";
 constexpr std::string_view DcsInverted = "-DCS";
-constexpr int LongestTtsTime = 100; // that the editor offers, in 0.1 s
+constexpr int LongestTtsTime = 100; // longest time in the editor, in 0.1 s
 
 std::optional<std::uint8_t> CtcssIndex(std::string_view text, const FieldTexts& texts) {
   const auto first = texts.ToneChoiceList.begin() + 1, end = first + CtcssToneTable.size();

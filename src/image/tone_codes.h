@@ -47,8 +47,8 @@ struct ToneField {
 };
 
 inline constexpr std::uint8_t ToneOnBit = 0x10;
-inline constexpr std::uint8_t ToneCtcssBit = 0x20;     // else DCS
-inline constexpr std::uint8_t ToneDcsNormalBit = 0x40; // else inverted; 0 for CTCSS and "OFF"
+inline constexpr std::uint8_t ToneCtcssBit = 0x20;     // clear for DCS
+inline constexpr std::uint8_t ToneDcsNormalBit = 0x40; // clear for inverted DCS, CTCSS and "OFF"
 
 // "OFF", "CTC88.5", "DCS023" or "-DCS023". A CTCSS position outside the table reads as "CTC#" and its number, a DCS
 // digit above 9 as a hexadecimal digit, so that ApplyToneText can restore them.

@@ -30,7 +30,7 @@ struct ExchangeResult {
   Transfer transfer;
   Outcome outcome;
   std::string port;              // its name in messages
-  std::string systemDescription; // for PortNotOpened; empty if the port failed after it was opened
+  std::string systemDescription; // of PortNotOpened; empty if the port failed after it was opened
 };
 
 // Compares the band in two BandBlocks, or in one and the answer to a wake-up.

@@ -78,7 +78,7 @@ bool IsAcknowledge(std::span<const std::uint8_t> reply) {
   return !reply.empty() && reply[0] == Acknowledge;
 }
 
-// As many bytes as the reply's count says; nullopt if it has fewer.
+// The data of a reply, according to its count; nullopt if it has fewer bytes.
 std::optional<std::span<const std::uint8_t>> DataOf(std::span<const std::uint8_t> reply) {
   const auto data = reply.subspan(RecordHeaderBytes);
   if (reply[3] > data.size()) return std::nullopt;

@@ -20,7 +20,7 @@ enum class Speed : std::uint8_t { Prescribed, Quick };
 
 // The tries, 20 ms rounds and waits of a read.
 struct ReadPace {
-  int tries; // of the wake-up
+  int tries; // tries of the wake-up
   int wakeUpRounds;
   Milliseconds afterWakeUp;
   Milliseconds afterReply;
@@ -34,7 +34,7 @@ struct WritePace {
   int statusRounds; // 0: the status must have arrived already
 };
 
-using Addresses = std::span<const std::uint16_t>; // of records
+using Addresses = std::span<const std::uint16_t>; // addresses of records
 using RecordData = std::array<std::uint8_t, RecordBytes>;
 
 // 52 bb bb bb bb 00 30 xx xx: bb is the band, xx is ignored

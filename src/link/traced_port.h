@@ -44,7 +44,7 @@ private:
   Clock& m_clock;
   std::function<LocalTime()> m_localNow;
   std::ostream& m_trace;
-  std::optional<Clock::Moment> m_start; // of the first frame since the opening
+  std::optional<Clock::Moment> m_start; // time of the first frame since the opening
   std::optional<Clock::Moment> m_seen;  // when the waiting bytes were first seen
   bool m_hasFailed = false;
 };

@@ -8,7 +8,7 @@
 namespace mr4500x {
 namespace {
 
-using RadioText = std::string Configuration::*; // of the radio record, which has no settings
+using RadioText = std::string Configuration::*; // a text of the radio record, which has no settings
 struct SelCallWithStandard {};                  // the mode, with the standard in 5-tone mode
 struct SignalSentence {};                       // one sentence instead of label and value
 

@@ -21,7 +21,7 @@ struct ChannelRow {
   std::vector<GivenCell> cells;
 };
 struct ChannelList {
-  bool hasHeading = false; // else only a pasted text has rows
+  bool hasHeading = false; // without a heading only a pasted text has rows
   std::vector<ChannelRow> rows;
   std::vector<RefusedCell> bad;     // their lines are not among the rows
   std::vector<std::string> leftOut; // columns that are ignored: the radio has no such setting

@@ -98,7 +98,7 @@ void ClearChannels(Configuration& configuration, const Channels& channels, const
 bool MoveChannels(Configuration& configuration, RadioImage& image, Channels& channels, int by) {
   const bool up = by < 0;
   if (channels.empty() || (up ? channels.front() == 0 : channels.back() == ChannelCount - 1)) return false;
-  constexpr std::size_t codeBytes = 8; // of a channel
+  constexpr std::size_t codeBytes = 8; // per channel
   const auto codeOf = [&](std::size_t channel) {
     return std::span(image.SelCallCodeBlock.bytes).subspan(channel * codeBytes, codeBytes);
   };

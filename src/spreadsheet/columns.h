@@ -13,7 +13,7 @@ namespace mr4500x {
 
 // A column of a table with a line for each channel.
 struct ChannelColumn {
-  std::string caption;          // or the key of the setting's identifier
+  std::string caption;          // the caption, or the key of the setting's identifier
   const Field* field = nullptr; // "CH No." and "number" are not settings
   bool isOpposite = false;      // "No CH" says yes where "In Use" says no
 };

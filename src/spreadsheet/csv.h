@@ -10,7 +10,7 @@
 namespace mr4500x {
 
 struct CsvRow {
-  std::size_t line = 0;           // on which it begins, from 1
+  std::size_t line = 0;           // first line of the row, from 1
   std::vector<std::string> cells; // without the blanks around them
   bool isWhole = true;            // false if a quote is not closed, or if there is text outside the quotes
   std::size_t place = 0;          // among all rows, including empty ones, from 0

@@ -130,7 +130,7 @@ private:
   }
 
   void SetTone(GridColumn place, const std::string& kind, const std::string& column) {
-    const std::size_t side = place == GridColumn::TxTone ? 0 : 1; // in DtcsPolarity
+    const std::size_t side = place == GridColumn::TxTone ? 0 : 1; // position in DtcsPolarity
     const std::string text = kind.empty() ? "OFF" : kind == "DTCS" ? Dcs(column, side) : Ctcss(column);
     Set(place, text, kind.empty() ? "Tone" : column);
   }

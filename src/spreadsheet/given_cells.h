@@ -35,7 +35,7 @@ struct RefusedCell {
   std::size_t line = 0;
   std::string column, cell; // "" for a whole line
   Refused refused = Refused::Value;
-  Refusal refusal{};       // of a value
+  Refusal refusal{};       // why a value is refused
   std::size_t channel = 0; // 0: none
   bool operator==(const RefusedCell&) const = default;
 };

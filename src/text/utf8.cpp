@@ -7,9 +7,9 @@
 namespace mr4500x {
 
 char32_t TakeCodePoint(std::string_view& text) {
-  constexpr std::array<char32_t, 5> Least = {0, 0, 0x80, 0x800, 0x10000}; // by the number of bytes
+  constexpr std::array<char32_t, 5> Least = {0, 0, 0x80, 0x800, 0x10000}; // indexed by the number of bytes
   const auto first = static_cast<std::uint8_t>(text.front());
-  const int ones = std::countl_one(first); // of the leading bits: how many bytes the character has, or 0 for ASCII
+  const int ones = std::countl_one(first); // leading one bits: the number of bytes of the character, or 0 for ASCII
   const std::size_t length = ones == 0 ? 1 : static_cast<std::size_t>(ones);
   bool isSound = ones != 1 && ones <= 4 && length <= text.size();
   char32_t point = ones == 0 ? first : first & (0x7FU >> ones);

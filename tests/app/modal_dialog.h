@@ -1,4 +1,4 @@
-// A user who waits for the next modal dialog.
+// Waits for the next modal dialog and handles it.
 #pragma once
 
 #include <QApplication>

@@ -1,6 +1,6 @@
-// random_walk [SECONDS [SEED]]: a user who does anything to the window: menu commands, keys, clicks, drags, drops, the
-// clipboard of any other program, and any answer to a dialog. Whatever happens, the program must not crash or hang.
-// It keeps to a folder of its own, whose file "actions" has the last actions, and which stays after a failure.
+// random_walk [SECONDS [SEED]]: random input to the window: menu commands, keys, clicks, drags, drops, clipboard
+// contents, and answers to dialogs. The program must not crash or hang. All files are in a separate folder, which is
+// kept after a failure. Its file "actions" has the last actions.
 #include "program.h"
 #include "random_image.h"
 
@@ -19,9 +19,9 @@ namespace mr4500x {
 namespace {
 
 constexpr unsigned LongestActionSeconds = 120; // a transfer may be one
-constexpr int MostLevels = 6;                  // of dialogs over dialogs
+constexpr int MostLevels = 6;                  // nested dialogs
 
-// What another program offers, who may hang for a while or be gone when it is asked for it.
+// Clipboard data of another program, which may hang or have ended when the data is requested.
 class OwnersData final : public QMimeData {
 public:
   OwnersData(QStringList formats, bool isGone, unsigned long hang)
@@ -51,7 +51,7 @@ public:
     for (const char* const name : {"a.K4X", "b.K4Y", "any.K4X"}) {
       RadioImage image;
       if (name[1] == 'n')
-        image = RandomImage(m_random); // as no program writes it
+        image = RandomImage(m_random); // one that no program would write
       else
         ResetToDefaults(image, {2004, 11, 4, 9, 5, 7});
       static_cast<void>(SaveDataFile(files, Path(name), image));
@@ -76,7 +76,7 @@ public:
       m_planned = std::make_unique<QObject>();
       PlanAction(end);
       QApplication::exec();
-      m_planned.reset(); // what is left would act on the next window
+      m_planned.reset(); // the remaining actions would act on the next window
     }
     std::cout << m_actions << " actions\n";
   }
@@ -280,7 +280,7 @@ private:
       std::filesystem::remove_all(Path("state"));
     } else if (action == "close") {
       main.close();
-    } else if (action == "quit") { // as the session's end
+    } else if (action == "quit") { // like the end of the session
       QEvent quit(QEvent::Quit);
       QCoreApplication::sendEvent(qApp, &quit);
     } else if (action == "signal") {
@@ -297,7 +297,7 @@ private:
   int m_actions = 0;
 };
 
-// Shows no page of the world's.
+// Opens no page on the internet.
 class NoBrowser final : public QObject {
   Q_OBJECT
 public slots:

@@ -21,14 +21,14 @@ struct Process {
   FILE* output;
   int id = 0;
 };
-// Its signals are not ignored, as those of a shell's background job would be.
+// Its signals are not ignored, unlike in a background job of a shell.
 inline Process Start(const std::string& command) {
   Process process{popen(("echo $$; exec env --default-signal " + command).c_str(), "r")};
   EXPECT_EQ(fscanf(process.output, "%d", &process.id), 1);
   return process;
 }
 
-// Reads what it prints until it ends. The status is that of a shell: 128 and the signal that ended it.
+// Reads the output until the process ends. As in a shell, the status after a signal is 128 plus its number.
 inline Ended Await(const Process& process) {
   Ended ended{-1, {}};
   for (int character = fgetc(process.output); character != EOF; character = fgetc(process.output))

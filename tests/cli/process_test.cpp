@@ -46,7 +46,7 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
               trace.find("computer 57 03 F8 08                         0x3F8 FirmwareVersionBlock\n") < trace.size())
       << trace;
   EndRadio();
-  std::string both; // at the same time; what is asked quickly is lost, and asked again
+  std::string both; // options together; quick requests are lost and repeated
   for (const std::string speed : {"slow", "quick"}) {
     std::filesystem::copy(Path("memory"), Path(speed + ".memory"));
     StartRadio(" --deaf 30", speed + ".memory");
@@ -58,7 +58,7 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   EndRadio();
 }
 
-// What runs goes on to its end, however many signals come, and nothing begins after it.
+// A running transfer is finished, however many signals arrive, and no other is started after it.
 TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
   const std::string readBegins = "computer 72 45 41 44\n", writeBegins = "computer 77 52 49 54 45\n";
   const std::map<std::string, int> signals = {{"INT", SIGINT}, {"TERM", SIGTERM}, {"HUP", SIGHUP}, {"QUIT", SIGQUIT}};
@@ -75,12 +75,12 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
     }
     return text;
   };
-  for (int round = 0; round <= 3 && !rows.empty(); ++round) { // again where the radio was late, on a busy machine
+  for (int round = 0; round <= 3 && !rows.empty(); ++round) { // repeats a row if its radio was late
     std::vector<Running> all;
     std::vector<Row> again;
     for (const Row& row : rows) {
       const std::string number = std::to_string(round) + '-' + std::to_string(all.size());
-      StartRadio(" --pace 9600", "memory" + number); // else it is over at once
+      StartRadio(" --pace 9600", "memory" + number); // otherwise it would be over at once
       all.push_back({number, port, {}});
       all.back().process = Start(MR4500X_CLI " " + filledIn(row[3], all.back()) + " 2>&1");
     }
@@ -135,7 +135,7 @@ TEST_F(CommandLineTest, PrintsAFile) {
 }
 
 TEST_F(CommandLineTest, DoesWhatTheFileSays) {
-  Put("newer.K4X", Content("a.K4X").replace(51, 2, std::string("\x02\0\x01\0", 4))); // its format marker is 1
+  Put("newer.K4X", Content("a.K4X").replace(51, 2, std::string("\x02\0\x01\0", 4))); // with the format marker 1
   Put("damaged.K4X", "nonsense");
   Put("cut.K4X", Content("a.K4X").substr(0, 400));
   setenv("cli", MR4500X_CLI, 1);

@@ -19,7 +19,7 @@ std::string ResultOf(const std::optional<ResetTimeCheck>& check) {
   return check ? check->text + (check->off ? " OFF" : "") : "none";
 }
 
-// "LOWER to UPPER" in the boxes, and the limits that come of it.
+// "LOWER to UPPER" in the boxes, and the resulting limits.
 std::string Limits(const std::string& text) {
   const std::size_t to = text.find(" to ");
   const std::string lower = text.substr(0, to), upper = text.substr(to + 4);

@@ -56,7 +56,7 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
   QTest::mouseMove(cells, Centre(5, 5));
   QTest::mouseRelease(cells, Qt::LeftButton, {}, Centre(5, 5));
   EXPECT_EQ(Cell(1, 12), "ON") << "the cell that was pressed";
-  QTest::mouseDClick(cells, Qt::LeftButton, {}, Centre(1, 12)); // of two quick clicks, the second press alone
+  QTest::mouseDClick(cells, Qt::LeftButton, {}, Centre(1, 12)); // only the second press of a double click
   QTest::mouseRelease(cells, Qt::LeftButton, {}, Centre(1, 12));
   EXPECT_EQ(Cell(1, 12), "OFF");
 }

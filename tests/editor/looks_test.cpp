@@ -82,7 +82,7 @@ TEST_F(LooksTest, TextsFitAndCanBeReadAndFramesShareTheirEdges) {
 
 // A cell's text is where it was when its editor opens.
 TEST_F(LooksTest, TextsOfCellsDoNotMoveWhenTheyAreOpened) {
-  const auto textIn = [&](const QTableWidget& table, const QModelIndex& cell) { // its place in the cell
+  const auto textIn = [&](const QTableWidget& table, const QModelIndex& cell) { // the rectangle of the text in the cell
     const QImage picture = panel.grab().toImage();
     const QRect place =
         table.visualRect(cell).translated(table.viewport()->mapTo(&panel, QPoint())).adjusted(6, 5, -6, -1);
@@ -93,7 +93,7 @@ TEST_F(LooksTest, TextsOfCellsDoNotMoveWhenTheyAreOpened) {
     };
     QRect found;
     for (int y = place.top(); y <= place.bottom(); ++y)
-      for (int x = place.left(); x < place.right() - 13; ++x) // not the arrow of a list
+      for (int x = place.left(); x < place.right() - 13; ++x) // without the arrow of a list
         if (isText(picture.pixel(x, y))) found |= QRect(x, y, 1, 1);
     return found.translated(-place.topLeft());
   };
@@ -111,7 +111,7 @@ TEST_F(LooksTest, TextsOfCellsDoNotMoveWhenTheyAreOpened) {
         const QRect before = textIn(table, table.currentIndex());
         QTest::keyClick(&table, Qt::Key_Space);
         for (auto* const box : panel.findChildren<QLineEdit*>())
-          box->deselect(); // in white
+          box->deselect(); // the selection is white
         const QRect after = textIn(table, table.currentIndex());
         EXPECT_FALSE(before.isEmpty());
         EXPECT_EQ(std::tuple(before.left(), before.top(), before.bottom()),

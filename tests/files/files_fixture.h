@@ -1,4 +1,4 @@
-// What the tests of files share: a folder of their own, and a file system whose calls can be made to fail.
+// The fixture of the file tests: a temporary folder, and a file system whose calls can be made to fail.
 #pragma once
 
 #include <algorithm>
@@ -27,10 +27,10 @@ public:
   static constexpr int Killed = 99; // the exit status
   int failAt = 0;
   bool isKilled = false;              // instead
-  std::size_t mostWritten = SIZE_MAX; // of one Write
+  std::size_t mostWritten = SIZE_MAX; // bytes of one Write
   std::size_t diskRoom = SIZE_MAX;    // bytes until the disk is full
   std::set<std::string> unwritable;
-  bool hasModes = true, canCreate = true, canRename = true, canWrite = true; // of a share
+  bool hasModes = true, canCreate = true, canRename = true, canWrite = true; // properties of a network share
   enum class Locks { All, OfWriters, None } locks = Locks::All;
   std::function<void(Path path, FileStatus& status)> alter = [](Path, FileStatus&) {};
   std::function<void(Handle)> beforeLock = [](Handle) {}; // once
@@ -65,7 +65,7 @@ public:
     if (!canWrite) return std::nullopt;
     return Try(&FileSystem::OpenToWrite, path, mode);
   }
-  void Close(Handle file) override { // as the end of the process does
+  void Close(Handle file) override { // like the end of the process
     {
       const std::lock_guard lock(m_mutex);
       m_readers.erase(file);
@@ -120,7 +120,7 @@ private:
   template<typename Answer, typename... Parameters>
   Answer Try(Answer (FileSystem::*call)(Parameters...), std::type_identity_t<Parameters>... arguments) {
     const bool fails = NextFails();
-    if (fails && isKilled) std::_Exit(Killed); // for the files it is all the same
+    if (fails && isKilled) std::_Exit(Killed); // has the same effect on the files
     return fails ? Answer{} : (m_real.*call)(arguments...);
   }
 
@@ -152,7 +152,7 @@ inline bool WriteValue(FileSystem& files, const std::string& file, const std::st
   return WriteProfileStrings(files, file, {&one, 1});
 }
 
-inline const std::string Leftover = ".mr4500x-save-0123456789abcdef"; // as a killed save leaves one
+inline const std::string Leftover = ".mr4500x-save-0123456789abcdef"; // the leftover of a killed save
 
 class FilesTest : public testing::Test {
 protected:

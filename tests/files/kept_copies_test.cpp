@@ -72,7 +72,7 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
   copies.PutAside();
   const auto isLate = [](const std::string& name) { return name.starts_with("2004"); };
   EXPECT_TRUE(std::ranges::any_of(Kept(), isLate));
-  std::filesystem::remove_all(Folder()); // by somebody else
+  std::filesystem::remove_all(Folder()); // by another program
   EXPECT_TRUE(copies.Keep(Copy("2026-11-25 04:11:00")));
 }
 
@@ -115,7 +115,7 @@ TEST_F(KeptCopiesTest, EachCopyIsOfferedOnceEvenIfItsFolderCannotBeWritten) {
   EXPECT_EQ(next.TakeUnreadable().size(), 1U);
 }
 
-// Some network file systems lock only what is open for writing, others nothing at all.
+// Some network file systems lock only files that are open for writing, others none at all.
 TEST_F(KeptCopiesTest, CopiesAreKeptAndOfferedWhateverTheFileSystemLocks) {
   using Locks = FaultyFileSystem::Locks;
   for (const Locks locks : {Locks::OfWriters, Locks::None}) {

@@ -3,8 +3,7 @@
 namespace mr4500x {
 namespace {
 
-// One radio in ten has a fault, each of the kinds in turn. A radio that is taken off without its row comes again, in
-// order.
+// One radio in ten has a fault, each kind in turn. A radio that is unplugged without its row is connected again later.
 TEST(ManyRadiosTest, EachRowIsDoneOnceAndEachRadioHoldsItsRow) {
   constexpr std::size_t Radios = 200, Ports = 16;
   Fleet fleet;

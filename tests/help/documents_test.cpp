@@ -1,4 +1,5 @@
-// The documents against the sources: what they name exists, and what the sources cite is there.
+// Checks the documents against the sources: every name in them exists, and so does every decision that the sources
+// cite.
 #include "source_texts.h"
 
 #include <QDir>
@@ -45,7 +46,7 @@ protected:
     return definition.match(sources).hasMatch();
   }
 
-  QMap<QString, QString> documents; // by path
+  QMap<QString, QString> documents; // indexed by path
   QSet<QString> names;              // all that the other files mention
   QString sources, paths;
 };
@@ -89,7 +90,7 @@ TEST_F(DocumentsTest, ShowEachLayerWithWhatItLinks) {
   const QStringList layers =
       Captures(build, "mr4500x_layer\\((\\w+)") + QStringList{"machine_interfaces", "desktop_interfaces"};
   EXPECT_GT(layers.size(), 15);
-  const auto layersIn = [&](const QString& text, const char* pattern) { // in the order of their names
+  const auto layersIn = [&](const QString& text, const char* pattern) { // sorted by name
     QStringList found = Captures(text, pattern);
     found.removeIf([&](const QString& name) { return !layers.contains(name); });
     found.sort();

@@ -1,5 +1,5 @@
-// The manual against the program: it knows every message and every command of the command line tool, lists no message
-// that the program does not have, all its links lead somewhere, and every page can be reached.
+// Checks the manual against the program: it has every message and every command of the command line tool, and no
+// message that the program does not have. All its links work, and every page can be reached.
 #include "source_texts.h"
 
 #include <QDir>
@@ -11,7 +11,7 @@ namespace {
 
 const QString Folder = SOURCE_FOLDER "/help/", Docs = SOURCE_FOLDER "/docs/";
 
-// What a reader sees of a page: its title and its text, without markup.
+// The visible part of a page: its title and its text, without markup.
 std::pair<QString, QString> PlainPage(const QString& html) {
   QTextDocument document;
   document.setHtml(html);
@@ -61,14 +61,14 @@ protected:
     EXPECT_GT(pages.size(), 20);
   }
 
-  QMap<QString, QString> pages; // by the name of the file
-  QString words;                // of all pages
+  QMap<QString, QString> pages; // indexed by file name
+  QString words;                // the texts of all pages
   QStringList places{"https://www.calvorne-vtr.example/"};
 };
 
 TEST_F(ManualTest, KnowsEveryMessageOfTheProgram) {
   const QRegularExpression notOnScreen("^Data file of LR720[01] Radio Series|^usage: "), sentence("[.!?]$");
-  // Why a radio was not programmed; the refusals of a list say what is allowed, so the manual has no need to.
+  // The reasons why a radio was not programmed. Refusals of a list are self-explanatory, so the manual omits them.
   const QRegularExpression reasons("/src/fleet/(?!plan|window|journal/)");
   int count = 0;
   for (const ProgramText& each : ProgramTexts()) {

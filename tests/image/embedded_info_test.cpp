@@ -7,7 +7,7 @@ namespace {
 
 using Text = std::u16string;
 
-// So many units, no two neighbours alike.
+// `count` units, of which no two neighbours are equal.
 Text Units(std::size_t count) {
   Text text;
   for (std::size_t i = 0; i < count; ++i)
@@ -15,7 +15,7 @@ Text Units(std::size_t count) {
   return text;
 }
 
-// The first `before` of so many units, then `inserted`, then the rest; the caret after what was inserted.
+// `inserted` after the first `before` units of a text, with the caret behind it.
 EmbeddedEntry Inserted(std::size_t count, std::size_t before, const Text& inserted) {
   return {Units(count).insert(before, inserted), before + inserted.size()};
 }

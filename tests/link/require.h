@@ -1,4 +1,4 @@
-// What a scripted radio and its desk demand, as failures of the running test.
+// Reports violated expectations of a scripted radio as failures of the running test.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Configurations for the reports: what they print of a new radio, and of one that fills every place.
+// Configurations for the reports: a new one, and one with the longest texts everywhere.
 #pragma once
 
 #include "print_reports.h"

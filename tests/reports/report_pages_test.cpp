@@ -15,8 +15,8 @@ using namespace std::string_literals;
 
 constexpr PrintArea Paper = {11622, 16554}; // A4 less 2.5 mm on each side
 
-// Writes down what happens; the operation named `failing` fails. Every character is as wide as a quarter of its font's
-// height; bytes of UTF-8 that continue one have no width.
+// Records the operations. The operation named `failing` fails. Every character is as wide as a quarter of its font's
+// height. Continuation bytes of UTF-8 have no width.
 struct ScriptedPrinter final : Printer {
   std::string failing;
   Lines happened;

@@ -39,7 +39,7 @@ TEST_F(ChannelListTest, AnExportComesBackAsTheSameBytes) {
     const RadioImage before = RandomImage(random);
     const Configuration shown = Decode(before, texts).configuration;
     std::string csv = round % 4 == 1 ? CaptionedCsv(shown) : ChannelsCsv(shown);
-    if (round % 2 == 0) { // as a spreadsheet with decimal commas saves it
+    if (round % 2 == 0) { // like a spreadsheet with decimal commas
       std::ranges::replace(csv, ',', ';');
       std::ranges::replace(csv, '.', ',');
       csv.insert(0, "\xEF\xBB\xBF");

@@ -1,4 +1,4 @@
-// The fleet command: many radios over one plan, and the journal of it.
+// The fleet command: many radios from one plan, and its journal.
 #pragma once
 
 #include "fleet_session.h"
@@ -8,7 +8,7 @@ namespace mr4500x {
 
 struct FleetArguments {
   FleetChoice choice;             // without the ports
-  std::vector<std::string> ports; // "all" is one that is there
+  std::vector<std::string> ports; // or "all"
   std::string logFile;
   bool isDryRun = false; // only checks the plan; needs no ports
   bool carriesOver = false, startsOver = false;
@@ -23,8 +23,8 @@ struct FleetArguments {
   bool isStatistics = false;
 };
 
-// Prints a line for every change at a port. Needs an application object; its event loop hears Ctrl-C. Done only if
-// every radio asked for is verified, UnusableArguments for a plan with refusals.
+// Prints a line for every change at a port. Needs an application object, whose event loop receives Ctrl-C. Done only if
+// every requested radio is verified, UnusableArguments for a plan with refused values.
 [[nodiscard]] ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments,
                                   Terminal& terminal);
 

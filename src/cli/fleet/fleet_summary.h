@@ -2,7 +2,7 @@
 
 namespace mr4500x {
 
-// What mr4500x-cli says about the fleet command, which another program runs.
+// The summary of the fleet command in mr4500x-cli. Another program runs it.
 inline constexpr char FleetSummary[] = "Program many radios on several ports, each with its row of a plan";
 
 } // namespace mr4500x

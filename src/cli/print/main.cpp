@@ -1,4 +1,4 @@
-// mr4500x-cli-print FILE OUT.pdf REPORTS: runs the print command of mr4500x-cli, whose other commands thus start
+// mr4500x-cli-print FILE OUT.pdf REPORTS: runs the print command of mr4500x-cli, so that the other commands start
 // without the libraries that draw pages. mr4500x-cli has checked the arguments.
 #include "machine.h"
 #include "machine_files.h"
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
   }
   mr4500x::PrepareProcess();
   qInstallMessageHandler(DropDiagnostics);
-  constexpr std::string_view Platform = MR4500X_SCREENLESS_PLATFORM; // empty where the usual one needs no screen
+  constexpr std::string_view Platform = MR4500X_SCREENLESS_PLATFORM; // empty if the usual one needs no screen
   if (!Platform.empty()) qputenv("QT_QPA_PLATFORM", Platform.data());
   try {
     const QGuiApplication application(argc, argv);

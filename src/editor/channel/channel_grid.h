@@ -36,12 +36,12 @@ public:
   void FitToFont(int toneEditorWidth); // the least width of the tone column, in pixels
   [[nodiscard]] int WidthOf(GridColumn column) const;
   [[nodiscard]] int ChannelRowHeight() const { return rowHeight(0); }
-  [[nodiscard]] int MiddleOfRow(int channel) const; // in the parent's coordinates
+  [[nodiscard]] int MiddleOfRow(int channel) const; // y in the parent's coordinates
   // The top left corner of an editor over a cell, `inset` twips right of the cell's left edge.
   [[nodiscard]] QPoint EditorCorner(int channel, GridColumn column, int inset) const;
 
 signals:
-  void MenuAsked(const QPoint& at); // on the screen
+  void MenuAsked(const QPoint& at); // screen position
 
 protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -50,14 +50,14 @@ protected:
 
 private:
   void RowClicked(int row, Qt::MouseButton button, Qt::KeyboardModifiers keys);
-  void SelectTo(int row); // from the current one
+  void SelectTo(int row); // selects from the current row
   void AskForMenu();
-  [[nodiscard]] int Scaled(double twips) const; // in the grid's own scale
+  [[nodiscard]] int Scaled(double twips) const; // converts to pixels with the grid's scale
   [[nodiscard]] int CellWidthNeeded(GridColumn column) const;
   [[nodiscard]] int HeaderWidthNeeded(GridColumn column) const;
 
   double m_pixelsPerTwip = 1.0 / 15;
-  int m_lastRow = 0; // of those that Shift has selected
+  int m_lastRow = 0; // the last row selected with Shift
 };
 
 } // namespace mr4500x

@@ -23,7 +23,7 @@ public:
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
   void CollectUnfinished(Configuration& values) const override;
-  [[nodiscard]] Band Limits() const; // as the boxes show them
+  [[nodiscard]] Band Limits() const; // the limits that the boxes show
 
 signals:
   void LowerLimitChanged(int limit); // the user has agreed

@@ -28,7 +28,7 @@ public:
   [[nodiscard]] bool IsTts() const { return m_mode == TtsMode; }
 
 signals:
-  void ModeChanged(bool tts); // not by choosing the same mode again
+  void ModeChanged(bool tts); // not emitted if the same mode is selected again
 
 private:
   int m_mode = TtsMode;

@@ -26,7 +26,7 @@ constexpr char FileOptions[] = "QSQLITE_BUSY_TIMEOUT=5000";
 constexpr char FileOptionsToList[] = "QSQLITE_BUSY_TIMEOUT=5000;QSQLITE_OPEN_URI";
 constexpr char FrozenFileOptions[] = "QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI";
 
-constexpr std::uint64_t SmallestDatabase = 512; // bytes; SQLite would take a file of one byte for an empty one
+constexpr std::uint64_t SmallestDatabase = 512; // bytes; SQLite treats a file of one byte as empty
 
 int KnownVersion() {
   return static_cast<int>(SchemaVersions.size());
@@ -40,7 +40,7 @@ QString UriOf(const std::string& file, const char* query) {
   return "file:" + QUrl::toPercentEncoding(QString::fromStdString(file), "/") + QLatin1String(query);
 }
 
-// The statement with the values in the places of their names, which are outside its quotes.
+// The statement with the values instead of their names. Names within quotes are not replaced.
 QString WithValues(const QSqlDatabase& database, const QString& statement, const Values& values) {
   QString filled;
   bool isQuoted = false;
@@ -70,7 +70,7 @@ std::string FileOfJournal(const std::string& address) {
   constexpr std::string_view OfFile = "sqlite:";
   if (IsServer(address)) return "";
   const std::string file = address.starts_with(OfFile) ? address.substr(OfFile.size()) : address;
-  return file.empty() ? "." : file; // SQLite would take an empty path for a file that lasts as long as the connection
+  return file.empty() ? "." : file; // for SQLite an empty path means a temporary file
 }
 
 SqlConnection::SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayCommit)
@@ -82,7 +82,7 @@ SqlConnection::SqlConnection(const std::string& address, JournalUse use, std::fu
   if (IsServer(address)) {
     UseServer(database);
   } else {
-    // Even to list it, it is opened for writing where it may be: else the files beside it would stay.
+    // Opened for writing if possible, even to list it. Otherwise the files beside it would remain.
     const bool isListed = use == JournalUse::List;
     database.setDatabaseName(isListed ? UriOf(m_file, "?mode=rw") : QString::fromStdString(m_file));
     database.setConnectOptions(isListed ? FileOptionsToList : FileOptions);
@@ -101,7 +101,8 @@ void SqlConnection::UseServer(QSqlDatabase& database) {
   database.setPassword(url.password());
   database.setDatabaseName(url.path().mid(1));
   QString options = ServerOptions;
-  for (const auto& [name, value] : QUrlQuery(url).queryItems(QUrl::FullyDecoded)) // the last of a name counts
+  for (const auto& [name, value] :
+       QUrlQuery(url).queryItems(QUrl::FullyDecoded)) // if a name occurs twice, the last one counts
     options += ';' + name + "='" + QString(value).replace('\\', "\\\\").replace('\'', "\\'") + '\'';
   database.setConnectOptions(options);
 }
@@ -126,14 +127,14 @@ bool SqlConnection::OpenDatabase() {
       static_cast<void>(Run(statement));
   else if (!m_file.empty() && !Run("SELECT 1 FROM sqlite_master")) {
     if (QFile::exists(QString::fromStdString(m_file + "-wal"))) return false;
-    // Where nothing can be written beside it, the file of a journal that no bench has open can be read all the same.
+    // Even if nothing can be written beside it, the file can be read as long as no bench has it open.
     database.setDatabaseName(UriOf(m_file, "?immutable=1"));
     database.setConnectOptions(FrozenFileOptions);
   }
   return database.isOpen() || database.open() || Fail(database.lastError());
 }
 
-// What goes to a file that has been moved or deleted is lost, and another one in its place knows nothing of the rows.
+// Entries in a file that was moved or deleted would be lost, and another file in its place would not have the rows.
 bool SqlConnection::CheckFile() {
   if (m_file.empty()) return true;
   std::error_code unknown;
@@ -143,7 +144,8 @@ bool SqlConnection::CheckFile() {
   const FileId id = {found.device, found.number};
   if (m_fileId) return (isThere && id == *m_fileId) || Fail("The journal was moved, deleted or replaced.");
   if (!isThere) return m_use == JournalUse::Enter || Fail("The journal does not exist.");
-  // Only by its size: closing a file gives up the locks that the process has on it. SQLite refuses larger ones itself.
+  // Checks only the size, because closing a file releases the process's locks on it. SQLite itself refuses larger
+  // files.
   const bool mayBeJournal = found.kind == FileKind::Regular && (found.size == 0 || found.size >= SmallestDatabase);
   if (!mayBeJournal) return Fail("The file is not a journal.");
   if (Database().isOpen()) m_fileId = id;
@@ -172,7 +174,8 @@ std::optional<int> SqlConnection::SchemaVersion() {
   return query->next() ? query->value(0).toInt() : 0;
 }
 
-// Several processes may come upon a new database at once: the first one upgrades it, the others find it upgraded.
+// Several processes may find a new database at the same time. The first one upgrades it, and the others find it
+// upgraded.
 bool SqlConnection::UpgradeOnce() {
   if (!Run(m_dialect.lockSchema)) return false;
   const std::optional<int> version = SchemaVersion();
@@ -224,7 +227,7 @@ std::optional<QSqlQuery> SqlConnection::RunAll(const QStringList& statements, co
 }
 
 std::optional<QSqlQuery> SqlConnection::Execute(const QString& sql, int results) {
-  if (!Database().isOpen()) { // the driver has seen that the server is gone
+  if (!Database().isOpen()) { // the driver has noticed that the server is gone
     Fail(QSqlError());
     return std::nullopt;
   }

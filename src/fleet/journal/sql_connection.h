@@ -20,13 +20,13 @@
 
 namespace mr4500x {
 
-using Values = std::vector<std::pair<QString, QVariant>>; // for the names in a statement
+using Values = std::vector<std::pair<QString, QVariant>>; // values for the names in a statement
 
-// False and nullopt are failures, and Error has the reason. A failure gives up the connection, and with it the
-// transaction. The next Open connects again.
+// False and nullopt mean failure, and Error has the reason. A failure closes the connection and aborts its transaction.
+// The next Open connects again.
 class SqlConnection {
 public:
-  // `mayCommit`: false once no one waits any more for what is being done.
+  // `mayCommit` becomes false when the caller no longer waits for the result.
   SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayCommit);
   ~SqlConnection();
   SqlConnection(const SqlConnection&) = delete;
@@ -35,15 +35,15 @@ public:
   // Connects if necessary and brings the schema up to date.
   [[nodiscard]] bool Open();
   [[nodiscard]] bool InTransaction(const std::function<bool()>& steps);
-  // One statement; what stands in braces is filled in, and the values that it names.
+  // Executes one statement after filling in the parts in braces and the named values.
   [[nodiscard]] std::optional<QSqlQuery> Run(const QString& statement, const Values& values = {});
-  // In one round trip. The result is the last one's.
+  // Executes several statements in one round trip. Returns the result of the last one.
   [[nodiscard]] std::optional<QSqlQuery> RunAll(const QStringList& statements, const Values& values);
   [[nodiscard]] std::optional<int> Change(const QString& statement, const Values& values); // how many rows
-  [[nodiscard]] bool IsEmpty() const { return m_isEmpty; } // it is open to list a database without any tables
+  [[nodiscard]] bool IsEmpty() const { return m_isEmpty; } // opened to list a database without tables
   [[nodiscard]] const std::string& Error() const { return m_error; }
-  [[nodiscard]] const std::string& Details() const { return m_details; } // the database's own words
-  // Another connection held what the last call needed, or has made the row that it made.
+  [[nodiscard]] const std::string& Details() const { return m_details; } // the database's own message
+  // Another connection held a lock that the last call needed, or had already made the same row.
   [[nodiscard]] bool IsBusy() const { return m_failure == SqlFailure::Busy; }
   [[nodiscard]] bool IsDouble() const { return m_failure == SqlFailure::Double; }
 
@@ -69,7 +69,7 @@ private:
   const QString m_name;
   const Dialect& m_dialect;
   const std::function<bool()> m_mayCommit;
-  std::optional<FileId> m_fileId; // of the file that was opened
+  std::optional<FileId> m_fileId; // id of the file that was opened
   std::string m_error, m_details;
   SqlFailure m_failure = SqlFailure::Other;
   bool m_isEmpty = false;

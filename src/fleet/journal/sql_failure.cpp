@@ -32,7 +32,7 @@ constexpr std::array ServerTexts = {
     Case{"definition of service", {SqlFailure::Other, "The service is not in the user's list of services."}},
     Case{"translate host name", {SqlFailure::Other, "The name of the server is unknown."}},
 };
-// SQLite's results, of which the last byte counts.
+// SQLite's result codes. Only their last byte is used.
 constexpr int Busy = 5, Locked = 6, ReadOnly = 8, Full = 13, CanNotOpen = 14, Constraint = 19, NoDatabase = 26;
 
 } // namespace

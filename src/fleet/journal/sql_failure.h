@@ -1,4 +1,4 @@
-// What a database's error means, in words of ours.
+// Our own messages for the errors of a database.
 #pragma once
 
 #include <QSqlError>
@@ -8,7 +8,7 @@
 namespace mr4500x {
 
 enum class SqlFailure : std::uint8_t {
-  Busy,   // another connection has what is needed
+  Busy,   // another connection holds a lock
   Double, // the entry exists
   Other,
 };

@@ -1,4 +1,4 @@
-// The fleet's journal in a database, and the keys that go into it.
+// The fleet's journal in a database, and the keys for its entries.
 #pragma once
 
 #include "journal.h"
@@ -10,13 +10,14 @@
 namespace mr4500x {
 
 enum class JournalUse : std::uint8_t {
-  Enter, // a journal that is missing is made
+  Enter, // creates a missing journal
   List,  // changes nothing
 };
 
 // "PATH" or "sqlite:PATH" is a file, "postgresql://user@host:port/database?name=value" a server's database; the names
-// are libpq's. Nothing is opened yet: each call connects if necessary, so the database may be away for a while. A file
-// must stay the one that was opened first. The journal belongs to the thread that makes it, under a QCoreApplication.
+// are libpq's. Nothing is opened yet. Each call connects if necessary, so the database may be unavailable for a while.
+// A file must stay the one that was opened first. The journal belongs to the thread that creates it, with a
+// QCoreApplication.
 [[nodiscard]] std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use);
 // The file at an address, "" for a server's.
 [[nodiscard]] std::string FileOfJournal(const std::string& address);

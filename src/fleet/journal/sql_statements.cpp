@@ -7,8 +7,8 @@
 namespace mr4500x {
 namespace {
 
-// Entries must outlive a power cut, and readers must not hold up a bench. Two processes that open a new file at once
-// may fail to switch it; the next one does.
+// Entries must survive a power cut, and readers must not block a bench. Two processes that open a new file at the same
+// time may fail to switch its mode. The next one does it.
 constexpr const char* SqliteOnConnect[] = {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL"};
 
 constexpr const char* Version1[] = {
@@ -23,8 +23,8 @@ constexpr const char* Version1[] = {
     " bench TEXT NOT NULL, started TEXT NOT NULL, ended TEXT NOT NULL, outcome TEXT NOT NULL, said TEXT NOT NULL,"
     " backup TEXT NOT NULL, sha256 TEXT NOT NULL)",
 };
-// Exactly once is a rule of the database: a row of a plan is one by its primary key, and a radio has one at most. Where
-// version 1 has a radio twice, the first row keeps it; the attempts have them all.
+// The database itself ensures "exactly once": a row of a plan is unique by its primary key, and a radio has at most one
+// row. If version 1 has a radio twice, the first row keeps it. The attempts have both.
 constexpr const char* Version2[] = {
     "ALTER TABLE fleet_row ADD COLUMN stamp TEXT NOT NULL DEFAULT ''",
     "ALTER TABLE fleet_attempt ADD COLUMN stamp TEXT NOT NULL DEFAULT ''",
@@ -74,7 +74,7 @@ constexpr const char* Version3[] = {
 };
 constexpr std::span<const char* const> Versions[] = {Version1, Version2, Version3};
 
-// Of all processes alike, and no one sets it. It begins again with the machine.
+// The monotonic clock is the same for all processes and can't be set. It restarts with the machine.
 qint64 SteadySeconds() {
   return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
@@ -84,7 +84,7 @@ qint64 SteadySeconds() {
 const Dialect Sqlite = {.driver = "QSQLITE",
                         .package = "libqt6sql6-sqlite",
                         .onConnect = SqliteOnConnect,
-                        .begin = "BEGIN IMMEDIATE", // locks the file; a lock that comes later could meet another's
+                        .begin = "BEGIN IMMEDIATE", // locks the file; a later lock could collide with another one
                         .lockSchema = "SELECT 1",
                         .now = nullptr,
                         .lock = "",
@@ -94,7 +94,8 @@ const Dialect Sqlite = {.driver = "QSQLITE",
 const Dialect PostgreSql = {.driver = "QPSQL",
                             .package = "libqt6sql6-psql",
                             .onConnect = {},
-                            .begin = "BEGIN ISOLATION LEVEL READ COMMITTED", // each statement sees what others did
+                            .begin =
+                                "BEGIN ISOLATION LEVEL READ COMMITTED", // each statement sees the changes of others
                             .lockSchema = "SELECT pg_advisory_xact_lock(4500)",
                             .now = "CAST(extract(epoch FROM clock_timestamp()) AS BIGINT)",
                             .lock = " FOR UPDATE",
@@ -104,7 +105,7 @@ const Dialect PostgreSql = {.driver = "QPSQL",
 const std::span<const std::span<const char* const>> SchemaVersions = Versions;
 
 QString StatementFor(const Dialect& dialect, const QString& statement) {
-  // This machine's clock: what is later than now is from before the machine was started.
+  // For this machine's clock, a time later than now is from before its last start.
   const QString upTo = dialect.now == nullptr ? QStringLiteral(" AND heard <= {now}") : QString();
   const QString now = dialect.now == nullptr ? QString::number(SteadySeconds()) : QString::fromLatin1(dialect.now);
   const QString isSilent = QStringLiteral("NOT EXISTS (SELECT 1 FROM fleet_bench WHERE fleet_bench.bench = %1.bench"

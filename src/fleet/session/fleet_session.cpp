@@ -27,7 +27,7 @@
 namespace mr4500x {
 namespace {
 
-// One path for all spellings, because the pending attempts of a journal are found by it.
+// The same path for all spellings, because the pending attempts of a journal are found by it.
 std::filesystem::path OwnPath(const std::string& path) {
   std::error_code failed;
   const std::filesystem::path own =
@@ -40,7 +40,7 @@ std::filesystem::path Beside(const FleetChoice& choice) {
 }
 
 std::string NewBenchName(FileSystem& files) {
-  std::ostringstream name; // the number: machines may have the same name
+  std::ostringstream name; // with a random number, because machines may have the same name
   name << QSysInfo::machineHostName().toStdString() << '-' << getpid() << '-' << std::hex
        << files.UnpredictableNumber() % 0x10000;
   return name.str();
@@ -117,7 +117,7 @@ bool IsNeeded(const FleetChoice& choice, const std::string& path) {
   const std::string journal = FileOfJournal(JournalOf(choice));
   const std::string needed[] = {choice.templateFile, choice.rowsFile, journal, journal + "-wal", journal + "-shm"};
   return std::ranges::any_of(needed, [&](const std::string& file) {
-    std::error_code unknown; // of a missing file
+    std::error_code unknown; // set for a missing file
     return std::filesystem::equivalent(PathOf(file), PathOf(path), unknown);
   });
 }

@@ -1,5 +1,5 @@
-// A running bench with what it needs, for the window and the command line: its plan from files, its ports, its journal
-// and its pending attempts.
+// A running bench for the window and the command line, with its plan from files, its ports, its journal and its pending
+// attempts.
 #pragma once
 
 #include "bench.h"
@@ -19,7 +19,7 @@ namespace mr4500x {
 // What becomes of the rows that radios hold from an earlier list.
 enum class EarlierRows : std::uint8_t { Ask, CarryOver, StartOver };
 
-// What a bench is to do, as its user chooses it.
+// The user's choices for a bench.
 struct FleetChoice {
   std::string templateFile;
   std::string rowsFile;     // "": every radio gets the template
@@ -29,36 +29,36 @@ struct FleetChoice {
   int count = -1; // radios at most; below 0: all
   bool isQuick = false;
   bool acceptsOtherBand = false;
-  bool comparesDone = false; // the whole of radios that are done, not only their write stamps
-  bool rewritesDone = false; // that hold something else; else they are set aside
+  bool comparesDone = false; // the whole content of done radios, not only their write stamps
+  bool rewritesDone = false; // whose content differs; otherwise they are set aside
   std::string operatorName;  // for the journal
-  std::string traceFolder;   // where each port notes what passes over it; "": nowhere
+  std::string traceFolder;   // folder for the traces of the ports; "" for none
   std::string onVerified;    // the user's command for each verified radio; "": none
   EarlierRows earlier = EarlierRows::Ask;
 };
 
-// The journal's address; a file's is its whole path.
+// The journal's address. For a file this is its absolute path.
 [[nodiscard]] std::string JournalOf(const FleetChoice& choice);
-// For messages and settings: without the password that it may have.
+// The address without a password, for messages and settings.
 [[nodiscard]] std::string WithoutPassword(const std::string& address);
-// Whether the file is one of those that a bench reads, or its journal: no table may go there.
+// Whether the file is the journal or one that the bench reads, so that no table may be written there.
 [[nodiscard]] bool IsNeeded(const FleetChoice& choice, const std::string& path);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 
-// Reads the template and the rows. What can't be read is a problem of the plan. `input` is read for "-"; without one it
-// is a file of that name.
+// Reads the template and the rows. A file that can't be read is a problem of the plan. `input` is read for "-". Without
+// it, "-" is a file name.
 [[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts,
                                  std::istream* input);
 
-// "2026-11-25 12:45:07Z", as attempts have it; and as the user of this machine reads it: "2026-11-25 13:45:07 +01:00".
+// "2026-11-25 12:45:07Z" for attempts, and "2026-11-25 13:45:07 +01:00" in the time zone of this machine.
 [[nodiscard]] std::string UtcTimestamp();
 [[nodiscard]] std::string LocalTimestamp(const std::string& utc);
 
-// COM1 to COM16 as far as they have a device.
+// The ports COM1 to COM16 that have a device.
 [[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
 struct JournalFailure {
-  std::string error, details; // the details are the database's own words
+  std::string error, details; // the details are the database's own message
 };
 struct JournalContent {
   std::vector<JournalRow> rows; // of the plan
@@ -67,7 +67,7 @@ struct JournalContent {
 };
 [[nodiscard]] JournalContent ReadJournal(const std::string& address, const std::string& plan);
 
-// Its end stops the ports after the radios in progress, and waits for them.
+// The destructor stops the ports after the radios in progress, and waits for them.
 class FleetSession {
 public:
   // Starts the ports. BeginPlan has entered the plan. Calls `onCommand` as VerifiedCommand does.
@@ -75,15 +75,15 @@ public:
                BenchEvents events, std::function<void(const Attempt&)> onCommand);
 
   void StopAfterTheseRadios() { m_state.StopAfterTheseRadios(); }
-  void StopBeforeWrites() { m_state.StopBeforeWrites(); } // as the policy of end_signals.h demands
-  void GoOn(std::size_t port) { m_state.GoOn(port); }     // that has stopped
+  void StopBeforeWrites() { m_state.StopBeforeWrites(); } // according to the policy in end_signals.h
+  void GoOn(std::size_t port) { m_state.GoOn(port); }     // lets a stopped port continue
   void ChooseRow(std::size_t row) { m_state.Rows().Choose(row); }
   void ForgetChoices() { m_state.Rows().ForgetChoices(); }
   [[nodiscard]] const std::string& BenchName() const { return m_settings.bench; }
   // Waits for the ports. False if a trace could not be written as a whole.
   [[nodiscard]] bool EndTraces();
   [[nodiscard]] bool HasCommands() const { return m_command.IsRunning(); }
-  // Entries that the journal did not take.
+  // The number of entries that are still pending.
   [[nodiscard]] std::size_t PendingCount() { return m_pending.Count(); }
   // Whether all requested radios are verified: the count, or all rows.
   [[nodiscard]] bool IsComplete() const { return m_state.IsComplete(); }
@@ -100,14 +100,14 @@ private:
   Bench m_bench;
 };
 
-// What the ports of a bench have reported so far.
+// Counts what the ports of a bench have reported.
 class FleetTally {
 public:
   explicit FleetTally(std::size_t ports) : m_last(ports) {}
 
   // Returns whether the status is more than progress.
   bool Record(const PortStatus& status);
-  // All ports: for good, or until the user lets one go on.
+  // Whether all ports have ended, permanently or until the user lets one continue.
   [[nodiscard]] bool HasEnded() const;
   [[nodiscard]] bool HasStopped() const;
   [[nodiscard]] int Done() const { return m_done; } // radios
@@ -116,10 +116,10 @@ public:
   void Dismiss(const std::string& idNumberOrKey); // the user has dealt with it
   void RecordConflict() { m_hasConflict = true; }
   [[nodiscard]] bool HasConflict() const { return m_hasConflict; }
-  // Entries about commands that have failed, by key.
+  // Entries about failed commands, by key.
   void RecordNote(const Attempt& note) { m_notes[note.key] = note; }
   [[nodiscard]] const std::map<std::string, Attempt>& Notes() const { return m_notes; }
-  // Their last status, by identity number. They may hold only a part of a configuration.
+  // The last status of radios that may be only partly programmed, by identity number.
   [[nodiscard]] const std::map<std::string, PortStatus>& PartlyWritten() const { return m_partlyWritten; }
 
 private:

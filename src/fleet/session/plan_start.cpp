@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t LongestAddress = 10'000;
 
-// Which journal this user's benches used last for a template, and that they used one at an address: what is remembered
-// outlives the journal.
+// Remembers which journal this user's benches last used for a template, and the addresses of used journals. These
+// records outlive the journal.
 std::string MemoryPath(const std::string& templateOrAddress) {
   return UserStateFolder() + "/fleet/" + Sha256Of(templateOrAddress).substr(0, 16) + ".known";
 }
@@ -26,7 +26,7 @@ std::string RememberedFor(FileSystem& files, const std::string& templateOrAddres
   return {bytes.begin(), bytes.end()};
 }
 
-// Where nothing can be written there is nothing to remember.
+// If nothing can be written, nothing is remembered.
 void Remember(FileSystem& files, const Plan& plan, const std::string& address) {
   const std::string shown = WithoutPassword(address);
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(shown.data()), shown.size());

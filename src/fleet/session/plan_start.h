@@ -1,4 +1,5 @@
-// How a plan begins in its journal: compared with what is there already, so that no row is given out again unasked.
+// Starts a plan in its journal. Compares it with the existing entries, so that no row is given out again without
+// asking.
 #pragma once
 
 #include "fleet_session.h"
@@ -8,21 +9,21 @@ namespace mr4500x {
 
 struct PlanStart {
   bool isEntered = false;   // the bench can begin
-  bool hasCompared = false; // the plan is new, and another one with its template is not
-  PlanChanges changes;      // then
-  std::string lost;         // why the rows that were done before are not known; "": nothing speaks for that
-  JournalFailure failure{}; // with an error nothing else counts
+  bool hasCompared = false; // the plan is new, but the journal has another one with its template
+  PlanChanges changes;      // valid if hasCompared
+  std::string lost;         // why earlier done rows may be unknown; "" if there is no sign of that
+  JournalFailure failure{}; // if it has an error, nothing else is valid
   [[nodiscard]] bool NeedsAnswer() const { return !isEntered && failure.error.empty(); }
 };
 
-// Whether something is to be decided before the plan can begin.
+// Whether the user has to decide something before the plan can start.
 [[nodiscard]] bool LeavesOpen(const PlanStart& start, EarlierRows chosen);
 
-// Enters the plan's rows in the journal unless the choice leaves open what becomes of earlier ones. Waits while another
-// bench begins a plan, and calls `onWait` once then.
+// Enters the plan's rows in the journal, unless the user first has to decide about earlier ones. Waits while another
+// bench starts a plan, after calling `onWait` once.
 [[nodiscard]] PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& plan,
                                   const std::function<void()>& onWait);
-// The same without entering anything.
+// Does the comparison without entering anything.
 [[nodiscard]] PlanStart ComparePlan(FileSystem& files, const FleetChoice& choice, const Plan& plan);
 
 } // namespace mr4500x

@@ -1,5 +1,5 @@
-// The user's command for each radio that was verified, for labels and other systems. A command that fails or hangs is
-// entered in the journal, and harms nothing else.
+// The user's command for each verified radio, for labels and other systems. A command that fails or hangs is entered in
+// the journal, and has no other effect.
 #pragma once
 
 #include "pending_attempts.h"
@@ -20,14 +20,14 @@ inline constexpr std::chrono::seconds CommandLimit{30};
 // May be used by several threads.
 class VerifiedCommand {
 public:
-  // Calls `onEnded` in a thread of its own with the radio's entry; its text says why the command failed, and is empty
-  // if it succeeded.
+  // Calls `onEnded` in a separate thread with the radio's entry. Its text is the reason why the command failed, or
+  // empty if it succeeded.
   VerifiedCommand(std::string command, std::string journalAddress, PendingAttempts& pending,
                   std::function<void(const Attempt&)> onEnded)
       : m_command(std::move(command)), m_journal(std::move(journalAddress)), m_pending(pending),
         m_onEnded(std::move(onEnded)) {}
 
-  // Starts the command, if there is one, and does not wait for it. The end of the object does.
+  // Starts the command, if there is one, without waiting for it. The destructor waits.
   void Run(const Attempt& verified);
   [[nodiscard]] bool IsRunning() const { return m_running > 0; } // until onEnded has been called
 

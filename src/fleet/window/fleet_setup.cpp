@@ -183,8 +183,8 @@ void FleetSetup::Load(const QSettings& settings) {
   FindPorts();
 }
 
-// The options that write what is otherwise left alone are not stored: the user must opt in each time. Nor is a
-// password, and the file is for its user alone.
+// The options that write radios which are otherwise set aside are not stored: the user must opt in each time. A
+// password is not stored either, and the file is readable only by its user.
 void FleetSetup::Store(QSettings& settings) const {
   settings.setValue(QStringLiteral("Template"), m_template->text());
   settings.setValue(QStringLiteral("Rows"), m_rows->text());

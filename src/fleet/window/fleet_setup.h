@@ -1,4 +1,4 @@
-// What the user chooses before the start: template, rows, journal, ports.
+// The user's choices before the start: template, rows, journal, ports.
 #pragma once
 
 #include "fleet_session.h"
@@ -24,10 +24,10 @@ public:
 
   [[nodiscard]] FleetChoice Choice() const;
   [[nodiscard]] bool HasSound() const;
-  void SetRunning(bool isRunning); // only the sound can be switched then
+  void SetRunning(bool isRunning); // then only the sound can be switched
   // Asks for the operator's name, once a day. False if the user cancels.
   [[nodiscard]] bool AskOperator();
-  void FindPorts(); // again: cables come and go
+  void FindPorts(); // again, because cables are plugged in and out
   void Load(const QSettings& settings);
   void Store(QSettings& settings) const;
 
@@ -46,8 +46,8 @@ private:
   QListWidget* m_ports;
   QCheckBox *m_quick, *m_otherBand, *m_rewritesDone, *m_sound;
   QLineEdit *m_operator, *m_onVerified;
-  QString m_operatorDay; // on which the operator gave the name
-  QStringList m_wanted;  // ports, whether they are there or not
+  QString m_operatorDay; // the day on which the operator entered the name
+  QStringList m_wanted;  // ports, even without a device
 };
 
 } // namespace mr4500x

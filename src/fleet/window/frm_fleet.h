@@ -1,5 +1,5 @@
-// The window of a bench: what to do above, a card for each port, the rows of the plan below. What may take its time is
-// done in a thread of its own, and the ports have theirs.
+// The window of a bench: the setup at the top, a card for each port, and the rows of the plan at the bottom. Slow work
+// is done in a separate thread, and each port has its own thread.
 #pragma once
 
 #include "fleet_session.h"
@@ -36,7 +36,7 @@ public:
 
   void StopAfterTheseRadios();
   void CloseAfterTheseRadios(); // without a question
-  void CloseBySignal();         // as the policy of end_signals.h demands
+  void CloseBySignal();         // according to the policy in end_signals.h
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -70,10 +70,10 @@ private:
   void StartPorts(const FleetChoice& choice);
   void ShowStatus(const PortStatus& status);
   void ShowConflict(const Attempt& attempt);
-  void ChooseRow();                      // that the user has typed or scanned
-  void ShowCommand(const Attempt& note); // that has ended
+  void ChooseRow();                      // chooses the row that was typed or scanned
+  void ShowCommand(const Attempt& note); // shows the result of a command
   void ShowFailed();
-  void DismissFailed(); // the selected one
+  void DismissFailed(); // dismisses the selected radio
   void End();
   void RefreshRows();
   void ShowCounts();
@@ -93,7 +93,7 @@ private:
 
   FleetSetup* m_setup;
   QLabel *m_counts, *m_message;
-  QLineEdit* m_next; // row
+  QLineEdit* m_next; // the box "Next row"
   QListWidget *m_problems, *m_failed;
   QWidget* m_failedBox;
   QScrollArea* m_cardArea; // 16 cards need more than a small screen
@@ -104,14 +104,14 @@ private:
   QSortFilterProxyModel m_filtered;
   std::vector<PortCard*> m_cards;
 
-  std::shared_ptr<const PlanCheck> m_plan; // as loaded last
-  std::string m_journal;                   // its address
+  std::shared_ptr<const PlanCheck> m_plan; // the last one loaded
+  std::string m_journal;                   // the address of the journal
   unsigned m_loads = 0;                    // the number of the one that counts
   std::unique_ptr<FleetSession> m_session;
   FleetTally m_tally{0};
   QTimer m_loadSoon, m_refresh;
   QElapsedTimer m_since;
-  QString m_journalError; // of the last query
+  QString m_journalError; // error of the last query
   bool m_isStarting = false, m_isStopping = false, m_isRefreshing = false, m_refreshesAgain = false,
        m_closesAtEnd = false;
 };

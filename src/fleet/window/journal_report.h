@@ -1,4 +1,4 @@
-// The journal of a plan on paper.
+// Prints the journal of a plan.
 #pragma once
 
 #include "fleet_session.h"
@@ -9,8 +9,8 @@ class QPrinter;
 
 namespace mr4500x {
 
-// A line for each attempt, under a heading with the counts and the rows that are not done. False if the printer does
-// not take it.
+// Prints a line for each attempt, below a heading with the counts and the rows that are not done. False if the printer
+// refuses the job.
 [[nodiscard]] bool PrintJournal(QPrinter& printer, const QString& planName, const JournalContent& content);
 
 } // namespace mr4500x

@@ -1,4 +1,4 @@
-// MR4500X-fleet: the window for many radios over one plan.
+// MR4500X-fleet: the window for programming many radios from one plan.
 #include "end_signals.h"
 #include "frm_fleet.h"
 #include "machine.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Alt with a key that no button or menu has would type the character into a box.
+// Alt with a key that no button or menu uses would type the character into a box.
 class NoTextByAlt final : public QObject {
 public:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {

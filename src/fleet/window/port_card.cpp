@@ -114,7 +114,7 @@ private:
   PortState m_state = PortState::Waiting;
 };
 
-// Breaks its text into as many lines as it is high, and ends the last one with an ellipsis.
+// Breaks its text into as many lines as fit its height, and ends the last one with an ellipsis.
 class PortCard::ElidedLabel final : public QLabel {
 protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -160,7 +160,7 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
   QFont bold = m_who->font();
   bold.setBold(true);
   m_who->setFont(bold);
-  m_who->setTextFormat(Qt::PlainText); // a radio's number is no markup
+  m_who->setTextFormat(Qt::PlainText); // a radio's number is not markup
   m_text->setTextFormat(Qt::PlainText);
   m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 2);
   m_bar->setMaximumHeight(m_bar->sizeHint().height());
@@ -170,7 +170,7 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
 }
 
 void PortCard::Show(const PortStatus& status) {
-  // What became of the last radio is still to be seen when the port has nothing more to do.
+  // The result of the last radio stays visible when the port has nothing more to do.
   if (status.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) return;
   m_state = status.state;
   m_banner->Show(status.state);

@@ -1,4 +1,4 @@
-// A port of the bench, to be read from two metres: a colour, a shape and a word.
+// The card of a port, readable from two metres: a colour, a shape and a word.
 #pragma once
 
 #include "journal.h"
@@ -29,7 +29,7 @@ void DrawSign(QPainter& painter, const QRectF& area, Sign sign, const QColor& co
 
 class PortCard final : public QFrame {
 public:
-  // Calls `goOn` when the user lets a stopped port go on.
+  // Calls `goOn` when the user lets a stopped port continue.
   PortCard(const QString& portName, const std::function<void()>& goOn);
 
   void Show(const PortStatus& status);

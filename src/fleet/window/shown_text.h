@@ -6,7 +6,7 @@
 
 namespace mr4500x {
 
-// UTF-8, as the fleet has its texts.
+// Converts the UTF-8 texts of the fleet.
 [[nodiscard]] inline QString Shown(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

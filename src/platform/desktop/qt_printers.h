@@ -31,7 +31,7 @@ private:
 
   StoreFile m_store;
   std::unique_ptr<QPrinter> m_printer;
-  bool m_isSetUp = false; // by the user; until then each job uses the current default printer
+  bool m_isSetUp = false; // the user has chosen a printer; until then each job uses the current default printer
 };
 
 } // namespace mr4500x

@@ -70,7 +70,7 @@ void UserInput::Release() {
 bool UserInput::eventFilter(QObject* watched, QEvent* event) {
   if (!IsUserInput(event->type())) return QObject::eventFilter(watched, event);
   if (event->type() == QEvent::Quit) m_quitIsDue = true;
-  event->ignore(); // else a dropped Close would count as accepted
+  event->ignore(); // otherwise a dropped Close would count as accepted
   return true;
 }
 

@@ -24,7 +24,7 @@ public:
   void Hold(HeldPointer pointer);
   void Release();
   [[nodiscard]] bool IsHeld() const { return m_isHeld; }
-  [[nodiscard]] HeldPointer Pointer() const { return m_pointer; } // of the last hold
+  [[nodiscard]] HeldPointer Pointer() const { return m_pointer; } // during the last hold
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -41,8 +41,8 @@ public:
 // Reports the signals from the event loop instead of ending the program, so that it can shut down properly. Only one
 // instance may exist at a time.
 enum class NextSignal {
-  Ends,      // the same signal ends the program the second time: for one that holds signals during its transfers
-  IsReported // for one whose transfers run in other threads
+  Ends,      // a second signal ends the program; for programs that hold signals during transfers
+  IsReported // for programs whose transfers run in other threads
 };
 class EndSignalsHeard {
 public:

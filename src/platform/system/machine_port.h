@@ -11,9 +11,10 @@
 
 namespace mr4500x {
 
-using DeviceLookup = std::function<PortDevice(int)>; // of a port number
+using DeviceLookup = std::function<PortDevice(int)>; // returns the device of a port number
 
 [[nodiscard]] std::unique_ptr<SerialPort> MakeSerialPort(DeviceLookup lookup);
-[[nodiscard]] std::unique_ptr<SerialPort> MakeSerialPort(const std::string& device); // for every port number
+[[nodiscard]] std::unique_ptr<SerialPort>
+MakeSerialPort(const std::string& device); // uses this device for every port number
 
 } // namespace mr4500x

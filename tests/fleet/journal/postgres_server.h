@@ -16,12 +16,12 @@ public:
   PostgresServer& operator=(const PostgresServer&) = delete;
 
   [[nodiscard]] static bool IsInstalled();
-  [[nodiscard]] bool Start();       // and waits until it answers
+  [[nodiscard]] bool Start();       // waits until it answers
   void Crash();                     // no session is ended properly
   void Pause() { Signal("-STOP"); } // holds the connections without answering
   void Resume() { Signal("-CONT"); }
-  [[nodiscard]] int Statements() const;                            // that it has been sent so far
-  [[nodiscard]] QString Folder() const { return m_folder.path(); } // its host name
+  [[nodiscard]] int Statements() const;                            // the number of statements received so far
+  [[nodiscard]] QString Folder() const { return m_folder.path(); } // used as its host name
   [[nodiscard]] std::string Address() const {
     return "postgresql://bench@localhost:5433/postgres?host=" + Folder().toStdString();
   }

@@ -57,7 +57,7 @@ TEST(EndSignals, EndTheWaitForInputWhetherTheyComeBeforeOrDuringIt) {
 
 std::sig_atomic_t volatile heard = 0;
 
-// Every one that waits is delivered, to the handler that was there before; a signal that was ignored stays so.
+// Every pending signal is delivered to the previous handler. A signal that was ignored remains ignored.
 TEST(EndSignals, AreAllDelivered) {
   const auto bit = [](int signal) { heard = heard | (1 << signal); };
   const auto before = std::signal(SIGINT, bit);

@@ -1,4 +1,4 @@
-// What every system's files must do for the layers above; and saves that are killed at any call.
+// The contract of every system's files with the layers above, and saves that are killed at any call.
 #include <cstdlib>
 #include <list>
 

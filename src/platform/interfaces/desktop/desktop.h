@@ -15,7 +15,7 @@ struct FileQuestion {
   std::string filter;
   std::string folder;                  // initial folder
   std::string proposedName;            // path or name; Save only
-  std::string extension;               // of the first filter, without the dot
+  std::string extension;               // default extension, without the dot
   std::size_t* chosenFilter = nullptr; // receives the number of the filter that was chosen in Save
 };
 

@@ -27,13 +27,14 @@ class TextMeasure {
 public:
   virtual ~TextMeasure() = default;
   [[nodiscard]] virtual double TextWidth(std::string_view text, const PrintFont& font) const = 0;
-  [[nodiscard]] virtual double TextHeight(const PrintFont& font) const = 0; // of one line, without leading
+  [[nodiscard]] virtual double TextHeight(const PrintFont& font) const = 0; // height of one line, without leading
 };
 
 // A job runs from BeginJob to EndJob or AbandonJob. Calls that can fail return a description of the error, or nullopt.
 class Printer : public TextMeasure {
 public:
-  [[nodiscard]] virtual std::optional<std::string> BeginJob(const std::string& title) = 0; // and its first page
+  [[nodiscard]] virtual std::optional<std::string>
+  BeginJob(const std::string& title) = 0; // begins the job and its first page
   [[nodiscard]] virtual PrintArea Area() const = 0;
   [[nodiscard]] virtual std::optional<std::string> NewPage() = 0;
   virtual void SetScale(double scale) = 0; // for the rest of the page; 1 is unscaled

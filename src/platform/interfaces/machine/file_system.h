@@ -20,7 +20,7 @@ struct FileStatus {
   std::uint32_t owner = 0;
   std::uint32_t group = 0;
   std::uint64_t size = 0;
-  std::uint64_t device = 0, number = 0; // of the file system, and of the file on it
+  std::uint64_t device = 0, number = 0; // identify the file system and the file on it
   LocalTime changed{};                  // when it was last written
 };
 

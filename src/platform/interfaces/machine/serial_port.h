@@ -38,7 +38,7 @@ public:
   virtual void Close() = 0;
   [[nodiscard]] virtual bool IsOpen() const = 0;
 
-  [[nodiscard]] virtual std::optional<std::size_t> BytesReceived() = 0; // and not yet taken
+  [[nodiscard]] virtual std::optional<std::size_t> BytesReceived() = 0; // received but not yet taken
   [[nodiscard]] virtual bool DiscardReceived() = 0;
   // Written bytes that have not left the computer, including the driver's queue.
   [[nodiscard]] virtual std::optional<std::size_t> BytesToTransmit() = 0;

@@ -113,7 +113,7 @@ bool AwaitInput(int file) {
   sigemptyset(&ends);
   for (const EndSignal& held : endSignals)
     sigaddset(&ends, held.number);
-  pthread_sigmask(SIG_BLOCK, &ends, &before); // from here on they arrive only while ppoll waits
+  pthread_sigmask(SIG_BLOCK, &ends, &before); // from now on they arrive only while ppoll waits
   pollfd input{file, POLLIN, 0};
   bool isEnding = false;
   int ready = -1;

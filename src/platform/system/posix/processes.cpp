@@ -16,7 +16,7 @@
 namespace mr4500x {
 namespace {
 
-// A file without a name. A pipe would block where its reader or its writer does.
+// A file without a name. A pipe would block when its reader or writer blocks.
 class MemoryFile {
 public:
   explicit MemoryFile(std::string_view content) : m_file(memfd_create("command", MFD_CLOEXEC)) {
@@ -42,7 +42,7 @@ private:
   const int m_file;
 };
 
-// The number of the process, in a group of its own so that all that it starts can be ended with it; else errno.
+// The number of the process, or errno. The process has its own group, so that its children can be ended with it.
 int StartShell(const std::string& command, const MemoryFile& input, const MemoryFile& errors, pid_t& process) {
   posix_spawn_file_actions_t files;
   posix_spawn_file_actions_init(&files);
@@ -106,7 +106,7 @@ std::string UserOfDevice(const std::string& device) {
   const fs::path wanted = fs::canonical(device, error);
   if (error) return {};
   for (fs::directory_iterator process("/proc", error), end; !error && process != end; process.increment(error)) {
-    std::error_code hidden; // of another user's process, or of one that has ended
+    std::error_code hidden; // the process may belong to another user or have ended
     for (fs::directory_iterator file(process->path() / "fd", hidden); !hidden && file != end; file.increment(hidden)) {
       if (fs::read_symlink(file->path(), hidden) != wanted) continue;
       std::string name;

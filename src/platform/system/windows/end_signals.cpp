@@ -24,7 +24,7 @@ bool EndsWithHandler(DWORD event) {
 class ConsoleEvents {
 public:
   static ConsoleEvents& Instance() {
-    static ConsoleEvents* const events = new ConsoleEvents; // used by a thread that outlives the static objects
+    static ConsoleEvents* const events = new ConsoleEvents; // used by a thread that outlives static objects
     return *events;
   }
 

@@ -8,7 +8,7 @@
 
 namespace mr4500x {
 
-// Lives in the thread of the event loop, which the reports are handed to.
+// Lives in the thread of the event loop, which receives the reports.
 class EndSignalsHeard::Reporter {
 public:
   Reporter(std::function<void(int)> report, NextSignal next) : m_report(std::move(report)) {

@@ -20,9 +20,9 @@ constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELET
 constexpr std::uint32_t ReadOnlyMode = 0444, WritableMode = 0666, WriteBits = 0222;
 constexpr std::uint32_t FolderMode = 0777;
 constexpr std::size_t MostBytesAtOnce = 1U << 30U;
-constexpr DWORD LockedOffset = 0x7FFFFFFF; // times 4 GiB: locks are mandatory, so the byte lies where no data is
+constexpr DWORD LockedOffset = 0x7FFFFFFF; // times 4 GiB; locks are mandatory, so the byte is beyond all data
 
-// How often and how long a call is tried again while another program has the file open.
+// How often and how long a call is retried while another program has the file open.
 constexpr int Tries = 10;
 constexpr DWORD TryMilliseconds = 20;
 
@@ -40,7 +40,7 @@ bool IsOpenElsewhere(DWORD error) {
   return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE;
 }
 
-// Puts the reason of the last failure into errno.
+// Sets errno to the reason of the last failure.
 bool Fail() {
   const DWORD error = GetLastError();
   errno = IsOpenElsewhere(error) ? ETXTBSY
@@ -57,7 +57,7 @@ bool IsMissing(DWORD error) {
          error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME;
 }
 
-// A folder that is mounted elsewhere is a link too. Other reparse points, such as files kept in a cloud, are files.
+// A mounted folder is also a link. Other reparse points, such as files in a cloud, are files.
 bool IsLink(const std::wstring& path, DWORD attributes) {
   if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
   WIN32_FIND_DATAW found{};
@@ -95,7 +95,7 @@ template<typename Call>
 bool WithTries(Call call) {
   for (int tries = 1; call() == FALSE; ++tries) {
     const DWORD error = GetLastError();
-    // A file that is being deleted, and a scanned one, refuse access.
+    // Files that are being deleted or scanned refuse access.
     if (tries == Tries || (!IsOpenElsewhere(error) && error != ERROR_ACCESS_DENIED)) return Fail();
     Sleep(TryMilliseconds);
   }
@@ -103,8 +103,8 @@ bool WithTries(Call call) {
 }
 
 // Files are opened so that others may read, rename and remove them, as on other systems. A file that another program
-// has opened without that can't be replaced: the calls fail then, after a few tries, as virus scanners hold fresh files
-// for a moment. Owners and groups do not exist; of the permissions there is only the read-only attribute.
+// has opened without these rights can't be replaced. The calls then fail after a few tries, because virus scanners hold
+// new files for a moment. There are no owners and groups, and the only permission is the read-only attribute.
 class WindowsFileSystem final : public FileSystem {
 public:
   std::optional<FileStatus> Status(const std::string& path) override;
@@ -163,7 +163,7 @@ std::optional<FileStatus> WindowsFileSystem::Status(const std::string& path) {
   return status;
 }
 
-// Where all links lead in the end.
+// The final target of all links.
 std::optional<std::string> WindowsFileSystem::ReadLink(const std::string& path) {
   const HANDLE file = OpenNative(WidePath(path), 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
   if (file == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
@@ -174,7 +174,7 @@ std::optional<std::string> WindowsFileSystem::ReadLink(const std::string& path) 
   return PlainPath(target);
 }
 
-// Tries it: what the rules of access come to is hard to foresee.
+// Tries to open the file, because the result of the access rules is hard to predict.
 bool WindowsFileSystem::CanWrite(const std::string& path) {
   const std::wstring wide = WidePath(path);
   const DWORD attributes = GetFileAttributesW(wide.c_str());
@@ -230,8 +230,8 @@ LockOutcome WindowsFileSystem::Lock(Handle file) {
                                                                     : LockOutcome::NotPossible;
 }
 
-// An open file can't be replaced everywhere, so the lock is a file beside it, named after the file's identity. It can
-// be opened only once, and is gone when it is closed.
+// An open file can't be replaced on every file system, so the lock is a file beside it, named after the file's
+// identity. It can be opened only once, and is deleted when it is closed.
 LockOutcome WindowsFileSystem::LockToReplace(const std::string& path, std::optional<Handle>& lock) {
   const auto status = Status(path);
   if (!status) return LockOutcome::NotPossible;
@@ -272,7 +272,7 @@ bool WindowsFileSystem::SetOwner(Handle, std::uint32_t, std::uint32_t) {
 bool WindowsFileSystem::SetGroup(Handle, std::uint32_t) {
   return true;
 }
-// Only files that may be written are replaced, and new ones are made so.
+// Only writable files are replaced, and new files are writable.
 bool WindowsFileSystem::SetMode(Handle, std::uint32_t mode) {
   return (mode & WriteBits) != 0;
 }
@@ -290,7 +290,7 @@ bool WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
   const bool renamed = WithTries(
       [&] { return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH); });
   if (renamed) return true;
-  // A target that is open refuses access as a protected one does. Only opened alone the two differ.
+  // An open target refuses access like a protected one. They differ only when opened exclusively.
   const int reason = errno;
   const HANDLE alone = CreateFileW(target.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   errno = alone == INVALID_HANDLE_VALUE && IsOpenElsewhere(GetLastError()) ? ETXTBSY : reason;
@@ -303,7 +303,7 @@ bool WindowsFileSystem::Remove(const std::string& path) {
   return WithTries([&] { return DeleteFileW(wide.c_str()); });
 }
 
-// A rename is written through.
+// A rename is written to the disk at once.
 bool WindowsFileSystem::SyncFolder(const std::string&) {
   return true;
 }

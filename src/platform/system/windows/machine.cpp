@@ -24,7 +24,7 @@ std::string UserFolder(const wchar_t* variable) {
 
 // Data files go through the standard streams byte by byte, and texts are UTF-8.
 void PrepareProcess() {
-  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); // no boxes about an empty drive
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); // no message boxes about an empty drive
   static const UINT codePage = GetConsoleOutputCP();
   if (codePage != 0 && SetConsoleOutputCP(CP_UTF8) != FALSE) std::atexit([] { SetConsoleOutputCP(codePage); });
   for (const auto& [stream, number] : {std::pair(stdin, 0), {stdout, 1}, {stderr, 2}}) {
@@ -34,7 +34,7 @@ void PrepareProcess() {
 }
 
 std::string ProgramFolder() {
-  std::wstring path(32768, L'\0'); // the longest that there is
+  std::wstring path(32768, L'\0'); // the longest possible path
   path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
   path.resize(std::min(path.rfind(L'\\'), path.size()));
   return PlainPath(path);
@@ -59,7 +59,7 @@ LocalTime LocalTimeOf(std::time_t moment) {
 
 namespace {
 
-// One for each thread. Where the system has no timers of high resolution, the deadline may be missed by one tick.
+// One for each thread. Without high-resolution timers, the deadline may be missed by one tick.
 class Timer {
 public:
   Timer() : m_timer(CreateWaitableTimerExW(nullptr, nullptr, HighResolution, TIMER_ALL_ACCESS)) {
@@ -89,7 +89,7 @@ Clock::Moment SteadyClock::Now() {
   return std::chrono::duration_cast<Moment>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-// The timer may be late by up to its resolution, so the last bit is spent looking at the clock.
+// The timer may be late by up to its resolution, so the end of the wait polls the clock.
 void SteadyClock::WaitUntil(Moment moment) {
   constexpr Moment Lateness{400};
   thread_local Timer timer;

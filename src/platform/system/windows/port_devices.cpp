@@ -9,7 +9,7 @@
 
 namespace mr4500x {
 
-// COM1 to COM16 are names of the system's own here.
+// On Windows, COM1 to COM16 are the system's own names.
 std::vector<std::string> MachineSerialDevices() {
   std::vector<std::string> devices(PortCount);
   for (int number = 1; std::string & device : devices)

@@ -9,7 +9,7 @@
 namespace mr4500x {
 namespace {
 
-// As the start of a program takes it apart again: a backslash counts as such unless a quotation mark follows.
+// Quotes an argument for the command line: backslashes are literal unless a quotation mark follows.
 std::wstring Quoted(std::wstring_view argument) {
   if (!argument.empty() && argument.find_first_of(L" \t\"") == std::wstring_view::npos) return std::wstring(argument);
   std::wstring quoted = L"\"";
@@ -24,7 +24,8 @@ std::wstring Quoted(std::wstring_view argument) {
 
 } // namespace
 
-// There is no exec: this process stays until the other ends. Console events reach both, and the other decides.
+// There is no exec, so this process waits until the other one ends. Console events reach both, and the other one
+// decides.
 void BecomeProgram(const std::string& program, std::vector<std::string> arguments) {
   std::wstring line;
   for (const std::string& argument : arguments)

@@ -11,7 +11,7 @@ namespace mr4500x {
 namespace {
 
 constexpr DWORD QueueBytes = 4096;
-constexpr DWORD SentMilliseconds = 2000; // granted to what was handed to the driver
+constexpr DWORD SentMilliseconds = 2000; // time for the bytes that were passed to the driver
 
 DCB BlockOf(const LineSettings& line, const PortDevice& device) {
   DCB block{};
@@ -48,7 +48,7 @@ public:
     ResetEvent(m_overlapped.hEvent);
     return &m_overlapped;
   }
-  // How many bytes it moved; nullopt if it has failed or is still running.
+  // The number of bytes transferred, or nullopt if it has failed or is still running.
   [[nodiscard]] std::optional<std::size_t> Result(HANDLE port, BOOL waits) {
     DWORD count = 0;
     if (GetOverlappedResult(port, &m_overlapped, &count, waits) == FALSE) return std::nullopt;
@@ -77,7 +77,7 @@ public:
   Device& operator=(const Device&) = delete;
 
   [[nodiscard]] bool SetUp(DCB block) {
-    // Reads return at once with what is there.
+    // Reads return at once with the available bytes.
     COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, 0};
     return SetupComm(m_port, QueueBytes, QueueBytes) != FALSE && SetCommState(m_port, &block) != FALSE &&
            SetCommTimeouts(m_port, &timeouts) != FALSE;
@@ -121,12 +121,12 @@ public:
 
 private:
   [[nodiscard]] bool Query(COMSTAT& state) {
-    DWORD errors = 0; // of parity and the like; the frames' checksums show them
+    DWORD errors = 0; // parity errors and the like, which are ignored
     m_failed = m_failed || ClearCommError(m_port, &errors, &state) == FALSE;
     return !m_failed;
   }
 
-  // Passes on what the driver has not got, once it has taken what it was given before.
+  // Passes further bytes to the driver once it has taken the previous ones.
   [[nodiscard]] bool Push() {
     if (m_failed) return false;
     if (m_isWriting) {
@@ -146,12 +146,12 @@ private:
   HANDLE m_port;
   Operation m_read, m_write;
   std::vector<std::uint8_t> m_received, m_unsent;
-  std::vector<std::uint8_t> m_writing; // what the driver has
+  std::vector<std::uint8_t> m_writing; // the bytes that the driver is writing
   bool m_isWriting = false;
   bool m_failed = false;
 };
 
-// Overlapped, but polled: no operation waits for the line, except AwaitSent and Close.
+// Uses overlapped operations and polls them. No operation waits for the line, except AwaitSent and Close.
 class WindowsSerialPort final : public SerialPort {
 public:
   explicit WindowsSerialPort(DeviceLookup lookup) : m_lookup(std::move(lookup)) {}

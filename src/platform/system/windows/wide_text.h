@@ -1,4 +1,4 @@
-// Texts and paths as Windows takes them: UTF-16, paths with backslashes.
+// Converts texts and paths for Windows: UTF-16, and backslashes in paths.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ namespace mr4500x {
 [[nodiscard]] std::wstring Wide(std::string_view text);
 [[nodiscard]] std::string Narrow(std::wstring_view text);
 
-// A path for a system call. One that is too long for the classic limit becomes absolute, with the prefix that lifts it.
+// A path for a system call. A path beyond the classic limit becomes absolute, with the prefix that lifts the limit.
 [[nodiscard]] std::wstring WidePath(std::string_view path);
 // The path without that prefix.
 [[nodiscard]] std::string PlainPath(std::wstring_view path);
