@@ -17,6 +17,7 @@ namespace mr4500x {
 namespace {
 
 constexpr std::string_view InfoColumn = "embedded_info", RadioColumn = "radio", LabelColumn = "label";
+constexpr std::size_t MostRows = 50'000, MostProblems = 200;
 constexpr std::ptrdiff_t MostIdentityCharacters = 16;
 
 // Reads the rows of a list. Errors become problems.
@@ -28,11 +29,16 @@ public:
   void Read(std::string_view bytes) {
     const std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
     if (rows.empty()) return Refuse({1, "", "", Refused::NoHeading});
+    if (rows.size() > MostRows + 1)
+      return Refuse(rows.front().line, "", "", "more than " + std::to_string(MostRows) + " rows");
     ReadHeading(rows.front());
     if (!m_check.problems.empty()) return; // each row would be refused for the same reason
     for (const CsvRow& row : std::span(rows).subspan(1))
       ReadRow(row);
     if (rows.size() == 1) Refuse(rows.front().line, "", "", "no rows below the heading");
+    if (m_check.problems.size() <= MostProblems) return;
+    m_check.problems.resize(MostProblems);
+    m_check.problems.emplace_back("... and more lines with problems");
   }
 
 private:

@@ -37,7 +37,7 @@ private:
       m_names.push_back(OneLine(cell));
     while (m_names.size() > 1 && m_names.back().empty())
       m_names.pop_back();
-    if (m_names.size() > MostColumns || rows > MostRows)
+    if (m_names.size() > MostColumns || rows > MostChannelRows)
       return Refuse({heading.line, "", "", Refused::TooLarge}), false;
     m_isExchanged = IsExchangeList(m_names);
     FindColumns();

@@ -17,7 +17,7 @@ struct CsvRow {
 };
 
 // Far more than any list of channels needs. A longer one is refused at once.
-inline constexpr std::size_t MostColumns = 100, MostRows = 1000;
+inline constexpr std::size_t MostColumns = 100, MostChannelRows = 1000;
 
 struct CsvTable {
   std::vector<CsvRow> rows;

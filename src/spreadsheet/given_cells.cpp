@@ -45,7 +45,7 @@ std::string ReasonOf(const RefusedCell& refused) {
   case Refused::Value:         return ReasonOf(refused.refusal);
   case Refused::NoHeading:     return "no heading";
   case Refused::TooLarge:      return "more than " + std::to_string(MostColumns) + " columns or " +
-                                      std::to_string(MostRows) + " lines";
+                                      std::to_string(MostChannelRows) + " lines";
   case Refused::BrokenQuotes:  return "quotes must enclose a whole cell";
   case Refused::UnknownHeading: return "none of these headings is known. Known headings are " + KnownHeadings() +
                                        " and the identifiers of the settings (rx_freq)";

@@ -29,6 +29,17 @@ TEST_F(PlanTest, RefusesWithLineColumnAndReason) {
   }
 }
 
+TEST_F(PlanTest, EndsLongListsOfProblems) {
+  std::string list = "label,global.tx_tot\n";
+  for (int row = 0; row < 300; ++row)
+    list += ",61s\n";
+  EXPECT_EQ(Make(list).problems.size(), 201U);
+  EXPECT_EQ(Make(list).problems.back(), "... and more lines with problems");
+  for (int row = 300; row <= 50'000; ++row)
+    list += ",60s\n";
+  EXPECT_EQ(Make(list).problems, std::vector<std::string>{"line 1: more than 50000 rows"});
+}
+
 TEST_F(PlanTest, GivesEachRowItsImage) {
   const PlanCheck check = Make("\xEF\xBB\xBFradio;label;channels.1.rx_freq;channels.1.in_use;embedded_info\r\n"
                                "R 1;\"A; 1\";440,025;TRUE;\"two\nlines\"\r\n;;;;\r\n;B;441;;\r\n");

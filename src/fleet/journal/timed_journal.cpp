@@ -12,6 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto LongestCall = 4s;
+constexpr std::size_t RowsInASecond = 2500; // that a slow line carries
 // After a call that was given up the next ones fail at once, so that two in a row end in time.
 constexpr auto PauseAfterIt = 3s;
 
@@ -62,7 +63,7 @@ void TimedJournal::GiveUp() {
 }
 
 template<class Answer>
-Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost) {
+Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost, std::chrono::seconds more) {
   if (!m_worker) {
     if (std::chrono::steady_clock::now() < m_notBefore) return lost;
     m_worker = std::make_shared<Worker>();
@@ -82,7 +83,7 @@ Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost) {
     };
   }
   m_worker->changed.notify_one();
-  if (answer.wait_for(LongestCall) != std::future_status::ready) {
+  if (answer.wait_for(LongestCall + more) != std::future_status::ready) {
     GiveUp();
     return lost;
   }
@@ -93,7 +94,8 @@ Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost) {
 
 // The arguments are copied: a call that was given up may need them later.
 bool TimedJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) {
-  return Ask<bool>([=](Journal& journal) { return journal.Begin(plan, rows); }, false);
+  const std::chrono::seconds forRows(rows.size() / RowsInASecond); // no port waits for this call
+  return Ask<bool>([=](Journal& journal) { return journal.Begin(plan, rows); }, false, forRows);
 }
 
 std::optional<PlanHistory> TimedJournal::History(const PlanHead& plan) {

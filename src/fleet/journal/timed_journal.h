@@ -43,7 +43,7 @@ private:
 
   // The answer of `call`; `lost` if there is none in time.
   template<class Answer>
-  [[nodiscard]] Answer Ask(std::function<Answer(Journal&)> call, Answer lost);
+  [[nodiscard]] Answer Ask(std::function<Answer(Journal&)> call, Answer lost, std::chrono::seconds more = {});
   void GiveUp();
 
   const OpenFunction m_open;
