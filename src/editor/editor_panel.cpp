@@ -290,6 +290,14 @@ void EditorPanel::ServeMenu(QMenu& menu) {
 
 void EditorPanel::ShowView(int view) {
   m_views->setCurrentIndex(view);
+  // Qt gives the focus to the control that had it in this view before. If that is disabled now, the focus stays on the
+  // hidden view.
+  const QWidget* const holder = window()->focusWidget();
+  if (holder != nullptr && isAncestorOf(holder) && !holder->isVisibleTo(window())) {
+    m_focusBefore = nullptr;
+    m_focusHolder->setFocus();
+    ReturnFocus();
+  }
   m_channels->KeepLabelsInView();
   m_tts->KeepLabelsInView();
 }

@@ -148,6 +148,11 @@ TEST_F(ProgramTest, KeysActWhereTheFrameIsAfterEveryCommand) {
       Choose(command);
       EXPECT_EQ(window->focusWidget()->objectName(), name) << command;
     }
+  window->findChild<QWidget*>("chkTx(0)")->setFocus();
+  Choose("mnuOptionFunction");
+  window->findChild<QCheckBox*>("chkCH(0)")->setChecked(true); // disables it
+  Choose("mnuOptionChannels");
+  EXPECT_EQ(window->focusWidget()->objectName(), "gridChannel") << "not on the view that is hidden";
   QTest::mouseClick(&window->Panel(), Qt::LeftButton, {}, QPoint(window->Panel().width() - 2, 2));
   for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Space}) {
     QTest::keyClick(window->focusWidget(), key);
