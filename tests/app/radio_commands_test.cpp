@@ -134,10 +134,10 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   EXPECT_EQ(kept.FiveToneStandard, kept.ResetTimeBlock[2]);
   std::filesystem::remove(Path("backup"));
   radio.spoil = [](std::size_t frame, LineBytes& reply) { frame == 9 ? reply.clear() : void(); };
-  const auto before = radio.memory;
+  radio.frames.clear();
   Choose("mnuProgramWrite");
   EXPECT_EQ(Happened().size(), 1U) << "the backup was interrupted";
-  EXPECT_EQ(radio.memory, before);
+  EXPECT_LT(radio.frames.size(), 13U) << "and nothing was written";
 }
 
 // Ports of which some can be opened.
