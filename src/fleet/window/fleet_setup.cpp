@@ -41,26 +41,43 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   auto* const options = new QHBoxLayout;
   options->addWidget(m_quick);
   options->addWidget(m_otherBand);
-  options->addWidget(m_rewritesDone);
   m_rewritesDone->setToolTip(tr("Rewrites radios that are done but have changed since; otherwise they are set aside"));
   options->addStretch();
   auto* const who = new QLabel(tr("Op&erator:"));
   who->setBuddy(m_operator);
   m_operator->setObjectName(QStringLiteral("txtOperator"));
-  options->addWidget(who);
   connect(m_operator, &QLineEdit::textEdited, [this] { m_operatorDay = QDate::currentDate().toString(Qt::ISODate); });
-  options->addWidget(m_operator);
   grid->addLayout(options, 3, 1);
+  grid->addWidget(m_rewritesDone, 3, 2, 1, 2); // all in one line would be too wide for small screens
   auto* const commandLabel = new QLabel(tr("Co&mmand:"));
   commandLabel->setBuddy(m_onVerified);
   m_onVerified->setObjectName(QStringLiteral("txtOnVerified"));
   m_onVerified->setPlaceholderText(tr("for each verified radio, such as a label: none"));
   m_onVerified->setToolTip(tr("Runs for each verified radio, with its journal entry as JSON on standard input"));
   grid->addWidget(commandLabel, 4, 0);
-  grid->addWidget(m_onVerified, 4, 1);
+  auto* const commandLine = new QHBoxLayout;
+  commandLine->addWidget(m_onVerified, 2);
+  commandLine->addWidget(who);
+  commandLine->addWidget(m_operator, 1);
+  grid->addLayout(commandLine, 4, 1);
   auto* const portLabel = new QLabel(tr("&Ports:"));
   portLabel->setBuddy(m_ports);
   grid->addWidget(portLabel, 0, 3, Qt::AlignTop);
+  auto* const allPorts = new QPushButton(tr("&All"));
+  allPorts->setObjectName(QStringLiteral("cmdAllPorts"));
+  allPorts->setToolTip(tr("Ticks all ports, or none if all are ticked"));
+  allPorts->setMaximumWidth(allPorts->fontMetrics().horizontalAdvance(QStringLiteral("MMMMM")));
+  grid->addWidget(allPorts, 1, 3, Qt::AlignTop);
+  connect(allPorts, &QPushButton::clicked, [this, portsChanged] {
+    const Qt::CheckState state = CheckedPorts().size() < m_ports->count() ? Qt::Checked : Qt::Unchecked;
+    {
+      const QSignalBlocker quiet(m_ports);
+      for (int i = 0; i < m_ports->count(); ++i)
+        m_ports->item(i)->setCheckState(state);
+    }
+    m_wanted = CheckedPorts();
+    portsChanged();
+  });
   grid->addWidget(m_ports, 0, 4, 5, 1);
   grid->setColumnStretch(1, 3);
   grid->setColumnStretch(4, 2);
@@ -83,6 +100,7 @@ QLineEdit* FleetSetup::AddFile(QGridLayout& grid, const char* name, const QStrin
   auto* const caption = new QLabel(label);
   caption->setBuddy(edit);
   auto* const browse = new QPushButton(QStringLiteral("…"));
+  browse->setMaximumWidth(browse->fontMetrics().horizontalAdvance(QStringLiteral("MMMM"))); // for small screens
   browse->setAccessibleName(tr("Choose: %1").arg(QString(label).remove(QLatin1Char('&'))));
   const int row = grid.rowCount();
   const int at = edit->objectName() == QLatin1String("txtTemplate") ? 0 : row;

@@ -54,6 +54,7 @@ private:
   [[nodiscard]] QLayout* BuildCounts();
   [[nodiscard]] QLayout* BuildButtons();
   [[nodiscard]] QWidget* BuildFailed();
+  void BuildPartKeys();
   void BuildRowMenu();
   [[nodiscard]] const JournalRow* CurrentRow() const; // of the table
   void DecideAboutRow(AttemptOutcome outcome, const QString& question);

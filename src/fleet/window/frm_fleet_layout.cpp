@@ -32,12 +32,37 @@ void FrmFleet::BuildWindow() {
   layout->addWidget(m_setup);
   layout->addWidget(m_cardArea, 4);
   layout->addLayout(BuildCounts());
-  layout->addWidget(m_problems, 2);
   auto* const lists = new QHBoxLayout;
+  lists->addWidget(m_problems);
   lists->addWidget(m_table, 3);
   lists->addWidget(BuildFailed(), 2);
   layout->addLayout(lists, 2);
   layout->addLayout(BuildButtons());
+  BuildPartKeys();
+}
+
+// Ctrl+Tab moves from part to part, past the many cards and boxes of each.
+void FrmFleet::BuildPartKeys() {
+  const auto move = [this](int step) {
+    QList<QWidget*> parts{m_setup, m_cardArea, m_next, m_table, m_failed, m_stop, m_start};
+    parts.removeIf([](const QWidget* part) { return !part->isVisible() || !part->isEnabled(); });
+    if (parts.isEmpty()) return;
+    const QWidget* const focus = focusWidget();
+    const auto has = [&](const QWidget* part) {
+      return focus != nullptr && (part == focus || part->isAncestorOf(focus));
+    };
+    const auto at = static_cast<int>(std::ranges::find_if(parts, has) - parts.begin()),
+               count = static_cast<int>(parts.size());
+    QWidget* next = parts[at == count ? 0 : (at + step + count) % count];
+    const auto takesFocus = [](const QWidget* widget) {
+      return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled();
+    };
+    for (const QWidget* const part = next; !takesFocus(next) && next->nextInFocusChain() != part;)
+      next = next->nextInFocusChain();
+    next->setFocus(Qt::TabFocusReason);
+  };
+  new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Tab), this, [move] { move(1); });
+  new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), this, [move] { move(-1); });
 }
 
 QWidget* FrmFleet::BuildFailed() {
@@ -87,13 +112,16 @@ void FrmFleet::BuildTable() {
   m_table->setAlternatingRowColors(true);
   m_table->verticalHeader()->hide();
   m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
-  m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  m_table->horizontalHeader()->setResizeContentsPrecision(100); // rows, as there may be many thousands
+  m_table->horizontalHeader()->setStretchLastSection(true);
   BuildRowMenu();
 }
 
 // The counts, the box for the next row, and the filter of the table below them.
 QLayout* FrmFleet::BuildCounts() {
   m_counts->setObjectName(QStringLiteral("lblCounts"));
+  m_counts->setWordWrap(true);
   auto* const filter = new QLineEdit;
   filter->setObjectName(QStringLiteral("txtFilter"));
   filter->setClearButtonEnabled(true);

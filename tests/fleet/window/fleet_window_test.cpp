@@ -53,10 +53,9 @@ protected:
     Type("txtTemplate", Path("taxi.K4X"));
     Type("txtRows", Path("rows.csv"));
     auto* const ports = Find<QListWidget>("lstPorts");
-    for (std::size_t i = 0; i < radios.size(); ++i) {
-      QTest::keyClick(ports, Qt::Key_Space);
-      QTest::keyClick(ports, Qt::Key_Down);
-    }
+    QTest::mouseClick(Find<QPushButton>("cmdAllPorts"), Qt::LeftButton);
+    for (int i = 0; i < ports->count(); ++i)
+      EXPECT_EQ(ports->item(i)->checkState(), Qt::Checked) << i;
     Find<QCheckBox>("chkSound")->setChecked(false);
     QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier); // clicks a moment later
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QCheckBox>("chkQuick")->isChecked(); }));
@@ -165,6 +164,15 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
     QTest::keyClicks(QApplication::focusWidget(), keys);
     EXPECT_EQ(Label("lblMessage"), message);
   }
+
+  // Ctrl+Tab goes round the parts that can be used.
+  QStringList parts;
+  for (int i = 0; i < 3; ++i) {
+    QTest::keyClick(window.get(), Qt::Key_Tab, Qt::ControlModifier);
+    const QWidget* const focus = window->focusWidget();
+    parts.append(focus == nullptr ? QString() : focus->objectName());
+  }
+  EXPECT_EQ(parts.join(' ').toStdString(), "gridRows cmdStop chkSound");
 
   QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
   QTest::keyClicks(QApplication::focusWidget(), "car 2");
