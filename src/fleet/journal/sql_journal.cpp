@@ -182,9 +182,11 @@ std::optional<PlanHistory> SqlJournal::History(const PlanHead& plan) {
   return history;
 }
 
-// All in one round trip. The texts are quoted here, as there is no list of names for so many.
+// In one round trip for each 5,000 rows. The texts are quoted here, as there is no list of names for so many.
 bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRow>& rows) {
   constexpr std::size_t RowsInAStatement = 500;
+  constexpr qsizetype StatementsAtOnce = 10;
+  const Values values = {{":plan", Text(plan)}};
   const auto quoted = [](QString text) { return QLatin1Char('\'') + text.replace('\'', "\'\'") + QLatin1Char('\''); };
   QStringList statements;
   for (std::size_t first = 0; first < rows.size(); first += RowsInAStatement) {
@@ -198,8 +200,11 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
     statements.append(
         "INSERT INTO fleet_row (plan, number, label, radio, state, bench, id_number, stamp, content) VALUES " +
         lines.join(QLatin1Char(',')));
+    if (statements.size() < StatementsAtOnce) continue;
+    if (!m_database.RunAll(statements, values)) return false;
+    statements.clear();
   }
-  return m_database.RunAll(statements, {{":plan", Text(plan)}}).has_value();
+  return statements.empty() || m_database.RunAll(statements, values);
 }
 
 Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {
