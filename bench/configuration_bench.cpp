@@ -13,7 +13,7 @@ namespace {
 RadioImage FactoryImage() {
   RadioImage image;
   const RadioMemory memory = FactoryMemory();
-  for (const BlockPlace& place : RecordMap) {
+  for (const BlockLocation& place : RecordMap) {
     const auto block = BlockBytes(image, place.block);
     std::copy_n(memory.begin() + place.address, block.size(), block.begin());
   }

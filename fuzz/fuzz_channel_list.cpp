@@ -1,5 +1,5 @@
-// Any text as a list of radios, and as a list of channels: each line is taken or told, and what was taken is exported
-// and comes back.
+// Any text as a list of radios, and as a list of channels: each line is accepted or reported, and the accepted ones
+// survive an export and an import.
 #include "channel_text.h"
 #include "fuzz_input.h"
 #include "plan.h"
@@ -17,7 +17,7 @@ void Fuzz(FuzzInput input) {
   const std::string text = input.Rest();
   CsvTable table = ReadCsv(text);
   const auto isEmpty = [](const CsvRow& row) { return std::ranges::all_of(row.cells, &std::string::empty); };
-  std::erase_if(table.rows, isEmpty); // read only to tell of a quote without its end
+  std::erase_if(table.rows, isEmpty); // only needed to report a quote that is not closed
   std::string lines;
   for (const CsvRow& row : table.rows)
     lines += CsvLine(row.cells);
@@ -34,9 +34,9 @@ void Fuzz(FuzzInput input) {
   Configuration pasted = Decode(image, Texts).configuration;
   const ChannelList taken = TakeChannels(pasted, 0, text, Texts);
   for (const auto& words : {TextsOf(list.bad), WordsForPasted(taken.bad)})
-    Require(std::ranges::none_of(words, &std::string::empty), "what is refused is told");
+    Require(std::ranges::none_of(words, &std::string::empty), "a refusal without a message");
   const PlanCheck check = MakePlan(image, "", text, Texts, [](std::string_view bytes) { return std::string(bytes); });
-  Require(!check.problems.empty() || !check.plan.rows.empty(), "a list of radios has rows, or it is told why not");
+  Require(!check.problems.empty() || !check.plan.rows.empty(), "a list of radios without rows and without a message");
   for (std::size_t row = 1; check.problems.empty() && row <= check.plan.rows.size(); ++row)
     static_cast<void>(ImageFor(check.plan, row, Texts));
   if (!ApplyCells(image, CellsOf(list.rows), Texts).empty()) return Require(image == before, "all or nothing is taken");

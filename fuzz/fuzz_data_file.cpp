@@ -10,7 +10,7 @@ const FieldTexts Texts = BuildFieldTexts('.');
 
 RadioImage MarkedImage() {
   RadioImage image;
-  for (const BlockPlace& place : RecordMap)
+  for (const BlockLocation& place : RecordMap)
     std::ranges::fill(BlockBytes(image, place.block), std::uint8_t{0xA5});
   image.PatrolWorkBlock.fill(0xA5);
   image.FiveToneStandard = 7;

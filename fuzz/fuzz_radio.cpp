@@ -9,7 +9,7 @@ namespace {
 
 constexpr Clock::Moment LongestExchange = 60s;
 
-// Spoils an answer as the input says, or none of so many.
+// Corrupts an answer as the input says, or none if its number is too high.
 void Spoil(LineBytes& reply, FuzzInput& input, ScriptedRadio& radio, int& correctAnswers) {
   if (correctAnswers > 0 || input.IsEmpty()) return static_cast<void>(--correctAnswers);
   const int way = input.Below(10);
@@ -30,10 +30,10 @@ void Spoil(LineBytes& reply, FuzzInput& input, ScriptedRadio& radio, int& correc
   if (way >= 8) radio.operationsLeft = value;
 }
 
-Outcome RunInTime(Desk& desk, Transfer transfer) {
-  const Clock::Moment begin = desk.radio.now;
-  const Outcome outcome = desk.Run(transfer).outcome;
-  Require(desk.radio.now - begin < LongestExchange, "an exchange takes its bounded time");
+Outcome RunInTime(Computer& computer, Transfer transfer) {
+  const Clock::Moment begin = computer.radio.now;
+  const Outcome outcome = computer.Run(transfer).outcome;
+  Require(computer.radio.now - begin < LongestExchange, "an exchange takes its bounded time");
   return outcome;
 }
 
@@ -42,32 +42,32 @@ Outcome RunInTime(Desk& desk, Transfer transfer) {
 void Fuzz(FuzzInput input) {
   const std::uint8_t options = input.Byte();
   const auto transfer = static_cast<Transfer>(options & 3);
-  Desk desk;
-  ResetToDefaults(desk.image, {2001, 2, 3, 4, 5, 6});
-  desk.image.PatrolWorkBlock.fill(0x5A);
-  desk.image.RadioIdBlock.fill(0x66);
-  desk.canShow = (options & 4) == 0;
-  desk.acceptsBand = (options & 8) != 0;
-  desk.speed = (options & 16) != 0 ? Speed::Quick : Speed::Prescribed;
+  Computer computer;
+  ResetToDefaults(computer.image, {2001, 2, 3, 4, 5, 6});
+  computer.image.PatrolWorkBlock.fill(0x5A);
+  computer.image.RadioIdBlock.fill(0x66);
+  computer.canShow = (options & 4) == 0;
+  computer.acceptsBand = (options & 8) != 0;
+  computer.speed = (options & 16) != 0 ? Speed::Quick : Speed::Prescribed;
   int correctAnswers = 0;
-  desk.radio.spoil = [&](std::size_t, LineBytes& reply) { Spoil(reply, input, desk.radio, correctAnswers); };
-  const RadioImage before = desk.image;
+  computer.radio.spoil = [&](std::size_t, LineBytes& reply) { Spoil(reply, input, computer.radio, correctAnswers); };
+  const RadioImage before = computer.image;
 
-  RunInTime(desk, transfer);
-  RadioImage rest = desk.image;
+  RunInTime(computer, transfer);
+  RadioImage rest = computer.image;
   rest.WriteStampBlock = before.WriteStampBlock;
   if (transfer == Transfer::ReadInfo) rest.EmbeddedInfoBlock = before.EmbeddedInfoBlock;
   Require(transfer == Transfer::Read || rest == before, "an exchange changes only its own blocks");
-  Require(desk.image.PatrolWorkBlock == before.PatrolWorkBlock &&
-              desk.image.FiveToneStandard == before.FiveToneStandard,
+  Require(computer.image.PatrolWorkBlock == before.PatrolWorkBlock &&
+              computer.image.FiveToneStandard == before.FiveToneStandard,
           "what no radio holds stays");
-  desk.radio.spoil = nullptr;
-  desk.radio.operationsLeft = ScriptedRadio::MostOperations;
-  desk.radio.stuck = false;
-  desk.radio.now += 2s; // before the user tries again
-  desk.canShow = true;
-  desk.acceptsBand = true;
-  Require(RunInTime(desk, transfer) == Outcome::Complete, "the next try with a sound radio works");
+  computer.radio.spoil = nullptr;
+  computer.radio.operationsLeft = ScriptedRadio::MostOperations;
+  computer.radio.stuck = false;
+  computer.radio.now += 2s; // before the user tries again
+  computer.canShow = true;
+  computer.acceptsBand = true;
+  Require(RunInTime(computer, transfer) == Outcome::Complete, "the next try with a sound radio works");
 }
 
 } // namespace mr4500x

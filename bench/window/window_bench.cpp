@@ -27,7 +27,7 @@ struct ShownPanel {
 
   ShownPanel() {
     const RadioMemory memory = FactoryMemory();
-    for (const BlockPlace& place : RecordMap) {
+    for (const BlockLocation& place : RecordMap) {
       const auto block = BlockBytes(image, place.block);
       std::copy_n(memory.begin() + place.address, block.size(), block.begin());
     }

@@ -1,13 +1,13 @@
-# What a program carries on Windows besides its code: version, icon, and the manifest for UTF-8, long paths and screens of
-# any resolution. Drawings become bitmaps, as there is no plugin for them.
+# The resources of a program on Windows: version, icon, and the manifest for UTF-8, long paths and any screen
+# resolution. Drawings become bitmaps, because the SVG plugin is not available.
 find_program(MR4500X_ICON_RENDERER rsvg-convert REQUIRED)
 find_program(MR4500X_ICON_MAKER icotool REQUIRED)
 
 add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
-set(CMAKE_AUTORCC_OPTIONS --no-zstd) # the host's compiler of resources would use what this Qt can't read
+set(CMAKE_AUTORCC_OPTIONS --no-zstd) # the host's resource compiler would use a format that this Qt can't read
 string(REPLACE . , MR4500X_VERSION_NUMBERS ${PROJECT_VERSION})
 
-# mr4500x_windows_program(TARGET ABOUT SVG): ABOUT is what the properties of the file say.
+# mr4500x_windows_program(TARGET ABOUT SVG): ABOUT is the description in the properties of the file.
 function(mr4500x_windows_program target about drawing)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}-resources)
   file(MAKE_DIRECTORY ${folder})

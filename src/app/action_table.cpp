@@ -24,7 +24,7 @@ struct FrmMain::ActionRow {
   const char* name = "";
   const char* shortcut = "";
   Handler handler = Command(); // none disables the action
-  const char* key = "";        // of the toolbar button; also its object name
+  const char* key = "";        // the key of the toolbar button, and its object name
   const char* tip = "";
   const char* icon = "";
   QAction* FrmMain::*heldItem = nullptr; // members that keep the actions
@@ -114,7 +114,7 @@ namespace {
 constexpr std::array<std::string_view, 13> ToolbarOrder = {"New",   "Open", "Save", "", "Print",   "",       "Read",
                                                            "Write", "",     "Port", "", "ChanWin", "FuncWin"};
 constexpr int LeastIconSize = 24;
-constexpr double IconLines = 1.6; // in the height of a line of text
+constexpr double IconLines = 1.6; // in line heights
 
 } // namespace
 
@@ -124,7 +124,7 @@ void FrmMain::BuildMenus() {
     if (row.kind == RowKind::Menu) {
       menu = menuBar()->addMenu(tr(row.text));
       menu->setObjectName(QLatin1String(row.name));
-      m_panel->ServeMenu(*menu);
+      m_panel->UpdateWhenShown(*menu);
     } else if (menu != nullptr) {
       AddRow(*menu, row);
     }

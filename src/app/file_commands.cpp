@@ -78,7 +78,7 @@ CloseEnd CloseData(const CommandContext& context) {
 void BelongToNothing(const CommandContext& context, const KeptCopy& copy) {
   context.SetOrigin(NoOrigin());
   if (copy.info) context.image.EmbeddedInfoBlock = *copy.info;
-  context.keeper.Took(copy);
+  context.keeper.WorkTaken(copy);
   context.state.ModifiedFlag = true;
   context.state.ImageIsPartial = false;
 }
@@ -151,7 +151,7 @@ void SaveList(const CommandContext& context, const char* title, const std::strin
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(list.data()), list.size());
   const FileResult saved = ReplaceFile(context.services.files, path, bytes, Surplus::Drop);
   if (saved)
-    context.status.ShowPassing("Saved to " + QString::fromStdString(path));
+    context.status.ShowBriefly("Saved to " + QString::fromStdString(path));
   else
     context.Show({MessageIcon::Exclamation, title, "The file " + path + " can't be written (" + saved.Reason() + ")."});
 }
@@ -185,7 +185,7 @@ void Recover(const CommandContext& context) {
   context.panel.CommitOpenEditors();
   context.keeper.AwaitKept(); // what was just put aside
   const auto copies = CopiesPutAside(context.services.files, context.services.keptFolder);
-  if (copies.empty()) return context.status.ShowPassing("No unsaved work is kept.");
+  if (copies.empty()) return context.status.ShowBriefly("No unsaved work is kept.");
   const std::optional<std::string> path = AskCopy(copies, &context.window);
   if (!path) return;
   const std::string last = context.state.LastFileName;
@@ -286,7 +286,7 @@ void ImportChannels(const CommandContext& context, const std::string& text) {
   }
   context.panel.Change(values, ImportTitle);
   if (list.leftOut.empty())
-    return context.status.ShowPassing("Channels imported: " + QString::number(list.rows.size()));
+    return context.status.ShowBriefly("Channels imported: " + QString::number(list.rows.size()));
   context.Show({MessageIcon::Information, ImportTitle, MessageOf(list.leftOut, LeftOutText)});
 }
 

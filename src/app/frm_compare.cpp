@@ -34,7 +34,7 @@ constexpr char TakeText[] = "Take Other Value";
 constexpr char FileChangedText[] = "The file has changed. Nothing was taken. Check the new list first.";
 constexpr char FileLostText[] =
     "The file is missing, damaged or unreadable. The list shows its last content, and no value can be taken.";
-constexpr QSize DesignSize(100, 28); // in characters and lines
+constexpr QSize DesignSize(100, 28); // characters and lines
 
 struct CompareColumn {
   const char* heading;
@@ -111,26 +111,26 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  enum class FileLook : std::uint8_t { Same, Changed, Lost };
+  enum class FileState : std::uint8_t { Same, Changed, Lost };
 
   void BuildTable();
   void AddAction(const QString& text, const QList<QKeySequence>& keys, void (FrmCompare::*run)());
   void Filter(const QString& text);
-  FileLook ReadAgain();
+  FileState ReadAgain();
   [[nodiscard]] const char* Title() const { return m_source.isFile ? "Compare with File" : "Compare with Radio"; }
   void Renew();
   void WidenColumns();
   void ShowResult(bool isLost);
   void Take(); // what the file has in the selected rows
   void Copy();
-  [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom; the current one if there is none
+  [[nodiscard]] QModelIndexList SelectedRows() const; // from top to bottom, or the current row if none is selected
 
   EditorPanel& m_panel;
   FileSystem& m_files;
   const ComparedSource m_source;
   MessageView& m_messages;
   std::optional<Comparison> m_comparison;
-  std::optional<RadioImage> m_here; // that the list compares
+  std::optional<RadioImage> m_here; // the image that the list shows
   DifferenceTable* m_differences = new DifferenceTable(this);
   DifferenceOrder* m_order = new DifferenceOrder(this);
   QTableView* m_table = new QTableView;
@@ -230,20 +230,20 @@ void FrmCompare::Filter(const QString& text) {
   Renew();
 }
 
-FrmCompare::FileLook FrmCompare::ReadAgain() {
-  if (!m_source.isFile) return FileLook::Same;
+FrmCompare::FileState FrmCompare::ReadAgain() {
+  if (!m_source.isFile) return FileState::Same;
   RadioImage file;
   if (LoadInput(m_files, m_source.name, nullptr, file).outcome != LoadOutcome::Loaded ||
       Decode(file, m_panel.Texts()).end == DecodeEnd::DataError)
-    return FileLook::Lost;
-  if (file == m_comparison->File()) return FileLook::Same;
+    return FileState::Lost;
+  if (file == m_comparison->File()) return FileState::Same;
   m_comparison.emplace(file, m_panel.Texts());
   m_here.reset();
-  return FileLook::Changed;
+  return FileState::Changed;
 }
 
 void FrmCompare::Renew() {
-  const bool isLost = ReadAgain() == FileLook::Lost;
+  const bool isLost = ReadAgain() == FileState::Lost;
   const RadioImage here = m_panel.Collected();
   if (m_here != here) { // otherwise the selection is kept
     m_here = here;
@@ -280,9 +280,9 @@ QModelIndexList FrmCompare::SelectedRows() const {
 }
 
 void FrmCompare::Take() {
-  if (const FileLook file = ReadAgain(); file != FileLook::Same) {
+  if (const FileState file = ReadAgain(); file != FileState::Same) {
     Renew();
-    m_messages.Show(MessageIcon::Exclamation, Title(), file == FileLook::Lost ? FileLostText : FileChangedText,
+    m_messages.Show(MessageIcon::Exclamation, Title(), file == FileState::Lost ? FileLostText : FileChangedText,
                     MessageButtons::Ok);
     return;
   }

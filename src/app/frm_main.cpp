@@ -104,11 +104,11 @@ void FrmMain::BuildPanel() {
   setStatusBar(m_status);
   m_keeper = new WorkKeeper(m_services, m_image, *m_panel, m_texts, this);
   connect(m_panel, &EditorPanel::CompareAsked, this, [this] { RunCommand(commands::Compare); });
-  connect(m_panel, &EditorPanel::Changed, m_status, &StatusPanels::EndPassing);
-  connect(m_panel, &EditorPanel::Told, m_status, &StatusPanels::ShowPassing);
+  connect(m_panel, &EditorPanel::Changed, m_status, &StatusPanels::EndMessage);
+  connect(m_panel, &EditorPanel::StatusMessage, m_status, &StatusPanels::ShowBriefly);
   connect(m_keeper, &WorkKeeper::CopyMissing, m_status, [this](bool isMissing) {
-    m_status->SetStanding(StatusPanels::Standing::NoCopy,
-                          isMissing ? tr("No copy of the unsaved work could be written.") : QString());
+    m_status->SetPermanent(StatusPanels::Permanent::NoCopy,
+                           isMissing ? tr("No copy of the unsaved work could be written.") : QString());
   });
   m_background = scroll->viewport();
 }
@@ -227,11 +227,11 @@ void FrmMain::KeepForSession() {
 void FrmMain::EndBySignal(int signal) {
   m_keeper->End();
   KeepForSession();
-  QCoreApplication::exit(128 + signal); // as a shell counts them
+  QCoreApplication::exit(128 + signal); // the exit status that a shell reports
 }
 
 bool FrmMain::MayLogOut() {
-  bool mayLogOut = false; // not while a command runs
+  bool mayLogOut = false; // false while a command runs
   RunCommand([&](const CommandContext& context) { mayLogOut = commands::PrepareExit(context) == CloseEnd::Closed; });
   return m_mayLogOut = mayLogOut;
 }

@@ -69,7 +69,7 @@ template<class Observer = WindowObserver>
 bool RunTransfer(const CommandContext& context, HeldPointer pointer,
                  const std::function<ExchangeResult(SerialLine& line, ExchangeObserver& observer)>& exchange) {
   const MainServices& services = context.services;
-  context.keeper.KeepNow(); // not during the transfer
+  context.keeper.KeepNow(); // no copy is written during the transfer
   const TransferGuard guard(services.input, pointer);
   context.window.repaint(); // the exchange may block painting for a while
   SerialLine line(services.port, services.clock, context.state.CommPortNumber);
@@ -128,7 +128,7 @@ void Verify(const CommandContext& context, const std::optional<RadioImage>& back
   for (const DifferenceWords& words : WordsFor(CompareImages(context.image, found, context.panel.Texts())))
     lines.push_back(words.name + ": " + words.before + " -> " + words.after);
   if (lines.empty())
-    return context.status.ShowPassing(QString::fromStdString("The radio on " + port + " matches what was written."));
+    return context.status.ShowBriefly(QString::fromStdString("The radio on " + port + " matches what was written."));
   context.Show(
       {MessageIcon::Exclamation, "Verify after Writing",
        MessageOf(lines, "The radio on " + port + " does not match what was written. Write it again. Differences:")});
@@ -231,8 +231,8 @@ void Practise(const CommandContext& context) {
   context.state.practicePort = port;
   context.state.portBeforePractice = std::exchange(context.state.CommPortNumber, port);
   context.status.ShowPort(port);
-  context.status.SetStanding(StatusPanels::Standing::Practice,
-                             "Practising with a simulated radio on " + QString::fromStdString(ComName(port)));
+  context.status.SetPermanent(StatusPanels::Permanent::Practice,
+                              "Practising with a simulated radio on " + QString::fromStdString(ComName(port)));
 }
 
 void EndPractice(const CommandContext& context) {
@@ -240,7 +240,7 @@ void EndPractice(const CommandContext& context) {
   state.CommPortNumber = state.PortToKeep();
   state.practicePort = 0;
   context.status.ShowPort(state.CommPortNumber);
-  context.status.SetStanding(StatusPanels::Standing::Practice, "");
+  context.status.SetPermanent(StatusPanels::Permanent::Practice, "");
 }
 
 } // namespace commands

@@ -80,7 +80,7 @@ void Print(const CommandContext& context) {
   if (failure)
     context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), *failure});
   else if (isPdf)
-    context.status.ShowPassing("Printed to " + QString::fromStdString(*services.printers.PdfFile()));
+    context.status.ShowBriefly("Printed to " + QString::fromStdString(*services.printers.PdfFile()));
 }
 
 void Copy(const CommandContext& context) {

@@ -65,7 +65,7 @@ StatusPanels::StatusPanels(const QString& title, std::function<std::string(int)>
   m_minute.callOnTimeout(this, &StatusPanels::ShowTime);
   ShowTime();
   m_passing.setSingleShot(true);
-  m_passing.callOnTimeout(this, &StatusPanels::EndPassing);
+  m_passing.callOnTimeout(this, &StatusPanels::EndMessage);
 }
 
 void StatusPanels::ShowPort(int number) {
@@ -78,21 +78,21 @@ void StatusPanels::Show(const QString& message) {
   m_title->setText(fontMetrics().elidedText(message, Qt::ElideMiddle, room));
 }
 
-void StatusPanels::ShowPassing(const QString& message) {
+void StatusPanels::ShowBriefly(const QString& message) {
   Show(message);
   m_passing.start(PassingMilliseconds);
 }
 
-void StatusPanels::EndPassing() {
+void StatusPanels::EndMessage() {
   m_passing.stop();
   for (const QString& message : m_standing)
     if (!message.isEmpty()) return Show(message);
   m_title->setText(m_programTitle);
 }
 
-void StatusPanels::SetStanding(Standing which, const QString& message) {
+void StatusPanels::SetPermanent(Permanent which, const QString& message) {
   m_standing[static_cast<std::size_t>(which)] = message;
-  EndPassing();
+  EndMessage();
 }
 
 // The device is looked up when the user points at the port, because adapters are plugged in and out.

@@ -17,25 +17,25 @@ namespace mr4500x {
 // Also handles a path with "[*]", which Qt would treat as a placeholder.
 void ShowTitle(QWidget& window, const std::string& title);
 
-[[nodiscard]] QString DeviceToolTip(const std::string& device); // of a port; empty: it has none
+[[nodiscard]] QString DeviceToolTip(const std::string& device); // for a port's device; empty if it has none
 
 // The status bar: the program's title or a temporary message, the port and the time of day.
 class StatusPanels final : public QStatusBar {
 public:
   StatusPanels(const QString& title, std::function<std::string(int)> deviceOfPort);
   void ShowPort(int number);
-  void ShowPassing(const QString& message);
-  void EndPassing(); // its message no longer applies
+  void ShowBriefly(const QString& message);
+  void EndMessage(); // its message no longer applies
   // Shown instead of the title until it is empty. The first of several takes precedence.
-  enum class Standing { NoCopy, Practice };
-  void SetStanding(Standing which, const QString& message);
+  enum class Permanent { NoCopy, Practice };
+  void SetPermanent(Permanent which, const QString& message);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   void ShowTime();
-  void Show(const QString& message); // as much of it as has room
+  void Show(const QString& message); // elided if there is not enough room
 
   QString m_programTitle;
   std::array<QString, 2> m_standing;

@@ -16,7 +16,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::chrono::seconds LookDelay{1};
+constexpr std::chrono::seconds CheckDelay{1};
 
 std::string SourceOf(const Origin& origin) {
   if (const auto* const file = std::get_if<FileOrigin>(&origin)) return file->path;
@@ -40,22 +40,22 @@ WorkKeeper::WorkKeeper(const MainServices& services, const RadioImage& image, co
                        const FieldTexts& texts, QObject* parent)
     : QObject(parent), m_services(services), m_image(image), m_panel(panel), m_texts(texts),
       m_copies(services.files, services.keptFolder) {
-  m_look.setSingleShot(true);
-  m_look.setInterval(LookDelay);
-  connect(&m_look, &QTimer::timeout, this, &WorkKeeper::LookAgain);
+  m_checkTimer.setSingleShot(true);
+  m_checkTimer.setInterval(CheckDelay);
+  connect(&m_checkTimer, &QTimer::timeout, this, &WorkKeeper::Check);
   m_thread.setMaxThreadCount(1);
   QCoreApplication::instance()->installEventFilter(this);
 }
 
 bool WorkKeeper::eventFilter(QObject* watched, QEvent* event) {
-  if (MayEdit(event->type()) && !m_look.isActive()) m_look.start();
+  if (MayEdit(event->type()) && !m_checkTimer.isActive()) m_checkTimer.start();
   return QObject::eventFilter(watched, event);
 }
 
 // Not between two frames of a transfer, and not while the previous copy is still being written.
-void WorkKeeper::LookAgain() {
+void WorkKeeper::Check() {
   if (m_services.input.IsHeld() || m_isWriting)
-    m_look.start();
+    m_checkTimer.start();
   else
     KeepNow();
 }
@@ -88,7 +88,7 @@ void WorkKeeper::Forget() {
 void WorkKeeper::KeepNow() {
   Configuration shown = m_panel.ShownUnfinished();
   const std::vector<Difference> differences = DifferencesBetween(m_settled, shown);
-  if (differences.empty() && !m_tookDifferences && !m_info) {
+  if (differences.empty() && !m_takenDifferences && !m_info) {
     Do(&KeptCopies::Drop);
     Forget();
     return SetMissing(false);
@@ -99,7 +99,7 @@ void WorkKeeper::KeepNow() {
   image.FiveToneStandard = m_image.FiveToneStandard;
   Encode(shown, image, m_texts);
   const auto data = BuildDataFile(image);
-  std::string lines = m_tookDifferences.value_or("") + LinesOf(differences);
+  std::string lines = m_takenDifferences.value_or("") + LinesOf(differences);
   if (m_info && *m_info != m_infoBefore)
     lines +=
         "Embedded Information: \"" + Shortened(TextOf(m_infoBefore)) + "\" -> \"" + Shortened(TextOf(*m_info)) + "\"\n";
@@ -141,8 +141,8 @@ void WorkKeeper::Settled(const Origin& source) {
   m_settled = m_panel.Shown();
   m_settledImage = m_image;
   m_source = SourceOf(source);
-  if (m_tookDifferences) m_infoBefore = {}; // its earlier value is no longer known
-  m_tookDifferences.reset();
+  if (m_takenDifferences) m_infoBefore = {}; // its earlier value is no longer known
+  m_takenDifferences.reset();
   const auto* const file = std::get_if<FileOrigin>(&source);
   Do([path = file != nullptr ? file->path : ""](KeptCopies& copies) {
     copies.Drop();
@@ -179,11 +179,11 @@ std::optional<KeptCopy> WorkKeeper::TakeLeft(RadioImage& image) {
   return std::nullopt;
 }
 
-void WorkKeeper::Took(const KeptCopy& copy) {
+void WorkKeeper::WorkTaken(const KeptCopy& copy) {
   m_settled = m_panel.Shown();
   m_settledImage = m_image;
   m_source = copy.source;
-  m_tookDifferences = copy.differences;
+  m_takenDifferences = copy.differences;
   m_info = copy.info;
   m_infoBefore = copy.info.value_or(EmbeddedInfo());
   KeepNow();

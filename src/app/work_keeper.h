@@ -33,11 +33,11 @@ public:
   void PutAside();                    // the user discards the work; no start asks about it
   void Replaced();                    // puts the work aside because other data is about to be shown
   void Settled(const Origin& source); // the editor now shows the content of `source`
-  [[nodiscard]] bool IsOpenElsewhere(const std::string& path); // in another window of this user
+  [[nodiscard]] bool IsOpenElsewhere(const std::string& path); // open in another window of this user
   // Asks about each copy that an earlier window left, the newest first, until one is taken and stored in the image.
   // Returns nullopt if none was taken.
   [[nodiscard]] std::optional<KeptCopy> TakeLeft(RadioImage& image);
-  void Took(const KeptCopy& copy); // the editor now shows kept work that is not in a file
+  void WorkTaken(const KeptCopy& copy); // the editor now shows kept work that is not in a file
   // The user has entered the embedded information of the image. No file holds it, so it is kept until it is written to
   // a radio or replaced.
   void InfoEntered(const EmbeddedInfo& before);
@@ -51,7 +51,7 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void LookAgain();
+  void Check();
   void Written(int number, bool isWritten);
   void SetMissing(bool isMissing);
   void Forget();
@@ -63,17 +63,17 @@ private:
   const FieldTexts& m_texts;
   KeptCopies m_copies;
   Configuration m_settled;
-  RadioImage m_settledImage; // with the bytes that the editor doesn't show
+  RadioImage m_settledImage; // includes the bytes that the editor doesn't show
   std::string m_source;
-  std::optional<std::string> m_tookDifferences; // of kept work that is not saved yet
-  std::optional<EmbeddedInfo> m_info;           // entered, but not yet written to a radio
+  std::optional<std::string> m_takenDifferences; // of kept work that is not saved yet
+  std::optional<EmbeddedInfo> m_info;            // entered, but not yet written to a radio
   EmbeddedInfo m_infoBefore;
   std::optional<Configuration> m_kept;
   bool m_isMissing = false; // the copy
   bool m_isWriting = false;
-  int m_number = 0; // of the copy that was asked for last
+  int m_number = 0; // number of the last requested copy
   bool m_isEnding = false;
-  QTimer m_look;
+  QTimer m_checkTimer;
   QThreadPool m_thread; // the last member, as its work uses the others
 };
 

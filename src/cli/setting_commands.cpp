@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::array<std::string_view, 5> KindNames = {"choice", "number", "digits", "frequency", "yes/no"};
 
-// What a setting allows depends on others: here on none that forbids something.
+// The values that a setting allows depend on other settings. Here the others allow as much as possible.
 Configuration MostAllowing(int mode) {
   RadioImage image;
   Configuration configuration = NewConfiguration(image, PointTexts(), {});
@@ -32,10 +32,9 @@ Configuration MostAllowing(int mode) {
   return configuration;
 }
 
-// Names the settings that have changed with those that were given: a new lower limit, for instance, resets all
-// channels.
-void TellConsequences(const std::vector<Difference>& differences, const std::vector<Assignment>& assignments,
-                      Terminal& terminal) {
+// Prints the settings that have changed with the given ones. For example, a new lower limit resets all channels.
+void PrintConsequences(const std::vector<Difference>& differences, const std::vector<Assignment>& assignments,
+                       Terminal& terminal) {
   constexpr std::size_t MostNamed = 8;
   std::vector<std::string> names;
   std::set<FieldAt> given;
@@ -74,7 +73,7 @@ Json FieldJson(const Configuration& configuration, FieldAt at, const std::string
   return field;
 }
 
-// What one FIELD=VALUE gives: no settings for an unusable one, with a problem.
+// Reads one FIELD=VALUE. An unusable one is added as a problem.
 void ReadChange(const std::string& change, const std::string& place, bool asStored, Changes& changes) {
   const std::size_t equals = change.find('=');
   const std::string name = change.substr(0, equals);
@@ -103,7 +102,7 @@ void ReadLines(std::string text, const std::string& name, Changes& changes) {
   }
 }
 
-// Prints the problems that were found before and what is refused; if there is anything, nothing is stored.
+// Prints earlier problems and refused values. If there are any, nothing is stored.
 ExitStatus StoreChanges(FileSystem& files, const FileChange& given, const Changes& changes, Terminal& terminal) {
   std::vector<Difference> differences;
   const auto change = [&](RadioImage& image, const Configuration& before) {
@@ -118,7 +117,7 @@ ExitStatus StoreChanges(FileSystem& files, const FileChange& given, const Change
     return ExitStatus::Done;
   };
   const ExitStatus status = ChangeFile(files, given, terminal, change);
-  if (status == ExitStatus::Done && !given.isDryRun) TellConsequences(differences, changes.assignments, terminal);
+  if (status == ExitStatus::Done && !given.isDryRun) PrintConsequences(differences, changes.assignments, terminal);
   return status;
 }
 

@@ -87,18 +87,18 @@ void EditHistory::TakeStep(const QString& name) {
 
 void EditHistory::Undo() {
   TakeStep();
-  if (!m_stack.canUndo()) return emit Told(tr("Nothing to undo"));
+  if (!m_stack.canUndo()) return emit StatusMessage(tr("Nothing to undo"));
   const QString name = m_stack.undoText();
   m_stack.undo();
-  emit Told(tr("Undone: %1").arg(name));
+  emit StatusMessage(tr("Undone: %1").arg(name));
 }
 
 void EditHistory::Redo() {
   TakeStep();
-  if (!m_stack.canRedo()) return emit Told(tr("Nothing to redo"));
+  if (!m_stack.canRedo()) return emit StatusMessage(tr("Nothing to redo"));
   const QString name = m_stack.redoText();
   m_stack.redo();
-  emit Told(tr("Redone: %1").arg(name));
+  emit StatusMessage(tr("Redone: %1").arg(name));
 }
 
 void EditHistory::ExchangeWith(State& other) {

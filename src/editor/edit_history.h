@@ -33,7 +33,7 @@ public:
   [[nodiscard]] const QUndoStack& Stack() const { return m_stack; }
 
 signals:
-  void Told(const QString& message); // what was undone or redone
+  void StatusMessage(const QString& message); // what was undone or redone
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -70,7 +70,7 @@ EditorPanel::EditorPanel(RadioImage& image, const FieldTexts& texts, MessageView
   BuildFrames();
   m_history = new EditHistory(
       m_image, [this] { return Agreed(); }, [this](const Configuration& values) { ShowAgain(values); }, this);
-  connect(m_history, &EditHistory::Told, this, &EditorPanel::Told);
+  connect(m_history, &EditHistory::StatusMessage, this, &EditorPanel::StatusMessage);
   m_commands = new ChannelCommands(*this, m_channels->Grid(), *m_history, m_image, m_texts, m_messages);
   m_focusHolder->setObjectName(QStringLiteral("Command1"));
   m_focusHolder->setAccessibleName(tr("No field"));
@@ -97,7 +97,7 @@ void EditorPanel::BuildFrames() {
     if (frame != tune) connect(frame, &SettingsFrame::Changed, this, &EditorPanel::Changed);
   connect(m_selectCall, &SelectCallFrame::ModeChanged, this, &EditorPanel::ChangeSelcallMode);
   connect(m_band, &BandFrame::LowerLimitChanged, this, &EditorPanel::ChangeLowerLimit);
-  connect(m_channels, &ChannelFrame::Told, this, &EditorPanel::Told);
+  connect(m_channels, &ChannelFrame::StatusMessage, this, &EditorPanel::StatusMessage);
   connect(m_channels, &ChannelFrame::OtherKeyPressed, m_tts, &GridFrame::CommitEditors);
 
   auto* const channelView = new QWidget(this);
@@ -268,11 +268,11 @@ EntryBox* EditorPanel::OpenEntry() const {
 
 void EditorPanel::Copy() {
   if (const EntryBox* const box = OpenEntry()) return box->CopyWhole();
-  if (!m_channels->Grid().SelectedRows().empty()) emit Told(tr("Channels are copied by Ctrl+Shift+C."));
+  if (!m_channels->Grid().SelectedRows().empty()) emit StatusMessage(tr("Channels are copied by Ctrl+Shift+C."));
 }
 void EditorPanel::Paste() {
   if (EntryBox* const box = OpenEntry()) return box->PasteWhole();
-  if (!m_channels->Grid().SelectedRows().empty()) emit Told(tr("Channels are pasted by Ctrl+Shift+V."));
+  if (!m_channels->Grid().SelectedRows().empty()) emit StatusMessage(tr("Channels are pasted by Ctrl+Shift+V."));
 }
 void EditorPanel::ShowChannelView() {
   ShowView(ChannelView);
@@ -284,8 +284,8 @@ void EditorPanel::ShowFunctionView() {
 bool EditorPanel::ShowsChannels() const {
   return m_views->currentIndex() == ChannelView;
 }
-void EditorPanel::ServeMenu(QMenu& menu) {
-  m_commands->ServeMenu(menu);
+void EditorPanel::UpdateWhenShown(QMenu& menu) {
+  m_commands->UpdateWhenShown(menu);
 }
 
 void EditorPanel::ShowView(int view) {

@@ -50,7 +50,7 @@ public:
   [[nodiscard]] const FieldTexts& Texts() const { return m_texts; }
 
   void CommitOpenEditors(); // stores their text; then no field has the focus, until ReturnFocus
-  void ReturnFocus();       // to the field that had it before, or to the channels
+  void ReturnFocus();       // returns the focus to the previous field, or to the channels
   void CommitCells();       // the same, but the focus stays
   void HideOpenEditors();   // without storing their text
   void Copy();              // the whole text of the open frequency box, if any
@@ -59,14 +59,14 @@ public:
   void ShowChannelView();
   void ShowFunctionView();
   [[nodiscard]] bool ShowsChannels() const;
-  void ServeMenu(QMenu& menu); // greys the commands in it that can't be used when it opens
+  void UpdateWhenShown(QMenu& menu); // greys the commands in it that can't be used when it opens
 
 signals:
   void Changed();
   void Filled(); // other data is shown
   void CompareAsked();
-  void MenuAsked(const QPoint& at);  // on the screen, outside the channels and the text boxes
-  void Told(const QString& message); // in passing
+  void MenuAsked(const QPoint& at);           // screen position, outside the channels and the text boxes
+  void StatusMessage(const QString& message); // for the status bar
 
 protected:
   void contextMenuEvent(QContextMenuEvent* event) override;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view HeaderVersion0 = "Data file of LR7200 Radio Series, Calvorne VTR.";
 constexpr std::string_view HeaderVersion1 = "Data file of LR7201 Radio Series, Calvorne VTR.";
-constexpr std::string_view HeaderOfSeries = "Data file of LR720"; // of this or a later version
+constexpr std::string_view HeaderOfSeries = "Data file of LR720"; // headers of this and later versions begin so
 
 // The items after the header and the format marker, in file order.
 // clang-format off
@@ -33,13 +33,13 @@ constexpr std::array<std::optional<ImageBlock>, 11> FileItems = {
 };
 // clang-format on
 
-const BlockPlace& ShapeOf(ImageBlock block) {
-  return *std::ranges::find(RecordMap, block, &BlockPlace::block);
+const BlockLocation& ShapeOf(ImageBlock block) {
+  return *std::ranges::find(RecordMap, block, &BlockLocation::block);
 }
 
 // Calls copy(index in the block, index in the file item) for every element: a file stores a block column by column.
 template<typename Copy>
-void ForEachElement(const BlockPlace& shape, Copy copy) {
+void ForEachElement(const BlockLocation& shape, Copy copy) {
   for (std::size_t row = 0; row < shape.rows; ++row)
     for (std::size_t column = 0; column < shape.columns; ++column)
       copy(row * shape.columns + column, row + shape.rows * column);
@@ -51,7 +51,7 @@ bool StoreItem(const TaggedItem& item, std::optional<ImageBlock> block, RadioIma
     image.FiveToneStandard = item.integer;
     return true;
   }
-  const BlockPlace& shape = ShapeOf(*block);
+  const BlockLocation& shape = ShapeOf(*block);
   ItemBytes dimensions;
   AppendDimensions(dimensions, shape.rows, shape.columns);
   if (!std::ranges::equal(item.dimensions, dimensions)) return false;
@@ -92,7 +92,7 @@ std::vector<std::uint8_t> BuildDataFile(const RadioImage& image) {
       AppendNumber(file, static_cast<std::uint16_t>(image.FiveToneStandard), 2);
       continue;
     }
-    const BlockPlace& shape = ShapeOf(*block);
+    const BlockLocation& shape = ShapeOf(*block);
     AppendNumber(file, shape.rows > 1 ? 2 : 1, 2);
     AppendDimensions(file, shape.rows, shape.columns);
     const auto bytes = BlockBytes(image, *block);

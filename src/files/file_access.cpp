@@ -14,10 +14,10 @@ namespace mr4500x {
 namespace {
 
 constexpr int MostLinks = 40;        // more are taken for a loop
-constexpr int MostTemporaries = 100; // that other saves may remove before one is locked
+constexpr int MostTemporaries = 100; // tries; other saves may remove a file before it is locked
 constexpr std::size_t HashedBytes = std::size_t{1} << 24;
 constexpr std::size_t CopyBytes = 16384;
-constexpr std::uint32_t PrivateMode = 0600; // until the temporary file has the old file's owner
+constexpr std::uint32_t PrivateMode = 0600; // used until the temporary file has the old file's owner
 constexpr std::uint32_t PermissionBits = 0777;
 constexpr std::uint32_t WriteBits = 0222;
 
@@ -37,13 +37,13 @@ FileResult Failed(std::errc reason) {
 }
 
 // The file that a path leads to. It may be missing.
-struct PlacedFile {
+struct TargetFile {
   FileResult result;
   std::string path;
   FileStatus status;
 };
 
-PlacedFile FollowLinks(FileSystem& files, std::string path) {
+TargetFile FollowLinks(FileSystem& files, std::string path) {
   if (path.empty() || path.find('\0') != std::string::npos)
     return {Failed(std::errc::no_such_file_or_directory), "", {}};
   for (int links = 0; links <= MostLinks; ++links) {
@@ -64,7 +64,7 @@ FileResult RefusedKind(FileKind kind) {
                                            : std::errc::invalid_argument);
 }
 
-FileResult MayBeWritten(FileSystem& files, const PlacedFile& target) {
+FileResult MayBeWritten(FileSystem& files, const TargetFile& target) {
   const auto& [result, path, old] = target;
   if (!result || old.kind == FileKind::Missing) return result;
   if (old.kind != FileKind::Regular || (old.mode & WriteBits) == 0) return RefusedKind(old.kind);
@@ -92,7 +92,7 @@ FileResult WriteAll(FileSystem& files, FileSystem::Handle file, std::span<const 
   return {};
 }
 
-// The new file. Removed again unless TakePlace succeeded.
+// The new file. Removed again unless ReplaceFileAt succeeded.
 class Temporary {
 public:
   Temporary(FileSystem& files, const std::string& folder, std::uint32_t mode) : m_files(files) {
@@ -134,9 +134,9 @@ public:
   }
 
   FileResult Sync() { return m_files.Sync(*m_file) ? FileResult{} : SystemFailed(); }
-  [[nodiscard]] bool TakePlace(const std::string& path) {
-    m_tookPlace = m_files.Rename(m_path, path);
-    return m_tookPlace;
+  [[nodiscard]] bool ReplaceFileAt(const std::string& path) {
+    m_hasReplaced = m_files.Rename(m_path, path);
+    return m_hasReplaced;
   }
 
 private:
@@ -149,14 +149,14 @@ private:
   }
 
   void Drop() {
-    if (!m_tookPlace) static_cast<void>(m_files.Remove(m_path));
+    if (!m_hasReplaced) static_cast<void>(m_files.Remove(m_path));
     m_file.Close();
   }
 
   FileSystem& m_files;
   std::string m_path;
   OpenFile m_file;
-  bool m_tookPlace = false;
+  bool m_hasReplaced = false;
 };
 
 struct NewContent {
@@ -166,7 +166,7 @@ struct NewContent {
 };
 
 // nullopt if no new file can replace the old one.
-std::optional<FileResult> ReplaceByNew(FileSystem& files, const PlacedFile& target, const NewContent& content) {
+std::optional<FileResult> ReplaceByNew(FileSystem& files, const TargetFile& target, const NewContent& content) {
   const auto& [bytes, surplus, newFileMode] = content;
   const auto& [result, path, old] = target;
   const bool isNew = old.kind == FileKind::Missing;
@@ -176,12 +176,12 @@ std::optional<FileResult> ReplaceByNew(FileSystem& files, const PlacedFile& targ
   FileResult written = temporary.Write(bytes);
   if (written && hasSurplus) written = temporary.WriteSurplus(path, bytes.size());
   if (written) written = temporary.Sync();
-  if (!written || temporary.TakePlace(path)) return written;
+  if (!written || temporary.ReplaceFileAt(path)) return written;
   if (errno == ETXTBSY) return SystemFailed(); // open in another program, which would see a partial file
   return std::nullopt;
 }
 
-FileResult WriteInPlace(FileSystem& files, const PlacedFile& target, const NewContent& content) {
+FileResult WriteInPlace(FileSystem& files, const TargetFile& target, const NewContent& content) {
   const auto& [bytes, surplus, newFileMode] = content;
   OpenFile file(files, files.OpenToWrite(target.path, newFileMode));
   if (!file) return SystemFailed();
@@ -227,7 +227,7 @@ ReadResult ReadFile(FileSystem& files, const std::string& path, std::size_t limi
 
 FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
                        std::uint32_t newFileMode) {
-  const PlacedFile target = FollowLinks(files, path);
+  const TargetFile target = FollowLinks(files, path);
   if (const FileResult mayBeWritten = MayBeWritten(files, target); !mayBeWritten) return mayBeWritten;
   const std::string folder = FolderOf(target.path);
   RemoveLeftovers(files, folder);
@@ -235,25 +235,25 @@ FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<con
   const std::optional<FileResult> replaced = ReplaceByNew(files, target, content);
   if (!replaced) return WriteInPlace(files, target, content);
   // The new file is in place and on the disk. If this fails, a power cut can at worst bring back the complete old file,
-  // which is no reason to report a failed save.
+  // so the save does not have to be reported as failed.
   if (*replaced) static_cast<void>(files.SyncFolder(folder));
   return *replaced;
 }
 
 FileResult MayReplace(FileSystem& files, const std::string& path) {
-  const PlacedFile target = FollowLinks(files, path);
+  const TargetFile target = FollowLinks(files, path);
   const FileResult mayBeWritten = MayBeWritten(files, target);
   const bool isNew = mayBeWritten && target.status.kind == FileKind::Missing;
   return isNew && !files.CanWrite(FolderOf(target.path)) ? SystemFailed() : mayBeWritten;
 }
 
 bool IsMissing(FileSystem& files, const std::string& path) {
-  const PlacedFile found = FollowLinks(files, path);
+  const TargetFile found = FollowLinks(files, path);
   return path.empty() || (found.result && found.status.kind == FileKind::Missing);
 }
 
 bool IsThere(FileSystem& files, const std::string& path) {
-  const PlacedFile found = FollowLinks(files, path);
+  const TargetFile found = FollowLinks(files, path);
   return found.result && found.status.kind != FileKind::Missing;
 }
 
@@ -265,7 +265,7 @@ std::optional<std::size_t> ContentHash(FileSystem& files, const std::string& pat
 
 std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path, const std::function<bool()>& wait) {
   for (;;) {
-    const PlacedFile target = FollowLinks(files, path);
+    const TargetFile target = FollowLinks(files, path);
     if (!target.result || target.status.kind != FileKind::Regular) return OpenFile();
     std::optional<FileSystem::Handle> handle;
     const LockOutcome outcome = files.LockToReplace(target.path, handle);
@@ -281,21 +281,21 @@ std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path
 }
 
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
-  const PlacedFile first = FollowLinks(files, a), second = FollowLinks(files, b);
+  const TargetFile first = FollowLinks(files, a), second = FollowLinks(files, b);
   return first.result && second.result && first.status.kind != FileKind::Missing &&
          first.status.device == second.status.device && first.status.number == second.status.number;
 }
 
 bool LeadsToOtherUser(FileSystem& files, const std::string& path) {
   const auto link = files.Status(path);
-  const PlacedFile target = FollowLinks(files, path);
+  const TargetFile target = FollowLinks(files, path);
   return link && target.result && target.status.kind != FileKind::Missing && target.status.owner != link->owner;
 }
 
 std::optional<std::uint64_t> DeviceOfFolder(FileSystem& files, const std::string& path) {
-  const PlacedFile file = FollowLinks(files, path);
+  const TargetFile file = FollowLinks(files, path);
   if (!file.result) return std::nullopt;
-  const PlacedFile folder = FollowLinks(files, FolderOf(file.path));
+  const TargetFile folder = FollowLinks(files, FolderOf(file.path));
   return folder.result && folder.status.kind == FileKind::Folder ? std::optional(folder.status.device) : std::nullopt;
 }
 

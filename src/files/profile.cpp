@@ -38,14 +38,14 @@ std::optional<std::string_view> SectionName(std::string_view content) {
 }
 
 // The position of a key, or the position at which to add it.
-struct Place {
+struct KeyPosition {
   std::optional<std::size_t> sectionEnd; // after the last line of the section (the first so named) that is not blank
   bool hasKey = false;
   std::size_t valueBegin = 0, valueEnd = 0; // without the blanks after '='
 };
 
-Place FindPlace(std::string_view text, std::string_view section, std::string_view key) {
-  Place place;
+KeyPosition FindKey(std::string_view text, std::string_view section, std::string_view key) {
+  KeyPosition position;
   bool isInside = false, isInFirst = false;
   Line line{};
   for (std::size_t at = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0; at < text.size(); at = line.next) {
@@ -53,20 +53,20 @@ Place FindPlace(std::string_view text, std::string_view section, std::string_vie
     const auto content = Trimmed(text.substr(line.begin, line.end - line.begin));
     if (const auto name = SectionName(content)) {
       isInside = SameName(*name, section);
-      isInFirst = isInside && !place.sectionEnd;
+      isInFirst = isInside && !position.sectionEnd;
     }
-    if (isInFirst && !content.empty()) place.sectionEnd = line.next;
+    if (isInFirst && !content.empty()) position.sectionEnd = line.next;
     const auto equals = content.find('=');
     if (!isInside || content.starts_with(';') || content.starts_with('[') || equals == std::string_view::npos ||
         !SameName(content.substr(0, equals), key))
       continue;
     const auto value = text.find_first_not_of(Blanks, text.find('=', line.begin) + 1);
-    place.hasKey = true;
-    place.valueBegin = std::min(value, line.end);
-    place.valueEnd = line.end;
-    return place;
+    position.hasKey = true;
+    position.valueBegin = std::min(value, line.end);
+    position.valueEnd = line.end;
+    return position;
   }
-  return place;
+  return position;
 }
 
 bool IsQuoted(std::string_view value) {
@@ -106,24 +106,24 @@ ReadOutcome ReadText(FileSystem& files, const std::string& file, std::string& te
 } // namespace
 
 std::optional<std::string_view> FindIniValue(std::string_view text, std::string_view section, std::string_view key) {
-  const Place place = FindPlace(text, section, key);
-  if (!place.hasKey) return std::nullopt;
-  const auto value = Trimmed(text.substr(place.valueBegin, place.valueEnd - place.valueBegin));
+  const KeyPosition position = FindKey(text, section, key);
+  if (!position.hasKey) return std::nullopt;
+  const auto value = Trimmed(text.substr(position.valueBegin, position.valueEnd - position.valueBegin));
   return IsQuoted(value) ? value.substr(1, value.size() - 2) : value;
 }
 
 bool SetIniValue(std::string& text, std::string_view section, std::string_view key, std::string_view value) {
   if (!AreNames(section, key)) return false;
-  const Place place = FindPlace(text, section, key);
-  if (place.hasKey) {
-    text.replace(place.valueBegin, place.valueEnd - place.valueBegin, ValueText(value));
+  const KeyPosition position = FindKey(text, section, key);
+  if (position.hasKey) {
+    text.replace(position.valueBegin, position.valueEnd - position.valueBegin, ValueText(value));
     return true;
   }
   const std::string lineEnd(LineEndOf(text));
   std::string added;
-  const std::size_t at = place.sectionEnd.value_or(text.size());
+  const std::size_t at = position.sectionEnd.value_or(text.size());
   if (at > 0 && text[at - 1] != '\n' && text != ByteOrderMark) added += text[at - 1] == '\r' ? "\n" : lineEnd;
-  if (!place.sectionEnd) added.append("[").append(section).append("]").append(lineEnd);
+  if (!position.sectionEnd) added.append("[").append(section).append("]").append(lineEnd);
   added.append(key).append("=").append(ValueText(value)).append(lineEnd);
   text.insert(at, added);
   return true;

@@ -1,5 +1,5 @@
-// The journal of a fleet: which row of a plan each radio got, and every attempt. Several benches may share one; taking
-// a row is one transaction in it, so that none is given out twice.
+// The journal of a fleet records which row of a plan each radio got, and every attempt. Several benches may share it.
+// Taking a row is one transaction, so no row is given out twice.
 #pragma once
 
 #include <cstddef>
@@ -12,14 +12,14 @@ namespace mr4500x {
 
 enum class RowState : std::uint8_t { Free, Taken, Done };
 
-// A row of a plan as the journal knows it.
+// A row of a plan in the journal.
 struct JournalRow {
   std::size_t row = 0; // counted from 1
   std::string label;
   std::string radio; // the only radio for this row; "": any radio that no other row is for
   RowState state = RowState::Free;
-  std::string bench;     // that has it, or did it
-  std::string idNumber;  // of the radio that holds it
+  std::string bench;     // the bench that has or did the row
+  std::string idNumber;  // identity number of the radio that holds the row
   std::string stamp{};   // the radio's write stamp since; "": unknown
   int silentFor = -1;    // Taken: seconds since the bench was heard of last; negative: unknown
   std::string content{}; // as PlanRow has it; not listed by Rows
@@ -29,8 +29,8 @@ struct JournalRow {
 enum class AttemptOutcome : std::uint8_t {
   Verified,
   Failed,
-  SetAside,   // its band is another, or it was done and has been changed since
-  Conflict,   // verified, but another radio got the row in the meantime, or the radio another row
+  SetAside,   // it has another band, or it was done and has been changed since
+  Conflict,   // verified, but in the meantime another radio got the row, or the radio got another row
   Begun,      // has a row, and may be half written
   Aborted,    // begun, but its bench has died
   NoRow,      // none was free for it
@@ -40,19 +40,19 @@ enum class AttemptOutcome : std::uint8_t {
   Reissued,   // or given one out again that was done
 };
 
-// What was done with one radio, from its identification to its end.
+// The job of one radio, from its identification to its end.
 struct Attempt {
-  std::string key; // unique, so that an attempt handed in twice is one entry
+  std::string key; // unique, so that an attempt that is entered twice is one entry
   std::string plan;
   std::size_t row = 0; // 0: none was taken
   std::string label, idNumber, firmware, band, port, bench;
   std::string start, end; // "2026-11-25 12:45:07Z" in UTC; without the Z in an earlier version's local time
   AttemptOutcome outcome = AttemptOutcome::Failed;
-  std::string text;           // what happened, in words
-  std::string backup;         // the file with what the radio held before
-  std::string sha256;         // of the data file that holds what was written; "" before the write
+  std::string text;           // a description of what happened
+  std::string backup;         // the file with the radio's previous configuration
+  std::string sha256;         // of the data file with the written configuration; "" before the write
   std::string stamp{};        // the write stamp that the radio got: "20261125134507"
-  std::string operatorName{}; // who was at the bench
+  std::string operatorName{}; // the user of the bench
   bool operator==(const Attempt&) const = default;
 };
 
@@ -67,9 +67,9 @@ struct Claim {
   JournalRow row; // Taken, DoneHere; NoRow: the one that a bench has for this number, if that is the reason
 };
 
-struct ClaimWish {
+struct ClaimRequest {
   bool isEndless = false; // the plan gets a new row when none is free
-  bool takesDone = false; // the row that the radio holds already is taken again
+  bool takesDone = false; // the row that the radio already holds is taken again
   std::size_t row = 0;    // the one that the radio should get if no row names it; 0: the first one that is free
   bool isChosen = false;  // it gets no other one then
 };
@@ -93,35 +93,36 @@ enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
 // A claim is freed when its bench has neither taken nor renewed one for this long.
 inline constexpr int SilentSeconds = 120;
 
-// Used by one thread only, for one radio at a time. All calls may block for a few seconds, and may be repeated after
-// they failed. The name of a bench is never used again: what one left behind would pass for its own.
+// Used by one thread only, for one radio at a time. All calls may block for a few seconds, and may be repeated after a
+// failure. The name of a bench must be unique, because a bench treats all entries with its name as its own.
 class Journal {
 public:
   virtual ~Journal() = default;
 
-  // Enters the plan with its rows if it is not known yet. False if the database does not answer; see IsBusy.
+  // Enters the plan with its rows unless it is already known. False if the database does not answer; see IsBusy.
   [[nodiscard]] virtual bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) = 0;
   [[nodiscard]] virtual std::optional<PlanHistory> History(const PlanHead& plan) = 0;
-  // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the wished
-  // one, else the first free one that names none. A row that was taken before and not entered is given back.
-  [[nodiscard]] virtual Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) = 0;
+  // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the
+  // requested one, else the first free one that names none. A row that was taken before and not entered is released.
+  [[nodiscard]] virtual Claim ClaimRow(const Attempt& attempt, const ClaimRequest& request) = 0;
   // Reports that the bench is still at the row. Called just before the radio is written.
   [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;
-  // Enters the attempt, once. In the same transaction its row becomes done (Verified) or, if the bench still has it,
-  // free. A verified one is entered as Conflict if another radio has done the row in the meantime, or the radio another
-  // row; its text names them. Returns what was entered; nullopt if the database does not answer.
+  // Enters the attempt once. In the same transaction its row becomes done (Verified) or, if the bench still has it,
+  // free. A verified attempt is entered as Conflict if in the meantime another radio has done the row, or the radio has
+  // done another row. Its text names them. Returns the entered attempt, or nullopt if the database does not answer.
   [[nodiscard]] virtual std::optional<Attempt> Enter(const Attempt& attempt) = 0;
   // Reports that the bench is alive. False if the journal can't be written.
   [[nodiscard]] virtual bool ReportAlive(const std::string& bench) = 0;
 
   // By row; nullopt if the database does not answer. Claims of silent benches are shown as free.
   [[nodiscard]] virtual std::optional<std::vector<JournalRow>> Rows(const std::string& plan) = 0;
-  // All attempts, of all plans for "", by their start. Those that a silent bench has begun are shown as aborted.
+  // All attempts of a plan, or of all plans for "", by their start. Attempts that a silent bench has begun are shown as
+  // aborted.
   [[nodiscard]] virtual std::optional<std::vector<Attempt>> Attempts(const std::string& plan) = 0;
-  // Why the last call failed.
+  // The reason why the last call failed.
   [[nodiscard]] virtual std::string Error() const = 0;
-  [[nodiscard]] virtual std::string Details() const { return {}; } // the database's own words for it
-  [[nodiscard]] virtual bool IsBusy() const { return false; }      // because another bench was at work in it
+  [[nodiscard]] virtual std::string Details() const { return {}; } // the database's own message
+  [[nodiscard]] virtual bool IsBusy() const { return false; }      // because another bench was using the journal
 };
 
 } // namespace mr4500x

@@ -22,7 +22,7 @@ PendingAttempts::PendingAttempts(FileSystem& files, std::string path) : m_files(
     const bool isLeft = !IsMissing(m_files, PathOf(number, DataEnding));
     if (m_number != 0 && !isLeft) continue;
     OpenFile lock = Lock(number);
-    if (!lock || (isLeft && !Adopt(number))) continue; // a damaged file stays for a person to look at
+    if (!lock || (isLeft && !Adopt(number))) continue; // a damaged file is left for the user to examine
     if (m_number == 0) {
       m_number = number;
       m_lock = std::move(lock);
@@ -34,7 +34,7 @@ PendingAttempts::PendingAttempts(FileSystem& files, std::string path) : m_files(
 }
 
 Attempt PendingAttempts::Enter(Journal& journal, const Attempt& attempt) {
-  if (HandIn(journal))
+  if (EnterPending(journal))
     if (const auto entered = journal.Enter(attempt)) return *entered;
   const std::lock_guard guard(m_mutex);
   m_attempts.push_back(attempt);
@@ -42,7 +42,7 @@ Attempt PendingAttempts::Enter(Journal& journal, const Attempt& attempt) {
   return attempt;
 }
 
-bool PendingAttempts::HandIn(Journal& journal) {
+bool PendingAttempts::EnterPending(Journal& journal) {
   if (Count() == 0) return true;
   const std::unique_lock handingIn(m_handingIn, std::try_to_lock);
   if (!handingIn) return false;
@@ -84,20 +84,20 @@ std::string PendingAttempts::PathOf(int number, std::string_view ending) const {
   return m_path + '-' + std::to_string(number) + std::string(ending);
 }
 
-// An empty one if another process has it.
+// An empty file if another process holds the lock.
 OpenFile PendingAttempts::Lock(int number) {
   OpenFile file(m_files, m_files.OpenToWrite(PathOf(number, LockEnding), OwnerOnly));
   const bool isHeld = file && m_files.Lock(*file) == LockOutcome::HeldByOther;
   return isHeld ? OpenFile() : std::move(file);
 }
 
-// False, with nothing taken, if the file can't be read as a whole.
+// Returns false, and takes nothing, if the file can't be read completely.
 bool PendingAttempts::Adopt(int number) {
   std::vector<std::uint8_t> bytes;
   if (ReadFile(m_files, PathOf(number, DataEnding), LargestFile, bytes) != ReadOutcome::Read) return false;
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   const std::vector<Attempt> attempts = ParseAttempts(text);
-  if (ReadCsv(text).rows.size() != attempts.size() + 1) return false; // with the heading
+  if (ReadCsv(text).rows.size() != attempts.size() + 1) return false; // one more for the heading
   m_attempts.insert(m_attempts.end(), attempts.begin(), attempts.end());
   return true;
 }

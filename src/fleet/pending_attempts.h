@@ -1,5 +1,5 @@
-// Attempts that could not be entered because the database did not answer. They are kept in a file until they are.
-// Several processes may have the same path: each takes a number of its own, "PATH-1.csv", and holds its lock.
+// Attempts that could not be entered yet because the database did not answer. They are kept in a file. Several
+// processes may use the same path: each takes its own number, "PATH-1.csv", and holds its lock.
 #pragma once
 
 #include "journal.h"
@@ -13,24 +13,25 @@
 
 namespace mr4500x {
 
-// May be used by several threads, each with a journal of its own.
+// May be used by several threads, each with its own journal.
 class PendingAttempts {
 public:
-  // Takes over what earlier processes left. Their files are removed, damaged ones stay.
+  // Takes over the attempts of earlier processes. Their files are removed, except damaged ones.
   PendingAttempts(FileSystem& files, std::string path);
   // What is still pending stays in the file.
   ~PendingAttempts() = default;
   PendingAttempts(const PendingAttempts&) = delete;
   PendingAttempts& operator=(const PendingAttempts&) = delete;
 
-  // Enters what is pending, then the attempt, and returns it as it was entered. What can't be entered stays pending.
+  // Enters the pending attempts, then `attempt`, and returns it as it was entered. Attempts that can't be entered stay
+  // pending.
   Attempt Enter(Journal& journal, const Attempt& attempt);
-  // Enters what is pending. False if something still is; no new rows are taken then.
-  [[nodiscard]] bool HandIn(Journal& journal);
+  // Enters the pending attempts. Returns false if any remain; then no new rows may be taken.
+  [[nodiscard]] bool EnterPending(Journal& journal);
   [[nodiscard]] std::size_t Count();
-  // False if the file can't be written: what is pending would be lost with the process.
+  // False if the file can't be written, so that pending attempts would be lost when the process ends.
   [[nodiscard]] bool IsKept();
-  // Those handed in since the last call whose row another radio got in the meantime.
+  // The attempts entered since the last call whose row went to another radio in the meantime.
   [[nodiscard]] std::vector<Attempt> TakeConflicts();
 
 private:
@@ -44,7 +45,7 @@ private:
   std::string m_path;
   int m_number = 0; // 0: none was free, and nothing can be kept
   OpenFile m_lock;
-  std::mutex m_handingIn; // one thread does, and the others don't wait for it
+  std::mutex m_handingIn; // held by the thread that enters them; the others don't wait for it
   std::mutex m_mutex;     // guards what follows
   std::vector<Attempt> m_attempts, m_conflicts;
   bool m_isKept = true;

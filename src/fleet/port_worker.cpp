@@ -28,7 +28,7 @@ public:
   }
 
 private:
-  // Lets the machine advance, and reports what has changed. Row, label and number come with the next state.
+  // Advances the machine, and reports changes. Row, label and number are reported with the next state.
   PortAction Handle(const PortEvent& event) {
     const PortStatus before = m_machine.status;
     BenchState& state = m_context.state;
@@ -69,7 +69,7 @@ private:
   [[nodiscard]] RadioReported Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot,
                                     bool isCable = false);
 
-  // An identification reports only that it has begun.
+  // An identification reports only its beginning.
   void Began(Transfer /*transfer*/, int /*maximum*/) override { static_cast<void>(Handle(RadioAnswered{})); }
 
   SerialLine& m_line;
@@ -87,7 +87,7 @@ private:
 
 JournalPolled PortWorker::PollJournal() {
   const bool isReady =
-      m_context.pending.HandIn(m_journal) && m_journal.ReportAlive(m_settings.bench); // it can be written
+      m_context.pending.EnterPending(m_journal) && m_journal.ReportAlive(m_settings.bench); // it can be written
   for (const Attempt& attempt : m_context.pending.TakeConflicts())
     m_context.events.onConflict(attempt);
   const Plan& plan = m_settings.plan;
@@ -104,7 +104,7 @@ RadioIdentified PortWorker::Identify() {
   m_identity = {};
   const ExchangeResult result = ReadIdentity(m_line, m_identity, *this, 1);
   if (result.outcome == Outcome::PortNotOpened) return {result.outcome, "", result.systemDescription};
-  if (result.outcome == Outcome::NoResponse) return {result.outcome, "", m_line.HasHeard() ? NoiseHint : ""};
+  if (result.outcome == Outcome::NoResponse) return {result.outcome, "", m_line.HasReceived() ? NoiseHint : ""};
   const bool isComplete = result.outcome == Outcome::Complete;
   if (!isComplete) m_identity = {};
   m_identityText = isComplete ? NoNumberReason : ReasonFor(result);
@@ -121,7 +121,7 @@ RadioReported PortWorker::HandleRadio() {
     attempt.text = m_identityText;
     return Enter(attempt, AttemptOutcome::Failed, slot, m_identityText != NoNumberReason);
   }
-  const Claim claim = m_context.pending.HandIn(m_journal) ? ClaimRow(attempt, false) : Claim{};
+  const Claim claim = m_context.pending.EnterPending(m_journal) ? ClaimRow(attempt, false) : Claim{};
   if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Error()};
   if (claim.kind == Claim::Kind::NoRow) return ReportNoRow(attempt, claim.row, slot);
   RadioJob job(m_line, m_journal, m_context, [&](PortState state, int percent) {
@@ -142,9 +142,9 @@ RadioReported PortWorker::HandleRadio() {
 
 // The attempt gets the row.
 Claim PortWorker::ClaimRow(Attempt& attempt, bool takesDone) {
-  const ClaimWish wish = {
+  const ClaimRequest request = {
       .isEndless = m_settings.plan.isEndless, .takesDone = takesDone, .row = m_next.row, .isChosen = m_next.isChosen};
-  Claim claim = m_journal.ClaimRow(attempt, wish);
+  Claim claim = m_journal.ClaimRow(attempt, request);
   const bool hasRow = claim.kind == Claim::Kind::Taken || claim.kind == Claim::Kind::DoneHere;
   if (hasRow) attempt.row = claim.row.row;
   if (hasRow) attempt.label = claim.row.label;
@@ -152,7 +152,7 @@ Claim PortWorker::ClaimRow(Attempt& attempt, bool takesDone) {
   return claim;
 }
 
-// One visit of a radio is one entry, however often a row is asked for.
+// A radio that waits for a row is entered only once.
 RadioReported PortWorker::ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot) {
   if (held.row == 0 && m_next.isChosen) {
     attempt.text = ChoiceGoneReason(m_next.row);

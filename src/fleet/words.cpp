@@ -41,7 +41,7 @@ std::string SubjectText(std::size_t row, const std::string& label, const std::st
 
 const std::string PartlyWrittenWords = "May be only partly programmed: ";
 
-// Those that are not empty: "COM1: row 12: failed"
+// Joins the parts that are not empty: "COM1: row 12: failed"
 std::string JoinParts(std::initializer_list<std::string_view> parts) {
   std::string line;
   for (const std::string_view part : parts)
@@ -110,7 +110,7 @@ std::string OtherRadioReason(const Attempt& attempt, const std::string& idNumber
 }
 
 std::string AtOtherPortReason(const std::string& portName) {
-  return "this number is at " + portName;
+  return "this number is in use at " + portName;
 }
 
 std::string HeldReason(const JournalRow& row) {
@@ -121,7 +121,7 @@ std::string HeldReason(const JournalRow& row) {
 }
 
 std::string ChoiceGoneReason(std::size_t row) {
-  return "row " + std::to_string(row) + ", which was chosen for it, is not free any more; choose again";
+  return "row " + std::to_string(row) + ", chosen for this radio, is no longer free; choose again";
 }
 
 std::string LineForNext(const PortStatus& status, std::string_view portName) {
@@ -131,18 +131,18 @@ std::string LineForNext(const PortStatus& status, std::string_view portName) {
 }
 
 std::string LineForChoice(const JournalRow* row, std::string_view text) {
-  if (row == nullptr) return "No row, or more than one, has this label or radio: " + std::string(text);
+  if (row == nullptr) return "There is no row, or more than one, with this label or radio: " + std::string(text);
   const std::string name = SubjectText(row->row, row->label, "") + ": ";
   if (row->state == RowState::Done) return name + "done, by radio " + row->idNumber;
   if (row->state == RowState::Taken) return name + "taken by bench " + row->bench;
   if (!row->radio.empty()) return name + "only for radio " + row->radio + ", at any port";
-  return name + "chosen for the next port that waits";
+  return name + "chosen for the next waiting port";
 }
 
 std::string LineFor(const PortStatus& status, std::string_view portName) {
   const StateWords& words = States[static_cast<std::size_t>(status.state)];
   std::string name = SubjectText(status.row, status.label, status.idNumber);
-  if (status.state == PortState::Finished) name.clear(); // its last radio has nothing to do with that
+  if (status.state == PortState::Finished) name.clear(); // its last radio does not matter here
   if (status.state == PortState::NoRow && !status.text.empty()) return JoinParts({portName, name, status.text});
   const std::string next = LineForNext(status, portName);
   const std::string sentence = std::string(words.sentence) + (next.empty() ? "" : "; ") + next;
@@ -164,8 +164,9 @@ std::string LineFor(const Attempt& attempt) {
 }
 
 std::string CommandReason(std::optional<int> status, const std::string& error, std::chrono::seconds limit) {
-  return JoinParts({status ? "the command ended with status " + std::to_string(*status)
-                           : "the command was ended, as it took longer than " + std::to_string(limit.count()) + " s",
+  return JoinParts({status
+                        ? "the command ended with status " + std::to_string(*status)
+                        : "the command was ended because it took longer than " + std::to_string(limit.count()) + " s",
                     error});
 }
 
@@ -206,17 +207,17 @@ std::string LineForChanges(const PlanChanges& changes) {
 }
 
 std::string LostReason(const std::string& journal) {
-  return "A bench has used the journal " + journal + " before, and now it is missing or empty. Put it back, or start" +
-         " over: all rows are given out again then.";
+  return "A bench has used the journal " + journal + " before, but it is now missing or empty. Put it back, or start" +
+         " over and give all rows out again.";
 }
 
 std::string RenamedReason(const std::string& journal) {
-  return "This template, under another name, has the journal " + journal + ". Choose that journal, or start over: all" +
-         " rows are given out again then.";
+  return "This template has the journal " + journal +
+         " under another name. Choose that journal, or start over and give" + " all rows out again.";
 }
 
 std::string BusyWithEarlierReason(const std::string& bench) {
-  return "Bench " + bench + " is programming a row that was in the list before. Wait until it is done.";
+  return "Bench " + bench + " is still programming a row of the earlier list. Wait until it has finished.";
 }
 
 std::string LineForPending(std::size_t count) {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr bool RecordMapIsSound() {
   std::size_t end = 0;
-  for (const BlockPlace& place : RecordMap) {
+  for (const BlockLocation& place : RecordMap) {
     if (place.address < end || place.address % RecordBytes != 0 || place.Bytes() % RecordBytes != 0) return false;
     end = place.address + place.Bytes();
   }
@@ -24,8 +24,8 @@ std::uint8_t Digit(int number) {
 
 } // namespace
 
-const BlockPlace* PlaceOf(std::uint16_t address) {
-  const auto holds = [address](const BlockPlace& place) {
+const BlockLocation* LocationOf(std::uint16_t address) {
+  const auto holds = [address](const BlockLocation& place) {
     return address >= place.address && address < place.address + place.Bytes();
   };
   const auto* const found = std::find_if(RecordMap.begin(), RecordMap.end(), holds);
@@ -100,7 +100,7 @@ void Stamp(RadioImage& image, const LocalTime& now) {
 
 PlaceResult PlaceRecord(RadioImage& image, std::uint16_t address, std::span<const std::uint8_t> data) {
   if (data.size() > RecordBytes || address % RecordBytes != 0) return PlaceResult::Unfit;
-  const BlockPlace* const place = PlaceOf(address);
+  const BlockLocation* const place = LocationOf(address);
   if (place == nullptr) return PlaceResult::Ignored;
   const std::span<std::uint8_t> block = BlockBytes(image, place->block);
   const std::size_t offset = std::size_t{address} - place->address;
@@ -110,7 +110,7 @@ PlaceResult PlaceRecord(RadioImage& image, std::uint16_t address, std::span<cons
 }
 
 std::optional<std::array<std::uint8_t, RecordBytes>> TakeRecord(const RadioImage& image, std::uint16_t address) {
-  const BlockPlace* const place = address % RecordBytes == 0 ? PlaceOf(address) : nullptr;
+  const BlockLocation* const place = address % RecordBytes == 0 ? LocationOf(address) : nullptr;
   if (place == nullptr) return std::nullopt;
   const std::span<const std::uint8_t> block = BlockBytes(image, place->block);
   const std::size_t offset = std::size_t{address} - place->address;

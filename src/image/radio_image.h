@@ -14,7 +14,7 @@
 namespace mr4500x {
 
 inline constexpr std::size_t ChannelCount = 16;
-inline constexpr std::size_t RecordBytes = 8; // of one transfer record
+inline constexpr std::size_t RecordBytes = 8; // size of a transfer record
 inline constexpr std::size_t EmbeddedInfoCapacity = 240;
 
 // A two-dimensional block, indexed (row, column) from 0 and stored row by row, as in radio memory.
@@ -73,9 +73,9 @@ struct RadioImage {
 };
 
 // A block's shape and place in radio memory. `rows` is 1 for a one-dimensional block.
-struct BlockPlace {
+struct BlockLocation {
   ImageBlock block;
-  std::uint16_t address; // of its first byte in radio memory
+  std::uint16_t address; // address of its first byte in radio memory
   std::uint16_t rows;
   std::uint16_t columns;
   constexpr std::size_t Bytes() const { return std::size_t{rows} * columns; }
@@ -84,7 +84,7 @@ struct BlockPlace {
 // Where each block lies in radio memory, stored row by row without gaps. PlaceRecord and TakeRecord both use this
 // table. The addresses 0x118-0x12F, 0x148-0x17F, 0x1A0-0x1BF, 0x1E8-0x1EF and 0x380-0x3EF belong to no block.
 // clang-format off
-inline constexpr std::array<BlockPlace, 14> RecordMap = {{
+inline constexpr std::array<BlockLocation, 14> RecordMap = {{
     //  block                              address  rows  columns
     {ImageBlock::ChannelBlock,              0x000,    16,      16},
     {ImageBlock::RadioSettingsBlock,        0x100,     1,      16},
@@ -104,7 +104,7 @@ inline constexpr std::array<BlockPlace, 14> RecordMap = {{
 // clang-format on
 
 // The block that contains an address of radio memory, or null.
-[[nodiscard]] const BlockPlace* PlaceOf(std::uint16_t address);
+[[nodiscard]] const BlockLocation* LocationOf(std::uint16_t address);
 // "ChannelBlock"
 [[nodiscard]] std::string_view NameOf(ImageBlock block);
 

@@ -11,7 +11,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::size_t CodeBytes = 8; // of one channel in SelCallCodeBlock
+constexpr std::size_t CodeBytes = 8; // per channel in SelCallCodeBlock
 constexpr std::size_t CodeDigits = 5;
 constexpr std::size_t TtsGroupByte = 15;
 constexpr std::string_view TtsPrefix = "TTS ";
@@ -19,13 +19,13 @@ constexpr std::string_view FiveTonePrefix = "5T ";
 constexpr std::string_view UnlistedGroup = "Tone #";
 
 // One direction of a channel: its bytes in the channel record and its code digits, d1 first.
-struct SelCallPlace {
+struct SelCallLayout {
   BlockField on;
   std::size_t ttsEntry;
   std::array<BlockField, CodeDigits> digits;
 };
 // clang-format off
-constexpr std::array<SelCallPlace, 2> SelCallPlaces = {{
+constexpr std::array<SelCallLayout, 2> SelCallLayouts = {{
     //on              entry  d1            d2            d3            d4            d5
     {{0, 0x04, 2},    13, {{{2, 0x0F, 0}, {1, 0xF0, 4}, {1, 0x0F, 0}, {0, 0xF0, 4}, {0, 0x0F, 0}}}}, // Rx
     {{6, 0x04, 2},    14, {{{5, 0x0F, 0}, {4, 0xF0, 4}, {4, 0x0F, 0}, {3, 0xF0, 4}, {3, 0x0F, 0}}}}, // Tx
@@ -34,8 +34,8 @@ constexpr BlockField FiveToneGroup =                                    {5, 0xF0
 constexpr BlockField FiveToneGroupCopy =                                {2, 0xF0, 4};
 // clang-format on
 
-const SelCallPlace& PlaceOf(Direction direction) {
-  return SelCallPlaces[static_cast<std::size_t>(direction)];
+const SelCallLayout& LayoutOf(Direction direction) {
+  return SelCallLayouts[static_cast<std::size_t>(direction)];
 }
 
 // The image may be constant.
@@ -60,7 +60,7 @@ auto TimesOf(auto& image, std::size_t entry) {
 } // namespace
 
 std::string SelCallText(const RadioImage& image, std::size_t channel, Direction direction) {
-  const SelCallPlace& place = PlaceOf(direction);
+  const SelCallLayout& place = LayoutOf(direction);
   const auto record = image.ChannelBlock.Row(channel);
   if (ReadField(record, place.on) == 0) return "OFF";
   if (IsTtsMode(image)) return std::string(TtsPrefix) + std::to_string(record[place.ttsEntry]);
@@ -71,7 +71,7 @@ std::string SelCallText(const RadioImage& image, std::size_t channel, Direction 
 }
 
 void ApplySelCallText(RadioImage& image, std::size_t channel, Direction direction, std::string_view text) {
-  const SelCallPlace& place = PlaceOf(direction);
+  const SelCallLayout& place = LayoutOf(direction);
   const auto record = image.ChannelBlock.Row(channel);
   const auto turnOn = [&](bool on, std::uint8_t ttsEntry) {
     WriteField(record, place.on, on ? 1 : 0);

@@ -46,9 +46,9 @@ constexpr auto BackAddresses = AddressesOf<69>({
     {0x130, 0x140},
     {0x180, 0x198},
     {0x1C0, 0x1E0},
-    {0x1F0, 0x208}, // with the identity number
+    {0x1F0, 0x208}, // includes the identity number
     {0x300, 0x378},
-    {0x3F0, 0x3F8}, // with the firmware version
+    {0x3F0, 0x3F8}, // includes the firmware version
 });
 constexpr auto IdentityAddresses = AddressesOf<6>({
     {0x1F0, 0x1F8}, // identity number
@@ -88,7 +88,7 @@ void ClearInfo(RadioImage& image) {
 
 // Makes sure that a byte without a reply is not mistaken for the written one.
 void InvertBytes(RadioImage& image) {
-  for (const BlockPlace& place : RecordMap)
+  for (const BlockLocation& place : RecordMap)
     for (std::uint8_t& byte : BlockBytes(image, place.block))
       byte = static_cast<std::uint8_t>(~byte);
 }

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 constexpr Milliseconds AfterOpening = 80ms;
 constexpr Milliseconds PollRound = 20ms;
-constexpr Clock::Moment AwaitLook = 500us;
+constexpr Clock::Moment AwaitInterval = 500us;
 constexpr Milliseconds DrainCheck = 1ms;
 constexpr Milliseconds DrainLimit = 2000ms;
 
@@ -23,7 +23,7 @@ SerialLine::SerialLine(SerialPort& port, Clock& clock, int number, std::string n
 
 std::optional<std::string> SerialLine::OpenPort() {
   ClosePort();
-  m_hasHeard = false;
+  m_hasReceived = false;
   m_port.SetPortNumber(m_number);
   if (std::optional<std::string> failure = m_port.Open(RadioLine)) return failure;
   if (!DiscardInput() || !DiscardOutput()) return "";
@@ -88,13 +88,13 @@ Polled SerialLine::Await(std::size_t count, int rounds) {
     if (*waiting >= count) return Polled::Satisfied;
     const Clock::Moment now = m_clock.Now();
     if (now >= limit) return Polled::TimedOut;
-    m_clock.WaitUntil(std::min(now + AwaitLook, limit));
+    m_clock.WaitUntil(std::min(now + AwaitInterval, limit));
   }
 }
 
 std::optional<LineBytes> SerialLine::Receive() {
   std::optional<LineBytes> bytes = m_port.TakeReceived();
-  m_hasHeard = m_hasHeard || (bytes && !bytes->empty());
+  m_hasReceived = m_hasReceived || (bytes && !bytes->empty());
   if (!DiscardInput()) return std::nullopt;
   return bytes;
 }

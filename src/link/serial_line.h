@@ -59,7 +59,7 @@ public:
   // Takes all waiting bytes. Discards bytes that arrive in the meantime.
   [[nodiscard]] std::optional<LineBytes> Receive();
   // Whether Receive has returned any bytes since the port was opened.
-  [[nodiscard]] bool HasHeard() const { return m_hasHeard; }
+  [[nodiscard]] bool HasReceived() const { return m_hasReceived; }
 
   [[nodiscard]] bool DiscardInput() { return m_port.DiscardReceived(); }
   [[nodiscard]] bool DiscardOutput() { return m_port.DiscardTransmit(); }
@@ -69,7 +69,7 @@ private:
   Clock& m_clock;
   int m_number;
   std::string m_name;
-  bool m_hasHeard = false;
+  bool m_hasReceived = false;
   Clock::Moment m_written{};  // when the last Write began
   Clock::Moment m_lineFree{}; // when its last bit can have left the line
 };

@@ -27,7 +27,7 @@ std::string Formatted(const char* format, Values... values) {
 std::string RecordOf(std::span<const std::uint8_t> frame) {
   if (frame.size() < 4 || frame[0] != FirstOfRecord || frame[1] >= MemoryPages) return "";
   const auto address = static_cast<std::uint16_t>(frame[1] << 8 | frame[2]);
-  const BlockPlace* const place = PlaceOf(address);
+  const BlockLocation* const place = LocationOf(address);
   return Formatted("0x%03X ", address) + std::string(place != nullptr ? NameOf(place->block) : "no block");
 }
 

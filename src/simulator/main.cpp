@@ -52,7 +52,7 @@ SimulatedRadio::Moment Now() {
   return std::chrono::duration_cast<SimulatedRadio::Moment>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-void Tell(const std::exception& failure) {
+void PrintFailure(const std::exception& failure) {
   std::fprintf(stderr, "lr7200-simulator: %s\n", failure.what());
 }
 
@@ -61,24 +61,24 @@ void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::
               const sigset_t& mask) {
   constexpr SimulatedRadio::Moment Idle = 1s;
   unsigned storedSessions = 0;
-  SimulatedRadio::Moment lastHeard = Now();
+  SimulatedRadio::Moment lastReceived = Now();
   while (g_isStopped == 0 && !radio.HasVanished()) {
     const auto next = radio.NextReplyAt();
     const auto pause = next ? *next - Now() : Idle;
     terminal.Wait(std::max(pause, SimulatedRadio::Moment::zero()), mask);
     const auto bytes = terminal.Read();
     const auto now = Now();
-    if (!bytes.empty()) lastHeard = now;
-    radio.Hear(bytes, now);
+    if (!bytes.empty()) lastReceived = now;
+    radio.Receive(bytes, now);
     terminal.Write(radio.TakeReplies(now));
-    if (now - lastHeard >= Idle) terminal.EndExclusiveUse();
+    if (now - lastReceived >= Idle) terminal.EndExclusiveUse();
     // Only after the last answer of the session, because the computer is waiting for it.
     if (!memoryFile.empty() && radio.EndedSessions() != storedSessions && !radio.NextReplyAt()) {
       storedSessions = radio.EndedSessions();
       try {
         Store(memoryFile, radio.Memory());
       } catch (const std::exception& failure) {
-        Tell(failure); // and serve on
+        PrintFailure(failure); // and continue
       }
     }
   }
@@ -149,7 +149,7 @@ int main(int argc, char** argv) {
   try {
     return mr4500x::Main(argc, argv);
   } catch (const std::exception& failure) {
-    mr4500x::Tell(failure);
+    mr4500x::PrintFailure(failure);
     return 1;
   }
 }

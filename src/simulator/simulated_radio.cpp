@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 //   57 AA AA AA 55 55 55 55 55 55 55 55  ends a session of either kind
 constexpr std::array<std::uint8_t, 12> EndPacket = {0x57, 0xAA, 0xAA, 0xAA, 0x55, 0x55,
                                                     0x55, 0x55, 0x55, 0x55, 0x55, 0x55};
-constexpr std::size_t EndMarkBytes = 4; // at the start of the end packet; alone they end reading
+constexpr std::size_t EndMarkBytes = 4; // the start of the end packet; alone it ends reading
 constexpr std::uint8_t RecordMark = 0x57;
 constexpr std::size_t RecordBytes = 8;
 constexpr std::size_t RecordHeaderBytes = 4;
@@ -52,17 +52,17 @@ SimulatedRadio::SimulatedRadio(const RadioMemory& memory, Moment characterTime, 
                                Moment deafness)
     : m_memory(memory), m_characterTime(characterTime), m_faults(std::move(faults)), m_deafness(deafness) {}
 
-void SimulatedRadio::Hear(std::span<const std::uint8_t> bytes, Moment writtenAt) {
-  if (writtenAt - m_heardAt > MessageGap) DropStaleMessage();
+void SimulatedRadio::Receive(std::span<const std::uint8_t> bytes, Moment writtenAt) {
+  if (writtenAt - m_receivedAt > MessageGap) DropStaleMessage();
   for (const std::uint8_t byte : bytes) {
     if (m_hasVanished) return;
-    m_heardAt = std::max(m_heardAt, writtenAt) + m_characterTime;
-    if (m_deafness > 0us && m_heardAt - m_characterTime < m_lineFreeAt + m_deafness) continue;
-    m_heard.push_back(byte);
-    while (!m_heard.empty()) {
+    m_receivedAt = std::max(m_receivedAt, writtenAt) + m_characterTime;
+    if (m_deafness > 0us && m_receivedAt - m_characterTime < m_lineFreeAt + m_deafness) continue;
+    m_received.push_back(byte);
+    while (!m_received.empty()) {
       const std::size_t taken = TakeMessage();
       if (taken == 0) break;
-      m_heard.erase(m_heard.begin(), m_heard.begin() + static_cast<std::ptrdiff_t>(taken));
+      m_received.erase(m_received.begin(), m_received.begin() + static_cast<std::ptrdiff_t>(taken));
     }
   }
 }
@@ -90,29 +90,29 @@ bool SimulatedRadio::Has(Fault fault) const {
 
 void SimulatedRadio::DropStaleMessage() {
   // The mark alone also ends a write session, without a status.
-  if (m_heard.size() >= EndMarkBytes && Agree(m_heard, EndPacket)) EndSession();
-  m_heard.clear();
+  if (m_received.size() >= EndMarkBytes && Agree(m_received, EndPacket)) EndSession();
+  m_received.clear();
 }
 
 std::size_t SimulatedRadio::TakeMessage() {
   constexpr std::pair<std::string_view, Session> WakeUpWords[] = {{"rEAD", Session::Read}, {"wRITE", Session::Write}};
   for (const auto& [word, session] : WakeUpWords) {
-    if (!Agree(m_heard, word)) continue;
-    if (m_heard.size() < word.size()) return 0;
+    if (!Agree(m_received, word)) continue;
+    if (m_received.size() < word.size()) return 0;
     WakeUp(session);
     return word.size();
   }
-  if (m_session == Session::None || m_heard[0] != RecordMark) return 1; // noise
-  const bool mayBeEnd = m_heard.size() < 2 || m_heard[1] == EndPacket[1];
+  if (m_session == Session::None || m_received[0] != RecordMark) return 1; // noise
+  const bool mayBeEnd = m_received.size() < 2 || m_received[1] == EndPacket[1];
   return mayBeEnd ? TakeEnd() : TakeRecord();
 }
 
 std::size_t SimulatedRadio::TakeEnd() {
-  const bool isWholePacket = Agree(m_heard, EndPacket);
-  if (m_heard.size() < EndMarkBytes) return isWholePacket ? 0 : 1;
-  if (!Agree(std::span(m_heard).first(EndMarkBytes), EndPacket)) return 1;
+  const bool isWholePacket = Agree(m_received, EndPacket);
+  if (m_received.size() < EndMarkBytes) return isWholePacket ? 0 : 1;
+  if (!Agree(std::span(m_received).first(EndMarkBytes), EndPacket)) return 1;
   if (m_session == Session::Write && isWholePacket) {
-    if (m_heard.size() < EndPacket.size()) return 0;
+    if (m_received.size() < EndPacket.size()) return 0;
     AnswerEnd();
     EndSession();
     return EndPacket.size();
@@ -123,13 +123,13 @@ std::size_t SimulatedRadio::TakeEnd() {
 
 std::size_t SimulatedRadio::TakeRecord() {
   // Refuse a damaged header as early as possible, so that few of the following bytes are lost.
-  if (m_heard[1] >= RadioMemoryBytes / 256) return 1;
-  if (m_heard.size() > 2 && m_heard[2] % RecordBytes != 0) return 1;
-  if (m_heard.size() > 3 && m_heard[3] != RecordBytes) return 1;
+  if (m_received[1] >= RadioMemoryBytes / 256) return 1;
+  if (m_received.size() > 2 && m_received[2] % RecordBytes != 0) return 1;
+  if (m_received.size() > 3 && m_received[3] != RecordBytes) return 1;
   const std::size_t length = RecordHeaderBytes + (m_session == Session::Write ? RecordBytes : 0);
-  if (m_heard.size() < length) return 0;
+  if (m_received.size() < length) return 0;
 
-  const std::size_t address = std::size_t{m_heard[1]} * 256 + m_heard[2];
+  const std::size_t address = std::size_t{m_received[1]} * 256 + m_received[2];
   m_hasVanished = Has(Fault::Vanish);
   if (m_hasVanished) return length;
   if (m_session == Session::Write)
@@ -142,7 +142,7 @@ std::size_t SimulatedRadio::TakeRecord() {
 
 void SimulatedRadio::WakeUp(Session session) {
   m_replies.clear();
-  m_lineFreeAt = m_heardAt;
+  m_lineFreeAt = m_receivedAt;
   m_record = NoRecord;
   ++m_wakeUps;
   const bool isTooEarly = Has(Fault::LateAnswer) && m_wakeUps < LateWakeUps;
@@ -180,7 +180,7 @@ void SimulatedRadio::AnswerWakeUp() {
 
 void SimulatedRadio::AnswerRead(std::size_t address) {
   if (Has(Fault::Silent)) return;
-  Bytes reply(m_heard.begin(), m_heard.begin() + RecordHeaderBytes);
+  Bytes reply(m_received.begin(), m_received.begin() + RecordHeaderBytes);
   const auto data = m_memory.begin() + static_cast<std::ptrdiff_t>(address);
   reply.insert(reply.end(), data, data + RecordBytes);
   if (Has(Fault::WrongAddress)) {
@@ -197,7 +197,7 @@ void SimulatedRadio::AnswerRead(std::size_t address) {
 void SimulatedRadio::AnswerWrite(std::size_t address) {
   if (!IsReadOnly(address)) {
     const auto data = m_memory.begin() + static_cast<std::ptrdiff_t>(address);
-    std::copy_n(m_heard.begin() + RecordHeaderBytes, RecordBytes, data);
+    std::copy_n(m_received.begin() + RecordHeaderBytes, RecordBytes, data);
     if (Has(Fault::WrongByte)) data[RecordBytes - 1] ^= 0x01;
   }
   if (Has(Fault::Silent) || Has(Fault::NoAcknowledge)) return;
@@ -209,7 +209,7 @@ void SimulatedRadio::AnswerEnd() {
   Bytes status = {'O', 'K'};
   if (Has(Fault::Ng)) status = {'N', 'G'};
   if (Has(Fault::LongStatus)) status.push_back(0x00);
-  if (Has(Fault::LateStatus)) m_lineFreeAt = m_heardAt + StatusDelay;
+  if (Has(Fault::LateStatus)) m_lineFreeAt = m_receivedAt + StatusDelay;
   Answer(std::move(status));
 }
 
@@ -222,7 +222,7 @@ void SimulatedRadio::Answer(Bytes bytes, bool isSplit) {
 
 void SimulatedRadio::Transmit(Bytes bytes, Moment pause) {
   const auto length = static_cast<Moment::rep>(bytes.size());
-  m_lineFreeAt = std::max(m_lineFreeAt, m_heardAt) + pause + length * m_characterTime;
+  m_lineFreeAt = std::max(m_lineFreeAt, m_receivedAt) + pause + length * m_characterTime;
   m_replies.push_back({m_lineFreeAt, std::move(bytes)});
 }
 

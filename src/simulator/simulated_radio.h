@@ -22,7 +22,7 @@ public:
                  Moment deafness = {});
 
   // Bytes that the computer wrote. Times must not decrease.
-  void Hear(std::span<const std::uint8_t> bytes, Moment writtenAt);
+  void Receive(std::span<const std::uint8_t> bytes, Moment writtenAt);
 
   // When the next reply has arrived at the computer; nullopt if there is none.
   [[nodiscard]] std::optional<Moment> NextReplyAt() const;
@@ -30,18 +30,20 @@ public:
   [[nodiscard]] std::vector<std::uint8_t> TakeReplies(Moment now);
 
   [[nodiscard]] const RadioMemory& Memory() const { return m_memory; }
-  [[nodiscard]] unsigned EndedSessions() const { return m_endedSessions; } // by an end packet or its mark
-  [[nodiscard]] bool HasVanished() const { return m_hasVanished; }         // by the fault "vanish"
+  [[nodiscard]] unsigned EndedSessions() const {
+    return m_endedSessions;
+  }                                                                // sessions ended by an end packet or its mark
+  [[nodiscard]] bool HasVanished() const { return m_hasVanished; } // because of the fault "vanish"
 
 private:
   enum class Session : std::uint8_t { None, Read, Write };
   struct Reply {
-    Moment due; // of its last byte
+    Moment due; // time of its last byte
     std::vector<std::uint8_t> bytes;
   };
   using Bytes = std::vector<std::uint8_t>;
 
-  // Handle the start of m_heard and return how many bytes they used, 0 to wait for more.
+  // Handle the start of m_received and return how many bytes they used, 0 to wait for more.
   std::size_t TakeMessage();
   std::size_t TakeEnd();
   std::size_t TakeRecord();
@@ -65,10 +67,10 @@ private:
   static constexpr int NoRecord = -1;
 
   Session m_session = Session::None;
-  int m_record = NoRecord; // of the session, counted from 0
-  int m_wakeUps = 0;       // in a row without an answer
-  Bytes m_heard;           // of an incomplete message
-  Moment m_heardAt{0};
+  int m_record = NoRecord; // record of the session, counted from 0
+  int m_wakeUps = 0;       // wake-ups in a row without an answer
+  Bytes m_received;        // bytes of an incomplete message
+  Moment m_receivedAt{0};
   std::deque<Reply> m_replies;
   Moment m_lineFreeAt{0}; // the end of the last answer
   unsigned m_endedSessions = 0;

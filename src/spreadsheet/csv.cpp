@@ -14,7 +14,7 @@ namespace mr4500x {
 namespace {
 
 constexpr std::string_view HardSpaces[] = {"\xC2\xA0", "\xE2\x80\xAF"}; // the usual and the narrow one
-constexpr std::size_t MostCharactersTold = 40;
+constexpr std::size_t MostCharactersShown = 40;
 
 // The length in bytes of a blank or control character at the front, or 0.
 std::size_t BlankAt(std::string_view text) {
@@ -68,7 +68,7 @@ char SeparatorIn(std::string_view text, char decimalSeparator) {
 
 class Reader {
 public:
-  // `place` is that of the first row.
+  // `place` is the first row's.
   Reader(char separator, std::size_t place) : m_separator(separator), m_row{1, {}, true, place} {}
 
   CsvTable Read(std::string_view text) {
@@ -134,7 +134,7 @@ private:
 CsvTable ReadCsv(std::string_view bytes, char decimalSeparator) {
   const std::string decoded = DecodedText(bytes);
   std::string_view text = decoded;
-  const std::optional<char> named = TakeNamedSeparator(text); // its line has no place
+  const std::optional<char> named = TakeNamedSeparator(text); // this line is not counted
   return Reader(named.value_or(SeparatorIn(text, decimalSeparator)), named ? std::size_t{0} - 1 : 0).Read(text);
 }
 
@@ -152,7 +152,7 @@ std::string OneLine(std::string_view cell) {
 }
 
 std::string Shortened(std::string_view cell) {
-  return Printable(OneLine(cell), MostCharactersTold);
+  return Printable(OneLine(cell), MostCharactersShown);
 }
 
 std::string CsvLine(const std::vector<std::string>& cells) {

@@ -22,7 +22,7 @@ struct CompareTest : ProgramTest {
 
   std::string Cell(int row, int column) { return grid.item(row - 1, column - 1)->text().toStdString(); }
   void Undo() { QTest::keyClick(&grid, Qt::Key_Z, Qt::ControlModifier); }
-  // Of the file.
+  // Changes settings in the image of the file.
   void Change(std::initializer_list<std::pair<const char*, std::string>> values) {
     std::vector<Assignment> changes;
     for (const auto& [field, value] : values)
@@ -41,16 +41,16 @@ struct CompareTest : ProgramTest {
     zero.ResetTimeBlock[StandardByte] = 0;
     EXPECT_TRUE(SaveDataFile(files, Path("zero.K4X"), zero));
   }
-  // By the menu of the grid, as a user without a mouse does.
+  // By the menu of the grid, like a user without a mouse.
   QDialog* Compare(const std::string& name) {
-    desk.paths.emplace_back(Path(name));
+    desktop.paths.emplace_back(Path(name));
     Activate(window.get());
     grid.setFocus();
     QTest::keyClick(&grid, Qt::Key_F10, Qt::ShiftModifier);
     auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     menu->setActiveAction(Item("mnuChannelsCompare"));
     QTest::keyClick(menu, Qt::Key_Return);
-    EXPECT_EQ(desk.happened.front(), "dialog Compare with File");
+    EXPECT_EQ(desktop.happened.front(), "dialog Compare with File");
     auto* const opened = window->findChild<QDialog*>("frmCompare");
     if (opened == nullptr) return nullptr;
     table = opened->findChild<QTableView*>("tblDifferences");
@@ -103,7 +103,7 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   EXPECT_EQ(Result(), "Differences: 8. Enter or a double-click takes the value from there.");
 
   Press(Qt::Key_Down);
-  Press(Qt::Key_Return); // and Tail Cut follows
+  Press(Qt::Key_Return); // Tail Cut follows
   Press(Qt::Key_Enter);
   EXPECT_EQ(Rows(), typed + rest + call + byte);
   EXPECT_EQ(Cell(2, 3) + Cell(2, 5) + Cell(2, 6) + Cell(2, 8), "CTC88.5ORON2.5");
@@ -153,8 +153,8 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
 
 TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
   const std::uint8_t record = image.ChannelBlock(5, 12);
-  image.ChannelBlock(5, 12) |= 0x05; // a new lower limit resets what no setting shows, too
-  image.ChannelBlock(7, 12) |= 0x05; // also where the file is the same
+  image.ChannelBlock(5, 12) |= 0x05; // a new lower limit also resets bytes that no setting shows
+  image.ChannelBlock(7, 12) |= 0x05; // even if the file has the same
   PutDataFile("here.K4X");
   OpenFile("here.K4X");
   image.ChannelBlock(5, 12) = record;
@@ -176,7 +176,7 @@ TEST_F(CompareTest, TakesAFileOfAnotherBandInOneStep) {
   const Lines asked = {"!|Frequency Band Change|Change the lower limit value, all data will be initiated. Do you want "
                        "to continue?|YN"};
   Press(Qt::Key_A, Qt::ControlModifier);
-  desk.answers = {Answer::No, Answer::Yes};
+  desktop.answers = {Answer::No, Answer::Yes};
   Press(Qt::Key_Return);
   EXPECT_EQ(Happened(), asked);
   EXPECT_EQ(Rows(), all);
@@ -195,9 +195,10 @@ TEST_F(CompareTest, FollowsTheEditorAndReportsAFileAsOpenDoes) {
   EXPECT_TRUE(AddRecent(files, Path("MR4500X.ini"), Path("none.K4X")));
   PutBadFiles();
   const std::string undecodable = std::string("!|") + DataErrorTitle + '|' + DataErrorText;
-  for (const auto& [name, told] : {std::pair("none.K4X", damaged), {"short.K4X", damaged}, {"zero.K4X", undecodable}}) {
+  for (const auto& [name, reported] :
+       {std::pair("none.K4X", damaged), {"short.K4X", damaged}, {"zero.K4X", undecodable}}) {
     EXPECT_EQ(Compare(name), nullptr) << name;
-    EXPECT_EQ(Happened(), (Lines{"dialog Compare with File", told})) << name;
+    EXPECT_EQ(Happened(), (Lines{"dialog Compare with File", reported})) << name;
   }
   EXPECT_EQ(RecentFiles(files, Path("MR4500X.ini")), RecentFileList()) << "what is missing goes";
   ASSERT_NE(Compare("same.K4X"), nullptr);
@@ -240,7 +241,7 @@ TEST_F(CompareTest, FollowsTheFileAndTakesNothingThatTheListDoesNotShow) {
   const std::string lost =
       "The file is missing, damaged or unreadable. The list shows its last content, and no value can "
       "be taken.";
-  // what the file becomes, the rows of it, and what Enter tells
+  // the new content of the file, its rows, and the message after Enter
   const std::tuple<const char*, std::string, std::string> cases[] = {
       {"442.00000", second, changed}, {"same.K4X", "", changed}, {"short.K4X", first, lost},
       {"zero.K4X", first, lost},      {"none.K4X", first, lost},
@@ -252,12 +253,12 @@ TEST_F(CompareTest, FollowsTheFileAndTakesNothingThatTheListDoesNotShow) {
   become("441.00000");
   ASSERT_NE(Compare("other.K4X"), nullptr);
   const RadioImage before = window->Panel().Collected();
-  for (const auto& [now, rows, told] : cases) {
+  for (const auto& [now, rows, reported] : cases) {
     SCOPED_TRACE(now);
     Happened();
     become(now);
     Press(Qt::Key_Return);
-    EXPECT_EQ(Happened(), Lines{"!|Compare with File|" + told});
+    EXPECT_EQ(Happened(), Lines{"!|Compare with File|" + reported});
     EXPECT_EQ(window->Panel().Collected(), before);
     become("441.00000");
     Activate(window.get());
@@ -266,14 +267,14 @@ TEST_F(CompareTest, FollowsTheFileAndTakesNothingThatTheListDoesNotShow) {
     become(now);
     Activate(table->window());
     EXPECT_EQ(Rows(), rows) << "without a key";
-    EXPECT_EQ(Result() == lost, told == lost);
+    EXPECT_EQ(Result() == lost, reported == lost);
     become("441.00000");
     Press(Qt::Key_Down);
     EXPECT_EQ(Rows(), first);
   }
   Activate(window.get());
-  OpenCell(1, "450.5"); // and saved over the file that is compared
-  desk.paths.emplace_back(Path("other.K4X"));
+  OpenCell(1, "450.5"); // and save over the compared file
+  desktop.paths.emplace_back(Path("other.K4X"));
   QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(Rows(), "");
 }
@@ -311,7 +312,7 @@ TEST_F(CompareTest, TheFilterLeavesARowForEnterAndHasItsOwnKeys) {
 
 TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
   const std::string title = "|Import Channels|";
-  // name of the file or "" for a text, its content, what CH3 has then, what is told
+  // name of the file or "" for a text, its content, then the frequency of CH3, the message
   const std::tuple<const char*, std::string, std::string, std::string> cases[] = {
       {"a.CSV", "number,rx_freq,rx_step\n3,445.0025,2.5\n4,446,\n", "445.00250 2.5", "Channels imported: 2"},
       {"", "number;rx_freq\n3;445,5\n", "445.50000 6.25", "Channels imported: 1"},
@@ -324,7 +325,7 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
        "!" + title + "The file " + Path("large.csv") + " can't be read."},
       {"none.csv", "", "440.00000 6.25", "!" + title + "The file " + Path("none.csv") + " can't be read."},
   };
-  for (const auto& [name, content, expected, told] : cases) {
+  for (const auto& [name, content, expected, reported] : cases) {
     SCOPED_TRACE(name);
     QMimeData data;
     if (*name == '\0') data.setData("text/csv", QByteArray::fromStdString(content));
@@ -333,7 +334,7 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
     Drop(data);
     EXPECT_EQ(Cell(3, 1) + ' ' + Cell(3, 2), expected);
     const Lines shown = Happened();
-    EXPECT_EQ(shown.empty() ? Status(1) : shown.front(), told);
+    EXPECT_EQ(shown.empty() ? Status(1) : shown.front(), reported);
     if (expected == "440.00000 6.25") continue;
     EXPECT_TRUE(window->State().ModifiedFlag);
     Undo();

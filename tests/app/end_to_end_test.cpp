@@ -1,5 +1,5 @@
-// The typical job with the whole program: its window under mouse and keys, its own dialogs and settings file, and the
-// simulated radio as a process behind a serial device.
+// The typical job with the whole program: the real window with mouse and keyboard, its dialogs and settings file, and
+// the simulated radio as a process behind a serial device.
 #include "configuration.h"
 #include "program.h"
 #include "program_title.h"
@@ -44,7 +44,7 @@ protected:
   void AnswerDialog() {
     QWidget* const dialog = QApplication::activeModalWidget();
     if (dialog == nullptr) return;
-    told.push_back(dialog->windowTitle().toStdString());
+    reported.push_back(dialog->windowTitle().toStdString());
     if (qobject_cast<QFileDialog*>(dialog) != nullptr) {
       dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
       QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
@@ -54,15 +54,15 @@ protected:
   }
   void Press(const QKeySequence& keys, const std::string& title) {
     QTest::keySequence(window, keys);
-    window->activateWindow(); // as a window manager does when a box has gone
+    window->activateWindow(); // like a window manager after a box was closed
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     EXPECT_EQ(window->windowTitle().toStdString(), title) << keys.toString().toStdString();
   }
   // Again if the radio's answer was late, as it can be on a busy machine.
   void DoTransfer(const QKeySequence& keys, const std::string& title) {
-    const Lines before = told;
+    const Lines before = reported;
     for (int tries = 0; tries < 3 && window->windowTitle().toStdString() != title; ++tries) {
-      told = before;
+      reported = before;
       QTest::keySequence(window, keys);
       window->activateWindow();
       ASSERT_TRUE(QTest::qWaitForWindowActive(window));
@@ -71,7 +71,7 @@ protected:
   }
 
   QTimer user;
-  Lines told; // by the dialogs, their titles
+  Lines reported; // the titles of the dialogs
   QTemporaryDir folder;
   QString file = folder.filePath("radio.K4X");
   QProcess radio;
@@ -81,8 +81,8 @@ protected:
 
 TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   auto& grid = *window->findChild<QTableWidget*>("gridChannel");
-  const QTableWidgetItem& frequency = *grid.item(1, static_cast<int>(GridColumn::RxFreq) - 1); // of channel 2
-  auto& noCh = *window->findChild<QCheckBox*>("chkCH(8)");                                     // of channel 9
+  const QTableWidgetItem& frequency = *grid.item(1, static_cast<int>(GridColumn::RxFreq) - 1); // channel 2
+  auto& noCh = *window->findChild<QCheckBox*>("chkCH(8)");                                     // channel 9
   const auto cells = [&] { return Lines{frequency.text().toStdString(), noCh.isChecked() ? "No CH" : "in use"}; };
   DoTransfer(Qt::CTRL | Qt::Key_R, TitleOf(RadioOrigin{Transfer::Read}));
   EXPECT_EQ(cells(), (Lines{"441.50000", "No CH"}));
@@ -99,12 +99,12 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   Press(Qt::CTRL | Qt::Key_S, fileTitle);
   QTest::keyClick(window, Qt::Key_F, Qt::AltModifier); // the File menu
   ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_C); // Close; all is saved: no question
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_C); // Close, without a question because all is saved
   EXPECT_NE(cells()[0], edited[0]);
   Press(Qt::CTRL | Qt::Key_O, fileTitle);
   EXPECT_EQ(cells(), edited);
   DoTransfer(Qt::CTRL | Qt::Key_W, TitleOf(RadioOrigin{Transfer::Write}));
-  EXPECT_EQ(told, (Lines{"Read Complete", "Save As", "Open", "Write Complete"}));
+  EXPECT_EQ(reported, (Lines{"Read Complete", "Save As", "Open", "Write Complete"}));
 
   radio.terminate();
   ASSERT_TRUE(radio.waitForFinished(5000));
@@ -114,7 +114,7 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
   const RadioMemory factory = FactoryMemory();
   std::string expected(factory.begin(), factory.end());
   expected.replace(0x011, 3, "\xA5\xB2\x02");                   // frequency
-  expected.replace(0x080, 1, "\x81").replace(0x10C, 1, "\x0A"); // in use, and the count of those
+  expected.replace(0x080, 1, "\x81").replace(0x10C, 1, "\x0A"); // in use, and the number of channels in use
   ASSERT_EQ(written.size(), expected.size());
   expected.replace(0x200, 14, "20" + written.substr(0x202, 12)); // the write stamp
   for (std::size_t i = 0; i < expected.size(); ++i)
@@ -131,7 +131,7 @@ TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
   ASSERT_TRUE(item.isChecked());
   EXPECT_EQ(status(1) + '|' + status(2), "Practising with a simulated radio on COM15|COM 15");
   DoTransfer(Qt::Key_F3, TitleOf(RadioOrigin{Transfer::ReadInfo}));
-  EXPECT_EQ(told, Lines{"Read Information Completely"});
+  EXPECT_EQ(reported, Lines{"Read Information Completely"});
   EXPECT_EQ(window->State().PortToKeep(), 1);
   item.trigger();
   EXPECT_FALSE(item.isChecked());
@@ -144,7 +144,7 @@ TEST(Program, PrintsItsUsageWithoutADisplay) {
 }
 
 TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
-  const QTemporaryDir folder; // of a program that keeps its settings beside itself
+  const QTemporaryDir folder; // the folder of a program that stores its settings beside itself
   const std::string settings = folder.filePath("MR4500X.ini").toStdString();
   const std::string ofFleet = folder.filePath("home/MR4500X/fleet.ini").toStdString();
   std::ofstream(settings) << "[Comm Port]\nCommon Port=5\n";

@@ -4,12 +4,12 @@
 namespace mr4500x {
 namespace {
 
-TEST_F(ProgramTest, RefusesFilesThatAreNone) {
+TEST_F(ProgramTest, RefusesFilesThatAreNotDataFiles) {
   PutDataFile("good.K4X");
   const std::string good = Content("good.K4X");
   const struct {
     const char* name;
-    std::size_t at, count; // that are replaced
+    std::size_t at, count; // the replaced bytes
     std::string with;
     std::string message;
     bool opens = false;
@@ -23,7 +23,7 @@ TEST_F(ProgramTest, RefusesFilesThatAreNone) {
   for (const auto& [name, at, count, with, message, opens] : cases) {
     SCOPED_TRACE(name);
     Put("b.K4X", std::string(good).replace(at, count, with));
-    desk.paths = {Path("b.K4X")};
+    desktop.paths = {Path("b.K4X")};
     Choose("mnuFileOpen");
     EXPECT_EQ(Happened(), (Lines{"dialog Open", message}));
     EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
@@ -42,7 +42,7 @@ TEST_F(ProgramTest, AFileWithoutAStoredStandardKeepsTheOneThatItNames) {
     image.ResetTimeBlock[StandardByte] = 0;
     image.FiveToneStandard = named;
     PutDataFile("a.K4X");
-    desk.paths = {Path("a.K4X")};
+    desktop.paths = {Path("a.K4X")};
     Choose("mnuFileOpen");
     EXPECT_EQ(Happened(), (Lines{"dialog Open", "!|Data Error|Data occur error in the Radio, please re-set."}));
     Choose("mnuFileSave");
@@ -70,9 +70,9 @@ TEST_F(ProgramTest, AsksBeforeDataIsLost) {
       OpenFile("a.K4X");
       std::filesystem::remove(Path("a.K4X"));
       if (edited) Edit();
-      desk.answers = {answer};
+      desktop.answers = {answer};
       const bool opens = command == "mnuFileOpen";
-      if (opens) desk.paths = {Path("b.K4X")};
+      if (opens) desktop.paths = {Path("b.K4X")};
       Lines expected(opens ? 1 : 0, "dialog Open");
       if (edited) expected.push_back(question);
       Choose(command);
@@ -92,7 +92,7 @@ TEST_F(ProgramTest, CloseDropsTheTextOfAnOpenEditor) {
   QTest::keyClick(grid, Qt::Key_Space);
   ASSERT_FALSE(editor->isHidden());
   QTest::keyClicks(editor, "450.1");
-  desk.answers = {Answer::Cancel};
+  desktop.answers = {Answer::Cancel};
   Choose("mnuFileClose");
   EXPECT_EQ(Happened(), Lines{question});
   EXPECT_TRUE(editor->isHidden());
@@ -113,10 +113,10 @@ TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
   for (std::size_t channel = 1; const auto& [name, command, chosen, effect, proposed, written] : cases) {
     SCOPED_TRACE(name);
     window->findChild<QCheckBox*>(QStringLiteral("chkCH(%1)").arg(channel))->click(); // takes it into use
-    if (chosen) desk.paths = {Path(*chosen)};
+    if (chosen) desktop.paths = {Path(*chosen)};
     Choose(command);
     EXPECT_EQ(Happened(), effect);
-    EXPECT_EQ(desk.lastQuestion.proposedName, proposed.empty() ? "" : Path(proposed));
+    EXPECT_EQ(desktop.lastQuestion.proposedName, proposed.empty() ? "" : Path(proposed));
     if (!written.empty()) {
       title = TitleOf(written);
       EXPECT_EQ(Content(written).substr(firstFlags + channel, 1), "\x81");
@@ -131,14 +131,14 @@ TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
   }
 }
 
-TEST_F(ProgramTest, TellsThatAFileCouldNotBeSaved) {
+TEST_F(ProgramTest, ReportsAFileThatCouldNotBeSaved) {
   PutDataFile("a.K4X");
   OpenFile("a.K4X");
   Edit();
   files.unwritable = {Path("a.K4X")};
   Choose("mnuFileSave");
   EXPECT_EQ(Happened(), Lines{"!|Save File Error|File hasn't been saved. Please try again!"});
-  desk.paths = {Path("nowhere/b.K4X")};
+  desktop.paths = {Path("nowhere/b.K4X")};
   Choose("mnuFileSaveAs");
   EXPECT_EQ(Happened(), (Lines{"dialog Save As", "!|Save File Error|File hasn't been saved. Please redo!"}));
   EXPECT_EQ(Title(), TitleOf("a.K4X"));
@@ -153,8 +153,8 @@ TEST_F(ProgramTest, OpensFilesAndRemembersThemUntilTheyAreMissing) {
     OpenFile(name);
   }
   EXPECT_EQ(window->Image().ChannelBlock(0, 1), 0x21);
-  EXPECT_EQ(desk.lastQuestion.filter, "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y");
-  EXPECT_EQ(desk.lastQuestion.folder, Path(""));
+  EXPECT_EQ(desktop.lastQuestion.filter, "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y");
+  EXPECT_EQ(desktop.lastQuestion.folder, Path(""));
   const std::string a = Path("a && b.K4X"), c = Path("c.K4X"); // a doubled & is no access key
   EXPECT_EQ(Recent(), (Lines{" 1 " + c, " 2 " + a}));
   Choose("mnuRecent(2)");
@@ -182,7 +182,7 @@ TEST_F(ProgramTest, OpensAFileOfTheCommandLineUnderItsPlainPath) {
   const std::string folder = std::filesystem::canonical(Path("")).string() + '/';
   const std::tuple<std::string, std::string> cases[] = {{"./a.K4X", "a.K4X"},
                                                         {"far/..//a.K4X", "a.K4X"},
-                                                        {"link/../a.K4X", "far/a.K4X"}, // as the system follows it
+                                                        {"link/../a.K4X", "far/a.K4X"}, // resolved by the system
                                                         {"./[*]x[*][*].K4X", "[*]x[*][*].K4X"}};
   for (const auto& [given, plain] : cases) {
     window->OpenArgument(QString::fromStdString(Path(given)));
@@ -193,17 +193,17 @@ TEST_F(ProgramTest, OpensAFileOfTheCommandLineUnderItsPlainPath) {
             (Lines{" 1 " + folder + "[*]x[*][*].K4X", " 2 " + folder + "far/a.K4X", " 3 " + folder + "a.K4X"}));
 }
 
-TEST_F(ProgramTest, ListsGoOutAndComeInByTheMenu) {
-  desk.paths = {Path("sample.csv"), Path("sample.csv"), Path("a.csv"), Path("b.csv"), Path("no folder/c.csv")};
+TEST_F(ProgramTest, ListsAreExportedAndImportedByTheMenu) {
+  desktop.paths = {Path("sample.csv"), Path("sample.csv"), Path("a.csv"), Path("b.csv"), Path("no folder/c.csv")};
   for (const char* const command : {"mnuFileSample", "mnuFileImport"})
     Choose(command);
   EXPECT_EQ(Status(1), "Channels imported: 3");
   EXPECT_EQ(window->Panel().Shown().channels[1][GridColumn::TxTone], "DCS023");
-  desk.filter = 0;
+  desktop.filter = 0;
   Choose("mnuFileExport");
   EXPECT_EQ(Content("a.csv").substr(0, 21), "CH No.,Rx Freq (MHz),");
-  EXPECT_EQ(desk.lastQuestion.proposedName, "radio.csv");
-  desk.filter = 1;
+  EXPECT_EQ(desktop.lastQuestion.proposedName, "radio.csv");
+  desktop.filter = 1;
   Choose("mnuFileExport");
   EXPECT_EQ(Content("b.csv").substr(0, 22), "number,in_use,rx_freq,");
   EXPECT_EQ(Status(1), "Saved to " + Path("b.csv"));

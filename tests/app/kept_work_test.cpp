@@ -1,4 +1,4 @@
-// Work that was never saved is kept, and offered once at the next start.
+// Unsaved work is kept, and offered once at the next start.
 #include "embedded_info.h"
 #include "program_fixture.h"
 #include "wheel.h"
@@ -21,13 +21,13 @@ protected:
       if (name.ends_with(".K4X") && name.starts_with(prefix)) names.push_back(name);
     return names;
   }
-  // The signal comes while `meanwhile` runs, or when nothing does.
-  void EndBySignal(const std::function<void()>& meanwhile = {}) {
+  // The signal arrives while `work` runs, or when nothing runs.
+  void EndBySignal(const std::function<void()>& work = {}) {
     const auto end = [&] { window->EndBySignal(SIGTERM); };
-    if (meanwhile) desk.beforeAnswer = end;
-    QTimer::singleShot(0, window.get(), meanwhile ? meanwhile : end);
+    if (work) desktop.beforeAnswer = end;
+    QTimer::singleShot(0, window.get(), work ? work : end);
     EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
-    EXPECT_TRUE(meanwhile || std::ranges::count(Happened(), "geometry") > 0);
+    EXPECT_TRUE(work || std::ranges::count(Happened(), "geometry") > 0);
   }
   void AwaitCopies() { window->KeepForSession(); } // another thread writes them
   void NextStart() {
@@ -59,22 +59,22 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
       answer == Answer::Yes ? TurnWheel(*box, 1) : QTest::keyClick(box, Qt::Key_Left); // any input
       end();
       NextStart();
-      desk.happened.clear();
-      desk.answers = {answer};
+      desktop.happened.clear();
+      desktop.answers = {answer};
       EXPECT_EQ(window->OpenLeftWork(), answer == Answer::Yes);
       EXPECT_EQ(Happened(), Lines{Question(Path("a.K4X"))});
       EXPECT_EQ(Ani(), answer == Answer::Yes ? "4711" : "----------------");
       EXPECT_EQ(window->State().ModifiedFlag, answer == Answer::Yes);
       EXPECT_EQ(Title(), ProgramTitle);
       EXPECT_FALSE(window->OpenLeftWork()) << "asked twice";
-      desk.answers = {Answer::Yes};
-      desk.paths = {Path("b.K4X")};
+      desktop.answers = {Answer::Yes};
+      desktop.paths = {Path("b.K4X")};
       Choose("mnuFileSave");
       AwaitCopies();
       EXPECT_EQ(Kept("session-"), Lines()) << "the work was saved";
       NextStart();
       EXPECT_FALSE(window->OpenLeftWork()) << "nothing was lost";
-      desk.happened.clear();
+      desktop.happened.clear();
     }
 }
 
@@ -86,14 +86,14 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   NextStart();
   EXPECT_FALSE(window->OpenLeftWork()) << "the limit";
   const auto type = [&] {
-    desk.happened.clear();
+    desktop.happened.clear();
     OpenFile("a.K4X");
     QTest::keyClick(window->findChild<QTableView*>("gridChannel"), Qt::Key_Space);
     QTest::keyClicks(window->findChild<QLineEdit*>("txtChFreq"), "450.1");
   };
   PutDataFile("a.K4X");
   type();
-  desk.answers = {Answer::Yes};
+  desktop.answers = {Answer::Yes};
   Choose("mnuFileClose");
   AwaitCopies();
   EXPECT_EQ(Kept("2004-").size(), 1U) << "given up with the window's data";
@@ -105,11 +105,11 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   mode.setCurrentIndex(1 - mode.currentIndex());
   EndBySignal();
   NextStart();
-  desk.happened.clear();
-  desk.answers = {Answer::Yes};
+  desktop.happened.clear();
+  desktop.answers = {Answer::Yes};
   EndBySignal([&] { EXPECT_FALSE(window->OpenLeftWork()) << "ended before an answer"; });
   NextStart();
-  desk.answers = {Answer::Yes};
+  desktop.answers = {Answer::Yes};
   EXPECT_TRUE(window->OpenLeftWork());
   EXPECT_NE(Happened().back().find("CH1 Rx Freq (MHz): 440.00000 -> 450.10000"), std::string::npos);
   EXPECT_EQ(window->Panel().Collected().FiveToneStandard, 3);
@@ -118,16 +118,16 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
 TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
   TypeAni("4711");
   window->close();
-  desk.answers = {Answer::Yes};
+  desktop.answers = {Answer::Yes};
   NextStart();
   EXPECT_TRUE(window->OpenLeftWork());
   EndBySignal();
   NextStart();
-  desk.happened.clear();
-  desk.answers = {Answer::No};
+  desktop.happened.clear();
+  desktop.answers = {Answer::No};
   EXPECT_FALSE(window->OpenLeftWork());
   EXPECT_EQ(Happened(), Lines{Question("a new configuration")}) << "with the first differences";
-  desk.paths = {Path("kept/" + Kept("2004-").front())};
+  desktop.paths = {Path("kept/" + Kept("2004-").front())};
   Choose("mnuFileOpen");
   EXPECT_EQ(Title(), ProgramTitle) << "it will go, so that Save must ask for a name";
   EXPECT_TRUE(window->State().ModifiedFlag);
@@ -138,10 +138,10 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
   EXPECT_EQ(Status(1), "No unsaved work is kept.");
   TypeAni("4711");
   Edit();
-  desk.answers = {Answer::No};
+  desktop.answers = {Answer::No};
   window->close();
   NextStart();
-  desk.happened.clear();
+  desktop.happened.clear();
   EXPECT_FALSE(window->OpenLeftWork());
   ASSERT_EQ(Kept("2004-").size(), 1U);
   Put("kept/2004-11-03_09-05-07_0.K4X", "damaged");
@@ -159,7 +159,7 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
   EXPECT_EQ(Happened(), Lines());
   EXPECT_EQ(Ani(), "4711");
   Choose("mnuFileSave");
-  EXPECT_EQ(desk.lastQuestion.proposedName, "") << "it would go with the copy";
+  EXPECT_EQ(desktop.lastQuestion.proposedName, "") << "it would go with the copy";
 }
 
 TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
@@ -171,15 +171,15 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
     Choose("mnuEmbedInfo");
   };
   enter();
-  desk.paths = {Path("a.K4X")};
+  desktop.paths = {Path("a.K4X")};
   Choose("mnuFileSave"); // holds no such text
   for (int start = 0; start < 3; ++start) {
     if (start == 2) Choose("mnuFileSaveAs");
     EndBySignal();
     NextStart();
-    desk.happened.clear();
-    desk.answers = {Answer::Yes};
-    desk.paths = {Path("a.K4X")};
+    desktop.happened.clear();
+    desktop.answers = {Answer::Yes};
+    desktop.paths = {Path("a.K4X")};
     EXPECT_TRUE(window->OpenLeftWork());
     EXPECT_NE(Happened().back().find("Differences:\n\nEmbedded Information: \"\" -> \"Fleet 7\"\n\nDo"),
               std::string::npos);
@@ -223,7 +223,7 @@ TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
     TypeAni("4711");
     replace();
     AwaitCopies();
-    desk.happened.clear();
+    desktop.happened.clear();
     EXPECT_EQ(Kept("2004-11-04_09-05-07_").size(), kept);
     EXPECT_EQ(Kept("session-"), Lines());
     PutDataFile("a.K4X");
@@ -240,7 +240,7 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   TypeAni("4711");
   Choose("mnuProgramRead");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)) << "kept before the transfer";
-  desk.happened.clear();
+  desktop.happened.clear();
   const std::string lost =
       "!|Data Lost|The read was interrupted, or the file could not be opened. The editor still shows the settings, but "
       "data that it doesn't show was lost. To get it back, answer No, then read the radio again or open the file "
@@ -248,27 +248,27 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
       "Write sends no embedded information, so the radio keeps its own. Do you want to continue?|YN";
   for (const char* command : {"mnuFileSave", "mnuFileSaveAs", "mnuProgramWrite"}) {
     SCOPED_TRACE(command);
-    desk.answers = {Answer::No};
+    desktop.answers = {Answer::No};
     radio.frames.clear();
     Choose(command);
     EXPECT_EQ(Happened(), Lines{lost});
     EXPECT_EQ(Content("a.K4X"), before);
     EXPECT_TRUE(radio.frames.empty());
   }
-  desk.answers = {Answer::No};
+  desktop.answers = {Answer::No};
   Choose("mnuEmbedWrite");
   EXPECT_TRUE(
       Happened().at(0).starts_with("!|Data Lost|The read was interrupted, and the embedded information was lost."));
   Edit();
-  desk.answers = {Answer::No};
-  desk.paths = {Path("a.K4X")};
+  desktop.answers = {Answer::No};
+  desktop.paths = {Path("a.K4X")};
   Choose("mnuFileOpen");
   EXPECT_EQ(Happened(), (Lines{"dialog Open", question})) << "the open file has what was lost";
   Choose("mnuFileSave");
   EXPECT_EQ(Happened(), Lines());
   Choose("mnuProgramRead");
-  desk.happened.clear();
-  desk.answers = {Answer::Yes};
+  desktop.happened.clear();
+  desktop.answers = {Answer::Yes};
   Choose("mnuFileSave");
   EXPECT_NE(Content("a.K4X"), before);
   Choose("mnuFileSave");
@@ -281,7 +281,7 @@ TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {
   window.reset();
   std::filesystem::resize_file(Path("kept/" + Kept("session-").front()), 300);
   Start();
-  desk.happened.clear();
+  desktop.happened.clear();
   EXPECT_FALSE(window->OpenLeftWork());
   ASSERT_EQ(Kept("20").size(), 1U);
   EXPECT_EQ(Happened(),
@@ -292,7 +292,7 @@ TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {
   EXPECT_EQ(Happened(), Lines());
 }
 
-TEST_F(KeptWorkTest, TheStatusBarSaysThatThereIsNoCopyUntilThereIsOne) {
+TEST_F(KeptWorkTest, TheStatusBarReportsAMissingCopyUntilThereIsOne) {
   auto* const ani = window->findChild<QLineEdit*>("txtANI");
   const std::string title = Status(1);
   files.canCreate = false;
@@ -301,7 +301,7 @@ TEST_F(KeptWorkTest, TheStatusBarSaysThatThereIsNoCopyUntilThereIsOne) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return Status(1) != title; }, 3000));
   const std::string missing = Status(1);
   EXPECT_TRUE(missing.starts_with("No copy of the unsaved work")) << missing;
-  emit window->Panel().Told("Done");
+  emit window->Panel().StatusMessage("Done");
   emit window->Panel().Changed();
   EXPECT_EQ(Status(1), missing) << "ended with the next passing message";
   files.canCreate = true;
@@ -311,13 +311,13 @@ TEST_F(KeptWorkTest, TheStatusBarSaysThatThereIsNoCopyUntilThereIsOne) {
   TypeAni("99");
   AwaitCopies(); // the window hears that it failed after the save
   files.canCreate = files.canWrite = true;
-  desk.paths = {Path("a.K4X")};
+  desktop.paths = {Path("a.K4X")};
   Choose("mnuFileSave");
   QCoreApplication::processEvents();
   EXPECT_EQ(Status(1), title) << "the work is saved";
 }
 
-TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNotDuringATransfer) {
+TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNeverDuringATransfer) {
   std::atomic<bool> isHere = false;
   files.beforeSync = [&, here = std::this_thread::get_id()] { isHere = isHere || std::this_thread::get_id() == here; };
   TypeAni("4711");
@@ -344,8 +344,8 @@ TEST_F(KeptWorkTest, ASessionThatAllowsNoQuestionEndsTheProgramAsASignalDoes) {
       {"idle", quit},
       {"a question is open",
        [&] {
-         desk.beforeAnswer = quit;
-         desk.answers = {Answer::Cancel};
+         desktop.beforeAnswer = quit;
+         desktop.answers = {Answer::Cancel};
          window->close();
        }},
       {"a transfer runs",
@@ -361,14 +361,14 @@ TEST_F(KeptWorkTest, ASessionThatAllowsNoQuestionEndsTheProgramAsASignalDoes) {
     Edit();
     window->KeepForSession();
     EXPECT_EQ(Kept("session-").size(), 1U);
-    desk.happened.clear();
+    desktop.happened.clear();
     QTimer::singleShot(0, window.get(), end);
     QTimer::singleShot(3000, window.get(), [] { QCoreApplication::exit(0); });
     EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
     NextStart();
-    desk.happened.clear();
-    desk.answers = {Answer::Yes, Answer::No};
-    desk.beforeAnswer = [&] { window->KeepForSession(); }; // a checkpoint
+    desktop.happened.clear();
+    desktop.answers = {Answer::Yes, Answer::No};
+    desktop.beforeAnswer = [&] { window->KeepForSession(); }; // a checkpoint
     EXPECT_TRUE(window->OpenLeftWork()) << "the checkpoint answered No";
     EXPECT_EQ(Ani(), "4711");
     window->close();
@@ -391,14 +391,14 @@ TEST_F(KeptWorkTest, ASaveAsksWhereTheFileOrItsDriveIsNotTheOneThatWasOpened) {
     if (isOtherDrive) files.alter = [](const std::string&, FileStatus& status) { ++status.device; };
     Put("a.K4X", "other");
     for (const char* const command : {"mnuFileSave", "mnuFileSaveAs"}) {
-      desk.answers = {Answer::No};
-      desk.paths = {Path("a.K4X")};
+      desktop.answers = {Answer::No};
+      desktop.paths = {Path("a.K4X")};
       Choose(command);
       EXPECT_EQ(Happened().back(), asked) << command;
       EXPECT_EQ(Content("a.K4X"), "other");
     }
-    desk.paths.clear();
-    desk.answers = {Answer::Yes, Answer::Yes}; // also about the file on the other drive
+    desktop.paths.clear();
+    desktop.answers = {Answer::Yes, Answer::Yes}; // also about the file on the other drive
     for (int i = 0; i < 2; ++i)
       Choose("mnuFileSave");
     EXPECT_EQ(Happened(), isOtherDrive ? (Lines{drive, file}) : Lines{file}) << "asked again after a save";
@@ -408,12 +408,12 @@ TEST_F(KeptWorkTest, ASaveAsksWhereTheFileOrItsDriveIsNotTheOneThatWasOpened) {
   }
 }
 
-TEST_F(KeptWorkTest, AFileThatAnotherWindowHasIsSaidToBeOpenTwice) {
+TEST_F(KeptWorkTest, WarnsAboutAFileThatAnotherWindowHasOpen) {
   PutDataFile("a.K4X");
   OpenFile("a.K4X");
   const auto first = std::move(window);
   Start();
-  desk.paths = {Path("a.K4X")};
+  desktop.paths = {Path("a.K4X")};
   Choose("mnuFileOpen");
   EXPECT_EQ(Happened(), (Lines{"dialog Open", "i|Open Twice|The file " + Path("a.K4X") +
                                                   " is also open in another window. Each save replaces what the other "

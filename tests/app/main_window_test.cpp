@@ -1,4 +1,4 @@
-// The main window: what its menus and buttons run, the views, the start and the end.
+// The main window: the commands of its menus and buttons, the views, the start and the end.
 #include "program_fixture.h"
 
 namespace mr4500x {
@@ -114,7 +114,7 @@ TEST_F(ProgramTest, ItsStatusBarHasTheTimeAndSomeMessagesForAWhile) {
   EXPECT_GT(timers[0]->remainingTime(), 0) << "and so on";
 
   for (const bool byTime : {true, false}) {
-    emit window->Panel().Told("A message");
+    emit window->Panel().StatusMessage("A message");
     EXPECT_EQ(Status(1), "A message");
     EXPECT_GT(timers[1]->remainingTime(), 9'000);
     byTime ? end(timers[1]) : Edit();
@@ -136,7 +136,7 @@ TEST_F(ProgramTest, ShowsOneOfItsTwoViews) {
   }
 }
 
-TEST_F(ProgramTest, KeysActWhereTheFrameIsAfterEveryCommand) {
+TEST_F(ProgramTest, KeysActOnTheFramedCellAfterEveryCommand) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   EXPECT_EQ(window->focusWidget()->objectName(), "gridChannel") << "at the start";
   PutDataFile("a.K4X");
@@ -180,8 +180,8 @@ TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
     Choose("mnuFileClose");
     Edit();
     std::string settings;
-    desk.beforeAnswer = [&] { settings = Content("MR4500X.ini"); };
-    desk.answers = {answer};
+    desktop.beforeAnswer = [&] { settings = Content("MR4500X.ini"); };
+    desktop.answers = {answer};
     QWidget other;
     other.show();
     if (minimized) window->showMinimized();
@@ -197,8 +197,8 @@ TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {
 
 TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
   Edit();
-  desk.answers = {Answer::Cancel, Answer::No};
-  desk.beforeAnswer = [&] { // while a command runs, as a desktop's own menu or task list can
+  desktop.answers = {Answer::Cancel, Answer::No};
+  desktop.beforeAnswer = [&] { // while a command runs, as a desktop's own menu or task list can
     EXPECT_FALSE(window->MayLogOut());
     Choose("mnuFileOpen");
     window->close();
@@ -207,10 +207,10 @@ TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
   EXPECT_TRUE(window->MayLogOut());
   EXPECT_EQ(Happened(), (Lines{question, question}));
   Edit(); // the logout was cancelled elsewhere
-  desk.answers = {Answer::Cancel, Answer::No};
+  desktop.answers = {Answer::Cancel, Answer::No};
   window->close();
   EXPECT_TRUE(window->MayLogOut());
-  window->close(); // by Qt, when the desktop goes on
+  window->close(); // called by Qt when the session continues
   EXPECT_EQ(Happened(), (Lines{question, question, "geometry"}));
 }
 
@@ -237,7 +237,7 @@ TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
   EXPECT_EQ(Happened(), Lines());
 }
 
-TEST_F(ProgramTest, UndoTellsInPassingMarksTheDataAsChangedAndEndsWithTheData) {
+TEST_F(ProgramTest, UndoShowsAStatusMessageMarksTheDataAsChangedAndEndsWithTheData) {
   PutDataFile("a.K4X");
   OpenFile("a.K4X");
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -249,7 +249,7 @@ TEST_F(ProgramTest, UndoTellsInPassingMarksTheDataAsChangedAndEndsWithTheData) {
   EXPECT_EQ(Status(1), "Undone: CH1 High Tx Power");
   EXPECT_EQ(grid->item(0, 10)->text(), "Permit");
   EXPECT_TRUE(window->State().ModifiedFlag);
-  desk.answers = {Answer::No};
+  desktop.answers = {Answer::No};
   Choose("mnuFileClose");
   QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(Status(1), "Nothing to redo");

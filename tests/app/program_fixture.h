@@ -1,4 +1,4 @@
-// The main window on a scripted desk: answers to dialogs, a radio on COM3, and a protocol of all that happens.
+// The main window with a scripted desktop, which answers dialogs and logs what happens, and a radio on COM3.
 #pragma once
 
 #include "data_file.h"
@@ -23,16 +23,16 @@ namespace mr4500x {
 
 using Lines = std::vector<std::string>;
 
-struct ScriptedDesk final : MessageView, ProgressView, FileDialogs, FontDialog, HelpViewer, Printers {
+struct ScriptedDesktop final : MessageView, ProgressView, FileDialogs, FontDialog, HelpViewer, Printers {
   Lines happened;
-  std::deque<Answer> answers;                   // to questions
-  std::deque<std::optional<std::string>> paths; // that file dialogs return; nothing: cancelled
+  std::deque<Answer> answers;                   // answers to questions
+  std::deque<std::optional<std::string>> paths; // results of file dialogs; nullopt means cancelled
   FileQuestion lastQuestion;
-  std::size_t filter = 0;                     // that a Save is given with
+  std::size_t filter = 0;                     // the filter chosen in Save
   std::function<void()> beforeAnswer = [] {}; // once
   bool showsProgress = false;
   FileSystem& files = MachineFiles();
-  std::string pdfFile; // that is printed to; there is no printer
+  std::string pdfFile; // the file that is printed to, without a printer
 
   Answer Show(MessageIcon icon, std::string_view title, std::string_view text, MessageButtons buttons) override {
     const std::string icons[] = {"", "i|", "!|", "X|"};
@@ -85,12 +85,12 @@ protected:
 
   void Start() {
     window = std::make_unique<FrmMain>(MainServices{
-        desk, desk, desk, desk, desk, desk, files, serialPort ? *serialPort : radio, radio, input, practice,
-        Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
+        desktop, desktop, desktop, desktop, desktop, desktop, files, serialPort ? *serialPort : radio, radio, input,
+        practice, Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
         [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
         [](const std::string&) { return std::string("minicom"); },
-        [this](const WindowGeometry&) { desk.happened.emplace_back("geometry"); },
-        [this](const std::string& page) { desk.happened.push_back("link " + page); }});
+        [this](const WindowGeometry&) { desktop.happened.emplace_back("geometry"); },
+        [this](const std::string& page) { desktop.happened.push_back("link " + page); }});
     window->show();
   }
 
@@ -103,8 +103,8 @@ protected:
   std::string Title() { return window->windowTitle().toStdString(); }
   std::string TitleOf(const std::string& name) { return "MR4500X Programming Software - " + Path(name); }
   void Edit() { emit window->Panel().Changed(); }
-  // What has happened since the last look.
-  Lines Happened() { return std::exchange(desk.happened, {}); }
+  // What has happened since the last call.
+  Lines Happened() { return std::exchange(desktop.happened, {}); }
 
   // What is delivered differs if the program that it comes from has ended.
   void Drop(const QMimeData& data, const QMimeData* delivered = nullptr) {
@@ -122,13 +122,13 @@ protected:
   // The image of files, with channel 5 in use.
   void PutInRadio() {
     image.ChannelBlock(4, 0) = 0x81;
-    for (const BlockPlace& place : RecordMap) {
+    for (const BlockLocation& place : RecordMap) {
       const auto bytes = BlockBytes(image, place.block);
       std::copy(bytes.begin(), bytes.end(), &radio.memory.at(place.address));
     }
   }
   void OpenFile(const std::string& name) {
-    desk.paths.emplace_back(Path(name));
+    desktop.paths.emplace_back(Path(name));
     Choose("mnuFileOpen");
     EXPECT_EQ(Happened(), Lines{"dialog Open"});
     EXPECT_EQ(Title(), TitleOf(name));
@@ -144,7 +144,7 @@ protected:
   const std::string question = "!|MR4500X Programming Software|Data hasn't been saved. Do you want to continue?|YNC";
   const std::string damaged = "!|Open File Error|File has been damaged!";
   RadioImage image; // what test files hold
-  ScriptedDesk desk;
+  ScriptedDesktop desktop;
   ScriptedRadio radio;
   SerialPort* serialPort = nullptr; // instead of the radio's
   UserInput input;

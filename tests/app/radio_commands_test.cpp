@@ -22,14 +22,14 @@ protected:
   TransferTest() { PutInRadio(); }
   // The transfer is complete, interrupted or the like, and its message is the only one.
   void ExpectToldOf(Transfer transfer, Outcome outcome) {
-    const Message told = outcome == Outcome::Complete ? CompletionOf(transfer)
-                                                      : *FailureOf({transfer, outcome, "COM3", "No such device"});
+    const Message reported = outcome == Outcome::Complete ? CompletionOf(transfer)
+                                                          : *FailureOf({transfer, outcome, "COM3", "No such device"});
     const char* const icons[] = {"", "i|", "!|", "X|"};
-    EXPECT_EQ(Happened(), Lines{icons[static_cast<int>(told.icon)] + told.title + "|" + told.text});
+    EXPECT_EQ(Happened(), Lines{icons[static_cast<int>(reported.icon)] + reported.title + "|" + reported.text});
   }
 };
 
-TEST_F(TransferTest, FailsWithoutALeftoverAndNextTimeMakesTheDataTheRadios) {
+TEST_F(TransferTest, AfterAFailureTheNextTransferWorksAndTheDataIsTheRadios) {
   for (const auto& [command, transfer, title] : Transfers) {
     SCOPED_TRACE(command);
     Start();
@@ -37,7 +37,7 @@ TEST_F(TransferTest, FailsWithoutALeftoverAndNextTimeMakesTheDataTheRadios) {
     radio.spoil = [](std::size_t frame, LineBytes& reply) {
       if (frame == 9) reply.clear();
     };
-    desk.beforeAnswer = [&] { EXPECT_FALSE(radio.open || desk.showsProgress) << "the message comes last"; };
+    desktop.beforeAnswer = [&] { EXPECT_FALSE(radio.open || desktop.showsProgress) << "the message comes last"; };
     Choose(command);
     ExpectToldOf(transfer, transfer == Transfer::ReadInfo ? Outcome::DataError : Outcome::Interrupted);
     radio.openFailure = "No such device";
@@ -49,13 +49,13 @@ TEST_F(TransferTest, FailsWithoutALeftoverAndNextTimeMakesTheDataTheRadios) {
     radio.openFailure.reset();
     radio.spoil = nullptr;
     Edit();
-    desk.beforeAnswer = [&] { EXPECT_TRUE(radio.open && !desk.showsProgress) << "the message comes first"; };
+    desktop.beforeAnswer = [&] { EXPECT_TRUE(radio.open && !desktop.showsProgress) << "the message comes first"; };
     Choose(command);
     ExpectToldOf(transfer, Outcome::Complete);
     EXPECT_EQ(Title(), title + std::string(ProgramTitle));
     EXPECT_EQ(Item("mnuFileClose")->isEnabled(), transfer != Transfer::WriteInfo);
     EXPECT_TRUE(window->State().ModifiedFlag); // a transfer has nothing to do with it
-    EXPECT_FALSE(desk.showsProgress || radio.open || QGuiApplication::overrideCursor() != nullptr);
+    EXPECT_FALSE(desktop.showsProgress || radio.open || QGuiApplication::overrideCursor() != nullptr);
     Choose("mnuFileSave"); // never over a file that was open before
     EXPECT_EQ(Happened(), Lines{"dialog Save As"});
   }
@@ -68,10 +68,10 @@ TEST_F(TransferTest, AReadProposesItsOwnNameAndAFileShowsNoIdentityOfTheRadioBef
   OpenFile("a.K4X");
   Choose("mnuProgramRead");
   EXPECT_EQ(window->Panel().Shown().identityNumber, "7777777777777777");
-  desk.answers = {Answer::No, Answer::No};
+  desktop.answers = {Answer::No, Answer::No};
   Choose("mnuFileSaveAs");
-  EXPECT_EQ(desk.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
-  desk.paths = {Path("a.K4X")};
+  EXPECT_EQ(desktop.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
+  desktop.paths = {Path("a.K4X")};
   Choose("mnuFileOpen");
   const Configuration shown = window->Panel().Shown();
   EXPECT_EQ(shown.identityNumber + shown.firmwareVersion, std::string(32, '-'));
@@ -80,7 +80,7 @@ TEST_F(TransferTest, AReadProposesItsOwnNameAndAFileShowsNoIdentityOfTheRadioBef
 TEST_F(TransferTest, WritesToAnotherBandOnlyIfTheUserAgrees) {
   radio.identity[1] = 0x88;
   const std::string asked = "!|Frequency Band|" + BandQuestion().text + "|YN";
-  desk.answers = {Answer::No, Answer::Yes};
+  desktop.answers = {Answer::No, Answer::Yes};
   Choose("mnuProgramWrite");
   EXPECT_EQ(Happened(), Lines{asked});
   EXPECT_EQ(Title(), ProgramTitle);
@@ -101,7 +101,7 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   const std::string other =
       "!|Verify after Writing|The radio on COM3 was exchanged: 7777777777777777, firmware 22222222 "
       "was backed up, but 6777777777777777, firmware 22222222 was read back. Check both radios.";
-  // name, what is ticked or not any longer, what the radio changes after the write, sessions, told, status
+  // name, what is ticked or not any longer, what the radio changes after the write, sessions, reported, status
   const std::tuple<const char*, Lines, std::uint16_t, std::size_t, Lines, std::string> cases[] = {
       {"at first", {}, 0, 1, {written}, title},
       {"verified", {"mnuProgramVerify"}, 0, 2, {written}, same},
@@ -112,19 +112,19 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
       {"both", {}, 0, 3, {written}, same},
       {"a file in place of the folder", {}, 0, 1, {noFolder}, title},
   };
-  for (const auto& [name, ticked, flaw, sessions, told, status] : cases) {
+  for (const auto& [name, ticked, flaw, sessions, reported, status] : cases) {
     SCOPED_TRACE(name);
     for (const std::string& item : ticked)
       Choose(item);
     Start(); // the ticks are remembered
     radio.frames.clear();
-    if (told == Lines{noFolder}) {
+    if (reported == Lines{noFolder}) {
       std::filesystem::rename(Path("backup"), Path("kept"));
       Put("backup", "");
     }
-    desk.beforeAnswer = [&, flaw = flaw] { radio.memory[flaw] ^= flaw == 0 ? 0 : 1; };
+    desktop.beforeAnswer = [&, flaw = flaw] { radio.memory[flaw] ^= flaw == 0 ? 0 : 1; };
     Choose("mnuProgramWrite");
-    EXPECT_EQ(Happened(), told);
+    EXPECT_EQ(Happened(), reported);
     EXPECT_EQ(Status(1), status);
     EXPECT_EQ(std::ranges::count_if(radio.frames, [](auto& frame) { return frame[0] != 0x57; }), sessions);
   }

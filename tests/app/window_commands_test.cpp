@@ -21,7 +21,7 @@ protected:
 };
 
 TEST_F(WindowCommandsTest, PrintPrintsNothingThatWasNotChosen) {
-  desk.pdfFile = Path("out.pdf");
+  desktop.pdfFile = Path("out.pdf");
   Print({"chkPrintOutput(1)", "cmdSelAll", "cmdClrAll", "cmdOK", "cmdPrintSet", "cmdCancel"});
   EXPECT_EQ(Happened(),
             (Lines{"i|MR4500X Programming Software|Please select items you want to print.", "dialog Printer Setup"}));
@@ -45,11 +45,11 @@ TEST_F(WindowCommandsTest, PrintKeepsTheTicksUntilThereIsAName) {
 TEST_F(WindowCommandsTest, PrintTakesWhatTheWindowShowsCollectedOrNot) {
   PutDataFile("Taxi 446.1.K4X");
   OpenFile("Taxi 446.1.K4X");
-  desk.paths = {Path("out.pdf")};
+  desktop.paths = {Path("out.pdf")};
   window->findChild<QComboBox*>("cboRadio(5)")->setCurrentIndex(2);
   const RadioImage before = window->Image();
   Print({"chkPrintOutput(0)", "chkPrintOutput(2)", "cmdOK"});
-  EXPECT_EQ(desk.lastQuestion.proposedName, "Taxi 446.1.pdf");
+  EXPECT_EQ(desktop.lastQuestion.proposedName, "Taxi 446.1.pdf");
   EXPECT_EQ(Status(1), "Printed to " + Path("out.pdf"));
   EXPECT_EQ(std::system(("pdftotext -layout " + Path("out.pdf")).c_str()), 0);
   const QString text = QString::fromStdString(Content("out.txt")).remove(' ');
@@ -137,7 +137,7 @@ TEST_F(WindowCommandsTest, EveryControlThatCanHaveTheFocusHasANameForScreenReade
     grid.setCurrentCell(0, column);
     QTest::keyClick(&grid, Qt::Key_Space);
   };
-  desk.paths = {Path("a.K4X")};
+  desktop.paths = {Path("a.K4X")};
   const std::pair<const char*, std::function<void()>> dialogs[] = {
       {"frmTwoFive", [&] { open(3); }},
       {"frmGroup", [&] { open(13); }},

@@ -8,15 +8,15 @@
 namespace mr4500x {
 namespace {
 
-TEST(TerminalTest, TheBandQuestionIsAnsweredBySomebodyOrByTheRule) {
-  // name, typed, whether somebody answers, the rule, accepted
+TEST(TerminalTest, TheBandQuestionIsAnsweredByTheUserOrByTheRule) {
+  // name, typed, whether a user can answer, the rule, accepted
   const std::tuple<const char*, const char*, bool, BandAnswer, bool> cases[] = {
       {"yes", "Yes\n", true, BandAnswer::Ask, true},
       {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, BandAnswer::Ask, true},
       {"no", "NO\n", true, BandAnswer::Ask, false},
       {"the end of the input", "", true, BandAnswer::Ask, false},
-      {"nobody there", "y\n", false, BandAnswer::Ask, false},
-      {"interrupted", "\x03", true, BandAnswer::Ask, false}, // stands for the signal
+      {"no user", "y\n", false, BandAnswer::Ask, false},
+      {"interrupted", "\x03", true, BandAnswer::Ask, false}, // represents the signal
       {"accepted beforehand", "n\n", true, BandAnswer::Yes, true},
   };
   for (const auto& [name, typed, answersQuestions, band, accepted] : cases) {

@@ -43,7 +43,7 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(two.output, "row 2, Car 2, radio LR-2"), CountOf(two.output, ", radio LR-2: ")) << two.output;
   EXPECT_EQ(CountOf(Content("log.csv"), ",verified,"), 2U) << Content("log.csv");
 
-  // The same again: what is done is not written anew. Another band is, as asked for.
+  // Runs again: radios that are done are not written again. The one with another band is, because of the option.
   const Ended all = Fleet(rows + " --accept-band --compare-done --backup " + Path("kept") + " --trace " +
                           Path("traces") + " --log " + Path("log2.csv"));
   EXPECT_EQ(all.status, 0) << all.output;
@@ -69,7 +69,7 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EndRadio();
 }
 
-TEST_F(FleetCommandTest, WhatAMovedJournalMissesIsHandedInLater) {
+TEST_F(FleetCommandTest, EntriesThatAMovedJournalMissesAreAddedLater) {
   Put("rows.csv", "label\nCar 1\n");
   AddRadio("LR-1", " --pace 9600");
   const std::string fleet = MR4500X_CLI " fleet " + file + " --quick --ports " + ports + " --rows " + Path("rows.csv");
@@ -111,7 +111,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
              {dry + " --start-over --carry-over", 2, ""}});
   const Ended refused = Fleet(rows);
   EXPECT_EQ(refused.status, 1);
-  EXPECT_EQ(refused.output, "The list has changed: " + changes + ". Give --carry-over or --start-over.\n");
+  EXPECT_EQ(refused.output, "The list has changed: " + changes + ". Use --carry-over or --start-over.\n");
   EXPECT_EQ(CountOf(rowsOf(""), "carried over"), 1U) << "nothing was entered";
 
   // The radio keeps its row, which is another one now. It is not written.
@@ -156,7 +156,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   std::filesystem::copy(file, Path("b.K4X"));
   const Ended renamed = Cli("fleet " + Path("b.K4X") + rows + " --ports " + ports);
   EXPECT_EQ(renamed.status, 1);
-  EXPECT_TRUE(renamed.output.starts_with("This template, under another name, has the journal ")) << renamed.output;
+  EXPECT_TRUE(renamed.output.starts_with("This template has the journal ")) << renamed.output;
   EXPECT_FALSE(std::filesystem::exists(Path("b.journal")));
   std::filesystem::rename(Path("a.journal"), Path("b.journal"));
   EXPECT_EQ(Cli("fleet --dry-run " + Path("b.K4X") + rows).status, 0) << "it was renamed as well";

@@ -49,7 +49,7 @@ protected:
   SerialLine line{radio, radio, 3};
 };
 
-TEST_F(RadioCommandsTest, IdentifyAndReadTellWhoTheRadioIsAndChangeNothing) {
+TEST_F(RadioCommandsTest, IdentifyAndReadPrintWhichRadioItIsAndChangeNothing) {
   const auto before = radio.memory;
   const std::string identity = "ID Number              LR7200/../004217\n"
                                "Version of Firmware    V1.02\n"
@@ -130,18 +130,18 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
       {"of more bytes than there are", [](LineBytes& reply) { reply[3] = 9; }, "COM3: Read data error"},
       {"of no bytes", [](LineBytes& reply) { reply.clear(); }, "COM3: Reading is interrupted"},
   };
-  for (const auto& [name, spoil, told] : bandRecords) {
+  for (const auto& [name, spoil, reported] : bandRecords) {
     SCOPED_TRACE(name);
     radio.spoil = [spoil = spoil](std::size_t, LineBytes& reply) {
       if (reply.size() == 12 && reply[1] == 0x03 && reply[2] == 0xF0) spoil(reply);
     };
     err.str("");
     EXPECT_EQ(RunVerify(command, file, DiffForm::Labels), Failed);
-    EXPECT_TRUE(err.str().starts_with(told)) << err.str();
+    EXPECT_TRUE(err.str().starts_with(reported)) << err.str();
   }
 }
 
-TEST_F(RadioCommandsTest, PortsTellsDeviceAndStateOfAllSixteen) {
+TEST_F(RadioCommandsTest, PortsListsDeviceAndStateOfAllSixteen) {
   struct SomePorts final : ScriptedRadio {
     int number = 0;
     void SetPortNumber(int n) override { number = n; }
@@ -162,7 +162,7 @@ TEST_F(RadioCommandsTest, PortsTellsDeviceAndStateOfAllSixteen) {
   EXPECT_FALSE(ports.open);
 }
 
-TEST_F(RadioCommandsTest, WriteKeepsTheRadioBeforeItAndTheTextGoesBack) {
+TEST_F(RadioCommandsTest, WriteBacksUpTheRadioAndTheTextCanBeRestored) {
   const auto before = radio.memory;
   EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path("new/folder")}), Done);
   EXPECT_NE(radio.memory, before);

@@ -47,21 +47,21 @@ protected:
   void Restore() { std::filesystem::copy_file(a, b, std::filesystem::copy_options::overwrite_existing); }
 };
 
-TEST_F(SettingCommandsTest, APatchHasWhatWouldFollowFromItAndMustNot) {
+TEST_F(SettingCommandsTest, APatchContainsValuesThatItWouldOtherwiseChange) {
   EXPECT_EQ(Set({"channels.1.rx_tone=CTC88.5", "channels.1.tail_cut=OFF"}), "");
   EXPECT_NE(Diff(DiffForm::Patch).find("\"tail_cut\": \"OFF\""), std::string::npos) << "of a tone";
   Restore();
 }
 
-// What is given wins over what follows from another value, whatever the order on the command line.
-TEST_F(SettingCommandsTest, SetsWhatIsGivenAndWhatFollows) {
+// A given value takes precedence over the effect of another one, in any order on the command line.
+TEST_F(SettingCommandsTest, SetsGivenValuesWithTheirEffects) {
   for (const Row& row : RowsOf(CASES "set_changes.txt", "([^:]*): (.*) -> (.*) -> (.*)")) {
     EXPECT_EQ(Set(SplitAt(row[2], '|')), Unescaped(row[4])) << row[1];
     EXPECT_EQ(Diff(), row[3].empty() ? "" : Unescaped(row[3]) + "status 1") << row[1];
     Restore();
   }
-  const std::string told = Set({"band.lower=480", "band.upper=520", "channels.16.rx_freq=519.99375"});
-  EXPECT_TRUE(told.ends_with("channels.8.rx_freq and 23 more\n")) << "above the old band: " << told;
+  const std::string reported = Set({"band.lower=480", "band.upper=520", "channels.16.rx_freq=519.99375"});
+  EXPECT_TRUE(reported.ends_with("channels.8.rx_freq and 23 more\n")) << "above the old band: " << reported;
   EXPECT_EQ(Get({"channels.1.tx_freq", "channels.16.rx_freq", "band.lower"}), "480.00000\n519.99375\n480\n");
   Put("b.K4X", Content("a.K4X").replace(688, 1, "\x80"));
   EXPECT_EQ(Diff(), "BandBlock 7  0x00  0x80\nstatus 1") << "what no setting shows";
@@ -93,7 +93,7 @@ TEST_F(SettingCommandsTest, ApplyTakesTimeInProportionToItsInput) {
   }
 }
 
-TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
+TEST_F(SettingCommandsTest, RefusesAllForOneAndListsEach) {
   const std::string before = Content("b.K4X");
   for (const Row& row : RowsOf(CASES "refused_changes.txt", "(set|apply) (.*) => (.*)"))
     EXPECT_EQ(row[1] == "set" ? Set(SplitAt(row[2], '|')) : Apply(row[2]), Unescaped(row[3]) + "status 2") << row[2];
@@ -101,15 +101,16 @@ TEST_F(SettingCommandsTest, RefusesAllForOneAndTellsEach) {
   EXPECT_EQ(Content("b.K4X"), before);
 }
 
-TEST_F(SettingCommandsTest, RepairsAStandardOfZeroAndWritesNothingThatIsAsItWas) {
+TEST_F(SettingCommandsTest, RepairsAStandardOfZeroAndWritesNothingUnchanged) {
   RadioImage image;
   ASSERT_EQ(LoadDataFile(files, b, image).outcome, LoadOutcome::Loaded);
   image.ResetTimeBlock[StandardByte] = 0;
   ASSERT_TRUE(SaveDataFile(files, b, image));
-  const std::string told = b + ": Data occur error in the Radio, please re-set. (The 5-tone standard is 0. It is taken "
+  const std::string reported = b +
+                               ": Data occur error in the Radio, please re-set. (The 5-tone standard is 0. It is taken "
                                "for ZVEI1.)\n";
-  EXPECT_EQ(Get({"five_tone_standard"}), told + "ZVEI1\n");
-  EXPECT_EQ(Set({"global.tx_tot=60s"}), told);
+  EXPECT_EQ(Get({"five_tone_standard"}), reported + "ZVEI1\n");
+  EXPECT_EQ(Set({"global.tx_tot=60s"}), reported);
   EXPECT_EQ(Get({"five_tone_standard"}), "ZVEI1\n");
   std::filesystem::permissions(b, std::filesystem::perms::owner_read); // so that no save succeeds
   EXPECT_EQ(Set({"global.tx_tot=60s"}), "");

@@ -16,7 +16,7 @@ void PutBytes(RadioImage& image, const std::string& bytes) {
   for (std::string word; in >> word; ++address) {
     const std::size_t equals = word.find('=');
     if (equals != std::string::npos) address = static_cast<std::uint16_t>(std::stoul(word, nullptr, 16));
-    const BlockPlace& place = *PlaceOf(address);
+    const BlockLocation& place = *LocationOf(address);
     BlockBytes(image, place.block)[address - place.address] = BytesOf(word.substr(equals + 1)).at(0);
   }
 }
@@ -25,7 +25,7 @@ std::string ChangedBytes(const RadioImage& before, const RadioImage& after) {
   std::ostringstream changed;
   changed << std::hex << std::uppercase << std::setfill('0');
   for (std::uint16_t address = 0, next = 0xFFFF; address < 0x400; ++address) {
-    const BlockPlace* const place = PlaceOf(address);
+    const BlockLocation* const place = LocationOf(address);
     const std::size_t i = address - (place != nullptr ? place->address : 0);
     if (place == nullptr || BlockBytes(before, place->block)[i] == BlockBytes(after, place->block)[i]) continue;
     changed << (changed.tellp() > 0 ? " " : "");

@@ -30,7 +30,7 @@ protected:
   Configuration configuration = NewConfiguration(image, texts, {2026, 1, 2, 3, 4, 5});
 };
 
-// Each setting alone, to its last choice or another value: one line, and no byte besides it.
+// Each setting alone, changed to its last choice or another value, gives one line and no byte.
 TEST_F(DifferencesTest, APlantedDifferenceOfEachSettingIsOneLine) {
   configuration[ChoiceList::PttId].position = 3;
   configuration.connectId = configuration.disconnectId = "1";
@@ -54,7 +54,7 @@ TEST_F(DifferencesTest, APlantedDifferenceOfEachSettingIsOneLine) {
     ASSERT_FALSE(found.settings.empty());
     const auto isIt = [&](const Difference& difference) { return difference.at == at; };
     EXPECT_TRUE(std::any_of(found.settings.begin(), found.settings.end(), isIt));
-    const bool hasConsequences = field.place == FieldPlace(ChoiceList::SelectCall) || // and their tones
+    const bool hasConsequences = field.place == FieldPlace(ChoiceList::SelectCall) || // changes the tones as well
                                  field.place == FieldPlace(Box::LowerBandLimit) || field.key == "rx_tone" ||
                                  field.group == FieldGroup::Keys || field.key == "ptt_id";
     EXPECT_TRUE(found.settings.size() == 1 || hasConsequences) << Between(image, other).back();
@@ -97,13 +97,13 @@ TEST_F(DifferencesTest, BytesAreTheOnesThatNoSettingShows) {
   }
 }
 
-// A byte that differs is explained by a setting or told.
+// Every byte that differs is explained by a setting or listed.
 TEST_F(DifferencesTest, NoDifferenceIsMissed) {
   std::mt19937 random(12);
   for (int round = 0; round < 200; ++round) {
     const RadioImage before = RandomImage(random);
     RadioImage after = before;
-    const BlockPlace& place = RecordMap[random() % 8];
+    const BlockLocation& place = RecordMap[random() % 8];
     const auto bytes = BlockBytes(after, place.block);
     bytes[random() % bytes.size()] ^= static_cast<std::uint8_t>(1U << random() % 8);
     ASSERT_FALSE(CompareImages(before, after, texts).IsEmpty()) << round;
@@ -111,7 +111,7 @@ TEST_F(DifferencesTest, NoDifferenceIsMissed) {
   }
 }
 
-// Among them the digits of an ID that the other side does not send.
+// These include the digits of an ID that the other side does not send.
 TEST_F(DifferencesTest, AllBytesThatNoSettingShowsAreTakenAndLeaveTheSettings) {
   std::mt19937 random(7);
   const auto bytesOf = [&](const Comparison& comparison, const RadioImage& here) {
@@ -123,7 +123,7 @@ TEST_F(DifferencesTest, AllBytesThatNoSettingShowsAreTakenAndLeaveTheSettings) {
     RadioImage here = RandomImage(random);
     Configuration shown = Decode(here, texts).configuration;
     SettleAfterFill(here);
-    Encode(shown, here, texts); // as the editor has it after a save
+    Encode(shown, here, texts); // the editor's image after a save
     shown = Decode(here, texts).configuration;
     const Comparison comparison(RandomImage(random), texts);
     const Comparison::Taken taken = comparison.Take(shown, here, bytesOf(comparison, here));

@@ -1,6 +1,6 @@
-// A new configuration, and two in which no two fields of a kind hold the same value (what has two values only differs
-// over the two together), and what they are as bytes, in the table and the JSON document, on paper and in the window.
-// Whatever shows one field for another, or under another's label, differs from the texts in the folder every_setting.
+// A new configuration, and two in which no two fields of a kind hold the same value (fields with only two values differ
+// over both together), as bytes, in the table and the JSON document, on paper and in the window. If any of these
+// confuses two fields or labels, it differs from the texts in the folder every_setting.
 #include "configuration_json.h"
 #include "configuration_texts.h"
 #include "editor_panel.h"
@@ -69,7 +69,7 @@ RadioImage ReadImage(const std::string& name) {
 }
 
 void ExpectBytes(const RadioImage& image, const RadioImage& expected) {
-  for (const BlockPlace& place : RecordMap) {
+  for (const BlockLocation& place : RecordMap) {
     const auto shown = BlockBytes(image, place.block), wanted = BlockBytes(expected, place.block);
     ASSERT_EQ(shown.size(), wanted.size());
     for (std::size_t i = 0; i < shown.size(); ++i)
@@ -109,7 +109,7 @@ std::string CheckText(const QCheckBox& box) {
   return box.isChecked() ? "checked" : "unchecked";
 }
 
-// The name under which the user finds a control of a frame: its own text, its label, or what a screen reader says.
+// The name by which the user finds a control of a frame: its own text, its label, or its name for screen readers.
 std::string NameOf(const QWidget& control, const QGroupBox& frame) {
   if (const auto* const check = qobject_cast<const QCheckBox*>(&control)) return check->text().toStdString();
   for (const auto* const label : frame.findChildren<QLabel*>())
@@ -117,7 +117,7 @@ std::string NameOf(const QWidget& control, const QGroupBox& frame) {
   return control.accessibleName().toStdString();
 }
 
-// What the lists, boxes and labels show that the user sees.
+// The content of all visible lists, boxes and labels.
 std::set<std::string> FieldsOf(const QGroupBox& frame) {
   std::set<std::string> lines;
   for (const auto* const control : frame.findChildren<QWidget*>()) {
@@ -202,7 +202,7 @@ TEST_P(EverySettingTest, CollectsTheBytesAgain) {
 
   // The bytes that belong to a field come from the configuration alone.
   RadioImage blank;
-  blank.FiveToneStandard = image.ResetTimeBlock[2]; // in TTS mode no field
+  blank.FiveToneStandard = image.ResetTimeBlock[2]; // not a field in TTS mode
   Encode(configuration, blank, Texts());
   EXPECT_EQ(ShownOf(blank).channels, configuration.channels);
   EXPECT_EQ(ShownOf(blank).lists, configuration.lists);
@@ -211,7 +211,7 @@ TEST_P(EverySettingTest, CollectsTheBytesAgain) {
 TEST(NewConfigurationTest, HasTheDefaultsAndKeepsWhatHasNone) {
   for (const std::uint8_t before : {std::uint8_t{0x00}, std::uint8_t{0xA5}}) {
     RadioImage image, expected = ReadImage("new/radio.hex");
-    for (const BlockPlace& place : RecordMap)
+    for (const BlockLocation& place : RecordMap)
       std::ranges::fill(BlockBytes(image, place.block), before);
     for (const ImageBlock kept :
          {ImageBlock::RadioIdBlock, ImageBlock::FirmwareVersionBlock, ImageBlock::SelCallCodeBlock})

@@ -10,7 +10,7 @@ namespace mr4500x {
 
 inline RadioImage RandomImage(std::mt19937& random) {
   RadioImage image;
-  for (const BlockPlace& place : RecordMap)
+  for (const BlockLocation& place : RecordMap)
     for (std::uint8_t& byte : BlockBytes(image, place.block))
       byte = static_cast<std::uint8_t>(random());
   for (std::uint8_t& key : image.KeyProgramBlock)

@@ -47,7 +47,7 @@ TEST_F(SetFieldTest, EverySettingHasAnIdentifierOfItsOwn) {
   }
 }
 
-// With the standard 0 nothing could be shown any more.
+// With the standard 0 nothing could be shown.
 TEST_F(SetFieldTest, TakesACodeOfAStandardButNotTheOneThatNoImageShows) {
   configuration[ChoiceList::SelectCall].position = FiveToneMode;
   const FieldAt at = *FindField("five_tone_standard");
@@ -65,7 +65,7 @@ TEST_F(SetFieldTest, TakesEveryChoiceOfEverySetting) {
   for (const Row& row : RowsOf(CASES "choices.txt", "(\\S+) (\\w+) (\\w+)(?: after (.*?)=(.*?))?: (.*)")) {
     const FieldAt at = FindField(row[1]).value();
     const auto address = static_cast<std::uint16_t>(std::stoul(row[2], nullptr, 16));
-    const BlockPlace& place = *PlaceOf(address);
+    const BlockLocation& place = *LocationOf(address);
     tried.insert(at.field);
     configuration = NewConfiguration(image, texts, {});
     EXPECT_EQ(row[4].empty() ? "" : Set(FindField(row[4]).value(), row[5]), "");

@@ -138,11 +138,11 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
                                     "\nCH16 Rx Freq (MHz): 500, allowed: 440 to 469.99375 MHz"});
   EXPECT_EQ(panel.Shown(), before);
   changed.clear();
-  QSignalSpy told(&panel, &EditorPanel::Told);
+  QSignalSpy reported(&panel, &EditorPanel::StatusMessage);
   for (const char* const nothing : {"", " \n\t\n"}) {
     SetClipboard(nothing);
     Paste();
-    EXPECT_EQ(told.takeLast().at(0), "There is nothing to paste.");
+    EXPECT_EQ(reported.takeLast().at(0), "There is nothing to paste.");
   }
   EXPECT_EQ(changed.count(), 0);
 }
@@ -173,15 +173,16 @@ TEST_F(CommandsTest, SelectedChannelsAreUsedTogetherByACommandOrByOneBox) {
   EXPECT_EQ(ticked("chkCH") + ticked("chkTx"), "2 1 ") << "a box of no selected channel is its own";
 }
 
-TEST_F(CommandsTest, FillDownTellsAllChannelsThatRefuse) {
+TEST_F(CommandsTest, FillDownListsAllChannelsThatRefuse) {
   SetCell(1, 1, "440.00250");
   const Configuration before = panel.Shown();
   ClickLabel(1);
   ClickLabel(16, Qt::ShiftModifier);
   Key(Qt::Key_D, Qt::ControlModifier);
-  const std::string told = messages.Taken().at(0);
-  EXPECT_TRUE(told.starts_with(std::string("!|Fill Down|") + Refused + "\nCH2 Rx Freq (MHz): 440.00250, allowed: a m"));
-  EXPECT_TRUE(told.ends_with("\nand 3 more")) << told;
+  const std::string reported = messages.Taken().at(0);
+  EXPECT_TRUE(
+      reported.starts_with(std::string("!|Fill Down|") + Refused + "\nCH2 Rx Freq (MHz): 440.00250, allowed: a m"));
+  EXPECT_TRUE(reported.ends_with("\nand 3 more")) << reported;
   EXPECT_EQ(panel.Shown(), before);
 }
 

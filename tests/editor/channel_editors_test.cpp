@@ -38,7 +38,7 @@ TEST_F(ChannelTest, FrequenciesAreFilteredRoundedAndClamped) {
 
 TEST_F(ChannelTest, EachWayToLeaveTheFrequencyEditor) {
   const auto key = [this](Qt::Key k) { return [=, this] { QTest::keyClick(&frequency, k); }; };
-  messages.whileShown = [this] { // as a real box does, and as the focus would go when it closes
+  messages.whileShown = [this] { // like a real box, which takes the focus and returns it
     GoElsewhere();
     frequency.setFocus();
   };
@@ -65,7 +65,7 @@ TEST_F(ChannelTest, EachWayToLeaveTheFrequencyEditor) {
   }
 }
 
-TEST_F(ChannelTest, AMenuOrAnotherWindowOnlyBorrowsTheFocus) {
+TEST_F(ChannelTest, AMenuOrAnotherWindowTakesTheFocusOnlyTemporarily) {
   for (const auto& [column, editor] : {std::pair<int, QWidget*>{1, &frequency}, {3, &tone}}) {
     Click(1, column);
     for (const auto reason : {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
@@ -82,7 +82,7 @@ struct CommaTest : ChannelTest {
 
 // What the status bar says of an entry.
 TEST_F(CommaTest, TellsWhereAFrequencyIsMovedAndWhatIsDropped) {
-  QSignalSpy told(&panel, &EditorPanel::Told);
+  QSignalSpy reported(&panel, &EditorPanel::StatusMessage);
   for (const Row& row : RowsOf(CASES "frequency_messages.txt", "[^:]+: (types|pastes) (\\S+) -> (\\S+)(?: -> (.*))?")) {
     const auto& [line, how, entry, stored, says] = std::tie(row[0], row[1], row[2], row[3], row[4]);
     Click(6, 1);
@@ -93,7 +93,7 @@ TEST_F(CommaTest, TellsWhereAFrequencyIsMovedAndWhatIsDropped) {
     QCoreApplication::processEvents();
     EXPECT_EQ(Cell(6, 1), stored) << line;
     QStringList lines;
-    for (const auto& arguments : std::exchange(static_cast<QList<QList<QVariant>>&>(told), {}))
+    for (const auto& arguments : std::exchange(static_cast<QList<QList<QVariant>>&>(reported), {}))
       lines.append(arguments.at(0).toString());
     EXPECT_EQ(lines.join(" | ").toStdString(), says) << line;
   }

@@ -19,9 +19,10 @@ struct HistoryTest : ChannelTest {
     Encode(panel.Shown(), bytes, texts);
     return bytes;
   }
-  Lines told; // in passing
-  QMetaObject::Connection listening = QObject::connect(
-      &panel, &EditorPanel::Told, &panel, [this](const QString& text) { told.push_back(text.toStdString()); });
+  Lines reported; // in passing
+  QMetaObject::Connection listening =
+      QObject::connect(&panel, &EditorPanel::StatusMessage, &panel,
+                       [this](const QString& text) { reported.push_back(text.toStdString()); });
 };
 
 TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
@@ -66,7 +67,7 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
                        "Connect ID: 12",      "PTT ID: Both"};
   for (const std::string& step : steps) {
     Undo();
-    EXPECT_EQ(std::exchange(told, {}), Lines{"Undone: " + step});
+    EXPECT_EQ(std::exchange(reported, {}), Lines{"Undone: " + step});
   }
   EXPECT_EQ(panel.Shown(), before);
   EXPECT_EQ(image.EmbeddedInfoBlock, text);
@@ -74,7 +75,7 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   EXPECT_GT(changed.count(), 0) << "what was undone is not saved";
   for (std::size_t i = 0; i < steps.size(); ++i)
     Redo();
-  EXPECT_EQ(told.back(), "Redone: CH3 In Use");
+  EXPECT_EQ(reported.back(), "Redone: CH3 In Use");
   EXPECT_EQ(panel.Shown(), after);
   EXPECT_EQ(messages.shown, Lines());
 
@@ -83,7 +84,7 @@ TEST_F(HistoryTest, AStepIsOneActionOrWhatIsTypedInABoxUntilItIsLeft) {
   Redo();
   panel.Fill(); // other data
   Undo();
-  EXPECT_EQ(told.back(), "Nothing to undo");
+  EXPECT_EQ(reported.back(), "Nothing to undo");
 }
 
 TEST_F(HistoryTest, AHalfTypedLimitIsNoStepAndTouchesNoBytes) {
@@ -91,7 +92,7 @@ TEST_F(HistoryTest, AHalfTypedLimitIsNoStepAndTouchesNoBytes) {
   panel.Fill();
   const RadioImage before = Bytes();
   messages.answer = Answer::Yes;
-  QWidget other; // as the comparison
+  QWidget other; // such as the comparison
   other.show();
   QLineEdit& limit = Type("txtFreqBandL", "45");
   QTest::keyClick(&other, Qt::Key_Shift);
@@ -108,7 +109,7 @@ TEST_F(HistoryTest, AHalfTypedLimitIsNoStepAndTouchesNoBytes) {
   QTest::keyClicks(&limit, "0");
   GoElsewhere();
   Undo();
-  EXPECT_EQ(told.back(), "Undone: Lower Limit: 450");
+  EXPECT_EQ(reported.back(), "Undone: Lower Limit: 450");
   EXPECT_EQ(limit.text(), "440");
   EXPECT_EQ(Bytes(), before);
 }
@@ -126,7 +127,7 @@ TEST_F(HistoryTest, AMoveOfUnseenBytesIsAStep) {
   EXPECT_EQ(moved.ChannelBlock(5, 0) & 0x08, 0x08);
   EXPECT_GT(changed.count(), 0);
   Undo();
-  EXPECT_EQ(told.back(), "Undone: Move Down");
+  EXPECT_EQ(reported.back(), "Undone: Move Down");
   EXPECT_EQ(Bytes(), before);
   Redo();
   EXPECT_EQ(Bytes(), moved);

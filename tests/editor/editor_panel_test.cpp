@@ -15,13 +15,13 @@ struct PanelTest : EditorTest {
   QTableWidget& channels = Get<QTableWidget>("gridChannel");
 };
 
-// The window loses, adds and turns nothing over: through its controls an image becomes what it becomes without them.
+// The window loses and adds nothing: a fill and a collect through its controls change an image exactly as without them.
 TEST_F(PanelTest, FillAndCollectThroughTheControls) {
   std::mt19937 random(6);
-  messages.whileShown = [&] { EXPECT_TRUE(panel.updatesEnabled()) << "told over a panel that is not drawn"; };
+  messages.whileShown = [&] { EXPECT_TRUE(panel.updatesEnabled()) << "a message over a panel that is not drawn"; };
   int conflicts = 0;
   for (int round = 0; round < 200; ++round) {
-    for (const BlockPlace& place : RecordMap) {
+    for (const BlockLocation& place : RecordMap) {
       for (std::uint8_t& byte : BlockBytes(image, place.block))
         byte = static_cast<std::uint8_t>(random());
     }
@@ -46,7 +46,7 @@ TEST_F(PanelTest, FillAndCollectThroughTheControls) {
 
 constexpr int RxSelCall = 3, TxSelCall = 9, GroupCall = 13; // columns of the table
 
-TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
+TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndEnablesItsTable) {
   panel.ShowFunctionView();
   auto& mode = List("cboRadio(0)");
   Click(ttsTable, 4, 1);
@@ -58,7 +58,7 @@ TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
   for (const bool fiveTone : {true, false}) {
     for (const int column : {RxSelCall, TxSelCall, GroupCall})
       channels.item(0, column)->setText("TTS 3");
-    mode.setCurrentIndex(fiveTone ? 0 : 1); // as it is
+    mode.setCurrentIndex(fiveTone ? 0 : 1); // the current mode
     EXPECT_EQ(Cell(channels, 0, RxSelCall), "TTS 3");
     mode.setCurrentIndex(fiveTone ? 1 : 0);
     for (const int column : {RxSelCall, TxSelCall, GroupCall})
@@ -68,9 +68,9 @@ TEST_F(PanelTest, AnotherModeResetsTheSelectiveCallsAndTakesItsTableIntoUse) {
   }
 }
 
-// The image still holds the codes of the mode that it was filled with. A refused entry brings the filled limit back,
-// which is then not the one in force any more.
-TEST_F(PanelTest, ANewLowerLimitStartsTheChannelsAnewIfTheUserAgrees) {
+// The image still holds the codes of the mode that it was filled with. A refused entry restores the filled limit, which
+// is then no longer the current one.
+TEST_F(PanelTest, ANewLowerLimitResetsTheChannelsIfTheUserAgrees) {
   WriteSetting(image, Setting::SelcallMode, 0);
   image.ChannelBlock(0, 0) |= 0x04;
   image.SelCallCodeBlock.bytes.fill(0x33);

@@ -29,8 +29,8 @@ struct FrmEmbedTest : testing::Test {
   }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(box, key, modifiers); }
   void Undo() { Key(Qt::Key_Z, Qt::ControlModifier); }
-  // How often the message about the top size has come since the last look.
-  std::size_t Told() {
+  // How often the message about the top size has appeared since the last call.
+  std::size_t Reported() {
     QCoreApplication::processEvents();
     for (const std::string& message : messages.shown)
       EXPECT_EQ(message, "|MR4500X Programming Software|It has been reached to the Top Size of the Input Text.");
@@ -50,15 +50,15 @@ TEST_F(FrmEmbedTest, TakesTypedTextUpToItsTopSize) {
   PutCaret(2);
   Key(Qt::Key_Return);
   EXPECT_EQ(dialog->findChild<QLabel*>("lblCount")->text(), "119 / 119");
-  EXPECT_EQ(Told(), 0U);
+  EXPECT_EQ(Reported(), 0U);
   const std::u16string full = dialog->EmbedData();
   EXPECT_EQ(full.substr(0, 5), u"--\r\n-");
   for (const auto key : {Qt::Key_X, Qt::Key_Return}) {
     PutCaret(60);
     Key(key);
-    EXPECT_EQ(Told(), 1U) << key;
+    EXPECT_EQ(Reported(), 1U) << key;
     Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); // does not bring it back
-    EXPECT_TRUE(Told() == 0 && dialog->EmbedData() == full && box->textCursor().position() == 60) << key;
+    EXPECT_TRUE(Reported() == 0 && dialog->EmbedData() == full && box->textCursor().position() == 60) << key;
   }
 }
 
@@ -78,8 +78,8 @@ TEST_F(FrmEmbedTest, CutsWhateverPutsTextIn) {
       QApplication::sendEvent(box, &composed);
     EXPECT_EQ(dialog->EmbedData(), std::u16string(given).insert(60, u"1\r\n345\U0001F600").substr(0, 119));
     EXPECT_EQ(box->textCursor().position(), 67);
-    EXPECT_EQ(Told(), 1U);
-    Undo(); // as if it had not been put in
+    EXPECT_EQ(Reported(), 1U);
+    Undo(); // returns to the text before the input
     EXPECT_EQ(dialog->EmbedData(), given);
   }
 }
@@ -95,10 +95,10 @@ TEST_F(FrmEmbedTest, KeepsWhatIsNotEditedUnitForUnit) {
   EXPECT_EQ(dialog->EmbedData(), odd);
 
   Open(std::u16string(120, u'x'));
-  EXPECT_TRUE(dialog->EmbedData().size() == 120 && Told() == 0) << "for having opened";
+  EXPECT_TRUE(dialog->EmbedData().size() == 120 && Reported() == 0) << "for having opened";
 }
 
-// The formats of its owner, who may not give what they name.
+// The clipboard owner's formats, whose data may be missing.
 struct OwnersData : QMimeData {
   explicit OwnersData(QStringList names) : given(std::move(names)) {}
   QStringList formats() const override { return given; }

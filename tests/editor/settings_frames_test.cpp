@@ -1,4 +1,5 @@
-// The settings under keys and clicks: what their boxes take, refuse and tell, and what one means for another.
+// The settings under keys and clicks: the entries that their boxes accept and refuse, their messages, and their effects
+// on each other.
 #include "editor_fixture.h"
 #include "field_rules.h"
 #include "key_rules.h"
@@ -74,7 +75,7 @@ TEST_F(SettingsTest, AClickOnAnArrowCountsAtTheRelease) {
   }
 }
 
-TEST_F(SettingsTest, EachChangeIsToldOnceButNoTypedId) {
+TEST_F(SettingsTest, EachChangeIsReportedOnceButNoTypedId) {
   Type("txtANI", "12");
   EXPECT_EQ(changed.count(), 0);
   Type("txtResetTime", "12");
@@ -82,7 +83,7 @@ TEST_F(SettingsTest, EachChangeIsToldOnceButNoTypedId) {
   EXPECT_EQ(changed.count(), 4);
   List("cboRadio(9)").setCurrentText("Both");
   Type("txtConnect", "12");
-  List("cboRadio(9)").setCurrentText("Disconnect ID"); // which takes "Connect ID" out of use
+  List("cboRadio(9)").setCurrentText("Disconnect ID"); // disables "Connect ID"
   EXPECT_EQ(Text("txtConnect") + Text("txtDisconnect"), std::string(None) + " disabled" + None);
   image.ResetTimeBlock = {0, 1, 9};
   panel.Fill();
@@ -130,7 +131,7 @@ TEST_F(SettingsTest, AWheelTurnsOnlyWhatHasTheFocus) {
   EXPECT_EQ(list.currentIndex(), 1);
 }
 
-constexpr int Scan = 2, TalkAround = 5, LongBReverse = 5; // of the lists with a special function
+constexpr int Scan = 2, TalkAround = 5, LongBReverse = 5; // positions in the lists with a special function
 
 TEST_F(SettingsTest, KeysExcludeEachOther) {
   for (const auto& [list, other, fixed] :

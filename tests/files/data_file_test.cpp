@@ -39,7 +39,7 @@ TEST(DataFile, IsTheDocumentedBytes) {
   }
 }
 
-TEST_F(FilesTest, LoadingTellsMissingFromDamaged) {
+TEST_F(FilesTest, LoadingDistinguishesMissingFromDamaged) {
   const Bytes fresh = BuildDataFile(FreshImage());
   Put("empty.K4X", "");
   std::filesystem::create_symlink(Path("nowhere"), Path("dangling.K4X"));

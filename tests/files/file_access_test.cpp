@@ -14,7 +14,7 @@ bool SaveNew(FileSystem& files, const std::string& path) {
 
 } // namespace
 
-TEST_F(FilesTest, SavingRefusesWhatIsNoWritableFile) {
+TEST_F(FilesTest, SavingRefusesWhatIsNotAWritableFile) {
   Put("protected", "old");
   chmod(Path("protected").c_str(), 0444); // refused even to the superuser
   Put("foreign", "old");
@@ -32,7 +32,7 @@ TEST_F(FilesTest, SavingRefusesWhatIsNoWritableFile) {
   EXPECT_EQ(Names(), before);
 }
 
-TEST_F(FilesTest, SavingRemovesOnlyTemporariesThatNobodyHolds) {
+TEST_F(FilesTest, SavingRemovesOnlyTemporariesThatAreNotLocked) {
   const std::string prefix = ".mr4500x-save-", held = prefix + "fedcba9876543210", folder = prefix + "000000000000000f";
   std::set<std::string> expected = {prefix, prefix + "notes", Leftover + "0", "file.tmp", Leftover};
   for (const std::string& name : expected)

@@ -12,7 +12,7 @@ std::string WithUnixLineEnds(const std::string& text) {
 }
 } // namespace
 
-TEST(IniText, ValuesAreFoundAsThePlatformWould) {
+TEST(IniText, ValuesAreFoundAsOnThePlatform) {
   const std::string text =
       "\xEF\xBB\xBF[ First ]\r\n; a=comment\r\na = one two \t\r\nB=\"  quoted \"\r\nc='x'\na=again\n"
       "\tlone=\"\nempty =\nno equals sign\npath=/a=b/c;d\n"
@@ -21,7 +21,7 @@ TEST(IniText, ValuesAreFoundAsThePlatformWould) {
     EXPECT_EQ(FindIniValue(text, row[1], row[2]).value_or("nothing"), row[3]) << row[0];
 }
 
-TEST(IniText, SettingAValueLeavesEveryOtherLineAsItWas) {
+TEST(IniText, SettingAValueLeavesEveryOtherLineUnchanged) {
   for (const Row& row : RowsOf(CASES "ini_changes.txt", "[^:]+: (.*) [+] (.*) [+] (.*) -> (.*)")) {
     std::string text = Unescaped(row[1]);
     EXPECT_TRUE(SetIniValue(text, "S", row[2], Unescaped(row[3]))) << row[0];
@@ -50,7 +50,7 @@ TEST_F(FilesTest, ProfilesAreCreatedAndTheirLongestValueHas255Characters) {
 TEST_F(FilesTest, ProfilesThatCannotBeReadAreNotOverwritten) {
   const std::string tooLong = "[S]\nk=1\n" + std::string(ProfileFileLimit, ';');
   Put("long.ini", tooLong);
-  for (const char* name : {"long.ini", ""}) { // and a folder
+  for (const char* name : {"long.ini", ""}) { // "" is the folder
     EXPECT_EQ(ProfileString(ProfileText(files, Path(name)), "S", "k", "default"), "default") << name;
     EXPECT_FALSE(WriteValue(files, Path(name), "k", "2")) << name;
   }

@@ -141,7 +141,7 @@ TEST_F(SaveSurvival, AFileThatCanBeWrittenIsSavedInPlaceWhereNoNewOneCanTakeItsP
 }
 
 // Another save comes between the making of a temporary and its lock.
-TEST_F(SaveSurvival, TakesNoOthersTemporaryForALeftover) {
+TEST_F(SaveSurvival, MistakesNoOtherTemporaryForALeftover) {
   files.beforeLock = [&](FileSystem::Handle) {
     FaultyFileSystem other;
     EXPECT_TRUE(SaveDataFile(other, Path("other"), ImageOf(2)));

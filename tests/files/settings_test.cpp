@@ -74,7 +74,7 @@ TEST_F(FilesTest, ALinkToAnotherUsersSettingsIsNotFollowed) {
   EXPECT_EQ(SettingsFilePath(files, Path("user"), "/config"), "/config/MR4500X.ini");
 }
 
-TEST_F(FilesTest, SettingsLiveBesideTheProgramWhereTheyCan) {
+TEST_F(FilesTest, SettingsAreBesideTheProgramIfTheyCanBe) {
   const std::string program = Path("program"), user = Path("user");
   std::filesystem::create_directory(program);
   EXPECT_EQ(SettingsFilePath(files, program, user), program + "/MR4500X.ini");

@@ -62,7 +62,7 @@ private:
   std::string m_list, m_pasted, m_rows;
 };
 
-TEST(CellsTest, AreTakenOrRefusedAlikeByImportPasteDropAndFleet) {
+TEST(CellsTest, AreAcceptedOrRefusedAlikeByImportPasteDropAndFleet) {
   for (const Row& row : RowsOf(CASES "cells.txt", "(.+?) = (.*) -> (.*)"))
     for (const char decimalSeparator : {'.', ','}) {
       const CellTables tables(Unescaped(row[1]), Unescaped(row[2]), decimalSeparator);

@@ -1,5 +1,5 @@
-// What the tests of a fleet share: a journal in memory, cables to simulated radios on a virtual clock, and a technician
-// who puts radios on and takes them off.
+// The fixture of the fleet tests: a journal in memory, cables to simulated radios on a virtual clock, and a technician
+// who plugs the radios in and unplugs them.
 #pragma once
 
 #include "differences.h"
@@ -45,15 +45,15 @@ public:
     return true;
   }
   std::optional<PlanHistory> History(const PlanHead& /*plan*/) override { return std::nullopt; }
-  Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override {
+  Claim ClaimRow(const Attempt& attempt, const ClaimRequest& request) override {
     const std::string &id = attempt.idNumber, &bench = attempt.bench;
     const std::lock_guard guard(m_tables.mutex);
     if (m_tables.isLost) return {};
     auto& rows = m_tables.rows;
     for (JournalRow& row : rows)
       if (row.state == RowState::Done && row.idNumber == id) {
-        if (wish.takesDone) row.state = RowState::Taken, row.bench = bench;
-        return {wish.takesDone ? Claim::Kind::Taken : Claim::Kind::DoneHere, row};
+        if (request.takesDone) row.state = RowState::Taken, row.bench = bench;
+        return {request.takesDone ? Claim::Kind::Taken : Claim::Kind::DoneHere, row};
       }
     for (const JournalRow& row : rows)
       if (row.state == RowState::Taken && row.idNumber == id) return {Claim::Kind::NoRow, row};
@@ -62,10 +62,10 @@ public:
           rows, [&](const JournalRow& row) { return row.state == RowState::Free && row.radio == radio; });
     };
     auto found = freeFor(id);
-    const auto isWished = [&](const JournalRow& row) { return row.row == wish.row && row.state == RowState::Free; };
+    const auto isWished = [&](const JournalRow& row) { return row.row == request.row && row.state == RowState::Free; };
     if (found == rows.end()) found = std::ranges::find_if(rows, isWished);
-    if (found == rows.end() && !wish.isChosen) found = freeFor("");
-    if (found == rows.end() && wish.isEndless)
+    if (found == rows.end() && !request.isChosen) found = freeFor("");
+    if (found == rows.end() && request.isEndless)
       found = rows.insert(rows.end(), JournalRow{rows.size() + 1, "", "", {}, "", ""});
     if (found == rows.end()) return {Claim::Kind::NoRow, {}};
     found->state = RowState::Taken;
@@ -120,7 +120,7 @@ struct TableRadio {
   std::optional<PortState> faultsIn; // nullopt: always
 };
 
-// A cable: the port of a radio, if one is attached, and a clock that passes only by waiting.
+// A cable: the port of a radio, if one is attached, and a clock that advances only by waiting.
 struct Cable final : SerialPort, Clock {
   std::function<std::optional<TableRadio>()> next; // radio to attach
   std::function<void(const RadioMemory&)> takenOff;
@@ -171,13 +171,13 @@ struct Cable final : SerialPort, Clock {
   void AwaitSent() override {}
   std::optional<LineBytes> TakeReceived() override { return std::exchange(Receive(), {}); }
   bool Write(std::span<const std::uint8_t> bytes) override {
-    if (m_radio) m_radio->Hear(bytes, m_now);
+    if (m_radio) m_radio->Receive(bytes, m_now);
     if (m_radio && m_radio->HasVanished()) TakeOff();
     return true;
   }
 
 private:
-  static constexpr int MostTries = 20;   // to reach a radio that does not answer
+  static constexpr int MostTries = 20;   // tries with a radio that does not answer
   static constexpr int TriesWithout = 3; // the port must see that the last one was taken off
 
   void Attach(const RadioMemory& memory, bool hasFaults) {
@@ -201,14 +201,14 @@ private:
   TableRadio m_table;
   LineBytes m_received;
   bool m_isOpen = false, m_hasFaults = false;
-  int m_tries = 0; // to reach a radio, or without one
+  int m_tries = 0; // tries with a radio, or without one
 };
 
 inline std::string TestSha(std::string_view bytes) {
   return std::to_string(std::hash<std::string_view>()(bytes));
 }
 
-// Reads a memory not as a transfer does.
+// Reads a radio's memory directly, without a transfer.
 inline RadioImage ImageOf(const RadioMemory& memory) {
   RadioImage image;
   for (std::uint16_t address = 0; address < RadioMemoryBytes; address += RecordBytes)
@@ -304,16 +304,16 @@ struct Fleet {
   std::unique_ptr<BenchState> state = std::make_unique<BenchState>();
   BenchEvents events;
   std::deque<Cable> cables;
-  std::mutex mutex; // of what follows
+  std::mutex mutex; // guards the following members
   std::vector<PortStatus> shown;
   std::vector<std::string> hints;           // while waiting
   std::string next;                         // the same, as lines
   std::deque<TableRadio> table;             // radios to come
   std::map<std::string, RadioMemory> shelf; // radios that were taken off, by their identity numbers
-  std::vector<RadioMemory> off;             // of radios in the order in which they were taken off
+  std::vector<RadioMemory> off;             // memories of radios in the order in which they were unplugged
   bool stopsWithoutRadios = true;
-  bool goesOn = false;                                    // a port that has stopped
-  bool putsBack = false;                                  // a radio that is not done comes again, without its faults
+  bool goesOn = false;   // a port that has stopped
+  bool putsBack = false; // a radio that is not done is connected again without its faults
   std::pair<PortState, std::function<void(Fleet&)>> when; // something happens the first time
 
 private:

@@ -7,6 +7,7 @@
 #include "rows.h"
 
 #include <fstream>
+#include <sstream>
 
 namespace mr4500x {
 namespace {
@@ -23,8 +24,8 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   fleet.settings.speed = Speed::Quick;
   fleet.Run();
   EXPECT_LT(fleet.cables[0].Now(), 30s) << "quick";
-  const std::string way = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
-  EXPECT_EQ(fleet.States(), way + way + way + "FINISHED");
+  const std::string steps = "WAITING, IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
+  EXPECT_EQ(fleet.States(), steps + steps + steps + "FINISHED");
   for (const auto& [id, row] : {std::pair("R-1", 3U), {"R-2", 1U}, {"R-3", 2U}})
     EXPECT_TRUE(fleet.Holds(id, row)) << id;
   EXPECT_EQ(fleet.next, "next for COM1: Truck 3\n");
@@ -39,7 +40,7 @@ TEST(FleetTest, GivesEachRadioItsRow) {
   EXPECT_EQ(last, expected);
 }
 
-// Each fault of a radio at each step of its way. A radio that is not done comes again, without the fault.
+// Each fault of a radio at each step of its job. A radio that is not done is connected again, without the fault.
 TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
   const std::vector<Row> cases = RowsOf(CASES "faults.txt", "([^:]*): ([vfs-]{4}) ?([vfs-]*)");
   ASSERT_EQ(cases.size(), FaultKinds().size());
@@ -82,71 +83,71 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
   // clang-format off
   const struct {
     const char* name;
-    std::string radios; // g good, b bad, n noisy, u without a number
+    std::string radios; // good, bad (its writes end with NG), noisy, or unnumbered (without an identity number)
     const char *outcomes, *lastStates;
     std::size_t radiosLeft;
     std::function<void(Fleet&)> prepare = {};
     std::pair<PortState, std::function<void(Fleet&)>> when = {}; // the first time
   } cases[] = {
-      {"every row done", "ggg", "verified, verified", "UNPLUG, FINISHED", 1},
-      {"two failures", "bgbbg", "failed, verified, failed, failed", "FAILED, STOPPED", 1},
-      {"no identity number", "ug", "failed, verified", "UNPLUG, WAITING, FINISHED", 0},
-      {"two asked for", "gbgg", "verified, failed, verified", "UNPLUG, FINISHED", 1,
+      {"every row done", "good good good", "verified, verified", "UNPLUG, FINISHED", 1},
+      {"two failures", "bad good bad bad good", "failed, verified, failed, failed", "FAILED, STOPPED", 1},
+      {"no identity number", "unnumbered good", "failed, verified", "UNPLUG, WAITING, FINISHED", 0},
+      {"two asked for", "good bad good good", "verified, failed, verified", "UNPLUG, FINISHED", 1,
        [](Fleet& fleet) { fleet.UsePlan({}), fleet.state = std::make_unique<BenchState>(2); }},
-      {"one asked for, after another band", "ggg", "set aside, verified", "UNPLUG, FINISHED", 1,
+      {"one asked for, after another band", "good good good", "set aside, verified", "UNPLUG, FINISHED", 1,
        [&](Fleet& fleet) { fleet.UsePlan({}), vhf(fleet), fleet.state = std::make_unique<BenchState>(1); },
        {SetAside, [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xB8; }}},
-      {"one asked for, after a conflict and a failure", "gbg", "conflict, failed, verified", "UNPLUG, FINISHED", 0,
+      {"one asked for, after a conflict and a failure", "good bad good", "conflict, failed, verified", "UNPLUG, FINISHED", 0,
        [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(1); },
        {Verifying, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
-      {"stopped while writing", "gg", "verified", "UNPLUG, FINISHED", 1,
+      {"stopped while writing", "good good", "verified", "UNPLUG, FINISHED", 1,
        {}, {Writing, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
-      {"stopped by a signal while writing", "gg", "verified", "UNPLUG, FINISHED", 1,
+      {"stopped by a signal while writing", "good good", "verified", "UNPLUG, FINISHED", 1,
        {}, {Writing, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
-      {"stopped by a signal during the backup", "gg", "failed", "BACKUP, FAILED, FINISHED", 1,
+      {"stopped by a signal during the backup", "good good", "failed", "BACKUP, FAILED, FINISHED", 1,
        {}, {BackingUp, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
-      {"stopped during an identification", "gg", "", "IDENTIFYING, WAITING, FINISHED", 1,
+      {"stopped during an identification", "good good", "", "IDENTIFYING, WAITING, FINISHED", 1,
        {}, {Identifying, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
-      {"another band", "g", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
-      {"another band accepted", "gg", "verified, verified", "UNPLUG, FINISHED", 0,
+      {"another band", "good", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
+      {"another band accepted", "good good", "verified, verified", "UNPLUG, FINISHED", 0,
        [&](Fleet& fleet) { vhf(fleet), fleet.settings.acceptsOtherBand = true; }},
-      {"a row for another radio", "g", "no row", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
-      {"a radio with a row", "g", "done before", "IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0, {},
+      {"a row for another radio", "good", "no row", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
+      {"a radio with a row", "good", "done before", "IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0, {},
        {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
-      {"a radio with a row, programmed again since", "g", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
+      {"a radio with a row, programmed again since", "good", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
        {}, {Identifying, [=](Fleet& fleet) { isDone(fleet, "20260101000000"); }}},
-      {"the same, and the whole is compared", "g", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
+      {"the same, and the whole is compared", "good", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
        [](Fleet& fleet) { fleet.settings.comparesDone = true; },
        {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
-      {"the same, and it is written again", "g", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0,
+      {"the same, and it is written again", "good", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0,
        [](Fleet& fleet) { fleet.settings.rewritesDone = true; }, {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
-      {"a radio with a row whose stamp is unknown, and what it should hold", "g", "done before",
+      {"a radio with a row whose stamp is unknown, and what it should hold", "good", "done before",
        "VERIFYING, DONE BEFORE, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("label\na\nb\n"); },
        {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
-      {"another radio than the one that was backed up", "g", "failed", "VERIFYING, FAILED, WAITING, FINISHED", 0,
+      {"another radio than the one that was backed up", "good", "failed", "VERIFYING, FAILED, WAITING, FINISHED", 0,
        {}, {Writing, [](Fleet& fleet) { fleet.cables[0].Exchange("R-9"); }}},
-      {"no port at first", "gg", "verified, verified", "UNPLUG, FINISHED", 0,
+      {"no port at first", "good good", "verified, verified", "UNPLUG, FINISHED", 0,
        [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; },
        {NoPort, [](Fleet& fleet) { fleet.cables[0].openFailure.reset(); }}},
-      {"no journal at first", "gg", "verified, verified", "UNPLUG, FINISHED", 0,
+      {"no journal at first", "good good", "verified, verified", "UNPLUG, FINISHED", 0,
        [](Fleet& fleet) { fleet.tables.isLost = true; },
        {NoJournal, [](Fleet& fleet) { fleet.tables.isLost = false; }}},
       {"a journal that can be read but not written at first", "", "", "WAITING, NO JOURNAL, WAITING, FINISHED", 0,
        [](Fleet& fleet) { fleet.tables.isFull = true; },
        {NoJournal, [](Fleet& fleet) { fleet.tables.isFull = false; }}},
-      {"the row taken away", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+      {"the row taken away", "good", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {BackingUp, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
-      {"another radio than identified", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+      {"another radio than identified", "good", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {BackingUp, [](Fleet& fleet) { fleet.cables[0].Spoil(0x1F0); }}},
-      {"one setting is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+      {"one setting is not what was written", "good", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
-      {"the text is not what was written", "g", "failed", "FAILED, WAITING, FINISHED", 0,
+      {"the text is not what was written", "good", "failed", "FAILED, WAITING, FINISHED", 0,
        {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
-      {"a chosen row that another bench has done", "gg", "set aside, verified", "SET ASIDE, WAITING, IDENTIFYING, BACKUP, "
+      {"a chosen row that another bench has done", "good good", "set aside, verified", "SET ASIDE, WAITING, IDENTIFYING, BACKUP, "
        "WRITING, VERIFYING, UNPLUG, FINISHED", 0, [](Fleet& fleet) { fleet.state->Rows().Choose(2); },
        {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
-      {"noise", "ng", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0},
-      {"no room for backups", "ggg", "failed, failed", "FAILED, STOPPED", 1,
+      {"noise", "noisy good", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0},
+      {"no room for backups", "good good good", "failed, failed", "FAILED, STOPPED", 1,
        [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
   };
   // clang-format on
@@ -156,17 +157,18 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     fleet.UsePlan(TwoRows);
     if (prepare) prepare(fleet);
     fleet.when = when;
-    for (const char radio : radios)
-      fleet.AddRadio(radio == 'u' ? "" : "R-" + std::to_string(fleet.table.size()),
-                     {{radio == 'b'   ? Fault::Ng
-                       : radio == 'n' ? Fault::Garbage
-                                      : Fault::SplitReply,
+    std::istringstream words(radios);
+    for (std::string radio; words >> radio;)
+      fleet.AddRadio(radio == "unnumbered" ? "" : "R-" + std::to_string(fleet.table.size()),
+                     {{radio == "bad"     ? Fault::Ng
+                       : radio == "noisy" ? Fault::Garbage
+                                          : Fault::SplitReply,
                        {}}});
     fleet.Run();
     EXPECT_EQ(fleet.Outcomes(), outcomes);
     EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
     EXPECT_EQ(fleet.table.size(), radiosLeft);
-    EXPECT_EQ(!fleet.hints.empty(), radios.find('n') != std::string::npos);
+    EXPECT_EQ(!fleet.hints.empty(), radios.find("noisy") != std::string::npos);
     for (const PortStatus& status : fleet.shown)
       EXPECT_TRUE(status.row == 0 || (status.state != Failed && status.state != SetAside));
     for (const Attempt& attempt : fleet.tables.attempts)
@@ -190,9 +192,9 @@ TEST(FleetTest, TheRowsGoToThePortsInOrder) {
     EXPECT_EQ(port, "COM" + std::to_string(row));
 }
 
-TEST(FleetTest, ARadioThatIsElsewhereIsSaidToBe) {
+TEST(FleetTest, ARadioAtAnotherPortOrBenchIsReported) {
   const std::pair<JournalRow, const char*> cases[] = {
-      {{1, "", "", RowState::Taken, "A", "R-1", "", 20}, "this number is at COM2"},
+      {{1, "", "", RowState::Taken, "A", "R-1", "", 20}, "this number is in use at COM2"},
       {{1, "", "", RowState::Taken, "B", "R-1", "", 20}, "Wait: held by bench B for 1:40"},
       {{1, "", "", RowState::Taken, "B", "R-1", "", 115}, "Wait: held by bench B for 0:05"},
   };
@@ -208,7 +210,7 @@ TEST(FleetTest, ARadioThatIsElsewhereIsSaidToBe) {
   }
 }
 
-TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
+TEST(FleetTest, EntriesThatALostDatabaseMissesAreAddedLater) {
   Fleet fleet;
   fleet.UsePlan(TwoRows);
   fleet.AddRadio("R-1");
@@ -225,8 +227,8 @@ TEST(FleetTest, WhatALostDatabaseMissesIsHandedInLater) {
     fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // meanwhile
   };
   fleet.Run();
-  const std::string way = "IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
-  EXPECT_EQ(fleet.States(), "WAITING, " + way + "WAITING, IDENTIFYING, NO JOURNAL, WAITING, " + way + "FINISHED");
+  const std::string steps = "IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";
+  EXPECT_EQ(fleet.States(), "WAITING, " + steps + "WAITING, IDENTIFYING, NO JOURNAL, WAITING, " + steps + "FINISHED");
   EXPECT_EQ(fleet.Outcomes(), "conflict, verified");
   EXPECT_EQ(conflict,
             "Two radios have one row, or one radio has two rows: row 1, Truck 1, radio R-1, but radio R-9 holds "
@@ -263,16 +265,16 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
   std::ofstream(path + "-3.csv") << csv.substr(0, csv.rfind('"'));
   PendingAttempts later(fleet.files, path);
   EXPECT_EQ(later.Count(), 2);
-  EXPECT_FALSE(later.HandIn(journal));
+  EXPECT_FALSE(later.EnterPending(journal));
   fleet.tables.isLost = false;
-  EXPECT_TRUE(later.HandIn(journal));
+  EXPECT_TRUE(later.EnterPending(journal));
   EXPECT_EQ(fleet.tables.attempts, (std::vector{attempt("a \"quoted\", text\nof two lines"), attempt("b")}));
   EXPECT_EQ(PendingAttempts(fleet.files, path).Count(), 0);
   EXPECT_TRUE(IsMissing(fleet.files, path + "-1.csv") && IsMissing(fleet.files, path + "-2.csv"));
   EXPECT_FALSE(IsMissing(fleet.files, path + "-3.csv")) << "what can't be read stays";
 }
 
-TEST(FleetTest, APortThatCanNotBeMadeHarmsNoOther) {
+TEST(FleetTest, APortThatCannotBeCreatedAffectsNoOther) {
   Fleet fleet;
   fleet.UsePlan(TwoRows);
   PendingAttempts pending(fleet.files, fleet.folder + "/pending");

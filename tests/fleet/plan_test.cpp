@@ -40,7 +40,7 @@ TEST_F(PlanTest, EndsLongListsOfProblems) {
   EXPECT_EQ(Make(list).problems, std::vector<std::string>{"line 1: more than 50000 rows"});
 }
 
-TEST_F(PlanTest, GivesEachRowItsImage) {
+TEST_F(PlanTest, MakesAnImageForEachRow) {
   const PlanCheck check = Make("\xEF\xBB\xBFradio;label;channels.1.rx_freq;channels.1.in_use;embedded_info\r\n"
                                "R 1;\"A; 1\";440,025;TRUE;\"two\nlines\"\r\n;;;;\r\n;B;441;;\r\n");
   ASSERT_TRUE(check.problems.empty()) << check.problems.front();
@@ -58,7 +58,7 @@ TEST_F(PlanTest, GivesEachRowItsImage) {
 }
 
 // Benches with the same key share the rows.
-TEST_F(PlanTest, TheKeyIsThatOfWhatTheRowsMean) {
+TEST_F(PlanTest, TheKeyDependsOnTheMeaningOfTheRows) {
   const std::string list = "label,radio,channels.1.rx_freq,channels.1.rx_step,channels.2.in_use,embedded_info\n"
                            "a,R1,446.0025,2.5,true,text\nb,,,,,\n";
   const std::string key = Make(list).plan.key;

@@ -21,7 +21,7 @@ protected:
     QFile file(folder.filePath(name));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
   }
-  // Stands for Assistant; $0.log is what it has been told.
+  // Replaces Assistant. $0.log has the commands that it has received.
   std::string Script(const QByteArray& lines, const QByteArray& shell = "/bin/sh") {
     Store("viewer", "#!" + shell + "\n" + lines + "\n");
     EXPECT_TRUE(QFile::setPermissions(folder.filePath("viewer"), QFile::ReadOwner | QFile::ExeOwner));
@@ -33,16 +33,16 @@ protected:
   }
   std::string HelpFile() const { return folder.filePath("MR4500X.hlp").toStdString(); }
   Answer Show(MessageIcon, std::string_view, std::string_view text, MessageButtons) override {
-    told += text;
+    reported += text;
     return Answer::Ok;
   }
-  std::string Told() { return std::exchange(told, {}); }
+  std::string Reported() { return std::exchange(reported, {}); }
 
   QTemporaryDir folder;
-  std::string told; // all messages
+  std::string reported; // all messages
 };
 
-TEST_F(HelpViewerTest, TellsOneViewerWhatToShowUntilTheReaderClosesIt) {
+TEST_F(HelpViewerTest, DirectsOneViewerUntilTheReaderClosesIt) {
   QtHelpViewer help(*this, HelpFile(), Script("echo \"$1 ${2##*/} $3\" >>$0.log; head -n 2 >>$0.log"));
   std::string expected;
   for (int viewer = 1; viewer <= 2; ++viewer) {
@@ -53,7 +53,7 @@ TEST_F(HelpViewerTest, TellsOneViewerWhatToShowUntilTheReaderClosesIt) {
                 "show contents;expandToc 1;setSource qthelp://mr4500x/help/index.html\nshow index\n";
     EXPECT_EQ(Log(), expected);
   }
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Reported(), "");
 }
 
 TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
@@ -82,23 +82,23 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
     help.OpenContents();
     EXPECT_FALSE(help.IsRunning()) << file << ' ' << viewer;
     const std::string expected = QString::fromStdString(text).replace("%1", path).toStdString();
-    EXPECT_TRUE(Told().starts_with(expected)) << file << ' ' << viewer;
+    EXPECT_TRUE(Reported().starts_with(expected)) << file << ' ' << viewer;
   }
 }
 
-TEST_F(HelpViewerTest, TheNextRequestSaysWhyAssistantFailedAndStartsItAnew) {
+TEST_F(HelpViewerTest, TheNextRequestReportsWhyAssistantFailedAndRestartsIt) {
   ASSERT_TRUE(QDir(folder.path()).mkdir("help-copy")); // Assistant's own
   Store("help-copy/MR4500X.qhc", "damaged");
   QtHelpViewer help(*this, HelpFile());
   help.OpenContents();
   EXPECT_TRUE(QTest::qWaitFor([&] { return !help.IsRunning(); }, 20000));
   help.OpenContents();
-  EXPECT_NE(Told().find("has failed: Error"), std::string::npos);
+  EXPECT_NE(Reported().find("has failed: Error"), std::string::npos);
   QFile::remove(folder.filePath("help-copy/MR4500X.qhc"));
   help.OpenContents();
   EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath("help-copy/MR4500X.qhc")); }, 20000));
   EXPECT_TRUE(help.IsRunning());
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Reported(), "");
 }
 
 } // namespace

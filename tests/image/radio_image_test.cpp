@@ -9,7 +9,7 @@ namespace {
 
 TEST(RadioImageTest, ClearForReadingKeepsTheStampAndTheWorkBlock) {
   RadioImage image, expected;
-  for (const BlockPlace& place : RecordMap)
+  for (const BlockLocation& place : RecordMap)
     std::ranges::fill(BlockBytes(image, place.block), std::uint8_t{0xA5});
   image.PatrolWorkBlock.fill(7);
   expected.WriteStampBlock = image.WriteStampBlock;
@@ -19,7 +19,7 @@ TEST(RadioImageTest, ClearForReadingKeepsTheStampAndTheWorkBlock) {
   EXPECT_EQ(image, expected);
 }
 
-TEST(RadioImageTest, WhatIsNoRecordChangesNothing) {
+TEST(RadioImageTest, ARecordWithoutABlockChangesNothing) {
   const struct {
     std::uint16_t address;
     std::size_t bytes;

@@ -22,7 +22,7 @@ TEST(SignalingTest, TablesOfTones) {
   EXPECT_EQ(image, before);
 }
 
-TEST(CharactersTest, SkipTheFillAndReplaceWhatCannotBePrinted) {
+TEST(CharactersTest, SkipFillBytesAndReplaceUnprintableOnes) {
   const std::uint8_t bytes[] = {'V', '1', 0x00, 0x07, 0xE9, 0x90};
   EXPECT_EQ(CharactersText(bytes), "V1.\xC3\xA9.");
 }

@@ -1,4 +1,4 @@
-// Every way in which an exchange can go wrong: its result, what is on the line, what survives in the image.
+// Every way in which an exchange can fail: its result, the bytes on the line, and the content of the image.
 #include "require.h"
 #include "scripted_radio.h"
 
@@ -7,14 +7,14 @@ namespace {
 
 using enum Outcome;
 using enum Transfer;
-using Fault = std::function<void(Desk&)>;
+using Fault = std::function<void(Computer&)>;
 
 // From frame `first` on (0 is the wake-up) the answers are spoilt by `how`.
 template<class How>
 Fault From(std::size_t first, How how) {
-  return [=](Desk& desk) {
-    desk.radio.spoil = [=, &desk](std::size_t frame, LineBytes& reply) {
-      if (frame >= first) how(desk.radio, reply);
+  return [=](Computer& computer) {
+    computer.radio.spoil = [=, &computer](std::size_t frame, LineBytes& reply) {
+      if (frame >= first) how(computer.radio, reply);
     };
   };
 }
@@ -27,10 +27,10 @@ Fault Byte(std::size_t frame, std::size_t index, std::uint8_t value) {
   return From(frame, [=](auto&, auto& reply) { reply.at(index) = value; });
 }
 Fault Close(std::size_t frame) { return From(frame, [](auto& radio, auto& reply) { reply.clear(); radio.open = false; }); }
-const Fault NoPort = [](Desk& desk) { desk.radio.openFailure = "Access is denied."; };
-const Fault NotShown = [](Desk& desk) { desk.canShow = false; };
-const Fault OtherBand = [](Desk& desk) { desk.radio.identity[4] = 0x02; };
-const Fault LateStatus = [](Desk& desk) { desk.radio.latency = 48ms; }; // second byte 50.5 ms after the end packet
+const Fault NoPort = [](Computer& computer) { computer.radio.openFailure = "Access is denied."; };
+const Fault NotShown = [](Computer& computer) { computer.canShow = false; };
+const Fault OtherBand = [](Computer& computer) { computer.radio.identity[4] = 0x02; };
+const Fault LateStatus = [](Computer& computer) { computer.radio.latency = 48ms; }; // second byte 50.5 ms after the end packet
 
 constexpr int Untouched = -1;
 
@@ -39,7 +39,7 @@ const struct {
   Transfer transfer;
   Fault fault;
   Outcome outcome;
-  std::size_t frames; // on the line, the end packet included
+  std::size_t frames; // frames on the line, including the end packet
   bool endPacket;     // the last of them is the 12-byte end of session
   int records;        // stored in the image (reads), begun (writes); Untouched: not even cleared or stamped
   Clock::Moment end{}; // where an answer was waited for in vain: the time until the last byte was sent or awaited
@@ -89,29 +89,29 @@ void Follow(RadioImage& image, Transfer transfer, int records, const ScriptedRad
   }
 }
 
-TEST(ExchangeFault, EndsWithItsOutcomeAndLeavesTheRadioAndTheImageAsItMust) {
+TEST(ExchangeFault, EndsWithItsOutcomeAndLeavesRadioAndImageInADefinedState) {
   for (const auto& c : Cases) {
     SCOPED_TRACE(NameOf(c.transfer) + c.name);
-    Desk desk;
-    ResetToDefaults(desk.image, {2001, 2, 3, 4, 5, 6});
-    desk.image.FirmwareVersionBlock.fill(0x66);
-    RadioImage expected = desk.image;
-    c.fault(desk);
-    const ExchangeResult result = desk.Run(c.transfer);
+    Computer computer;
+    ResetToDefaults(computer.image, {2001, 2, 3, 4, 5, 6});
+    computer.image.FirmwareVersionBlock.fill(0x66);
+    RadioImage expected = computer.image;
+    c.fault(computer);
+    const ExchangeResult result = computer.Run(c.transfer);
     EXPECT_EQ(result.outcome, c.outcome);
-    EXPECT_EQ(result.systemDescription, desk.radio.openFailure.value_or(""));
-    EXPECT_EQ(desk.maximum > 0, c.records != Untouched);
-    EXPECT_EQ(desk.completions, c.outcome == DisplayError ? 1 : 0);
-    EXPECT_EQ(desk.questions, c.outcome == BandDeclined ? 1 : 0);
-    EXPECT_TRUE(c.end == 0ms || desk.radio.now == c.end) << desk.radio.now.count();
-    ASSERT_EQ(desk.radio.frames.size(), c.frames);
-    EXPECT_EQ(c.frames > 0 && desk.radio.frames.back() == EndPacket, c.endPacket);
-    if (c.records != Untouched) Follow(expected, c.transfer, c.records, desk.radio);
-    EXPECT_EQ(desk.image, expected);
+    EXPECT_EQ(result.systemDescription, computer.radio.openFailure.value_or(""));
+    EXPECT_EQ(computer.maximum > 0, c.records != Untouched);
+    EXPECT_EQ(computer.completions, c.outcome == DisplayError ? 1 : 0);
+    EXPECT_EQ(computer.questions, c.outcome == BandDeclined ? 1 : 0);
+    EXPECT_TRUE(c.end == 0ms || computer.radio.now == c.end) << computer.radio.now.count();
+    ASSERT_EQ(computer.radio.frames.size(), c.frames);
+    EXPECT_EQ(c.frames > 0 && computer.radio.frames.back() == EndPacket, c.endPacket);
+    if (c.records != Untouched) Follow(expected, c.transfer, c.records, computer.radio);
+    EXPECT_EQ(computer.image, expected);
   }
 }
 
-// What the line can do to one answer.
+// The faults of the line in one answer.
 using Spoil = void (*)(ScriptedRadio& radio, LineBytes& reply);
 // clang-format off
 const std::pair<const char*, Spoil> Spoils[] = {
@@ -121,10 +121,11 @@ const std::pair<const char*, Spoil> Spoils[] = {
     {"first byte", [](auto&, auto& reply) { reply[0] ^= 0x80; }},
     {"noise",      [](auto&, auto& reply) { reply.insert(reply.begin(), 0xFF); }},
     {"pause",      [](auto& radio, auto& reply) { radio.gap = {reply.size() / 2, 100ms}; }},
-    {"too long",   [](auto& radio, auto& reply) { radio.gap = {reply.size() / 2, 600ms}; }}, // than is waited for
+    {"too long",   [](auto& radio, auto& reply) { radio.gap = {reply.size() / 2, 600ms}; }}, // longer than the wait
     {"gone",       [](auto& radio, auto&) { radio.operationsLeft = 0; }},
 };
-// How an exchange ends whose one answer was spoilt. NotTried: a late answer to a wake-up would meet the next wake-up.
+// The end of an exchange with one corrupted answer. NotTried: a late answer to a wake-up would coincide with the next
+// one.
 enum class End { Works, Broken, Bad, Unheard, OtherModel, NotTried };
 using Ends = std::array<End, std::size(Spoils)>;
 using enum End;
@@ -158,33 +159,34 @@ Outcome OutcomeOf(End end, const SpoiltExchange& exchange) {
 }
 
 // Runs an exchange with one spoilt answer, and once more a second later. `whole` has been through it undisturbed.
-void RunSpoilt(const SpoiltExchange& exchange, std::size_t frame, Spoil spoil, Outcome outcome, const Desk& whole,
+void RunSpoilt(const SpoiltExchange& exchange, std::size_t frame, Spoil spoil, Outcome outcome, const Computer& whole,
                const RadioImage& before) {
-  Desk desk;
-  desk.image = before;
-  desk.speed = exchange.speed;
-  desk.radio.spoil = [&](std::size_t at, LineBytes& reply) {
-    if (at == frame) spoil(desk.radio, reply);
+  Computer computer;
+  computer.image = before;
+  computer.speed = exchange.speed;
+  computer.radio.spoil = [&](std::size_t at, LineBytes& reply) {
+    if (at == frame) spoil(computer.radio, reply);
   };
-  ASSERT_EQ(desk.Run(exchange.transfer).outcome, outcome);
-  ASSERT_EQ(desk.maximum > 0, frame > 0 || outcome == Complete);
-  ASSERT_TRUE(outcome != Interrupted || desk.radio.frames.back() == EndPacket);
+  ASSERT_EQ(computer.Run(exchange.transfer).outcome, outcome);
+  ASSERT_EQ(computer.maximum > 0, frame > 0 || outcome == Complete);
+  ASSERT_TRUE(outcome != Interrupted || computer.radio.frames.back() == EndPacket);
   RadioImage expected = outcome == Complete ? whole.image : before;
-  if (outcome != Complete && frame > 0) Follow(expected, exchange.transfer, static_cast<int>(frame) - 1, desk.radio);
-  ASSERT_EQ(desk.image, expected);
+  if (outcome != Complete && frame > 0)
+    Follow(expected, exchange.transfer, static_cast<int>(frame) - 1, computer.radio);
+  ASSERT_EQ(computer.image, expected);
 
-  desk.radio.spoil = nullptr;
-  desk.radio.operationsLeft = ScriptedRadio::MostOperations;
-  desk.radio.now += 1s;
-  ASSERT_EQ(desk.Run(exchange.transfer).outcome, Complete);
-  ASSERT_EQ(desk.image, whole.image);
-  ASSERT_EQ(desk.radio.memory, whole.radio.memory);
+  computer.radio.spoil = nullptr;
+  computer.radio.operationsLeft = ScriptedRadio::MostOperations;
+  computer.radio.now += 1s;
+  ASSERT_EQ(computer.Run(exchange.transfer).outcome, Complete);
+  ASSERT_EQ(computer.image, whole.image);
+  ASSERT_EQ(computer.radio.memory, whole.radio.memory);
 }
 
-// The image is as it must be, and the next try works. In the middle of the records the ways take turns.
-TEST(ExchangeFault, IsSurvivedInEveryWayAtEveryAnswerOfEveryExchange) {
+// The image is correct afterwards, and the next try works. In the middle of the records the faults alternate.
+TEST(ExchangeFault, IsSurvivedAtEveryAnswerOfEveryExchange) {
   for (const SpoiltExchange& exchange : Exchanges) {
-    Desk whole;
+    Computer whole;
     ResetToDefaults(whole.image, {2001, 2, 3, 4, 5, 6});
     const RadioImage before = whole.image;
     ASSERT_EQ(whole.Run(exchange.transfer).outcome, Complete);
@@ -204,10 +206,10 @@ TEST(ExchangeFault, IsSurvivedInEveryWayAtEveryAnswerOfEveryExchange) {
 }
 
 TEST(ExchangeFault, GivesUpSendingAfterTwoSeconds) {
-  Desk desk;
-  desk.radio.open = desk.radio.stuck = true;
-  EXPECT_FALSE(desk.line.Send(EndPacket));
-  EXPECT_EQ(desk.radio.now, 2s);
+  Computer computer;
+  computer.radio.open = computer.radio.stuck = true;
+  EXPECT_FALSE(computer.line.Send(EndPacket));
+  EXPECT_EQ(computer.radio.now, 2s);
 }
 
 // Whichever operation the port fails at, the failure is noticed, and the later it comes the later its phase.
@@ -216,12 +218,12 @@ TEST(ExchangeFault, IsNoticedAtEveryOperationOfThePort) {
     const Outcome phases[] = {PortNotOpened, NoResponse, DataError, Complete};
     auto phase = std::begin(phases);
     for (int operations = 0; *phase != Complete; ++operations) {
-      Desk desk;
-      desk.radio.operationsLeft = operations;
-      const Outcome outcome = desk.Run(transfer).outcome;
+      Computer computer;
+      computer.radio.operationsLeft = operations;
+      const Outcome outcome = computer.Run(transfer).outcome;
       if (outcome != *phase) ++phase;
       ASSERT_EQ(outcome, *phase) << NameOf(transfer) << operations;
-      ASSERT_EQ(desk.maximum > 0, outcome == DataError || outcome == Complete) << NameOf(transfer) << operations;
+      ASSERT_EQ(computer.maximum > 0, outcome == DataError || outcome == Complete) << NameOf(transfer) << operations;
     }
   }
 }

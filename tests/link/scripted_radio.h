@@ -1,5 +1,6 @@
-// A radio on a serial port for tests: it speaks the protocol from its memory on a virtual clock, its bytes arrive at
-// line pace, and a test may spoil any of its answers or the port itself. Require(bool, text) is the includer's.
+// A radio on a serial port for tests. It speaks the protocol from its memory on a virtual clock, and its bytes arrive
+// at line pace. A test may corrupt any of its answers or the port itself. The including file defines Require(bool,
+// text).
 #pragma once
 
 #include <algorithm>
@@ -63,7 +64,7 @@ struct ScriptedRadio : SerialPort, Clock {
     return std::count_if(air.begin(), air.end(), [&](auto& byte) { return byte.first <= now; });
   }
   bool DiscardReceived() override { return TakeReceived().has_value(); }
-  std::optional<std::size_t> BytesToTransmit() override { // as an adapter that takes all bytes at once
+  std::optional<std::size_t> BytesToTransmit() override { // like an adapter that takes all bytes at once
     return Works() ? std::optional<std::size_t>(stuck) : std::nullopt;
   }
   bool DiscardTransmit() override {
@@ -112,20 +113,20 @@ private:
 };
 
 // A user at a computer with the radio on COM3, who watches the exchanges.
-struct Desk final : ExchangeObserver {
+struct Computer final : ExchangeObserver {
   ScriptedRadio radio;
   SerialLine line{radio, radio, 3};
   RadioImage image;
-  Speed speed = Speed::Prescribed; // of Read and Write
+  Speed speed = Speed::Prescribed; // speed of Read and Write
   bool acceptsBand = false;
   bool canShow = true; // whether the editor can show what was read
   // Of the last exchange:
   int maximum = 0; // 0: it has not begun
   bool showsProgress = false;
-  std::vector<int> values; // of the progress
+  std::vector<int> values; // values of the progress
   int questions = 0, completions = 0;
 
-  Desk() { std::copy_n(radio.identity.begin() + 1, 4, image.BandBlock.begin()); }
+  Computer() { std::copy_n(radio.identity.begin() + 1, 4, image.BandBlock.begin()); }
 
   void Began(Transfer /*transfer*/, int most) override {
     Require(maximum == 0, "an exchange begins once");
@@ -142,7 +143,7 @@ struct Desk final : ExchangeObserver {
     return ++questions, acceptsBand;
   }
   bool Complete(Transfer /*transfer*/) override {
-    Require(!showsProgress && radio.open, "completion is told over an open port and no progress");
+    Require(!showsProgress && radio.open, "completion is reported with an open port and no progress window");
     return ++completions, canShow;
   }
 

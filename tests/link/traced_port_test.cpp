@@ -9,18 +9,18 @@ namespace mr4500x {
 namespace {
 
 TEST(TracedPort, ShowsEveryFrameWithItsTimeAndItsRecordAndChangesNoWait) {
-  Desk desk, plain;
+  Computer computer, plain;
   std::ostringstream trace;
   TracedPort port(
-      desk.radio, desk.radio, [] { return LocalTime{2026, 11, 4, 9, 5, 7}; }, trace);
-  SerialLine line(port, desk.radio, 3);
-  desk.radio.spoil = plain.radio.spoil = [](std::size_t frame, LineBytes& reply) {
+      computer.radio, computer.radio, [] { return LocalTime{2026, 11, 4, 9, 5, 7}; }, trace);
+  SerialLine line(port, computer.radio, 3);
+  computer.radio.spoil = plain.radio.spoil = [](std::size_t frame, LineBytes& reply) {
     if (frame == 1) reply.insert(reply.end(), 6, 0xEE); // two of them too late
   };
-  ASSERT_EQ(ReadIdentity(line, desk.image, desk).outcome, Outcome::Complete);
+  ASSERT_EQ(ReadIdentity(line, computer.image, computer).outcome, Outcome::Complete);
   ASSERT_EQ(ReadIdentity(plain.line, plain.image, plain).outcome, Outcome::Complete);
-  EXPECT_EQ(desk.radio.now, plain.radio.now);
-  EXPECT_EQ(desk.radio.frames, plain.radio.frames);
+  EXPECT_EQ(computer.radio.now, plain.radio.now);
+  EXPECT_EQ(computer.radio.frames, plain.radio.frames);
   const std::string begin =
       "2026-11-04 09:05:07\n"
       "     0.0 computer 72 45 41 44\n"
@@ -29,14 +29,14 @@ TEST(TracedPort, ShowsEveryFrameWithItsTimeAndItsRecordAndChangesNoWait) {
       "    90.0 radio    57 01 F0 08 B2 D7 FC 21 46 6B 90 B5 EE EE EE EE EE EE 0x1F0 RadioIdBlock\n";
   EXPECT_EQ(trace.str().substr(0, begin.size()), begin);
 
-  desk.radio.spoil = [&](std::size_t, LineBytes& reply) { reply.assign(40, 0xEE); };
+  computer.radio.spoil = [&](std::size_t, LineBytes& reply) { reply.assign(40, 0xEE); };
   ASSERT_EQ(WriteRadio(
-                line, desk.image, [] { return LocalTime{}; }, desk)
+                line, computer.image, [] { return LocalTime{}; }, computer)
                 .outcome,
             Outcome::WrongModel);
   EXPECT_TRUE(trace.str().ends_with(" EE EE EE EE             thrown away\n")) << trace.str();
-  desk.radio.operationsLeft = 0;
-  ASSERT_EQ(ReadIdentity(line, desk.image, desk).outcome, Outcome::PortNotOpened);
+  computer.radio.operationsLeft = 0;
+  ASSERT_EQ(ReadIdentity(line, computer.image, computer).outcome, Outcome::PortNotOpened);
   EXPECT_TRUE(trace.str().ends_with("the port has failed\n")) << trace.str();
 }
 

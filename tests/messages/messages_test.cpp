@@ -15,23 +15,23 @@ std::string Line(const Message& message) {
   return icons[static_cast<int>(message.icon)] + message.title + "|" + message.text + "\n";
 }
 
-TEST(Messages, AreThoseOfTheFile) {
-  std::string told;
+TEST(Messages, AreAsInTheFile) {
+  std::string reported;
   for (const Transfer transfer : {Read, Write, ReadInfo, WriteInfo}) {
     const ProgressWords words = ProgressOf(transfer);
-    told += "\n" + std::string(words.title) + "|" + std::string(words.text) + "\n" + Line(CompletionOf(transfer));
+    reported += "\n" + std::string(words.title) + "|" + std::string(words.text) + "\n" + Line(CompletionOf(transfer));
     for (const Outcome outcome : {NoResponse, WrongModel, Interrupted, DataError, DisplayError})
-      if (const auto failure = FailureOf({transfer, outcome, "COM3", ""})) told += Line(*failure);
+      if (const auto failure = FailureOf({transfer, outcome, "COM3", ""})) reported += Line(*failure);
     for (const char* const description : {"Access is denied.", ""})
-      told += Line(FailureOf({transfer, PortNotOpened, "COM3", description}).value());
+      reported += Line(FailureOf({transfer, PortNotOpened, "COM3", description}).value());
     for (const Outcome silent : {Complete, BandDeclined})
       EXPECT_EQ(FailureOf({transfer, silent, "COM3", ""}), std::nullopt);
   }
   std::string differences = "1\n2\n3\n4\n5\n6\n7\n";
   for (const char* const last : {"8\n", "9\n"})
-    told += '\n' + Line(KeptWorkQuestion({{}, "a day", "a radio", differences += last}));
+    reported += '\n' + Line(KeptWorkQuestion({{}, "a day", "a radio", differences += last}));
   std::ifstream file(MESSAGES);
-  EXPECT_EQ(told, std::string(std::istreambuf_iterator<char>(file), {}));
+  EXPECT_EQ(reported, std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 } // namespace

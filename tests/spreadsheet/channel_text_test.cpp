@@ -47,7 +47,7 @@ TEST(ChannelTextTest, AHeadingWithoutAKnownColumnIsOneRefusalThatNamesTheKnownOn
   EXPECT_TRUE(TextsOf(list.bad)[0].starts_with("1: " + known)) << TextsOf(list.bad)[0];
 }
 
-TEST(ChannelTextTest, HugeTextsAreRefusedInAFewWords) {
+TEST(ChannelTextTest, HugeTextsAreRefusedBriefly) {
   std::string columns, lines;
   for (std::size_t i = 0; i < 50'000; ++i) {
     columns += "a,";

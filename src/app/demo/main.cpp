@@ -28,8 +28,8 @@ namespace {
 
 using namespace mr4500x;
 
-constexpr int LookMilliseconds = 100;
-constexpr int MostLooks = 1200; // two minutes; a transfer takes seconds, so the window must hang
+constexpr int PollMilliseconds = 100;
+constexpr int MostPolls = 1200; // two minutes; a transfer takes seconds, so the window must hang
 
 QString DataFile(const QString& folder) {
   return folder + QStringLiteral("/radio.K4X");
@@ -40,17 +40,17 @@ public:
   // Pictures and the data file "radio.K4X" go to `folder`.
   Demo(FrmMain& window, QString folder);
 
-  void Start() { m_look.start(); }
+  void Start() { m_poll.start(); }
 
 private:
   struct Step {
-    std::string tells;          // printed on standard output unless empty
+    std::string text;           // printed on standard output unless empty
     std::string picture;        // taken after the step
-    std::function<void()> work; // Look answers the dialogs and message boxes that it opens
+    std::function<void()> work; // Poll answers the dialogs and message boxes that it opens
   };
 
-  void Look(); // answers an open dialog, else runs the next step
-  void LookAtProgress();
+  void Poll(); // answers an open dialog, else runs the next step
+  void CheckProgress();
   bool AnswerDialog();
   void RunNextStep();
   void Trigger(const char* action);
@@ -62,10 +62,10 @@ private:
   QString m_folder;
   std::vector<Step> m_steps;
   std::size_t m_next = 0;
-  QTimer m_look;
+  QTimer m_poll;
   bool m_isWorking = false;
   bool m_progressPictured = false;
-  int m_patience = MostLooks;
+  int m_patience = MostPolls;
 };
 
 Demo::Demo(FrmMain& window, QString folder) : m_window(window), m_folder(std::move(folder)) {
@@ -85,23 +85,23 @@ Demo::Demo(FrmMain& window, QString folder) : m_window(window), m_folder(std::mo
        [this] { Trigger("mnuFileSave"); }},
       {"Writing it to the radio ...", "10-written", [this] { Trigger("mnuProgramWrite"); }},
   };
-  m_look.setInterval(LookMilliseconds);
-  connect(&m_look, &QTimer::timeout, this, &Demo::Look);
+  m_poll.setInterval(PollMilliseconds);
+  connect(&m_poll, &QTimer::timeout, this, &Demo::Poll);
 }
 
-void Demo::Look() {
+void Demo::Poll() {
   if (--m_patience <= 0) {
     std::cout << "The window does not go on; giving up." << std::endl;
-    m_look.stop();
+    m_poll.stop();
     QApplication::exit(1);
     return;
   }
-  LookAtProgress();
+  CheckProgress();
   if (!AnswerDialog() && !m_isWorking) RunNextStep();
 }
 
 // Once, halfway through the transfer.
-void Demo::LookAtProgress() {
+void Demo::CheckProgress() {
   if (m_progressPictured) return;
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     const auto* const bar = window->findChild<QProgressBar*>();
@@ -136,12 +136,12 @@ void Demo::RunNextStep() {
   if (m_next > 0 && !m_steps[m_next - 1].picture.empty()) Picture(m_window, m_steps[m_next - 1].picture);
   if (m_next == m_steps.size()) {
     const bool isWritten = m_window.State().origin == Origin(RadioOrigin{Transfer::Write});
-    m_look.stop();
+    m_poll.stop();
     QApplication::exit(isWritten && QFileInfo::exists(DataFile(m_folder)) ? 0 : 1);
     return;
   }
   const Step& step = m_steps[m_next++];
-  if (!step.tells.empty()) std::cout << step.tells << std::endl;
+  if (!step.text.empty()) std::cout << step.text << std::endl;
   m_isWorking = true;
   // Queued: a timer does not fire while its own handler waits in a dialog.
   QMetaObject::invokeMethod(

@@ -24,7 +24,7 @@
 namespace mr4500x {
 namespace {
 
-// False, with a message, unless all ports are there and none is given twice.
+// False, with a message, unless there are ports and none is given twice.
 bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArguments& arguments, Terminal& terminal) {
   std::vector<PortAddress>& ports = arguments.choice.ports;
   for (const std::string& text : arguments.ports) {
@@ -43,7 +43,7 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
   return !ports.empty() && names.size() == ports.size();
 }
 
-// Asked before anything starts.
+// Checked before anything starts.
 bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
   if (path.empty() || path == Stream) return true;
   if (!IsNeeded(choice, path) && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path))
@@ -71,7 +71,7 @@ EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
   const bool isLost = !start.lost.empty();
   terminal.err << (isLost ? start.lost : "The list has changed: " + LineForChanges(start.changes) + '.');
   if (!terminal.answersQuestions) {
-    terminal.err << (isLost ? " --start-over starts over.\n" : " Give --carry-over or --start-over.\n");
+    terminal.err << (isLost ? " Use --start-over to start over.\n" : " Use --carry-over or --start-over.\n");
     return EarlierRows::Ask;
   }
   terminal.err << (isLost ? "\nStart over? (y/n) " : "\nCarry these over, start over, or quit? (c/s/q) ") << std::flush;
@@ -83,7 +83,7 @@ EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
   return !isLost && is("carry over") ? EarlierRows::CarryOver : EarlierRows::Ask;
 }
 
-// What is left of the plan. A journal that is not there yet has nothing of it.
+// Prints the state of the plan. A journal that does not exist yet has no rows of it.
 ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& choice, Terminal& terminal) {
   const std::string address = JournalOf(choice);
   const PlanStart start = ComparePlan(files, choice, plan);
@@ -200,7 +200,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
     if (!note.text.empty()) tally.RecordNote(note);
     endIfOver();
   };
-  // What comes from the ports' threads is printed in this one.
+  // Reports from the ports' threads are printed in this thread.
   const auto inLoop = [&loop](auto function) { QMetaObject::invokeMethod(&loop, function, Qt::QueuedConnection); };
   session = std::make_unique<FleetSession>(
       files, settingsFile, plan, choice,

@@ -1,5 +1,5 @@
-// mr4500x-cli-fleet fleet ...: what `mr4500x-cli fleet` becomes, so that the other commands start without a database's
-// libraries.
+// mr4500x-cli-fleet fleet ...: the program that `mr4500x-cli fleet` becomes, so that the other commands start without
+// database libraries.
 #include "fleet_command.h"
 #include "fleet_summary.h"
 #include "machine.h"
@@ -24,7 +24,7 @@ std::string PortProblem(const std::string& text) {
   return text + " is not a port: use a number from 1 to 16, the path of a device, or all.";
 }
 
-// Calls one of the functions at the end of the parsing.
+// Calls one of the functions after parsing.
 void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void()>& onFleet,
              const std::function<void()>& onJournal) {
   FleetChoice& choice = arguments.choice;
@@ -53,9 +53,8 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
                   "compare the whole content of radios that are done, not only their programming time");
   fleet->add_flag("--rewrite-done", choice.rewritesDone,
                   "rewrite radios that are done but have changed since; otherwise they are set aside");
-  CLI::Option* const carryOver =
-      fleet->add_flag("--carry-over", arguments.carriesOver,
-                      "if the list has changed: rows that are the same, and that radios hold, stay done");
+  CLI::Option* const carryOver = fleet->add_flag("--carry-over", arguments.carriesOver,
+                                                 "if the list has changed: unchanged rows that radios hold stay done");
   fleet
       ->add_flag("--start-over", arguments.startsOver,
                  "if it has changed, or its journal is missing: give all rows out again")
@@ -102,7 +101,7 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
 int main(int argc, char** argv) {
   using namespace mr4500x;
   PrepareProcess();
-  IgnoreBrokenPipes(); // a reader of the lines that has gone must not end the radios' writes
+  IgnoreBrokenPipes(); // a write to a radio must not end because the reader of the output has ended
   try {
     const QCoreApplication application(argc, argv);
     FileSystem& files = MachineFiles();

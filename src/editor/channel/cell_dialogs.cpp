@@ -64,7 +64,7 @@ FrmTwoFive::FrmTwoFive(const QString& cellText, bool ttsMode, QRgb colour, Messa
   for (QRadioButton* const option : m_optSig)
     connect(option, &QRadioButton::toggled, this, &FrmTwoFive::optSig_Click);
   connect(m_txtFiveSig, &EntryBox::Left, this, &FrmTwoFive::txtFiveSig_LostFocus);
-  m_txtFiveSig->TellsWhen(
+  m_txtFiveSig->ShowsMessageWhen(
       [this] { return CheckFiveToneCode(m_txtFiveSig->text().toStdString()).entry != CodeEntry::Accepted; });
   connect(m_txtFiveSig, &EntryBox::Confirmed, m_cmdOK, &QPushButton::click);
   connect(m_txtFiveSig, &EntryBox::Escaped, this, &FrmTwoFive::reject);

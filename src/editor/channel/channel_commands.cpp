@@ -75,11 +75,11 @@ void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
   menu->setAttribute(Qt::WA_DeleteOnClose);
   for (std::size_t i = 0; i < m_actions.size(); ++i)
     if (which == Menu::Whole || Row::Table()[i].isEverywhere) menu->addAction(m_actions[i]);
-  ServeMenu(*menu);
+  UpdateWhenShown(*menu);
   menu->popup(at);
 }
 
-void ChannelCommands::ServeMenu(QMenu& menu) {
+void ChannelCommands::UpdateWhenShown(QMenu& menu) {
   connect(&menu, &QMenu::aboutToShow, this, &ChannelCommands::UpdateActions);
   connect(&menu, &QMenu::aboutToHide, this, [this] {
     for (QAction* const action : m_actions)
@@ -131,14 +131,15 @@ void ChannelCommands::Finish(const Configuration& changed, const std::vector<Ref
   int unseen = 0;
   for (std::size_t i = 0; i < ChannelCount; ++i)
     if (changed.channels[i].noCh && before.channels[i].noCh && changed.channels[i] != before.channels[i]) ++unseen;
-  emit m_panel.Told(unseen == 0 ? tr("Done: %1").arg(m_running)
-                                : tr("Done: %1 (channels that are not in use: %2)").arg(m_running).arg(unseen));
+  emit m_panel.StatusMessage(unseen == 0
+                                 ? tr("Done: %1").arg(m_running)
+                                 : tr("Done: %1 (channels that are not in use: %2)").arg(m_running).arg(unseen));
 }
 
 void ChannelCommands::CopyChannels() {
   const Channels channels = ChosenChannels();
   QGuiApplication::clipboard()->setText(QString::fromStdString(TextOfChannels(m_panel.Shown(), channels)));
-  emit m_panel.Told(tr("Channels copied: %1").arg(channels.size()));
+  emit m_panel.StatusMessage(tr("Channels copied: %1").arg(channels.size()));
 }
 
 void ChannelCommands::CutChannels() {
@@ -148,7 +149,7 @@ void ChannelCommands::CutChannels() {
 
 void ChannelCommands::PasteChannels() {
   const QString text = QGuiApplication::clipboard()->text();
-  if (text.trimmed().isEmpty()) return emit m_panel.Told(tr("There is nothing to paste."));
+  if (text.trimmed().isEmpty()) return emit m_panel.StatusMessage(tr("There is nothing to paste."));
   Configuration values = m_panel.Shown();
   const auto first = static_cast<std::size_t>(m_grid.currentRow());
   const ChannelList list = TakeChannels(values, first, text.toStdString(), m_texts);

@@ -23,7 +23,7 @@ public:
   ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHistory& history, RadioImage& image,
                   const FieldTexts& texts, MessageView& messages);
 
-  void ServeMenu(QMenu& menu); // each time it opens, greys what can't be used
+  void UpdateWhenShown(QMenu& menu); // each time it opens, greys what can't be used
 
 private:
   struct Row;
@@ -57,7 +57,7 @@ private:
   RadioImage& m_image;
   const FieldTexts& m_texts;
   MessageView& m_messages;
-  std::vector<QAction*> m_actions; // by row of the table
+  std::vector<QAction*> m_actions; // indexed by row of the table
   QString m_running;               // the name of the command
 };
 

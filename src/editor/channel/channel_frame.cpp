@@ -16,7 +16,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr int EditorExtraTwips = 10; // by which an editor is wider than its column
+constexpr int EditorExtraTwips = 10; // an editor is this much wider than its column
 constexpr int MarginTwips = 90;
 constexpr int LongestFrequency = 9; // "000.00000"
 
@@ -129,7 +129,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
     : GridFrame("fraChannel", tr("Channel Settings"), "Frequency Invalid!", messages), m_texts(texts),
       m_band(std::move(band)), m_isTtsMode(std::move(isTtsMode)), m_gridChannel(new ChannelGrid(this)),
       m_txtChFreq(new EntryBox("txtChFreq", LongestFrequency,
-                               FrequencyFilter(texts.decimalSeparator, [this](char sign) { TellOfDropped(sign); }), {},
+                               FrequencyFilter(texts.decimalSeparator, [this](char sign) { ReportIgnored(sign); }), {},
                                this)),
       m_cboCTCDCS(new ChoiceBox("cboCTCDCS", ToneItems(texts), {}, this)) {
   setAccessibleName(title());

@@ -25,11 +25,11 @@ public:
   void Fill(const Configuration& values) override;
   void Collect(Configuration& values) const override;
   void CollectUnfinished(Configuration& values) const override;
-  void KeepLabelsInView() override; // with the headings of the check boxes
+  void KeepLabelsInView() override; // includes the headings of the check boxes
   [[nodiscard]] ChannelGrid& Grid() const { return *m_gridChannel; }
 
 signals:
-  void OtherKeyPressed(); // in the grid: ends every edit
+  void OtherKeyPressed(); // another key in the grid ends every edit
 
 protected:
   void CellOpened(int row, int column) override;
@@ -62,7 +62,7 @@ private:
   [[nodiscard]] GridColumn EditedColumn() const { return static_cast<GridColumn>(OpenColumn() + 1); }
   [[nodiscard]] int StepOfEditedCell() const;
   [[nodiscard]] std::string Typed(const QString& text) const;
-  void TellOfDropped(char sign);
+  void ReportIgnored(char sign);
 
   const FieldTexts m_texts;
   std::function<Band()> m_band;

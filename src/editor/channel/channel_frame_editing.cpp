@@ -173,13 +173,13 @@ void ChannelFrame::EntryTaken(const QString& typed, const QString& taken) {
   const char separator = m_texts.decimalSeparator;
   if (typed.isEmpty() || ReadFrequency(Typed(typed), separator) == ReadFrequency(taken.toStdString(), separator))
     return;
-  Tell(tr("%1 moved to %2 MHz").arg(typed, taken));
+  PostStatus(tr("%1 moved to %2 MHz").arg(typed, taken));
 }
 
-void ChannelFrame::TellOfDropped(char sign) {
-  Tell(tr("\"%1\" was ignored: the decimal separator is \"%2\".")
-           .arg(QLatin1Char(sign))
-           .arg(QLatin1Char(m_texts.decimalSeparator)));
+void ChannelFrame::ReportIgnored(char sign) {
+  PostStatus(tr("\"%1\" was ignored: the decimal separator is \"%2\".")
+                 .arg(QLatin1Char(sign))
+                 .arg(QLatin1Char(m_texts.decimalSeparator)));
 }
 
 std::optional<QString> ChannelFrame::CheckedEntry(const QString& typed) const {

@@ -16,13 +16,13 @@
 namespace mr4500x {
 namespace {
 
-struct ColumnLook {
+struct ColumnStyle {
   int twips;
   std::array<const char*, 2> widest; // the widest texts of the column, whatever the font
 };
 
 // clang-format off
-constexpr std::array<ColumnLook, GridColumnCount> Looks = {{
+constexpr std::array<ColumnStyle, GridColumnCount> ColumnStyles = {{
     {616, {" CH16",     ""}},
     {893, {"000.00000", ""}},
     {539, {"6.25",      "2.5"}},
@@ -276,7 +276,7 @@ int ChannelGrid::CellWidthNeeded(GridColumn column) const {
   const bool label = column == GridColumn::ChannelNo;
   const QFontMetrics metrics = label ? verticalHeader()->fontMetrics() : fontMetrics();
   int width = 0;
-  for (const char* const text : Looks[static_cast<std::size_t>(column)].widest)
+  for (const char* const text : ColumnStyles[static_cast<std::size_t>(column)].widest)
     width = std::max(width, metrics.horizontalAdvance(QLatin1String(text)));
   const int margin =
       style()->pixelMetric(label ? QStyle::PM_HeaderMargin : QStyle::PM_FocusFrameHMargin, nullptr, this);
@@ -296,7 +296,7 @@ void ChannelGrid::FitToFont(int toneEditorWidth) {
     const auto column = static_cast<GridColumn>(i);
     int needed = std::max(CellWidthNeeded(column), HeaderWidthNeeded(column));
     if (column == GridColumn::RxTone) needed = std::max(needed, toneEditorWidth);
-    m_pixelsPerTwip = std::max(m_pixelsPerTwip, needed / static_cast<double>(Looks[i].twips));
+    m_pixelsPerTwip = std::max(m_pixelsPerTwip, needed / static_cast<double>(ColumnStyles[i].twips));
   }
   const int lineHeight = std::max(fontMetrics().height(), horizontalHeader()->fontMetrics().height());
   // A row must fit a line of text with the frame of its editor.
@@ -305,11 +305,11 @@ void ChannelGrid::FitToFont(int toneEditorWidth) {
   const int headerRow = static_cast<int>(std::lround(std::max(unit * 2, lineHeight * 2.0 + 4)));
 
   horizontalHeader()->setFixedHeight(headerRow);
-  verticalHeader()->setFixedWidth(Scaled(Looks[0].twips));
+  verticalHeader()->setFixedWidth(Scaled(ColumnStyles[0].twips));
   verticalHeader()->setDefaultSectionSize(channelRow);
   int width = 2 * frameWidth() + verticalHeader()->width();
   for (int column = 0; column < columnCount(); ++column) {
-    setColumnWidth(column, Scaled(Looks[static_cast<std::size_t>(column) + 1].twips));
+    setColumnWidth(column, Scaled(ColumnStyles[static_cast<std::size_t>(column) + 1].twips));
     width += columnWidth(column);
   }
   setFixedSize(width, headerRow + rowCount() * channelRow + 2 * frameWidth());

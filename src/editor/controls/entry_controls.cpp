@@ -81,7 +81,7 @@ QRect LineIn(const QRect& cell, const QFont& font) {
 }
 
 constexpr qsizetype MostItemsOpen = 20; // longer lists scroll
-constexpr int VisibleItems = 16;        // of a list that scrolls
+constexpr int VisibleItems = 16;        // items of a list that scrolls
 
 // Some styles open a long list as a menu as tall as the screen, away from the current item.
 class ShortDropDown : public QProxyStyle {
@@ -222,7 +222,7 @@ void EntryBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (m_leaving || !MovesBetweenControls(*event)) return;
   const Qt::FocusReason reason = event->reason();
-  if (reason == Qt::MouseFocusReason && m_leavingTells && m_leavingTells())
+  if (reason == Qt::MouseFocusReason && m_leavingShowsMessage && m_leavingShowsMessage())
     new HeldClick(this, [this, reason] { Leave(reason); });
   else
     Leave(reason);

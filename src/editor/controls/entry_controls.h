@@ -24,10 +24,12 @@ public:
            QWidget* parent);
 
   void IgnoreEditingKeys() { m_editingKeys = false; }   // Delete, Left, Home and the like
-  void CopyAndPasteWhole() { m_wholeClipboard = true; } // by Ctrl+C and Ctrl+V, whatever is selected
+  void CopyAndPasteWhole() { m_wholeClipboard = true; } // Ctrl+C and Ctrl+V then ignore the selection
 
   // Whether leaving the box now shows a message. A click that does so counts when the message is closed.
-  void TellsWhen(std::function<bool()> leavingTells) { m_leavingTells = std::move(leavingTells); }
+  void ShowsMessageWhen(std::function<bool()> leavingShowsMessage) {
+    m_leavingShowsMessage = std::move(leavingShowsMessage);
+  }
 
   void SetWholeText(const QString& text); // a text beyond the limit is kept until the user edits it
   void PutText(const QString& text);      // cuts the text at the limit
@@ -62,7 +64,7 @@ private:
 
   int m_mostCharacters;
   CharacterFilter m_filter;
-  std::function<bool()> m_leavingTells;
+  std::function<bool()> m_leavingShowsMessage;
   bool m_editingKeys = true;
   bool m_wholeClipboard = false;
   bool m_leaving = false;

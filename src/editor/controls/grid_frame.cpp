@@ -164,7 +164,7 @@ void GridFrame::SetUp(CellGrid& grid, EntryBox& entry, ChoiceBox& list) {
   m_entry = &entry;
   m_list = &list;
   entry.CopyAndPasteWhole();
-  entry.TellsWhen([this] { return OpenEntry() != nullptr && !CheckedEntry(m_entry->text()); });
+  entry.ShowsMessageWhen([this] { return OpenEntry() != nullptr && !CheckedEntry(m_entry->text()); });
   entry.hide();
   list.hide();
   connect(&grid, &CellGrid::CellOpened, this, [this] {
@@ -220,9 +220,9 @@ void GridFrame::Store(const QString& text) {
   emit Changed();
 }
 
-void GridFrame::Tell(const QString& message) {
+void GridFrame::PostStatus(const QString& message) {
   QMetaObject::invokeMethod(
-      this, [this, message] { emit Told(message); }, Qt::QueuedConnection);
+      this, [this, message] { emit StatusMessage(message); }, Qt::QueuedConnection);
 }
 
 void GridFrame::RefuseEntry() {

@@ -18,7 +18,7 @@ namespace mr4500x {
 class CellGrid : public QTableWidget {
   Q_OBJECT
 public:
-  void MoveOn(); // to the next cell, row by row; from the last cell to the first
+  void MoveOn(); // moves to the next cell, row by row, and from the last cell to the first
   // In a scrolled panel the labels of rows and columns stay at the edge of the visible part, over the cells.
   void KeepLabelsInView();
 
@@ -71,7 +71,7 @@ public:
   virtual void KeepLabelsInView() { m_grid->KeepLabelsInView(); }
 
 signals:
-  void Told(const QString& message); // in passing
+  void StatusMessage(const QString& message); // for the status bar
 
 protected:
   // `refusal` is the message about an invalid entry.
@@ -81,7 +81,7 @@ protected:
   virtual void CellOpened(int row, int column) = 0;
   // The text to store for a typed one, or nullopt if it is invalid.
   [[nodiscard]] virtual std::optional<QString> CheckedEntry(const QString& typed) const = 0;
-  [[nodiscard]] virtual bool HasEditor(int row, int column) const = 0; // which CellOpened would open
+  [[nodiscard]] virtual bool HasEditor(int row, int column) const = 0; // whether CellOpened would open an editor
   virtual void Picked(const QString& /*text*/) {}                      // after the list's text was stored
   virtual void EntryConfirmed() {}                                     // after Enter
   virtual void EntryTaken(const QString& /*typed*/, const QString& /*taken*/) {}
@@ -91,8 +91,8 @@ protected:
   void RefuseEntry(); // shows the message and restores the cell's text
   [[nodiscard]] QString OpenText() const;
   [[nodiscard]] std::optional<QString> EditedText() const; // what a commit would store, or nullopt
-  void Store(const QString& text);                         // in the open cell
-  void Tell(const QString& message);                       // after the changes of the same action, which end a message
+  void Store(const QString& text);                         // stores the text in the open cell
+  void PostStatus(const QString& message); // emitted after the changes of the action, which end a message
 
   [[nodiscard]] MessageView& Messages() const { return m_messages; }
   [[nodiscard]] int OpenRow() const { return m_row; }
@@ -109,7 +109,7 @@ private:
   CellGrid* m_grid = nullptr;
   EntryBox* m_entry = nullptr;
   ChoiceBox* m_list = nullptr;
-  int m_row = 0, m_column = 0; // of the cell opened last
+  int m_row = 0, m_column = 0; // the cell that was opened last
   bool m_closing = false;      // ignore the focus leaving an editor
   QTimer m_newLooks;           // after a change of font, style or palette
 };

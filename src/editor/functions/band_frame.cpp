@@ -47,11 +47,11 @@ BandFrame::BandFrame(MessageView& messages, RadioImage& image)
   connect(m_upper, &EntryBox::Stepped, this, &BandFrame::txtFreqBandU_Recheck);
   connect(m_lower, &EntryBox::Left, this, &BandFrame::txtFreqBandL_Validate);
   connect(m_upper, &EntryBox::Left, this, &BandFrame::txtFreqBandU_Validate);
-  m_lower->TellsWhen([this] {
+  m_lower->ShowsMessageWhen([this] {
     const BandCheck check = CheckLowerBand(m_lower->text().toStdString(), m_upper->text().toStdString());
     return check.entry != BandEntry::Accepted || check.value != LowerBandLimit(m_image.BandBlock);
   });
-  m_upper->TellsWhen([this] {
+  m_upper->ShowsMessageWhen([this] {
     return CheckUpperBand(m_lower->text().toStdString(), m_upper->text().toStdString()).entry != BandEntry::Accepted;
   });
 }

@@ -58,7 +58,7 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
   };
   connect(box, &EntryBox::Arrived, box, selectDashes);
   connect(box, &EntryBox::Clicked, box, selectDashes); // the click that follows removes the selection
-  box->TellsWhen([box] { return !IdTextValid(box->text().toStdString()); });
+  box->ShowsMessageWhen([box] { return !IdTextValid(box->text().toStdString()); });
   connect(box, &EntryBox::Left, this, [this, box, refusal] {
     if (IdTextValid(box->text().toStdString())) return;
     ShowEntryError(m_messages, refusal);

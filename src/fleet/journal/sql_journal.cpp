@@ -21,7 +21,7 @@ QString WithoutTrailingBlanks(const std::string& text) {
   return Text(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
-// What is unknown counts as what gives no row out twice.
+// An unknown value is read as the one with which no row is given out twice.
 RowState StateIn(const QString& name) {
   return name == "free" ? RowState::Free : name == "done" ? RowState::Done : RowState::Taken;
 }
@@ -52,7 +52,7 @@ JournalRow RowIn(const QSqlQuery& query) {
                  .state = StateIn(query.value(3).toString()),
                  .bench = {},
                  .idNumber = {}};
-  if (row.state == RowState::Free) return row; // a silent bench has it no longer
+  if (row.state == RowState::Free) return row; // a silent bench has lost it
   row.bench = query.value(4).toString().toStdString();
   row.idNumber = query.value(5).toString().toStdString();
   row.stamp = query.value(6).toString().toStdString();
@@ -85,23 +85,24 @@ constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench,
 constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = ''"
                            " WHERE plan = :plan AND state = 'taken' AND ";
 
-// A claim that this journal still has, and an attempt that its port has begun, come from a call whose answer was lost:
-// nothing was written. What a silent bench has of the radio is given up.
+// If this journal still has a claim, or its port has begun an attempt, they come from a call whose answer was lost, and
+// nothing was written. A silent bench's claim for the radio is released.
 const QStringList BeforeClaim = {
-    Heard, // locks the bench's entry, so a call that was given up is over before the next
+    Heard, // locks the bench's entry, so an abandoned call is over before the next one
     "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
     " WHERE outcome = 'begun' AND bench = :bench AND port = :port",
     QString(SetFree) + "claim = :claim", QString(SetFree) + "id_number = :id AND {isSilent}"};
 constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = ''"
                             " WHERE plan = :plan AND state = 'done' AND id_number = :id";
-// The plan's lock keeps two benches from making the same row.
+// The plan's lock prevents two benches from making the same row.
 const QStringList MakeRow = {
     "SELECT plan FROM fleet_plan WHERE plan = :plan{lock}",
     "INSERT INTO fleet_row (plan, number) SELECT :plan, coalesce(max(number), 0) + 1 FROM fleet_row WHERE plan = :plan"
     " HAVING NOT EXISTS (SELECT 1 FROM fleet_row WHERE plan = :plan AND"
     " (radio IN ('', :id) AND {isFree} OR id_number = :id AND state <> 'free'))"};
-// The radio's number may also be at another port, or its bench has died and may have written it. The row is asked once
-// more: what was selected may be older than its lock. A second of these statements finds that the radio has a row.
+// The radio's number may also be at another port, or its bench has died and may have written it. The row is queried
+// again, because the selected state may be older than its lock. A second of these statements finds that the radio has a
+// row.
 const QString TakeFree =
     "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = ''"
     " WHERE plan = :plan AND {isFree} AND number ="
@@ -126,7 +127,7 @@ public:
 
   bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) override;
   std::optional<PlanHistory> History(const PlanHead& plan) override;
-  Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override;
+  Claim ClaimRow(const Attempt& attempt, const ClaimRequest& request) override;
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<Attempt> Enter(const Attempt& attempt) override;
   bool ReportAlive(const std::string& bench) override;
@@ -154,7 +155,7 @@ bool SqlJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows
          {":name", Text(plan.name)},
          {":template", Text(plan.templateKey)},
          {":begun", Text(plan.begun)}});
-    if (!added || *added == 0) return added.has_value(); // its rows came with it
+    if (!added || *added == 0) return added.has_value(); // its rows were added with it
     return rows.empty() || InsertRows(plan.key, rows);
   });
 }
@@ -182,7 +183,7 @@ std::optional<PlanHistory> SqlJournal::History(const PlanHead& plan) {
   return history;
 }
 
-// In one round trip for each 5,000 rows. The texts are quoted here, as there is no list of names for so many.
+// One round trip for 5,000 rows. The texts are quoted here, because there are too many for named values.
 bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRow>& rows) {
   constexpr std::size_t RowsInAStatement = 500;
   constexpr qsizetype StatementsAtOnce = 10;
@@ -207,15 +208,15 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
   return statements.empty() || m_database.RunAll(statements, values);
 }
 
-Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {
+Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) {
   Values values = ValuesOf(attempt);
   values.emplace_back(":claim", m_claimName);
-  values.emplace_back(":wish", QVariant::fromValue(wish.row));
+  values.emplace_back(":request", QVariant::fromValue(request.row));
   QStringList statements = BeforeClaim;
-  if (wish.takesDone) statements += TakeDone;
-  if (wish.isEndless) statements += MakeRow;
-  if (wish.row > 0) statements += TakeFree.arg(QStringLiteral(" AND (radio <> '' OR number = :wish)"));
-  if (wish.row == 0 || !wish.isChosen) statements += TakeFree.arg(QString());
+  if (request.takesDone) statements += TakeDone;
+  if (request.isEndless) statements += MakeRow;
+  if (request.row > 0) statements += TakeFree.arg(QStringLiteral(" AND (radio <> '' OR number = :request)"));
+  if (request.row == 0 || !request.isChosen) statements += TakeFree.arg(QString());
   statements << EnterBegun << SelectClaim;
   Claim claim;
   const auto take = [&] {
@@ -229,7 +230,7 @@ Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {
     if (claim.row.state == RowState::Taken && query->value(IsMine).toBool()) claim.kind = Claim::Kind::Taken;
     return true;
   };
-  // Two ports may have claimed rows for one number at once. The second time, this one sees what the other has.
+  // Two ports may have claimed rows for one number at the same time. At the second try, this one sees the other's row.
   for (int tries = 0; tries < 2; ++tries) {
     if (m_database.Open() && m_database.InTransaction(take)) return claim;
     if (!m_database.IsDouble()) break;
@@ -292,7 +293,7 @@ bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
     break;
   }
   if (attempt.outcome != AttemptOutcome::Verified) return m_database.Run(release, values).has_value();
-  // In the meantime the row may have got another radio, or the radio another row.
+  // In the meantime another radio may have got the row, or the radio another row.
   auto other =
       m_database.RunAll({"SELECT number FROM fleet_row WHERE plan = :plan AND number = :number{lock}",
                          "SELECT number, id_number FROM fleet_row WHERE plan = :plan AND state = 'done'"
@@ -309,7 +310,7 @@ bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
     return m_database.Run(release, values).has_value();
   }
   return m_database
-      .RunAll({QString(SetFree) + "id_number = :id AND number <> :number", // what the radio has got since
+      .RunAll({QString(SetFree) + "id_number = :id AND number <> :number", // the radio's row since then
                "UPDATE fleet_row SET state = 'done', bench = :bench, claim = '', id_number = :id, stamp = :stamp"
                " WHERE plan = :plan AND number = :number"},
               values)

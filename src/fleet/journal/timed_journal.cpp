@@ -12,8 +12,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto LongestCall = 4s;
-constexpr std::size_t RowsInASecond = 2500; // that a slow line carries
-// After a call that was given up the next ones fail at once, so that two in a row end in time.
+constexpr std::size_t RowsInASecond = 2500; // on a slow line
+// After an abandoned call the next ones fail at once, so that two calls in a row end in time.
 constexpr auto PauseAfterIt = 3s;
 
 } // namespace
@@ -21,7 +21,7 @@ constexpr auto PauseAfterIt = 3s;
 struct TimedJournal::Worker {
   std::mutex mutex;
   std::condition_variable changed;
-  std::function<void(Journal&)> call; // to be made
+  std::function<void(Journal&)> call; // the call to be made
   bool isOver = false;
   std::atomic<bool> isGivenUp = false;
 
@@ -57,7 +57,7 @@ void TimedJournal::GiveUp() {
   }
   m_worker->changed.notify_one();
   m_worker.reset();
-  m_thread.detach(); // it ends when its call returns
+  m_thread.detach(); // the thread ends when its call returns
   m_notBefore = std::chrono::steady_clock::now() + PauseAfterIt;
   m_failure = {"The database does not answer.", "", false};
 }
@@ -92,7 +92,7 @@ Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost, std:
   return found;
 }
 
-// The arguments are copied: a call that was given up may need them later.
+// The arguments are copied, because an abandoned call may need them later.
 bool TimedJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) {
   const std::chrono::seconds forRows(rows.size() / RowsInASecond); // no port waits for this call
   return Ask<bool>([=](Journal& journal) { return journal.Begin(plan, rows); }, false, forRows);
@@ -102,8 +102,8 @@ std::optional<PlanHistory> TimedJournal::History(const PlanHead& plan) {
   return Ask<std::optional<PlanHistory>>([=](Journal& journal) { return journal.History(plan); }, std::nullopt);
 }
 
-Claim TimedJournal::ClaimRow(const Attempt& attempt, const ClaimWish& wish) {
-  return Ask<Claim>([=](Journal& journal) { return journal.ClaimRow(attempt, wish); }, {});
+Claim TimedJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) {
+  return Ask<Claim>([=](Journal& journal) { return journal.ClaimRow(attempt, request); }, {});
 }
 
 Renewal TimedJournal::Renew(const std::string& plan, std::size_t row, const std::string& bench) {

@@ -1,5 +1,5 @@
-// A journal on a server that may hold the connection without answering: no call takes longer than a few seconds. Each
-// runs in a thread of the journal's own. One that takes too long is given up with its thread and connection, and can no
+// A journal on a server that may hold the connection without answering. No call takes longer than a few seconds. Each
+// call runs in a separate thread. A call that takes too long is abandoned with its thread and connection, and can no
 // longer commit anything.
 #pragma once
 
@@ -14,7 +14,7 @@ namespace mr4500x {
 
 class TimedJournal final : public Journal {
 public:
-  // Called in the thread. `mayCommit` is false as soon as the call has been given up.
+  // Called in the thread. `mayCommit` returns false as soon as the call has been abandoned.
   using OpenFunction = std::function<std::unique_ptr<Journal>(std::function<bool()> mayCommit)>;
 
   explicit TimedJournal(OpenFunction open) : m_open(std::move(open)) {}
@@ -24,7 +24,7 @@ public:
 
   bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) override;
   std::optional<PlanHistory> History(const PlanHead& plan) override;
-  Claim ClaimRow(const Attempt& attempt, const ClaimWish& wish) override;
+  Claim ClaimRow(const Attempt& attempt, const ClaimRequest& request) override;
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<Attempt> Enter(const Attempt& attempt) override;
   bool ReportAlive(const std::string& bench) override;
@@ -41,13 +41,13 @@ private:
   };
   struct Worker;
 
-  // The answer of `call`; `lost` if there is none in time.
+  // The answer of `call`, or `lost` if there is none in time.
   template<class Answer>
   [[nodiscard]] Answer Ask(std::function<Answer(Journal&)> call, Answer lost, std::chrono::seconds more = {});
   void GiveUp();
 
   const OpenFunction m_open;
-  std::shared_ptr<Worker> m_worker; // none before the first call, and after one that was given up
+  std::shared_ptr<Worker> m_worker; // none before the first call and after an abandoned one
   std::thread m_thread;             // the worker's
   std::chrono::steady_clock::time_point m_notBefore{};
   Failure m_failure;

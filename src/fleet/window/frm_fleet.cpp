@@ -33,7 +33,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// What is now read from the files, and if that is still the plan that is shown, how it begins.
+// The plan from the files, and how it starts if it is still the shown one.
 struct Beginning {
   std::shared_ptr<const PlanCheck> check;
   bool isSame = false;
@@ -79,12 +79,12 @@ void FrmFleet::ShowMessage(const QString& text, const QString& details) {
   m_message->setToolTip(details);
 }
 
-// The database's own words are its details.
+// The details are the database's own message.
 void FrmFleet::ShowFailure(const JournalFailure& failure) {
   ShowMessage(Shown(WithoutPassword(m_journal) + ": " + failure.error), Shown(failure.details));
 }
 
-// Until the chosen one has been loaded nothing else can be started.
+// Until the chosen plan has been loaded, nothing can be started.
 void FrmFleet::ForgetPlan() {
   m_plan.reset();
   ++m_loads;
@@ -92,7 +92,7 @@ void FrmFleet::ForgetPlan() {
   m_rows.Show({});
   m_counts->clear();
   ShowState();
-  m_loadSoon.start(); // when the user has typed it
+  m_loadSoon.start(); // after the user has finished typing
 }
 
 void FrmFleet::LoadChosenPlan() {
@@ -104,7 +104,7 @@ void FrmFleet::LoadChosenPlan() {
   RunInWorker(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
     if (load != m_loads) return;
     if (m_session || m_isStarting) return;
-    if (m_plan && IsSamePlan(*check, *m_plan)) return RefreshRows(); // what is selected stays
+    if (m_plan && IsSamePlan(*check, *m_plan)) return RefreshRows(); // keep the selection
     ShowPlan(check, choice);
   });
 }
@@ -128,7 +128,7 @@ void FrmFleet::ShowState() {
   const FleetChoice choice = m_setup->Choice();
   const QString missing = tr("Choose a template and the ports.");
   const bool isMissing = !isRunning && (choice.templateFile.empty() || choice.ports.empty());
-  if (isMissing && m_message->text().isEmpty()) ShowMessage(missing); // the message of a command stays
+  if (isMissing && m_message->text().isEmpty()) ShowMessage(missing); // keep the message of a command
   if (!isMissing && m_message->text() == missing) ShowMessage({});
   m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
@@ -176,7 +176,7 @@ void FrmFleet::StartWith(EarlierRows earlier) {
       StartPorts(choice);
     }
     ShowState();
-    // Not the button: the blank in a label that is scanned would press it.
+    // Not the button, because a blank in a scanned label would press it.
     if (m_session) m_next->isEnabled() ? m_next->setFocus() : m_stop->setFocus();
   });
 }
@@ -184,7 +184,7 @@ void FrmFleet::StartWith(EarlierRows earlier) {
 // Nothing has been entered yet.
 void FrmFleet::AskAboutEarlier(const PlanStart& start) {
   const bool isLost = !start.lost.empty();
-  const QString changed = tr("The list has changed: %1. Rows that carry over stay done.");
+  const QString changed = tr("The list has changed: %1. Rows that are carried over stay done.");
   auto* const box = new QMessageBox(QMessageBox::Question, windowTitle(),
                                     isLost ? Shown(start.lost) : changed.arg(Shown(LineForChanges(start.changes))),
                                     QMessageBox::Cancel, this);
@@ -212,7 +212,7 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
   m_isStopping = false;
   m_since.start();
   m_refresh.start();
-  // What comes from the ports' threads is shown in this one.
+  // Reports from the ports' threads are shown in this thread.
   const auto inWindow = [this](auto show) { QMetaObject::invokeMethod(this, show, Qt::QueuedConnection); };
   m_session = std::make_unique<FleetSession>(
       m_files, m_settingsFile, m_plan->plan, choice,
@@ -241,7 +241,7 @@ void FrmFleet::ShowConflict(const Attempt& attempt) {
   auto* const box =
       new QMessageBox(QMessageBox::Warning, windowTitle(), Shown(LineForConflict(attempt)), QMessageBox::Ok, this);
   box->setAttribute(Qt::WA_DeleteOnClose);
-  box->show(); // the ports go on
+  box->show(); // the ports continue
 }
 
 void FrmFleet::End() {
@@ -267,12 +267,12 @@ void FrmFleet::StopAfterTheseRadios() {
   ShowState();
 }
 
-// In the worker's thread, as the database may be slow. One query at a time.
+// Runs in the worker's thread, because the database may be slow. One query at a time.
 void FrmFleet::RefreshRows() {
   m_refreshesAgain = m_isRefreshing;
   if (m_isRefreshing || !m_plan || !m_plan->problems.empty()) return;
   m_isRefreshing = true;
-  // The rows alone: the attempts may be many.
+  // Only the rows, because there may be many attempts.
   const auto work = [plan = m_plan, address = m_journal] {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     auto rows = journal->Rows(plan->plan.key);

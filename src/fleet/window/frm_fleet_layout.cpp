@@ -1,4 +1,4 @@
-// How the fleet's window is laid out, and how the keys move between its parts.
+// The layout of the fleet's window, and the keys that move between its parts.
 #include "fleet_setup.h"
 #include "frm_fleet.h"
 #include "port_card.h"
@@ -69,17 +69,17 @@ QWidget* FrmFleet::BuildFailed() {
   m_failed->setObjectName(QStringLiteral("lstFailed"));
   m_failed->setWordWrap(true);
   m_failed->setTextElideMode(Qt::ElideNone);
-  auto* const caption = new QLabel(tr("To be looked at (&X):"));
+  auto* const caption = new QLabel(tr("Needs attention (&X):"));
   caption->setBuddy(m_failed);
-  auto* const dealtWith = new QPushButton(tr("&Dealt with"));
-  dealtWith->setObjectName(QStringLiteral("cmdDealtWith"));
-  dealtWith->setToolTip(tr("Takes the selected radio off this list (Delete); the journal keeps its entries"));
-  connect(dealtWith, &QPushButton::clicked, this, [this] { DismissFailed(); });
+  auto* const dismiss = new QPushButton(tr("&Dismiss"));
+  dismiss->setObjectName(QStringLiteral("cmdDismiss"));
+  dismiss->setToolTip(tr("Removes the selected radio from this list (Delete); the journal keeps its entries"));
+  connect(dismiss, &QPushButton::clicked, this, [this] { DismissFailed(); });
   auto* const byKey = new QShortcut(QKeySequence::Delete, m_failed, [this] { DismissFailed(); });
   byKey->setContext(Qt::WidgetShortcut);
   auto* const line = new QHBoxLayout;
   line->addWidget(caption, 1);
-  line->addWidget(dealtWith);
+  line->addWidget(dismiss);
   auto* const layout = new QVBoxLayout(m_failedBox);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addLayout(line);
@@ -130,7 +130,7 @@ QLayout* FrmFleet::BuildCounts() {
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
   m_next->setObjectName(QStringLiteral("txtNext"));
   m_next->setPlaceholderText(tr("Next row: label or radio (Ctrl+L)"));
-  m_next->setToolTip(tr("Scan or type a row's label or its radio's number; the next port that waits gets the row"));
+  m_next->setToolTip(tr("Scan or type a row's label or its radio's number; the next waiting port gets the row"));
   m_next->setEnabled(false); // until the start
   connect(m_next, &QLineEdit::returnPressed, this, [this] { ChooseRow(); });
   new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_L), this, [this] { m_next->setFocus(); });
@@ -160,7 +160,7 @@ QLayout* FrmFleet::BuildButtons() {
   return line;
 }
 
-// As many in a row as the window is wide enough for.
+// As many per row as fit the width of the window.
 void FrmFleet::ArrangeCards() {
   if (m_cards.empty()) return;
   const int room = width() - layout()->contentsMargins().left() - layout()->contentsMargins().right();

@@ -1,4 +1,4 @@
-// What the user does about single radios: choosing the row of the next one, and dealing with those that failed.
+// The user's actions for single radios: choosing the row of the next one, and dismissing failed ones.
 #include "frm_fleet.h"
 #include "port_card.h"
 #include "shown_text.h"
@@ -14,7 +14,7 @@ void FrmFleet::ChooseRow() {
   m_next->clear();
   if (text.empty()) {
     m_session->ForgetChoices();
-    return ShowMessage(tr("The rows go out in the order of the list."));
+    return ShowMessage(tr("Rows are given out in the order of the list."));
   }
   const JournalRow* const row = FindRow(m_rows.Rows(), text);
   const bool isChosen = row != nullptr && CanBeChosen(*row);

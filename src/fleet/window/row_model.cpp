@@ -31,7 +31,7 @@ constexpr std::array Columns = {
     Column{"Only for", [](const JournalRow& row) -> QVariant { return Shown(row.radio); }},
     Column{"Radio", [](const JournalRow& row) -> QVariant { return Shown(row.idNumber); }},
     Column{"Bench", [](const JournalRow& row) -> QVariant { return Shown(row.bench); }},
-    Column{"Last heard", [](const JournalRow& row) -> QVariant { return LastHeard(row.silentFor); }},
+    Column{"Last report", [](const JournalRow& row) -> QVariant { return LastHeard(row.silentFor); }},
 };
 
 QPixmap SignOf(RowState state) {

@@ -62,7 +62,7 @@ struct SqlJournals : testing::TestWithParam<const char*> {
     QSqlDatabase database = QSqlDatabase::addDatabase(IsServer() ? "QPSQL" : "QSQLITE");
     database.setDatabaseName(IsServer() ? "postgres" : m_folder.filePath("fleet.journal"));
     if (IsServer()) database.setHostName(m_server->Folder());
-    if (IsServer()) database.setPort(5433); // not the usual one
+    if (IsServer()) database.setPort(5433); // not the default port
     database.setUserName("bench");
     EXPECT_TRUE(database.open());
     return database;
@@ -95,7 +95,7 @@ std::string TextOfRow(const JournalRow& row) {
   return number + (row.state == RowState::Done ? " done " : " taken ") + row.bench + ' ' + row.idNumber + silence;
 }
 
-// The look for a free row sees the others as they were before it had to wait; the row is not free for all that.
+// The query for a free row sees the state from before it had to wait. The row must still not be given out.
 void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
   ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"race", ""}, {NewRow(1), NewRow(2)}));
   ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->ReportAlive("Z"));
@@ -127,7 +127,7 @@ TEST_P(SqlJournals, FollowTheRules) {
     const std::string& plan = rule[1];
     SCOPED_TRACE(plan);
     std::map<std::string, std::unique_ptr<Journal>> ports;
-    Attempt last; // that took a row
+    Attempt last; // the last one that took a row
     const auto at = [&](const std::string& port) -> Journal& {
       auto& journal = ports[port];
       if (!journal) journal = OpenJournal(address, JournalUse::Enter);
@@ -140,16 +140,17 @@ TEST_P(SqlJournals, FollowTheRules) {
       std::istringstream words(step);
       std::string command, port, radio;
       words >> command;
-      if (command == "take" || command == "endless" || command == "again" || command == "wish" || command == "choose") {
-        std::size_t wished = 0;
+      if (command == "take" || command == "endless" || command == "again" || command == "request" ||
+          command == "choose") {
+        std::size_t requested = 0;
         words >> port;
-        if (command == "wish" || command == "choose") words >> wished;
+        if (command == "request" || command == "choose") words >> requested;
         std::getline(words.ignore(), radio);
         last = NewAttempt(plan, port.substr(0, 1), radio);
         last.port = port;
         const Claim claim = at(port).ClaimRow(last, {.isEndless = command == "endless",
                                                      .takesDone = command == "again",
-                                                     .row = wished,
+                                                     .row = requested,
                                                      .isChosen = command == "choose"});
         const char* const kinds[] = {"row", "done", "none", "lost"};
         return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? ' ' + std::to_string(claim.row.row) : "");
@@ -201,7 +202,7 @@ TEST_P(SqlJournals, FollowTheRules) {
   TakeWhatAnotherTakesMeanwhile();
 }
 
-// What goes to a file that nobody finds again would be lost. `journal` has the file open.
+// Entries in a file that is not found again would be lost. `journal` has the file open.
 void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   const std::string path = address.substr(std::string("sqlite:").size()), moved = path + ".moved";
   std::filesystem::rename(path, moved);
@@ -226,7 +227,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   EXPECT_EQ(std::filesystem::file_size(other), 1U);
 }
 
-TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
+TEST_P(SqlJournals, KeepEveryDetailAndRefuseUnknownContents) {
   const auto journal = OpenJournal(address, JournalUse::Enter);
   const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ?", "R7"), NewRow(9)};
   for (int i = 0; i < 2; ++i)
@@ -266,8 +267,8 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseWhatTheyDoNotUnderstand) {
   }
 }
 
-// Three benches at once, and a server that crashes meanwhile.
-// What the first version of the tables has, with a radio at two rows, is all there after the upgrade.
+// Three benches at once, and a server that crashes during their work.
+// The upgrade keeps everything in the first version's tables, including a radio with two rows.
 TEST_P(SqlJournals, UpgradeTheFirstVersion) {
   for (const char* const statement : SchemaVersions.front())
     Execute(statement);
@@ -295,8 +296,8 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
     Execute(QString("SELECT * FROM ") + view);
 }
 
-// Nothing hangs while the server holds its connections without answering, and nothing that was given up comes later.
-TEST_P(SqlJournals, WaitForNoServer) {
+// Nothing hangs while the server holds its connections without answering, and no abandoned call takes effect later.
+TEST_P(SqlJournals, DoNotHangWithTheirServer) {
   if (!IsServer()) {
     const std::string path = address.substr(std::string("sqlite:").size());
     OpenJournal(address, JournalUse::Enter)->Begin({"p", ""}, {NewRow(1)});
@@ -394,7 +395,7 @@ TEST_P(SqlJournals, GiveNoRowOutTwice) {
   std::atomic<int> done = 0, lost = 0;
   const auto program = [&](const std::string& bench) {
     const auto journal = OpenJournal(address, JournalUse::Enter);
-    std::map<std::size_t, std::string> radios; // by row
+    std::map<std::size_t, std::string> radios; // indexed by row
     for (int radio = 1;; ++radio) {
       Attempt attempt = NewAttempt("plan", bench, bench + std::to_string(radio));
       attempt.outcome = AttemptOutcome::Verified;

@@ -77,7 +77,7 @@ protected:
   void AnswerDialog() {
     QWidget* const dialog = QApplication::activeModalWidget();
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
-      told.append(box->text());
+      reported.append(box->text());
       QAbstractButton* const yes = box->button(QMessageBox::Yes);
       QAbstractButton* const other = box->defaultButton() != nullptr ? box->defaultButton() : box->buttons().front();
       (yes != nullptr ? yes : other)->click();
@@ -108,10 +108,10 @@ protected:
   std::unique_ptr<FrmFleet> window;
   QObject user;
   QString file;
-  QStringList told, asked;
+  QStringList reported, asked;
 };
 
-TEST(FleetTallyTest, CountsARadioAsItEndedAndNoneWithoutARow) {
+TEST(FleetTallyTest, CountsARadioByItsOutcomeAndNoneWithoutARow) {
   using enum PortState;
   FleetTally tally(2);
   const std::tuple<PortState, const char*, int, std::size_t> steps[] = {
@@ -156,9 +156,9 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   QTest::keyClick(window.get(), Qt::Key_L, Qt::ControlModifier);
   const std::pair<const char*, const char*> scans[] = {
       {"LR-2\r", "row 2, Car 2: done, by radio LR-2"},
-      {"car 3\r", "row 3, Car 3: chosen for the next port that waits"},
-      {"Car 4\r", "No row, or more than one, has this label or radio: Car 4"},
-      {"\r", "The rows go out in the order of the list."},
+      {"car 3\r", "row 3, Car 3: chosen for the next waiting port"},
+      {"Car 4\r", "There is no row, or more than one, with this label or radio: Car 4"},
+      {"\r", "Rows are given out in the order of the list."},
   };
   for (const auto& [keys, message] : scans) {
     QTest::keyClicks(QApplication::focusWidget(), keys);
@@ -224,7 +224,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   QTest::mouseClick(Find<QPushButton>("cmdSave"), Qt::LeftButton);
   EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("/rows.csv can't be written."); }));
   EXPECT_EQ(Content("rows.csv"), rowsBefore);
-  told.clear(); // the dialog has asked about the file
+  reported.clear(); // the dialog has asked about the file
 
   // What was chosen comes back. What is done is not written again. An entry that was late meets a row that is done.
   window->close();
@@ -239,9 +239,10 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   ASSERT_TRUE(Await([&] { return Label("lblCounts") == "2 of 3 rows done, 0 taken, 1 free"; }));
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
-  EXPECT_TRUE(Await([&] { return !told.isEmpty(); }));
-  EXPECT_TRUE(told.size() == 1 && told[0].startsWith("Two radios have one row")) << told.join(' ').toStdString();
-  told.clear();
+  EXPECT_TRUE(Await([&] { return !reported.isEmpty(); }));
+  EXPECT_TRUE(reported.size() == 1 && reported[0].startsWith("Two radios have one row"))
+      << reported.join(' ').toStdString();
+  reported.clear();
 
   // Nor is it when the list gets another row, unless the user says so.
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
@@ -255,14 +256,15 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("2 of 4 rows done"); }))
       << Label("lblCounts").toStdString();
   EXPECT_EQ(asked.size(), 2) << "the name is asked once a day";
-  EXPECT_EQ(told, QStringList("The list has changed: 2 done carried over, 1 new, 0 changed, 1 not done. Rows that carry"
-                              " over stay done."));
+  EXPECT_EQ(reported,
+            QStringList("The list has changed: 2 done carried over, 1 new, 0 changed, 1 not done. Rows that are carried"
+                        " over stay done."));
 }
 
 TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
   AddRadio({"--pace", "9600"});
   for (const bool bySignal : {true, false}) {
-    told.clear();
+    reported.clear();
     bySignal ? ChoosePlanAndPorts() : Open();
     ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
     QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
@@ -273,9 +275,9 @@ TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
     EXPECT_TRUE(window->isVisible());
     ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
     EXPECT_EQ(Cards(), QStringList{bySignal ? "COM1: FAILED" : "COM1: UNPLUG"});
-    EXPECT_EQ(told.size(), bySignal ? 0 : 1) << told.join(' ').toStdString();
+    EXPECT_EQ(reported.size(), bySignal ? 0 : 1) << reported.join(' ').toStdString();
   }
-  EXPECT_TRUE(told.value(0).startsWith("Radios are being programmed."));
+  EXPECT_TRUE(reported.value(0).startsWith("Radios are being programmed."));
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
 }
 
@@ -292,7 +294,7 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   EXPECT_FALSE(Find<QPushButton>("cmdStart")->isEnabled());
   EXPECT_FALSE(Find<QTableView>("gridRows")->isVisible());
 
-  // Mended elsewhere, it is read when the user comes back; changed once more, when it is to be started.
+  // A file that was corrected elsewhere is read again when the window is activated, and at the start.
   Put("rows.csv", "label\nCar 1\n");
   QEvent activated(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window.get(), &activated);
@@ -304,7 +306,7 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   EXPECT_EQ(Cards().size(), 0);
 }
 
-TEST_F(FleetWindowTest, EachOptionStandsForItself) {
+TEST_F(FleetWindowTest, EachOptionIsIndependent) {
   FleetSetup setup(
       files, Path("ports.ini"), [] {}, [] {});
   for (QCheckBox* const set : setup.findChildren<QCheckBox*>()) {

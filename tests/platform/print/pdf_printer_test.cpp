@@ -26,8 +26,8 @@ protected:
   }
 };
 
-// The greatest difference in mean grey, of 255, between the pictures' squares: a short text gone or moved is more than
-// another way of smoothing edges.
+// The greatest difference in mean grey, of 255, between the pictures' squares. A missing or moved short text makes a
+// larger difference than another way of smoothing edges.
 double Difference(const QImage& one, const QImage& other) {
   constexpr int side = 8; // pixels: 4 mm
   double most = 0;
@@ -67,7 +67,7 @@ TEST_F(PdfPrinterTest, AHighPageIsScaledWithItsFooter) {
   EXPECT_GT(Difference(footer, page.copy(footer.rect())), 40);
 }
 
-TEST_F(PdfPrinterTest, WhatFailsLeavesTheOldFile) {
+TEST_F(PdfPrinterTest, AFailureLeavesTheOldFile) {
   Put("out.pdf", "old");
   {
     PdfPrinter abandoned = MakePrinter();

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 TEST(SteadyClock, WaitsEndNeverEarlyAndAddNoDelayOfTheirOwn) {
   SteadyClock clock;
-  Clock::Moment least = 1h; // overshoot: a machine that has other work adds to most, a clock that is late adds to all
+  Clock::Moment least = 1h; // least overshoot; a busy machine delays most waits, but a late clock delays all
   for (int i = 0; i < 50; ++i) {
     const Clock::Moment deadline = clock.Now() + 2ms;
     clock.WaitUntil(deadline);
@@ -24,7 +24,7 @@ TEST(SteadyClock, WaitsEndNeverEarlyAndAddNoDelayOfTheirOwn) {
   EXPECT_LT(least, 500us);
 }
 
-TEST(UserFolders, AreNeverInTheRootFolderOrTheCurrentOneForWantOfAHome) {
+TEST(UserFolders, AreNeverInTheRootOrCurrentFolderWithoutAHome) {
   const char* const home = std::getenv("HOME");
   const std::string before = home != nullptr ? home : "";
   for (const char* const given : {"relative", "", static_cast<const char*>(nullptr)}) {

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(PortDevices, APortIsItsPinElseTheDeviceOfItsNumber) {
+TEST(PortDevices, APortIsItsPinOrElseTheDeviceOfItsNumber) {
   const std::vector<std::string> devices = {"/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyS0"};
   std::vector<std::string> pins(16);
   pins[1] = "/dev/ttyUSB0";
@@ -19,7 +19,7 @@ TEST(PortDevices, APortIsItsPinElseTheDeviceOfItsNumber) {
   pins[14] = "/dev/by,no,dtr=of";
   pins[15] = ",rts=off,dtr=off";
   const std::pair<int, PortDevice> cases[] = {
-      {1, {"/dev/ttyUSB0"}}, // also though it is pinned to port 2
+      {1, {"/dev/ttyUSB0"}}, // although it is pinned to port 2
       {2, {"/dev/ttyUSB0"}}, // the pin
       {3, {"/dev/ttyUSB0", true, false}},
       {4, {""}}, // more ports than devices
@@ -33,12 +33,12 @@ TEST(PortDevices, APortIsItsPinElseTheDeviceOfItsNumber) {
     EXPECT_TRUE(DeviceOfPort(port, pins, devices) == device) << "port " << port;
 }
 
-// Over a copy of how the system describes its terminals.
+// Uses a copy of the system's description of its terminals.
 TEST(PortDevices, UsbAdaptersComeFirstNumbersCountAsNumbersAndSparePortsAreLeftOut) {
   const fs::path root = fs::path(testing::TempDir()) / "mr4500x_terminals";
   fs::remove_all(root);
   const std::string usb = "devices/pci0000:00/usb1/1-1/1-1:1.0/", builtIn = "devices/pnp0/00:04";
-  // name, hardware (none: unknown), UART type (-1: not told)
+  // name, hardware (none: unknown), UART type (-1: unknown)
   const std::tuple<const char*, std::string, int> terminals[] = {
       {"ttyS10", builtIn, 4}, {"ttyS1", "devices/platform/serial8250", 0},
       {"rfcomm0", "", -1},    {"ttyUSB10", usb, -1},

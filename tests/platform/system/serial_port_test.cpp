@@ -23,7 +23,7 @@
 namespace {
 int drained = 0;            // how often a port has waited for its hardware
 std::set<int> loweredLines; // the control lines that it has lowered
-tcflag_t parity = 0;        // that it has set; a pseudo-terminal does not keep it
+tcflag_t parity = 0;        // the parity that was set; a pseudo-terminal does not keep it
 } // namespace
 // In place of the C library's; a pseudo-terminal has no control lines.
 extern "C" int tcdrain(int /*file*/) {
@@ -48,7 +48,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 constexpr LineSettings Line = {9600, Parity::Odd, 8, 2};
-constexpr int LimitMilliseconds = 5000; // for what happens at once unless it never does
+constexpr int LimitMilliseconds = 5000; // limit for operations that normally finish at once
 
 class SerialPortTest : public testing::Test {
 protected:
@@ -123,7 +123,7 @@ TEST_F(SerialPortTest, DiscardsOnlyWhatTheDriverHasNotTaken) {
   while ((left.empty() || left.back() != 0x99) && poll(&state, 1, LimitMilliseconds) == 1) {
     const ssize_t count = read(m_master, buffer.data(), buffer.size());
     left.insert(left.end(), buffer.begin(), buffer.begin() + std::max<ssize_t>(count, 0));
-    ASSERT_TRUE(m_port->BytesToTransmit()); // which also hands the driver what it has room for
+    ASSERT_TRUE(m_port->BytesToTransmit()); // also passes bytes to the driver
   }
   EXPECT_EQ(left.size(), much.size() - waiting + 1);
 }
@@ -144,7 +144,7 @@ TEST_F(SerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
   EXPECT_FALSE(m_port->IsOpen());
 }
 
-TEST_F(SerialPortTest, SetsUpTheLineAsItIsAskedAndDrainsIt) {
+TEST_F(SerialPortTest, SetsUpTheLineAsRequestedAndDrainsIt) {
   m_port->AwaitSent();
   EXPECT_EQ(drained, 0) << "before it was opened";
   for (const bool rts : {true, false})
