@@ -24,29 +24,28 @@ std::string PortProblem(const std::string& text) {
   return text + " is not a port: use a number from 1 to 16, the path of a device, or all.";
 }
 
-// Calls one of the functions after parsing.
-void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void()>& onFleet,
-             const std::function<void()>& onJournal) {
-  FleetChoice& choice = arguments.choice;
-  CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
-  CLI::App* const journal = fleet->add_subcommand("journal", "List the journal");
-  const auto option = [](CLI::App* sub, const char* name, auto& value, const char* type, const char* about) {
-    return sub->add_option(name, value, about)->type_name(type);
-  };
-  const auto address = "the file of the journal, or postgresql://user@host:port/database";
+constexpr char AddressHelp[] = "the file of the journal, or postgresql://user@host:port/database";
 
-  option(fleet, "TEMPLATE", choice.templateFile, "", "data file (.K4X) with the configuration for all radios");
-  option(fleet, "--rows", choice.rowsFile, "R.csv",
-         "a row for each radio: columns are settings (see fields), embedded_info, radio and label");
-  option(fleet, "--ports", arguments.ports, "PORTS", "ports, separated by commas; all: COM1 to COM16 with a device")
+template<typename Value>
+CLI::Option* AddOption(CLI::App* sub, const char* name, Value& value, const char* type, const char* about) {
+  return sub->add_option(name, value, about)->type_name(type);
+}
+
+// Both call the function after parsing.
+void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::function<void()>& onFleet) {
+  FleetChoice& choice = arguments.choice;
+  AddOption(fleet, "TEMPLATE", choice.templateFile, "", "data file (.K4X) with the configuration for all radios");
+  AddOption(fleet, "--rows", choice.rowsFile, "R.csv",
+            "a row for each radio: columns are settings (see fields), embedded_info, radio and label");
+  AddOption(fleet, "--ports", arguments.ports, "PORTS", "ports, separated by commas; all: COM1 to COM16 with a device")
       ->delimiter(',')
       ->allow_extra_args(false) // TEMPLATE may follow
       ->check(PortProblem);
-  option(fleet, "--count", choice.count, "N", "stop after this number of radios")
+  AddOption(fleet, "--count", choice.count, "N", "stop after this number of radios")
       ->check(CLI::Range(1, std::numeric_limits<int>::max()));
-  option(fleet, "--journal", choice.journal, "URL", address);
-  option(fleet, "--backup", choice.backupFolder, "FOLDER",
-         "folder for the radios' old configurations; default: backups, beside TEMPLATE");
+  AddOption(fleet, "--journal", choice.journal, "URL", AddressHelp);
+  AddOption(fleet, "--backup", choice.backupFolder, "FOLDER",
+            "folder for the radios' old configurations; default: backups, beside TEMPLATE");
   fleet->add_flag("--quick", choice.isQuick, "leave out the pauses between records, until the radio needs them");
   fleet->add_flag("--accept-band", choice.acceptsOtherBand, "also write radios with another frequency band");
   fleet->add_flag("--compare-done", choice.comparesDone,
@@ -59,39 +58,42 @@ void Declare(CLI::App& app, FleetArguments& arguments, const std::function<void(
       ->add_flag("--start-over", arguments.startsOver,
                  "if it has changed, or its journal is missing: give all rows out again")
       ->excludes(carryOver);
-  option(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
-  option(fleet, "--on-verified", choice.onVerified, "COMMAND",
-         "run this for each verified radio, with its journal entry as JSON on standard input");
-  option(fleet, "--trace", choice.traceFolder, "FOLDER",
-         "add every byte on each port's line, with its time, to a file in this folder");
-  option(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
+  AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
+  AddOption(fleet, "--on-verified", choice.onVerified, "COMMAND",
+            "run this for each verified radio, with its journal entry as JSON on standard input");
+  AddOption(fleet, "--trace", choice.traceFolder, "FOLDER",
+            "add every byte on each port's line, with its time, to a file in this folder");
+  AddOption(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
   fleet->add_flag(
       "--dry-run", arguments.isDryRun,
       "check TEMPLATE and the rows, and count their states in the journal; needs no ports and changes nothing");
-  fleet->final_callback([&arguments, journal, onFleet] {
-    if (journal->parsed()) return;
+  fleet->final_callback([&arguments, fleet, onFleet] {
+    if (!fleet->get_subcommands().empty()) return; // the journal's
     if (arguments.choice.templateFile.empty()) throw CLI::RequiredError("TEMPLATE");
     if (arguments.ports.empty() && !arguments.isDryRun) throw CLI::RequiredError("--ports");
     onFleet();
   });
+}
 
-  option(journal, "URL", arguments.listed, "", address)->required();
-  option(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
+void DeclareJournal(CLI::App* journal, FleetArguments& arguments, const std::function<void()>& onJournal) {
+  AddOption(journal, "URL", arguments.listed, "", AddressHelp)->required();
+  AddOption(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
   journal->add_flag("--json", arguments.isJson, "as JSON with every detail");
-  option(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
+  AddOption(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
   auto alone = [others = std::vector<CLI::Option*>()](CLI::Option* made) mutable {
     for (CLI::Option* const other : others)
       made->excludes(other);
     others.push_back(made);
   };
-  alone(option(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio"));
+  alone(AddOption(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio"));
   alone(journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port"));
-  alone(option(journal, "--free", arguments.freedRow, "ROW", "free a row that a bench has taken")
+  alone(AddOption(journal, "--free", arguments.freedRow, "ROW", "free a row that a bench has taken")
             ->check(CLI::PositiveNumber));
-  alone(option(journal, "--reissue", arguments.reissuedRow, "ROW", "give a row out again that is done")
+  alone(AddOption(journal, "--reissue", arguments.reissuedRow, "ROW", "give a row out again that is done")
             ->check(CLI::PositiveNumber));
-  alone(option(journal, "--note", arguments.note, "ROW TEXT", "enter a note about a row")->expected(2));
-  option(journal, "--operator", choice.operatorName, "NAME", "the operator's name, for the entry about a row");
+  alone(AddOption(journal, "--note", arguments.note, "ROW TEXT", "enter a note about a row")->expected(2));
+  AddOption(journal, "--operator", arguments.choice.operatorName, "NAME",
+            "the operator's name, for the entry about a row");
   journal->final_callback(onJournal);
 }
 
@@ -115,7 +117,10 @@ int main(int argc, char** argv) {
       const std::string settings = SettingsFilePath(files, ProgramFolder(), UserConfigFolder());
       status = RunFleet(files, settings, arguments, terminal);
     };
-    Declare(app, arguments, runFleet, [&] { status = RunFleetJournal(files, arguments, terminal); });
+    CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
+    DeclareFleet(fleet, arguments, runFleet);
+    DeclareJournal(fleet->add_subcommand("journal", "List the journal"), arguments,
+                   [&] { status = RunFleetJournal(files, arguments, terminal); });
     return static_cast<int>(Parse(app, argc, argv, terminal).value_or(status));
   } catch (const std::exception& error) { // mostly out of memory
     std::cerr << error.what() << '\n';

@@ -8,6 +8,8 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 #include <span>
 
 namespace mr4500x {
@@ -143,7 +145,8 @@ private:
   [[nodiscard]] bool FinishRow(Attempt& attempt, const Values& values);
 
   SqlConnection m_database;
-  const QString m_claimName; // unlike any other journal's
+  const QString m_claimName;                                       // unlike any other journal's
+  std::optional<std::chrono::steady_clock::time_point> m_reported; // the bench as alive, for the last time
 };
 
 bool SqlJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) {
@@ -209,6 +212,11 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
 }
 
 Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) {
+  // A database judges a row that has just been locked by what it knew about the bench before. So that no other bench
+  // takes the claim for that of a silent one, the report that this one is alive must be complete before the claim.
+  const bool isAlive =
+      m_reported && std::chrono::steady_clock::now() - *m_reported < std::chrono::seconds(SilentSeconds) / 2;
+  if (!isAlive && !ReportAlive(attempt.bench)) return {};
   Values values = ValuesOf(attempt);
   values.emplace_back(":claim", m_claimName);
   values.emplace_back(":request", QVariant::fromValue(request.row));
@@ -239,7 +247,9 @@ Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) 
 }
 
 bool SqlJournal::ReportAlive(const std::string& bench) {
-  return m_database.Open() && m_database.Run(Heard, {{":bench", Text(bench)}});
+  if (!m_database.Open() || !m_database.Run(Heard, {{":bench", Text(bench)}})) return false;
+  m_reported = std::chrono::steady_clock::now();
+  return true;
 }
 
 Renewal SqlJournal::Renew(const std::string& plan, std::size_t row, const std::string& bench) {

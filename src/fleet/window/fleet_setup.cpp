@@ -38,36 +38,50 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   m_rows->setPlaceholderText(tr("none: every radio gets the template"));
   m_journal = AddFile(*grid, "txtJournal", tr("&Journal:"), tr("Journals (*.journal)"));
   m_journal->setPlaceholderText(tr("a file beside the template"));
+  AddOptions(*grid);
+  AddPorts(*grid, portsChanged);
+  grid->setColumnStretch(1, 3);
+  grid->setColumnStretch(4, 2);
+  m_sound->setObjectName(QStringLiteral("chkSound"));
+  m_sound->setToolTip(tr("One beep when a radio is done, three when one has failed"));
+  all->addWidget(m_sound, 0, Qt::AlignBottom);
+}
+
+void FleetSetup::AddOptions(QGridLayout& grid) {
   auto* const options = new QHBoxLayout;
   options->addWidget(m_quick);
   options->addWidget(m_otherBand);
   m_rewritesDone->setToolTip(tr("Rewrites radios that are done but have changed since; otherwise they are set aside"));
+  m_quick->setObjectName(QStringLiteral("chkQuick"));
   options->addStretch();
   auto* const who = new QLabel(tr("Op&erator:"));
   who->setBuddy(m_operator);
   m_operator->setObjectName(QStringLiteral("txtOperator"));
   connect(m_operator, &QLineEdit::textEdited, [this] { m_operatorDay = QDate::currentDate().toString(Qt::ISODate); });
-  grid->addLayout(options, 3, 1);
-  grid->addWidget(m_rewritesDone, 3, 2, 1, 2); // all in one line would be too wide for small screens
+  grid.addLayout(options, 3, 1);
+  grid.addWidget(m_rewritesDone, 3, 2, 1, 2); // all in one line would be too wide for small screens
   auto* const commandLabel = new QLabel(tr("Co&mmand:"));
   commandLabel->setBuddy(m_onVerified);
   m_onVerified->setObjectName(QStringLiteral("txtOnVerified"));
   m_onVerified->setPlaceholderText(tr("for each verified radio, such as a label: none"));
   m_onVerified->setToolTip(tr("Runs for each verified radio, with its journal entry as JSON on standard input"));
-  grid->addWidget(commandLabel, 4, 0);
+  grid.addWidget(commandLabel, 4, 0);
   auto* const commandLine = new QHBoxLayout;
   commandLine->addWidget(m_onVerified, 2);
   commandLine->addWidget(who);
   commandLine->addWidget(m_operator, 1);
-  grid->addLayout(commandLine, 4, 1);
+  grid.addLayout(commandLine, 4, 1);
+}
+
+void FleetSetup::AddPorts(QGridLayout& grid, const std::function<void()>& portsChanged) {
   auto* const portLabel = new QLabel(tr("&Ports:"));
   portLabel->setBuddy(m_ports);
-  grid->addWidget(portLabel, 0, 3, Qt::AlignTop);
+  grid.addWidget(portLabel, 0, 3, Qt::AlignTop);
   auto* const allPorts = new QPushButton(tr("&All"));
   allPorts->setObjectName(QStringLiteral("cmdAllPorts"));
   allPorts->setToolTip(tr("Ticks all ports, or none if all are ticked"));
   allPorts->setMaximumWidth(allPorts->fontMetrics().horizontalAdvance(QStringLiteral("MMMMM")));
-  grid->addWidget(allPorts, 1, 3, Qt::AlignTop);
+  grid.addWidget(allPorts, 1, 3, Qt::AlignTop);
   connect(allPorts, &QPushButton::clicked, [this, portsChanged] {
     const Qt::CheckState state = CheckedPorts().size() < m_ports->count() ? Qt::Checked : Qt::Unchecked;
     {
@@ -78,9 +92,7 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
     m_wanted = CheckedPorts();
     portsChanged();
   });
-  grid->addWidget(m_ports, 0, 4, 5, 1);
-  grid->setColumnStretch(1, 3);
-  grid->setColumnStretch(4, 2);
+  grid.addWidget(m_ports, 0, 4, 5, 1);
   m_ports->setObjectName(QStringLiteral("lstPorts"));
   m_ports->setMinimumHeight(m_template->sizeHint().height() * 3);
   m_ports->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
@@ -88,10 +100,6 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
     m_wanted = CheckedPorts();
     portsChanged();
   });
-  m_sound->setObjectName(QStringLiteral("chkSound"));
-  m_quick->setObjectName(QStringLiteral("chkQuick"));
-  m_sound->setToolTip(tr("One beep when a radio is done, three when one has failed"));
-  all->addWidget(m_sound, 0, Qt::AlignBottom);
 }
 
 QLineEdit* FleetSetup::AddFile(QGridLayout& grid, const char* name, const QString& label, const QString& filter) {

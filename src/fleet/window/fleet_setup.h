@@ -32,6 +32,8 @@ public:
   void Store(QSettings& settings) const;
 
 private:
+  void AddOptions(QGridLayout& grid);
+  void AddPorts(QGridLayout& grid, const std::function<void()>& portsChanged);
   QLineEdit* AddFile(QGridLayout& grid, const char* name, const QString& label, const QString& filter);
   [[nodiscard]] QStringList CheckedPorts() const;
 
