@@ -47,6 +47,7 @@ std::optional<std::string> AskCopy(const std::vector<KeptFile>& copies, QWidget*
   auto* const layout = new QVBoxLayout(&dialog);
   layout->addWidget(list);
   layout->addLayout(buttons.row);
+  list->setFocus();
   dialog.resize(dialog.fontMetrics().averageCharWidth() * WidthInCharacters, dialog.sizeHint().height());
   if (dialog.exec() != QDialog::Accepted || list->currentItem() == nullptr) return std::nullopt;
   return list->currentItem()->data(0, Qt::UserRole).toString().toStdString();

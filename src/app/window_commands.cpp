@@ -44,12 +44,12 @@ std::string CommandContext::ProposedStem() const {
 
 namespace {
 
-bool AskPdfName(const CommandContext& context, const std::string& proposed) {
+std::optional<std::string> AskPdfName(const CommandContext& context, const std::string& proposed) {
   const MainServices& services = context.services;
   const auto path =
       services.dialogs.AskSave({"Print to PDF", "PDF files(*.pdf)|*.pdf", services.folderForFiles, proposed, "pdf"});
   if (path) services.printers.SetPdfFile(*path);
-  return path.has_value();
+  return path;
 }
 
 } // namespace
@@ -63,14 +63,14 @@ void Print(const CommandContext& context) {
   const MainServices& services = context.services;
   context.panel.CommitOpenEditors();
   std::optional<ReportChoice> choice = ReportChoice();
-  bool isPdf = false;
-  for (bool isReady = false; !isReady;) { // a cancelled file dialog returns here with the same ticks
+  std::optional<std::string> pdfFile;
+  do { // a cancelled file dialog returns here with the same ticks
     choice = AskReports(*choice, services.printers, services.messages, &context.window);
     if (!choice) return;
-    const std::optional<std::string> pdfFile = services.printers.PdfFile();
-    isPdf = pdfFile.has_value();
-    isReady = !isPdf || AskPdfName(context, pdfFile->empty() ? context.ProposedStem() + ".pdf" : *pdfFile);
-  }
+    pdfFile = services.printers.PdfFile();
+    if (!pdfFile) break;
+    pdfFile = AskPdfName(context, pdfFile->empty() ? context.ProposedStem() + ".pdf" : *pdfFile);
+  } while (!pdfFile);
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
   const ReportTexts texts = ReportTextsOf(context.panel.Shown(), EmbeddedText(context.image.EmbeddedInfoBlock),
                                           DateTimeText(QLocale(), services.now()));
@@ -79,8 +79,8 @@ void Print(const CommandContext& context) {
   QGuiApplication::restoreOverrideCursor();
   if (failure)
     context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), *failure});
-  else if (isPdf)
-    context.status.ShowBriefly("Printed to " + QString::fromStdString(*services.printers.PdfFile()));
+  else if (pdfFile)
+    context.status.ShowBriefly("Printed to " + QString::fromStdString(*pdfFile));
 }
 
 void Copy(const CommandContext& context) {

@@ -153,7 +153,7 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
         rows += list->topLevelItem(row)->text(column).toStdString() + '|';
     EXPECT_EQ(rows, "2004-11-04 09:05:07|a new configuration|Emerge ANI: ---------------- -> 4711|"
                     "2004-11-03 09:05:07||can't be opened: damaged, or from a newer version|");
-    QTest::keyClick(list, Qt::Key_Return); // the newest
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return); // the newest
   });
   Choose("mnuFileRecover");
   EXPECT_EQ(Happened(), Lines());

@@ -56,7 +56,7 @@ struct ScriptedDesktop final : MessageView, ProgressView, FileDialogs, FontDialo
         pdfFile, [this](auto content) { return ReplaceFile(files, pdfFile, content, Surplus::Drop); });
   }
   void SetUpPrinter(const std::string& title) override { happened.push_back("dialog " + title); }
-  std::optional<std::string> PdfFile() override { return pdfFile; }
+  std::optional<std::string> PdfFile() override { return std::exchange(pdfFile, ""); } // for one job
   void SetPdfFile(const std::string& path) override { pdfFile = path; }
   void OpenContents() override { happened.emplace_back("help contents"); }
   void OpenIndex() override { happened.emplace_back("help index"); }
