@@ -279,37 +279,6 @@ TEST_F(CompareTest, FollowsTheFileAndTakesNothingThatTheListDoesNotShow) {
   EXPECT_EQ(Rows(), "");
 }
 
-TEST_F(CompareTest, TheFilterLeavesARowForEnterAndHasItsOwnKeys) {
-  Change({{"channels.2.tx_freq", "441.00000"}, {"channels.3.rx_freq", "442.00000"}, {"auto_reset_time", "10"}});
-  PutDataFile("other.K4X");
-  QDialog* const frmCompare = Compare("other.K4X");
-  ASSERT_NE(frmCompare, nullptr);
-  Press(Qt::Key_Return);
-  Press(Qt::Key_Z, Qt::ControlModifier);
-  auto& filter = *frmCompare->findChild<QLineEdit*>("txtFilter");
-  filter.setFocus();
-  QTest::keyClicks(&filter, "442");
-  for (const auto& [key, modifiers] : {std::pair(Qt::Key_Y, Qt::ControlModifier | Qt::NoModifier),
-                                       {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier}}) {
-    QTest::keyClick(&filter, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(filter.text(), "");
-    QTest::keyClick(&filter, key, modifiers);
-    EXPECT_EQ(filter.text(), "442");
-    QTest::keyClick(&filter, key, modifiers); // there is nothing more
-    EXPECT_EQ(Cell(2, 7), "440.00000");
-  }
-  EXPECT_EQ(Result().substr(0, 21), "Differences: 1 of 3. ");
-  QTest::keyClick(&filter, Qt::Key_Tab);
-  ASSERT_EQ(QApplication::focusWidget(), table);
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Cell(3, 1) + ' ' + Cell(2, 7), "442.00000 440.00000");
-  filter.clear();
-  EXPECT_EQ(Result().substr(0, 16), "Differences: 2. ");
-  table->clearSelection(); // as Ctrl+Space does
-  Press(Qt::Key_Return);
-  EXPECT_EQ(Result().substr(0, 16), "Differences: 1. ");
-}
-
 TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
   const std::string title = "|Import Channels|";
   // name of the file or "" for a text, its content, then the frequency of CH3, the message
