@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace mr4500x {
 namespace {
@@ -102,8 +103,9 @@ TEST_F(LooksTest, TextsOfCellsDoNotMoveWhenTheyAreOpened) {
     font.setPointSize(points);
     window.setFont(font);
     QCoreApplication::processEvents();
-    for (const bool isTts : {false, true})
-      for (const int column : isTts ? std::initializer_list<int>{1, 2, 5} : std::initializer_list<int>{0, 2, 6, 8}) {
+    for (const bool isTts : {false, true}) {
+      const std::vector<int> columns = isTts ? std::vector{1, 2, 5} : std::vector{0, 2, 6, 8};
+      for (const int column : columns) {
         isTts ? panel.ShowFunctionView() : panel.ShowChannelView();
         QTableWidget& table = isTts ? ttsTable : grid;
         table.setCurrentCell(0, column);
@@ -119,6 +121,7 @@ TEST_F(LooksTest, TextsOfCellsDoNotMoveWhenTheyAreOpened) {
             << points << " points, " << EditorTest::Cell(table, 0, column);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
       }
+    }
   }
 }
 

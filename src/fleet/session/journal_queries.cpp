@@ -131,6 +131,7 @@ std::vector<PortDay> StatisticsOf(const std::vector<Attempt>& attempts) {
     if (isVerified) one.seconds += (SecondsOf(attempt) - one.seconds) / one.verified;
   }
   std::vector<PortDay> days;
+  days.reserve(found.size());
   for (const auto& [key, day] : found)
     days.push_back(day);
   return days;
