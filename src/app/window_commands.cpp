@@ -46,7 +46,7 @@ namespace {
 
 std::optional<std::string> AskPdfName(const CommandContext& context, const std::string& proposed) {
   const MainServices& services = context.services;
-  const auto path =
+  std::optional<std::string> path =
       services.dialogs.AskSave({"Print to PDF", "PDF files(*.pdf)|*.pdf", services.folderForFiles, proposed, "pdf"});
   if (path) services.printers.SetPdfFile(*path);
   return path;
