@@ -40,25 +40,26 @@ TEST_F(DialogTest, SetTheCell) {
     SCOPED_TRACE(line);
     List("cboRadio(0)").setCurrentText(QString::fromStdString(mode));
     const std::string name = field != "group" ? "cboTwoSig" : mode == "TTS" ? "cboTwoSig(0)" : "cboTwoSig(1)";
-    Ask(columns.at(field), cell.c_str(), [&](QDialog& dialog) {
-      auto* const list = dialog.findChild<QComboBox*>(name.c_str());
-      auto* const code = dialog.findChild<QLineEdit*>("txtFiveSig");
-      if (!option.empty()) Press(dialog, option);
-      if (!entry.empty() && field != "transmit") {
-        EXPECT_TRUE(list->isEnabled());
-        list->setCurrentText(QString::fromStdString(entry));
-      } else if (!entry.empty()) {
-        code->setFocus();
-        code->selectAll();
-        QTest::keyClicks(code, QString::fromStdString(entry));
-      }
-      if (end == "Enter") QTest::keyClick(code, Qt::Key_Return);
-      if (end == "Tab") QTest::keyClick(code, Qt::Key_Tab);
-      EXPECT_TRUE(end != "Tab" || (code->selectedText() == "12000" && code->hasFocus()));
-      if (end.starts_with("cmd") || end.starts_with("opt")) Press(dialog, end);
-      if (end.starts_with("opt")) Press(dialog, "cmdOK");
-      EXPECT_EQ(dialog.isVisible(), end == "Tab");
-    });
+    Ask(columns.at(field), cell.c_str(),
+        [&, &field = field, &option = option, &entry = entry, &end = end](QDialog& dialog) {
+          auto* const list = dialog.findChild<QComboBox*>(name.c_str());
+          auto* const code = dialog.findChild<QLineEdit*>("txtFiveSig");
+          if (!option.empty()) Press(dialog, option);
+          if (!entry.empty() && field != "transmit") {
+            EXPECT_TRUE(list->isEnabled());
+            list->setCurrentText(QString::fromStdString(entry));
+          } else if (!entry.empty()) {
+            code->setFocus();
+            code->selectAll();
+            QTest::keyClicks(code, QString::fromStdString(entry));
+          }
+          if (end == "Enter") QTest::keyClick(code, Qt::Key_Return);
+          if (end == "Tab") QTest::keyClick(code, Qt::Key_Tab);
+          EXPECT_TRUE(end != "Tab" || (code->selectedText() == "12000" && code->hasFocus()));
+          if (end.starts_with("cmd") || end.starts_with("opt")) Press(dialog, end);
+          if (end.starts_with("opt")) Press(dialog, "cmdOK");
+          EXPECT_EQ(dialog.isVisible(), end == "Tab");
+        });
     EXPECT_EQ(Cell(2, columns.at(field)), result);
     EXPECT_EQ(messages.Taken(), ErrorMessage(error));
   }
