@@ -22,6 +22,7 @@ TEST(RowQueueTest, AssignsTheRows) {
     }
     AssignRows(ports, Numbers(row[2]), Numbers(row[3]));
     std::vector<std::size_t> next;
+    next.reserve(ports.size());
     for (const RowSlot& port : ports)
       next.push_back(port.next);
     EXPECT_EQ(next, Numbers(row[5])) << row[1];

@@ -300,7 +300,7 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
 TEST_P(SqlJournals, DoNotHangWithTheirServer) {
   if (!IsServer()) {
     const std::string path = address.substr(std::string("sqlite:").size());
-    OpenJournal(address, JournalUse::Enter)->Begin({"p", ""}, {NewRow(1)});
+    EXPECT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"p", ""}, {NewRow(1)}));
     EXPECT_TRUE(OpenJournal(address, JournalUse::List)->Rows("p"));
     EXPECT_FALSE(std::filesystem::exists(path + "-wal") || std::filesystem::exists(path + "-shm"));
     return;
