@@ -77,7 +77,7 @@ TEST_F(SettingCommandsTest, ApplyTakesTimeInProportionToItsInput) {
        [](int i) { return R"({"number": 9, "tx_tone": "DCS0)" + std::to_string(25 + i % 2) + "\"}"; }},
   };
   for (const auto& [frame, itemOf] : kinds) {
-    const auto secondsFor = [&](int count) {
+    const auto secondsFor = [&, &frame = frame, &itemOf = itemOf](int count) {
       std::string document(frame), items = itemOf(0);
       for (int i = 1; i < count; ++i)
         items += "," + itemOf(i);
