@@ -61,10 +61,7 @@ TEST_F(ProgramTest, ItsEditMenuWorksOnTheChannelsThatAreShown) {
 }
 
 TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
-  struct NoPorts final : ScriptedRadio {
-    void SetPortNumber(int /*number*/) override {}
-  } ports;
-  ports.openFailure = "gone";
+  NoPorts ports;
   serialPort = &ports;
   Start();
   std::string ran;

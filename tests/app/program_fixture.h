@@ -74,6 +74,12 @@ private:
   }
 };
 
+// No port can be opened.
+struct NoPorts final : ScriptedRadio {
+  NoPorts() { openFailure = "gone"; }
+  void SetPortNumber(int /*number*/) override {}
+};
+
 class ProgramTest : public FilesTest {
 protected:
   ProgramTest() {

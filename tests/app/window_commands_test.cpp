@@ -121,10 +121,7 @@ TEST_F(WindowCommandsTest, EveryControlThatCanHaveTheFocusHasANameForScreenReade
     }
     return nameless;
   };
-  struct NoPorts final : ScriptedRadio {
-    void SetPortNumber(int /*number*/) override {}
-  } ports;
-  ports.openFailure = "gone";
+  NoPorts ports;
   serialPort = &ports;
   Start();
   EXPECT_EQ(namelessIn(window.get()), "");
