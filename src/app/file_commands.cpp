@@ -53,8 +53,9 @@ void BelongTo(const CommandContext& context, const std::string& path) {
 // Ok if there is nothing to ask about.
 Answer AskAboutUnsavedData(const CommandContext& context) {
   if (!context.state.ModifiedFlag) return Answer::Ok;
-  const Answer answer =
-      context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), UnsavedDataText}, MessageButtons::YesNoCancel);
+  // Without a copy, the other answers can lose the work: Yes goes on even if its file dialog is cancelled.
+  const auto buttons = context.keeper.IsCopyMissing() ? MessageButtons::YesNoOrCancel : MessageButtons::YesNoCancel;
+  const Answer answer = context.Show({MessageIcon::Exclamation, std::string(ProgramTitle), UnsavedDataText}, buttons);
   if (answer == Answer::Yes) commands::Save(context); // goes on even if saving fails
   return answer;
 }
@@ -62,7 +63,7 @@ Answer AskAboutUnsavedData(const CommandContext& context) {
 CloseEnd CloseData(const CommandContext& context) {
   if (context.panel.HasOpenEditor()) context.keeper.PutAside(); // the text that is given up
   context.panel.HideOpenEditors();
-  if (context.state.origin == Origin()) return CloseEnd::Closed;
+  if (context.state.origin == Origin() && !context.keeper.HasTakenWork()) return CloseEnd::Closed;
   if (AskAboutUnsavedData(context) == Answer::Cancel) return CloseEnd::Cancelled;
   context.keeper.Replaced();
   context.SetOrigin(NoOrigin());
@@ -79,6 +80,7 @@ void BelongToNothing(const CommandContext& context, const KeptCopy& copy) {
   context.SetOrigin(NoOrigin());
   if (copy.info) context.image.EmbeddedInfoBlock = *copy.info;
   context.keeper.WorkTaken(copy);
+  context.closeItem.setEnabled(true);
   context.state.ModifiedFlag = true;
   context.state.ImageIsPartial = false;
 }
@@ -141,10 +143,10 @@ void WriteFile(const CommandContext& context, SaveCommand command) {
   const auto content = isSame ? ContentHash(context.services.files, path) : std::nullopt;
   const bool isChanged = content && context.state.content && content != context.state.content;
   if (isChanged && context.Show(ChangedFileQuestion(path), MessageButtons::YesNo) != Answer::Yes) return;
-  if (Succeeds([&] { return SaveDataFile(context.services.files, path, context.image); }))
-    BelongTo(context, path);
-  else
-    context.Show(MessageForFailed(command));
+  if (!Succeeds([&] { return SaveDataFile(context.services.files, path, context.image); }))
+    return static_cast<void>(context.Show(MessageForFailed(command)));
+  BelongTo(context, path);
+  context.status.ShowBriefly("Saved to " + QString::fromStdString(path));
 }
 
 void SaveList(const CommandContext& context, const char* title, const std::string& path, const std::string& list) {

@@ -38,6 +38,8 @@ public:
   // Returns nullopt if none was taken.
   [[nodiscard]] std::optional<KeptCopy> TakeLeft(RadioImage& image);
   void WorkTaken(const KeptCopy& copy); // the editor now shows kept work that is not in a file
+  [[nodiscard]] bool HasTakenWork() const { return m_takenDifferences.has_value(); }
+  [[nodiscard]] bool IsCopyMissing() const { return m_isMissing; } // the last copy could not be written
   // The user has entered the embedded information of the image. No file holds it, so it is kept until it is written to
   // a radio or replaced.
   void InfoEntered(const EmbeddedInfo& before);

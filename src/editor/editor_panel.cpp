@@ -268,11 +268,11 @@ EntryBox* EditorPanel::OpenEntry() const {
 
 void EditorPanel::Copy() {
   if (const EntryBox* const box = OpenEntry()) return box->CopyWhole();
-  if (!m_channels->Grid().SelectedRows().empty()) emit StatusMessage(tr("Channels are copied by Ctrl+Shift+C."));
+  if (m_channels->isAncestorOf(window()->focusWidget())) emit StatusMessage(tr("Channels are copied by Ctrl+Shift+C."));
 }
 void EditorPanel::Paste() {
   if (EntryBox* const box = OpenEntry()) return box->PasteWhole();
-  if (!m_channels->Grid().SelectedRows().empty()) emit StatusMessage(tr("Channels are pasted by Ctrl+Shift+V."));
+  if (m_channels->isAncestorOf(window()->focusWidget())) emit StatusMessage(tr("Channels are pasted by Ctrl+Shift+V."));
 }
 void EditorPanel::ShowChannelView() {
   ShowView(ChannelView);

@@ -129,7 +129,7 @@ Message KeptWorkQuestion(const KeptCopy& copy) {
   const auto more =
       std::count(copy.differences.begin() + static_cast<std::ptrdiff_t>(end), copy.differences.end(), '\n');
   if (more > 0) text += "and " + std::to_string(more) + " more\n";
-  return {Exclamation, "Unsaved Work", text + "\nDo you want to open it?"};
+  return {Exclamation, "Unsaved Work", text + "\nDo you want to open it? No keeps it under File, Recover..."};
 }
 
 Message UnreadableCopiesNotice(const std::vector<std::string>& paths) {

@@ -23,6 +23,7 @@ TEST(QtMessageView, AnswersAsTheKeySays) {
       {"left", MessageButtons::Ok, Qt::Key_Escape, Answer::Ok},
       {"no is the default of two", MessageButtons::YesNo, Qt::Key_Return, Answer::No},
       {"yes is the default of three", MessageButtons::YesNoCancel, Qt::Key_Return, Answer::Yes},
+      {"cancel is the default without a copy", MessageButtons::YesNoOrCancel, Qt::Key_Return, Answer::Cancel},
       {"cancel is the way out", MessageButtons::YesNoCancel, Qt::Key_Escape, Answer::Cancel},
   };
   for (const auto& [name, buttons, key, answer] : cases) {

@@ -36,7 +36,8 @@ protected:
   }
   std::string Question(const std::string& source) {
     return "!|Unsaved Work|Unsaved work was kept on 2004-11-04 09:05:07. It came from " + source +
-           ". Differences:\n\nEmerge ANI: ---------------- -> 4711\n\nDo you want to open it?|YN";
+           ". Differences:\n\nEmerge ANI: ---------------- -> 4711\n\nDo you want to open it? No keeps it under File, "
+           "Recover...|YN";
   }
 };
 
@@ -131,6 +132,15 @@ TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
   Choose("mnuFileOpen");
   EXPECT_EQ(Title(), ProgramTitle) << "it will go, so that Save must ask for a name";
   EXPECT_TRUE(window->State().ModifiedFlag);
+  PutDataFile("a.K4X");
+  desktop.happened.clear();
+  for (const std::string command : {"mnuFileOpen", "mnuFileClose"}) {
+    desktop.paths = {Path("a.K4X")};
+    desktop.answers = {Answer::Cancel};
+    Choose(command);
+    EXPECT_EQ(Happened().back(), question) << command;
+    EXPECT_EQ(Ani(), "4711") << command;
+  }
 }
 
 TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
@@ -304,6 +314,9 @@ TEST_F(KeptWorkTest, TheStatusBarReportsAMissingCopyUntilThereIsOne) {
   emit window->Panel().StatusMessage("Done");
   emit window->Panel().Changed();
   EXPECT_EQ(Status(1), missing) << "ended with the next passing message";
+  desktop.answers = {Answer::Cancel};
+  window->close();
+  EXPECT_EQ(Happened(), Lines{question + "(C)"}) << "an answer given too early can lose the work";
   files.canCreate = true;
   QTest::keyClick(ani, Qt::Key_Left);
   EXPECT_TRUE(QTest::qWaitFor([&] { return Status(1) == title; }, 3000));
@@ -314,7 +327,7 @@ TEST_F(KeptWorkTest, TheStatusBarReportsAMissingCopyUntilThereIsOne) {
   desktop.paths = {Path("a.K4X")};
   Choose("mnuFileSave");
   QCoreApplication::processEvents();
-  EXPECT_EQ(Status(1), title) << "the work is saved";
+  EXPECT_EQ(Status(1), "Saved to " + Path("a.K4X"));
 }
 
 TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNeverDuringATransfer) {

@@ -39,7 +39,9 @@ struct ScriptedDesktop final : MessageView, ProgressView, FileDialogs, FontDialo
     happened.push_back(icons[static_cast<int>(icon)] + std::string(title) + "|" + std::string(text));
     std::exchange(beforeAnswer, [] {})();
     if (buttons == MessageButtons::Ok) return Answer::Ok;
-    happened.back() += buttons == MessageButtons::YesNo ? "|YN" : "|YNC";
+    happened.back() += buttons == MessageButtons::YesNo           ? "|YN"
+                       : buttons == MessageButtons::YesNoOrCancel ? "|YNC(C)"
+                                                                  : "|YNC";
     EXPECT_FALSE(answers.empty()) << "unexpected question: " << text;
     const Answer answer = answers.empty() ? Answer::Cancel : answers.front();
     if (!answers.empty()) answers.pop_front();

@@ -144,6 +144,10 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
     Paste();
     EXPECT_EQ(reported.takeLast().at(0), "There is nothing to paste.");
   }
+  SetClipboard("445.5\t6.25\n");
+  grid.setFocus();
+  panel.Paste();
+  EXPECT_EQ(reported.takeLast().at(0), "Channels are pasted by Ctrl+Shift+V.") << "no row is selected";
   EXPECT_EQ(changed.count(), 0);
 }
 

@@ -122,7 +122,8 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   const std::span<const BoxButton> offered = ButtonsOf(buttons);
   for (const BoxButton& button : offered)
     box.addButton(button.button)->setObjectName(QLatin1String(button.name));
-  box.setDefaultButton(buttons == MessageButtons::YesNo ? QMessageBox::No : offered.front().button);
+  const bool isFirstDefault = buttons == MessageButtons::Ok || buttons == MessageButtons::YesNoCancel;
+  box.setDefaultButton((isFirstDefault ? offered.front() : offered.back()).button);
   const int pressed = box.exec();
   for (const BoxButton& button : offered)
     if (button.button == pressed) return button.answer;

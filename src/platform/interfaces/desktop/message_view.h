@@ -8,8 +8,9 @@ namespace mr4500x {
 enum class MessageIcon { None, Information, Exclamation, Critical };
 enum class MessageButtons {
   Ok,
-  YesNo, // No is the default: such a question is about something that can't be taken back
-  YesNoCancel,
+  YesNo,         // No is the default: such a question is about something that can't be taken back
+  YesNoCancel,   // Yes is the default
+  YesNoOrCancel, // Cancel is the default
 };
 enum class Answer { Ok, Yes, No, Cancel };
 
