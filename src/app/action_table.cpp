@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 #include <string_view>
 
 namespace mr4500x {
@@ -30,82 +29,79 @@ struct FrmMain::ActionRow {
   QAction* FrmMain::*heldItem = nullptr; // members that keep the actions
   QAction* FrmMain::*heldButton = nullptr;
 
-  static std::span<const ActionRow> Table();
+  static const ActionRow Table[];
 };
 
 // clang-format off
-std::span<const FrmMain::ActionRow> FrmMain::ActionRow::Table() {
-  static constexpr ActionRow rows[] = {
-    // kind         text                      name                 shortcut  handler                            key        tip                 icon         held item, held button
-    {RowKind::Menu,   "&File",                 "mnuFile"},
-    {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", commands::Open,                    "Open",    "Open",             "open"},
-    {RowKind::Item,   "&Close",                "mnuFileClose",      "",       commands::Close,                   "",        "",                 "",          &FrmMain::m_mnuFileClose},
-    {RowKind::Separator},
-    {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", commands::Save,                    "Save",    "Save",             "save"},
-    {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       commands::SaveAs},
-    {RowKind::Separator},
-    {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       commands::Print,                   "Print",   "Print",            "print"},
-    {RowKind::Separator},
-    {RowKind::Recent, "",                             "mnuRecent(%1)"},
-    {RowKind::Separator},
-    {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
-    {RowKind::Separator},
-    {RowKind::Item,   "&Import Channels...",   "mnuFileImport",     "",       commands::AskImport},
-    {RowKind::Item,   "&Export Channels...",   "mnuFileExport",     "",       commands::AskExport},
-    {RowKind::Item,   "Save Sample &List...",  "mnuFileSample",     "",       commands::SaveSample},
-    {RowKind::Panel,  "",                      "mnuChannelsCompare"},
-    {RowKind::Item,   "Compare with &Radio...", "mnuFileCompareRadio", "",     commands::CompareRadio},
-    {RowKind::Item,   "Reco&ver...",           "mnuFileRecover",    "",       commands::Recover},
-    {RowKind::Menu,   "&Edit",                 "mnuEdit"},
-    {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", commands::Copy},
-    {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", commands::Paste},
-    {RowKind::Separator},
-    {RowKind::Panel,  "",                      "mnuUndo"},
-    {RowKind::Panel,  "",                      "mnuRedo"},
-    {RowKind::Separator},
-    {RowKind::Panel,  "",                      "mnuChannelsCopy"},
-    {RowKind::Panel,  "",                      "mnuChannelsCut"},
-    {RowKind::Panel,  "",                      "mnuChannelsPaste"},
-    {RowKind::Separator},
-    {RowKind::Panel,  "",                      "mnuChannelsUp"},
-    {RowKind::Panel,  "",                      "mnuChannelsDown"},
-    {RowKind::Panel,  "",                      "mnuChannelsFill"},
-    {RowKind::Panel,  "",                      "mnuChannelsUse"},
-    {RowKind::Panel,  "",                      "mnuChannelsDontUse"},
-    {RowKind::Panel,  "",                      "mnuChannelsClear"},
-    {RowKind::Menu,   "&Option",               "mnuOption"},
-    {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels",  &FrmMain::m_mnuOptionChannels, &FrmMain::m_btnChanWin},
-    {RowKind::Separator},
-    {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions", &FrmMain::m_mnuOptionFunction, &FrmMain::m_btnFuncWin},
-    {RowKind::Menu,   "&Program",              "mnuProgram"},
-    {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", commands::Read,                    "Read",    "Read",             "read"},
-    {RowKind::Separator},
-    {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", commands::Write,                   "Write",   "Write",            "write"},
-    {RowKind::Separator},
-    {RowKind::Tick,   "&Verify after Writing", "mnuProgramVerify",  "",       commands::ToggleVerify,            "",        "",                 "",          &FrmMain::m_mnuProgramVerify},
-    {RowKind::Tick,   "&Back Up before Writing", "mnuProgramBackUp", "",      commands::ToggleBackUp,            "",        "",                 "",          &FrmMain::m_mnuProgramBackUp},
-    {RowKind::Menu,   "&Embedded Information", "mnuEmbed"},
-    {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2",     commands::EditInfo},
-    {RowKind::Separator},
-    {RowKind::Item,   "&Read Embedded Info",   "mnuEmbedRead",      "F3",     commands::ReadInfo},
-    {RowKind::Item,   " &Write Embedded Info", "mnuEmbedWrite",     "F4",     commands::WriteInfo},
-    {RowKind::HiddenSeparator},
-    {RowKind::Hidden, "ID Number",             "mnuEmbedID"},
-    {RowKind::Menu,   "&Comm-Port",            "mnuCommPort"},
-    {RowKind::Item,   "&Port...     ",         "mnuCommPortPort",   "F9",     commands::Port,                    "Port",    "COM Port",         "port"},
-    {RowKind::Menu,   "&Help",                 "mnuHelp"},
-    {RowKind::Item,   "&Contents",             "mnuHelpContents",   "",       commands::HelpContents},
-    {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       commands::HelpIndex},
-    {RowKind::Separator},
-    {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       commands::About},
-    {RowKind::Separator},
-    {RowKind::Item,   "&Help on This Setting", "mnuHelpHere",       "F1",     commands::HelpHere},
-    {RowKind::Item,   "&What's This",          "mnuHelpWhatsThis",  "Shift+F1", commands::WhatsThis},
-    {RowKind::Tick,   "&Practise with a Simulated Radio", "mnuHelpPractise", "", commands::Practise,           "",        "",                 "",          &FrmMain::m_mnuHelpPractise},
-    {RowKind::ButtonOnly, "",                         "",                  "",       commands::New,                     "New",     "new",              "new"},
-  };
-  return rows;
-}
+constexpr FrmMain::ActionRow FrmMain::ActionRow::Table[] = {
+  // kind         text                      name                 shortcut  handler                            key        tip                 icon         held item, held button
+  {RowKind::Menu,   "&File",                 "mnuFile"},
+  {RowKind::Item,   "&Open...",              "mnuFileOpen",       "Ctrl+O", commands::Open,                    "Open",    "Open",             "open"},
+  {RowKind::Item,   "&Close",                "mnuFileClose",      "",       commands::Close,                   "",        "",                 "",          &FrmMain::m_mnuFileClose},
+  {RowKind::Separator},
+  {RowKind::Item,   "&Save",                 "mnuFileSave",       "Ctrl+S", commands::Save,                    "Save",    "Save",             "save"},
+  {RowKind::Item,   "Save &As...",           "mnuFileSaveAs",     "",       commands::SaveAs},
+  {RowKind::Separator},
+  {RowKind::Item,   "&Print...",             "mnuFilePrint",      "",       commands::Print,                   "Print",   "Print",            "print"},
+  {RowKind::Separator},
+  {RowKind::Recent, "",                             "mnuRecent(%1)"},
+  {RowKind::Separator},
+  {RowKind::Item,   "E&Xit",                 "mnuFileExit",       "",       &FrmMain::mnuFileExit_Click},
+  {RowKind::Separator},
+  {RowKind::Item,   "&Import Channels...",   "mnuFileImport",     "",       commands::AskImport},
+  {RowKind::Item,   "&Export Channels...",   "mnuFileExport",     "",       commands::AskExport},
+  {RowKind::Item,   "Save Sample &List...",  "mnuFileSample",     "",       commands::SaveSample},
+  {RowKind::Panel,  "",                      "mnuChannelsCompare"},
+  {RowKind::Item,   "Compare with &Radio...", "mnuFileCompareRadio", "",     commands::CompareRadio},
+  {RowKind::Item,   "Reco&ver...",           "mnuFileRecover",    "",       commands::Recover},
+  {RowKind::Menu,   "&Edit",                 "mnuEdit"},
+  {RowKind::Item,   "&Copy",                 "mnuEditCopy",       "Ctrl+C", commands::Copy},
+  {RowKind::Item,   "&Paste",                "mnuEditPaste",      "Ctrl+V", commands::Paste},
+  {RowKind::Separator},
+  {RowKind::Panel,  "",                      "mnuUndo"},
+  {RowKind::Panel,  "",                      "mnuRedo"},
+  {RowKind::Separator},
+  {RowKind::Panel,  "",                      "mnuChannelsCopy"},
+  {RowKind::Panel,  "",                      "mnuChannelsCut"},
+  {RowKind::Panel,  "",                      "mnuChannelsPaste"},
+  {RowKind::Separator},
+  {RowKind::Panel,  "",                      "mnuChannelsUp"},
+  {RowKind::Panel,  "",                      "mnuChannelsDown"},
+  {RowKind::Panel,  "",                      "mnuChannelsFill"},
+  {RowKind::Panel,  "",                      "mnuChannelsUse"},
+  {RowKind::Panel,  "",                      "mnuChannelsDontUse"},
+  {RowKind::Panel,  "",                      "mnuChannelsClear"},
+  {RowKind::Menu,   "&Option",               "mnuOption"},
+  {RowKind::View,   "&Channels Settings",    "mnuOptionChannels", "F5",     &FrmMain::mnuOptionChannels_Click, "ChanWin", "Channel Windows",  "channels",  &FrmMain::m_mnuOptionChannels, &FrmMain::m_btnChanWin},
+  {RowKind::Separator},
+  {RowKind::View,   "&Function Settings",    "mnuOptionFunction", "F6",     &FrmMain::mnuOptionFunction_Click, "FuncWin", "Function Windows", "functions", &FrmMain::m_mnuOptionFunction, &FrmMain::m_btnFuncWin},
+  {RowKind::Menu,   "&Program",              "mnuProgram"},
+  {RowKind::Item,   "&Read",                 "mnuProgramRead",    "Ctrl+R", commands::Read,                    "Read",    "Read",             "read"},
+  {RowKind::Separator},
+  {RowKind::Item,   " &Write",               "mnuProgramWrite",   "Ctrl+W", commands::Write,                   "Write",   "Write",            "write"},
+  {RowKind::Separator},
+  {RowKind::Tick,   "&Verify after Writing", "mnuProgramVerify",  "",       commands::ToggleVerify,            "",        "",                 "",          &FrmMain::m_mnuProgramVerify},
+  {RowKind::Tick,   "&Back Up before Writing", "mnuProgramBackUp", "",      commands::ToggleBackUp,            "",        "",                 "",          &FrmMain::m_mnuProgramBackUp},
+  {RowKind::Menu,   "&Embedded Information", "mnuEmbed"},
+  {RowKind::Item,   "Embedded &Info...",     "mnuEmbedInfo",      "F2",     commands::EditInfo},
+  {RowKind::Separator},
+  {RowKind::Item,   "&Read Embedded Info",   "mnuEmbedRead",      "F3",     commands::ReadInfo},
+  {RowKind::Item,   " &Write Embedded Info", "mnuEmbedWrite",     "F4",     commands::WriteInfo},
+  {RowKind::HiddenSeparator},
+  {RowKind::Hidden, "ID Number",             "mnuEmbedID"},
+  {RowKind::Menu,   "&Comm-Port",            "mnuCommPort"},
+  {RowKind::Item,   "&Port...     ",         "mnuCommPortPort",   "F9",     commands::Port,                    "Port",    "COM Port",         "port"},
+  {RowKind::Menu,   "&Help",                 "mnuHelp"},
+  {RowKind::Item,   "&Contents",             "mnuHelpContents",   "",       commands::HelpContents},
+  {RowKind::Item,   "&Index...",             "mnuHelpIndex",      "",       commands::HelpIndex},
+  {RowKind::Separator},
+  {RowKind::Item,   "&About...",             "mnuHelpAbout",      "",       commands::About},
+  {RowKind::Separator},
+  {RowKind::Item,   "&Help on This Setting", "mnuHelpHere",       "F1",     commands::HelpHere},
+  {RowKind::Item,   "&What's This",          "mnuHelpWhatsThis",  "Shift+F1", commands::WhatsThis},
+  {RowKind::Tick,   "&Practise with a Simulated Radio", "mnuHelpPractise", "", commands::Practise,           "",        "",                 "",          &FrmMain::m_mnuHelpPractise},
+  {RowKind::ButtonOnly, "",                         "",                  "",       commands::New,                     "New",     "new",              "new"},
+};
 // clang-format on
 
 namespace {
@@ -120,7 +116,7 @@ constexpr double IconLines = 1.6; // in line heights
 
 void FrmMain::BuildMenus() {
   QMenu* menu = nullptr;
-  for (const ActionRow& row : ActionRow::Table()) {
+  for (const ActionRow& row : ActionRow::Table) {
     if (row.kind == RowKind::Menu) {
       menu = menuBar()->addMenu(tr(row.text));
       menu->setObjectName(QLatin1String(row.name));
@@ -175,7 +171,7 @@ void FrmMain::BuildToolbar() {
       toolbar->addSeparator();
       continue;
     }
-    for (const ActionRow& row : ActionRow::Table()) {
+    for (const ActionRow& row : ActionRow::Table) {
       if (key != row.key) continue;
       QAction* const button = toolbar->addAction(ProgramIcon(row.icon), tr(row.tip));
       button->setObjectName(QLatin1String(row.key));
