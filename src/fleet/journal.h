@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mr4500x {
@@ -78,6 +79,7 @@ struct PlanHead {
   std::string key, name;
   std::string templateKey{}; // as Plan has it; "" for one that an earlier version has begun
   std::string begun{};       // in UTC; "" likewise
+  bool isUsed = false;       // a row is taken or done; only known from History
   bool operator==(const PlanHead&) const = default;
 };
 
@@ -86,6 +88,12 @@ struct PlanHistory {
   std::vector<PlanHead> plans; // all of the journal, the last begun first
   // Of the other plans with the same template. Done only if what the row says was the last that its radio got.
   std::vector<JournalRow> rows;
+};
+
+// Rows of a plan, by number.
+struct RowList {
+  std::vector<JournalRow> rows;
+  std::int64_t time = 0; // of the list, by the journal's clock; 0 before the plan begins
 };
 
 enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
@@ -114,8 +122,13 @@ public:
   // Reports that the bench is alive. False if the journal can't be written.
   [[nodiscard]] virtual bool ReportAlive(const std::string& bench) = 0;
 
-  // By row; nullopt if the database does not answer. Claims of silent benches are shown as free.
-  [[nodiscard]] virtual std::optional<std::vector<JournalRow>> Rows(const std::string& plan) = 0;
+  // The rows that have changed since the list with this time, and perhaps some more; all rows for 0. Claims of silent
+  // benches are shown as free. nullopt if the database does not answer.
+  [[nodiscard]] virtual std::optional<RowList> ChangedRows(const std::string& plan, std::int64_t since) = 0;
+  [[nodiscard]] std::optional<std::vector<JournalRow>> Rows(const std::string& plan) { // all
+    auto list = ChangedRows(plan, 0);
+    return list ? std::optional(std::move(list->rows)) : std::nullopt;
+  }
   // All attempts of a plan, or of all plans for "", by their start. Attempts that a silent bench has begun are shown as
   // aborted.
   [[nodiscard]] virtual std::optional<std::vector<Attempt>> Attempts(const std::string& plan) = 0;

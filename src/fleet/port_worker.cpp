@@ -91,12 +91,14 @@ JournalPolled PortWorker::PollJournal() {
   for (const Attempt& attempt : m_context.pending.TakeConflicts())
     m_context.events.onConflict(attempt);
   const Plan& plan = m_settings.plan;
-  const auto rows = isReady ? m_journal.Rows(plan.key) : std::nullopt;
-  if (!rows) return {m_journal.Error()};
-  const auto isDone = [](const JournalRow& row) { return row.state == RowState::Done; };
-  if (!plan.isEndless) m_context.state.Rows().SetRows(m_machine.status.port, *rows);
-  if (!plan.isEndless && rows->size() >= plan.rows.size() && std::ranges::all_of(*rows, isDone))
-    m_context.state.SetRowsDone();
+  if (!isReady) return {m_journal.Error()};
+  RowQueue& queue = m_context.state.Rows();
+  const auto since = plan.isEndless ? std::nullopt : queue.BeginList(m_machine.status.port);
+  if (!since) return {};
+  const auto list = m_journal.ChangedRows(plan.key, *since);
+  queue.EndList(list.value_or(RowList()));
+  if (!list) return {m_journal.Error()};
+  if (queue.DoneCount() >= plan.rows.size()) m_context.state.SetRowsDone();
   return {};
 }
 

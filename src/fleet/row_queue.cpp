@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <set>
+#include <utility>
 
 namespace mr4500x {
 namespace {
@@ -15,12 +15,12 @@ bool Contains(const std::vector<std::size_t>& rows, std::size_t row) {
 
 } // namespace
 
-void AssignRows(std::vector<RowSlot>& ports, const std::vector<std::size_t>& free,
+void AssignRows(std::vector<RowSlot>& ports, const std::set<std::size_t>& free,
                 const std::vector<std::size_t>& chosen) {
   std::set<std::size_t> given; // planned, or in progress
   for (const RowSlot& port : ports)
     given.insert(port.held);
-  const auto isFree = [&](std::size_t row) { return std::ranges::binary_search(free, row) && !given.contains(row); };
+  const auto isFree = [&](std::size_t row) { return free.contains(row) && !given.contains(row); };
   for (RowSlot& port : ports)
     if (!port.isWaiting || !isFree(port.next)) port.next = 0;
   for (const std::size_t row : chosen) {
@@ -61,15 +61,31 @@ bool CanBeChosen(const JournalRow& row) {
   return row.state == RowState::Free && row.radio.empty();
 }
 
-void RowQueue::SetRows(std::size_t port, const std::vector<JournalRow>& rows) {
+std::optional<std::int64_t> RowQueue::BeginList(std::size_t port) {
   const std::lock_guard guard(m_mutex);
   m_ports.at(port).held = 0;
-  m_free.clear();
-  for (const JournalRow& row : rows)
-    if (CanBeChosen(row)) m_free.push_back(row.row);
+  if (m_listedAt == 0 && std::exchange(m_isListing, true)) return std::nullopt;
+  return m_listedAt;
+}
+
+void RowQueue::EndList(const RowList& list) {
+  const std::lock_guard guard(m_mutex);
+  m_listedAt = list.time;
+  m_isListing = false;
+  for (const JournalRow& row : list.rows) {
+    m_free.erase(row.row);
+    m_done.erase(row.row);
+    if (CanBeChosen(row)) m_free.insert(m_free.end(), row.row);
+    if (row.state == RowState::Done) m_done.insert(m_done.end(), row.row);
+  }
   std::erase_if(m_chosen, [&](std::size_t row) {
-    return !std::ranges::binary_search(m_free, row) && std::ranges::find(m_ports, row, &RowSlot::held) == m_ports.end();
+    return !m_free.contains(row) && std::ranges::find(m_ports, row, &RowSlot::held) == m_ports.end();
   });
+}
+
+std::size_t RowQueue::DoneCount() {
+  const std::lock_guard guard(m_mutex);
+  return m_done.size();
 }
 
 RowQueue::Next RowQueue::NextFor(std::size_t port, bool isWaiting) {

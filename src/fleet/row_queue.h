@@ -4,7 +4,10 @@
 
 #include "journal.h"
 
+#include <cstdint>
 #include <mutex>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,10 +22,9 @@ struct RowSlot {
   std::string name{};   // name of the port; known after its first row
 };
 
-// Gives each waiting port a row of `free`, which is sorted. A port keeps its row as long as it can. The rows of
+// Gives each waiting port a row of `free`. A port keeps its row as long as it can. The rows of
 // `chosen` that are free go out first, in the order of the choice.
-void AssignRows(std::vector<RowSlot>& ports, const std::vector<std::size_t>& free,
-                const std::vector<std::size_t>& chosen);
+void AssignRows(std::vector<RowSlot>& ports, const std::set<std::size_t>& free, const std::vector<std::size_t>& chosen);
 
 // The row with a label, or else the row for a radio, or else the row that a radio holds. nullptr if there is none or
 // more than one.
@@ -39,8 +41,11 @@ public:
   };
 
   void SetPorts(std::size_t count) { m_ports.resize(count); } // before they start
-  // Updates the rows from the journal. `port` has no radio in progress.
-  void SetRows(std::size_t port, const std::vector<JournalRow>& rows);
+  // `port` has no radio in progress and will list the rows that have changed since the returned time. nullopt while
+  // another port makes the first list, which is long.
+  [[nodiscard]] std::optional<std::int64_t> BeginList(std::size_t port);
+  void EndList(const RowList& list); // updates the rows; an empty list if it failed
+  [[nodiscard]] std::size_t DoneCount();
   // The port's row. `isWaiting`: see RowSlot.
   [[nodiscard]] Next NextFor(std::size_t port, bool isWaiting);
   void Hold(std::size_t port, std::size_t row, std::string portName); // the port's radio has got it
@@ -51,7 +56,10 @@ public:
 private:
   std::mutex m_mutex; // guards what follows
   std::vector<RowSlot> m_ports;
-  std::vector<std::size_t> m_free, m_chosen;
+  std::vector<std::size_t> m_chosen;
+  std::set<std::size_t> m_free, m_done;
+  std::int64_t m_listedAt = 0;
+  bool m_isListing = false;
 };
 
 } // namespace mr4500x

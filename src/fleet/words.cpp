@@ -216,6 +216,11 @@ std::string RenamedReason(const std::string& journal) {
          " under another name. Choose that journal, or start over and give" + " all rows out again.";
 }
 
+std::string ChangedTemplateReason(const std::string& name) {
+  return "The template " + name + " has changed, so rows that are done don't carry over. Use the" +
+         " earlier template, or start over and give all rows out again.";
+}
+
 std::string BusyWithEarlierReason(const std::string& bench) {
   return "Bench " + bench + " is still programming a row of the earlier list. Wait until it has finished.";
 }

@@ -84,6 +84,7 @@ struct FleetProgress {
 // Why rows that are done may be unknown. Addresses are without passwords.
 [[nodiscard]] std::string LostReason(const std::string& journal);
 [[nodiscard]] std::string RenamedReason(const std::string& journal);
+[[nodiscard]] std::string ChangedTemplateReason(const std::string& name);
 [[nodiscard]] std::string BusyWithEarlierReason(const std::string& bench);
 
 inline constexpr char WaitsForBenchText[] = "Waiting for another bench that is adding its rows to the journal.";

@@ -165,16 +165,34 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_TRUE(missing.output.starts_with("A bench has used the journal ")) << missing.output;
   EXPECT_FALSE(std::filesystem::exists(Path("a.journal")));
   EXPECT_EQ(Fleet(rows + " --start-over --count 1").status, 0);
+
+  // A template whose content changes. Another template in the same journal is not meant.
+  Cli("set " + file + " global.tx_tot=120s");
+  Cli("set " + file + " global.tx_tot=180s --output " + Path("c.K4X"));
+  const std::string where2 = " --journal " + Path("a.journal");
+  const Ended changed = Fleet(rows + " --carry-over");
+  EXPECT_EQ(changed.status, 1);
+  EXPECT_TRUE(changed.output.starts_with("The template " + file + " has changed, so ")) << changed.output;
+  ExpectAll({{dry, 1, "The template " + file + " has changed, so "},
+             {dry + " --start-over", 0, "The template " + file + " has changed, so "},
+             {"fleet --dry-run " + file, 0, "every radio gets the template: 0 done, 0 taken\n"},
+             {"fleet --dry-run " + Path("c.K4X") + rows + where2, 0, "2 rows: 0 done, 0 taken, 2 free\n"}});
   EndRadio();
 }
 
 TEST_F(FleetCommandTest, NoPortIsGivenTwice) {
   std::filesystem::create_directory(Path("bin")); // the tool with a settings file beside it
-  StartRadio();
+  StartRadio(" --link " + Path("link"));
   Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=" + port + "\nCOM4=" + port + '\n');
-  const Ended all = Shell("cp " MR4500X_CLI " " MR4500X_CLI "-fleet " + Path("bin && ") +
-                          Path("bin/mr4500x-cli fleet --ports all,3 ") + file);
-  EXPECT_NE(all.output.find("COM3 is given twice\n"), std::string::npos) << all.output;
+  const std::string fleet = Path("bin/mr4500x-cli fleet ") + file + " --ports ";
+  Shell("cp " MR4500X_CLI " " MR4500X_CLI "-fleet " + Path("bin"));
+  const std::pair<std::string, std::string> cases[] = {
+      {"all,3", "COM3 is given twice\n"},
+      {"all,4", "COM4 and COM3 are the same port\n"},
+      {"4," + port, port + " and COM4 are the same port\n"},
+      {port + "," + Path("link"), Path("link and ") + port + " are the same port\n"}};
+  for (const auto& [given, message] : cases)
+    EXPECT_EQ(Shell(fleet + given).output, message) << given;
   const Ended only = Shell(Path("bin/mr4500x-cli identify auto"));
   EXPECT_TRUE(only.output.starts_with("auto: COM3\nID Number")) << "of two ports with one radio: " << only.output;
   EndRadio();

@@ -102,9 +102,9 @@ public:
     m_tables.done[attempt.row] += isDone ? 1 : 0;
     return entered;
   }
-  std::optional<std::vector<JournalRow>> Rows(const std::string& /*plan*/) override {
+  std::optional<RowList> ChangedRows(const std::string& /*plan*/, std::int64_t /*since*/) override {
     const std::lock_guard guard(m_tables.mutex);
-    return m_tables.isLost ? std::nullopt : std::optional(m_tables.rows);
+    return m_tables.isLost ? std::nullopt : std::optional(RowList{m_tables.rows, 1});
   }
   std::optional<std::vector<Attempt>> Attempts(const std::string& /*plan*/) override { return m_tables.attempts; }
   std::string Error() const override { return "no answer"; }

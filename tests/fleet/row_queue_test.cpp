@@ -20,13 +20,30 @@ TEST(RowQueueTest, AssignsTheRows) {
       port.isWaiting = name[0] == 'w';
       (port.isWaiting ? port.next : port.held) = number;
     }
-    AssignRows(ports, Numbers(row[2]), Numbers(row[3]));
+    const std::vector<std::size_t> free = Numbers(row[2]);
+    AssignRows(ports, {free.begin(), free.end()}, Numbers(row[3]));
     std::vector<std::size_t> next;
     next.reserve(ports.size());
     for (const RowSlot& port : ports)
       next.push_back(port.next);
     EXPECT_EQ(next, Numbers(row[5])) << row[1];
   }
+}
+
+TEST(RowQueueTest, TakesChangesFromLists) {
+  RowQueue queue;
+  queue.SetPorts(2);
+  EXPECT_EQ(queue.BeginList(0), 0);
+  EXPECT_EQ(queue.BeginList(1), std::nullopt) << "another port makes the first list";
+  const JournalRow free{1, "", "", RowState::Free, "", ""}, done{2, "", "", RowState::Done, "A", "R-2"};
+  queue.EndList({{done, free}, 5});
+  EXPECT_EQ(queue.BeginList(1), 5);
+  queue.EndList({{{1, "", "", RowState::Taken, "A", "R-1"}, {2, "", "", RowState::Free, "", ""}}, 6});
+  EXPECT_EQ(queue.DoneCount(), 0U);
+  EXPECT_EQ(queue.NextFor(0, true).row, 2U);
+  queue.EndList({{done}, 7});
+  EXPECT_EQ(queue.DoneCount(), 1U);
+  EXPECT_EQ(queue.NextFor(0, true).row, 0U);
 }
 
 TEST(RowQueueTest, FindsTheRowThatIsMeant) {

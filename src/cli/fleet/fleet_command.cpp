@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <chrono>
 #include <istream>
+#include <map>
 #include <ostream>
 
 namespace mr4500x {
@@ -36,9 +37,14 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
   // In the order of their numbers, as the rows go out; devices come last.
   std::ranges::stable_sort(ports, {},
                            [](const PortAddress& port) { return port.number == 0 ? PortCount + 1 : port.number; });
-  std::set<std::string> names;
-  for (const PortAddress& port : ports)
-    if (!names.insert(DisplayName(port)).second) terminal.err << DisplayName(port) << " is given twice\n";
+  std::map<std::string, std::string> names; // by device
+  for (const PortAddress& port : ports) {
+    const std::string name = DisplayName(port), device = DeviceOf(files, settingsFile, port);
+    const auto [first, isNew] = names.try_emplace(device.empty() ? name : device, name);
+    if (isNew) continue;
+    terminal.err << name
+                 << (first->second == name ? " is given twice\n" : " and " + first->second + " are the same port\n");
+  }
   if (ports.empty()) terminal.err << "No port has a device; mr4500x-cli ports lists them.\n";
   return !ports.empty() && names.size() == ports.size();
 }

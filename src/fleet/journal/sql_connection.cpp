@@ -180,12 +180,13 @@ bool SqlConnection::UpgradeOnce() {
   if (!Run(m_dialect.lockSchema)) return false;
   const std::optional<int> version = SchemaVersion();
   if (!version || *version >= KnownVersion()) return version.has_value();
-  if (*version == 0 && !Run("CREATE TABLE fleet_schema (version BIGINT NOT NULL)")) return false;
-  for (const auto& statements : SchemaVersions.subspan(static_cast<std::size_t>(*version)))
-    for (const char* const statement : statements)
-      if (!Run(statement)) return false;
-  return Run("DELETE FROM fleet_schema") &&
-         Run("INSERT INTO fleet_schema VALUES (:version)", {{":version", KnownVersion()}});
+  QStringList statements;
+  if (*version == 0) statements.append("CREATE TABLE fleet_schema (version BIGINT NOT NULL)");
+  for (const auto& upgrade : SchemaVersions.subspan(static_cast<std::size_t>(*version)))
+    statements += QStringList(upgrade.begin(), upgrade.end());
+  statements << "DELETE FROM fleet_schema"
+             << "INSERT INTO fleet_schema VALUES (:version)";
+  return RunAll(statements, {{":version", KnownVersion()}}).has_value();
 }
 
 bool SqlConnection::Fail(const QString& error) {

@@ -84,8 +84,8 @@ constexpr char IsLatest[] =
     " LIMIT 1)";
 constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench, {now})"
                          " ON CONFLICT (bench) DO UPDATE SET heard = excluded.heard";
-constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = ''"
-                           " WHERE plan = :plan AND state = 'taken' AND ";
+constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = '',"
+                           " changed = {now} WHERE plan = :plan AND state = 'taken' AND ";
 
 // If this journal still has a claim, or its port has begun an attempt, they come from a call whose answer was lost, and
 // nothing was written. A silent bench's claim for the radio is released.
@@ -94,8 +94,8 @@ const QStringList BeforeClaim = {
     "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
     " WHERE outcome = 'begun' AND bench = :bench AND port = :port",
     QString(SetFree) + "claim = :claim", QString(SetFree) + "id_number = :id AND {isSilent}"};
-constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = ''"
-                            " WHERE plan = :plan AND state = 'done' AND id_number = :id";
+constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = '',"
+                            " changed = {now} WHERE plan = :plan AND state = 'done' AND id_number = :id";
 // The plan's lock prevents two benches from making the same row.
 const QStringList MakeRow = {
     "SELECT plan FROM fleet_plan WHERE plan = :plan{lock}",
@@ -106,8 +106,8 @@ const QStringList MakeRow = {
 // again, because the selected state may be older than its lock. A second of these statements finds that the radio has a
 // row.
 const QString TakeFree =
-    "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = ''"
-    " WHERE plan = :plan AND {isFree} AND number ="
+    "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = '',"
+    " changed = {now} WHERE plan = :plan AND {isFree} AND number ="
     " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
     " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
     " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
@@ -133,7 +133,7 @@ public:
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<Attempt> Enter(const Attempt& attempt) override;
   bool ReportAlive(const std::string& bench) override;
-  std::optional<std::vector<JournalRow>> Rows(const std::string& plan) override;
+  std::optional<RowList> ChangedRows(const std::string& plan, std::int64_t since) override;
   std::optional<std::vector<Attempt>> Attempts(const std::string& plan) override;
   std::string Error() const override { return m_database.Error(); }
   std::string Details() const override { return m_database.Details(); }
@@ -167,11 +167,14 @@ std::optional<PlanHistory> SqlJournal::History(const PlanHead& plan) {
   if (!m_database.Open()) return std::nullopt;
   PlanHistory history;
   if (m_database.IsEmpty()) return history;
-  auto plans = m_database.Run("SELECT plan, name, template, begun FROM fleet_plan ORDER BY begun DESC, plan");
+  auto plans =
+      m_database.Run("SELECT plan, name, template, begun, EXISTS (SELECT 1 FROM fleet_row WHERE state <> 'free'"
+                     " AND fleet_row.plan = fleet_plan.plan) FROM fleet_plan ORDER BY begun DESC, plan");
   if (!plans) return std::nullopt;
   const auto text = [](const QSqlQuery& query, int column) { return query.value(column).toString().toStdString(); };
   while (plans->next())
-    history.plans.push_back({text(*plans, 0), text(*plans, 1), text(*plans, 2), text(*plans, 3)});
+    history.plans.push_back(
+        {text(*plans, 0), text(*plans, 1), text(*plans, 2), text(*plans, 3), plans->value(4).toBool()});
   auto rows = m_database.Run(QString("SELECT ") + RowColumns + ", content, " + IsLatest + " FROM fleet_row" +
                                  " WHERE content <> '' AND plan IN (SELECT plan FROM fleet_plan" +
                                  " WHERE plan <> :plan AND template IN (:template, '')) ORDER BY plan, number",
@@ -321,22 +324,32 @@ bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
   }
   return m_database
       .RunAll({QString(SetFree) + "id_number = :id AND number <> :number", // the radio's row since then
-               "UPDATE fleet_row SET state = 'done', bench = :bench, claim = '', id_number = :id, stamp = :stamp"
-               " WHERE plan = :plan AND number = :number"},
+               "UPDATE fleet_row SET state = 'done', bench = :bench, claim = '', id_number = :id, stamp = :stamp,"
+               " changed = {now} WHERE plan = :plan AND number = :number"},
               values)
       .has_value();
 }
 
-std::optional<std::vector<JournalRow>> SqlJournal::Rows(const std::string& plan) {
+std::optional<RowList> SqlJournal::ChangedRows(const std::string& plan, std::int64_t since) {
   if (!m_database.Open()) return std::nullopt;
-  std::vector<JournalRow> rows;
-  if (m_database.IsEmpty()) return rows;
-  auto query = m_database.Run(QString("SELECT ") + RowColumns + " FROM fleet_row WHERE plan = :plan ORDER BY number",
-                              {{":plan", Text(plan)}});
+  RowList list;
+  if (m_database.IsEmpty()) return list;
+  auto now = m_database.Run("SELECT {now}");
+  if (!now || !now->next()) return std::nullopt;
+  const std::int64_t time = now->value(0).toLongLong();
+  // A transaction ends at most some seconds after the time of its change. A server's clock may have been set back. The
+  // state of a taken row also depends on its bench.
+  constexpr char Changed[] = " AND number IN (SELECT number FROM fleet_row WHERE plan = :plan AND state = 'taken' UNION"
+                             " SELECT number FROM fleet_row WHERE plan = :plan AND changed > 0"
+                             " AND changed BETWEEN :since - 30 AND {now})";
+  auto query = m_database.Run(QString("SELECT ") + RowColumns + " FROM fleet_row WHERE plan = :plan" +
+                                  (since > 0 && since <= time ? Changed : "") + " ORDER BY number",
+                              {{":plan", Text(plan)}, {":since", QVariant::fromValue(since)}});
   if (!query) return std::nullopt;
   while (query->next())
-    rows.push_back(RowIn(*query));
-  return rows;
+    list.rows.push_back(RowIn(*query));
+  if (since > 0 || !list.rows.empty()) list.time = time;
+  return list;
 }
 
 std::optional<std::vector<Attempt>> SqlJournal::Attempts(const std::string& plan) {

@@ -72,7 +72,13 @@ constexpr const char* Version3[] = {
     " ('no row', 'done before', 'freed', 'reissued', 'note') AND (later.started > last.started"
     " OR later.started = last.started AND later.attempt_key > last.attempt_key))",
 };
-constexpr std::span<const char* const> Versions[] = {Version1, Version2, Version3};
+// So that a long list is not read as a whole again and again. The time of a row's last change is 0 for none.
+constexpr const char* Version4[] = {
+    "ALTER TABLE fleet_row ADD COLUMN changed BIGINT NOT NULL DEFAULT 0",
+    "CREATE INDEX fleet_row_changed ON fleet_row (plan, changed) WHERE changed > 0",
+    "CREATE INDEX fleet_row_taken ON fleet_row (plan) WHERE state = 'taken'",
+};
+constexpr std::span<const char* const> Versions[] = {Version1, Version2, Version3, Version4};
 
 // The monotonic clock is the same for all processes and can't be set. It restarts with the machine.
 qint64 SteadySeconds() {

@@ -118,9 +118,8 @@ bool TimedJournal::ReportAlive(const std::string& bench) {
   return Ask<bool>([=](Journal& journal) { return journal.ReportAlive(bench); }, false);
 }
 
-std::optional<std::vector<JournalRow>> TimedJournal::Rows(const std::string& plan) {
-  return Ask<std::optional<std::vector<JournalRow>>>([=](Journal& journal) { return journal.Rows(plan); },
-                                                     std::nullopt);
+std::optional<RowList> TimedJournal::ChangedRows(const std::string& plan, std::int64_t since) {
+  return Ask<std::optional<RowList>>([=](Journal& journal) { return journal.ChangedRows(plan, since); }, std::nullopt);
 }
 
 std::optional<std::vector<Attempt>> TimedJournal::Attempts(const std::string& plan) {

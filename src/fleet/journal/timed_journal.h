@@ -28,7 +28,7 @@ public:
   Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) override;
   std::optional<Attempt> Enter(const Attempt& attempt) override;
   bool ReportAlive(const std::string& bench) override;
-  std::optional<std::vector<JournalRow>> Rows(const std::string& plan) override;
+  std::optional<RowList> ChangedRows(const std::string& plan, std::int64_t since) override;
   std::optional<std::vector<Attempt>> Attempts(const std::string& plan) override;
   std::string Error() const override { return m_failure.error; }
   std::string Details() const override { return m_failure.details; }

@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 #include <sstream>
 
 namespace mr4500x {
@@ -146,12 +147,20 @@ PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldText
   return MakePlan(image, nameOf(choice.templateFile), rows, texts, Sha256Of);
 }
 
+std::string DeviceOf(FileSystem& files, const std::string& settingsFile, const PortAddress& port) {
+  const bool isPath = port.number == 0;
+  const std::string path =
+      isPath ? port.device : DeviceOfPort(port.number, PortDevices(files, settingsFile), MachineSerialDevices()).path;
+  return path.empty() ? "" : TextOf(OwnPath(path));
+}
+
 std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile) {
-  const auto pins = PortDevices(files, settingsFile);
-  const std::vector<std::string> devices = MachineSerialDevices();
   std::vector<PortAddress> ports;
-  for (int number = 1; number <= PortCount; ++number)
-    if (!DeviceOfPort(number, pins, devices).path.empty()) ports.push_back({number, {}});
+  std::set<std::string> found;
+  for (int number = 1; number <= PortCount; ++number) {
+    const std::string device = DeviceOf(files, settingsFile, {number, {}});
+    if (!device.empty() && found.insert(device).second) ports.push_back({number, {}});
+  }
   return ports;
 }
 

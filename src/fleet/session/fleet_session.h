@@ -54,7 +54,9 @@ struct FleetChoice {
 [[nodiscard]] std::string UtcTimestamp();
 [[nodiscard]] std::string LocalTimestamp(const std::string& utc);
 
-// The ports COM1 to COM16 that have a device.
+// The path of the port's device, without links; "" if it has none.
+[[nodiscard]] std::string DeviceOf(FileSystem& files, const std::string& settingsFile, const PortAddress& port);
+// The ports COM1 to COM16 that have a device, each device once.
 [[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
 struct JournalFailure {

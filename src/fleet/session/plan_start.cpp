@@ -2,10 +2,12 @@
 
 #include "file_access.h"
 #include "machine.h"
+#include "paths.h"
 #include "sql_journal.h"
 #include "words.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <span>
 #include <utility>
 
@@ -43,10 +45,15 @@ bool MayExist(FileSystem& files, const std::string& address) {
 std::string LostJournal(FileSystem& files, const FleetChoice& choice, const Plan& plan, const PlanHistory& history) {
   const std::string address = WithoutPassword(JournalOf(choice));
   if (history.plans.empty() && !RememberedFor(files, address).empty()) return LostReason(address);
+  if (std::ranges::find(history.plans, plan.templateKey, &PlanHead::templateKey) != history.plans.end()) return "";
   const std::string last = RememberedFor(files, plan.templateKey);
   const bool isElsewhere = choice.journal.empty() && !last.empty() && last != address && MayExist(files, last);
-  const auto knows = std::ranges::find(history.plans, plan.templateKey, &PlanHead::templateKey);
-  return isElsewhere && knows == history.plans.end() ? RenamedReason(last) : "";
+  if (isElsewhere) return RenamedReason(last);
+  const std::filesystem::path name = PathOf(plan.name).filename();
+  const bool isChanged = !plan.isEndless && std::ranges::any_of(history.plans, [&](const PlanHead& earlier) {
+    return earlier.isUsed && !earlier.templateKey.empty() && PathOf(earlier.name).filename() == name;
+  });
+  return isChanged ? ChangedTemplateReason(plan.name) : "";
 }
 
 PlanHead HeadOf(const Plan& plan) {

@@ -112,6 +112,7 @@ void FrmFleet::LoadChosenPlan() {
 void FrmFleet::ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice) {
   m_plan = check;
   m_journal = JournalOf(choice);
+  m_listedAt = 0;
   m_journalError.clear();
   m_problems->clear();
   for (const std::string& problem : check->problems)
@@ -272,22 +273,23 @@ void FrmFleet::RefreshRows() {
   m_refreshesAgain = m_isRefreshing;
   if (m_isRefreshing || !m_plan || !m_plan->problems.empty()) return;
   m_isRefreshing = true;
-  // Only the rows, because there may be many attempts.
-  const auto work = [plan = m_plan, address = m_journal] {
+  using Listed = std::pair<RowList, JournalFailure>;
+  const auto work = [plan = m_plan, address = m_journal, since = m_listedAt] {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-    auto rows = journal->Rows(plan->plan.key);
-    return rows ? JournalContent{std::move(*rows), {}, {}}
-                : JournalContent{{}, {}, {journal->Error(), journal->Details()}};
+    auto list = journal->ChangedRows(plan->plan.key, since);
+    return list ? Listed{std::move(*list), {}} : Listed{{}, {journal->Error(), journal->Details()}};
   };
-  RunInWorker(work, [this, plan = m_plan](const JournalContent& content) {
+  RunInWorker(work, [this, plan = m_plan](const Listed& listed) {
+    const auto& [list, failure] = listed;
     m_isRefreshing = false;
+    if (plan == m_plan) m_listedAt = list.time;
     if (plan != m_plan || m_refreshesAgain) RefreshRows();
     if (plan != m_plan) return;
-    if (!content.rows.empty()) m_rows.Show(content.rows);
+    m_rows.Update(list.rows);
     // Before the first start there is no file.
     const bool isMade = !m_cards.empty() || FileOfJournal(m_journal).empty();
-    m_journalError = isMade ? Shown(content.failure.error) : QString();
-    m_counts->setToolTip(isMade ? Shown(content.failure.details) : QString());
+    m_journalError = isMade ? Shown(failure.error) : QString();
+    m_counts->setToolTip(isMade ? Shown(failure.details) : QString());
     ShowCounts();
   });
 }

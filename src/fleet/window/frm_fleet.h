@@ -107,6 +107,7 @@ private:
 
   std::shared_ptr<const PlanCheck> m_plan; // the last one loaded
   std::string m_journal;                   // the address of the journal
+  std::int64_t m_listedAt = 0;             // the time of the last list of its rows
   unsigned m_loads = 0;                    // the number of the one that counts
   std::unique_ptr<FleetSession> m_session;
   FleetTally m_tally{0};

@@ -48,17 +48,25 @@ QPixmap SignOf(RowState state) {
 } // namespace
 
 void RowModel::Show(std::vector<JournalRow> rows) {
-  if (rows == m_rows) return;
-  if (rows.size() != m_rows.size()) {
-    beginResetModel();
-    m_rows = std::move(rows);
-    endResetModel();
-    return;
-  }
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (rows[i] == m_rows[i]) continue;
-    m_rows[i] = std::move(rows[i]);
-    emit dataChanged(index(static_cast<int>(i), 0), index(static_cast<int>(i), columnCount() - 1));
+  beginResetModel();
+  m_rows = std::move(rows);
+  for (JournalRow& row : m_rows)
+    row.content.clear(); // as a list of the journal's has them
+  endResetModel();
+}
+
+void RowModel::Update(const std::vector<JournalRow>& rows) {
+  for (const JournalRow& row : rows) {
+    const auto at = std::ranges::lower_bound(m_rows, row.row, {}, &JournalRow::row);
+    const int place = static_cast<int>(at - m_rows.begin());
+    if (at == m_rows.end() || at->row != row.row) { // of a plan without a list
+      beginInsertRows({}, place, place);
+      m_rows.insert(at, row);
+      endInsertRows();
+    } else if (*at != row) {
+      *at = row;
+      emit dataChanged(index(place, 0), index(place, columnCount() - 1));
+    }
   }
 }
 

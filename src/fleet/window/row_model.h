@@ -15,6 +15,7 @@ public:
   using QAbstractTableModel::QAbstractTableModel;
 
   void Show(std::vector<JournalRow> rows);
+  void Update(const std::vector<JournalRow>& rows); // the changed ones
   [[nodiscard]] const std::vector<JournalRow>& Rows() const { return m_rows; }
   [[nodiscard]] int Count(RowState state) const;
 
