@@ -20,6 +20,7 @@ namespace mr4500x {
 namespace {
 
 constexpr int MostCardsInARow = 4;
+constexpr int MostColumnCharacters = 24; // a long label must not hide the other columns
 
 } // namespace
 
@@ -34,8 +35,8 @@ void FrmFleet::BuildWindow() {
   layout->addLayout(BuildCounts());
   auto* const lists = new QHBoxLayout;
   lists->addWidget(m_problems);
-  lists->addWidget(m_table, 3);
-  lists->addWidget(BuildFailed(), 2);
+  lists->addWidget(m_table, 2);
+  lists->addWidget(BuildFailed(), 1);
   layout->addLayout(lists, 2);
   layout->addLayout(BuildButtons());
   BuildPartKeys();
@@ -112,9 +113,14 @@ void FrmFleet::BuildTable() {
   m_table->setAlternatingRowColors(true);
   m_table->verticalHeader()->hide();
   m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
-  m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  m_table->horizontalHeader()->setResizeContentsPrecision(100); // rows, as there may be many thousands
-  m_table->horizontalHeader()->setStretchLastSection(true);
+  m_table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  m_table->setWordWrap(false);
+  m_table->setTextElideMode(Qt::ElideMiddle); // labels often differ at their ends
+  QHeaderView& header = *m_table->horizontalHeader();
+  header.setMaximumSectionSize(m_table->fontMetrics().averageCharWidth() * MostColumnCharacters);
+  header.setResizeContentsPrecision(100); // rows, as there may be many thousands
+  header.setSectionResizeMode(QHeaderView::ResizeToContents);
+  header.setStretchLastSection(true);
   BuildRowMenu();
 }
 

@@ -114,8 +114,11 @@ private:
   PortState m_state = PortState::Waiting;
 };
 
-// Breaks its text into as many lines as fit its height, and ends the last one with an ellipsis.
+// Breaks its text into as many lines as fit its height, and elides the last one.
 class PortCard::ElidedLabel final : public QLabel {
+public:
+  explicit ElidedLabel(Qt::TextElideMode mode) : m_mode(mode) {}
+
 protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
@@ -129,16 +132,21 @@ protected:
       QTextLine line = layout.createLine();
       if (!line.isValid()) break;
       line.setLineWidth(width());
-      QString part = text().mid(line.textStart(), i + 1 < lines ? line.textLength() : -1);
-      painter.drawText(0, i * high + fontMetrics().ascent(), fontMetrics().elidedText(part, Qt::ElideRight, width()));
+      // A whole line fits, but its trailing blank may not.
+      const QString part = i + 1 < lines ? text().mid(line.textStart(), line.textLength())
+                                         : fontMetrics().elidedText(text().mid(line.textStart()), m_mode, width());
+      painter.drawText(0, i * high + fontMetrics().ascent(), part);
     }
     layout.endLayout();
   }
+
+private:
+  Qt::TextElideMode m_mode;
 };
 
 PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
-    : m_portName(portName), m_banner(new Banner(portName)), m_who(new ElidedLabel),
-      m_goOn(new QPushButton(tr("&Go on"))), m_bar(new QProgressBar), m_text(new ElidedLabel) {
+    : m_portName(portName), m_banner(new Banner(portName)), m_who(new ElidedLabel(Qt::ElideMiddle)),
+      m_goOn(new QPushButton(tr("&Go on"))), m_bar(new QProgressBar), m_text(new ElidedLabel(Qt::ElideRight)) {
   setFrameShape(QFrame::StyledPanel);
   setFocusPolicy(Qt::TabFocus); // for screen readers
   auto* const layout = new QVBoxLayout(this);

@@ -299,11 +299,14 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   QEvent activated(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window.get(), &activated);
   ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
-  Put("rows.csv", "label\nCar 1\nCar 2\n");
+  Put("rows.csv", "label\nCar 1\n" + std::string(300, 'W') + '\n');
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   EXPECT_TRUE(Await([&] { return Label("lblMessage").startsWith("The template or the rows have changed."); }));
   EXPECT_EQ(Label("lblCounts"), "0 of 2 rows done, 0 taken, 2 free");
   EXPECT_EQ(Cards().size(), 0);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Find<QTableView>("gridRows")->horizontalScrollBar()->maximum(), 0)
+      << "a long label hides the other columns";
 }
 
 TEST_F(FleetWindowTest, EachOptionIsIndependent) {
