@@ -1,5 +1,5 @@
 // The stored form of attempts: the names of outcomes and columns, for the journal's database and for CSV. Journals
-// contain these names, so they never change. words.h has the names that are shown.
+// contain these names, so they never change. They are also shown (words.h).
 #pragma once
 
 #include "journal.h"

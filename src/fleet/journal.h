@@ -96,6 +96,11 @@ struct RowList {
   std::int64_t time = 0; // of the list, by the journal's clock; 0 before the plan begins
 };
 
+struct JournalFailure {
+  std::string error, details{}; // the details are the database's own message
+  bool isBusy = false;          // another bench was using the journal
+};
+
 enum class Renewal : std::uint8_t { Kept, TakenAway, Lost };
 
 // A claim is freed when its bench has neither taken nor renewed one for this long.
@@ -107,7 +112,8 @@ class Journal {
 public:
   virtual ~Journal() = default;
 
-  // Enters the plan with its rows unless it is already known. False if the database does not answer; see IsBusy.
+  // Enters the plan with its rows unless it is already known. False if the database does not answer; see
+  // JournalFailure.
   [[nodiscard]] virtual bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) = 0;
   [[nodiscard]] virtual std::optional<PlanHistory> History(const PlanHead& plan) = 0;
   // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the
@@ -132,10 +138,7 @@ public:
   // All attempts of a plan, or of all plans for "", by their start. Attempts that a silent bench has begun are shown as
   // aborted.
   [[nodiscard]] virtual std::optional<std::vector<Attempt>> Attempts(const std::string& plan) = 0;
-  // The reason why the last call failed.
-  [[nodiscard]] virtual std::string Error() const = 0;
-  [[nodiscard]] virtual std::string Details() const { return {}; } // the database's own message
-  [[nodiscard]] virtual bool IsBusy() const { return false; }      // because another bench was using the journal
+  [[nodiscard]] virtual JournalFailure Failure() const = 0; // of the last call, if it failed
 };
 
 } // namespace mr4500x

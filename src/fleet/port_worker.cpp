@@ -91,13 +91,13 @@ JournalPolled PortWorker::PollJournal() {
   for (const Attempt& attempt : m_context.pending.TakeConflicts())
     m_context.events.onConflict(attempt);
   const Plan& plan = m_settings.plan;
-  if (!isReady) return {m_journal.Error()};
+  if (!isReady) return {m_journal.Failure().error};
   RowQueue& queue = m_context.state.Rows();
   const auto since = plan.isEndless ? std::nullopt : queue.BeginList(m_machine.status.port);
   if (!since) return {};
   const auto list = m_journal.ChangedRows(plan.key, *since);
   queue.EndList(list.value_or(RowList()));
-  if (!list) return {m_journal.Error()};
+  if (!list) return {m_journal.Failure().error};
   if (queue.DoneCount() >= plan.rows.size()) m_context.state.SetRowsDone();
   return {};
 }
@@ -124,7 +124,7 @@ RadioReported PortWorker::HandleRadio() {
     return Enter(attempt, AttemptOutcome::Failed, slot, m_identityText != NoNumberReason);
   }
   const Claim claim = m_context.pending.EnterPending(m_journal) ? ClaimRow(attempt, false) : Claim{};
-  if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Error()};
+  if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Failure().error};
   if (claim.kind == Claim::Kind::NoRow) return ReportNoRow(attempt, claim.row, slot);
   RadioJob job(m_line, m_journal, m_context, [&](PortState state, int percent) {
     static_cast<void>(Handle(RadioReported{state, attempt.row, attempt.label, "", percent}));

@@ -1,5 +1,6 @@
 #include "words.h"
 
+#include "attempt_records.h"
 #include "differences.h"
 #include "plan_changes.h"
 
@@ -56,10 +57,7 @@ std::string_view WordFor(PortState state) {
 }
 
 std::string_view WordFor(AttemptOutcome outcome) {
-  constexpr std::array<std::string_view, 11> Words = {"verified", "failed",  "set aside", "conflict",
-                                                      "begun",    "aborted", "no row",    "done before",
-                                                      "note",     "freed",   "reissued"};
-  return Words[static_cast<std::size_t>(outcome)];
+  return StoredName(outcome);
 }
 
 std::string_view WordFor(RowState state) {

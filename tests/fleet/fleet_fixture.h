@@ -107,7 +107,7 @@ public:
     return m_tables.isLost ? std::nullopt : std::optional(RowList{m_tables.rows, 1});
   }
   std::optional<std::vector<Attempt>> Attempts(const std::string& /*plan*/) override { return m_tables.attempts; }
-  std::string Error() const override { return "no answer"; }
+  JournalFailure Failure() const override { return {"no answer"}; }
 
 private:
   Tables& m_tables;

@@ -41,9 +41,9 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
   for (const PortAddress& port : ports) {
     const std::string name = DisplayName(port), device = DeviceOf(files, settingsFile, port);
     const auto [first, isNew] = names.try_emplace(device.empty() ? name : device, name);
-    if (isNew) continue;
-    terminal.err << name
-                 << (first->second == name ? " is given twice\n" : " and " + first->second + " are the same port\n");
+    const bool isSame = first->second == name;
+    if (!isNew)
+      terminal.err << name << (isSame ? " is given twice\n" : " and " + first->second + " are the same port\n");
   }
   if (ports.empty()) terminal.err << "No port has a device; mr4500x-cli ports lists them.\n";
   return !ports.empty() && names.size() == ports.size();
@@ -62,9 +62,6 @@ ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, T
   terminal.err << WithoutPassword(address) << ": " << failure.error << '\n';
   if (!failure.details.empty()) terminal.err << "  " << failure.details << '\n';
   return ExitStatus::Failed;
-}
-ExitStatus NoAnswer(const std::string& address, const Journal& journal, Terminal& terminal) {
-  return NoAnswer(address, {journal.Error(), journal.Details()}, terminal);
 }
 
 struct FleetEnd {
@@ -101,7 +98,7 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   if (!start.hasCompared && (file.empty() || !IsMissing(files, file))) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     const auto rows = journal->Rows(plan.key);
-    if (!rows) return NoAnswer(address, *journal, terminal);
+    if (!rows) return NoAnswer(address, journal->Failure(), terminal);
     done = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Done, &JournalRow::state));
     taken = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Taken, &JournalRow::state));
   }
@@ -269,7 +266,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   if (!arguments.logFile.empty()) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);
-    if (!attempts) return NoAnswer(address, *journal, terminal);
+    if (!attempts) return NoAnswer(address, journal->Failure(), terminal);
     std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.bench != end.bench; });
     const ExitStatus stored =
         StoreTextForCommand(files, arguments.logFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
@@ -287,7 +284,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   if (const auto decision = DecisionOf(arguments)) return DecideForCommand(files, address, *decision, terminal);
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
-  if (!attempts) return NoAnswer(address, *journal, terminal);
+  if (!attempts) return NoAnswer(address, journal->Failure(), terminal);
   const auto print = [&](const std::vector<std::string>& lines) {
     for (const std::string& line : lines)
       terminal.out << line << '\n';

@@ -244,9 +244,4 @@ std::optional<QSqlQuery> SqlConnection::Execute(const QString& sql, int results)
   return std::nullopt;
 }
 
-std::optional<int> SqlConnection::Change(const QString& statement, const Values& values) {
-  const auto query = Run(statement, values);
-  return query ? std::optional(query->numRowsAffected()) : std::nullopt;
-}
-
 } // namespace mr4500x

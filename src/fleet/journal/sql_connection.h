@@ -22,8 +22,8 @@ namespace mr4500x {
 
 using Values = std::vector<std::pair<QString, QVariant>>; // values for the names in a statement
 
-// False and nullopt mean failure, and Error has the reason. A failure closes the connection and aborts its transaction.
-// The next Open connects again.
+// False and nullopt mean failure, and Failure has the reason. A failure closes the connection and aborts its
+// transaction. The next Open connects again.
 class SqlConnection {
 public:
   // `mayCommit` becomes false when the caller no longer waits for the result.
@@ -39,12 +39,9 @@ public:
   [[nodiscard]] std::optional<QSqlQuery> Run(const QString& statement, const Values& values = {});
   // Executes several statements in one round trip. Returns the result of the last one.
   [[nodiscard]] std::optional<QSqlQuery> RunAll(const QStringList& statements, const Values& values);
-  [[nodiscard]] std::optional<int> Change(const QString& statement, const Values& values); // how many rows
   [[nodiscard]] bool IsEmpty() const { return m_isEmpty; } // opened to list a database without tables
-  [[nodiscard]] const std::string& Error() const { return m_error; }
-  [[nodiscard]] const std::string& Details() const { return m_details; } // the database's own message
-  // Another connection held a lock that the last call needed, or had already made the same row.
-  [[nodiscard]] bool IsBusy() const { return m_failure == SqlFailure::Busy; }
+  [[nodiscard]] JournalFailure Failure() const { return {m_error, m_details, m_failure == SqlFailure::Busy}; }
+  // Another connection had already made the same row.
   [[nodiscard]] bool IsDouble() const { return m_failure == SqlFailure::Double; }
 
 private:

@@ -135,9 +135,7 @@ public:
   bool ReportAlive(const std::string& bench) override;
   std::optional<RowList> ChangedRows(const std::string& plan, std::int64_t since) override;
   std::optional<std::vector<Attempt>> Attempts(const std::string& plan) override;
-  std::string Error() const override { return m_database.Error(); }
-  std::string Details() const override { return m_database.Details(); }
-  bool IsBusy() const override { return m_database.IsBusy(); }
+  JournalFailure Failure() const override { return m_database.Failure(); }
 
 private:
   [[nodiscard]] bool InsertRows(const std::string& plan, const std::vector<JournalRow>& rows);
@@ -151,14 +149,14 @@ private:
 
 bool SqlJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) {
   return m_database.Open() && m_database.InTransaction([&] {
-    const auto added = m_database.Change(
-        "INSERT INTO fleet_plan (plan, name, template, begun) VALUES (:plan, :name, :template, :begun)"
-        " ON CONFLICT DO NOTHING",
-        {{":plan", Text(plan.key)},
-         {":name", Text(plan.name)},
-         {":template", Text(plan.templateKey)},
-         {":begun", Text(plan.begun)}});
-    if (!added || *added == 0) return added.has_value(); // its rows were added with it
+    const auto added =
+        m_database.Run("INSERT INTO fleet_plan (plan, name, template, begun) VALUES (:plan, :name, :template, :begun)"
+                       " ON CONFLICT DO NOTHING",
+                       {{":plan", Text(plan.key)},
+                        {":name", Text(plan.name)},
+                        {":template", Text(plan.templateKey)},
+                        {":begun", Text(plan.begun)}});
+    if (!added || added->numRowsAffected() == 0) return added.has_value(); // its rows were added with it
     return rows.empty() || InsertRows(plan.key, rows);
   });
 }

@@ -59,7 +59,7 @@ void TimedJournal::GiveUp() {
   m_worker.reset();
   m_thread.detach(); // the thread ends when its call returns
   m_notBefore = std::chrono::steady_clock::now() + PauseAfterIt;
-  m_failure = {"The database does not answer.", "", false};
+  m_failure = {"The database does not answer."};
 }
 
 template<class Answer>
@@ -69,14 +69,14 @@ Answer TimedJournal::Ask(std::function<Answer(Journal&)> call, Answer lost, std:
     m_worker = std::make_shared<Worker>();
     m_thread = std::thread([worker = m_worker, open = m_open] { worker->Run(open); });
   }
-  const auto promise = std::make_shared<std::promise<std::pair<Answer, Failure>>>();
+  const auto promise = std::make_shared<std::promise<std::pair<Answer, JournalFailure>>>();
   auto answer = promise->get_future();
   {
     const std::lock_guard guard(m_worker->mutex);
     m_worker->call = [promise, call = std::move(call)](Journal& journal) {
       try {
         Answer found = call(journal);
-        promise->set_value({std::move(found), {journal.Error(), journal.Details(), journal.IsBusy()}});
+        promise->set_value({std::move(found), journal.Failure()});
       } catch (...) {
         promise->set_exception(std::current_exception());
       }

@@ -30,15 +30,9 @@ public:
   bool ReportAlive(const std::string& bench) override;
   std::optional<RowList> ChangedRows(const std::string& plan, std::int64_t since) override;
   std::optional<std::vector<Attempt>> Attempts(const std::string& plan) override;
-  std::string Error() const override { return m_failure.error; }
-  std::string Details() const override { return m_failure.details; }
-  bool IsBusy() const override { return m_failure.isBusy; }
+  JournalFailure Failure() const override { return m_failure; }
 
 private:
-  struct Failure {
-    std::string error, details;
-    bool isBusy = false;
-  };
   struct Worker;
 
   // The answer of `call`, or `lost` if there is none in time.
@@ -50,7 +44,7 @@ private:
   std::shared_ptr<Worker> m_worker; // none before the first call and after an abandoned one
   std::thread m_thread;             // the worker's
   std::chrono::steady_clock::time_point m_notBefore{};
-  Failure m_failure;
+  JournalFailure m_failure;
 };
 
 } // namespace mr4500x

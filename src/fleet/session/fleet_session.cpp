@@ -148,9 +148,8 @@ PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldText
 }
 
 std::string DeviceOf(FileSystem& files, const std::string& settingsFile, const PortAddress& port) {
-  const bool isPath = port.number == 0;
-  const std::string path =
-      isPath ? port.device : DeviceOfPort(port.number, PortDevices(files, settingsFile), MachineSerialDevices()).path;
+  std::string path = port.device;
+  if (port.number > 0) path = DeviceOfPort(port.number, PortDevices(files, settingsFile), MachineSerialDevices()).path;
   return path.empty() ? "" : TextOf(OwnPath(path));
 }
 
@@ -182,7 +181,7 @@ JournalContent ReadJournal(const std::string& address, const std::string& plan) 
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto rows = journal->Rows(plan);
   const auto attempts = rows ? journal->Attempts(plan) : std::nullopt;
-  if (!attempts) return {{}, {}, {journal->Error(), journal->Details()}};
+  if (!attempts) return {{}, {}, journal->Failure()};
   return {*rows, *attempts, {}};
 }
 

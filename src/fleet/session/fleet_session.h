@@ -59,9 +59,6 @@ struct FleetChoice {
 // The ports COM1 to COM16 that have a device, each device once.
 [[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
-struct JournalFailure {
-  std::string error, details; // the details are the database's own message
-};
 struct JournalContent {
   std::vector<JournalRow> rows; // of the plan
   std::vector<Attempt> attempts;

@@ -15,10 +15,6 @@
 namespace mr4500x {
 namespace {
 
-JournalFailure FailureOf(const Journal& journal) {
-  return {journal.Error(), journal.Details()};
-}
-
 std::string TrimmedNumber(const std::string& idNumber) {
   return idNumber.substr(0, idNumber.find_last_not_of(' ') + 1);
 }
@@ -41,13 +37,13 @@ double SecondsOf(const Attempt& attempt) {
 std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::string& address,
                                              const RowDecision& decision) {
   const std::string file = FileOfJournal(address);
-  if (!file.empty() && IsMissing(files, file)) return JournalFailure{"The journal does not exist.", ""};
+  if (!file.empty() && IsMissing(files, file)) return JournalFailure{"The journal does not exist."};
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
   const auto rows = journal->Rows(decision.plan);
-  if (!rows) return FailureOf(*journal);
+  if (!rows) return journal->Failure();
   const auto row = std::ranges::find(*rows, decision.row, &JournalRow::row);
   const std::string name = "Row " + std::to_string(decision.row);
-  if (row == rows->end()) return JournalFailure{name + " is not in the plan.", ""};
+  if (row == rows->end()) return JournalFailure{name + " is not in the plan."};
   using enum AttemptOutcome;
   const bool isOther = (decision.outcome == Freed && row->state != RowState::Taken) ||
                        (decision.outcome == Reissued && row->state != RowState::Done);
@@ -66,16 +62,16 @@ std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::strin
   entry.operatorName = decision.operatorName;
   entry.start = entry.end = UtcTimestamp();
   const auto entered = journal->Enter(entry);
-  return entered ? std::variant<Attempt, JournalFailure>(*entered) : FailureOf(*journal);
+  return entered ? std::variant<Attempt, JournalFailure>(*entered) : journal->Failure();
 }
 
 std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin) {
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto history = journal->History({});
-  if (!history) return FailureOf(*journal);
+  if (!history) return journal->Failure();
   std::vector<PlanHead> plans = history->plans; // the last begun first
   std::erase_if(plans, [&](const PlanHead& plan) { return !plan.key.starts_with(begin); });
-  if (plans.empty()) return JournalFailure{"The journal has no such plan.", ""};
+  if (plans.empty()) return JournalFailure{"The journal has no such plan."};
   const auto isOfFirst = [&](const PlanHead& plan) {
     return plan.templateKey == plans.front().templateKey && !plan.templateKey.empty();
   };
@@ -84,7 +80,7 @@ std::variant<std::string, JournalFailure> FindPlan(const std::string& address, c
   std::string names;
   for (const PlanHead& plan : plans)
     names += (names.empty() ? "" : ", ") + plan.key.substr(0, 8) + " (" + plan.name + ')';
-  return JournalFailure{"The journal has several plans. Choose one: " + names + '.', ""};
+  return JournalFailure{"The journal has several plans. Choose one: " + names + '.'};
 }
 
 std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber) {

@@ -65,7 +65,7 @@ PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan
   start.changes.rows = JournalRowsOf(plan);
   const auto history = MayExist(files, JournalOf(choice)) ? journal.History(HeadOf(plan)) : PlanHistory{};
   if (!history) {
-    start.failure = {journal.Error(), journal.Details()};
+    start.failure = journal.Failure();
     return start;
   }
   if (std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end()) return start;
@@ -103,8 +103,8 @@ PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& pl
       Remember(files, plan, address);
       return start;
     }
-    if (isFound) start.failure = {journal->Error(), journal->Details()};
-    if (!journal->IsBusy() || tries == MostTries) return start;
+    if (isFound) start.failure = journal->Failure();
+    if (!start.failure.isBusy || tries == MostTries) return start;
     if (tries == 1) onWait();
   }
 }

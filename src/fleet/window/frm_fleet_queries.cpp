@@ -100,7 +100,7 @@ void FrmFleet::ShowLines(const QString& title, const std::string& plan,
   const auto work = [address = m_journal, plan, linesOf = std::move(linesOf)]() -> Found {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     const auto attempts = journal->Attempts(plan);
-    if (!attempts) return JournalFailure{journal->Error(), journal->Details()};
+    if (!attempts) return journal->Failure();
     QStringList lines;
     for (const std::string& line : linesOf(*attempts))
       lines.append(Shown(line));

@@ -136,7 +136,7 @@ TEST_P(SqlJournals, FollowTheRules) {
     };
     ASSERT_TRUE(at("A").Begin({plan, "rules", "template of " + plan},
                               {NewRow(1, "one", "R1  ", "c1"), NewRow(2, "two", "", "c2"), NewRow(3, "", "", "c3")}))
-        << at("A").Error();
+        << at("A").Failure().error;
     const auto result = [&](const std::string& step) -> std::string {
       std::istringstream words(step);
       std::string command, port, radio;
@@ -171,7 +171,7 @@ TEST_P(SqlJournals, FollowTheRules) {
         attempt.outcome = static_cast<AttemptOutcome>(std::ranges::find(outcomes, outcome) - outcomes);
         attempt.stamp = attempt.sha256 = attempt.key;
         const auto entered = at(attempt.bench).Enter(attempt);
-        if (!entered) return "lost: " + at(attempt.bench).Error() + at(attempt.bench).Details();
+        if (!entered) return "lost: " + at(attempt.bench).Failure().error + at(attempt.bench).Failure().details;
         return outcomes[static_cast<int>(entered->outcome)] + (entered->text.empty() ? "" : ": " + entered->text);
       }
       if (command == "silence") {
@@ -217,7 +217,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   std::filesystem::rename(path, moved);
   const auto refuses = [&](const std::string& why) {
     EXPECT_EQ(journal.Enter(attempt), std::nullopt) << why;
-    EXPECT_EQ(journal.Error(), "The journal was moved, deleted or replaced.") << why;
+    EXPECT_EQ(journal.Failure().error, "The journal was moved, deleted or replaced.") << why;
   };
   refuses("moved");
   EXPECT_FALSE(std::filesystem::exists(path));
@@ -232,7 +232,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
   std::ofstream(other) << 'x';
   const auto bad = OpenJournal(other, JournalUse::Enter);
   EXPECT_FALSE(bad->Begin({"p1", "name"}, {}));
-  EXPECT_EQ(bad->Error(), "The file is not a journal.");
+  EXPECT_EQ(bad->Failure().error, "The file is not a journal.");
   EXPECT_EQ(std::filesystem::file_size(other), 1U);
 }
 
@@ -240,7 +240,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseUnknownContents) {
   const auto journal = OpenJournal(address, JournalUse::Enter);
   const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ?", "R7"), NewRow(9)};
   for (int i = 0; i < 2; ++i)
-    ASSERT_TRUE(journal->Begin({"p1", "name"}, rows)) << journal->Error();
+    ASSERT_TRUE(journal->Begin({"p1", "name"}, rows)) << journal->Failure().error;
   EXPECT_EQ(journal->Rows("p1"), rows);
   EXPECT_EQ(journal->Rows("p2"), std::vector<JournalRow>());
 
@@ -262,7 +262,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseUnknownContents) {
   const auto later = OpenJournal(address, JournalUse::Enter);
   for (int i = 0; i < 2; ++i)
     EXPECT_FALSE(later->Begin({"p1", "name"}, rows));
-  EXPECT_NE(later->Error().find("later version"), std::string::npos) << later->Error();
+  EXPECT_NE(later->Failure().error.find("later version"), std::string::npos) << later->Failure().error;
 
   for (const char* const bad :
        {"/no/such/folder/fleet.journal", "/dev/null", "postgresql://x@/y?host=/no/such/folder"}) {
@@ -272,7 +272,7 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseUnknownContents) {
     EXPECT_EQ(away->Enter(first), std::nullopt) << bad;
     EXPECT_EQ(away->Rows("p1"), std::nullopt) << bad;
     EXPECT_EQ(away->Attempts(""), std::nullopt) << bad;
-    EXPECT_NE(away->Error(), "") << bad;
+    EXPECT_NE(away->Failure().error, "") << bad;
   }
 }
 
@@ -289,7 +289,7 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
           " 'b', '00')");
   const auto journal = OpenJournal(address, JournalUse::List);
   const auto attempts = journal->Attempts("p");
-  ASSERT_TRUE(attempts) << journal->Error() << journal->Details();
+  ASSERT_TRUE(attempts) << journal->Failure().error << journal->Failure().details;
   EXPECT_EQ(
       AttemptsCsv(*attempts, CsvUse::ForPeople),
       "row,outcome,start,end,label,id_number,firmware,band,port,bench,text,backup,sha256,plan,key,stamp,operator\r\n"
@@ -321,7 +321,7 @@ TEST_P(SqlJournals, DoNotHangWithTheirServer) {
   const Attempt attempt = NewAttempt("p", "A", "X");
   EXPECT_EQ(journal->ClaimRow(attempt, {}).kind, Claim::Kind::Lost);
   EXPECT_EQ(journal->Enter(attempt), std::nullopt);
-  EXPECT_EQ(journal->Error(), "The database does not answer.");
+  EXPECT_EQ(journal->Failure().error, "The database does not answer.");
   journal.reset();
   EXPECT_LT(time.elapsed(), 5000);
   m_server->Resume();
@@ -390,10 +390,10 @@ TEST_P(SqlJournals, TakePasswordsFromTheirFilesAndSayWhyAServerRefuses) {
   };
   for (const auto& [each, error] : cases) {
     const auto journal = OpenJournal(each, JournalUse::List);
-    EXPECT_EQ(journal->Attempts("").has_value(), std::string(error).empty()) << each << journal->Details();
-    EXPECT_EQ(journal->Error(), error) << each << journal->Details();
-    EXPECT_EQ(journal->Details().empty(), std::string(error).empty()) << each;
-    EXPECT_EQ(journal->Details().find("wrong"), std::string::npos);
+    EXPECT_EQ(journal->Attempts("").has_value(), std::string(error).empty()) << each << journal->Failure().details;
+    EXPECT_EQ(journal->Failure().error, error) << each << journal->Failure().details;
+    EXPECT_EQ(journal->Failure().details.empty(), std::string(error).empty()) << each;
+    EXPECT_EQ(journal->Failure().details.find("wrong"), std::string::npos);
   }
 }
 
