@@ -4,9 +4,9 @@ _lr7200_simulator() {
   case $previous in
     --memory | --link) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
     --pace) mapfile -t COMPREPLY < <(compgen -W 9600 -- "$current") ;;
-    --number | --deaf) COMPREPLY=() ;;
+    --number | --swap | --deaf) COMPREPLY=() ;;
     --fault) mapfile -t COMPREPLY < <(compgen -W "$(lr7200-simulator --help | sed -n 's/^  \([a-z][a-z-]*\)\*\{0,1\}  .*/\1/p')" -- "$current") ;;
-    *) mapfile -t COMPREPLY < <(compgen -W "--memory --link --number --pace --deaf --fault --help --version" -- "$current") ;;
+    *) mapfile -t COMPREPLY < <(compgen -W "--memory --link --number --swap --pace --deaf --fault --help --version" -- "$current") ;;
   esac
 }
 complete -o filenames -F _lr7200_simulator lr7200-simulator

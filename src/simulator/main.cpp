@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 struct Options {
   std::string memoryFile;
   std::string link;
-  std::string number;
+  std::string number, nextNumber;
   int baud = 0; // 0: no delay
   int deafness = 0;
   std::vector<PlannedFault> faults;
@@ -57,9 +57,10 @@ void PrintFailure(const std::exception& failure) {
 }
 
 // Runs until a signal or the fault "vanish".
-void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::string& memoryFile,
-              const sigset_t& mask) {
+void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const Options& options, const sigset_t& mask) {
   constexpr SimulatedRadio::Moment Idle = 1s;
+  constexpr unsigned SessionsBeforeSwap = 2; // an identification and a backup
+  const std::string& memoryFile = options.memoryFile;
   unsigned storedSessions = 0;
   SimulatedRadio::Moment lastReceived = Now();
   while (g_isStopped == 0 && !radio.HasVanished()) {
@@ -72,6 +73,7 @@ void RunRadio(SimulatedRadio& radio, const PseudoTerminal& terminal, const std::
     radio.Receive(bytes, now);
     terminal.Write(radio.TakeReplies(now));
     if (now - lastReceived >= Idle) terminal.EndExclusiveUse();
+    if (radio.EndedSessions() == SessionsBeforeSwap && !options.nextNumber.empty()) radio.Swap(options.nextNumber);
     // Only after the last answer of the session, because the computer is waiting for it.
     if (!memoryFile.empty() && radio.EndedSessions() != storedSessions && !radio.NextReplyAt()) {
       storedSessions = radio.EndedSessions();
@@ -94,7 +96,7 @@ void Serve(const Options& options) {
     const PseudoTerminal terminal(options.link);
     std::printf("%s\n", terminal.Device().c_str());
     std::fflush(stdout);
-    RunRadio(radio, terminal, options.memoryFile, mask);
+    RunRadio(radio, terminal, options, mask);
   }
   if (!options.memoryFile.empty()) Store(options.memoryFile, radio.Memory());
 }
@@ -116,6 +118,8 @@ int Main(int argc, char** argv) {
       ->type_name("FILE");
   app.add_option("--link", options.link, "Make a symbolic link to the device here")->type_name("PATH");
   app.add_option("--number", options.number, "The radio's identity number, at most 16 characters")->type_name("TEXT");
+  app.add_option("--swap", options.nextNumber, "Be another radio, with this number, after two sessions")
+      ->type_name("TEXT");
   app.add_option("--pace", options.baud, "Take the time of a real line, 9600 for the radio's; none by default")
       ->type_name("BAUD")
       ->check(CLI::Range(300, 115200));

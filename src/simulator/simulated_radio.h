@@ -30,6 +30,7 @@ public:
   [[nodiscard]] std::vector<std::uint8_t> TakeReplies(Moment now);
 
   [[nodiscard]] const RadioMemory& Memory() const { return m_memory; }
+  void Swap(std::string_view number) { SetIdentityNumber(m_memory, number); } // for a radio with this number
   [[nodiscard]] unsigned EndedSessions() const {
     return m_endedSessions;
   }                                                                // sessions ended by an end packet or its mark

@@ -12,6 +12,11 @@ protected:
     ports += (ports.empty() ? "" : ",") + port;
   }
   Ended Fleet(const std::string& arguments) { return Cli("fleet " + file + " --quick --ports " + ports + arguments); }
+  // On a terminal, with an answer to its question.
+  Ended FleetOnTerminal(const std::string& arguments, const std::string& answer) {
+    return Shell("echo " + answer + " | script -qec '" MR4500X_CLI " fleet " + file + " --quick --ports " + ports +
+                 arguments + "' /dev/null");
+  }
 
   std::string ports;
 };
@@ -112,6 +117,9 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   const Ended refused = Fleet(rows);
   EXPECT_EQ(refused.status, 1);
   EXPECT_EQ(refused.output, "The list has changed: " + changes + ". Use --carry-over or --start-over.\n");
+  const Ended quit = FleetOnTerminal(rows, "q");
+  EXPECT_EQ(quit.status, 1);
+  EXPECT_EQ(CountOf(quit.output, changes + ".\r\nCarry these over, start over, or quit? (c/s/q) "), 1U) << quit.output;
   EXPECT_EQ(CountOf(rowsOf(""), "carried over"), 1U) << "nothing was entered";
 
   // The radio keeps its row, which is another one now. It is not written.
@@ -145,9 +153,10 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
 
   // In a list without its row it gets another one.
   Put("rows.csv", heading + "Car 4,446.1\n");
-  const Ended other = Fleet(rows);
+  const Ended other = FleetOnTerminal(rows, "");
   EXPECT_EQ(other.status, 0) << other.output;
-  EXPECT_EQ(CountOf(other.output, "0 done carried over, 1 new, 0 changed\n"), 1U) << other.output;
+  EXPECT_EQ(CountOf(other.output, "0 done carried over, 1 new, 0 changed\r\n"), 1U) << other.output;
+  EXPECT_GE(CountOf(other.output, "\n1 of 1\r\x1b[K"), 1U) << other.output;
   EXPECT_EQ(CountOf(Cli(journal + " --radio LR-1").output, "Holds row 1, Car 4 since "), 1U);
   Put("rows.csv", heading + "Car 1,446.00625\nCar 5,446.1\n");
   EXPECT_EQ(rowsOf(""), "0 done carried over, 1 new, 0 changed, 1 not done\n2 rows: 0 done, 0 taken, 2 free\n");
@@ -177,6 +186,18 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
              {dry + " --start-over", 0, "The template " + file + " has changed, so "},
              {"fleet --dry-run " + file, 0, "every radio gets the template: 0 done, 0 taken\n"},
              {"fleet --dry-run " + Path("c.K4X") + rows + where2, 0, "2 rows: 0 done, 0 taken, 2 free\n"}});
+
+  // A radio that is swapped after its backup.
+  ports.clear();
+  AddRadio("LR-5", " --swap LR-6");
+  const Ended swapped = FleetOnTerminal(rows + " --count 1", "y");
+  EXPECT_EQ(swapped.status, 1);
+  EXPECT_EQ(CountOf(swapped.output,
+                    ": radio LR-5: failed; unplug the radio: the radio was swapped in the meantime: LR-5 was "),
+            1U)
+      << swapped.output;
+  EXPECT_EQ(CountOf(swapped.output, "\r\nStart over? (y/n) "), 1U) << swapped.output;
+  EXPECT_EQ(CountOf(swapped.output, ", radio LR-6: verified"), 1U) << swapped.output;
   EndRadio();
 }
 
