@@ -18,7 +18,8 @@ _mr4500x_cli() {
   for word in "${COMP_WORDS[@]:2:COMP_CWORD-2}"; do
     [ -z "$value" ] || { value=""; continue; }
     case $word in
-      -o | --output | --trace | --from | --rows | --ports | --journal | --log | --csv | --backup | --reports | --count | --plan) value=yes ;;
+      -o | --output | --trace | --from | --rows | --ports | --journal | --log | --csv | --backup | --reports | --count | --plan | \
+        --operator | --on-verified | --radio | --free | --reissue | --note) value=yes ;;
       -* | "$current") ;;
       *) count=$((count + 1)) ;;
     esac
@@ -33,6 +34,9 @@ _mr4500x_cli() {
     return 0
   elif [ "$command$previous" = fleet--ports ]; then
     words="all $(seq 1 16 | tr '\n' ' ')$(compgen -G '/dev/ttyUSB*') $(compgen -G '/dev/serial/by-id/*')"
+  elif [[ $previous == --@(count|plan|operator|on-verified|radio|free|reissue|note) ]]; then
+    COMPREPLY=()
+    return 0
   elif [ "$previous" = --backup ]; then
     mapfile -t COMPREPLY < <(compgen -d -- "$current")
     return 0

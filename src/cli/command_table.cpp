@@ -7,11 +7,10 @@
 #include "fill_messages.h"
 #include "fleet/fleet_summary.h"
 #include "machine.h"
+#include "parsing.h"
 #include "processes.h"
 #include "radio_commands.h"
 #include "setting_commands.h"
-
-#include <CLI/CLI.hpp>
 
 #include <utility>
 #include <variant>
@@ -207,15 +206,6 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
     });
 }
 
-// Only one of a command's output forms can be chosen.
-void ExcludeEachOther(CLI::App& command) {
-  constexpr const char* Forms[] = {"--json", "--identifiers", "--patch"};
-  for (const char* const one : Forms)
-    for (const char* const other : Forms)
-      if (CLI::Option* const form = command.get_option_no_throw(one); form != nullptr && one != other)
-        if (CLI::Option* const excluded = command.get_option_no_throw(other)) form->excludes(excluded);
-}
-
 ExitStatus Run(const Command& command, Call& call) {
   if (const auto* const run = std::get_if<1>(&command.run)) return (*run)(call);
   return WithRadio(call, [&](const RadioCommand& radio) { return std::get<2>(command.run)(call, radio); });
@@ -232,7 +222,7 @@ void DeclareCommands(CLI::App& app, Call& call, std::function<ExitStatus()>& cho
     CLI::App* const sub = parent->add_subcommand(path.substr(blank + 1), command.about); // all of it without a blank
     for (const Argument& argument : command.arguments)
       if (argument.name != nullptr) Add(*sub, argument, call);
-    ExcludeEachOther(*sub);
+    ExcludeEachOther(*sub, {"--json", "--identifiers", "--patch"}); // its output forms
     const char* const status = path == "diff"     ? "0 the same, 1 different, 2 trouble"
                                : path == "verify" ? "0 the same, 1 different or failed, 2 unusable arguments"
                                                   : "0 done, 1 failed, 2 unusable arguments";

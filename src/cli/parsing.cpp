@@ -53,6 +53,15 @@ std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
 
 } // namespace
 
+void ExcludeEachOther(CLI::App& command, std::initializer_list<const char*> options) {
+  for (const char* const name : options)
+    for (const char* const otherName : options) {
+      CLI::Option* const one = command.get_option_no_throw(name);
+      CLI::Option* const other = command.get_option_no_throw(otherName);
+      if (one != nullptr && other != nullptr && one != other) one->excludes(other);
+    }
+}
+
 std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal) {
   RefuseEmptyValues(app);
   app.failure_message([](const CLI::App*, const CLI::Error& error) {

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <initializer_list>
 #include <optional>
 
 namespace mr4500x {
@@ -12,5 +13,8 @@ namespace mr4500x {
 // nullopt if the command can run. Otherwise the exit status, after the help or an error message was printed. Only TEXT
 // can be empty. Any other empty argument would come from an unset variable in a script.
 [[nodiscard]] std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal);
+
+// Only one of these options can be given. The command does not have to have all of them.
+void ExcludeEachOther(CLI::App& command, std::initializer_list<const char*> options);
 
 } // namespace mr4500x

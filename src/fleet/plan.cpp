@@ -170,7 +170,7 @@ PlanCheck MakePlan(const RadioImage& image, std::string name, std::optional<std:
   check.plan.image = image;
   check.plan.isEndless = !rows;
   if (Decode(image, texts).end == DecodeEnd::DataError)
-    check.problems.push_back("the template: " + std::string(DataErrorText));
+    check.problems.push_back(check.plan.name + ": " + DataErrorText);
   if (rows && check.problems.empty()) RowReader(check, texts, sha256).Read(*rows);
   const std::vector<std::uint8_t> file = BuildDataFile(image);
   check.plan.templateKey = sha256({reinterpret_cast<const char*>(file.data()), file.size()});

@@ -66,6 +66,15 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(CountOf(listed.output, ": verified\n"), 3U) << listed.output;
   EXPECT_TRUE(Cli("fleet journal " + Path("a.journal") + " --csv -").output.starts_with("row,outcome,start,"));
   EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --csv - --plan none").output, "\n"), 1U);
+  const std::string cut = Path("cut.journal"),
+                    damaged = std::filesystem::weakly_canonical(cut).string() + ": The journal is damaged.";
+  for (const char* const size : {"4096", "20000"}) {
+    Shell("head -c " + std::string(size) + ' ' + Path("a.journal >") + cut);
+    for (const char* const options : {"", " --json", " --statistics", " --note 1 x"})
+      ExpectAll({{"fleet journal " + cut + options, 1, damaged}});
+    ExpectAll({{dry + " --journal " + cut, 1, damaged},
+               {"fleet " + file + rows + " --ports 1 --journal " + cut, 1, damaged}});
+  }
   EXPECT_EQ(Fleet(" --count 1 --trace /proc/self/none").status, 1) << "nothing can be written there";
   EXPECT_EQ(Fleet(" --count 1 --log /proc/self/oom_score_adj").status, 1); // another plan; the log takes no text
   const std::string both = Cli("fleet journal " + file).output;

@@ -1,5 +1,6 @@
 // mr4500x-cli-fleet fleet ...: the program that `mr4500x-cli fleet` becomes, so that the other commands start without
 // database libraries.
+#include "decimal.h"
 #include "fleet_command.h"
 #include "fleet_summary.h"
 #include "machine.h"
@@ -13,7 +14,6 @@
 #include <unistd.h>
 
 #include <iostream>
-#include <limits>
 #include <vector>
 
 namespace mr4500x {
@@ -24,6 +24,12 @@ std::string PortProblem(const std::string& text) {
   return text + " is not a port: use a number from 1 to 16, the path of a device, or all.";
 }
 
+// Takes only decimal digits. CLI11 would read 010 and 0x8 as 8.
+std::string NumberProblem(const std::string& text) {
+  const bool isNumber = !text.starts_with('0') && ParseWhole(text);
+  return isNumber ? "" : text + " is not a whole number from 1 to 999999999";
+}
+
 constexpr char AddressHelp[] = "the file of the journal, or postgresql://user@host:port/database";
 
 template<typename Value>
@@ -31,18 +37,20 @@ CLI::Option* AddOption(CLI::App* sub, const char* name, Value& value, const char
   return sub->add_option(name, value, about)->type_name(type);
 }
 
-// Both call the function after parsing.
+// Both functions call the last parameter after parsing.
 void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::function<void()>& onFleet) {
   FleetChoice& choice = arguments.choice;
   AddOption(fleet, "TEMPLATE", choice.templateFile, "", "data file (.K4X) with the configuration for all radios");
   AddOption(fleet, "--rows", choice.rowsFile, "R.csv",
-            "a row for each radio: columns are settings (see fields), embedded_info, radio and label");
+            "a row for each radio: columns are settings (see fields), embedded_info, radio and label")
+      ->check([&choice](const std::string& text) {
+        return std::string(text == Stream && choice.templateFile == Stream ? "only one can be standard input" : "");
+      });
   AddOption(fleet, "--ports", arguments.ports, "PORTS", "ports, separated by commas; all: COM1 to COM16 with a device")
       ->delimiter(',')
       ->allow_extra_args(false) // TEMPLATE may follow
       ->check(PortProblem);
-  AddOption(fleet, "--count", choice.count, "N", "stop after this number of radios")
-      ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+  AddOption(fleet, "--count", choice.count, "N", "stop after this number of radios")->check(NumberProblem);
   AddOption(fleet, "--journal", choice.journal, "URL", AddressHelp);
   AddOption(fleet, "--backup", choice.backupFolder, "FOLDER",
             "folder for the radios' old configurations; default: backups, beside TEMPLATE");
@@ -75,26 +83,33 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
   });
 }
 
-void DeclareJournal(CLI::App* journal, FleetArguments& arguments, const std::function<void()>& onJournal) {
+void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::function<void()>& onJournal) {
+  CLI::App* const journal = fleet->add_subcommand("journal", "List the journal");
   AddOption(journal, "URL", arguments.listed, "", AddressHelp)->required();
   AddOption(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
   journal->add_flag("--json", arguments.isJson, "as JSON with every detail");
   AddOption(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
-  auto alone = [others = std::vector<CLI::Option*>()](CLI::Option* made) mutable {
-    for (CLI::Option* const other : others)
-      made->excludes(other);
-    others.push_back(made);
-  };
-  alone(AddOption(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio"));
-  alone(journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port"));
-  alone(AddOption(journal, "--free", arguments.freedRow, "ROW", "free a row that a bench has taken")
-            ->check(CLI::PositiveNumber));
-  alone(AddOption(journal, "--reissue", arguments.reissuedRow, "ROW", "give a row out again that is done")
-            ->check(CLI::PositiveNumber));
-  alone(AddOption(journal, "--note", arguments.note, "ROW TEXT", "enter a note about a row")->expected(2));
+  AddOption(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio");
+  journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port");
+  AddOption(journal, "--free", arguments.freedRow, "ROW", "free a row that a bench has taken")->check(NumberProblem);
+  AddOption(journal, "--reissue", arguments.reissuedRow, "ROW", "give a row out again that is done")
+      ->check(NumberProblem);
+  AddOption(journal, "--note", arguments.note, "ROW TEXT", "enter a note about a row")
+      ->expected(2)
+      ->check(CLI::Validator(NumberProblem, "").application_index(0));
   AddOption(journal, "--operator", arguments.choice.operatorName, "NAME",
             "the operator's name, for the entry about a row");
-  journal->final_callback(onJournal);
+  ExcludeEachOther(*journal, {"--radio", "--statistics", "--free", "--reissue", "--note"});
+  ExcludeEachOther(*journal, {"--csv", "--json", "--free", "--reissue", "--note"});
+  ExcludeEachOther(*journal, {"--csv", "--statistics"});
+  journal->final_callback([&arguments, fleet, onJournal] {
+    for (const CLI::Option* const option : fleet->get_options()) // before the word "journal"
+      if (option->count() > 0) throw CLI::ExcludesError(option->get_name(), "journal");
+    const bool isDecision = arguments.freedRow > 0 || arguments.reissuedRow > 0 || !arguments.note.empty();
+    if (!arguments.choice.operatorName.empty() && !isDecision)
+      throw CLI::RequiresError("--operator", "--free, --reissue or --note");
+    onJournal();
+  });
 }
 
 } // namespace
@@ -119,8 +134,7 @@ int main(int argc, char** argv) {
     };
     CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
     DeclareFleet(fleet, arguments, runFleet);
-    DeclareJournal(fleet->add_subcommand("journal", "List the journal"), arguments,
-                   [&] { status = RunFleetJournal(files, arguments, terminal); });
+    DeclareJournal(fleet, arguments, [&] { status = RunFleetJournal(files, arguments, terminal); });
     return static_cast<int>(Parse(app, argc, argv, terminal).value_or(status));
   } catch (const std::exception& error) { // mostly out of memory
     std::cerr << error.what() << '\n';

@@ -163,7 +163,11 @@ bool SqlConnection::UpgradeSchema() {
 
 // 0 for a new database, which is a new journal; nullopt if it is not a journal, or does not answer.
 std::optional<int> SqlConnection::SchemaVersion() {
-  const QStringList tables = Database().tables();
+  auto names = Run(m_dialect.tables); // QSqlDatabase would list none if they can't be read
+  if (!names) return std::nullopt;
+  QStringList tables;
+  while (names->next())
+    tables.append(names->value(0).toString());
   if (!tables.contains("fleet_schema")) {
     const bool mayBegin = tables.isEmpty() || (m_use == JournalUse::Enter && m_file.empty());
     if (!mayBegin) Fail("The file is not a journal.");

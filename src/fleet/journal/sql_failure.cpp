@@ -33,7 +33,8 @@ constexpr std::array ServerTexts = {
     Case{"translate host name", {SqlFailure::Other, "The name of the server is unknown."}},
 };
 // SQLite's result codes. Only their last byte is used.
-constexpr int Busy = 5, Locked = 6, ReadOnly = 8, Full = 13, CanNotOpen = 14, Constraint = 19, NoDatabase = 26;
+constexpr int Busy = 5, Locked = 6, ReadOnly = 8, Corrupt = 11, Full = 13, CanNotOpen = 14, Constraint = 19,
+              NoDatabase = 26;
 
 } // namespace
 
@@ -54,6 +55,8 @@ SqlFailureWords WordsFor(const QSqlError& error, bool isServer) {
     return IsReadOnly;
   case Full:
     return IsFull;
+  case Corrupt:
+    return {SqlFailure::Other, "The journal is damaged."};
   case CanNotOpen:
     return {SqlFailure::Other, "The file of the journal can't be opened."};
   case Constraint:

@@ -92,6 +92,7 @@ const Dialect Sqlite = {.driver = "QSQLITE",
                         .onConnect = SqliteOnConnect,
                         .begin = "BEGIN IMMEDIATE", // locks the file; a later lock could collide with another one
                         .lockSchema = "SELECT 1",
+                        .tables = "SELECT name FROM sqlite_master WHERE type = 'table'",
                         .now = nullptr,
                         .lock = "",
                         .skip = "",
@@ -103,6 +104,7 @@ const Dialect PostgreSql = {.driver = "QPSQL",
                             .begin =
                                 "BEGIN ISOLATION LEVEL READ COMMITTED", // each statement sees the changes of others
                             .lockSchema = "SELECT pg_advisory_xact_lock(4500)",
+                            .tables = "SELECT tablename FROM pg_tables WHERE schemaname = ANY (current_schemas(false))",
                             .now = "CAST(extract(epoch FROM clock_timestamp()) AS BIGINT)",
                             .lock = " FOR UPDATE",
                             .skip = " FOR UPDATE SKIP LOCKED",

@@ -13,10 +13,11 @@ struct Dialect {
   std::span<const char* const> onConnect; // may fail
   const char* begin;
   const char* lockSchema;
-  const char* now;   // {now}: seconds by the database's clock; nullptr: this machine's, which never jumps
-  const char* lock;  // {lock}: keeps a selected row from others until the end of the transaction
-  const char* skip;  // {skip}: like {lock}, but skips rows that others have locked
-  bool takesSeveral; // statements at once, in one round trip
+  const char* tables; // their names
+  const char* now;    // {now}: seconds by the database's clock; nullptr: this machine's, which never jumps
+  const char* lock;   // {lock}: keeps a selected row from others until the end of the transaction
+  const char* skip;   // {skip}: like {lock}, but skips rows that others have locked
+  bool takesSeveral;  // statements at once, in one round trip
 };
 extern const Dialect Sqlite, PostgreSql;
 

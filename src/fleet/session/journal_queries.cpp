@@ -65,11 +65,14 @@ std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::strin
   return entered ? std::variant<Attempt, JournalFailure>(*entered) : journal->Failure();
 }
 
-std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin) {
+std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin,
+                                                   PlanChoice choice) {
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto history = journal->History({});
   if (!history) return journal->Failure();
   std::vector<PlanHead> plans = history->plans; // the last begun first
+  if (plans.empty()) return JournalFailure{"There is no journal in it."};
+  if (begin.empty() && choice == PlanChoice::AnyOrAll) return std::string();
   std::erase_if(plans, [&](const PlanHead& plan) { return !plan.key.starts_with(begin); });
   if (plans.empty()) return JournalFailure{"The journal has no such plan."};
   const auto isOfFirst = [&](const PlanHead& plan) {
