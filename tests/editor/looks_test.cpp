@@ -38,8 +38,13 @@ struct LooksTest : ChannelTest {
     EXPECT_EQ(last.bottomRight(), table.viewport()->rect().bottomRight() - QPoint(1, 1)) << "the grid line";
   }
   // The least is that of the olive which the design has on white.
-  static void ExpectReadableCells(const QTableWidget& table) {
+  static void ExpectReadableCells(QTableWidget& table) {
     const QColor base = table.palette().color(QPalette::Base);
+    const QPoint corner(1, 1); // of the first visible cell
+    table.setCurrentIndex(table.indexAt(corner));
+    table.setFocus();
+    const QColor frame = table.viewport()->grab().toImage().pixelColor(corner);
+    EXPECT_GE(Contrast(frame, base), 3) << "the frame that shows where keys act";
     for (int column = 0; column < table.columnCount(); ++column) {
       const QTableWidgetItem& cell = *table.item(0, column);
       const QBrush own = cell.foreground();
@@ -54,8 +59,11 @@ struct LooksTest : ChannelTest {
 };
 
 TEST_F(LooksTest, TextsFitAndCanBeReadAndFramesShareTheirEdges) {
+  QPalette darkColours(QColor(50, 54, 58), QColor(42, 46, 50));
+  darkColours.setColor(QPalette::Base, QColor(61, 61, 61));
+  darkColours.setColor(QPalette::Highlight, QColor(18, 96, 138));
   for (const bool dark : {false, true}) {
-    window.setPalette(dark ? QPalette(QColor(50, 54, 58), QColor(42, 46, 50)) : QApplication::palette());
+    window.setPalette(dark ? darkColours : QApplication::palette());
     for (const int points : {8, 14}) {
       SCOPED_TRACE(std::to_string(points) + (dark ? " points, dark" : " points, light"));
       QFont font = window.font();

@@ -143,7 +143,8 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing, false);
   painter->setClipRect(option.rect);
-  painter->setPen(QPen(m_grid.hasFocus() ? colours.color(QPalette::Highlight) : GreyOn(colours), 4)); // clipped to 2
+  const QColor framed = ReadableOn(colours.color(QPalette::Highlight).rgb(), colours.color(QPalette::Base));
+  painter->setPen(QPen(m_grid.hasFocus() ? framed : GreyOn(colours), 4)); // clipped to 2
   painter->drawRect(option.rect);
   painter->restore();
 }
