@@ -39,7 +39,7 @@ TEST(QtMessageView, AnswersAsTheKeySays) {
   }
 }
 
-TEST(ProgramStyle, ShowsEmptyBoxesAndPlaceholdersOnADarkWindow) {
+TEST(ProgramStyle, ShowsBoxesAndPlaceholdersOnADarkWindowAndTheFocusEverywhere) {
   UseProgramStyle();
   const QPalette dark(QColor(50, 54, 58), QColor(34, 32, 32));
   QPalette placeholder = dark;
@@ -56,6 +56,12 @@ TEST(ProgramStyle, ShowsEmptyBoxesAndPlaceholdersOnADarkWindow) {
       lightest = std::max(lightest, qGray(picture.pixel(x, picture.height() / 2)));
     EXPECT_GE(lightest, 100) << button->metaObject()->className();
   }
+  QWidget window;
+  auto* const list = new QComboBox(&window);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  list->setFocus(); // not by Tab
+  EXPECT_TRUE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "the control that keys act on has no frame";
   QApplication::setStyle("Fusion");
 }
 

@@ -60,7 +60,11 @@ void ScaleByWholeFactors() {
 }
 
 void UseProgramStyle() {
-  QApplication::setStyle(new ProgramStyle(QApplication::style()->name()));
+  auto* const style = new ProgramStyle(QApplication::style()->name());
+  QApplication::setStyle(style);
+  QObject::connect(qApp, &QApplication::focusChanged, style, [](QWidget* /*before*/, QWidget* now) {
+    if (now != nullptr) now->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  });
 }
 
 WindowGeometry GeometryOf(const QWidget& window) {

@@ -13,8 +13,9 @@ namespace mr4500x {
 // windows are scaled by whole factors, and the font size, which all lengths follow, provides the rest.
 void ScaleByWholeFactors();
 
-// The desktop's style with two changes. Qt adds icons to the buttons of its own dialogs: they are removed, as the
-// program's dialogs have none. Empty boxes and placeholders can also be seen on a dark window.
+// The desktop's style with three changes. Qt adds icons to the buttons of its own dialogs: they are removed, as the
+// program's dialogs have none. Empty boxes and placeholders can also be seen on a dark window. The control
+// that has the focus is always framed, because keys act on it. Qt alone frames it only after Tab.
 void UseProgramStyle();
 
 // Including the frame, in twips (1/1440 inch).
