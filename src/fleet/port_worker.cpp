@@ -96,9 +96,9 @@ JournalPolled PortWorker::PollJournal() {
   const auto since = plan.isEndless ? std::nullopt : queue.BeginList(m_machine.status.port);
   if (!since) return {};
   const auto list = m_journal.ChangedRows(plan.key, *since);
-  queue.EndList(list.value_or(RowList()));
+  const std::size_t done = queue.EndList(list.value_or(RowList()));
   if (!list) return {m_journal.Failure().error};
-  if (queue.DoneCount() >= plan.rows.size()) m_context.state.SetRowsDone();
+  if (done >= plan.rows.size()) m_context.state.SetRowsDone();
   return {};
 }
 

@@ -68,7 +68,7 @@ std::optional<std::int64_t> RowQueue::BeginList(std::size_t port) {
   return m_listedAt;
 }
 
-void RowQueue::EndList(const RowList& list) {
+std::size_t RowQueue::EndList(const RowList& list) {
   const std::lock_guard guard(m_mutex);
   m_listedAt = list.time;
   m_isListing = false;
@@ -81,10 +81,6 @@ void RowQueue::EndList(const RowList& list) {
   std::erase_if(m_chosen, [&](std::size_t row) {
     return !m_free.contains(row) && std::ranges::find(m_ports, row, &RowSlot::held) == m_ports.end();
   });
-}
-
-std::size_t RowQueue::DoneCount() {
-  const std::lock_guard guard(m_mutex);
   return m_done.size();
 }
 

@@ -44,8 +44,8 @@ public:
   // `port` has no radio in progress and will list the rows that have changed since the returned time. nullopt while
   // another port makes the first list, which is long.
   [[nodiscard]] std::optional<std::int64_t> BeginList(std::size_t port);
-  void EndList(const RowList& list); // updates the rows; an empty list if it failed
-  [[nodiscard]] std::size_t DoneCount();
+  // Updates the rows, and returns how many are done. An empty list means that it failed.
+  std::size_t EndList(const RowList& list);
   // The port's row. `isWaiting`: see RowSlot.
   [[nodiscard]] Next NextFor(std::size_t port, bool isWaiting);
   void Hold(std::size_t port, std::size_t row, std::string portName); // the port's radio has got it

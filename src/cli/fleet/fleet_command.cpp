@@ -3,11 +3,9 @@
 #include "arguments.h"
 #include "attempt_json.h"
 #include "attempt_records.h"
-#include "decimal.h"
 #include "end_signals.h"
 #include "file_access.h"
 #include "file_commands.h"
-#include "journal_queries.h"
 #include "plan_start.h"
 #include "sql_journal.h"
 #include "text.h"
@@ -110,27 +108,11 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   return LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
 }
 
-std::optional<RowDecision> DecisionOf(const FleetArguments& arguments) {
-  RowDecision decision;
-  decision.plan = arguments.plan;
+ExitStatus DecideForCommand(FileSystem& files, const std::string& address, const FleetArguments& arguments,
+                            Terminal& terminal) {
+  RowDecision decision = *arguments.decision;
   decision.operatorName = arguments.choice.operatorName;
-  if (arguments.freedRow > 0) {
-    decision.outcome = AttemptOutcome::Freed;
-    decision.row = arguments.freedRow;
-  } else if (arguments.reissuedRow > 0) {
-    decision.outcome = AttemptOutcome::Reissued;
-    decision.row = arguments.reissuedRow;
-  } else if (!arguments.note.empty()) {
-    decision.row = static_cast<std::size_t>(std::max(0, ParseWhole(arguments.note[0]).value_or(0)));
-    decision.text = arguments.note[1];
-  } else {
-    return std::nullopt;
-  }
-  return decision;
-}
-
-ExitStatus DecideForCommand(FileSystem& files, const std::string& address, RowDecision decision, Terminal& terminal) {
-  const auto plan = FindPlan(address, decision.plan);
+  const auto plan = FindPlan(address, arguments.plan);
   if (const auto* const failure = std::get_if<JournalFailure>(&plan)) return NoAnswer(address, *failure, terminal);
   decision.plan = std::get<std::string>(plan);
   const auto entered = Decide(files, address, decision);
@@ -239,9 +221,6 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
 
 ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
   FleetChoice& choice = arguments.choice;
-  choice.earlier = arguments.carriesOver  ? EarlierRows::CarryOver
-                   : arguments.startsOver ? EarlierRows::StartOver
-                                          : EarlierRows::Ask;
   const bool hasPorts = arguments.isDryRun || FindPorts(files, settingsFile, arguments, terminal);
   if (!hasPorts || !MayStore(files, choice, arguments.logFile, terminal)) return ExitStatus::UnusableArguments;
   const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
@@ -281,7 +260,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
   const std::string address = JournalOf(choice);
   if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
-  if (const auto decision = DecisionOf(arguments)) return DecideForCommand(files, address, *decision, terminal);
+  if (arguments.decision) return DecideForCommand(files, address, arguments, terminal);
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
   if (!attempts) return NoAnswer(address, journal->Failure(), terminal);

@@ -1,7 +1,7 @@
 // The fleet command: many radios from one plan, and its journal.
 #pragma once
 
-#include "fleet_session.h"
+#include "journal_queries.h"
 #include "terminal.h"
 
 namespace mr4500x {
@@ -11,15 +11,13 @@ struct FleetArguments {
   std::vector<std::string> ports; // or "all"
   std::string logFile;
   bool isDryRun = false; // only checks the plan; needs no ports
-  bool carriesOver = false, startsOver = false;
   // fleet journal
   std::string listed; // the journal's address, or a template
   std::string csvFile;
   bool isJson = false;
-  std::string plan;                          // the key of the only plan to list; its beginning, to change a row
-  std::size_t freedRow = 0, reissuedRow = 0; // 0: none
-  std::vector<std::string> note;             // row and text
-  std::string radio;                         // identity number
+  std::string plan;                    // the key of the only plan to list; its beginning, to change a row
+  std::optional<RowDecision> decision; // without plan and operator
+  std::string radio;                   // identity number
   bool isStatistics = false;
 };
 

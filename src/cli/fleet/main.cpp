@@ -60,11 +60,13 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
                   "compare the whole content of radios that are done, not only their programming time");
   fleet->add_flag("--rewrite-done", choice.rewritesDone,
                   "rewrite radios that are done but have changed since; otherwise they are set aside");
-  CLI::Option* const carryOver = fleet->add_flag("--carry-over", arguments.carriesOver,
-                                                 "if the list has changed: unchanged rows that radios hold stay done");
+  const auto choose = [&choice](EarlierRows earlier) { return [&choice, earlier] { choice.earlier = earlier; }; };
+  CLI::Option* const carryOver =
+      fleet->add_flag_callback("--carry-over", choose(EarlierRows::CarryOver),
+                               "if the list has changed: unchanged rows that radios hold stay done");
   fleet
-      ->add_flag("--start-over", arguments.startsOver,
-                 "if it has changed, or its journal is missing: give all rows out again")
+      ->add_flag_callback("--start-over", choose(EarlierRows::StartOver),
+                          "if the list or the template has changed, or the journal is missing: give all rows out again")
       ->excludes(carryOver);
   AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
   AddOption(fleet, "--on-verified", choice.onVerified, "COMMAND",
@@ -91,12 +93,18 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
   AddOption(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
   AddOption(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio");
   journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port");
-  AddOption(journal, "--free", arguments.freedRow, "ROW", "free a row that a bench has taken")->check(NumberProblem);
-  AddOption(journal, "--reissue", arguments.reissuedRow, "ROW", "give a row out again that is done")
-      ->check(NumberProblem);
-  AddOption(journal, "--note", arguments.note, "ROW TEXT", "enter a note about a row")
-      ->expected(2)
-      ->check(CLI::Validator(NumberProblem, "").application_index(0));
+  const auto decide = [&](const char* name, AttemptOutcome outcome, const char* type, const char* about) {
+    const auto set = [&arguments, outcome](const std::vector<std::string>& given) {
+      const auto row = static_cast<std::size_t>(ParseWhole(given[0]).value_or(0));
+      arguments.decision = RowDecision{outcome, {}, row, given.size() > 1 ? given[1] : "", {}};
+    };
+    return journal->add_option_function<std::vector<std::string>>(name, set, about)
+        ->type_name(type)
+        ->check(CLI::Validator(NumberProblem, "").application_index(0));
+  };
+  decide("--free", AttemptOutcome::Freed, "ROW", "free a row that a bench has taken")->expected(1);
+  decide("--reissue", AttemptOutcome::Reissued, "ROW", "give a row out again that is done")->expected(1);
+  decide("--note", AttemptOutcome::Note, "ROW TEXT", "enter a note about a row")->expected(2);
   AddOption(journal, "--operator", arguments.choice.operatorName, "NAME",
             "the operator's name, for the entry about a row");
   ExcludeEachOther(*journal, {"--radio", "--statistics", "--free", "--reissue", "--note"});
@@ -105,8 +113,7 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
   journal->final_callback([&arguments, fleet, onJournal] {
     for (const CLI::Option* const option : fleet->get_options()) // before the word "journal"
       if (option->count() > 0) throw CLI::ExcludesError(option->get_name(), "journal");
-    const bool isDecision = arguments.freedRow > 0 || arguments.reissuedRow > 0 || !arguments.note.empty();
-    if (!arguments.choice.operatorName.empty() && !isDecision)
+    if (!arguments.choice.operatorName.empty() && !arguments.decision)
       throw CLI::RequiresError("--operator", "--free, --reissue or --note");
     onJournal();
   });
