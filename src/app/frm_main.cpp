@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QMimeData>
 #include <QScreen>
@@ -35,6 +36,10 @@ std::string PlainPath(const QString& path) {
   const QFileInfo given(path);
   const QString plain = QDir::cleanPath(given.absoluteFilePath());
   return QDir::toNativeSeparators(QFileInfo(plain) == given ? plain : given.canonicalFilePath()).toStdString();
+}
+
+bool IsModifier(const QKeyEvent& event) {
+  return (event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_ScrollLock) || event.key() == Qt::Key_AltGr;
 }
 
 // The command for a dropped data file or list of channels, or none for anything else.
@@ -240,6 +245,9 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event) {
   // A click outside the controls commits an open editor.
   if (event->type() == QEvent::MouseButtonPress && (watched == m_status || watched == m_background))
     m_panel->CommitOpenEditors();
+  // A key must not act on what has been scrolled out of sight. Ctrl alone may begin a click elsewhere.
+  if (event->type() == QEvent::KeyPress && watched == focusWidget() && !IsModifier(*static_cast<QKeyEvent*>(event)))
+    m_panel->ScrollToFocus();
   if (event->type() == QEvent::Quit && m_endsUnasked && isVisible()) { // from the session; without a window from Qt
     EndBySignal(SIGTERM);
     return true;

@@ -6,6 +6,7 @@
 #include "decimal.h"
 #include "edit_history.h"
 #include "fill_messages.h"
+#include "frame_parts.h"
 #include "global_settings_frame.h"
 #include "key_frame.h"
 #include "list_frames.h"
@@ -250,6 +251,14 @@ void EditorPanel::ReturnFocus() {
   const bool canHaveIt = m_focusBefore && m_focusBefore->isVisibleTo(this) && m_focusBefore->isEnabled();
   QWidget* const next = canHaveIt ? m_focusBefore.data() : &m_channels->Grid();
   if (next->isVisibleTo(this)) next->setFocus();
+}
+
+void EditorPanel::ScrollToFocus() {
+  QWidget* const holder = window()->focusWidget();
+  if (auto* const grid = qobject_cast<CellGrid*>(holder))
+    grid->ScrollToCurrent();
+  else if (holder != m_focusHolder && isAncestorOf(holder))
+    ScrollTo(*holder, holder->rect());
 }
 
 void EditorPanel::HideOpenEditors() {

@@ -51,6 +51,7 @@ public:
 
   void CommitOpenEditors(); // stores their text; then no field has the focus, until ReturnFocus
   void ReturnFocus();       // returns the focus to the previous field, or to the channels
+  void ScrollToFocus();     // shows the cell or control that keys act on
   void CommitCells();       // the same, but the focus stays
   void HideOpenEditors();   // without storing their text
   void Copy();              // the whole text of the open frequency box, if any

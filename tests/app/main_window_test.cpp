@@ -159,6 +159,19 @@ TEST_F(ProgramTest, KeysActOnTheFramedCellAfterEveryCommand) {
   QWidget& background = *window->Panel().parentWidget();
   QTest::mouseClick(&background, Qt::LeftButton, {}, background.rect().bottomRight());
   EXPECT_EQ(window->focusWidget()->objectName(), "Command1") << "beside the panel";
+
+  window->resize(400, 400);
+  auto* const grid = window->findChild<QTableWidget*>("gridChannel");
+  grid->setFocus();
+  grid->setCurrentCell(15, 13);
+  auto* const scrollBar = window->findChild<QScrollArea*>()->verticalScrollBar();
+  const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {
+      {Qt::Key_Space, {}}, {Qt::Key_U, Qt::ControlModifier}, {Qt::Key_Control, {}}};
+  for (const auto& [key, modifiers] : keys) {
+    scrollBar->setValue(0);
+    QTest::keyClick(grid, key, modifiers);
+    EXPECT_EQ(scrollBar->value() > 0, key != Qt::Key_Control) << "acts out of sight: " << key;
+  }
 }
 
 TEST_F(ProgramTest, StoresItsSettingsBeforeTheQuestionAndItsGeometryAtTheEnd) {

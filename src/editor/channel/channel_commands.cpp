@@ -109,6 +109,7 @@ void ChannelCommands::UpdateActions() {
 void ChannelCommands::Run(const Row& row) {
   m_running = tr(row.text).remove('&');
   if (m_grid.currentRow() < 0) m_grid.setCurrentCell(0, 0); // the grid has never had the focus
+  if (!row.isEverywhere) m_grid.ScrollToCurrent();
   (this->*row.run)();
 }
 

@@ -79,11 +79,14 @@ void CellGrid::KeepLabelsInView() {
   m_corner->raise();
 }
 
-// Scrolls the panel to the current cell, with its labels beside it.
 void CellGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableWidget::currentChanged(current, previous);
-  const QRect cell = visualRect(current);
-  if (current.isValid())
+  ScrollToCurrent();
+}
+
+void CellGrid::ScrollToCurrent() {
+  const QRect cell = visualRect(currentIndex());
+  if (currentIndex().isValid())
     ScrollTo(*viewport(), cell.adjusted(-verticalHeader()->width(), -horizontalHeader()->height(), cell.width() / 2,
                                         cell.height() / 2));
 }

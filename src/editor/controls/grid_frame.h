@@ -21,6 +21,7 @@ public:
   void MoveOn(); // moves to the next cell, row by row, and from the last cell to the first
   // In a scrolled panel the labels of rows and columns stay at the edge of the visible part, over the cells.
   void KeepLabelsInView();
+  void ScrollToCurrent(); // scrolls the panel to the current cell, with its labels beside it
 
 signals:
   void CellOpened(); // the current cell, by a left click or Space
