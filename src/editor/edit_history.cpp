@@ -40,8 +40,7 @@ QString NameOfStep(const std::vector<Difference>& differences) {
 bool MayEdit(QEvent::Type type) {
   return type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::KeyRelease ||
          type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
-         type == QEvent::MouseButtonDblClick || type == QEvent::Wheel || type == QEvent::Drop ||
-         type == QEvent::InputMethod;
+         type == QEvent::MouseButtonDblClick || type == QEvent::Wheel || type == QEvent::Drop;
 }
 
 // Holds the state on the other side of the step.

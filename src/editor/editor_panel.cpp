@@ -99,7 +99,6 @@ void EditorPanel::BuildFrames() {
   connect(m_selectCall, &SelectCallFrame::ModeChanged, this, &EditorPanel::ChangeSelcallMode);
   connect(m_band, &BandFrame::LowerLimitChanged, this, &EditorPanel::ChangeLowerLimit);
   connect(m_channels, &ChannelFrame::StatusMessage, this, &EditorPanel::StatusMessage);
-  connect(m_channels, &ChannelFrame::OtherKeyPressed, m_tts, &GridFrame::CommitEditors);
 
   auto* const channelView = new QWidget(this);
   channelView->setObjectName(QStringLiteral("picChannelView"));
@@ -154,8 +153,7 @@ DecodeEnd EditorPanel::Fill() {
   ShowDecoded(decoded);
   m_history->Restart();
   emit Filled();
-  const bool hasMessage = decoded.keyConflicts > 0 || decoded.end == DecodeEnd::DataError;
-  if (hasMessage) repaint(); // a message box would cover the old view
+  repaint(); // a message box would cover the old view
   ShowKeyConflicts(m_messages, decoded.keyConflicts);
   if (decoded.end == DecodeEnd::DataError)
     m_messages.Show(MessageIcon::Exclamation, DataErrorTitle, DataErrorText, MessageButtons::Ok);

@@ -140,10 +140,7 @@ ChannelFrame::ChannelFrame(const FieldTexts& texts, MessageView& messages, std::
   SetUp(*m_gridChannel, *m_txtChFreq, *m_cboCTCDCS);
   AddCheckBoxes();
   connect(m_txtChFreq, &EntryBox::Stepped, this, [this](int by) { txtChFreq_Step(by > 0); });
-  connect(m_gridChannel, &ChannelGrid::OtherKeyPressed, this, [this] {
-    CommitEditors();
-    emit OtherKeyPressed();
-  });
+  connect(m_gridChannel, &ChannelGrid::OtherKeyPressed, this, &GridFrame::CommitEditors);
   ChannelFrame::LayOut();
 }
 

@@ -28,9 +28,6 @@ public:
   void KeepLabelsInView() override; // includes the headings of the check boxes
   [[nodiscard]] ChannelGrid& Grid() const { return *m_gridChannel; }
 
-signals:
-  void OtherKeyPressed(); // another key in the grid ends every edit
-
 protected:
   void CellOpened(int row, int column) override;
   [[nodiscard]] std::optional<QString> CheckedEntry(const QString& typed) const override;
