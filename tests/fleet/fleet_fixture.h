@@ -320,9 +320,10 @@ private:
   std::optional<TableRadio> NextRadio() {
     const std::lock_guard guard(mutex);
     if (table.empty()) {
-      if (stopsWithoutRadios) state->StopAfterTheseRadios();
+      if (stopsWithoutRadios && off.size() == m_given) state->StopAfterTheseRadios(); // the others may not have begun
       return std::nullopt;
     }
+    ++m_given;
     TableRadio radio = std::move(table.front());
     table.pop_front();
     return radio;
@@ -336,6 +337,7 @@ private:
     if (putsBack && std::ranges::none_of(*rows, isDone)) table.push_back({memory, {}, {}});
   }
 
+  std::size_t m_given = 0; // radios that were attached
   std::atomic<int> m_keys = 0, m_times = 0;
 };
 
