@@ -95,15 +95,5 @@ TEST_F(DecodeEncodeTest, KeyBytes) {
   }
 }
 
-TEST_F(DecodeEncodeTest, AStandardOfZeroEndsTheFill) {
-  image.ResetTimeBlock = {9, 70, 0};
-  image.RadioSettingsBlock[2] = 0x00;
-  image.ToneFrequencyBlock.fill(0x11);
-  EXPECT_EQ(Fill().end, DecodeEnd::DataError);
-  EXPECT_EQ(image.ResetTimeBlock[2], 1);
-  EXPECT_EQ(image.ToneFrequencyBlock[0], 0x11);
-  EXPECT_EQ(TextOf(values, ChoiceList::SelectCall), "5 Tone");
-}
-
 } // namespace
 } // namespace mr4500x

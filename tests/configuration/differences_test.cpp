@@ -6,8 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace mr4500x {
 namespace {
 
@@ -29,40 +27,6 @@ protected:
   RadioImage image;
   Configuration configuration = NewConfiguration(image, texts, {2026, 1, 2, 3, 4, 5});
 };
-
-// Each setting alone, changed to its last choice or another value, gives one line and no byte.
-TEST_F(DifferencesTest, APlantedDifferenceOfEachSettingIsOneLine) {
-  configuration[ChoiceList::PttId].position = 3;
-  configuration.connectId = configuration.disconnectId = "1";
-  Encode(configuration, image, texts);
-  int planted = 0;
-  for (const Field& field : Fields()) {
-    const FieldAt at = {&field, EntriesOf(field.group)};
-    if (field.place == FieldPlace(ChoiceList::Standards) || field.place == FieldPlace(GridColumn::TailCut)) continue;
-    SCOPED_TRACE(IdentifierOf(at));
-    Configuration changed = Decode(image, texts).configuration;
-    std::vector<std::string> values = {"true", "false", "300", "441.00000", "999", "23", "465"};
-    const auto choices = ChoicesOf(changed, at, texts);
-    values.insert(values.end(), choices.begin(), choices.end());
-    const std::string before = TextOf(changed, at);
-    for (const std::string& value : values)
-      if (TextOf(changed, at) == before) static_cast<void>(SetField(changed, at, value, texts));
-    ASSERT_NE(TextOf(changed, at), before);
-    RadioImage other = image;
-    Encode(changed, other, texts);
-    const ImageDifferences found = CompareImages(image, other, texts);
-    ASSERT_FALSE(found.settings.empty());
-    const auto isIt = [&](const Difference& difference) { return difference.at == at; };
-    EXPECT_TRUE(std::any_of(found.settings.begin(), found.settings.end(), isIt));
-    const bool hasConsequences = field.place == FieldPlace(ChoiceList::SelectCall) || // changes the tones as well
-                                 field.place == FieldPlace(Box::LowerBandLimit) || field.key == "rx_tone" ||
-                                 field.group == FieldGroup::Keys || field.key == "ptt_id";
-    EXPECT_TRUE(found.settings.size() == 1 || hasConsequences) << Between(image, other).back();
-    EXPECT_TRUE(found.bytes.empty()) << NameOf(found.bytes[0].block) << ' ' << found.bytes[0].offset;
-    ++planted;
-  }
-  EXPECT_EQ(planted, 53);
-}
 
 TEST_F(DifferencesTest, BytesAreTheOnesThatNoSettingShows) {
   const struct {

@@ -89,49 +89,5 @@ TEST_F(LooksTest, TextsFitAndCanBeReadAndFramesShareTheirEdges) {
   }
 }
 
-// A cell's text is where it was when its editor opens.
-TEST_F(LooksTest, TextsOfCellsDoNotMoveWhenTheyAreOpened) {
-  const auto textIn = [&](const QTableWidget& table, const QModelIndex& cell) { // the rectangle of the text in the cell
-    const QImage picture = panel.grab().toImage();
-    const QRect place =
-        table.visualRect(cell).translated(table.viewport()->mapTo(&panel, QPoint())).adjusted(6, 5, -6, -1);
-    const QColor text = table.item(cell.row(), cell.column())->foreground().color();
-    const auto isText = [&](const QColor& at) {
-      return std::abs(at.red() - text.red()) + std::abs(at.green() - text.green()) + std::abs(at.blue() - text.blue()) <
-             120;
-    };
-    QRect found;
-    for (int y = place.top(); y <= place.bottom(); ++y)
-      for (int x = place.left(); x < place.right() - 13; ++x) // without the arrow of a list
-        if (isText(picture.pixel(x, y))) found |= QRect(x, y, 1, 1);
-    return found.translated(-place.topLeft());
-  };
-  for (const int points : {8, 10, 11, 14}) {
-    QFont font = window.font();
-    font.setPointSize(points);
-    window.setFont(font);
-    QCoreApplication::processEvents();
-    for (const bool isTts : {false, true}) {
-      const std::vector<int> columns = isTts ? std::vector{1, 2, 5} : std::vector{0, 2, 6, 8};
-      for (const int column : columns) {
-        isTts ? panel.ShowFunctionView() : panel.ShowChannelView();
-        QTableWidget& table = isTts ? ttsTable : grid;
-        table.setCurrentCell(0, column);
-        if (!isTts && column % 6 == 2) table.item(0, column)->setText("CTC88.5");
-        const QRect before = textIn(table, table.currentIndex());
-        QTest::keyClick(&table, Qt::Key_Space);
-        for (auto* const box : panel.findChildren<QLineEdit*>())
-          box->deselect(); // the selection is white
-        const QRect after = textIn(table, table.currentIndex());
-        EXPECT_FALSE(before.isEmpty());
-        EXPECT_EQ(std::tuple(before.left(), before.top(), before.bottom()),
-                  std::tuple(after.left(), after.top(), after.bottom()))
-            << points << " points, " << EditorTest::Cell(table, 0, column);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-      }
-    }
-  }
-}
-
 } // namespace
 } // namespace mr4500x
