@@ -310,6 +310,12 @@ TEST_F(CompareTest, ImportsADroppedListOfChannelsAsOneStepOrNotAtAll) {
     EXPECT_EQ(Status(1), "Undone: Import Channels");
     EXPECT_EQ(Cell(3, 1) + ' ' + Cell(3, 2), "440.00000 6.25");
   }
+  OpenCell(1, "4.6.0"); // is refused before the import
+  QMimeData data;
+  data.setData("text/csv", "number,rx_freq\n3,446\n");
+  Drop(data);
+  EXPECT_EQ(Happened(), Lines{"!|Error|Frequency Invalid!"});
+  EXPECT_EQ(Cell(1, 1) + ' ' + Cell(3, 1), "440.00000 446.00000");
 }
 
 TEST_F(CompareTest, ComparesWithTheRadioOnTheCableAndTakesItsValues) {

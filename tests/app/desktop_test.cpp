@@ -1,4 +1,5 @@
 // The adapters to the desktop: message boxes, file names, and the guard of a transfer.
+#include "child_process.h"
 #include "machine_files.h"
 #include "modal_dialog.h"
 #include "open_windows.h"
@@ -14,6 +15,10 @@
 
 #include <csignal>
 #include <cstdio>
+#include <fstream>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace mr4500x {
 namespace {
@@ -114,6 +119,26 @@ TEST(QtFileDialogs, AskBeforeAFileIsReplaced) {
     EXPECT_EQ(QtFileDialogs().AskSave(question), file.toStdString());
     EXPECT_EQ(asked, QStringList({"a.K4X already exists.", "a.K4X already exists."}));
   }
+}
+
+// As when the program crashes.
+TEST(ChildProcess, EndsWithTheProgram) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  const pid_t program = fork();
+  if (program == 0) {
+    QProcess child;
+    EndWithProgram(child);
+    child.start("sleep", {"1000"});
+    const qint64 id = child.waitForStarted() ? child.processId() : 0;
+    _exit(write(ends[1], &id, sizeof id) == sizeof id ? 0 : 1);
+  }
+  qint64 id = 0;
+  ASSERT_EQ(read(ends[0], &id, sizeof id), static_cast<ssize_t>(sizeof id));
+  waitpid(program, nullptr, 0);
+  ASSERT_NE(id, 0);
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return std::ifstream("/proc/" + std::to_string(id) + "/cmdline").get() == EOF; }, 5000));
 }
 
 TEST(QtPrinters, AreSetUpWithoutAnyPrinting) {

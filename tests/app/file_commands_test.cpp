@@ -194,7 +194,8 @@ TEST_F(ProgramTest, OpensAFileOfTheCommandLineUnderItsPlainPath) {
 }
 
 TEST_F(ProgramTest, ListsAreExportedAndImportedByTheMenu) {
-  desktop.paths = {Path("sample.csv"), Path("sample.csv"), Path("a.csv"), Path("b.csv"), Path("no folder/c.csv")};
+  desktop.paths = {Path("sample.csv"), Path("sample.csv"),      Path("a.csv"),
+                   Path("b.csv"),      Path("no folder/c.csv"), Path("no folder/d.csv")};
   for (const char* const command : {"mnuFileSample", "mnuFileImport"})
     Choose(command);
   EXPECT_EQ(Status(1), "Channels imported: 3");
@@ -204,14 +205,20 @@ TEST_F(ProgramTest, ListsAreExportedAndImportedByTheMenu) {
   EXPECT_EQ(Content("a.csv").substr(0, 21), "CH No.,Rx Freq (MHz),");
   EXPECT_EQ(desktop.lastQuestion.proposedName, "radio.csv");
   desktop.filter = 1;
+  PutDataFile("taxi.K4X");
+  window->OpenArgument(QString::fromStdString(Path("taxi.K4X")));
   Choose("mnuFileExport");
+  EXPECT_EQ(desktop.lastQuestion.proposedName, "taxi.csv");
   EXPECT_EQ(Content("b.csv").substr(0, 22), "number,in_use,rx_freq,");
   EXPECT_EQ(Status(1), "Saved to " + Path("b.csv"));
-  Choose("mnuFileExport");
-  EXPECT_EQ(Happened(), (Lines{"dialog Save Sample List", "dialog Import Channels", "dialog Export Channels",
-                               "dialog Export Channels", "dialog Export Channels",
-                               "!|Export Channels|The file " + Path("no folder/c.csv") +
-                                   " can't be written (No such file or directory)."}));
+  for (const char* const command : {"mnuFileExport", "mnuFileSample"})
+    Choose(command);
+  const std::string failed = " can't be written (No such file or directory).";
+  EXPECT_EQ(
+      Happened(),
+      (Lines{"dialog Save Sample List", "dialog Import Channels", "dialog Export Channels", "dialog Export Channels",
+             "dialog Export Channels", "!|Export Channels|The file " + Path("no folder/c.csv") + failed,
+             "dialog Save Sample List", "!|Save Sample List|The file " + Path("no folder/d.csv") + failed}));
 }
 
 } // namespace

@@ -117,6 +117,8 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
 }
 
 TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
   TypeAni("4711");
   window->close();
   desktop.answers = {Answer::Yes};
@@ -127,7 +129,7 @@ TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
   desktop.happened.clear();
   desktop.answers = {Answer::No};
   EXPECT_FALSE(window->OpenLeftWork());
-  EXPECT_EQ(Happened(), Lines{Question("a new configuration")}) << "with the first differences";
+  EXPECT_EQ(Happened(), Lines{Question(Path("a.K4X"))}) << "with the first differences";
   desktop.paths = {Path("kept/" + Kept("2004-").front())};
   Choose("mnuFileOpen");
   EXPECT_EQ(Title(), ProgramTitle) << "it will go, so that Save must ask for a name";
@@ -163,7 +165,9 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
         rows += list->topLevelItem(row)->text(column).toStdString() + '|';
     EXPECT_EQ(rows, "2004-11-04 09:05:07|a new configuration|Emerge ANI: ---------------- -> 4711|"
                     "2004-11-03 09:05:07||can't be opened: damaged, or from a newer version|");
-    QTest::keyClick(dialog->focusWidget(), Qt::Key_Return); // the newest
+    EXPECT_EQ(dialog->focusWidget(), list);
+    emit list->itemActivated(list->currentItem(), 0); // as by a double click
+    if (dialog->isVisible()) dialog->close();
   });
   Choose("mnuFileRecover");
   EXPECT_EQ(Happened(), Lines());
@@ -199,10 +203,13 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
   Choose("mnuEmbedWrite");
   NextStart();
   EXPECT_FALSE(window->OpenLeftWork()) << "a radio has it";
-  enter();
+  TypeAni("4711");
+  AwaitCopies();
+  enter(); // alone, after a copy without it
   Choose("mnuEmbedRead");
   AwaitCopies();
-  EXPECT_EQ(Kept("2004-").size(), 1U) << "replaced";
+  ASSERT_EQ(Kept("2004-").size(), 1U) << "replaced";
+  EXPECT_NE(Content("kept/" + Kept("2004-").front()).find("-> \"Fleet 7\"\n"), std::string::npos);
 }
 
 TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
@@ -269,6 +276,10 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   Choose("mnuEmbedWrite");
   EXPECT_TRUE(
       Happened().at(0).starts_with("!|Data Lost|The read was interrupted, and the embedded information was lost."));
+  WhenDialogOpens([](QWidget* dialog) { dialog->findChild<QPushButton*>("cmdOK")->click(); });
+  for (const char* const command : {"mnuEmbedInfo", "mnuEmbedWrite"})
+    Choose(command);
+  EXPECT_TRUE(Happened().at(0).starts_with("!|Information Error|")) << "the user has seen the text, and no question";
   Edit();
   desktop.answers = {Answer::No};
   desktop.paths = {Path("a.K4X")};
@@ -276,6 +287,7 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   EXPECT_EQ(Happened(), (Lines{"dialog Open", question})) << "the open file has what was lost";
   Choose("mnuFileSave");
   EXPECT_EQ(Happened(), Lines());
+  radio.frames.clear();
   Choose("mnuProgramRead");
   desktop.happened.clear();
   desktop.answers = {Answer::Yes};
@@ -283,6 +295,12 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   EXPECT_NE(Content("a.K4X"), before);
   Choose("mnuFileSave");
   EXPECT_EQ(Happened(), Lines{lost}) << "asked again after a save";
+  for (const char* const command : {"mnuProgramRead", "mnuFileClose", "mnuFileSave"}) {
+    radio.frames.clear();
+    desktop.happened.clear();
+    Choose(command);
+  }
+  EXPECT_EQ(Happened(), Lines{"dialog Save"}) << "nothing of new data is lost";
 }
 
 TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {

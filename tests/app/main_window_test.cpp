@@ -58,6 +58,8 @@ TEST_F(ProgramTest, ItsEditMenuWorksOnTheChannelsThatAreShown) {
   Choose("mnuOptionFunction");
   EXPECT_EQ(grey(),
             "Undo|Copy Channels|Cut Channels|Paste Channels|Move Up|Move Down|Fill Down|Use|Don't Use|Clear Channels|");
+  window->findChild<QLineEdit*>("txtANI")->setText("1");
+  EXPECT_TRUE(grey().starts_with("Redo|")) << "what is being typed can be undone";
 }
 
 TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {

@@ -52,7 +52,9 @@ struct ScriptedDesktop final : MessageView, ProgressView, FileDialogs, FontDialo
   void Close() override { showsProgress = false; }
   std::optional<std::string> AskOpen(const FileQuestion& question) override { return Ask(question); }
   std::optional<std::string> AskSave(const FileQuestion& question) override { return Ask(question); }
-  std::optional<FontDescription> AskFont(const FontDescription&) override { return std::nullopt; }
+  std::optional<FontDescription> AskFont(const FontDescription& preset) override {
+    return {{"Courier", preset.size + 9}};
+  }
   std::unique_ptr<Printer> CurrentPrinter() override {
     return std::make_unique<PdfPrinter>(
         pdfFile, [this](auto content) { return ReplaceFile(files, pdfFile, content, Surplus::Drop); });

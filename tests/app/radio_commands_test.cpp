@@ -71,6 +71,10 @@ TEST_F(TransferTest, AReadProposesItsOwnNameAndAFileShowsNoIdentityOfTheRadioBef
   desktop.answers = {Answer::No, Answer::No};
   Choose("mnuFileSaveAs");
   EXPECT_EQ(desktop.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
+  std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{0});
+  for (const char* const command : {"mnuProgramRead", "mnuFileSaveAs"})
+    Choose(command);
+  EXPECT_EQ(desktop.lastQuestion.proposedName, Path("unknown_20041104.K4X"));
   desktop.paths = {Path("a.K4X")};
   Choose("mnuFileOpen");
   const Configuration shown = window->Panel().Shown();
@@ -129,7 +133,7 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
     EXPECT_EQ(std::ranges::count_if(radio.frames, [](auto& frame) { return frame[0] != 0x57; }), sessions);
   }
   RadioImage kept;
-  for (const std::string name : {"20041104_090507.K4X", "20041104_090507_2.K4X"})
+  for (const std::string name : {"20041104_090507.K4X", "20041104_090507_2.K4X", "20041104_090507_3.K4X"})
     EXPECT_EQ(LoadDataFile(files, Path("kept/7777777777777777_" + name), kept).outcome, LoadOutcome::Loaded);
   EXPECT_EQ(kept.FiveToneStandard, kept.ResetTimeBlock[2]);
   std::filesystem::remove(Path("backup"));
@@ -158,7 +162,7 @@ TEST_F(ProgramTest, ChoosesThePort) {
   const std::tuple<const char*, std::set<int>, int, const char*, int> cases[] = {
       {"cancelled", {2, 4}, 4, "cmdCancel", 3}, {"the first that works", {4, 2}, 0, "cmdOK", 2},
       {"its own", {2, 3, 16}, 0, "cmdOK", 3},   {"none works", {}, 0, "cmdOK", 1},
-      {"another one", {2, 4}, 4, "cmdOK", 4},   {"one that does not work", {2, 4}, 7, "cmdOK", 2},
+      {"another one", {3, 4}, 4, "cmdOK", 4},   {"one that does not work", {2, 4}, 7, "cmdOK", 2},
   };
   for (const auto& [name, working, click, button, after] : cases) {
     SCOPED_TRACE(name);
@@ -178,9 +182,9 @@ TEST_F(ProgramTest, ChoosesThePort) {
       QCoreApplication::sendEvent(option(3), &enter); // a grey one
       EXPECT_EQ(line->text(), option(3)->toolTip());
       QCoreApplication::sendEvent(option(3), &leave);
+      if (click != 0) option(click)->click();
       for (int n = 1; n <= PortCount; ++n)
         EXPECT_TRUE(!option(n)->isChecked() || line->text() == option(n)->toolTip()) << n;
-      if (click != 0) option(click)->click();
       dialog->findChild<QPushButton*>(button)->click();
     });
     Button("Port")->click();

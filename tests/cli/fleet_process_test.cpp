@@ -43,6 +43,9 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(Cli(dry + " --log " + Path("a.journal-wal")).status, 2) << "is the journal's";
   EXPECT_FALSE(std::filesystem::exists(Path("none.journal")));
   EXPECT_EQ(CountOf(Cli("fleet journal " + file + " --json").output, "\"outcome\": \"verified\""), 2U);
+  const std::string radio = "fleet journal " + file + " --radio LR-2";
+  EXPECT_EQ(CountOf(Cli(radio + " --json").output, "LR-1"), 0U);
+  EXPECT_EQ(CountOf(Cli(radio).output, "Holds row 2, Car 2 since "), 1U) << "whatever the command did";
   EXPECT_EQ(CountOf(two.output, ": verified"), 2U) << two.output;
   EXPECT_EQ(CountOf(two.output, "radio LR-2: verified"), 1U);
   EXPECT_EQ(CountOf(two.output, "row 2, Car 2, radio LR-2"), CountOf(two.output, ", radio LR-2: ")) << two.output;

@@ -208,9 +208,13 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
     Frames(); // counted from here
     EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path(folder)}), Failed);
     EXPECT_EQ(radio.memory, before);
+    EXPECT_EQ(std::filesystem::exists(Path(folder) + '/' + stem + ".K4X"), folder == std::string("taken text"));
     const bool isKnownBefore = !files.unwritable.empty();
     EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path("new"), false, true}), isKnownBefore ? Failed : Done);
   }
+  radio.memory[0x3F0] ^= 1; // another band
+  for (const auto& [band, status] : {std::pair(BandAnswer::Ask, Failed), {BandAnswer::Yes, Done}})
+    EXPECT_EQ(RunWrite(command, file, {band, "", false, true}), status);
 }
 
 } // namespace

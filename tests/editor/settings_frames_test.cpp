@@ -88,6 +88,7 @@ TEST_F(SettingsTest, EachChangeIsReportedOnceButNoTypedId) {
   image.ResetTimeBlock = {0, 1, 9};
   panel.Fill();
   EXPECT_EQ(Text("txtResetTime"), "12 disabled") << "a fill under OFF leaves the text";
+  EXPECT_FALSE(arrows.isEnabled());
   QStringList unmarked;
   for (auto* const list : panel.findChildren<QComboBox*>()) {
     if (list->isHidden()) continue;

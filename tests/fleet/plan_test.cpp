@@ -83,14 +83,17 @@ TEST(PlanChangesTest, SayWhichRowsCarryOver) {
         std::getline(cells, *cell, ',');
       row.state = holder.empty() ? RowState::Free : holder[0] == '!' ? RowState::Taken : RowState::Done;
       (row.state == RowState::Taken ? row.bench = holder.substr(1) : row.idNumber = holder);
+      if (row.state == RowState::Done) row.bench = "B", row.stamp = "1";
     }
     return rows;
   };
   for (const Row& each : RowsOf(CASES "plan_changes.txt", "([^:]*): (.*) \\| (.*) -> (.*)")) {
     const PlanChanges found = CompareWithEarlier(rowsIn(each[3]), rowsIn(each[2]));
     std::string text;
-    for (const JournalRow& row : found.rows)
+    for (const JournalRow& row : found.rows) {
       text += (&row == found.rows.data() ? "" : ";") + row.idNumber;
+      EXPECT_EQ(row.bench + row.stamp, row.state == RowState::Done ? "B1" : "");
+    }
     text += ' ' + std::to_string(found.carriedOver) + " carried over, " + std::to_string(found.unknown) + " new, " +
             std::to_string(found.changed) + " changed, " + std::to_string(found.open) + " not done";
     EXPECT_EQ(text + (found.busyBench.empty() ? "" : ", " + found.busyBench), each[4]) << each[1];

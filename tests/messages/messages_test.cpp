@@ -30,6 +30,8 @@ TEST(Messages, AreAsInTheFile) {
   std::string differences = "1\n2\n3\n4\n5\n6\n7\n";
   for (const char* const last : {"8\n", "9\n"})
     reported += '\n' + Line(KeptWorkQuestion({{}, "a day", "a radio", differences += last}));
+  for (const std::errc reason : {std::errc::device_or_resource_busy, std::errc::permission_denied, std::errc::io_error})
+    reported += PortHint("COM", std::make_error_code(reason).message(), "") + '\n';
   std::ifstream file(MESSAGES);
   EXPECT_EQ(reported, std::string(std::istreambuf_iterator<char>(file), {}));
 }

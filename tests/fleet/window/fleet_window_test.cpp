@@ -4,11 +4,16 @@
 #include "files_fixture.h"
 #include "fleet_setup.h"
 #include "frm_fleet.h"
+#include "journal_queries.h"
+#include "journal_report.h"
 #include "port_card.h"
 #include "row_model.h"
 #include "sql_journal.h"
 
 #include <QAbstractItemModelTester>
+#include <QPrinter>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTest>
 #include <QtWidgets>
 
@@ -237,7 +242,12 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   Put("state/MR4500X/fleet/" + Sha256Of(journal).substr(0, 16) + "-1.csv", AttemptsCsv({late}, CsvUse::ForParsing));
   Open();
   ASSERT_TRUE(Await([&] { return Label("lblCounts") == "2 of 3 rows done, 0 taken, 1 free"; }));
+  QSqlDatabase other = QSqlDatabase::addDatabase("QSQLITE"); // of another bench that is starting
+  other.setDatabaseName(QString::fromStdString(journal));
+  EXPECT_TRUE(other.open() && other.exec("BEGIN IMMEDIATE").isActive());
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  EXPECT_TRUE(Await([&] { return Label("lblMessage").startsWith("Waiting for another bench "); }));
+  other.close();
   EXPECT_TRUE(Await([&] { return Cards().filter("DONE BEFORE").size() == 2; }));
   EXPECT_TRUE(Await([&] { return !reported.isEmpty(); }));
   EXPECT_TRUE(reported.size() == 1 && reported[0].startsWith("Two radios have one row"))
@@ -259,6 +269,44 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_EQ(reported,
             QStringList("The list has changed: 2 done carried over, 1 new, 0 changed, 1 not done. Rows that are carried"
                         " over stay done."));
+
+  // A row that is given out again is no longer done in the menu. Each plan has its own statistics.
+  auto* const grid = Find<QTableView>("gridRows");
+  grid->setCurrentIndex(grid->model()->index(1, 0));
+  EXPECT_TRUE(grid->actions().at(1)->isEnabled());
+  grid->actions().at(1)->trigger();
+  EXPECT_TRUE(Await([&] { return !grid->actions().at(1)->isEnabled(); }));
+  QTest::mouseClick(Find<QPushButton>("cmdStatistics"), Qt::LeftButton);
+  ASSERT_TRUE(Await([&] { return window->findChild<QPlainTextEdit*>() != nullptr; }));
+  EXPECT_EQ(window->findChild<QPlainTextEdit*>()->toPlainText().count('\n'), 0) << "nothing was written";
+}
+
+TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
+  qputenv("TZ", "Pacific/Kiritimati"); // 14 hours east of Greenwich
+  tzset();
+  const auto attempt = [](AttemptOutcome outcome, const char* start, const char* end, const char* sha256) {
+    Attempt made;
+    std::tie(made.outcome, made.idNumber, made.bench, made.port, made.start, made.end, made.sha256) =
+        std::tuple(outcome, "LR-1", "shop-2-17-a1b2", "COM1", start, end, sha256);
+    return made;
+  };
+  using enum AttemptOutcome;
+  const std::vector<Attempt> attempts = {attempt(Failed, "2026-11-04 20:00:00Z", "2026-11-04 20:00:09Z", "a"),
+                                         attempt(Verified, "2026-11-04 21:00:00Z", "2026-11-04 21:00:20Z", "b"),
+                                         attempt(Verified, "2026-11-04 22:00:00Z", "2026-11-04 22:00:30Z", "c"),
+                                         attempt(Failed, "2026-11-04 23:00:00Z", "2026-11-04 23:00:09Z", "d")};
+  const std::vector<std::string> lines = LinesForStatistics(StatisticsOf(attempts));
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(QString::fromStdString(lines[1]).simplified(), "2026-11-05 shop-2 COM1 2 2 50 25.0");
+  const std::string partly = "May be only partly programmed: radio LR-1";
+  EXPECT_EQ(LinesForRadio(attempts, "LR-1 ").back(), partly);
+  QPrinter printer;
+  printer.setOutputFileName(QString::fromStdString(Path("a.pdf")));
+  EXPECT_TRUE(PrintJournal(printer, "taxi", {{}, attempts, {}}));
+  QProcess words;
+  words.start("pdftotext", {printer.outputFileName(), "-"});
+  EXPECT_TRUE(words.waitForFinished() && words.readAll().contains(partly.c_str()));
+  qunsetenv("TZ");
 }
 
 TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
@@ -266,19 +314,31 @@ TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
   for (const bool bySignal : {true, false}) {
     reported.clear();
     bySignal ? ChoosePlanAndPorts() : Open();
+    Find<QLineEdit>("txtOnVerified")->setText("sleep 1"); // the window waits for it
     ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
     QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
     EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
     ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
+    if (bySignal) std::filesystem::rename(Path("taxi.journal"), Path("moved"));
     for (int i = 0; i < 2; ++i)
       bySignal ? window->CloseBySignal() : static_cast<void>(window->close());
     EXPECT_TRUE(window->isVisible());
     ASSERT_TRUE(Await([&] { return !window->isVisible(); }));
     EXPECT_EQ(Cards(), QStringList{bySignal ? "COM1: FAILED" : "COM1: UNPLUG"});
+    EXPECT_EQ(Label("lblMessage"),
+              bySignal ? "1 entry is waiting for the journal; the next start will add it." : "All ports are finished.");
+    if (bySignal) std::filesystem::rename(Path("moved"), Path("taxi.journal"));
     EXPECT_EQ(reported.size(), bySignal ? 0 : 1) << reported.join(' ').toStdString();
   }
   EXPECT_TRUE(reported.value(0).startsWith("Radios are being programmed."));
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
+
+  Open();
+  ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
+  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  window->CloseBySignal(); // before any port has started
+  EXPECT_TRUE(Await([&] { return Find<QLineEdit>("txtTemplate")->isEnabled(); }));
+  EXPECT_EQ(Cards(), QStringList());
 }
 
 TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
@@ -361,6 +421,8 @@ TEST(PortCardTest, LetsAStoppedPortGoOn) {
   }
   goOn->click();
   EXPECT_EQ(times, 1);
+  card.Show({.state = PortState::Writing, .percent = 40});
+  EXPECT_EQ(card.findChild<QProgressBar*>()->value(), 40);
   card.Show({.state = PortState::Waiting, .nextRow = 7, .nextLabel = "Taxi 7"});
   EXPECT_TRUE(card.accessibleDescription().startsWith("next for COM3: Taxi 7"));
 }

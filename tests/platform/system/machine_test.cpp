@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
+#include <thread>
 
 namespace mr4500x {
 
@@ -70,6 +72,11 @@ TEST(Processes, RunACommandForAWhile) {
     EXPECT_EQ(end.error, error) << command;
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, 60s) << "waits for what it has started";
+  const std::string child = RunCommand("sleep 1000 & echo $! >&2; sleep 1000", "", 200ms).error;
+  const auto runs = [&] { return std::ifstream("/proc/" + child + "/cmdline").get() != EOF; };
+  for (int tries = 0; runs() && tries < 500; ++tries)
+    std::this_thread::sleep_for(10ms);
+  EXPECT_FALSE(runs()) << "is ended with the command";
 }
 
 } // namespace mr4500x
