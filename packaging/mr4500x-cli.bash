@@ -44,13 +44,15 @@ _mr4500x_cli() {
     mapfile -t COMPREPLY < <(compgen -f -- "$current")
     return 0
   else
+    [ "$command:$count" != help:1 ] || command="help ${COMP_WORDS[2]}"
     case $command:$count in
-      new:0 | show:0 | fields:0 | get:0 | set:0 | apply:0 | diff:[01] | channels:1 | write:0 | verify:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
+      diff:[01]) files='*.@(K4X|k4x|K4Y|k4y)' ports=yes ;;
+      new:0 | show:0 | fields:0 | get:0 | set:0 | apply:0 | channels:1 | write:0 | verify:0 | print:0 | read:1) files='*.@(K4X|k4x|K4Y|k4y)' ;;
       fleet:0) files='*.@(K4X|k4x|K4Y|k4y)' words=journal ;;
       fleet:1) files='*.@(K4X|k4x|K4Y|k4y|journal)' ;;
       print:*) files='*.pdf' ;;
       apply:1) files='*.json' ;;
-      channels:0) words="export import" ;;
+      channels:0 | help\ channels:1) words="export import" ;;
       channels:2) files='*.csv' ;;
       get:*) words=$("${COMP_WORDS[0]}" fields 2>/dev/null | cut -f 1) ;;
       set:*)
@@ -58,7 +60,7 @@ _mr4500x_cli() {
         [[ $current == -* ]] || compopt +o filenames -o nospace # neither \= nor a blank after it
         ;;
       identify:0 | read:0 | write:1 | verify:1 | info:1) ports=yes ;;
-      info:0) words="read write" ;;
+      info:0 | help\ info:1) words="read write" ;;
       help:0) words="new show fields get set apply channels diff identify read write verify info print ports fleet" ;;
     esac
     case $command:${COMP_WORDS[2]} in

@@ -1,6 +1,7 @@
 #include "channel_commands.h"
 
 #include "channel_list.h"
+#include "columns.h"
 #include "tone_codes.h"
 
 #include <algorithm>
@@ -33,16 +34,20 @@ ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const s
 ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool skipsBad, Terminal& terminal) {
   const auto text = ReadTextForCommand(files, given.input, terminal);
   if (!text) return ExitStatus::Failed;
-  return ChangeFile(files, given, terminal, [&](RadioImage& image, const Configuration& /*before*/) {
+  return ChangeFile(files, given, terminal, [&](RadioImage& image, std::set<FieldAt>& named) {
     const std::string name = NameOfSource(given.input) + ':';
     ChannelList list = ReadChannelList(*text, PointTexts());
     ImportGoodRows(image, list);
     for (const std::string& bad : TextsOf(list.bad))
       terminal.err << name << bad << '\n';
     for (const std::string& column : list.leftOut)
-      terminal.err << name << ' ' << column << ": column ignored; the radio has no such setting\n";
+      terminal.err << name << ' ' << column << ": column ignored; "
+                   << (NamesSetting(column) ? "not one of this format\n" : "the radio has no such setting\n");
     if (!list.bad.empty() && !(skipsBad && list.hasHeading)) return ExitStatus::UnusableArguments;
-    return !list.bad.empty() && list.rows.empty() ? ExitStatus::Failed : ExitStatus::Done; // there was none to import
+    for (const GivenCell& cell : CellsOf(list.rows))
+      named.insert(cell.assignment.at);
+    if (list.bad.empty() && named.empty()) return Refuse(terminal, name + " has no value to import");
+    return named.empty() ? ExitStatus::Failed : ExitStatus::Done;
   });
 }
 

@@ -4,6 +4,7 @@
 #include "end_signals.h"
 #include "file_access.h"
 #include "machine.h"
+#include "messages.h"
 #include "paths.h"
 #include "port_address.h"
 #include "port_devices.h"
@@ -38,8 +39,9 @@ struct MachinePorts {
   std::vector<std::string> devices = MachineSerialDevices();
 };
 
-// The ports with a radio that answers. A device can have two numbers.
-std::vector<int> AnsweringPorts(FileSystem& files, Terminal quiet) {
+// The ports with a radio that answers. A device can have two numbers. Appends the reason of each port that does not
+// open.
+std::vector<int> AnsweringPorts(FileSystem& files, Terminal quiet, std::string& reasons) {
   quiet.showsProgress = false;
   const MachinePorts ports(files);
   std::set<std::string> asked;
@@ -52,17 +54,19 @@ std::vector<int> AnsweringPorts(FileSystem& files, Terminal quiet) {
     SerialLine line(*serial, clock, number, ComName(number));
     TerminalObserver observer(quiet, BandAnswer::Ask);
     RadioImage unused;
-    if (ReadIdentity(line, unused, observer).outcome == Outcome::Complete) answering.push_back(number);
+    const ExchangeResult result = ReadIdentity(line, unused, observer);
+    if (result.outcome == Outcome::Complete) answering.push_back(number);
+    if (result.outcome == Outcome::PortNotOpened) reasons += "; " + FailureOf(result)->text;
   }
   return answering;
 }
 
 ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
-  const std::vector<int> answering = AnsweringPorts(call.files, call.terminal);
-  std::string names;
+  std::string names, reasons;
+  const std::vector<int> answering = AnsweringPorts(call.files, call.terminal, reasons);
   for (const int number : answering)
     names += ' ' + ComName(number);
-  if (answering.empty()) return Fail(call.terminal, "auto: no radio answers on any port");
+  if (answering.empty()) return Fail(call.terminal, "auto: no radio answers on any port" + reasons);
   if (answering.size() > 1) return Fail(call.terminal, "auto: more than one radio answers:" + names);
   port = {answering.front(), ""};
   call.terminal.err << "auto:" << names << '\n';
@@ -78,9 +82,10 @@ ExitStatus ChoosePort(const Call& call, PortAddress& port) {
     port = *meant;
     return Done;
   }
-  return Refuse(call.terminal,
-                (text.empty() ? "PORT is missing, and MR4500X_PORT is not set. PORT" : Printable(text) + ": PORT") +
-                    " must be a number from 1 to 16, the path of a device, or auto.");
+  return Refuse(call.terminal, (!text.empty()         ? Printable(text) + ": PORT"
+                                : standard != nullptr ? "PORT is missing, and MR4500X_PORT is empty. PORT"
+                                                      : "PORT is missing, and MR4500X_PORT is not set. PORT") +
+                                   " must be a number from 1 to 16, the path of a device, or auto.");
 }
 
 // FILE is an existing port, and PORT a data file.
@@ -95,8 +100,8 @@ ExitStatus OpenTrace(const Call& call, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;
   for (const std::string& used : {call.file, call.other})
-    if (path == used || IsSameFile(call.files, path, used) || HasDataFileEnding(path))
-      return Refuse(call.terminal, path + ": the trace must not be a data file");
+    if (path == used || LeadsToInput(call.files, path, used) || HasDataFileEnding(path))
+      return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");
   std::error_code unknown;
   const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
   const OpenFile pipe(call.files, isPipe ? call.files.OpenToWrite(path, 0666) : std::nullopt);
@@ -109,6 +114,11 @@ ExitStatus OpenTrace(const Call& call, std::ofstream& trace) {
 bool IsPort(const std::string& text) {
   const auto port = ParsePortAddress(text);
   return text == AutoPort || (port && PortExists(*port));
+}
+
+bool LooksLikePort(const std::string& text) {
+  const bool isNumber = !text.empty() && !ParsePortAddress(text); // above 16
+  return isNumber || IsPort(text) || (text.starts_with("/dev/") && !HasDataFileEnding(text));
 }
 
 ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run) {
@@ -125,13 +135,18 @@ ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioComma
   SerialPort& used = call.trace.empty() ? *serial : static_cast<SerialPort&>(traced);
   SerialLine line(used, clock, port.number, DisplayName(port));
   const ExitStatus status =
-      run({line, call.files, call.terminal, LocalNow, call.isQuick ? Speed::Quick : Speed::Prescribed});
+      run({line, call.files, call.terminal, LocalNow, call.isQuick ? Speed::Quick : Speed::Prescribed, call.trace});
   if (call.trace.empty() || trace.flush()) return status;
   return Fail(call.terminal, call.trace + ": the trace could not be written", status == Done ? Failed : status);
 }
 
 bool LoadFileOrPort(Call& call, const std::string& fileOrPort, RadioImage& image) {
-  if (!IsPort(fileOrPort)) return LoadForCommand(call.files, fileOrPort, image, call.terminal);
+  if (!IsPort(fileOrPort)) {
+    if (!LoadForCommand(call.files, fileOrPort, image, call.terminal)) return false;
+    RadioImage shown = image;
+    static_cast<void>(ValuesForCommand(fileOrPort, PointTexts(), shown, call.terminal)); // for its messages
+    return true;
+  }
   call.port = fileOrPort;
   const auto read = [&](const RadioCommand& radio) {
     const bool isRead = ReadForCommand(radio, image);

@@ -11,6 +11,9 @@ namespace mr4500x {
 // Whether the text can only be a port: a number, a device that exists, or "auto".
 [[nodiscard]] bool IsPort(const std::string& text);
 
+// Whether the text is a port, or looks like one: any number, "COM" and a number, or a path below /dev.
+[[nodiscard]] bool LooksLikePort(const std::string& text);
+
 // Runs a command on the given port, the port in MR4500X_PORT, or the only port with a radio that answers. Writes the
 // trace if requested.
 [[nodiscard]] ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run);

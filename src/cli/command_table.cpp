@@ -1,5 +1,6 @@
 #include "command_table.h"
 
+#include "backup.h"
 #include "channel_commands.h"
 #include "chosen_port.h"
 #include "conventions.h"
@@ -11,6 +12,7 @@
 #include "processes.h"
 #include "radio_commands.h"
 #include "setting_commands.h"
+#include "utf8.h"
 
 #include <utility>
 #include <variant>
@@ -36,10 +38,10 @@ struct Command {
 };
 
 ExitStatus Diff(Call& c) {
+  if ((c.isQuick || !c.trace.empty()) && !IsPort(c.file) && !IsPort(c.other))
+    return Refuse(c.terminal, "--quick and --trace are for a PORT, but A and B are files");
   const auto load = [&](const std::string& from, RadioImage& image) { return LoadFileOrPort(c, from, image); };
-  const ExitStatus status = RunDiff(load, c.file, c.other, c.Differences(), c.terminal);
-  if (c.trace.empty() || !c.port.empty()) return status;
-  return Refuse(c.terminal, c.trace + ": nothing to trace, as A and B are files");
+  return RunDiff(load, c.file, c.other, c.Differences(), c.terminal);
 }
 
 ExitStatus Get(Call& c) {
@@ -53,8 +55,15 @@ ExitStatus Set(Call& c) {
 }
 
 ExitStatus Read(Call& c) {
+  if (c.file.empty() && LooksLikePort(c.port))
+    return Refuse(c.terminal, c.port + " is taken for a port, and FILE is missing");
   if (c.file.empty()) c.file.swap(c.port); // PORT was left out
   if (c.file.empty()) return Refuse(c.terminal, "FILE is required");
+  const std::string name = FilledIn(c.file.substr(c.file.find_last_of(Separators) + 1), RadioImage(), {});
+  const std::size_t left = name.find('{'), end = name.find('}', left); // of a word that stays
+  if (end != std::string::npos)
+    return Refuse(c.terminal, Printable(name.substr(left, end - left + 1)) +
+                                  ": unknown; the name can have {id}, {date} and {time}");
   return WithRadio(c, [&](const RadioCommand& radio) { return RunRead(radio, c.file, c.replace); });
 }
 
@@ -65,14 +74,18 @@ ExitStatus Write(Call& c, const RadioCommand& radio) {
 
 // The text is checked before a port is opened.
 ExitStatus WriteInfo(Call& c) {
-  if (!c.text && c.other.empty() && IsPort(c.port))
-    return Refuse(c.terminal, c.port + " is a port, and TEXT is missing");
+  if (!c.text && c.other.empty() && LooksLikePort(c.port))
+    return Refuse(c.terminal, c.port + " is taken for a port, and TEXT is missing");
   if (!c.text && c.other.empty() && !c.port.empty()) c.text = std::exchange(c.port, ""); // PORT was left out
   if (c.text.has_value() != c.other.empty()) return Refuse(c.terminal, "Give either TEXT or --from.");
   const auto text = c.text ? c.text : ReadTextForCommand(c.files, c.other, c.terminal);
   if (!text) return ExitStatus::Failed;
+  if (text->find('\0') != std::string::npos)
+    return Fail(c.terminal, NameOfSource(c.other) + ": has a zero byte, which would end the text");
   const auto info = c.text ? InfoFromArgument(*text) : InfoFromKept(*text);
   if (!info) return Refuse(c.terminal, (c.text ? "TEXT" : NameOfSource(c.other)) + " is not valid UTF-8.");
+  if (!c.text && info->empty())
+    return Refuse(c.terminal, NameOfSource(c.other) + ": is empty; an empty TEXT (\"\") erases the radio's text");
   EmbeddedInfo block;
   if (!StoreEmbeddedText(block, *info)) return Refuse(c.terminal, TopSizeText);
   return WithRadio(c, [&](const RadioCommand& radio) { return RunInfoWrite(radio, block, c.isVerified); });
@@ -195,7 +208,7 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
   const std::string name = isOptional ? shown.substr(1, shown.size() - 2) : shown;
   const auto add = [&](auto member) {
     if constexpr (std::is_same_v<decltype(member), bool Call::*>)
-      return command.add_flag(name, call.*member, argument.about);
+      return command.add_flag(name, call.*member, argument.about)->disable_flag_override();
     else
       return command.add_option(name, call.*member, argument.about)->type_name(argument.type);
   };
@@ -207,6 +220,7 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
 }
 
 ExitStatus Run(const Command& command, Call& call) {
+  if (call.output == "/dev/stdout") call.output = Stream; // may be a pipe, which can't be replaced as a file
   if (const auto* const run = std::get_if<1>(&command.run)) return (*run)(call);
   return WithRadio(call, [&](const RadioCommand& radio) { return std::get<2>(command.run)(call, radio); });
 }

@@ -37,7 +37,8 @@ std::string DifferenceLines(const ImageDifferences& differences, NamedBy names) 
 
 std::string DifferenceJson(const RadioImage& before, const RadioImage& after) {
   const FieldTexts& texts = PointTexts();
-  const Configuration a = Decode(before, texts).configuration, b = Decode(after, texts).configuration;
+  const Configuration a = Decode(WithStandard(before), texts).configuration;
+  const Configuration b = Decode(WithStandard(after), texts).configuration;
   const ImageDifferences differences = CompareImages(before, after, texts);
   Json document = {{"format", 1}, {"fields", Json::array()}, {"bytes", Json::array()}};
   for (const FieldAt at : FieldsOf(differences))
@@ -50,11 +51,11 @@ std::string DifferenceJson(const RadioImage& before, const RadioImage& after) {
 
 std::string DifferencePatch(const RadioImage& before, const RadioImage& after) {
   const FieldTexts& texts = PointTexts();
-  const Configuration wanted = Decode(after, texts).configuration;
+  const Configuration wanted = Decode(WithStandard(after), texts).configuration;
   std::set<FieldAt> fields;
   for (std::size_t count = SIZE_MAX; count != fields.size();) { // until no change has another consequence
     count = fields.size();
-    RadioImage changed = before;
+    RadioImage changed = WithStandard(before);
     std::vector<Assignment> changes;
     changes.reserve(fields.size());
     for (const FieldAt at : fields)

@@ -9,9 +9,11 @@
 #include "messages.h"
 #include "paths.h"
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <ostream>
+#include <span>
 #include <thread>
 
 namespace mr4500x {
@@ -38,6 +40,20 @@ ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std
   }
   const FileResult stored = ReplaceFile(files, path, bytes, surplus);
   return stored ? ExitStatus::Done : Fail(terminal, NameOfSource(path) + ": " + failure + ReasonOf(stored));
+}
+
+// Prints the settings that have changed with the named ones. For example, a new lower limit resets all channels.
+void PrintConsequences(const std::vector<Difference>& differences, const std::set<FieldAt>& named, Terminal& terminal) {
+  constexpr std::size_t MostNamed = 8;
+  std::vector<std::string> names;
+  for (const Difference& difference : differences)
+    if (!named.contains(difference.at)) names.push_back(IdentifierOf(difference.at));
+  if (names.empty()) return;
+  terminal.err << "also changed:";
+  for (const std::string& name : std::span(names).first(std::min(names.size(), MostNamed)))
+    terminal.err << ' ' << name;
+  if (names.size() > MostNamed) terminal.err << " and " << names.size() - MostNamed << " more";
+  terminal.err << '\n';
 }
 
 } // namespace
@@ -76,10 +92,14 @@ std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::stri
   return std::nullopt;
 }
 
+bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input) {
+  return path != Stream && IsSameFile(files, path, input == Stream ? "/dev/stdin" : input);
+}
+
 ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
-                      const std::function<ExitStatus(RadioImage& image, const Configuration& before)>& change) {
+                      const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change) {
   const auto& [path, output, input, isDryRun] = given;
-  if (output != Stream && IsSameFile(files, output, input))
+  if (LeadsToInput(files, output, input))
     return Refuse(terminal, output + ": is read by the same command, so it can't be replaced");
   const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
   const std::optional<OpenFile> lock = isReplaced ? Lock(files, path) : OpenFile();
@@ -89,7 +109,8 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (!LoadForCommand(files, path, loaded, terminal)) return ExitStatus::Failed;
   RadioImage image = loaded;
   const Configuration before = ValuesForCommand(path, PointTexts(), image, terminal);
-  if (const ExitStatus status = change(image, before); status != ExitStatus::Done) return status;
+  std::set<FieldAt> named;
+  if (const ExitStatus status = change(image, named); status != ExitStatus::Done) return status;
   if (isDryRun) {
     const FileResult mayReplace = output == Stream ? FileResult() : MayReplace(files, output);
     if (!mayReplace) return Fail(terminal, output + ": can't be written" + ReasonOf(mayReplace));
@@ -99,7 +120,10 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (isReplaced && image == loaded) return ExitStatus::Done;
   if (isReplaced && ContentHash(files, path) != content)
     return Fail(terminal, path + ": another program has changed it in the meantime; it was left unchanged");
-  return SaveForCommand(files, output, image, terminal);
+  const ExitStatus saved = SaveForCommand(files, output, image, terminal);
+  if (saved == ExitStatus::Done)
+    PrintConsequences(DifferencesBetween(before, Decode(image, PointTexts()).configuration), named, terminal);
+  return saved;
 }
 
 bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {

@@ -3,10 +3,12 @@
 
 #include "configuration.h"
 #include "data_file.h"
+#include "fields.h"
 #include "terminal.h"
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace mr4500x {
@@ -40,6 +42,9 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 [[nodiscard]] std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path,
                                                             Terminal& terminal);
 
+// Whether writing to the path would change the input, even if that is a file at standard input.
+[[nodiscard]] bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input);
+
 // A file that a command changes, and the destination of the result.
 struct FileChange {
   std::string path, output;
@@ -47,10 +52,11 @@ struct FileChange {
   bool isDryRun = false; // only prints the differences
 };
 // Changes a data file and stores the result, under a lock if it replaces the file. Stores nothing if nothing has
-// changed or `change` does not return Done. `before` is the configuration of the file.
+// changed or `change` does not return Done. Prints which settings have changed in addition to those that `change` adds
+// to `named`.
 [[nodiscard]] ExitStatus
 ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
-           const std::function<ExitStatus(RadioImage& image, const Configuration& before)>& change);
+           const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change);
 
 // Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
 [[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);

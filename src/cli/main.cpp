@@ -5,6 +5,7 @@
 #include "machine_files.h"
 #include "parsing.h"
 #include "processes.h"
+#include "utf8.h"
 
 #include <unistd.h>
 
@@ -23,7 +24,8 @@ ExitStatus Run(std::vector<char*> words) {
                     IsEnding};
   const auto isFirst = [&](std::string_view word) { return words.size() > 1 && words[1] == word; };
   char help[] = "--help";
-  if (isFirst("help")) { // of a command
+  const bool isHelp = isFirst("help"); // of a command
+  if (isHelp) {
     words.erase(words.begin() + 1);
     words.push_back(help);
   }
@@ -33,6 +35,13 @@ ExitStatus Run(std::vector<char*> words) {
   Call call{MachineFiles(), terminal};
   std::function<ExitStatus()> command;
   DeclareCommands(app, call, command);
+  const CLI::App* at = &app;
+  for (std::size_t i = 1; isHelp && i + 1 < words.size(); ++i) { // Parse reports a misspelt command
+    const auto commands = at->get_subcommands({});
+    if (commands.empty()) return Refuse(terminal, "help: \"" + Printable(words[i]) + "\" is too much");
+    for (const CLI::App* const one : commands)
+      if (one->get_name() == words[i]) at = one;
+  }
   const auto end = Parse(app, static_cast<int>(words.size()), words.data(), terminal);
   return end ? *end : command();
 }

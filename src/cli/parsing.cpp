@@ -34,8 +34,9 @@ std::string UnknownCommand(const CLI::App* at, std::span<char* const> words) {
   return "";
 }
 
-// The message for an unknown option that is similar to one of the command's, or "".
-std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
+// The message for an unknown option, or "".
+std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
+  const CLI::App* at = &app;
   for (const std::string_view word : words) {
     const auto isIt = [&](const CLI::App* sub) { return sub->get_name() == word; };
     if (const auto subs = at->get_subcommands(isIt); !subs.empty()) at = subs.front();
@@ -48,6 +49,8 @@ std::string UnknownOption(const CLI::App* at, std::span<char* const> words) {
     const std::string nearest = NearestOf(name, names);
     if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
   }
+  for (const std::string& word : app.remaining(true))
+    if (word.starts_with('-')) return Printable(word) + ": unknown option";
   return "";
 }
 
@@ -75,7 +78,7 @@ std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& 
     const auto words = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
     const bool isHelp = error.get_exit_code() == 0;
     std::string unknown = UnknownCommand(&app, words);
-    if (unknown.empty() && !isHelp) unknown = UnknownOption(&app, words);
+    if (unknown.empty() && !isHelp) unknown = UnknownOption(app, words);
     if (!unknown.empty()) return Refuse(terminal, unknown);
     app.exit(error, terminal.out, terminal.err);
     return isHelp ? EndOutput(terminal) : ExitStatus::UnusableArguments;

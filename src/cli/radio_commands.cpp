@@ -101,7 +101,7 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
 }
 
 ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace) {
-  const auto& [line, files, terminal, now, speed] = command;
+  const auto& [line, files, terminal, now, speed, trace] = command;
   // Before reading the whole radio. If the folder depends on the radio, only the save can check it.
   const bool isKnown = path != Stream && FolderOf(path).find('{') == std::string::npos;
   const FileResult mayBeStored = isKnown ? MayReplace(files, path) : FileResult();
@@ -110,6 +110,7 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool ma
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const std::string file = FilledIn(path, image, now());
+  if (IsSameFile(files, file, trace)) return Refuse(terminal, file + ": is the trace, so it can't be replaced");
   const ExitStatus saved = SaveNewForCommand(files, file, mayReplace || file == path, image, terminal);
   if (saved != ExitStatus::Done) return saved;
   (file == Stream ? terminal.err : terminal.out) << IdentityTable(image);
@@ -126,7 +127,7 @@ ExitStatus RunIdentify(const RadioCommand& command, ShowAs form) {
 }
 
 ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const WriteOptions& options) {
-  const auto& [line, files, terminal, now, speed] = command;
+  const auto& [line, files, terminal, now, speed, trace] = command;
   RadioImage image;
   if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
   if (image.ResetTimeBlock[StandardByte] == 0)

@@ -16,6 +16,7 @@ struct RadioCommand {
   Terminal& terminal;
   std::function<LocalTime()> now;
   Speed speed = Speed::Prescribed; // speed of whole reads and writes
+  std::string trace{};             // the file with the bytes on the line
 };
 
 // False, with a message, unless the whole radio has been read, with the 5-tone standard from ResetTimeBlock.

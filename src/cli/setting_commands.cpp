@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <ostream>
 #include <set>
-#include <span>
 #include <sstream>
 
 namespace mr4500x {
@@ -30,24 +29,6 @@ Configuration MostAllowing(int mode) {
   for (ChannelTexts& channel : configuration.channels)
     channel[GridColumn::RxTone] = PointTexts().ToneChoiceList.back();
   return configuration;
-}
-
-// Prints the settings that have changed with the given ones. For example, a new lower limit resets all channels.
-void PrintConsequences(const std::vector<Difference>& differences, const std::vector<Assignment>& assignments,
-                       Terminal& terminal) {
-  constexpr std::size_t MostNamed = 8;
-  std::vector<std::string> names;
-  std::set<FieldAt> given;
-  for (const Assignment& assignment : assignments)
-    given.insert(assignment.at);
-  for (const Difference& difference : differences)
-    if (!given.contains(difference.at)) names.push_back(IdentifierOf(difference.at));
-  if (names.empty()) return;
-  terminal.err << "also changed:";
-  for (const std::string& name : std::span(names).first(std::min(names.size(), MostNamed)))
-    terminal.err << ' ' << name;
-  if (names.size() > MostNamed) terminal.err << " and " << names.size() - MostNamed << " more";
-  terminal.err << '\n';
 }
 
 using Json = nlohmann::ordered_json;
@@ -104,21 +85,17 @@ void ReadLines(std::string text, const std::string& name, Changes& changes) {
 
 // Prints earlier problems and refused values. If there are any, nothing is stored.
 ExitStatus StoreChanges(FileSystem& files, const FileChange& given, const Changes& changes, Terminal& terminal) {
-  std::vector<Difference> differences;
-  const auto change = [&](RadioImage& image, const Configuration& before) {
+  return ChangeFile(files, given, terminal, [&](RadioImage& image, std::set<FieldAt>& named) {
+    for (const Assignment& assignment : changes.assignments)
+      named.insert(assignment.at);
     const std::vector<RefusedValue> refused = ApplyChanges(image, changes.assignments, PointTexts());
     for (const std::string& problem : changes.problems)
       terminal.err << problem << '\n';
     for (const RefusedValue& one : refused)
       terminal.err << IdentifierOf(one.at) << '=' << Printable(one.value) << ": refused; " << ReasonOf(one.refusal)
                    << '\n';
-    if (!changes.problems.empty() || !refused.empty()) return ExitStatus::UnusableArguments;
-    differences = DifferencesBetween(before, Decode(image, PointTexts()).configuration);
-    return ExitStatus::Done;
-  };
-  const ExitStatus status = ChangeFile(files, given, terminal, change);
-  if (status == ExitStatus::Done && !given.isDryRun) PrintConsequences(differences, changes.assignments, terminal);
-  return status;
+    return changes.problems.empty() && refused.empty() ? ExitStatus::Done : ExitStatus::UnusableArguments;
+  });
 }
 
 } // namespace

@@ -80,6 +80,8 @@ struct Decoded {
 // becomes 1 and leaves FiveToneStandard unchanged. In 5-tone mode it loads the TTS defaults into the image, but keeps
 // the tones of a standard that is not in the list.
 void SettleAfterFill(RadioImage& image);
+// The image with 1 in place of a stored 5-tone standard of 0, with which Decode would end early.
+[[nodiscard]] RadioImage WithStandard(RadioImage image);
 
 // Stores the configuration in the image, with everything that a collect does. In 5-tone mode the selected standard
 // becomes FiveToneStandard. Half of the emergency pair is stored as the whole pair. A number box without a number

@@ -144,6 +144,11 @@ void SettleAfterFill(RadioImage& image) {
   image.ResetTimeBlock = resetTime;
 }
 
+RadioImage WithStandard(RadioImage image) {
+  if (image.ResetTimeBlock[StandardByte] == 0) SettleAfterFill(image);
+  return image;
+}
+
 Configuration NewConfiguration(RadioImage& image, const FieldTexts& texts, const LocalTime& now) {
   ResetToDefaults(image, now);
   Configuration configuration = Decode(image, texts).configuration;

@@ -56,12 +56,13 @@ std::vector<Difference> DifferencesBetween(const Configuration& before, const Co
 }
 
 ImageDifferences CompareImages(const RadioImage& before, const RadioImage& after, const FieldTexts& texts) {
-  const Configuration old = Decode(before, texts).configuration, now = Decode(after, texts).configuration;
+  const RadioImage a = WithStandard(before), b = WithStandard(after);
+  const Configuration old = Decode(a, texts).configuration, now = Decode(b, texts).configuration;
   ImageDifferences differences{DifferencesBetween(old, now), {}};
   // Settings explain the bits that change when the settings are stored in an image. A tone that is off has no bits of
   // its own, so both images are needed.
-  const std::array<RadioImage, 4> made = {Encoded(before, before, old, texts), Encoded(before, after, now, texts), //
-                                          Encoded(after, before, old, texts), Encoded(after, after, now, texts)};
+  const std::array<RadioImage, 4> made = {Encoded(a, a, old, texts), Encoded(a, b, now, texts), //
+                                          Encoded(b, a, old, texts), Encoded(b, b, now, texts)};
   for (const ImageBlock block : ComparedBlocks) {
     const auto was = BlockBytes(before, block), is = BlockBytes(after, block);
     std::array<std::span<const std::uint8_t>, 4> bytes;

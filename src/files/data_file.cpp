@@ -121,12 +121,16 @@ LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image)
   return outcome == LoadOutcome::Damaged ? damaged(!isEmpty) : LoadResult{outcome, !isEmpty};
 }
 
+LoadResult ResultOfLoad(const ReadResult& read, std::span<const std::uint8_t> bytes, RadioImage& image) {
+  if (read == ReadOutcome::Read) return ParseDataFile(bytes, image);
+  return {.outcome = read == ReadOutcome::Missing ? LoadOutcome::Missing : LoadOutcome::Damaged,
+          .systemReason = read.result.Reason()};
+}
+
 LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image) {
   std::vector<std::uint8_t> bytes;
-  const auto [outcome, result] = ReadFile(files, path, DataFileReadLimit, bytes);
-  if (outcome == ReadOutcome::Read) return ParseDataFile(bytes, image);
-  return {.outcome = outcome == ReadOutcome::Missing ? LoadOutcome::Missing : LoadOutcome::Damaged,
-          .systemReason = result.Reason()};
+  const ReadResult read = ReadFile(files, path, DataFileReadLimit, bytes);
+  return ResultOfLoad(read, bytes, image);
 }
 
 FileResult SaveDataFile(FileSystem& files, const std::string& path, const RadioImage& image) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "open_file.h"
+#include "file_access.h"
 #include "radio_image.h"
 
 namespace mr4500x {
@@ -38,6 +38,8 @@ struct LoadResult {
 // Blocks before a damaged item get the file's values. Blocks that are not part of files are unchanged.
 [[nodiscard]] LoadResult ParseDataFile(std::span<const std::uint8_t> bytes, RadioImage& image);
 
+// Parses the bytes if they could be read.
+[[nodiscard]] LoadResult ResultOfLoad(const ReadResult& read, std::span<const std::uint8_t> bytes, RadioImage& image);
 [[nodiscard]] LoadResult LoadDataFile(FileSystem& files, const std::string& path, RadioImage& image);
 
 // All or nothing. A longer old file keeps its bytes after the written ones.

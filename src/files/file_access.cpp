@@ -282,8 +282,11 @@ std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path
 
 bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b) {
   const TargetFile first = FollowLinks(files, a), second = FollowLinks(files, b);
-  return first.result && second.result && first.status.kind != FileKind::Missing &&
-         first.status.device == second.status.device && first.status.number == second.status.number;
+  if (!first.result || !second.result || first.status.kind != second.status.kind) return false;
+  if (first.status.kind != FileKind::Missing)
+    return first.status.device == second.status.device && first.status.number == second.status.number;
+  const auto nameOf = [](const TargetFile& file) { return file.path.substr(file.path.find_last_of(Separators) + 1); };
+  return nameOf(first) == nameOf(second) && IsSameFile(files, FolderOf(first.path), FolderOf(second.path));
 }
 
 bool LeadsToOtherUser(FileSystem& files, const std::string& path) {

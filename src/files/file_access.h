@@ -60,7 +60,7 @@ FileResult MayReplace(FileSystem& files, const std::string& path);
 [[nodiscard]] std::optional<OpenFile> LockForChange(FileSystem& files, const std::string& path,
                                                     const std::function<bool()>& wait);
 
-// Whether two paths lead to one file that exists.
+// Whether two paths lead to one file, even if it does not exist yet.
 [[nodiscard]] bool IsSameFile(FileSystem& files, const std::string& a, const std::string& b);
 
 // Whether the path is a link to a file of another user than the link's.

@@ -4,8 +4,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <system_error>
 
 #include <sys/prctl.h>
 
@@ -94,8 +96,8 @@ void Serve(const Options& options) {
   SimulatedRadio radio(memory, characterTime, options.faults, std::chrono::milliseconds(options.deafness));
   {
     const PseudoTerminal terminal(options.link);
-    std::printf("%s\n", terminal.Device().c_str());
-    std::fflush(stdout);
+    if (std::printf("%s\n", terminal.Device().c_str()) < 0 || std::fflush(stdout) != 0)
+      throw std::system_error(errno, std::generic_category(), "cannot print the device");
     RunRadio(radio, terminal, options, mask);
   }
   if (!options.memoryFile.empty()) Store(options.memoryFile, radio.Memory());
@@ -134,6 +136,9 @@ int Main(int argc, char** argv) {
   app.add_option("--deaf", options.deafness, "Lose what comes within this many ms after the end of an answer")
       ->type_name("MS")
       ->check(CLI::Range(0, 1000));
+  for (CLI::Option* const option : app.get_options())
+    if (option->get_items_expected_max() > 0)
+      option->check([](const std::string& value) { return std::string(value.empty() ? "is empty" : ""); });
   app.set_version_flag("--version", "lr7200-simulator " MR4500X_VERSION);
   app.footer(FaultHelp());
   try {

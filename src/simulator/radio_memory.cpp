@@ -1,6 +1,7 @@
 #include "radio_memory.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -111,7 +112,7 @@ void Store(const std::string& path, const RadioMemory& memory) {
     std::ofstream file(fresh, std::ios::binary | std::ios::trunc);
     file.write(reinterpret_cast<const char*>(memory.data()), RadioMemoryBytes);
     file.close();
-    if (!file) failure = std::make_error_code(std::errc::io_error);
+    if (!file) failure = {errno, std::generic_category()};
   }
   if (!failure) fs::rename(fresh, path, failure);
   if (!failure) return;

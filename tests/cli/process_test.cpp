@@ -115,8 +115,19 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
 
 TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
   Put("text", "a text");
-  for (const std::string option : {"--memory text", "--memory .", "--link text"})
-    EXPECT_EQ(Shell("cd " + Path("") + " && " LR7200_SIMULATOR " " + option).status, 1) << option;
+  const std::tuple<const char*, int, const char*> cases[] = {
+      {"--memory text", 1, "text is not a memory file"},
+      {"--memory .", 1, ". is not a memory file"},
+      {"--link text", 1, "cannot make the link text: File exists"},
+      {"--link ''", 2, "--link: is empty"},
+      {"--memory ''", 2, "--memory: is empty"},
+      {"--memory no/m", 1, "cannot write no/m: No such file"},
+      {">/dev/full", 1, "cannot print the device: No space left"}};
+  for (const auto& [options, status, message] : cases) {
+    const Ended ended = Shell("cd " + Path("") + " && timeout 5 " LR7200_SIMULATOR " " + options);
+    EXPECT_EQ(ended.status, status) << options;
+    EXPECT_EQ(CountOf(ended.output, message), 1U) << options << ": " << ended.output;
+  }
   EXPECT_EQ(Content("text"), "a text");
 }
 
@@ -138,6 +149,10 @@ TEST_F(CommandLineTest, DoesWhatTheFileSays) {
   Put("newer.K4X", Content("a.K4X").replace(51, 2, std::string("\x02\0\x01\0", 4))); // with the format marker 1
   Put("damaged.K4X", "nonsense");
   Put("cut.K4X", Content("a.K4X").substr(0, 400));
+  RadioImage image;
+  ASSERT_EQ(LoadDataFile(files, file, image).outcome, LoadOutcome::Loaded);
+  image.ResetTimeBlock[2] = 0;
+  ASSERT_TRUE(SaveDataFile(files, Path("zero.K4X"), image));
   setenv("cli", MR4500X_CLI, 1);
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(Path(""));
@@ -172,8 +187,8 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
       ended = Shell(command);
     EXPECT_TRUE(ended.output.starts_with(output)) << command << ": " << ended.output;
   };
-  devices("");
-  expect(tool + "identify auto", "auto: no radio answers on any port\n");
+  devices("COM3=" + file + "\n");
+  expect(tool + "identify auto", "auto: no radio answers on any port; COM3: ");
   StartRadio();
   const std::string first = port, memory = Content("memory"), pipe = Path("pipe");
   devices("COM3=" + first + "\nCOM4=" + first + "\n"); // two names of one device

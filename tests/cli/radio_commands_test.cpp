@@ -76,6 +76,9 @@ TEST_F(RadioCommandsTest, IdentifyAndReadPrintWhichRadioItIsAndChangeNothing) {
   EXPECT_EQ(Names(), (std::set<std::string>{"a.K4X", "20261104-LR7200____004217-090507.K4X"}));
   EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), false), Failed) << "the file exists";
   EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), true), Done);
+  command.trace = Path("./LR7200____004217.log");
+  EXPECT_EQ(RunRead(command, Path("{id}.log"), true), UnusableArguments) << "the trace has this name";
+  EXPECT_FALSE(Names().contains("LR7200____004217.log"));
   EXPECT_EQ(radio.memory, before);
   std::fill_n(radio.memory.begin() + 0x1F0, 16, std::uint8_t{0});
   EXPECT_EQ(RunRead(command, Path("{id}.K4X"), false), Done);

@@ -11,8 +11,9 @@ class QLocale;
 namespace mr4500x {
 
 // Call first in each program. Makes sure that no file or port gets the number of a closed standard stream, where output
-// would go. Data for a closed standard output can't be written. A write beyond a file size limit fails instead of
-// raising a signal that ends the program. If HOME is not an absolute path, it is set from the system's user database.
+// would go. A closed standard input can't be read, and data for a closed standard output can't be written. A write
+// beyond a file size limit fails instead of raising a signal that ends the program. If HOME is not an absolute path, it
+// is set from the system's user database.
 void PrepareProcess();
 
 // The folder of the running executable, links resolved; empty if unknown.

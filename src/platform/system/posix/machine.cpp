@@ -35,8 +35,9 @@ void PrepareProcess() {
   signal(SIGXFSZ, SIG_IGN);
   setenv("HOME", HomeFolder().c_str(), 1); // for Qt
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
-    if (fcntl(stream, F_GETFD) == -1) {                               // the lowest free number, which the file takes
-      const int access = stream == STDOUT_FILENO ? O_RDONLY : O_RDWR; // what is printed there must not seem to arrive
+    if (fcntl(stream, F_GETFD) == -1) { // the lowest free number, which the file takes
+      // Input must not seem to be empty, and output must not seem to arrive.
+      const int access = stream == STDIN_FILENO ? O_WRONLY : stream == STDOUT_FILENO ? O_RDONLY : O_RDWR;
       static_cast<void>(open("/dev/null", access));
     }
 }
