@@ -176,22 +176,6 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
   }
 }
 
-TEST(FleetTest, TheRowsGoToThePortsInOrder) {
-  constexpr std::size_t Ports = 4;
-  Fleet fleet;
-  fleet.UsePlan("label\n1\n2\n3\n4\n5\n6\n7\n8\n9\n"); // a port without a planned row takes another's
-  fleet.UseCables(Ports);
-  for (const char* const id : {"R-1", "R-2", "R-3", "R-4", "R-5", "R-6"})
-    fleet.AddRadio(id);
-  fleet.Run();
-  EXPECT_EQ(fleet.Outcomes(), "verified, verified, verified, verified, verified, verified");
-  std::map<std::string, std::size_t> first;
-  for (const Attempt& attempt : fleet.tables.attempts)
-    first.try_emplace(attempt.port, attempt.row);
-  for (const auto& [port, row] : first)
-    EXPECT_EQ(port, "COM" + std::to_string(row));
-}
-
 TEST(FleetTest, ARadioAtAnotherPortOrBenchIsReported) {
   const std::pair<JournalRow, const char*> cases[] = {
       {{1, "", "", RowState::Taken, "A", "R-1", "", 20}, "this number is in use at COM2"},
