@@ -81,5 +81,32 @@ TEST_F(DocumentsTest, HaveEachDecisionThatIsCitedOnce) {
     EXPECT_TRUE(decisions.contains(cited)) << cited.toStdString();
 }
 
+// The table of the architecture, and its picture, against what is linked.
+TEST_F(DocumentsTest, ShowEachLayerWithWhatItLinks) {
+  QString build;
+  for (QDirIterator files(Root + "src", {"CMakeLists.txt"}, QDir::Files, QDirIterator::Subdirectories);
+       files.hasNext();)
+    build += ReadText(files.next());
+  const QStringList layers =
+      Captures(build, "mr4500x_layer\\((\\w+)") + QStringList{"machine_interfaces", "desktop_interfaces"};
+  EXPECT_GT(layers.size(), 15);
+  const auto layersIn = [&](const QString& text, const char* pattern) { // sorted by name
+    QStringList found = Captures(text, pattern);
+    found.removeIf([&](const QString& name) { return !layers.contains(name); });
+    found.sort();
+    return found.join(' ').toStdString();
+  };
+  const QString& page = documents[Root + "docs/architecture.md"];
+  const QString picture = ReadText(Root + "docs/pictures/architecture.svg");
+  for (const QString& layer : layers) {
+    EXPECT_TRUE(picture.contains('>' + layer + '<')) << layer.toStdString();
+    if (layer.endsWith("_interfaces")) continue;
+    const QRegularExpression row("\\n\\| `" + layer + "` \\|[^|]*\\|([^|]*)\\|"),
+        linked("libraries\\(" + layer + "\\b([^)]*)\\)");
+    EXPECT_EQ(layersIn(row.match(page).captured(1), "`(\\w+)`"), layersIn(linked.match(build).captured(1), "(\\S+)"))
+        << layer.toStdString();
+  }
+}
+
 } // namespace
 } // namespace mr4500x

@@ -1,4 +1,7 @@
-// The contract of every system's files with the layers above.
+// The contract of every system's files with the layers above, and saves that are killed at any call.
+#include <cstdlib>
+#include <list>
+
 #include "conventions.h"
 #include "data_file.h"
 #include "file_access.h"
@@ -101,6 +104,40 @@ TEST_F(FileSystemTest, ALockForChangeIsHeldWhileTheFileIsReplaced) {
   EXPECT_EQ(Names(), names) << "the lock leaves a file";
   const auto next = LockForChange(machine, Path("file"), refuse);
   EXPECT_TRUE(next && *next);
+}
+
+constexpr char KilledCall[] = "MR4500X_TEST_KILLED_CALL", KilledPath[] = "MR4500X_TEST_KILLED_PATH";
+
+// In a process of its own, which the other test starts.
+TEST(KilledSave, SavesUntilACall) {
+  const char *const path = std::getenv(KilledPath), *const call = std::getenv(KilledCall);
+  if (path == nullptr || call == nullptr || *path == 0) return;
+  FaultyFileSystem files;
+  files.failAt = std::atoi(call);
+  files.isKilled = true;
+  EXPECT_TRUE(SaveDataFile(files, path, RadioImage()));
+}
+
+TEST_F(FileSystemTest, ASaveThatIsKilledAtAnyCallLeavesTheOldOrTheNewFile) {
+  const std::string path = Path("file");
+  ASSERT_TRUE(SaveDataFile(machine, Path("whole"), RadioImage()));
+  static std::list<std::string> variables; // the environment refers to them until the program ends
+  const auto set = [](const std::string& name, const std::string& value) {
+    putenv(variables.emplace_back(name + '=' + value).data());
+  };
+  set(KilledPath, path);
+  int call = 0, killed = 0;
+  do {
+    Put("file", "the old file");
+    set(KilledCall, std::to_string(++call));
+    const std::string command = testing::internal::GetArgvs().front() + " --gtest_filter=KilledSave.* > " + Path("log");
+    killed = std::system(command.c_str());
+    EXPECT_TRUE(Content("file") == "the old file" || Content("file") == Content("whole")) << "killed at call " << call;
+  } while (killed != 0 && call < 100);
+  EXPECT_EQ(Content("file"), Content("whole"));
+  EXPECT_GT(call, 5);
+  EXPECT_EQ(Names(), (std::set<std::string>{"file", "log", "whole"})) << "leftovers stay";
+  set(KilledPath, "");
 }
 
 } // namespace
