@@ -5,6 +5,7 @@
 #include "open_windows.h"
 #include "qt_dialogs.h"
 #include "qt_printers.h"
+#include "qt_progress_view.h"
 #include "transfer_guard.h"
 #include "wheel.h"
 
@@ -118,6 +119,16 @@ TEST(QtFileDialogs, AskBeforeAFileIsReplaced) {
     const FileQuestion question = {"Save As", "Data Files(*.K4X)|*.K4X", folder.path().toStdString(), "", "K4X"};
     EXPECT_EQ(QtFileDialogs().AskSave(question), file.toStdString());
     EXPECT_EQ(asked, QStringList({"a.K4X already exists.", "a.K4X already exists."}));
+  }
+}
+
+TEST(QtProgressView, ShowsTheShareThatIsDone) {
+  QtProgressView view("program");
+  view.Open("Read", "Reading ...", 505);
+  for (const auto& [value, shown] : {std::pair(101, 101), {600, 505}}) {
+    view.SetValue(value);
+    const auto& bar = *QApplication::topLevelWidgets().constLast()->findChild<QProgressBar*>();
+    EXPECT_EQ(std::pair(bar.value(), bar.maximum()), std::pair(shown, 505));
   }
 }
 

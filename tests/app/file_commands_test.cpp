@@ -199,6 +199,7 @@ TEST_F(ProgramTest, ListsAreExportedAndImportedByTheMenu) {
   for (const char* const command : {"mnuFileSample", "mnuFileImport"})
     Choose(command);
   EXPECT_EQ(Status(1), "Channels imported: 3");
+  EXPECT_EQ(desktop.lastQuestion.folder, Path(""));
   EXPECT_EQ(window->Panel().Shown().channels[1][GridColumn::TxTone], "DCS023");
   desktop.filter = 0;
   Choose("mnuFileExport");

@@ -88,8 +88,11 @@ TEST_F(WindowCommandsTest, HelpOpensTheManualAndAboutTheMakersPage) {
     QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(link->fontMetrics().averageCharWidth() * 3, link->height() / 2));
     about->findChild<QPushButton*>("cmdClose")->click();
   });
-  for (const char* const command : {"mnuHelpContents", "mnuHelpIndex", "mnuHelpAbout"})
+  for (const char* const command : {"mnuHelpContents", "mnuHelpIndex", "mnuHelpAbout"}) {
+    QTest::keyClick(window->findChild<QTableView*>("gridChannel"), Qt::Key_Space);
     Choose(command);
+    EXPECT_TRUE(window->findChild<QLineEdit*>("txtChFreq")->isHidden() || command == std::string("mnuHelpAbout"));
+  }
   EXPECT_FALSE(Item("mnuHelpPractise")->isVisible()) << "without the simulator";
   EXPECT_EQ(Happened(), (Lines{"help contents", "help index", "link https://www.calvorne-vtr.example/"}));
   Choose("mnuHelpPractise"); // fails

@@ -84,6 +84,12 @@ TEST_F(SettingCommandsTest, RepairsAStandardOfZeroAndWritesNothingUnchanged) {
   EXPECT_EQ(Get({"five_tone_standard"}), reported + "ZVEI1\n");
   EXPECT_EQ(Set({"global.tx_tot=60s"}), reported);
   EXPECT_EQ(Get({"five_tone_standard"}), "ZVEI1\n");
+  image.ResetTimeBlock[StandardByte] = 1;
+  image.KeyProgramBlock[0] = image.KeyProgramBlock[2] = 0x86;
+  ASSERT_TRUE(SaveDataFile(files, Path("keys.K4X"), image));
+  EXPECT_TRUE(Run([&](Terminal& shown) {
+                return RunGet(files, Path("keys.K4X"), {"band.lower"}, false, shown);
+              }).starts_with(Path("keys.K4X: Talk Around or Reverse ")));
   std::filesystem::permissions(b, std::filesystem::perms::owner_read); // so that no save succeeds
   EXPECT_EQ(Set({"global.tx_tot=60s"}), "");
   EXPECT_TRUE(Set({"global.tx_tot=90s"}).ends_with("status 1"));

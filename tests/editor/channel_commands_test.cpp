@@ -137,6 +137,9 @@ TEST_F(CommandsTest, PasteTakesWhatASpreadsheetGivesOrRefusesAllOfItInOneMessage
   EXPECT_EQ(messages.Taken(), Lines{std::string("!|Paste Channels|") + Refused +
                                     "\nCH16 Rx Freq (MHz): 500, allowed: 440 to 469.99375 MHz"});
   EXPECT_EQ(panel.Shown(), before);
+  SetClipboard("Rx Freq (MHz)\tName\n446\tGate\n");
+  Paste();
+  EXPECT_EQ(messages.Taken().size(), 1U) << "a column without a setting";
   changed.clear();
   QSignalSpy reported(&panel, &EditorPanel::StatusMessage);
   for (const char* const nothing : {"", " \n\t\n"}) {

@@ -1,7 +1,6 @@
-// The program's side of the help: real child processes, Qt Assistant among them.
+// The program's side of the help: real child processes.
 #include "qt_help_viewer.h"
 
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -84,21 +83,6 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
     const std::string expected = QString::fromStdString(text).replace("%1", path).toStdString();
     EXPECT_TRUE(Reported().starts_with(expected)) << file << ' ' << viewer;
   }
-}
-
-TEST_F(HelpViewerTest, TheNextRequestReportsWhyAssistantFailedAndRestartsIt) {
-  ASSERT_TRUE(QDir(folder.path()).mkdir("help-copy")); // Assistant's own
-  Store("help-copy/MR4500X.qhc", "damaged");
-  QtHelpViewer help(*this, HelpFile());
-  help.OpenContents();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !help.IsRunning(); }, 20000));
-  help.OpenContents();
-  EXPECT_NE(Reported().find("has failed: Error"), std::string::npos);
-  QFile::remove(folder.filePath("help-copy/MR4500X.qhc"));
-  help.OpenContents();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath("help-copy/MR4500X.qhc")); }, 20000));
-  EXPECT_TRUE(help.IsRunning());
-  EXPECT_EQ(Reported(), "");
 }
 
 } // namespace

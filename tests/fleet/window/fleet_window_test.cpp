@@ -314,7 +314,9 @@ TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
   for (const bool bySignal : {true, false}) {
     reported.clear();
     bySignal ? ChoosePlanAndPorts() : Open();
-    Find<QLineEdit>("txtOnVerified")->setText("sleep 1"); // the window waits for it
+    if (bySignal)
+      Find<QLineEdit>("txtOnVerified")->setText(QString::fromStdString("sleep 1; touch " + Path("labelled")));
+    EXPECT_FALSE(Find<QLineEdit>("txtNext")->isEnabled());
     ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
     QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
     EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
@@ -330,6 +332,7 @@ TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
     if (bySignal) std::filesystem::rename(Path("moved"), Path("taxi.journal"));
     EXPECT_EQ(reported.size(), bySignal ? 0 : 1) << reported.join(' ').toStdString();
   }
+  EXPECT_TRUE(std::filesystem::exists(Path("labelled"))) << "the window did not wait for the command, or forgot it";
   EXPECT_TRUE(reported.value(0).startsWith("Radios are being programmed."));
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
 

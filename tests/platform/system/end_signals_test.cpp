@@ -55,25 +55,6 @@ TEST(EndSignals, EndTheWaitForInputWhetherTheyComeBeforeOrDuringIt) {
   EXPECT_EXIT((await(0, 0), std::_Exit(0)), testing::ExitedWithCode(0), "^input$");
 }
 
-std::sig_atomic_t volatile heard = 0;
-
-// Every pending signal is delivered to the previous handler. A signal that was ignored remains ignored.
-TEST(EndSignals, AreAllDelivered) {
-  const auto bit = [](int signal) { heard = heard | (1 << signal); };
-  const auto before = std::signal(SIGINT, bit);
-  std::signal(SIGTERM, bit);
-  std::signal(SIGHUP, SIG_IGN);
-  {
-    const EndSignalsHeld held;
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-      std::raise(signal);
-    EXPECT_EQ(heard, 0);
-  }
-  EXPECT_EQ(heard, 1 << SIGINT | 1 << SIGTERM);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-    std::signal(signal, before);
-}
-
 // "heard" is what a program says from its event loop.
 TEST(EndSignals, AreReportedFromTheEventLoopTheFirstTimeOrAlways) {
   const auto hear = [](int signal, NextSignal next, int times) {
