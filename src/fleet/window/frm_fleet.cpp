@@ -277,7 +277,7 @@ void FrmFleet::RefreshRows() {
   const auto work = [plan = m_plan, address = m_journal, since = m_listedAt] {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     auto list = journal->ChangedRows(plan->plan.key, since);
-    return list ? Listed{std::move(*list), {}} : Listed{{}, journal->Failure()};
+    return list ? Listed{std::move(*list), JournalFailure()} : Listed{RowList(), journal->Failure()};
   };
   RunInWorker(work, [this, plan = m_plan](const Listed& listed) {
     const auto& [list, failure] = listed;
