@@ -153,7 +153,6 @@ void WorkKeeper::Settled(const Origin& source) {
 }
 
 bool WorkKeeper::IsOpenElsewhere(const std::string& path) {
-  AwaitKept();
   return m_copies.IsOpenElsewhere(path);
 }
 

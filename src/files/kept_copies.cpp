@@ -165,6 +165,7 @@ bool KeptCopies::Begin() {
   std::string prefix;
   for (int attempt = 0; attempt < 3; ++attempt) {
     const std::string number = prefix + HexText(m_files.UnpredictableNumber());
+    SetOwnNumber(number);
     Session session{number, {m_files, m_files.Create(LockPath(number), OwnerOnly)}, ""};
     if (!session.lock) return false;
     const LockOutcome outcome = m_files.Lock(*session.lock);
@@ -206,19 +207,12 @@ bool KeptCopies::IsOpenElsewhere(const std::string& path) {
 }
 
 bool KeptCopies::Keep(const KeptCopy& copy) {
-  const auto write = [&] {
-    return Begin() && ReplaceFile(m_files, CopyPath(m_own->number), BytesOf(copy), Surplus::Drop, OwnerOnly);
-  };
-  const bool isWritten = write() || (LosesFolder() && write());
-  if (isWritten) m_own->at = copy.at;
-  return isWritten;
-}
-
-// The folder was removed, and the session's files with it.
-bool KeptCopies::LosesFolder() {
-  const auto status = m_files.Status(m_folder);
-  if (!m_own || !status || status->kind != FileKind::Missing) return false;
-  m_own.reset();
+  const auto lock = m_own ? m_files.Status(LockPath(m_own->number)) : std::nullopt;
+  std::optional<Session> lost; // without its lock file, no later start would offer its copy
+  if (lock && lock->kind == FileKind::Missing) lost = std::exchange(m_own, std::nullopt);
+  if (!Begin() || !ReplaceFile(m_files, CopyPath(m_own->number), BytesOf(copy), Surplus::Drop, OwnerOnly)) return false;
+  m_own->at = copy.at;
+  if (lost) static_cast<void>(m_files.Remove(CopyPath(lost->number)));
   return true;
 }
 
@@ -236,9 +230,15 @@ std::vector<std::string> KeptCopies::Numbers() {
   for (const std::string& name : m_files.List(m_folder).value_or(std::vector<std::string>{})) {
     if (!name.starts_with(SessionPrefix) || !name.ends_with(LockSuffix)) continue;
     numbers.push_back(name.substr(SessionPrefix.size(), name.size() - SessionPrefix.size() - LockSuffix.size()));
-    if (m_own && numbers.back() == m_own->number) numbers.pop_back();
   }
+  const std::lock_guard guard(m_mutex);
+  std::erase(numbers, m_ownNumber);
   return numbers;
+}
+
+void KeptCopies::SetOwnNumber(const std::string& number) {
+  const std::lock_guard guard(m_mutex);
+  m_ownNumber = number;
 }
 
 // The lock file of a session that has ended, held from now on. Some network file systems lock only files that are open

@@ -11,6 +11,7 @@
 #include "data_file.h"
 #include "open_file.h"
 
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -52,6 +53,7 @@ public:
   void PutAside(); // other data has replaced the work
 
   void SetOpenFile(const std::string& path); // the file that this window shows, or ""
+  // This alone may be called while another thread does the rest, which may wait for a slow disk.
   [[nodiscard]] bool IsOpenElsewhere(const std::string& path);
 
   // The newest copy that an ended window has left, or nullopt. It must be taken or put aside before the next call. No
@@ -78,7 +80,7 @@ private:
   [[nodiscard]] std::optional<std::string> PutAside(const Session& session); // returns the new path
   void End(Session session);
   void Prune(const std::string& newest);
-  [[nodiscard]] bool LosesFolder();
+  void SetOwnNumber(const std::string& number);
 
   FileSystem& m_files;
   std::string m_folder;
@@ -86,6 +88,8 @@ private:
   std::string m_openFile;
   std::set<std::string> m_seen; // numbers of the copies that were offered or can't be read
   std::vector<std::string> m_unreadable;
+  std::mutex m_mutex;      // guards what follows
+  std::string m_ownNumber; // also of a session that is about to begin
 };
 
 } // namespace mr4500x

@@ -5,10 +5,13 @@
 
 #include <atomic>
 #include <csignal>
+#include <semaphore>
 #include <thread>
 
 namespace mr4500x {
 namespace {
+
+using namespace std::chrono_literals;
 
 class KeptWorkTest : public ProgramTest {
 protected:
@@ -360,6 +363,22 @@ TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNeverDuringATransfer) {
   input.Release();
   EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 3000));
   EXPECT_FALSE(isHere) << "the window waits for the disk";
+
+  PutDataFile("a.K4X");
+  std::counting_semaphore opened(0);
+  std::atomic<bool> isSyncing = false, isLate = false;
+  files.beforeSync = [&, here = std::this_thread::get_id()] {
+    if (std::this_thread::get_id() == here) return;
+    isSyncing = true;
+    if (!opened.try_acquire_for(5s)) isLate = true;
+  };
+  TypeAni("42");
+  QTest::keyClick(window->findChild<QLineEdit*>("txtANI"), Qt::Key_Left);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return isSyncing.load(); }, 3000));
+  OpenFile("a.K4X");
+  opened.release(8);
+  AwaitCopies();
+  EXPECT_FALSE(isLate) << "to open a file, the window waits for the disk";
 }
 
 // The session saves what is open, and asks the program to quit or lets it go on.
@@ -384,6 +403,7 @@ TEST_F(KeptWorkTest, ASessionThatAllowsNoQuestionEndsTheProgramAsASignalDoes) {
          input.Hold(HeldPointer::Busy);
          quit();
          input.Release();
+         QEventLoop().exec(); // of the transfer's message
        }},
   };
   for (const auto& [name, end] : cases) {

@@ -72,8 +72,14 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
   copies.PutAside();
   const auto isLate = [](const std::string& name) { return name.starts_with("2004"); };
   EXPECT_TRUE(std::ranges::any_of(Kept(), isLate));
-  std::filesystem::remove_all(Folder()); // by another program
-  EXPECT_TRUE(copies.Keep(Copy("2026-11-25 04:11:00")));
+  for (const bool isAll : {true, false}) { // removed by another program
+    EXPECT_TRUE(copies.Keep(Copy("2026-11-25 04:11:00")));
+    for (const std::string& name : Kept())
+      if (isAll || name.ends_with(".lock")) std::filesystem::remove(Folder() + '/' + name);
+    if (isAll) std::filesystem::remove(Folder());
+    EXPECT_TRUE(copies.Keep(Copy("2026-11-25 04:12:00")));
+    EXPECT_EQ(Kept().size(), 2U) << "a copy and its lock";
+  }
 }
 
 TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {

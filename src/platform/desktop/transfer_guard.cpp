@@ -64,7 +64,12 @@ void UserInput::Release() {
   qApp->removeEventFilter(this);
   if (m_pointer == HeldPointer::Busy) QGuiApplication::restoreOverrideCursor();
   m_isHeld = false;
-  if (std::exchange(m_quitIsDue, false)) QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit));
+  // An event loop, such as a message's, discards posted quit events when it starts, but not calls.
+  const auto quit = [] {
+    QEvent event(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &event);
+  };
+  if (std::exchange(m_quitIsDue, false)) QMetaObject::invokeMethod(qApp, quit, Qt::QueuedConnection);
 }
 
 bool UserInput::eventFilter(QObject* watched, QEvent* event) {

@@ -19,11 +19,13 @@ TEST(UserFolders, AreNeverInTheRootOrCurrentFolderWithoutAHome) {
   for (const char* const given : {"relative", "", static_cast<const char*>(nullptr)}) {
     given != nullptr ? setenv("HOME", given, 1) : unsetenv("HOME");
     unsetenv("XDG_STATE_HOME");
+    setenv("XDG_CONFIG_HOME", "relative", 1);
     const std::string folder = UserStateFolder();
     EXPECT_TRUE(folder.starts_with('/') && !folder.starts_with("/.")) << folder;
     PrepareProcess();
     const char* const known = std::getenv("HOME");
     EXPECT_EQ(folder, std::string(known != nullptr ? known : "") + "/.local/state/MR4500X") << "Qt asks there";
+    EXPECT_EQ(std::getenv("XDG_CONFIG_HOME"), nullptr) << "Qt asks there, too";
   }
   setenv("HOME", before.c_str(), 1);
 }

@@ -33,7 +33,9 @@ std::string XdgFolder(const char* variable, const char* otherwise) {
 
 void PrepareProcess() {
   signal(SIGXFSZ, SIG_IGN);
-  setenv("HOME", HomeFolder().c_str(), 1); // for Qt
+  setenv("HOME", HomeFolder().c_str(), 1); // for Qt, as is the next
+  const char* const config = std::getenv("XDG_CONFIG_HOME");
+  if (config != nullptr && config[0] != '/') unsetenv("XDG_CONFIG_HOME");
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
     if (fcntl(stream, F_GETFD) == -1) { // the lowest free number, which the file takes
       // Input must not seem to be empty, and output must not seem to arrive.
