@@ -103,5 +103,55 @@ TEST(ConfigurationJsonTest, MakesAnyConfigurationShowWhatAnotherShows) {
   }
 }
 
+// Whatever apply takes fits the schema, and whatever it can't read does not.
+TEST(ConfigurationJsonTest, ItsSchemaAgreesWithApplyOnChangedDocuments) {
+  const Schema schema;
+  std::mt19937 random(22);
+  const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random); };
+  RadioImage standard;
+  static_cast<void>(NewConfiguration(standard, Texts, {}));
+  const Configuration shown = Decode(standard, Texts).configuration;
+  const Json values =
+      Json::parse(R"([null, true, false, -1, -0, 0, 0.5, 1, 3.0, 16, 17, 255, 256, 450, 65535, 70000, "",
+    "OFF", "ON", "1", "25", "12.5", "6.25", "0.5", "0.50", "446", " +446.100000", "446.00625", "0446.00000", "446,00625", "CO",
+    "Reverse", "Reverse ", "scan", "Scan", "Tone A", "5T 1", "CTC67.0", "CTC67", "67.0", "DCS023", "-DCS023", "D023N",
+    "12345", "a", "60s", "60", "Both", [], {}, [1], {"a": 1}, {"code": 2}, {"code": 77}, {"code": 300},
+    {"code": 77.0}, {"code": -1}, {"code": "2"}, {"code": 2, "a": 1}])");
+  std::vector<FieldAt> all;
+  for (const Field& field : Fields())
+    for (std::size_t entry = 1; entry <= EntriesOf(field.group); ++entry)
+      all.push_back({&field, entry});
+  std::size_t taken = 0, unfit = 0;
+  for (int round = 0; round < 3000; ++round) {
+    Json document = Json::parse(PartJson(shown, {all[below(all.size())], all[below(all.size())]}));
+    std::vector<std::string> places;
+    const Json flat = document.flatten();
+    for (const auto& [place, value] : flat.items())
+      places.push_back(place);
+    const Json::json_pointer place(places[below(places.size())]), around = place.parent_pointer();
+    const Json& value = values[below(values.size())];
+    const std::size_t kind = below(12);
+    if (kind == 0 && document[around].is_object())
+      document[around].erase(place.back());
+    else if (kind == 1 && document[around].is_object())
+      document[around]["extra"] = value;
+    else if (kind == 2)
+      document[below(2) == 0 ? "as_stored" : "$schema"] = below(2) == 0 ? Json{"scan.signal", "tts.9.gap"} : value;
+    else
+      document[kind == 3 ? around : place] = value;
+    const bool fits = schema.Misfit(document).empty();
+    const Changes changes = ReadChanges(document.dump());
+    const bool isRead = changes.problems.empty() && changes.syntaxError.empty();
+    RadioImage image = standard;
+    const bool isTaken = isRead && ApplyChanges(image, changes.assignments, Texts).empty();
+    EXPECT_FALSE(fits && !isRead) << document << ": " << changes.problems.front();
+    EXPECT_FALSE(!fits && isTaken) << document << ": " << schema.Misfit(document);
+    taken += isTaken ? 1 : 0;
+    unfit += fits ? 0 : 1;
+  }
+  EXPECT_GT(taken, 200U);
+  EXPECT_GT(unfit, 500U);
+}
+
 } // namespace
 } // namespace mr4500x

@@ -63,6 +63,18 @@ TEST_F(SettingsTest, AnIdBoxSelectsItsDashesAndTrimsWhatItsMenuPastes) {
   EXPECT_EQ(Text("txtANI"), "12");
 }
 
+TEST_F(SettingsTest, AClickOnAnArrowCountsAtTheRelease) {
+  Type("txtResetTime", "");
+  const QPoint up(arrows.width() / 2, arrows.height() / 4);
+  for (const char* const after : {"1", "2"}) {
+    QTest::mousePress(&arrows, Qt::LeftButton, {}, up);
+    EXPECT_TRUE(messages.shown.empty()) << "it would swallow the release";
+    QTest::mouseRelease(&arrows, Qt::LeftButton, {}, up);
+    EXPECT_EQ(Text("txtResetTime"), after);
+    EXPECT_EQ(messages.Taken().size(), after == std::string("1") ? 1U : 0U);
+  }
+}
+
 TEST_F(SettingsTest, EachChangeIsReportedOnceButNoTypedId) {
   Type("txtANI", "12");
   EXPECT_EQ(changed.count(), 0);
