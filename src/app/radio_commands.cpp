@@ -8,6 +8,7 @@
 #include "differences.h"
 #include "editor_panel.h"
 #include "end_signals.h"
+#include "file_access.h"
 #include "function_settings.h"
 #include "messages.h"
 #include "practice_radio.h"
@@ -95,7 +96,7 @@ std::optional<RadioImage> ReadBeside(const CommandContext& context) {
 std::optional<RadioImage> BackUp(const CommandContext& context) {
   const MainServices& services = context.services;
   const std::string folder = services.folderForFiles + Separator + "backup";
-  FileResult kept = MayKeepBackupIn(services.files, folder);
+  FileResult kept = MayStoreIn(services.files, folder);
   if (kept) {
     std::optional<RadioImage> image = ReadBeside(context);
     if (!image) return std::nullopt;

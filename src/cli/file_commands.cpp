@@ -111,13 +111,14 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   const Configuration before = ValuesForCommand(path, PointTexts(), image, terminal);
   std::set<FieldAt> named;
   if (const ExitStatus status = change(image, named); status != ExitStatus::Done) return status;
+  if (isReplaced && image == loaded) return ExitStatus::Done;
   if (isDryRun) {
     const FileResult mayReplace = output == Stream ? FileResult() : MayReplace(files, output);
-    if (!mayReplace) return Fail(terminal, output + ": can't be written" + ReasonOf(mayReplace));
+    if (!mayReplace)
+      return Fail(terminal, output + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayReplace));
     terminal.out << DifferenceLines(CompareImages(loaded, image, PointTexts()), NamedBy::Label);
     return EndOutput(terminal);
   }
-  if (isReplaced && image == loaded) return ExitStatus::Done;
   if (isReplaced && ContentHash(files, path) != content)
     return Fail(terminal, path + ": another program has changed it in the meantime; it was left unchanged");
   const ExitStatus saved = SaveForCommand(files, output, image, terminal);

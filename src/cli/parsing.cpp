@@ -54,6 +54,16 @@ std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
   return "";
 }
 
+// The message for "--name=", whose value the parser would take from the next word, or "".
+std::string EmptyValue(std::span<char* const> words) {
+  for (const std::string_view word : words) {
+    if (word == "--") return "";
+    if (word.starts_with("--") && word.find('=') == word.size() - 1)
+      return Printable(word.substr(0, word.size() - 1)) + ": is empty";
+  }
+  return "";
+}
+
 } // namespace
 
 void ExcludeEachOther(CLI::App& command, std::initializer_list<const char*> options) {
@@ -71,11 +81,12 @@ std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& 
     constexpr std::size_t MostCharacters = 400; // of a message that names what was given
     return Printable(error.what(), MostCharacters) + "\nRun with --help for more information.\n";
   });
+  const auto words = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
+  if (const std::string empty = EmptyValue(words); !empty.empty()) return Refuse(terminal, empty);
   try {
     app.parse(argc, argv);
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    const auto words = std::span(argv, static_cast<std::size_t>(argc)).subspan(1);
     const bool isHelp = error.get_exit_code() == 0;
     std::string unknown = UnknownCommand(&app, words);
     if (unknown.empty() && !isHelp) unknown = UnknownOption(app, words);

@@ -27,8 +27,6 @@ bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
   return result.outcome == Outcome::Complete;
 }
 
-constexpr char BackupText[] = ": the backup could not be saved.";
-
 // Reports the result to a user who watched the progress or interrupted the program. A script uses the exit status.
 ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   if (terminal.showsProgress || terminal.isEnding()) terminal.err << sentence << '\n';
@@ -46,16 +44,16 @@ bool ReadInfo(const RadioCommand& command, RadioImage& image) {
   return IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer));
 }
 
+ExitStatus NoBackup(const RadioCommand& command, const std::string& path, const FileResult& failed) {
+  return Fail(command.terminal, path + ": the backup could not be saved. Nothing was written." + ReasonOf(failed));
+}
+
 // Saves the radio's configuration, and beside it the embedded text, if any. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
-  const auto refuse = [&](const std::string& path, const FileResult& failed) {
-    return Fail(command.terminal, path + BackupText + " Nothing was written." + ReasonOf(failed));
-  };
-  if (const FileResult mayKeep = MayKeepBackupIn(command.files, folder); !mayKeep) return refuse(folder, mayKeep);
   RadioImage image;
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const auto [path, result] = KeepBackup(command.files, folder, image, command.now());
-  if (!result) return refuse(path, result);
+  if (!result) return NoBackup(command, path, result);
   command.terminal.out << path << '\n';
   return EndOutput(command.terminal);
 }
@@ -76,11 +74,6 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
 
 // Prints what a write would change, and whether it would be refused.
 ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const WriteOptions& options) {
-  std::string folder = options.backupFolder;
-  while (IsMissing(command.files, folder) && FolderOf(folder) != folder) // it would be created in this folder
-    folder = FolderOf(folder);
-  if (const FileResult mayKeep = MayReplace(command.files, folder + "/backup"); !folder.empty() && !mayKeep)
-    return Fail(command.terminal, options.backupFolder + BackupText + ReasonOf(mayKeep));
   RadioImage found = image;
   if (!ReadBackFor(command, found)) return ExitStatus::Failed;
   command.terminal.out << DifferenceLines(CompareImages(found, image, PointTexts()), NamedBy::Label);
@@ -132,9 +125,11 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   if (!LoadForCommand(files, path, image, terminal)) return ExitStatus::Failed;
   if (image.ResetTimeBlock[StandardByte] == 0)
     terminal.err << NameOfSource(path) << ": " << DataErrorText << " (The 5-tone standard is 0.)\n";
+  const bool hasBackup = !options.backupFolder.empty();
+  const FileResult mayKeep = hasBackup ? MayStoreIn(files, options.backupFolder) : FileResult();
+  if (!mayKeep) return NoBackup(command, options.backupFolder, mayKeep);
   if (options.isDryRun) return WriteDry(command, image, options);
-  if (!options.backupFolder.empty() && BackUp(command, options.backupFolder) != ExitStatus::Done)
-    return ExitStatus::Failed;
+  if (hasBackup && BackUp(command, options.backupFolder) != ExitStatus::Done) return ExitStatus::Failed;
   if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": interrupted. Nothing was written.");
   TerminalObserver observer(terminal, options.band, line.PortName());
   if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;

@@ -2,6 +2,7 @@
 
 #include "messages.h"
 #include "text.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,7 +12,8 @@
 namespace mr4500x {
 
 ExitStatus Fail(const Terminal& terminal, const std::string& message, ExitStatus status) {
-  terminal.err << message << '\n';
+  constexpr std::size_t MostCharacters = 10'000; // several paths
+  terminal.err << Printable(message, MostCharacters) << '\n';
   return status;
 }
 

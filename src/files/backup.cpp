@@ -43,14 +43,10 @@ std::string FilledIn(std::string path, const RadioImage& image, const LocalTime&
   return path;
 }
 
-FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder) {
-  const FileResult made = MakeFolderOf(files, folder + "/");
-  return made ? MayReplace(files, folder + "/backup") : made;
-}
-
 Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image, const LocalTime& now) {
   std::string stem = folder + Separator + FilledIn("{id}_{date}_{time}", image, now);
-  FileResult saved = ReserveName(files, stem, ".K4X");
+  FileResult saved = MakeFolderOf(files, stem);
+  if (saved) saved = ReserveName(files, stem, ".K4X");
   const std::string path = stem + ".K4X";
   if (!saved) return {path, saved};
   saved = SaveDataFile(files, path, image);

@@ -12,15 +12,12 @@ namespace mr4500x {
 // ASCII letters, digits and "-" becomes "_", so that a radio can't select a folder.
 [[nodiscard]] std::string FilledIn(std::string path, const RadioImage& image, const LocalTime& now);
 
-// Creates the folder if it is missing. Fails if no backup can be saved in it.
-FileResult MayKeepBackupIn(FileSystem& files, const std::string& folder);
-
 struct Backup {
   std::string path; // path of the data file
   FileResult result;
 };
 // Saves a data file named after the radio and the time. If there is an embedded text, it is saved beside it as ".txt".
-// Replaces no file: "_2" follows a name that exists.
+// Creates the folder if it is missing. Replaces no file: "_2" follows a name that exists.
 [[nodiscard]] Backup KeepBackup(FileSystem& files, const std::string& folder, const RadioImage& image,
                                 const LocalTime& now);
 

@@ -71,6 +71,13 @@ FileResult MayBeWritten(FileSystem& files, const TargetFile& target) {
   return files.CanWrite(path) ? FileResult{} : SystemFailed();
 }
 
+FileResult MayCreateIn(FileSystem& files, const std::string& folder) {
+  const TargetFile target = FollowLinks(files, folder);
+  const bool isOther = target.status.kind != FileKind::Folder && target.status.kind != FileKind::Missing;
+  if (!target.result || isOther) return isOther ? Failed(std::errc::not_a_directory) : target.result;
+  return files.CanWrite(folder) ? FileResult{} : SystemFailed(); // also if it is missing
+}
+
 void RemoveLeftovers(FileSystem& files, const std::string& folder) {
   for (const std::string& name : files.List(folder).value_or(std::vector<std::string>{})) {
     if (!IsTemporaryName(name)) continue;
@@ -244,7 +251,13 @@ FileResult MayReplace(FileSystem& files, const std::string& path) {
   const TargetFile target = FollowLinks(files, path);
   const FileResult mayBeWritten = MayBeWritten(files, target);
   const bool isNew = mayBeWritten && target.status.kind == FileKind::Missing;
-  return isNew && !files.CanWrite(FolderOf(target.path)) ? SystemFailed() : mayBeWritten;
+  return isNew ? MayCreateIn(files, FolderOf(target.path)) : mayBeWritten;
+}
+
+FileResult MayStoreIn(FileSystem& files, const std::string& folder) {
+  const auto status = files.Status(folder); // a folder can't be created at a link that leads nowhere
+  const bool isMissing = status && status->kind == FileKind::Missing && FolderOf(folder) != folder;
+  return isMissing ? MayStoreIn(files, FolderOf(folder)) : MayCreateIn(files, folder);
 }
 
 bool IsMissing(FileSystem& files, const std::string& path) {

@@ -45,6 +45,9 @@ FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<con
 // Whether ReplaceFile would try to write: the file is one that it does not refuse, or can be created in its folder.
 FileResult MayReplace(FileSystem& files, const std::string& path);
 
+// Whether files can be created in the folder, or the folder itself if it is missing. Creates nothing.
+FileResult MayStoreIn(FileSystem& files, const std::string& folder);
+
 // Whether there is nothing at the path, or where its links lead.
 [[nodiscard]] bool IsMissing(FileSystem& files, const std::string& path);
 

@@ -3,6 +3,7 @@
 #include "backup.h"
 #include "data_file.h"
 #include "differences.h"
+#include "file_access.h"
 #include "function_settings.h"
 #include "signaling.h"
 #include "words.h"
@@ -69,7 +70,7 @@ bool RadioJob::BackUp(Attempt& attempt) {
   const auto refuse = [&](const FileResult& failed) {
     return Fail(attempt, BackupReason(m_settings.backupFolder, failed.Reason()));
   };
-  const FileResult mayKeep = MayKeepBackupIn(m_settings.files, m_settings.backupFolder);
+  const FileResult mayKeep = MayStoreIn(m_settings.files, m_settings.backupFolder);
   if (!mayKeep) return refuse(mayKeep);
   RadioImage image;
   if (!IsComplete(ReadRadio(m_line, image, *this, m_settings.speed), attempt)) return false;

@@ -34,7 +34,7 @@ constexpr std::array<StateWords, 14> States = {{
 // "row 12, Truck 12, radio R12"
 std::string SubjectText(std::size_t row, const std::string& label, const std::string& idNumber) {
   std::string name = row > 0 ? "row " + std::to_string(row) : "";
-  const auto add = [&](const std::string& text) { name += (name.empty() ? "" : ", ") + text; };
+  const auto add = [&](const std::string& text) { name += (name.empty() ? "" : ", ") + Printable(text); };
   if (!label.empty()) add(label);
   if (!idNumber.empty()) add("radio " + idNumber);
   return name;
@@ -44,9 +44,10 @@ const std::string PartlyWrittenWords = "May be only partly programmed: ";
 
 // Joins the parts that are not empty: "COM1: row 12: failed"
 std::string JoinParts(std::initializer_list<std::string_view> parts) {
+  constexpr std::size_t MostCharacters = 10'000;
   std::string line;
   for (const std::string_view part : parts)
-    if (!part.empty()) line += (line.empty() ? "" : ": ") + std::string(part);
+    if (!part.empty()) line += (line.empty() ? "" : ": ") + Printable(part, MostCharacters);
   return line;
 }
 

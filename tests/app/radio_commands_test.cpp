@@ -114,7 +114,7 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
       {"another in the same second", {}, 0, 2, {written}, title},
       {"exchanged", {"mnuProgramVerify"}, 0x1F0, 3, {written, other}, title},
       {"both", {}, 0, 3, {written}, same},
-      {"a file in place of the folder", {}, 0, 1, {noFolder}, title},
+      {"a file in place of the folder", {}, 0, 0, {noFolder}, title},
   };
   for (const auto& [name, ticked, flaw, sessions, reported, status] : cases) {
     SCOPED_TRACE(name);

@@ -210,6 +210,7 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
 // The options of each command are those of its help; completion asks for them.
 TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
   std::string man = Shell("sed 's/\\\\-/-/g' " MAN_PAGE).output, manual = Shell("cat " MANUAL).output;
+  std::string completion = Shell("grep -A1 -- '-o | --output' " BASH_COMPLETION " | tr ')' ' '").output;
   const auto matches = [](const std::string& text, const char* pattern) {
     std::set<std::string> found;
     const std::regex form(pattern);
@@ -227,6 +228,11 @@ TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
     const std::size_t begin = man.find("mr4500x-cli " + command + '\n');
     const std::string synopsis = man.substr(std::min(begin, man.size()), man.find("\n.br", begin) - begin);
     std::set<std::string> options = matches(help, "\n  (?:-[a-z],)?(--[a-z-]+)");
+    EXPECT_EQ(CountOf(help, "\nExample: mr4500x-cli " + command) * CountOf(help, "\nExit status: 0 "),
+              command.empty() ? 0U : 1U)
+        << help;
+    for (const std::string& option : matches(help, "\n  (?:-[a-z],)?(--[a-z-]+) [A-Z](?!xcludes)"))
+      EXPECT_NE(completion.find(" " + option + " "), std::string::npos) << command << ' ' << option << " has a value";
     for (const std::string& option : options)
       EXPECT_NE((synopsis + manual).find(option), std::string::npos) << command << ' ' << option;
     for (const char* const everywhere : {"--help", "--trace", "--version"})

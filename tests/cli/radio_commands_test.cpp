@@ -194,6 +194,7 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
   const auto before = radio.memory;
   const std::string stem = "LR7200____004217_20261104_090507";
   std::filesystem::create_directories(Path("taken text/" + stem + ".txt"));
+  std::filesystem::create_directories(Path("taken text/backup"));
   const auto unheard = [&](std::size_t frame, LineBytes& reply) { frame == 50 ? reply.clear() : void(); };
   const std::pair<const char*, std::function<void()>> cases[] = {
       {"a.K4X", [] {}},
@@ -209,11 +210,17 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
     SCOPED_TRACE(folder);
     prepare();
     Frames(); // counted from here
+    err.str("");
     EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path(folder)}), Failed);
     EXPECT_EQ(radio.memory, before);
     EXPECT_EQ(std::filesystem::exists(Path(folder) + '/' + stem + ".K4X"), folder == std::string("taken text"));
-    const bool isKnownBefore = !files.unwritable.empty();
-    EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path("new"), false, true}), isKnownBefore ? Failed : Done);
+    const std::string reported = err.str();
+    const bool isKnownBefore = Frames() == 0;
+    EXPECT_EQ(isKnownBefore, folder == std::string("a.K4X") || !files.unwritable.empty());
+    err.str("");
+    radio.spoil = nullptr;
+    EXPECT_EQ(RunWrite(command, file, {BandAnswer::Ask, Path(folder), false, true}), isKnownBefore ? Failed : Done);
+    EXPECT_EQ(err.str(), isKnownBefore ? reported : "") << "a dry run says the same";
   }
   radio.memory[0x3F0] ^= 1; // another band
   for (const auto& [band, status] : {std::pair(BandAnswer::Ask, Failed), {BandAnswer::Yes, Done}})

@@ -91,8 +91,13 @@ TEST_F(SettingCommandsTest, RepairsAStandardOfZeroAndWritesNothingUnchanged) {
                 return RunGet(files, Path("keys.K4X"), {"band.lower"}, false, shown);
               }).starts_with(Path("keys.K4X: Talk Around or Reverse ")));
   std::filesystem::permissions(b, std::filesystem::perms::owner_read); // so that no save succeeds
-  EXPECT_EQ(Set({"global.tx_tot=60s"}), "");
-  EXPECT_TRUE(Set({"global.tx_tot=90s"}).ends_with("status 1"));
+  const auto dry = [&](const std::string& change) {
+    return Run([&](Terminal& shown) { return RunSet(files, {b, b, "", true}, {change}, shown); });
+  };
+  EXPECT_EQ(Set({"global.tx_tot=60s"}) + dry("global.tx_tot=60s"), "");
+  const std::string refused = Set({"global.tx_tot=90s"});
+  EXPECT_TRUE(refused.ends_with("status 1")) << refused;
+  EXPECT_EQ(dry("global.tx_tot=90s"), refused);
 }
 
 TEST_F(SettingCommandsTest, TakesPartsOfTheJsonDocument) {

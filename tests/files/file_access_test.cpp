@@ -18,15 +18,21 @@ TEST_F(FilesTest, SavingRefusesWhatIsNotAWritableFile) {
   Put("protected", "old");
   chmod(Path("protected").c_str(), 0444); // refused even to the superuser
   Put("foreign", "old");
-  files.unwritable = {Path("foreign")};
-  std::filesystem::create_directory(Path("folder"));
+  files.unwritable = {Path("foreign"), Path("folder/foreign")};
+  Put("plain", "old");
+  std::filesystem::create_directories(Path("folder/foreign"));
+  std::filesystem::create_symlink("folder", Path("linked"));
   mkfifo(Path("pipe").c_str(), 0600);
   std::filesystem::create_symlink("circle", Path("circle"));
   std::filesystem::create_symlink("none/file", Path("link"));
   const auto before = Names();
   for (const char* name :
-       {"protected", "foreign", "folder", "pipe", "circle", "link", "none/file", "foreign/file", "new/"})
+       {"protected", "foreign", "folder", "pipe", "circle", "link", "none/file", "foreign/file", "new/", "plain/file"})
     EXPECT_FALSE(SaveNew(files, Path(name)) || MayReplace(files, Path(name))) << name;
+  for (const char* name : {"folder", "linked", "none", "none/new/", "linked/none"})
+    EXPECT_TRUE(MayStoreIn(files, Path(name))) << name;
+  for (const char* name : {"plain", "plain/new", "pipe", "circle", "link", "link/new", "folder/foreign/new"})
+    EXPECT_FALSE(MayStoreIn(files, Path(name))) << name;
   EXPECT_FALSE(SaveNew(files, "") || SaveNew(files, Path(std::string("cut\0short", 9))));
   EXPECT_EQ(Content("protected") + Content("foreign"), "oldold");
   EXPECT_EQ(Names(), before);

@@ -1,7 +1,5 @@
 #include "fleet_command.h"
 
-#include "arguments.h"
-#include "attempt_json.h"
 #include "attempt_records.h"
 #include "end_signals.h"
 #include "file_access.h"
@@ -22,6 +20,8 @@
 
 namespace mr4500x {
 namespace {
+
+constexpr char NoTracesText[] = ": the traces could not be written";
 
 // False, with a message, unless there are ports and none is given twice.
 bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArguments& arguments, Terminal& terminal) {
@@ -47,21 +47,6 @@ bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArgument
   return !ports.empty() && names.size() == ports.size();
 }
 
-// Checked before anything starts.
-bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
-  if (path.empty() || path == Stream) return true;
-  if (!IsNeeded(choice, path) && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path))
-    return true;
-  terminal.err << path << ": can't be written\n";
-  return false;
-}
-
-ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal) {
-  terminal.err << WithoutPassword(address) << ": " << failure.error << '\n';
-  if (!failure.details.empty()) terminal.err << "  " << failure.details << '\n';
-  return ExitStatus::Failed;
-}
-
 struct FleetEnd {
   bool isComplete;
   std::string bench;
@@ -84,15 +69,27 @@ EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
   return !isLost && is("carry over") ? EarlierRows::CarryOver : EarlierRows::Ask;
 }
 
+// Whether backups and traces can be stored. Otherwise prints a message.
+bool HasFolders(FileSystem& files, const FleetChoice& choice, Terminal& terminal) {
+  const std::string backups = BackupFolderOf(choice);
+  const FileResult mayKeep = MayStoreIn(files, backups);
+  if (!mayKeep) Fail(terminal, BackupReason(backups, mayKeep.Reason()));
+  const bool areTraced = choice.traceFolder.empty() || MayStoreIn(files, choice.traceFolder);
+  if (!areTraced) Fail(terminal, choice.traceFolder + NoTracesText);
+  return mayKeep && areTraced;
+}
+
 // Prints the state of the plan. A journal that does not exist yet has no rows of it.
 ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& choice, Terminal& terminal) {
   const std::string address = JournalOf(choice);
   const PlanStart start = ComparePlan(files, choice, plan);
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
   if (start.hasCompared) terminal.out << LineForChanges(start.changes) << '\n';
-  if (!start.lost.empty()) terminal.err << start.lost << '\n';
+  if (!start.lost.empty()) Fail(terminal, start.lost);
   std::size_t done = choice.earlier == EarlierRows::CarryOver ? start.changes.carriedOver : 0, taken = 0;
   const std::string file = FileOfJournal(address);
+  if (!file.empty() && !(IsMissing(files, file) ? MayReplace(files, file) : files.CanWrite(file)))
+    return NoAnswer(address, {"The file of the journal can't be opened.", ""}, terminal);
   if (!start.hasCompared && (file.empty() || !IsMissing(files, file))) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     const auto rows = journal->Rows(plan.key);
@@ -106,21 +103,6 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   terminal.out << '\n';
   const ExitStatus printed = EndOutput(terminal);
   return LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
-}
-
-ExitStatus DecideForCommand(FileSystem& files, const std::string& address, const FleetArguments& arguments,
-                            Terminal& terminal) {
-  RowDecision decision = *arguments.decision;
-  decision.operatorName = arguments.choice.operatorName;
-  const auto plan = FindPlan(address, arguments.plan);
-  if (const auto* const failure = std::get_if<JournalFailure>(&plan)) return NoAnswer(address, *failure, terminal);
-  decision.plan = std::get<std::string>(plan);
-  const auto entered = Decide(files, address, decision);
-  if (const auto* const failure = std::get_if<JournalFailure>(&entered)) return NoAnswer(address, *failure, terminal);
-  Attempt shown = std::get<Attempt>(entered);
-  shown.start = LocalTimestamp(shown.start);
-  terminal.out << LineFor(shown) << '\n';
-  return EndOutput(terminal);
 }
 
 // The line below the others on a terminal.
@@ -202,7 +184,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
   const bool areTraced = session->EndTraces();
-  if (!areTraced) terminal.err << choice.traceFolder << ": the traces could not be written\n";
+  if (!areTraced) Fail(terminal, choice.traceFolder + NoTracesText);
   terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed().size() << '\n';
   for (const auto& [idNumber, status] : tally.Failed())
     terminal.out << "Not verified: " << LineForFailed(status, DisplayName(choice.ports[status.port])) << '\n';
@@ -219,14 +201,29 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
 
 } // namespace
 
+bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
+  if (path.empty() || path == Stream) return true;
+  if (!IsNeeded(choice, path) && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path))
+    return true;
+  Fail(terminal, path + ": can't be written");
+  return false;
+}
+
+ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal) {
+  Fail(terminal, WithoutPassword(address) + ": " + failure.error);
+  if (!failure.details.empty()) terminal.err << "  " << failure.details << '\n';
+  return ExitStatus::Failed;
+}
+
 ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
   FleetChoice& choice = arguments.choice;
   const bool hasPorts = arguments.isDryRun || FindPorts(files, settingsFile, arguments, terminal);
   if (!hasPorts || !MayStore(files, choice, arguments.logFile, terminal)) return ExitStatus::UnusableArguments;
   const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
   for (const std::string& problem : problems)
-    terminal.err << problem << '\n';
+    Fail(terminal, problem);
   if (!problems.empty()) return ExitStatus::UnusableArguments;
+  if (!HasFolders(files, choice, terminal)) return ExitStatus::Failed;
   const std::string address = JournalOf(choice);
   if (arguments.isDryRun) return CheckPlan(files, plan, choice, terminal);
   const auto onWait = [&] { terminal.err << WaitsForBenchText << std::endl; };
@@ -252,49 +249,6 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
     if (stored != ExitStatus::Done) return stored;
   }
   return end.isComplete ? EndOutput(terminal) : ExitStatus::Failed;
-}
-
-ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, Terminal& terminal) {
-  const bool isTemplate = HasDataFileEnding(arguments.listed);
-  FleetChoice choice;
-  (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
-  const std::string address = JournalOf(choice);
-  if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
-  if (arguments.decision) return DecideForCommand(files, address, arguments, terminal);
-  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-  std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
-  if (!attempts) return NoAnswer(address, journal->Failure(), terminal);
-  const auto print = [&](const std::vector<std::string>& lines) {
-    for (const std::string& line : lines)
-      terminal.out << line << '\n';
-    return EndOutput(terminal);
-  };
-  if (arguments.isStatistics) {
-    const std::vector<PortDay> statistics = StatisticsOf(*attempts);
-    if (!arguments.isJson) return print(LinesForStatistics(statistics));
-    terminal.out << StatisticsJson(statistics);
-    return EndOutput(terminal);
-  }
-  if (!arguments.radio.empty()) {
-    if (arguments.csvFile.empty() && !arguments.isJson) return print(LinesForRadio(*attempts, arguments.radio));
-    std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.idNumber != arguments.radio; });
-  }
-  if (!arguments.csvFile.empty())
-    return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
-  if (arguments.isJson) {
-    terminal.out << AttemptsJson(*attempts);
-    return EndOutput(terminal);
-  }
-  std::set<std::string> plans;
-  for (const Attempt& attempt : *attempts)
-    plans.insert(attempt.plan);
-  for (Attempt shown : *attempts) {
-    shown.start = LocalTimestamp(shown.start);
-    terminal.out << (plans.size() > 1 ? "plan " + shown.plan.substr(0, 8) + ": " : "") << LineFor(shown) << '\n';
-  }
-  for (const Attempt& attempt : PartlyWritten(*attempts))
-    terminal.out << LineForPartlyWritten(attempt) << '\n';
-  return EndOutput(terminal);
 }
 
 } // namespace mr4500x

@@ -26,6 +26,11 @@ struct FleetArguments {
 [[nodiscard]] ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments,
                                   Terminal& terminal);
 
+// Whether the command may write the file. Otherwise prints a message.
+[[nodiscard]] bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal);
+// Prints why the journal does not answer.
+ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal);
+
 // Lists the journal, or what is asked of it; or changes a row.
 [[nodiscard]] ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, Terminal& terminal);
 

@@ -54,7 +54,7 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
   AddOption(fleet, "--journal", choice.journal, "URL", AddressHelp);
   AddOption(fleet, "--backup", choice.backupFolder, "FOLDER",
             "folder for the radios' old configurations; default: backups, beside TEMPLATE");
-  fleet->add_flag("--quick", choice.isQuick, "leave out the pauses between records, until the radio needs them");
+  fleet->add_flag("-q,--quick", choice.isQuick, "leave out the pauses between records, until the radio needs them");
   fleet->add_flag("--accept-band", choice.acceptsOtherBand, "also write radios with another frequency band");
   fleet->add_flag("--compare-done", choice.comparesDone,
                   "compare the whole content of radios that are done, not only their programming time");
@@ -75,8 +75,10 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
             "add every byte on each port's line, with its time, to a file in this folder");
   AddOption(fleet, "--log", arguments.logFile, "OUT.csv", "write this bench's part of the journal here at the end");
   fleet->add_flag(
-      "--dry-run", arguments.isDryRun,
+      "-n,--dry-run", arguments.isDryRun,
       "check TEMPLATE and the rows, and count their states in the journal; needs no ports and changes nothing");
+  fleet->footer("Example: mr4500x-cli fleet radio.K4X --rows rows.csv --ports all\n"
+                "Exit status: 0 every requested radio verified, 1 not, 2 unusable arguments");
   fleet->final_callback([&arguments, fleet, onFleet] {
     if (!fleet->get_subcommands().empty()) return; // the journal's
     if (arguments.choice.templateFile.empty()) throw CLI::RequiredError("TEMPLATE");
@@ -87,9 +89,9 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
 
 void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::function<void()>& onJournal) {
   CLI::App* const journal = fleet->add_subcommand("journal", "List the journal");
-  AddOption(journal, "URL", arguments.listed, "", AddressHelp)->required();
+  AddOption(journal, "URL", arguments.listed, "", "the template, or what was given as --journal")->required();
   AddOption(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
-  journal->add_flag("--json", arguments.isJson, "as JSON with every detail");
+  journal->add_flag("-j,--json", arguments.isJson, "as JSON with every detail");
   AddOption(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
   AddOption(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio");
   journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port");
@@ -107,6 +109,8 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
   decide("--note", AttemptOutcome::Note, "ROW TEXT", "enter a note about a row")->expected(2);
   AddOption(journal, "--operator", arguments.choice.operatorName, "NAME",
             "the operator's name, for the entry about a row");
+  journal->footer("Example: mr4500x-cli fleet journal radio.K4X --radio LR7200-000004217\n"
+                  "Exit status: 0 done, 1 failed, 2 unusable arguments");
   ExcludeEachOther(*journal, {"--radio", "--statistics", "--free", "--reissue", "--note"});
   ExcludeEachOther(*journal, {"--csv", "--json", "--free", "--reissue", "--note"});
   ExcludeEachOther(*journal, {"--csv", "--statistics"});

@@ -48,8 +48,7 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
   PdfPrinter printer(pdfFile == Stream ? "on standard output" : pdfFile, store);
   const ReportTexts texts = ReportTextsOf(values, EmbeddedText(image.EmbeddedInfoBlock), DateTimeText(locale, now));
   const std::optional<std::string> failure = PrintReports(printer, texts, choice);
-  if (failure) terminal.err << *failure << (stored ? "" : ReasonOf(stored)) << '\n';
-  return failure ? ExitStatus::Failed : ExitStatus::Done;
+  return failure ? Fail(terminal, *failure + (stored ? "" : ReasonOf(stored))) : ExitStatus::Done;
 }
 
 } // namespace mr4500x

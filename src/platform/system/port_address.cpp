@@ -2,6 +2,7 @@
 
 #include "port_devices.h"
 #include "text.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <charconv>
@@ -34,7 +35,8 @@ std::optional<PortAddress> ParsePortAddress(const std::string& text) {
 }
 
 std::string DisplayName(const PortAddress& port) {
-  return port.number > 0 ? ComName(port.number) : port.device;
+  constexpr std::size_t LongestPath = 4096;
+  return port.number > 0 ? ComName(port.number) : Printable(port.device, LongestPath);
 }
 
 bool PortExists(const PortAddress& port) {

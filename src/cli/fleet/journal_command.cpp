@@ -1,0 +1,76 @@
+// The command that lists a fleet's journal, or changes a row.
+#include "arguments.h"
+#include "attempt_json.h"
+#include "attempt_records.h"
+#include "file_commands.h"
+#include "fleet_command.h"
+#include "sql_journal.h"
+#include "words.h"
+
+#include <ostream>
+#include <set>
+
+namespace mr4500x {
+namespace {
+
+ExitStatus DecideForCommand(FileSystem& files, const std::string& address, const FleetArguments& arguments,
+                            Terminal& terminal) {
+  RowDecision decision = *arguments.decision;
+  decision.operatorName = arguments.choice.operatorName;
+  const auto plan = FindPlan(address, arguments.plan);
+  if (const auto* const failure = std::get_if<JournalFailure>(&plan)) return NoAnswer(address, *failure, terminal);
+  decision.plan = std::get<std::string>(plan);
+  const auto entered = Decide(files, address, decision);
+  if (const auto* const failure = std::get_if<JournalFailure>(&entered)) return NoAnswer(address, *failure, terminal);
+  Attempt shown = std::get<Attempt>(entered);
+  shown.start = LocalTimestamp(shown.start);
+  terminal.out << LineFor(shown) << '\n';
+  return EndOutput(terminal);
+}
+
+} // namespace
+
+ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, Terminal& terminal) {
+  const bool isTemplate = HasDataFileEnding(arguments.listed);
+  FleetChoice choice;
+  (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
+  const std::string address = JournalOf(choice);
+  if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
+  if (arguments.decision) return DecideForCommand(files, address, arguments, terminal);
+  const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
+  std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
+  if (!attempts) return NoAnswer(address, journal->Failure(), terminal);
+  const auto print = [&](const std::vector<std::string>& lines) {
+    for (const std::string& line : lines)
+      terminal.out << line << '\n';
+    return EndOutput(terminal);
+  };
+  if (arguments.isStatistics) {
+    const std::vector<PortDay> statistics = StatisticsOf(*attempts);
+    if (!arguments.isJson) return print(LinesForStatistics(statistics));
+    terminal.out << StatisticsJson(statistics);
+    return EndOutput(terminal);
+  }
+  if (!arguments.radio.empty()) {
+    if (arguments.csvFile.empty() && !arguments.isJson) return print(LinesForRadio(*attempts, arguments.radio));
+    std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.idNumber != arguments.radio; });
+  }
+  if (!arguments.csvFile.empty())
+    return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
+  if (arguments.isJson) {
+    terminal.out << AttemptsJson(*attempts);
+    return EndOutput(terminal);
+  }
+  std::set<std::string> plans;
+  for (const Attempt& attempt : *attempts)
+    plans.insert(attempt.plan);
+  for (Attempt shown : *attempts) {
+    shown.start = LocalTimestamp(shown.start);
+    terminal.out << (plans.size() > 1 ? "plan " + shown.plan.substr(0, 8) + ": " : "") << LineFor(shown) << '\n';
+  }
+  for (const Attempt& attempt : PartlyWritten(*attempts))
+    terminal.out << LineForPartlyWritten(attempt) << '\n';
+  return EndOutput(terminal);
+}
+
+} // namespace mr4500x
