@@ -88,7 +88,8 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   if (!start.lost.empty()) Fail(terminal, start.lost);
   std::size_t done = choice.earlier == EarlierRows::CarryOver ? start.changes.carriedOver : 0, taken = 0;
   const std::string file = FileOfJournal(address);
-  if (!file.empty() && !(IsMissing(files, file) ? MayReplace(files, file) : files.CanWrite(file)))
+  const bool mayWrite = IsMissing(files, file) || files.CanWrite(file);
+  if (!file.empty() && !(mayWrite && MayReplace(files, file + "-wal"))) // a bench also writes beside it
     return NoAnswer(address, {"The file of the journal can't be opened.", ""}, terminal);
   if (!start.hasCompared && (file.empty() || !IsMissing(files, file))) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
@@ -201,12 +202,13 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
 
 } // namespace
 
-bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
-  if (path.empty() || path == Stream) return true;
-  if (!IsNeeded(choice, path) && !LeadsToDataFile(files, choice.templateFile, path) && MayReplace(files, path))
-    return true;
-  Fail(terminal, path + ": can't be written");
-  return false;
+ExitStatus MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
+  if (path.empty() || path == Stream) return ExitStatus::Done;
+  if (IsNeeded(choice, path)) return Refuse(terminal, path + ": is used by the same command, so it can't be replaced");
+  if (LeadsToDataFile(files, choice.templateFile, path))
+    return Refuse(terminal, path + ": OUT.csv must not be a data file");
+  const FileResult mayReplace = MayReplace(files, path);
+  return mayReplace ? ExitStatus::Done : Fail(terminal, path + ": can't be written" + ReasonOf(mayReplace));
 }
 
 ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal) {
@@ -217,8 +219,10 @@ ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, T
 
 ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments, Terminal& terminal) {
   FleetChoice& choice = arguments.choice;
-  const bool hasPorts = arguments.isDryRun || FindPorts(files, settingsFile, arguments, terminal);
-  if (!hasPorts || !MayStore(files, choice, arguments.logFile, terminal)) return ExitStatus::UnusableArguments;
+  const bool needsPorts = !arguments.isDryRun || !arguments.ports.empty();
+  if (needsPorts && !FindPorts(files, settingsFile, arguments, terminal)) return ExitStatus::UnusableArguments;
+  const ExitStatus mayStore = MayStore(files, choice, arguments.logFile, terminal);
+  if (mayStore != ExitStatus::Done) return mayStore;
   const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
   for (const std::string& problem : problems)
     Fail(terminal, problem);
@@ -238,7 +242,9 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   if (start.hasCompared && choice.earlier != EarlierRows::StartOver)
     terminal.err << LineForChanges(start.changes) << std::endl;
 
-  const FleetEnd end = RunBench(files, settingsFile, plan, choice, terminal);
+  Terminal shown{arguments.logFile == Stream ? terminal.err : terminal.out, terminal.err, terminal.in,
+                 terminal.answersQuestions, terminal.showsProgress};
+  const FleetEnd end = RunBench(files, settingsFile, plan, choice, shown);
   if (!arguments.logFile.empty()) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);

@@ -15,7 +15,7 @@ struct FleetArguments {
   std::string listed; // the journal's address, or a template
   std::string csvFile;
   bool isJson = false;
-  std::string plan;                    // the key of the only plan to list; its beginning, to change a row
+  std::string plan;                    // the beginning of its key
   std::optional<RowDecision> decision; // without plan and operator
   std::string radio;                   // identity number
   bool isStatistics = false;
@@ -26,8 +26,9 @@ struct FleetArguments {
 [[nodiscard]] ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArguments arguments,
                                   Terminal& terminal);
 
-// Whether the command may write the file. Otherwise prints a message.
-[[nodiscard]] bool MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal);
+// Done if the command may write the file. Otherwise prints a message.
+[[nodiscard]] ExitStatus MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path,
+                                  Terminal& terminal);
 // Prints why the journal does not answer.
 ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal);
 

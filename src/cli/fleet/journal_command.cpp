@@ -5,6 +5,7 @@
 #include "file_commands.h"
 #include "fleet_command.h"
 #include "sql_journal.h"
+#include "utf8.h"
 #include "words.h"
 
 #include <ostream>
@@ -13,13 +14,11 @@
 namespace mr4500x {
 namespace {
 
-ExitStatus DecideForCommand(FileSystem& files, const std::string& address, const FleetArguments& arguments,
-                            Terminal& terminal) {
+ExitStatus DecideForCommand(FileSystem& files, const std::string& address, const std::string& plan,
+                            const FleetArguments& arguments, Terminal& terminal) {
   RowDecision decision = *arguments.decision;
+  decision.plan = plan;
   decision.operatorName = arguments.choice.operatorName;
-  const auto plan = FindPlan(address, arguments.plan);
-  if (const auto* const failure = std::get_if<JournalFailure>(&plan)) return NoAnswer(address, *failure, terminal);
-  decision.plan = std::get<std::string>(plan);
   const auto entered = Decide(files, address, decision);
   if (const auto* const failure = std::get_if<JournalFailure>(&entered)) return NoAnswer(address, *failure, terminal);
   Attempt shown = std::get<Attempt>(entered);
@@ -35,14 +34,19 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   FleetChoice choice;
   (isTemplate ? choice.templateFile : choice.journal) = arguments.listed;
   const std::string address = JournalOf(choice);
-  if (!MayStore(files, choice, arguments.csvFile, terminal)) return ExitStatus::UnusableArguments;
-  if (arguments.decision) return DecideForCommand(files, address, arguments, terminal);
+  const ExitStatus mayStore = MayStore(files, choice, arguments.csvFile, terminal);
+  if (mayStore != ExitStatus::Done) return mayStore;
+  const PlanChoice planChoice = arguments.decision ? PlanChoice::One : PlanChoice::AnyOrAll;
+  const auto found = FindPlan(address, arguments.plan, planChoice);
+  if (const auto* const failure = std::get_if<JournalFailure>(&found)) return NoAnswer(address, *failure, terminal);
+  const std::string& plan = std::get<std::string>(found);
+  if (arguments.decision) return DecideForCommand(files, address, plan, arguments, terminal);
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-  std::optional<std::vector<Attempt>> attempts = journal->Attempts(arguments.plan);
+  std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan);
   if (!attempts) return NoAnswer(address, journal->Failure(), terminal);
   const auto print = [&](const std::vector<std::string>& lines) {
     for (const std::string& line : lines)
-      terminal.out << line << '\n';
+      terminal.out << Printable(line, line.size()) << '\n';
     return EndOutput(terminal);
   };
   if (arguments.isStatistics) {

@@ -92,7 +92,7 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
   AddOption(journal, "URL", arguments.listed, "", "the template, or what was given as --journal")->required();
   AddOption(journal, "--csv", arguments.csvFile, "OUT.csv", "as CSV with every detail; - for standard output");
   journal->add_flag("-j,--json", arguments.isJson, "as JSON with every detail");
-  AddOption(journal, "--plan", arguments.plan, "KEY", "only the plan with this key, which the CSV has");
+  AddOption(journal, "--plan", arguments.plan, "KEY", "only the plan whose key begins so; the CSV has the keys");
   AddOption(journal, "--radio", arguments.radio, "NUMBER", "all that is known of one radio");
   journal->add_flag("--statistics", arguments.isStatistics, "yield and mean time, by day and port");
   const auto decide = [&](const char* name, AttemptOutcome outcome, const char* type, const char* about) {

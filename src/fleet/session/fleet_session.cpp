@@ -119,7 +119,7 @@ bool IsNeeded(const FleetChoice& choice, const std::string& path) {
   const std::string needed[] = {choice.templateFile, choice.rowsFile, journal, journal + "-wal", journal + "-shm"};
   return std::ranges::any_of(needed, [&](const std::string& file) {
     std::error_code unknown; // set for a missing file
-    return std::filesystem::equivalent(PathOf(file), PathOf(path), unknown);
+    return OwnPath(file) == OwnPath(path) || std::filesystem::equivalent(PathOf(file), PathOf(path), unknown);
   });
 }
 
@@ -144,7 +144,10 @@ PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldText
     rows = list.text;
   }
   if (!problems.empty()) return {{}, problems};
-  return MakePlan(image, nameOf(choice.templateFile), rows, texts, Sha256Of);
+  PlanCheck check = MakePlan(image, nameOf(choice.templateFile), rows, texts, Sha256Of);
+  for (std::string& problem : check.problems) // a window shows the list's name
+    if (input != nullptr && problem.starts_with("line ")) problem = nameOf(choice.rowsFile) + ' ' + problem;
+  return check;
 }
 
 std::string DeviceOf(FileSystem& files, const std::string& settingsFile, const PortAddress& port) {

@@ -23,7 +23,7 @@ enum class PlanChoice : std::uint8_t { One, AnyOrAll };
 // The key of the only plan whose key begins so. If `begin` is empty: for One the plan that was begun last, if all have
 // the same template, and for AnyOrAll "".
 [[nodiscard]] std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin,
-                                                                 PlanChoice choice = PlanChoice::One);
+                                                                 PlanChoice choice);
 
 // All that is known of a radio, a line each. The attempts are those of all plans.
 [[nodiscard]] std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber);
