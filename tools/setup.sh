@@ -17,7 +17,7 @@ need_packages() {
   as_root=""
   if [ "$(id -u)" -ne 0 ]; then
     if ! command -v sudo >/dev/null 2>&1; then
-      echo "These packages are missing; ask somebody with administrator rights to install them:$missing" >&2
+      echo "These packages are missing; ask an administrator to install them:$missing" >&2
       exit 1
     fi
     as_root=sudo

@@ -132,7 +132,7 @@ TEST(QtProgressView, ShowsTheShareThatIsDone) {
   }
 }
 
-// As when the program crashes.
+// The program ends as in a crash, without a signal to its child.
 TEST(ChildProcess, EndsWithTheProgram) {
   int ends[2] = {};
   ASSERT_EQ(pipe(ends), 0);

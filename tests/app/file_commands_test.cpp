@@ -108,7 +108,7 @@ TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
       {"elsewhere", "mnuFileSaveAs", "c.K4X", {"dialog Save As"}, "a.K4X", "c.K4X"},
       {"once more", "mnuFileSave", {}, {}, "a.K4X", "c.K4X"},
   };
-  constexpr std::size_t firstFlags = 73; // byte 0 of channel 1; those of the others follow
+  constexpr std::size_t firstFlags = 73; // byte 0 of channel 1; the other channels' flags follow
   std::string title(ProgramTitle);
   for (std::size_t channel = 1; const auto& [name, command, chosen, effect, proposed, written] : cases) {
     SCOPED_TRACE(name);
@@ -155,7 +155,7 @@ TEST_F(ProgramTest, OpensFilesAndRemembersThemUntilTheyAreMissing) {
   EXPECT_EQ(window->Image().ChannelBlock(0, 1), 0x21);
   EXPECT_EQ(desktop.lastQuestion.filter, "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y");
   EXPECT_EQ(desktop.lastQuestion.folder, Path(""));
-  const std::string a = Path("a && b.K4X"), c = Path("c.K4X"); // a doubled & is no access key
+  const std::string a = Path("a && b.K4X"), c = Path("c.K4X"); // a doubled & is not an access key
   EXPECT_EQ(Recent(), (Lines{" 1 " + c, " 2 " + a}));
   Choose("mnuRecent(2)");
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));

@@ -18,7 +18,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-// As much of JSON Schema as the file uses; the place that does not fit, "" if all does.
+// Knows the parts of JSON Schema that the file uses. Returns the place that does not fit, "" if all does.
 class Schema {
 public:
   Schema() {

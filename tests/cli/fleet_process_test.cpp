@@ -92,7 +92,7 @@ TEST_F(FleetCommandTest, EntriesThatAMovedJournalMissesAreAddedLater) {
   std::filesystem::rename(Path("a.moved"), Path("a.journal"));
   EXPECT_EQ(Shell(fleet).status, 0);
   EXPECT_EQ(CountOf(Cli("fleet journal " + file).output, "row 1, Car 1, radio LR-1: verified\n"), 1U);
-  // The same from another radio: its number and the last digit of its key differ.
+  // Another radio now claims the row: its number and the last digit of its key differ.
   Shell("awk -F, -v OFS=, 'NR > 1 { sub(/LR-1/, \"LR-9\"); $15 = $15 \"9\" } { print }' " + Path("late.csv >") + late);
   const Ended conflict = Shell(fleet);
   EXPECT_EQ(conflict.status, 1);

@@ -207,7 +207,7 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
   EndRadio();
 }
 
-// The options of each command are those of its help; completion asks for them.
+// The help lists the options of each command, and completion asks for them.
 TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
   std::string man = Shell("sed 's/\\\\-/-/g' " MAN_PAGE).output, manual = Shell("cat " MANUAL).output;
   std::string completion = Shell("grep -A1 -- '-o | --output' " BASH_COMPLETION " | tr ')' ' '").output;

@@ -19,7 +19,7 @@ struct HistoryTest : ChannelTest {
     Encode(panel.Shown(), bytes, texts);
     return bytes;
   }
-  Lines reported; // in passing
+  Lines reported; // in the status bar
   QMetaObject::Connection listening =
       QObject::connect(&panel, &EditorPanel::StatusMessage, &panel,
                        [this](const QString& text) { reported.push_back(text.toStdString()); });

@@ -143,7 +143,7 @@ TEST_F(PanelTest, AClickThatRaisesAMessageStillCounts) {
   }
 }
 
-// As on a small screen: the last cell comes into view, and so do the labels of its row and column.
+// On a small screen the last cell comes into view, and so do the labels of its row and column.
 TEST_F(PanelTest, TheCurrentCellKeepsItsLabelsInAScrolledPanel) {
   QScrollArea area;
   area.setWidget(&panel);

@@ -10,7 +10,7 @@
 namespace mr4500x {
 namespace {
 
-// As the accessibility guidelines of the web define it, from 1 to 21. A text needs 4.5.
+// Returns the contrast by the web's accessibility guidelines, from 1 to 21. A text needs 4.5.
 double Contrast(const QColor& one, const QColor& other) {
   const auto luminance = [](const QColor& colour) {
     const auto linear = [](double part) {
@@ -37,7 +37,7 @@ struct LooksTest : ChannelTest {
     const QRect last = table.visualItemRect(table.item(table.rowCount() - 1, table.columnCount() - 1));
     EXPECT_EQ(last.bottomRight(), table.viewport()->rect().bottomRight() - QPoint(1, 1)) << "the grid line";
   }
-  // The least is that of the olive which the design has on white.
+  // The design's olive on white has the lowest contrast.
   static void ExpectReadableCells(QTableWidget& table) {
     const QColor base = table.palette().color(QPalette::Base);
     const QPoint corner(1, 1); // of the first visible cell

@@ -54,7 +54,7 @@ protected:
   std::optional<std::string> File() {
     return std::filesystem::exists(Path("file")) ? std::optional(Content("file")) : std::nullopt;
   }
-  // Saves through a link, failing or killed at a call; false when the save has no such call.
+  // Saves through a link, failing or killed at a call; false when the save makes fewer calls.
   bool SaveWithFault(const Scene& scene, int call, bool killed) {
     FaultyFileSystem faulty;
     faulty.failAt = call;

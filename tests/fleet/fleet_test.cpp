@@ -208,7 +208,7 @@ TEST(FleetTest, EntriesThatALostDatabaseMissesAreAddedLater) {
     if (status.state != PortState::NoJournal) return;
     fleet.tables.isLost = false;
     fleet.tables.isFullOnce = true;                                        // after it has taken the entry
-    fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // meanwhile
+    fleet.tables.rows[0] = {1, "Truck 1", "", RowState::Done, "B", "R-9"}; // in the meantime
   };
   fleet.Run();
   const std::string steps = "IDENTIFYING, BACKUP, WRITING, VERIFYING, UNPLUG, ";

@@ -127,7 +127,7 @@ TEST(EmbeddedInfo, IsWrittenWithZerosAfterTheText) {
   Computer computer;
   computer.image.EmbeddedInfoBlock.length = 10;
   computer.image.EmbeddedInfoBlock.bytes[9] = 0x99;
-  computer.radio.identity[4] = 0x02; // another band is no matter
+  computer.radio.identity[4] = 0x02; // another band does not matter
   auto expected = computer.radio.memory;
   std::fill_n(expected.begin() + 0x210, 240, std::uint8_t{0});
   expected[0x219] = 0x99;

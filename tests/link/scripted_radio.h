@@ -120,7 +120,7 @@ struct Computer final : ExchangeObserver {
   Speed speed = Speed::Prescribed; // speed of Read and Write
   bool acceptsBand = false;
   bool canShow = true; // whether the editor can show what was read
-  // Of the last exchange:
+  // What the last exchange reported:
   int maximum = 0; // 0: it has not begun
   bool showsProgress = false;
   std::vector<int> values; // values of the progress

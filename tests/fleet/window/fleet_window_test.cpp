@@ -72,7 +72,7 @@ protected:
       radio->waitForFinished();
     }
   }
-  // Also those that open while another one is answered.
+  // Answers every dialog, even one that opens while another is answered.
   void WatchForDialogs() {
     QTimer::singleShot(5, &user, [this] {
       WatchForDialogs();

@@ -25,7 +25,7 @@ TEST(UserFolders, AreNeverInTheRootOrCurrentFolderWithoutAHome) {
     PrepareProcess();
     const char* const known = std::getenv("HOME");
     EXPECT_EQ(folder, std::string(known != nullptr ? known : "") + "/.local/state/MR4500X") << "Qt asks there";
-    EXPECT_EQ(std::getenv("XDG_CONFIG_HOME"), nullptr) << "Qt asks there, too";
+    EXPECT_EQ(std::getenv("XDG_CONFIG_HOME"), nullptr) << "Qt also asks there";
   }
   setenv("HOME", before.c_str(), 1);
 }
