@@ -212,7 +212,7 @@ std::string LostReason(const std::string& journal) {
 
 std::string RenamedReason(const std::string& journal) {
   return "This template has the journal " + journal +
-         " under another name. Choose that journal, or start over and give" + " all rows out again.";
+         " under another name or in another folder. Choose that journal, or start over and give all rows out again.";
 }
 
 std::string ChangedTemplateReason(const std::string& name) {

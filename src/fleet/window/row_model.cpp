@@ -19,7 +19,7 @@ struct Column {
 };
 
 // "0:12 ago"
-QString LastHeard(int seconds) {
+QString LastReport(int seconds) {
   if (seconds < 0) return {};
   return RowModel::tr("%1:%2 ago").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
@@ -31,7 +31,7 @@ constexpr std::array Columns = {
     Column{"Only for", [](const JournalRow& row) -> QVariant { return Shown(row.radio); }},
     Column{"Radio", [](const JournalRow& row) -> QVariant { return Shown(row.idNumber); }},
     Column{"Bench", [](const JournalRow& row) -> QVariant { return Shown(row.bench); }},
-    Column{"Last report", [](const JournalRow& row) -> QVariant { return LastHeard(row.silentFor); }},
+    Column{"Last report", [](const JournalRow& row) -> QVariant { return LastReport(row.silentFor); }},
 };
 
 QPixmap SignOf(RowState state) {
