@@ -9,6 +9,7 @@
 #include "port_address.h"
 #include "port_devices.h"
 #include "settings.h"
+#include "text.h"
 #include "traced_port.h"
 #include "utf8.h"
 
@@ -117,8 +118,9 @@ bool IsPort(const std::string& text) {
 }
 
 bool LooksLikePort(const std::string& text) {
+  const std::string lower = Lower(text);
   const bool isNumber = !text.empty() && !ParsePortAddress(text); // above 16
-  return isNumber || IsPort(text) || (text.starts_with("/dev/") && !HasDataFileEnding(text));
+  return isNumber || IsPort(text) || IsPort(lower) || (text.starts_with("/dev/") && !HasDataFileEnding(text));
 }
 
 ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioCommand&)>& run) {

@@ -123,6 +123,8 @@ private:
       row.embeddedInfo = cell;
       if (!text)
         Refuse(row.line, column, "", "not valid UTF-8");
+      else if (text->find(u'\0') != std::u16string::npos)
+        Refuse(row.line, column, "", "has a zero byte, which would end the text");
       else if (text->size() > MostEmbeddedCharacters)
         Refuse(row.line, column, "",
                std::to_string(text->size()) + " characters, allowed: " + std::to_string(MostEmbeddedCharacters));

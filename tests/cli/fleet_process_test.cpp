@@ -152,12 +152,20 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_EQ(CountOf(Cli(journal + " --statistics --json").output, "\"yield\": 1.0,"), 1U);
 
   // In a list without its row it gets another one.
-  Put("rows.csv", heading + "Car 4,446.1\n");
+  Put("rows.csv", heading + "Car 3,446.1\n");
   const Ended other = FleetOnTerminal(rows, "");
   EXPECT_EQ(other.status, 0) << other.output;
-  EXPECT_EQ(CountOf(other.output, "0 done carried over, 1 new, 0 changed\r\n"), 1U) << other.output;
+  EXPECT_EQ(CountOf(other.output, "0 done carried over, 0 new, 0 changed, 1 not done\r\n"), 1U) << other.output;
   EXPECT_GE(CountOf(other.output, "\n1 of 1\r\x1b[K"), 1U) << other.output;
-  EXPECT_EQ(CountOf(Cli(journal + " --radio LR-1").output, "Holds row 1, Car 4 since "), 1U);
+  EXPECT_EQ(CountOf(Cli(journal + " --radio LR-1").output, "Holds row 1, Car 3 since "), 1U);
+  // The list before it has that row left, too.
+  Put("rows.csv", heading + "Car 3,446.1\nCar 1,446.00625\nCar 2,446.2\n");
+  const Ended older = Fleet(rows);
+  EXPECT_EQ(older.status, 1);
+  EXPECT_TRUE(older.output.starts_with("From another list, radios already hold rows that this list has left: 1, such as"
+                                       " row 1, Car 3, radio LR-1. "))
+      << older.output;
+  EXPECT_EQ(Cli(dry + " --start-over").status, 0);
   Put("rows.csv", heading + "Car 1,446.00625\nCar 5,446.1\n");
   EXPECT_EQ(rowsOf(""), "0 done carried over, 1 new, 0 changed, 1 not done\n2 rows: 0 done, 0 taken, 2 free\n");
 

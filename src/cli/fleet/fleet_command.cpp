@@ -191,6 +191,8 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
     terminal.out << "Not verified: " << LineForFailed(status, DisplayName(choice.ports[status.port])) << '\n';
   for (const auto& [idNumber, status] : tally.PartlyWritten())
     terminal.out << LineForPartlyWritten(status) << '\n';
+  if (tally.Done() < choice.count)
+    terminal.err << "Verified: " << tally.Done() << " of " << choice.count << " requested radios.\n";
   const std::size_t pending = session->PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan.isEndless && choice.count < 0;
@@ -239,6 +241,8 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   }
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
   if (!start.isEntered) return ExitStatus::Failed; // something else changed while the user was asked
+  if (choice.earlier == EarlierRows::StartOver && !start.hasCompared && start.lost.empty())
+    terminal.err << "There is no earlier list, or it is the same: --start-over has no effect." << std::endl;
   if (start.hasCompared && choice.earlier != EarlierRows::StartOver)
     terminal.err << LineForChanges(start.changes) << std::endl;
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 #include <span>
 #include <utility>
 
@@ -60,6 +61,21 @@ PlanHead HeadOf(const Plan& plan) {
   return {plan.key, plan.name, plan.templateKey, UtcTimestamp()};
 }
 
+// For a plan that has begun before: its rows that are free, but that radios have got from a later plan.
+void CheckHeldElsewhere(PlanStart& start, const Plan& plan, Journal& journal, const std::vector<JournalRow>& others) {
+  if (plan.isEndless || others.empty()) return;
+  const auto rows = journal.Rows(plan.key);
+  if (!rows) return static_cast<void>(start.failure = journal.Failure());
+  std::set<std::size_t> free;
+  for (const JournalRow& row : *rows)
+    if (row.state == RowState::Free) free.insert(row.row);
+  std::vector<JournalRow> left = JournalRowsOf(plan);
+  std::erase_if(left, [&](const JournalRow& row) { return !free.contains(row.row); });
+  const PlanChanges held = CompareWithEarlier(std::move(left), others);
+  const auto first = std::ranges::find(held.rows, RowState::Done, &JournalRow::state);
+  if (first != held.rows.end()) start.lost = HeldElsewhereReason(held.carriedOver, *first);
+}
+
 PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan, Journal& journal) {
   PlanStart start;
   start.changes.rows = JournalRowsOf(plan);
@@ -68,7 +84,10 @@ PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan
     start.failure = journal.Failure();
     return start;
   }
-  if (std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end()) return start;
+  if (std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end()) {
+    CheckHeldElsewhere(start, plan, journal, history->rows);
+    return start;
+  }
   start.lost = LostJournal(files, choice, plan, *history);
   start.hasCompared = !plan.isEndless && !history->rows.empty();
   if (start.hasCompared) start.changes = CompareWithEarlier(std::move(start.changes.rows), history->rows);

@@ -11,7 +11,7 @@ struct PlanStart {
   bool isEntered = false;   // the bench can begin
   bool hasCompared = false; // the plan is new, but the journal has another one with its template
   PlanChanges changes;      // valid if hasCompared
-  std::string lost;         // why earlier done rows may be unknown; "" if there is no sign of that
+  std::string lost;         // why rows that radios hold may be given out again; "" if there is no sign of that
   JournalFailure failure{}; // if it has an error, nothing else is valid
   [[nodiscard]] bool NeedsAnswer() const { return !isEntered && failure.error.empty(); }
 };
