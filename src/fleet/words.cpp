@@ -3,7 +3,7 @@
 #include "attempt_records.h"
 #include "differences.h"
 #include "plan_changes.h"
-#include "text.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <array>
