@@ -276,8 +276,9 @@ private:
       main.showMinimized();
       main.showNormal();
     } else if (action == "remove") {
-      std::filesystem::remove(Path("new.K4X"));
-      std::filesystem::remove_all(Path("state"));
+      std::error_code ignored; // a copy may be written there at the same moment
+      std::filesystem::remove(Path("new.K4X"), ignored);
+      std::filesystem::remove_all(Path("state"), ignored);
     } else if (action == "close") {
       main.close();
     } else if (action == "quit") { // like the end of the session
