@@ -23,9 +23,7 @@ TEST_F(ProgramTest, RefusesFilesThatAreNotDataFiles) {
   for (const auto& [name, at, count, with, message, opens] : cases) {
     SCOPED_TRACE(name);
     Put("b.K4X", std::string(good).replace(at, count, with));
-    desktop.paths = {Path("b.K4X")};
-    Choose("mnuFileOpen");
-    EXPECT_EQ(Happened(), (Lines{"dialog Open", message}));
+    EXPECT_EQ(HappenedAt("mnuFileOpen", {}, "b.K4X"), (Lines{"dialog Open", message}));
     EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
     EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens);
   }
@@ -42,9 +40,8 @@ TEST_F(ProgramTest, AFileWithoutAStoredStandardKeepsTheOneThatItNames) {
     image.ResetTimeBlock[StandardByte] = 0;
     image.FiveToneStandard = named;
     PutDataFile("a.K4X");
-    desktop.paths = {Path("a.K4X")};
-    Choose("mnuFileOpen");
-    EXPECT_EQ(Happened(), (Lines{"dialog Open", "!|Data Error|Data occur error in the Radio, please re-set."}));
+    EXPECT_EQ(HappenedAt("mnuFileOpen", {}, "a.K4X"),
+              (Lines{"dialog Open", "!|Data Error|Data occur error in the Radio, please re-set."}));
     Choose("mnuFileSave");
     RadioImage file;
     EXPECT_EQ(LoadDataFile(files, Path("a.K4X"), file).outcome, LoadOutcome::Loaded);
@@ -70,13 +67,10 @@ TEST_F(ProgramTest, AsksBeforeDataIsLost) {
       OpenFile("a.K4X");
       std::filesystem::remove(Path("a.K4X"));
       if (edited) Edit();
-      desktop.answers = {answer};
       const bool opens = command == "mnuFileOpen";
-      if (opens) desktop.paths = {Path("b.K4X")};
       Lines expected(opens ? 1 : 0, "dialog Open");
       if (edited) expected.push_back(question);
-      Choose(command);
-      EXPECT_EQ(Happened(), expected);
+      EXPECT_EQ(HappenedAt(command, {answer}, opens ? "b.K4X" : ""), expected);
       EXPECT_EQ(Title(), !closes ? TitleOf("a.K4X") : opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
       EXPECT_EQ(window->State().ModifiedFlag, !closes);
       EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens || !closes);
@@ -92,30 +86,26 @@ TEST_F(ProgramTest, CloseDropsTheTextOfAnOpenEditor) {
   QTest::keyClick(grid, Qt::Key_Space);
   ASSERT_FALSE(editor->isHidden());
   QTest::keyClicks(editor, "450.1");
-  desktop.answers = {Answer::Cancel};
-  Choose("mnuFileClose");
-  EXPECT_EQ(Happened(), Lines{question});
+  EXPECT_EQ(HappenedAt("mnuFileClose", {Answer::Cancel}), Lines{question});
   EXPECT_TRUE(editor->isHidden());
   EXPECT_EQ(grid->model()->index(0, 0).data(), "440.00000");
 }
 
 TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
-  // name, command, chosen in the dialog, effect, proposed, written file
-  const std::tuple<const char*, const char*, std::optional<std::string>, Lines, std::string, std::string> cases[] = {
-      {"new, cancelled", "mnuFileSave", {}, {"dialog Save"}, "", ""},
+  // name, command, chosen in the dialog (none: cancelled), effect, proposed, written file
+  const std::tuple<const char*, const char*, const char*, Lines, std::string, std::string> cases[] = {
+      {"new, cancelled", "mnuFileSave", "", {"dialog Save"}, "", ""},
       {"new", "mnuFileSave", "a.K4X", {"dialog Save"}, "", "a.K4X"},
-      {"elsewhere, cancelled", "mnuFileSaveAs", {}, {"dialog Save As"}, "a.K4X", ""},
+      {"elsewhere, cancelled", "mnuFileSaveAs", "", {"dialog Save As"}, "a.K4X", ""},
       {"elsewhere", "mnuFileSaveAs", "c.K4X", {"dialog Save As"}, "a.K4X", "c.K4X"},
-      {"once more", "mnuFileSave", {}, {}, "a.K4X", "c.K4X"},
+      {"once more", "mnuFileSave", "", {}, "a.K4X", "c.K4X"},
   };
   constexpr std::size_t firstFlags = 73; // byte 0 of channel 1; the other channels' flags follow
   std::string title(ProgramTitle);
   for (std::size_t channel = 1; const auto& [name, command, chosen, effect, proposed, written] : cases) {
     SCOPED_TRACE(name);
     window->findChild<QCheckBox*>(QStringLiteral("chkCH(%1)").arg(channel))->click(); // takes it into use
-    if (chosen) desktop.paths = {Path(*chosen)};
-    Choose(command);
-    EXPECT_EQ(Happened(), effect);
+    EXPECT_EQ(HappenedAt(command, {}, chosen), effect);
     EXPECT_EQ(desktop.lastQuestion.proposedName, proposed.empty() ? "" : Path(proposed));
     if (!written.empty()) {
       title = TitleOf(written);
@@ -136,11 +126,9 @@ TEST_F(ProgramTest, ReportsAFileThatCouldNotBeSaved) {
   OpenFile("a.K4X");
   Edit();
   files.unwritable = {Path("a.K4X")};
-  Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), Lines{"!|Save File Error|File hasn't been saved. Please try again!"});
-  desktop.paths = {Path("nowhere/b.K4X")};
-  Choose("mnuFileSaveAs");
-  EXPECT_EQ(Happened(), (Lines{"dialog Save As", "!|Save File Error|File hasn't been saved. Please redo!"}));
+  EXPECT_EQ(HappenedAt("mnuFileSave"), Lines{"!|Save File Error|File hasn't been saved. Please try again!"});
+  EXPECT_EQ(HappenedAt("mnuFileSaveAs", {}, "nowhere/b.K4X"),
+            (Lines{"dialog Save As", "!|Save File Error|File hasn't been saved. Please redo!"}));
   EXPECT_EQ(Title(), TitleOf("a.K4X"));
   EXPECT_EQ(Recent(), Lines{" 1 " + Path("a.K4X")});
   EXPECT_TRUE(window->State().ModifiedFlag);
@@ -165,8 +153,7 @@ TEST_F(ProgramTest, OpensFilesAndRemembersThemUntilTheyAreMissing) {
   std::filesystem::create_symlink("nowhere", c);
   Edit();
   OpenFile("a & b.K4X"); // the open one: neither asks nor reads
-  Choose("mnuRecent(2)");
-  EXPECT_EQ(Happened(), Lines{damaged}) << "nothing is asked or closed";
+  EXPECT_EQ(HappenedAt("mnuRecent(2)"), Lines{damaged}) << "nothing is asked or closed";
   EXPECT_TRUE(window->State().ModifiedFlag);
   EXPECT_EQ(Recent(), Lines{" 1 " + a});
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));

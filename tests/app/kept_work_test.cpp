@@ -13,6 +13,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr int LongWait = 20'000; // ms; on a busy machine
+
 class KeptWorkTest : public ProgramTest {
 protected:
   // Changes a number that ModifiedFlag does not know of, as a user types it.
@@ -33,9 +35,18 @@ protected:
     EXPECT_TRUE(work || std::ranges::count(Happened(), "geometry") > 0);
   }
   void AwaitCopies() { window->KeepForSession(); } // another thread writes them
+  // The copy that is made a while after a change.
+  bool AwaitCopy() {
+    return QTest::qWaitFor([this] { return !Kept("session-").empty(); }, LongWait);
+  }
   void NextStart() {
     window.reset();
     Start();
+    Happened();
+  }
+  bool OpensLeftWork(Answer answer) {
+    desktop.answers = {answer};
+    return window->OpenLeftWork();
   }
   std::string Question(const std::string& source) {
     return "!|Unsaved Work|Unsaved work was kept on 2004-11-04 09:05:07. It came from " + source +
@@ -51,7 +62,7 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
   } cases[] = {
       {"exit", [&] { window->close(); }},
       {"signal", [&] { EndBySignal(); }},
-      {"crash", [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)); }},
+      {"crash", [&] { EXPECT_TRUE(AwaitCopy()); }},
   };
   PutDataFile("a.K4X");
   for (const auto& [name, end] : cases)
@@ -63,22 +74,17 @@ TEST_F(KeptWorkTest, OffersOnceWhatEndedWithoutASave) {
       answer == Answer::Yes ? TurnWheel(*box, 1) : QTest::keyClick(box, Qt::Key_Left); // any input
       end();
       NextStart();
-      desktop.happened.clear();
-      desktop.answers = {answer};
-      EXPECT_EQ(window->OpenLeftWork(), answer == Answer::Yes);
+      EXPECT_EQ(OpensLeftWork(answer), answer == Answer::Yes);
       EXPECT_EQ(Happened(), Lines{Question(Path("a.K4X"))});
       EXPECT_EQ(Ani(), answer == Answer::Yes ? "4711" : "----------------");
       EXPECT_EQ(window->State().ModifiedFlag, answer == Answer::Yes);
       EXPECT_EQ(Title(), ProgramTitle);
       EXPECT_FALSE(window->OpenLeftWork()) << "asked twice";
-      desktop.answers = {Answer::Yes};
-      desktop.paths = {Path("b.K4X")};
-      Choose("mnuFileSave");
+      Choose("mnuFileSave", {Answer::Yes}, "b.K4X");
       AwaitCopies();
       EXPECT_EQ(Kept("session-"), Lines()) << "the work was saved";
       NextStart();
       EXPECT_FALSE(window->OpenLeftWork()) << "nothing was lost";
-      desktop.happened.clear();
     }
 }
 
@@ -97,8 +103,7 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   };
   PutDataFile("a.K4X");
   type();
-  desktop.answers = {Answer::Yes};
-  Choose("mnuFileClose");
+  Choose("mnuFileClose", {Answer::Yes});
   AwaitCopies();
   EXPECT_EQ(Kept("2004-").size(), 1U) << "given up with the window's data";
   type();
@@ -109,12 +114,10 @@ TEST_F(KeptWorkTest, KeepsWhatIsBeingTypedButNoUncheckedLimit) {
   mode.setCurrentIndex(1 - mode.currentIndex());
   EndBySignal();
   NextStart();
-  desktop.happened.clear();
   desktop.answers = {Answer::Yes};
   EndBySignal([&] { EXPECT_FALSE(window->OpenLeftWork()) << "ended before an answer"; });
   NextStart();
-  desktop.answers = {Answer::Yes};
-  EXPECT_TRUE(window->OpenLeftWork());
+  EXPECT_TRUE(OpensLeftWork(Answer::Yes));
   EXPECT_NE(Happened().back().find("CH1 Rx Freq (MHz): 440.00000 -> 450.10000"), std::string::npos);
   EXPECT_EQ(window->Panel().Collected().FiveToneStandard, 3);
 }
@@ -124,26 +127,19 @@ TEST_F(KeptWorkTest, StaysUnsavedAfterItWasTaken) {
   OpenFile("a.K4X");
   TypeAni("4711");
   window->close();
-  desktop.answers = {Answer::Yes};
   NextStart();
-  EXPECT_TRUE(window->OpenLeftWork());
+  EXPECT_TRUE(OpensLeftWork(Answer::Yes));
   EndBySignal();
   NextStart();
-  desktop.happened.clear();
-  desktop.answers = {Answer::No};
-  EXPECT_FALSE(window->OpenLeftWork());
+  EXPECT_FALSE(OpensLeftWork(Answer::No));
   EXPECT_EQ(Happened(), Lines{Question(Path("a.K4X"))}) << "with the first differences";
-  desktop.paths = {Path("kept/" + Kept("2004-").front())};
-  Choose("mnuFileOpen");
+  Choose("mnuFileOpen", {}, "kept/" + Kept("2004-").front());
   EXPECT_EQ(Title(), ProgramTitle) << "it will go, so that Save must ask for a name";
   EXPECT_TRUE(window->State().ModifiedFlag);
   PutDataFile("a.K4X");
   desktop.happened.clear();
   for (const std::string command : {"mnuFileOpen", "mnuFileClose"}) {
-    desktop.paths = {Path("a.K4X")};
-    desktop.answers = {Answer::Cancel};
-    Choose(command);
-    EXPECT_EQ(Happened().back(), question) << command;
+    EXPECT_EQ(HappenedAt(command, {Answer::Cancel}, "a.K4X").back(), question) << command;
     EXPECT_EQ(Ani(), "4711") << command;
   }
 }
@@ -156,7 +152,6 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
   desktop.answers = {Answer::No};
   window->close();
   NextStart();
-  desktop.happened.clear();
   EXPECT_FALSE(window->OpenLeftWork());
   ASSERT_EQ(Kept("2004-").size(), 1U);
   Put("kept/2004-11-03_09-05-07_0.K4X", "damaged");
@@ -172,8 +167,7 @@ TEST_F(KeptWorkTest, IsNotAskedAboutAfterNoAtTheEndButCanBeRecovered) {
     emit list->itemActivated(list->currentItem(), 0); // as by a double click
     if (dialog->isVisible()) dialog->close();
   });
-  Choose("mnuFileRecover");
-  EXPECT_EQ(Happened(), Lines());
+  EXPECT_EQ(HappenedAt("mnuFileRecover"), Lines());
   EXPECT_EQ(Ani(), "4711");
   Choose("mnuFileSave");
   EXPECT_EQ(desktop.lastQuestion.proposedName, "") << "it would go with the copy";
@@ -188,16 +182,13 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
     Choose("mnuEmbedInfo");
   };
   enter();
-  desktop.paths = {Path("a.K4X")};
-  Choose("mnuFileSave"); // holds no such text
+  Choose("mnuFileSave", {}, "a.K4X"); // holds no such text
   for (int start = 0; start < 3; ++start) {
     if (start == 2) Choose("mnuFileSaveAs");
     EndBySignal();
     NextStart();
-    desktop.happened.clear();
-    desktop.answers = {Answer::Yes};
     desktop.paths = {Path("a.K4X")};
-    EXPECT_TRUE(window->OpenLeftWork());
+    EXPECT_TRUE(OpensLeftWork(Answer::Yes));
     EXPECT_NE(Happened().back().find("Differences:\n\nEmbedded Information: \"\" -> \"Fleet 7\"\n\nDo"),
               std::string::npos);
     EXPECT_EQ(EmbeddedText(window->Image().EmbeddedInfoBlock), u"Fleet\r\n7");
@@ -259,7 +250,7 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
   };
   TypeAni("4711");
   Choose("mnuProgramRead");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 2000)) << "kept before the transfer";
+  EXPECT_TRUE(AwaitCopy()) << "kept before the transfer";
   desktop.happened.clear();
   const std::string lost =
       "!|Data Lost|The read was interrupted, or the file could not be opened. The editor still shows the settings, but "
@@ -268,36 +259,28 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
       "Write sends no embedded information, so the radio keeps its own. Do you want to continue?|YN";
   for (const char* command : {"mnuFileSave", "mnuFileSaveAs", "mnuProgramWrite"}) {
     SCOPED_TRACE(command);
-    desktop.answers = {Answer::No};
     radio.frames.clear();
-    Choose(command);
-    EXPECT_EQ(Happened(), Lines{lost});
+    EXPECT_EQ(HappenedAt(command, {Answer::No}), Lines{lost});
     EXPECT_EQ(Content("a.K4X"), before);
     EXPECT_TRUE(radio.frames.empty());
   }
-  desktop.answers = {Answer::No};
-  Choose("mnuEmbedWrite");
-  EXPECT_TRUE(
-      Happened().at(0).starts_with("!|Data Lost|The read was interrupted, and the embedded information was lost."));
+  EXPECT_TRUE(HappenedAt("mnuEmbedWrite", {Answer::No})
+                  .at(0)
+                  .starts_with("!|Data Lost|The read was interrupted, and the embedded information was lost."));
   WhenDialogOpens([](QWidget* dialog) { dialog->findChild<QPushButton*>("cmdOK")->click(); });
   for (const char* const command : {"mnuEmbedInfo", "mnuEmbedWrite"})
     Choose(command);
   EXPECT_TRUE(Happened().at(0).starts_with("!|Information Error|")) << "the user has seen the text, and no question";
   Edit();
-  desktop.answers = {Answer::No};
-  desktop.paths = {Path("a.K4X")};
-  Choose("mnuFileOpen");
-  EXPECT_EQ(Happened(), (Lines{"dialog Open", question})) << "the open file has what was lost";
-  Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), Lines());
+  EXPECT_EQ(HappenedAt("mnuFileOpen", {Answer::No}, "a.K4X"), (Lines{"dialog Open", question}))
+      << "the open file has what was lost";
+  EXPECT_EQ(HappenedAt("mnuFileSave"), Lines());
   radio.frames.clear();
   Choose("mnuProgramRead");
   desktop.happened.clear();
-  desktop.answers = {Answer::Yes};
-  Choose("mnuFileSave");
+  Choose("mnuFileSave", {Answer::Yes});
   EXPECT_NE(Content("a.K4X"), before);
-  Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), Lines{lost}) << "asked again after a save";
+  EXPECT_EQ(HappenedAt("mnuFileSave"), Lines{lost}) << "asked again after a save";
   for (const char* const command : {"mnuProgramRead", "mnuFileClose", "mnuFileSave"}) {
     radio.frames.clear();
     desktop.happened.clear();
@@ -311,8 +294,7 @@ TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {
   window->close();
   window.reset();
   std::filesystem::resize_file(Path("kept/" + Kept("session-").front()), 300);
-  Start();
-  desktop.happened.clear();
+  NextStart();
   EXPECT_FALSE(window->OpenLeftWork());
   ASSERT_EQ(Kept("20").size(), 1U);
   EXPECT_EQ(Happened(),
@@ -329,7 +311,7 @@ TEST_F(KeptWorkTest, TheStatusBarReportsAMissingCopyUntilThereIsOne) {
   files.canCreate = false;
   TypeAni("4711");
   QTest::keyClick(ani, Qt::Key_Left);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Status(1) != title; }, 3000));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Status(1) != title; }, LongWait));
   const std::string missing = Status(1);
   EXPECT_TRUE(missing.starts_with("No copy of the unsaved work")) << missing;
   emit window->Panel().StatusMessage("Done");
@@ -340,13 +322,12 @@ TEST_F(KeptWorkTest, TheStatusBarReportsAMissingCopyUntilThereIsOne) {
   EXPECT_EQ(Happened(), Lines{question + "(C)"}) << "an answer given too early can lose the work";
   files.canCreate = true;
   QTest::keyClick(ani, Qt::Key_Left);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Status(1) == title; }, 3000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Status(1) == title; }, LongWait));
   files.canCreate = files.canWrite = false;
   TypeAni("99");
   AwaitCopies(); // the window hears that it failed after the save
   files.canCreate = files.canWrite = true;
-  desktop.paths = {Path("a.K4X")};
-  Choose("mnuFileSave");
+  Choose("mnuFileSave", {}, "a.K4X");
   QCoreApplication::processEvents();
   EXPECT_EQ(Status(1), "Saved to " + Path("a.K4X"));
 }
@@ -361,7 +342,7 @@ TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNeverDuringATransfer) {
   window->KeepForSession();
   EXPECT_EQ(Kept("session-"), Lines()) << "in the middle of a transfer";
   input.Release();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !Kept("session-").empty(); }, 3000));
+  EXPECT_TRUE(AwaitCopy());
   EXPECT_FALSE(isHere) << "the window waits for the disk";
 
   PutDataFile("a.K4X");
@@ -370,11 +351,11 @@ TEST_F(KeptWorkTest, IsWrittenByAnotherThreadAndNeverDuringATransfer) {
   files.beforeSync = [&, here = std::this_thread::get_id()] {
     if (std::this_thread::get_id() == here) return;
     isSyncing = true;
-    if (!opened.try_acquire_for(5s)) isLate = true;
+    if (!opened.try_acquire_for(20s)) isLate = true;
   };
   TypeAni("42");
   QTest::keyClick(window->findChild<QLineEdit*>("txtANI"), Qt::Key_Left);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return isSyncing.load(); }, 3000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return isSyncing.load(); }, LongWait));
   OpenFile("a.K4X");
   opened.release(8);
   AwaitCopies();
@@ -414,10 +395,9 @@ TEST_F(KeptWorkTest, ASessionThatAllowsNoQuestionEndsTheProgramAsASignalDoes) {
     EXPECT_EQ(Kept("session-").size(), 1U);
     desktop.happened.clear();
     QTimer::singleShot(0, window.get(), end);
-    QTimer::singleShot(3000, window.get(), [] { QCoreApplication::exit(0); });
+    QTimer::singleShot(LongWait, window.get(), [] { QCoreApplication::exit(0); });
     EXPECT_EQ(QApplication::exec(), 128 + SIGTERM);
     NextStart();
-    desktop.happened.clear();
     desktop.answers = {Answer::Yes, Answer::No};
     desktop.beforeAnswer = [&] { window->KeepForSession(); }; // a checkpoint
     EXPECT_TRUE(window->OpenLeftWork()) << "the checkpoint answered No";
@@ -442,17 +422,13 @@ TEST_F(KeptWorkTest, ASaveAsksWhereTheFileOrItsDriveIsNotTheOneThatWasOpened) {
     if (isOtherDrive) files.alter = [](const std::string&, FileStatus& status) { ++status.device; };
     Put("a.K4X", "other");
     for (const char* const command : {"mnuFileSave", "mnuFileSaveAs"}) {
-      desktop.answers = {Answer::No};
-      desktop.paths = {Path("a.K4X")};
-      Choose(command);
-      EXPECT_EQ(Happened().back(), asked) << command;
+      EXPECT_EQ(HappenedAt(command, {Answer::No}, "a.K4X").back(), asked) << command;
       EXPECT_EQ(Content("a.K4X"), "other");
     }
     desktop.paths.clear();
-    desktop.answers = {Answer::Yes, Answer::Yes}; // also about the file on the other drive
-    for (int i = 0; i < 2; ++i)
-      Choose("mnuFileSave");
-    EXPECT_EQ(Happened(), isOtherDrive ? (Lines{drive, file}) : Lines{file}) << "asked again after a save";
+    Choose("mnuFileSave", {Answer::Yes, Answer::Yes}); // also about the file on the other drive
+    EXPECT_EQ(HappenedAt("mnuFileSave"), isOtherDrive ? (Lines{drive, file}) : Lines{file})
+        << "asked again after a save";
     EXPECT_NE(Content("a.K4X"), "other");
     files.alter = [](const std::string&, FileStatus&) {};
     Choose("mnuFileClose");
@@ -464,13 +440,11 @@ TEST_F(KeptWorkTest, WarnsAboutAFileThatAnotherWindowHasOpen) {
   OpenFile("a.K4X");
   const auto first = std::move(window);
   Start();
-  desktop.paths = {Path("a.K4X")};
-  Choose("mnuFileOpen");
-  EXPECT_EQ(Happened(), (Lines{"dialog Open", "i|Open Twice|The file " + Path("a.K4X") +
-                                                  " is also open in another window. Each save replaces what the other "
-                                                  "window has saved."}));
-  Choose("mnuFileSave");
-  EXPECT_EQ(Happened(), Lines());
+  EXPECT_EQ(HappenedAt("mnuFileOpen", {}, "a.K4X"),
+            (Lines{"dialog Open", "i|Open Twice|The file " + Path("a.K4X") +
+                                      " is also open in another window. Each save replaces what the other "
+                                      "window has saved."}));
+  EXPECT_EQ(HappenedAt("mnuFileSave"), Lines());
 }
 
 } // namespace

@@ -105,7 +105,12 @@ protected:
   }
 
   QAction* Item(const std::string& name) { return window->findChild<QAction*>(QString::fromStdString(name)); }
-  void Choose(const std::string& name) { Item(name)->trigger(); }
+  // Chooses the item. The questions that follow get the answers, and the file dialog gets the file.
+  void Choose(const std::string& item, std::deque<Answer> given = {}, const std::string& file = {}) {
+    if (!given.empty()) desktop.answers = std::move(given);
+    if (!file.empty()) desktop.paths = {Path(file)};
+    Item(item)->trigger();
+  }
   QToolButton* Button(const std::string& key) { return window->findChild<QToolButton*>(QString::fromStdString(key)); }
   std::string Status(int panel) {
     return window->findChild<QLabel*>(QStringLiteral("stbMain.Panels(%1)").arg(panel))->text().toStdString();
@@ -115,6 +120,10 @@ protected:
   void Edit() { emit window->Panel().Changed(); }
   // What has happened since the last call.
   Lines Happened() { return std::exchange(desktop.happened, {}); }
+  Lines HappenedAt(const std::string& item, std::deque<Answer> given = {}, const std::string& file = {}) {
+    Choose(item, std::move(given), file);
+    return Happened();
+  }
 
   // What is delivered differs if the program that it comes from has ended.
   void Drop(const QMimeData& data, const QMimeData* delivered = nullptr) {
@@ -138,9 +147,7 @@ protected:
     }
   }
   void OpenFile(const std::string& name) {
-    desktop.paths.emplace_back(Path(name));
-    Choose("mnuFileOpen");
-    EXPECT_EQ(Happened(), Lines{"dialog Open"});
+    EXPECT_EQ(HappenedAt("mnuFileOpen", {}, name), Lines{"dialog Open"});
     EXPECT_EQ(Title(), TitleOf(name));
   }
   Lines Recent() {

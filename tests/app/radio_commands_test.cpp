@@ -68,15 +68,13 @@ TEST_F(TransferTest, AReadProposesItsOwnNameAndAFileShowsNoIdentityOfTheRadioBef
   OpenFile("a.K4X");
   Choose("mnuProgramRead");
   EXPECT_EQ(window->Panel().Shown().identityNumber, "7777777777777777");
-  desktop.answers = {Answer::No, Answer::No};
-  Choose("mnuFileSaveAs");
+  Choose("mnuFileSaveAs", {Answer::No, Answer::No});
   EXPECT_EQ(desktop.lastQuestion.proposedName, Path("7777777777777777_20041104.K4X"));
   std::fill_n(&radio.memory[0x1F0], 16, std::uint8_t{0});
   for (const char* const command : {"mnuProgramRead", "mnuFileSaveAs"})
     Choose(command);
   EXPECT_EQ(desktop.lastQuestion.proposedName, Path("unknown_20041104.K4X"));
-  desktop.paths = {Path("a.K4X")};
-  Choose("mnuFileOpen");
+  Choose("mnuFileOpen", {}, "a.K4X");
   const Configuration shown = window->Panel().Shown();
   EXPECT_EQ(shown.identityNumber + shown.firmwareVersion, std::string(32, '-'));
 }
@@ -84,12 +82,9 @@ TEST_F(TransferTest, AReadProposesItsOwnNameAndAFileShowsNoIdentityOfTheRadioBef
 TEST_F(TransferTest, WritesToAnotherBandOnlyIfTheUserAgrees) {
   radio.identity[1] = 0x88;
   const std::string asked = "!|Frequency Band|" + BandQuestion().text + "|YN";
-  desktop.answers = {Answer::No, Answer::Yes};
-  Choose("mnuProgramWrite");
-  EXPECT_EQ(Happened(), Lines{asked});
+  EXPECT_EQ(HappenedAt("mnuProgramWrite", {Answer::No, Answer::Yes}), Lines{asked});
   EXPECT_EQ(Title(), ProgramTitle);
-  Choose("mnuProgramWrite");
-  EXPECT_EQ(Happened().size(), 2U); // asked, and written
+  EXPECT_EQ(HappenedAt("mnuProgramWrite").size(), 2U); // asked, and written
 }
 
 TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
@@ -139,8 +134,7 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   std::filesystem::remove(Path("backup"));
   radio.spoil = [](std::size_t frame, LineBytes& reply) { frame == 9 ? reply.clear() : void(); };
   radio.frames.clear();
-  Choose("mnuProgramWrite");
-  EXPECT_EQ(Happened().size(), 1U) << "the backup was interrupted";
+  EXPECT_EQ(HappenedAt("mnuProgramWrite").size(), 1U) << "the backup was interrupted";
   EXPECT_LT(radio.frames.size(), 13U) << "and nothing was written";
 }
 
