@@ -11,6 +11,7 @@ namespace mr4500x {
 namespace {
 
 constexpr std::chrono::seconds CycleTime{1};
+constexpr std::chrono::milliseconds EndCheckTime{100}; // another port's radio may have been the last one
 
 class PortWorker final : ExchangeObserver {
 public:
@@ -55,7 +56,8 @@ private:
     if (action == PortAction::PollJournal) return PollJournal();
     if (action == PortAction::Identify) return Identify();
     if (action == PortAction::HandleRadio) return HandleRadio();
-    if (!m_context.state.IsOver()) m_clock.WaitUntil(m_nextCycle);
+    while (!m_context.state.IsOver() && m_clock.Now() < m_nextCycle)
+      m_clock.WaitUntil(std::min(m_nextCycle, m_clock.Now() + EndCheckTime));
     m_nextCycle = m_clock.Now() + CycleTime;
     return CycleStarted{};
   }

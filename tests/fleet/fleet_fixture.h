@@ -125,6 +125,7 @@ struct Cable final : SerialPort, Clock {
   std::function<std::optional<TableRadio>()> next; // radio to attach
   std::function<void(const RadioMemory&)> takenOff;
   std::optional<std::string> openFailure;
+  std::function<void()> onWait; // a long one, as between two cycles
 
   void Enter(PortState state) {
     if (std::exchange(m_state, state) == state) return;
@@ -146,7 +147,8 @@ struct Cable final : SerialPort, Clock {
 
   Moment Now() override { return m_now; }
   void WaitUntil(Moment moment) override {
-    if (moment > m_now + 500ms) std::this_thread::yield(); // lets the ports with radios go on
+    if (moment >= m_now + 100ms) std::this_thread::yield(); // lets the ports with radios go on
+    if (moment >= m_now + 100ms && onWait) onWait();
     m_now = std::max(m_now, moment);
   }
   void SetPortNumber(int /*number*/) override {}

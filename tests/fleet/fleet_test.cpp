@@ -258,6 +258,21 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
   EXPECT_FALSE(IsMissing(fleet.files, path + "-3.csv")) << "what can't be read stays";
 }
 
+// A count of radios may be complete at another port.
+TEST(FleetTest, APortThatWaitsEndsAsSoonAsTheBench) {
+  Fleet fleet;
+  fleet.UsePlan(std::nullopt);
+  fleet.stopsWithoutRadios = false;
+  Cable& cable = fleet.cables.front();
+  std::optional<Clock::Moment> end;
+  cable.onWait = [&] {
+    if (!end) end = cable.Now();
+    fleet.state->StopAfterTheseRadios();
+  };
+  fleet.Run();
+  EXPECT_LE(cable.Now() - end.value(), 100ms);
+}
+
 TEST(FleetTest, APortThatCannotBeCreatedAffectsNoOther) {
   Fleet fleet;
   fleet.UsePlan(TwoRows);
