@@ -1,4 +1,5 @@
 // The commands that stay within the window: printing, the embedded information and the help.
+#include "accessible_names.h"
 #include "differences.h"
 #include "embedded_info.h"
 #include "program_fixture.h"
@@ -121,21 +122,10 @@ TEST_F(WindowCommandsTest, HasHelpAtEachSettingWithItsFirstValue) {
 }
 
 TEST_F(WindowCommandsTest, EveryControlThatCanHaveTheFocusHasANameForScreenReaders) {
-  const auto namelessIn = [](QWidget* shown) {
-    std::string nameless;
-    for (QWidget* const control : shown->findChildren<QWidget*>()) {
-      const bool isInner = control->objectName().startsWith("qt_"); // of a spin box or the like
-      if (control->focusPolicy() == Qt::NoFocus || control->window() != shown || isInner) continue;
-      auto* const reader = QAccessible::queryAccessibleInterface(control);
-      if (reader == nullptr || reader->role() == QAccessible::NoRole || reader->text(QAccessible::Name).isEmpty())
-        nameless += control->metaObject()->className() + (' ' + control->objectName().toStdString()) + '\n';
-    }
-    return nameless;
-  };
   NoPorts ports;
   serialPort = &ports;
   Start();
-  EXPECT_EQ(namelessIn(window.get()), "");
+  EXPECT_EQ(NamelessControls(window.get()), "");
   PutInRadio();
   PutDataFile("a.K4X");
   std::filesystem::create_directory(Path("kept"));
@@ -158,14 +148,14 @@ TEST_F(WindowCommandsTest, EveryControlThatCanHaveTheFocusHasANameForScreenReade
   for (const auto& [name, show] : dialogs) {
     std::string seen;
     WhenDialogOpens([&](QWidget* dialog) {
-      seen = dialog->objectName().toStdString() + '\n' + namelessIn(dialog);
+      seen = dialog->objectName().toStdString() + '\n' + NamelessControls(dialog);
       qobject_cast<QDialog*>(dialog)->reject();
     });
     show();
     EXPECT_EQ(seen, name + std::string("\n"));
   }
   Choose("mnuChannelsCompare");
-  EXPECT_EQ(namelessIn(window->findChild<QDialog*>("frmCompare")), "");
+  EXPECT_EQ(NamelessControls(window->findChild<QDialog*>("frmCompare")), "");
 }
 
 TEST_F(WindowCommandsTest, F1OpensThePageAboutTheControlThatHasTheFocus) {

@@ -94,6 +94,7 @@ void FleetSetup::AddPorts(QGridLayout& grid, const std::function<void()>& portsC
   });
   grid.addWidget(m_ports, 0, 4, 5, 1);
   m_ports->setObjectName(QStringLiteral("lstPorts"));
+  m_ports->setAccessibleName(tr("Ports"));
   m_ports->setMinimumHeight(m_template->sizeHint().height() * 3);
   m_ports->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
   connect(m_ports, &QListWidget::itemChanged, [this, portsChanged] {
@@ -109,7 +110,7 @@ QLineEdit* FleetSetup::AddFile(QGridLayout& grid, const char* name, const QStrin
   caption->setBuddy(edit);
   auto* const browse = new QPushButton(QStringLiteral("…"));
   browse->setMaximumWidth(browse->fontMetrics().horizontalAdvance(QStringLiteral("MMMM"))); // for small screens
-  browse->setAccessibleName(tr("Choose: %1").arg(QString(label).remove(QLatin1Char('&'))));
+  browse->setAccessibleName(tr("Choose %1").arg(QString(label).remove(QLatin1Char('&')).remove(QLatin1Char(':'))));
   const int row = grid.rowCount();
   const int at = edit->objectName() == QLatin1String("txtTemplate") ? 0 : row;
   grid.addWidget(caption, at, 0);

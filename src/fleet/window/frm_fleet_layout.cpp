@@ -27,6 +27,7 @@ constexpr int MostColumnCharacters = 24; // a long label must not hide the other
 void FrmFleet::BuildWindow() {
   setWindowTitle(tr("MR4500X Fleet"));
   m_problems->setObjectName(QStringLiteral("lstProblems"));
+  m_problems->setAccessibleName(tr("Problems"));
   BuildCards();
   BuildTable();
   auto* const layout = new QVBoxLayout(this);
@@ -68,6 +69,7 @@ void FrmFleet::BuildPartKeys() {
 
 QWidget* FrmFleet::BuildFailed() {
   m_failed->setObjectName(QStringLiteral("lstFailed"));
+  m_failed->setAccessibleName(tr("Needs attention"));
   m_failed->setWordWrap(true);
   m_failed->setTextElideMode(Qt::ElideNone);
   auto* const caption = new QLabel(tr("Needs attention (&X):"));
@@ -105,6 +107,7 @@ void FrmFleet::BuildTable() {
   m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
   m_filtered.setFilterKeyColumn(-1); // all
   m_table->setObjectName(QStringLiteral("gridRows"));
+  m_table->setAccessibleName(tr("Rows"));
   m_table->setModel(&m_filtered);
   m_table->setSortingEnabled(true);
   m_table->sortByColumn(1, Qt::AscendingOrder);
@@ -131,10 +134,12 @@ QLayout* FrmFleet::BuildCounts() {
   auto* const filter = new QLineEdit;
   filter->setObjectName(QStringLiteral("txtFilter"));
   filter->setClearButtonEnabled(true);
+  filter->setAccessibleName(tr("Filter"));
   filter->setPlaceholderText(tr("Filter (Ctrl+F)"));
   connect(filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, filter, [filter] { filter->setFocus(); });
   m_next->setObjectName(QStringLiteral("txtNext"));
+  m_next->setAccessibleName(tr("Next row"));
   m_next->setPlaceholderText(tr("Next row: label or radio (Ctrl+L)"));
   m_next->setToolTip(tr("Scan or type a row's label or its radio's number; the next waiting port gets the row"));
   m_next->setEnabled(false); // until the start
