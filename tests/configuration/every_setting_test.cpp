@@ -3,18 +3,14 @@
 // confuses two fields or labels, it differs from the texts in the folder every_setting.
 #include "configuration_json.h"
 #include "configuration_texts.h"
-#include "editor_panel.h"
+#include "editor_fixture.h"
 #include "embedded_info.h"
+#include "report_fixture.h"
 #include "report_pages.h"
 #include "rows.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTableWidget>
 
 #include <algorithm>
 #include <map>
@@ -32,27 +28,6 @@ Configuration ShownOf(const RadioImage& image) {
   const Decoded decoded = Decode(image, Texts());
   EXPECT_TRUE(decoded.end == DecodeEnd::Complete && decoded.keyConflicts == 0);
   return decoded.configuration;
-}
-
-struct NoMessages final : MessageView {
-  Answer Show(MessageIcon, std::string_view title, std::string_view text, MessageButtons) override {
-    ADD_FAILURE() << title << ": " << text;
-    return Answer::Ok;
-  }
-};
-
-struct Window {
-  RadioImage image;
-  NoMessages messages;
-  EditorPanel panel{image, Texts(), messages};
-
-  explicit Window(const RadioImage& shown) : image(shown) { panel.Fill(); }
-};
-
-std::string Content(const std::string& name) {
-  std::ifstream file(EVERY_SETTING "/" + name);
-  EXPECT_TRUE(file) << name;
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Rows "ADDRESS: BYTES", a record or two each.
@@ -76,14 +51,6 @@ void ExpectBytes(const RadioImage& image, const RadioImage& expected) {
       EXPECT_EQ(shown[i], wanted[i]) << "radio address 0x" << std::hex << place.address + i;
   }
 }
-
-// Every character as wide as a quarter of its font's height.
-struct PlainMeasure : TextMeasure {
-  double TextWidth(std::string_view text, const PrintFont& font) const override {
-    return 5.0 * font.points * static_cast<double>(text.size());
-  }
-  double TextHeight(const PrintFont& font) const override { return 20.0 * font.points; }
-};
 
 std::string Number(double twips) {
   return std::to_string(static_cast<long>(twips));
@@ -178,7 +145,8 @@ std::string WindowText(const EditorPanel& panel) {
 class EverySettingTest : public testing::TestWithParam<std::string> {
 protected:
   static void ExpectFile(const char* name, const std::string& shown) {
-    EXPECT_EQ(shown, Content(GetParam() + '/' + name));
+    std::ifstream file(EVERY_SETTING "/" + GetParam() + '/' + name);
+    EXPECT_EQ(shown, std::string(std::istreambuf_iterator<char>(file), {}));
   }
   // A collect counts the channels in use and forgets the identity.
   static RadioImage AfterCollect(RadioImage image) {
@@ -235,18 +203,22 @@ TEST_P(EverySettingTest, IsInTheJsonDocument) {
 }
 
 TEST_P(EverySettingTest, IsOnPaper) {
-  const ReportTexts texts = ReportTextsOf(configuration, u"", "24 Nov 2026 09:05:07");
-  const PlainMeasure measure;
+  const ReportTexts texts = TextsOf(configuration);
+  const ScriptedPrinter measure;
   const PageSetting setting{measure, {11906, 20000}}; // high enough for every scale to be 1
   ExpectFile("report.txt", PageText("Channels and settings", ChannelReportPage(texts, setting)) +
                                PageText("TTS", TtsReportPage(texts, setting)));
 }
 
 TEST_P(EverySettingTest, IsInTheWindow) {
-  Window window(image);
-  ExpectFile("window.txt", WindowText(window.panel));
-  window.panel.Collect();
-  ExpectBytes(window.image, AfterCollect(image));
+  RadioImage shown = image;
+  ScriptedMessages messages;
+  EditorPanel panel(shown, Texts(), messages);
+  panel.Fill();
+  ExpectFile("window.txt", WindowText(panel));
+  panel.Collect();
+  ExpectBytes(shown, AfterCollect(image));
+  EXPECT_EQ(messages.shown, Lines());
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // Whole channels: selecting rows, and the commands on them by keys and from the menu.
 #include "editor_fixture.h"
 
-#include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QMenu>

@@ -1,6 +1,5 @@
 // The selective-call and group-call dialogs, as the grid opens them.
 #include "editor_fixture.h"
-#include "rows.h"
 
 #include <QDialog>
 #include <QTimer>

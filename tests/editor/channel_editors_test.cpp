@@ -1,8 +1,5 @@
 // The two in-place editors of the channel grid.
 #include "editor_fixture.h"
-#include "rows.h"
-
-#include <QCheckBox>
 
 namespace mr4500x {
 namespace {

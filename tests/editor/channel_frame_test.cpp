@@ -1,8 +1,5 @@
 // The grid's cells: colours, clicks and keys.
 #include "editor_fixture.h"
-#include "rows.h"
-
-#include <QCheckBox>
 
 namespace mr4500x {
 namespace {

@@ -2,8 +2,6 @@
 #include "editor_fixture.h"
 #include "wheel.h"
 
-#include <QCheckBox>
-
 namespace mr4500x {
 namespace {
 

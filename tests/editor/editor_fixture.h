@@ -3,8 +3,10 @@
 #pragma once
 
 #include "editor_panel.h"
+#include "rows.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>

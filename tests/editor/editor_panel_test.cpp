@@ -1,12 +1,9 @@
 #include "editor_fixture.h"
-#include "function_settings.h"
+#include "random_image.h"
 
 #include <QAccessible>
-#include <QCheckBox>
 #include <QHeaderView>
 #include <QScrollArea>
-
-#include <random>
 
 namespace mr4500x {
 namespace {
@@ -21,13 +18,7 @@ TEST_F(PanelTest, FillAndCollectThroughTheControls) {
   messages.whileShown = [&] { EXPECT_TRUE(panel.updatesEnabled()) << "a message over a panel that is not drawn"; };
   int conflicts = 0, completed = 0;
   for (int round = 0; round < 200; ++round) {
-    for (const BlockLocation& place : RecordMap) {
-      for (std::uint8_t& byte : BlockBytes(image, place.block))
-        byte = static_cast<std::uint8_t>(random());
-    }
-    for (std::uint8_t& key : image.KeyProgramBlock)
-      if (random() % 2 == 0) key = std::array<std::uint8_t, 4>{0x86, 0x87, 0xC0, 0x8A}[random() % 4]; // keys with rules
-    image.ResetTimeBlock[StandardByte] = static_cast<std::uint8_t>(1 + random() % 12);
+    image = RandomImage(random);
     if (round % 2 == 0) image.ResetTimeBlock[0] = 0;
     RadioImage expected = image;
     const Decoded result = Decode(expected, texts, panel.Shown().keys);

@@ -3,10 +3,8 @@
 #include "editor_fixture.h"
 #include "field_rules.h"
 #include "key_rules.h"
-#include "rows.h"
 #include "wheel.h"
 
-#include <QCheckBox>
 #include <QMenu>
 #include <QSpinBox>
 
