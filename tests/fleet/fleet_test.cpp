@@ -7,6 +7,8 @@
 #include "rows.h"
 
 #include <fstream>
+#include <functional>
+#include <map>
 #include <sstream>
 
 namespace mr4500x {
@@ -74,89 +76,62 @@ TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
     }
 }
 
+JournalRow DoneRow(const std::string& stamp) {
+  return {2, "", "", RowState::Done, "B", "R-0", stamp};
+}
+
+// What happens to a fleet in port_runs.txt.
+const std::map<std::string, std::function<void(Fleet&)>> RunEvents = {
+    {"no list", [](Fleet& fleet) { fleet.UsePlan({}); }},
+    {"a list without settings", [](Fleet& fleet) { fleet.UsePlan("label\na\nb\n"); }},
+    {"a list for X alone", [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
+    {"one asked for", [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(1); }},
+    {"two asked for", [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(2); }},
+    {"row 2 chosen", [](Fleet& fleet) { fleet.state->Rows().Choose(2); }},
+    {"a VHF template", [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xC0; }},
+    {"a UHF template", [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xB8; }},
+    {"any band", [](Fleet& fleet) { fleet.settings.acceptsOtherBand = true; }},
+    {"compare done", [](Fleet& fleet) { fleet.settings.comparesDone = true; }},
+    {"rewrite done", [](Fleet& fleet) { fleet.settings.rewritesDone = true; }},
+    {"no room for backups", [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
+    {"stop", [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }},
+    {"a signal", [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }},
+    {"row 1 goes to bench B", [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }},
+    {"R-0 has row 2", [](Fleet& fleet) { fleet.tables.rows[1] = DoneRow(""); }},
+    {"R-0 has row 2 since 2024", [](Fleet& fleet) { fleet.tables.rows[1] = DoneRow("20240115093000"); }},
+    {"R-0 has row 2 since 2026", [](Fleet& fleet) { fleet.tables.rows[1] = DoneRow("20260101000000"); }},
+    {"R-9 in its place", [](Fleet& fleet) { fleet.cables[0].Exchange("R-9"); }},
+    {"another number", [](Fleet& fleet) { fleet.cables[0].Spoil(0x1F0); }},
+    {"another setting", [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }},
+    {"another text", [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }},
+    {"a busy port", [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; }},
+    {"a free port", [](Fleet& fleet) { fleet.cables[0].openFailure.reset(); }},
+    {"the journal is lost", [](Fleet& fleet) { fleet.tables.isLost = true; }},
+    {"the journal answers", [](Fleet& fleet) { fleet.tables.isLost = false; }},
+    {"the journal is full", [](Fleet& fleet) { fleet.tables.isFull = true; }},
+    {"the journal has room", [](Fleet& fleet) { fleet.tables.isFull = false; }},
+};
+
+PortState StateOf(const std::string& word) {
+  int state = 0;
+  while (WordFor(PortState(state)) != word && PortState(state) != PortState::Finished)
+    ++state;
+  return PortState(state);
+}
+
 TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
   using enum PortState;
-  const auto isDone = [](Fleet& fleet, const std::string& stamp) {
-    fleet.tables.rows[1] = {2, "", "", RowState::Done, "B", "R-0", stamp};
-  };
-  const auto vhf = [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xC0; };
-  // clang-format off
-  const struct {
-    const char* name;
-    std::string radios; // good, bad (its writes end with NG), noisy, or unnumbered (without an identity number)
-    const char *outcomes, *lastStates;
-    std::size_t radiosLeft;
-    std::function<void(Fleet&)> prepare = {};
-    std::pair<PortState, std::function<void(Fleet&)>> when = {}; // the first time
-  } cases[] = {
-      {"every row done", "good good good", "verified, verified", "UNPLUG, FINISHED", 1},
-      {"two failures", "bad good bad bad good", "failed, verified, failed, failed", "FAILED, STOPPED", 1},
-      {"no identity number", "unnumbered good", "failed, verified", "UNPLUG, WAITING, FINISHED", 0},
-      {"two asked for", "good bad good good", "verified, failed, verified", "UNPLUG, FINISHED", 1,
-       [](Fleet& fleet) { fleet.UsePlan({}), fleet.state = std::make_unique<BenchState>(2); }},
-      {"one asked for, after another band", "good good good", "set aside, verified", "UNPLUG, FINISHED", 1,
-       [&](Fleet& fleet) { fleet.UsePlan({}), vhf(fleet), fleet.state = std::make_unique<BenchState>(1); },
-       {SetAside, [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xB8; }}},
-      {"one asked for, after a conflict and a failure", "good bad good", "conflict, failed, verified", "UNPLUG, FINISHED", 0,
-       [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(1); },
-       {Verifying, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
-      {"stopped while writing", "good good", "verified", "UNPLUG, FINISHED", 1,
-       {}, {Writing, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
-      {"stopped by a signal while writing", "good good", "verified", "UNPLUG, FINISHED", 1,
-       {}, {Writing, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
-      {"stopped by a signal during the backup", "good good", "failed", "BACKUP, FAILED, FINISHED", 1,
-       {}, {BackingUp, [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }}},
-      {"stopped during an identification", "good good", "", "IDENTIFYING, WAITING, FINISHED", 1,
-       {}, {Identifying, [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }}},
-      {"another band", "good", "set aside", "SET ASIDE, WAITING, FINISHED", 0, vhf},
-      {"another band accepted", "good good", "verified, verified", "UNPLUG, FINISHED", 0,
-       [&](Fleet& fleet) { vhf(fleet), fleet.settings.acceptsOtherBand = true; }},
-      {"a row for another radio", "good", "no row", "NO ROW, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
-      {"a radio with a row", "good", "done before", "IDENTIFYING, DONE BEFORE, WAITING, FINISHED", 0, {},
-       {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
-      {"a radio with a row, programmed again since", "good", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
-       {}, {Identifying, [=](Fleet& fleet) { isDone(fleet, "20260101000000"); }}},
-      {"the same, and the whole is compared", "good", "set aside", "VERIFYING, SET ASIDE, WAITING, FINISHED", 0,
-       [](Fleet& fleet) { fleet.settings.comparesDone = true; },
-       {Identifying, [=](Fleet& fleet) { isDone(fleet, "20240115093000"); }}},
-      {"the same, and it is written again", "good", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0,
-       [](Fleet& fleet) { fleet.settings.rewritesDone = true; }, {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
-      {"a radio with a row whose stamp is unknown, and what it should hold", "good", "done before",
-       "VERIFYING, DONE BEFORE, WAITING, FINISHED", 0, [](Fleet& fleet) { fleet.UsePlan("label\na\nb\n"); },
-       {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
-      {"another radio than the one that was backed up", "good", "failed", "VERIFYING, FAILED, WAITING, FINISHED", 0,
-       {}, {Writing, [](Fleet& fleet) { fleet.cables[0].Exchange("R-9"); }}},
-      {"no port at first", "good good", "verified, verified", "UNPLUG, FINISHED", 0,
-       [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; },
-       {NoPort, [](Fleet& fleet) { fleet.cables[0].openFailure.reset(); }}},
-      {"no journal at first", "good good", "verified, verified", "UNPLUG, FINISHED", 0,
-       [](Fleet& fleet) { fleet.tables.isLost = true; },
-       {NoJournal, [](Fleet& fleet) { fleet.tables.isLost = false; }}},
-      {"a journal that can be read but not written at first", "", "", "WAITING, NO JOURNAL, WAITING, FINISHED", 0,
-       [](Fleet& fleet) { fleet.tables.isFull = true; },
-       {NoJournal, [](Fleet& fleet) { fleet.tables.isFull = false; }}},
-      {"the row taken away", "good", "failed", "FAILED, WAITING, FINISHED", 0,
-       {}, {BackingUp, [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }}},
-      {"another radio than identified", "good", "failed", "FAILED, WAITING, FINISHED", 0,
-       {}, {BackingUp, [](Fleet& fleet) { fleet.cables[0].Spoil(0x1F0); }}},
-      {"one setting is not what was written", "good", "failed", "FAILED, WAITING, FINISHED", 0,
-       {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }}},
-      {"the text is not what was written", "good", "failed", "FAILED, WAITING, FINISHED", 0,
-       {}, {Verifying, [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }}},
-      {"a chosen row that another bench has done", "good good", "set aside, verified", "SET ASIDE, WAITING, IDENTIFYING, BACKUP, "
-       "WRITING, VERIFYING, UNPLUG, FINISHED", 0, [](Fleet& fleet) { fleet.state->Rows().Choose(2); },
-       {Identifying, [=](Fleet& fleet) { isDone(fleet, ""); }}},
-      {"noise", "noisy good", "verified", "VERIFYING, UNPLUG, WAITING, FINISHED", 0},
-      {"no room for backups", "good good good", "failed, failed", "FAILED, STOPPED", 1,
-       [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
-  };
-  // clang-format on
-  for (const auto& [name, radios, outcomes, lastStates, radiosLeft, prepare, when] : cases) {
+  for (const Row& row :
+       RowsOf(CASES "port_runs.txt", "([^:]+): ([^;]*); ([^;]*);(?: ([A-Z ]+): ([^;]*))? -> (.*) -> (.*); (\\d)")) {
+    const auto& [line, name, radios, before, state, event, outcomes, lastStates, radiosLeft] =
+        std::tie(row[0], row[1], row[2], row[3], row[4], row[5], row[6], row[7], row[8]);
     SCOPED_TRACE(name);
     Fleet fleet;
     fleet.UsePlan(TwoRows);
-    if (prepare) prepare(fleet);
-    fleet.when = when;
+    std::istringstream events(before);
+    for (std::string each; std::getline(events >> std::ws, each, ',');)
+      RunEvents.at(each)(fleet);
+    if (!event.empty()) fleet.when = {StateOf(state), RunEvents.at(event)};
     std::istringstream words(radios);
     for (std::string radio; words >> radio;)
       fleet.AddRadio(radio == "unnumbered" ? "" : "R-" + std::to_string(fleet.table.size()),
@@ -167,7 +142,7 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     fleet.Run();
     EXPECT_EQ(fleet.Outcomes(), outcomes);
     EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
-    EXPECT_EQ(fleet.table.size(), radiosLeft);
+    EXPECT_EQ(std::to_string(fleet.table.size()), radiosLeft);
     EXPECT_EQ(!fleet.hints.empty(), radios.find("noisy") != std::string::npos);
     for (const PortStatus& status : fleet.shown)
       EXPECT_TRUE(status.row == 0 || (status.state != Failed && status.state != SetAside));
