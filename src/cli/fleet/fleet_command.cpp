@@ -16,6 +16,7 @@
 #include <chrono>
 #include <istream>
 #include <map>
+#include <memory>
 #include <ostream>
 
 namespace mr4500x {
@@ -140,11 +141,11 @@ private:
 };
 
 // Runs the bench until all its ports have ended.
-FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan& plan, const FleetChoice& choice,
-                  Terminal& terminal) {
+FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std::shared_ptr<const Plan>& plan,
+                  const FleetChoice& choice, Terminal& terminal) {
   QEventLoop loop;
   FleetTally tally(choice.ports.size());
-  ProgressLine progress(plan, choice, terminal);
+  ProgressLine progress(*plan, choice, terminal);
   std::unique_ptr<FleetSession> session;
   const auto endIfOver = [&] {
     if (tally.HasStopped() && !session->HasCommands()) loop.quit();
@@ -195,7 +196,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const Plan
     terminal.err << "Verified: " << tally.Done() << " of " << choice.count << " requested radios.\n";
   const std::size_t pending = session->PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
-  const bool isOpenEnded = plan.isEndless && choice.count < 0;
+  const bool isOpenEnded = plan->isEndless && choice.count < 0;
   const bool isComplete = isOpenEnded ? tally.Failed().empty() : session->IsComplete();
   const bool isGood =
       pending == 0 && !tally.HasConflict() && tally.PartlyWritten().empty() && tally.Notes().empty() && areTraced;
@@ -225,7 +226,8 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   if (needsPorts && !FindPorts(files, settingsFile, arguments, terminal)) return ExitStatus::UnusableArguments;
   const ExitStatus mayStore = MayStore(files, choice, arguments.logFile, terminal);
   if (mayStore != ExitStatus::Done) return mayStore;
-  const auto& [plan, problems] = LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in);
+  const auto check = std::make_shared<const PlanCheck>(LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in));
+  const auto& [plan, problems] = *check;
   for (const std::string& problem : problems)
     Fail(terminal, problem);
   if (!problems.empty()) return ExitStatus::UnusableArguments;
@@ -248,7 +250,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
 
   Terminal shown{arguments.logFile == Stream ? terminal.err : terminal.out, terminal.err, terminal.in,
                  terminal.answersQuestions, terminal.showsProgress};
-  const FleetEnd end = RunBench(files, settingsFile, plan, choice, shown);
+  const FleetEnd end = RunBench(files, settingsFile, std::shared_ptr<const Plan>(check, &plan), choice, shown);
   if (!arguments.logFile.empty()) {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
     std::optional<std::vector<Attempt>> attempts = journal->Attempts(plan.key);

@@ -150,6 +150,15 @@ PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldText
   return check;
 }
 
+std::string ContentOf(FileSystem& files, const FleetChoice& choice) {
+  std::string content;
+  for (const std::string& file : {choice.templateFile, choice.rowsFile}) {
+    const TextInput input = file.empty() ? TextInput() : ReadTextInput(files, file, nullptr);
+    content += Sha256Of(input.text) + LineFor(input);
+  }
+  return content;
+}
+
 std::string DeviceOf(FileSystem& files, const std::string& settingsFile, const PortAddress& port) {
   std::string path = port.device;
   if (port.number > 0) path = DeviceOfPort(port.number, PortDevices(files, settingsFile), MachineSerialDevices()).path;
@@ -188,10 +197,10 @@ JournalContent ReadJournal(const std::string& address, const std::string& plan) 
   return {*rows, *attempts, {}};
 }
 
-FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
-                           BenchEvents events, std::function<void(const Attempt&)> onCommand)
+FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, std::shared_ptr<const Plan> plan,
+                           const FleetChoice& choice, BenchEvents events, std::function<void(const Attempt&)> onCommand)
     : m_texts(BuildFieldTexts('.')),
-      m_plan(std::move(plan)), m_settings{.plan = m_plan,
+      m_plan(std::move(plan)), m_settings{.plan = *m_plan,
                                           .texts = m_texts,
                                           .files = files,
                                           .bench = NewBenchName(files),

@@ -49,6 +49,8 @@ struct FleetChoice {
 // it, "-" is a file name.
 [[nodiscard]] PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts,
                                  std::istream* input);
+// A checksum of the template and the list as they are in the files now.
+[[nodiscard]] std::string ContentOf(FileSystem& files, const FleetChoice& choice);
 
 // "2026-11-25 12:45:07Z" for attempts, and "2026-11-25 13:45:07 +01:00" in the time zone of this machine.
 [[nodiscard]] std::string UtcTimestamp();
@@ -70,8 +72,8 @@ struct JournalContent {
 class FleetSession {
 public:
   // Starts the ports. BeginPlan has entered the plan. Calls `onCommand` as VerifiedCommand does.
-  FleetSession(FileSystem& files, const std::string& settingsFile, Plan plan, const FleetChoice& choice,
-               BenchEvents events, std::function<void(const Attempt&)> onCommand);
+  FleetSession(FileSystem& files, const std::string& settingsFile, std::shared_ptr<const Plan> plan,
+               const FleetChoice& choice, BenchEvents events, std::function<void(const Attempt&)> onCommand);
 
   void StopAfterTheseRadios() { m_state.StopAfterTheseRadios(); }
   void StopBeforeWrites() { m_state.StopBeforeWrites(); } // according to the policy in end_signals.h
@@ -89,7 +91,7 @@ public:
 
 private:
   const FieldTexts m_texts;
-  const Plan m_plan;
+  const std::shared_ptr<const Plan> m_plan;
   const BenchSettings m_settings;
   const BenchEvents m_events;
   BenchState m_state;

@@ -35,13 +35,17 @@ using namespace std::chrono_literals;
 
 // The plan from the files, and how it starts if it is still the shown one.
 struct Beginning {
-  std::shared_ptr<const PlanCheck> check;
-  bool isSame = false;
+  std::shared_ptr<const LoadedPlan> changed;
   PlanStart start;
 };
 
 bool IsSamePlan(const PlanCheck& a, const PlanCheck& b) {
   return a.plan.key == b.plan.key && a.problems == b.problems;
+}
+
+std::shared_ptr<const LoadedPlan> Load(FileSystem& files, const FleetChoice& choice) {
+  const std::string content = ContentOf(files, choice); // a later change is noticed at the start
+  return std::make_shared<const LoadedPlan>(LoadPlan(files, choice, BuildFieldTexts('.'), nullptr), content);
 }
 
 } // namespace
@@ -98,10 +102,8 @@ void FrmFleet::ForgetPlan() {
 void FrmFleet::LoadChosenPlan() {
   const FleetChoice choice = m_setup->Choice();
   if (choice.templateFile.empty()) return;
-  const auto work = [this, choice] {
-    return std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
-  };
-  RunInWorker(work, [this, load = m_loads, choice](const std::shared_ptr<const PlanCheck>& check) {
+  const auto work = [this, choice] { return Load(m_files, choice); };
+  RunInWorker(work, [this, load = m_loads, choice](const std::shared_ptr<const LoadedPlan>& check) {
     if (load != m_loads) return;
     if (m_session || m_isStarting) return;
     if (m_plan && IsSamePlan(*check, *m_plan)) return RefreshRows(); // keep the selection
@@ -109,7 +111,7 @@ void FrmFleet::LoadChosenPlan() {
   });
 }
 
-void FrmFleet::ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice) {
+void FrmFleet::ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const FleetChoice& choice) {
   m_plan = check;
   m_journal = JournalOf(choice);
   m_listedAt = 0;
@@ -154,19 +156,19 @@ void FrmFleet::StartWith(EarlierRows earlier) {
   choice.earlier = earlier;
   const auto work = [this, choice, plan = m_plan] {
     Beginning beginning;
-    beginning.check = std::make_shared<const PlanCheck>(LoadPlan(m_files, choice, BuildFieldTexts('.'), nullptr));
-    beginning.isSame = IsSamePlan(*beginning.check, *plan);
+    if (ContentOf(m_files, choice) != plan->content) beginning.changed = Load(m_files, choice);
+    if (beginning.changed && IsSamePlan(*beginning.changed, *plan)) beginning.changed.reset();
     const auto onWait = [this] {
       QMetaObject::invokeMethod(
           this, [this] { ShowMessage(Shown(WaitsForBenchText)); }, Qt::QueuedConnection);
     };
-    if (beginning.isSame) beginning.start = BeginPlan(m_files, choice, plan->plan, onWait);
+    if (!beginning.changed) beginning.start = BeginPlan(m_files, choice, plan->plan, onWait);
     return beginning;
   };
   RunInWorker(work, [this, choice](const Beginning& beginning) {
     m_isStarting = false;
-    if (!beginning.isSame) {
-      ShowPlan(beginning.check, choice);
+    if (beginning.changed) {
+      ShowPlan(beginning.changed, choice);
       ShowMessage(tr("The template or the rows have changed. Check them and start again."));
     } else if (!beginning.start.failure.error.empty()) {
       ShowFailure(beginning.start.failure);
@@ -216,7 +218,7 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
   // Reports from the ports' threads are shown in this thread.
   const auto inWindow = [this](auto show) { QMetaObject::invokeMethod(this, show, Qt::QueuedConnection); };
   m_session = std::make_unique<FleetSession>(
-      m_files, m_settingsFile, m_plan->plan, choice,
+      m_files, m_settingsFile, std::shared_ptr<const Plan>(m_plan, &m_plan->plan), choice,
       BenchEvents{
           .onStatus = [this, inWindow](const PortStatus& status) { inWindow([this, status] { ShowStatus(status); }); },
           .onConflict = [this,

@@ -28,6 +28,10 @@ class FleetSetup;
 struct PlanStart;
 class PortCard;
 
+struct LoadedPlan : PlanCheck {
+  std::string content; // of the files; see ContentOf
+};
+
 class FrmFleet final : public QWidget {
 public:
   FrmFleet(FileSystem& files, std::string settingsFile, QString ownSettingsFile);
@@ -64,7 +68,7 @@ private:
                  std::function<std::vector<std::string>(const std::vector<Attempt>&)> linesOf);
   void ForgetPlan();
   void LoadChosenPlan();
-  void ShowPlan(const std::shared_ptr<const PlanCheck>& check, const FleetChoice& choice);
+  void ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const FleetChoice& choice);
   void Start();
   void StartWith(EarlierRows earlier);
   void AskAboutEarlier(const PlanStart& start);
@@ -105,10 +109,10 @@ private:
   QSortFilterProxyModel m_filtered;
   std::vector<PortCard*> m_cards;
 
-  std::shared_ptr<const PlanCheck> m_plan; // the last one loaded
-  std::string m_journal;                   // the address of the journal
-  std::int64_t m_listedAt = 0;             // the time of the last list of its rows
-  unsigned m_loads = 0;                    // the number of the one that counts
+  std::shared_ptr<const LoadedPlan> m_plan; // the last one loaded
+  std::string m_journal;                    // the address of the journal
+  std::int64_t m_listedAt = 0;              // the time of the last list of its rows
+  unsigned m_loads = 0;                     // the number of the one that counts
   std::unique_ptr<FleetSession> m_session;
   FleetTally m_tally{0};
   QTimer m_loadSoon, m_refresh;
