@@ -4,14 +4,13 @@
 #include "decimal.h"
 
 #include <algorithm>
-#include <map>
 
 namespace mr4500x {
 namespace {
 
-constexpr std::array<std::string_view, 11> OutcomeNames = {"verified", "failed",  "set aside", "conflict",
+constexpr std::array<std::string_view, 12> OutcomeNames = {"verified", "failed",  "set aside", "conflict",
                                                            "begun",    "aborted", "no row",    "done before",
-                                                           "note",     "freed",   "reissued"};
+                                                           "note",     "freed",   "reissued",  "dismissed"};
 constexpr std::size_t FirstColumns = 2, ColumnsOfVersion1 = 15;
 
 std::string Harmless(const std::string& cell) {
@@ -58,19 +57,6 @@ std::vector<Attempt> ParseAttempts(std::string_view csv) {
       attempt.*AttemptColumns.at(i).text = cells[i + FirstColumns];
   }
   return attempts;
-}
-
-std::vector<Attempt> PartlyWritten(const std::vector<Attempt>& attempts) {
-  using enum AttemptOutcome;
-  std::map<std::string, const Attempt*> last; // by identity number
-  for (const Attempt& attempt : attempts)
-    if (attempt.outcome == Verified || attempt.outcome == Conflict || attempt.outcome == Aborted ||
-        (attempt.outcome == Failed && !attempt.sha256.empty()))
-      last[attempt.idNumber] = &attempt;
-  std::vector<Attempt> found;
-  for (const auto& [idNumber, attempt] : last)
-    if (attempt->outcome != Verified && attempt->outcome != Conflict) found.push_back(*attempt);
-  return found;
 }
 
 } // namespace mr4500x

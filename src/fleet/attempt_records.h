@@ -44,8 +44,4 @@ enum class CsvUse : std::uint8_t {
 [[nodiscard]] std::string AttemptsCsv(const std::vector<Attempt>& attempts, CsvUse use);
 [[nodiscard]] std::vector<Attempt> ParseAttempts(std::string_view csv);
 
-// The last attempt of each radio that may be only partly programmed: the attempt failed during the write, or was begun
-// by a bench that died.
-[[nodiscard]] std::vector<Attempt> PartlyWritten(const std::vector<Attempt>& attempts);
-
 } // namespace mr4500x

@@ -93,7 +93,7 @@ private:
 struct BenchEvents {
   std::function<void(const PortStatus&)> onStatus{};                      // at each change
   std::function<void(const Attempt&)> onConflict = [](const Attempt&) {}; // for a late entry: two radios hold its row
-  std::function<void(const Attempt&)> onVerified = [](const Attempt&) {}; // once for each; must not block
+  std::function<void(const Attempt&)> onEntered = [](const Attempt&) {};  // once for each at its end; must not block
 };
 
 struct BenchContext {

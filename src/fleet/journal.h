@@ -39,6 +39,7 @@ enum class AttemptOutcome : std::uint8_t {
   Note,       // about a radio or a row, or what became of a command for it
   Freed,      // a person has freed a row that a bench had taken
   Reissued,   // or given one out again that was done
+  Dismissed,  // or dealt with a radio that needed attention
 };
 
 // The job of one radio, from its identification to its end.

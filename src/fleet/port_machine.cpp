@@ -23,7 +23,6 @@ void ForgetRadio(PortMachine& port) {
   port.badIdentities = port.silentTries = 0;
   port.status.row = 0;
   port.status.label.clear();
-  port.status.trouble = RadioTrouble::None;
   port.status.idNumber.clear();
 }
 
@@ -120,7 +119,6 @@ PortAction On(PortMachine& port, const RadioReported& event, const BenchView& /*
   if (event.state == PortState::NoJournal) return LoseJournal(port, event.text);
   port.status.row = event.row;
   port.status.label = event.label;
-  port.status.trouble = event.trouble;
   Show(port, event.state, event.text, event.percent);
   if (IsUnderway(event.state)) return PortAction::None;
   port.waitsForRow = event.state == PortState::NoRow;

@@ -51,7 +51,6 @@ struct RadioReported { // HandleRadio: during the job and at its end
   std::string label{}, text{};
   int percent = 0;
   bool isFailure = false, isCable = false; // of the cable, perhaps
-  RadioTrouble trouble = RadioTrouble::None;
 };
 using PortEvent = std::variant<CycleStarted, JournalPolled, RadioAnswered, RadioIdentified, RadioReported>;
 

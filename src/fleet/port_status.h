@@ -39,20 +39,12 @@ enum class PortState : std::uint8_t {
   return state == PortState::Stopped || state == PortState::Finished;
 }
 
-// The remaining problem of a radio that was not verified.
-enum class RadioTrouble : std::uint8_t {
-  None,
-  PartlyWritten, // it may be only partly programmed
-  Conflict,      // another radio holds its row, or it holds another row
-};
-
 struct PortStatus {
   std::size_t port = 0; // index, from 0
   PortState state = PortState::Waiting;
   std::size_t row = 0; // 0: none
   std::string label{}, idNumber{}, text{};
-  int percent = 0; // of backup, write and verification together
-  RadioTrouble trouble = RadioTrouble::None;
+  int percent = 0;         // of backup, write and verification together
   std::size_t nextRow = 0; // Waiting: the row of the next radio; 0: none
   std::string nextLabel{};
   bool canGoOn = false; // Stopped: not for good

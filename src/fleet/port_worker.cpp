@@ -187,9 +187,9 @@ RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchS
   attempt.end = m_settings.timestamp();
   attempt.outcome = outcome;
   const Attempt entered = m_context.pending.Enter(m_journal, attempt);
+  m_context.events.onEntered(entered);
   if (entered.outcome == Verified || entered.outcome == DoneBefore) {
     if (entered.outcome == Verified) slot.Use();
-    if (entered.outcome == Verified) m_context.events.onVerified(entered);
     const bool isPending = m_context.pending.Count() > 0;
     const char* const hint = m_context.pending.IsKept() ? LateEntryHint : LostEntryHint;
     return {entered.outcome == Verified ? PortState::Done : PortState::AlreadyDone, attempt.row, attempt.label,
@@ -197,14 +197,10 @@ RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchS
   }
   if (entered.outcome == NoRow) return {.state = PortState::NoRow, .text = attempt.text};
   // The row is no longer this radio's.
-  const bool isPart = entered.outcome == Failed && !attempt.sha256.empty();
   return {.state = entered.outcome == SetAside ? PortState::SetAside : PortState::Failed,
           .text = entered.outcome == Conflict ? LineForConflict(entered) : attempt.text,
           .isFailure = entered.outcome == Failed,
-          .isCable = isCable,
-          .trouble = entered.outcome == Conflict ? RadioTrouble::Conflict
-                     : isPart                    ? RadioTrouble::PartlyWritten
-                                                 : RadioTrouble::None};
+          .isCable = isCable};
 }
 
 } // namespace

@@ -41,8 +41,6 @@ std::string SubjectText(std::size_t row, const std::string& label, const std::st
   return name;
 }
 
-const std::string PartlyWrittenWords = "May be only partly programmed: ";
-
 // Joins the parts that are not empty: "COM1: row 12: failed"
 std::string JoinParts(std::initializer_list<std::string_view> parts) {
   constexpr std::size_t MostCharacters = 10'000;
@@ -149,11 +147,11 @@ std::string LineFor(const PortStatus& status, std::string_view portName) {
   return JoinParts({portName, name, sentence, status.text});
 }
 
-std::string LineForFailed(const PortStatus& status, std::string_view portName) {
-  const std::string radio = status.idNumber.empty() ? "a radio" : "radio " + status.idNumber;
-  const std::string_view word =
-      WordFor(status.state == PortState::SetAside ? AttemptOutcome::SetAside : AttemptOutcome::Failed);
-  return JoinParts({radio + ", at " + std::string(portName), word, status.text});
+std::string LineForFailed(const Attempt& attempt) {
+  const std::string radio = attempt.idNumber.empty() ? "a radio" : "radio " + attempt.idNumber;
+  const bool isConflict = attempt.outcome == AttemptOutcome::Conflict;
+  return JoinParts({radio + ", at " + attempt.port, WordFor(isConflict ? AttemptOutcome::Failed : attempt.outcome),
+                    isConflict ? LineForConflict(attempt) : attempt.text});
 }
 
 std::string LineFor(const Attempt& attempt) {
@@ -180,12 +178,8 @@ std::string LineForConflict(const Attempt& attempt) {
          ". Reprogram one of them";
 }
 
-std::string LineForPartlyWritten(const PortStatus& status) {
-  return PartlyWrittenWords + SubjectText(status.row, status.label, status.idNumber);
-}
-
 std::string LineForPartlyWritten(const Attempt& attempt) {
-  return PartlyWrittenWords + SubjectText(attempt.row, attempt.label, attempt.idNumber);
+  return "May be only partly programmed: " + SubjectText(attempt.row, attempt.label, attempt.idNumber);
 }
 
 std::string LineForHeld(const Attempt& attempt) {

@@ -65,11 +65,9 @@ inline constexpr char LostEntryHint[] = "neither the journal nor the file of pen
 // An entry whose row went to another radio in the meantime, or whose radio got another row.
 [[nodiscard]] std::string LineForConflict(const Attempt& attempt);
 // "radio R12, at COM3: failed: the radio does not answer", of a radio that was not verified.
-[[nodiscard]] std::string LineForFailed(const PortStatus& status, std::string_view portName);
+[[nodiscard]] std::string LineForFailed(const Attempt& attempt);
 // "May be only partly programmed: row 3, Taxi 3, radio R3"
-[[nodiscard]] std::string LineForPartlyWritten(const PortStatus& status);
 [[nodiscard]] std::string LineForPartlyWritten(const Attempt& attempt);
-
 [[nodiscard]] std::string LineForHeld(const Attempt& attempt); // the row that its radio holds
 
 struct FleetProgress {

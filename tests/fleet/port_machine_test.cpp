@@ -1,4 +1,6 @@
-// A port's machine, event by event.
+// A port's machine, event by event, and what becomes of the radios that it leaves unverified.
+#include "attempt_records.h"
+#include "open_radios.h"
 #include "port_machine.h"
 #include "rows.h"
 #include "words.h"
@@ -60,6 +62,30 @@ TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
     }
     EXPECT_TRUE(all.ends_with(row[3])) << row[0] << ":" << all;
     EXPECT_EQ(LineFor(machine.status, ""), row[4]) << row[0];
+  }
+}
+
+// With what an earlier bench has left in the journal, too.
+TEST(OpenRadiosTest, StayUntilTheyAreVerifiedOrDismissed) {
+  const auto names = [](const std::map<std::string, Attempt>& attempts) {
+    std::string text;
+    for (const auto& [key, attempt] : attempts)
+      text += attempt.idNumber + ' ';
+    return text;
+  };
+  for (const Row& row : RowsOf(CASES "open_radios.txt", "[^:]+: (.*) -> (.*)")) {
+    OpenRadios open;
+    std::istringstream steps(row[1]);
+    for (std::string step; std::getline(steps >> std::ws, step, ',');) {
+      Attempt attempt;
+      attempt.key = attempt.idNumber = step.substr(step.size() - 1);
+      if (step.find('@') != std::string::npos) attempt.port = "COM1";
+      if (std::erase(step, '*') > 0) attempt.sha256 = "00";
+      attempt.outcome = OutcomeStoredAs(step.substr(0, step.rfind(' '))).value();
+      open.Record(attempt);
+    }
+    EXPECT_EQ(names(open.Failed()) + "| " + names(open.PartlyWritten()) + "| " + names(open.Notes()), row[2] + ' ')
+        << row[0];
   }
 }
 

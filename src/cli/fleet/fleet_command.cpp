@@ -4,6 +4,7 @@
 #include "end_signals.h"
 #include "file_access.h"
 #include "file_commands.h"
+#include "open_radios.h"
 #include "plan_start.h"
 #include "sql_journal.h"
 #include "text.h"
@@ -121,11 +122,11 @@ public:
   void Clear() {
     if (m_terminal.showsProgress) m_terminal.err << "\r\x1b[K" << std::flush;
   }
-  void Show(const FleetTally& tally) {
+  void Show(const FleetTally& tally, std::size_t failed) {
     if (!m_terminal.showsProgress || tally.HasStopped()) return;
     const auto own = static_cast<std::size_t>(tally.Done());
     m_progress.done = m_before + own;
-    m_progress.failed = tally.Failed().size();
+    m_progress.failed = failed;
     const std::size_t left = m_progress.total - std::min(m_progress.total, m_progress.done);
     const auto time = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - m_start);
     const long long rest = own == 0 ? 0 : static_cast<long long>(left) * time.count() / static_cast<long long>(own);
@@ -145,6 +146,8 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
                   const FleetChoice& choice, Terminal& terminal) {
   QEventLoop loop;
   FleetTally tally(choice.ports.size());
+  OpenRadios radios;
+  bool hasConflict = false;
   ProgressLine progress(*plan, choice, terminal);
   std::unique_ptr<FleetSession> session;
   const auto endIfOver = [&] {
@@ -154,19 +157,23 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
     if (tally.Record(status)) {
       progress.Clear();
       terminal.out << LineFor(status, DisplayName(choice.ports[status.port])) << std::endl;
-      progress.Show(tally);
+      progress.Show(tally, radios.Failed().size());
     }
     endIfOver();
   };
+  const auto record = [&](const Attempt& attempt) {
+    radios.Record(attempt);
+    if (attempt.outcome == AttemptOutcome::Conflict) hasConflict = true;
+  };
   const auto printConflict = [&](const Attempt& attempt) {
-    tally.RecordConflict();
+    hasConflict = true;
     progress.Clear();
     terminal.out << LineForConflict(attempt) << std::endl;
   };
   const auto printCommand = [&](const Attempt& note) {
     progress.Clear();
     if (!note.text.empty()) terminal.out << LineForCommand(note) << std::endl;
-    if (!note.text.empty()) tally.RecordNote(note);
+    if (!note.text.empty()) record(note);
     endIfOver();
   };
   // Reports from the ports' threads are printed in this thread.
@@ -176,6 +183,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
       BenchEvents{
           .onStatus = [&](const PortStatus& status) { inLoop([&print, status] { print(status); }); },
           .onConflict = [&](const Attempt& attempt) { inLoop([&printConflict, attempt] { printConflict(attempt); }); },
+          .onEntered = [&](const Attempt& attempt) { inLoop([&record, attempt] { record(attempt); }); },
       },
       [&](const Attempt& note) { inLoop([&printCommand, note] { printCommand(note); }); });
   const auto stop = [&](int) {
@@ -187,19 +195,19 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
   loop.exec();
   const bool areTraced = session->EndTraces();
   if (!areTraced) Fail(terminal, choice.traceFolder + NoTracesText);
-  terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << tally.Failed().size() << '\n';
-  for (const auto& [idNumber, status] : tally.Failed())
-    terminal.out << "Not verified: " << LineForFailed(status, DisplayName(choice.ports[status.port])) << '\n';
-  for (const auto& [idNumber, status] : tally.PartlyWritten())
-    terminal.out << LineForPartlyWritten(status) << '\n';
+  terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << radios.Failed().size() << '\n';
+  for (const auto& [idNumber, attempt] : radios.Failed())
+    terminal.out << "Not verified: " << LineForFailed(attempt) << '\n';
+  for (const auto& [idNumber, attempt] : radios.PartlyWritten())
+    terminal.out << LineForPartlyWritten(attempt) << '\n';
   if (tally.Done() < choice.count)
     terminal.err << "Verified: " << tally.Done() << " of " << choice.count << " requested radios.\n";
   const std::size_t pending = session->PendingCount();
   if (pending > 0) terminal.err << LineForPending(pending) << '\n';
   const bool isOpenEnded = plan->isEndless && choice.count < 0;
-  const bool isComplete = isOpenEnded ? tally.Failed().empty() : session->IsComplete();
+  const bool isComplete = isOpenEnded ? radios.Failed().empty() : session->IsComplete();
   const bool isGood =
-      pending == 0 && !tally.HasConflict() && tally.PartlyWritten().empty() && tally.Notes().empty() && areTraced;
+      pending == 0 && !hasConflict && radios.PartlyWritten().empty() && radios.Notes().empty() && areTraced;
   return {isComplete && isGood, session->BenchName()};
 }
 

@@ -4,6 +4,7 @@
 #include "attempt_records.h"
 #include "file_commands.h"
 #include "fleet_command.h"
+#include "open_radios.h"
 #include "sql_journal.h"
 #include "utf8.h"
 #include "words.h"
@@ -72,7 +73,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
     shown.start = LocalTimestamp(shown.start);
     terminal.out << (plans.size() > 1 ? "plan " + shown.plan.substr(0, 8) + ": " : "") << LineFor(shown) << '\n';
   }
-  for (const Attempt& attempt : PartlyWritten(*attempts))
+  for (const auto& [radio, attempt] : PartlyWritten(*attempts))
     terminal.out << LineForPartlyWritten(attempt) << '\n';
   return EndOutput(terminal);
 }

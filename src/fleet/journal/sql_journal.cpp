@@ -283,7 +283,7 @@ bool SqlJournal::EnterOnce(Attempt& attempt) {
     attempt = AttemptIn(*earlier);
     return true;
   }
-  if (attempt.outcome != AttemptOutcome::Note && !FinishRow(attempt, ValuesOf(attempt))) return false;
+  if (!FinishRow(attempt, ValuesOf(attempt))) return false;
   constexpr char Finish[] = "UPDATE fleet_attempt SET outcome = :outcome, ended = :ended, said = :said,"
                             " backup = :backup, sha256 = :sha256, stamp = :stamp WHERE attempt_key = :attempt_key";
   const QString insert = "INSERT INTO fleet_attempt (" + ColumnList() + ") VALUES (" + ColumnList(":") + ')';
@@ -295,6 +295,7 @@ bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
                 release = free + " AND bench = :bench AND id_number = :id";
   switch (attempt.outcome) {
   case AttemptOutcome::Note:
+  case AttemptOutcome::Dismissed:
     return true;
   case AttemptOutcome::Freed:
     return m_database.Run(free, values).has_value();

@@ -78,7 +78,17 @@ constexpr const char* Version4[] = {
     "CREATE INDEX fleet_row_changed ON fleet_row (plan, changed) WHERE changed > 0",
     "CREATE INDEX fleet_row_taken ON fleet_row (plan) WHERE state = 'taken'",
 };
-constexpr std::span<const char* const> Versions[] = {Version1, Version2, Version3, Version4};
+// A dismissal is not an attempt either.
+constexpr const char* Version5[] = {
+    "DROP VIEW radios",
+    "CREATE VIEW radios AS SELECT id_number, firmware, band, outcome, said AS text, number AS \"row\", label, ended,"
+    " stamp, sha256, backup, plan FROM fleet_attempt last WHERE id_number <> '' AND outcome NOT IN"
+    " ('no row', 'done before', 'freed', 'reissued', 'note', 'dismissed') AND NOT EXISTS (SELECT 1 FROM fleet_attempt"
+    " later WHERE later.id_number = last.id_number AND later.outcome NOT IN"
+    " ('no row', 'done before', 'freed', 'reissued', 'note', 'dismissed') AND (later.started > last.started"
+    " OR later.started = last.started AND later.attempt_key > last.attempt_key))",
+};
+constexpr std::span<const char* const> Versions[] = {Version1, Version2, Version3, Version4, Version5};
 
 // The monotonic clock is the same for all processes and can't be set. It restarts with the machine.
 qint64 SteadySeconds() {

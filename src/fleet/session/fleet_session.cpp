@@ -192,7 +192,7 @@ std::string LocalTimestamp(const std::string& utc) {
 JournalContent ReadJournal(const std::string& address, const std::string& plan) {
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto rows = journal->Rows(plan);
-  const auto attempts = rows ? journal->Attempts(plan) : std::nullopt;
+  const auto attempts = rows ? journal->Attempts("") : std::nullopt;
   if (!attempts) return {{}, {}, journal->Failure()};
   return {*rows, *attempts, {}};
 }
@@ -216,7 +216,11 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, s
                                           .newKey = NewAttemptKey},
       m_events{.onStatus = std::move(events.onStatus),
                .onConflict = std::move(events.onConflict),
-               .onVerified = [this](const Attempt& attempt) { m_command.Run(attempt); }},
+               .onEntered =
+                   [this, onEntered = std::move(events.onEntered)](const Attempt& attempt) {
+                     if (attempt.outcome == AttemptOutcome::Verified) m_command.Run(attempt);
+                     onEntered(attempt);
+                   }},
       m_state(choice.count),
       m_pending(files, UserStateFolder() + "/fleet/" + Sha256Of(JournalOf(choice)).substr(0, 16)),
       m_command(choice.onVerified, JournalOf(choice), m_pending, std::move(onCommand)), m_traces(OpenTraces(choice)),
@@ -236,11 +240,6 @@ bool FleetTally::Record(const PortStatus& status) {
   last = status;
   if (!isNews) return false;
   if (status.state == PortState::Done) ++m_done;
-  if (status.state == PortState::Done) m_partlyWritten.erase(status.idNumber);
-  if (status.trouble == RadioTrouble::PartlyWritten) m_partlyWritten[status.idNumber] = status;
-  if (status.trouble == RadioTrouble::Conflict) m_hasConflict = true;
-  if (IsGood(status.state)) m_failed.erase(status.idNumber);
-  if (IsBad(status.state) && status.state != PortState::NoRow) m_failed[status.idNumber] = status;
   return true;
 }
 
@@ -250,12 +249,6 @@ bool FleetTally::HasEnded() const {
 
 bool FleetTally::HasStopped() const {
   return std::ranges::all_of(m_last, [](const auto& last) { return last && IsEnd(last->state); });
-}
-
-void FleetTally::Dismiss(const std::string& idNumberOrKey) {
-  m_failed.erase(idNumberOrKey);
-  m_partlyWritten.erase(idNumberOrKey);
-  m_notes.erase(idNumberOrKey);
 }
 
 } // namespace mr4500x

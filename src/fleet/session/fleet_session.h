@@ -9,7 +9,6 @@
 #include <deque>
 #include <fstream>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -62,9 +61,9 @@ struct FleetChoice {
 [[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
 struct JournalContent {
-  std::vector<JournalRow> rows; // of the plan
-  std::vector<Attempt> attempts;
-  JournalFailure failure; // without an error it was read
+  std::vector<JournalRow> rows;  // of the plan
+  std::vector<Attempt> attempts; // of all plans
+  JournalFailure failure;        // without an error it was read
 };
 [[nodiscard]] JournalContent ReadJournal(const std::string& address, const std::string& plan);
 
@@ -112,23 +111,10 @@ public:
   [[nodiscard]] bool HasEnded() const;
   [[nodiscard]] bool HasStopped() const;
   [[nodiscard]] int Done() const { return m_done; } // radios
-  // The last status of radios that were left unverified, by identity number. One without a row was not requested.
-  [[nodiscard]] const std::map<std::string, PortStatus>& Failed() const { return m_failed; }
-  void Dismiss(const std::string& idNumberOrKey); // the user has dealt with it
-  void RecordConflict() { m_hasConflict = true; }
-  [[nodiscard]] bool HasConflict() const { return m_hasConflict; }
-  // Entries about failed commands, by key.
-  void RecordNote(const Attempt& note) { m_notes[note.key] = note; }
-  [[nodiscard]] const std::map<std::string, Attempt>& Notes() const { return m_notes; }
-  // The last status of radios that may be only partly programmed, by identity number.
-  [[nodiscard]] const std::map<std::string, PortStatus>& PartlyWritten() const { return m_partlyWritten; }
 
 private:
   std::vector<std::optional<PortStatus>> m_last;
-  std::map<std::string, PortStatus> m_failed, m_partlyWritten;
-  std::map<std::string, Attempt> m_notes;
   int m_done = 0;
-  bool m_hasConflict = false;
 };
 
 } // namespace mr4500x

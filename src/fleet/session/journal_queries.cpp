@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <map>
@@ -39,7 +40,8 @@ std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::strin
   const std::string file = FileOfJournal(address);
   if (!file.empty() && IsMissing(files, file)) return JournalFailure{"The journal does not exist."};
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
-  const auto rows = journal->Rows(decision.plan);
+  auto rows = std::optional(std::vector<JournalRow>{{0, "", "", {}, "", decision.idNumber}});
+  if (decision.row > 0) rows = journal->Rows(decision.plan);
   if (!rows) return journal->Failure();
   const auto row = std::ranges::find(*rows, decision.row, &JournalRow::row);
   const std::string name = "Row " + std::to_string(decision.row);
@@ -110,9 +112,20 @@ std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, con
     if (isWrite || attempt.outcome == Reissued) held = attempt.outcome == Verified ? &attempt : nullptr;
   }
   if (held != nullptr) lines.push_back(LineForHeld(*held));
-  for (const Attempt& attempt : PartlyWritten(own))
+  for (const auto& [radio, attempt] : PartlyWritten(own))
     lines.push_back(LineForPartlyWritten(attempt));
   return lines;
+}
+
+OpenRadios OpenRadiosOf(const std::vector<Attempt>& attempts) {
+  using enum AttemptOutcome;
+  OpenRadios open;
+  const std::string computer = QSysInfo::machineHostName().toStdString();
+  for (const Attempt& attempt : attempts) {
+    const bool isHandled = attempt.outcome == Verified || attempt.outcome == DoneBefore || attempt.outcome == Dismissed;
+    if (isHandled || ComputerOf(attempt.bench) == computer) open.Record(attempt);
+  }
+  return open;
 }
 
 std::vector<PortDay> StatisticsOf(const std::vector<Attempt>& attempts) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fleet_session.h"
+#include "open_radios.h"
 
 #include <string>
 #include <variant>
@@ -10,10 +11,11 @@
 namespace mr4500x {
 
 struct RowDecision {
-  AttemptOutcome outcome = AttemptOutcome::Note; // Freed, Reissued or Note
+  AttemptOutcome outcome = AttemptOutcome::Note; // Freed, Reissued, Note or Dismissed
   std::string plan;                              // its key
-  std::size_t row = 0;
+  std::size_t row = 0;                           // 0: about the radio
   std::string text, operatorName;
+  std::string idNumber{}; // of the radio
 };
 // Changes the row as decided, and returns the entry about it. Nothing else of the journal is changed or deleted.
 [[nodiscard]] std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::string& address,
@@ -27,6 +29,9 @@ enum class PlanChoice : std::uint8_t { One, AnyOrAll };
 
 // All that is known of a radio, a line each. The attempts are those of all plans.
 [[nodiscard]] std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber);
+
+// The radios and commands of this computer that a person still has to deal with.
+[[nodiscard]] OpenRadios OpenRadiosOf(const std::vector<Attempt>& attempts);
 
 // What one port of a computer did on one day.
 struct PortDay {

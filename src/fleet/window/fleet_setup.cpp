@@ -19,7 +19,7 @@
 namespace mr4500x {
 
 FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
-                       const std::function<void()>& portsChanged)
+                       const std::function<void()>& portsChanged, const std::function<void()>& changed)
     : QGroupBox(tr("Plan")), m_files(files), m_settingsFile(std::move(settingsFile)),
       m_filesChanged(std::move(filesChanged)), m_choices(new QWidget), m_summary(new QLabel), m_ports(new QListWidget),
       m_quick(new QCheckBox(tr("&Quick"))), m_otherBand(new QCheckBox(tr("Accept other &bands"))),
@@ -39,12 +39,19 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   m_journal = AddFile(*grid, "txtJournal", tr("&Journal:"), tr("Journals (*.journal)"));
   m_journal->setPlaceholderText(tr("a file beside the template"));
   AddOptions(*grid);
-  AddPorts(*grid, portsChanged);
+  AddPorts(*grid, [portsChanged, changed] {
+    portsChanged();
+    changed();
+  });
   grid->setColumnStretch(1, 3);
   grid->setColumnStretch(4, 2);
   m_sound->setObjectName(QStringLiteral("chkSound"));
   m_sound->setToolTip(tr("One beep when a radio is done, three when one has failed"));
   all->addWidget(m_sound, 0, Qt::AlignBottom);
+  for (const QLineEdit* const edit : {m_template, m_rows, m_journal, m_operator, m_onVerified})
+    connect(edit, &QLineEdit::textChanged, this, changed);
+  for (const QCheckBox* const option : {m_quick, m_sound})
+    connect(option, &QCheckBox::toggled, this, changed);
 }
 
 void FleetSetup::AddOptions(QGridLayout& grid) {

@@ -18,9 +18,9 @@ namespace mr4500x {
 
 class FleetSetup final : public QGroupBox {
 public:
-  // Calls `filesChanged` for another plan or journal, `portsChanged` for other ports.
+  // Calls `filesChanged` for another plan or journal, `portsChanged` for other ports, `changed` for any change.
   FleetSetup(FileSystem& files, std::string settingsFile, std::function<void()> filesChanged,
-             const std::function<void()>& portsChanged);
+             const std::function<void()>& portsChanged, const std::function<void()>& changed);
 
   [[nodiscard]] FleetChoice Choice() const;
   [[nodiscard]] bool HasSound() const;

@@ -1,6 +1,7 @@
 #include "frm_fleet.h"
 
 #include "fleet_setup.h"
+#include "journal_queries.h"
 #include "plan_start.h"
 #include "port_card.h"
 #include "shown_text.h"
@@ -53,7 +54,7 @@ std::shared_ptr<const LoadedPlan> Load(FileSystem& files, const FleetChoice& cho
 FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSettingsFile)
     : m_files(files), m_settingsFile(std::move(settingsFile)), m_ownSettingsFile(std::move(ownSettingsFile)),
       m_setup(new FleetSetup(
-          files, m_settingsFile, [this] { ForgetPlan(); }, [this] { ShowState(); })),
+          files, m_settingsFile, [this] { ForgetPlan(); }, [this] { ShowState(); }, [this] { m_storeSoon.start(); })),
       m_counts(new QLabel), m_message(new QLabel), m_next(new QLineEdit), m_problems(new QListWidget),
       m_failed(new QListWidget), m_failedBox(new QWidget), m_cardArea(new QScrollArea), m_cardGrid(new QGridLayout),
       m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
@@ -66,8 +67,12 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
   m_loadSoon.setSingleShot(true);
   m_loadSoon.setInterval(300ms);
   connect(&m_loadSoon, &QTimer::timeout, this, [this] { LoadChosenPlan(); });
+  m_storeSoon.setSingleShot(true);
+  m_storeSoon.setInterval(300ms);
+  connect(&m_storeSoon, &QTimer::timeout, this, [this] { StoreChoice(); });
   const QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
   m_setup->Load(settings);
+  m_storeSoon.stop();
   const QSize frame(0, style()->pixelMetric(QStyle::PM_TitleBarHeight)); // the real one is not known yet
   resize(settings.value("Window/Size", QSize(1200, 760)).toSize().boundedTo(screen()->availableSize() - frame));
   ForgetPlan();
@@ -106,8 +111,12 @@ void FrmFleet::LoadChosenPlan() {
   RunInWorker(work, [this, load = m_loads, choice](const std::shared_ptr<const LoadedPlan>& check) {
     if (load != m_loads) return;
     if (m_session || m_isStarting) return;
-    if (m_plan && IsSamePlan(*check, *m_plan)) return RefreshRows(); // keep the selection
-    ShowPlan(check, choice);
+    if (m_plan && IsSamePlan(*check, *m_plan)) { // keep the selection
+      RefreshRows();
+      LoadOpenRadios();
+    } else {
+      ShowPlan(check, choice);
+    }
   });
 }
 
@@ -123,6 +132,21 @@ void FrmFleet::ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const Fl
   ShowCounts();
   ShowState();
   RefreshRows();
+  LoadOpenRadios();
+}
+
+// Those that a bench of this computer left in the journal before.
+void FrmFleet::LoadOpenRadios() {
+  const auto work = [address = m_journal] {
+    const auto attempts = OpenJournal(address, JournalUse::List)->Attempts("");
+    return attempts ? std::optional(OpenRadiosOf(*attempts)) : std::nullopt;
+  };
+  RunInWorker(work, [this, plan = m_plan](const std::optional<OpenRadios>& open) {
+    if (plan != m_plan || m_session) return; // a bench reports its own
+    m_open = open.value_or(OpenRadios());
+    ShowFailed();
+    ShowCounts();
+  });
 }
 
 void FrmFleet::ShowState() {
@@ -211,7 +235,6 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
   m_cardArea->show();
   ArrangeCards();
   m_tally = FleetTally(choice.ports.size());
-  ShowFailed();
   m_isStopping = false;
   m_since.start();
   m_refresh.start();
@@ -223,6 +246,8 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
           .onStatus = [this, inWindow](const PortStatus& status) { inWindow([this, status] { ShowStatus(status); }); },
           .onConflict = [this,
                          inWindow](const Attempt& attempt) { inWindow([this, attempt] { ShowConflict(attempt); }); },
+          .onEntered = [this,
+                        inWindow](const Attempt& attempt) { inWindow([this, attempt] { m_open.Record(attempt); }); },
       },
       [this, inWindow](const Attempt& note) { inWindow([this, note] { ShowCommand(note); }); });
 }
@@ -239,7 +264,8 @@ void FrmFleet::ShowStatus(const PortStatus& status) {
 }
 
 void FrmFleet::ShowConflict(const Attempt& attempt) {
-  m_tally.RecordConflict();
+  m_open.Record(attempt);
+  ShowFailed();
   Beep(3);
   auto* const box =
       new QMessageBox(QMessageBox::Warning, windowTitle(), Shown(LineForConflict(attempt)), QMessageBox::Ok, this);
@@ -302,9 +328,9 @@ void FrmFleet::ShowCounts() {
   if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
   if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
-  if (!m_tally.Failed().empty()) text += tr("; radios not verified: %1").arg(m_tally.Failed().size());
+  if (!m_open.Failed().empty()) text += tr("; radios not verified: %1").arg(m_open.Failed().size());
   QStringList partly;
-  for (const auto& [idNumber, status] : m_tally.PartlyWritten())
+  for (const auto& [idNumber, attempt] : m_open.PartlyWritten())
     partly.append(Shown(idNumber));
   if (!partly.isEmpty()) text += tr("; partly programmed: %1").arg(partly.join(QStringLiteral(", ")));
   if (m_session && taken > 0 && m_journalError.isEmpty() && m_tally.Done() > 0 && left > 0)
@@ -338,12 +364,16 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
     if (!isAtWork || QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes) CloseAfterTheseRadios();
     return;
   }
+  StoreChoice();
+  event->accept();
+}
+
+void FrmFleet::StoreChoice() {
   QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
   m_setup->Store(settings);
   settings.setValue("Window/Size", size());
   settings.sync();
   QFile::setPermissions(m_ownSettingsFile, QFile::ReadOwner | QFile::WriteOwner);
-  event->accept();
 }
 
 void FrmFleet::resizeEvent(QResizeEvent* event) {

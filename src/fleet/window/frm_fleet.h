@@ -3,6 +3,7 @@
 #pragma once
 
 #include "fleet_session.h"
+#include "open_radios.h"
 #include "row_model.h"
 
 #include <QElapsedTimer>
@@ -27,6 +28,7 @@ namespace mr4500x {
 class FleetSetup;
 struct PlanStart;
 class PortCard;
+struct RowDecision;
 
 struct LoadedPlan : PlanCheck {
   std::string content; // of the files; see ContentOf
@@ -64,8 +66,7 @@ private:
   void DecideAboutRow(AttemptOutcome outcome, const QString& question);
   void ShowRadio();
   void ShowStatistics();
-  void ShowLines(const QString& title, const std::string& plan,
-                 std::function<std::vector<std::string>(const std::vector<Attempt>&)> linesOf);
+  void ShowLines(const QString& title, std::function<std::vector<std::string>(const std::vector<Attempt>&)> linesOf);
   void ForgetPlan();
   void LoadChosenPlan();
   void ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const FleetChoice& choice);
@@ -75,10 +76,13 @@ private:
   void StartPorts(const FleetChoice& choice);
   void ShowStatus(const PortStatus& status);
   void ShowConflict(const Attempt& attempt);
+  void LoadOpenRadios();
   void ChooseRow();                      // chooses the row that was typed or scanned
   void ShowCommand(const Attempt& note); // shows the result of a command
   void ShowFailed();
   void DismissFailed(); // dismisses the selected radio
+  void EnterDecision(const RowDecision& decision);
+  void StoreChoice();
   void End();
   void RefreshRows();
   void ShowCounts();
@@ -115,7 +119,8 @@ private:
   unsigned m_loads = 0;                     // the number of the one that counts
   std::unique_ptr<FleetSession> m_session;
   FleetTally m_tally{0};
-  QTimer m_loadSoon, m_refresh;
+  OpenRadios m_open; // of the journal and the running bench
+  QTimer m_loadSoon, m_storeSoon, m_refresh;
   QElapsedTimer m_since;
   QString m_journalError; // error of the last query
   bool m_isStarting = false, m_isStopping = false, m_isRefreshing = false, m_refreshesAgain = false,

@@ -70,10 +70,17 @@ void FrmFleet::DecideAboutRow(AttemptOutcome outcome, const QString& question) {
   const QString text = QInputDialog::getText(this, windowTitle(), question.arg(name), QLineEdit::Normal, {}, &isGiven);
   decision.text = text.trimmed().toStdString();
   if (!isGiven || (outcome == AttemptOutcome::Note && decision.text.empty())) return;
+  EnterDecision(decision);
+}
+
+void FrmFleet::EnterDecision(const RowDecision& decision) {
   const auto work = [this, address = m_journal, decision] { return Decide(m_files, address, decision); };
   RunInWorker(work, [this](const std::variant<Attempt, JournalFailure>& entered) {
     if (const auto* const failure = std::get_if<JournalFailure>(&entered)) return ShowFailure(*failure);
     Attempt shown = std::get<Attempt>(entered);
+    m_open.Record(shown);
+    ShowFailed();
+    ShowCounts();
     shown.start = LocalTimestamp(shown.start);
     ShowMessage(Shown(LineFor(shown)));
     RefreshRows();
@@ -84,22 +91,22 @@ void FrmFleet::ShowRadio() {
   const JournalRow* const row = CurrentRow();
   if (row == nullptr) return;
   const std::string number = row->idNumber.empty() ? row->radio : row->idNumber;
-  ShowLines(tr("Radio %1").arg(Shown(number)), "",
+  ShowLines(tr("Radio %1").arg(Shown(number)),
             [number](const std::vector<Attempt>& attempts) { return LinesForRadio(attempts, number); });
 }
 
 void FrmFleet::ShowStatistics() {
-  ShowLines(tr("Statistics"), m_plan->plan.key,
+  ShowLines(tr("Statistics"),
             [](const std::vector<Attempt>& attempts) { return LinesForStatistics(StatisticsOf(attempts)); });
 }
 
-// `linesOf` is called in the worker's thread, with the attempts of the plan, or of all for "".
-void FrmFleet::ShowLines(const QString& title, const std::string& plan,
+// `linesOf` is called in the worker's thread, with all attempts of the journal.
+void FrmFleet::ShowLines(const QString& title,
                          std::function<std::vector<std::string>(const std::vector<Attempt>&)> linesOf) {
   using Found = std::variant<QString, JournalFailure>;
-  const auto work = [address = m_journal, plan, linesOf = std::move(linesOf)]() -> Found {
+  const auto work = [address = m_journal, linesOf = std::move(linesOf)]() -> Found {
     const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-    const auto attempts = journal->Attempts(plan);
+    const auto attempts = journal->Attempts("");
     if (!attempts) return journal->Failure();
     QStringList lines;
     for (const std::string& line : linesOf(*attempts))

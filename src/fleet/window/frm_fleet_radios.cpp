@@ -1,6 +1,7 @@
 // The user's actions for single radios: choosing the row of the next one, and dismissing failed ones.
+#include "fleet_setup.h"
 #include "frm_fleet.h"
-#include "port_card.h"
+#include "journal_queries.h"
 #include "shown_text.h"
 #include "words.h"
 
@@ -25,7 +26,7 @@ void FrmFleet::ChooseRow() {
 
 void FrmFleet::ShowCommand(const Attempt& note) {
   if (!note.text.empty()) {
-    m_tally.RecordNote(note);
+    m_open.Record(note);
     ShowFailed();
     Beep(3);
   }
@@ -36,25 +37,27 @@ void FrmFleet::ShowFailed() {
   const QListWidgetItem* const current = m_failed->currentItem();
   const QVariant selected = current == nullptr ? QVariant() : current->data(Qt::UserRole);
   m_failed->clear();
-  const auto add = [&](const std::string& key, const std::string& line) {
-    auto* const item = new QListWidgetItem(Shown(line), m_failed);
+  const std::string today = LocalTimestamp(UtcTimestamp()).substr(0, 10);
+  const auto add = [&](const Attempt& attempt, const std::string& line) {
+    const std::string time = LocalTimestamp(attempt.end.empty() ? attempt.start : attempt.end).substr(0, 16);
+    const std::string shown = time.starts_with(today) ? time.substr(11) : time;
+    auto* const item = new QListWidgetItem(Shown(shown + "  " + line), m_failed);
     item->setToolTip(item->text());
-    item->setData(Qt::UserRole, Shown(key));
+    item->setData(Qt::UserRole, Shown(attempt.idNumber));
     if (item->data(Qt::UserRole) == selected) m_failed->setCurrentItem(item);
   };
-  for (const auto& [idNumber, status] : m_tally.Failed())
-    add(idNumber, LineForFailed(status, m_cards[status.port]->PortName().toStdString()));
-  for (const auto& [key, note] : m_tally.Notes())
-    add(key, LineForCommand(note));
+  for (const auto& [idNumber, attempt] : m_open.Failed())
+    add(attempt, LineForFailed(attempt));
+  for (const auto& [key, note] : m_open.Notes())
+    add(note, LineForCommand(note));
   m_failedBox->setVisible(m_failed->count() > 0);
 }
 
 void FrmFleet::DismissFailed() {
   const QListWidgetItem* const current = m_failed->currentItem();
   if (current == nullptr) return ShowMessage(tr("Select the radio in the list first."));
-  m_tally.Dismiss(current->data(Qt::UserRole).toString().toStdString());
-  ShowFailed();
-  ShowCounts();
+  EnterDecision({AttemptOutcome::Dismissed, m_plan->plan.key, 0, "", m_setup->Choice().operatorName,
+                 current->data(Qt::UserRole).toString().toStdString()});
 }
 
 } // namespace mr4500x

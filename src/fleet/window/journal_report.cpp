@@ -2,6 +2,7 @@
 
 #include "attempt_records.h"
 #include "conventions.h"
+#include "open_radios.h"
 #include "shown_text.h"
 #include "words.h"
 
@@ -12,8 +13,9 @@
 #include <QPrinter>
 #include <QTextDocument>
 
-#include <algorithm>
 #include <map>
+#include <set>
+#include <string>
 
 namespace mr4500x {
 namespace {
@@ -38,13 +40,17 @@ QString NotDone(const std::vector<JournalRow>& rows) {
 
 QString HtmlOf(const QString& planName, const JournalContent& content) {
   std::map<AttemptOutcome, int> counts;
+  std::set<std::string> plans;
+  for (const Attempt& attempt : content.attempts)
+    plans.insert(attempt.plan);
   QString lines;
   for (const Attempt& attempt : content.attempts) {
     ++counts[attempt.outcome];
-    const std::string row = attempt.row == 0 ? "" : std::to_string(attempt.row);
-    const std::string end = LocalTimestamp(attempt.end);
-    const std::string time =
-        LocalTimestamp(attempt.start) + (end.empty() ? "" : " to ") + end.substr(std::min<std::size_t>(11, end.size()));
+    const std::string plan = plans.size() > 1 ? " of plan " + attempt.plan.substr(0, 8) : "";
+    const std::string row = attempt.row == 0 ? "" : std::to_string(attempt.row) + plan;
+    const std::string start = LocalTimestamp(attempt.start), end = LocalTimestamp(attempt.end);
+    // "2026-11-25 13:45:07 to 13:45:58 +01:00"
+    const std::string time = end.size() < 19 ? start : start.substr(0, 19) + " to " + end.substr(11);
     const std::string who = attempt.idNumber + " " + attempt.firmware + " " + attempt.band;
     const std::string backup = attempt.backup.substr(attempt.backup.find_last_of(Separators) + 1);
     lines +=
@@ -56,7 +62,7 @@ QString HtmlOf(const QString& planName, const JournalContent& content) {
     sums.append(QStringLiteral("%1 %2").arg(count).arg(Shown(WordFor(outcome))));
   const QString notDone = NotDone(content.rows);
   QStringList partly;
-  for (const Attempt& attempt : PartlyWritten(content.attempts))
+  for (const auto& [radio, attempt] : PartlyWritten(content.attempts))
     partly.append(Shown(LineForPartlyWritten(attempt)).toHtmlEscaped() + QStringLiteral("<br>"));
   return QStringLiteral(
              "<h2>%1</h2><p>%2<br>%3</p><p><b>%4</b></p><table border='1' cellspacing='0' cellpadding='3' width='100%'>"

@@ -121,8 +121,8 @@ void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
 }
 
 TEST_P(SqlJournals, FollowTheRules) {
-  const char* const outcomes[] = {"verified", "failed", "aside", "conflict", "begun",   "aborted",
-                                  "no row",   "done",   "note",  "freed",    "reissued"};
+  const char* const outcomes[] = {"verified", "failed", "aside", "conflict", "begun",    "aborted",
+                                  "no row",   "done",   "note",  "freed",    "reissued", "dismissed"};
   for (const Row& rule : RowsOf(CASES "rules.txt", "([^:]*): (.*)")) {
     const std::string& plan = rule[1];
     SCOPED_TRACE(plan);
