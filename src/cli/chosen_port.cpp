@@ -5,9 +5,11 @@
 #include "file_access.h"
 #include "machine.h"
 #include "messages.h"
+#include "output.h"
 #include "paths.h"
 #include "port_address.h"
 #include "port_devices.h"
+#include "processes.h"
 #include "settings.h"
 #include "text.h"
 #include "traced_port.h"
@@ -96,17 +98,18 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
          (HasDataFileEnding(port.device) || std::filesystem::is_regular_file(PathOf(port.device), unknown));
 }
 
-// The file that the trace is appended to. It must not be a file of the command. Does not wait for the reader of a pipe.
-ExitStatus OpenTrace(const Call& call, std::ofstream& trace) {
+// The file that the trace is appended to. It must not be used otherwise. Does not wait for the reader of a pipe.
+ExitStatus OpenTrace(const Call& call, const std::string& device, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;
-  for (const std::string& used : {call.file, call.other})
-    if (path == used || LeadsToInput(call.files, path, used) || HasDataFileEnding(path))
+  for (const std::string& used : {call.file, call.other, device})
+    if (path == used || LeadsToInput(call.files, path, used) || IsAlsoStandardOutput(path) || HasDataFileEnding(path))
       return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");
   std::error_code unknown;
   const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
   const OpenFile pipe(call.files, isPipe ? call.files.OpenToWrite(path, 0666) : std::nullopt);
   if (!isPipe || pipe) trace.open(PathOf(path), std::ios::app);
+  if (isPipe) IgnoreBrokenPipes(); // a transfer does not end with the reader
   return trace.is_open() ? Done : Fail(call.terminal, path + ": " + std::strerror(errno));
 }
 
@@ -128,8 +131,10 @@ ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioComma
   if (const ExitStatus chosen = ChoosePort(call, port); chosen != Done) return chosen;
   if (AreSwapped(call.file, port))
     return Refuse(call.terminal, call.file + " is a port and " + port.device + " is a data file; swap them");
+  const std::string device = port.number > 0 ? MachinePorts(call.files).DeviceOf(port.number).path : port.device;
+  if (IsSameFile(call.files, call.file, device)) return Refuse(call.terminal, call.file + ": is the port");
   std::ofstream trace;
-  if (const ExitStatus opened = OpenTrace(call, trace); opened != Done) return opened;
+  if (const ExitStatus opened = OpenTrace(call, device, trace); opened != Done) return opened;
   const std::unique_ptr<SerialPort> serial = MakePort(port, Pins(call.files));
   const EndSignalsHeld held;
   SteadyClock clock;

@@ -93,7 +93,9 @@ ExitStatus WriteInfo(Call& c) {
 
 // Replaces this program by the one that draws the pages.
 ExitStatus Print(Call& c) {
-  if (c.output.empty() || LeadsToDataFile(c.files, c.file, c.output))
+  if (const ExitStatus mayStore = CheckOutput(c.files, c.output, "", c.terminal); mayStore != ExitStatus::Done)
+    return mayStore;
+  if (LeadsToDataFile(c.files, c.file, c.output))
     return Refuse(c.terminal, "OUT.pdf is the PDF file to write; it must not be a data file.");
   const std::string reports = c.words.empty() ? "channels,tts,info" : CLI::detail::join(c.words);
   return BecomePart("mr4500x-cli-print", {c.file, c.output, reports}, c.terminal);
@@ -220,7 +222,6 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
 }
 
 ExitStatus Run(const Command& command, Call& call) {
-  if (call.output == "/dev/stdout") call.output = Stream; // may be a pipe, which can't be replaced as a file
   if (const auto* const run = std::get_if<1>(&command.run)) return (*run)(call);
   return WithRadio(call, [&](const RadioCommand& radio) { return std::get<2>(command.run)(call, radio); });
 }

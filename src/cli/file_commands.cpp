@@ -7,6 +7,7 @@
 #include "file_access.h"
 #include "fill_messages.h"
 #include "messages.h"
+#include "output.h"
 #include "paths.h"
 
 #include <algorithm>
@@ -31,15 +32,11 @@ std::optional<OpenFile> Lock(FileSystem& files, const std::string& path) {
   });
 }
 
-// Stores the data, on standard output for "-".
 ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
                  const std::string& failure, Terminal& terminal) {
-  if (path == Stream) {
-    terminal.out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return EndOutput(terminal);
-  }
-  const FileResult stored = ReplaceFile(files, path, bytes, surplus);
-  return stored ? ExitStatus::Done : Fail(terminal, NameOfSource(path) + ": " + failure + ReasonOf(stored));
+  const FileResult stored = StoreOutput(files, path, bytes, surplus, terminal.out);
+  if (stored) return ExitStatus::Done;
+  return path == Stream ? EndOutput(terminal) : Fail(terminal, path + ": " + failure + ReasonOf(stored));
 }
 
 // Prints the settings that have changed with the named ones. For example, a new lower limit resets all channels.
@@ -93,15 +90,23 @@ std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::stri
 }
 
 bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input) {
-  return path != Stream && IsSameFile(files, path, input == Stream ? "/dev/stdin" : input);
+  return !IsStandardOutput(path) && IsSameFile(files, path, input == Stream ? "/dev/stdin" : input);
+}
+
+ExitStatus CheckOutput(FileSystem& files, const std::string& path, const std::string& input, Terminal& terminal) {
+  const bool isInput = LeadsToInput(files, path, input);
+  if (!isInput && (IsStandardOutput(path) || !IsAlsoStandardOutput(path))) return ExitStatus::Done;
+  return Refuse(terminal, path + (isInput ? ": is read by the same command" : ": is also standard output") +
+                              ", so it can't be replaced");
 }
 
 ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
                       const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change) {
   const auto& [path, output, input, isDryRun] = given;
-  if (LeadsToInput(files, output, input))
-    return Refuse(terminal, output + ": is read by the same command, so it can't be replaced");
+  if (const ExitStatus mayStore = CheckOutput(files, output, input, terminal); mayStore != ExitStatus::Done)
+    return mayStore;
   const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
+  if (isReplaced && IsWrittenInto(path)) return Refuse(terminal, path + ": can't be replaced; use --output");
   const std::optional<OpenFile> lock = isReplaced ? Lock(files, path) : OpenFile();
   if (!lock) return Fail(terminal, path + ": another program is changing it; nothing was changed");
   const auto content = isReplaced ? ContentHash(files, path) : std::nullopt;
@@ -113,9 +118,8 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (const ExitStatus status = change(image, named); status != ExitStatus::Done) return status;
   if (isReplaced && image == loaded) return ExitStatus::Done;
   if (isDryRun) {
-    const FileResult mayReplace = output == Stream ? FileResult() : MayReplace(files, output);
-    if (!mayReplace)
-      return Fail(terminal, output + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayReplace));
+    if (const FileResult mayStore = MayStoreOutput(files, output); !mayStore)
+      return Fail(terminal, output + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayStore));
     terminal.out << DifferenceLines(CompareImages(loaded, image, PointTexts()), NamedBy::Label);
     return EndOutput(terminal);
   }
@@ -147,7 +151,8 @@ ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const Radi
 
 ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace, const RadioImage& image,
                              Terminal& terminal) {
-  if (!mayReplace && path != Stream && IsThere(files, path))
+  if (const ExitStatus mayStore = CheckOutput(files, path, "", terminal); mayStore != ExitStatus::Done) return mayStore;
+  if (!mayReplace && !IsWrittenInto(path) && IsThere(files, path))
     return Fail(terminal, NameOfSource(path) + ": file exists; use --replace to overwrite it");
   return SaveForCommand(files, path, image, terminal);
 }

@@ -45,6 +45,10 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 // Whether writing to the path would change the input, even if that is a file at standard input.
 [[nodiscard]] bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input);
 
+// Done unless the output is also the input or the file at standard output. Otherwise prints a message.
+[[nodiscard]] ExitStatus CheckOutput(FileSystem& files, const std::string& path, const std::string& input,
+                                     Terminal& terminal);
+
 // A file that a command changes, and the destination of the result.
 struct FileChange {
   std::string path, output;
@@ -61,7 +65,7 @@ ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
 // Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
 [[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);
 
-// Stores a table or a data file, on standard output for "-". Prints a message if it can't be stored.
+// Stores a table or a data file as StoreOutput does. Prints a message if it can't be stored.
 [[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text,
                                              Terminal& terminal);
 [[nodiscard]] ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,

@@ -8,10 +8,17 @@
 namespace mr4500x {
 namespace {
 
+// Also refuses -o=OUT, which would write "=OUT".
 void RefuseEmptyValues(CLI::App& app) {
-  const auto check = [](const std::string& value) { return std::string(value.empty() ? "is empty" : ""); };
-  for (CLI::Option* const option : app.get_options())
+  for (CLI::Option* const option : app.get_options()) {
+    const std::string name = option->get_snames().empty() ? "" : option->get_snames().front();
+    const auto check = [name, longName = option->get_name()](const std::string& value) -> std::string {
+      const bool isShort = !name.empty() && value.starts_with('=');
+      if (value.empty() || (isShort && value.size() == 1)) return "is empty";
+      return isShort ? "use -" + name + value.substr(1) + " or " + longName + value : "";
+    };
     if (option->get_name() != "TEXT" && option->get_items_expected_max() > 0) option->check(check);
+  }
   for (CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
     RefuseEmptyValues(*command);
 }
@@ -50,7 +57,10 @@ std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
     if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
   }
   for (const std::string& word : app.remaining(true))
-    if (word.starts_with('-')) return Printable(word) + ": unknown option";
+    if (word.starts_with("-=")) // the flags before it were taken
+      return Printable(word.substr(1)) + ": the option before it has no value";
+    else if (word.starts_with('-'))
+      return Printable(word) + ": unknown option";
   return "";
 }
 

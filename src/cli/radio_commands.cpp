@@ -8,6 +8,7 @@
 #include "file_commands.h"
 #include "fill_messages.h"
 #include "messages.h"
+#include "output.h"
 #include "port_choice.h"
 #include "radio_identity.h"
 #include "signaling.h"
@@ -96,8 +97,9 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
 ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace) {
   const auto& [line, files, terminal, now, speed, trace] = command;
   // Before reading the whole radio. If the folder depends on the radio, only the save can check it.
-  const bool isKnown = path != Stream && FolderOf(path).find('{') == std::string::npos;
-  const FileResult mayBeStored = isKnown ? MayReplace(files, path) : FileResult();
+  if (const ExitStatus mayStore = CheckOutput(files, path, "", terminal); mayStore != ExitStatus::Done) return mayStore;
+  const bool isKnown = FolderOf(path).find('{') == std::string::npos;
+  const FileResult mayBeStored = isKnown ? MayStoreOutput(files, path) : FileResult();
   if (!mayBeStored)
     return Fail(terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayBeStored));
   RadioImage image;
@@ -106,7 +108,7 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool ma
   if (IsSameFile(files, file, trace)) return Refuse(terminal, file + ": is the trace, so it can't be replaced");
   const ExitStatus saved = SaveNewForCommand(files, file, mayReplace || file == path, image, terminal);
   if (saved != ExitStatus::Done) return saved;
-  (file == Stream ? terminal.err : terminal.out) << IdentityTable(image);
+  (IsStandardOutput(file) ? terminal.err : terminal.out) << IdentityTable(image);
   if (EndOutput(terminal) != ExitStatus::Done) return ExitStatus::Failed;
   return Done(terminal, line.PortName() + " has been read into " + file + ".");
 }

@@ -247,6 +247,12 @@ FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<con
   return *replaced;
 }
 
+FileResult WriteInto(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes) {
+  if (const auto open = OpenFileNamed(path)) return WriteAll(files, *open, bytes);
+  const OpenFile stream(files, files.OpenToWrite(FollowLinks(files, path).path, 0666));
+  return stream ? WriteAll(files, *stream, bytes) : SystemFailed();
+}
+
 FileResult MayReplace(FileSystem& files, const std::string& path) {
   const TargetFile target = FollowLinks(files, path);
   const FileResult mayBeWritten = MayBeWritten(files, target);

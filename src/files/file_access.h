@@ -42,6 +42,9 @@ enum class Surplus { Drop, Keep };
 FileResult ReplaceFile(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
                        std::uint32_t newFileMode = 0666);
 
+// Writes into a pipe, a device or an open file, as OpenFileNamed has it. Does not wait for the reader of a pipe.
+FileResult WriteInto(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes);
+
 // Whether ReplaceFile would try to write: the file is one that it does not refuse, or can be created in its folder.
 FileResult MayReplace(FileSystem& files, const std::string& path);
 

@@ -201,6 +201,8 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
   expect(tool + "identify 3 --trace " + pipe, pipe + ": No such device or address\n");
   expect("cat " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe, "ID Number");
   EXPECT_GE(CountOf(Content("trace"), "computer 72 45 41 44\n"), 1U);
+  expect("head -c 1 " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe,
+         "ID Number");
   StartRadio("", "memory2");
   devices("COM3=" + first + "\nCOM5=" + port + "\n");
   expect(tool + "identify auto", "auto: more than one radio answers: COM3 COM5\n");

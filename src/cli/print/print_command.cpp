@@ -1,14 +1,10 @@
 #include "print_command.h"
 
 #include "embedded_info.h"
-#include "file_access.h"
 #include "file_commands.h"
 #include "machine.h"
+#include "output.h"
 #include "pdf_printer.h"
-
-#include <cerrno>
-#include <ostream>
-#include <system_error>
 
 namespace mr4500x {
 
@@ -37,12 +33,7 @@ ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::s
   const Configuration values = ValuesForCommand(dataFile, fieldTexts, image, terminal);
   FileResult stored;
   const auto store = [&](std::span<const std::uint8_t> content) -> bool {
-    if (pdfFile != Stream) {
-      stored = ReplaceFile(files, pdfFile, content, Surplus::Drop);
-      return stored;
-    }
-    terminal.out.write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
-    if (!terminal.out.flush()) stored = {{errno, std::generic_category()}};
+    stored = StoreOutput(files, pdfFile, content, Surplus::Drop, terminal.out);
     return stored;
   };
   PdfPrinter printer(pdfFile == Stream ? "on standard output" : pdfFile, store);

@@ -47,7 +47,8 @@ public:
   [[nodiscard]] virtual std::optional<Handle> OpenToRead(const std::string& path) = 0; // fails on a link
   // Opens a new file for writing. Fails if the path exists, even as a dangling link.
   [[nodiscard]] virtual std::optional<Handle> Create(const std::string& path, std::uint32_t mode) = 0;
-  // Opens for writing from the start. Creates a missing file; fails on a link.
+  // Opens for writing from the start. Creates a missing file; fails on a link, unless it is a name of an open file, and
+  // on a pipe without a reader.
   [[nodiscard]] virtual std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) = 0;
   virtual void Close(Handle file) = 0;
   // Takes an exclusive lock without waiting. Close or the end of the process releases it.

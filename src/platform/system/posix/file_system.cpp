@@ -1,5 +1,6 @@
 #include "machine_files.h"
 
+#include "conventions.h"
 #include "machine.h"
 
 #include <cerrno>
@@ -120,7 +121,10 @@ std::optional<FileSystem::Handle> PosixFileSystem::Create(const std::string& pat
   return Open(path, O_WRONLY | O_CREAT | O_EXCL, mode);
 }
 std::optional<FileSystem::Handle> PosixFileSystem::OpenToWrite(const std::string& path, std::uint32_t mode) {
-  return Open(path, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK, mode);
+  const int followed = OpenFileNamed(path) ? 0 : O_NOFOLLOW;
+  const auto file = Open(path, O_WRONLY | O_CREAT | O_NOCTTY | O_NONBLOCK | followed, mode);
+  if (file) fcntl(*file, F_SETFL, 0); // writes wait
+  return file;
 }
 void PosixFileSystem::Close(Handle file) {
   close(file);

@@ -1,6 +1,7 @@
 // The system's conventions for paths and line ends.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace mr4500x {
@@ -19,6 +20,11 @@ inline bool IsRoot(std::string_view path) {
 inline bool IsAbsolute(std::string_view path) {
   return !path.empty() &&
          (Separators.find(path.front()) != std::string_view::npos || (path.size() > 1 && path[1] == ':'));
+}
+
+// Open files have no names here.
+inline std::optional<int> OpenFileNamed(std::string_view /*path*/) {
+  return std::nullopt;
 }
 
 } // namespace mr4500x
