@@ -113,6 +113,13 @@ std::string FaultHelp() {
   return text;
 }
 
+// CLI11 would read 010 as 8, and 0x10 as 16.
+std::string DecimalProblem(const std::string& text) {
+  const bool isDecimal =
+      text == "0" || (text.find_first_not_of("0123456789") == std::string::npos && !text.starts_with('0'));
+  return isDecimal ? "" : text + " is not a decimal number";
+}
+
 int Main(int argc, char** argv) {
   Options options;
   CLI::App app("A simulated LR7200 radio. Prints the path of its serial device and serves it until interrupted.");
@@ -124,6 +131,7 @@ int Main(int argc, char** argv) {
       ->type_name("TEXT");
   app.add_option("--pace", options.baud, "Take the time of a real line, 9600 for the radio's; none by default")
       ->type_name("BAUD")
+      ->check(DecimalProblem)
       ->check(CLI::Range(300, 115200));
   const auto addFault = [&](const std::string& text) {
     const auto fault = ParseFault(text);
@@ -135,6 +143,7 @@ int Main(int argc, char** argv) {
       ->trigger_on_parse();
   app.add_option("--deaf", options.deafness, "Lose what comes within this many ms after the end of an answer")
       ->type_name("MS")
+      ->check(DecimalProblem)
       ->check(CLI::Range(0, 1000));
   for (CLI::Option* const option : app.get_options())
     if (option->get_items_expected_max() > 0)

@@ -121,6 +121,8 @@ TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
       {"--link text", 1, "cannot make the link text: File exists"},
       {"--link ''", 2, "--link: is empty"},
       {"--memory ''", 2, "--memory: is empty"},
+      {"--pace 0x2580", 2, "--pace: 0x2580 is not a decimal number"},
+      {"--deaf 010", 2, "--deaf: 010 is not a decimal number"},
       {"--memory no/m", 1, "cannot write no/m: No such file"},
       {">/dev/full", 1, "cannot print the device: No space left"}};
   for (const auto& [options, status, message] : cases) {

@@ -5,6 +5,7 @@
 #include "file_access.h"
 #include "file_commands.h"
 #include "open_radios.h"
+#include "output.h"
 #include "plan_start.h"
 #include "sql_journal.h"
 #include "text.h"
@@ -100,12 +101,16 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
     done = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Done, &JournalRow::state));
     taken = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Taken, &JournalRow::state));
   }
+  const std::size_t used = std::min(plan.rows.size(), done + taken), free = plan.rows.size() - used;
   terminal.out << (plan.isEndless ? "every radio gets the template" : std::to_string(plan.rows.size()) + " rows")
                << ": " << done << " done, " << taken << " taken";
-  if (!plan.isEndless) terminal.out << ", " << plan.rows.size() - std::min(plan.rows.size(), done + taken) << " free";
+  if (!plan.isEndless) terminal.out << ", " << free << " free";
   terminal.out << '\n';
   const ExitStatus printed = EndOutput(terminal);
-  return LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
+  const std::size_t available = choice.rewritesDone ? free + done : free;
+  const bool areTooFew = !plan.isEndless && choice.count > static_cast<int>(available);
+  if (areTooFew) terminal.err << "Rows are free for " << available << " of " << choice.count << " requested radios.\n";
+  return areTooFew || LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
 }
 
 // The line below the others on a terminal.
@@ -218,8 +223,9 @@ ExitStatus MayStore(FileSystem& files, const FleetChoice& choice, const std::str
   if (IsNeeded(choice, path)) return Refuse(terminal, path + ": is used by the same command, so it can't be replaced");
   if (LeadsToDataFile(files, choice.templateFile, path))
     return Refuse(terminal, path + ": OUT.csv must not be a data file");
-  const FileResult mayReplace = MayReplace(files, path);
-  return mayReplace ? ExitStatus::Done : Fail(terminal, path + ": can't be written" + ReasonOf(mayReplace));
+  const FileResult mayStore = MayStoreOutput(files, path);
+  return mayStore ? CheckOutput(files, path, "", terminal)
+                  : Fail(terminal, path + ": can't be written" + ReasonOf(mayStore));
 }
 
 ExitStatus NoAnswer(const std::string& address, const JournalFailure& failure, Terminal& terminal) {
@@ -232,6 +238,8 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   FleetChoice& choice = arguments.choice;
   const bool needsPorts = !arguments.isDryRun || !arguments.ports.empty();
   if (needsPorts && !FindPorts(files, settingsFile, arguments, terminal)) return ExitStatus::UnusableArguments;
+  const std::string twice = FileUsedTwice(choice, IsStandardOutput(arguments.logFile) ? "" : arguments.logFile);
+  if (!twice.empty()) return Refuse(terminal, twice + ": is used twice by the same command");
   const ExitStatus mayStore = MayStore(files, choice, arguments.logFile, terminal);
   if (mayStore != ExitStatus::Done) return mayStore;
   const auto check = std::make_shared<const PlanCheck>(LoadPlan(files, choice, BuildFieldTexts('.'), &terminal.in));
@@ -256,7 +264,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   if (start.hasCompared && choice.earlier != EarlierRows::StartOver)
     terminal.err << LineForChanges(start.changes) << std::endl;
 
-  Terminal shown{arguments.logFile == Stream ? terminal.err : terminal.out, terminal.err, terminal.in,
+  Terminal shown{IsStandardOutput(arguments.logFile) ? terminal.err : terminal.out, terminal.err, terminal.in,
                  terminal.answersQuestions, terminal.showsProgress};
   const FleetEnd end = RunBench(files, settingsFile, std::shared_ptr<const Plan>(check, &plan), choice, shown);
   if (!arguments.logFile.empty()) {

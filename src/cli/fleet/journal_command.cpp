@@ -58,7 +58,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   }
   if (!arguments.radio.empty()) {
     if (arguments.csvFile.empty() && !arguments.isJson) return print(LinesForRadio(*attempts, arguments.radio));
-    std::erase_if(*attempts, [&](const Attempt& attempt) { return attempt.idNumber != arguments.radio; });
+    std::erase_if(*attempts, [&](const Attempt& attempt) { return !IsOfRadio(attempt, arguments.radio); });
   }
   if (!arguments.csvFile.empty())
     return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);

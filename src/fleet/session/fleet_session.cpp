@@ -5,6 +5,7 @@
 #include "input.h"
 #include "machine.h"
 #include "messages.h"
+#include "output.h"
 #include "paths.h"
 #include "port_devices.h"
 #include "settings.h"
@@ -30,10 +31,24 @@ namespace {
 
 // The same path for all spellings, because the pending attempts of a journal are found by it.
 std::filesystem::path OwnPath(const std::string& path) {
-  std::error_code failed;
-  const std::filesystem::path own =
-      std::filesystem::weakly_canonical(std::filesystem::absolute(PathOf(path), failed), failed);
+  constexpr int MostLinks = 40;
+  std::error_code failed, unknown;
+  std::filesystem::path own = std::filesystem::absolute(PathOf(path), failed);
+  for (int links = 0; links < MostLinks && std::filesystem::is_symlink(own, unknown); ++links) // to a missing file
+    own = own.parent_path() / std::filesystem::read_symlink(own, unknown);
+  own = std::filesystem::weakly_canonical(own, failed);
   return failed ? PathOf(path) : own;
+}
+
+bool IsSame(const std::string& a, const std::string& b) {
+  std::error_code unknown; // set for a missing file
+  return OwnPath(a) == OwnPath(b) || std::filesystem::equivalent(PathOf(a), PathOf(b), unknown);
+}
+
+// Whether the path is the folder, or above it.
+bool HoldsFolder(const std::string& path, const std::string& folder) {
+  const std::filesystem::path own = OwnPath(path), below = OwnPath(folder);
+  return std::mismatch(own.begin(), own.end(), below.begin(), below.end()).first == own.end();
 }
 
 std::filesystem::path Beside(const FleetChoice& choice) {
@@ -58,12 +73,21 @@ public:
       : TraceParts{std::move(traced), {}}, TracedPort(*port, clock, LocalNow, trace) {}
 };
 
-// "dev-ttyUSB3.txt"
-std::string TraceNameOf(const PortAddress& port) {
-  std::string name = DisplayName(port);
-  for (const char separator : Separators)
-    std::ranges::replace(name, separator, '-');
-  return name.substr(name.find_first_not_of('-')) + ".txt";
+// Each port has its own file, such as "dev-ttyUSB3.txt".
+std::vector<std::string> TraceFilesOf(const FleetChoice& choice) {
+  std::vector<std::string> files;
+  for (const PortAddress& port : choice.ports) {
+    if (choice.traceFolder.empty()) break;
+    std::string name = DisplayName(port);
+    for (const char separator : Separators)
+      std::ranges::replace(name, separator, '-');
+    name.erase(0, name.find_first_not_of('-'));
+    std::string file = choice.traceFolder + Separator + name + ".txt";
+    for (int number = 2; std::ranges::find(files, file) != files.end(); ++number) // x-y after x/y
+      file = choice.traceFolder + Separator + name + '_' + std::to_string(number) + ".txt";
+    files.push_back(std::move(file));
+  }
+  return files;
 }
 
 // Each trace is added to what its file has.
@@ -72,8 +96,8 @@ std::deque<std::ofstream> OpenTraces(const FleetChoice& choice) {
   if (choice.traceFolder.empty()) return traces;
   std::error_code failed; // shows when they are opened
   std::filesystem::create_directories(PathOf(choice.traceFolder), failed);
-  for (const PortAddress& port : choice.ports)
-    traces.emplace_back(PathOf(choice.traceFolder) / PathOf(TraceNameOf(port)), std::ios::app);
+  for (const std::string& file : TraceFilesOf(choice))
+    traces.emplace_back(PathOf(file), std::ios::app);
   return traces;
 }
 
@@ -117,10 +141,22 @@ std::string WithoutPassword(const std::string& address) {
 bool IsNeeded(const FleetChoice& choice, const std::string& path) {
   const std::string journal = FileOfJournal(JournalOf(choice));
   const std::string needed[] = {choice.templateFile, choice.rowsFile, journal, journal + "-wal", journal + "-shm"};
-  return std::ranges::any_of(needed, [&](const std::string& file) {
-    std::error_code unknown; // set for a missing file
-    return OwnPath(file) == OwnPath(path) || std::filesystem::equivalent(PathOf(file), PathOf(path), unknown);
-  });
+  return std::ranges::any_of(needed, [&](const std::string& file) { return IsSame(file, path); });
+}
+
+std::string FileUsedTwice(const FleetChoice& choice, const std::string& logFile) {
+  for (const std::string& trace : TraceFilesOf(choice))
+    if (IsNeeded(choice, trace) || IsSame(trace, logFile) || IsAlsoStandardOutput(trace)) return trace;
+  const std::string journal = FileOfJournal(JournalOf(choice));
+  for (const std::string& file : {logFile, journal, journal + "-wal", journal + "-shm"}) {
+    std::error_code unknown;
+    const bool isFile = !file.empty() && (file == logFile || !journal.empty()) &&
+                        !std::filesystem::is_directory(PathOf(file), unknown); // refused in any case
+    const bool isFolder = HoldsFolder(file, BackupFolderOf(choice)) ||
+                          (!choice.traceFolder.empty() && HoldsFolder(file, choice.traceFolder));
+    if (isFile && (isFolder || IsAlsoStandardOutput(file))) return file;
+  }
+  return "";
 }
 
 std::string BackupFolderOf(const FleetChoice& choice) {

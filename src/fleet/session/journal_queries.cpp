@@ -88,11 +88,14 @@ std::variant<std::string, JournalFailure> FindPlan(const std::string& address, c
   return JournalFailure{"The journal has several plans. Choose one: " + names + '.'};
 }
 
+bool IsOfRadio(const Attempt& attempt, const std::string& idNumber) {
+  return TrimmedNumber(attempt.idNumber) == TrimmedNumber(idNumber);
+}
+
 std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber) {
   std::vector<Attempt> own;
-  std::ranges::copy_if(attempts, std::back_inserter(own), [&](const Attempt& attempt) {
-    return TrimmedNumber(attempt.idNumber) == TrimmedNumber(idNumber);
-  });
+  std::ranges::copy_if(attempts, std::back_inserter(own),
+                       [&](const Attempt& attempt) { return IsOfRadio(attempt, idNumber); });
   if (own.empty()) return {"The journal has no entry of radio " + idNumber + '.'};
   // A write takes longer than a second, so one that began in the same second as a reissue came after it.
   std::ranges::stable_sort(own, {}, [](const Attempt& attempt) {

@@ -27,6 +27,8 @@ enum class PlanChoice : std::uint8_t { One, AnyOrAll };
 [[nodiscard]] std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin,
                                                                  PlanChoice choice);
 
+// Whether the attempt is about the radio. Blanks at the end of a number do not count.
+[[nodiscard]] bool IsOfRadio(const Attempt& attempt, const std::string& idNumber);
 // All that is known of a radio, a line each. The attempts are those of all plans.
 [[nodiscard]] std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber);
 
