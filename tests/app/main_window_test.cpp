@@ -63,7 +63,7 @@ TEST_F(ProgramTest, ItsEditMenuWorksOnTheChannelsThatAreShown) {
 }
 
 TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
-  NoPorts ports;
+  SomePorts ports;
   serialPort = &ports;
   Start();
   std::string ran;

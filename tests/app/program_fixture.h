@@ -78,12 +78,6 @@ private:
   }
 };
 
-// No port can be opened.
-struct NoPorts final : ScriptedRadio {
-  NoPorts() { openFailure = "gone"; }
-  void SetPortNumber(int /*number*/) override {}
-};
-
 class ProgramTest : public FilesTest {
 protected:
   ProgramTest() {

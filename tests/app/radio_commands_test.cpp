@@ -138,17 +138,6 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   EXPECT_LT(radio.frames.size(), 13U) << "and nothing was written";
 }
 
-// Ports of which some can be opened.
-struct SomePorts final : ScriptedRadio {
-  std::set<int> working;
-  int number = 0;
-  void SetPortNumber(int n) override { number = n; }
-  std::optional<std::string> Open(const LineSettings&) override {
-    open = working.contains(number);
-    return open ? std::nullopt : std::optional(std::make_error_code(std::errc::device_or_resource_busy).message());
-  }
-};
-
 TEST_F(ProgramTest, ChoosesThePort) {
   SomePorts ports;
   serialPort = &ports;

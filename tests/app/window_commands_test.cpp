@@ -122,7 +122,7 @@ TEST_F(WindowCommandsTest, HasHelpAtEachSettingWithItsFirstValue) {
 }
 
 TEST_F(WindowCommandsTest, EveryControlThatCanHaveTheFocusHasANameForScreenReaders) {
-  NoPorts ports;
+  SomePorts ports;
   serialPort = &ports;
   Start();
   EXPECT_EQ(NamelessControls(window.get()), "");

@@ -212,7 +212,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
 TEST_F(FleetCommandTest, NoPortIsGivenTwice) {
   std::filesystem::create_directory(Path("bin")); // the tool with a settings file beside it
   StartRadio(" --link " + Path("link"));
-  Put("bin/MR4500X.ini", "[Port Devices]\nCOM3=" + port + "\nCOM4=" + port + '\n');
+  PutPortDevices("bin/MR4500X.ini", "COM3=" + port + "\nCOM4=" + port + '\n');
   const std::string fleet = Path("bin/mr4500x-cli fleet ") + file + " --ports ";
   Shell("cp " MR4500X_CLI " " MR4500X_CLI "-fleet " + Path("bin"));
   const std::pair<std::string, std::string> cases[] = {

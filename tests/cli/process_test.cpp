@@ -115,20 +115,10 @@ TEST_F(CommandLineTest, SignalsEndEachProgramAfterTheTransferThatRuns) {
 
 TEST_F(CommandLineTest, TheSimulatorTouchesNoFileThatIsNotItsOwn) {
   Put("text", "a text");
-  const std::tuple<const char*, int, const char*> cases[] = {
-      {"--memory text", 1, "text is not a memory file"},
-      {"--memory .", 1, ". is not a memory file"},
-      {"--link text", 1, "cannot make the link text: File exists"},
-      {"--link ''", 2, "--link: is empty"},
-      {"--memory ''", 2, "--memory: is empty"},
-      {"--pace 0x2580", 2, "--pace: 0x2580 is not a decimal number"},
-      {"--deaf 010", 2, "--deaf: 010 is not a decimal number"},
-      {"--memory no/m", 1, "cannot write no/m: No such file"},
-      {">/dev/full", 1, "cannot print the device: No space left"}};
-  for (const auto& [options, status, message] : cases) {
-    const Ended ended = Shell("cd " + Path("") + " && timeout 5 " LR7200_SIMULATOR " " + options);
-    EXPECT_EQ(ended.status, status) << options;
-    EXPECT_EQ(CountOf(ended.output, message), 1U) << options << ": " << ended.output;
+  for (const Row& row : RowsOf(CASES "simulator_lines.txt", "(\\d) (.*) -> (.*)")) {
+    const Ended ended = Shell("cd " + Path("") + " && timeout 5 " LR7200_SIMULATOR " " + row[2]);
+    EXPECT_EQ(std::to_string(ended.status), row[1]) << row[0];
+    EXPECT_EQ(CountOf(ended.output, row[3]), 1U) << row[0] << ": " << ended.output;
   }
   EXPECT_EQ(Content("text"), "a text");
 }
@@ -182,18 +172,17 @@ TEST_F(CommandLineTest, CompletionKnowsFieldsAndTheirValues) {
 TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
   const std::string tool = Path("tool") + ' '; // beside settings of its own
   std::filesystem::copy(MR4500X_CLI, Path("tool"));
-  const auto devices = [&](const std::string& lines) { Put("MR4500X.ini", "[Port Devices]\n" + lines); };
   const auto expect = [&](const std::string& command, const std::string& output) {
     Ended ended{};
     for (int tries = 0; tries < 8 && !ended.output.starts_with(output); ++tries) // on a busy machine answers come late
       ended = Shell(command);
     EXPECT_TRUE(ended.output.starts_with(output)) << command << ": " << ended.output;
   };
-  devices("COM3=" + file + "\n");
+  PutPortDevices("MR4500X.ini", "COM3=" + file + "\n");
   expect(tool + "identify auto", "auto: no radio answers on any port; COM3: ");
   StartRadio();
   const std::string first = port, memory = Content("memory"), pipe = Path("pipe");
-  devices("COM3=" + first + "\nCOM4=" + first + "\n"); // two names of one device
+  PutPortDevices("MR4500X.ini", "COM3=" + first + "\nCOM4=" + first + "\n"); // two names of one device
   expect(tool + "identify auto", "auto: COM3\nID Number");
   expect("MR4500X_PORT=3 " + tool + "identify", "ID Number");
   expect("MR4500X_PORT=" + first + ' ' + tool + "write -n --quick --backup " + Path("kept ") + file,
@@ -206,7 +195,7 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
   expect("head -c 1 " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe,
          "ID Number");
   StartRadio("", "memory2");
-  devices("COM3=" + first + "\nCOM5=" + port + "\n");
+  PutPortDevices("MR4500X.ini", "COM3=" + first + "\nCOM5=" + port + "\n");
   expect(tool + "identify auto", "auto: more than one radio answers: COM3 COM5\n");
   EndRadio();
 }

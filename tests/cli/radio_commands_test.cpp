@@ -145,14 +145,8 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
 }
 
 TEST_F(RadioCommandsTest, PortsListsDeviceAndStateOfAllSixteen) {
-  struct SomePorts final : ScriptedRadio {
-    int number = 0;
-    void SetPortNumber(int n) override { number = n; }
-    std::optional<std::string> Open(const LineSettings&) override {
-      open = number == 2;
-      return open ? std::nullopt : std::optional<std::string>("held");
-    }
-  } ports;
+  SomePorts ports;
+  ports.working = {2};
   const auto deviceOf = [](int number) { return number < 4 ? "/dev/ttyUSB" + std::to_string(number) : ""; };
   EXPECT_EQ(RunPorts(ports, deviceOf, ShowAs::Table, terminal), Done);
   const std::string lines = Printed();

@@ -163,6 +163,13 @@ protected:
   void Put(const std::string& name, const std::string& content) const {
     std::ofstream(Path(name), std::ios::binary) << content;
   }
+  // Settings with the devices of some ports. The other ports have none, although the machine may have serial devices.
+  void PutPortDevices(const std::string& name, const std::string& lines) const {
+    std::string text = "[Port Devices]\n" + lines;
+    for (int port = 1; port <= 16; ++port)
+      text += "COM" + std::to_string(port) + "=,rts=off\n"; // the first line of a port counts
+    Put(name, text);
+  }
   [[nodiscard]] std::string Content(const std::string& name) const {
     std::ifstream file(Path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <set>
 #include <utility>
 
 #include "exchange.h"
@@ -109,6 +110,17 @@ private:
     LineBytes reply = frame;
     reply.insert(reply.end(), record, record + 8);
     return reply;
+  }
+};
+
+// Ports of which some can be opened.
+struct SomePorts : ScriptedRadio {
+  std::set<int> working;
+  int number = 0;
+  void SetPortNumber(int n) override { number = n; }
+  std::optional<std::string> Open(const LineSettings& /*settings*/) override {
+    open = working.contains(number);
+    return open ? std::nullopt : std::optional(std::make_error_code(std::errc::device_or_resource_busy).message());
   }
 };
 

@@ -41,7 +41,7 @@ protected:
     while (!radio.canReadLine() && radio.waitForReadyRead()) {
     }
     pins += "COM" + std::to_string(radios.size()) + "=" + radio.readLine().toStdString();
-    Put("ports.ini", pins);
+    PutPortDevices("ports.ini", pins);
   }
   void Open() {
     window = std::make_unique<FrmFleet>(files, Path("ports.ini"), QString::fromStdString(Path("own.ini")));
@@ -111,7 +111,7 @@ protected:
   }
 
   std::vector<std::unique_ptr<QProcess>> radios;
-  std::string pins = "[Port Devices]\n";
+  std::string pins;
   std::unique_ptr<FrmFleet> window;
   QObject user;
   QString file;

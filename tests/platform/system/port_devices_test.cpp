@@ -1,9 +1,8 @@
 #include "port_address.h"
+#include "rows.h"
 #include "tty_devices.h"
 
 #include <fstream>
-
-#include <gtest/gtest.h>
 
 namespace mr4500x {
 namespace {
@@ -12,25 +11,14 @@ namespace fs = std::filesystem;
 
 TEST(PortDevices, APortIsItsPinOrElseTheDeviceOfItsNumber) {
   const std::vector<std::string> devices = {"/dev/ttyUSB0", "/dev/ttyUSB1", "/dev/ttyS0"};
+  const auto cases = RowsOf(CASES "port_devices.txt", "[^:]+: (\\d+) ?(.*) -> ?(\\S*)( RTS off)?( DTR off)?");
   std::vector<std::string> pins(16);
-  pins[1] = "/dev/ttyUSB0";
-  pins[2] = "/dev/ttyUSB0, DTR=off";
-  pins[13] = "/dev/radio,rts=on,dtr=on,rts=off";
-  pins[14] = "/dev/by,no,dtr=of";
-  pins[15] = ",rts=off,dtr=off";
-  const std::pair<int, PortDevice> cases[] = {
-      {1, {"/dev/ttyUSB0"}}, // although it is pinned to port 2
-      {2, {"/dev/ttyUSB0"}}, // the pin
-      {3, {"/dev/ttyUSB0", true, false}},
-      {4, {""}}, // more ports than devices
-      {14, {"/dev/radio", false, true}},
-      {15, {"/dev/by,no,dtr=of"}}, // no option
-      {16, {"", false, false}},
-      {0, {""}}, // no such port
-      {17, {""}},
-  };
-  for (const auto& [port, device] : cases)
-    EXPECT_TRUE(DeviceOfPort(port, pins, devices) == device) << "port " << port;
+  for (const Row& row : cases)
+    if (!row[2].empty()) pins.at(std::stoul(row[1]) - 1) = row[2];
+  for (const Row& row : cases) {
+    const PortDevice expected = {row[3], row[4].empty(), row[5].empty()};
+    EXPECT_EQ(DeviceOfPort(std::stoi(row[1]), pins, devices), expected) << row[0];
+  }
 }
 
 // Uses a copy of the system's description of its terminals.
