@@ -25,9 +25,7 @@ void ImportGoodRows(RadioImage& image, ChannelList& list) {
 } // namespace
 
 ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv, Terminal& terminal) {
-  if (const ExitStatus mayStore = CheckOutput(files, csv, "", terminal); mayStore != ExitStatus::Done) return mayStore;
-  if (csv != Stream && LeadsToDataFile(files, path, csv))
-    return Refuse(terminal, csv + ": OUT.csv must not be a data file");
+  if (!CheckExport(files, csv, path, terminal)) return ExitStatus::UnusableArguments;
   const std::optional<Configuration> values = LoadValuesForCommand(files, path, terminal);
   return values ? StoreTextForCommand(files, csv, ChannelsCsv(*values), terminal) : ExitStatus::Failed;
 }

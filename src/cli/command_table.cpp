@@ -93,10 +93,7 @@ ExitStatus WriteInfo(Call& c) {
 
 // Replaces this program by the one that draws the pages.
 ExitStatus Print(Call& c) {
-  if (const ExitStatus mayStore = CheckOutput(c.files, c.output, "", c.terminal); mayStore != ExitStatus::Done)
-    return mayStore;
-  if (LeadsToDataFile(c.files, c.file, c.output))
-    return Refuse(c.terminal, "OUT.pdf is the PDF file to write; it must not be a data file.");
+  if (!CheckExport(c.files, c.output, c.file, c.terminal)) return ExitStatus::UnusableArguments;
   const std::string reports = c.words.empty() ? "channels,tts,info" : CLI::detail::join(c.words);
   return BecomePart("mr4500x-cli-print", {c.file, c.output, reports}, c.terminal);
 }

@@ -65,44 +65,22 @@ std::string ReasonOf(const ReadJson::parse_error& error) {
   return "not a JSON document" + std::string(reason);
 }
 
-// Finds errors that the parser would silently ignore, before it builds the document.
-struct Strictness final : nlohmann::json_sax<ReadJson> {
-  std::string problem;
-
-  bool null() override { return true; }
-  bool boolean(bool /*value*/) override { return true; }
-  bool number_integer(number_integer_t /*value*/) override { return true; }
-  bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
-  bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return true; }
-  bool string(string_t& /*value*/) override { return true; }
-  bool binary(binary_t& /*value*/) override { return true; }
-  bool start_object(std::size_t /*size*/) override { return Begin(); }
-  bool end_object() override { return End(); }
-  bool start_array(std::size_t /*size*/) override { return Begin(); }
-  bool end_array() override { return End(); }
-  bool key(string_t& name) override {
-    if (m_keys.back().insert(name).second) return true;
-    problem = Printable(ReadJson(name).dump()) + ": given twice in one object";
+// Builds the document. `problem` is set for what the parser would silently ignore.
+ReadJson ParseStrictly(std::string_view text, std::string& problem) {
+  std::vector<std::set<std::string>> keys; // keys of the objects around the current value
+  using Event = ReadJson::parse_event_t;
+  return ReadJson::parse(text, [&](int depth, Event event, const ReadJson& value) {
+    const auto level = static_cast<std::size_t>(depth);
+    const bool begins = event == Event::object_start || event == Event::array_start;
+    if (begins && level >= MostLevels) problem = "the document: too many levels";
+    if (!problem.empty()) return false;
+    if (begins) keys.resize(level + 1);
+    if (begins) keys.emplace_back();
+    if (event != Event::key || keys[level].insert(value.get<std::string>()).second) return true;
+    problem = Printable(value.dump()) + ": given twice in one object";
     return false;
-  }
-  bool parse_error(std::size_t /*offset*/, const std::string& /*token*/, const ReadJson::exception& error) override {
-    if (const auto* const syntax = dynamic_cast<const ReadJson::parse_error*>(&error)) throw *syntax;
-    throw dynamic_cast<const ReadJson::out_of_range&>(error);
-  }
-
-private:
-  bool Begin() {
-    m_keys.emplace_back();
-    if (m_keys.size() > MostLevels) problem = "the document: too many levels";
-    return problem.empty();
-  }
-  bool End() {
-    m_keys.pop_back();
-    return true;
-  }
-
-  std::vector<std::set<std::string>> m_keys; // keys of the objects and arrays around the current value
-};
+  });
+}
 
 // Collects the changes of a document.
 class Reader {
@@ -111,16 +89,15 @@ public:
     const std::size_t zero = text.find('\0'); // which the parser treats as the end
     if (zero != std::string_view::npos) return {{}, {}, PlaceOf(text, zero) + "not a JSON document - a zero byte"};
     ReadJson document;
+    std::string problem;
     try {
-      Strictness strictness;
-      ReadJson::sax_parse(text, &strictness);
-      if (!strictness.problem.empty()) return {{}, {strictness.problem}};
-      document = ReadJson::parse(text);
+      document = ParseStrictly(text, problem);
     } catch (const ReadJson::parse_error& error) { // its byte positions count from 1
       return {{}, {}, PlaceOf(text, std::min(std::max<std::size_t>(error.byte, 1) - 1, text.size())) + ReasonOf(error)};
     } catch (const ReadJson::out_of_range&) {
       return {{}, {}, " not a JSON document - a number is out of range"};
     }
+    if (!problem.empty()) return {{}, {problem}};
     Walk("", document);
     if (document.is_object() && document.value("format", ReadJson(Format)) != Format)
       Refuse("format", "not 1, the format of this version");

@@ -12,16 +12,12 @@ namespace mr4500x {
 // Loads the configuration of a file or a port. False, with a message, if it can't.
 using LoadAny = std::function<bool(const std::string& fileOrPort, RadioImage& image)>;
 
-enum class NamedBy { Label, Identifier };
-// One line for each setting that differs ("CH3 Rx Freq  443.00625  443.50000"), then one for each byte that no setting
-// shows ("ChannelBlock 37  0x00  0x08").
-[[nodiscard]] std::string DifferenceLines(const ImageDifferences& differences, NamedBy names);
-// The differences as one JSON document, with values as in the document of a configuration.
-[[nodiscard]] std::string DifferenceJson(const RadioImage& before, const RadioImage& after);
-// The changes that turn the first image into the second, as input for `apply`.
-[[nodiscard]] std::string DifferencePatch(const RadioImage& before, const RadioImage& after);
-
 enum class DiffForm { Labels, Identifiers, Json, Patch };
+// One line for each setting that differs ("CH3 Rx Freq  443.00625  443.50000"), then one for each byte that no setting
+// shows ("ChannelBlock 37  0x00  0x08"). Or one JSON document with values as in the document of a configuration, or the
+// changes that turn the first image into the second, as input for `apply`.
+[[nodiscard]] std::string DifferencesAs(DiffForm form, const RadioImage& before, const RadioImage& after);
+
 // Prints the differences between two files or radios. As in diff(1), the status is 0 if there are none, 1 if there are
 // some, and 2 for an error.
 [[nodiscard]] ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::string& after,

@@ -39,6 +39,15 @@ ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std
   return path == Stream ? EndOutput(terminal) : Fail(terminal, path + ": " + failure + ReasonOf(stored));
 }
 
+// Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
+bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
+  std::error_code failed; // a missing file can't be overwritten
+  if (std::filesystem::equivalent(PathOf(dataFile), PathOf(target), failed)) return true;
+  if (HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(target), failed)))) return true;
+  RadioImage unused;
+  return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
+}
+
 // Prints the settings that have changed with the named ones. For example, a new lower limit resets all channels.
 void PrintConsequences(const std::vector<Difference>& differences, const std::set<FieldAt>& named, Terminal& terminal) {
   constexpr std::size_t MostNamed = 8;
@@ -93,18 +102,24 @@ bool LeadsToInput(FileSystem& files, const std::string& path, const std::string&
   return !IsStandardOutput(path) && IsSameFile(files, path, input == Stream ? "/dev/stdin" : input);
 }
 
-ExitStatus CheckOutput(FileSystem& files, const std::string& path, const std::string& input, Terminal& terminal) {
+bool CheckOutput(FileSystem& files, const std::string& path, const std::string& input, Terminal& terminal) {
   const bool isInput = LeadsToInput(files, path, input);
-  if (!isInput && (IsStandardOutput(path) || !IsAlsoStandardOutput(path))) return ExitStatus::Done;
-  return Refuse(terminal, path + (isInput ? ": is read by the same command" : ": is also standard output") +
-                              ", so it can't be replaced");
+  if (!isInput && (IsStandardOutput(path) || !IsAlsoStandardOutput(path))) return true;
+  Refuse(terminal, path + (isInput ? ": is read by the same command" : ": is also standard output") +
+                       ", so it can't be replaced");
+  return false;
+}
+
+bool CheckExport(FileSystem& files, const std::string& path, const std::string& dataFile, Terminal& terminal) {
+  if (IsStandardOutput(path) || !LeadsToDataFile(files, dataFile, path)) return CheckOutput(files, path, "", terminal);
+  Refuse(terminal, path + ": the output must not be a data file");
+  return false;
 }
 
 ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
                       const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change) {
   const auto& [path, output, input, isDryRun] = given;
-  if (const ExitStatus mayStore = CheckOutput(files, output, input, terminal); mayStore != ExitStatus::Done)
-    return mayStore;
+  if (!CheckOutput(files, output, input, terminal)) return ExitStatus::UnusableArguments;
   const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
   if (isReplaced && IsWrittenInto(path)) return Refuse(terminal, path + ": can't be replaced; use --output");
   const std::optional<OpenFile> lock = isReplaced ? Lock(files, path) : OpenFile();
@@ -120,7 +135,7 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (isDryRun) {
     if (const FileResult mayStore = MayStoreOutput(files, output); !mayStore)
       return Fail(terminal, output + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayStore));
-    terminal.out << DifferenceLines(CompareImages(loaded, image, PointTexts()), NamedBy::Label);
+    terminal.out << DifferencesAs(DiffForm::Labels, loaded, image);
     return EndOutput(terminal);
   }
   if (isReplaced && ContentHash(files, path) != content)
@@ -129,14 +144,6 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (saved == ExitStatus::Done)
     PrintConsequences(DifferencesBetween(before, Decode(image, PointTexts()).configuration), named, terminal);
   return saved;
-}
-
-bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
-  std::error_code failed; // a missing file can't be overwritten
-  if (std::filesystem::equivalent(PathOf(dataFile), PathOf(target), failed)) return true;
-  if (HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(target), failed)))) return true;
-  RadioImage unused;
-  return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
 }
 
 ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text, Terminal& terminal) {
@@ -151,7 +158,7 @@ ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const Radi
 
 ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace, const RadioImage& image,
                              Terminal& terminal) {
-  if (const ExitStatus mayStore = CheckOutput(files, path, "", terminal); mayStore != ExitStatus::Done) return mayStore;
+  if (!CheckOutput(files, path, "", terminal)) return ExitStatus::UnusableArguments;
   if (!mayReplace && !IsWrittenInto(path) && IsThere(files, path))
     return Fail(terminal, NameOfSource(path) + ": file exists; use --replace to overwrite it");
   return SaveForCommand(files, path, image, terminal);

@@ -45,9 +45,12 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 // Whether writing to the path would change the input, even if that is a file at standard input.
 [[nodiscard]] bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input);
 
-// Done unless the output is also the input or the file at standard output. Otherwise prints a message.
-[[nodiscard]] ExitStatus CheckOutput(FileSystem& files, const std::string& path, const std::string& input,
-                                     Terminal& terminal);
+// False, with a message, if the output is also the input or the file at standard output.
+[[nodiscard]] bool CheckOutput(FileSystem& files, const std::string& path, const std::string& input,
+                               Terminal& terminal);
+// The same for other data than a configuration, which must not overwrite `dataFile` or any other data file.
+[[nodiscard]] bool CheckExport(FileSystem& files, const std::string& path, const std::string& dataFile,
+                               Terminal& terminal);
 
 // A file that a command changes, and the destination of the result.
 struct FileChange {
@@ -61,9 +64,6 @@ struct FileChange {
 [[nodiscard]] ExitStatus
 ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
            const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change);
-
-// Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
-[[nodiscard]] bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target);
 
 // Stores a table or a data file as StoreOutput does. Prints a message if it can't be stored.
 [[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text,

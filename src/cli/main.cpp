@@ -1,27 +1,13 @@
 // mr4500x-cli: parses the command line and runs the command with the machine's serial port, files and clock.
 #include "command_table.h"
-#include "end_signals.h"
-#include "machine.h"
 #include "machine_files.h"
 #include "parsing.h"
-#include "processes.h"
 #include "utf8.h"
-
-#include <unistd.h>
-
-#include <iostream>
 
 namespace mr4500x {
 namespace {
 
-ExitStatus Run(std::vector<char*> words) {
-  Terminal terminal{std::cout,
-                    std::cerr,
-                    std::cin,
-                    isatty(STDIN_FILENO) != 0,
-                    isatty(STDERR_FILENO) != 0,
-                    [] { return AwaitInput(STDIN_FILENO); },
-                    IsEnding};
+ExitStatus Run(std::vector<char*> words, Terminal& terminal) {
   const auto isFirst = [&](std::string_view word) { return words.size() > 1 && words[1] == word; };
   char help[] = "--help";
   const bool isHelp = isFirst("help"); // of a command
@@ -50,11 +36,5 @@ ExitStatus Run(std::vector<char*> words) {
 } // namespace mr4500x
 
 int main(int argc, char** argv) {
-  mr4500x::PrepareProcess();
-  try {
-    return static_cast<int>(mr4500x::Run({argv, argv + argc}));
-  } catch (const std::exception& error) { // mostly out of memory
-    std::cerr << error.what() << '\n';
-    return static_cast<int>(mr4500x::ExitStatus::Failed);
-  }
+  return mr4500x::RunProgram([=](mr4500x::Terminal& terminal) { return mr4500x::Run({argv, argv + argc}, terminal); });
 }

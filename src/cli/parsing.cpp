@@ -8,14 +8,12 @@
 namespace mr4500x {
 namespace {
 
-// Also refuses -o=OUT, which would write "=OUT".
+// Also refuses -o=OUT, which would mean "=OUT".
 void RefuseEmptyValues(CLI::App& app) {
   for (CLI::Option* const option : app.get_options()) {
-    const std::string name = option->get_snames().empty() ? "" : option->get_snames().front();
-    const auto check = [name, longName = option->get_name()](const std::string& value) -> std::string {
-      const bool isShort = !name.empty() && value.starts_with('=');
-      if (value.empty() || (isShort && value.size() == 1)) return "is empty";
-      return isShort ? "use -" + name + value.substr(1) + " or " + longName + value : "";
+    const auto check = [isShort = !option->get_snames().empty()](const std::string& value) -> std::string {
+      if (isShort && value.starts_with('=')) return "the value of a short option follows without =, as in -oOUT";
+      return value.empty() ? "is empty" : "";
     };
     if (option->get_name() != "TEXT" && option->get_items_expected_max() > 0) option->check(check);
   }

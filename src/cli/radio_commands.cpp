@@ -21,10 +21,12 @@
 namespace mr4500x {
 namespace {
 
-// Returns false, with a message that names the port, unless the transfer is complete.
-bool IsComplete(const Terminal& terminal, const ExchangeResult& result) {
+// Runs an exchange. False, with a message that names the port, unless it is complete.
+bool Completes(const RadioCommand& command, const auto& exchange, BandAnswer band = BandAnswer::Ask) {
+  TerminalObserver observer(command.terminal, band, command.line.PortName());
+  const ExchangeResult result = exchange(command.line, observer);
   if (const auto failure = FailureOf(result))
-    terminal.err << (failure->text.starts_with(result.port) ? "" : result.port + ": ") << failure->text << '\n';
+    command.terminal.err << (failure->text.starts_with(result.port) ? "" : result.port + ": ") << failure->text << '\n';
   return result.outcome == Outcome::Complete;
 }
 
@@ -36,13 +38,11 @@ ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
 
 // Reads from the radio everything that a write sends.
 bool ReadBackFor(const RadioCommand& command, RadioImage& image) {
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
-  return IsComplete(command.terminal, ReadBack(command.line, image, observer, command.speed));
+  return Completes(command, [&](auto& line, auto& observer) { return ReadBack(line, image, observer, command.speed); });
 }
 
 bool ReadInfo(const RadioCommand& command, RadioImage& image) {
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
-  return IsComplete(command.terminal, ReadEmbeddedInfo(command.line, image, observer));
+  return Completes(command, [&](auto& line, auto& observer) { return ReadEmbeddedInfo(line, image, observer); });
 }
 
 ExitStatus NoBackup(const RadioCommand& command, const std::string& path, const FileResult& failed) {
@@ -64,12 +64,9 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
                   DiffForm form = DiffForm::Labels) {
   RadioImage found = expected;
   if (!ReadBackFor(command, found)) return ExitStatus::Failed;
-  const ImageDifferences differences = CompareImages(expected, found, PointTexts());
-  const NamedBy names = form == DiffForm::Labels ? NamedBy::Label : NamedBy::Identifier;
-  command.terminal.out << (form == DiffForm::Json ? DifferenceJson(expected, found)
-                                                  : DifferenceLines(differences, names));
+  command.terminal.out << DifferencesAs(form, expected, found);
   if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
-  if (differences.IsEmpty()) return ExitStatus::Done;
+  if (CompareImages(expected, found, PointTexts()).IsEmpty()) return ExitStatus::Done;
   return Fail(command.terminal, command.line.PortName() + " does not match " + NameOfSource(path) + '.');
 }
 
@@ -77,7 +74,7 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
 ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const WriteOptions& options) {
   RadioImage found = image;
   if (!ReadBackFor(command, found)) return ExitStatus::Failed;
-  command.terminal.out << DifferenceLines(CompareImages(found, image, PointTexts()), NamedBy::Label);
+  command.terminal.out << DifferencesAs(DiffForm::Labels, found, image);
   TerminalObserver observer(command.terminal, options.band, command.line.PortName());
   if (!IsSameBand(found.BandBlock, image.BandBlock) && !observer.AcceptsOtherBand()) return ExitStatus::Failed;
   return EndOutput(command.terminal);
@@ -86,8 +83,8 @@ ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const 
 } // namespace
 
 bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
-  if (!IsComplete(command.terminal, ReadRadio(command.line, image, observer, command.speed))) return false;
+  const auto read = [&](auto& line, auto& observer) { return ReadRadio(line, image, observer, command.speed); };
+  if (!Completes(command, read)) return false;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
   if (image.FiveToneStandard == 0) // as the editor does
     command.terminal.err << command.line.PortName() << ": " << DataErrorText << '\n';
@@ -97,7 +94,7 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
 ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace) {
   const auto& [line, files, terminal, now, speed, trace] = command;
   // Before reading the whole radio. If the folder depends on the radio, only the save can check it.
-  if (const ExitStatus mayStore = CheckOutput(files, path, "", terminal); mayStore != ExitStatus::Done) return mayStore;
+  if (!CheckOutput(files, path, "", terminal)) return ExitStatus::UnusableArguments;
   const bool isKnown = FolderOf(path).find('{') == std::string::npos;
   const FileResult mayBeStored = isKnown ? MayStoreOutput(files, path) : FileResult();
   if (!mayBeStored)
@@ -114,9 +111,9 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool ma
 }
 
 ExitStatus RunIdentify(const RadioCommand& command, ShowAs form) {
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
   RadioImage image;
-  if (!IsComplete(command.terminal, ReadIdentity(command.line, image, observer))) return ExitStatus::Failed;
+  const auto read = [&](auto& line, auto& observer) { return ReadIdentity(line, image, observer); };
+  if (!Completes(command, read)) return ExitStatus::Failed;
   command.terminal.out << (form == ShowAs::Json ? IdentityJson(image) : IdentityTable(image));
   return EndOutput(command.terminal);
 }
@@ -133,8 +130,8 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   if (options.isDryRun) return WriteDry(command, image, options);
   if (hasBackup && BackUp(command, options.backupFolder) != ExitStatus::Done) return ExitStatus::Failed;
   if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": interrupted. Nothing was written.");
-  TerminalObserver observer(terminal, options.band, line.PortName());
-  if (!IsComplete(terminal, WriteRadio(line, image, now, observer, speed))) return ExitStatus::Failed;
+  const auto write = [&](auto& port, auto& observer) { return WriteRadio(port, image, now, observer, speed); };
+  if (!Completes(command, write, options.band)) return ExitStatus::Failed;
   const std::string written = NameOfSource(path) + " has been written to " + line.PortName();
   if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: interrupted.");
   if (options.isVerified && Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
@@ -166,8 +163,8 @@ ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, b
   const std::string port = command.line.PortName();
   RadioImage image;
   image.EmbeddedInfoBlock = info;
-  TerminalObserver observer(command.terminal, BandAnswer::Ask);
-  if (!IsComplete(command.terminal, WriteEmbeddedInfo(command.line, image, observer))) return ExitStatus::Failed;
+  const auto write = [&](auto& line, auto& observer) { return WriteEmbeddedInfo(line, image, observer); };
+  if (!Completes(command, write)) return ExitStatus::Failed;
   RadioImage found;
   if (isVerified && !ReadInfo(command, found)) return ExitStatus::Failed;
   if (isVerified && found.EmbeddedInfoBlock.bytes != image.EmbeddedInfoBlock.bytes)

@@ -1,8 +1,12 @@
 #include "terminal.h"
 
+#include "end_signals.h"
+#include "machine.h"
 #include "messages.h"
 #include "text.h"
 #include "utf8.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -10,6 +14,18 @@
 #include <system_error>
 
 namespace mr4500x {
+
+int RunProgram(const std::function<ExitStatus(Terminal& terminal)>& run) {
+  PrepareProcess();
+  const bool hasUser = isatty(STDIN_FILENO) != 0, isSeen = isatty(STDERR_FILENO) != 0;
+  Terminal terminal{std::cout, std::cerr, std::cin, hasUser && isSeen, isSeen, [] { return AwaitInput(STDIN_FILENO); },
+                    IsEnding};
+  try {
+    return static_cast<int>(run(terminal));
+  } catch (const std::exception& error) { // mostly out of memory
+    return static_cast<int>(Fail(terminal, error.what()));
+  }
+}
 
 ExitStatus Fail(const Terminal& terminal, const std::string& message, ExitStatus status) {
   constexpr std::size_t MostCharacters = 10'000; // several paths

@@ -31,6 +31,9 @@ struct Terminal {
   std::function<bool()> isEnding = [] { return false; };
 };
 
+// Runs a program with the standard streams, and returns its exit status.
+[[nodiscard]] int RunProgram(const std::function<ExitStatus(Terminal& terminal)>& run);
+
 // Prints the message. Returns the status for a return.
 ExitStatus Fail(const Terminal& terminal, const std::string& message, ExitStatus status = ExitStatus::Failed);
 ExitStatus Refuse(const Terminal& terminal, const std::string& message); // of unusable arguments

@@ -11,9 +11,6 @@
 
 #include <QCoreApplication>
 
-#include <unistd.h>
-
-#include <iostream>
 #include <vector>
 
 namespace mr4500x {
@@ -128,13 +125,10 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
 
 int main(int argc, char** argv) {
   using namespace mr4500x;
-  PrepareProcess();
-  IgnoreBrokenPipes(); // a write to a radio must not end because the reader of the output has ended
-  try {
+  return RunProgram([&](Terminal& terminal) {
+    IgnoreBrokenPipes(); // a write to a radio must not end because the reader of the output has ended
     const QCoreApplication application(argc, argv);
     FileSystem& files = MachineFiles();
-    Terminal terminal{std::cout, std::cerr, std::cin, isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0,
-                      isatty(STDERR_FILENO) != 0};
     FleetArguments arguments;
     ExitStatus status = ExitStatus::UnusableArguments;
     CLI::App app("A part of mr4500x-cli.", "mr4500x-cli");
@@ -146,9 +140,6 @@ int main(int argc, char** argv) {
     CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
     DeclareFleet(fleet, arguments, runFleet);
     DeclareJournal(fleet, arguments, [&] { status = RunFleetJournal(files, arguments, terminal); });
-    return static_cast<int>(Parse(app, argc, argv, terminal).value_or(status));
-  } catch (const std::exception& error) { // mostly out of memory
-    std::cerr << error.what() << '\n';
-    return static_cast<int>(ExitStatus::Failed);
-  }
+    return Parse(app, argc, argv, terminal).value_or(status);
+  });
 }

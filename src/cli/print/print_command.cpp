@@ -8,21 +8,9 @@
 
 namespace mr4500x {
 
-std::optional<ReportChoice> ParseReports(std::string_view names) {
-  ReportChoice choice;
-  while (true) {
-    const std::string_view name = names.substr(0, names.find(','));
-    if (name == "channels")
-      choice.channels = true;
-    else if (name == "tts")
-      choice.tts = true;
-    else if (name == "info")
-      choice.info = true;
-    else
-      return std::nullopt;
-    if (name.size() == names.size()) return choice;
-    names.remove_prefix(name.size() + 1);
-  }
+ReportChoice ReportsNamed(std::string_view names) {
+  const auto has = [&](std::string_view name) { return names.find(name) != std::string_view::npos; };
+  return {.channels = has("channels"), .tts = has("tts"), .info = has("info")};
 }
 
 ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::string& pdfFile,

@@ -7,14 +7,13 @@
 
 #include <QLocale>
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace mr4500x {
 
-// "channels,tts,info" or some of them in any order; nullopt for an unknown or empty name.
-[[nodiscard]] std::optional<ReportChoice> ParseReports(std::string_view names);
+// "channels,tts,info" or some of them in any order.
+[[nodiscard]] ReportChoice ReportsNamed(std::string_view names);
 
 // Prints the same pages as the desktop program, with numbers and date in the user's locale.
 [[nodiscard]] ExitStatus RunPrint(FileSystem& files, const std::string& dataFile, const std::string& pdfFile,
