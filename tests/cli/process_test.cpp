@@ -24,6 +24,10 @@ TEST_F(CommandLineTest, TheTypicalJob) {
   ExpectAll({{"write --quick - " + port + " <" + file, 0, ""},
              {writeText + " 2>/dev/null || " MR4500X_CLI " " + writeText, 0, ""},
              {"info read --json " + port, 0, "{\n  \"format\": 1,\n  \"text\": \"two\\nlines\",\n"}});
+  // The question about another band would not be seen.
+  Cli("set " + file + " band.upper=460 -o " + Path("b.K4X"));
+  Shell("script -qec '" MR4500X_CLI " write --quick " + Path("b.K4X ") + port + " 2>" + Path("said' /dev/null"));
+  EXPECT_EQ(CountOf(Content("said"), "Use --accept-band"), 1U) << Content("said");
   EndRadio(SIGKILL); // what was written is in its file
   StartRadio();
   ExpectAll({{"read --quick " + port + " - 2>" + Path("said") + " | cmp - " + file, 0, ""}});
