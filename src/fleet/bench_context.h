@@ -25,8 +25,9 @@ struct BenchSettings {
   std::string backupFolder{};
   Speed speed = Speed::Prescribed;
   bool acceptsOtherBand = false;
-  bool comparesDone = false; // the whole content of a done radio, even if its write stamp is the one entered
-  bool rewritesDone = false; // if its content differs; otherwise it is set aside
+  bool comparesDone = false;    // the whole content of a done radio, even if its write stamp is the one entered
+  bool rewritesDone = false;    // if its content differs; otherwise it is set aside
+  bool acceptsReissued = false; // radios whose row a person has given out again; otherwise they are set aside
   std::string operatorName{};
   std::function<LocalTime()> now{};         // for backups and write stamps
   std::function<std::string()> timestamp{}; // for attempts, in UTC
@@ -49,7 +50,7 @@ public:
   }
   [[nodiscard]] bool MayWrite() const { return m_mayWrite; }
 
-  // Lets a stopped port continue.
+  // Lets a stopped port continue, or program the radio that it has set aside.
   void GoOn(std::size_t port);
   [[nodiscard]] bool TakeGoOn(std::size_t port); // once
   [[nodiscard]] RowQueue& Rows() { return m_rows; }

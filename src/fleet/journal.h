@@ -66,7 +66,8 @@ struct Claim {
     Lost,     // the database does not answer
   };
   Kind kind = Kind::Lost;
-  JournalRow row; // Taken, DoneHere; NoRow: the one that a bench has for this number, if that is the reason
+  JournalRow row;           // Taken, DoneHere; NoRow: the one that a bench has for this number, if that is the reason
+  std::size_t reissued = 0; // the row that was this radio's until a person gave it out again
 };
 
 struct ClaimRequest {

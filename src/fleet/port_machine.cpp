@@ -15,6 +15,7 @@ void Show(PortMachine& port, PortState state, const std::string& text = {}, int 
   port.status.state = state;
   port.status.text = text;
   port.status.percent = percent;
+  port.status.remedy = Remedy::None;
 }
 
 void ForgetRadio(PortMachine& port) {
@@ -23,6 +24,7 @@ void ForgetRadio(PortMachine& port) {
   port.badIdentities = port.silentTries = 0;
   port.status.row = 0;
   port.status.label.clear();
+  port.status.canGoOn = false;
   port.status.idNumber.clear();
 }
 
@@ -54,17 +56,21 @@ bool IsSecondFailure(const PortMachine& port) {
 }
 
 PortAction Stop(PortMachine& port, bool isOver) {
-  const std::string hint = port.isCable ? CableHint : LastFailureHint;
+  const std::string hint = port.status.remedy == Remedy::CheckCable ? CableHint : LastFailureHint;
   if (port.status.state != PortState::Stopped) Show(port, PortState::Stopped, hint + port.status.text);
   port.status.canGoOn = !isOver;
+  port.status.remedy = isOver ? Remedy::None : Remedy::GoOn;
   return isOver ? PortAction::End : PortAction::Wait;
 }
 
 PortAction On(PortMachine& port, const CycleStarted& /*event*/, const BenchView& bench) {
   if (port.phase == PortPhase::Stopped && bench.goesOn) {
     port.failedRadio.reset();
-    port.status.canGoOn = false;
     Search(port);
+  } else if (bench.goesOn) {
+    port.radio.reset(); // the one that was set aside
+    port.status.canGoOn = false;
+    Show(port, PortState::Identifying);
   }
   const bool isStopped = port.phase == PortPhase::Stopped;
   if (bench.isOver && !isStopped) port.phase = PortPhase::Ending;
@@ -120,12 +126,13 @@ PortAction On(PortMachine& port, const RadioReported& event, const BenchView& /*
   port.status.row = event.row;
   port.status.label = event.label;
   Show(port, event.state, event.text, event.percent);
+  port.status.remedy = event.remedy;
+  port.status.canGoOn = event.remedy == Remedy::ProgramIt;
   if (IsUnderway(event.state)) return PortAction::None;
   port.waitsForRow = event.state == PortState::NoRow;
   if (port.waitsForRow) return PortAction::Wait;
   if (event.isFailure && IsSecondFailure(port)) port.phase = PortPhase::Stopped;
   port.failedRadio = event.isFailure ? port.radio : std::nullopt;
-  port.isCable = event.isCable;
   return PortAction::PollJournal; // it may have been the last row
 }
 

@@ -26,7 +26,6 @@ struct PortMachine {
   bool waitsForRow = false;
   int cycles = 0, badIdentities = 0, silentTries = 0;
   std::optional<std::string> failedRadio; // the last one, if it failed; "" if unknown
-  bool isCable = false;                   // perhaps, for which it failed
   PortStatus status;                      // what is shown
 };
 
@@ -50,7 +49,8 @@ struct RadioReported { // HandleRadio: during the job and at its end
   std::size_t row = 0;
   std::string label{}, text{};
   int percent = 0;
-  bool isFailure = false, isCable = false; // of the cable, perhaps
+  bool isFailure = false;
+  Remedy remedy = Remedy::None;
 };
 using PortEvent = std::variant<CycleStarted, JournalPolled, RadioAnswered, RadioIdentified, RadioReported>;
 

@@ -39,6 +39,23 @@ enum class PortState : std::uint8_t {
   return state == PortState::Stopped || state == PortState::Finished;
 }
 
+// What the user can do next.
+enum class Remedy : std::uint8_t {
+  None,
+  PlugInAgain,
+  CheckCable, // or the radio
+  CheckFolder,
+  PutAside,
+  AcceptBand,
+  RewriteChanged,
+  ChooseAgain,
+  ProgramIt, // by a click
+  ReprogramOne,
+  PlugInBoth,
+  Wait,
+  GoOn, // by a click
+};
+
 struct PortStatus {
   std::size_t port = 0; // index, from 0
   PortState state = PortState::Waiting;
@@ -47,7 +64,8 @@ struct PortStatus {
   int percent = 0;         // of backup, write and verification together
   std::size_t nextRow = 0; // Waiting: the row of the next radio; 0: none
   std::string nextLabel{};
-  bool canGoOn = false; // Stopped: not for good
+  bool canGoOn = false; // by a click: Stopped, but not for good; or SetAside
+  Remedy remedy = Remedy::None;
 };
 
 } // namespace mr4500x

@@ -33,7 +33,8 @@ private:
   PortAction Handle(const PortEvent& event) {
     const PortStatus before = m_machine.status;
     BenchState& state = m_context.state;
-    const bool goesOn = m_machine.phase == PortPhase::Stopped && state.TakeGoOn(before.port);
+    const bool goesOn = std::holds_alternative<CycleStarted>(event) && state.TakeGoOn(before.port) && before.canGoOn;
+    if (goesOn) m_wanted = before.idNumber;
     auto [machine, action] = Advance(std::move(m_machine), event, {state.IsOver(), state.HasSlot(), goesOn});
     m_machine = std::move(machine);
     PlanNext();
@@ -66,10 +67,11 @@ private:
   [[nodiscard]] RadioIdentified Identify();
   [[nodiscard]] RadioReported HandleRadio();
   [[nodiscard]] Claim ClaimRow(Attempt& attempt, bool takesDone);
+  [[nodiscard]] bool ListRows();
   [[nodiscard]] RadioReported ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot);
   [[nodiscard]] Attempt NewAttempt() const;
   [[nodiscard]] RadioReported Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot,
-                                    bool isCable = false);
+                                    Remedy remedy = Remedy::None);
 
   // An identification reports only its beginning.
   void Began(Transfer /*transfer*/, int /*maximum*/) override { static_cast<void>(Handle(RadioAnswered{})); }
@@ -84,6 +86,7 @@ private:
   RowQueue::Next m_next;
   RadioImage m_identity;         // of the last radio that answered
   std::string m_identityText;    // why it is refused if it has no number
+  std::string m_wanted;          // the number of the last radio that the user wants to be programmed
   bool m_hasAskedBefore = false; // it is the one that waits for a row
 };
 
@@ -92,16 +95,20 @@ JournalPolled PortWorker::PollJournal() {
       m_context.pending.EnterPending(m_journal) && m_journal.ReportAlive(m_settings.bench); // it can be written
   for (const Attempt& attempt : m_context.pending.TakeConflicts())
     m_context.events.onConflict(attempt);
+  if (!isReady || !ListRows()) return {m_journal.Failure().error};
+  return {};
+}
+
+// False if the journal does not answer.
+bool PortWorker::ListRows() {
   const Plan& plan = m_settings.plan;
-  if (!isReady) return {m_journal.Failure().error};
   RowQueue& queue = m_context.state.Rows();
   const auto since = plan.isEndless ? std::nullopt : queue.BeginList(m_machine.status.port);
-  if (!since) return {};
+  if (!since) return true;
   const auto list = m_journal.ChangedRows(plan.key, *since);
   const std::size_t done = queue.EndList(list.value_or(RowList()));
-  if (!list) return {m_journal.Failure().error};
-  if (done >= plan.rows.size()) m_context.state.SetRowsDone();
-  return {};
+  if (list && done >= plan.rows.size()) m_context.state.SetRowsDone();
+  return list.has_value();
 }
 
 RadioIdentified PortWorker::Identify() {
@@ -123,7 +130,8 @@ RadioReported PortWorker::HandleRadio() {
   Attempt attempt = NewAttempt();
   if (attempt.idNumber.empty()) {
     attempt.text = m_identityText;
-    return Enter(attempt, AttemptOutcome::Failed, slot, m_identityText != NoNumberReason);
+    return Enter(attempt, AttemptOutcome::Failed, slot,
+                 m_identityText == NoNumberReason ? Remedy::PutAside : Remedy::CheckCable);
   }
   const Claim claim = m_context.pending.EnterPending(m_journal) ? ClaimRow(attempt, false) : Claim{};
   if (claim.kind == Claim::Kind::Lost) return {.state = PortState::NoJournal, .text = m_journal.Failure().error};
@@ -137,11 +145,15 @@ RadioReported PortWorker::HandleRadio() {
         isSame && !m_settings.comparesDone ? AttemptOutcome::DoneBefore : job.CompareDone(attempt);
     const bool isRewritten = found == AttemptOutcome::SetAside && m_settings.rewritesDone &&
                              ClaimRow(attempt, true).kind == Claim::Kind::Taken;
-    if (!isRewritten) return Enter(attempt, found, slot, job.IsCable());
+    if (!isRewritten) return Enter(attempt, found, slot, job.RemedyOf());
     attempt.text.clear();
+  } else if (claim.reissued > 0 && claim.row.radio.empty() && !m_settings.acceptsReissued &&
+             m_wanted != attempt.idNumber) {
+    attempt.text = ReissuedReason(claim.reissued);
+    return Enter(attempt, AttemptOutcome::SetAside, slot, Remedy::ProgramIt);
   }
   const AttemptOutcome outcome = job.Run(m_identity, attempt);
-  return Enter(attempt, outcome, slot, job.IsCable());
+  return Enter(attempt, outcome, slot, job.RemedyOf());
 }
 
 // The attempt gets the row.
@@ -160,12 +172,13 @@ Claim PortWorker::ClaimRow(Attempt& attempt, bool takesDone) {
 RadioReported PortWorker::ReportNoRow(Attempt& attempt, const JournalRow& held, BenchState::Slot& slot) {
   if (held.row == 0 && m_next.isChosen) {
     attempt.text = ChoiceGoneReason(m_next.row);
-    return Enter(attempt, AttemptOutcome::SetAside, slot); // it must not get another row by itself
+    return Enter(attempt, AttemptOutcome::SetAside, slot, Remedy::ChooseAgain); // it must not get another row by itself
   }
   const std::string port = held.bench == m_settings.bench ? m_context.state.Rows().PortThatHolds(held.row) : "";
   attempt.text = port.empty() ? HeldReason(held) : AtOtherPortReason(port);
-  if (!m_hasAskedBefore) return Enter(attempt, AttemptOutcome::NoRow, slot);
-  return {.state = PortState::NoRow, .text = attempt.text};
+  if (held.row == 0 && ListRows()) attempt.text = NoFreeRowReason(m_context.state.Rows().Counts());
+  if (!m_hasAskedBefore) return Enter(attempt, AttemptOutcome::NoRow, slot, Remedy::Wait);
+  return {.state = PortState::NoRow, .text = attempt.text, .remedy = Remedy::Wait};
 }
 
 Attempt PortWorker::NewAttempt() const {
@@ -182,7 +195,7 @@ Attempt PortWorker::NewAttempt() const {
   return attempt;
 }
 
-RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot, bool isCable) {
+RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchState::Slot& slot, Remedy remedy) {
   using enum AttemptOutcome;
   attempt.end = m_settings.timestamp();
   attempt.outcome = outcome;
@@ -195,12 +208,12 @@ RadioReported PortWorker::Enter(Attempt& attempt, AttemptOutcome outcome, BenchS
     return {entered.outcome == Verified ? PortState::Done : PortState::AlreadyDone, attempt.row, attempt.label,
             isPending ? hint : ""};
   }
-  if (entered.outcome == NoRow) return {.state = PortState::NoRow, .text = attempt.text};
+  if (entered.outcome == NoRow) return {.state = PortState::NoRow, .text = attempt.text, .remedy = remedy};
   // The row is no longer this radio's.
   return {.state = entered.outcome == SetAside ? PortState::SetAside : PortState::Failed,
           .text = entered.outcome == Conflict ? LineForConflict(entered) : attempt.text,
           .isFailure = entered.outcome == Failed,
-          .isCable = isCable};
+          .remedy = entered.outcome == Conflict ? Remedy::ReprogramOne : remedy};
 }
 
 } // namespace

@@ -41,10 +41,8 @@ bool RadioJob::HasText(const Attempt& attempt) const {
 AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
   RadioImage image = ImageFor(m_settings.plan, attempt.row, m_settings.texts);
   m_total = m_done + JobUnits + (HasText(attempt) ? TextUnits : 0); // also after a comparison
-  if (!IsSameBand(identity.BandBlock, image.BandBlock) && !m_settings.acceptsOtherBand) {
-    attempt.text = OtherBandReason(BandText(identity.BandBlock), BandText(image.BandBlock));
-    return AttemptOutcome::SetAside;
-  }
+  if (!IsSameBand(identity.BandBlock, image.BandBlock) && !m_settings.acceptsOtherBand)
+    return SetAsideForBand(BandText(identity.BandBlock), image, attempt);
   BeginStep(PortState::BackingUp);
   if (!BackUp(attempt) || !MayWrite(attempt)) return AttemptOutcome::Failed;
 
@@ -56,18 +54,26 @@ AttemptOutcome RadioJob::Run(const RadioImage& identity, Attempt& attempt) {
   return Verify(image, attempt) == Found::Same ? AttemptOutcome::Verified : AttemptOutcome::Failed;
 }
 
+AttemptOutcome RadioJob::SetAsideForBand(const std::string& band, const RadioImage& image, Attempt& attempt) {
+  m_remedy = Remedy::AcceptBand;
+  attempt.text = OtherBandReason(band, BandText(image.BandBlock));
+  return AttemptOutcome::SetAside;
+}
+
 AttemptOutcome RadioJob::CompareDone(Attempt& attempt) {
   m_total = JobUnits;
   BeginStep(PortState::Verifying);
   const Found found = Verify(ImageFor(m_settings.plan, attempt.row, m_settings.texts), attempt);
   if (found == Found::NotRead) return AttemptOutcome::Failed;
   if (found == Found::Same) return AttemptOutcome::DoneBefore;
+  m_remedy = Remedy::RewriteChanged;
   attempt.text = ChangedReason + attempt.text;
   return AttemptOutcome::SetAside;
 }
 
 bool RadioJob::BackUp(Attempt& attempt) {
   const auto refuse = [&](const FileResult& failed) {
+    m_remedy = Remedy::CheckFolder;
     return Fail(attempt, BackupReason(m_settings.backupFolder, failed.Reason()));
   };
   const FileResult mayKeep = MayStoreIn(m_settings.files, m_settings.backupFolder);
@@ -96,8 +102,7 @@ AttemptOutcome RadioJob::Write(RadioImage& image, Attempt& attempt) {
   const ExchangeResult written = WriteRadio(m_line, image, m_settings.now, *this, m_settings.speed);
   if (written.outcome == Outcome::BandDeclined) {
     attempt.sha256.clear(); // nothing was written
-    attempt.text = OtherBandReason("", BandText(image.BandBlock));
-    return AttemptOutcome::SetAside;
+    return SetAsideForBand("", image, attempt);
   }
   attempt.stamp = StampDigits(image);
   const bool isWritten = IsComplete(written, attempt) &&
@@ -110,6 +115,7 @@ RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
   if (!IsComplete(ReadBackWithIdentity(m_line, found, *this, m_settings.speed), attempt)) return Found::NotRead;
   // The radio may have been swapped for another one of the same model between the backup and the write.
   if (IdentityNumber(found) != attempt.idNumber || FirmwareVersion(found) != attempt.firmware) {
+    m_remedy = Remedy::PlugInBoth;
     attempt.text = OtherRadioReason(attempt, IdentityNumber(found), FirmwareVersion(found));
     return Found::NotRead;
   }
@@ -117,7 +123,7 @@ RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
   found.FirmwareVersionBlock = image.FirmwareVersionBlock;
   const ImageDifferences differences = CompareImages(image, found, m_settings.texts);
   if (!differences.IsEmpty()) {
-    m_isCable = true;
+    m_remedy = Remedy::CheckCable;
     attempt.text = DifferenceReason(differences);
     return Found::Different;
   }
@@ -130,7 +136,7 @@ RadioJob::Found RadioJob::Verify(const RadioImage& image, Attempt& attempt) {
 
 bool RadioJob::IsComplete(const ExchangeResult& result, Attempt& attempt) {
   if (result.outcome == Outcome::Complete) return true;
-  m_isCable = result.outcome != Outcome::WrongModel;
+  m_remedy = result.outcome == Outcome::WrongModel ? Remedy::PutAside : Remedy::CheckCable;
   return Fail(attempt, ReasonFor(result));
 }
 

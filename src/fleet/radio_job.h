@@ -3,6 +3,7 @@
 
 #include "bench_context.h"
 #include "exchange.h"
+#include "port_status.h"
 
 #include <functional>
 
@@ -24,8 +25,7 @@ public:
   // Reads back a radio that is done with the attempt's row. DoneBefore if it holds the row, SetAside if its content
   // differs.
   [[nodiscard]] AttemptOutcome CompareDone(Attempt& attempt);
-  // Whether the cable may be the cause of the failure.
-  [[nodiscard]] bool IsCable() const { return m_isCable; }
+  [[nodiscard]] Remedy RemedyOf() const { return m_remedy; } // if it was not verified
 
 private:
   [[nodiscard]] bool BackUp(Attempt& attempt);
@@ -35,6 +35,7 @@ private:
   [[nodiscard]] bool HasText(const Attempt& attempt) const;
   [[nodiscard]] Found Verify(const RadioImage& image, Attempt& attempt);
   [[nodiscard]] bool IsComplete(const ExchangeResult& result, Attempt& attempt);
+  [[nodiscard]] AttemptOutcome SetAsideForBand(const std::string& band, const RadioImage& image, Attempt& attempt);
   void BeginStep(PortState step);
 
   void Began(Transfer transfer, int maximum) override;
@@ -48,7 +49,7 @@ private:
   const BenchSettings& m_settings;
   ProgressHandler m_onProgress;
   PortState m_step = PortState::BackingUp;
-  bool m_isCable = false;
+  Remedy m_remedy = Remedy::PlugInAgain;
   int m_total = 0; // units of progress: of the job, of the transfers that have ended, and of the one in progress
   int m_done = 0, m_maximum = 0;
 };

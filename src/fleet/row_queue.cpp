@@ -75,13 +75,24 @@ std::size_t RowQueue::EndList(const RowList& list) {
   for (const JournalRow& row : list.rows) {
     m_free.erase(row.row);
     m_done.erase(row.row);
-    if (CanBeChosen(row)) m_free.insert(m_free.end(), row.row);
+    m_named.erase(row.row);
+    m_taken.erase(row.row);
+    if (CanBeChosen(row))
+      m_free.insert(m_free.end(), row.row);
+    else if (row.state == RowState::Free)
+      m_named.insert(m_named.end(), row.row);
     if (row.state == RowState::Done) m_done.insert(m_done.end(), row.row);
+    if (row.state == RowState::Taken) m_taken[row.row] = row;
   }
   std::erase_if(m_chosen, [&](std::size_t row) {
     return !m_free.contains(row) && std::ranges::find(m_ports, row, &RowSlot::held) == m_ports.end();
   });
   return m_done.size();
+}
+
+RowCounts RowQueue::Counts() {
+  const std::lock_guard guard(m_mutex);
+  return {m_done.size(), m_taken.size(), m_named.size(), m_taken.empty() ? JournalRow() : m_taken.begin()->second};
 }
 
 RowQueue::Next RowQueue::NextFor(std::size_t port, bool isWaiting) {

@@ -5,6 +5,7 @@
 #include "journal.h"
 
 #include <cstdint>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -32,6 +33,12 @@ void AssignRows(std::vector<RowSlot>& ports, const std::set<std::size_t>& free, 
 // Whether the user can choose the row for the next radio.
 [[nodiscard]] bool CanBeChosen(const JournalRow& row);
 
+// How the rows of a plan are used.
+struct RowCounts {
+  std::size_t done = 0, taken = 0, named = 0; // named: free, but only for other radios
+  JournalRow firstTaken{};
+};
+
 // The slots of a bench. May be used by several threads.
 class RowQueue {
 public:
@@ -46,6 +53,7 @@ public:
   [[nodiscard]] std::optional<std::int64_t> BeginList(std::size_t port);
   // Updates the rows, and returns how many are done. An empty list means that it failed.
   std::size_t EndList(const RowList& list);
+  [[nodiscard]] RowCounts Counts();
   // The port's row. `isWaiting`: see RowSlot.
   [[nodiscard]] Next NextFor(std::size_t port, bool isWaiting);
   void Hold(std::size_t port, std::size_t row, std::string portName); // the port's radio has got it
@@ -57,7 +65,8 @@ private:
   std::mutex m_mutex; // guards what follows
   std::vector<RowSlot> m_ports;
   std::vector<std::size_t> m_chosen;
-  std::set<std::size_t> m_free, m_done;
+  std::set<std::size_t> m_free, m_done, m_named;
+  std::map<std::size_t, JournalRow> m_taken;
   std::int64_t m_listedAt = 0;
   bool m_isListing = false;
 };

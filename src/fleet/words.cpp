@@ -3,6 +3,7 @@
 #include "attempt_records.h"
 #include "differences.h"
 #include "plan_changes.h"
+#include "row_queue.h"
 #include "utf8.h"
 
 #include <algorithm>
@@ -116,6 +117,38 @@ std::string HeldReason(const JournalRow& row) {
   const int left = std::clamp(SilentSeconds - std::max(row.silentFor, 0), 0, SilentSeconds), seconds = left % 60;
   return "Wait: held by bench " + row.bench + " for " + std::to_string(left / 60) + (seconds < 10 ? ":0" : ":") +
          std::to_string(seconds);
+}
+
+std::string NoFreeRowReason(const RowCounts& counts) {
+  if (counts.taken + counts.named == 0) return "all rows are done";
+  std::string text = "no row is free: " + std::to_string(counts.done) + " done";
+  if (counts.taken > 0)
+    text += ", " + std::to_string(counts.taken) + " taken, such as row " + std::to_string(counts.firstTaken.row) +
+            " by bench " + counts.firstTaken.bench;
+  return counts.named == 0 ? text : text + ", " + std::to_string(counts.named) + " only for other radios";
+}
+
+std::string ReissuedReason(std::size_t row) {
+  return "its row " + std::to_string(row) + " was given out again, perhaps because this radio is broken";
+}
+
+std::string_view HintFor(Remedy remedy) {
+  constexpr std::array<std::string_view, 13> Hints = {
+      "",
+      "Plug the radio in again.",
+      "Check cable and radio, plug in again.",
+      "Check the backup folder, plug in again.",
+      "Put this radio aside.",
+      "Put it aside, or accept other bands.",
+      "Put it aside, or rewrite changed radios.",
+      "Choose a row, then plug in again.",
+      "Put it aside, or press Program it.",
+      "Reprogram one of the two.",
+      "Plug both radios in again.",
+      "The port tries again by itself.",
+      "Remove the cause, then press Go on.",
+  };
+  return Hints[static_cast<std::size_t>(remedy)];
 }
 
 std::string ChoiceGoneReason(std::size_t row) {

@@ -14,6 +14,7 @@ namespace mr4500x {
 
 struct ImageDifferences;
 struct PlanChanges;
+struct RowCounts;
 
 [[nodiscard]] std::string_view WordFor(PortState state);        // "WRITING", "UNPLUG"
 [[nodiscard]] std::string_view WordFor(AttemptOutcome outcome); // "verified"
@@ -39,7 +40,11 @@ inline constexpr char TextDiffersReason[] = "its embedded information does not m
 // Why a radio gets no row: its number is at another port of this bench, or another bench has it.
 [[nodiscard]] std::string AtOtherPortReason(const std::string& portName);
 [[nodiscard]] std::string HeldReason(const JournalRow& row);
+[[nodiscard]] std::string NoFreeRowReason(const RowCounts& counts);
 [[nodiscard]] std::string ChoiceGoneReason(std::size_t row); // the row that the user has chosen is not free
+[[nodiscard]] std::string ReissuedReason(std::size_t row);   // the radio's row was given out again
+
+[[nodiscard]] std::string_view HintFor(Remedy remedy); // "Plug the radio in again."; "" for None
 
 // Additional texts for a port's state.
 inline constexpr char NoiseHint[] = "something answers, but it is not a radio, or the cable is faulty";

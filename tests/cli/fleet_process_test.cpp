@@ -153,7 +153,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
 
   // In a list without its row it gets another one.
   Put("rows.csv", heading + "Car 3,446.1\n");
-  const Ended other = FleetOnTerminal(rows, "");
+  const Ended other = FleetOnTerminal(rows + " --accept-reissued", "");
   EXPECT_EQ(other.status, 0) << other.output;
   EXPECT_EQ(CountOf(other.output, "0 done carried over, 0 new, 0 changed, 1 not done\r\n"), 1U) << other.output;
   EXPECT_GE(CountOf(other.output, "\n1 of 1\r\x1b[K"), 1U) << other.output;

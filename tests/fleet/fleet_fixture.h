@@ -34,6 +34,7 @@ struct Tables {
   std::vector<JournalRow> rows;
   std::vector<Attempt> attempts;
   std::map<std::size_t, int> done; // how often a row became so
+  std::size_t reissued = 0;        // the row that was each radio's
 };
 
 class MemoryJournal : public Journal {
@@ -71,7 +72,7 @@ public:
     found->state = RowState::Taken;
     found->bench = bench;
     found->idNumber = id;
-    return {Claim::Kind::Taken, *found};
+    return {Claim::Kind::Taken, *found, m_tables.reissued};
   }
   Renewal Renew(const std::string& /*plan*/, std::size_t row, const std::string& bench) override {
     const std::lock_guard guard(m_tables.mutex);
@@ -242,7 +243,8 @@ struct Fleet {
       if (when.second && status.state == when.first) std::exchange(when.second, {})(*this);
       if (status.canGoOn && goesOn) state->GoOn(status.port);
       if (status.canGoOn && !goesOn) state->StopAfterTheseRadios();
-      if (status.port < cables.size()) cables[status.port].Enter(status.state);
+      const bool isKept = status.canGoOn && goesOn; // connected
+      if (status.port < cables.size() && !isKept) cables[status.port].Enter(status.state);
       const std::lock_guard guard(mutex);
       const std::string planned = LineForNext(status, "COM" + std::to_string(status.port + 1)) + '\n';
       if (status.nextRow != 0 && !next.ends_with(planned)) next += planned;

@@ -87,6 +87,10 @@ const std::map<std::string, std::function<void(Fleet&)>> RunEvents = {
     {"a list for X alone", [](Fleet& fleet) { fleet.UsePlan("radio\nX\n"); }},
     {"one asked for", [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(1); }},
     {"two asked for", [](Fleet& fleet) { fleet.state = std::make_unique<BenchState>(2); }},
+    {"row 7 was given out again", [](Fleet& fleet) { fleet.tables.reissued = 7; }},
+    {"a list for R-0 alone", [](Fleet& fleet) { fleet.UsePlan("radio\nR-0\n"); }},
+    {"a click", [](Fleet& fleet) { fleet.goesOn = true; }},
+    {"accept reissued", [](Fleet& fleet) { fleet.settings.acceptsReissued = true; }},
     {"row 2 chosen", [](Fleet& fleet) { fleet.state->Rows().Choose(2); }},
     {"a VHF template", [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xC0; }},
     {"a UHF template", [](Fleet& fleet) { fleet.plan.image.BandBlock[0] = 0xB8; }},
@@ -122,9 +126,10 @@ PortState StateOf(const std::string& word) {
 TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
   using enum PortState;
   for (const Row& row :
-       RowsOf(CASES "port_runs.txt", "([^:]+): ([^;]*); ([^;]*);(?: ([A-Z ]+): ([^;]*))? -> (.*) -> (.*); (\\d)")) {
-    const auto& [line, name, radios, before, state, event, outcomes, lastStates, radiosLeft] =
-        std::tie(row[0], row[1], row[2], row[3], row[4], row[5], row[6], row[7], row[8]);
+       RowsOf(CASES "port_runs.txt",
+              "([^:]+): ([^;]*); ([^;]*);(?: ([A-Z ]+): ([^;]*))? -> (.*) -> (.*); (\\d)(?:; (.*))?")) {
+    const auto& [line, name, radios, before, state, event, outcomes, lastStates, radiosLeft, hint] =
+        std::tie(row[0], row[1], row[2], row[3], row[4], row[5], row[6], row[7], row[8], row[9]);
     SCOPED_TRACE(name);
     Fleet fleet;
     fleet.UsePlan(TwoRows);
@@ -144,8 +149,12 @@ TEST(FleetTest, ThePortGoesOnAsLongAsItMay) {
     EXPECT_TRUE(fleet.States().ends_with(lastStates)) << fleet.States();
     EXPECT_EQ(std::to_string(fleet.table.size()), radiosLeft);
     EXPECT_EQ(!fleet.hints.empty(), radios.find("noisy") != std::string::npos);
-    for (const PortStatus& status : fleet.shown)
+    std::string lastHint;
+    for (const PortStatus& status : fleet.shown) {
       EXPECT_TRUE(status.row == 0 || (status.state != Failed && status.state != SetAside));
+      if (status.remedy != Remedy::None) lastHint = HintFor(status.remedy);
+    }
+    EXPECT_EQ(lastHint, hint);
     for (const Attempt& attempt : fleet.tables.attempts)
       EXPECT_TRUE(attempt.outcome != AttemptOutcome::Verified || fleet.Holds(attempt.idNumber, attempt.row));
   }

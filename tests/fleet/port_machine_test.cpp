@@ -34,8 +34,9 @@ const std::map<std::string, PortEvent> Events = {
     {"JournalGone", RadioReported{.state = NoJournal, .text = "no answer"}},
     {"Refused", RadioReported{Waiting}},
     {"BandDiffers", RadioReported{SetAside}},
+    {"Reissued", RadioReported{.state = SetAside, .text = "was reissued", .remedy = Remedy::ProgramIt}},
     {"Conflict", RadioReported{Failed}},
-    {"Failure", RadioReported{.state = Failed, .text = "silent", .isFailure = true, .isCable = true}},
+    {"Failure", RadioReported{.state = Failed, .text = "silent", .isFailure = true, .remedy = Remedy::CheckCable}},
     {"NoRoom", RadioReported{.state = Failed, .text = "no room", .isFailure = true}},
     {"Held", RadioReported{.state = NoRow, .text = "Wait: held by bench B for 1:40"}},
 };

@@ -57,6 +57,8 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
                   "compare the whole content of radios that are done, not only their programming time");
   fleet->add_flag("--rewrite-done", choice.rewritesDone,
                   "rewrite radios that are done but have changed since; otherwise they are set aside");
+  fleet->add_flag("--accept-reissued", choice.acceptsReissued,
+                  "also program radios whose row was given out again; otherwise they are set aside");
   const auto choose = [&choice](EarlierRows earlier) { return [&choice, earlier] { choice.earlier = earlier; }; };
   CLI::Option* const carryOver =
       fleet->add_flag_callback("--carry-over", choose(EarlierRows::CarryOver),

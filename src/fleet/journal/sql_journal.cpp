@@ -118,8 +118,13 @@ const QString EnterBegun = "INSERT INTO fleet_attempt (" + ColumnList() +
                            " WHERE plan = :plan AND state = 'taken' AND claim = :claim"
                            " ON CONFLICT (attempt_key) DO UPDATE SET number = excluded.number,"
                            " label = excluded.label, outcome = 'begun'";
+// The last column: the row that was the radio's until a person gave it out again, or 0.
 const QString SelectClaim = QString("SELECT ") + RowColumns +
-                            ", claim = :claim FROM fleet_row WHERE plan = :plan AND id_number = :id"
+                            ", claim = :claim, (SELECT CASE last.outcome WHEN 'reissued' THEN last.number ELSE 0 END"
+                            " FROM fleet_attempt last WHERE last.id_number = :id AND outcome IN"
+                            " ('verified', 'reissued') ORDER BY last.started DESC, CASE last.outcome"
+                            " WHEN 'reissued' THEN 1 ELSE 0 END, last.attempt_key DESC LIMIT 1) FROM fleet_row WHERE "
+                            "plan = :plan AND id_number = :id"
                             " AND state <> 'free'";
 
 class SqlJournal final : public Journal {
@@ -233,7 +238,8 @@ Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) 
     if (!query) return false;
     claim.kind = Claim::Kind::NoRow;
     if (!query->next()) return true;
-    constexpr int IsMine = 8; // the column after the row's
+    constexpr int IsMine = 8, Reissued = 9; // the columns after the row's
+    claim.reissued = query->value(Reissued).value<std::size_t>();
     claim.row = RowIn(*query);
     if (claim.row.state == RowState::Done) claim.kind = Claim::Kind::DoneHere;
     if (claim.row.state == RowState::Taken && query->value(IsMine).toBool()) claim.kind = Claim::Kind::Taken;

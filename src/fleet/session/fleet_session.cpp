@@ -245,6 +245,7 @@ FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, s
                                           .acceptsOtherBand = choice.acceptsOtherBand,
                                           .comparesDone = choice.comparesDone,
                                           .rewritesDone = choice.rewritesDone,
+                                          .acceptsReissued = choice.acceptsReissued,
                                           .operatorName = choice.operatorName,
                                           .now = LocalNow,
                                           .timestamp = UtcTimestamp,

@@ -28,11 +28,12 @@ struct FleetChoice {
   int count = -1; // radios at most; below 0: all
   bool isQuick = false;
   bool acceptsOtherBand = false;
-  bool comparesDone = false; // the whole content of done radios, not only their write stamps
-  bool rewritesDone = false; // whose content differs; otherwise they are set aside
-  std::string operatorName;  // for the journal
-  std::string traceFolder;   // folder for the traces of the ports; "" for none
-  std::string onVerified;    // the user's command for each verified radio; "": none
+  bool comparesDone = false;    // the whole content of done radios, not only their write stamps
+  bool rewritesDone = false;    // whose content differs; otherwise they are set aside
+  bool acceptsReissued = false; // whose row a person has given out again; otherwise they are set aside
+  std::string operatorName;     // for the journal
+  std::string traceFolder;      // folder for the traces of the ports; "" for none
+  std::string onVerified;       // the user's command for each verified radio; "": none
   EarlierRows earlier = EarlierRows::Ask;
 };
 
@@ -79,7 +80,7 @@ public:
 
   void StopAfterTheseRadios() { m_state.StopAfterTheseRadios(); }
   void StopBeforeWrites() { m_state.StopBeforeWrites(); } // according to the policy in end_signals.h
-  void GoOn(std::size_t port) { m_state.GoOn(port); }     // lets a stopped port continue
+  void GoOn(std::size_t port) { m_state.GoOn(port); }     // see BenchState
   void ChooseRow(std::size_t row) { m_state.Rows().Choose(row); }
   void ForgetChoices() { m_state.Rows().ForgetChoices(); }
   [[nodiscard]] const std::string& BenchName() const { return m_settings.bench; }

@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class QGridLayout;
 class QLabel;
@@ -62,9 +63,11 @@ private:
   [[nodiscard]] QWidget* BuildFailed();
   void BuildPartKeys();
   void BuildRowMenu();
+  void BuildFailedMenu();
   [[nodiscard]] const JournalRow* CurrentRow() const; // of the table
   void DecideAboutRow(AttemptOutcome outcome, const QString& question);
-  void ShowRadio();
+  void AskAndEnter(RowDecision decision, const QString& question, const QString& name);
+  void ShowRadio(const std::string& idNumber);
   void ShowStatistics();
   void ShowLines(const QString& title, std::function<std::vector<std::string>(const std::vector<Attempt>&)> linesOf);
   void ForgetPlan();
@@ -80,7 +83,8 @@ private:
   void ChooseRow();                      // chooses the row that was typed or scanned
   void ShowCommand(const Attempt& note); // shows the result of a command
   void ShowFailed();
-  void DismissFailed(); // dismisses the selected radio
+  [[nodiscard]] std::optional<std::string> SelectedFailed() const; // its number, which may be ""
+  void DismissFailed();                                            // dismisses the selected radio
   void EnterDecision(const RowDecision& decision);
   void StoreChoice();
   void End();

@@ -88,6 +88,7 @@ QWidget* FrmFleet::BuildFailed() {
   layout->addLayout(line);
   layout->addWidget(m_failed);
   m_failedBox->hide(); // while there is none
+  BuildFailedMenu();
   return m_failedBox;
 }
 

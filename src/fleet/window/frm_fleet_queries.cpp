@@ -7,16 +7,50 @@
 #include "words.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QInputDialog>
 #include <QItemSelectionModel>
+#include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QVBoxLayout>
 
 namespace mr4500x {
+namespace {
+
+// Opens a menu of the list's actions at the entry under the pointer, or with the Menu key at the current one.
+class EntryMenu final : public QObject {
+public:
+  explicit EntryMenu(QAbstractItemView* list) : QObject(list), m_list(list) {
+    list->installEventFilter(this);
+    list->viewport()->installEventFilter(this);
+  }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::ContextMenu) return false;
+    const auto* const request = static_cast<const QContextMenuEvent*>(event);
+    const bool isByKey = request->reason() == QContextMenuEvent::Keyboard;
+    const QWidget* const area = m_list->viewport();
+    const QModelIndex entry =
+        isByKey ? m_list->currentIndex() : m_list->indexAt(area->mapFromGlobal(request->globalPos()));
+    if (!entry.isValid()) return true;
+    m_list->setCurrentIndex(entry);
+    m_list->scrollTo(entry);
+    auto* const menu = new QMenu(m_list);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(m_list->actions());
+    menu->popup(isByKey ? area->mapToGlobal(m_list->visualRect(entry).bottomLeft()) : request->globalPos());
+    return true;
+  }
+
+private:
+  QAbstractItemView* m_list;
+};
+
+} // namespace
 
 // The menu of the table, also by its key.
 void FrmFleet::BuildRowMenu() {
@@ -32,7 +66,7 @@ void FrmFleet::BuildRowMenu() {
       {"&Reissue Row...", Reissued, QT_TR_NOOP("%1 is done. Give it out again? Reason:"), RowState::Done},
       {"&Note...", Note, QT_TR_NOOP("Note about %1:"), RowState::Free},
   };
-  m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
+  new EntryMenu(m_table);
   std::vector<std::pair<QAction*, RowState>> actions;
   for (const Entry& entry : Entries) {
     auto* const action = new QAction(tr(entry.text), m_table);
@@ -40,7 +74,10 @@ void FrmFleet::BuildRowMenu() {
     actions.emplace_back(action, entry.needs);
   }
   auto* const radio = new QAction(tr("&All about the Radio"), m_table);
-  connect(radio, &QAction::triggered, this, &FrmFleet::ShowRadio);
+  connect(radio, &QAction::triggered, this, [this] {
+    const JournalRow* const row = CurrentRow();
+    if (row != nullptr) ShowRadio(row->idNumber.empty() ? row->radio : row->idNumber);
+  });
   for (const auto& [action, needs] : actions)
     m_table->addAction(action);
   m_table->addAction(radio);
@@ -56,6 +93,24 @@ void FrmFleet::BuildRowMenu() {
   enable();
 }
 
+// The menu of the radios that need attention.
+void FrmFleet::BuildFailedMenu() {
+  new EntryMenu(m_failed);
+  const auto add = [this](const QString& text, const auto& act) {
+    auto* const action = new QAction(text, m_failed);
+    connect(action, &QAction::triggered, this, [this, act] {
+      if (const auto radio = SelectedFailed(); radio && m_plan) act(*radio);
+    });
+    m_failed->addAction(action);
+  };
+  add(tr("&Dismiss"), [this](const std::string&) { DismissFailed(); });
+  add(tr("&Note..."), [this](const std::string& radio) {
+    AskAndEnter({AttemptOutcome::Note, m_plan->plan.key, 0, {}, m_setup->Choice().operatorName, radio},
+                tr("Note about %1:"), radio.empty() ? tr("a radio") : tr("radio %1").arg(Shown(radio)));
+  });
+  add(tr("&All about the Radio"), [this](const std::string& radio) { ShowRadio(radio); });
+}
+
 const JournalRow* FrmFleet::CurrentRow() const {
   const QModelIndex index = m_filtered.mapToSource(m_table->currentIndex());
   return index.isValid() ? &m_rows.Rows()[static_cast<std::size_t>(index.row())] : nullptr;
@@ -64,12 +119,15 @@ const JournalRow* FrmFleet::CurrentRow() const {
 void FrmFleet::DecideAboutRow(AttemptOutcome outcome, const QString& question) {
   const JournalRow* const row = CurrentRow();
   if (row == nullptr || !m_plan) return;
-  RowDecision decision{outcome, m_plan->plan.key, row->row, {}, m_setup->Choice().operatorName};
-  const QString name = tr("Row %1").arg(row->row) + (row->label.empty() ? "" : ", " + Shown(row->label));
+  AskAndEnter({outcome, m_plan->plan.key, row->row, {}, m_setup->Choice().operatorName}, question,
+              tr("Row %1").arg(row->row) + (row->label.empty() ? "" : ", " + Shown(row->label)));
+}
+
+void FrmFleet::AskAndEnter(RowDecision decision, const QString& question, const QString& name) {
   bool isGiven = false;
   const QString text = QInputDialog::getText(this, windowTitle(), question.arg(name), QLineEdit::Normal, {}, &isGiven);
   decision.text = text.trimmed().toStdString();
-  if (!isGiven || (outcome == AttemptOutcome::Note && decision.text.empty())) return;
+  if (!isGiven || (decision.outcome == AttemptOutcome::Note && decision.text.empty())) return;
   EnterDecision(decision);
 }
 
@@ -87,12 +145,9 @@ void FrmFleet::EnterDecision(const RowDecision& decision) {
   });
 }
 
-void FrmFleet::ShowRadio() {
-  const JournalRow* const row = CurrentRow();
-  if (row == nullptr) return;
-  const std::string number = row->idNumber.empty() ? row->radio : row->idNumber;
-  ShowLines(tr("Radio %1").arg(Shown(number)),
-            [number](const std::vector<Attempt>& attempts) { return LinesForRadio(attempts, number); });
+void FrmFleet::ShowRadio(const std::string& idNumber) {
+  ShowLines(tr("Radio %1").arg(Shown(idNumber)),
+            [idNumber](const std::vector<Attempt>& attempts) { return LinesForRadio(attempts, idNumber); });
 }
 
 void FrmFleet::ShowStatistics() {

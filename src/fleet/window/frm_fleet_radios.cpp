@@ -53,11 +53,16 @@ void FrmFleet::ShowFailed() {
   m_failedBox->setVisible(m_failed->count() > 0);
 }
 
-void FrmFleet::DismissFailed() {
+std::optional<std::string> FrmFleet::SelectedFailed() const {
   const QListWidgetItem* const current = m_failed->currentItem();
-  if (current == nullptr) return ShowMessage(tr("Select the radio in the list first."));
-  EnterDecision({AttemptOutcome::Dismissed, m_plan->plan.key, 0, "", m_setup->Choice().operatorName,
-                 current->data(Qt::UserRole).toString().toStdString()});
+  return current == nullptr ? std::nullopt : std::optional(current->data(Qt::UserRole).toString().toStdString());
+}
+
+void FrmFleet::DismissFailed() {
+  const auto radio = SelectedFailed();
+  if (!radio) return ShowMessage(tr("Select the radio in the list first."));
+  if (m_plan)
+    EnterDecision({AttemptOutcome::Dismissed, m_plan->plan.key, 0, "", m_setup->Choice().operatorName, *radio});
 }
 
 } // namespace mr4500x

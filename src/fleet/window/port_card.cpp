@@ -114,15 +114,21 @@ private:
   PortState m_state = PortState::Waiting;
 };
 
-// Breaks its text into as many lines as fit its height, and elides the last one.
+// Breaks its text into as many lines as fit its height, and elides the last one. The hint has a line of its own below.
 class PortCard::ElidedLabel final : public QLabel {
 public:
   explicit ElidedLabel(Qt::TextElideMode mode) : m_mode(mode) {}
+  void Show(const QString& text, const QString& hint) {
+    m_hint = hint;
+    setText(text);
+    setToolTip(hint.isEmpty() ? text : text + QLatin1Char('\n') + hint);
+  }
 
 protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    const int high = fontMetrics().lineSpacing(), lines = std::max(1, height() / high);
+    const int high = fontMetrics().lineSpacing(), lines = std::max(1, height() / high - (m_hint.isEmpty() ? 0 : 1));
+    int used = 0;
     QTextLayout layout(text(), font());
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -131,6 +137,7 @@ protected:
     for (int i = 0; i < lines; ++i) {
       QTextLine line = layout.createLine();
       if (!line.isValid()) break;
+      ++used;
       line.setLineWidth(width());
       // A whole line fits, but its trailing blank may not.
       const QString part = i + 1 < lines ? text().mid(line.textStart(), line.textLength())
@@ -138,10 +145,16 @@ protected:
       painter.drawText(0, i * high + fontMetrics().ascent(), part);
     }
     layout.endLayout();
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.drawText(0, used * high + fontMetrics().ascent(),
+                     painter.fontMetrics().elidedText(m_hint, Qt::ElideRight, width()));
   }
 
 private:
   Qt::TextElideMode m_mode;
+  QString m_hint;
 };
 
 PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
@@ -172,7 +185,7 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
   m_text->setTextFormat(Qt::PlainText);
   m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 2);
   m_bar->setMaximumHeight(m_bar->sizeHint().height());
-  for (QLabel* const label : {m_who, m_text})
+  for (QLabel* const label : {m_who, static_cast<QLabel*>(m_text)})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Show({});
 }
@@ -189,12 +202,12 @@ void PortCard::Show(const PortStatus& status) {
   m_who->setText(who.join(QStringLiteral("  ")));
   m_who->setToolTip(m_who->text());
   m_goOn->setVisible(status.canGoOn);
-  m_text->setText(Shown(status.text));
-  m_text->setToolTip(m_text->text());
+  m_goOn->setText(status.state == PortState::SetAside ? tr("Pro&gram it") : tr("&Go on"));
+  m_text->Show(Shown(status.text), Shown(HintFor(status.remedy)));
   m_bar->setValue(status.percent);
   m_below->setCurrentIndex(IsUnderway(status.state) ? 0 : 1);
   setAccessibleName(m_portName + QStringLiteral(": ") + Shown(WordFor(status.state)));
-  setAccessibleDescription(m_who->text() + QLatin1Char(' ') + m_text->text());
+  setAccessibleDescription(m_who->text() + QLatin1Char(' ') + m_text->toolTip());
 }
 
 } // namespace mr4500x

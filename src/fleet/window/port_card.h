@@ -29,7 +29,7 @@ void DrawSign(QPainter& painter, const QRectF& area, Sign sign, const QColor& co
 
 class PortCard final : public QFrame {
 public:
-  // Calls `goOn` when the user lets a stopped port continue.
+  // Calls `goOn` when the user lets a stopped port continue, or program a radio that was set aside.
   PortCard(const QString& portName, const std::function<void()>& goOn);
 
   void Show(const PortStatus& status);
@@ -46,7 +46,7 @@ private:
   QPushButton* m_goOn;
   QStackedLayout* m_below; // the bar while a radio is underway, else the text
   QProgressBar* m_bar;
-  QLabel* m_text;
+  ElidedLabel* m_text;
 };
 
 } // namespace mr4500x

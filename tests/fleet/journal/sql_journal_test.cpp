@@ -154,7 +154,8 @@ TEST_P(SqlJournals, FollowTheRules) {
                                                      .row = requested,
                                                      .isChosen = command == "choose"});
         const char* const kinds[] = {"row", "done", "none", "lost"};
-        return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? ' ' + std::to_string(claim.row.row) : "");
+        return kinds[static_cast<int>(claim.kind)] + (claim.row.row > 0 ? ' ' + std::to_string(claim.row.row) : "") +
+               (claim.reissued > 0 ? " after " + std::to_string(claim.reissued) : "");
       }
       if (command == "renew") {
         std::size_t row = 0;
@@ -167,6 +168,7 @@ TEST_P(SqlJournals, FollowTheRules) {
         std::string outcome;
         words >> attempt.key >> attempt.bench >> attempt.idNumber >> attempt.row >> outcome;
         attempt.plan = plan;
+        if (outcome == "reissued") attempt.start = NewAttempt("", "", "").start;
         if (attempt.key == "last") attempt.key = last.key;
         attempt.outcome = static_cast<AttemptOutcome>(std::ranges::find(outcomes, outcome) - outcomes);
         attempt.stamp = attempt.sha256 = attempt.key;

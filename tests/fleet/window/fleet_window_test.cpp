@@ -178,6 +178,22 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   actions.at(2)->trigger();
   EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  Ann: row 2, Car 2, radio LR-2: note: Ann"); }));
   EXPECT_EQ(asked.join('|'), "Who is at the bench today? The journal keeps the name.|Note about Row 2, Car 2:");
+  // Its menu opens where an entry is, and with the key below the current one.
+  const QPoint places[] = {table->visualRect(rows.index(0, 1)).center(), QPoint(9, table->viewport()->height() - 3)};
+  const std::tuple<QContextMenuEvent::Reason, QPoint, bool> requests[] = {
+      {QContextMenuEvent::Mouse, places[0], true},
+      {QContextMenuEvent::Mouse, places[1], false},
+      {QContextMenuEvent::Keyboard, places[1], true}};
+  for (const auto& [reason, place, isShown] : requests) {
+    QContextMenuEvent request(reason, place, table->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(reason == QContextMenuEvent::Mouse ? table->viewport() : table, &request);
+    const QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_EQ(menu != nullptr, isShown) << reason << place.y();
+    if (reason == QContextMenuEvent::Keyboard) {
+      EXPECT_EQ(table->viewport()->mapFromGlobal(menu->pos()).y(), table->visualRect(rows.index(0, 0)).bottom());
+    }
+    if (isShown) QApplication::activePopupWidget()->close();
+  }
   const std::pair<std::function<void()>, const char*> shown[] = {
       {[&] { actions.at(3)->trigger(); }, ": note: Ann"},
       {[&] { QTest::mouseClick(Find<QPushButton>("cmdStatistics"), Qt::LeftButton); }, "COM2"}};
@@ -417,6 +433,9 @@ TEST(PortCardTest, LetsAStoppedPortGoOn) {
   EXPECT_EQ(times, 1);
   card.Show({.state = PortState::Writing, .percent = 40});
   EXPECT_EQ(card.findChild<QProgressBar*>()->value(), 40);
+  card.Show({.state = PortState::SetAside, .text = "reissued", .canGoOn = true, .remedy = Remedy::ProgramIt});
+  EXPECT_EQ(goOn->text(), "Pro&gram it");
+  EXPECT_TRUE(card.accessibleDescription().endsWith("reissued\nPut it aside, or press Program it."));
   card.Show({.state = PortState::Waiting, .nextRow = 7, .nextLabel = "Taxi 7"});
   EXPECT_TRUE(card.accessibleDescription().startsWith("next for COM3: Taxi 7"));
 }
