@@ -183,7 +183,8 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
   m_who->setFont(bold);
   m_who->setTextFormat(Qt::PlainText); // a radio's number is not markup
   m_text->setTextFormat(Qt::PlainText);
-  m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 2);
+  m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 3); // two for the text, one for the hint
+  m_who->setMinimumHeight(m_goOn->sizeHint().height()); // all cards are equally high, with a button or without
   m_bar->setMaximumHeight(m_bar->sizeHint().height());
   for (QLabel* const label : {m_who, static_cast<QLabel*>(m_text)})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
