@@ -194,7 +194,7 @@ constexpr Command Commands[] = {
      {File, {"OUT.pdf", &Call::output, "the PDF file to write, replacing an existing one; - for standard output"},
       {"--reports", &Call::words, "channels, tts, info, separated by commas; all by default", "NAMES"}},
      "print radio.K4X radio.pdf"},
-    {"fleet", FleetSummary, {}, {}, "fleet radio.K4X --rows rows.csv --ports all"},
+    {"fleet", FleetSummary, {}, {}, ""}, // has its help in its own program
     {"ports", "List COM1 to COM16 with their devices, and whether they can be opened", ListPorts, {Json},
      "ports --json"},
     {"help", "Print the help of a command", {}, {}, "help write"},

@@ -111,6 +111,7 @@ TEST_F(CompareTest, ListsWhatDiffersFromTheFileAndTakesItsValuesAsStepsThatAreUn
   EXPECT_EQ(Status(1), "Undone: CH2 Step");
   EXPECT_EQ(Rows(), typed + step + rest + call + byte);
   QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, Middle(4, 2));
+  EXPECT_EQ(table->selectionModel()->selectedRows().size(), 1);
   QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, Middle(4, 2));
   EXPECT_EQ(Rows(), typed + step + rest + byte);
   EXPECT_TRUE(window->State().ModifiedFlag);

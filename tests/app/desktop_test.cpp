@@ -43,6 +43,10 @@ TEST(QtMessageView, AnswersAsTheKeySays) {
     UserInput input;
     EXPECT_EQ(QtMessageView(input).Show(MessageIcon::None, "Title", "a <b> & c", buttons), answer);
   }
+  QDialog dialog;
+  EXPECT_EQ(OwnerWindow(), nullptr);
+  dialog.open();
+  EXPECT_EQ(OwnerWindow(), &dialog);
 }
 
 TEST(ProgramStyle, ShowsBoxesAndPlaceholdersOnADarkWindowAndTheFocusEverywhere) {
@@ -77,19 +81,26 @@ TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
                                  "", "K4X"};
   const char* const filters[] = {"Data Files(*.K4X) (*.K4X *.k4x)", "Data Files(*.K4Y) (*.K4Y *.k4y)"};
   const std::tuple<const char*, int, const char*> cases[] = {
-      {"a", 0, "a.K4X"},         {"a.", 0, "a.K4X"},    {"Taxi 446.1", 0, "Taxi 446.1.K4X"},
-      {"a.txt", 0, "a.txt.K4X"}, {"a.K4Y", 0, "a.K4Y"}, {"a.k4X", 1, "a.k4X"},
-      {"a", 1, "a.K4Y"},         {"b.1", 1, "b.1.K4Y"}, {"K4X", 0, "K4X.K4X"},
+      {"a", 0, "a.K4X"},
+      {"a.", 0, "a.K4X"},
+      {"Taxi 446.1", 0, "Taxi 446.1.K4X"},
+      {"a.txt", 0, "a.txt.K4X"},
+      {"a.K4Y", 0, "a.K4Y"},
+      {"a.k4X", 1, "a.k4X"},
+      {"a", 1, "a.K4Y"},
+      {"b.1", 1, "b.1.K4Y"},
+      {"K4X", 0, "K4X.K4X"},
+      {"a", 0, ""}, // cancelled
   };
   for (const auto& [name, filter, whole] : cases) {
-    WhenDialogOpens([&filters, name = name, filter = filter](QWidget* widget) {
+    WhenDialogOpens([&filters, name = name, filter = filter, isCancelled = *whole == '\0'](QWidget* widget) {
       EXPECT_EQ(qobject_cast<QFileDialog*>(widget)->nameFilters().at(filter), filters[filter]);
       QTest::keyClick(widget->findChild<QComboBox*>("fileTypeCombo"), filter == 0 ? Qt::Key_Home : Qt::Key_End);
       auto* const box = widget->findChild<QLineEdit*>("fileNameEdit");
       box->setText(name);
-      QTest::keyClick(box, Qt::Key_Return);
+      isCancelled ? qobject_cast<QDialog*>(widget)->reject() : QTest::keyClick(box, Qt::Key_Return);
     });
-    EXPECT_EQ(QtFileDialogs().AskSave(question), question.folder + "/" + whole) << name;
+    EXPECT_EQ(QtFileDialogs().AskSave(question).value_or(question.folder + "/"), question.folder + "/" + whole) << name;
   }
 }
 
@@ -163,6 +174,8 @@ TEST(QtPrinters, AreSetUpWithoutAnyPrinting) {
   });
   printers.SetUpPrinter("Printer Setup");
   EXPECT_EQ(printers.PdfFile(), pdf.toStdString());
+  printers.SetPdfFile("/b.pdf");
+  EXPECT_EQ(printers.PdfFile(), "/b.pdf");
   EXPECT_FALSE(QFile::exists(pdf));
 }
 

@@ -139,6 +139,15 @@ TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
   EXPECT_EQ(window->State().practicePort, 0) << "the port is another's again";
 }
 
+// Which needs a radio, and answers all dialogs.
+TEST_F(EndToEndTest, TheDemonstrationEndsWithAWrittenRadio) {
+  const QString own = folder.filePath("demo");
+  ASSERT_TRUE(QFile::copy(MR4500X_DEMO, own));
+  QFile::copy(QCoreApplication::applicationDirPath() + "/MR4500X.ini", folder.filePath("MR4500X.ini"));
+  EXPECT_EQ(QProcess::execute(own, {folder.filePath("pictures")}), 0);
+  EXPECT_EQ(QDir(folder.filePath("pictures")).entryList({"*.png"}).size(), 19);
+}
+
 TEST(Program, PrintsItsUsageWithoutADisplay) {
   EXPECT_EQ(std::system("env -i " MR4500X_PROGRAM " --help | grep '^usage: mr4500x .FILE.$'"), 0);
 }

@@ -157,6 +157,10 @@ TEST_F(ProgramTest, OpensFilesAndRemembersThemUntilTheyAreMissing) {
   EXPECT_TRUE(window->State().ModifiedFlag);
   EXPECT_EQ(Recent(), Lines{" 1 " + a});
   EXPECT_EQ(Title(), TitleOf("a & b.K4X"));
+  const std::string longName = std::string(150, 'd') + ".K4X";
+  PutDataFile(longName);
+  Choose("mnuFileOpen", {Answer::No}, longName);
+  EXPECT_TRUE(Recent()[0].size() < 150 && Recent()[0].ends_with("d.K4X")) << Recent()[0];
 }
 
 // Whatever way a file is named on the command line, it has one title and one entry.

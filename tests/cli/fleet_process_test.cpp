@@ -206,6 +206,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
       << swapped.output;
   EXPECT_EQ(CountOf(swapped.output, "\r\nStart over? (y/n) "), 1U) << swapped.output;
   EXPECT_EQ(CountOf(swapped.output, ", radio LR-6: verified"), 1U) << swapped.output;
+  EXPECT_GE(CountOf(swapped.output, "\n0 of 1, 1 failed\r\x1b[K"), 1U) << swapped.output;
   EndRadio();
 }
 

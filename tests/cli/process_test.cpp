@@ -228,6 +228,8 @@ TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
     EXPECT_EQ(CountOf(help, "\nExample: mr4500x-cli " + command) * CountOf(help, "\nExit status: 0 "),
               command.empty() ? 0U : 1U)
         << help;
+    const std::string example = help.substr(std::min(help.find("\nExample: "), help.size()));
+    EXPECT_TRUE(std::ranges::includes(options, matches(example, " (--[a-z-]+)"))) << example;
     for (const std::string& option : matches(help, "\n  (?:-[a-z],)?(--[a-z-]+) [A-Z](?!xcludes)"))
       EXPECT_NE(completion.find(" " + option + " "), std::string::npos) << command << ' ' << option << " has a value";
     for (const std::string& option : options)

@@ -111,6 +111,7 @@ TEST_F(CommandsTest, FourChannelsAreCopiedMovedFilledClearedAndAllOfThatUndone) 
   auto* const shortMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(shortMenu, nullptr);
   EXPECT_EQ(shortMenu->actions().size(), 4);
+  EXPECT_EQ(shortMenu->pos(), asked.globalPos());
   EXPECT_EQ(shortMenu->actions()[2]->text(), "&Undo Clear Channels");
   shortMenu->close();
   panel.ShowChannelView();

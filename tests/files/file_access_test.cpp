@@ -1,5 +1,6 @@
 #include "file_access.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include "files_fixture.h"
@@ -36,6 +37,13 @@ TEST_F(FilesTest, SavingRefusesWhatIsNotAWritableFile) {
   EXPECT_FALSE(SaveNew(files, "") || SaveNew(files, Path(std::string("cut\0short", 9))));
   EXPECT_EQ(Content("protected") + Content("foreign"), "oldold");
   EXPECT_EQ(Names(), before);
+  // What has been written is counted, and it may be less than was given.
+  const auto reader = files.OpenToRead(Path("pipe")), writer = files.OpenToWrite(Path("pipe"), 0600);
+  const std::vector<std::uint8_t> more(1'000'000); // than a pipe holds
+  fcntl(*writer, F_SETFL, O_NONBLOCK);
+  EXPECT_LT(files.Write(*writer, more).value(), more.size());
+  for (const auto& pipe : {reader, writer})
+    files.Close(*pipe);
 }
 
 TEST_F(FilesTest, SavingRemovesOnlyTemporariesThatAreNotLocked) {

@@ -98,6 +98,7 @@ const std::map<std::string, std::function<void(Fleet&)>> RunEvents = {
     {"compare done", [](Fleet& fleet) { fleet.settings.comparesDone = true; }},
     {"rewrite done", [](Fleet& fleet) { fleet.settings.rewritesDone = true; }},
     {"no room for backups", [](Fleet& fleet) { fleet.settings.backupFolder = "/proc/none"; }},
+    {"each Go on", [](Fleet& fleet) { fleet.goesOn = true; }},
     {"stop", [](Fleet& fleet) { fleet.state->StopAfterTheseRadios(); }},
     {"a signal", [](Fleet& fleet) { fleet.state->StopBeforeWrites(); }},
     {"row 1 goes to bench B", [](Fleet& fleet) { fleet.tables.rows[0].bench = "B"; }},
@@ -217,7 +218,7 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
   };
   {
     PendingAttempts first(fleet.files, path), second(fleet.files, path);
-    first.Enter(journal, attempt("a \"quoted\", text\nof two lines"));
+    first.Enter(journal, attempt("=1 \"quoted\", text\nof two lines"));
     second.Enter(journal, attempt("b"));
     EXPECT_TRUE(first.IsKept() && second.IsKept());
     EXPECT_EQ(PendingAttempts(fleet.files, path).Count(), 0); // they are in use
@@ -236,7 +237,7 @@ TEST(FleetTest, PendingAttemptsOutliveTheirProcess) {
   EXPECT_FALSE(later.EnterPending(journal));
   fleet.tables.isLost = false;
   EXPECT_TRUE(later.EnterPending(journal));
-  EXPECT_EQ(fleet.tables.attempts, (std::vector{attempt("a \"quoted\", text\nof two lines"), attempt("b")}));
+  EXPECT_EQ(fleet.tables.attempts, (std::vector{attempt("=1 \"quoted\", text\nof two lines"), attempt("b")}));
   EXPECT_EQ(PendingAttempts(fleet.files, path).Count(), 0);
   EXPECT_TRUE(IsMissing(fleet.files, path + "-1.csv") && IsMissing(fleet.files, path + "-2.csv"));
   EXPECT_FALSE(IsMissing(fleet.files, path + "-3.csv")) << "what can't be read stays";

@@ -51,7 +51,6 @@ UserInput::~UserInput() {
 }
 
 void UserInput::Hold(HeldPointer pointer) {
-  if (m_isHeld) return;
   m_isHeld = true;
   m_pointer = pointer;
   qApp->installEventFilter(this);

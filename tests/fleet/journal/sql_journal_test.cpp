@@ -92,7 +92,8 @@ std::string TextOfRow(const JournalRow& row) {
   const std::string number = std::to_string(row.row);
   if (row.state == RowState::Free) return number + " free" + row.bench + row.idNumber;
   const std::string silence = row.silentFor < 50 ? "" : " for " + std::to_string(row.silentFor / 50 * 50);
-  return number + (row.state == RowState::Done ? " done " : " taken ") + row.bench + ' ' + row.idNumber + silence;
+  const std::string state = row.state == RowState::Done ? " done " : row.stamp.empty() ? " taken " : " stamped ";
+  return number + state + row.bench + ' ' + row.idNumber + silence;
 }
 
 // The query for a free row sees the state from before it had to wait. The row must still not be given out.
@@ -302,6 +303,7 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
     for (const JournalRow& row : each)
       rows += TextOfRow(row) + row.content + ", ";
   EXPECT_EQ(rows, "1 free, 2 done A X, 3 done A X (row 3), 4 free, 2 done A X00, ");
+  EXPECT_TRUE(OpenJournal(address, JournalUse::List)->Rows("p")) << "the second time";
   for (const char* const view : {"attempts", "radios", "progress"})
     Execute(QString("SELECT * FROM ") + view);
 }

@@ -308,10 +308,14 @@ TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
   EXPECT_EQ(LinesForRadio(attempts, "LR-1 ").back(), partly);
   QPrinter printer;
   printer.setOutputFileName(QString::fromStdString(Path("a.pdf")));
-  EXPECT_TRUE(PrintJournal(printer, "taxi", {{}, attempts, {}}));
+  std::vector<Attempt> pages(60, attempts.back());
+  pages.back().text = "the last one";
+  EXPECT_TRUE(PrintJournal(printer, "taxi", {{}, pages, {}}));
   QProcess words;
   words.start("pdftotext", {printer.outputFileName(), "-"});
-  EXPECT_TRUE(words.waitForFinished() && words.readAll().contains(partly.c_str()));
+  EXPECT_TRUE(words.waitForFinished());
+  const QByteArray text = words.readAll();
+  EXPECT_TRUE(text.contains(partly.c_str()) && text.count("the last one") == 1) << text.toStdString();
   qunsetenv("TZ");
 }
 
@@ -443,9 +447,10 @@ TEST(PortCardTest, LetsAStoppedPortGoOn) {
 TEST(RowModelTest, FollowsTheRulesOfModels) {
   RowModel rows;
   const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
-  const JournalRow row{1, "Car 1", "", RowState::Done, "A", "LR-1"};
-  for (const std::vector<JournalRow>& content : {std::vector{row, row}, {row, JournalRow()}, {}})
+  const JournalRow row{1, "Car 1", "", RowState::Done, "A", "LR-1"}, taken{2, "", "", RowState::Taken, "B", ""};
+  for (const std::vector<JournalRow>& content : {std::vector{row, row}, {row, JournalRow()}, {}, {row, taken, row}})
     rows.Show(content);
+  EXPECT_EQ(std::pair(rows.Count(RowState::Done), rows.Count(RowState::Taken)), std::pair(2, 1));
   EXPECT_FALSE(rows.data({}, Qt::DisplayRole).isValid());
   for (const int section : {-1, rows.columnCount()})
     EXPECT_FALSE(rows.headerData(section, Qt::Horizontal, Qt::DisplayRole).isValid()) << section;
