@@ -24,6 +24,9 @@ std::string UserFolder(const wchar_t* variable) {
 
 // Data files go through the standard streams byte by byte, and texts are UTF-8.
 void PrepareProcess() {
+  // For each thread, Qt would destroy a stack of its compiled regular expressions after the compiler's runtime has
+  // freed it, and the program would crash or hang at its end.
+  _putenv("QT_ENABLE_REGEXP_JIT=0");
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); // no message boxes about an empty drive
   static const UINT codePage = GetConsoleOutputCP();
   if (codePage != 0 && SetConsoleOutputCP(CP_UTF8) != FALSE) std::atexit([] { SetConsoleOutputCP(codePage); });
@@ -57,43 +60,25 @@ LocalTime LocalTimeOf(std::time_t moment) {
   return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
-namespace {
-
-// One for each thread. Without high-resolution timers, the deadline may be missed by one tick.
-class Timer {
-public:
-  Timer() : m_timer(CreateWaitableTimerExW(nullptr, nullptr, HighResolution, TIMER_ALL_ACCESS)) {
-    if (m_timer == nullptr) m_timer = CreateWaitableTimerExW(nullptr, nullptr, 0, TIMER_ALL_ACCESS);
-  }
-  ~Timer() { CloseHandle(m_timer); }
-  Timer(const Timer&) = delete;
-  Timer& operator=(const Timer&) = delete;
-
-  void Wait(std::chrono::microseconds time) {
-    LARGE_INTEGER due{};
-    due.QuadPart = -10 * time.count(); // relative, in units of 100 ns
-    if (SetWaitableTimer(m_timer, &due, 0, nullptr, nullptr, FALSE) != FALSE) WaitForSingleObject(m_timer, INFINITE);
-  }
-
-private:
-  static constexpr DWORD HighResolution = 2; // CREATE_WAITABLE_TIMER_HIGH_RESOLUTION
-
-  HANDLE m_timer;
-};
-
-} // namespace
-
 SteadyClock::SteadyClock() = default;
 
 Clock::Moment SteadyClock::Now() {
   return std::chrono::duration_cast<Moment>(std::chrono::steady_clock::now().time_since_epoch());
 }
 
-// The timer may be late by up to its resolution, so the end of the wait polls the clock.
+// The timer may be late by up to its resolution, so the end of the wait polls the clock. There is a new timer for each
+// wait, because the destructors of a thread's variables run after the compiler's runtime has freed their memory.
 void SteadyClock::WaitUntil(Moment moment) {
   constexpr Moment Lateness{400};
-  thread_local Timer timer;
-  if (const Moment left = moment - Now(); left > Lateness) timer.Wait(left - Lateness);
+  constexpr DWORD HighResolution = 2; // CREATE_WAITABLE_TIMER_HIGH_RESOLUTION; without it, a wait may be one tick late
+  HANDLE timer = CreateWaitableTimerExW(nullptr, nullptr, HighResolution, TIMER_ALL_ACCESS);
+  if (timer == nullptr) timer = CreateWaitableTimerExW(nullptr, nullptr, 0, TIMER_ALL_ACCESS);
+  if (const Moment left = moment - Now() - Lateness; left.count() > 0) {
+    LARGE_INTEGER due{};
+    due.QuadPart = -10 * left.count(); // relative, in units of 100 ns
+    if (SetWaitableTimer(timer, &due, 0, nullptr, nullptr, FALSE) != FALSE) WaitForSingleObject(timer, INFINITE);
+  }
+  CloseHandle(timer);
   while (Now() < moment)
     std::this_thread::yield();
 }
