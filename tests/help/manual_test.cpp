@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTextDocument>
 
 namespace mr4500x {
@@ -116,6 +118,18 @@ TEST_F(ManualTest, ListsEveryPageOnceAndHasNoLinkThatLeadsNowhere) {
       EXPECT_TRUE(places.count(place) == 1 || QFile::exists(Folder + place) || QFile::exists(Docs + place))
           << name.toStdString() << " names " << address.toStdString();
     }
+}
+
+// A browser can be started with a page, but not with a place in it.
+TEST_F(ManualTest, HasAPageForABrowserAtThePlaceOfEachSetting) {
+  const QTemporaryDir site;
+  ASSERT_EQ(QProcess::execute("sh", {Folder + "make-site", site.path()}), 0);
+  const QStringList settings = Captures(pages["settings.html"].simplified(), "<td><a href=\"([^\"]*#[^\"]*)\"");
+  EXPECT_GT(settings.size(), 20);
+  for (const QString& place : settings) {
+    const QString leading = QString(place).replace(".html#", "-") + ".html";
+    EXPECT_TRUE(ReadText(site.filePath(leading)).contains("url=" + place)) << place.toStdString();
+  }
 }
 
 } // namespace

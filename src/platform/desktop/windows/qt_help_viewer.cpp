@@ -18,22 +18,19 @@ QtHelpViewer::QtHelpViewer(MessageView& messages, const std::string& helpFile)
     : m_messages(messages), m_folder(QFileInfo(QString::fromStdString(helpFile)).path().toStdString() + "/manual/") {}
 
 void QtHelpViewer::OpenContents() {
-  Open(QStringLiteral("contents.html"));
+  OpenPage("contents.html");
 }
 void QtHelpViewer::OpenIndex() {
-  Open(QStringLiteral("keywords.html"));
+  OpenPage("keywords.html");
 }
 
+// Windows starts a browser with a file, but not with a place in it. The manual has a file for each place, which leads
+// there.
 void QtHelpViewer::OpenPage(const std::string& page) {
-  Open(QString::fromStdString(page));
-}
-
-void QtHelpViewer::Open(const QString& page) {
-  const QString file = QString::fromStdString(m_folder) + page.section('#', 0, 0);
+  QString file = QString::fromStdString(m_folder + page);
+  if (file.contains('#')) file = file.replace(QLatin1String(".html#"), QLatin1String("-")) + QLatin1String(".html");
   const bool exists = QFileInfo::exists(file);
-  QUrl address = QUrl::fromLocalFile(file);
-  address.setFragment(page.section('#', 1));
-  if (exists && QDesktopServices::openUrl(address)) return;
+  if (exists && QDesktopServices::openUrl(QUrl::fromLocalFile(file))) return;
   const QString text = QString::fromUtf8(exists ? NoViewerText : MissingText).arg(QDir::toNativeSeparators(file));
   m_messages.Show(MessageIcon::Exclamation, HelpTitle, text.toStdString(), MessageButtons::Ok);
 }

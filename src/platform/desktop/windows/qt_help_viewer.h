@@ -5,8 +5,6 @@
 
 #include <string>
 
-class QString;
-
 namespace mr4500x {
 
 // Shows the help in the browser, because there is no Qt Assistant on Windows. The pages are in the folder "manual"
@@ -20,8 +18,6 @@ public:
   void OpenPage(const std::string& page) override;
 
 private:
-  void Open(const QString& page);
-
   MessageView& m_messages;
   std::string m_folder;
 };
