@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QDate>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalBlocker>
+#include <QStandardPaths>
 
 namespace mr4500x {
 
@@ -117,20 +119,24 @@ QLineEdit* FleetSetup::AddFile(QGridLayout& grid, const char* name, const QStrin
   caption->setBuddy(edit);
   auto* const browse = new QPushButton(QStringLiteral("…"));
   browse->setMaximumWidth(browse->fontMetrics().horizontalAdvance(QStringLiteral("MMMM"))); // for small screens
-  browse->setAccessibleName(tr("Choose %1").arg(QString(label).remove(QLatin1Char('&')).remove(QLatin1Char(':'))));
+  const QString title = tr("Choose %1").arg(QString(label).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
+  browse->setAccessibleName(title);
   const int row = grid.rowCount();
   const int at = edit->objectName() == QLatin1String("txtTemplate") ? 0 : row;
   grid.addWidget(caption, at, 0);
   grid.addWidget(edit, at, 1);
   grid.addWidget(browse, at, 2);
   connect(edit, &QLineEdit::textChanged, [this] { m_filesChanged(); });
-  connect(browse, &QPushButton::clicked, [this, edit, filter] {
-    const QString start = edit->text().isEmpty() ? m_template->text() : edit->text();
-    // A journal may be new.
-    const QString chosen = edit == m_journal ? QFileDialog::getSaveFileName(this, {}, start, filter, nullptr,
-                                                                            QFileDialog::DontConfirmOverwrite)
-                                             : QFileDialog::getOpenFileName(this, {}, start, filter);
-    if (!chosen.isEmpty()) edit->setText(chosen);
+  connect(browse, &QPushButton::clicked, [this, edit, title, filter] {
+    QString start = edit->text();
+    if (start.isEmpty() && !m_template->text().isEmpty()) start = QFileInfo(m_template->text()).path();
+    if (start.isEmpty()) start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const auto ask = edit == m_journal ? QFileDialog::getSaveFileName : QFileDialog::getOpenFileName;
+    QFileDialog::Options options = QFileDialog::HideNameFilterDetails;
+    if (edit == m_journal) options |= QFileDialog::DontConfirmOverwrite; // it may also be one that exists
+    const QString chosen = ask(this, title, start, filter, nullptr, options);
+    activateWindow(); // after a native dialog, the keyboard may be in no window
+    if (!chosen.isEmpty()) edit->setText(QDir::toNativeSeparators(chosen));
   });
   return edit;
 }
@@ -195,7 +201,8 @@ void FleetSetup::FindPorts() {
   for (const PortAddress& port : PortsWithDevice(m_files, m_settingsFile)) {
     const QString name = QString::fromStdString(DisplayName(port));
     const QString device = QString::fromStdString(DeviceOfPort(port.number, pins, devices).path);
-    auto* const item = new QListWidgetItem(name + QStringLiteral("  ") + QFileInfo(device).fileName(), m_ports);
+    auto* const item = new QListWidgetItem(name, m_ports);
+    if (device != name) item->setText(name + QStringLiteral("  ") + QFileInfo(device).fileName());
     item->setToolTip(device);
     item->setData(Qt::UserRole, name);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);

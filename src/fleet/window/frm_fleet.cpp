@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSessionManager>
 #include <QSettings>
 #include <QShortcut>
 #include <QStyle>
@@ -70,6 +71,12 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
   m_storeSoon.setSingleShot(true);
   m_storeSoon.setInterval(300ms);
   connect(&m_storeSoon, &QTimer::timeout, this, [this] { StoreChoice(); });
+  connect(
+      qApp, &QGuiApplication::commitDataRequest, this,
+      [this](QSessionManager& session) {
+        if (!MayLogOut() && session.allowsInteraction()) session.cancel();
+      },
+      Qt::DirectConnection);
   const QSettings settings(m_ownSettingsFile, QSettings::IniFormat);
   m_setup->Load(settings);
   m_storeSoon.stop();
@@ -349,6 +356,15 @@ void FrmFleet::CloseBySignal() {
   CloseAfterTheseRadios();
 }
 
+bool FrmFleet::MayLogOut() {
+  if (m_session) CloseBySignal();
+  return !IsAtWork();
+}
+
+bool FrmFleet::IsAtWork() const {
+  return m_session && std::ranges::any_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); });
+}
+
 void FrmFleet::CloseAfterTheseRadios() {
   m_closesAtEnd = true;
   StopAfterTheseRadios();
@@ -359,9 +375,9 @@ void FrmFleet::closeEvent(QCloseEvent* event) {
   if (m_session) {
     event->ignore();
     if (m_closesAtEnd) return;
-    const bool isAtWork = std::ranges::any_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); });
     const auto question = tr("Radios are being programmed. Do you want to stop after these radios and then close?");
-    if (!isAtWork || QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes) CloseAfterTheseRadios();
+    if (!IsAtWork() || QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes)
+      CloseAfterTheseRadios();
     return;
   }
   StoreChoice();

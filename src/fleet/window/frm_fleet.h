@@ -42,8 +42,9 @@ public:
   Q_DISABLE_COPY_MOVE(FrmFleet)
 
   void StopAfterTheseRadios();
-  void CloseAfterTheseRadios(); // without a question
-  void CloseBySignal();         // according to the policy in end_signals.h
+  void CloseAfterTheseRadios();   // without a question
+  void CloseBySignal();           // according to the policy in end_signals.h
+  [[nodiscard]] bool MayLogOut(); // while radios are being programmed, false; then it closes as by a signal
 
 protected:
   void closeEvent(QCloseEvent* event) override;
@@ -91,10 +92,12 @@ private:
   void RefreshRows();
   void ShowCounts();
   void ArrangeCards();
-  void ShowState(); // what can be done now
+  [[nodiscard]] bool IsAtWork() const; // whether radios are being programmed
+  void ShowState();                    // what can be done now
   void Beep(int times);
   void WithJournal(std::function<void(const JournalContent&)> use);
   void SaveJournal();
+  void SaveJournalAs(const char* proposed); // the pattern of the proposed file type
   void PrintOnPaper();
   void ShowMessage(const QString& text, const QString& details = {});
   void ShowFailure(const JournalFailure& failure);

@@ -6,10 +6,12 @@
 #include "journal_report.h"
 #include "shown_text.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 
 #include <span>
 
@@ -26,16 +28,24 @@ void FrmFleet::WithJournal(std::function<void(const JournalContent&)> use) {
 }
 
 void FrmFleet::SaveJournal() {
+  SaveJournalAs("*.csv");
+}
+
+void FrmFleet::SaveJournalAs(const char* proposed) {
   const QFileInfo plan(Shown(m_setup->Choice().templateFile));
   QFileDialog dialog(this, tr("Save journal"), plan.path(), tr("Tables (*.csv);;Pages (*.pdf)"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("csv")); // before it asks whether a file may be replaced
-  connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+  const auto use = [&dialog](const QString& filter) { // before it asks whether a file may be replaced
     dialog.setDefaultSuffix(filter.contains(QLatin1String("*.pdf")) ? QStringLiteral("pdf") : QStringLiteral("csv"));
-  });
+  };
+  connect(&dialog, &QFileDialog::filterSelected, &dialog, use);
+  dialog.selectNameFilter(dialog.nameFilters().filter(QLatin1String(proposed)).value(0));
+  use(dialog.selectedNameFilter());
   dialog.selectFile(plan.completeBaseName() + QStringLiteral("-journal"));
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString file = dialog.selectedFiles().value(0);
+  const bool isAccepted = dialog.exec() == QDialog::Accepted;
+  activateWindow(); // after a native dialog, the keyboard may be in no window
+  if (!isAccepted) return;
+  const QString file = QDir::toNativeSeparators(dialog.selectedFiles().value(0));
   if (IsNeeded(m_setup->Choice(), file.toStdString())) return ShowMessage(tr("%1 can't be written.").arg(file));
   WithJournal([this, file, name = Shown(m_plan->plan.name)](const JournalContent& content) {
     bool isStored = false;
@@ -53,6 +63,7 @@ void FrmFleet::SaveJournal() {
 }
 
 void FrmFleet::PrintOnPaper() {
+  if (QPrinterInfo::availablePrinterNames().isEmpty()) return SaveJournalAs("*.pdf");
   const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
   printer->setDocName(windowTitle());
   if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted) return;

@@ -13,6 +13,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
@@ -208,11 +209,17 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports are finished."; }));
   EXPECT_TRUE(Cards().contains("COM3: SET ASIDE")) << "what became of a radio is still to be seen";
-  for (const char* const name : {"journal", "journal.pdf"}) {
+  const bool hasPrinter = !QPrinterInfo::availablePrinterNames().isEmpty();
+  const struct {
+    const char *button, *name, *stored;
+  } saves[] = {{"cmdSave", "journal", "journal.csv"},
+               {"cmdSave", "saved.pdf", "saved.pdf"},
+               {hasPrinter ? "cmdSave" : "cmdPrint", hasPrinter ? "journal.pdf" : "journal", "journal.pdf"}};
+  for (const auto& [button, name, stored] : saves) {
     file = QString::fromStdString(Path(name));
-    QTest::mouseClick(Find<QPushButton>("cmdSave"), Qt::LeftButton);
-    if (!file.contains('.')) file += ".csv";
-    EXPECT_TRUE(Await([&] { return Label("lblMessage") == "The journal is in " + file + '.'; }));
+    QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton);
+    file = QString::fromStdString(Path(stored));
+    EXPECT_TRUE(Await([&] { return Label("lblMessage") == "The journal is in " + file + '.'; })) << stored;
   }
   EXPECT_EQ(QString::fromStdString(Content("journal.csv")).count(",verified,"), 2);
   QProcess words;
@@ -332,6 +339,7 @@ TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
     EXPECT_FALSE(Find<QLineEdit>("txtTemplate")->isEnabled());
     ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: BACKUP"}; })) << Cards().join(" ").toStdString();
     if (bySignal) std::filesystem::rename(Path("taxi.journal"), Path("moved"));
+    EXPECT_FALSE(bySignal && window->MayLogOut());
     for (int i = 0; i < 2; ++i)
       bySignal ? window->CloseBySignal() : static_cast<void>(window->close());
     EXPECT_TRUE(window->isVisible());
@@ -342,6 +350,7 @@ TEST_F(FleetWindowTest, ClosesAfterTheRadiosAtHandAndBySignalsBeforeAWrite) {
     if (bySignal) std::filesystem::rename(Path("moved"), Path("taxi.journal"));
     EXPECT_EQ(reported.size(), bySignal ? 0 : 1) << reported.join(' ').toStdString();
   }
+  EXPECT_TRUE(window->MayLogOut());
   EXPECT_TRUE(std::filesystem::exists(Path("labelled"))) << "the window did not wait for the command, or forgot it";
   EXPECT_TRUE(reported.value(0).startsWith("Radios are being programmed."));
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
