@@ -27,7 +27,7 @@ QLabel* MakePlainLabel(const QString& text, const char* name) {
 // The libraries of all programs, unmodified. No fonts are shipped.
 QString LicencesText() {
   return QDialog::tr(
-             "Qt %1 and its modules, shared libraries of the system: LGPL version 3\n"
+             "Qt %1 and its modules, shared libraries: LGPL version 3\n"
              "CLI11, compiled into mr4500x-cli, mr4500x-cli-fleet and lr7200-simulator: BSD 3-Clause\n"
              "nlohmann-json, compiled into mr4500x-cli, mr4500x-cli-fleet, mr4500x-cli-print and MR4500X-fleet: MIT\n"
              "The notices of what is compiled in are in the file copyright, which is installed in\n%2")
@@ -90,6 +90,7 @@ void ShowAbout(const std::function<void(const std::string&)>& openLink, QWidget*
   top->addWidget(picture);
   top->addSpacing(dialog.fontMetrics().averageCharWidth() * 2);
   top->addLayout(words);
+  top->addStretch();
   auto* const bottom = new QHBoxLayout;
   bottom->addWidget(MakeLicencesButton(*licences));
   bottom->addWidget(buttons);

@@ -57,7 +57,10 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question) {
 }
 
 std::optional<QString> Chosen(QFileDialog& dialog) {
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const bool isAccepted = dialog.exec() == QDialog::Accepted;
+  // After a native dialog, the keyboard may be in no window.
+  if (QWidget* const owner = OwnerWindow()) owner->activateWindow();
+  if (!isAccepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().constFirst();
 }
 

@@ -2,24 +2,17 @@
 
 #include "open_windows.h"
 
-#include <QDir>
-#include <QFileDialog>
+#include <QMessageBox>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QPrinterInfo>
-#include <QStandardPaths>
 
 namespace mr4500x {
 
-// The system's own dialog can't print to PDF files, and does not open if there is no printer.
+// The system's own dialog does not open if there is no printer.
 bool AskForPrinter(QPrinter& printer, const QString& title) {
   if (!QPrinterInfo::availablePrinterNames().isEmpty()) return QPrintDialog(&printer, OwnerWindow()).exec() != 0;
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  const QString file = QFileDialog::getSaveFileName(OwnerWindow(), title, folder, QStringLiteral("PDF (*.pdf)"));
-  if (file.isEmpty()) return false;
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(QDir::toNativeSeparators(file));
-  return true;
+  QMessageBox::information(OwnerWindow(), title, QPrintDialog::tr("There is no printer. OK prints to a PDF file."));
+  return false;
 }
 
 } // namespace mr4500x
