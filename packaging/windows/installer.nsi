@@ -36,7 +36,9 @@ VIAddVersionKey LegalCopyright "2026 VTR"
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
-!define MUI_FINISHPAGE_RUN "$INSTDIR\MR4500X.exe"
+!define MUI_FINISHPAGE_RUN
+!define MUI_FINISHPAGE_RUN_TEXT "Run ${NAME}"
+!define MUI_FINISHPAGE_RUN_FUNCTION RunAsUser
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_DIRECTORY
@@ -49,6 +51,11 @@ VIAddVersionKey LegalCopyright "2026 VTR"
 Function .onInit
   SetRegView 64
   !insertmacro MULTIUSER_INIT
+FunctionEnd
+
+; The desktop starts the program with the user's rights, even if the installer has an administrator's.
+Function RunAsUser
+  Exec '"$WINDIR\explorer.exe" "$INSTDIR\MR4500X.exe"'
 FunctionEnd
 
 Function un.onInit
@@ -134,7 +141,8 @@ Section Uninstall
   RMDir /r "$SMPROGRAMS\MR4500X"
   !insertmacro NoFileType K4X
   !insertmacro NoFileType K4Y
-  DeleteRegKey SHCTX "Software\MR4500X"
+  DeleteRegValue SHCTX "Software\MR4500X" "Folder" ; the user's settings in this key stay
+  DeleteRegKey /ifempty SHCTX "Software\MR4500X"
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 SectionEnd
