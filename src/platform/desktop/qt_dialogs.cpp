@@ -59,7 +59,7 @@ void Prepare(QFileDialog& dialog, const FileQuestion& question) {
 std::optional<QString> Chosen(QFileDialog& dialog) {
   const bool isAccepted = dialog.exec() == QDialog::Accepted;
   // After a native dialog, the keyboard may be in no window.
-  if (QWidget* const owner = OwnerWindow()) owner->activateWindow();
+  if (QWidget* const owner = dialog.parentWidget()) owner->activateWindow();
   if (!isAccepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return dialog.selectedFiles().constFirst();
 }
