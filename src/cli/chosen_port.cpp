@@ -42,13 +42,14 @@ struct MachinePorts {
   std::vector<std::string> devices = MachineSerialDevices();
 };
 
-// The ports with a radio that answers. A device can have two numbers. Appends the reason of each port that does not
-// open.
-std::vector<int> AnsweringPorts(FileSystem& files, Terminal quiet, std::string& reasons) {
+// The only port with a radio that answers. A device can have two numbers.
+ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
+  Terminal quiet = call.terminal;
   quiet.showsProgress = false;
-  const MachinePorts ports(files);
+  const MachinePorts ports(call.files);
   std::set<std::string> asked;
-  std::vector<int> answering;
+  std::string answering, reasons; // names of ports; why others do not open
+  int count = 0;
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = ports.DeviceOf(number).path;
     if (device.empty() || !asked.insert(device).second) continue;
@@ -58,21 +59,15 @@ std::vector<int> AnsweringPorts(FileSystem& files, Terminal quiet, std::string& 
     TerminalObserver observer(quiet, BandAnswer::Ask);
     RadioImage unused;
     const ExchangeResult result = ReadIdentity(line, unused, observer);
-    if (result.outcome == Outcome::Complete) answering.push_back(number);
     if (result.outcome == Outcome::PortNotOpened) reasons += "; " + FailureOf(result)->text;
+    if (result.outcome != Outcome::Complete) continue;
+    ++count;
+    port = {number, ""};
+    answering += ' ' + ComName(number);
   }
-  return answering;
-}
-
-ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
-  std::string names, reasons;
-  const std::vector<int> answering = AnsweringPorts(call.files, call.terminal, reasons);
-  for (const int number : answering)
-    names += ' ' + ComName(number);
-  if (answering.empty()) return Fail(call.terminal, "auto: no radio answers on any port" + reasons);
-  if (answering.size() > 1) return Fail(call.terminal, "auto: more than one radio answers:" + names);
-  port = {answering.front(), ""};
-  call.terminal.err << "auto:" << names << '\n';
+  if (count == 0) return Fail(call.terminal, "auto: no radio answers on any port" + reasons);
+  if (count > 1) return Fail(call.terminal, "auto: more than one radio answers:" + answering);
+  call.terminal.err << "auto:" << answering << '\n';
   return Done;
 }
 
@@ -102,7 +97,7 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
 ExitStatus OpenTrace(const Call& call, const std::string& device, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;
-  for (const std::string& used : {call.file, call.other, device})
+  for (const std::string& used : {call.file, call.other, call.backup, device})
     if (path == used || LeadsToInput(call.files, path, used) || IsAlsoStandardOutput(path) || HasDataFileEnding(path))
       return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");
   std::error_code unknown;

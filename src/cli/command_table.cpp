@@ -8,6 +8,7 @@
 #include "fill_messages.h"
 #include "fleet/fleet_summary.h"
 #include "machine.h"
+#include "output.h"
 #include "parsing.h"
 #include "processes.h"
 #include "radio_commands.h"
@@ -68,8 +69,8 @@ ExitStatus Read(Call& c) {
 }
 
 ExitStatus Write(Call& c, const RadioCommand& radio) {
-  const BandAnswer band = c.acceptsBand ? BandAnswer::Yes : BandAnswer::Ask;
-  return RunWrite(radio, c.file, {band, c.backup, c.isVerified, c.isDryRun});
+  return RunWrite(radio, c.file,
+                  {c.acceptsBand ? BandAnswer::Yes : BandAnswer::Ask, c.backup, c.isVerified, c.isDryRun});
 }
 
 // The text is checked before a port is opened.
@@ -219,6 +220,9 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
 }
 
 ExitStatus Run(const Command& command, Call& call) {
+  for (const std::string& input : {call.file, call.other}) // reading it would be endless, or it is empty by now
+    if (IsAlsoStandardOutput(input == Stream ? "/dev/stdin" : IsStandardOutput(input) ? "" : input))
+      return Refuse(call.terminal, NameOfSource(input) + ": is also standard output");
   if (const auto* const run = std::get_if<1>(&command.run)) return (*run)(call);
   return WithRadio(call, [&](const RadioCommand& radio) { return std::get<2>(command.run)(call, radio); });
 }

@@ -119,7 +119,8 @@ bool CheckExport(FileSystem& files, const std::string& path, const std::string& 
 ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
                       const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change) {
   const auto& [path, output, input, isDryRun] = given;
-  if (!CheckOutput(files, output, input, terminal)) return ExitStatus::UnusableArguments;
+  if (!CheckOutput(files, output, input, terminal) || (path == Stream && !CheckOutput(files, output, path, terminal)))
+    return ExitStatus::UnusableArguments;
   const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
   if (isReplaced && IsWrittenInto(path)) return Refuse(terminal, path + ": can't be replaced; use --output");
   const std::optional<OpenFile> lock = isReplaced ? Lock(files, path) : OpenFile();

@@ -8,11 +8,13 @@
 namespace mr4500x {
 namespace {
 
-// Also refuses -o=OUT, which would mean "=OUT".
+// Also refuses -o=OUT, which would mean "=OUT", and an option in the place of a value.
 void RefuseEmptyValues(CLI::App& app) {
   for (CLI::Option* const option : app.get_options()) {
-    const auto check = [isShort = !option->get_snames().empty()](const std::string& value) -> std::string {
-      if (isShort && value.starts_with('=')) return "the value of a short option follows without =, as in -oOUT";
+    const auto check = [option, &app](const std::string& value) -> std::string {
+      if (!option->get_snames().empty() && value.starts_with('='))
+        return "the value of a short option follows without =, as in -oOUT";
+      if (value.starts_with('-') && app.get_option_no_throw(value) != nullptr) return "has no value before " + value;
       return value.empty() ? "is empty" : "";
     };
     if (option->get_name() != "TEXT" && option->get_items_expected_max() > 0) option->check(check);
@@ -55,10 +57,8 @@ std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
     if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
   }
   for (const std::string& word : app.remaining(true))
-    if (word.starts_with("-=")) // the flags before it were taken
-      return Printable(word.substr(1)) + ": the option before it has no value";
-    else if (word.starts_with('-'))
-      return Printable(word) + ": unknown option";
+    if (word.starts_with('-')) // after "-=" the flags before it are missing
+      return Printable(word) + (word.starts_with("-=") ? ": an option before it takes no value" : ": unknown option");
   return "";
 }
 

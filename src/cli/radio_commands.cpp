@@ -94,7 +94,6 @@ bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
 ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace) {
   const auto& [line, files, terminal, now, speed, trace] = command;
   // Before reading the whole radio. If the folder depends on the radio, only the save can check it.
-  if (!CheckOutput(files, path, "", terminal)) return ExitStatus::UnusableArguments;
   const bool isKnown = FolderOf(path).find('{') == std::string::npos;
   const FileResult mayBeStored = isKnown ? MayStoreOutput(files, path) : FileResult();
   if (!mayBeStored)

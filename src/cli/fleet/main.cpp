@@ -135,12 +135,10 @@ int main(int argc, char** argv) {
     ExitStatus status = ExitStatus::UnusableArguments;
     CLI::App app("A part of mr4500x-cli.", "mr4500x-cli");
     app.require_subcommand(1);
-    const auto runFleet = [&] {
-      const std::string settings = SettingsFilePath(files, ProgramFolder(), UserConfigFolder());
-      status = RunFleet(files, settings, arguments, terminal);
-    };
     CLI::App* const fleet = app.add_subcommand("fleet", FleetSummary);
-    DeclareFleet(fleet, arguments, runFleet);
+    DeclareFleet(fleet, arguments, [&] {
+      status = RunFleet(files, SettingsFilePath(files, ProgramFolder(), UserConfigFolder()), arguments, terminal);
+    });
     DeclareJournal(fleet, arguments, [&] { status = RunFleetJournal(files, arguments, terminal); });
     return Parse(app, argc, argv, terminal).value_or(status);
   });

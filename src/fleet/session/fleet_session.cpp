@@ -52,7 +52,7 @@ bool HoldsFolder(const std::string& path, const std::string& folder) {
 }
 
 std::filesystem::path Beside(const FleetChoice& choice) {
-  return OwnPath(choice.templateFile == Stream ? "fleet" : choice.templateFile);
+  return OwnPath(choice.templateFile == Stream || OpenFileNamed(choice.templateFile) ? "fleet" : choice.templateFile);
 }
 
 std::string NewBenchName(FileSystem& files) {
@@ -147,6 +147,8 @@ bool IsNeeded(const FleetChoice& choice, const std::string& path) {
 std::string FileUsedTwice(const FleetChoice& choice, const std::string& logFile) {
   for (const std::string& trace : TraceFilesOf(choice))
     if (IsNeeded(choice, trace) || IsSame(trace, logFile) || IsAlsoStandardOutput(trace)) return trace;
+  for (const std::string& input : {choice.templateFile, choice.rowsFile})
+    if (IsAlsoStandardOutput(input == Stream ? "/dev/stdin" : input)) return input;
   const std::string journal = FileOfJournal(JournalOf(choice));
   for (const std::string& file : {logFile, journal, journal + "-wal", journal + "-shm"}) {
     std::error_code unknown;

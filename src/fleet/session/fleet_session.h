@@ -44,7 +44,7 @@ struct FleetChoice {
 // Whether the file is the journal or one that the bench reads, so that no table may be written there.
 [[nodiscard]] bool IsNeeded(const FleetChoice& choice, const std::string& path);
 // A file of the bench that has another use: a trace or log that is needed, or a file in the place of a folder or of
-// standard output. "" if there is none. `logFile` is "" without a log.
+// standard output. Also an input at standard output. "" if there is none. `logFile` is "" without a log.
 [[nodiscard]] std::string FileUsedTwice(const FleetChoice& choice, const std::string& logFile);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 
