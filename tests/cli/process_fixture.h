@@ -70,7 +70,14 @@ protected:
     m_radios.clear();
   }
 
-  Ended Cli(const std::string& arguments) { return Shell(MR4500X_CLI " " + arguments); }
+  // Repeats a transfer if its radio was late, as it can be on a busy machine.
+  Ended Cli(const std::string& arguments) {
+    Ended ended = Shell(MR4500X_CLI " " + arguments);
+    const auto isLate = [&] { return CountOf(ended.output, "please ") > 0 && !arguments.starts_with("fleet"); };
+    for (int tries = 0; tries < 3 && isLate(); ++tries)
+      ended = Shell(MR4500X_CLI " " + arguments);
+    return ended;
+  }
   // For each command line its status, and how its output begins; empty: says nothing, or the usage.
   using Case = std::tuple<std::string, int, std::string>;
   void ExpectAll(const std::vector<Case>& rows) {
