@@ -1,6 +1,7 @@
 // The typical job with the whole program: the real window with mouse and keyboard, its dialogs and settings file, and
 // the simulated radio as a process behind a serial device.
 #include "configuration.h"
+#include "files_fixture.h"
 #include "program.h"
 #include "program_title.h"
 #include "radio_memory.h"
@@ -8,32 +9,23 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 
 namespace mr4500x {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-std::string ContentOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-class EndToEndTest : public testing::Test {
+class EndToEndTest : public FilesTest {
 protected:
   EndToEndTest() {
     user.callOnTimeout([this] { AnswerDialog(); });
     user.start(5);
-    radio.start(LR7200_SIMULATOR, {"--memory", folder.filePath("memory")});
+    radio.start(LR7200_SIMULATOR, {"--memory", QString::fromStdString(Path("memory"))});
     while (!radio.canReadLine() && radio.waitForReadyRead()) {
     }
     std::ofstream((QCoreApplication::applicationDirPath() + "/MR4500X.ini").toStdString())
-        << "[Comm Port]\nTrace=" << folder.filePath("trace").toStdString()
+        << "[Comm Port]\nTrace=" << Path("trace")
         << "\n[Port Devices]\nCOM16=/dev/null\nCOM1=" << radio.readLine().toStdString();
     qputenv("PATH", QFileInfo(LR7200_SIMULATOR).path().toUtf8() + ':' + qgetenv("PATH"));
     program = std::make_unique<Program>();
@@ -72,8 +64,7 @@ protected:
 
   QTimer user;
   Lines reported; // the titles of the dialogs
-  QTemporaryDir folder;
-  QString file = folder.filePath("radio.K4X");
+  QString file = QString::fromStdString(Path("radio.K4X"));
   QProcess radio;
   std::unique_ptr<Program> program;
   FrmMain* window = nullptr;
@@ -108,9 +99,9 @@ TEST_F(EndToEndTest, ReadsEditsSavesOpensAndWrites) {
 
   radio.terminate();
   ASSERT_TRUE(radio.waitForFinished(5000));
-  const std::string trace = ContentOf(folder.filePath("trace").toStdString());
+  const std::string trace = Content("trace");
   EXPECT_GE(QByteArray::fromStdString(trace).count(" computer 57 0"), 103 + 66);
-  const std::string written = ContentOf(folder.filePath("memory").toStdString());
+  const std::string written = Content("memory");
   const RadioMemory factory = FactoryMemory();
   std::string expected(factory.begin(), factory.end());
   expected.replace(0x011, 3, "\xA5\xB2\x02");                   // frequency
@@ -141,45 +132,44 @@ TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
 
 // Which needs a radio, and answers all dialogs.
 TEST_F(EndToEndTest, TheDemonstrationEndsWithAWrittenRadio) {
-  const QString own = folder.filePath("demo");
-  ASSERT_TRUE(QFile::copy(MR4500X_DEMO, own));
-  QFile::copy(QCoreApplication::applicationDirPath() + "/MR4500X.ini", folder.filePath("MR4500X.ini"));
-  EXPECT_EQ(QProcess::execute(own, {folder.filePath("pictures")}), 0);
-  EXPECT_EQ(QDir(folder.filePath("pictures")).entryList({"*.png"}).size(), 19);
+  std::filesystem::copy(MR4500X_DEMO, Path("demo"));
+  std::filesystem::copy((QCoreApplication::applicationDirPath() + "/MR4500X.ini").toStdString(), Path("MR4500X.ini"));
+  EXPECT_EQ(std::system((Path("demo") + ' ' + Path("pictures")).c_str()), 0);
+  EXPECT_EQ(QDir(QString::fromStdString(Path("pictures"))).entryList({"*.png"}).size(), 19);
 }
 
 TEST(Program, PrintsItsUsageWithoutADisplay) {
   EXPECT_EQ(std::system("env -i " MR4500X_PROGRAM " --help | grep '^usage: mr4500x .FILE.$'"), 0);
 }
 
-TEST(Program, StoresItsSettingsWhenASignalEndsIt) {
-  const QTemporaryDir folder; // the folder of a program that stores its settings beside itself
-  const std::string settings = folder.filePath("MR4500X.ini").toStdString();
-  const std::string ofFleet = folder.filePath("home/MR4500X/fleet.ini").toStdString();
-  std::ofstream(settings) << "[Comm Port]\nCommon Port=5\n";
+using ProgramTest = FilesTest; // its folder is the one of a program that stores its settings beside itself
+
+TEST_F(ProgramTest, StoresItsSettingsWhenASignalEndsIt) {
+  Put("MR4500X.ini", "[Comm Port]\nCommon Port=5\n");
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   for (const char* const name : {"XDG_CONFIG_HOME", "XDG_STATE_HOME"})
-    environment.insert(name, folder.filePath("home"));
-  for (const auto& [path, file, stored] :
-       {std::tuple(MR4500X_PROGRAM, settings, "Common Port=5"), {MR4500X_FLEET, ofFleet, "Sound=true"}}) {
+    environment.insert(name, QString::fromStdString(Path("home")));
+  for (const auto& [path, file, stored] : {std::tuple(MR4500X_PROGRAM, "MR4500X.ini", "Common Port=5"),
+                                           {MR4500X_FLEET, "home/MR4500X/fleet.ini", "Sound=true"}}) {
     SCOPED_TRACE(path);
-    const QString own = folder.filePath(QFileInfo(path).fileName());
-    ASSERT_TRUE(QFile::copy(path, own));
+    const std::string own = Path(std::filesystem::path(path).filename());
+    std::filesystem::copy(path, own);
     QProcess program;
     program.setProcessEnvironment(environment);
-    program.start(own, {});
+    program.start(QString::fromStdString(own), {});
     ASSERT_TRUE(program.waitForStarted());
     const auto hears = [&] { // SIGTERM, bit 14 of the signals that it catches
-      const std::string text = ContentOf("/proc/" + std::to_string(program.processId()) + "/status");
+      std::ifstream status("/proc/" + std::to_string(program.processId()) + "/status");
+      const std::string text{std::istreambuf_iterator<char>(status), {}};
       const std::size_t at = text.find("SigCgt:");
       return at < text.size() && (std::stoull(text.substr(at + 7), nullptr, 16) & 1U << 14) != 0;
     };
     ASSERT_TRUE(QTest::qWaitFor(hears, 20'000));
-    std::filesystem::remove(file);
+    std::filesystem::remove(Path(file));
     program.terminate();
     ASSERT_TRUE(program.waitForFinished());
     EXPECT_EQ(program.exitCode(), 128 + SIGTERM);
-    EXPECT_NE(ContentOf(file).find(stored), std::string::npos) << ContentOf(file);
+    EXPECT_NE(Content(file).find(stored), std::string::npos) << Content(file);
   }
 }
 

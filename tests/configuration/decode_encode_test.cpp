@@ -1,25 +1,13 @@
 #include "configuration.h"
 
 #include "function_settings.h"
-#include "rows.h"
+#include "image_bytes.h"
 #include "set_field.h"
 
 #include <iomanip>
 
 namespace mr4500x {
 namespace {
-
-// Bytes as "010=05 06 308=45": those from an address on.
-void PutBytes(RadioImage& image, const std::string& bytes) {
-  std::istringstream in(bytes);
-  std::uint16_t address = 0;
-  for (std::string word; in >> word; ++address) {
-    const std::size_t equals = word.find('=');
-    if (equals != std::string::npos) address = static_cast<std::uint16_t>(std::stoul(word, nullptr, 16));
-    const BlockLocation& place = *LocationOf(address);
-    BlockBytes(image, place.block)[address - place.address] = BytesOf(word.substr(equals + 1)).at(0);
-  }
-}
 
 std::string ChangedBytes(const RadioImage& before, const RadioImage& after) {
   std::ostringstream changed;

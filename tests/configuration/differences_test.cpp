@@ -1,63 +1,38 @@
 #include "differences.h"
 
 #include "comparison.h"
+#include "image_bytes.h"
 #include "random_image.h"
 #include "set_field.h"
-
-#include <gtest/gtest.h>
 
 namespace mr4500x {
 namespace {
 
 class DifferencesTest : public testing::Test {
 protected:
-  std::vector<std::string> Between(const RadioImage& before, const RadioImage& after) {
-    std::vector<std::string> lines;
+  // Joined by bars.
+  std::string Between(const RadioImage& before, const RadioImage& after) {
+    std::string lines;
     const ImageDifferences differences = CompareImages(before, after, texts);
     for (const auto& [at, old, now] : differences.settings)
-      lines.push_back(NameOf(at) + ": " + old + " -> " + now);
+      lines += " | " + NameOf(at) + ": " + old + " -> " + now;
     for (const auto& [block, offset, old, now, bits] : differences.bytes)
-      lines.push_back(std::string(NameOf(block)) + ' ' + std::to_string(offset) + ": " + std::to_string(old) + " -> " +
-                      std::to_string(now));
-    return lines;
+      lines.append(" | ").append(NameOf(block)) +=
+          ' ' + std::to_string(offset) + ": " + std::to_string(old) + " -> " + std::to_string(now);
+    return lines.substr(std::min<std::size_t>(lines.size(), 3));
   }
 
-  using Lines = std::vector<std::string>;
   const FieldTexts texts = BuildFieldTexts('.');
   RadioImage image;
   Configuration configuration = NewConfiguration(image, texts, {2026, 1, 2, 3, 4, 5});
 };
 
 TEST_F(DifferencesTest, BytesAreTheOnesThatNoSettingShows) {
-  const struct {
-    const char* name;
-    void (*plant)(RadioImage&);
-    Lines lines;
-  } cases[] = {
-      {"nothing", [](RadioImage&) {}, {}},
-      {"a kept bit", [](RadioImage& i) { i.ChannelBlock(2, 12) ^= 0x01; }, {"ChannelBlock 44: 168 -> 169"}},
-      {"a bit that an encode clears",
-       [](RadioImage& i) { i.RadioSettingsBlock[1] |= 0x80; },
-       {"RadioSettingsBlock 1: 2 -> 130"}},
-      {"a byte with both",
-       [](RadioImage& i) { i.ChannelBlock(2, 12) ^= 0x11; },
-       {"CH3 PTT ID Enable: OFF -> ON", "ChannelBlock 44: 168 -> 185"}},
-      {"a list's code without a text",
-       [](RadioImage& i) { i.RadioSettingsBlock[1] |= 0x0F; },
-       {"Tx TOT: 60s -> {\"code\": 15}"}},
-      {"the code of a tone that is off", [](RadioImage& i) { i.ChannelBlock(0, 4) = 7; }, {"ChannelBlock 4: 0 -> 7"}},
-      {"a tone that goes off, and its code",
-       [](RadioImage& i) { i.ChannelBlock(5, 0) ^= 0x30, i.ChannelBlock(5, 4) = 0; },
-       {"CH6 Rx CTC/DCS: CTC88.5 -> OFF"}},
-      {"what no file holds", [](RadioImage& i) { i.RadioIdBlock[0] = i.WriteStampBlock[0] = 1; }, {}},
-  };
-  image.RadioSettingsBlock[1] = 0x02;
-  image.ChannelBlock(5, 0) |= 0x30;
-  image.ChannelBlock(5, 4) = 8;
-  for (const auto& [name, plant, lines] : cases) {
+  PutBytes(image, "050=31 054=08 101=02");
+  for (const Row& row : RowsOf(CASES "differences.txt", "[^:]+: ?(.*) => ?(.*)")) {
     RadioImage other = image;
-    plant(other);
-    EXPECT_EQ(Between(image, other), lines) << name;
+    PutBytes(other, row[1]);
+    EXPECT_EQ(Between(image, other), row[2]) << row[0];
   }
 }
 
