@@ -155,35 +155,19 @@ TEST_F(SettingsTest, KeysExcludeEachOther) {
 
 // A fill selects one key after the other in the lists as they are, so a conflict brings the selection before it back.
 TEST_F(SettingsTest, AFillSelectsTheKeysAsAUserWould) {
-  using Bytes = std::array<std::uint8_t, KeyCount>;
-  const struct {
-    const char* name;
-    Bytes before;
-    std::vector<std::pair<const char*, int>> picked;
-    Bytes filled;
-    std::size_t messageCount;
-    const char* shown; // codes with a # have no item
-  } cases[] = {
-      {"a conflict", {}, {{"cboKey(2)", Scan}}, {0x86, 0, 0x87}, 1, "Talk Around,,Scan,,,"},
-      {"two conflicts", {}, {{"cboKey(4)", Scan}}, {0x86, 0, 0x87, 0, 0x86}, 2, "Talk Around,,,,Scan,"},
-      {"with what was shown", {0x83, 0, 0, 0, 0, 0x87}, {}, {0x86, 0, 0x83}, 1, "Scan,,Scan,,,"},
-      {"back to a code without an item", {0, 0, 0x8F}, {}, {0x86, 0, 0x87}, 1, "Talk Around,,#8f,,,"},
-      {"the pair as it was chosen", {}, {{"cboKey(1)", KeySpecial}}, {0xC1, 0xC2}, 0, "cboKey(10),,,,,"},
-      {"a pair in another's place", {0x83}, {}, {0xC1, 0xC2}, 0, ",cboKey(11),,,,"},
-  };
-  for (const auto& row : cases) {
-    SCOPED_TRACE(row.name);
-    const auto fill = [&](const Bytes& keys) {
-      std::ranges::copy(keys, image.KeyProgramBlock.begin());
+  for (const Row& row : RowsOf(CASES "filled_keys.txt", "[^:]+: (.*); (?:(\\S+) (\\d))?; (.*); (\\d) -> (.*)")) {
+    SCOPED_TRACE(row[0]);
+    const auto fill = [&](const std::string& keys) {
+      image.KeyProgramBlock = {};
+      std::ranges::copy(BytesOf(keys), image.KeyProgramBlock.begin());
       panel.Fill();
     };
     panel.FillReset({});
-    fill(row.before);
-    for (const auto& [list, position] : row.picked)
-      Pick(list, position);
+    fill(row[1]);
+    if (!row[2].empty()) Pick(row[2].c_str(), std::stoi(row[3]));
     messages.shown.clear();
-    fill(row.filled);
-    EXPECT_EQ(messages.Taken().size(), row.messageCount);
+    fill(row[4]);
+    EXPECT_EQ(std::to_string(messages.Taken().size()), row[5]);
     QStringList shown;
     for (int key = 0; key < 6; ++key) {
       const QComboBox& list = List(qPrintable(QStringLiteral("cboKey(%1)").arg(key)));
@@ -195,7 +179,7 @@ TEST_F(SettingsTest, AFillSelectsTheKeysAsAUserWould) {
                      : code == 0 || code >= 0xC0 ? QString()
                                                  : list.currentText());
     }
-    EXPECT_EQ(shown.join(",").toStdString(), row.shown);
+    EXPECT_EQ(shown.join(",").toStdString(), row[6]);
   }
 }
 

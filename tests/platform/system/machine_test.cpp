@@ -1,7 +1,6 @@
 #include "machine.h"
 #include "processes.h"
-
-#include <gtest/gtest.h>
+#include "rows.h"
 
 #include <QLocale>
 
@@ -42,23 +41,12 @@ TEST(DateTimeText, IsInTheLocalesShortForm) {
 }
 
 TEST(Processes, RunACommandForAWhile) {
-  const struct {
-    const char* command;
-    std::optional<int> status;
-    const char* error;
-  } cases[] = {
-      {"test \"$(cat)\" = given", 0, ""},
-      {"exit 3", 3, ""},
-      {"echo first >&2; echo last line >&2; echo out; exit 1", 1, "last line"},
-      {"no-such-command 2>/dev/null", 127, ""},
-      {"kill -PIPE $$", 141, ""},
-      {"echo starts >&2; sleep 1000 & sleep 1000", std::nullopt, "starts"},
-  };
   const auto start = std::chrono::steady_clock::now();
-  for (const auto& [command, status, error] : cases) {
-    const CommandEnd end = RunCommand(command, "given", status ? 60s : 200ms);
-    EXPECT_EQ(end.status, status) << command;
-    EXPECT_EQ(end.error, error) << command;
+  for (const Row& row : RowsOf(CASES "commands.txt", "(.*) -> (stopped|\\d+) ?(.*)")) {
+    const bool isStopped = row[2] == "stopped";
+    const CommandEnd end = RunCommand(row[1], "given", isStopped ? 200ms : 60s);
+    EXPECT_EQ(end.status ? std::to_string(*end.status) : "stopped", row[2]) << row[0];
+    EXPECT_EQ(end.error, row[3]) << row[0];
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, 60s) << "waits for what it has started";
   const std::string child = RunCommand("sleep 1000 & echo $! >&2; sleep 1000", "", 200ms).error;
