@@ -8,15 +8,6 @@ namespace {
 
 const FieldTexts Texts = BuildFieldTexts('.');
 
-RadioImage MarkedImage() {
-  RadioImage image;
-  for (const BlockLocation& place : RecordMap)
-    std::ranges::fill(BlockBytes(image, place.block), std::uint8_t{0xA5});
-  image.PatrolWorkBlock.fill(0xA5);
-  image.FiveToneStandard = 7;
-  return image;
-}
-
 void RequireKept(const RadioImage& image) {
   RadioImage opened = image;
   Require(ParseDataFile(BuildDataFile(image), opened) == LoadResult{LoadOutcome::Loaded},
@@ -28,8 +19,12 @@ void RequireKept(const RadioImage& image) {
 
 void Fuzz(FuzzInput input) {
   const std::string content = input.Rest();
-  const RadioImage before = MarkedImage();
-  RadioImage image = before;
+  RadioImage image;
+  for (const BlockLocation& place : RecordMap)
+    std::ranges::fill(BlockBytes(image, place.block), std::uint8_t{0xA5});
+  image.PatrolWorkBlock.fill(0xA5);
+  image.FiveToneStandard = 7;
+  const RadioImage before = image;
   const LoadOutcome outcome = ParseDataFile(std::vector<std::uint8_t>(content.begin(), content.end()), image).outcome;
   Require(image.RadioIdBlock == before.RadioIdBlock && image.WriteStampBlock == before.WriteStampBlock &&
               image.EmbeddedInfoBlock == before.EmbeddedInfoBlock,

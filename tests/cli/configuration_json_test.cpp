@@ -111,12 +111,7 @@ TEST(ConfigurationJsonTest, ItsSchemaAgreesWithApplyOnChangedDocuments) {
   RadioImage standard;
   static_cast<void>(NewConfiguration(standard, Texts, {}));
   const Configuration shown = Decode(standard, Texts).configuration;
-  const Json values =
-      Json::parse(R"([null, true, false, -1, -0, 0, 0.5, 1, 3.0, 16, 17, 255, 256, 450, 65535, 70000, "",
-    "OFF", "ON", "1", "25", "12.5", "6.25", "0.5", "0.50", "446", " +446.100000", "446.00625", "0446.00000", "446,00625", "CO",
-    "Reverse", "Reverse ", "scan", "Scan", "Tone A", "5T 1", "CTC67.0", "CTC67", "67.0", "DCS023", "-DCS023", "D023N",
-    "12345", "a", "60s", "60", "Both", [], {}, [1], {"a": 1}, {"code": 2}, {"code": 77}, {"code": 300},
-    {"code": 77.0}, {"code": -1}, {"code": "2"}, {"code": 2, "a": 1}])");
+  const Json values = Json::parse(std::ifstream(CASES "document_values.json"));
   std::vector<FieldAt> all;
   for (const Field& field : Fields())
     for (std::size_t entry = 1; entry <= EntriesOf(field.group); ++entry)
