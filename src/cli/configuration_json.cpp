@@ -223,7 +223,7 @@ std::string PartJson(const Configuration& configuration, const std::set<FieldAt>
 }
 
 Changes ReadChanges(std::string_view document) {
-  return Reader().Read(document);
+  return Reader().Read(DecodedText(document));
 }
 
 } // namespace mr4500x

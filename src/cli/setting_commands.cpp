@@ -71,9 +71,8 @@ void ReadChange(const std::string& change, const std::string& place, bool asStor
           {at, change.substr(equals + 1), asStored && at.field->place == FieldPlace(ChoiceList::Standards)});
 }
 
-void ReadLines(std::string text, const std::string& name, Changes& changes) {
-  if (text.starts_with(ByteOrderMark)) text.erase(0, ByteOrderMark.size());
-  std::istringstream lines(text);
+void ReadLines(const std::string& text, const std::string& name, Changes& changes) {
+  std::istringstream lines(DecodedText(text));
   int number = 0;
   for (std::string line; std::getline(lines, line);) {
     ++number;

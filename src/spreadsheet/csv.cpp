@@ -23,20 +23,6 @@ std::size_t BlankAt(std::string_view text) {
   return static_cast<unsigned char>(text.front()) <= ' ' || text.front() == '\x7F' ? 1 : 0;
 }
 
-// In UTF-8, without a byte order mark.
-std::string DecodedText(std::string_view bytes) {
-  const bool isLittleEndian = bytes.starts_with("\xFF\xFE");
-  if (!isLittleEndian && !bytes.starts_with("\xFE\xFF"))
-    return std::string(bytes.substr(bytes.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0));
-  std::u16string text;
-  for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
-    const auto low = static_cast<unsigned char>(bytes[isLittleEndian ? i : i + 1]);
-    const auto high = static_cast<unsigned char>(bytes[isLittleEndian ? i + 1 : i]);
-    text += static_cast<char16_t>(high << 8 | low);
-  }
-  return ToUtf8(text);
-}
-
 // The separator in a first line "sep=;". Removes that line, except its end.
 std::optional<char> TakeNamedSeparator(std::string_view& text) {
   constexpr std::string_view begin = "sep=";

@@ -65,6 +65,19 @@ std::optional<std::u16string> FromUtf8(std::string_view bytes) {
   return text;
 }
 
+std::string DecodedText(std::string_view bytes) {
+  const bool isLittleEndian = bytes.starts_with("\xFF\xFE");
+  if (!isLittleEndian && !bytes.starts_with("\xFE\xFF"))
+    return std::string(bytes.substr(bytes.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0));
+  std::u16string text;
+  for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
+    const auto low = static_cast<unsigned char>(bytes[isLittleEndian ? i : i + 1]);
+    const auto high = static_cast<unsigned char>(bytes[isLittleEndian ? i + 1 : i]);
+    text += static_cast<char16_t>(high << 8 | low);
+  }
+  return ToUtf8(text);
+}
+
 std::string ToUtf8(std::u16string_view text) {
   std::string bytes;
   for (std::size_t i = 0; i < text.size(); ++i) {

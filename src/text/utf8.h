@@ -31,6 +31,9 @@ constexpr bool BeginsCharacter(char byte) {
 
 // Without a byte order mark. nullopt for anything but valid UTF-8.
 [[nodiscard]] std::optional<std::u16string> FromUtf8(std::string_view bytes);
+// Converts the content of a text file to UTF-8 without a byte order mark. With one, the file may be in UTF-16, as some
+// shells and spreadsheets write it.
+[[nodiscard]] std::string DecodedText(std::string_view bytes);
 // A lone surrogate becomes U+FFFD.
 [[nodiscard]] std::string ToUtf8(std::u16string_view text);
 
