@@ -14,18 +14,21 @@
 namespace mr4500x {
 namespace {
 
+// The folder in an environment variable, or null. The XDG rules say to ignore a relative path.
+const char* FolderIn(const char* variable) {
+  const char* const folder = std::getenv(variable);
+  return folder != nullptr && folder[0] == '/' ? folder : nullptr;
+}
+
 // Without HOME this must not be the root folder or a relative path, because folders would be created there.
 std::string HomeFolder() {
-  const char* const home = std::getenv("HOME");
-  if (home != nullptr && home[0] == '/') return home;
+  if (const char* const home = FolderIn("HOME")) return home;
   const passwd* const user = getpwuid(geteuid());
   return user != nullptr && user->pw_dir[0] == '/' ? user->pw_dir : "/nonexistent";
 }
 
 std::string XdgFolder(const char* variable, const char* otherwise) {
-  const char* const configured = std::getenv(variable);
-  // The XDG rules say to ignore a relative path.
-  if (configured != nullptr && configured[0] == '/') return std::string(configured) + "/MR4500X";
+  if (const char* const configured = FolderIn(variable)) return std::string(configured) + "/MR4500X";
   return HomeFolder() + otherwise + "/MR4500X";
 }
 
@@ -34,8 +37,7 @@ std::string XdgFolder(const char* variable, const char* otherwise) {
 void PrepareProcess() {
   signal(SIGXFSZ, SIG_IGN);
   setenv("HOME", HomeFolder().c_str(), 1); // for Qt, as is the next
-  const char* const config = std::getenv("XDG_CONFIG_HOME");
-  if (config != nullptr && config[0] != '/') unsetenv("XDG_CONFIG_HOME");
+  if (FolderIn("XDG_CONFIG_HOME") == nullptr) unsetenv("XDG_CONFIG_HOME");
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream)
     if (fcntl(stream, F_GETFD) == -1) { // the lowest free number, which the file takes
       // Input must not seem to be empty, and output must not seem to arrive.
