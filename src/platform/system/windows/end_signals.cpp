@@ -21,99 +21,85 @@ bool EndsWithHandler(DWORD event) {
   return event == CTRL_CLOSE_EVENT || event == CTRL_LOGOFF_EVENT || event == CTRL_SHUTDOWN_EVENT;
 }
 
-class ConsoleEvents {
-public:
-  static ConsoleEvents& Instance() {
-    static ConsoleEvents* const events = new ConsoleEvents; // used by a thread that outlives static objects
-    return *events;
-  }
+// Used by a thread that outlives static objects, so it is never destroyed.
+struct ConsoleEvents {
+  ConsoleEvents();
 
-  void Hold() {
-    const std::lock_guard lock(m_mutex);
-    ++m_holders;
-  }
-  void Release() {
-    std::optional<DWORD> event;
-    {
-      const std::lock_guard lock(m_mutex);
-      if (--m_holders > 0) return;
-      event = std::exchange(m_held, std::nullopt);
-      ResetEvent(m_arrived);
-    }
-    m_released.notify_all();
-    if (event && !Report(*event)) ExitProcess(STATUS_CONTROL_C_EXIT);
-  }
-  [[nodiscard]] bool IsEnding() {
-    const std::lock_guard lock(m_mutex);
-    return m_held.has_value();
-  }
-  [[nodiscard]] HANDLE Arrived() const { return m_arrived; }
-
-  void SetReport(std::function<void(int)> report, bool isLast) {
-    const std::lock_guard lock(m_mutex);
-    m_report = std::move(report);
-    m_isLast = isLast;
-  }
-
-private:
-  ConsoleEvents() : m_arrived(CreateEventW(nullptr, TRUE, FALSE, nullptr)) { SetConsoleCtrlHandler(Handle, TRUE); }
-
-  static BOOL WINAPI Handle(DWORD event) { return Instance().Take(event) ? TRUE : FALSE; }
-
-  // False: the system ends the program.
-  bool Take(DWORD event) {
-    std::unique_lock lock(m_mutex);
-    if (m_holders > 0) {
-      m_held = event;
-      SetEvent(m_arrived);
-      if (!EndsWithHandler(event)) return true;
-      m_released.wait(lock, [this] { return m_holders == 0; });
-    }
-    lock.unlock();
-    if (!Report(event)) return false;
-    if (EndsWithHandler(event)) Sleep(INFINITE); // until the program has ended
-    return true;
-  }
-
-  bool Report(DWORD event) {
-    std::function<void(int)> report;
-    {
-      const std::lock_guard lock(m_mutex);
-      report = m_report;
-      if (m_isLast) m_report = nullptr;
-    }
-    if (report) report(EndsWithHandler(event) ? SIGTERM : SIGINT);
-    return static_cast<bool>(report);
-  }
-
-  std::mutex m_mutex;
-  std::condition_variable m_released;
-  const HANDLE m_arrived; // set while one is held
-  int m_holders = 0;
-  std::optional<DWORD> m_held;
-  std::function<void(int)> m_report;
-  bool m_isLast = false;
+  std::mutex mutex;
+  std::condition_variable released;
+  const HANDLE arrived = CreateEventW(nullptr, TRUE, FALSE, nullptr); // set while one is held
+  int holders = 0;
+  std::optional<DWORD> held;
+  std::function<void(int)> report;
+  bool isLast = false;
 };
+
+ConsoleEvents& Events() {
+  static ConsoleEvents* const events = new ConsoleEvents;
+  return *events;
+}
+
+// Returns false if nobody asked for reports, and the event ends the program.
+bool Report(DWORD event) {
+  std::function<void(int)> report;
+  {
+    const std::lock_guard lock(Events().mutex);
+    report = Events().isLast ? std::exchange(Events().report, nullptr) : Events().report;
+  }
+  if (report) report(EndsWithHandler(event) ? SIGTERM : SIGINT);
+  return static_cast<bool>(report);
+}
+
+// FALSE: the system ends the program.
+BOOL WINAPI Take(DWORD event) {
+  ConsoleEvents& events = Events();
+  std::unique_lock lock(events.mutex);
+  if (events.holders > 0) {
+    events.held = event;
+    SetEvent(events.arrived);
+    if (!EndsWithHandler(event)) return TRUE;
+    events.released.wait(lock, [&] { return events.holders == 0; });
+  }
+  lock.unlock();
+  if (!Report(event)) return FALSE;
+  if (EndsWithHandler(event)) Sleep(INFINITE); // until the program has ended
+  return TRUE;
+}
+
+ConsoleEvents::ConsoleEvents() {
+  SetConsoleCtrlHandler(Take, TRUE);
+}
 
 } // namespace
 
-void ReportConsoleEvents(std::function<void(int)> report, bool isLast) {
-  ConsoleEvents::Instance().SetReport(std::move(report), isLast);
+void ReportConsoleEvents(std::function<void(int signal)> report, bool isLast) {
+  const std::lock_guard lock(Events().mutex);
+  Events().report = std::move(report);
+  Events().isLast = isLast;
 }
 
 EndSignalsHeld::EndSignalsHeld() {
-  ConsoleEvents::Instance().Hold();
+  const std::lock_guard lock(Events().mutex);
+  ++Events().holders;
 }
 EndSignalsHeld::~EndSignalsHeld() {
-  ConsoleEvents::Instance().Release();
+  ConsoleEvents& events = Events();
+  std::unique_lock lock(events.mutex);
+  if (--events.holders > 0) return;
+  const std::optional<DWORD> event = std::exchange(events.held, std::nullopt);
+  ResetEvent(events.arrived);
+  lock.unlock();
+  events.released.notify_all();
+  if (event && !Report(*event)) ExitProcess(STATUS_CONTROL_C_EXIT);
 }
 
 bool IsEnding() {
-  return ConsoleEvents::Instance().IsEnding();
+  const std::lock_guard lock(Events().mutex);
+  return Events().held.has_value();
 }
 
 bool AwaitInput(int file) {
-  const std::array handles = {ConsoleEvents::Instance().Arrived(), reinterpret_cast<HANDLE>(_get_osfhandle(file))};
+  const std::array handles = {Events().arrived, reinterpret_cast<HANDLE>(_get_osfhandle(file))};
   return WaitForMultipleObjects(static_cast<DWORD>(handles.size()), handles.data(), FALSE, INFINITE) != WAIT_OBJECT_0;
 }
 

@@ -9,27 +9,19 @@
 namespace mr4500x {
 
 // Lives in the thread of the event loop, which receives the reports.
-class EndSignalsHeard::Reporter {
-public:
-  Reporter(std::function<void(int)> report, NextSignal next) : m_report(std::move(report)) {
-    const auto handOver = [this](int signal) {
-      QMetaObject::invokeMethod(
-          &m_receiver, [this, signal] { m_report(signal); }, Qt::QueuedConnection);
-    };
-    ReportConsoleEvents(handOver, next == NextSignal::Ends);
-  }
-  ~Reporter() { ReportConsoleEvents({}, false); }
-  Reporter(const Reporter&) = delete;
-  Reporter& operator=(const Reporter&) = delete;
-
-private:
-  std::function<void(int)> m_report;
-  QObject m_receiver;
-};
+class EndSignalsHeard::Reporter : public QObject {};
 
 EndSignalsHeard::EndSignalsHeard(std::function<void(int)> report, NextSignal next)
-    : m_reporter(std::make_unique<Reporter>(std::move(report), next)) {}
+    : m_reporter(std::make_unique<Reporter>()) {
+  const auto handOver = [report = std::move(report), receiver = m_reporter.get()](int signal) {
+    QMetaObject::invokeMethod(
+        receiver, [report, signal] { report(signal); }, Qt::QueuedConnection);
+  };
+  ReportConsoleEvents(handOver, next == NextSignal::Ends);
+}
 
-EndSignalsHeard::~EndSignalsHeard() = default;
+EndSignalsHeard::~EndSignalsHeard() {
+  ReportConsoleEvents({}, false);
+}
 
 } // namespace mr4500x

@@ -107,211 +107,174 @@ bool WithTries(Call call) {
 // new files for a moment. There are no owners and groups, and the only permission is the read-only attribute.
 class WindowsFileSystem final : public FileSystem {
 public:
-  std::optional<FileStatus> Status(const std::string& path) override;
-  std::optional<std::string> ReadLink(const std::string& path) override;
-  bool CanWrite(const std::string& path) override;
-  std::optional<std::vector<std::string>> List(const std::string& folder) override;
-  bool MakeFolder(const std::string& folder) override;
+  std::optional<FileStatus> Status(const std::string& path) override {
+    const std::wstring wide = WidePath(path);
+    const HANDLE file = OpenNative(wide, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
+    if (file == INVALID_HANDLE_VALUE) {
+      if (IsMissing(GetLastError())) return FileStatus{};
+      return Fail(), std::nullopt;
+    }
+    FileStatus status;
+    BY_HANDLE_FILE_INFORMATION found{};
+    if (GetFileType(file) != FILE_TYPE_DISK || GetFileInformationByHandle(file, &found) == FALSE) {
+      status.kind = FileKind::Other; // a device, such as NUL
+    } else {
+      const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+      const bool isReadOnly = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+      status.kind = isFolder ? FileKind::Folder : FileKind::Regular;
+      if (IsLink(wide, found.dwFileAttributes)) status.kind = FileKind::Link;
+      status.mode = isFolder ? FolderMode : isReadOnly ? ReadOnlyMode : WritableMode;
+      status.size = Joined(found.nFileSizeHigh, found.nFileSizeLow);
+      status.device = found.dwVolumeSerialNumber;
+      status.number = Joined(found.nFileIndexHigh, found.nFileIndexLow);
+      const auto ticks = Joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
+      status.changed = LocalTimeOf(static_cast<std::time_t>(ticks / TicksPerSecond - SecondsTo1970));
+    }
+    CloseHandle(file);
+    return status;
+  }
 
-  std::optional<Handle> OpenToRead(const std::string& path) override;
-  std::optional<Handle> Create(const std::string& path, std::uint32_t mode) override;
-  std::optional<Handle> OpenToWrite(const std::string& path, std::uint32_t mode) override;
-  void Close(Handle file) override;
-  LockOutcome Lock(Handle file) override;
-  LockOutcome LockToReplace(const std::string& path, std::optional<Handle>& lock) override;
-  std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override;
-  std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override;
-  bool SetOwner(Handle file, std::uint32_t owner, std::uint32_t group) override;
-  bool SetGroup(Handle file, std::uint32_t group) override;
-  bool SetMode(Handle file, std::uint32_t mode) override;
-  bool SetSize(Handle file, std::uint64_t size) override;
-  bool Sync(Handle file) override;
+  // The final target of all links.
+  std::optional<std::string> ReadLink(const std::string& path) override {
+    const HANDLE file = OpenNative(WidePath(path), 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+    if (file == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
+    std::wstring target(GetFinalPathNameByHandleW(file, nullptr, 0, 0), L'\0');
+    target.resize(GetFinalPathNameByHandleW(file, target.data(), static_cast<DWORD>(target.size()), 0));
+    CloseHandle(file);
+    if (target.empty()) return Fail(), std::nullopt;
+    return PlainPath(target);
+  }
 
-  bool Rename(const std::string& from, const std::string& to) override;
-  bool Remove(const std::string& path) override;
-  bool SyncFolder(const std::string& folder) override;
+  // Tries to open the file, because the result of the access rules is hard to predict.
+  bool CanWrite(const std::string& path) override {
+    const std::wstring wide = WidePath(path);
+    const DWORD attributes = GetFileAttributesW(wide.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return Fail();
+    HANDLE file = INVALID_HANDLE_VALUE;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+      file = OpenNative(wide, GENERIC_WRITE, OPEN_EXISTING);
+    else
+      file = OpenNative(wide + LR"(\.mr4500x-)" + std::to_wstring(UnpredictableNumber()), GENERIC_WRITE | DELETE,
+                        CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE);
+    if (file == INVALID_HANDLE_VALUE) return Fail();
+    CloseHandle(file);
+    return true;
+  }
 
-  std::uint64_t UnpredictableNumber() override;
+  std::optional<std::vector<std::string>> List(const std::string& folder) override {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW((WidePath(folder) + LR"(\*)").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
+    std::vector<std::string> names;
+    do
+      names.push_back(Narrow(found.cFileName));
+    while (FindNextFileW(search, &found) != FALSE);
+    FindClose(search);
+    return names;
+  }
+
+  bool MakeFolder(const std::string& folder) override {
+    return Done(CreateDirectoryW(WidePath(folder).c_str(), nullptr));
+  }
+
+  std::optional<FileSystem::Handle> OpenToRead(const std::string& path) override {
+    return OpenExisting(path, GENERIC_READ, OPEN_EXISTING);
+  }
+  std::optional<FileSystem::Handle> Create(const std::string& path, std::uint32_t) override {
+    return Opened(OpenNative(WidePath(path), GENERIC_WRITE | DELETE, CREATE_NEW));
+  }
+  std::optional<FileSystem::Handle> OpenToWrite(const std::string& path, std::uint32_t) override {
+    return OpenExisting(path, GENERIC_WRITE, OPEN_ALWAYS);
+  }
+  void Close(Handle file) override { CloseHandle(NativeOf(file)); }
+
+  LockOutcome Lock(Handle file) override {
+    OVERLAPPED at{};
+    at.OffsetHigh = LockedOffset;
+    if (LockFileEx(NativeOf(file), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &at) != FALSE)
+      return LockOutcome::Taken;
+    const DWORD error = GetLastError();
+    Fail();
+    return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING ? LockOutcome::HeldByOther
+                                                                      : LockOutcome::NotPossible;
+  }
+
+  // An open file can't be replaced on every file system, so the lock is a file beside it, named after the file's
+  // identity. It can be opened only once, and is deleted when it is closed.
+  LockOutcome LockToReplace(const std::string& path, std::optional<Handle>& lock) override {
+    const auto status = Status(path);
+    if (!status) return LockOutcome::NotPossible;
+    const std::size_t name = path.find_last_of(Separators) + 1; // 0 without a folder
+    const std::wstring beside = WidePath(path.substr(0, name) + ".mr4500x-lock-" + HexText(status->number));
+    HANDLE file = INVALID_HANDLE_VALUE;
+    const bool isTaken = WithTries([&] {
+      file = CreateFileW(beside.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                         FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+      return file != INVALID_HANDLE_VALUE ? TRUE : FALSE;
+    });
+    if (!isTaken) return errno == ETXTBSY ? LockOutcome::HeldByOther : LockOutcome::NotPossible;
+    lock = Opened(file);
+    return lock ? LockOutcome::Taken : LockOutcome::NotPossible;
+  }
+
+  std::optional<std::size_t> ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) override {
+    OVERLAPPED at{};
+    at.Offset = static_cast<DWORD>(offset);
+    at.OffsetHigh = static_cast<DWORD>(offset >> 32U);
+    DWORD count = 0;
+    const auto most = static_cast<DWORD>(std::min(bytes.size(), MostBytesAtOnce));
+    if (::ReadFile(NativeOf(file), bytes.data(), most, &count, &at) != FALSE || GetLastError() == ERROR_HANDLE_EOF)
+      return count;
+    return Fail(), std::nullopt;
+  }
+
+  std::optional<std::size_t> Write(Handle file, std::span<const std::uint8_t> bytes) override {
+    DWORD count = 0;
+    const auto most = static_cast<DWORD>(std::min(bytes.size(), MostBytesAtOnce));
+    if (WriteFile(NativeOf(file), bytes.data(), most, &count, nullptr) != FALSE && count > 0) return count;
+    return Fail(), std::nullopt;
+  }
+
+  bool SetOwner(Handle, std::uint32_t, std::uint32_t) override { return true; }
+  bool SetGroup(Handle, std::uint32_t) override { return true; }
+  // Only writable files are replaced, and new files are writable.
+  bool SetMode(Handle, std::uint32_t mode) override { return (mode & WriteBits) != 0; }
+  bool SetSize(Handle file, std::uint64_t size) override {
+    FILE_END_OF_FILE_INFO end{};
+    end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+    return Done(SetFileInformationByHandle(NativeOf(file), FileEndOfFileInfo, &end, sizeof end));
+  }
+  bool Sync(Handle file) override { return Done(FlushFileBuffers(NativeOf(file))); }
+
+  bool Rename(const std::string& from, const std::string& to) override {
+    const std::wstring source = WidePath(from), target = WidePath(to);
+    const bool renamed = WithTries([&] {
+      return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    });
+    if (renamed) return true;
+    // An open target refuses access like a protected one. They differ only when opened exclusively.
+    const int reason = errno;
+    const HANDLE alone = CreateFileW(target.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    errno = alone == INVALID_HANDLE_VALUE && IsOpenElsewhere(GetLastError()) ? ETXTBSY : reason;
+    if (alone != INVALID_HANDLE_VALUE) CloseHandle(alone);
+    return false;
+  }
+
+  bool Remove(const std::string& path) override {
+    const std::wstring wide = WidePath(path);
+    return WithTries([&] { return DeleteFileW(wide.c_str()); });
+  }
+
+  // A rename is written to the disk at once.
+  bool SyncFolder(const std::string&) override { return true; }
+
+  std::uint64_t UnpredictableNumber() override {
+    std::random_device device; // the processor's or the system's generator
+    return (static_cast<std::uint64_t>(device()) << 32U) | device();
+  }
 };
 
 } // namespace
-
-std::optional<FileStatus> WindowsFileSystem::Status(const std::string& path) {
-  const std::wstring wide = WidePath(path);
-  const HANDLE file = OpenNative(wide, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
-  if (file == INVALID_HANDLE_VALUE) {
-    if (IsMissing(GetLastError())) return FileStatus{};
-    return Fail(), std::nullopt;
-  }
-  FileStatus status;
-  BY_HANDLE_FILE_INFORMATION found{};
-  if (GetFileType(file) != FILE_TYPE_DISK || GetFileInformationByHandle(file, &found) == FALSE) {
-    status.kind = FileKind::Other; // a device, such as NUL
-  } else {
-    const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    const bool isReadOnly = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
-    status.kind = isFolder ? FileKind::Folder : FileKind::Regular;
-    if (IsLink(wide, found.dwFileAttributes)) status.kind = FileKind::Link;
-    status.mode = isFolder ? FolderMode : isReadOnly ? ReadOnlyMode : WritableMode;
-    status.size = Joined(found.nFileSizeHigh, found.nFileSizeLow);
-    status.device = found.dwVolumeSerialNumber;
-    status.number = Joined(found.nFileIndexHigh, found.nFileIndexLow);
-    const auto ticks = Joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
-    status.changed = LocalTimeOf(static_cast<std::time_t>(ticks / TicksPerSecond - SecondsTo1970));
-  }
-  CloseHandle(file);
-  return status;
-}
-
-// The final target of all links.
-std::optional<std::string> WindowsFileSystem::ReadLink(const std::string& path) {
-  const HANDLE file = OpenNative(WidePath(path), 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
-  if (file == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
-  std::wstring target(GetFinalPathNameByHandleW(file, nullptr, 0, 0), L'\0');
-  target.resize(GetFinalPathNameByHandleW(file, target.data(), static_cast<DWORD>(target.size()), 0));
-  CloseHandle(file);
-  if (target.empty()) return Fail(), std::nullopt;
-  return PlainPath(target);
-}
-
-// Tries to open the file, because the result of the access rules is hard to predict.
-bool WindowsFileSystem::CanWrite(const std::string& path) {
-  const std::wstring wide = WidePath(path);
-  const DWORD attributes = GetFileAttributesW(wide.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return Fail();
-  HANDLE file = INVALID_HANDLE_VALUE;
-  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
-    file = OpenNative(wide, GENERIC_WRITE, OPEN_EXISTING);
-  else
-    file = OpenNative(wide + LR"(\.mr4500x-)" + std::to_wstring(UnpredictableNumber()), GENERIC_WRITE | DELETE,
-                      CREATE_NEW, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE);
-  if (file == INVALID_HANDLE_VALUE) return Fail();
-  CloseHandle(file);
-  return true;
-}
-
-std::optional<std::vector<std::string>> WindowsFileSystem::List(const std::string& folder) {
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW((WidePath(folder) + LR"(\*)").c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return Fail(), std::nullopt;
-  std::vector<std::string> names;
-  do
-    names.push_back(Narrow(found.cFileName));
-  while (FindNextFileW(search, &found) != FALSE);
-  FindClose(search);
-  return names;
-}
-
-bool WindowsFileSystem::MakeFolder(const std::string& folder) {
-  return Done(CreateDirectoryW(WidePath(folder).c_str(), nullptr));
-}
-
-std::optional<FileSystem::Handle> WindowsFileSystem::OpenToRead(const std::string& path) {
-  return OpenExisting(path, GENERIC_READ, OPEN_EXISTING);
-}
-std::optional<FileSystem::Handle> WindowsFileSystem::Create(const std::string& path, std::uint32_t) {
-  return Opened(OpenNative(WidePath(path), GENERIC_WRITE | DELETE, CREATE_NEW));
-}
-std::optional<FileSystem::Handle> WindowsFileSystem::OpenToWrite(const std::string& path, std::uint32_t) {
-  return OpenExisting(path, GENERIC_WRITE, OPEN_ALWAYS);
-}
-void WindowsFileSystem::Close(Handle file) {
-  CloseHandle(NativeOf(file));
-}
-
-LockOutcome WindowsFileSystem::Lock(Handle file) {
-  OVERLAPPED at{};
-  at.OffsetHigh = LockedOffset;
-  if (LockFileEx(NativeOf(file), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &at) != FALSE)
-    return LockOutcome::Taken;
-  const DWORD error = GetLastError();
-  Fail();
-  return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING ? LockOutcome::HeldByOther
-                                                                    : LockOutcome::NotPossible;
-}
-
-// An open file can't be replaced on every file system, so the lock is a file beside it, named after the file's
-// identity. It can be opened only once, and is deleted when it is closed.
-LockOutcome WindowsFileSystem::LockToReplace(const std::string& path, std::optional<Handle>& lock) {
-  const auto status = Status(path);
-  if (!status) return LockOutcome::NotPossible;
-  const std::size_t name = path.find_last_of(Separators) + 1; // 0 without a folder
-  const std::wstring beside = WidePath(path.substr(0, name) + ".mr4500x-lock-" + HexText(status->number));
-  HANDLE file = INVALID_HANDLE_VALUE;
-  const bool isTaken = WithTries([&] {
-    file = CreateFileW(beside.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
-                       FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    return file != INVALID_HANDLE_VALUE ? TRUE : FALSE;
-  });
-  if (!isTaken) return errno == ETXTBSY ? LockOutcome::HeldByOther : LockOutcome::NotPossible;
-  lock = Opened(file);
-  return lock ? LockOutcome::Taken : LockOutcome::NotPossible;
-}
-
-std::optional<std::size_t> WindowsFileSystem::ReadAt(Handle file, std::uint64_t offset, std::span<std::uint8_t> bytes) {
-  OVERLAPPED at{};
-  at.Offset = static_cast<DWORD>(offset);
-  at.OffsetHigh = static_cast<DWORD>(offset >> 32U);
-  DWORD count = 0;
-  const auto most = static_cast<DWORD>(std::min(bytes.size(), MostBytesAtOnce));
-  if (::ReadFile(NativeOf(file), bytes.data(), most, &count, &at) != FALSE || GetLastError() == ERROR_HANDLE_EOF)
-    return count;
-  return Fail(), std::nullopt;
-}
-
-std::optional<std::size_t> WindowsFileSystem::Write(Handle file, std::span<const std::uint8_t> bytes) {
-  DWORD count = 0;
-  const auto most = static_cast<DWORD>(std::min(bytes.size(), MostBytesAtOnce));
-  if (WriteFile(NativeOf(file), bytes.data(), most, &count, nullptr) != FALSE && count > 0) return count;
-  return Fail(), std::nullopt;
-}
-
-bool WindowsFileSystem::SetOwner(Handle, std::uint32_t, std::uint32_t) {
-  return true;
-}
-bool WindowsFileSystem::SetGroup(Handle, std::uint32_t) {
-  return true;
-}
-// Only writable files are replaced, and new files are writable.
-bool WindowsFileSystem::SetMode(Handle, std::uint32_t mode) {
-  return (mode & WriteBits) != 0;
-}
-bool WindowsFileSystem::SetSize(Handle file, std::uint64_t size) {
-  FILE_END_OF_FILE_INFO end{};
-  end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
-  return Done(SetFileInformationByHandle(NativeOf(file), FileEndOfFileInfo, &end, sizeof end));
-}
-bool WindowsFileSystem::Sync(Handle file) {
-  return Done(FlushFileBuffers(NativeOf(file)));
-}
-
-bool WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
-  const std::wstring source = WidePath(from), target = WidePath(to);
-  const bool renamed = WithTries(
-      [&] { return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH); });
-  if (renamed) return true;
-  // An open target refuses access like a protected one. They differ only when opened exclusively.
-  const int reason = errno;
-  const HANDLE alone = CreateFileW(target.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-  errno = alone == INVALID_HANDLE_VALUE && IsOpenElsewhere(GetLastError()) ? ETXTBSY : reason;
-  if (alone != INVALID_HANDLE_VALUE) CloseHandle(alone);
-  return false;
-}
-
-bool WindowsFileSystem::Remove(const std::string& path) {
-  const std::wstring wide = WidePath(path);
-  return WithTries([&] { return DeleteFileW(wide.c_str()); });
-}
-
-// A rename is written to the disk at once.
-bool WindowsFileSystem::SyncFolder(const std::string&) {
-  return true;
-}
-
-std::uint64_t WindowsFileSystem::UnpredictableNumber() {
-  std::random_device device; // the processor's or the system's generator
-  return (static_cast<std::uint64_t>(device()) << 32U) | device();
-}
 
 FileSystem& MachineFiles() {
   static WindowsFileSystem files;

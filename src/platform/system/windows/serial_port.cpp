@@ -62,20 +62,76 @@ private:
   OVERLAPPED m_overlapped{};
 };
 
-// An open port.
-class Device {
+// Uses overlapped operations and polls them. No operation waits for the line, except AwaitSent and Close.
+class WindowsSerialPort final : public SerialPort {
 public:
-  explicit Device(HANDLE port) : m_port(port) {}
-  ~Device() {
+  explicit WindowsSerialPort(DeviceLookup lookup) : m_lookup(std::move(lookup)) {}
+  ~WindowsSerialPort() override { Close(); }
+  WindowsSerialPort(const WindowsSerialPort&) = delete;
+  WindowsSerialPort& operator=(const WindowsSerialPort&) = delete;
+
+  void SetPortNumber(int number) override { m_number = number; }
+  [[nodiscard]] bool IsOpen() const override { return m_port != INVALID_HANDLE_VALUE; }
+
+  [[nodiscard]] std::optional<std::string> Open(const LineSettings& settings) override {
+    Close();
+    const PortDevice found = m_lookup(m_number);
+    if (found.path.empty()) return std::make_error_code(std::errc::no_such_device).message();
+    // Without the prefix only COM1 to COM9 are names of ports.
+    const std::wstring name = (found.path.starts_with('\\') ? L"" : LR"(\\.\)") + Wide(found.path);
+    m_port = CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED,
+                         nullptr);
+    if (!IsOpen()) return ReasonOf(GetLastError());
+    m_isUsable = SetUp(BlockOf(settings, found));
+    if (m_isUsable) return std::nullopt;
+    const DWORD error = GetLastError();
+    Close();
+    return ReasonOf(error);
+  }
+
+  void Close() override {
+    if (!IsOpen()) return;
     if (m_isWriting && !m_write.AwaitEnd(SentMilliseconds)) {
       CancelIo(m_port);
       static_cast<void>(m_write.Result(m_port, TRUE)); // the driver still uses the bytes
     }
-    CloseHandle(m_port);
+    CloseHandle(std::exchange(m_port, INVALID_HANDLE_VALUE));
+    m_isUsable = m_isWriting = false;
+    m_received.clear();
+    m_unsent.clear();
   }
-  Device(const Device&) = delete;
-  Device& operator=(const Device&) = delete;
 
+  [[nodiscard]] std::optional<std::size_t> BytesReceived() override {
+    return Fetch() ? std::optional(m_received.size()) : std::nullopt;
+  }
+  [[nodiscard]] std::optional<std::vector<std::uint8_t>> TakeReceived() override {
+    return Fetch() ? std::optional(std::exchange(m_received, {})) : std::nullopt;
+  }
+  [[nodiscard]] bool DiscardReceived() override {
+    m_received.clear();
+    m_isUsable = m_isUsable && PurgeComm(m_port, PURGE_RXCLEAR) != FALSE;
+    return m_isUsable;
+  }
+
+  [[nodiscard]] std::optional<std::size_t> BytesToTransmit() override {
+    COMSTAT state{};
+    if (!Push() || !Query(state)) return std::nullopt;
+    // Drivers differ in whether the bytes of a write in progress are in their queue.
+    return std::max<std::size_t>(state.cbOutQue, m_isWriting ? m_writing.size() : 0) + m_unsent.size();
+  }
+  [[nodiscard]] bool DiscardTransmit() override {
+    m_unsent.clear();
+    return m_isUsable;
+  }
+  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) override {
+    if (m_isUsable) m_unsent.insert(m_unsent.end(), bytes.begin(), bytes.end());
+    return Push();
+  }
+  void AwaitSent() override {
+    if (m_isUsable && (!m_isWriting || m_write.AwaitEnd(SentMilliseconds))) FlushFileBuffers(m_port);
+  }
+
+private:
   [[nodiscard]] bool SetUp(DCB block) {
     // Reads return at once with the available bytes.
     COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, 0};
@@ -83,6 +139,13 @@ public:
            SetCommTimeouts(m_port, &timeouts) != FALSE;
   }
 
+  [[nodiscard]] bool Query(COMSTAT& state) {
+    DWORD errors = 0; // parity errors and the like, which are ignored
+    m_isUsable = m_isUsable && ClearCommError(m_port, &errors, &state) != FALSE;
+    return m_isUsable;
+  }
+
+  // Moves the bytes that the driver has received to m_received.
   [[nodiscard]] bool Fetch() {
     COMSTAT state{};
     if (!Query(state)) return false;
@@ -93,131 +156,38 @@ public:
     std::optional<std::size_t> count;
     if (isDone != FALSE || GetLastError() == ERROR_IO_PENDING) count = m_read.Result(m_port, TRUE);
     m_received.resize(before + count.value_or(0));
-    m_failed = !count;
-    return !m_failed;
-  }
-  [[nodiscard]] std::vector<std::uint8_t>& Received() { return m_received; }
-  [[nodiscard]] bool DiscardReceived() {
-    m_received.clear();
-    m_failed = m_failed || PurgeComm(m_port, PURGE_RXCLEAR) == FALSE;
-    return !m_failed;
-  }
-
-  [[nodiscard]] std::optional<std::size_t> BytesToTransmit() {
-    COMSTAT state{};
-    if (!Push() || !Query(state)) return std::nullopt;
-    // Drivers differ in whether the bytes of a write in progress are in their queue.
-    return std::max<std::size_t>(state.cbOutQue, m_isWriting ? m_writing.size() : 0) + m_unsent.size();
-  }
-  void DiscardUnsent() { m_unsent.clear(); }
-  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) {
-    m_unsent.insert(m_unsent.end(), bytes.begin(), bytes.end());
-    return Push();
-  }
-  void AwaitSent() {
-    if (!m_failed && (!m_isWriting || m_write.AwaitEnd(SentMilliseconds))) FlushFileBuffers(m_port);
-  }
-  [[nodiscard]] bool IsUsable() const { return !m_failed; }
-
-private:
-  [[nodiscard]] bool Query(COMSTAT& state) {
-    DWORD errors = 0; // parity errors and the like, which are ignored
-    m_failed = m_failed || ClearCommError(m_port, &errors, &state) == FALSE;
-    return !m_failed;
+    m_isUsable = count.has_value();
+    return m_isUsable;
   }
 
   // Passes further bytes to the driver once it has taken the previous ones.
   [[nodiscard]] bool Push() {
-    if (m_failed) return false;
+    if (!m_isUsable) return false;
     if (m_isWriting) {
       if (!m_write.AwaitEnd(0)) return true;
       m_isWriting = false;
-      m_failed = m_write.Result(m_port, FALSE) != m_writing.size();
+      m_isUsable = m_write.Result(m_port, FALSE) == m_writing.size();
     }
-    if (m_failed || m_unsent.empty()) return !m_failed;
+    if (!m_isUsable || m_unsent.empty()) return m_isUsable;
     m_writing = std::exchange(m_unsent, {});
     const auto count = static_cast<DWORD>(m_writing.size());
     m_isWriting = ::WriteFile(m_port, m_writing.data(), count, nullptr, m_write.Begin()) != FALSE ||
                   GetLastError() == ERROR_IO_PENDING;
-    m_failed = !m_isWriting;
-    return !m_failed;
+    m_isUsable = m_isWriting;
+    return m_isUsable;
   }
 
-  HANDLE m_port;
+  DeviceLookup m_lookup;
+  int m_number = 1;
+  HANDLE m_port = INVALID_HANDLE_VALUE;
+  bool m_isUsable = false; // open, and no operation has failed
   Operation m_read, m_write;
+  bool m_isWriting = false;
   std::vector<std::uint8_t> m_received, m_unsent;
   std::vector<std::uint8_t> m_writing; // the bytes that the driver is writing
-  bool m_isWriting = false;
-  bool m_failed = false;
-};
-
-// Uses overlapped operations and polls them. No operation waits for the line, except AwaitSent and Close.
-class WindowsSerialPort final : public SerialPort {
-public:
-  explicit WindowsSerialPort(DeviceLookup lookup) : m_lookup(std::move(lookup)) {}
-
-  void SetPortNumber(int number) override { m_number = number; }
-  [[nodiscard]] std::optional<std::string> Open(const LineSettings& settings) override;
-  void Close() override { m_device.reset(); }
-  [[nodiscard]] bool IsOpen() const override { return m_device != nullptr; }
-
-  [[nodiscard]] std::optional<std::size_t> BytesReceived() override;
-  [[nodiscard]] bool DiscardReceived() override;
-  [[nodiscard]] std::optional<std::size_t> BytesToTransmit() override;
-  [[nodiscard]] bool DiscardTransmit() override;
-  [[nodiscard]] bool Write(std::span<const std::uint8_t> bytes) override;
-  void AwaitSent() override;
-  [[nodiscard]] std::optional<std::vector<std::uint8_t>> TakeReceived() override;
-
-private:
-  DeviceLookup m_lookup;
-  std::unique_ptr<Device> m_device;
-  int m_number = 1;
 };
 
 } // namespace
-
-std::optional<std::string> WindowsSerialPort::Open(const LineSettings& settings) {
-  Close();
-  const PortDevice found = m_lookup(m_number);
-  if (found.path.empty()) return std::make_error_code(std::errc::no_such_device).message();
-  // Without the prefix only COM1 to COM9 are names of ports.
-  const std::wstring name = (found.path.starts_with('\\') ? L"" : LR"(\\.\)") + Wide(found.path);
-  const HANDLE port =
-      CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
-  if (port == INVALID_HANDLE_VALUE) return ReasonOf(GetLastError());
-  m_device = std::make_unique<Device>(port);
-  if (m_device->SetUp(BlockOf(settings, found))) return std::nullopt;
-  const DWORD error = GetLastError();
-  Close();
-  return ReasonOf(error);
-}
-
-std::optional<std::size_t> WindowsSerialPort::BytesReceived() {
-  if (m_device == nullptr || !m_device->Fetch()) return std::nullopt;
-  return m_device->Received().size();
-}
-bool WindowsSerialPort::DiscardReceived() {
-  return m_device != nullptr && m_device->DiscardReceived();
-}
-std::optional<std::size_t> WindowsSerialPort::BytesToTransmit() {
-  return m_device != nullptr ? m_device->BytesToTransmit() : std::nullopt;
-}
-bool WindowsSerialPort::DiscardTransmit() {
-  if (m_device == nullptr || !m_device->IsUsable()) return false;
-  m_device->DiscardUnsent();
-  return true;
-}
-bool WindowsSerialPort::Write(std::span<const std::uint8_t> bytes) {
-  return m_device != nullptr && m_device->Write(bytes);
-}
-void WindowsSerialPort::AwaitSent() {
-  if (m_device != nullptr) m_device->AwaitSent();
-}
-std::optional<std::vector<std::uint8_t>> WindowsSerialPort::TakeReceived() {
-  if (m_device == nullptr || !m_device->Fetch()) return std::nullopt;
-  return std::exchange(m_device->Received(), {});
-}
 
 std::unique_ptr<SerialPort> MakeSerialPort(DeviceLookup lookup) {
   return std::make_unique<WindowsSerialPort>(std::move(lookup));
