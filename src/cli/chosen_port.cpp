@@ -127,7 +127,8 @@ ExitStatus WithRadio(Call& call, const std::function<ExitStatus(const RadioComma
   if (AreSwapped(call.file, port))
     return Refuse(call.terminal, call.file + " is a port and " + port.device + " is a data file; swap them");
   const std::string device = port.number > 0 ? MachinePorts(call.files).DeviceOf(port.number).path : port.device;
-  if (IsSameFile(call.files, call.file, device)) return Refuse(call.terminal, call.file + ": is the port");
+  if (call.other.empty() && IsSameFile(call.files, call.file, device)) // not for diff, whose A can be the port
+    return Refuse(call.terminal, call.file + ": is the port");
   std::ofstream trace;
   if (const ExitStatus opened = OpenTrace(call, device, trace); opened != Done) return opened;
   const std::unique_ptr<SerialPort> serial = MakePort(port, Pins(call.files));

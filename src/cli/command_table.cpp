@@ -95,8 +95,7 @@ ExitStatus WriteInfo(Call& c) {
 // Replaces this program by the one that draws the pages.
 ExitStatus Print(Call& c) {
   if (!CheckExport(c.files, c.output, c.file, c.terminal)) return ExitStatus::UnusableArguments;
-  const std::string reports = c.words.empty() ? "channels,tts,info" : CLI::detail::join(c.words);
-  return BecomePart("mr4500x-cli-print", {c.file, c.output, reports}, c.terminal);
+  return BecomePart("mr4500x-cli-print", {c.file, c.output, CLI::detail::join(c.words)}, c.terminal);
 }
 
 // clang-format off

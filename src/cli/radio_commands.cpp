@@ -129,9 +129,7 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   if (options.isDryRun) return WriteDry(command, image, options);
   if (hasBackup && BackUp(command, options.backupFolder) != ExitStatus::Done) return ExitStatus::Failed;
   if (terminal.isEnding()) return Fail(terminal, line.PortName() + ": interrupted. Nothing was written.");
-  const auto write = [&](auto& to, auto& observer) {
-    return WriteRadio(to, image, command.now, observer, command.speed);
-  };
+  const auto write = [&](auto& to, auto& view) { return WriteRadio(to, image, command.now, view, command.speed); };
   if (!Completes(command, write, options.band)) return ExitStatus::Failed;
   const std::string written = NameOfSource(path) + " has been written to " + line.PortName();
   if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: interrupted.");

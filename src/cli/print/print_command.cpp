@@ -9,7 +9,7 @@
 namespace mr4500x {
 
 ReportChoice ReportsNamed(std::string_view names) {
-  const auto has = [&](std::string_view name) { return names.find(name) != std::string_view::npos; };
+  const auto has = [&](std::string_view name) { return names.empty() || names.find(name) != std::string_view::npos; };
   return {.channels = has("channels"), .tts = has("tts"), .info = has("info")};
 }
 

@@ -12,7 +12,7 @@
 
 namespace mr4500x {
 
-// "channels,tts,info" or some of them in any order.
+// "channels,tts,info" or some of them in any order. "" means all.
 [[nodiscard]] ReportChoice ReportsNamed(std::string_view names);
 
 // Prints the same pages as the desktop program, with numbers and date in the user's locale.
