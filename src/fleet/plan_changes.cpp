@@ -54,7 +54,21 @@ PlanChanges CompareWithEarlier(std::vector<JournalRow> rows, const std::vector<J
     }
   }
   changes.rows = std::move(rows);
+  changes.outdated = OutdatedRows(changes.rows, earlier);
   return changes;
+}
+
+std::vector<JournalRow> OutdatedRows(const std::vector<JournalRow>& rows, std::vector<JournalRow> earlier) {
+  std::set<std::string> names, upToDate; // the latter are radios
+  for (const JournalRow& row : rows) {
+    names.insert(NameOf(row));
+    if (row.state == RowState::Done) upToDate.insert(row.idNumber);
+  }
+  names.erase("");
+  std::erase_if(earlier, [&](const JournalRow& row) {
+    return row.state != RowState::Done || !names.contains(NameOf(row)) || upToDate.contains(row.idNumber);
+  });
+  return earlier;
 }
 
 } // namespace mr4500x

@@ -233,6 +233,18 @@ std::string LineForChanges(const PlanChanges& changes) {
   return changes.open == 0 ? line : line + ", " + std::to_string(changes.open) + " not done";
 }
 
+std::vector<std::string> LinesForOutdated(const std::vector<JournalRow>& rows, std::size_t most) {
+  std::vector<std::string> lines;
+  for (const JournalRow& row : rows) {
+    if (lines.size() == most) {
+      lines.push_back("... and " + std::to_string(rows.size() - most) + " more");
+      break;
+    }
+    lines.push_back("Holds a row of an earlier list: " + SubjectText(row.row, row.label, row.idNumber));
+  }
+  return lines;
+}
+
 std::string LostReason(const std::string& journal) {
   return "A bench has used the journal " + journal + " before, but it is now missing or empty. Put it back, or start" +
          " over and give all rows out again.";

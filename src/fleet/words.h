@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mr4500x {
 
@@ -84,6 +85,8 @@ struct FleetProgress {
 
 // "12 done carried over, 1 new, 2 changed, 25 not done"
 [[nodiscard]] std::string LineForChanges(const PlanChanges& changes);
+// "Holds a row of an earlier list: row 5, Taxi 5, radio R5", a line each, and "... and 7 more" after `most`.
+[[nodiscard]] std::vector<std::string> LinesForOutdated(const std::vector<JournalRow>& rows, std::size_t most);
 // Why rows that are done may be unknown. Addresses are without passwords.
 [[nodiscard]] std::string LostReason(const std::string& journal);
 [[nodiscard]] std::string RenamedReason(const std::string& journal);

@@ -111,7 +111,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   const std::string changes = "1 done carried over, 1 new, 1 changed";
   const std::string dry = "fleet --dry-run " + file + rows;
   const auto rowsOf = [&](const std::string& options) { return Cli(dry + options).output; };
-  ExpectAll({{dry, 1, changes + "\n3 rows: 0 done, 0 taken, 3 free\n"},
+  ExpectAll({{dry, 1, changes + "\n3 rows: 1 done, 0 taken, 2 free\n"},
              {dry + " --carry-over", 0, changes + "\n3 rows: 1 done, 0 taken, 2 free\n"},
              {dry + " --start-over --carry-over", 2, ""}});
   const Ended refused = Fleet(rows);
@@ -158,6 +158,9 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_EQ(CountOf(other.output, "0 done carried over, 0 new, 0 changed, 1 not done\r\n"), 1U) << other.output;
   EXPECT_GE(CountOf(other.output, "\n1 of 1\r\x1b[K"), 1U) << other.output;
   EXPECT_EQ(CountOf(Cli(journal + " --radio LR-1").output, "Holds row 1, Car 3 since "), 1U);
+  Put("rows.csv", heading + "Car 3,446.7\n");
+  const std::string old = "\nHolds a row of an earlier list: row 1, Car 3, radio LR-1\n";
+  EXPECT_EQ(rowsOf(""), "0 done carried over, 0 new, 1 changed" + old + "1 rows: 0 done, 0 taken, 1 free\n");
   // The list before it has that row left, too.
   Put("rows.csv", heading + "Car 3,446.1\nCar 1,446.00625\nCar 2,446.2\n");
   const Ended older = Fleet(rows);

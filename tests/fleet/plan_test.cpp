@@ -96,6 +96,8 @@ TEST(PlanChangesTest, SayWhichRowsCarryOver) {
     }
     text += ' ' + std::to_string(found.carriedOver) + " carried over, " + std::to_string(found.unknown) + " new, " +
             std::to_string(found.changed) + " changed, " + std::to_string(found.open) + " not done";
+    for (const JournalRow& row : found.outdated)
+      text += ", " + row.idNumber + " has old " + row.label + row.radio;
     EXPECT_EQ(text + (found.busyBench.empty() ? "" : ", " + found.busyBench), each[4]) << each[1];
   }
 }

@@ -24,6 +24,7 @@
 namespace mr4500x {
 namespace {
 
+constexpr std::size_t MostRadios = 10; // that a question names
 constexpr char NoTracesText[] = ": the traces could not be written";
 
 // False, with a message, unless there are ports and none is given twice.
@@ -55,9 +56,17 @@ struct FleetEnd {
   std::string bench;
 };
 
+void PrintChanges(const PlanStart& start, std::ostream& out) {
+  out << LineForChanges(start.changes) << '\n';
+  for (const std::string& line : LinesForOutdated(start.changes.outdated, MostRadios))
+    out << line << '\n';
+}
+
 // Prints what is to be decided about earlier rows. Returns what the user answers, Ask without an answer.
 EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
   const bool isLost = !start.lost.empty();
+  for (const std::string& line : LinesForOutdated(start.changes.outdated, MostRadios))
+    terminal.err << line << '\n';
   terminal.err << (isLost ? start.lost : "The list has changed: " + LineForChanges(start.changes) + '.');
   if (!terminal.answersQuestions) {
     terminal.err << (isLost ? " Use --start-over to start over.\n" : " Use --carry-over or --start-over.\n");
@@ -87,20 +96,17 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   const std::string address = JournalOf(choice);
   const PlanStart start = ComparePlan(files, choice, plan);
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
-  if (start.hasCompared) terminal.out << LineForChanges(start.changes) << '\n';
+  if (start.hasCompared) PrintChanges(start, terminal.out);
   if (!start.lost.empty()) Fail(terminal, start.lost);
-  std::size_t done = choice.earlier == EarlierRows::CarryOver ? start.changes.carriedOver : 0, taken = 0;
+  const auto count = [&](RowState state) {
+    return static_cast<std::size_t>(std::ranges::count(start.changes.rows, state, &JournalRow::state));
+  };
+  const bool givesAllOut = !start.isKnown && choice.earlier == EarlierRows::StartOver;
+  const std::size_t done = givesAllOut ? 0 : count(RowState::Done), taken = count(RowState::Taken);
   const std::string file = FileOfJournal(address);
   const bool mayWrite = IsMissing(files, file) || files.CanWrite(file);
   if (!file.empty() && !(mayWrite && MayReplace(files, file + "-wal"))) // a bench also writes beside it
     return NoAnswer(address, {"The file of the journal can't be opened.", ""}, terminal);
-  if (!start.hasCompared && (file.empty() || !IsMissing(files, file))) {
-    const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
-    const auto rows = journal->Rows(plan.key);
-    if (!rows) return NoAnswer(address, journal->Failure(), terminal);
-    done = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Done, &JournalRow::state));
-    taken = static_cast<std::size_t>(std::ranges::count(*rows, RowState::Taken, &JournalRow::state));
-  }
   const std::size_t used = std::min(plan.rows.size(), done + taken), free = plan.rows.size() - used;
   terminal.out << (plan.isEndless ? "every radio gets the template" : std::to_string(plan.rows.size()) + " rows")
                << ": " << done << " done, " << taken << " taken";
@@ -259,8 +265,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   if (!start.isEntered) return ExitStatus::Failed; // something else changed while the user was asked
   if (choice.earlier == EarlierRows::StartOver && !start.hasCompared && start.lost.empty())
     terminal.err << "There is no earlier list, or it is the same: --start-over has no effect." << std::endl;
-  if (start.hasCompared && choice.earlier != EarlierRows::StartOver)
-    terminal.err << LineForChanges(start.changes) << std::endl;
+  if (start.hasCompared && choice.earlier != EarlierRows::StartOver) PrintChanges(start, terminal.err);
 
   Terminal shown{IsStandardOutput(arguments.logFile) ? terminal.err : terminal.out, terminal.err, terminal.in,
                  terminal.answersQuestions, terminal.showsProgress};

@@ -75,7 +75,8 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   }
   for (const auto& [radio, attempt] : PartlyWritten(*attempts))
     terminal.out << LineForPartlyWritten(attempt) << '\n';
-  return EndOutput(terminal);
+  const std::vector<JournalRow> outdated = OutdatedRowsOf(*journal, plan);
+  return print(LinesForOutdated(outdated, outdated.size()));
 }
 
 } // namespace mr4500x

@@ -3,6 +3,7 @@
 #include "conventions.h"
 #include "file_access.h"
 #include "input.h"
+#include "journal_queries.h"
 #include "machine.h"
 #include "messages.h"
 #include "output.h"
@@ -231,8 +232,8 @@ JournalContent ReadJournal(const std::string& address, const std::string& plan) 
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::List);
   const auto rows = journal->Rows(plan);
   const auto attempts = rows ? journal->Attempts("") : std::nullopt;
-  if (!attempts) return {{}, {}, journal->Failure()};
-  return {*rows, *attempts, {}};
+  if (!attempts) return {{}, {}, {}, journal->Failure()};
+  return {*rows, *attempts, OutdatedRowsOf(*journal, plan), {}};
 }
 
 FleetSession::FleetSession(FileSystem& files, const std::string& settingsFile, std::shared_ptr<const Plan> plan,

@@ -65,9 +65,10 @@ struct FleetChoice {
 [[nodiscard]] std::vector<PortAddress> PortsWithDevice(FileSystem& files, const std::string& settingsFile);
 
 struct JournalContent {
-  std::vector<JournalRow> rows;  // of the plan
-  std::vector<Attempt> attempts; // of all plans
-  JournalFailure failure;        // without an error it was read
+  std::vector<JournalRow> rows;     // of the plan
+  std::vector<Attempt> attempts;    // of all plans
+  std::vector<JournalRow> outdated; // see OutdatedRowsOf
+  JournalFailure failure;           // without an error it was read
 };
 [[nodiscard]] JournalContent ReadJournal(const std::string& address, const std::string& plan);
 

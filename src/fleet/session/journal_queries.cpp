@@ -2,6 +2,7 @@
 
 #include "attempt_records.h"
 #include "file_access.h"
+#include "plan_changes.h"
 #include "sql_journal.h"
 #include "words.h"
 
@@ -118,6 +119,14 @@ std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, con
   for (const auto& [radio, attempt] : PartlyWritten(own))
     lines.push_back(LineForPartlyWritten(attempt));
   return lines;
+}
+
+std::vector<JournalRow> OutdatedRowsOf(Journal& journal, const std::string& plan) {
+  const PlanHistory all = journal.History({}).value_or(PlanHistory());
+  const auto head = std::ranges::find_if(all.plans, [&](const PlanHead& each) { return each.key.starts_with(plan); });
+  if (head == all.plans.end()) return {};
+  return OutdatedRows(journal.Rows(head->key).value_or(std::vector<JournalRow>()),
+                      journal.History(*head).value_or(PlanHistory()).rows);
 }
 
 OpenRadios OpenRadiosOf(const std::vector<Attempt>& attempts) {

@@ -29,6 +29,9 @@ enum class PlanChoice : std::uint8_t { One, AnyOrAll };
 
 // Whether the attempt is about the radio. Blanks at the end of a number do not count.
 [[nodiscard]] bool IsOfRadio(const Attempt& attempt, const std::string& idNumber);
+// The rows of earlier lists of the plan's template that are outdated. For "" the plan that was begun last.
+[[nodiscard]] std::vector<JournalRow> OutdatedRowsOf(Journal& journal, const std::string& plan);
+
 // All that is known of a radio, a line each. The attempts are those of all plans.
 [[nodiscard]] std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber);
 

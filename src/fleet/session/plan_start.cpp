@@ -62,12 +62,9 @@ PlanHead HeadOf(const Plan& plan) {
 }
 
 // For a plan that has begun before: its rows that are free, but that radios have got from a later plan.
-void CheckHeldElsewhere(PlanStart& start, const Plan& plan, Journal& journal, const std::vector<JournalRow>& others) {
-  if (plan.isEndless || others.empty()) return;
-  const auto rows = journal.Rows(plan.key);
-  if (!rows) return static_cast<void>(start.failure = journal.Failure());
+void CheckHeldElsewhere(PlanStart& start, const Plan& plan, const std::vector<JournalRow>& others) {
   std::set<std::size_t> free;
-  for (const JournalRow& row : *rows)
+  for (const JournalRow& row : start.changes.rows)
     if (row.state == RowState::Free) free.insert(row.row);
   std::vector<JournalRow> left = JournalRowsOf(plan);
   std::erase_if(left, [&](const JournalRow& row) { return !free.contains(row.row); });
@@ -76,7 +73,7 @@ void CheckHeldElsewhere(PlanStart& start, const Plan& plan, Journal& journal, co
   if (first != held.rows.end()) start.lost = HeldElsewhereReason(held.carriedOver, *first);
 }
 
-PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan, Journal& journal) {
+PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan, Journal& journal, bool listsRows) {
   PlanStart start;
   start.changes.rows = JournalRowsOf(plan);
   const auto history = MayExist(files, JournalOf(choice)) ? journal.History(HeadOf(plan)) : PlanHistory{};
@@ -85,7 +82,13 @@ PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan
     return start;
   }
   if (std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end()) {
-    CheckHeldElsewhere(start, plan, journal, history->rows);
+    start.isKnown = true;
+    const bool hasOthers = !plan.isEndless && !history->rows.empty();
+    if (!hasOthers && !listsRows) return start;
+    auto rows = journal.Rows(plan.key);
+    if (!rows) start.failure = journal.Failure();
+    start.changes.rows = std::move(rows).value_or(std::vector<JournalRow>());
+    if (hasOthers) CheckHeldElsewhere(start, plan, history->rows);
     return start;
   }
   start.lost = LostJournal(files, choice, plan, *history);
@@ -104,7 +107,7 @@ bool LeavesOpen(const PlanStart& start, EarlierRows chosen) {
 }
 
 PlanStart ComparePlan(FileSystem& files, const FleetChoice& choice, const Plan& plan) {
-  return Compare(files, choice, plan, *OpenJournal(JournalOf(choice), JournalUse::List));
+  return Compare(files, choice, plan, *OpenJournal(JournalOf(choice), JournalUse::List), true);
 }
 
 PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& plan,
@@ -113,7 +116,7 @@ PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& pl
   const std::string address = JournalOf(choice);
   const std::unique_ptr<Journal> journal = OpenJournal(address, JournalUse::Enter);
   for (int tries = 1;; ++tries) {
-    PlanStart start = Compare(files, choice, plan, *journal);
+    PlanStart start = Compare(files, choice, plan, *journal, false);
     const bool isFound = start.failure.error.empty();
     if (isFound && LeavesOpen(start, choice.earlier)) return start;
     const bool startsOver = choice.earlier == EarlierRows::StartOver;

@@ -35,6 +35,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr std::size_t MostRadios = 10; // that a question names
+
 // The plan from the files, and how it starts if it is still the shown one.
 struct Beginning {
   std::shared_ptr<const LoadedPlan> changed;
@@ -132,6 +134,7 @@ void FrmFleet::ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const Fl
   m_journal = JournalOf(choice);
   m_listedAt = 0;
   m_journalError.clear();
+  m_changes.clear();
   m_problems->clear();
   for (const std::string& problem : check->problems)
     m_problems->addItem(Shown(problem));
@@ -140,6 +143,18 @@ void FrmFleet::ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const Fl
   ShowState();
   RefreshRows();
   LoadOpenRadios();
+  if (check->problems.empty()) CompareWithEarlierLists(choice);
+}
+
+// Shows the rows that will carry over.
+void FrmFleet::CompareWithEarlierLists(const FleetChoice& choice) {
+  const auto work = [this, choice, plan = m_plan] { return ComparePlan(m_files, choice, plan->plan); };
+  RunInWorker(work, [this, plan = m_plan](const PlanStart& start) {
+    if (plan != m_plan || m_session || !start.hasCompared) return;
+    m_rows.Show(start.changes.rows);
+    m_changes = Shown(LineForChanges(start.changes));
+    ShowCounts();
+  });
 }
 
 // Those that a bench of this computer left in the journal before.
@@ -219,9 +234,10 @@ void FrmFleet::StartWith(EarlierRows earlier) {
 void FrmFleet::AskAboutEarlier(const PlanStart& start) {
   const bool isLost = !start.lost.empty();
   const QString changed = tr("The list has changed: %1. Rows that are carried over stay done.");
-  auto* const box = new QMessageBox(QMessageBox::Question, windowTitle(),
-                                    isLost ? Shown(start.lost) : changed.arg(Shown(LineForChanges(start.changes))),
-                                    QMessageBox::Cancel, this);
+  QString asked = isLost ? Shown(start.lost) : changed.arg(Shown(LineForChanges(start.changes)));
+  for (const std::string& line : LinesForOutdated(start.changes.outdated, MostRadios))
+    asked += QLatin1Char('\n') + Shown(line);
+  auto* const box = new QMessageBox(QMessageBox::Question, windowTitle(), asked, QMessageBox::Cancel, this);
   box->setAttribute(Qt::WA_DeleteOnClose);
   const auto add = [&](const QString& text, EarlierRows earlier) {
     QPushButton* const button = box->addButton(text, QMessageBox::AcceptRole);
@@ -243,6 +259,7 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
   ArrangeCards();
   m_tally = FleetTally(choice.ports.size());
   m_isStopping = false;
+  m_changes.clear();
   m_since.start();
   m_refresh.start();
   // Reports from the ports' threads are shown in this thread.
@@ -333,6 +350,7 @@ void FrmFleet::ShowCounts() {
   const int done = m_rows.Count(RowState::Done), taken = m_rows.Count(RowState::Taken), left = m_rows.rowCount() - done;
   QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
   if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
+  if (!m_changes.isEmpty()) text += tr("; the list has changed: %1").arg(m_changes);
   if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows:");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
   if (!m_open.Failed().empty()) text += tr("; radios not verified: %1").arg(m_open.Failed().size());

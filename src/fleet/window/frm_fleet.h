@@ -81,6 +81,7 @@ private:
   void ShowStatus(const PortStatus& status);
   void ShowConflict(const Attempt& attempt);
   void LoadOpenRadios();
+  void CompareWithEarlierLists(const FleetChoice& choice);
   void ChooseRow();                      // chooses the row that was typed or scanned
   void ShowCommand(const Attempt& note); // shows the result of a command
   void ShowFailed();
@@ -130,6 +131,7 @@ private:
   QTimer m_loadSoon, m_storeSoon, m_refresh;
   QElapsedTimer m_since;
   QString m_journalError; // error of the last query
+  QString m_changes;      // of a list that has not begun
   bool m_isStarting = false, m_isStopping = false, m_isRefreshing = false, m_refreshesAgain = false,
        m_closesAtEnd = false;
 };

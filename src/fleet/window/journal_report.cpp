@@ -64,6 +64,8 @@ QString HtmlOf(const QString& planName, const JournalContent& content) {
   QStringList partly;
   for (const auto& [radio, attempt] : PartlyWritten(content.attempts))
     partly.append(Shown(LineForPartlyWritten(attempt)).toHtmlEscaped() + QStringLiteral("<br>"));
+  for (const std::string& line : LinesForOutdated(content.outdated, content.outdated.size()))
+    partly.append(Shown(line).toHtmlEscaped() + QStringLiteral("<br>"));
   return QStringLiteral(
              "<h2>%1</h2><p>%2<br>%3</p><p><b>%4</b></p><table border='1' cellspacing='0' cellpadding='3' width='100%'>"
              "<thead>%5</thead>%6</table>")

@@ -266,7 +266,9 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   Put("rows.csv", "label,radio\nCar 0,LR-0\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
   QEvent activated(QEvent::WindowActivate);
   QCoreApplication::sendEvent(window.get(), &activated);
-  ASSERT_TRUE(Await([&] { return Label("lblCounts").contains(" of 4 rows done"); }));
+  const QString counts =
+      "2 of 4 rows done, 0 taken, 2 free; the list has changed: 2 done carried over, 1 new, 0 changed, 1";
+  ASSERT_TRUE(Await([&] { return Label("lblCounts").startsWith(counts); })) << Label("lblCounts").toStdString();
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Cards().filter("WAITING").size() == 3; }));
   EXPECT_EQ(Find<QListWidget>("lstFailed")->count(), 2) << "the start forgets the radio set aside, or the conflict";
@@ -315,14 +317,28 @@ TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
   EXPECT_EQ(LinesForRadio(attempts, "LR-1 ").back(), partly);
   QPrinter printer;
   printer.setOutputFileName(QString::fromStdString(Path("a.pdf")));
-  std::vector<Attempt> pages(60, attempts.back());
-  pages.back().text = "the last one";
-  EXPECT_TRUE(PrintJournal(printer, "taxi", {{}, pages, {}}));
+  // A row of an earlier list, which has changed since, and one that another list of the template has, too.
+  const auto journal = OpenJournal(Path("j.journal"), JournalUse::Enter);
+  const auto row = [](std::size_t number, const char* content, RowState state = RowState::Free) {
+    return JournalRow{number, "Car", "", state, "", number == 1 ? "LR-1" : "LR-2", "", -1, content};
+  };
+  EXPECT_TRUE(journal->Begin({"p1", "", "t", "1"}, {row(1, "a"), row(2, "b")}));
+  EXPECT_TRUE(journal->Begin({"p2", "", "t", "2"}, {row(1, "c"), row(2, "b", RowState::Done)}));
+  Attempt verified = attempts[1];
+  std::tie(verified.key, verified.plan, verified.row) = std::tuple("k", "p1", 1U);
+  EXPECT_TRUE(journal->Enter(verified));
+  JournalContent content = ReadJournal(Path("j.journal"), "p2");
+  content.attempts.assign(60, attempts.back());
+  content.attempts.back().text = "the last one";
+  EXPECT_TRUE(PrintJournal(printer, "taxi", content));
   QProcess words;
   words.start("pdftotext", {printer.outputFileName(), "-"});
   EXPECT_TRUE(words.waitForFinished());
   const QByteArray text = words.readAll();
-  EXPECT_TRUE(text.contains(partly.c_str()) && text.count("the last one") == 1) << text.toStdString();
+  for (const char* const part : {partly.c_str(), "Holds a row of an earlier list: row 1, Car, radio LR-1"})
+    EXPECT_TRUE(text.contains(part)) << part << text.toStdString();
+  EXPECT_EQ(text.count("the last one"), 1);
+  EXPECT_EQ(text.count("+14:00"), 60) << "once for each time: " << text.toStdString();
   qunsetenv("TZ");
 }
 
