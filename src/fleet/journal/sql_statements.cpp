@@ -109,7 +109,7 @@ const Dialect Sqlite = {.driver = "QSQLITE",
                         .takesSeveral = false};
 
 const Dialect PostgreSql = {.driver = "QPSQL",
-                            .package = "libqt6sql6-psql",
+                            .package = "libqt6sql6-psql; not available on Windows",
                             .onConnect = {},
                             .begin =
                                 "BEGIN ISOLATION LEVEL READ COMMITTED", // each statement sees the changes of others
