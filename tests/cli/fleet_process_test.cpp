@@ -178,6 +178,9 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_EQ(renamed.status, 1);
   EXPECT_TRUE(renamed.output.starts_with("This template has the journal ")) << renamed.output;
   EXPECT_FALSE(std::filesystem::exists(Path("b.journal")));
+  std::filesystem::create_directory(Path("job"));
+  std::filesystem::copy(file, Path("job/a.K4X"));
+  EXPECT_EQ(Cli("fleet --dry-run " + Path("job/a.K4X") + rows).status, 0) << "a copy of the same name is another job";
   std::filesystem::rename(Path("a.journal"), Path("b.journal"));
   EXPECT_EQ(Cli("fleet --dry-run " + Path("b.K4X") + rows).status, 0) << "it was renamed as well";
   const Ended missing = Fleet(rows + " --carry-over");

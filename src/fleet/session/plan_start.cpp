@@ -48,8 +48,10 @@ std::string LostJournal(FileSystem& files, const FleetChoice& choice, const Plan
   if (history.plans.empty() && !RememberedFor(files, address).empty()) return LostReason(address);
   if (std::ranges::find(history.plans, plan.templateKey, &PlanHead::templateKey) != history.plans.end()) return "";
   const std::string last = RememberedFor(files, plan.templateKey);
-  const bool isElsewhere = choice.journal.empty() && !last.empty() && last != address && MayExist(files, last);
-  if (isElsewhere) return RenamedReason(last);
+  // A copy under the same name in another folder is another job.
+  const bool isRenamed = choice.journal.empty() && !last.empty() && MayExist(files, last) &&
+                         PathOf(last).filename() != PathOf(address).filename();
+  if (isRenamed) return RenamedReason(last);
   const std::filesystem::path name = PathOf(plan.name).filename();
   const bool isChanged = !plan.isEndless && std::ranges::any_of(history.plans, [&](const PlanHead& earlier) {
     return earlier.isUsed && !earlier.templateKey.empty() && PathOf(earlier.name).filename() == name;

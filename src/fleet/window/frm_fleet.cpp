@@ -131,6 +131,7 @@ void FrmFleet::LoadChosenPlan() {
 
 void FrmFleet::ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const FleetChoice& choice) {
   m_plan = check;
+  RemoveCards(); // of another list
   m_journal = JournalOf(choice);
   m_listedAt = 0;
   m_journalError.clear();
@@ -250,8 +251,7 @@ void FrmFleet::AskAboutEarlier(const PlanStart& start) {
 }
 
 void FrmFleet::StartPorts(const FleetChoice& choice) {
-  qDeleteAll(m_cards);
-  m_cards.clear();
+  RemoveCards();
   for (const PortAddress& port : choice.ports)
     m_cards.push_back(
         new PortCard(Shown(DisplayName(port)), [this, index = m_cards.size()] { m_session->GoOn(index); }));
@@ -278,6 +278,10 @@ void FrmFleet::StartPorts(const FleetChoice& choice) {
 
 void FrmFleet::ShowStatus(const PortStatus& status) {
   m_cards[status.port]->Show(status);
+  if (status.row > 0 && status.row == m_chosen) { // the message about it is out of date
+    if (m_message->text() == m_choiceReply) ShowMessage({});
+    m_chosen = 0;
+  }
   if (m_tally.Record(status)) {
     if (status.state == PortState::Done) Beep(1);
     if (IsBad(status.state)) Beep(3);

@@ -93,6 +93,7 @@ private:
   void RefreshRows();
   void ShowCounts();
   void ArrangeCards();
+  void RemoveCards();
   [[nodiscard]] bool IsAtWork() const; // whether radios are being programmed
   void ShowState();                    // what can be done now
   void Beep(int times);
@@ -132,6 +133,8 @@ private:
   QElapsedTimer m_since;
   QString m_journalError; // error of the last query
   QString m_changes;      // of a list that has not begun
+  QString m_choiceReply;  // the last message about a chosen row
+  std::size_t m_chosen = 0;
   bool m_isStarting = false, m_isStopping = false, m_isRefreshing = false, m_refreshesAgain = false,
        m_closesAtEnd = false;
 };

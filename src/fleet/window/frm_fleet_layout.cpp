@@ -172,6 +172,12 @@ QLayout* FrmFleet::BuildButtons() {
   return line;
 }
 
+void FrmFleet::RemoveCards() {
+  qDeleteAll(m_cards);
+  m_cards.clear();
+  m_cardArea->hide();
+}
+
 // As many per row as fit the width of the window.
 void FrmFleet::ArrangeCards() {
   if (m_cards.empty()) return;

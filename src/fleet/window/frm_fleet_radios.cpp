@@ -21,7 +21,9 @@ void FrmFleet::ChooseRow() {
   const bool isChosen = row != nullptr && CanBeChosen(*row);
   if (isChosen) m_session->ChooseRow(row->row);
   Beep(isChosen ? 1 : 3); // a user with a scanner looks at the radio
-  ShowMessage(Shown(LineForChoice(row, text)));
+  m_chosen = isChosen ? row->row : 0;
+  m_choiceReply = Shown(LineForChoice(row, text));
+  ShowMessage(m_choiceReply);
 }
 
 void FrmFleet::ShowCommand(const Attempt& note) {

@@ -193,6 +193,7 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
 
 void PortCard::Show(const PortStatus& status) {
   // The result of the last radio stays visible when the port has nothing more to do.
+  if (status.state == PortState::Finished) m_goOn->hide();
   if (status.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) return;
   m_state = status.state;
   m_banner->Show(status.state);

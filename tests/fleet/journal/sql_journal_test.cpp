@@ -20,6 +20,7 @@
 #include <fstream>
 #include <future>
 #include <map>
+#include <set>
 #include <sstream>
 #include <thread>
 
@@ -75,7 +76,7 @@ struct SqlJournals : testing::TestWithParam<const char*> {
     Execute(QString("UPDATE fleet_bench SET heard = heard - %1 WHERE bench = '%2'").arg(seconds).arg(bench.c_str()));
   }
 
-  void TakeWhatAnotherTakesMeanwhile();
+  void MeetAnotherBench();
   void MoveTheFile(Journal& journal, const Attempt& attempt);
 
   int argumentCount = 0;
@@ -96,29 +97,53 @@ std::string TextOfRow(const JournalRow& row) {
   return number + state + row.bench + ' ' + row.idNumber + silence;
 }
 
-// The query for a free row sees the state from before it had to wait. The row must still not be given out.
-void SqlJournals::TakeWhatAnotherTakesMeanwhile() {
-  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"race", ""}, {NewRow(1), NewRow(2)}));
-  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->ReportAlive("Z"));
-  QSqlQuery other(Connect());
-  const char* const taking[] = {IsServer() ? "BEGIN" : "BEGIN IMMEDIATE",
-                                "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z', id_number = 'X'"
-                                " WHERE plan = 'race' AND number = 1"};
-  for (const char* const statement : taking)
-    ASSERT_TRUE(other.exec(statement));
-  auto claim = std::async(std::launch::async, [&] {
-    return OpenJournal(address, JournalUse::Enter)->ClaimRow(NewAttempt("race", "A", "X"), {});
-  });
-  const auto waits = [&] {
-    return !IsServer() || (other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next());
+// A statement sees the state from before it had to wait for another bench. What it then finds must still be true, and
+// it waits only if it must.
+void SqlJournals::MeetAnotherBench() {
+  const std::string take = "UPDATE fleet_row SET state = 'taken', bench = 'Z', claim = 'z', id_number = ";
+  const auto open = [this] { return OpenJournal(address, JournalUse::Enter); };
+  const auto claimed = [](const Claim& claim) {
+    const char* const kinds[] = {"row ", "done ", "none, ", "lost "};
+    return kinds[static_cast<int>(claim.kind)] + std::to_string(claim.row.row) + claim.row.bench;
   };
-  while (!waits() && claim.wait_for(0s) != std::future_status::ready) {
+  const struct {
+    const char* plan;
+    std::string other;                         // its statement, which is not yet committed
+    std::function<std::string(Attempt&)> call; // of bench A, which has row 1 for radio X in the middle two
+    bool takesFirst, waits;
+    const char* result;
+  } cases[] = {
+      {"its number gets a row", take + "'X'", [&](Attempt& attempt) { return claimed(open()->ClaimRow(attempt, {})); },
+       false, true, "none, 1Z"},
+      {"its row is taken away before the write", take + "'Q'",
+       [&](Attempt& attempt) { return std::to_string(static_cast<int>(open()->Renew(attempt.plan, 1, "A"))); }, true,
+       true, "1"},
+      {"its row is done by another radio",
+       "UPDATE fleet_row SET state = 'done', bench = 'Z', claim = '', id_number = 'Q'",
+       [&](Attempt& attempt) { return open()->Enter(attempt).value().text; }, true, true, "radio Q holds the row"},
+      {"another row is free", take + "'Q'", [&](Attempt& attempt) { return claimed(open()->ClaimRow(attempt, {})); },
+       false, false, "row 2A"},
+  };
+  for (const auto& [plan, statement, call, takesFirst, waits, result] : cases) {
+    SCOPED_TRACE(plan);
+    const auto journal = open();
+    ASSERT_TRUE(journal->Begin({plan, ""}, {NewRow(1), NewRow(2)}) && journal->ReportAlive("Z"));
+    Attempt attempt = NewAttempt(plan, "A", "X");
+    std::tie(attempt.row, attempt.outcome) = std::tuple(1U, AttemptOutcome::Verified);
+    ASSERT_TRUE(!takesFirst || journal->ClaimRow(attempt, {}).row.row == 1U);
+    QSqlQuery other(Connect());
+    ASSERT_TRUE(other.exec(IsServer() ? "BEGIN" : "BEGIN IMMEDIATE"));
+    ASSERT_TRUE(other.exec(QString::fromStdString(statement + " WHERE number = 1 AND plan = '" + plan + '\'')));
+    auto answer = std::async(std::launch::async, [&] { return call(attempt); });
+    const auto hasAnswer = [&] { return answer.wait_for(0s) == std::future_status::ready; };
+    while (IsServer() && !hasAnswer() && !(other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next())) {
+    }
+    EXPECT_TRUE(!IsServer() || hasAnswer() != waits);
+    ASSERT_TRUE(other.exec("COMMIT"));
+    EXPECT_EQ(answer.get(), result);
   }
-  ASSERT_TRUE(other.exec("COMMIT"));
-  const Claim found = claim.get();
-  EXPECT_EQ(found.kind, Claim::Kind::NoRow) << "one number has two rows";
-  EXPECT_EQ(std::to_string(found.row.row) + found.row.bench, "1Z");
-  EXPECT_FALSE(other.exec("UPDATE fleet_row SET state = 'done', id_number = 'X' WHERE plan = 'race' AND number = 2"));
+  EXPECT_FALSE(QSqlQuery(Connect()).exec("UPDATE fleet_row SET state = 'done', id_number = 'X' WHERE number = 2"))
+      << "one number has two rows";
 }
 
 TEST_P(SqlJournals, FollowTheRules) {
@@ -211,7 +236,7 @@ TEST_P(SqlJournals, FollowTheRules) {
       EXPECT_EQ(result(step.section(" = ", 0, 0).toStdString()), step.section(" = ", 1).toStdString())
           << step.toStdString();
   }
-  TakeWhatAnotherTakesMeanwhile();
+  MeetAnotherBench();
 }
 
 // Entries in a file that is not found again would be lost. `journal` has the file open.
@@ -394,6 +419,31 @@ TEST_P(SqlJournals, TakePasswordsFromTheirFilesAndSayWhyAServerRefuses) {
     EXPECT_EQ(journal->Failure().details.empty(), std::string(error).empty()) << each;
     EXPECT_EQ(journal->Failure().details.find("wrong"), std::string::npos);
   }
+}
+
+// Benches that make new rows at the same time wait for each other. None finds that its row exists.
+TEST_P(SqlJournals, MakeRowsForSeveralBenchesAtOnce) {
+  constexpr int Benches = 6, Rows = 6;
+  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"plan", ""}, {}));
+  std::vector<std::future<std::set<std::size_t>>> benches;
+  for (int bench = 0; bench < Benches; ++bench)
+    benches.push_back(std::async(std::launch::async, [this, name = std::to_string(bench)] {
+      std::vector<std::unique_ptr<Journal>> ports;
+      std::set<std::size_t> rows;
+      for (int port = 0; port < Rows; ++port) {
+        const Attempt attempt =
+            NewAttempt("plan", name + '-' + std::to_string(port), name + '-' + std::to_string(port));
+        const Claim claim =
+            ports.emplace_back(OpenJournal(address, JournalUse::Enter))->ClaimRow(attempt, {.isEndless = true});
+        EXPECT_EQ(claim.kind, Claim::Kind::Taken) << ports.back()->Failure().details;
+        rows.insert(claim.row.row);
+      }
+      return rows;
+    }));
+  std::set<std::size_t> all;
+  for (auto& bench : benches)
+    all.merge(bench.get());
+  EXPECT_EQ(all.size(), static_cast<std::size_t>(Benches * Rows));
 }
 
 // Three benches at once, and a server that crashes during their work.

@@ -261,6 +261,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   reported.clear();
 
   // Nor is it when the list gets another row, unless the user says so.
+  EXPECT_TRUE(Await([&] { return Find<QListWidget>("lstFailed")->count() == 2; })) << "set aside, and the conflict";
   QTest::mouseClick(Find<QPushButton>("cmdStop"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Label("lblMessage") == "All ports are finished."; }));
   Put("rows.csv", "label,radio\nCar 0,LR-0\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
@@ -269,6 +270,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   const QString counts =
       "2 of 4 rows done, 0 taken, 2 free; the list has changed: 2 done carried over, 1 new, 0 changed, 1";
   ASSERT_TRUE(Await([&] { return Label("lblCounts").startsWith(counts); })) << Label("lblCounts").toStdString();
+  EXPECT_EQ(Cards(), QStringList()) << "of the earlier list";
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Cards().filter("WAITING").size() == 3; }));
   EXPECT_EQ(Find<QListWidget>("lstFailed")->count(), 2) << "the start forgets the radio set aside, or the conflict";
