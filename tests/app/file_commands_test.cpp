@@ -129,6 +129,7 @@ TEST_F(ProgramTest, ReportsAFileThatCouldNotBeSaved) {
   EXPECT_EQ(HappenedAt("mnuFileSave"), Lines{"!|Save File Error|File hasn't been saved. Please try again!"});
   EXPECT_EQ(HappenedAt("mnuFileSaveAs", {}, "nowhere/b.K4X"),
             (Lines{"dialog Save As", "!|Save File Error|File hasn't been saved. Please redo!"}));
+  EXPECT_EQ(desktop.lastQuestion.folder, Path(""));
   EXPECT_EQ(Title(), TitleOf("a.K4X"));
   EXPECT_EQ(Recent(), Lines{" 1 " + Path("a.K4X")});
   EXPECT_TRUE(window->State().ModifiedFlag);

@@ -65,6 +65,8 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
 
   const Ended listed = Cli("fleet journal " + file);
   EXPECT_EQ(CountOf(listed.output, ": verified\n"), 3U) << listed.output;
+  const std::string elsewhere = Shell("TZ=XYZ-5 " MR4500X_CLI " fleet journal " + file).output;
+  EXPECT_NE(elsewhere, Shell("TZ=XYZ-6 " MR4500X_CLI " fleet journal " + file).output) << "the times are local";
   EXPECT_TRUE(Cli("fleet journal " + Path("a.journal") + " --csv -").output.starts_with("row,outcome,start,"));
   EXPECT_EQ(Fleet(" --count 1 --trace /proc/self/none").status, 1) << "nothing can be written there";
   EXPECT_EQ(Fleet(" --count 1 --log /proc/self/oom_score_adj").status, 1); // another plan; the log takes no text
@@ -135,15 +137,16 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
              {journal + " --reissue 4", 1, where + ": Row 4 is not in the plan.\n"},
              {journal + " --reissue 2 --plan 0x", 1, where + ": The journal has no such plan.\n"},
              {journal + " --reissue 2 --free 2", 2, ""}});
+  Cli(journal + " --note 2 'seen \x1b[2J'");
   EXPECT_TRUE(
       Cli(journal + " --reissue 2 --operator Ann").output.ends_with("  Ann: row 2, Car 1, radio LR-1: reissued\n"));
   EXPECT_TRUE(Cli(journal + " --note 1 'new aerial'").output.ends_with("  row 1, Car 3: note: new aerial\n"));
   EXPECT_EQ(rowsOf(""), "3 rows: 0 done, 0 taken, 3 free\n");
   const std::string radio = Cli(journal + " --radio LR-1").output;
   for (const char* const part : {": row 1, Car 1, radio LR-1: verified\n    firmware ", "    backup ", "done before\n",
-                                 "Ann: row 2, Car 1, radio LR-1: reissued\n"})
+                                 "Ann: row 2, Car 1, radio LR-1: reissued\n", ": note: seen "})
     EXPECT_EQ(CountOf(radio, part), 1U) << part << radio;
-  EXPECT_EQ(CountOf(radio, "Holds ") + CountOf(radio, "note"), 0U) << radio;
+  EXPECT_EQ(CountOf(radio, "Holds ") + CountOf(radio, "note: new") + CountOf(radio, "\x1b"), 0U) << radio;
   Put("rows.csv", heading + "Car 9,446.1\nCar 1,446.00625\n");
   EXPECT_EQ(rowsOf(""), "0 done carried over, 1 new, 0 changed, 1 not done\n2 rows: 0 done, 0 taken, 2 free\n");
   const std::string statistics = Cli(journal + " --statistics").output;

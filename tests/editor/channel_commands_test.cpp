@@ -179,6 +179,10 @@ TEST_F(CommandsTest, SelectedChannelsAreUsedTogetherByACommandOrByOneBox) {
   Key(Qt::Key_U, Qt::ControlModifier);
   click("chkTx(0)");
   EXPECT_EQ(ticked("chkCH") + ticked("chkTx"), "2 1 ") << "a box of no selected channel is its own";
+  ClickLabel(2);
+  ClickLabel(3, Qt::ControlModifier);
+  click("chkTx(2)");
+  EXPECT_EQ(ticked("chkCH") + ticked("chkTx"), "2 1 3 ") << "a grey box stays as it is";
 }
 
 TEST_F(CommandsTest, FillDownListsAllChannelsThatRefuse) {

@@ -31,6 +31,7 @@ struct DialogTest : ChannelTest {
 
 TEST_F(DialogTest, SetTheCell) {
   const std::map<std::string, int> columns = {{"receive", 4}, {"transmit", 10}, {"group", 14}};
+  std::map<std::string, int> lefts;
   for (const Row& row :
        RowsOf(CASES "dialog_cells.txt",
               "[^:]+: (TTS|5 Tone), (\\w+) (.*?), \\[(.*)\\] \\[(.*)\\] (\\S+) -> (.*?)(?: \\| (.*))?")) {
@@ -43,6 +44,7 @@ TEST_F(DialogTest, SetTheCell) {
         [&, &field = field, &option = option, &entry = entry, &end = end](QDialog& dialog) {
           auto* const list = dialog.findChild<QComboBox*>(name.c_str());
           auto* const code = dialog.findChild<QLineEdit*>("txtFiveSig");
+          lefts[field] = dialog.x();
           if (!option.empty()) Press(dialog, option);
           if (!entry.empty() && field != "transmit") {
             EXPECT_TRUE(list->isEnabled());
@@ -62,6 +64,7 @@ TEST_F(DialogTest, SetTheCell) {
     EXPECT_EQ(Cell(2, columns.at(field)), result);
     EXPECT_EQ(messages.Taken(), ErrorMessage(error));
   }
+  EXPECT_LT(lefts["receive"], lefts["transmit"]) << "near its column";
 }
 
 } // namespace

@@ -114,6 +114,15 @@ TEST_F(ChannelTest, TabOpensTheNextCellThatHasAnEditor) {
   QTest::keyClicks(&tone, "88.5");
   QTest::keyClick(&tone, Qt::Key_Tab);
   EXPECT_EQ(Cell(16, 9), "CTC88.5");
+  Click(16, 9);
+  QTest::keyClicks(&tone, "7");
+  const int interval = QApplication::keyboardInputInterval();
+  QApplication::setKeyboardInputInterval(0); // the user pauses, and begins again
+  QTest::qWait(2);
+  QTest::keyClicks(&tone, "8");
+  QApplication::setKeyboardInputInterval(interval);
+  QTest::keyClick(&tone, Qt::Key_Tab);
+  EXPECT_EQ(Cell(16, 9), "CTC82.5");
   EXPECT_TRUE(tone.isHidden() && frequency.isHidden() && grid.hasFocus()) << "after the last one";
 }
 

@@ -33,7 +33,7 @@ public:
   bool hasModes = true, canCreate = true, canRename = true, canWrite = true; // properties of a network share
   enum class Locks { All, OfWriters, None } locks = Locks::All;
   std::function<void(Path path, FileStatus& status)> alter = [](Path, FileStatus&) {};
-  std::function<void(Handle)> beforeLock = [](Handle) {}; // once
+  std::function<void(Handle)> beforeLock; // once
   std::function<void()> beforeSync = [] {};
   int calls = 0;
   int writtenInPlace = 0;
@@ -73,7 +73,7 @@ public:
     m_real.Close(file);
   }
   LockOutcome Lock(Handle file) override {
-    std::exchange(beforeLock, [](Handle) {})(file);
+    if (beforeLock) std::exchange(beforeLock, nullptr)(file);
     if (locks == Locks::None || (locks == Locks::OfWriters && IsReader(file))) return LockOutcome::NotPossible;
     return Try(&FileSystem::Lock, file);
   }

@@ -52,7 +52,6 @@ void QtProgressView::Close() {
   if (!m_window) return;
   m_window->hide(); // deleting a visible window closes it first, and the input filter refuses closing
   m_window.reset();
-  m_bar = nullptr;
 }
 
 } // namespace mr4500x

@@ -4,6 +4,7 @@
 #include "attempt_records.h"
 #include "postgres_server.h"
 #include "rows.h"
+#include "sql_failure.h"
 #include "sql_statements.h"
 
 #include <QCoreApplication>
@@ -380,6 +381,15 @@ TEST_P(SqlJournals, NeedFewRoundTrips) {
   const int listed = statements();
   EXPECT_EQ(journal->ClaimRow(NewAttempt("p", "A", "X"), {}).row.row, 1U);
   EXPECT_LE(statements() - listed, 3);
+}
+
+TEST(SqlFailureWords, NameTheFailureOfAFile) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"5", "Another bench is using the journal."},    {"517", "Another bench is using the journal."},
+      {"8", "The journal is write-protected."},        {"13", "The disk of the journal is full."},
+      {"2067", "The journal already has this entry."}, {"26", "The file is not a journal."}};
+  for (const auto& [code, words] : cases)
+    EXPECT_STREQ(WordsFor(QSqlError("", "", QSqlError::StatementError, code), false).words, words) << code;
 }
 
 // The user's file of passwords, and list of services.
