@@ -78,6 +78,17 @@ TEST_F(FileSystemTest, ReplacesAFileInOneStepWhileTheNewOneIsOpen) {
   machine.Close(*reader);
 }
 
+// Where drives have names, the name after a colon is a part of a file that its folder does not show.
+TEST_F(FileSystemTest, SavesNothingThatTheFolderDoesNotShow) {
+  const bool hasDrives = Separator == '\\';
+  Put("old", "old");
+  for (const char* name : {"12:30.K4X", "old:x", "old::$DATA", "o:x"}) {
+    const FileResult saved = SaveDataFile(machine, Path(name), RadioImage());
+    EXPECT_EQ(saved.error == std::errc::invalid_argument, hasDrives) << name << ": " << saved.Reason();
+  }
+  EXPECT_EQ(Content("old"), "old");
+}
+
 TEST_F(FileSystemTest, LocksAFileOnceAndLetsOthersReadIt) {
   Put("file", "text");
   const auto first = machine.OpenToWrite(Path("file"), 0600), second = machine.OpenToRead(Path("file"));

@@ -43,8 +43,9 @@ bool IsOpenElsewhere(DWORD error) {
 // Sets errno to the reason of the last failure.
 bool Fail() {
   const DWORD error = GetLastError();
-  errno = IsOpenElsewhere(error) ? ETXTBSY
-                                 : std::system_category().default_error_condition(static_cast<int>(error)).value();
+  const std::error_condition reason = std::system_category().default_error_condition(static_cast<int>(error));
+  const bool hasReason = reason.category() == std::generic_category();
+  errno = IsOpenElsewhere(error) ? ETXTBSY : hasReason ? reason.value() : EIO;
   return false;
 }
 
@@ -55,6 +56,14 @@ bool Done(BOOL result) {
 bool IsMissing(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
          error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME;
+}
+
+// "file:stream" is a hidden part of a file, which is not shown in its folder and gets lost in copies. "C:" is a drive.
+bool IsStream(std::string_view path) {
+  const std::size_t name = path.find_last_of(Separators) + 1; // 0 without a folder
+  const std::size_t colon = path.find(':', name);
+  const bool isDrive = colon == name + 1 && (name == 0 || colon + 1 == path.size());
+  return path.find(':', isDrive ? colon + 1 : name) != std::string_view::npos;
 }
 
 // A mounted folder is also a link. Other reparse points, such as files in a cloud, are files.
@@ -108,6 +117,10 @@ bool WithTries(Call call) {
 class WindowsFileSystem final : public FileSystem {
 public:
   std::optional<FileStatus> Status(const std::string& path) override {
+    if (IsStream(path)) {
+      errno = EINVAL;
+      return std::nullopt;
+    }
     const std::wstring wide = WidePath(path);
     const HANDLE file = OpenNative(wide, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
     if (file == INVALID_HANDLE_VALUE) {
