@@ -1,5 +1,6 @@
 #include "program.h"
 
+#include "conventions.h"
 #include "file_access.h"
 #include "machine.h"
 #include "paths.h"
@@ -43,7 +44,7 @@ Program::Program()
       }),
       m_frmMain({m_messages, m_progress, m_dialogs, m_fonts, m_help, m_printers, m_files,
                  m_trace.is_open() ? static_cast<SerialPort&>(m_tracedPort) : *m_port, m_clock, m_input, m_practice,
-                 m_settingsFile, FolderForFiles(), UserStateFolder() + "/kept", LocalNow,
+                 m_settingsFile, FolderForFiles(), UserStateFolder() + Separator + "kept", LocalNow,
                  [this](int port) { return DeviceOf(port).path; },
                  [](const std::string& device) { return UserOfDevice(device); }, StoreWindowGeometry, OpenLink}) {}
 

@@ -1,5 +1,6 @@
 #include "kept_copies.h"
 
+#include "conventions.h"
 #include "file_access.h"
 #include "text.h"
 
@@ -141,16 +142,16 @@ std::vector<KeptFile> CopiesPutAside(FileSystem& files, const std::string& folde
     std::string at = name.substr(0, TimePattern.size());
     for (std::size_t i = 0; i < at.size(); ++i)
       if (!IsDigit(TimePattern[i])) at[i] = TimePattern[i];
-    copies.push_back({folder + '/' + name, at, ReadKeptCopy(files, folder + '/' + name)});
+    copies.push_back({folder + Separator + name, at, ReadKeptCopy(files, folder + Separator + name)});
   }
   return copies;
 }
 
 std::string KeptCopies::LockPath(const std::string& number) const {
-  return m_folder + '/' + std::string(SessionPrefix) + number + std::string(LockSuffix);
+  return m_folder + Separator + std::string(SessionPrefix) + number + std::string(LockSuffix);
 }
 std::string KeptCopies::CopyPath(const std::string& number) const {
-  return m_folder + '/' + std::string(SessionPrefix) + number + std::string(CopySuffix);
+  return m_folder + Separator + std::string(SessionPrefix) + number + std::string(CopySuffix);
 }
 
 KeptCopies::~KeptCopies() {
@@ -308,9 +309,9 @@ void KeptCopies::PutLeftAside() {
 
 std::optional<std::string> KeptCopies::PutAside(const Session& session) {
   const std::string name = NameOf(session.at) + '_' + HexText(m_files.UnpredictableNumber()) + std::string(CopySuffix);
-  if (!m_files.Rename(CopyPath(session.number), m_folder + '/' + name)) return std::nullopt;
+  if (!m_files.Rename(CopyPath(session.number), m_folder + Separator + name)) return std::nullopt;
   Prune(name);
-  return m_folder + '/' + name;
+  return m_folder + Separator + name;
 }
 
 // The lock file is removed before another process can hold it.
@@ -324,7 +325,7 @@ void KeptCopies::Prune(const std::string& newest) {
   std::erase_if(names, [&](const std::string& name) { return !IsPutAside(name) || name == newest; });
   std::sort(names.begin(), names.end(), std::greater<>());
   for (std::size_t i = MostPutAside - 1; i < names.size(); ++i)
-    static_cast<void>(m_files.Remove(m_folder + '/' + names[i]));
+    static_cast<void>(m_files.Remove(m_folder + Separator + names[i]));
 }
 
 } // namespace mr4500x
