@@ -78,7 +78,7 @@ TEST_F(FileSystemTest, ReplacesAFileInOneStepWhileTheNewOneIsOpen) {
   machine.Close(*reader);
 }
 
-// Where drives have names, the name after a colon is a part of a file that its folder does not show.
+// A system whose drives have names takes a name after a colon for a part of a file. The folder does not show that part.
 TEST_F(FileSystemTest, SavesNothingThatTheFolderDoesNotShow) {
   const bool hasDrives = Separator == '\\';
   Put("old", "old");
