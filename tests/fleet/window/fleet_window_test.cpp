@@ -259,6 +259,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_TRUE(reported.size() == 1 && reported[0].startsWith("Two radios have one row"))
       << reported.join(' ').toStdString();
   reported.clear();
+  EXPECT_TRUE(Await([&] { return Find<QListWidget>("lstFailed")->count() == 2; })) << "COM3 may be the last";
 
   // Nor is it when the list gets another row, unless the user says so.
   EXPECT_TRUE(Await([&] { return Find<QListWidget>("lstFailed")->count() == 2; })) << "set aside, and the conflict";
