@@ -15,7 +15,7 @@ public:
 
   // The last attempt of each radio that was left unverified, by identity number. A radio without a row is not one.
   [[nodiscard]] const std::map<std::string, Attempt>& Failed() const { return m_failed; }
-  // Of each radio that may be only partly programmed: its write failed, or was begun by a bench that died.
+  // The last attempt of each radio that may be only partly programmed: its write failed, or its bench died during it.
   [[nodiscard]] const std::map<std::string, Attempt>& PartlyWritten() const { return m_partlyWritten; }
   // Entries about failed commands, by key.
   [[nodiscard]] const std::map<std::string, Attempt>& Notes() const { return m_notes; }
@@ -24,7 +24,7 @@ private:
   std::map<std::string, Attempt> m_failed, m_partlyWritten, m_notes;
 };
 
-// Dismissed radios too, because what a radio holds does not depend on a person's decision.
+// Includes dismissed radios, because what a radio holds does not depend on a person's decision.
 [[nodiscard]] std::map<std::string, Attempt> PartlyWritten(const std::vector<Attempt>& attempts);
 
 } // namespace mr4500x

@@ -66,7 +66,7 @@ TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
   }
 }
 
-// With what an earlier bench has left in the journal, too.
+// The attempts may also be those that an earlier bench has left in the journal.
 TEST(OpenRadiosTest, StayUntilTheyAreVerifiedOrDismissed) {
   const auto names = [](const std::map<std::string, Attempt>& attempts) {
     std::string text;
