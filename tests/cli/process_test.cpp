@@ -5,6 +5,7 @@
 
 #include <map>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace mr4500x {
@@ -193,9 +194,13 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
   EXPECT_TRUE(Content("memory") == memory && !std::filesystem::exists(Path("kept")));
   Shell("mkfifo " + pipe);
   expect(tool + "identify 3 --trace " + pipe, pipe + ": No such device or address\n");
-  expect("cat " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe, "ID Number");
-  EXPECT_GE(CountOf(Content("trace"), "computer 72 45 41 44\n"), 1U);
-  expect("head -c 1 " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe,
+  const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  expect(tool + "identify 3 --trace " + pipe, "ID Number");
+  std::string trace(10'000, '\0');
+  EXPECT_GT(read(reader, trace.data(), trace.size()), 0);
+  close(reader);
+  EXPECT_GE(CountOf(trace, "computer 72 45 41 44\n"), 1U);
+  expect("timeout 5 head -c 1 " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe,
          "ID Number");
   StartRadio("", "memory2");
   PutPortDevices("MR4500X.ini", "COM3=" + first + "\nCOM5=" + port + "\n");
