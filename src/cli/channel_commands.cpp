@@ -3,6 +3,7 @@
 #include "channel_list.h"
 #include "columns.h"
 #include "tone_codes.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <ostream>
@@ -35,6 +36,8 @@ ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool sk
   if (!text) return ExitStatus::Failed;
   return ChangeFile(files, given, terminal, [&](RadioImage& image, std::set<FieldAt>& named) {
     const std::string name = NameOfSource(given.input) + ':';
+    if (DecodedText(*text).find('\0') != std::string::npos) // a cell would take it for a blank
+      return Refuse(terminal, name + " has a zero byte");
     ChannelList list = ReadChannelList(*text, PointTexts());
     ImportGoodRows(image, list);
     for (const std::string& bad : TextsOf(list.bad))

@@ -97,10 +97,14 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
 ExitStatus OpenTrace(const Call& call, const std::string& device, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;
-  for (const std::string& used : {call.file, call.other, call.backup, device})
-    if (path == used || LeadsToInput(call.files, path, used) || IsAlsoStandardOutput(path) || HasDataFileEnding(path))
-      return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");
   std::error_code unknown;
+  RadioImage unused;
+  bool isUsed = IsAlsoStandardOutput(path) || HasDataFileEnding(path) ||
+                (std::filesystem::is_regular_file(PathOf(path), unknown) &&
+                 LoadDataFile(call.files, path, unused).outcome == LoadOutcome::Loaded);
+  for (const std::string& used : {call.file, call.other, call.backup, device})
+    isUsed = isUsed || path == used || LeadsToInput(call.files, path, used);
+  if (isUsed) return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");
   const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
   const OpenFile pipe(call.files, isPipe ? call.files.OpenToWrite(path, 0666) : std::nullopt);
   if (!isPipe || pipe) trace.open(PathOf(path), std::ios::app);

@@ -2,6 +2,7 @@
 
 #include "changes.h"
 #include "configuration_json.h"
+#include "field_patterns.h"
 
 #include <nlohmann/json.hpp>
 
@@ -37,11 +38,10 @@ std::string PatchOf(const RadioImage& before, const RadioImage& after) {
   for (std::size_t count = SIZE_MAX; count != fields.size();) { // until no change has another consequence
     count = fields.size();
     RadioImage changed = WithStandard(before);
-    std::vector<Assignment> changes;
-    changes.reserve(fields.size());
-    for (const FieldAt at : fields)
-      changes.push_back({at, ValueOf(wanted, at), true});
-    static_cast<void>(ApplyChanges(changed, changes, texts));
+    const Changes changes = ReadChanges(PartJson(wanted, fields));
+    for (const RefusedValue& refused : ApplyChanges(changed, changes.assignments, texts)) // without others, as its step
+      for (const FieldAt at : AllFields())
+        if (at.field->group == refused.at.field->group && at.entry == refused.at.entry) fields.insert(at);
     for (const Difference& difference : CompareImages(changed, after, texts).settings)
       fields.insert(difference.at);
   }

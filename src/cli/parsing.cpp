@@ -57,7 +57,7 @@ std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
     if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
   }
   for (const std::string& word : app.remaining(true))
-    if (word.starts_with('-')) // after "-=" the flags before it are missing
+    if (word.starts_with('-') && word != "--") // after "-=" the flags before it are missing
       return Printable(word) + (word.starts_with("-=") ? ": an option before it takes no value" : ": unknown option");
   return "";
 }
@@ -69,6 +69,18 @@ std::string EmptyValue(std::span<char* const> words) {
     if (word.starts_with("--") && word.find('=') == word.size() - 1)
       return Printable(word.substr(0, word.size() - 1)) + ": is empty";
   }
+  return "";
+}
+
+// The message for a word in brackets that the parser has split at its commas, or "".
+std::string SplitWord(const CLI::App* at, std::span<char* const> words) {
+  std::vector<std::string> values;
+  for (; at != nullptr; at = at->get_subcommands().empty() ? nullptr : at->get_subcommands().front())
+    for (const CLI::Option* const option : at->get_options())
+      values.insert(values.end(), option->results().begin(), option->results().end());
+  for (const std::string_view word : words)
+    if (word.starts_with('[') && word.ends_with(']') && std::ranges::find(values, word) == values.end())
+      return Printable(word) + ": can't be in brackets";
   return "";
 }
 
@@ -93,7 +105,8 @@ std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& 
   if (const std::string empty = EmptyValue(words); !empty.empty()) return Refuse(terminal, empty);
   try {
     app.parse(argc, argv);
-    return std::nullopt;
+    const std::string split = SplitWord(&app, words);
+    return split.empty() ? std::nullopt : std::optional(Refuse(terminal, split));
   } catch (const CLI::ParseError& error) {
     const bool isHelp = error.get_exit_code() == 0;
     std::string unknown = UnknownCommand(&app, words);

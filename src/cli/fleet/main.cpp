@@ -8,6 +8,7 @@
 #include "parsing.h"
 #include "processes.h"
 #include "settings.h"
+#include "utf8.h"
 
 #include <QCoreApplication>
 
@@ -25,6 +26,10 @@ std::string PortProblem(const std::string& text) {
 std::string NumberProblem(const std::string& text) {
   const bool isNumber = !text.starts_with('0') && ParseWhole(text);
   return isNumber ? "" : text + " is not a whole number from 1 to 999999999";
+}
+
+std::string Utf8Problem(const std::string& text) {
+  return FromUtf8(text) ? "" : "is not valid UTF-8";
 }
 
 constexpr char AddressHelp[] = "the file of the journal, or postgresql://user@host:port/database";
@@ -67,7 +72,8 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
       ->add_flag_callback("--start-over", choose(EarlierRows::StartOver),
                           "if the list or the template has changed, or the journal is missing: give all rows out again")
       ->excludes(carryOver);
-  AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
+  AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal")
+      ->check(Utf8Problem);
   AddOption(fleet, "--on-verified", choice.onVerified, "COMMAND",
             "run this for each verified radio, with its journal entry as JSON on standard input");
   AddOption(fleet, "--trace", choice.traceFolder, "FOLDER",
@@ -101,13 +107,17 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
     };
     return journal->add_option_function<std::vector<std::string>>(name, set, about)
         ->type_name(type)
+        ->allow_extra_args(false) // would remove brackets around a note
         ->check(CLI::Validator(NumberProblem, "").application_index(0));
   };
   decide("--free", AttemptOutcome::Freed, "ROW", "free a row that a bench has taken")->expected(1);
   decide("--reissue", AttemptOutcome::Reissued, "ROW", "give a row out again that is done")->expected(1);
-  decide("--note", AttemptOutcome::Note, "ROW TEXT", "enter a note about a row")->expected(2);
+  decide("--note", AttemptOutcome::Note, "ROW TEXT", "enter a note about a row")
+      ->expected(2)
+      ->check(CLI::Validator(Utf8Problem, "").application_index(1));
   AddOption(journal, "--operator", arguments.choice.operatorName, "NAME",
-            "the operator's name, for the entry about a row");
+            "the operator's name, for the entry about a row")
+      ->check(Utf8Problem);
   journal->footer("Example: mr4500x-cli fleet journal radio.K4X --radio LR7200-000004217\n"
                   "Exit status: 0 done, 1 failed, 2 unusable arguments");
   ExcludeEachOther(*journal, {"--radio", "--statistics", "--free", "--reissue", "--note"});
