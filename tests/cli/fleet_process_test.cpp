@@ -164,7 +164,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   Put("rows.csv", heading + "Car 3,446.7\n");
   const std::string old = "\nHolds a row of an earlier list: row 1, Car 3, radio LR-1\n";
   EXPECT_EQ(rowsOf(""), "0 done carried over, 0 new, 1 changed" + old + "1 rows: 0 done, 0 taken, 1 free\n");
-  // The list before it has that row left, too.
+  // The list before it also has that row left.
   Put("rows.csv", heading + "Car 3,446.1\nCar 1,446.00625\nCar 2,446.2\n");
   const Ended older = Fleet(rows);
   EXPECT_EQ(older.status, 1);
