@@ -49,7 +49,8 @@ bool IsSamePlan(const PlanCheck& a, const PlanCheck& b) {
 
 std::shared_ptr<const LoadedPlan> Load(FileSystem& files, const FleetChoice& choice) {
   const std::string content = ContentOf(files, choice); // a later change is noticed at the start
-  return std::make_shared<const LoadedPlan>(LoadPlan(files, choice, BuildFieldTexts('.'), nullptr), content);
+  return std::make_shared<const LoadedPlan>(
+      LoadedPlan{LoadPlan(files, choice, BuildFieldTexts('.'), nullptr), content});
 }
 
 } // namespace
