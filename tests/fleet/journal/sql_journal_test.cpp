@@ -135,7 +135,7 @@ void SqlJournals::MeetAnotherBench() {
     QSqlQuery other(Connect());
     ASSERT_TRUE(other.exec(IsServer() ? "BEGIN" : "BEGIN IMMEDIATE"));
     ASSERT_TRUE(other.exec(QString::fromStdString(statement + " WHERE number = 1 AND plan = '" + plan + '\'')));
-    auto answer = std::async(std::launch::async, [&] { return call(attempt); });
+    auto answer = std::async(std::launch::async, [&, &call = call] { return call(attempt); });
     const auto hasAnswer = [&] { return answer.wait_for(0s) == std::future_status::ready; };
     while (IsServer() && !hasAnswer() && !(other.exec("SELECT 1 FROM pg_locks WHERE NOT granted") && other.next())) {
     }
