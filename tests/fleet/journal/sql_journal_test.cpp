@@ -436,6 +436,7 @@ TEST_P(SqlJournals, MakeRowsForSeveralBenchesAtOnce) {
   constexpr int Benches = 6, Rows = 6;
   ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"plan", ""}, {}));
   std::vector<std::future<std::set<std::size_t>>> benches;
+  benches.reserve(Benches);
   for (int bench = 0; bench < Benches; ++bench)
     benches.push_back(std::async(std::launch::async, [this, name = std::to_string(bench)] {
       std::vector<std::unique_ptr<Journal>> ports;
