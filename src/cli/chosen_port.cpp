@@ -98,10 +98,9 @@ ExitStatus OpenTrace(const Call& call, const std::string& device, std::ofstream&
   const std::string& path = call.trace;
   if (path.empty()) return Done;
   std::error_code unknown;
-  RadioImage unused;
-  bool isUsed = IsAlsoStandardOutput(path) || HasDataFileEnding(path) ||
-                (std::filesystem::is_regular_file(PathOf(path), unknown) &&
-                 LoadDataFile(call.files, path, unused).outcome == LoadOutcome::Loaded);
+  const bool isFile = std::filesystem::is_regular_file(PathOf(path), unknown);
+  bool isUsed =
+      IsAlsoStandardOutput(path) || HasDataFileEnding(path) || (isFile && HoldsConfiguration(call.files, path));
   for (const std::string& used : {call.file, call.other, call.backup, device})
     isUsed = isUsed || path == used || LeadsToInput(call.files, path, used);
   if (isUsed) return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");

@@ -44,8 +44,7 @@ bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::
   std::error_code failed; // a missing file can't be overwritten
   if (std::filesystem::equivalent(PathOf(dataFile), PathOf(target), failed)) return true;
   if (HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(target), failed)))) return true;
-  RadioImage unused;
-  return LoadDataFile(files, target, unused).outcome == LoadOutcome::Loaded;
+  return HoldsConfiguration(files, target);
 }
 
 // Prints the settings that have changed with the named ones. For example, a new lower limit resets all channels.
@@ -96,6 +95,11 @@ std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::stri
   if (failure.empty()) return std::move(input.text);
   Fail(terminal, NameOfSource(path) + ": " + failure);
   return std::nullopt;
+}
+
+bool HoldsConfiguration(FileSystem& files, const std::string& path) {
+  RadioImage unused;
+  return LoadDataFile(files, path, unused).outcome == LoadOutcome::Loaded;
 }
 
 bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input) {

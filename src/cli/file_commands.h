@@ -42,6 +42,9 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 [[nodiscard]] std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path,
                                                             Terminal& terminal);
 
+// Whether the file can be loaded as a data file, whatever its name.
+[[nodiscard]] bool HoldsConfiguration(FileSystem& files, const std::string& path);
+
 // Whether writing to the path would change the input, even if that is a file at standard input.
 [[nodiscard]] bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input);
 
