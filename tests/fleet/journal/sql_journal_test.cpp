@@ -344,16 +344,21 @@ TEST_P(SqlJournals, DoNotHangWithTheirServer) {
     return;
   }
   auto journal = OpenJournal(address, JournalUse::Enter);
-  ASSERT_TRUE(journal->Begin({"p", ""}, {NewRow(1), NewRow(2)}));
+  const auto other = OpenJournal(address, JournalUse::Enter);
+  ASSERT_TRUE(journal->Begin({"p", ""}, {NewRow(1), NewRow(2)}) && other->ReportAlive("B"));
   QElapsedTimer time;
   time.start();
   m_server->Pause();
+  auto longList = std::async(std::launch::async, [&] { // may take a second longer
+    return other->Begin({"q", ""}, std::vector(2500, NewRow(1))) || time.elapsed() < 5000;
+  });
   const Attempt attempt = NewAttempt("p", "A", "X");
   EXPECT_EQ(journal->ClaimRow(attempt, {}).kind, Claim::Kind::Lost);
   EXPECT_EQ(journal->Enter(attempt), std::nullopt);
   EXPECT_EQ(journal->Failure().error, "The database does not answer.");
   journal.reset();
   EXPECT_LT(time.elapsed(), 5000);
+  EXPECT_FALSE(longList.get());
   m_server->Resume();
   journal = OpenJournal(address, JournalUse::Enter);
   // The server keeps the row locked for the connection that was given up until it notices its end.

@@ -1,11 +1,13 @@
 // The reports as PDF files, read back with poppler's tools: the pages as pictures.
 #include "file_access.h"
 #include "files_fixture.h"
+#include "page_printer.h"
 #include "pdf_printer.h"
 #include "report_fixture.h"
 #include "report_pages.h"
 
 #include <QImage>
+#include <QPdfWriter>
 
 #include <gtest/gtest.h>
 
@@ -24,6 +26,20 @@ protected:
     PdfPrinter printer = MakePrinter();
     return PrintReports(printer, TextsOf(values, text), choice);
   }
+};
+
+struct OnePage final : QPdfWriter {
+  using QPdfWriter::QPdfWriter;
+  bool newPage() override { return false; }
+};
+
+struct OnePagePrinter final : PagePrinter {
+  std::optional<std::string> BeginJob(const std::string& title) override {
+    return BeginOn(page) ? std::nullopt : std::optional(title);
+  }
+  std::optional<std::string> EndJob() override { return std::nullopt; }
+  void AbandonJob() override { EXPECT_TRUE(EndPainting()); }
+  OnePage page{QStringLiteral("/dev/null")};
 };
 
 // The greatest difference in mean grey, of 255, between the pictures' squares. A missing or moved short text makes a
@@ -79,6 +95,9 @@ TEST_F(PdfPrinterTest, AFailureLeavesTheOldFile) {
   files.unwritable.insert(Path("out.pdf"));
   EXPECT_EQ(Print(NewValues(), {}, {false, true, false}), "The PDF file " + Path("out.pdf") + " can't be written.");
   EXPECT_EQ(Content("out.pdf"), "old");
+  OnePagePrinter onePage;
+  const auto failure = PrintReports(onePage, TextsOf(NewValues(), {}), {true, true, false});
+  EXPECT_EQ(failure, "The printer does not take a further page.");
 }
 
 } // namespace
