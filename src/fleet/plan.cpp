@@ -27,14 +27,15 @@ public:
       : m_check(check), m_texts(texts), m_sha256(sha256) {}
 
   void Read(std::string_view bytes) {
-    const std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
+    std::vector<CsvRow> rows = ReadCsv(bytes, m_texts.decimalSeparator).rows;
     if (rows.empty()) return Refuse({1, "", "", Refused::NoHeading});
     if (rows.size() > MostRows + 1)
       return Refuse(rows.front().line, "", "", "more than " + std::to_string(MostRows) + " rows");
     ReadHeading(rows.front());
     if (!m_check.problems.empty()) return; // each row would be refused for the same reason
-    for (const CsvRow& row : std::span(rows).subspan(1))
-      ReadRow(row);
+    m_check.plan.rows.reserve(rows.size());
+    for (CsvRow& row : std::span(rows).subspan(1))
+      ReadRow(std::move(row)); // a long list is not in memory twice
     if (rows.size() == 1) Refuse(rows.front().line, "", "", "no rows below the heading");
     if (m_check.problems.size() <= MostProblems) return;
     m_check.problems.resize(MostProblems);
@@ -108,6 +109,7 @@ private:
     for (const RefusedCell& refused : ApplyCells(image, cells, m_texts))
       Refuse(refused);
     const Configuration shown = Decode(image, m_texts).configuration;
+    row.values.reserve(cells.size());
     for (const GivenCell& cell : cells)
       row.values.push_back({cell.assignment.at, ValueOf(shown, cell.assignment.at)});
     std::ranges::sort(row.values, {}, &Assignment::at);
@@ -192,6 +194,7 @@ RadioImage ImageFor(const Plan& plan, std::size_t row, const FieldTexts& texts) 
 
 std::vector<JournalRow> JournalRowsOf(const Plan& plan) {
   std::vector<JournalRow> rows;
+  rows.reserve(plan.rows.size());
   for (const PlanRow& row : plan.rows)
     rows.push_back({.row = rows.size() + 1,
                     .label = row.label,

@@ -339,9 +339,13 @@ std::optional<RowList> SqlJournal::ChangedRows(const std::string& plan, std::int
   if (!m_database.Open()) return std::nullopt;
   RowList list;
   if (m_database.IsEmpty()) return list;
-  auto now = m_database.Run("SELECT {now}");
+  const Values values = {{":plan", Text(plan)}, {":since", QVariant::fromValue(since)}};
+  auto now = m_database.Run("SELECT {now}, CASE WHEN :since > 0 THEN 0 ELSE"
+                            " (SELECT count(*) FROM fleet_row WHERE plan = :plan) END",
+                            values);
   if (!now || !now->next()) return std::nullopt;
   const std::int64_t time = now->value(0).toLongLong();
+  list.rows.reserve(now->value(1).value<std::size_t>()); // a long list would grow to twice its size
   // A transaction ends at most some seconds after the time of its change. A server's clock may have been set back. The
   // state of a taken row also depends on its bench.
   constexpr char Changed[] = " AND number IN (SELECT number FROM fleet_row WHERE plan = :plan AND state = 'taken' UNION"
@@ -349,7 +353,7 @@ std::optional<RowList> SqlJournal::ChangedRows(const std::string& plan, std::int
                              " AND changed BETWEEN :since - 30 AND {now})";
   auto query = m_database.Run(QString("SELECT ") + RowColumns + " FROM fleet_row WHERE plan = :plan" +
                                   (since > 0 && since <= time ? Changed : "") + " ORDER BY number",
-                              {{":plan", Text(plan)}, {":since", QVariant::fromValue(since)}});
+                              values);
   if (!query) return std::nullopt;
   while (query->next())
     list.rows.push_back(RowIn(*query));

@@ -177,10 +177,10 @@ PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldText
 
   std::optional<std::string> rows;
   if (!choice.rowsFile.empty()) {
-    const TextInput list = ReadTextInput(files, choice.rowsFile, input);
+    TextInput list = ReadTextInput(files, choice.rowsFile, input);
     if (const std::string failure = LineFor(list); !failure.empty())
       problems.push_back(nameOf(choice.rowsFile) + ": " + failure);
-    rows = list.text;
+    rows = std::move(list.text);
   }
   if (!problems.empty()) return {{}, problems};
   PlanCheck check = MakePlan(image, nameOf(choice.templateFile), rows, texts, Sha256Of);
@@ -284,7 +284,8 @@ bool FleetTally::Record(const PortStatus& status) {
 }
 
 bool FleetTally::HasEnded() const {
-  return std::ranges::all_of(m_last, [](const auto& last) { return last && IsEnd(last->state) && !last->canGoOn; });
+  return std::ranges::all_of(m_last,
+                             [](const auto& last) { return last && IsEnd(last->state) && !last->canGoOn; });
 }
 
 bool FleetTally::HasStopped() const {

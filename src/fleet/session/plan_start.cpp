@@ -121,9 +121,10 @@ PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& pl
     PlanStart start = Compare(files, choice, plan, *journal, false);
     const bool isFound = start.failure.error.empty();
     if (isFound && LeavesOpen(start, choice.earlier)) return start;
-    const bool startsOver = choice.earlier == EarlierRows::StartOver;
-    if (isFound && journal->Begin(HeadOf(plan), startsOver ? JournalRowsOf(plan) : start.changes.rows)) {
+    if (choice.earlier == EarlierRows::StartOver) start.changes.rows = JournalRowsOf(plan);
+    if (isFound && journal->Begin(HeadOf(plan), start.changes.rows)) {
       start.isEntered = true;
+      start.changes.rows = {};
       Remember(files, plan, address);
       return start;
     }

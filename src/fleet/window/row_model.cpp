@@ -51,7 +51,7 @@ void RowModel::Show(std::vector<JournalRow> rows) {
   beginResetModel();
   m_rows = std::move(rows);
   for (JournalRow& row : m_rows)
-    row.content.clear(); // as a list of the journal's has them
+    std::string().swap(row.content); // a list from the journal has none
   endResetModel();
 }
 
