@@ -24,7 +24,6 @@ void ForgetRadio(PortMachine& port) {
   port.badIdentities = port.silentTries = 0;
   port.status.row = 0;
   port.status.label.clear();
-  port.status.canGoOn = false;
   port.status.idNumber.clear();
 }
 
@@ -58,7 +57,6 @@ bool IsSecondFailure(const PortMachine& port) {
 PortAction Stop(PortMachine& port, bool isOver) {
   const std::string hint = port.status.remedy == Remedy::CheckCable ? CableHint : LastFailureHint;
   if (port.status.state != PortState::Stopped) Show(port, PortState::Stopped, hint + port.status.text);
-  port.status.canGoOn = !isOver;
   port.status.remedy = isOver ? Remedy::None : Remedy::GoOn;
   return isOver ? PortAction::End : PortAction::Wait;
 }
@@ -69,7 +67,6 @@ PortAction On(PortMachine& port, const CycleStarted& /*event*/, const BenchView&
     Search(port);
   } else if (bench.goesOn) {
     port.radio.reset(); // the one that was set aside
-    port.status.canGoOn = false;
     Show(port, PortState::Identifying);
   }
   const bool isStopped = port.phase == PortPhase::Stopped;
@@ -127,7 +124,6 @@ PortAction On(PortMachine& port, const RadioReported& event, const BenchView& /*
   port.status.label = event.label;
   Show(port, event.state, event.text, event.percent);
   port.status.remedy = event.remedy;
-  port.status.canGoOn = event.remedy == Remedy::ProgramIt;
   if (IsUnderway(event.state)) return PortAction::None;
   port.waitsForRow = event.state == PortState::NoRow;
   if (port.waitsForRow) return PortAction::Wait;

@@ -49,12 +49,16 @@ enum class Remedy : std::uint8_t {
   AcceptBand,
   RewriteChanged,
   ChooseAgain,
-  ProgramIt, // by a click
+  ProgramIt,
   ReprogramOne,
   PlugInBoth,
   Wait,
-  GoOn, // by a click
+  GoOn,
 };
+// A stopped port continues by a click, and programs a radio that it has set aside.
+[[nodiscard]] constexpr bool IsByClick(Remedy remedy) {
+  return remedy == Remedy::ProgramIt || remedy == Remedy::GoOn;
+}
 
 struct PortStatus {
   std::size_t port = 0; // index, from 0
@@ -64,7 +68,6 @@ struct PortStatus {
   int percent = 0;         // of backup, write and verification together
   std::size_t nextRow = 0; // Waiting: the row of the next radio; 0: none
   std::string nextLabel{};
-  bool canGoOn = false; // by a click: Stopped, but not for good; or SetAside
   Remedy remedy = Remedy::None;
 };
 

@@ -33,14 +33,15 @@ private:
   PortAction Handle(const PortEvent& event) {
     const PortStatus before = m_machine.status;
     BenchState& state = m_context.state;
-    const bool goesOn = std::holds_alternative<CycleStarted>(event) && state.TakeGoOn(before.port) && before.canGoOn;
+    const bool goesOn =
+        std::holds_alternative<CycleStarted>(event) && state.TakeGoOn(before.port) && IsByClick(before.remedy);
     if (goesOn) m_wanted = before.idNumber;
     auto [machine, action] = Advance(std::move(m_machine), event, {state.IsOver(), state.HasSlot(), goesOn});
     m_machine = std::move(machine);
     PlanNext();
     const PortStatus& now = m_machine.status;
     if (now.state != before.state || now.text != before.text || now.percent != before.percent ||
-        now.nextRow != before.nextRow || now.canGoOn != before.canGoOn)
+        now.nextRow != before.nextRow || now.remedy != before.remedy)
       m_context.events.onStatus(now);
     return action;
   }

@@ -241,9 +241,9 @@ struct Fleet {
     events.onStatus = [this](const PortStatus& status) {
       EXPECT_LE(status.percent, 100);
       if (when.second && status.state == when.first) std::exchange(when.second, {})(*this);
-      if (status.canGoOn && goesOn) state->GoOn(status.port);
-      if (status.canGoOn && !goesOn) state->StopAfterTheseRadios();
-      const bool isKept = status.canGoOn && goesOn; // connected
+      if (IsByClick(status.remedy) && goesOn) state->GoOn(status.port);
+      if (IsByClick(status.remedy) && !goesOn) state->StopAfterTheseRadios();
+      const bool isKept = IsByClick(status.remedy) && goesOn; // connected
       if (status.port < cables.size() && !isKept) cables[status.port].Enter(status.state);
       const std::lock_guard guard(mutex);
       const std::string planned = LineForNext(status, "COM" + std::to_string(status.port + 1)) + '\n';

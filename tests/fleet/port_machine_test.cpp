@@ -60,6 +60,7 @@ TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
           Advance(std::move(machine), Events.at(name), names.eof() ? benches.at(row[2]) : BenchView{});
       machine = std::move(next);
       all += ' ' + NameOfAction(action);
+      EXPECT_FALSE(action == PortAction::End && IsByClick(machine.status.remedy)) << row[0];
     }
     EXPECT_TRUE(all.ends_with(row[3])) << row[0] << ":" << all;
     EXPECT_EQ(LineFor(machine.status, ""), row[4]) << row[0];

@@ -285,7 +285,7 @@ bool FleetTally::Record(const PortStatus& status) {
 
 bool FleetTally::HasEnded() const {
   return std::ranges::all_of(m_last,
-                             [](const auto& last) { return last && IsEnd(last->state) && !last->canGoOn; });
+                             [](const auto& last) { return last && IsEnd(last->state) && !IsByClick(last->remedy); });
 }
 
 bool FleetTally::HasStopped() const {

@@ -165,13 +165,15 @@ FleetChoice FleetSetup::Choice() const {
 
 bool FleetSetup::AskOperator() {
   const QString today = QDate::currentDate().toString(Qt::ISODate);
-  if (m_operatorDay == today) return true;
-  bool isGiven = false;
-  const QString name =
-      QInputDialog::getText(this, tr("Operator"), tr("Who is at the bench today? The journal keeps the name."),
-                            QLineEdit::Normal, m_operator->text(), &isGiven);
-  if (!isGiven) return false;
-  m_operator->setText(name.trimmed());
+  QString name = m_operator->text().trimmed();
+  for (bool isNewDay = m_operatorDay != today; isNewDay || name.isEmpty(); isNewDay = false) {
+    bool isGiven = false;
+    name = QInputDialog::getText(this, tr("Operator"), tr("Who is at the bench today? The journal keeps the name."),
+                                 QLineEdit::Normal, name, &isGiven)
+               .trimmed();
+    if (!isGiven) return false;
+  }
+  m_operator->setText(name);
   m_operatorDay = today;
   return true;
 }

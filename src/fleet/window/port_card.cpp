@@ -193,8 +193,12 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
 
 void PortCard::Show(const PortStatus& status) {
   // The result of the last radio stays visible when the port has nothing more to do.
-  if (status.state == PortState::Finished) m_goOn->hide();
-  if (status.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) return;
+  if (status.state == PortState::Finished && (IsGood(m_state) || IsBad(m_state))) {
+    m_goOn->hide();
+    m_text->Show(m_text->text(), {});
+    setAccessibleDescription(m_who->text() + QLatin1Char(' ') + m_text->text());
+    return;
+  }
   m_state = status.state;
   m_banner->Show(status.state);
   QStringList who{Shown(status.label), Shown(status.idNumber)};
@@ -203,7 +207,7 @@ void PortCard::Show(const PortStatus& status) {
   who.removeAll(QString());
   m_who->setText(who.join(QStringLiteral("  ")));
   m_who->setToolTip(m_who->text());
-  m_goOn->setVisible(status.canGoOn);
+  m_goOn->setVisible(IsByClick(status.remedy));
   m_goOn->setText(status.state == PortState::SetAside ? tr("Pro&gram it") : tr("&Go on"));
   m_text->Show(Shown(status.text), Shown(HintFor(status.remedy)));
   m_bar->setValue(status.percent);
