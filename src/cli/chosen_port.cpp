@@ -97,17 +97,15 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
 ExitStatus OpenTrace(const Call& call, const std::string& device, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;
-  std::error_code unknown;
-  const bool isFile = std::filesystem::is_regular_file(PathOf(path), unknown);
-  bool isUsed =
-      IsAlsoStandardOutput(path) || HasDataFileEnding(path) || (isFile && HoldsConfiguration(call.files, path));
-  for (const std::string& used : {call.file, call.other, call.backup, device})
-    isUsed = isUsed || path == used || LeadsToInput(call.files, path, used);
-  if (isUsed) return Refuse(call.terminal, path + ": the trace must not be a data file or another file of the command");
-  const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
-  const OpenFile pipe(call.files, isPipe ? call.files.OpenToWrite(path, 0666) : std::nullopt);
-  if (!isPipe || pipe) trace.open(PathOf(path), std::ios::app);
-  if (isPipe) IgnoreBrokenPipes(); // a transfer does not end with the reader
+  bool isUsed = !StandardStreamAt(path).empty() || HasDataFileEnding(path) || HoldsConfiguration(call.files, path);
+  for (std::string used : {call.file, call.other, call.backup, device})
+    for (; used != FolderOf(used); used = FolderOf(used)) // it can't be a folder of another file either
+      isUsed = isUsed || path == used || LeadsToInput(call.files, path, used);
+  if (isUsed)
+    return Refuse(call.terminal,
+                  path + ": the trace must not be a data file, or another file or folder of the command");
+  IgnoreBrokenPipes(); // a transfer does not end with the reader of the trace
+  trace = OpenToAppend(call.files, path);
   return trace.is_open() ? Done : Fail(call.terminal, path + ": " + std::strerror(errno));
 }
 

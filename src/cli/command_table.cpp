@@ -41,8 +41,9 @@ struct Command {
 ExitStatus Diff(Call& c) {
   if ((c.isQuick || !c.trace.empty()) && !IsPort(c.file) && !IsPort(c.other))
     return Refuse(c.terminal, "--quick and --trace are for a PORT, but A and B are files");
-  const auto load = [&](const std::string& from, RadioImage& image) { return LoadFileOrPort(c, from, image); };
-  return RunDiff(load, c.file, c.other, c.Differences(), c.terminal);
+  RadioImage a, b;
+  if (!LoadFileOrPort(c, c.file, a) || !LoadFileOrPort(c, c.other, b)) return ExitStatus::UnusableArguments;
+  return RunDiff(c.Differences(), a, b, c.terminal);
 }
 
 ExitStatus Get(Call& c) {
@@ -95,7 +96,7 @@ ExitStatus WriteInfo(Call& c) {
 // Replaces this program by the one that draws the pages.
 ExitStatus Print(Call& c) {
   if (!CheckExport(c.files, c.output, c.file, c.terminal)) return ExitStatus::UnusableArguments;
-  return BecomePart("mr4500x-cli-print", {c.file, c.output, CLI::detail::join(c.words)}, c.terminal);
+  return BecomePart("mr4500x-cli-print", {c.file, c.output, c.text.value_or("")}, c.terminal);
 }
 
 // clang-format off
@@ -192,9 +193,10 @@ constexpr Command Commands[] = {
      "info write 1 'Our text'"},
     {"print", "Print the reports of FILE to a PDF file", Print,
      {File, {"OUT.pdf", &Call::output, "the PDF file to write, replacing an existing one; - for standard output"},
-      {"--reports", &Call::words, "channels, tts, info, separated by commas; all by default", "NAMES"}},
+      {"--reports", &Call::text, "channels, tts, info, separated by commas; all by default", "NAMES"}},
      "print radio.K4X radio.pdf"},
-    {"fleet", FleetSummary, {}, {}, ""}, // has its help in its own program
+    {"fleet", FleetSummary, {}, {}, ""}, // another program
+    {"fleet journal", "", {}, {}, ""},
     {"ports", "List COM1 to COM16 with their devices, and whether they can be opened", ListPorts, {Json},
      "ports --json"},
     {"help", "Print the help of a command", {}, {}, "help write"},
@@ -220,8 +222,11 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
 
 ExitStatus Run(const Command& command, Call& call) {
   for (const std::string& input : {call.file, call.other}) // reading it would be endless, or it is empty by now
-    if (IsAlsoStandardOutput(input == Stream ? "/dev/stdin" : IsStandardOutput(input) ? "" : input))
-      return Refuse(call.terminal, NameOfSource(input) + ": is also standard output");
+    if (const std::string stream = StandardStreamAt(input == Stream           ? "/dev/stdin"
+                                                    : IsStandardOutput(input) ? ""
+                                                                              : input);
+        !stream.empty())
+      return Refuse(call.terminal, NameOfSource(input) + ": is also " + stream);
   if (const auto* const run = std::get_if<1>(&command.run)) return (*run)(call);
   return WithRadio(call, [&](const RadioCommand& radio) { return std::get<2>(command.run)(call, radio); });
 }
@@ -245,7 +250,7 @@ void DeclareCommands(CLI::App& app, Call& call, std::function<ExitStatus()>& cho
     if (command.run.index() != 0) sub->final_callback([&] { chosen = [&] { return Run(command, call); }; });
   }
   CLI::Option* const reports = app.get_subcommand("print")->get_option("--reports");
-  reports->delimiter(',')->check(CLI::IsMember({"channels", "tts", "info"}));
+  reports->check(EachItem(CLI::IsMember({"channels", "tts", "info"})));
   app.footer("An existing file is replaced in one step, but `new`, and `read` with {id} in the name, need --replace "
              "for that.\n`mr4500x-cli help COMMAND` has an example of each command.");
 }

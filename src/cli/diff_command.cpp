@@ -48,10 +48,8 @@ std::string PatchOf(const RadioImage& before, const RadioImage& after) {
   return PartJson(wanted, fields);
 }
 
-} // namespace
-
-std::string DifferencesAs(DiffForm form, const RadioImage& before, const RadioImage& after) {
-  const ImageDifferences differences = CompareImages(before, after, PointTexts());
+std::string TextFor(DiffForm form, const RadioImage& before, const RadioImage& after,
+                    const ImageDifferences& differences) {
   if (form == DiffForm::Json) return JsonOf(before, after, differences).dump(2) + '\n';
   if (form == DiffForm::Patch) return PatchOf(before, after);
   std::string lines;
@@ -62,15 +60,17 @@ std::string DifferencesAs(DiffForm form, const RadioImage& before, const RadioIm
   return lines;
 }
 
-ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::string& after, DiffForm form,
-                   Terminal& terminal) {
-  RadioImage a, b;
-  if (!load(before, a) || !load(after, b)) return Trouble;
-  const ImageDifferences differences = CompareImages(a, b, PointTexts());
-  terminal.out << DifferencesAs(form, a, b);
+} // namespace
+
+std::string DifferencesAs(DiffForm form, const RadioImage& before, const RadioImage& after) {
+  return TextFor(form, before, after, CompareImages(before, after, PointTexts()));
+}
+
+ExitStatus RunDiff(DiffForm form, const RadioImage& before, const RadioImage& after, Terminal& terminal) {
+  const ImageDifferences differences = CompareImages(before, after, PointTexts());
   if (form == DiffForm::Patch && !differences.bytes.empty())
     terminal.err << "not shown: " << differences.bytes.size() << " bytes that no setting shows\n";
-  if (EndOutput(terminal) != ExitStatus::Done) return Trouble;
+  if (PrintData(terminal, TextFor(form, before, after, differences)) != ExitStatus::Done) return Trouble;
   return differences.IsEmpty() ? Same : Different;
 }
 

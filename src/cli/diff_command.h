@@ -4,13 +4,9 @@
 #include "differences.h"
 #include "terminal.h"
 
-#include <functional>
 #include <string>
 
 namespace mr4500x {
-
-// Loads the configuration of a file or a port. False, with a message, if it can't.
-using LoadAny = std::function<bool(const std::string& fileOrPort, RadioImage& image)>;
 
 enum class DiffForm { Labels, Identifiers, Json, Patch };
 // One line for each setting that differs ("CH3 Rx Freq  443.00625  443.50000"), then one for each byte that no setting
@@ -18,9 +14,7 @@ enum class DiffForm { Labels, Identifiers, Json, Patch };
 // changes that turn the first image into the second, as input for `apply`.
 [[nodiscard]] std::string DifferencesAs(DiffForm form, const RadioImage& before, const RadioImage& after);
 
-// Prints the differences between two files or radios. As in diff(1), the status is 0 if there are none, 1 if there are
-// some, and 2 for an error.
-[[nodiscard]] ExitStatus RunDiff(const LoadAny& load, const std::string& before, const std::string& after,
-                                 DiffForm form, Terminal& terminal);
+// Prints the differences. As in diff(1), the status is 0 if there are none, 1 if there are some, and 2 for an error.
+[[nodiscard]] ExitStatus RunDiff(DiffForm form, const RadioImage& before, const RadioImage& after, Terminal& terminal);
 
 } // namespace mr4500x

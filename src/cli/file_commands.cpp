@@ -9,6 +9,7 @@
 #include "messages.h"
 #include "output.h"
 #include "paths.h"
+#include "utf8.h"
 
 #include <algorithm>
 #include <chrono>
@@ -32,11 +33,18 @@ std::optional<OpenFile> Lock(FileSystem& files, const std::string& path) {
   });
 }
 
+// The number of hard links of a file, 0 without one.
+std::uintmax_t LinksTo(const std::string& path) {
+  std::error_code failed;
+  const std::uintmax_t links = std::filesystem::hard_link_count(PathOf(path), failed);
+  return failed ? 0 : links;
+}
+
 ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,
                  const std::string& failure, Terminal& terminal) {
-  const FileResult stored = StoreOutput(files, path, bytes, surplus, terminal.out);
+  const FileResult stored = StoreForCommand(files, path, bytes, surplus, terminal);
   if (stored) return ExitStatus::Done;
-  return path == Stream ? EndOutput(terminal) : Fail(terminal, path + ": " + failure + ReasonOf(stored));
+  return path == Stream ? PrintData(terminal) : Fail(terminal, path + ": " + failure + ReasonOf(stored));
 }
 
 // Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
@@ -108,9 +116,10 @@ bool LeadsToInput(FileSystem& files, const std::string& path, const std::string&
 
 bool CheckOutput(FileSystem& files, const std::string& path, const std::string& input, Terminal& terminal) {
   const bool isInput = LeadsToInput(files, path, input);
-  if (!isInput && (IsStandardOutput(path) || !IsAlsoStandardOutput(path))) return true;
-  Refuse(terminal, path + (isInput ? ": is read by the same command" : ": is also standard output") +
-                       ", so it can't be replaced");
+  const std::string stream = IsStandardOutput(path) ? "" : StandardStreamAt(path);
+  if (!isInput && stream.empty()) return true;
+  Refuse(terminal,
+         path + (isInput ? ": is read by the same command" : ": is also " + stream) + ", so it can't be replaced");
   return false;
 }
 
@@ -140,8 +149,7 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (isDryRun) {
     if (const FileResult mayStore = MayStoreOutput(files, output); !mayStore)
       return Fail(terminal, output + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayStore));
-    terminal.out << DifferencesAs(DiffForm::Labels, loaded, image);
-    return EndOutput(terminal);
+    return PrintData(terminal, DifferencesAs(DiffForm::Labels, loaded, image));
   }
   if (isReplaced && ContentHash(files, path) != content)
     return Fail(terminal, path + ": another program has changed it in the meantime; it was left unchanged");
@@ -149,6 +157,15 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   if (saved == ExitStatus::Done)
     PrintConsequences(DifferencesBetween(before, Decode(image, PointTexts()).configuration), named, terminal);
   return saved;
+}
+
+FileResult StoreForCommand(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
+                           Surplus surplus, Terminal& terminal) {
+  const std::uintmax_t links = LinksTo(path);
+  FileResult stored = StoreOutput(files, path, bytes, surplus, terminal.out);
+  if (stored && links > 1 && LinksTo(path) == 1)
+    terminal.err << Printable(path) << ": its other hard links keep the old content\n";
+  return stored;
 }
 
 ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text, Terminal& terminal) {
@@ -179,8 +196,7 @@ ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, c
 ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal) {
   const std::optional<Configuration> values = LoadValuesForCommand(files, path, terminal);
   if (!values) return ExitStatus::Failed;
-  terminal.out << (form == ShowAs::Json ? ConfigurationJson(*values) : ConfigurationTable(*values));
-  return EndOutput(terminal);
+  return PrintData(terminal, form == ShowAs::Json ? ConfigurationJson(*values) : ConfigurationTable(*values));
 }
 
 } // namespace mr4500x

@@ -4,11 +4,13 @@
 #include "configuration.h"
 #include "data_file.h"
 #include "fields.h"
+#include "file_access.h"
 #include "terminal.h"
 
 #include <functional>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 
 namespace mr4500x {
@@ -48,7 +50,7 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 // Whether writing to the path would change the input, even if that is a file at standard input.
 [[nodiscard]] bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input);
 
-// False, with a message, if the output is also the input or the file at standard output.
+// False, with a message, if the output is also the input, or the file at standard output or standard error.
 [[nodiscard]] bool CheckOutput(FileSystem& files, const std::string& path, const std::string& input,
                                Terminal& terminal);
 // The same for other data than a configuration, which must not overwrite `dataFile` or any other data file.
@@ -68,7 +70,10 @@ struct FileChange {
 ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
            const std::function<ExitStatus(RadioImage& image, std::set<FieldAt>& named)>& change);
 
-// Stores a table or a data file as StoreOutput does. Prints a message if it can't be stored.
+// Stores the bytes as StoreOutput does. Prints a message if other hard links keep the old content.
+FileResult StoreForCommand(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
+                           Surplus surplus, Terminal& terminal);
+// The same for a table or a data file. Also prints a message if it can't be stored.
 [[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text,
                                              Terminal& terminal);
 [[nodiscard]] ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,

@@ -15,7 +15,6 @@ ExitStatus Run(std::vector<char*> words, Terminal& terminal) {
     words.erase(words.begin() + 1);
     words.push_back(help);
   }
-  if (isFirst("fleet")) return BecomePart("mr4500x-cli-fleet", {words.begin() + 1, words.end()}, terminal);
   CLI::App app("Prepares and transfers configurations of LR7200 radios, without a window.", "mr4500x-cli");
   app.set_version_flag("--version", "mr4500x-cli " MR4500X_VERSION);
   Call call{MachineFiles(), terminal};
@@ -24,10 +23,13 @@ ExitStatus Run(std::vector<char*> words, Terminal& terminal) {
   const CLI::App* at = &app;
   for (std::size_t i = 1; isHelp && i + 1 < words.size(); ++i) { // Parse reports a misspelt command
     const auto commands = at->get_subcommands({});
-    if (commands.empty()) return Refuse(terminal, "help: \"" + Printable(words[i]) + "\" is too much");
+    const std::string_view word = words[i];
+    if (commands.empty() || (word.starts_with('-') && word != "-h" && word != help))
+      return Refuse(terminal, "help: \"" + Printable(words[i]) + "\" is too much");
     for (const CLI::App* const one : commands)
       if (one->get_name() == words[i]) at = one;
   }
+  if (isFirst("fleet")) return BecomePart("mr4500x-cli-fleet", {words.begin() + 1, words.end()}, terminal);
   const auto end = Parse(app, static_cast<int>(words.size()), words.data(), terminal);
   return end ? *end : command();
 }

@@ -86,6 +86,14 @@ std::string SplitWord(const CLI::App* at, std::span<char* const> words) {
 
 } // namespace
 
+ValueCheck EachItem(const ValueCheck& check) {
+  return [check](const std::string& list) {
+    for (const std::string& item : CLI::detail::split(list + ',', ',')) // which drops what is empty at the end
+      if (std::string problem = item.empty() ? "has an empty item" : check(item); !problem.empty()) return problem;
+    return std::string();
+  };
+}
+
 void ExcludeEachOther(CLI::App& command, std::initializer_list<const char*> options) {
   for (const char* const name : options)
     for (const char* const otherName : options) {
@@ -113,7 +121,7 @@ std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& 
     if (unknown.empty() && !isHelp) unknown = UnknownOption(app, words);
     if (!unknown.empty()) return Refuse(terminal, unknown);
     app.exit(error, terminal.out, terminal.err);
-    return isHelp ? EndOutput(terminal) : ExitStatus::UnusableArguments;
+    return isHelp ? PrintData(terminal) : ExitStatus::UnusableArguments;
   }
 }
 

@@ -2,16 +2,15 @@
 
 #include "arguments.h"
 #include "backup.h"
-#include "diff_command.h"
 #include "embedded_info.h"
 #include "file_access.h"
-#include "file_commands.h"
 #include "fill_messages.h"
+#include "function_settings.h"
 #include "messages.h"
 #include "output.h"
 #include "port_choice.h"
-#include "radio_identity.h"
 #include "signaling.h"
+#include "utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -20,6 +19,23 @@
 
 namespace mr4500x {
 namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Identity number, firmware version, frequency band and last programming time, one per line.
+std::string IdentityTable(const RadioImage& image) {
+  return "ID Number              " + Printable(IdentityNumber(image)) + "\nVersion of Firmware    " +
+         Printable(FirmwareVersion(image)) + "\nFrequency Band         " + BandText(image.BandBlock) +
+         "\nLast Programming Time  " + LastProgrammingTime(image) + '\n';
+}
+
+Json IdentityJson(const RadioImage& image) {
+  return {{"format", 1},
+          {"id_number", IdentityNumber(image)},
+          {"firmware_version", FirmwareVersion(image)},
+          {"band", {{"lower", LowerBandLimit(image.BandBlock)}, {"upper", UpperBandLimit(image.BandBlock)}}},
+          {"last_programming_time", LastProgrammingTime(image)}};
+}
 
 // Runs an exchange. False, with a message that names the port, unless it is complete.
 bool Completes(const RadioCommand& command, const auto& exchange, BandAnswer band = BandAnswer::Ask) {
@@ -55,8 +71,7 @@ ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   if (!ReadForCommand(command, image)) return ExitStatus::Failed;
   const auto [path, result] = KeepBackup(command.files, folder, image, command.now());
   if (!result) return NoBackup(command, path, result);
-  command.terminal.out << path << '\n';
-  return EndOutput(command.terminal);
+  return PrintData(command.terminal, path + '\n', " The backup is saved, but nothing was written to the radio.");
 }
 
 // Prints the differences between the radio and the data that was or would be written.
@@ -64,10 +79,10 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
                   DiffForm form = DiffForm::Labels) {
   RadioImage found = expected;
   if (!ReadBackFor(command, found)) return ExitStatus::Failed;
-  command.terminal.out << DifferencesAs(form, expected, found);
-  if (EndOutput(command.terminal) != ExitStatus::Done) return ExitStatus::Failed;
-  if (CompareImages(expected, found, PointTexts()).IsEmpty()) return ExitStatus::Done;
-  return Fail(command.terminal, command.line.PortName() + " does not match " + NameOfSource(path) + '.');
+  const ExitStatus compared = RunDiff(form, expected, found, command.terminal);
+  if (compared == ExitStatus::Failed)
+    Fail(command.terminal, command.line.PortName() + " does not match " + NameOfSource(path) + '.');
+  return compared == ExitStatus::Done ? ExitStatus::Done : ExitStatus::Failed;
 }
 
 // Prints what a write would change, and whether it would be refused.
@@ -77,7 +92,7 @@ ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const 
   command.terminal.out << DifferencesAs(DiffForm::Labels, found, image);
   TerminalObserver observer(command.terminal, options.band, command.line.PortName());
   if (!IsSameBand(found.BandBlock, image.BandBlock) && !observer.AcceptsOtherBand()) return ExitStatus::Failed;
-  return EndOutput(command.terminal);
+  return PrintData(command.terminal);
 }
 
 } // namespace
@@ -105,16 +120,16 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool ma
   const ExitStatus saved = SaveNewForCommand(files, file, mayReplace || file == path, image, terminal);
   if (saved != ExitStatus::Done) return saved;
   (IsStandardOutput(file) ? terminal.err : terminal.out) << IdentityTable(image);
-  if (EndOutput(terminal) != ExitStatus::Done) return ExitStatus::Failed;
-  return Done(terminal, line.PortName() + " has been read into " + file + ".");
+  const std::string sentence = line.PortName() + " has been read into " + file + ".";
+  if (PrintData(terminal, "", ' ' + sentence) != ExitStatus::Done) return ExitStatus::Failed;
+  return Done(terminal, sentence);
 }
 
 ExitStatus RunIdentify(const RadioCommand& command, ShowAs form) {
   RadioImage image;
   const auto read = [&](auto& line, auto& observer) { return ReadIdentity(line, image, observer); };
   if (!Completes(command, read)) return ExitStatus::Failed;
-  command.terminal.out << (form == ShowAs::Json ? IdentityJson(image) : IdentityTable(image));
-  return EndOutput(command.terminal);
+  return PrintData(command.terminal, form == ShowAs::Json ? IdentityJson(image).dump(2) + '\n' : IdentityTable(image));
 }
 
 ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const WriteOptions& options) {
@@ -133,7 +148,8 @@ ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const 
   if (!Completes(command, write, options.band)) return ExitStatus::Failed;
   const std::string written = NameOfSource(path) + " has been written to " + line.PortName();
   if (options.isVerified && terminal.isEnding()) return Fail(terminal, written + ", but not read back: interrupted.");
-  if (options.isVerified && Verify(command, image, path) != ExitStatus::Done) return ExitStatus::Failed;
+  if (options.isVerified && Verify(command, image, path) != ExitStatus::Done)
+    return Fail(terminal, written + ", but not verified.");
   return Done(terminal, written + ".");
 }
 
@@ -150,12 +166,10 @@ ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
   const std::u16string text = EmbeddedText(image.EmbeddedInfoBlock);
   std::string kept = InfoToKeep(text);
   if (!kept.empty()) kept.pop_back(); // the line feed after the last line
-  const nlohmann::ordered_json document = {
-      {"format", 1}, {"text", kept}, {"last_programming_time", LastProgrammingTime(image)}};
-  command.terminal.out << (form == ShowAs::Json ? document.dump(2)
-                                                : InfoToPrint(text) + '\n' + LastProgrammingTime(image))
-                       << '\n';
-  return EndOutput(command.terminal);
+  const std::string time = LastProgrammingTime(image);
+  const Json document = {{"format", 1}, {"text", kept}, {"last_programming_time", time}};
+  return PrintData(command.terminal,
+                   (form == ShowAs::Json ? document.dump(2) : InfoToPrint(text) + '\n' + time) + '\n');
 }
 
 ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, bool isVerified) {
@@ -165,7 +179,8 @@ ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, b
   const auto write = [&](auto& line, auto& observer) { return WriteEmbeddedInfo(line, image, observer); };
   if (!Completes(command, write)) return ExitStatus::Failed;
   RadioImage found;
-  if (isVerified && !ReadInfo(command, found)) return ExitStatus::Failed;
+  if (isVerified && !ReadInfo(command, found))
+    return Fail(command.terminal, "The text has been written to " + port + ", but not read back.");
   if (isVerified && found.EmbeddedInfoBlock.bytes != image.EmbeddedInfoBlock.bytes)
     return Fail(command.terminal, port + " does not hold the text that was written.");
   return Done(command.terminal, "The text has been written to " + port + ".");
@@ -173,7 +188,7 @@ ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, b
 
 ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,
                     Terminal& terminal) {
-  nlohmann::ordered_json document = {{"format", 1}, {"ports", nlohmann::ordered_json::array()}};
+  Json document = {{"format", 1}, {"ports", Json::array()}};
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = deviceOf(number);
     const char* const state = device.empty() ? "no device" : TestPort(port, number) ? "does not open" : "opens";
@@ -183,8 +198,7 @@ ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& dev
       terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
                    << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
   }
-  if (form == ShowAs::Json) terminal.out << document.dump(2) << '\n';
-  return EndOutput(terminal);
+  return PrintData(terminal, form == ShowAs::Json ? document.dump(2) + '\n' : "");
 }
 
 } // namespace mr4500x

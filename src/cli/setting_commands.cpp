@@ -117,8 +117,7 @@ ExitStatus RunFields(FileSystem& files, const std::string& path, bool asJson, Te
       terminal.out << IdentifierOf(at) << '\t' << NameOf(at) << '\t'
                    << KindNames[static_cast<std::size_t>(at.field->kind)] << '\t' << allowed << '\n';
   }
-  if (asJson) terminal.out << document.dump(2) << '\n';
-  return EndOutput(terminal);
+  return PrintData(terminal, asJson ? document.dump(2) + '\n' : "");
 }
 
 ExitStatus RunGet(FileSystem& files, const std::string& path, const std::vector<std::string>& fields, bool asJson,
@@ -141,8 +140,7 @@ ExitStatus RunGet(FileSystem& files, const std::string& path, const std::vector<
       document["fields"][IdentifierOf(at)] = Json::parse(ValueAsJson(*values, at));
     else
       terminal.out << (hasPattern ? IdentifierOf(at) + '=' : "") << ValueOf(*values, at) << '\n';
-  if (asJson) terminal.out << document.dump(2) << '\n';
-  return EndOutput(terminal);
+  return PrintData(terminal, asJson ? document.dump(2) + '\n' : "");
 }
 
 ExitStatus RunSet(FileSystem& files, const FileChange& given, const std::vector<std::string>& changes,

@@ -3,6 +3,7 @@
 #include "end_signals.h"
 #include "machine.h"
 #include "messages.h"
+#include "open_file.h"
 #include "text.h"
 #include "utf8.h"
 
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <iostream>
-#include <system_error>
 
 namespace mr4500x {
 
@@ -41,10 +41,13 @@ std::string ReasonOf(const FileResult& failed) {
   return " (" + failed.Reason() + ')';
 }
 
-ExitStatus EndOutput(Terminal& terminal) {
-  terminal.out << std::flush;
-  if (terminal.out.good()) return ExitStatus::Done;
-  return Fail(terminal, "The output could not be written." + ReasonOf({{errno, std::generic_category()}}));
+ExitStatus PrintData(Terminal& terminal, std::string_view text, const std::string& remark) {
+  const bool hasFailed = !terminal.out.good(); // earlier, and errno has changed since
+  terminal.out.clear();
+  errno = EIO;
+  terminal.out << text << (hasFailed ? "\n" : "") << std::flush;
+  if (terminal.out.good() && !hasFailed) return ExitStatus::Done;
+  return Fail(terminal, "The output could not be written." + ReasonOf(SystemFailed()) + remark);
 }
 
 bool TerminalObserver::AcceptsOtherBand() {

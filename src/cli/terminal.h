@@ -41,8 +41,8 @@ ExitStatus Refuse(const Terminal& terminal, const std::string& message); // of u
 // " (No space left on device)", to be appended to a message.
 [[nodiscard]] std::string ReasonOf(const FileResult& failed);
 
-// The exit status after printing data: Failed, with a message, if it could not all be written.
-[[nodiscard]] ExitStatus EndOutput(Terminal& terminal);
+// Prints the data. Failed, with a message that ends with `remark`, if any data of the command could not be written.
+[[nodiscard]] ExitStatus PrintData(Terminal& terminal, std::string_view text = "", const std::string& remark = "");
 
 // Ask: if there is no user to answer, the answer is no.
 enum class BandAnswer : std::uint8_t { Ask, Yes };

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <ostream>
 #include <system_error>
 #include <thread>
@@ -30,11 +31,19 @@ bool IsWrittenInto(const std::string& path) {
          type == std::filesystem::file_type::character;
 }
 
-bool IsAlsoStandardOutput(const std::string& path) {
+std::string StandardStreamAt(const std::string& path) {
   std::error_code unknown;
-  const bool isSame =
-      OpenFileNamed(path) == 1 || std::filesystem::equivalent(PathOf(path), "/dev/stdout", unknown); // false for pipes
-  return isSame && !std::filesystem::is_character_file(PathOf(path), unknown);
+  const auto isAt = [&](const char* stream) { return std::filesystem::equivalent(PathOf(path), stream, unknown); };
+  if (std::filesystem::is_character_file(PathOf(path), unknown)) return "";
+  if (OpenFileNamed(path) == 1 || isAt("/dev/stdout")) return "standard output"; // not at a pipe
+  return OpenFileNamed(path) != 2 && isAt("/dev/stderr") ? "standard error" : "";
+}
+
+std::ofstream OpenToAppend(FileSystem& files, const std::string& path) {
+  std::error_code unknown;
+  const bool isPipe = std::filesystem::is_fifo(PathOf(path), unknown);
+  const OpenFile pipe(files, isPipe ? files.OpenToWrite(path, 0666) : std::nullopt);
+  return isPipe && !pipe ? std::ofstream() : std::ofstream(PathOf(path), std::ios::app);
 }
 
 FileResult StoreOutput(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes, Surplus surplus,

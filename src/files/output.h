@@ -16,9 +16,9 @@ namespace mr4500x {
 // Whether the path is written into: standard output, another open file, a pipe or a character device.
 [[nodiscard]] bool IsWrittenInto(const std::string& path);
 
-// Whether the file at the path is also standard output. False for a terminal or other character device, which can be
-// both.
-[[nodiscard]] bool IsAlsoStandardOutput(const std::string& path);
+// "standard output" or "standard error" if it is the file at the path. "" for a terminal or other character device,
+// which can be both, and for a name of standard error, which is meant.
+[[nodiscard]] std::string StandardStreamAt(const std::string& path);
 
 // Writes into the path, with `stream` as standard output, or replaces the file. Waits for the reader of a pipe, for at
 // most five seconds.
@@ -27,5 +27,8 @@ FileResult StoreOutput(FileSystem& files, const std::string& path, std::span<con
 
 // Whether StoreOutput would try to write.
 FileResult MayStoreOutput(FileSystem& files, const std::string& path);
+
+// The file for appending, not open if it can't be. Does not wait for the reader of a pipe.
+[[nodiscard]] std::ofstream OpenToAppend(FileSystem& files, const std::string& path);
 
 } // namespace mr4500x

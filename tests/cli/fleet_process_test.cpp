@@ -113,7 +113,8 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   const std::string changes = "1 done carried over, 1 new, 1 changed";
   const std::string dry = "fleet --dry-run " + file + rows;
   const auto rowsOf = [&](const std::string& options) { return Cli(dry + options).output; };
-  ExpectAll({{dry, 1, changes + "\n3 rows: 1 done, 0 taken, 2 free\n"},
+  ExpectAll({{dry, 1, changes + "\n3 rows: 1 done, 0 taken, 2 free\nUse --carry-over or --start-over.\n"},
+             {dry + " --start-over", 0, "Starting over: 1 done not carried over\n3 rows: 0 done, 0 taken, 3 free\n"},
              {dry + " --carry-over", 0, changes + "\n3 rows: 1 done, 0 taken, 2 free\n"},
              {dry + " --start-over --carry-over", 2, ""}});
   const Ended refused = Fleet(rows);

@@ -37,13 +37,16 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   StartRadio(" --fault wrong-byte@5");
   Put("trace", "older\n");
   const std::string ofRadio = file + ' ' + port, read = Path("LR7200-000004217.K4X");
-  ExpectAll({{"identify " + port, 0, "ID Number"},
-             {"read --quick " + port + ' ' + Path("{id}.K4X") + " --trace " + Path("trace"), 0, "ID Number"},
-             {"verify --trace no/trace " + ofRadio, 1, "no/trace: No such file"},
-             {"identify --trace /dev/full " + port, 1, "ID Number"},
-             {"write --quick --verify --backup " + Path("kept") + ' ' + ofRadio, 1, Path("kept/LR7200-000004217_")},
-             {"diff --quick " + read + ' ' + port, 1, "Battery Save  10s  OFF\n"},
-             {"info write " + port, 2, ""}});
+  ExpectAll(
+      {{"identify " + port, 0, "ID Number"},
+       {"read --quick " + port + ' ' + Path("{id}.K4X") + " --trace " + Path("trace"), 0, "ID Number"},
+       {"verify --trace no/trace " + ofRadio, 1, "no/trace: No such file"},
+       {"identify --trace /dev/full " + port, 1, "ID Number"},
+       {"write --quick --verify --backup " + Path("kept") + ' ' + ofRadio, 1, Path("kept/LR7200-000004217_")},
+       {"write --quick --backup " + Path("kept") + ' ' + ofRadio + " >/dev/full", 1,
+        "The output could not be written. (No space left on device) The backup is saved, but nothing was written"},
+       {"diff --quick " + read + ' ' + port, 1, "Battery Save  10s  OFF\n"},
+       {"info write " + port, 2, ""}});
   const std::string trace = Content("trace");
   EXPECT_TRUE(trace.starts_with("older\n") &&
               trace.find("computer 57 03 F8 08                         0x3F8 FirmwareVersionBlock\n") < trace.size())

@@ -4,7 +4,6 @@
 #include "embedded_info.h"
 #include "files_fixture.h"
 #include "fill_messages.h"
-#include "radio_identity.h"
 #include "require.h"
 #include "scripted_radio.h"
 

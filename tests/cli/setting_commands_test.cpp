@@ -35,10 +35,9 @@ protected:
   }
   std::string Diff(DiffForm form = DiffForm::Labels) {
     return Run([&](Terminal& shown) {
-      const auto load = [&](const std::string& path, RadioImage& image) {
-        return LoadForCommand(files, path, image, shown);
-      };
-      return RunDiff(load, a, b, form, shown);
+      RadioImage before, after;
+      EXPECT_TRUE(LoadForCommand(files, a, before, shown) && LoadForCommand(files, b, after, shown));
+      return RunDiff(form, before, after, shown);
     });
   }
   void Restore() { std::filesystem::copy_file(a, b, std::filesystem::copy_options::overwrite_existing); }

@@ -16,21 +16,21 @@
 
 #include <algorithm>
 #include <chrono>
-#include <istream>
 #include <map>
 #include <memory>
 #include <ostream>
+#include <sstream>
 
 namespace mr4500x {
 namespace {
 
 constexpr std::size_t MostRadios = 10; // that a question names
-constexpr char NoTracesText[] = ": the traces could not be written";
 
 // False, with a message, unless there are ports and none is given twice.
 bool FindPorts(FileSystem& files, const std::string& settingsFile, FleetArguments& arguments, Terminal& terminal) {
   std::vector<PortAddress>& ports = arguments.choice.ports;
-  for (const std::string& text : arguments.ports) {
+  std::istringstream list(arguments.ports);
+  for (std::string text; std::getline(list, text, ',');) {
     if (text == "all")
       std::ranges::copy(PortsWithDevice(files, settingsFile), std::back_inserter(ports));
     else
@@ -56,10 +56,21 @@ struct FleetEnd {
   std::string bench;
 };
 
-void PrintChanges(const PlanStart& start, std::ostream& out) {
-  out << LineForChanges(start.changes) << '\n';
+// Prints what becomes of the rows that radios hold from an earlier list.
+void PrintChanges(const PlanStart& start, EarlierRows chosen, std::ostream& out) {
+  if (chosen == EarlierRows::StartOver && start.hasCompared)
+    out << "Starting over: " << start.changes.carriedOver << " done not carried over\n";
+  else if (start.hasCompared)
+    out << LineForChanges(start.changes) << '\n';
+  else if (chosen == EarlierRows::StartOver && start.lost.empty())
+    out << "There is no earlier list, or it is the same: --start-over has no effect." << std::endl;
   for (const std::string& line : LinesForOutdated(start.changes.outdated, MostRadios))
     out << line << '\n';
+}
+
+// What a user has to choose who can't be asked.
+std::string OptionsFor(const PlanStart& start) {
+  return start.lost.empty() ? "Use --carry-over or --start-over.\n" : "Use --start-over to start over.\n";
 }
 
 // Prints what is to be decided about earlier rows. Returns what the user answers, Ask without an answer.
@@ -69,7 +80,7 @@ EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
     terminal.err << line << '\n';
   terminal.err << (isLost ? start.lost : "The list has changed: " + LineForChanges(start.changes) + '.');
   if (!terminal.answersQuestions) {
-    terminal.err << (isLost ? " Use --start-over to start over.\n" : " Use --carry-over or --start-over.\n");
+    terminal.err << ' ' << OptionsFor(start);
     return EarlierRows::Ask;
   }
   terminal.err << (isLost ? "\nStart over? (y/n) " : "\nCarry these over, start over, or quit? (c/s/q) ") << std::flush;
@@ -86,9 +97,10 @@ bool HasFolders(FileSystem& files, const FleetChoice& choice, Terminal& terminal
   const std::string backups = BackupFolderOf(choice);
   const FileResult mayKeep = MayStoreIn(files, backups);
   if (!mayKeep) Fail(terminal, BackupReason(backups, mayKeep.Reason()));
-  const bool areTraced = choice.traceFolder.empty() || MayStoreIn(files, choice.traceFolder);
-  if (!areTraced) Fail(terminal, choice.traceFolder + NoTracesText);
-  return mayKeep && areTraced;
+  std::string trace;
+  const FileResult mayTrace = MayStoreTraces(files, choice, trace);
+  if (!mayTrace) Fail(terminal, trace + ": the traces could not be written" + ReasonOf(mayTrace));
+  return mayKeep && mayTrace;
 }
 
 // Prints the state of the plan. A journal that does not exist yet has no rows of it.
@@ -96,7 +108,7 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   const std::string address = JournalOf(choice);
   const PlanStart start = ComparePlan(files, choice, plan);
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
-  if (start.hasCompared) PrintChanges(start, terminal.out);
+  PrintChanges(start, choice.earlier, terminal.out);
   if (!start.lost.empty()) Fail(terminal, start.lost);
   const auto count = [&](RowState state) {
     return static_cast<std::size_t>(std::ranges::count(start.changes.rows, state, &JournalRow::state));
@@ -112,11 +124,13 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
                << ": " << done << " done, " << taken << " taken";
   if (!plan.isEndless) terminal.out << ", " << free << " free";
   terminal.out << '\n';
-  const ExitStatus printed = EndOutput(terminal);
+  const ExitStatus printed = PrintData(terminal);
   const std::size_t available = choice.rewritesDone ? free + done : free;
   const bool areTooFew = !plan.isEndless && choice.count > static_cast<int>(available);
   if (areTooFew) terminal.err << "Rows are free for " << available << " of " << choice.count << " requested radios.\n";
-  return areTooFew || LeavesOpen(start, choice.earlier) ? ExitStatus::Failed : printed;
+  const bool leavesOpen = LeavesOpen(start, choice.earlier);
+  if (leavesOpen) terminal.err << OptionsFor(start);
+  return areTooFew || leavesOpen ? ExitStatus::Failed : printed;
 }
 
 // The line below the others on a terminal.
@@ -188,15 +202,16 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
     endIfOver();
   };
   // Reports from the ports' threads are printed in this thread.
-  const auto inLoop = [&loop](auto function) { QMetaObject::invokeMethod(&loop, function, Qt::QueuedConnection); };
+  const auto inLoop = [&loop](const auto& function) {
+    return [&](const auto& report) {
+      QMetaObject::invokeMethod(
+          &loop, [&function, report] { function(report); }, Qt::QueuedConnection);
+    };
+  };
   session = std::make_unique<FleetSession>(
       files, settingsFile, plan, choice,
-      BenchEvents{
-          .onStatus = [&](const PortStatus& status) { inLoop([&print, status] { print(status); }); },
-          .onConflict = [&](const Attempt& attempt) { inLoop([&printConflict, attempt] { printConflict(attempt); }); },
-          .onEntered = [&](const Attempt& attempt) { inLoop([&record, attempt] { record(attempt); }); },
-      },
-      [&](const Attempt& note) { inLoop([&printCommand, note] { printCommand(note); }); });
+      BenchEvents{.onStatus = inLoop(print), .onConflict = inLoop(printConflict), .onEntered = inLoop(record)},
+      inLoop(printCommand));
   const auto stop = [&](int) {
     session->StopBeforeWrites();
     progress.Clear();
@@ -205,7 +220,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
   const EndSignalsHeard heard(stop, NextSignal::IsReported);
   loop.exec();
   const bool areTraced = session->EndTraces();
-  if (!areTraced) Fail(terminal, choice.traceFolder + NoTracesText);
+  if (!areTraced) Fail(terminal, choice.traceFolder + ": the traces could not be written");
   terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << radios.Failed().size() << '\n';
   for (const auto& [idNumber, attempt] : radios.Failed())
     terminal.out << "Not verified: " << LineForFailed(attempt) << '\n';
@@ -263,10 +278,7 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
   }
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
   if (!start.isEntered) return ExitStatus::Failed; // something else changed while the user was asked
-  if (choice.earlier == EarlierRows::StartOver && !start.hasCompared && start.lost.empty())
-    terminal.err << "There is no earlier list, or it is the same: --start-over has no effect." << std::endl;
-  if (start.hasCompared && choice.earlier != EarlierRows::StartOver) PrintChanges(start, terminal.err);
-
+  PrintChanges(start, choice.earlier, terminal.err);
   Terminal shown{IsStandardOutput(arguments.logFile) ? terminal.err : terminal.out, terminal.err, terminal.in,
                  terminal.answersQuestions, terminal.showsProgress};
   const FleetEnd end = RunBench(files, settingsFile, std::shared_ptr<const Plan>(check, &plan), choice, shown);
@@ -279,7 +291,8 @@ ExitStatus RunFleet(FileSystem& files, const std::string& settingsFile, FleetArg
         StoreTextForCommand(files, arguments.logFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
     if (stored != ExitStatus::Done) return stored;
   }
-  return end.isComplete ? EndOutput(terminal) : ExitStatus::Failed;
+  const ExitStatus printed = PrintData(terminal);
+  return end.isComplete ? printed : ExitStatus::Failed;
 }
 
 } // namespace mr4500x

@@ -7,8 +7,8 @@
 namespace mr4500x {
 
 struct FleetArguments {
-  FleetChoice choice;             // without the ports
-  std::vector<std::string> ports; // or "all"
+  FleetChoice choice; // without the ports
+  std::string ports;  // separated by commas; or "all"
   std::string logFile;
   bool isDryRun = false; // only checks the plan; needs no ports
   // fleet journal

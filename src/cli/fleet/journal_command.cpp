@@ -24,8 +24,7 @@ ExitStatus DecideForCommand(FileSystem& files, const std::string& address, const
   if (const auto* const failure = std::get_if<JournalFailure>(&entered)) return NoAnswer(address, *failure, terminal);
   Attempt shown = std::get<Attempt>(entered);
   shown.start = LocalTimestamp(shown.start);
-  terminal.out << LineFor(shown) << '\n';
-  return EndOutput(terminal);
+  return PrintData(terminal, LineFor(shown) + '\n', " The row's entry is in the journal.");
 }
 
 } // namespace
@@ -48,13 +47,11 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   const auto print = [&](const std::vector<std::string>& lines) {
     for (const std::string& line : lines)
       terminal.out << Printable(line, line.size()) << '\n';
-    return EndOutput(terminal);
+    return PrintData(terminal);
   };
   if (arguments.isStatistics) {
     const std::vector<PortDay> statistics = StatisticsOf(*attempts);
-    if (!arguments.isJson) return print(LinesForStatistics(statistics));
-    terminal.out << StatisticsJson(statistics);
-    return EndOutput(terminal);
+    return arguments.isJson ? PrintData(terminal, StatisticsJson(statistics)) : print(LinesForStatistics(statistics));
   }
   if (!arguments.radio.empty()) {
     if (arguments.csvFile.empty() && !arguments.isJson) return print(LinesForRadio(*attempts, arguments.radio));
@@ -62,10 +59,7 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
   }
   if (!arguments.csvFile.empty())
     return StoreTextForCommand(files, arguments.csvFile, AttemptsCsv(*attempts, CsvUse::ForPeople), terminal);
-  if (arguments.isJson) {
-    terminal.out << AttemptsJson(*attempts);
-    return EndOutput(terminal);
-  }
+  if (arguments.isJson) return PrintData(terminal, AttemptsJson(*attempts));
   std::set<std::string> plans;
   for (const Attempt& attempt : *attempts)
     plans.insert(attempt.plan);

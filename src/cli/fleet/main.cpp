@@ -49,9 +49,7 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
         return std::string(text == Stream && choice.templateFile == Stream ? "only one can be standard input" : "");
       });
   AddOption(fleet, "--ports", arguments.ports, "PORTS", "ports, separated by commas; all: COM1 to COM16 with a device")
-      ->delimiter(',')
-      ->allow_extra_args(false) // TEMPLATE may follow
-      ->check(PortProblem);
+      ->check(EachItem(PortProblem));
   AddOption(fleet, "--count", choice.count, "N", "stop after this number of radios")->check(NumberProblem);
   AddOption(fleet, "--journal", choice.journal, "URL", AddressHelp);
   AddOption(fleet, "--backup", choice.backupFolder, "FOLDER",

@@ -147,9 +147,9 @@ bool IsNeeded(const FleetChoice& choice, const std::string& path) {
 
 std::string FileUsedTwice(const FleetChoice& choice, const std::string& logFile) {
   for (const std::string& trace : TraceFilesOf(choice))
-    if (IsNeeded(choice, trace) || IsSame(trace, logFile) || IsAlsoStandardOutput(trace)) return trace;
+    if (IsNeeded(choice, trace) || IsSame(trace, logFile) || !StandardStreamAt(trace).empty()) return trace;
   for (const std::string& input : {choice.templateFile, choice.rowsFile})
-    if (IsAlsoStandardOutput(input == Stream ? "/dev/stdin" : input)) return input;
+    if (!StandardStreamAt(input == Stream ? "/dev/stdin" : input).empty()) return input;
   const std::string journal = FileOfJournal(JournalOf(choice));
   for (const std::string& file : {logFile, journal, journal + "-wal", journal + "-shm"}) {
     std::error_code unknown;
@@ -157,9 +157,17 @@ std::string FileUsedTwice(const FleetChoice& choice, const std::string& logFile)
                         !std::filesystem::is_directory(PathOf(file), unknown); // refused in any case
     const bool isFolder = HoldsFolder(file, BackupFolderOf(choice)) ||
                           (!choice.traceFolder.empty() && HoldsFolder(file, choice.traceFolder));
-    if (isFile && (isFolder || IsAlsoStandardOutput(file))) return file;
+    if (isFile && (isFolder || !StandardStreamAt(file).empty())) return file;
   }
   return "";
+}
+
+FileResult MayStoreTraces(FileSystem& files, const FleetChoice& choice, std::string& path) {
+  path = choice.traceFolder;
+  FileResult mayStore = path.empty() ? FileResult() : MayStoreIn(files, path);
+  for (const std::string& file : TraceFilesOf(choice))
+    if (mayStore && IsThere(files, file)) mayStore = MayReplace(files, path = file);
+  return mayStore;
 }
 
 std::string BackupFolderOf(const FleetChoice& choice) {

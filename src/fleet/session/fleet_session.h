@@ -46,6 +46,9 @@ struct FleetChoice {
 // A file of the bench that has another use: a trace or log that is needed, or a file in the place of a folder or of
 // standard output. Also an input at standard output. "" if there is none. `logFile` is "" without a log.
 [[nodiscard]] std::string FileUsedTwice(const FleetChoice& choice, const std::string& logFile);
+// Whether the traces can be written: in their folder, and into files that are there, none of which is a pipe. `path` is
+// the folder or file that was looked at last.
+FileResult MayStoreTraces(FileSystem& files, const FleetChoice& choice, std::string& path);
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 
 // Reads the template and the rows. A file that can't be read is a problem of the plan. `input` is read for "-". Without
