@@ -71,7 +71,7 @@ TEST_F(FleetCommandTest, EveryRadioGetsItsRowAndIsInTheJournal) {
   EXPECT_EQ(Fleet(" --count 1 --trace /proc/self/none").status, 1) << "nothing can be written there";
   EXPECT_EQ(Fleet(" --count 1 --log /proc/self/oom_score_adj").status, 1); // another plan; the log takes no text
   const std::string both = Cli("fleet journal " + file).output;
-  EXPECT_EQ(CountOf(both, "plan "), CountOf(both, "\n")) << both;
+  EXPECT_EQ(CountOf(both, "plan ") + CountOf(both, "Not verified: "), CountOf(both, "\n")) << both;
   EXPECT_EQ(CountOf(listed.output, "plan "), 0U);
   EndRadio();
 }
@@ -217,6 +217,11 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_EQ(CountOf(swapped.output, "\r\nStart over? (y/n) "), 1U) << swapped.output;
   EXPECT_EQ(CountOf(swapped.output, ", radio LR-6: verified"), 1U) << swapped.output;
   EXPECT_GE(CountOf(swapped.output, "\n0 of 1, 1 failed\r\x1b[K"), 1U) << swapped.output;
+  AddRadio("LR-7");
+  const Ended rest = Fleet(rows);
+  EXPECT_EQ(rest.status, 0) << rest.output;
+  EXPECT_EQ(CountOf(rest.output, "\nMay be only partly programmed: row 1, Car 1, radio LR-5\n"), 1U) << rest.output;
+  EXPECT_EQ(CountOf(Cli(journal).output, "\nNot verified: radio LR-5, at "), 1U);
   EndRadio();
 }
 

@@ -224,7 +224,10 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
   terminal.out << "Radios verified: " << tally.Done() << ", not verified: " << radios.Failed().size() << '\n';
   for (const auto& [idNumber, attempt] : radios.Failed())
     terminal.out << "Not verified: " << LineForFailed(attempt) << '\n';
-  for (const auto& [idNumber, attempt] : radios.PartlyWritten())
+  std::map<std::string, Attempt> partly = radios.PartlyWritten();
+  if (const auto all = OpenJournal(JournalOf(choice), JournalUse::List)->Attempts("")) // also of earlier benches
+    partly.merge(PartlyWritten(*all));
+  for (const auto& [idNumber, attempt] : partly)
     terminal.out << LineForPartlyWritten(attempt) << '\n';
   if (tally.Done() < choice.count)
     terminal.err << "Verified: " << tally.Done() << " of " << choice.count << " requested radios.\n";

@@ -4,11 +4,13 @@
 #include "attempt_records.h"
 #include "file_commands.h"
 #include "fleet_command.h"
-#include "open_radios.h"
+#include "journal_queries.h"
 #include "sql_journal.h"
 #include "utf8.h"
 #include "words.h"
 
+#include <algorithm>
+#include <iterator>
 #include <ostream>
 #include <set>
 
@@ -67,10 +69,10 @@ ExitStatus RunFleetJournal(FileSystem& files, const FleetArguments& arguments, T
     shown.start = LocalTimestamp(shown.start);
     terminal.out << (plans.size() > 1 ? "plan " + shown.plan.substr(0, 8) + ": " : "") << LineFor(shown) << '\n';
   }
-  for (const auto& [radio, attempt] : PartlyWritten(*attempts))
-    terminal.out << LineForPartlyWritten(attempt) << '\n';
+  std::vector<std::string> open = LinesForOpen(*attempts);
   const std::vector<JournalRow> outdated = OutdatedRowsOf(*journal, plan);
-  return print(LinesForOutdated(outdated, outdated.size()));
+  std::ranges::move(LinesForOutdated(outdated, outdated.size()), std::back_inserter(open));
+  return print(open);
 }
 
 } // namespace mr4500x

@@ -93,6 +93,17 @@ bool IsOfRadio(const Attempt& attempt, const std::string& idNumber) {
   return TrimmedNumber(attempt.idNumber) == TrimmedNumber(idNumber);
 }
 
+std::vector<std::string> LinesForOpen(const std::vector<Attempt>& attempts) {
+  OpenRadios radios;
+  std::ranges::for_each(attempts, [&](const Attempt& attempt) { radios.Record(attempt); });
+  std::vector<std::string> lines;
+  for (const auto& [radio, attempt] : radios.Failed())
+    lines.push_back("Not verified: " + LineForFailed(attempt));
+  for (const auto& [radio, attempt] : PartlyWritten(attempts))
+    lines.push_back(LineForPartlyWritten(attempt));
+  return lines;
+}
+
 std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber) {
   std::vector<Attempt> own;
   std::ranges::copy_if(attempts, std::back_inserter(own),
@@ -141,13 +152,13 @@ OpenRadios OpenRadiosOf(const std::vector<Attempt>& attempts) {
 }
 
 std::vector<PortDay> StatisticsOf(const std::vector<Attempt>& attempts) {
-  std::map<std::tuple<std::string, std::string, std::string>, PortDay> found;
+  std::map<std::tuple<std::string, std::string, std::size_t, std::string>, PortDay> found; // COM2 before COM10
   for (const Attempt& attempt : attempts) {
     using enum AttemptOutcome;
     const bool isVerified = attempt.outcome == Verified;
     if (!isVerified && attempt.outcome != Failed && attempt.outcome != Conflict && attempt.outcome != Aborted) continue;
     const std::string day = LocalTimestamp(attempt.start).substr(0, 10), computer = ComputerOf(attempt.bench);
-    PortDay& one = found[{day, computer, attempt.port}];
+    PortDay& one = found[{day, computer, attempt.port.size(), attempt.port}];
     one.day = day;
     one.computer = computer;
     one.port = attempt.port;

@@ -32,6 +32,9 @@ enum class PlanChoice : std::uint8_t { One, AnyOrAll };
 // The rows of earlier lists of the plan's template that are outdated. For "" the plan that was begun last.
 [[nodiscard]] std::vector<JournalRow> OutdatedRowsOf(Journal& journal, const std::string& plan);
 
+// The radios of all computers that a person still has to deal with, and those that may be only partly programmed.
+[[nodiscard]] std::vector<std::string> LinesForOpen(const std::vector<Attempt>& attempts);
+
 // All that is known of a radio, a line each. The attempts are those of all plans.
 [[nodiscard]] std::vector<std::string> LinesForRadio(const std::vector<Attempt>& attempts, const std::string& idNumber);
 

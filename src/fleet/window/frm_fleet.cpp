@@ -184,7 +184,7 @@ void FrmFleet::ShowState() {
   m_start->setEnabled(!isRunning && isUsable && !choice.ports.empty());
   m_stop->setEnabled(m_session && !m_isStopping);
   m_next->setEnabled(m_session && !m_plan->plan.isEndless);
-  m_statistics->setEnabled(isUsable);
+  m_statistics->setEnabled(m_plan != nullptr); // the whole journal's
   m_save->setEnabled(isUsable);
   m_print->setEnabled(isUsable);
   m_problems->setVisible(m_plan && !isUsable);
@@ -356,7 +356,7 @@ void FrmFleet::ShowCounts() {
   QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
   if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
   if (!m_changes.isEmpty()) text += tr("; the list has changed: %1").arg(m_changes);
-  if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows:");
+  if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
   if (!m_open.Failed().empty()) text += tr("; radios not verified: %1").arg(m_open.Failed().size());
   QStringList partly;

@@ -28,6 +28,10 @@ void FrmFleet::BuildWindow() {
   setWindowTitle(tr("MR4500X Fleet"));
   m_problems->setObjectName(QStringLiteral("lstProblems"));
   m_problems->setAccessibleName(tr("Problems"));
+  for (QListWidget* const list : {m_problems, m_failed}) {
+    list->setWordWrap(true);
+    list->setTextElideMode(Qt::ElideNone);
+  }
   BuildCards();
   BuildTable();
   auto* const layout = new QVBoxLayout(this);
@@ -35,7 +39,7 @@ void FrmFleet::BuildWindow() {
   layout->addWidget(m_cardArea, 4);
   layout->addLayout(BuildCounts());
   auto* const lists = new QHBoxLayout;
-  lists->addWidget(m_problems);
+  lists->addWidget(m_problems, 2);
   lists->addWidget(m_table, 2);
   lists->addWidget(BuildFailed(), 1);
   layout->addLayout(lists, 2);
@@ -70,8 +74,6 @@ void FrmFleet::BuildPartKeys() {
 QWidget* FrmFleet::BuildFailed() {
   m_failed->setObjectName(QStringLiteral("lstFailed"));
   m_failed->setAccessibleName(tr("Needs attention"));
-  m_failed->setWordWrap(true);
-  m_failed->setTextElideMode(Qt::ElideNone);
   auto* const caption = new QLabel(tr("Needs attention (&X):"));
   caption->setBuddy(m_failed);
   auto* const dismiss = new QPushButton(tr("&Dismiss"));

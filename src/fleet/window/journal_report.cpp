@@ -2,7 +2,7 @@
 
 #include "attempt_records.h"
 #include "conventions.h"
-#include "open_radios.h"
+#include "journal_queries.h"
 #include "shown_text.h"
 #include "words.h"
 
@@ -61,19 +61,20 @@ QString HtmlOf(const QString& planName, const JournalContent& content) {
   for (const auto& [outcome, count] : counts)
     sums.append(QStringLiteral("%1 %2").arg(count).arg(Shown(WordFor(outcome))));
   const QString notDone = NotDone(content.rows);
-  QStringList partly;
-  for (const auto& [radio, attempt] : PartlyWritten(content.attempts))
-    partly.append(Shown(LineForPartlyWritten(attempt)).toHtmlEscaped() + QStringLiteral("<br>"));
-  for (const std::string& line : LinesForOutdated(content.outdated, content.outdated.size()))
-    partly.append(Shown(line).toHtmlEscaped() + QStringLiteral("<br>"));
+  QString open;
+  for (const auto& found :
+       {LinesForOpen(content.attempts), LinesForOutdated(content.outdated, content.outdated.size())})
+    for (const std::string& line : found)
+      open += Shown(line).toHtmlEscaped() + QStringLiteral("<br>");
   return QStringLiteral(
              "<h2>%1</h2><p>%2<br>%3</p><p><b>%4</b></p><table border='1' cellspacing='0' cellpadding='3' width='100%'>"
              "<thead>%5</thead>%6</table>")
       .arg(QObject::tr("Journal of %1").arg(planName).toHtmlEscaped(), sums.join(QStringLiteral(", ")),
            (notDone.isEmpty() ? QObject::tr("All rows are done") : QObject::tr("Not done: %1").arg(notDone))
                .toHtmlEscaped(),
-           partly.join(QString()),
-           Cells("th", {"Time", "Row", "Label", "Radio", "Port", "Outcome", "What happened", "Backup", "SHA-256"}),
+           open,
+           Cells("th",
+                 {"Time", "Row", "Label", "Radio", "Port, operator", "Outcome", "What happened", "Backup", "SHA-256"}),
            lines);
 }
 

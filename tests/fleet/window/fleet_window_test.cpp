@@ -328,9 +328,15 @@ TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
                                          attempt(Verified, "2026-11-04 21:00:00Z", "2026-11-04 21:00:20Z", "b"),
                                          attempt(Verified, "2026-11-04 22:00:00Z", "2026-11-04 22:00:30Z", "c"),
                                          attempt(Failed, "2026-11-04 23:00:00Z", "2026-11-04 23:00:09Z", "d")};
-  const std::vector<std::string> lines = LinesForStatistics(StatisticsOf(attempts));
-  ASSERT_EQ(lines.size(), 2U);
-  EXPECT_EQ(QString::fromStdString(lines[1]).simplified(), "2026-11-05 shop-2 COM1 2 2 50 25.0");
+  std::vector<Attempt> more = attempts;
+  std::tie(more[0].port, more[1].port) = std::pair("COM10", "COM2");
+  std::string lines;
+  for (const std::vector<Attempt>& each : {attempts, more})
+    for (const std::string& line : LinesForStatistics(StatisticsOf(each)))
+      lines += QString::fromStdString(line).simplified().toStdString() + '\n';
+  const std::string heading = "Day Computer Port Verified Failed Yield % Mean s\n", day = "2026-11-05 shop-2 COM";
+  EXPECT_EQ(lines, heading + day + "1 2 2 50 25.0\n" + heading + day + "1 1 1 50 30.0\n" + day + "2 1 0 100 20.0\n" +
+                       day + "10 0 1 0 0.0\n");
   const std::string partly = "May be only partly programmed: radio LR-1";
   EXPECT_EQ(LinesForRadio(attempts, "LR-1 ").back(), partly);
   QPrinter printer;
@@ -353,9 +359,10 @@ TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
   words.start("pdftotext", {printer.outputFileName(), "-"});
   EXPECT_TRUE(words.waitForFinished());
   const QByteArray text = words.readAll();
-  for (const char* const part : {partly.c_str(), "Holds a row of an earlier list: row 1, Car, radio LR-1"})
+  for (const char* const part : {"Not verified: radio LR-1, at COM1: failed", partly.c_str(),
+                                 "Holds a row of an earlier list: row 1, Car, radio LR-1"})
     EXPECT_TRUE(text.contains(part)) << part << text.toStdString();
-  EXPECT_EQ(text.count("the last one"), 1);
+  EXPECT_EQ(text.count("the last one"), 2) << "also as not verified";
   EXPECT_EQ(text.count("+14:00"), 60) << "once for each time: " << text.toStdString();
   qunsetenv("TZ");
 }
@@ -405,6 +412,7 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   Type("txtRows", Path("rows.csv"));
   auto* const problems = Find<QListWidget>("lstProblems");
   ASSERT_TRUE(Await([&] { return problems->isVisible(); }));
+  EXPECT_EQ(Label("lblCounts"), "Problems in the template and the rows");
   EXPECT_TRUE(problems->item(0)->text().startsWith("line 2, global.tx_tot: 61s, allowed: one of OFF, 30s"))
       << problems->item(0)->text().toStdString();
   EXPECT_FALSE(Find<QPushButton>("cmdStart")->isEnabled());
