@@ -48,6 +48,10 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
   Click(1, 12, Qt::RightButton);
   QTest::mousePress(cells, Qt::LeftButton, {}, Centre(1, 12));
   QTest::mouseRelease(cells, Qt::LeftButton, {}, {50, -5});
+  QTest::mousePress(cells, Qt::LeftButton, {}, Centre(1, 12));
+  grid.hide(); // by a shortcut
+  QTest::mouseRelease(cells, Qt::LeftButton, {}, Centre(1, 12));
+  grid.show();
   EXPECT_EQ(changed.count(), 0);
   QTest::mousePress(cells, Qt::LeftButton, {}, Centre(1, 12));
   QTest::mouseMove(cells, Centre(5, 5));

@@ -56,6 +56,7 @@ void CellGrid::showEvent(QShowEvent* event) {
 
 void CellGrid::hideEvent(QHideEvent* event) {
   QTableWidget::hideEvent(event);
+  m_pressed = false; // the release still arrives
   if (currentIndex().isValid()) m_current = currentIndex();
   setCurrentIndex({});
 }
