@@ -84,15 +84,17 @@ PortAction On(PortMachine& port, const JournalPolled& event, const BenchView& be
   }
   const bool isIdle = port.phase == PortPhase::Searching || port.phase == PortPhase::JournalLost;
   if (event.error && isIdle) return LoseJournal(port, *event.error);
-  if (port.phase == PortPhase::JournalLost) Search(port);
-  if (port.waitsForRow) port.radio.reset(); // a row may be free now
+  const bool isBack = port.phase == PortPhase::JournalLost;
+  if (isBack && port.status.idNumber.empty()) Search(port);
+  if (isBack) port.phase = PortPhase::Searching;      // but a full disk may still refuse the radio's row
+  if (isBack || port.waitsForRow) port.radio.reset(); // a row may be free now
   return bench.hasSlot ? PortAction::Identify : PortAction::Wait;
 }
 
 PortAction On(PortMachine& port, const RadioAnswered& /*event*/, const BenchView& /*bench*/) {
   if (port.phase == PortPhase::RadioAttached) return PortAction::None;
   if (port.phase == PortPhase::PortLost) ForgetRadio(port);
-  Show(port, PortState::Identifying);
+  if (port.status.state != PortState::NoJournal) Show(port, PortState::Identifying);
   return PortAction::None;
 }
 

@@ -27,7 +27,7 @@ inline constexpr char NoNumberReason[] =
 inline constexpr char ExchangedReason[] = "the radio was swapped for another one; nothing was written";
 inline constexpr char StoppedReason[] = "stopped before the write; nothing was written";
 inline constexpr char TakenAwayReason[] =
-    "the row was given to another bench because this one did not report in time; nothing was written";
+    "the row was freed, or given to another bench because this one did not report in time; nothing was written";
 inline constexpr char ChangedReason[] = "a radio with this number is done, but this one differs; "; // and what
 inline constexpr char TextDiffersReason[] = "its embedded information does not match what was written";
 [[nodiscard]] std::string ReasonFor(const ExchangeResult& result); // "" if it is complete

@@ -125,9 +125,13 @@ bool SqlConnection::OpenDatabase() {
   if (m_use == JournalUse::Enter)
     for (const char* const statement : m_dialect.onConnect)
       static_cast<void>(Run(statement));
-  else if (!m_file.empty() && !Run("SELECT 1 FROM sqlite_master")) {
-    if (QFile::exists(QString::fromStdString(m_file + "-wal"))) return false;
-    // Even if nothing can be written beside it, the file can be read as long as no bench has it open.
+  else if (!m_file.empty()) {
+    // As long as no bench has it open, a file that can't be written is read without files beside it, which would remain
+    // and belong to this user.
+    const auto isOpen = [&] { return QFile::exists(QString::fromStdString(m_file + "-wal")); };
+    if ((isOpen() || MachineFiles().CanWrite(m_file)) && Run("SELECT 1 FROM sqlite_master")) return true;
+    if (isOpen()) return false;
+    database.close();
     database.setDatabaseName(UriOf(m_file, "?immutable=1"));
     database.setConnectOptions(FrozenFileOptions);
   }

@@ -240,6 +240,7 @@ void FrmFleet::AskAboutEarlier(const PlanStart& start) {
   for (const std::string& line : LinesForOutdated(start.changes.outdated, MostRadios))
     asked += QLatin1Char('\n') + Shown(line);
   auto* const box = new QMessageBox(QMessageBox::Question, windowTitle(), asked, QMessageBox::Cancel, this);
+  box->setDefaultButton(QMessageBox::Cancel);
   box->setAttribute(Qt::WA_DeleteOnClose);
   const auto add = [&](const QString& text, EarlierRows earlier) {
     QPushButton* const button = box->addButton(text, QMessageBox::AcceptRole);

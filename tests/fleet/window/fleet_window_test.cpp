@@ -312,6 +312,13 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   static_cast<void>(Decide(files, journal, {AttemptOutcome::Dismissed, "", 0, "", "", "LR-9"}));
   QCoreApplication::sendEvent(window.get(), &activated);
   EXPECT_TRUE(Await([&] { return Find<QListWidget>("lstFailed")->count() == 1; }));
+  // The journal is gone, and Enter does not give all rows out again.
+  ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
+  std::filesystem::remove(journal);
+  QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
+  EXPECT_TRUE(Await([&] { return reported.value(1).startsWith("A bench has used the journal "); }));
+  EXPECT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
+  EXPECT_FALSE(std::filesystem::exists(journal));
 }
 
 TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
