@@ -50,47 +50,6 @@ TEST_F(ProgramTest, AFileWithoutAStoredStandardKeepsTheOneThatItNames) {
   }
 }
 
-TEST_F(ProgramTest, AsksBeforeDataIsLost) {
-  // name, edited, answer, closes, saves
-  const std::tuple<const char*, bool, Answer, bool, bool> cases[] = {
-      {"nothing to save", false, Answer::Cancel, true, false},
-      {"cancelled", true, Answer::Cancel, false, false},
-      {"not saved", true, Answer::No, true, false},
-      {"saved", true, Answer::Yes, true, true},
-  };
-  PutDataFile("b.K4X");
-  for (const std::string command : {"mnuFileClose", "mnuFileOpen"})
-    for (const auto& [name, edited, answer, closes, saves] : cases) {
-      SCOPED_TRACE(command + ' ' + name);
-      Start();
-      PutDataFile("a.K4X");
-      OpenFile("a.K4X");
-      std::filesystem::remove(Path("a.K4X"));
-      if (edited) Edit();
-      const bool opens = command == "mnuFileOpen";
-      Lines expected(opens ? 1 : 0, "dialog Open");
-      if (edited) expected.push_back(question);
-      EXPECT_EQ(HappenedAt(command, {answer}, opens ? "b.K4X" : ""), expected);
-      EXPECT_EQ(Title(), !closes ? TitleOf("a.K4X") : opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
-      EXPECT_EQ(window->State().ModifiedFlag, !closes);
-      EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens || !closes);
-      EXPECT_EQ(Names().contains("a.K4X"), saves);
-    }
-}
-
-TEST_F(ProgramTest, CloseDropsTheTextOfAnOpenEditor) {
-  PutDataFile("a.K4X");
-  OpenFile("a.K4X");
-  auto* const grid = window->findChild<QTableView*>("gridChannel");
-  auto* const editor = window->findChild<QLineEdit*>("txtChFreq");
-  QTest::keyClick(grid, Qt::Key_Space);
-  ASSERT_FALSE(editor->isHidden());
-  QTest::keyClicks(editor, "450.1");
-  EXPECT_EQ(HappenedAt("mnuFileClose", {Answer::Cancel}), Lines{question});
-  EXPECT_TRUE(editor->isHidden());
-  EXPECT_EQ(grid->model()->index(0, 0).data(), "440.00000");
-}
-
 TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
   // name, command, chosen in the dialog (none: cancelled), effect, proposed, written file
   const std::tuple<const char*, const char*, const char*, Lines, std::string, std::string> cases[] = {

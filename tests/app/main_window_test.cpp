@@ -4,64 +4,6 @@
 namespace mr4500x {
 namespace {
 
-TEST_F(ProgramTest, RunsACommandFromTheToolbar) {
-  radio.openFailure = "gone";
-  for (const char* const button : {"New", "Open", "Save", "Read", "Write"})
-    Button(button)->click();
-  EXPECT_EQ(Happened(), (Lines{"dialog Open", "dialog Save", "X|Error|COM3: gone", "X|Error|COM3: gone"}));
-  EXPECT_EQ(practice.receivers(SIGNAL(Ended())), 1) << "one more with each event";
-}
-
-TEST_F(ProgramTest, ItsMenusBeginWithTheOldItemsAndGiveNoMnemonicTwice) {
-  const std::pair<const char*, const char*> begins[] = {
-      {"mnuFile", "&Open...|&Close||&Save|Save &As...||&Print...||*|*|*|*||E&Xit||"},
-      {"mnuEdit", "&Copy|&Paste||"},
-      {"mnuOption", "&Channels Settings||&Function Settings|"},
-      {"mnuProgram", "&Read|| &Write|"},
-      {"mnuEmbed", "Embedded &Info...||&Read Embedded Info| &Write Embedded Info||*|"},
-      {"mnuCommPort", "&Port...     |"},
-      {"mnuHelp", "&Contents|&Index...||&About...|"},
-      {"mnuChannels", ""},
-  };
-  QTest::keyClick(window->findChild<QTableWidget*>("gridChannel"), Qt::Key_F10, Qt::ShiftModifier);
-  for (const auto& [name, begin] : begins) {
-    QString texts, mnemonics;
-    for (const QAction* const item : window->findChild<QMenu*>(name)->actions()) {
-      texts += (item->isVisible() || item->isSeparator() ? item->text() : "*") + '|';
-      if (const auto at = item->text().indexOf('&'); at >= 0) mnemonics += item->text().at(at + 1).toUpper();
-    }
-    EXPECT_TRUE(texts.startsWith(begin)) << name << ": " << texts.toStdString();
-    EXPECT_EQ(QSet<QChar>(mnemonics.begin(), mnemonics.end()).size(), mnemonics.size())
-        << name << ": " << mnemonics.toStdString();
-  }
-}
-
-// A menu shows what can be used. Its commands act on the channels only while they are in view.
-TEST_F(ProgramTest, ItsEditMenuWorksOnTheChannelsThatAreShown) {
-  auto* const menu = window->findChild<QMenu*>("mnuEdit");
-  const auto grey = [&] {
-    std::string names;
-    emit menu->aboutToShow();
-    for (const QAction* const item : menu->actions())
-      if (!item->isSeparator() && !item->isEnabled()) names += item->text().remove('&').toStdString() + '|';
-    emit menu->aboutToHide();
-    return names;
-  };
-  EXPECT_EQ(grey(), "Undo|Redo|Fill Down|");
-  const Configuration before = window->Panel().Shown();
-  Choose("mnuChannelsCut");
-  EXPECT_TRUE(window->Panel().Shown().channels[0].noCh);
-  EXPECT_EQ(grey(), "Redo|Fill Down|");
-  EXPECT_EQ(Item("mnuUndo")->text(), "&Undo Cut Channels");
-  Choose("mnuUndo");
-  EXPECT_EQ(window->Panel().Shown(), before);
-  Choose("mnuOptionFunction");
-  EXPECT_EQ(grey(),
-            "Undo|Copy Channels|Cut Channels|Paste Channels|Move Up|Move Down|Fill Down|Use|Don't Use|Clear Channels|");
-  window->findChild<QLineEdit*>("txtANI")->setText("1");
-  EXPECT_TRUE(grey().starts_with("Redo|")) << "what is being typed can be undone";
-}
-
 TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
   SomePorts ports;
   serialPort = &ports;
@@ -121,19 +63,6 @@ TEST_F(ProgramTest, ItsStatusBarHasTheTimeAndSomeMessagesForAWhile) {
     byTime ? end(timers[1]) : Edit();
     EXPECT_EQ(Status(1), ProgramTitle) << byTime;
     EXPECT_FALSE(timers[1]->isActive());
-  }
-}
-
-TEST_F(ProgramTest, ShowsOneOfItsTwoViews) {
-  for (const std::string command : {"mnuOptionFunction", "ChanWin", "FuncWin", "mnuOptionChannels"}) {
-    SCOPED_TRACE(command);
-    const bool function = command.find("Func") != std::string::npos;
-    Choose(command);
-    EXPECT_EQ(Item("mnuOptionChannels")->isChecked(), !function);
-    EXPECT_EQ(Item("mnuOptionFunction")->isChecked(), function);
-    EXPECT_EQ(Button("ChanWin")->isEnabled(), function);
-    EXPECT_EQ(Button("FuncWin")->isEnabled(), !function);
-    EXPECT_EQ(window->findChild<QWidget*>("fraChannel")->isVisible(), !function);
   }
 }
 
@@ -249,24 +178,6 @@ TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
     EXPECT_EQ(Title(), title) << name;
   }
   EXPECT_EQ(Happened(), Lines());
-}
-
-TEST_F(ProgramTest, UndoShowsAStatusMessageMarksTheDataAsChangedAndEndsWithTheData) {
-  PutDataFile("a.K4X");
-  OpenFile("a.K4X");
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-  auto* const grid = window->findChild<QTableWidget*>("gridChannel");
-  QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, grid->visualItemRect(grid->item(0, 10)).center());
-  Choose("mnuFileSave");
-  EXPECT_FALSE(window->State().ModifiedFlag);
-  QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(Status(1), "Undone: CH1 High Tx Power");
-  EXPECT_EQ(grid->item(0, 10)->text(), "Permit");
-  EXPECT_TRUE(window->State().ModifiedFlag);
-  Choose("mnuFileClose", {Answer::No});
-  QTest::keyClick(grid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(Status(1), "Nothing to redo");
-  EXPECT_EQ(Happened(), Lines{question});
 }
 
 } // namespace

@@ -80,17 +80,17 @@ private:
 
 class ProgramTest : public FilesTest {
 protected:
-  ProgramTest() {
+  explicit ProgramTest(bool starts = true) {
     Put("MR4500X.ini", "[Comm Port]\r\nCommon Port=3\r\n");
     ResetToDefaults(image, {2004, 11, 4, 9, 5, 7});
     image.FiveToneStandard = 1;
-    Start();
+    if (starts) Start();
   }
 
   void Start() {
     window = std::make_unique<FrmMain>(MainServices{
-        desktop, desktop, desktop, desktop, desktop, desktop, files, serialPort ? *serialPort : radio, radio, input,
-        practice, Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
+        *messageView, *progressView, desktop, desktop, desktop, desktop, files, serialPort ? *serialPort : radio, radio,
+        input, practice, Path("MR4500X.ini"), Path(""), Path("kept"), [] { return LocalTime{2004, 11, 4, 9, 5, 7}; },
         [](int port) { return port == 3 ? "/dev/ttyUSB2" : std::string(); },
         [](const std::string&) { return std::string("minicom"); },
         [this](const WindowGeometry&) { desktop.happened.emplace_back("geometry"); },
@@ -156,6 +156,8 @@ protected:
   const std::string damaged = "!|Open File Error|File has been damaged!";
   RadioImage image; // what test files hold
   ScriptedDesktop desktop;
+  MessageView* messageView = &desktop;
+  ProgressView* progressView = &desktop;
   ScriptedRadio radio;
   SerialPort* serialPort = nullptr; // instead of the radio's
   UserInput input;

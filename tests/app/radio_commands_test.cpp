@@ -1,6 +1,5 @@
 // The transfers and Port, through the main window, with a radio on COM3.
 #include "messages.h"
-#include "port_choice.h"
 #include "program_fixture.h"
 
 namespace mr4500x {
@@ -136,45 +135,6 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   radio.frames.clear();
   EXPECT_EQ(HappenedAt("mnuProgramWrite").size(), 1U) << "the backup was interrupted";
   EXPECT_LT(radio.frames.size(), 13U) << "and nothing was written";
-}
-
-TEST_F(ProgramTest, ChoosesThePort) {
-  SomePorts ports;
-  serialPort = &ports;
-  // name, ports that work, clicked (0: none), button, port after
-  const std::tuple<const char*, std::set<int>, int, const char*, int> cases[] = {
-      {"cancelled", {2, 4}, 4, "cmdCancel", 3}, {"the first that works", {4, 2}, 0, "cmdOK", 2},
-      {"its own", {2, 3, 16}, 0, "cmdOK", 3},   {"none works", {}, 0, "cmdOK", 1},
-      {"another one", {3, 4}, 4, "cmdOK", 4},   {"one that does not work", {2, 4}, 7, "cmdOK", 2},
-  };
-  for (const auto& [name, working, click, button, after] : cases) {
-    SCOPED_TRACE(name);
-    ports.working = working;
-    Start();
-    WhenDialogOpens([&, click = click, button = button](QWidget* dialog) {
-      const auto option = [&](int n) { return dialog->findChild<QRadioButton*>(QStringLiteral("optPort(%1)").arg(n)); };
-      for (int n = 1; n <= PortCount; ++n) {
-        EXPECT_EQ(option(n)->isEnabled(), ports.working.contains(n)) << n;
-        const char* const none = "There is no device for this port. Plug in the cable, and choose Port again.";
-        const char* const device =
-            ports.working.contains(3) ? "/dev/ttyUSB2" : "/dev/ttyUSB2 is in use by minicom. Close that program first.";
-        EXPECT_EQ(option(n)->toolTip(), n == 3 ? device : none) << n;
-      }
-      QEvent enter(QEvent::Enter), leave(QEvent::Leave);
-      auto* const line = dialog->findChild<QLabel*>("lblHint");
-      QCoreApplication::sendEvent(option(3), &enter); // a grey one
-      EXPECT_EQ(line->text(), option(3)->toolTip());
-      QCoreApplication::sendEvent(option(3), &leave);
-      if (click != 0) option(click)->click();
-      for (int n = 1; n <= PortCount; ++n)
-        EXPECT_TRUE(!option(n)->isChecked() || line->text() == option(n)->toolTip()) << n;
-      dialog->findChild<QPushButton*>(button)->click();
-    });
-    Button("Port")->click();
-    EXPECT_EQ(window->State().CommPortNumber, after);
-    EXPECT_EQ(Status(2), "COM " + std::to_string(after));
-    EXPECT_FALSE(ports.open || QGuiApplication::overrideCursor() != nullptr);
-  }
 }
 
 } // namespace

@@ -33,35 +33,6 @@ TEST_F(ChannelTest, FrequenciesAreFilteredRoundedAndClamped) {
   }
 }
 
-TEST_F(ChannelTest, EachWayToLeaveTheFrequencyEditor) {
-  const auto key = [this](Qt::Key k) { return [=, this] { QTest::keyClick(&frequency, k); }; };
-  messages.whileShown = [this] { // like a real box, which takes the focus and returns it
-    GoElsewhere();
-    frequency.setFocus();
-  };
-  // Whether it commits, whether the grid then has the focus.
-  const std::tuple<const char*, std::function<void()>, bool, bool> ways[] = {
-      {"Enter", key(Qt::Key_Enter), true, true},
-      {"Escape", key(Qt::Key_Escape), false, true},
-      {"another control", [this] { GoElsewhere(); }, true, false},
-      {"another cell", [this] { Click(9, 3); }, true, false},
-      {"background", [this] { QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(panel.width() - 2, 2)); }, true,
-       false},
-      {"close", [this] { panel.HideOpenEditors(); }, false, true}};
-  for (const auto& [name, leave, commits, gridFocused] : ways) {
-    for (const bool valid : {true, false}) {
-      SCOPED_TRACE(name + std::string(valid ? " valid" : " invalid"));
-      SetCell(2, 1, "450.00000");
-      Click(2, 1);
-      QTest::keyClicks(&frequency, valid ? "460" : "4.6.0");
-      leave();
-      EXPECT_EQ(Cell(2, 1), valid && commits ? "460.00000" : "450.00000");
-      EXPECT_EQ(messages.Taken(), FrequencyInvalid(valid || !commits));
-      EXPECT_TRUE(frequency.isHidden() && (!valid || grid.hasFocus() == gridFocused));
-    }
-  }
-}
-
 TEST_F(ChannelTest, AMenuOrAnotherWindowTakesTheFocusOnlyTemporarily) {
   for (const auto& [column, editor] : {std::pair<int, QWidget*>{1, &frequency}, {3, &tone}}) {
     Click(1, column);
@@ -124,28 +95,6 @@ TEST_F(ChannelTest, TabOpensTheNextCellThatHasAnEditor) {
   QTest::keyClick(&tone, Qt::Key_Tab);
   EXPECT_EQ(Cell(16, 9), "CTC82.5");
   EXPECT_TRUE(tone.isHidden() && frequency.isHidden() && grid.hasFocus()) << "after the last one";
-}
-
-TEST_F(ChannelTest, ATonePickedForReceiveSetsTheTailCut) {
-  const std::tuple<const char*, int, const char*, const char*, const char*, const char*> cases[] = {
-      {"a tone", 3, "OFF", "CTC88.5", "OFF", "ON"},
-      {"no tone", 3, "DCS023", "OFF", "ON", "OFF"},
-      {"transmit", 9, "OFF", "-DCS754", "OFF", "OFF"},
-      {"left as it was", 3, "CTC88.5", "CTC88.5", "OFF", "OFF"},
-      {"not in the list", 3, "CTC#77", "CTC#77", "OFF", "OFF"}};
-  for (const auto& [name, column, before, picked, tailBefore, tailAfter] : cases) {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
-      SCOPED_TRACE(std::string(name) + " key " + std::to_string(key));
-      SetCell(5, column, before);
-      SetCell(5, 6, tailBefore);
-      Click(5, column);
-      tone.setCurrentText(picked);
-      QTest::keyClick(&tone, key);
-      EXPECT_TRUE(tone.isHidden() && grid.hasFocus());
-      EXPECT_EQ(Cell(5, column), key == Qt::Key_Escape ? before : picked);
-      EXPECT_EQ(Cell(5, 6), key == Qt::Key_Escape ? tailBefore : tailAfter);
-    }
-  }
 }
 
 } // namespace

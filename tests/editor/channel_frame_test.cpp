@@ -4,25 +4,6 @@
 namespace mr4500x {
 namespace {
 
-TEST_F(ChannelTest, TheCheckBoxesHideTheTextsOfUnusedCells) {
-  auto &chkCH = Get<QCheckBox>("chkCH(2)"), &chkTx = Get<QCheckBox>("chkTx(2)");
-  for (const auto& [noCh, noTx] : {std::pair{false, false}, {false, true}, {true, false}, {true, true}}) {
-    SCOPED_TRACE(std::string(noCh ? "No CH" : "") + (noTx ? " No Tx" : ""));
-    chkCH.setChecked(!noCh);
-    chkTx.setChecked(noTx);
-    QTest::mouseClick(&chkCH, Qt::LeftButton, {}, chkCH.rect().center());
-    EXPECT_EQ(chkTx.isEnabled(), !noCh);
-    for (int column = 1; column < 15; ++column) {
-      const bool hidden = Item(3, column).foreground().color() == panel.palette().color(QPalette::Base);
-      EXPECT_EQ(hidden, noCh || (noTx && column >= 7 && column <= 11)) << column;
-      if (!hidden) continue;
-      const std::string before = Cell(3, column);
-      Click(3, column);
-      EXPECT_TRUE(Cell(3, column) == before && frequency.isHidden() && tone.isHidden()) << column;
-    }
-  }
-}
-
 TEST_F(ChannelTest, EachClickOrSpaceTogglesTheCell) {
   SetCell(4, 3, "CTC88.5");
   for (const Row& row : RowsOf(CASES "toggled_cells.txt", "[^:]+: (\\d+) (\\S+) (\\S+) -> (\\S+ \\S+) -> (\\S+)")) {

@@ -2,7 +2,6 @@
 // on each other.
 #include "editor_fixture.h"
 #include "field_rules.h"
-#include "key_rules.h"
 #include "wheel.h"
 
 #include <QMenu>
@@ -130,29 +129,6 @@ TEST_F(SettingsTest, AWheelTurnsOnlyWhatHasTheFocus) {
   EXPECT_EQ(list.currentIndex(), 1);
 }
 
-constexpr int Scan = 2, TalkAround = 5, LongBReverse = 5; // positions in the lists with a special function
-
-TEST_F(SettingsTest, KeysExcludeEachOther) {
-  for (const auto& [list, other, fixed] :
-       {std::tuple{"cboKey(0)", "cboKey(1)", "cboKey(11)"}, std::tuple{"cboKey(1)", "cboKey(0)", "cboKey(10)"}}) {
-    for (const int position : {KeySpecial, Scan}) {
-      Pick(list, position);
-      EXPECT_EQ(List(fixed).isVisible(), position == KeySpecial) << other;
-      EXPECT_EQ(List(other).isHidden(), position == KeySpecial) << other;
-    }
-  }
-  Pick("cboKey(3)", LongBReverse);
-  Pick("cboKey(2)", KeySpecial);
-  EXPECT_FALSE(List("cboKey(3)").isEnabled());
-  Pick("cboKey(5)", LongBReverse); // a key out of use does not count
-  EXPECT_TRUE(messages.shown.empty());
-  Pick("cboKey(0)", TalkAround);
-  EXPECT_EQ(messages.Taken(), Lines{"!|Talk Around Or Reverse|Talk Around or Reverse can't be present at the same "
-                                    "time.If one key has been set to Talk Around or Reverse,any other key must not be "
-                                    "set to Talk Around or Reverse."});
-  EXPECT_EQ(List("cboKey(0)").currentIndex(), Scan) << "goes back";
-}
-
 // A fill selects one key after the other in the lists as they are, so a conflict brings the selection before it back.
 TEST_F(SettingsTest, AFillSelectsTheKeysAsAUserWould) {
   for (const Row& row : RowsOf(CASES "filled_keys.txt", "[^:]+: (.*); (?:(\\S+) (\\d))?; (.*); (\\d) -> (.*)")) {
@@ -181,47 +157,6 @@ TEST_F(SettingsTest, AFillSelectsTheKeysAsAUserWould) {
     }
     EXPECT_EQ(shown.join(",").toStdString(), row[6]);
   }
-}
-
-struct TtsTableTest : SettingsTest {
-  QLineEdit& box = Box("txtTTSFreq");
-  QComboBox& list = List("cmbTTST");
-  std::pair<int, int> Current() const { return {ttsTable.currentRow(), ttsTable.currentColumn()}; }
-};
-
-constexpr int ToneAFreq = 1, ToneADur = 2, ToneBFreq = 3; // column 0 is "No."
-
-TEST_F(TtsTableTest, LimitsAFrequencyAndGoesToTheTimeBesideIt) {
-  for (const bool valid : {true, false}) {
-    ttsTable.item(2, ToneAFreq)->setText("520");
-    Click(ttsTable, 2, ToneAFreq);
-    EXPECT_EQ(box.selectedText(), "520");
-    QTest::keyClicks(&box, "1a2.-");
-    QApplication::clipboard()->setText("12x4");
-    if (!valid) QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
-    QTest::keyClick(&box, Qt::Key_Return);
-    EXPECT_EQ(Cell(ttsTable, 2, ToneAFreq), valid ? "288" : "520");
-    EXPECT_EQ(messages.Taken(), ErrorMessage(valid ? "" : "TTS Frequency Invalid!"));
-    EXPECT_TRUE(box.isHidden() && ttsTable.hasFocus() && Current() == std::pair(2, ToneADur)) << valid;
-  }
-}
-
-TEST_F(TtsTableTest, KeysAndClicksOfTheTableAndItsEditors) {
-  Click(ttsTable, 7, 6);
-  list.setCurrentText("9.9"); // stored as soon as it is picked
-  QTest::keyClick(&list, Qt::Key_Escape);
-  EXPECT_EQ(Cell(ttsTable, 7, 6), "9.9");
-  for (int cell = 0; cell < 8 * 6; ++cell) {
-    QTest::keyClick(&ttsTable, cell % 2 == 0 ? Qt::Key_Return : Qt::Key_Enter);
-    EXPECT_EQ(Current(), std::pair(cell / 6, cell % 6 + 1)) << "from the last cell to the first, then row by row";
-  }
-  ttsTable.setCurrentCell(1, ToneBFreq);
-  QTest::keyClick(&ttsTable, Qt::Key_Space);
-  const int hertz = std::stoi(Cell(ttsTable, 1, ToneBFreq));
-  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Down, Qt::Key_Return})
-    QTest::keyClick(&box, key);
-  EXPECT_EQ(Cell(ttsTable, 1, ToneBFreq), std::to_string(hertz + 1));
-  EXPECT_EQ(Current(), std::pair(1, ToneBFreq)) << "only tone A moves on";
 }
 
 } // namespace

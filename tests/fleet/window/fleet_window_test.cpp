@@ -1,5 +1,4 @@
 // The fleet's window under keys and clicks, with simulated radios as processes.
-#include "accessible_names.h"
 #include "attempt_records.h"
 #include "data_file.h"
 #include "files_fixture.h"
@@ -48,7 +47,6 @@ protected:
     window = std::make_unique<FrmFleet>(files, Path("ports.ini"), QString::fromStdString(Path("own.ini")));
     window->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    EXPECT_EQ(NamelessControls(window.get()), "");
   }
   void Type(const char* edit, const std::string& text) {
     QTest::keyClicks(Find<QLineEdit>(edit), QString::fromStdString(text));

@@ -1,0 +1,86 @@
+// The program's windows in many states, compared as a whole with their descriptions. See window_states.txt.
+#include "frm_splash.h"
+#include "program_fixture.h"
+#include "qt_dialogs.h"
+#include "qt_progress_view.h"
+#include "rows.h"
+#include "window_states.h"
+
+#include <iterator>
+#include <optional>
+#include <sstream>
+
+namespace mr4500x {
+namespace {
+
+struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
+  ProgramStates() : ProgramTest(/*starts*/ false) {
+    messageView = &view;
+    progressView = &progress;
+    PutInRadio();
+    PutDataFile("taxi.K4X");
+    image.ChannelBlock(4, 0) = 0; // not in use
+    PutDataFile("other.K4X");
+    states.main = [this] { return window.get(); };
+    states.happened = [this] {
+      QStringList lines;
+      for (const std::string& line : desktop.happened)
+        lines.append("happened: " + QString::fromStdString(line));
+      return lines;
+    };
+    states.replaced = {{QRegularExpression(QRegularExpression::escape(QString::fromStdString(Path("")))), "FOLDER/"},
+                       {QRegularExpression("\"Version [0-9][^\"]*"), "\"VERSION"},
+                       {QRegularExpression("Qt [0-9.]+"), "Qt VERSION"},
+                       {QRegularExpression("installed in[^\"]*"), "installed in FOLDER"},
+                       {QRegularExpression("\"\\d\\d:\\d\\d\""), "\"TIME\""}};
+    const auto word = [this](const char* name, auto act) {
+      states.words[name] = [act](const QString& rest) { return act(rest.toStdString()), true; };
+    };
+    word("start", [this](const auto&) { Start(); });
+    word("splash", [this](const auto&) { window.reset(), splash.emplace().show(); });
+    word("file", [this](const std::string& name) { desktop.paths.emplace_back(Path(name)); });
+    word("put", [this](const std::string& name) { Put(name, "LR7200"); });
+    word("kept", [this](const auto&) {
+      std::filesystem::create_directory(Path("kept"));
+      Put("kept/2004-11-03_09-05-07_0.K4X", "");
+    });
+    word("crash", [this](const auto&) {
+      window->KeepForSession();
+      window.reset();
+      Start();
+      static_cast<void>(window->OpenLeftWork());
+    });
+    word("list", [this](const std::string& lines) { Put("list.csv", Unescaped(lines)); });
+    word("silent", [this](const auto&) { radio.openFailure = "gone"; });
+    word("ports", [this](const std::string& numbers) {
+      std::istringstream in(numbers);
+      ports.working = {std::istream_iterator<int>(in), {}};
+      serialPort = &ports;
+      Start();
+    });
+    word("pdf", [this](const std::string& name) { desktop.pdfFile = Path(name); });
+    word("frame", [this](const std::string& number) {
+      states.CaptureLater();
+      radio.spoil = [this, at = std::stoul(number)](std::size_t frame, LineBytes& /*reply*/) {
+        if (frame == at) states.Capture();
+      };
+    });
+  }
+
+  QtMessageView view{input};
+  QtProgressView progress{std::string(ProgramTitle)};
+  SomePorts ports;
+  std::optional<FrmSplash> splash;
+  WindowStates states;
+};
+
+constexpr char Table[] = STATES "window_states.txt";
+
+TEST_P(ProgramStates, AreAsDescribed) {
+  states.Check(Table, STATES "window_states/", GetParam());
+}
+INSTANTIATE_TEST_SUITE_P(, ProgramStates, testing::ValuesIn(WindowStates::NamesIn(Table)),
+                         [](const auto& state) { return state.param; });
+
+} // namespace
+} // namespace mr4500x
