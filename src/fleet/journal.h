@@ -75,6 +75,9 @@ struct ClaimRequest {
   bool takesDone = false; // the row that the radio already holds is taken again
   std::size_t row = 0;    // the one that the radio should get if no row names it; 0: the first one that is free
   bool isChosen = false;  // it gets no other one then
+  // When the bench began, by the journal's clock; 0: unknown. A row is not given out if a radio has got the same label
+  // and content since, from another list of the template.
+  std::int64_t begun = 0;
 };
 
 struct PlanHead {

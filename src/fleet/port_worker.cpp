@@ -159,8 +159,11 @@ RadioReported PortWorker::HandleRadio() {
 
 // The attempt gets the row.
 Claim PortWorker::ClaimRow(Attempt& attempt, bool takesDone) {
-  const ClaimRequest request = {
-      .isEndless = m_settings.plan.isEndless, .takesDone = takesDone, .row = m_next.row, .isChosen = m_next.isChosen};
+  const ClaimRequest request = {.isEndless = m_settings.plan.isEndless,
+                                .takesDone = takesDone,
+                                .row = m_next.row,
+                                .isChosen = m_next.isChosen,
+                                .begun = m_next.begun};
   Claim claim = m_journal.ClaimRow(attempt, request);
   const bool hasRow = claim.kind == Claim::Kind::Taken || claim.kind == Claim::Kind::DoneHere;
   if (hasRow) attempt.row = claim.row.row;

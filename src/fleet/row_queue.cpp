@@ -71,6 +71,7 @@ std::optional<std::int64_t> RowQueue::BeginList(std::size_t port) {
 std::size_t RowQueue::EndList(const RowList& list) {
   const std::lock_guard guard(m_mutex);
   m_listedAt = list.time;
+  if (m_begun == 0) m_begun = list.time;
   m_isListing = false;
   for (const JournalRow& row : list.rows) {
     m_free.erase(row.row);
@@ -92,7 +93,8 @@ std::size_t RowQueue::EndList(const RowList& list) {
 
 RowCounts RowQueue::Counts() {
   const std::lock_guard guard(m_mutex);
-  return {m_done.size(), m_taken.size(), m_named.size(), m_taken.empty() ? JournalRow() : m_taken.begin()->second};
+  return {m_done.size(), m_taken.size(), m_free.size(), m_named.size(),
+          m_taken.empty() ? JournalRow() : m_taken.begin()->second};
 }
 
 RowQueue::Next RowQueue::NextFor(std::size_t port, bool isWaiting) {
@@ -100,7 +102,7 @@ RowQueue::Next RowQueue::NextFor(std::size_t port, bool isWaiting) {
   m_ports.at(port).isWaiting = isWaiting;
   AssignRows(m_ports, m_free, m_chosen);
   const std::size_t row = m_ports[port].next;
-  return {row, Contains(m_chosen, row)};
+  return {row, Contains(m_chosen, row), m_begun};
 }
 
 void RowQueue::Hold(std::size_t port, std::size_t row, std::string portName) {

@@ -35,7 +35,7 @@ void AssignRows(std::vector<RowSlot>& ports, const std::set<std::size_t>& free, 
 
 // How the rows of a plan are used.
 struct RowCounts {
-  std::size_t done = 0, taken = 0, named = 0; // named: free, but only for other radios
+  std::size_t done = 0, taken = 0, free = 0, named = 0; // named: free, but only for other radios
   JournalRow firstTaken{};
 };
 
@@ -45,6 +45,7 @@ public:
   struct Next {
     std::size_t row = 0;
     bool isChosen = false;
+    std::int64_t begun = 0; // the time of the bench's first list
   };
 
   void SetPorts(std::size_t count) { m_ports.resize(count); } // before they start
@@ -67,7 +68,7 @@ private:
   std::vector<std::size_t> m_chosen;
   std::set<std::size_t> m_free, m_done, m_named;
   std::map<std::size_t, JournalRow> m_taken;
-  std::int64_t m_listedAt = 0;
+  std::int64_t m_listedAt = 0, m_begun = 0;
   bool m_isListing = false;
 };
 

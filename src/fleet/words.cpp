@@ -120,6 +120,7 @@ std::string HeldReason(const JournalRow& row) {
 }
 
 std::string NoFreeRowReason(const RowCounts& counts) {
+  if (counts.free > 0) return "the rows that are left went to radios from another list; stop, and start again";
   if (counts.taken + counts.named == 0) return "all rows are done";
   std::string text = "no row is free: " + std::to_string(counts.done) + " done";
   if (counts.taken > 0)

@@ -187,6 +187,8 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_EQ(Cli("fleet --dry-run " + Path("job/a.K4X") + rows).status, 0) << "a copy of the same name is another job";
   std::filesystem::rename(Path("a.journal"), Path("b.journal"));
   EXPECT_EQ(Cli("fleet --dry-run " + Path("b.K4X") + rows).status, 0) << "it was renamed as well";
+  Cli("set " + Path("b.K4X") + " global.tx_tot=120s");
+  ExpectAll({{"fleet --dry-run " + Path("b.K4X") + rows, 1, "The template " + Path("b.K4X") + " has changed, so "}});
   const Ended missing = Fleet(rows + " --carry-over");
   EXPECT_EQ(missing.status, 1);
   EXPECT_TRUE(missing.output.starts_with("A bench has used the journal ")) << missing.output;

@@ -121,15 +121,17 @@ bool SqlConnection::OpenDatabase() {
     return Fail(QStringLiteral("A journal is a file or postgresql://user@host:port/database."));
   if (!database.isValid())
     return Fail(QStringLiteral("Qt's driver %1 is missing (Debian: %2).").arg(m_dialect.driver, m_dialect.package));
+  // To open it would leave files beside it that block its owner.
+  const bool isProtected = QFile::exists(QString::fromStdString(m_file)) && !MachineFiles().CanWrite(m_file);
+  if (m_use == JournalUse::Enter && isProtected) return Fail(QStringLiteral("The journal is write-protected."));
   if (!database.open()) return Fail(database.lastError());
   if (m_use == JournalUse::Enter)
     for (const char* const statement : m_dialect.onConnect)
       static_cast<void>(Run(statement));
   else if (!m_file.empty()) {
-    // As long as no bench has it open, a file that can't be written is read without files beside it, which would remain
-    // and belong to this user.
+    // As long as no bench has it open, it is read without files beside it.
     const auto isOpen = [&] { return QFile::exists(QString::fromStdString(m_file + "-wal")); };
-    if ((isOpen() || MachineFiles().CanWrite(m_file)) && Run("SELECT 1 FROM sqlite_master")) return true;
+    if ((isOpen() || !isProtected) && Run("SELECT 1 FROM sqlite_master")) return true;
     if (isOpen()) return false;
     database.close();
     database.setDatabaseName(UriOf(m_file, "?immutable=1"));

@@ -102,16 +102,23 @@ const QStringList MakeRow = {
     "INSERT INTO fleet_row (plan, number) SELECT :plan, coalesce(max(number), 0) + 1 FROM fleet_row WHERE plan = :plan"
     " HAVING NOT EXISTS (SELECT 1 FROM fleet_row WHERE plan = :plan AND"
     " (radio IN ('', :id) AND {isFree} OR id_number = :id AND state <> 'free'))"};
+// What other lists of the template have given out since the bench began. Rows without labels may be alike.
+const QString IsElsewhere =
+    "EXISTS (SELECT 1 FROM fleet_row other WHERE other.changed > 0 AND other.changed > :begun AND :begun > 0"
+    " AND other.plan IN (SELECT plan FROM fleet_plan WHERE plan <> :plan AND template ="
+    " (SELECT template FROM fleet_plan WHERE plan = :plan)) AND other.state <> 'free' AND other.content <> ''"
+    " AND other.label <> '' AND other.label = fleet_row.label AND other.content = fleet_row.content)";
 // The radio's number may also be at another port, or its bench has died and may have written it. The row is queried
 // again, because the selected state may be older than its lock. A second of these statements finds that the radio has a
 // row.
 const QString TakeFree =
-    "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = '',"
-    " changed = {now} WHERE plan = :plan AND {isFree} AND number ="
-    " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
-    " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
-    " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
-    " AND held.state <> 'free')%1 ORDER BY number LIMIT 1{skip})";
+    QString("UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = '',"
+            " changed = {now} WHERE plan = :plan AND {isFree} AND number ="
+            " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
+            " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
+            " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
+            " AND held.state <> 'free') AND NOT ") +
+    IsElsewhere + "%1 ORDER BY number LIMIT 1{skip})";
 const QString EnterBegun = "INSERT INTO fleet_attempt (" + ColumnList() +
                            ") SELECT number, 'begun', :started, '', label, :id_number, :firmware, :band, :port, :bench,"
                            " '', '', '', plan, :attempt_key, '', :operator_name FROM fleet_row"
@@ -226,6 +233,7 @@ Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) 
   Values values = ValuesOf(attempt);
   values.emplace_back(":claim", m_claimName);
   values.emplace_back(":request", QVariant::fromValue(request.row));
+  values.emplace_back(":begun", QVariant::fromValue(request.begun));
   QStringList statements = BeforeClaim;
   if (request.takesDone) statements += TakeDone;
   if (request.isEndless) statements += MakeRow;

@@ -54,7 +54,8 @@ std::string LostJournal(FileSystem& files, const FleetChoice& choice, const Plan
   if (isRenamed) return RenamedReason(last);
   const std::filesystem::path name = PathOf(plan.name).filename();
   const bool isChanged = !plan.isEndless && std::ranges::any_of(history.plans, [&](const PlanHead& earlier) {
-    return earlier.isUsed && !earlier.templateKey.empty() && PathOf(earlier.name).filename() == name;
+    const bool isThis = choice.journal.empty() || PathOf(earlier.name).filename() == name; // both may be renamed
+    return isThis && earlier.isUsed && !earlier.templateKey.empty();
   });
   return isChanged ? ChangedTemplateReason(plan.name) : "";
 }

@@ -13,6 +13,7 @@
 #include <QFontDatabase>
 #include <QInputDialog>
 #include <QItemSelectionModel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -126,6 +127,7 @@ void FrmFleet::DecideAboutRow(AttemptOutcome outcome, const QString& question) {
 void FrmFleet::AskAndEnter(RowDecision decision, const QString& question, const QString& name) {
   bool isGiven = false;
   const QString text = QInputDialog::getText(this, windowTitle(), question.arg(name), QLineEdit::Normal, {}, &isGiven);
+  if (m_next->isEnabled()) m_next->setFocus(); // for the next scan
   decision.text = text.trimmed().toStdString();
   if (!isGiven || (decision.outcome == AttemptOutcome::Note && decision.text.empty())) return;
   EnterDecision(decision);

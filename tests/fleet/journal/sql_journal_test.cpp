@@ -145,6 +145,17 @@ void SqlJournals::MeetAnotherBench() {
     ASSERT_TRUE(other.exec("COMMIT"));
     EXPECT_EQ(answer.get(), result);
   }
+  // Of a label that two lists have, each bench knows what the other has given out since it began.
+  const std::vector<JournalRow> rows = {NewRow(1, "one", "", "c1"), NewRow(2, "two", "", "c2"),
+                                        NewRow(3, "", "", "c1")};
+  const auto journal = open();
+  ASSERT_TRUE(journal->Begin({"old", "", "t"}, rows) && journal->Begin({"new", "", "t"}, rows));
+  const std::int64_t begun = journal->ChangedRows("old", 0).value().time - 1;
+  std::string given;
+  for (const auto& [plan, since] :
+       {std::pair("new", begun), {"old", begun}, {"new", begun}, {"old", begun}, {"new", 0}, {"new", begun}})
+    given += claimed(open()->ClaimRow(NewAttempt(plan, plan, NewAttemptKey()), {.begun = since}));
+  EXPECT_EQ(given, "row 1newrow 2oldrow 3newrow 3oldrow 2newnone, 0");
   EXPECT_FALSE(QSqlQuery(Connect()).exec("UPDATE fleet_row SET state = 'done', id_number = 'X' WHERE number = 2"))
       << "one number has two rows";
 }
@@ -345,6 +356,7 @@ TEST_P(SqlJournals, DoNotHangWithTheirServer) {
     for (const uid_t reader : {getuid(), uid_t{65534}}) { // the second one may not write the file
       static_cast<void>(seteuid(reader));
       EXPECT_TRUE(OpenJournal(address, JournalUse::List)->Rows("p")) << reader;
+      EXPECT_EQ(OpenJournal(address, JournalUse::Enter)->ReportAlive("A"), geteuid() == getuid()) << reader;
       static_cast<void>(seteuid(getuid()));
       EXPECT_FALSE(std::filesystem::exists(path + "-wal") || std::filesystem::exists(path + "-shm")) << reader;
     }

@@ -201,6 +201,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_EQ(enabled, "&Free Row... no &Reissue Row... yes &Note... yes &All about the Radio yes ");
   actions.at(2)->trigger();
   EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  Ann: row 2, Car 2, radio LR-2: note: Ann"); }));
+  EXPECT_EQ(window->focusWidget(), Find<QLineEdit>("txtNext")) << "for the next scan";
   const QString who = "Who is at the bench today? The journal keeps the name.";
   EXPECT_EQ(asked, (QStringList{who, who, "Note about radio LR-3:", "Note about Row 2, Car 2:"}));
   ExpectMenu(table, rows.index(0, 1));
