@@ -14,8 +14,10 @@ _mr4500x_cli() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word count=0
   local field=${COMP_WORDS[COMP_CWORD - 2]} # in FIELD = VALUE, which are three words
   [ "$current" != = ] || field=$previous previous="=" current=""
+  [[ $previous$field != =-* ]] || previous=$field # --option=value
   local command=${COMP_WORDS[1]} files="" ports="" words="" value=""
   for word in "${COMP_WORDS[@]:2:COMP_CWORD-2}"; do
+    [ "$word" != = ] || continue
     [ -z "$value" ] || { value=""; continue; }
     case $word in
       -o | --output | --trace | --from | --rows | --ports | --journal | --log | --csv | --backup | --reports | --count | --plan | \
@@ -75,8 +77,7 @@ _mr4500x_cli() {
   local extglob_was_set=0
   shopt -q extglob && extglob_was_set=1
   shopt -s extglob
-  mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X "!$files" -- "$current"; compgen -d -S / -- "$current")
+  mapfile -t -O "${#COMPREPLY[@]}" COMPREPLY < <(compgen -f -X "!$files" -- "$current"; compgen -d -- "$current")
   [ "$extglob_was_set" -eq 1 ] || shopt -u extglob
-  [ "${#COMPREPLY[@]}" -ne 1 ] || [[ ${COMPREPLY[0]} != */ ]] || compopt -o nospace
 }
 complete -o filenames -F _mr4500x_cli mr4500x-cli

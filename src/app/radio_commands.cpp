@@ -85,7 +85,7 @@ std::optional<RadioImage> ReadBeside(const CommandContext& context) {
   RadioImage image;
   const bool isRead =
       RunTransfer<ProgressObserver>(context, HeldPointer::Busy, [&](SerialLine& line, ExchangeObserver& observer) {
-        return ReadRadio(line, image, observer);
+        return ReadWholeRadio(line, image, observer);
       });
   if (!isRead) return std::nullopt;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];

@@ -49,7 +49,6 @@ ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
   const MachinePorts ports(call.files);
   std::set<std::string> asked;
   std::string answering, reasons; // names of ports; why others do not open
-  int count = 0;
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = ports.DeviceOf(number).path;
     if (device.empty() || !asked.insert(device).second) continue;
@@ -60,13 +59,12 @@ ExitStatus ChooseOnlyPort(const Call& call, PortAddress& port) {
     RadioImage unused;
     const ExchangeResult result = ReadIdentity(line, unused, observer);
     if (result.outcome == Outcome::PortNotOpened) reasons += "; " + FailureOf(result)->text;
-    if (result.outcome != Outcome::Complete) continue;
-    ++count;
+    if (result.outcome == Outcome::PortNotOpened || result.outcome == Outcome::NoResponse) continue;
     port = {number, ""};
     answering += ' ' + ComName(number);
   }
-  if (count == 0) return Fail(call.terminal, "auto: no radio answers on any port" + reasons);
-  if (count > 1) return Fail(call.terminal, "auto: more than one radio answers:" + answering);
+  if (answering.empty()) return Fail(call.terminal, "auto: no radio answers on any port" + reasons);
+  if (answering.rfind(' ') > 0) return Fail(call.terminal, "auto: more than one radio answers:" + answering);
   call.terminal.err << "auto:" << answering << '\n';
   return Done;
 }
@@ -97,7 +95,7 @@ bool AreSwapped(const std::string& file, const PortAddress& port) {
 ExitStatus OpenTrace(const Call& call, const std::string& device, std::ofstream& trace) {
   const std::string& path = call.trace;
   if (path.empty()) return Done;
-  bool isUsed = !StandardStreamAt(path).empty() || HasDataFileEnding(path) || HoldsConfiguration(call.files, path);
+  bool isUsed = !StandardStreamAt(path).empty() || IsDataFile(call.files, path);
   for (std::string used : {call.file, call.other, call.backup, device})
     for (; used != FolderOf(used); used = FolderOf(used)) // it can't be a folder of another file either
       isUsed = isUsed || path == used || LeadsToInput(call.files, path, used);

@@ -1,12 +1,10 @@
 #include "command_table.h"
 
 #include "backup.h"
-#include "channel_commands.h"
 #include "chosen_port.h"
 #include "conventions.h"
 #include "embedded_info.h"
 #include "fill_messages.h"
-#include "fleet/fleet_summary.h"
 #include "machine.h"
 #include "output.h"
 #include "parsing.h"
@@ -95,7 +93,7 @@ ExitStatus WriteInfo(Call& c) {
 
 // Replaces this program by the one that draws the pages.
 ExitStatus Print(Call& c) {
-  if (!CheckExport(c.files, c.output, c.file, c.terminal)) return ExitStatus::UnusableArguments;
+  if (!CheckExport(c.files, c.output, c.terminal)) return ExitStatus::UnusableArguments;
   return BecomePart("mr4500x-cli-print", {c.file, c.output, c.text.value_or("")}, c.terminal);
 }
 
@@ -249,8 +247,7 @@ void DeclareCommands(CLI::App& app, Call& call, std::function<ExitStatus()>& cho
     sub->footer("Example: mr4500x-cli " + std::string(command.example) + "\nExit status: " + status);
     if (command.run.index() != 0) sub->final_callback([&] { chosen = [&] { return Run(command, call); }; });
   }
-  CLI::Option* const reports = app.get_subcommand("print")->get_option("--reports");
-  reports->check(EachItem(CLI::IsMember({"channels", "tts", "info"})));
+  app.get_subcommand("print")->get_option("--reports")->check(EachItem(CLI::IsMember({"channels", "tts", "info"})));
   app.footer("An existing file is replaced in one step, but `new`, and `read` with {id} in the name, need --replace "
              "for that.\n`mr4500x-cli help COMMAND` has an example of each command.");
 }

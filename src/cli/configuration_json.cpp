@@ -1,6 +1,7 @@
 #include "configuration_json.h"
 
 #include "decimal.h"
+#include "field_patterns.h"
 #include "set_field.h"
 #include "utf8.h"
 
@@ -30,23 +31,6 @@ Json ValueJson(const Configuration& configuration, FieldAt at) {
   if (at.field->kind != FieldKind::WholeNumber) return text;
   const std::optional<int> number = ParseWhole(text); // none for "OFF"
   return number ? Json(*number) : Json(text);
-}
-
-// A group that is an object, or one entry of an array.
-Json Entry(const Configuration& configuration, FieldGroup group, std::size_t entry) {
-  Json object = Json::object();
-  if (group == FieldGroup::Channels) object["number"] = entry;
-  for (const Field& field : Fields())
-    if (field.group == group) object[field.key] = ValueJson(configuration, {&field, entry});
-  return object;
-}
-
-Json Group(const Configuration& configuration, FieldGroup group) {
-  if (!IsArray(group)) return Entry(configuration, group, 1);
-  Json array = Json::array();
-  for (std::size_t entry = 1; entry <= EntriesOf(group); ++entry)
-    array.push_back(Entry(configuration, group, entry));
-  return array;
 }
 
 // Line and column, counted from 1, of a byte: "3:17: ".
@@ -185,15 +169,8 @@ private:
 } // namespace
 
 std::string ConfigurationJson(const Configuration& configuration) {
-  Json document = {{"format", Format}};
-  for (const Field& field : Fields())
-    if (field.group == FieldGroup::None)
-      document[field.key] = ValueJson(configuration, {&field, 1});
-    else if (!document.contains(NameOf(field.group)))
-      document[NameOf(field.group)] = Group(configuration, field.group);
-  for (const FieldAt at : OutsideRules(configuration, PointTexts()))
-    document["as_stored"].push_back(IdentifierOf(at));
-  return document.dump(2) + '\n';
+  const std::vector<FieldAt> all = AllFields();
+  return PartJson(configuration, {all.begin(), all.end()});
 }
 
 std::string ValueAsJson(const Configuration& configuration, FieldAt at) {

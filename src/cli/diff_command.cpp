@@ -18,9 +18,8 @@ using Json = nlohmann::ordered_json;
 constexpr ExitStatus Same = ExitStatus::Done, Different = ExitStatus::Failed, Trouble = ExitStatus::UnusableArguments;
 
 Json JsonOf(const RadioImage& before, const RadioImage& after, const ImageDifferences& differences) {
-  const FieldTexts& texts = PointTexts();
-  const Configuration a = Decode(WithStandard(before), texts).configuration;
-  const Configuration b = Decode(WithStandard(after), texts).configuration;
+  const Configuration a = Decode(WithStandard(before), PointTexts()).configuration;
+  const Configuration b = Decode(WithStandard(after), PointTexts()).configuration;
   Json document = {{"format", 1}, {"fields", Json::array()}, {"bytes", Json::array()}};
   for (const Difference& difference : differences.settings)
     document["fields"].push_back({{"field", IdentifierOf(difference.at)},

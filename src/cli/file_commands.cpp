@@ -47,14 +47,6 @@ ExitStatus Store(FileSystem& files, const std::string& path, std::span<const std
   return path == Stream ? PrintData(terminal) : Fail(terminal, path + ": " + failure + ReasonOf(stored));
 }
 
-// Whether storing other data at `target` would overwrite a data file: `dataFile` itself, or any other one.
-bool LeadsToDataFile(FileSystem& files, const std::string& dataFile, const std::string& target) {
-  std::error_code failed; // a missing file can't be overwritten
-  if (std::filesystem::equivalent(PathOf(dataFile), PathOf(target), failed)) return true;
-  if (HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(target), failed)))) return true;
-  return HoldsConfiguration(files, target);
-}
-
 // Prints the settings that have changed with the named ones. For example, a new lower limit resets all channels.
 void PrintConsequences(const std::vector<Difference>& differences, const std::set<FieldAt>& named, Terminal& terminal) {
   constexpr std::size_t MostNamed = 8;
@@ -105,9 +97,11 @@ std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::stri
   return std::nullopt;
 }
 
-bool HoldsConfiguration(FileSystem& files, const std::string& path) {
+bool IsDataFile(FileSystem& files, const std::string& path) {
+  std::error_code failed;
   RadioImage unused;
-  return LoadDataFile(files, path, unused).outcome == LoadOutcome::Loaded;
+  return HasDataFileEnding(TextOf(std::filesystem::weakly_canonical(PathOf(path), failed))) ||
+         LoadDataFile(files, path, unused).outcome == LoadOutcome::Loaded;
 }
 
 bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input) {
@@ -123,8 +117,8 @@ bool CheckOutput(FileSystem& files, const std::string& path, const std::string& 
   return false;
 }
 
-bool CheckExport(FileSystem& files, const std::string& path, const std::string& dataFile, Terminal& terminal) {
-  if (IsStandardOutput(path) || !LeadsToDataFile(files, dataFile, path)) return CheckOutput(files, path, "", terminal);
+bool CheckExport(FileSystem& files, const std::string& path, Terminal& terminal) {
+  if (IsStandardOutput(path) || !IsDataFile(files, path)) return CheckOutput(files, path, "", terminal);
   Refuse(terminal, path + ": the output must not be a data file");
   return false;
 }

@@ -44,8 +44,8 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 [[nodiscard]] std::optional<std::string> ReadTextForCommand(FileSystem& files, const std::string& path,
                                                             Terminal& terminal);
 
-// Whether the file can be loaded as a data file, whatever its name.
-[[nodiscard]] bool HoldsConfiguration(FileSystem& files, const std::string& path);
+// Whether the file, or what its links lead to, has the ending of a data file or can be loaded as one.
+[[nodiscard]] bool IsDataFile(FileSystem& files, const std::string& path);
 
 // Whether writing to the path would change the input, even if that is a file at standard input.
 [[nodiscard]] bool LeadsToInput(FileSystem& files, const std::string& path, const std::string& input);
@@ -53,9 +53,8 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
 // False, with a message, if the output is also the input, or the file at standard output or standard error.
 [[nodiscard]] bool CheckOutput(FileSystem& files, const std::string& path, const std::string& input,
                                Terminal& terminal);
-// The same for other data than a configuration, which must not overwrite `dataFile` or any other data file.
-[[nodiscard]] bool CheckExport(FileSystem& files, const std::string& path, const std::string& dataFile,
-                               Terminal& terminal);
+// Checks the same for data other than a configuration, which must not overwrite a data file.
+[[nodiscard]] bool CheckExport(FileSystem& files, const std::string& path, Terminal& terminal);
 
 // A file that a command changes, and the destination of the result.
 struct FileChange {

@@ -1,6 +1,7 @@
 #include "parsing.h"
 
 #include "arguments.h"
+#include "text.h"
 #include "utf8.h"
 
 #include <span>
@@ -14,8 +15,9 @@ void RefuseEmptyValues(CLI::App& app) {
     const auto check = [option, &app](const std::string& value) -> std::string {
       if (!option->get_snames().empty() && value.starts_with('='))
         return "the value of a short option follows without =, as in -oOUT";
-      if (value.starts_with('-') && app.get_option_no_throw(value) != nullptr) return "has no value before " + value;
-      return value.empty() ? "is empty" : "";
+      if (!option->get_positional() && value.starts_with('-') && app.get_option_no_throw(value) != nullptr)
+        return "has no value before " + value;
+      return Trimmed(value).empty() ? "is empty" : "";
     };
     if (option->get_name() != "TEXT" && option->get_items_expected_max() > 0) option->check(check);
   }
@@ -48,10 +50,13 @@ std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
     const auto isIt = [&](const CLI::App* sub) { return sub->get_name() == word; };
     if (const auto subs = at->get_subcommands(isIt); !subs.empty()) at = subs.front();
     std::vector<std::string> names;
-    for (const CLI::Option* const option : at->get_options())
-      for (const std::string& name : option->get_lnames())
-        names.push_back("--" + name);
     const std::string_view name = word.substr(0, word.find('='));
+    for (const CLI::Option* const option : at->get_options())
+      for (const std::string& known : option->get_lnames()) {
+        names.push_back("--" + known);
+        const bool isFlag = option->get_items_expected_max() == 0;
+        if (isFlag && names.back() == name && name != word) return names.back() + ": takes no value";
+      }
     if (!name.starts_with("--") || name == "--" || std::ranges::find(names, name) != names.end()) continue;
     const std::string nearest = NearestOf(name, names);
     if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
@@ -72,12 +77,20 @@ std::string EmptyValue(std::span<char* const> words) {
   return "";
 }
 
-// The message for a word in brackets that the parser has split at its commas, or "".
-std::string SplitWord(const CLI::App* at, std::span<char* const> words) {
+// The message for a word that the parser has misread, or "": it splits a word in brackets at its commas, and takes an
+// unknown option that is a digit for an argument.
+std::string MisreadWord(const CLI::App* at, std::span<char* const> words) {
+  const auto textOf = [](const char* word) { return std::string_view(word); };
+  const auto afterDashes = std::ranges::find(words, "--", textOf);
   std::vector<std::string> values;
   for (; at != nullptr; at = at->get_subcommands().empty() ? nullptr : at->get_subcommands().front())
-    for (const CLI::Option* const option : at->get_options())
+    for (const CLI::Option* const option : at->get_options()) {
       values.insert(values.end(), option->results().begin(), option->results().end());
+      for (const std::string& value : option->results())
+        if (option->get_positional() && value.size() > 1 && value[0] == '-' &&
+            std::ranges::find(afterDashes, words.end(), value, textOf) == words.end())
+          return Printable(value) + ": unknown option";
+    }
   for (const std::string_view word : words)
     if (word.starts_with('[') && word.ends_with(']') && std::ranges::find(values, word) == values.end())
       return Printable(word) + ": can't be in brackets";
@@ -113,8 +126,8 @@ std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& 
   if (const std::string empty = EmptyValue(words); !empty.empty()) return Refuse(terminal, empty);
   try {
     app.parse(argc, argv);
-    const std::string split = SplitWord(&app, words);
-    return split.empty() ? std::nullopt : std::optional(Refuse(terminal, split));
+    const std::string misread = MisreadWord(&app, words);
+    return misread.empty() ? std::nullopt : std::optional(Refuse(terminal, misread));
   } catch (const CLI::ParseError& error) {
     const bool isHelp = error.get_exit_code() == 0;
     std::string unknown = UnknownCommand(&app, words);

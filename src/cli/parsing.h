@@ -12,6 +12,9 @@
 
 namespace mr4500x {
 
+// The summary of the fleet command, which mr4500x-cli lists and another program runs.
+inline constexpr char FleetSummary[] = "Program many radios on several ports, each with its row of a plan";
+
 // nullopt if the command can run. Otherwise the exit status, after the help or an error message was printed. Only TEXT
 // can be empty. Any other empty argument would come from an unset variable in a script.
 [[nodiscard]] std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal);

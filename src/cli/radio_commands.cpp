@@ -43,22 +43,18 @@ bool Completes(const RadioCommand& command, const auto& exchange, BandAnswer ban
   const ExchangeResult result = exchange(command.line, observer);
   if (const auto failure = FailureOf(result))
     command.terminal.err << (failure->text.starts_with(result.port) ? "" : result.port + ": ") << failure->text << '\n';
+  if (result.missing > 0) command.terminal.err << result.port << ": records not received: " << result.missing << '\n';
   return result.outcome == Outcome::Complete;
+}
+
+bool CompletesWith(const RadioCommand& command, auto& exchange, auto& image, auto... speed) {
+  return Completes(command, [&](auto& line, auto& observer) { return exchange(line, image, observer, speed...); });
 }
 
 // Reports the result to a user who watched the progress or interrupted the program. A script uses the exit status.
 ExitStatus Done(const Terminal& terminal, const std::string& sentence) {
   if (terminal.showsProgress || terminal.isEnding()) terminal.err << sentence << '\n';
   return ExitStatus::Done;
-}
-
-// Reads from the radio everything that a write sends.
-bool ReadBackFor(const RadioCommand& command, RadioImage& image) {
-  return Completes(command, [&](auto& line, auto& observer) { return ReadBack(line, image, observer, command.speed); });
-}
-
-bool ReadInfo(const RadioCommand& command, RadioImage& image) {
-  return Completes(command, [&](auto& line, auto& observer) { return ReadEmbeddedInfo(line, image, observer); });
 }
 
 ExitStatus NoBackup(const RadioCommand& command, const std::string& path, const FileResult& failed) {
@@ -68,7 +64,7 @@ ExitStatus NoBackup(const RadioCommand& command, const std::string& path, const 
 // Saves the radio's configuration, and beside it the embedded text, if any. Prints the path.
 ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
   RadioImage image;
-  if (!ReadForCommand(command, image)) return ExitStatus::Failed;
+  if (!ReadForCommand(command, image)) return Fail(command.terminal, "There is no backup. Nothing was written.");
   const auto [path, result] = KeepBackup(command.files, folder, image, command.now());
   if (!result) return NoBackup(command, path, result);
   return PrintData(command.terminal, path + '\n', " The backup is saved, but nothing was written to the radio.");
@@ -78,7 +74,7 @@ ExitStatus BackUp(const RadioCommand& command, const std::string& folder) {
 ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const std::string& path,
                   DiffForm form = DiffForm::Labels) {
   RadioImage found = expected;
-  if (!ReadBackFor(command, found)) return ExitStatus::Failed;
+  if (!CompletesWith(command, ReadBack, found, command.speed)) return ExitStatus::Failed;
   const ExitStatus compared = RunDiff(form, expected, found, command.terminal);
   if (compared == ExitStatus::Failed)
     Fail(command.terminal, command.line.PortName() + " does not match " + NameOfSource(path) + '.');
@@ -88,7 +84,7 @@ ExitStatus Verify(const RadioCommand& command, const RadioImage& expected, const
 // Prints what a write would change, and whether it would be refused.
 ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const WriteOptions& options) {
   RadioImage found = image;
-  if (!ReadBackFor(command, found)) return ExitStatus::Failed;
+  if (!CompletesWith(command, ReadBack, found, command.speed)) return ExitStatus::Failed;
   command.terminal.out << DifferencesAs(DiffForm::Labels, found, image);
   TerminalObserver observer(command.terminal, options.band, command.line.PortName());
   if (!IsSameBand(found.BandBlock, image.BandBlock) && !observer.AcceptsOtherBand()) return ExitStatus::Failed;
@@ -97,9 +93,8 @@ ExitStatus WriteDry(const RadioCommand& command, const RadioImage& image, const 
 
 } // namespace
 
-bool ReadForCommand(const RadioCommand& command, RadioImage& image) {
-  const auto read = [&](auto& line, auto& observer) { return ReadRadio(line, image, observer, command.speed); };
-  if (!Completes(command, read)) return false;
+bool ReadForCommand(const RadioCommand& command, RadioImage& image, decltype(ReadRadio)& read) {
+  if (!CompletesWith(command, read, image, command.speed)) return false;
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte];
   if (image.FiveToneStandard == 0) // as the editor does
     command.terminal.err << command.line.PortName() << ": " << DataErrorText << '\n';
@@ -114,7 +109,7 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool ma
   if (!mayBeStored)
     return Fail(terminal, path + ": " + MessageForFailed(SaveCommand::Save).text + ReasonOf(mayBeStored));
   RadioImage image;
-  if (!ReadForCommand(command, image)) return ExitStatus::Failed;
+  if (!ReadForCommand(command, image, ReadRadio)) return ExitStatus::Failed;
   const std::string file = FilledIn(path, image, now());
   if (IsSameFile(files, file, trace)) return Refuse(terminal, file + ": is the trace, so it can't be replaced");
   const ExitStatus saved = SaveNewForCommand(files, file, mayReplace || file == path, image, terminal);
@@ -162,7 +157,7 @@ ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffF
 
 ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
   RadioImage image;
-  if (!ReadInfo(command, image)) return ExitStatus::Failed;
+  if (!CompletesWith(command, ReadEmbeddedInfo, image)) return ExitStatus::Failed;
   const std::u16string text = EmbeddedText(image.EmbeddedInfoBlock);
   std::string kept = InfoToKeep(text);
   if (!kept.empty()) kept.pop_back(); // the line feed after the last line
@@ -176,10 +171,9 @@ ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, b
   const std::string port = command.line.PortName();
   RadioImage image;
   image.EmbeddedInfoBlock = info;
-  const auto write = [&](auto& line, auto& observer) { return WriteEmbeddedInfo(line, image, observer); };
-  if (!Completes(command, write)) return ExitStatus::Failed;
+  if (!CompletesWith(command, WriteEmbeddedInfo, image)) return ExitStatus::Failed;
   RadioImage found;
-  if (isVerified && !ReadInfo(command, found))
+  if (isVerified && !CompletesWith(command, ReadEmbeddedInfo, found))
     return Fail(command.terminal, "The text has been written to " + port + ", but not read back.");
   if (isVerified && found.EmbeddedInfoBlock.bytes != image.EmbeddedInfoBlock.bytes)
     return Fail(command.terminal, port + " does not hold the text that was written.");

@@ -20,7 +20,8 @@ struct RadioCommand {
 };
 
 // False, with a message, unless the whole radio has been read, with the 5-tone standard from ResetTimeBlock.
-[[nodiscard]] bool ReadForCommand(const RadioCommand& command, RadioImage& image);
+[[nodiscard]] bool ReadForCommand(const RadioCommand& command, RadioImage& image,
+                                  decltype(ReadRadio)& read = ReadWholeRadio);
 
 // Stores the configuration as received and prints the radio's identity. A path with the placeholders of FilledIn
 // replaces no file unless requested.

@@ -1,4 +1,4 @@
-// The commands that read and change single settings of a data file, by their identifiers.
+// The commands that read and change settings of a data file: by their identifiers, as JSON, and channels as CSV.
 #pragma once
 
 #include "file_commands.h"
@@ -7,8 +7,6 @@
 #include <vector>
 
 namespace mr4500x {
-
-class FileSystem;
 
 // Lists every setting with identifier, label, kind and allowed values, separated by tabs or as a JSON document. With a
 // file, the limits are those for its band and mode, otherwise those of a new configuration.
@@ -26,5 +24,14 @@ class FileSystem;
 
 // Changes settings of a data file from the JSON document `given.input`.
 [[nodiscard]] ExitStatus RunApply(FileSystem& files, const FileChange& given, Terminal& terminal);
+
+// Writes the channels as CSV, to standard output for "-".
+[[nodiscard]] ExitStatus RunChannelsExport(FileSystem& files, const std::string& path, const std::string& csv,
+                                           Terminal& terminal);
+
+// Imports the channels of the list `given.input`. Refused lines are reported. They are skipped if `skipsBad`; otherwise
+// the file is not changed.
+[[nodiscard]] ExitStatus RunChannelsImport(FileSystem& files, const FileChange& given, bool skipsBad,
+                                           Terminal& terminal);
 
 } // namespace mr4500x

@@ -61,7 +61,7 @@ TargetFile FollowLinks(FileSystem& files, std::string path) {
 FileResult RefusedKind(FileKind kind) {
   return Failed(kind == FileKind::Regular  ? std::errc::permission_denied
                 : kind == FileKind::Folder ? std::errc::is_a_directory
-                                           : std::errc::invalid_argument);
+                                           : std::errc::operation_not_supported);
 }
 
 FileResult MayBeWritten(FileSystem& files, const TargetFile& target) {

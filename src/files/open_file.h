@@ -41,6 +41,7 @@ struct [[nodiscard]] FileResult {
 
   operator bool() const { return !error; } // NOLINT(google-explicit-constructor): callers combine it with others
   [[nodiscard]] std::string Reason() const {
+    if (error == std::errc::operation_not_supported) return "not a regular file"; // see RefusedKind
     return error == std::errc::text_file_busy ? "another program has it open" : error.message();
   }
 };

@@ -79,7 +79,7 @@ bool RadioJob::BackUp(Attempt& attempt) {
   const FileResult mayKeep = MayStoreIn(m_settings.files, m_settings.backupFolder);
   if (!mayKeep) return refuse(mayKeep);
   RadioImage image;
-  if (!IsComplete(ReadRadio(m_line, image, *this, m_settings.speed), attempt)) return false;
+  if (!IsComplete(ReadWholeRadio(m_line, image, *this, m_settings.speed), attempt)) return false;
   if (IdentityNumber(image) != attempt.idNumber) return Fail(attempt, ExchangedReason);
   image.FiveToneStandard = image.ResetTimeBlock[StandardByte]; // as the editor does
   const auto [path, result] = KeepBackup(m_settings.files, m_settings.backupFolder, image, m_settings.now());

@@ -1,6 +1,7 @@
 #include "exchange.h"
 
 #include <algorithm>
+#include <set>
 
 namespace mr4500x {
 namespace {
@@ -173,8 +174,10 @@ ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& imag
   observer.Began(course.transfer, course.scale.maximum);
   course.clear(image);
   int value = course.scale.atFirst;
+  std::set<int> missing(course.addresses.begin(), course.addresses.end());
   const auto take = [&](std::span<const std::uint8_t> reply) {
     if (!course.place(image, reply)) return false;
+    if (reply[3] >= RecordBytes) missing.erase(reply[1] << 8 | reply[2]);
     observer.Progress(value);
     value += ProgressPerRecord;
     return true;
@@ -182,7 +185,9 @@ ExchangeResult Read(const ReadCourse& course, SerialLine& line, RadioImage& imag
   const Moved moved = ReadRecords(line, course.pace, speed, course.addresses, take);
   if (!ShowEnd(moved == Moved::All && EndReading(line), course.scale, line, observer))
     return close(moved == Moved::BadAnswer ? course.badAnswer : Outcome::DataError);
-  return close(observer.Complete(course.transfer) ? Outcome::Complete : Outcome::DisplayError);
+  ExchangeResult result = close(observer.Complete(course.transfer) ? Outcome::Complete : Outcome::DisplayError);
+  result.missing = missing.size();
+  return result;
 }
 
 // Calls `stamp` just before taking the first record from the image.
@@ -231,6 +236,12 @@ bool IsSameBand(std::span<const std::uint8_t> a, std::span<const std::uint8_t> b
 
 ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
   return Read(WholeRead, line, image, observer, speed);
+}
+
+ExchangeResult ReadWholeRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
+  ExchangeResult result = ReadRadio(line, image, observer, speed);
+  if (result.outcome == Outcome::Complete && result.missing > 0) result.outcome = Outcome::DataError;
+  return result;
 }
 
 ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer, int tries) {

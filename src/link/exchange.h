@@ -2,6 +2,7 @@
 // messages.h has the texts for the outcome.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -31,6 +32,7 @@ struct ExchangeResult {
   Outcome outcome;
   std::string port;              // its name in messages
   std::string systemDescription; // of PortNotOpened; empty if the port failed after it was opened
+  std::size_t missing = 0;       // records of a read that were answered with another address or with fewer bytes
 };
 
 // Compares the band in two BandBlocks, or in one and the answer to a wake-up.
@@ -52,6 +54,10 @@ public:
 
 [[nodiscard]] ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                        Speed speed = Speed::Prescribed);
+
+// Reads the radio for a backup or a comparison: a missing record is a DataError.
+[[nodiscard]] ExchangeResult ReadWholeRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
+                                            Speed speed = Speed::Prescribed);
 
 // Reads only the identity number, firmware version, write stamp and band. Everything else becomes 0x00. `tries` of the
 // wake-up.

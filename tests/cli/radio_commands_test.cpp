@@ -128,7 +128,7 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   radio.memory[0x3F7] = 0x00;
   using Spoil = void (*)(LineBytes & reply);
   const std::tuple<const char*, Spoil, const char*> bandRecords[] = {
-      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; }, "COM3 does not match"},
+      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; }, "COM3: records not received: 1\nCOM3 does not match"},
       {"of more bytes than there are", [](LineBytes& reply) { reply[3] = 9; }, "COM3: Read data error"},
       {"of no bytes", [](LineBytes& reply) { reply.clear(); }, "COM3: Reading is interrupted"},
   };
@@ -189,6 +189,9 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
   std::filesystem::create_directories(Path("taken text/" + stem + ".txt"));
   std::filesystem::create_directories(Path("taken text/backup"));
   const auto unheard = [&](std::size_t frame, LineBytes& reply) { frame == 50 ? reply.clear() : void(); };
+  const auto moved = [&](std::size_t frame, LineBytes& reply) {
+    reply.size() == 12 && frame == 50 ? reply[2] ^= 8 : 0;
+  };
   const std::pair<const char*, std::function<void()>> cases[] = {
       {"a.K4X", [] {}},
       {"taken text", [] {}},
@@ -198,6 +201,7 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
        }},
       {"full", [&] { files.unwritable.clear(), files.diskRoom = 100; }},
       {"broken off", [&] { files.diskRoom = SIZE_MAX, radio.spoil = unheard; }},
+      {"from another address", [&] { radio.spoil = moved; }},
   };
   for (const auto& [folder, prepare] : cases) {
     SCOPED_TRACE(folder);

@@ -1,6 +1,5 @@
 #include "setting_commands.h"
 
-#include "channel_commands.h"
 #include "commands_fixture.h"
 #include "diff_command.h"
 #include "file_commands.h"

@@ -245,7 +245,7 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
 ExitStatus MayStore(FileSystem& files, const FleetChoice& choice, const std::string& path, Terminal& terminal) {
   if (path.empty() || path == Stream) return ExitStatus::Done;
   if (IsNeeded(choice, path)) return Refuse(terminal, path + ": is used by the same command, so it can't be replaced");
-  if (!CheckExport(files, path, choice.templateFile, terminal)) return ExitStatus::UnusableArguments;
+  if (!CheckExport(files, path, terminal)) return ExitStatus::UnusableArguments;
   const FileResult mayStore = MayStoreOutput(files, path);
   return mayStore ? ExitStatus::Done : Fail(terminal, path + ": can't be written" + ReasonOf(mayStore));
 }

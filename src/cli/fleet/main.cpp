@@ -2,7 +2,6 @@
 // database libraries.
 #include "decimal.h"
 #include "fleet_command.h"
-#include "fleet_summary.h"
 #include "machine.h"
 #include "machine_files.h"
 #include "parsing.h"
@@ -18,7 +17,7 @@ namespace mr4500x {
 namespace {
 
 std::string PortProblem(const std::string& text) {
-  if (text == "all" || ParsePortAddress(text)) return "";
+  if (text == "all" || (text != "auto" && ParsePortAddress(text))) return "";
   return text + " is not a port: use a number from 1 to 16, the path of a device, or all.";
 }
 

@@ -117,7 +117,9 @@ bool SqlConnection::Open() {
 
 bool SqlConnection::OpenDatabase() {
   QSqlDatabase database = Database();
-  if (IsServer(m_address) && !m_address.starts_with("postgres"))
+  const QUrl url(QString::fromStdString(m_address)); // of an invalid one, the default server would be used
+  const bool isUrl = url.isValid() && url.port() != 0 && !url.hasFragment() && m_address.starts_with("postgres");
+  if (IsServer(m_address) && !isUrl)
     return Fail(QStringLiteral("A journal is a file or postgresql://user@host:port/database."));
   if (!database.isValid())
     return Fail(QStringLiteral("Qt's driver %1 is missing (Debian: %2).").arg(m_dialect.driver, m_dialect.package));

@@ -131,6 +131,7 @@ std::string JournalOf(const FleetChoice& choice) {
 std::string WithoutPassword(const std::string& address) {
   if (!FileOfJournal(address).empty()) return address;
   QUrl url(QString::fromStdString(address));
+  if (!url.isValid()) return "the address"; // in which the password can't be found
   QUrlQuery query(url);
   if (url.password().isEmpty() && !query.hasQueryItem(QStringLiteral("password"))) return address;
   url.setPassword(QString());
@@ -171,7 +172,7 @@ FileResult MayStoreTraces(FileSystem& files, const FleetChoice& choice, std::str
 }
 
 std::string BackupFolderOf(const FleetChoice& choice) {
-  return choice.backupFolder.empty() ? TextOf(Beside(choice).parent_path() / "backups") : choice.backupFolder;
+  return TextOf(choice.backupFolder.empty() ? Beside(choice).parent_path() / "backups" : OwnPath(choice.backupFolder));
 }
 
 PlanCheck LoadPlan(FileSystem& files, const FleetChoice& choice, const FieldTexts& texts, std::istream* input) {

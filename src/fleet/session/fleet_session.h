@@ -49,6 +49,7 @@ struct FleetChoice {
 // Whether the traces can be written: in their folder, and into files that are there, none of which is a pipe. `path` is
 // the folder or file that was looked at last.
 FileResult MayStoreTraces(FileSystem& files, const FleetChoice& choice, std::string& path);
+// An absolute path, for other benches of the journal.
 [[nodiscard]] std::string BackupFolderOf(const FleetChoice& choice);
 
 // Reads the template and the rows. A file that can't be read is a problem of the plan. `input` is read for "-". Without
