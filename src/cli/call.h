@@ -22,7 +22,6 @@ struct Call {
   bool all = false, isDryRun = false, isQuick = false, isVerified = false, replace = false, skipBad = false,
        acceptsBand = false;
 
-  [[nodiscard]] ShowAs Form() const { return json ? ShowAs::Json : ShowAs::Table; }
   [[nodiscard]] DiffForm Differences() const {
     using enum DiffForm;
     return json ? Json : patch ? Patch : identifiers ? Identifiers : Labels;

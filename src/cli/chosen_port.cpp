@@ -162,7 +162,7 @@ ExitStatus ListPorts(Call& call) {
   const MachinePorts ports(call.files);
   const std::unique_ptr<SerialPort> serial = MakeSerialPort([&](int number) { return ports.DeviceOf(number); });
   return RunPorts(
-      *serial, [&](int number) { return ports.DeviceOf(number).path; }, call.Form(), call.terminal);
+      *serial, [&](int number) { return ports.DeviceOf(number).path; }, call.json, call.terminal);
 }
 
 } // namespace mr4500x

@@ -121,7 +121,7 @@ constexpr Command Commands[] = {
       Replace},
      "new empty.K4X"},
     {"show", "Print every setting of FILE",
-     [](Call& c) { return RunShow(c.files, c.file, c.Form(), c.terminal); },
+     [](Call& c) { return RunShow(c.files, c.file, c.json, c.terminal); },
      {File, Json}, "show --json radio.K4X"},
     {"diff", "Print the settings that differ, then the bytes that no setting shows; 1 if any differs", Diff,
      {{"A", &Call::file, "data file (.K4X) or PORT; - for standard input"},
@@ -162,7 +162,7 @@ constexpr Command Commands[] = {
       {"--skip-bad", &Call::skipBad, "skip the lines that are refused, and import the others"}, DryRun, Output},
      "channels import radio.K4X channels.csv"},
     {"identify", "Print the radio's identity number, firmware, band and last programming time",
-     [](Call& c, const RadioCommand& radio) { return RunIdentify(radio, c.Form()); },
+     [](Call& c, const RadioCommand& radio) { return RunIdentify(radio, c.json); },
      {Port, Json, Trace}, "identify auto"},
     {"read", "Read the whole radio and store it in FILE, replacing an existing one", Read,
      {Port, {"[FILE]", &Call::file, "data file (.K4X); {id}, {date} and {time} in its name are replaced; - for "
@@ -181,7 +181,7 @@ constexpr Command Commands[] = {
      {File, Port, Json, Identifiers, Trace, Quick}, "verify radio.K4X 1"},
     {"info", "Read or write the embedded information", {}, {}, "info write 1 'Our text'"},
     {"info read", "Print the text and the last programming time",
-     [](Call& c, const RadioCommand& radio) { return RunInfoRead(radio, c.Form()); },
+     [](Call& c, const RadioCommand& radio) { return RunInfoRead(radio, c.json); },
      {Port, Json, Trace}, "info read 1"},
     {"info write", "Write TEXT, at most 119 characters", WriteInfo,
      {Port, {"[TEXT]", &Call::text, "the text in quotes, after -- if it begins with -; a line break counts as two "

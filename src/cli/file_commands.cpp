@@ -187,10 +187,10 @@ ExitStatus RunNew(FileSystem& files, const std::string& path, bool mayReplace, c
   return SaveNewForCommand(files, path, mayReplace, image, terminal);
 }
 
-ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal) {
+ExitStatus RunShow(FileSystem& files, const std::string& path, bool asJson, Terminal& terminal) {
   const std::optional<Configuration> values = LoadValuesForCommand(files, path, terminal);
   if (!values) return ExitStatus::Failed;
-  return PrintData(terminal, form == ShowAs::Json ? ConfigurationJson(*values) : ConfigurationTable(*values));
+  return PrintData(terminal, asJson ? ConfigurationJson(*values) : ConfigurationTable(*values));
 }
 
 } // namespace mr4500x

@@ -15,8 +15,6 @@
 
 namespace mr4500x {
 
-enum class ShowAs { Table, Json };
-
 // Follows DataErrorText.
 inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is taken for ZVEI1.)";
 
@@ -25,7 +23,7 @@ inline constexpr char ZeroStandardText[] = " (The 5-tone standard is 0. It is ta
                                 Terminal& terminal);
 
 // Prints every setting as the editor shows it, with "." as the decimal separator.
-[[nodiscard]] ExitStatus RunShow(FileSystem& files, const std::string& path, ShowAs form, Terminal& terminal);
+[[nodiscard]] ExitStatus RunShow(FileSystem& files, const std::string& path, bool asJson, Terminal& terminal);
 
 // Loads a data file, or standard input for "-", into a new image and prints its messages. False if it could not be
 // loaded.

@@ -80,15 +80,13 @@ std::string EmptyValue(std::span<char* const> words) {
 // The message for a word that the parser has misread, or "": it splits a word in brackets at its commas, and takes an
 // unknown option that is a digit for an argument.
 std::string MisreadWord(const CLI::App* at, std::span<char* const> words) {
-  const auto textOf = [](const char* word) { return std::string_view(word); };
-  const auto afterDashes = std::ranges::find(words, "--", textOf);
+  const bool hasDashes = std::ranges::any_of(words, [](std::string_view word) { return word == "--"; });
   std::vector<std::string> values;
   for (; at != nullptr; at = at->get_subcommands().empty() ? nullptr : at->get_subcommands().front())
     for (const CLI::Option* const option : at->get_options()) {
       values.insert(values.end(), option->results().begin(), option->results().end());
       for (const std::string& value : option->results())
-        if (option->get_positional() && value.size() > 1 && value[0] == '-' &&
-            std::ranges::find(afterDashes, words.end(), value, textOf) == words.end())
+        if (!hasDashes && option->get_positional() && value.starts_with('-') && value != Stream)
           return Printable(value) + ": unknown option";
     }
   for (const std::string_view word : words)

@@ -120,11 +120,11 @@ ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool ma
   return Done(terminal, sentence);
 }
 
-ExitStatus RunIdentify(const RadioCommand& command, ShowAs form) {
+ExitStatus RunIdentify(const RadioCommand& command, bool asJson) {
   RadioImage image;
   const auto read = [&](auto& line, auto& observer) { return ReadIdentity(line, image, observer); };
   if (!Completes(command, read)) return ExitStatus::Failed;
-  return PrintData(command.terminal, form == ShowAs::Json ? IdentityJson(image).dump(2) + '\n' : IdentityTable(image));
+  return PrintData(command.terminal, asJson ? IdentityJson(image).dump(2) + '\n' : IdentityTable(image));
 }
 
 ExitStatus RunWrite(const RadioCommand& command, const std::string& path, const WriteOptions& options) {
@@ -155,7 +155,7 @@ ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffF
   return Done(command.terminal, command.line.PortName() + " matches " + NameOfSource(path) + '.');
 }
 
-ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
+ExitStatus RunInfoRead(const RadioCommand& command, bool asJson) {
   RadioImage image;
   if (!CompletesWith(command, ReadEmbeddedInfo, image)) return ExitStatus::Failed;
   const std::u16string text = EmbeddedText(image.EmbeddedInfoBlock);
@@ -163,8 +163,7 @@ ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form) {
   if (!kept.empty()) kept.pop_back(); // the line feed after the last line
   const std::string time = LastProgrammingTime(image);
   const Json document = {{"format", 1}, {"text", kept}, {"last_programming_time", time}};
-  return PrintData(command.terminal,
-                   (form == ShowAs::Json ? document.dump(2) : InfoToPrint(text) + '\n' + time) + '\n');
+  return PrintData(command.terminal, (asJson ? document.dump(2) : InfoToPrint(text) + '\n' + time) + '\n');
 }
 
 ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, bool isVerified) {
@@ -180,19 +179,19 @@ ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, b
   return Done(command.terminal, "The text has been written to " + port + ".");
 }
 
-ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,
+ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, bool asJson,
                     Terminal& terminal) {
   Json document = {{"format", 1}, {"ports", Json::array()}};
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = deviceOf(number);
     const char* const state = device.empty() ? "no device" : TestPort(port, number) ? "does not open" : "opens";
-    if (form == ShowAs::Json)
+    if (asJson)
       document["ports"].push_back({{"port", ComName(number)}, {"device", device}, {"state", state}});
     else
       terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
                    << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
   }
-  return PrintData(terminal, form == ShowAs::Json ? document.dump(2) + '\n' : "");
+  return PrintData(terminal, asJson ? document.dump(2) + '\n' : "");
 }
 
 } // namespace mr4500x

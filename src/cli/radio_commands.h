@@ -28,7 +28,7 @@ struct RadioCommand {
 [[nodiscard]] ExitStatus RunRead(const RadioCommand& command, const std::string& path, bool mayReplace);
 
 // Prints the radio's identity.
-[[nodiscard]] ExitStatus RunIdentify(const RadioCommand& command, ShowAs form);
+[[nodiscard]] ExitStatus RunIdentify(const RadioCommand& command, bool asJson);
 
 struct WriteOptions {
   BandAnswer band = BandAnswer::Ask;
@@ -44,13 +44,13 @@ struct WriteOptions {
 [[nodiscard]] ExitStatus RunVerify(const RadioCommand& command, const std::string& path, DiffForm form);
 
 // Prints the text and the last programming time.
-[[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command, ShowAs form);
+[[nodiscard]] ExitStatus RunInfoRead(const RadioCommand& command, bool asJson);
 
 // Writes the text, and optionally reads it back.
 [[nodiscard]] ExitStatus RunInfoWrite(const RadioCommand& command, const EmbeddedInfo& info, bool isVerified);
 
 // Lists COM1 to COM16 with their devices, and whether they can be opened.
-[[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, ShowAs form,
+[[nodiscard]] ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& deviceOf, bool asJson,
                                   Terminal& terminal);
 
 } // namespace mr4500x

@@ -63,15 +63,14 @@ void ReadChange(const std::string& change, const std::string& place, bool asStor
   const std::string name = change.substr(0, equals);
   const std::vector<FieldAt> named = FieldsNamed(name, false);
   if (equals == std::string::npos)
-    changes.problems.push_back(place + Printable(change) + ": is not FIELD=VALUE");
-  else if (named.empty())
+    return changes.problems.push_back(place + Printable(change) + ": is not FIELD=VALUE");
+  if (named.empty())
     changes.problems.push_back(place + (FieldsNamed(name, true).empty()
                                             ? NoSuchSetting(name)
                                             : name + ": is a group; name one of its settings"));
   for (const FieldAt at : named)
-    if (equals != std::string::npos)
-      changes.assignments.push_back(
-          {at, change.substr(equals + 1), asStored && at.field->place == FieldPlace(ChoiceList::Standards)});
+    changes.assignments.push_back(
+        {at, change.substr(equals + 1), asStored && at.field->place == FieldPlace(ChoiceList::Standards)});
 }
 
 void ReadLines(const std::string& text, const std::string& name, Changes& changes) {

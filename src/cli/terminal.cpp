@@ -53,12 +53,10 @@ ExitStatus PrintData(Terminal& terminal, std::string_view text, const std::strin
 bool TerminalObserver::AcceptsOtherBand() {
   if (m_band == BandAnswer::Yes) return true;
   m_terminal.err << m_port << (m_port.empty() ? "" : ": ") << BandQuestion().text;
-  if (m_terminal.answersQuestions) return AskYesNo();
-  m_terminal.err << "\nNot written, because there is no terminal for the answer. Use --accept-band to answer yes.\n";
-  return false;
-}
-
-bool TerminalObserver::AskYesNo() {
+  if (!m_terminal.answersQuestions) {
+    m_terminal.err << "\nNot written, because there is no terminal for the answer. Use --accept-band to answer yes.\n";
+    return false;
+  }
   std::string line;
   for (;;) {
     m_terminal.err << " (y/n) " << std::flush;

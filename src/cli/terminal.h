@@ -59,8 +59,6 @@ public:
   [[nodiscard]] bool AcceptsOtherBand() override;
 
 private:
-  [[nodiscard]] bool AskYesNo();
-
   const Terminal& m_terminal;
   BandAnswer m_band;
   std::string m_port; // before the question

@@ -203,7 +203,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   EXPECT_EQ(changed.status, 1);
   EXPECT_TRUE(changed.output.starts_with("The template " + file + " has changed, so ")) << changed.output;
   ExpectAll({{dry, 1, "The template " + file + " has changed, so "},
-             {dry + " --start-over", 0, "The template " + file + " has changed, so "},
+             {dry + " --start-over", 0, "Starting over: rows that radios hold may be given out again.\n"},
              {"fleet --dry-run " + file, 0, "every radio gets the template: 0 done, 0 taken\n"},
              {"fleet --dry-run " + Path("c.K4X") + rows + where2, 0, "2 rows: 0 done, 0 taken, 2 free\n"}});
 

@@ -54,11 +54,11 @@ TEST_F(RadioCommandsTest, IdentifyAndReadPrintWhichRadioItIsAndChangeNothing) {
                                "Version of Firmware    V1.02\n"
                                "Frequency Band         440 to 470 MHz\n"
                                "Last Programming Time  2004-03-04, 05:06:07\n";
-  EXPECT_EQ(RunIdentify(command, ShowAs::Table), Done);
+  EXPECT_EQ(RunIdentify(command, false), Done);
   EXPECT_EQ(Printed(), identity);
   EXPECT_LT(radio.now, 1s);
   EXPECT_EQ(Frames(), 8u);
-  EXPECT_EQ(RunIdentify(command, ShowAs::Json), Done);
+  EXPECT_EQ(RunIdentify(command, true), Done);
   EXPECT_EQ(Printed(), R"({
   "format": 1,
   "id_number": "LR7200/../004217",
@@ -128,7 +128,8 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   radio.memory[0x3F7] = 0x00;
   using Spoil = void (*)(LineBytes & reply);
   const std::tuple<const char*, Spoil, const char*> bandRecords[] = {
-      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; }, "COM3: records not received: 1\nCOM3 does not match"},
+      {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; },
+       "COM3: records not received: 1\nCOM3 does not match"},
       {"of more bytes than there are", [](LineBytes& reply) { reply[3] = 9; }, "COM3: Read data error"},
       {"of no bytes", [](LineBytes& reply) { reply.clear(); }, "COM3: Reading is interrupted"},
   };
@@ -147,7 +148,7 @@ TEST_F(RadioCommandsTest, PortsListsDeviceAndStateOfAllSixteen) {
   SomePorts ports;
   ports.working = {2};
   const auto deviceOf = [](int number) { return number < 4 ? "/dev/ttyUSB" + std::to_string(number) : ""; };
-  EXPECT_EQ(RunPorts(ports, deviceOf, ShowAs::Table, terminal), Done);
+  EXPECT_EQ(RunPorts(ports, deviceOf, false, terminal), Done);
   const std::string lines = Printed();
   EXPECT_TRUE(lines.starts_with("COM1   /dev/ttyUSB1             does not open\n"
                                 "COM2   /dev/ttyUSB2             opens\n"
@@ -179,7 +180,7 @@ TEST_F(RadioCommandsTest, WriteBacksUpTheRadioAndTheTextCanBeRestored) {
   EXPECT_EQ(RunInfoWrite(command, info, true), Failed);
   radio.spoil = nullptr;
   EXPECT_EQ(RunInfoWrite(command, info, false), Done);
-  EXPECT_EQ(RunInfoRead(command, ShowAs::Table), Done);
+  EXPECT_EQ(RunInfoRead(command, false), Done);
   EXPECT_EQ(Printed(), "ab\nc\n2026-11-04, 09:05:07\n");
 }
 

@@ -58,12 +58,14 @@ struct FleetEnd {
 
 // Prints what becomes of the rows that radios hold from an earlier list.
 void PrintChanges(const PlanStart& start, EarlierRows chosen, std::ostream& out) {
-  if (chosen == EarlierRows::StartOver && start.hasCompared)
+  const bool startsOver = chosen == EarlierRows::StartOver;
+  if (startsOver && start.hasCompared)
     out << "Starting over: " << start.changes.carriedOver << " done not carried over\n";
   else if (start.hasCompared)
     out << LineForChanges(start.changes) << '\n';
-  else if (chosen == EarlierRows::StartOver && start.lost.empty())
-    out << "There is no earlier list, or it is the same: --start-over has no effect." << std::endl;
+  else if (startsOver)
+    out << (start.lost.empty() ? "There is no earlier list, or it is the same: --start-over has no effect.\n"
+                               : "Starting over: rows that radios hold may be given out again.\n");
   for (const std::string& line : LinesForOutdated(start.changes.outdated, MostRadios))
     out << line << '\n';
 }
@@ -109,7 +111,7 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   const PlanStart start = ComparePlan(files, choice, plan);
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
   PrintChanges(start, choice.earlier, terminal.out);
-  if (!start.lost.empty()) Fail(terminal, start.lost);
+  if (!start.lost.empty() && choice.earlier != EarlierRows::StartOver) Fail(terminal, start.lost);
   const auto count = [&](RowState state) {
     return static_cast<std::size_t>(std::ranges::count(start.changes.rows, state, &JournalRow::state));
   };

@@ -62,13 +62,12 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
   fleet->add_flag("--accept-reissued", choice.acceptsReissued,
                   "also program radios whose row was given out again; otherwise they are set aside");
   const auto choose = [&choice](EarlierRows earlier) { return [&choice, earlier] { choice.earlier = earlier; }; };
-  CLI::Option* const carryOver =
-      fleet->add_flag_callback("--carry-over", choose(EarlierRows::CarryOver),
-                               "if the list has changed: unchanged rows that radios hold stay done");
-  fleet
-      ->add_flag_callback("--start-over", choose(EarlierRows::StartOver),
-                          "if the list or the template has changed, or the journal is missing: give all rows out again")
-      ->excludes(carryOver);
+  fleet->add_flag_callback("--carry-over", choose(EarlierRows::CarryOver),
+                           "if the list has changed: unchanged rows that radios hold stay done");
+  fleet->add_flag_callback(
+      "--start-over", choose(EarlierRows::StartOver),
+      "if the list or the template has changed, or the journal is missing: give all rows out again");
+  ExcludeEachOther(*fleet, {"--carry-over", "--start-over"});
   AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal")
       ->check(Utf8Problem);
   AddOption(fleet, "--on-verified", choice.onVerified, "COMMAND",
