@@ -117,8 +117,8 @@ class Journal {
 public:
   virtual ~Journal() = default;
 
-  // Enters the plan with its rows unless it is already known. False if the database does not answer; see
-  // JournalFailure.
+  // Enters the plan with its rows. Of those that it has already, the free ones become done if they are done in `rows`.
+  // False if the database does not answer; see JournalFailure.
   [[nodiscard]] virtual bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) = 0;
   [[nodiscard]] virtual std::optional<PlanHistory> History(const PlanHead& plan) = 0;
   // Takes a row for the attempt's radio, and enters the attempt as begun: the row that names the radio, else the

@@ -27,11 +27,14 @@ PlanChanges CompareWithEarlier(std::vector<JournalRow> rows, const std::vector<J
     names.insert(NameOf(row));
     if (row.state == RowState::Done) held.insert({{row.label, row.content}, &row});
   }
-  for (const JournalRow& row : rows)
+  for (const JournalRow& row : rows) {
     if (!row.radio.empty()) named.insert(row.radio);
+    if (row.state != RowState::Free) carried.insert(row.idNumber);
+  }
 
   PlanChanges changes;
   for (JournalRow& row : rows) {
+    if (row.state != RowState::Free) continue;
     const Sameness same{row.label, row.content};
     const JournalRow* holder = nullptr;
     for (auto [at, end] = held.equal_range(same); at != end && holder == nullptr; ++at) {

@@ -19,7 +19,8 @@ struct PlanChanges {
   std::vector<JournalRow> outdated; // see OutdatedRows
 };
 
-// A row is carried over if a permitted radio holds a row with the same label and content. Each radio counts once.
+// A row that is free is carried over if a permitted radio holds a row with the same label and content. Each radio
+// counts once.
 [[nodiscard]] PlanChanges CompareWithEarlier(std::vector<JournalRow> rows, const std::vector<JournalRow>& earlier);
 
 // The earlier rows that radios still hold instead of the row with the same label (or radio).

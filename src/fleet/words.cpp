@@ -261,12 +261,6 @@ std::string ChangedTemplateReason(const std::string& name) {
          " earlier template, or start over and give all rows out again.";
 }
 
-std::string HeldElsewhereReason(std::size_t count, const JournalRow& first) {
-  return "From another list, radios already hold rows that this list has left: " + std::to_string(count) +
-         ", such as " + SubjectText(first.row, first.label, first.idNumber) +
-         ". Use the newest list, or start over and give these rows out again.";
-}
-
 std::string BusyWithEarlierReason(const std::string& bench) {
   return "Bench " + bench + " is still programming a row of the earlier list. Wait until it has finished.";
 }

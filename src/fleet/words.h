@@ -91,8 +91,6 @@ struct FleetProgress {
 [[nodiscard]] std::string LostReason(const std::string& journal);
 [[nodiscard]] std::string RenamedReason(const std::string& journal);
 [[nodiscard]] std::string ChangedTemplateReason(const std::string& name);
-// `count` rows, of which one is `first`, with the radio that holds it.
-[[nodiscard]] std::string HeldElsewhereReason(std::size_t count, const JournalRow& first);
 [[nodiscard]] std::string BusyWithEarlierReason(const std::string& bench);
 
 inline constexpr char WaitsForBenchText[] = "Waiting for another bench that is adding its rows to the journal.";

@@ -115,8 +115,8 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   const auto count = [&](RowState state) {
     return static_cast<std::size_t>(std::ranges::count(start.changes.rows, state, &JournalRow::state));
   };
-  const bool givesAllOut = !start.isKnown && choice.earlier == EarlierRows::StartOver;
-  const std::size_t done = givesAllOut ? 0 : count(RowState::Done), taken = count(RowState::Taken);
+  const std::size_t givenOut = choice.earlier == EarlierRows::StartOver ? start.changes.carriedOver : 0;
+  const std::size_t done = count(RowState::Done) - givenOut, taken = count(RowState::Taken);
   const std::string file = FileOfJournal(address);
   const bool mayWrite = IsMissing(files, file) || files.CanWrite(file);
   if (!file.empty() && !(mayWrite && MayReplace(files, file + "-wal"))) // a bench also writes beside it

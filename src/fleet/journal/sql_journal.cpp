@@ -96,6 +96,11 @@ const QStringList BeforeClaim = {
     QString(SetFree) + "claim = :claim", QString(SetFree) + "id_number = :id AND {isSilent}"};
 constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = '',"
                             " changed = {now} WHERE plan = :plan AND state = 'done' AND id_number = :id";
+// What a plan that has begun before takes over from another one.
+constexpr char CarryOver[] =
+    " ON CONFLICT (plan, number) DO UPDATE SET state = 'done', bench = excluded.bench, claim = '',"
+    " id_number = excluded.id_number, stamp = excluded.stamp, changed = {now}"
+    " WHERE fleet_row.state = 'free' AND excluded.state = 'done'";
 // The plan's lock prevents two benches from making the same row.
 const QStringList MakeRow = {
     "SELECT plan FROM fleet_plan WHERE plan = :plan{lock}",
@@ -168,8 +173,7 @@ bool SqlJournal::Begin(const PlanHead& plan, const std::vector<JournalRow>& rows
                         {":name", Text(plan.name)},
                         {":template", Text(plan.templateKey)},
                         {":begun", Text(plan.begun)}});
-    if (!added || added->numRowsAffected() == 0) return added.has_value(); // its rows were added with it
-    return rows.empty() || InsertRows(plan.key, rows);
+    return added && (rows.empty() || InsertRows(plan.key, rows));
   });
 }
 
@@ -216,7 +220,7 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
                    quoted(Text(row.stamp)) + ", " + quoted(Text(row.content)) + ')');
     statements.append(
         "INSERT INTO fleet_row (plan, number, label, radio, state, bench, id_number, stamp, content) VALUES " +
-        lines.join(QLatin1Char(',')));
+        lines.join(QLatin1Char(',')) + CarryOver);
     if (statements.size() < StatementsAtOnce) continue;
     if (!m_database.RunAll(statements, values)) return false;
     statements.clear();

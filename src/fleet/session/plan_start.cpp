@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <set>
 #include <span>
 #include <utility>
 
@@ -38,6 +37,8 @@ void Remember(FileSystem& files, const Plan& plan, const std::string& address) {
       static_cast<void>(ReplaceFile(files, MemoryPath(key), bytes, Surplus::Drop));
 }
 
+using RowsOf = std::optional<std::vector<JournalRow>>;
+
 bool MayExist(FileSystem& files, const std::string& address) {
   const std::string file = FileOfJournal(address);
   return file.empty() || !IsMissing(files, file);
@@ -64,39 +65,24 @@ PlanHead HeadOf(const Plan& plan) {
   return {plan.key, plan.name, plan.templateKey, UtcTimestamp()};
 }
 
-// For a plan that has begun before: its rows that are free, but that radios have got from a later plan.
-void CheckHeldElsewhere(PlanStart& start, const Plan& plan, const std::vector<JournalRow>& others) {
-  std::set<std::size_t> free;
-  for (const JournalRow& row : start.changes.rows)
-    if (row.state == RowState::Free) free.insert(row.row);
-  std::vector<JournalRow> left = JournalRowsOf(plan);
-  std::erase_if(left, [&](const JournalRow& row) { return !free.contains(row.row); });
-  const PlanChanges held = CompareWithEarlier(std::move(left), others);
-  const auto first = std::ranges::find(held.rows, RowState::Done, &JournalRow::state);
-  if (first != held.rows.end()) start.lost = HeldElsewhereReason(held.carriedOver, *first);
-}
-
 PlanStart Compare(FileSystem& files, const FleetChoice& choice, const Plan& plan, Journal& journal, bool listsRows) {
   PlanStart start;
   start.changes.rows = JournalRowsOf(plan);
   const auto history = MayExist(files, JournalOf(choice)) ? journal.History(HeadOf(plan)) : PlanHistory{};
-  if (!history) {
+  start.isKnown = history && std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end();
+  const bool hasOthers = history && !plan.isEndless && !history->rows.empty();
+  const auto entered = start.isKnown && (hasOthers || listsRows) ? journal.Rows(plan.key) : RowsOf(std::in_place);
+  if (!history || !entered) {
     start.failure = journal.Failure();
     return start;
   }
-  if (std::ranges::find(history->plans, plan.key, &PlanHead::key) != history->plans.end()) {
-    start.isKnown = true;
-    const bool hasOthers = !plan.isEndless && !history->rows.empty();
-    if (!hasOthers && !listsRows) return start;
-    auto rows = journal.Rows(plan.key);
-    if (!rows) start.failure = journal.Failure();
-    start.changes.rows = std::move(rows).value_or(std::vector<JournalRow>());
-    if (hasOthers) CheckHeldElsewhere(start, plan, history->rows);
-    return start;
-  }
-  start.lost = LostJournal(files, choice, plan, *history);
-  start.hasCompared = !plan.isEndless && !history->rows.empty();
-  if (start.hasCompared) start.changes = CompareWithEarlier(std::move(start.changes.rows), history->rows);
+  if (plan.isEndless && start.isKnown) start.changes.rows = *entered;
+  for (const JournalRow& row : *entered) // a row that is free may have been given out with another list since
+    if (row.state != RowState::Free && row.row <= plan.rows.size()) start.changes.rows[row.row - 1] = row;
+  if (!start.isKnown) start.lost = LostJournal(files, choice, plan, *history);
+  if (!hasOthers) return start;
+  start.changes = CompareWithEarlier(std::move(start.changes.rows), history->rows);
+  start.hasCompared = !start.isKnown || start.changes.carriedOver > 0;
   const bool isTwice = choice.earlier != EarlierRows::StartOver && !start.changes.busyBench.empty();
   if (isTwice) start.failure.error = BusyWithEarlierReason(start.changes.busyBench);
   return start;
@@ -123,6 +109,7 @@ PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& pl
     const bool isFound = start.failure.error.empty();
     if (isFound && LeavesOpen(start, choice.earlier)) return start;
     if (choice.earlier == EarlierRows::StartOver) start.changes.rows = JournalRowsOf(plan);
+    if (start.isKnown && start.changes.carriedOver == 0) start.changes.rows.clear(); // it has them
     if (isFound && journal->Begin(HeadOf(plan), start.changes.rows)) {
       start.isEntered = true;
       start.changes.rows = {};

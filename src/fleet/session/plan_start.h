@@ -10,7 +10,7 @@ namespace mr4500x {
 struct PlanStart {
   bool isEntered = false;   // the bench can begin
   bool isKnown = false;     // it has begun before
-  bool hasCompared = false; // the plan is new, but the journal has another one with its template
+  bool hasCompared = false; // rows may carry over from another plan with its template
   PlanChanges changes;      // valid if hasCompared. ComparePlan lists the rows of each plan
   std::string lost;         // why rows that radios hold may be given out again; "" if there is no sign of that
   JournalFailure failure{}; // if it has an error, nothing else is valid

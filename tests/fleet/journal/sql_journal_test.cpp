@@ -156,6 +156,13 @@ void SqlJournals::MeetAnotherBench() {
        {std::pair("new", begun), {"old", begun}, {"new", begun}, {"old", begun}, {"new", 0}, {"new", begun}})
     given += claimed(open()->ClaimRow(NewAttempt(plan, plan, NewAttemptKey()), {.begun = since}));
   EXPECT_EQ(given, "row 1newrow 2oldrow 3newrow 3oldrow 2newnone, 0");
+  // At its next start, a list takes over what the other one has done.
+  std::vector<JournalRow> done = rows;
+  for (JournalRow& row : done)
+    std::tie(row.state, row.bench, row.idNumber) = std::tuple(RowState::Done, "Z", "R-" + row.label);
+  ASSERT_TRUE(journal->Begin({"old", "", "t"}, done));
+  const std::vector<JournalRow> after = journal->Rows("old").value();
+  EXPECT_EQ(TextOfRow(after[0]) + ", " + std::to_string(static_cast<int>(after[1].state)), "1 done Z R-one, 1");
   EXPECT_FALSE(QSqlQuery(Connect()).exec("UPDATE fleet_row SET state = 'done', id_number = 'X' WHERE number = 2"))
       << "one number has two rows";
 }
