@@ -6,6 +6,7 @@
 #include "qt_dialogs.h"
 #include "qt_printers.h"
 #include "qt_progress_view.h"
+#include "rows.h"
 #include "transfer_guard.h"
 #include "wheel.h"
 
@@ -80,27 +81,19 @@ TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
   const FileQuestion question = {"Save", "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y", folder.path().toStdString(),
                                  "", "K4X"};
   const char* const filters[] = {"Data Files(*.K4X) (*.K4X *.k4x)", "Data Files(*.K4Y) (*.K4Y *.k4y)"};
-  const std::tuple<const char*, int, const char*> cases[] = {
-      {"a", 0, "a.K4X"},
-      {"a.", 0, "a.K4X"},
-      {"Taxi 446.1", 0, "Taxi 446.1.K4X"},
-      {"a.txt", 0, "a.txt.K4X"},
-      {"a.K4Y", 0, "a.K4Y"},
-      {"a.k4X", 1, "a.k4X"},
-      {"a", 1, "a.K4Y"},
-      {"b.1", 1, "b.1.K4Y"},
-      {"K4X", 0, "K4X.K4X"},
-      {"a", 0, ""}, // cancelled
-  };
-  for (const auto& [name, filter, whole] : cases) {
-    WhenDialogOpens([&filters, name = name, filter = filter, isCancelled = *whole == '\0'](QWidget* widget) {
+  for (const Row& row : RowsOf(STATES "extensions.txt", "\"(.*)\" as K4([XY]) -> (.*)")) {
+    const std::string whole = row[3] == "cancelled" ? "" : row[3];
+    WhenDialogOpens([&, filter = row[2] == "X" ? 0 : 1](QWidget* widget) {
       EXPECT_EQ(qobject_cast<QFileDialog*>(widget)->nameFilters().at(filter), filters[filter]);
+      const QHeaderView& details = *widget->findChild<QTreeView*>("treeView")->header();
+      EXPECT_EQ(details.sectionResizeMode(1), QHeaderView::ResizeToContents) << "sizes and dates may be truncated";
       QTest::keyClick(widget->findChild<QComboBox*>("fileTypeCombo"), filter == 0 ? Qt::Key_Home : Qt::Key_End);
       auto* const box = widget->findChild<QLineEdit*>("fileNameEdit");
-      box->setText(name);
-      isCancelled ? qobject_cast<QDialog*>(widget)->reject() : QTest::keyClick(box, Qt::Key_Return);
+      box->setText(QString::fromStdString(row[1]));
+      whole.empty() ? qobject_cast<QDialog*>(widget)->reject() : QTest::keyClick(box, Qt::Key_Return);
     });
-    EXPECT_EQ(QtFileDialogs().AskSave(question).value_or(question.folder + "/"), question.folder + "/" + whole) << name;
+    EXPECT_EQ(QtFileDialogs().AskSave(question).value_or(question.folder + "/"), question.folder + "/" + whole)
+        << row[0];
   }
 }
 
@@ -131,6 +124,33 @@ TEST(QtFileDialogs, AskBeforeAFileIsReplaced) {
     EXPECT_EQ(QtFileDialogs().AskSave(question), file.toStdString());
     EXPECT_EQ(asked, QStringList({"a.K4X already exists.", "a.K4X already exists."}));
   }
+}
+
+TEST(QtFontDialog, ReturnsWhatIsChosenAndKeepsTheNameOfAFontThatIsMissing) {
+  const FontDescription preset{"No such font", 9, false, true};
+  for (const bool isCancelled : {true, false}) {
+    WhenDialogOpens([isCancelled](QWidget* widget) {
+      auto* const dialog = qobject_cast<QFontDialog*>(widget);
+      QFont font = dialog->currentFont();
+      EXPECT_TRUE(font.pointSize() == 9 && font.italic() && !font.bold());
+      font.setPointSize(12);
+      dialog->setCurrentFont(font);
+      isCancelled ? dialog->reject() : dialog->accept();
+    });
+    const auto chosen = QtFontDialog().AskFont(preset);
+    EXPECT_EQ(chosen, isCancelled ? std::nullopt : std::optional(FontDescription{preset.name, 12, false, true}));
+  }
+}
+
+TEST(WindowGeometry, IsStoredInTwips) {
+  const QTemporaryDir folder;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+  QWidget window;
+  window.setGeometry(20, 40, 400, 300);
+  StoreWindowGeometry(GeometryOf(window));
+  std::ifstream file(folder.filePath("MR4500X/MR4500X.conf").toStdString());
+  const std::string stored{std::istreambuf_iterator<char>(file), {}};
+  EXPECT_EQ(stored, "[Settings]\nMainHeight=4500\nMainLeft=300\nMainTop=600\nMainWidth=6000\n");
 }
 
 TEST(QtProgressView, ShowsTheShareThatIsDone) {
@@ -176,6 +196,9 @@ TEST(QtPrinters, AreSetUpWithoutAnyPrinting) {
   EXPECT_EQ(printers.PdfFile(), pdf.toStdString());
   printers.SetPdfFile("/b.pdf");
   EXPECT_EQ(printers.PdfFile(), "/b.pdf");
+  const std::unique_ptr<Printer> printer = printers.CurrentPrinter();
+  EXPECT_EQ(printer->BeginJob("title"), std::nullopt);
+  EXPECT_EQ(printer->EndJob(), "The PDF file /b.pdf can't be written.");
   EXPECT_FALSE(QFile::exists(pdf));
 }
 

@@ -203,6 +203,7 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
   Choose("mnuEmbedRead");
   AwaitCopies();
   ASSERT_EQ(Kept("2004-").size(), 1U) << "replaced";
+  EXPECT_EQ(Kept("session-").size(), 1U) << "the settings are still unsaved";
   EXPECT_NE(Content("kept/" + Kept("2004-").front()).find("-> \"Fleet 7\"\n"), std::string::npos);
 }
 

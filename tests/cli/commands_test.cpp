@@ -1,4 +1,5 @@
 #include "arguments.h"
+#include "rows.h"
 #include "terminal.h"
 
 #include <gtest/gtest.h>
@@ -9,22 +10,14 @@ namespace mr4500x {
 namespace {
 
 TEST(TerminalTest, TheBandQuestionIsAnsweredByTheUserOrByTheRule) {
-  // name, typed, whether a user can answer, the rule, accepted
-  const std::tuple<const char*, const char*, bool, BandAnswer, bool> cases[] = {
-      {"yes", "Yes\n", true, BandAnswer::Ask, true},
-      {"asked again until it is an answer", "what\n\ny e s\n Y \n", true, BandAnswer::Ask, true},
-      {"no", "NO\n", true, BandAnswer::Ask, false},
-      {"the end of the input", "", true, BandAnswer::Ask, false},
-      {"no user", "y\n", false, BandAnswer::Ask, false},
-      {"interrupted", "\x03", true, BandAnswer::Ask, false}, // represents the signal
-      {"accepted beforehand", "n\n", true, BandAnswer::Yes, true},
-  };
-  for (const auto& [name, typed, answersQuestions, band, accepted] : cases) {
-    SCOPED_TRACE(name);
+  for (const Row& row : RowsOf(CASES "band_answers.txt", "[^:]+: \"(.*)\"(, no user)?(, --accept-band)? -> (yes|no)")) {
+    SCOPED_TRACE(row[0]);
+    const bool answersQuestions = row[2].empty();
+    const BandAnswer band = row[3].empty() ? BandAnswer::Ask : BandAnswer::Yes;
     std::ostringstream out, err;
-    std::istringstream in(typed);
+    std::istringstream in(Unescaped(row[1]));
     const Terminal terminal{out, err, in, answersQuestions, false, [&] { return in.peek() != 3; }};
-    EXPECT_EQ(TerminalObserver(terminal, band).AcceptsOtherBand(), accepted);
+    EXPECT_EQ(TerminalObserver(terminal, band).AcceptsOtherBand(), row[4] == "yes");
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(err.str().empty(), band == BandAnswer::Yes);
     EXPECT_EQ(err.str().find("--accept-band") != std::string::npos, band == BandAnswer::Ask && !answersQuestions);

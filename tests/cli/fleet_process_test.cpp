@@ -240,8 +240,6 @@ TEST_F(FleetCommandTest, NoPortIsGivenTwice) {
       {port + "," + Path("link"), Path("link and ") + port + " are the same port\n"}};
   for (const auto& [given, message] : cases)
     EXPECT_EQ(Shell(fleet + given).output, message) << given;
-  const Ended only = Shell(Path("bin/mr4500x-cli identify auto"));
-  EXPECT_TRUE(only.output.starts_with("auto: COM3\nID Number")) << "of two ports with one radio: " << only.output;
   EndRadio();
 }
 

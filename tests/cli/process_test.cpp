@@ -39,6 +39,10 @@ TEST_F(CommandLineTest, CarefulAndQuickTransfers) {
   const std::string ofRadio = file + ' ' + port, read = Path("LR7200-000004217.K4X");
   ExpectAll(
       {{"identify " + port, 0, "ID Number"},
+       {"identify --json " + port, 0, "{\n  \"format\": 1,\n  \"id_number\": \"LR7200-000004217\",\n"},
+       {"verify --quick --json " + ofRadio, 1, "{\n  \"format\": 1,\n"},
+       {"verify --quick --identifiers " + ofRadio, 1, "global.battery_save  "},
+       {"identify >/dev/full " + port, 1, "The output could not be written."},
        {"read --quick " + port + ' ' + Path("{id}.K4X") + " --trace " + Path("trace"), 0, "ID Number"},
        {"verify --trace no/trace " + ofRadio, 1, "no/trace: No such file"},
        {"identify --trace /dev/full " + port, 1, "ID Number"},
@@ -206,8 +210,8 @@ TEST_F(CommandLineTest, ChoosesThePortAndTracesIntoAPipe) {
   expect("timeout 5 head -c 1 " + pipe + " >" + Path("trace") + " & sleep 0.1; " + tool + "identify 3 --trace " + pipe,
          "ID Number");
   StartRadio(" --fault short-reply", "memory2"); // it answers, even if its records are wrong
-  PutPortDevices("MR4500X.ini", "COM3=" + first + "\nCOM5=" + port + "\n");
-  expect(tool + "identify auto", "auto: more than one radio answers: COM3 COM5\n");
+  PutPortDevices("MR4500X.ini", "COM3=" + first + "\nCOM16=" + port + "\n");
+  expect(tool + "identify auto", "auto: more than one radio answers: COM3 COM16\n");
   EndRadio();
 }
 

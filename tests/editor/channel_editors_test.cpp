@@ -31,6 +31,11 @@ TEST_F(ChannelTest, FrequenciesAreFilteredRoundedAndClamped) {
     EXPECT_EQ(grid.currentColumn(), column) << "the cell to the right";
     EXPECT_EQ(messages.Taken(), FrequencyInvalid(text.empty() || stored != before));
   }
+  Click(6, 1);
+  QTest::keyClicks(&frequency, "4.6.0");
+  QTest::keyClick(&frequency, Qt::Key_Up);
+  EXPECT_EQ(messages.Taken(), FrequencyInvalid(false));
+  EXPECT_TRUE(frequency.isHidden()) << "a step from what is not a frequency";
 }
 
 TEST_F(ChannelTest, AMenuOrAnotherWindowTakesTheFocusOnlyTemporarily) {

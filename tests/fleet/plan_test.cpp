@@ -38,6 +38,8 @@ TEST_F(PlanTest, EndsLongListsOfProblems) {
   for (int row = 300; row <= 50'000; ++row)
     list += ",60s\n";
   EXPECT_EQ(Make(list).problems, std::vector<std::string>{"line 1: more than 50000 rows"});
+  image.ResetTimeBlock[2] = 0; // damaged: only this is said
+  EXPECT_EQ(Make("colour\n\n").problems.size(), 1U);
 }
 
 TEST_F(PlanTest, MakesAnImageForEachRow) {

@@ -11,6 +11,7 @@ namespace mr4500x {
 namespace {
 
 using enum PortState;
+using namespace std::chrono_literals;
 
 PortEvent Identified(Outcome outcome, const std::string& idNumber = {}) {
   return RadioIdentified{outcome, idNumber, outcome == Outcome::PortNotOpened ? "busy" : ""};
@@ -65,6 +66,24 @@ TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
     EXPECT_TRUE(all.ends_with(row[3])) << row[0] << ":" << all;
     EXPECT_EQ(LineFor(machine.status, ""), row[4]) << row[0];
   }
+}
+
+TEST(FleetWords, AreAsInTheFile) {
+  std::string lines;
+  for (int i = 0; i <= static_cast<int>(Finished); ++i)
+    lines += std::string(WordFor(PortState(i))) + " = " + LineFor({.state = PortState(i)}, "") + '\n';
+  for (int i = 0; i <= static_cast<int>(Remedy::GoOn); ++i)
+    lines += std::string(HintFor(Remedy(i))) + '\n';
+  for (int i = 0; i <= 2 * static_cast<int>(Outcome::DisplayError) + 1; ++i)
+    lines +=
+        ReasonFor({i % 2 == 0 ? Transfer::Read : Transfer::Write, Outcome(i / 2), "COM3", i == 2 ? "" : "busy"}) + '\n';
+  for (const std::string& line :
+       {LostReason("J"), RenamedReason("J"), ChangedTemplateReason("T"), BusyWithEarlierReason("B"), LineForPending(1),
+        LineForPending(2), AtOtherPortReason("COM3"), ChoiceGoneReason(7), ReissuedReason(7), OtherBandReason("", "R"),
+        OtherBandReason("B", "R"), BackupReason("F", "why"), CommandReason(3, "why", 60s), CommandReason({}, "", 60s)})
+    lines += line + '\n';
+  std::ifstream file(CASES "words.txt");
+  EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 // The attempts may also be those that an earlier bench has left in the journal.

@@ -52,17 +52,14 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
   Put("middle.hlp", bytes);
   std::filesystem::copy(Path("MR4500X.hlp.sha256"), Path("middle.hlp.sha256"));
   const std::string broken = Script({}, "/none");
-  const struct {
-    const char* file;
-    std::string viewer, text; // FILE is its path
-  } cases[] = {
+  const std::string damaged = "The help file FILE is damaged or can't be read."; // FILE is its path
+  const std::tuple<const char*, std::string, std::string> cases[] = {
       {"none.hlp", "true", "The help file FILE is missing."},
-      {"short.hlp", "true", "The help file FILE is damaged or can't be read."},
-      {"middle.hlp", "true", "The help file FILE is damaged or can't be read."},
-      {".", "true", "The help file FILE is damaged or can't be read."},
+      {"short.hlp", "true", damaged},
+      {"middle.hlp", "true", damaged},
+      {".", "true", damaged},
       {"MR4500X.hlp", "no-such-viewer", "The help viewer is missing. Please install the package assistant-qt6."},
-      {"MR4500X.hlp", broken, "The help viewer " + broken + " can't be started: "},
-  };
+      {"MR4500X.hlp", broken, "The help viewer " + broken + " can't be started: "}};
   for (const auto& [file, viewer, text] : cases) {
     QtHelpViewer help(*this, Path(file), viewer);
     help.OpenContents();

@@ -210,6 +210,7 @@ TEST(ExchangeFault, GivesUpSendingAfterTwoSeconds) {
   computer.radio.open = computer.radio.stuck = true;
   EXPECT_FALSE(computer.line.Send(EndPacket));
   EXPECT_EQ(computer.radio.now, 2s);
+  EXPECT_GT(computer.radio.operationsLeft, 0);
 }
 
 // Whichever operation the port fails at, the failure is noticed, and the later it comes the later its phase.

@@ -2,6 +2,8 @@
 #include "sql_journal.h"
 
 #include "attempt_records.h"
+#include "journal_queries.h"
+#include "machine_files.h"
 #include "postgres_server.h"
 #include "rows.h"
 #include "sql_failure.h"
@@ -306,6 +308,8 @@ TEST_P(SqlJournals, KeepEveryDetailAndRefuseUnknownContents) {
   EXPECT_EQ(journal->Enter(first), first);
   EXPECT_EQ(journal->Attempts("p1"), std::vector<Attempt>({second}));
   EXPECT_EQ(journal->Attempts(""), std::vector<Attempt>({first, second}));
+  const RowDecision note = {AttemptOutcome::Note, "p1", 7, "note", "Ann"};
+  EXPECT_TRUE(!IsServer() || std::holds_alternative<Attempt>(Decide(MachineFiles(), address, note)));
 
   Execute("UPDATE fleet_schema SET version = version + 1");
   const auto later = OpenJournal(address, JournalUse::Enter);

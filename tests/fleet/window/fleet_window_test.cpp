@@ -9,6 +9,7 @@
 #include "port_card.h"
 #include "row_model.h"
 #include "sql_journal.h"
+#include "words.h"
 
 #include <QAbstractItemModelTester>
 #include <QPrinter>
@@ -89,7 +90,7 @@ protected:
       (yes != nullptr ? yes : other)->click();
     } else if (auto* const input = qobject_cast<QInputDialog*>(dialog)) {
       asked.append(input->labelText());
-      input->setTextValue(answers.isEmpty() ? "Ann" : answers.takeFirst());
+      input->setTextValue(answers.isEmpty() ? "=Ann" : answers.takeFirst()); // a spreadsheet would run "=Ann"
       input->accept();
     } else if (auto* const chosen = qobject_cast<QFileDialog*>(dialog)) {
       chosen->findChild<QLineEdit*>("fileNameEdit")->setText(file);
@@ -155,7 +156,7 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   ASSERT_EQ(failed->count(), 1);
   ExpectMenu(failed, failed->model()->index(0, 0));
   failed->actions().at(1)->trigger();
-  EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  Ann: radio LR-3: note: Ann"); }));
+  EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  =Ann: radio LR-3: note: =Ann"); }));
   window->activateWindow(); // after the questions
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   EXPECT_EQ(failed->item(0)->text().indexOf("  radio LR-3, at COM3: set aside: "), 5) << "after the time of day";
@@ -200,13 +201,13 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
     enabled += action->text() + (action->isEnabled() ? " yes " : " no ");
   EXPECT_EQ(enabled, "&Free Row... no &Reissue Row... yes &Note... yes &All about the Radio yes ");
   actions.at(2)->trigger();
-  EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  Ann: row 2, Car 2, radio LR-2: note: Ann"); }));
+  EXPECT_TRUE(Await([&] { return Label("lblMessage").endsWith("  =Ann: row 2, Car 2, radio LR-2: note: =Ann"); }));
   EXPECT_EQ(window->focusWidget(), Find<QLineEdit>("txtNext")) << "for the next scan";
   const QString who = "Who is at the bench today? The journal keeps the name.";
   EXPECT_EQ(asked, (QStringList{who, who, "Note about radio LR-3:", "Note about Row 2, Car 2:"}));
   ExpectMenu(table, rows.index(0, 1));
   const std::pair<std::function<void()>, const char*> shown[] = {
-      {[&] { actions.at(3)->trigger(); }, ": note: Ann"},
+      {[&] { actions.at(3)->trigger(); }, ": note: =Ann"},
       {[&] { QTest::mouseClick(Find<QPushButton>("cmdStatistics"), Qt::LeftButton); }, "COM2"}};
   for (const auto& [show, part] : shown) {
     show();
@@ -231,7 +232,8 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
     file = QString::fromStdString(Path(stored));
     EXPECT_TRUE(Await([&] { return Label("lblMessage") == "The journal is in " + file + '.'; })) << stored;
   }
-  EXPECT_EQ(QString::fromStdString(Content("journal.csv")).count(",verified,"), 2);
+  const QString stored = QString::fromStdString(Content("journal.csv"));
+  EXPECT_TRUE(stored.count(",verified,") == 2 && stored.contains(",'=Ann")) << stored.toStdString();
   QProcess words;
   words.start("pdftotext", {file, "-"});
   ASSERT_TRUE(words.waitForFinished());
@@ -515,12 +517,39 @@ TEST(PortCardTest, LetsAStoppedPortGoOn) {
   EXPECT_TRUE(card.accessibleDescription().startsWith("next for COM3: Taxi 7"));
 }
 
+TEST(PortCardTest, HasASignAndAColourForEachState) {
+  std::string drawn;
+  const auto draw = [&](std::string_view word, const StateStyle& style) {
+    QImage picture(12, 10, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    QPainter painter(&picture);
+    DrawSign(painter, QRectF(2, 1, 9, 9), style.sign, Qt::white);
+    drawn += std::string(word) + ' ' + style.colour.name().toStdString();
+    for (int i = 0; i < 120; ++i)
+      drawn += std::string(i % 12 == 0 ? "\n" : "") + (qGray(picture.pixel(i % 12, i / 12)) > 127 ? '#' : '.');
+    drawn += '\n';
+  };
+  for (int state = 0; state <= static_cast<int>(PortState::Finished); ++state)
+    draw(WordFor(PortState(state)), StyleOf(PortState(state)));
+  for (const RowState state : {RowState::Free, RowState::Taken, RowState::Done})
+    draw(WordFor(state), StyleOf(state));
+  std::ifstream file(CASES "signs.txt");
+  EXPECT_EQ(drawn, std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
 TEST(RowModelTest, FollowsTheRulesOfModels) {
   RowModel rows;
   const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
-  const JournalRow row{1, "Car 1", "", RowState::Done, "A", "LR-1"}, taken{2, "", "", RowState::Taken, "B", ""};
+  const JournalRow row{1, "Car 1", "LR-0", RowState::Done, "A", "LR-1", "", 65},
+      taken{2, "", "", RowState::Taken, "B", ""};
   for (const std::vector<JournalRow>& content : {std::vector{row, row}, {row, JournalRow()}, {}, {row, taken, row}})
     rows.Show(content);
+  QStringList cells;
+  for (int column = 0; column < rows.columnCount(); ++column)
+    cells.append(rows.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString() + ' ' +
+                 rows.index(0, column).data().toString());
+  EXPECT_EQ(cells.join(" | "),
+            "State done | Row 1 | Label Car 1 | Only for LR-0 | Radio LR-1 | Bench A | Last report 1:05 ago");
   EXPECT_EQ(std::pair(rows.Count(RowState::Done), rows.Count(RowState::Taken)), std::pair(2, 1));
   EXPECT_FALSE(rows.data({}, Qt::DisplayRole).isValid());
   for (const int section : {-1, rows.columnCount()})

@@ -87,7 +87,7 @@ TEST_F(SerialPortTest, TheProgramThatUsesADeviceIsKnownByItsName) {
   std::string self;
   std::getline(std::ifstream("/proc/self/comm"), self);
   EXPECT_EQ(UserOfDevice(m_device), self);
-  EXPECT_EQ(UserOfDevice("/dev/no such device") + UserOfDevice("/dev/full"), "");
+  EXPECT_EQ(UserOfDevice("/dev/no such device") + UserOfDevice("/proc/self/comm"), "");
 }
 
 TEST_F(SerialPortTest, ReceivesWithoutAnApplicationAndWithoutAWord) {
