@@ -128,7 +128,8 @@ public:
   [[nodiscard]] virtual Renewal Renew(const std::string& plan, std::size_t row, const std::string& bench) = 0;
   // Enters the attempt once. In the same transaction its row becomes done (Verified) or, if the bench still has it,
   // free. A verified attempt is entered as Conflict if in the meantime another radio has done the row, or the radio has
-  // done another row. Its text names them. Returns the entered attempt, or nullopt if the database does not answer.
+  // done another row. Its text names them. Freed and Reissued are not entered if the radio does not have the row, and
+  // returned as Conflict. Returns the entered attempt, or nullopt if the database does not answer.
   [[nodiscard]] virtual std::optional<Attempt> Enter(const Attempt& attempt) = 0;
   // Reports that the bench is alive. False if the journal can't be written.
   [[nodiscard]] virtual bool ReportAlive(const std::string& bench) = 0;

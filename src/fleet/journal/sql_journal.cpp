@@ -301,7 +301,9 @@ bool SqlJournal::EnterOnce(Attempt& attempt) {
     attempt = AttemptIn(*earlier);
     return true;
   }
+  const bool isDecision = attempt.outcome == AttemptOutcome::Freed || attempt.outcome == AttemptOutcome::Reissued;
   if (!FinishRow(attempt, ValuesOf(attempt))) return false;
+  if (isDecision && attempt.outcome == AttemptOutcome::Conflict) return true; // not entered
   constexpr char Finish[] = "UPDATE fleet_attempt SET outcome = :outcome, ended = :ended, said = :said,"
                             " backup = :backup, sha256 = :sha256, stamp = :stamp WHERE attempt_key = :attempt_key";
   const QString insert = "INSERT INTO fleet_attempt (" + ColumnList() + ") VALUES (" + ColumnList(":") + ')';
@@ -316,9 +318,13 @@ bool SqlJournal::FinishRow(Attempt& attempt, const Values& values) {
   case AttemptOutcome::Dismissed:
     return true;
   case AttemptOutcome::Freed:
-    return m_database.Run(free, values).has_value();
-  case AttemptOutcome::Reissued:
-    return m_database.Run(QString(free).replace("state = 'taken'", "state = 'done'"), values).has_value();
+  case AttemptOutcome::Reissued: {
+    const bool isFreed = attempt.outcome == AttemptOutcome::Freed;
+    const auto changed = m_database.Run(
+        QString(free).replace("'taken'", isFreed ? "'taken'" : "'done'") + " AND id_number = :id", values);
+    if (changed && changed->numRowsAffected() == 0) attempt.outcome = AttemptOutcome::Conflict;
+    return changed.has_value();
+  }
   default:
     break;
   }

@@ -50,6 +50,9 @@ std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::strin
   using enum AttemptOutcome;
   const bool isOther = (decision.outcome == Freed && row->state != RowState::Taken) ||
                        (decision.outcome == Reissued && row->state != RowState::Done);
+  const bool isDecision = decision.outcome == Freed || decision.outcome == Reissued;
+  const JournalFailure changed = {name + " has changed in the meantime."};
+  if (isDecision && !decision.idNumber.empty() && row->idNumber != decision.idNumber) return changed;
   if (isOther)
     return JournalFailure{name + (decision.outcome == Freed ? " is not taken; it is " : " is not done; it is ") +
                               std::string(WordFor(row->state)) + ".",
@@ -65,7 +68,8 @@ std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::strin
   entry.operatorName = decision.operatorName;
   entry.start = entry.end = UtcTimestamp();
   const auto entered = journal->Enter(entry);
-  return entered ? std::variant<Attempt, JournalFailure>(*entered) : journal->Failure();
+  if (!entered) return journal->Failure();
+  return entered->outcome == decision.outcome ? std::variant<Attempt, JournalFailure>(*entered) : changed;
 }
 
 std::variant<std::string, JournalFailure> FindPlan(const std::string& address, const std::string& begin,

@@ -15,7 +15,7 @@ struct RowDecision {
   std::string plan;                              // its key
   std::size_t row = 0;                           // 0: about the radio
   std::string text, operatorName;
-  std::string idNumber{}; // of the radio
+  std::string idNumber{}; // of the radio. A row is freed or reissued only if this radio has it; "": any radio
 };
 // Changes the row as decided, and returns the entry about it. Nothing else of the journal is changed or deleted.
 [[nodiscard]] std::variant<Attempt, JournalFailure> Decide(FileSystem& files, const std::string& address,

@@ -120,7 +120,7 @@ const JournalRow* FrmFleet::CurrentRow() const {
 void FrmFleet::DecideAboutRow(AttemptOutcome outcome, const QString& question) {
   const JournalRow* const row = CurrentRow();
   if (row == nullptr || !m_plan) return;
-  AskAndEnter({outcome, m_plan->plan.key, row->row, {}, m_setup->Choice().operatorName}, question,
+  AskAndEnter({outcome, m_plan->plan.key, row->row, {}, m_setup->Choice().operatorName, row->idNumber}, question,
               tr("Row %1").arg(row->row) + (row->label.empty() ? "" : ", " + Shown(row->label)));
 }
 

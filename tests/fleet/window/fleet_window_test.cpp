@@ -311,6 +311,8 @@ TEST_F(FleetWindowTest, ProgramsTheRadiosOfAPlanAndPrintsTheJournal) {
   EXPECT_TRUE(Await([&] { return Find<QListWidget>("lstFailed")->count() == 2; }));
   // Another bench has dealt with one of them in the meantime.
   static_cast<void>(Decide(files, journal, {AttemptOutcome::Dismissed, "", 0, "", "", "LR-9"}));
+  const auto reissued = Decide(files, journal, {AttemptOutcome::Reissued, late.plan, 2, "", "", "LR-1"});
+  EXPECT_TRUE(std::holds_alternative<JournalFailure>(reissued)) << "LR-2 has the row";
   QCoreApplication::sendEvent(window.get(), &activated);
   EXPECT_TRUE(Await([&] { return Find<QListWidget>("lstFailed")->count() == 1; }));
   // The journal is gone, and Enter does not give all rows out again.
