@@ -119,7 +119,6 @@ private:
   }
 
   void ReadOwnCell(PlanRow& row, const std::string& column, const std::string& cell) {
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
     const auto text = InfoFromKept(cell);
     if (column == InfoColumn) {
       row.embeddedInfo = cell;
@@ -132,7 +131,7 @@ private:
                std::to_string(text->size()) + " characters, allowed: " + std::to_string(MostEmbeddedCharacters));
       return;
     }
-    if (!text || std::ranges::any_of(cell, isControl))
+    if (!text || std::ranges::any_of(*text, IsControl))
       return Refuse(row.line, column, "", "allowed: a line of text in UTF-8");
     (column == LabelColumn ? row.label : row.radio) = cell;
     RefuseSecond(row.line, column, cell);

@@ -19,11 +19,12 @@ constexpr bool BeginsCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
 
-// Makes a text from outside printable: control characters and invalid bytes become ".", and a long text is shortened
-// with "...".
+// Makes a text from outside printable: control characters, those for the text's direction, and invalid bytes become
+// ".", and a long text is shortened with "...".
 [[nodiscard]] std::string Printable(std::string_view text, std::size_t mostCharacters = 80);
 [[nodiscard]] constexpr bool IsControl(char32_t point) {
-  return point < ' ' || (point >= 0x7F && point < 0xA0);
+  return point < ' ' || (point >= 0x7F && point < 0xA0) || (point >= 0x202A && point <= 0x202E) ||
+         (point >= 0x2066 && point <= 0x2069); // these would turn the text beside them
 }
 
 // Converts ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic letters. Any other value is unchanged.

@@ -37,6 +37,20 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t MostRadios = 10; // that a question names
 
+// What is scanned after a click in the table goes to the box for it.
+class RowTable final : public QTableView {
+public:
+  explicit RowTable(QLineEdit* next) : m_next(next) {}
+  void keyboardSearch(const QString& typed) override {
+    if (!m_next->isEnabled()) return QTableView::keyboardSearch(typed);
+    m_next->setFocus();
+    m_next->insert(typed);
+  }
+
+private:
+  QLineEdit* m_next;
+};
+
 // The plan from the files, and how it starts if it is still the shown one.
 struct Beginning {
   std::shared_ptr<const LoadedPlan> changed;
@@ -61,7 +75,7 @@ FrmFleet::FrmFleet(FileSystem& files, std::string settingsFile, QString ownSetti
           files, m_settingsFile, [this] { ForgetPlan(); }, [this] { ShowState(); }, [this] { m_storeSoon.start(); })),
       m_counts(new QLabel), m_message(new QLabel), m_next(new QLineEdit), m_problems(new QListWidget),
       m_failed(new QListWidget), m_failedBox(new QWidget), m_cardArea(new QScrollArea), m_cardGrid(new QGridLayout),
-      m_table(new QTableView), m_start(new QPushButton(tr("&Start"))),
+      m_table(new RowTable(m_next)), m_start(new QPushButton(tr("&Start"))),
       m_stop(new QPushButton(tr("St&op after these radios"))), m_statistics(new QPushButton(tr("Stat&istics..."))),
       m_save(new QPushButton(tr("Sa&ve journal..."))), m_print(new QPushButton(tr("Print jour&nal..."))) {
   m_worker.setMaxThreadCount(1);
@@ -94,7 +108,7 @@ FrmFleet::~FrmFleet() {
 }
 
 void FrmFleet::ShowMessage(const QString& text, const QString& details) {
-  m_message->setText(text);
+  m_message->setText(Breakable(text));
   m_message->setToolTip(details);
 }
 
@@ -139,7 +153,7 @@ void FrmFleet::ShowPlan(const std::shared_ptr<const LoadedPlan>& check, const Fl
   m_changes.clear();
   m_problems->clear();
   for (const std::string& problem : check->problems)
-    m_problems->addItem(Shown(problem));
+    m_problems->addItem(Breakable(Shown(problem)));
   m_rows.Show(check->problems.empty() ? JournalRowsOf(check->plan) : std::vector<JournalRow>());
   ShowCounts();
   ShowState();

@@ -4,6 +4,7 @@
 #include "journal_queries.h"
 #include "shown_text.h"
 #include "sql_journal.h"
+#include "utf8.h"
 #include "words.h"
 
 #include <QAction>
@@ -121,7 +122,7 @@ void FrmFleet::DecideAboutRow(AttemptOutcome outcome, const QString& question) {
   const JournalRow* const row = CurrentRow();
   if (row == nullptr || !m_plan) return;
   AskAndEnter({outcome, m_plan->plan.key, row->row, {}, m_setup->Choice().operatorName, row->idNumber}, question,
-              tr("Row %1").arg(row->row) + (row->label.empty() ? "" : ", " + Shown(row->label)));
+              tr("Row %1").arg(row->row) + (row->label.empty() ? "" : ", " + Shown(Printable(row->label))));
 }
 
 void FrmFleet::AskAndEnter(RowDecision decision, const QString& question, const QString& name) {

@@ -101,7 +101,7 @@ protected:
   Control* Find(const char* name) {
     return window->findChild<Control*>(name);
   }
-  QString Label(const char* name) { return Find<QLabel>(name)->text(); }
+  QString Label(const char* name) { return Find<QLabel>(name)->text().remove(QChar(0x200B)); }
   bool Await(const std::function<bool()>& condition) { return QTest::qWaitFor(condition, 60'000); }
   // The menu opens where an entry is, and with the key below the current one.
   static void ExpectMenu(QAbstractItemView* list, const QModelIndex& entry) {
@@ -447,12 +447,16 @@ TEST_F(FleetWindowTest, APlanWithRefusalsIsListedAndCantBeStarted) {
   ASSERT_TRUE(Await([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
   QTest::mouseClick(Find<QPushButton>("cmdStart"), Qt::LeftButton);
   ASSERT_TRUE(Await([&] { return Cards() == QStringList{"COM1: NO PORT"}; }));
-  Type("txtNext", "car 3\r");
+  Find<QTableView>("gridRows")->setFocus();
+  QTest::keyClicks(window->focusWidget(), "c"); // a scan after a click in the table
+  Type("txtNext", "ar 3\r");
   EXPECT_EQ(Label("lblMessage"), "row 3, Car 3: chosen for the next waiting port");
   AddRadio({"--link", QString::fromStdString(Path("later"))});
   EXPECT_TRUE(Await([&] { return Label("lblCounts").startsWith("1 of 3"); }));
   EXPECT_EQ(Find<QTableView>("gridRows")->model()->index(2, 4).data(), "LR-1");
   EXPECT_EQ(Label("lblMessage"), "");
+  Type("txtNext", std::string(300, 'w') + '\r');
+  EXPECT_LT(Find<QLabel>("lblMessage")->minimumSizeHint().width(), 500) << Label("lblMessage").toStdString();
 }
 
 TEST_F(FleetWindowTest, EachOptionIsIndependent) {
