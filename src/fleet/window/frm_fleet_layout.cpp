@@ -20,7 +20,7 @@ namespace mr4500x {
 namespace {
 
 constexpr int MostCardsInARow = 4;
-constexpr int MostColumnCharacters = 24; // a long label must not hide the other columns
+constexpr int LabelColumn = 2;
 
 } // namespace
 
@@ -123,10 +123,9 @@ void FrmFleet::BuildTable() {
   m_table->setWordWrap(false);
   m_table->setTextElideMode(Qt::ElideMiddle); // labels often differ at their ends
   QHeaderView& header = *m_table->horizontalHeader();
-  header.setMaximumSectionSize(m_table->fontMetrics().averageCharWidth() * MostColumnCharacters);
   header.setResizeContentsPrecision(100); // rows, as there may be many thousands
   header.setSectionResizeMode(QHeaderView::ResizeToContents);
-  header.setStretchLastSection(true);
+  header.setSectionResizeMode(LabelColumn, QHeaderView::Stretch); // a long label does not hide the other columns
   BuildRowMenu();
 }
 

@@ -102,11 +102,15 @@ protected:
     DrawSign(painter, QRectF(gap, (height() - size) / 2.0, size, size), sign, Qt::white);
     painter.setPen(Qt::white);
     const QRect rest = rect().adjusted(size + 2 * gap, 0, -gap, 0);
-    painter.drawText(rest, Qt::AlignVCenter, Shown(WordFor(m_state)));
-    QFont small = font();
+    QFont small = font(), large = font();
     small.setPointSizeF(small.pointSizeF() / 2);
     painter.setFont(small);
     painter.drawText(rest, Qt::AlignRight | Qt::AlignVCenter, m_portName);
+    const QString word = Shown(WordFor(m_state));
+    const int room = rest.width() - painter.fontMetrics().horizontalAdvance(m_portName) - gap;
+    large.setPointSizeF(large.pointSizeF() * std::min(1.0, 1.0 * room / fontMetrics().horizontalAdvance(word)));
+    painter.setFont(large);
+    painter.drawText(rest, Qt::AlignVCenter, word);
   }
 
 private:
@@ -184,7 +188,8 @@ PortCard::PortCard(const QString& portName, const std::function<void()>& goOn)
   m_who->setTextFormat(Qt::PlainText); // a radio's number is not markup
   m_text->setTextFormat(Qt::PlainText);
   m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * 3); // two for the text, one for the hint
-  m_who->setMinimumHeight(m_goOn->sizeHint().height()); // all cards are equally high, with a button or without
+  // All cards are equally high, with a button or without. A long label has two lines.
+  m_who->setMinimumHeight(std::max(m_goOn->sizeHint().height(), m_who->fontMetrics().lineSpacing() * 2));
   m_bar->setMaximumHeight(m_bar->sizeHint().height());
   for (QLabel* const label : {m_who, static_cast<QLabel*>(m_text)})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
