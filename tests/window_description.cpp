@@ -35,7 +35,9 @@ QString Quoted(QString text) {
   return '"' + text.replace('\n', QLatin1String("\\n")) + '"';
 }
 QString NameOf(const QObject& object) {
-  return object.objectName().isEmpty() ? QString(object.metaObject()->className()) : object.objectName();
+  for (const char* const property : {"objectName", "accessibleName", "text"})
+    if (const QString name = object.property(property).toString(); !name.isEmpty()) return name;
+  return object.metaObject()->className();
 }
 QString ScaleOf(const QFont& font, const QFont& usual) {
   const double scale = font.pointSizeF() / usual.pointSizeF();
@@ -118,7 +120,9 @@ public:
   }
 
 private:
-  void Add(int depth, const QString& line) { lines.append(QString(2 * depth, ' ') + line); }
+  void Add(int depth, QString line) {
+    lines.append(line.prepend(QString(2 * depth, ' ')).remove(QRegularExpression(" +$")));
+  }
 
   // A widget that has nothing to say has no line.
   void AddWidget(QWidget& widget, int depth, const QString& place) {
@@ -130,7 +134,7 @@ private:
     if (!IsOneOf<QToolBar, QToolButton>(widget)) AddActions(widget.actions(), depth);
     const auto* const view = qobject_cast<QAbstractItemView*>(&widget);
     if (view != nullptr) AddItems(*view, depth);
-    if (IsOneOf<QComboBox, QLineEdit, QAbstractSpinBox, QAbstractButton, QMenuBar>(widget)) return;
+    if (IsOneOf<QComboBox, QLineEdit, QAbstractSpinBox, QAbstractButton, QProgressBar, QMenuBar>(widget)) return;
     AddDrawn(widget, lines.mid(at).join("").remove('&'), depth);
     if (auto* const area = qobject_cast<QScrollArea*>(&widget)) return AddWidget(*area->widget(), depth, {});
     if (!IsOneOf<QAbstractScrollArea>(widget)) AddChildren(widget, depth);
@@ -236,7 +240,8 @@ private:
     const auto* const area = qobject_cast<QAbstractScrollArea*>(&widget);
     QWidget& canvas = area != nullptr ? *area->viewport() : widget;
     const Recorder drawn(canvas);
-    const bool isPicture = widget.metaObject() == &QWidget::staticMetaObject || widget.windowType() == Qt::SplashScreen;
+    const bool isPicture = widget.windowType() == Qt::SplashScreen ||
+                           (widget.metaObject() == &QWidget::staticMetaObject && !widget.autoFillBackground());
     for (const QString& shape : drawn.shapes)
       if (isPicture) Add(depth, "draws " + shape);
     for (auto text = drawn.texts.begin(); text != drawn.texts.end(); ++text) {
@@ -293,7 +298,8 @@ private:
                       (colour.isNull() ? "" : ' ' + colour.value<QBrush>().color().name()));
       }
       Add(depth, line);
-      if (styles != std::exchange(before, styles)) Add(depth + 1, "styles " + InRuns(styles));
+      if (styles != std::exchange(before, styles) && !styles.join("").isEmpty())
+        Add(depth + 1, "styles " + InRuns(styles));
     }
   }
 };

@@ -23,7 +23,7 @@
 namespace mr4500x {
 
 // The rows "NAME: STEP; STEP" and "NAME (FROM): STEP; STEP" of a table. A state that comes from another one begins with
-// its steps, and its file has only the difference.
+// its steps, and its file has only the difference. "look" describes the windows between two steps, too.
 class WindowStates {
 public:
   using Word = std::function<bool(const QString& rest)>; // false if the step has to wait
@@ -45,7 +45,10 @@ public:
     Next();
     while (!m_isAtEnd)
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    const QStringList found = m_before.isEmpty() ? m_after : ChangedLines(m_before, m_after);
+    if (!m_looks.isEmpty()) Look(m_after);
+    const QStringList found = !m_looks.isEmpty()   ? m_looks
+                              : m_before.isEmpty() ? m_after
+                                                   : ChangedLines(m_before, m_after);
     const std::string path = folder + name + ".txt", text = (found.join('\n') + '\n').toStdString();
     if (qEnvironmentVariableIsSet("MR4500X_WRITE_WINDOWS")) std::ofstream(path) << text;
     std::ifstream file(path);
@@ -64,11 +67,15 @@ public:
       if (window->isVisible()) from.append(window);
     for (const QObject* const each : from)
       for (Object* const object : each == nullptr ? QList<Object*>() : each->findChildren<Object*>())
-        if (object->objectName() == name || object->property("text").toString().remove('&') == name) return object;
+        if (Is(*object, name)) return object;
     return nullptr;
   }
 
 private:
+  static bool Is(const QObject& object, const QString& name) {
+    return object.objectName() == name || object.property("text").toString().remove('&') == name ||
+           object.metaObject()->className() == name;
+  }
   static QStringList Rows(const char* table) {
     QFile file(table);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << table;
@@ -79,7 +86,8 @@ private:
     const QString from = row.section(':', 0, 0).section('(', 1).chopped(row.section(':', 0, 0).contains('(') ? 1 : 0);
     if (!from.isEmpty()) AddSteps(rows, from);
     m_own = from.isEmpty() ? -1 : m_steps.size();
-    m_steps += row.section(':', 1).split("; ");
+    m_looked = std::max(m_own, qsizetype(0));
+    m_steps += row.section(':', 1).trimmed().split("; ");
   }
   // A step may open a dialog and return only when that is closed. The next step is then taken in the dialog's loop.
   void Next() {
@@ -93,10 +101,17 @@ private:
     }
     QTimer::singleShot(1, &m_user, [this] { Next(); });
     if (isLast) return;
+    if (m_steps[m_next] == "look") return Look(Describe());
     const QString step = m_steps[m_next++].trimmed(), word = step.section(' ', 0, 0), rest = step.section(' ', 1);
     ++m_running;
     if (!(words.contains(word) ? words[word](rest) : Do(word, rest))) --m_next;
     --m_running;
+  }
+  void Look(const QStringList& now) {
+    m_looks += "after " + m_steps.mid(m_looked, m_next - m_looked).join("; ") + ':';
+    m_looks += ChangedLines(m_before, now);
+    m_before = now;
+    m_looked = ++m_next;
   }
   void CloseDialogs() {
     QWidget *const menu = QApplication::activePopupWidget(), *const dialog = QApplication::activeModalWidget();
@@ -107,6 +122,11 @@ private:
     if (dialog != nullptr) qobject_cast<QDialog*>(dialog)->reject();
   }
   bool Do(const QString& word, const QString& rest) {
+    if (auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        menu != nullptr && word == "choose") {
+      for (QAction* const action : menu->actions())
+        if (Is(*action, rest)) return menu->setActiveAction(action), QTest::keyClick(menu, Qt::Key_Return), true;
+    }
     if (word == "choose") {
       auto* const action = Find<QAction>(rest);
       if (action != nullptr) action->trigger();
@@ -126,6 +146,14 @@ private:
     if (word == "copy") return QApplication::clipboard()->setText(rest), true;
     auto* const widget = Find<QWidget>(rest.section(' ', 0, 0));
     if (widget == nullptr || !widget->isVisible()) return false;
+    if (word == "click" || word == "await") { // a text, or that it can be used
+      const QString text = widget->property("text").toString(), expected = rest.section(' ', 1);
+      if (!widget->isEnabled() || (word == "await" && !text.contains(expected))) return false;
+    }
+    if (word == "menu") { // by its key
+      QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+      QCoreApplication::sendEvent(widget, &event);
+    }
     if (word == "focus") widget->setFocus();
     QEvent pointer(word == "point" ? QEvent::Enter : QEvent::Leave);
     if (word == "point" || word == "leave") QCoreApplication::sendEvent(widget, &pointer);
@@ -140,7 +168,7 @@ private:
                                                 : Qt::NoModifier,
                         isLabel ? QPoint(9, place.y()) : place);
     }
-    return QStringList({"wait", "focus", "point", "leave", "click", "cell", "label"}).contains(word);
+    return QStringList({"wait", "await", "menu", "focus", "point", "leave", "click", "cell", "label"}).contains(word);
   }
   QStringList Describe() const {
     QString text = (DescribeWindows(main()) + happened()).join('\n');
@@ -149,8 +177,8 @@ private:
     return text.split('\n');
   }
 
-  QStringList m_steps, m_before, m_after, m_captured;
-  qsizetype m_next = 0, m_own = -1;
+  QStringList m_steps, m_before, m_after, m_captured, m_looks;
+  qsizetype m_next = 0, m_own = -1, m_looked = 0;
   int m_running = 0; // steps
   bool m_isAtEnd = false, m_isCapturing = false;
   QElapsedTimer m_clock;

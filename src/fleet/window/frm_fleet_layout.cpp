@@ -60,6 +60,7 @@ void FrmFleet::BuildPartKeys() {
     const auto at = static_cast<int>(std::ranges::find_if(parts, has) - parts.begin()),
                count = static_cast<int>(parts.size());
     QWidget* next = parts[at == count ? 0 : (at + step + count) % count];
+    if (next == m_cardArea) next = m_cards.front();
     const auto takesFocus = [](const QWidget* widget) {
       return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled();
     };
@@ -188,6 +189,16 @@ void FrmFleet::ArrangeCards() {
   for (int at = 0; PortCard* const each : m_cards) {
     m_cardGrid->addWidget(each, at / inARow, at % inARow);
     ++at;
+  }
+  // By default they come last, because the other parts were there first.
+  QWidget* before = m_cardArea->previousInFocusChain();
+  while (before->focusPolicy() == Qt::NoFocus)
+    before = before->previousInFocusChain();
+  for (PortCard* const each : m_cards) {
+    auto* const goOn = each->findChild<QPushButton*>();
+    setTabOrder(before, each);
+    setTabOrder(each, goOn);
+    before = goOn;
   }
   const int rows = (static_cast<int>(m_cards.size()) + inARow - 1) / inARow;
   const int high = m_cards.front()->sizeHint().height() + m_cardGrid->spacing();

@@ -178,6 +178,7 @@ void FrmFleet::ShowLines(const QString& title,
     dialog->setWindowTitle(title);
     auto* const text = new QPlainTextEdit(std::get<QString>(found));
     text->setReadOnly(true);
+    text->setAccessibleName(title);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
