@@ -78,6 +78,7 @@ TEST(ProgramStyle, ShowsBoxesAndPlaceholdersOnADarkWindowAndTheFocusEverywhere) 
 
 TEST(QtFileDialogs, GivesANameTheExtensionOfTheChosenFilter) {
   const QTemporaryDir folder;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path()); // Qt keeps the columns
   const FileQuestion question = {"Save", "Data Files(*.K4X)|*.K4X|Data Files(*.K4Y)|*.K4Y", folder.path().toStdString(),
                                  "", "K4X"};
   const char* const filters[] = {"Data Files(*.K4X) (*.K4X *.k4x)", "Data Files(*.K4Y) (*.K4Y *.k4y)"};
