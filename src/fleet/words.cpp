@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 namespace mr4500x {
 namespace {
@@ -134,22 +136,22 @@ std::string ReissuedReason(std::size_t row) {
 }
 
 std::string_view HintFor(Remedy remedy) {
-  constexpr std::array<std::string_view, 13> Hints = {
-      "",
-      "Plug the radio in again.",
-      "Check cable and radio, try again.",
-      "Check backup folder, try again.",
-      "Put this radio aside.",
-      "Put it aside, or accept its band.",
-      "Put it aside, or rewrite it.",
-      "Choose a row, then plug in again.",
-      "Put it aside, or press Program it.",
-      "Reprogram one of the two.",
-      "Plug both radios in again.",
-      "The port tries again by itself.",
-      "Remove the cause, then press Go on.",
+  constexpr std::pair<Remedy, std::string_view> Hints[] = {
+      {Remedy::PlugInAgain, "Plug the radio in again."},
+      {Remedy::CheckCable, "Check cable and radio, try again."},
+      {Remedy::CheckFolder, "Check backup folder, try again."},
+      {Remedy::PutAside, "Put this radio aside."},
+      {Remedy::AcceptBand, "Put it aside, or accept its band."},
+      {Remedy::RewriteChanged, "Put it aside, or rewrite it."},
+      {Remedy::ChooseAgain, "Choose a row, then plug in again."},
+      {Remedy::ProgramIt, "Put it aside, or press Program it."},
+      {Remedy::ReprogramOne, "Reprogram one of the two."},
+      {Remedy::PlugInBoth, "Plug both radios in again."},
+      {Remedy::Wait, "The port tries again by itself."},
+      {Remedy::GoOn, "Remove the cause, then press Go on."},
   };
-  return Hints[static_cast<std::size_t>(remedy)];
+  const auto* const hint = std::ranges::find(Hints, remedy, &std::pair<Remedy, std::string_view>::first);
+  return hint == std::end(Hints) ? "" : hint->second;
 }
 
 std::string ChoiceGoneReason(std::size_t row) {

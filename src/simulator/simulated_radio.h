@@ -31,10 +31,8 @@ public:
 
   [[nodiscard]] const RadioMemory& Memory() const { return m_memory; }
   void Swap(std::string_view number) { SetIdentityNumber(m_memory, number); } // for a radio with this number
-  [[nodiscard]] unsigned EndedSessions() const {
-    return m_endedSessions;
-  }                                                                // sessions ended by an end packet or its mark
-  [[nodiscard]] bool HasVanished() const { return m_hasVanished; } // because of the fault "vanish"
+  [[nodiscard]] unsigned EndedSessions() const { return m_endedSessions; }    // by an end packet or its mark
+  [[nodiscard]] bool HasVanished() const { return m_hasVanished; }            // because of the fault "vanish"
 
 private:
   enum class Session : std::uint8_t { None, Read, Write };

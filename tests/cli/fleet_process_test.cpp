@@ -136,7 +136,7 @@ TEST_F(FleetCommandTest, AChangedListCarriesOverWhatRadiosHold) {
   const std::string where = std::filesystem::weakly_canonical(Path("a.journal")).string();
   ExpectAll({{journal + " --free 2", 1, where + ": Row 2 is not taken; it is done.\n"},
              {journal + " --reissue 4", 1, where + ": Row 4 is not in the plan.\n"},
-             {journal + " --reissue 2 --plan 0x", 1, where + ": The journal has no such plan.\n"},
+             {journal + " --reissue 2 --plan 0x", 1, where + ": The journal has no plan with this key.\n"},
              {journal + " --reissue 2 --free 2", 2, ""}});
   EXPECT_TRUE(
       Cli(journal + " --reissue 2 --operator Ann").output.ends_with("  Ann: row 2, Car 1, radio LR-1: reissued\n"));

@@ -122,7 +122,7 @@ bool SqlConnection::OpenDatabase() {
   if (IsServer(m_address) && !isUrl)
     return Fail(QStringLiteral("A journal is a file or postgresql://user@host:port/database."));
   if (!database.isValid())
-    return Fail(QStringLiteral("Qt's driver %1 is missing (Debian: %2).").arg(m_dialect.driver, m_dialect.package));
+    return Fail(QStringLiteral("Qt's driver %1 is missing (%2).").arg(m_dialect.driver, m_dialect.package));
   // To open it would leave files beside it that block its owner.
   const bool isProtected = QFile::exists(QString::fromStdString(m_file)) && !MachineFiles().CanWrite(m_file);
   if (m_use == JournalUse::Enter && isProtected) return Fail(QStringLiteral("The journal is write-protected."));

@@ -1,5 +1,6 @@
 #include "sql_statements.h"
 
+#include "conventions.h"
 #include "journal.h"
 
 #include <chrono>
@@ -98,7 +99,7 @@ qint64 SteadySeconds() {
 } // namespace
 
 const Dialect Sqlite = {.driver = "QSQLITE",
-                        .package = "libqt6sql6-sqlite",
+                        .package = SqliteDriver,
                         .onConnect = SqliteOnConnect,
                         .begin = "BEGIN IMMEDIATE", // locks the file; a later lock could collide with another one
                         .lockSchema = "SELECT 1",
@@ -109,7 +110,7 @@ const Dialect Sqlite = {.driver = "QSQLITE",
                         .takesSeveral = false};
 
 const Dialect PostgreSql = {.driver = "QPSQL",
-                            .package = "libqt6sql6-psql; not available on Windows",
+                            .package = PostgreSqlDriver,
                             .onConnect = {},
                             .begin =
                                 "BEGIN ISOLATION LEVEL READ COMMITTED", // each statement sees the changes of others

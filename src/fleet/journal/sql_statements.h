@@ -9,7 +9,7 @@ namespace mr4500x {
 
 struct Dialect {
   const char* driver;                     // Qt's name
-  const char* package;                    // Debian's package of the driver
+  const char* package;                    // where it comes from
   std::span<const char* const> onConnect; // may fail
   const char* begin;
   const char* lockSchema;

@@ -81,7 +81,7 @@ std::variant<std::string, JournalFailure> FindPlan(const std::string& address, c
   if (plans.empty()) return JournalFailure{"There is no journal in it."};
   if (begin.empty() && choice == PlanChoice::AnyOrAll) return std::string();
   std::erase_if(plans, [&](const PlanHead& plan) { return !plan.key.starts_with(begin); });
-  if (plans.empty()) return JournalFailure{"The journal has no such plan."};
+  if (plans.empty()) return JournalFailure{"The journal has no plan with this key."};
   const auto isOfFirst = [&](const PlanHead& plan) {
     return plan.templateKey == plans.front().templateKey && !plan.templateKey.empty();
   };

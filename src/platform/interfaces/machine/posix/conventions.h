@@ -1,4 +1,4 @@
-// The system's conventions for paths and line ends.
+// The system's conventions for paths and line ends, and where it has Qt's drivers for databases from.
 #pragma once
 
 #include <charconv>
@@ -11,6 +11,9 @@ inline constexpr char Separator = '/';
 inline constexpr std::string_view Separators = "/"; // all that a path may have
 inline constexpr std::string_view LineEnd = "\n";
 inline constexpr std::string_view InstallationMark; // a file beside a program that was installed; none here
+
+inline constexpr const char* SqliteDriver = "Debian: libqt6sql6-sqlite";
+inline constexpr const char* PostgreSqlDriver = "Debian: libqt6sql6-psql";
 
 inline bool IsRoot(std::string_view path) {
   return path == "/";

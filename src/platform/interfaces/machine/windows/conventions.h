@@ -1,4 +1,4 @@
-// The system's conventions for paths and line ends.
+// The system's conventions for paths and line ends, and where it has Qt's drivers for databases from.
 #pragma once
 
 #include <optional>
@@ -10,6 +10,9 @@ inline constexpr char Separator = '\\';
 inline constexpr std::string_view Separators = "\\/"; // all that a path may have
 inline constexpr std::string_view LineEnd = "\r\n";
 inline constexpr std::string_view InstallationMark = "uninstall.exe"; // a file beside a program that was installed
+
+inline constexpr const char* SqliteDriver = "install the program again";
+inline constexpr const char* PostgreSqlDriver = "not available on Windows";
 
 // "\" or "C:\"
 inline bool IsRoot(std::string_view path) {
