@@ -86,8 +86,7 @@ public:
     large.setPointSizeF(large.pointSizeF() * 2);
     large.setBold(true);
     setFont(large);
-    // The sign, "IDENTIFYING" and "COM16" beside each other.
-    setMinimumSize(fontMetrics().horizontalAdvance(QLatin1Char('M')) * 14, fontMetrics().height() * 5 / 4);
+    setMinimumSize(fontMetrics().horizontalAdvance(QLatin1Char('M')) * 10, fontMetrics().height() * 5 / 4);
   }
   void Show(PortState state) {
     m_state = state;
