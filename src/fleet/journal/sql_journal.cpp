@@ -90,6 +90,10 @@ constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', cla
 // If this journal still has a claim, or its port has begun an attempt, they come from a call whose answer was lost, and
 // nothing was written. A silent bench's claim for the radio is released.
 const QStringList BeforeClaim = {
+    // Benches with several lists of a template take their rows one after the other, because they share labels.
+    "SELECT plan FROM fleet_plan WHERE template = (SELECT template FROM fleet_plan WHERE plan = :plan) AND EXISTS"
+    " (SELECT 1 FROM fleet_plan other WHERE other.template = fleet_plan.template AND other.plan <> fleet_plan.plan)"
+    " AND template <> '' ORDER BY plan{lock}",
     Heard, // locks the bench's entry, so an abandoned call is over before the next one
     "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
     " WHERE outcome = 'begun' AND bench = :bench AND port = :port",

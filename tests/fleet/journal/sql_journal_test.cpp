@@ -493,22 +493,25 @@ TEST_P(SqlJournals, MakeRowsForSeveralBenchesAtOnce) {
 }
 
 // Three benches at once, and a server that crashes during their work.
+// Bench C has another list with the same rows.
 TEST_P(SqlJournals, GiveNoRowOutTwice) {
   constexpr std::size_t count = 60;
   std::vector<JournalRow> all;
   for (std::size_t row = 1; row <= count; ++row)
-    all.push_back(NewRow(row));
-  ASSERT_TRUE(OpenJournal(address, JournalUse::Enter)->Begin({"plan", ""}, all));
+    all.push_back(NewRow(row, std::to_string(row), "", "c"));
+  const auto first = OpenJournal(address, JournalUse::Enter);
+  ASSERT_TRUE(first->Begin({"plan", "", "t"}, all) && first->Begin({"other", "", "t"}, all));
+  const ClaimRequest request = {.begun = first->ChangedRows("plan", 0).value().time - 1};
   std::atomic<int> done = 0, lost = 0;
   const auto program = [&](const std::string& bench) {
     const auto journal = OpenJournal(address, JournalUse::Enter);
     std::map<std::size_t, std::string> radios; // indexed by row
     for (int radio = 1;; ++radio) {
-      Attempt attempt = NewAttempt("plan", bench, bench + std::to_string(radio));
+      Attempt attempt = NewAttempt(bench == "C" ? "other" : "plan", bench, bench + std::to_string(radio));
       attempt.outcome = AttemptOutcome::Verified;
-      Claim claim = journal->ClaimRow(attempt, {});
+      Claim claim = journal->ClaimRow(attempt, request);
       for (; claim.kind == Claim::Kind::Lost; ++lost)
-        claim = journal->ClaimRow(attempt, {});
+        claim = journal->ClaimRow(attempt, request);
       if (claim.kind == Claim::Kind::NoRow) return radios;
       attempt.row = claim.row.row;
       std::optional<Attempt> entered = journal->Enter(attempt);
@@ -531,7 +534,7 @@ TEST_P(SqlJournals, GiveNoRowOutTwice) {
     radios.merge(bench.get());
   EXPECT_EQ(done, static_cast<int>(count)) << "a row was done twice, or not at all";
   EXPECT_TRUE(m_server || lost == 0) << "benches wait for each other";
-  const auto attempts = OpenJournal(address, JournalUse::List)->Attempts("plan").value();
+  const auto attempts = OpenJournal(address, JournalUse::List)->Attempts("").value();
   for (const Attempt& attempt : attempts)
     entered[attempt.row] += attempt.idNumber;
   EXPECT_EQ(radios.size(), count);
