@@ -175,7 +175,7 @@ ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const Radi
 ExitStatus SaveNewForCommand(FileSystem& files, const std::string& path, bool mayReplace, const RadioImage& image,
                              Terminal& terminal) {
   if (!CheckOutput(files, path, "", terminal)) return ExitStatus::UnusableArguments;
-  if (!mayReplace && !IsWrittenInto(path) && IsThere(files, path))
+  if (!mayReplace && !IsWrittenInto(path) && IsThere(files, path) && MayStoreOutput(files, path))
     return Fail(terminal, NameOfSource(path) + ": file exists; use --replace to overwrite it");
   return SaveForCommand(files, path, image, terminal);
 }

@@ -24,7 +24,8 @@ ExitStatus Run(std::vector<char*> words, Terminal& terminal) {
   for (std::size_t i = 1; isHelp && i + 1 < words.size(); ++i) { // Parse reports a misspelt command
     const auto commands = at->get_subcommands({});
     const std::string_view word = words[i];
-    if (commands.empty() || (word.starts_with('-') && word != "-h" && word != help))
+    const bool isOfFleet = i > 1 && isFirst("fleet"); // another program, which would ignore it
+    if (commands.empty() || (isOfFleet && word != "journal") || (word.starts_with('-') && word != "-h" && word != help))
       return Refuse(terminal, "help: \"" + Printable(words[i]) + "\" is too much");
     for (const CLI::App* const one : commands)
       if (one->get_name() == words[i]) at = one;

@@ -184,12 +184,15 @@ ExitStatus RunPorts(SerialPort& port, const std::function<std::string(int)>& dev
   Json document = {{"format", 1}, {"ports", Json::array()}};
   for (int number = 1; number <= PortCount; ++number) {
     const std::string device = deviceOf(number);
-    const char* const state = device.empty() ? "no device" : TestPort(port, number) ? "does not open" : "opens";
+    const auto failure = device.empty() ? std::nullopt : TestPort(port, number);
+    const std::string state = device.empty() ? "no device" : failure ? "does not open" : "opens";
     if (asJson)
-      document["ports"].push_back({{"port", ComName(number)}, {"device", device}, {"state", state}});
+      document["ports"].push_back(
+          {{"port", ComName(number)}, {"device", device}, {"state", state}, {"reason", failure.value_or("")}});
     else
       terminal.out << std::left << std::setw(7) << ComName(number) << std::setw(24)
-                   << (device.empty() ? std::string("-") : device) << ' ' << state << '\n';
+                   << (device.empty() ? std::string("-") : device) << ' ' << state << (failure ? ": " + *failure : "")
+                   << '\n';
   }
   return PrintData(terminal, asJson ? document.dump(2) + '\n' : "");
 }

@@ -150,9 +150,9 @@ TEST_F(RadioCommandsTest, PortsListsDeviceAndStateOfAllSixteen) {
   const auto deviceOf = [](int number) { return number < 4 ? "/dev/ttyUSB" + std::to_string(number) : ""; };
   EXPECT_EQ(RunPorts(ports, deviceOf, false, terminal), Done);
   const std::string lines = Printed();
-  EXPECT_TRUE(lines.starts_with("COM1   /dev/ttyUSB1             does not open\n"
+  EXPECT_TRUE(lines.starts_with("COM1   /dev/ttyUSB1             does not open: Device or resource busy\n"
                                 "COM2   /dev/ttyUSB2             opens\n"
-                                "COM3   /dev/ttyUSB3             does not open\n"
+                                "COM3   /dev/ttyUSB3             does not open: Device or resource busy\n"
                                 "COM4   -                        no device\n"))
       << lines;
   EXPECT_TRUE(lines.ends_with("COM16  -                        no device\n")) << lines;

@@ -108,7 +108,8 @@ bool HasFolders(FileSystem& files, const FleetChoice& choice, Terminal& terminal
 // Prints the state of the plan. A journal that does not exist yet has no rows of it.
 ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& choice, Terminal& terminal) {
   const std::string address = JournalOf(choice);
-  const PlanStart start = ComparePlan(files, choice, plan);
+  PlanStart start = ComparePlan(files, choice, plan);
+  if (start.failure.error.empty()) start.failure = WhyNotEntered(files, address);
   if (!start.failure.error.empty()) return NoAnswer(address, start.failure, terminal);
   PrintChanges(start, choice.earlier, terminal.out);
   if (!start.lost.empty() && choice.earlier != EarlierRows::StartOver) Fail(terminal, start.lost);
@@ -117,10 +118,6 @@ ExitStatus CheckPlan(FileSystem& files, const Plan& plan, const FleetChoice& cho
   };
   const std::size_t givenOut = choice.earlier == EarlierRows::StartOver ? start.changes.carriedOver : 0;
   const std::size_t done = count(RowState::Done) - givenOut, taken = count(RowState::Taken);
-  const std::string file = FileOfJournal(address);
-  const bool mayWrite = IsMissing(files, file) || files.CanWrite(file);
-  if (!file.empty() && !(mayWrite && MayReplace(files, file + "-wal"))) // a bench also writes beside it
-    return NoAnswer(address, {"The file of the journal can't be opened.", ""}, terminal);
   const std::size_t used = std::min(plan.rows.size(), done + taken), free = plan.rows.size() - used;
   terminal.out << (plan.isEndless ? "every radio gets the template" : std::to_string(plan.rows.size()) + " rows")
                << ": " << done << " done, " << taken << " taken";
@@ -234,7 +231,11 @@ FleetEnd RunBench(FileSystem& files, const std::string& settingsFile, const std:
   if (tally.Done() < choice.count)
     terminal.err << "Verified: " << tally.Done() << " of " << choice.count << " requested radios.\n";
   const std::size_t pending = session->PendingCount();
-  if (pending > 0) terminal.err << LineForPending(pending) << '\n';
+  if (pending > 0) {
+    terminal.err << LineForPending(pending) << '\n';
+    const std::unique_ptr<Journal> journal = OpenJournal(JournalOf(choice), JournalUse::List);
+    if (!journal->Rows(plan->key)) NoAnswer(JournalOf(choice), journal->Failure(), terminal);
+  }
   const bool isOpenEnded = plan->isEndless && choice.count < 0;
   const bool isComplete = isOpenEnded ? radios.Failed().empty() : session->IsComplete();
   const bool isGood =

@@ -11,6 +11,8 @@
 
 #include <QCoreApplication>
 
+#include <span>
+#include <string_view>
 #include <vector>
 
 namespace mr4500x {
@@ -25,10 +27,6 @@ std::string PortProblem(const std::string& text) {
 std::string NumberProblem(const std::string& text) {
   const bool isNumber = !text.starts_with('0') && ParseWhole(text);
   return isNumber ? "" : text + " is not a whole number from 1 to 999999999";
-}
-
-std::string Utf8Problem(const std::string& text) {
-  return FromUtf8(text) ? "" : "is not valid UTF-8";
 }
 
 constexpr char AddressHelp[] = "the file of the journal, or postgresql://user@host:port/database";
@@ -68,8 +66,7 @@ void DeclareFleet(CLI::App* fleet, FleetArguments& arguments, const std::functio
       "--start-over", choose(EarlierRows::StartOver),
       "if the list or the template has changed, or the journal is missing: give all rows out again");
   ExcludeEachOther(*fleet, {"--carry-over", "--start-over"});
-  AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal")
-      ->check(Utf8Problem);
+  AddOption(fleet, "--operator", choice.operatorName, "NAME", "the operator's name, for the journal");
   AddOption(fleet, "--on-verified", choice.onVerified, "COMMAND",
             "run this for each verified radio, with its journal entry as JSON on standard input");
   AddOption(fleet, "--trace", choice.traceFolder, "FOLDER",
@@ -108,12 +105,9 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
   };
   decide("--free", AttemptOutcome::Freed, "ROW", "free a row that a bench has taken")->expected(1);
   decide("--reissue", AttemptOutcome::Reissued, "ROW", "give a row out again that is done")->expected(1);
-  decide("--note", AttemptOutcome::Note, "ROW TEXT", "enter a note about a row")
-      ->expected(2)
-      ->check(CLI::Validator(Utf8Problem, "").application_index(1));
+  decide("--note", AttemptOutcome::Note, "ROW TEXT", "enter a note about a row")->expected(2);
   AddOption(journal, "--operator", arguments.choice.operatorName, "NAME",
-            "the operator's name, for the entry about a row")
-      ->check(Utf8Problem);
+            "the operator's name, for the entry about a row");
   journal->footer("Example: mr4500x-cli fleet journal radio.K4X --radio LR7200-000004217\n"
                   "Exit status: 0 done, 1 failed, 2 unusable arguments");
   ExcludeEachOther(*journal, {"--radio", "--statistics", "--free", "--reissue", "--note"});
@@ -134,6 +128,8 @@ void DeclareJournal(CLI::App* fleet, FleetArguments& arguments, const std::funct
 int main(int argc, char** argv) {
   using namespace mr4500x;
   return RunProgram([&](Terminal& terminal) {
+    for (const std::string_view word : std::span(argv, static_cast<std::size_t>(argc))) // for the journal
+      if (!FromUtf8(word)) return Refuse(terminal, Printable(word) + ": is not valid UTF-8");
     IgnoreBrokenPipes(); // a write to a radio must not end because the reader of the output has ended
     const QCoreApplication application(argc, argv);
     FileSystem& files = MachineFiles();

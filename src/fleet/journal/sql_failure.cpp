@@ -12,15 +12,16 @@ constexpr SqlFailureWords Unknown = {SqlFailure::Other, "The database does not a
                           IsBusy = {SqlFailure::Busy, "Another bench is using the journal."},
                           IsDouble = {SqlFailure::Double, "The journal already has this entry."},
                           IsFull = {SqlFailure::Other, "The disk of the journal is full."},
-                          IsReadOnly = {SqlFailure::Other, "The journal is write-protected."};
+                          IsReadOnly = {SqlFailure::Other, "The journal is write-protected."},
+                          NoRights = {SqlFailure::Other, "The server does not give this user the rights."};
 
 struct Case {
   const char* sign;
   SqlFailureWords words;
 };
 constexpr std::array ServerCodes = {
-    Case{"55P03", IsBusy}, Case{"40P01", IsBusy},     Case{"40001", IsBusy},     Case{"23505", IsDouble},
-    Case{"53100", IsFull}, Case{"42501", IsReadOnly}, Case{"25006", IsReadOnly},
+    Case{"55P03", IsBusy}, Case{"40P01", IsBusy},   Case{"40001", IsBusy},     Case{"23505", IsDouble},
+    Case{"53100", IsFull}, Case{"42501", NoRights}, Case{"25006", IsReadOnly},
 };
 // An attempt to connect has no code.
 constexpr std::array ServerTexts = {
@@ -30,6 +31,9 @@ constexpr std::array ServerTexts = {
     Case{"no pg_hba.conf entry", {SqlFailure::Other, "The server refuses this computer or this user."}},
     Case{"database \"", {SqlFailure::Other, "The server has no database of this name."}},
     Case{"definition of service", {SqlFailure::Other, "The service is not in the user's list of services."}},
+    Case{"connection option", {SqlFailure::Other, "The address has an unusable parameter."}},
+    Case{"sslmode value", {SqlFailure::Other, "The address has an unusable parameter."}},
+    Case{"not support SSL", {SqlFailure::Other, "The server has no encryption, which the address requires."}},
     Case{"translate host name", {SqlFailure::Other, "The name of the server is unknown."}},
 };
 // SQLite's result codes. Only their last byte is used.

@@ -409,6 +409,16 @@ std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use)
   return open([] { return true; });
 }
 
+JournalFailure WhyServerNotEntered(const std::string& address) {
+  SqlConnection server(address, JournalUse::List, [] { return true; });
+  auto query = server.Open() ? server.Run("SELECT CASE WHEN to_regclass('fleet_plan') IS NULL"
+                                          " THEN has_schema_privilege(current_schema(), 'CREATE')"
+                                          " ELSE has_table_privilege('fleet_plan', 'INSERT') END")
+                             : std::nullopt;
+  if (!query || !query->next()) return server.Failure();
+  return query->value(0).toBool() ? JournalFailure() : JournalFailure{"The server does not give this user the rights."};
+}
+
 std::string Sha256Of(std::string_view bytes) {
   const QByteArray content(bytes.data(), static_cast<qsizetype>(bytes.size()));
   return QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex().toStdString();

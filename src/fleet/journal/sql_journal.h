@@ -19,6 +19,8 @@ enum class JournalUse : std::uint8_t {
 // A file must stay the one that was opened first. The journal belongs to the thread that creates it, with a
 // QCoreApplication.
 [[nodiscard]] std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use);
+// Why a bench could not enter anything in a server's journal, without an error if it could. Changes nothing.
+[[nodiscard]] JournalFailure WhyServerNotEntered(const std::string& address);
 // The file at an address, "" for a server's.
 [[nodiscard]] std::string FileOfJournal(const std::string& address);
 

@@ -122,4 +122,12 @@ PlanStart BeginPlan(FileSystem& files, const FleetChoice& choice, const Plan& pl
   }
 }
 
+JournalFailure WhyNotEntered(FileSystem& files, const std::string& address) {
+  const std::string file = FileOfJournal(address);
+  if (file.empty()) return WhyServerNotEntered(address);
+  const bool mayWrite = IsMissing(files, file) || files.CanWrite(file);
+  if (mayWrite && MayReplace(files, file + "-wal")) return {}; // a bench also writes beside it
+  return {"The file of the journal can't be opened."};
+}
+
 } // namespace mr4500x

@@ -27,4 +27,7 @@ struct PlanStart {
 // Does the comparison without entering anything.
 [[nodiscard]] PlanStart ComparePlan(FileSystem& files, const FleetChoice& choice, const Plan& plan);
 
+// Why a bench could not enter anything in the journal, without an error if it could. Changes nothing.
+[[nodiscard]] JournalFailure WhyNotEntered(FileSystem& files, const std::string& address);
+
 } // namespace mr4500x

@@ -454,6 +454,8 @@ TEST_P(SqlJournals, TakePasswordsFromTheirFilesAndSayWhyAServerRefuses) {
       {"postgresql://bench@none.invalid/a", "The name of the server is unknown."},
       {"postgresql:///?service=none", "The service is not in the user's list of services."},
       {"postgresql://bench@/a?host=/none", "The database does not answer."},
+      {"postgresql://bench@/a?foo=bar", "The address has an unusable parameter."},
+      {"postgresql://bench@/a?sslmode=nonsense", "The address has an unusable parameter."},
       {"postgresql://guarded@localhost:5433/fresh" + host + "&passfile=" + passwords.toStdString(), ""},
       {"postgresql:///?service=bench", ""},
   };
@@ -463,7 +465,12 @@ TEST_P(SqlJournals, TakePasswordsFromTheirFilesAndSayWhyAServerRefuses) {
     EXPECT_EQ(journal->Failure().error, error) << each << journal->Failure().details;
     EXPECT_EQ(journal->Failure().details.empty(), std::string(error).empty()) << each;
     EXPECT_EQ(journal->Failure().details.find("wrong"), std::string::npos);
+    EXPECT_EQ(WhyServerNotEntered(each).error, error) << each;
   }
+  Execute("CREATE ROLE reader LOGIN");
+  Execute("REVOKE CREATE ON SCHEMA public FROM PUBLIC");
+  EXPECT_EQ(WhyServerNotEntered("postgresql://reader@localhost:5433/postgres" + host).error,
+            "The server does not give this user the rights.");
 }
 
 // Benches that make new rows at the same time wait for each other. None finds that its row exists.
