@@ -143,7 +143,8 @@ private:
       return true;
     }
     if (word == "type") return QTest::keyClicks(focus, rest), true;
-    if (word == "copy") return QApplication::clipboard()->setText(rest), true;
+    if (word == "copy")
+      return QApplication::clipboard()->setText(QString(rest).replace("\\t", "\t").replace("\\n", "\n")), true;
     auto* const widget = Find<QWidget>(rest.section(' ', 0, 0));
     if (widget == nullptr || !widget->isVisible()) return false;
     if (word == "click" || word == "await") { // a text, or that it can be used

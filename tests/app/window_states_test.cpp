@@ -15,6 +15,7 @@ namespace {
 
 struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
   ProgramStates() : ProgramTest(/*starts*/ false) {
+    QApplication::clipboard()->clear();
     messageView = &view;
     progressView = &progress;
     PutInRadio();
@@ -23,7 +24,9 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
     PutDataFile("other.K4X");
     states.main = [this] { return window.get(); };
     states.happened = [this] {
-      QStringList lines;
+      QStringList lines = QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+      for (QString& line : lines)
+        line.prepend("clipboard: ");
       for (const std::string& line : desktop.happened)
         lines.append("happened: " + QString::fromStdString(line));
       return lines;
