@@ -70,10 +70,6 @@ TEST(PortMachineTest, AnswersEachEventWithAnActionAndAState) {
 
 TEST(FleetWords, AreAsInTheFile) {
   std::string lines;
-  for (int i = 0; i <= static_cast<int>(Finished); ++i)
-    lines += std::string(WordFor(PortState(i))) + " = " + LineFor({.state = PortState(i)}, "") + '\n';
-  for (int i = 0; i <= static_cast<int>(Remedy::GoOn); ++i)
-    lines += std::string(HintFor(Remedy(i))) + '\n';
   for (int i = 0; i <= 2 * static_cast<int>(Outcome::DisplayError) + 1; ++i)
     lines +=
         ReasonFor({i % 2 == 0 ? Transfer::Read : Transfer::Write, Outcome(i / 2), "COM3", i == 2 ? "" : "busy"}) + '\n';
