@@ -46,6 +46,7 @@ TEST(FleetTest, GivesEachRadioItsRow) {
 TEST(FleetTest, ARadioWithAFaultFreesItsRowOrHoldsIt) {
   const std::vector<Row> cases = RowsOf(CASES "faults.txt", "([^:]*): ([vfs-]{4}) ?([vfs-]*)");
   ASSERT_EQ(cases.size(), FaultKinds().size());
+  EXPECT_EQ(ParseFault("vanish").value().record, 10) << "in the middle of an exchange";
   const std::map<char, std::string> entries = {
       {'v', "verified"}, {'f', "failed, verified"}, {'s', "set aside, verified"}, {'-', "verified"}};
   for (const Row& row : cases)
