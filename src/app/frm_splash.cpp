@@ -33,7 +33,6 @@ constexpr SplashLine Lines[] = {
 // Radio waves from the lower right corner.
 void DrawWaves(QPainter& painter, const QRect& area, double line) {
   const QPointF source(area.right() - 2 * line, area.bottom() - 2 * line);
-  painter.setBrush(Qt::NoBrush);
   for (int wave = 1; wave <= 6; ++wave) {
     QColor colour(Signal);
     colour.setAlphaF(0.5F - 0.07F * static_cast<float>(wave));
