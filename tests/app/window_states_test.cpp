@@ -1,10 +1,14 @@
 // The program's windows in many states, compared as a whole with their descriptions. See window_states.txt.
+#include "changes.h"
 #include "frm_splash.h"
 #include "program_fixture.h"
 #include "qt_dialogs.h"
 #include "qt_progress_view.h"
 #include "rows.h"
+#include "wheel.h"
 #include "window_states.h"
+
+#include <QAbstractItemModelTester>
 
 #include <iterator>
 #include <optional>
@@ -20,8 +24,12 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
     progressView = &progress;
     PutInRadio();
     PutDataFile("taxi.K4X");
+    RadioImage zero = image;
     image.ChannelBlock(4, 0) = 0; // not in use
     PutDataFile("other.K4X");
+    image = zero;
+    zero.ResetTimeBlock[StandardByte] = 0; // is refused
+    EXPECT_TRUE(SaveDataFile(files, Path("zero.K4X"), zero));
     states.main = [this] { return window.get(); };
     states.happened = [this] {
       QStringList lines = QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
@@ -60,6 +68,50 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
       ports.working = {std::istream_iterator<int>(in), {}};
       serialPort = &ports;
       Start();
+    });
+    word("change", [this](const std::string& name) {
+      const QString rest = QString::fromStdString(name);
+      std::vector<Assignment> changes;
+      for (const QString& change : rest.section(' ', 1).split(", ")) {
+        const std::string field = change.section('=', 0, 0).toStdString(), value = change.section('=', 1).toStdString();
+        if (field.starts_with("byte "))
+          image.ChannelBlock(std::stoul(field.substr(5)), 12) = static_cast<std::uint8_t>(std::stoul(value, {}, 16));
+        else
+          changes.push_back({*FindField(field), value, /*asStored*/ true});
+      }
+      EXPECT_TRUE(ApplyChanges(image, changes, BuildFieldTexts('.')).empty());
+      PutDataFile(rest.section(' ', 0, 0).toStdString());
+    });
+    word("become", [this](const std::string& names) {
+      std::filesystem::remove(Path(names.substr(0, names.find(' '))));
+      if (const std::string from = Path(names.substr(names.find(' ') + 1)); std::filesystem::exists(from))
+        std::filesystem::copy_file(from, Path(names.substr(0, names.find(' '))));
+    });
+    states.words["activate"] = [this](const QString& name) {
+      QWidget* const which = name == "frmMain" ? static_cast<QWidget*>(window.get()) : states.Find<QDialog>(name);
+      if (which != nullptr) which->activateWindow();
+      return which != nullptr && QApplication::activeWindow() == which;
+    };
+    word("double", [this](const std::string& row) {
+      auto* const table = states.Find<QTableView>("tblDifferences");
+      const QPoint at = table->visualRect(table->model()->index(std::stoi(row) - 1, 2)).center();
+      QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, at);
+      QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, at);
+    });
+    word("heading", [this](const std::string& column) {
+      auto* const headings = states.Find<QTableView>("tblDifferences")->horizontalHeader();
+      const QPoint at(headings->sectionViewportPosition(std::stoi(column) - 1) + 20, 5);
+      QTest::mouseClick(headings->viewport(), Qt::LeftButton, {}, at);
+    });
+    word("wheel",
+         [this](const std::string& turns) { TurnWheel(*states.Find<QComboBox>("cboTuneSwitch"), std::stoi(turns)); });
+    word("models", [this](const auto&) {
+      const auto fatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
+      for (const auto* const table :
+           {states.Find<QTableView>("tblDifferences"), states.Find<QTableView>("gridChannel")}) {
+        const QAbstractItemModelTester tester(table->model(), fatal);
+        EXPECT_FALSE(table->model()->data({}, Qt::DisplayRole).isValid());
+      }
     });
     word("pdf", [this](const std::string& name) { desktop.pdfFile = Path(name); });
     word("frame", [this](const std::string& number) {
