@@ -335,9 +335,10 @@ TEST_P(SqlJournals, UpgradeTheFirstVersion) {
     Execute(statement);
   Execute("CREATE TABLE fleet_schema (version BIGINT NOT NULL)");
   Execute("INSERT INTO fleet_schema VALUES (1)");
-  Execute("INSERT INTO fleet_plan VALUES ('p', 'name')");
+  Execute("INSERT INTO fleet_plan VALUES ('p', 'name'), ('o', 'name')");
   Execute("INSERT INTO fleet_row VALUES ('p', 1, 'a', '', 'taken', 'A', 'c1', 'X'), ('p', 2, 'b', '', 'done', 'A', '',"
-          " 'X'), ('p', 3, '', '', 'done', 'A', '', 'X'), ('p', 4, '', '', 'taken', 'B', 'c2', 'Y')");
+          " 'X'), ('p', 3, '', '', 'done', 'A', '', 'X'), ('p', 4, '', '', 'taken', 'B', 'c2', 'Y'),"
+          " ('o', 1, '', '', 'done', 'A', '', 'X')"); // another plan's
   Execute("INSERT INTO fleet_attempt VALUES ('k', 'p', 2, 'b', 'X', 'f', '', 'COM1', 'A', 's', 'e', 'verified', 't',"
           " 'b', '00')");
   const auto journal = OpenJournal(address, JournalUse::List);
