@@ -23,11 +23,11 @@
 namespace mr4500x {
 
 // The rows "NAME: STEP; STEP" and "NAME (FROM): STEP; STEP" of a table. A state that comes from another one begins with
-// its steps, and its file has only the difference. "look" describes the windows between two steps, too.
+// its steps, and its file has only the difference. "look" also describes the windows between two steps.
 class WindowStates {
 public:
   using Word = std::function<bool(const QString& rest)>; // false if the step has to wait
-  std::map<QString, Word> words;                         // the first words of the steps, besides those below
+  std::map<QString, Word> words;                         // the first words of the steps, in addition to those below
   std::function<QWidget*()> main;
   std::function<QStringList()> happened = [] { return QStringList(); };
   std::vector<std::pair<QRegularExpression, QString>> replaced; // what differs from run to run
