@@ -36,7 +36,7 @@ QString Quoted(QString text) {
 }
 QString NameOf(const QObject& object) {
   for (const char* const property : {"objectName", "accessibleName", "text"})
-    if (const QString name = object.property(property).toString(); !name.isEmpty()) return name;
+    if (QString name = object.property(property).toString(); !name.isEmpty()) return name;
   return object.metaObject()->className();
 }
 QString ScaleOf(const QFont& font, const QFont& usual) {
@@ -121,7 +121,7 @@ public:
 
 private:
   void Add(int depth, QString line) {
-    lines.append(line.prepend(QString(2 * depth, ' ')).remove(QRegularExpression(" +$")));
+    lines.append(line.prepend(QString(qsizetype{2} * depth, ' ')).remove(QRegularExpression(" +$")));
   }
 
   // A widget that has nothing to say has no line.
