@@ -218,6 +218,11 @@ ExchangeResult Write(const WriteCourse& course, SerialLine& line, const RadioIma
   return close(Outcome::Complete);
 }
 
+ExchangeResult IfWhole(ExchangeResult result) {
+  if (result.outcome == Outcome::Complete && result.missing > 0) result.outcome = Outcome::DataError;
+  return result;
+}
+
 ExchangeResult ReadBackBy(const ReadCourse& course, SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                           Speed speed) {
   const RadioImage written = image;
@@ -239,9 +244,7 @@ ExchangeResult ReadRadio(SerialLine& line, RadioImage& image, ExchangeObserver& 
 }
 
 ExchangeResult ReadWholeRadio(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
-  ExchangeResult result = ReadRadio(line, image, observer, speed);
-  if (result.outcome == Outcome::Complete && result.missing > 0) result.outcome = Outcome::DataError;
-  return result;
+  return IfWhole(ReadRadio(line, image, observer, speed));
 }
 
 ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer, int tries) {
@@ -252,7 +255,7 @@ ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserve
 
 ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer, Speed speed) {
   const RadioImage written = image;
-  ExchangeResult result = ReadBackBy(BackRead, line, image, observer, speed);
+  ExchangeResult result = IfWhole(ReadBackBy(BackRead, line, image, observer, speed));
   image.RadioIdBlock = written.RadioIdBlock;
   image.FirmwareVersionBlock = written.FirmwareVersionBlock;
   return result;

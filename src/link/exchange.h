@@ -64,7 +64,7 @@ public:
 [[nodiscard]] ExchangeResult ReadIdentity(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                           int tries = 4);
 
-// Reads from the radio everything that a write sends, except the write stamp.
+// Reads from the radio everything that a write sends, except the write stamp. A missing record is a DataError.
 [[nodiscard]] ExchangeResult ReadBack(SerialLine& line, RadioImage& image, ExchangeObserver& observer,
                                       Speed speed = Speed::Prescribed);
 // Like ReadBack, and in the same session also reads the identity number and firmware version, to know which radio it

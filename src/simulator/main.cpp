@@ -120,15 +120,22 @@ std::string DecimalProblem(const std::string& text) {
   return isDecimal ? "" : text + " is not a decimal number";
 }
 
+std::string NumberProblem(const std::string& text) {
+  return text.size() > IdentityCharacters ? "has more than 16 characters" : "";
+}
+
 int Main(int argc, char** argv) {
   Options options;
   CLI::App app("A simulated LR7200 radio. Prints the path of its serial device and serves it until interrupted.");
   app.add_option("--memory", options.memoryFile, "Keep the radio's memory in this file; made when missing")
       ->type_name("FILE");
   app.add_option("--link", options.link, "Make a symbolic link to the device here")->type_name("PATH");
-  app.add_option("--number", options.number, "The radio's identity number, at most 16 characters")->type_name("TEXT");
+  app.add_option("--number", options.number, "The radio's identity number, at most 16 characters")
+      ->type_name("TEXT")
+      ->check(NumberProblem);
   app.add_option("--swap", options.nextNumber, "Be another radio, with this number, after two sessions")
-      ->type_name("TEXT");
+      ->type_name("TEXT")
+      ->check(NumberProblem);
   app.add_option("--pace", options.baud, "Take the time of a real line, 9600 for the radio's; none by default")
       ->type_name("BAUD")
       ->check(DecimalProblem)

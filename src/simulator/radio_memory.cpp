@@ -10,7 +10,7 @@
 namespace mr4500x {
 namespace {
 
-constexpr std::size_t IdentityNumber = 0x1F0, IdentityCharacters = 16;
+constexpr std::size_t IdentityNumber = 0x1F0;
 
 namespace fs = std::filesystem;
 
@@ -98,7 +98,8 @@ RadioMemory LoadOrCreate(const std::string& path) {
     Store(path, memory);
     return memory;
   }
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file;
+  if (fs::is_regular_file(path, unknown)) file.open(path, std::ios::binary); // not a pipe, which would be waited for
   file.read(reinterpret_cast<char*>(memory.data()), RadioMemoryBytes);
   if (!file || file.peek() != std::ifstream::traits_type::eof())
     throw std::runtime_error(path + " is not a memory file of " + std::to_string(RadioMemoryBytes) + " bytes");

@@ -9,6 +9,7 @@
 namespace mr4500x {
 
 inline constexpr std::size_t RadioMemoryBytes = 1024;
+inline constexpr std::size_t IdentityCharacters = 16;
 using RadioMemory = std::array<std::uint8_t, RadioMemoryBytes>;
 
 // The memory of a radio that a dealer has set up: channels, settings, identity number, firmware version and embedded

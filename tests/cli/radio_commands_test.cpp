@@ -129,7 +129,7 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
   using Spoil = void (*)(LineBytes & reply);
   const std::tuple<const char*, Spoil, const char*> bandRecords[] = {
       {"of nothing, so that it was not compared", [](LineBytes& reply) { reply[2] = 0xE0; },
-       "COM3: records not received: 1\nCOM3 does not match"},
+       "COM3: Read data error, please retry Read.\nCOM3: records not received: 1\n"},
       {"of more bytes than there are", [](LineBytes& reply) { reply[3] = 9; }, "COM3: Read data error"},
       {"of no bytes", [](LineBytes& reply) { reply.clear(); }, "COM3: Reading is interrupted"},
   };
