@@ -87,13 +87,15 @@ constexpr char Heard[] = "INSERT INTO fleet_bench (bench, heard) VALUES (:bench,
 constexpr char SetFree[] = "UPDATE fleet_row SET state = 'free', bench = '', claim = '', id_number = '', stamp = '',"
                            " changed = {now} WHERE plan = :plan AND state = 'taken' AND ";
 
+// Benches with several lists of a template take their rows one after the other, because they share labels.
+constexpr char LockLists[] =
+    "SELECT plan FROM fleet_plan WHERE template = (SELECT template FROM fleet_plan WHERE plan = :plan) AND EXISTS"
+    " (SELECT 1 FROM fleet_plan other WHERE other.template = fleet_plan.template AND other.plan <> fleet_plan.plan)"
+    " AND template <> '' ORDER BY plan{lock}";
 // If this journal still has a claim, or its port has begun an attempt, they come from a call whose answer was lost, and
 // nothing was written. A silent bench's claim for the radio is released.
 const QStringList BeforeClaim = {
-    // Benches with several lists of a template take their rows one after the other, because they share labels.
-    "SELECT plan FROM fleet_plan WHERE template = (SELECT template FROM fleet_plan WHERE plan = :plan) AND EXISTS"
-    " (SELECT 1 FROM fleet_plan other WHERE other.template = fleet_plan.template AND other.plan <> fleet_plan.plan)"
-    " AND template <> '' ORDER BY plan{lock}",
+    LockLists,
     Heard, // locks the bench's entry, so an abandoned call is over before the next one
     "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
     " WHERE outcome = 'begun' AND bench = :bench AND port = :port",
@@ -212,7 +214,9 @@ bool SqlJournal::InsertRows(const std::string& plan, const std::vector<JournalRo
   constexpr std::size_t RowsInAStatement = 500;
   constexpr qsizetype StatementsAtOnce = 10;
   const Values values = {{":plan", Text(plan)}};
-  const auto quoted = [](QString text) { return QLatin1Char('\'') + text.replace('\'', "\'\'") + QLatin1Char('\''); };
+  const auto quoted = [](QString text) { // without words in braces, which StatementFor replaces
+    return QLatin1Char('\'') + text.replace('\'', "\'\'").replace('{', "'||'{'||'") + QLatin1Char('\'');
+  };
   QStringList statements;
   for (std::size_t first = 0; first < rows.size(); first += RowsInAStatement) {
     QStringList lines;

@@ -289,7 +289,7 @@ void SqlJournals::MoveTheFile(Journal& journal, const Attempt& attempt) {
 
 TEST_P(SqlJournals, KeepEveryDetailAndRefuseUnknownContents) {
   const auto journal = OpenJournal(address, JournalUse::Enter);
-  const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ?", "R7"), NewRow(9)};
+  const std::vector<JournalRow> rows = {NewRow(7, "Wörk'shop \"7\" :plan ? {now}", "R7"), NewRow(9)};
   for (int i = 0; i < 2; ++i)
     ASSERT_TRUE(journal->Begin({"p1", "name"}, rows)) << journal->Failure().error;
   EXPECT_EQ(journal->Rows("p1"), rows);
