@@ -92,14 +92,15 @@ constexpr char LockLists[] =
     "SELECT plan FROM fleet_plan WHERE template = (SELECT template FROM fleet_plan WHERE plan = :plan) AND EXISTS"
     " (SELECT 1 FROM fleet_plan other WHERE other.template = fleet_plan.template AND other.plan <> fleet_plan.plan)"
     " AND template <> '' ORDER BY plan{lock}";
+constexpr char AnswerLost[] =
+    "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
+    " WHERE outcome = 'begun' AND bench = :bench AND port = :port";
 // If this journal still has a claim, or its port has begun an attempt, they come from a call whose answer was lost, and
 // nothing was written. A silent bench's claim for the radio is released.
-const QStringList BeforeClaim = {
-    LockLists,
-    Heard, // locks the bench's entry, so an abandoned call is over before the next one
-    "UPDATE fleet_attempt SET outcome = 'failed', said = 'the journal''s answer was lost; nothing has been written'"
-    " WHERE outcome = 'begun' AND bench = :bench AND port = :port",
-    QString(SetFree) + "claim = :claim", QString(SetFree) + "id_number = :id AND {isSilent}"};
+const QStringList BeforeClaim = {LockLists,
+                                 Heard, // locks the bench's entry, so an abandoned call is over before the next one
+                                 AnswerLost, QString(SetFree) + "claim = :claim",
+                                 QString(SetFree) + "id_number = :id AND {isSilent}"};
 constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = '',"
                             " changed = {now} WHERE plan = :plan AND state = 'done' AND id_number = :id";
 // What a plan that has begun before takes over from another one.
