@@ -255,12 +255,16 @@ private:
   }
 
   void AddActions(const QList<QAction*>& actions, int depth) {
+    QStringList letters; // of the menu
     for (const QAction* const action : actions) {
       QString line = action->isSeparator() ? "--" : "> " + Quoted(action->text()) + ' ' + action->objectName();
       for (const QKeySequence& keys : action->shortcuts())
         line += ' ' + keys.toString() + (action->shortcutContext() == Qt::WindowShortcut ? "" : " here");
       if (action->isCheckable()) line += action->isChecked() ? " [x]" : " [ ]";
       line += QString(action->isEnabled() ? "" : " disabled") + (action->isVisible() ? "" : " hidden");
+      const QString letter = QKeySequence::mnemonic(action->text()).toString();
+      if (!letter.isEmpty() && action->isVisible() && letters.contains(letter)) line += " letter-twice";
+      letters.append(letter);
       Add(depth, line);
       if (action->menu() != nullptr) AddActions(action->menu()->actions(), depth + 1);
     }
