@@ -80,6 +80,7 @@ public:
     return m_tables.rows.at(row - 1).bench == bench ? Renewal::Kept : Renewal::TakenAway;
   }
   bool ReportAlive(const std::string& /*bench*/) override {
+    const std::lock_guard guard(m_tables.mutex);
     return !m_tables.isLost && !m_tables.isFull && !std::exchange(m_tables.isFullOnce, false);
   }
   std::optional<Attempt> Enter(const Attempt& attempt) override {
