@@ -207,7 +207,7 @@ void Add(CLI::App& command, const Argument& argument, Call& call) {
   const std::string name = isOptional ? shown.substr(1, shown.size() - 2) : shown;
   const auto add = [&](auto member) {
     if constexpr (std::is_same_v<decltype(member), bool Call::*>)
-      return command.add_flag(name, call.*member, argument.about)->disable_flag_override();
+      return command.add_flag(name, call.*member, argument.about);
     else
       return command.add_option(name, call.*member, argument.about)->type_name(argument.type);
   };

@@ -9,8 +9,8 @@
 namespace mr4500x {
 namespace {
 
-// Also refuses -o=OUT, which would mean "=OUT", and an option in the place of a value.
-void RefuseEmptyValues(CLI::App& app) {
+// Empty ones, -o=OUT, which would mean "=OUT", an option in the place of a value, and a value of a flag.
+void RefuseUnusableValues(CLI::App& app) {
   for (CLI::Option* const option : app.get_options()) {
     const auto check = [option, &app](const std::string& value) -> std::string {
       if (!option->get_snames().empty() && value.starts_with('='))
@@ -19,10 +19,13 @@ void RefuseEmptyValues(CLI::App& app) {
         return "has no value before " + value;
       return Trimmed(value).empty() ? "is empty" : "";
     };
-    if (option->get_name() != "TEXT" && option->get_items_expected_max() > 0) option->check(check);
+    if (option->get_items_expected_max() == 0)
+      option->disable_flag_override();
+    else if (option->get_name() != "TEXT")
+      option->check(check);
   }
   for (CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
-    RefuseEmptyValues(*command);
+    RefuseUnusableValues(*command);
 }
 
 // The message for a word that is not a command, or "" if all words are commands.
@@ -115,7 +118,7 @@ void ExcludeEachOther(CLI::App& command, std::initializer_list<const char*> opti
 }
 
 std::optional<ExitStatus> Parse(CLI::App& app, int argc, char** argv, Terminal& terminal) {
-  RefuseEmptyValues(app);
+  RefuseUnusableValues(app);
   app.failure_message([](const CLI::App*, const CLI::Error& error) {
     constexpr std::size_t MostCharacters = 400; // of a message that names what was given
     return Printable(error.what(), MostCharacters) + "\nRun with --help for more information.\n";

@@ -82,7 +82,7 @@ std::vector<std::string> TraceFilesOf(const FleetChoice& choice) {
     std::string name = DisplayName(port);
     for (const char separator : Separators)
       std::ranges::replace(name, separator, '-');
-    name.erase(0, name.find_first_not_of('-'));
+    name.erase(0, name.find_first_not_of(".-")); // not a hidden file
     std::string file = choice.traceFolder + Separator + name + ".txt";
     for (int number = 2; std::ranges::find(files, file) != files.end(); ++number) // x-y after x/y
       file = choice.traceFolder + Separator + name + '_' + std::to_string(number) + ".txt";
