@@ -1,7 +1,5 @@
 // The fleet's window in many states, compared as a whole with their descriptions. See fleet_states.txt.
-#include "data_file.h"
-#include "files_fixture.h"
-#include "frm_fleet.h"
+#include "fleet_window_fixture.h"
 #include "port_card.h"
 #include "rows.h"
 
@@ -10,13 +8,8 @@
 namespace mr4500x {
 namespace {
 
-struct FleetRun : FilesTest {
+struct FleetRun : FleetFixture {
   FleetRun() {
-    qputenv("XDG_STATE_HOME", Path("state").c_str());
-    RadioImage image;
-    ResetToDefaults(image, {});
-    EXPECT_TRUE(SaveDataFile(files, Path("taxi.K4X"), image));
-    Put("rows.csv", "label,radio\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
     PutPortDevices("ports.ini", "");
     states.main = [this] { return window.get(); };
     states.isLate = [this] {
@@ -37,16 +30,15 @@ struct FleetRun : FilesTest {
     const auto word = [this](const char* name, auto act) {
       states.words[name] = [act](const QString& rest) { return act(rest.toStdString()); };
     };
-    word("radio", [this](const std::string& options) { return AddRadio(options), true; });
+    word("radio", [this](const std::string& options) {
+      return AddRadio(QString::fromStdString(options).split(' ', Qt::SkipEmptyParts)), true;
+    });
     word("put", [this](const std::string& rest) {
       Put(rest.substr(0, rest.find(' ')), Unescaped(rest.substr(rest.find(' ') + 1)));
       return true;
     });
     word("remove", [this](const std::string& name) { return std::filesystem::remove(Path(name)); });
-    word("open", [this](const std::string&) {
-      window = std::make_unique<FrmFleet>(files, Path("ports.ini"), QString::fromStdString(Path("own.ini")));
-      return window->show(), true;
-    });
+    word("open", [this](const std::string&) { return ShowWindow(), true; });
     word("enter", [this](const std::string& rest) {
       auto* const box = states.Find<QLineEdit>(QString::fromStdString(rest.substr(0, rest.find(' '))));
       box->setText(QString::fromStdString(Path(rest.substr(rest.find(' ') + 1))));
@@ -63,24 +55,7 @@ struct FleetRun : FilesTest {
     });
     word("cards", [this](const std::string&) { return ShowCards(), true; });
   }
-  ~FleetRun() override {
-    window.reset();
-    for (const auto& radio : radios) {
-      radio->terminate();
-      radio->waitForFinished();
-    }
-  }
   void TestBody() override {}
-  // At the next COM port.
-  void AddRadio(const std::string& options) {
-    QProcess& radio = *radios.emplace_back(std::make_unique<QProcess>());
-    radio.start(LR7200_SIMULATOR, QStringList{"--number", QString("LR-%1").arg(radios.size())} +
-                                      QString::fromStdString(options).split(' ', Qt::SkipEmptyParts));
-    while (!radio.canReadLine() && radio.waitForReadyRead()) {
-    }
-    devices += "COM" + std::to_string(radios.size()) + "=" + radio.readLine().toStdString();
-    PutPortDevices("ports.ini", devices);
-  }
   // One in each state, with each hint.
   void ShowCards() {
     auto* const layout = new QVBoxLayout(&cards);
@@ -97,9 +72,6 @@ struct FleetRun : FilesTest {
     cards.show();
   }
 
-  std::vector<std::unique_ptr<QProcess>> radios;
-  std::string devices;
-  std::unique_ptr<FrmFleet> window;
   QWidget cards;
   WindowStates states;
 };

@@ -1,9 +1,7 @@
 // The fleet's window under keys and clicks, with simulated radios as processes.
 #include "attempt_records.h"
-#include "data_file.h"
-#include "files_fixture.h"
 #include "fleet_setup.h"
-#include "frm_fleet.h"
+#include "fleet_window_fixture.h"
 #include "journal_queries.h"
 #include "journal_report.h"
 #include "port_card.h"
@@ -23,29 +21,11 @@
 namespace mr4500x {
 namespace {
 
-class FleetWindowTest : public FilesTest {
+class FleetWindowTest : public FleetFixture {
 protected:
-  FleetWindowTest() {
-    qputenv("XDG_STATE_HOME", Path("state").c_str());
-    RadioImage image;
-    ResetToDefaults(image, {});
-    EXPECT_TRUE(SaveDataFile(files, Path("taxi.K4X"), image));
-    Put("rows.csv", "label,radio\nCar 1,LR-1\nCar 2,LR-2\nCar 3,\n");
-    WatchForDialogs();
-  }
-  // At the next COM port.
-  void AddRadio(const QStringList& options) {
-    QProcess& radio = *radios.emplace_back(std::make_unique<QProcess>());
-    const QString number = QString("LR-%1").arg(radios.size());
-    radio.start(LR7200_SIMULATOR, QStringList{"--number", number} + options);
-    while (!radio.canReadLine() && radio.waitForReadyRead()) {
-    }
-    pins += "COM" + std::to_string(radios.size()) + "=" + radio.readLine().toStdString();
-    PutPortDevices("ports.ini", pins);
-  }
+  FleetWindowTest() { WatchForDialogs(); }
   void Open() {
-    window = std::make_unique<FrmFleet>(files, Path("ports.ini"), QString::fromStdString(Path("own.ini")));
-    window->show();
+    ShowWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
   void Type(const char* edit, const std::string& text) {
@@ -66,12 +46,6 @@ protected:
     QTest::keyClick(window.get(), Qt::Key_Q, Qt::AltModifier); // clicks a moment later
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QCheckBox>("chkQuick")->isChecked(); }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>("cmdStart")->isEnabled(); }));
-  }
-  void TearDown() override {
-    for (const auto& radio : radios) {
-      radio->terminate();
-      radio->waitForFinished();
-    }
   }
   // Answers every dialog, even one that opens while another is answered.
   void WatchForDialogs() {
@@ -130,9 +104,6 @@ protected:
     return names;
   }
 
-  std::vector<std::unique_ptr<QProcess>> radios;
-  std::string pins;
-  std::unique_ptr<FrmFleet> window;
   QObject user;
   QString file;
   QStringList reported, asked, answers;
