@@ -70,7 +70,7 @@ ChangeFile(FileSystem& files, const FileChange& given, Terminal& terminal,
 // Stores the bytes as StoreOutput does. Prints a message if other hard links keep the old content.
 FileResult StoreForCommand(FileSystem& files, const std::string& path, std::span<const std::uint8_t> bytes,
                            Surplus surplus, Terminal& terminal);
-// The same for a table or a data file. Also prints a message if it can't be stored.
+// Stores a table or a data file in the same way. Also prints a message if it can't be stored.
 [[nodiscard]] ExitStatus StoreTextForCommand(FileSystem& files, const std::string& path, std::string_view text,
                                              Terminal& terminal);
 [[nodiscard]] ExitStatus SaveForCommand(FileSystem& files, const std::string& path, const RadioImage& image,
