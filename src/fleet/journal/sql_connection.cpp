@@ -9,7 +9,6 @@
 #include <QSqlField>
 #include <QUrl>
 #include <QUrlQuery>
-#include <QUuid>
 
 #include <filesystem>
 
@@ -39,6 +38,11 @@ bool IsServer(const std::string& address) {
 QString UriOf(const std::string& file, const char* query) {
   return "file:" + QUrl::toPercentEncoding(QString::fromStdString(file), "/") + QLatin1String(query);
 }
+
+// Not in Qt's global list of connections, which is destroyed while an abandoned call may still be using its connection.
+struct OwnDatabase : QSqlDatabase {
+  explicit OwnDatabase(const QString& driver) : QSqlDatabase(driver) {}
+};
 
 // The statement with the values instead of their names. Names within quotes are not replaced.
 QString WithValues(const QSqlDatabase& database, const QString& statement, const Values& values) {
@@ -73,60 +77,54 @@ std::string FileOfJournal(const std::string& address) {
   return file.empty() ? "." : file; // for SQLite an empty path means a temporary file
 }
 
-SqlConnection::SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayCommit)
+SqlConnection::SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayContinue)
     : m_address(address), m_file(FileOfJournal(address)), m_use(use),
-      m_name(QUuid::createUuid().toString(QUuid::WithoutBraces)), m_dialect(IsServer(address) ? PostgreSql : Sqlite),
-      m_mayCommit(std::move(mayCommit)) {
+      m_dialect(IsServer(address) ? PostgreSql : Sqlite), m_mayContinue(std::move(mayContinue)) {
   if (!QSqlDatabase::isDriverAvailable(m_dialect.driver)) return; // reported when it is needed
-  QSqlDatabase database = QSqlDatabase::addDatabase(m_dialect.driver, m_name);
+  m_database = OwnDatabase(m_dialect.driver);
   if (IsServer(address)) {
-    UseServer(database);
+    UseServer();
   } else {
     // Opened for writing if possible, even to list it. Otherwise the files beside it would remain.
     const bool isListed = use == JournalUse::List;
-    database.setDatabaseName(isListed ? UriOf(m_file, "?mode=rw") : QString::fromStdString(m_file));
-    database.setConnectOptions(isListed ? FileOptionsToList : FileOptions);
+    m_database.setDatabaseName(isListed ? UriOf(m_file, "?mode=rw") : QString::fromStdString(m_file));
+    m_database.setConnectOptions(isListed ? FileOptionsToList : FileOptions);
   }
 }
 
-SqlConnection::~SqlConnection() {
-  QSqlDatabase::removeDatabase(m_name);
-}
-
-void SqlConnection::UseServer(QSqlDatabase& database) {
+void SqlConnection::UseServer() {
   const QUrl url(QString::fromStdString(m_address));
-  database.setHostName(url.host());
-  if (url.port() > 0) database.setPort(url.port());
-  database.setUserName(url.userName());
-  database.setPassword(url.password());
-  database.setDatabaseName(url.path().mid(1));
+  m_database.setHostName(url.host());
+  if (url.port() > 0) m_database.setPort(url.port());
+  m_database.setUserName(url.userName());
+  m_database.setPassword(url.password());
+  m_database.setDatabaseName(url.path().mid(1));
   QString options = ServerOptions;
   for (const auto& [name, value] :
        QUrlQuery(url).queryItems(QUrl::FullyDecoded)) // if a name occurs twice, the last one counts
     options += ';' + name + "='" + QString(value).replace('\\', "\\\\").replace('\'', "\\'") + '\'';
-  database.setConnectOptions(options);
+  m_database.setConnectOptions(options);
 }
 
 bool SqlConnection::Open() {
   if (!CheckFile()) return false;
-  if (Database().isOpen()) return true;
+  if (m_database.isOpen()) return true;
   if (!OpenDatabase() || !UpgradeSchema()) return false;
   if (m_use == JournalUse::List && !m_file.empty() && !Run("PRAGMA query_only = 1")) return false;
   return CheckFile(); // what it is now
 }
 
 bool SqlConnection::OpenDatabase() {
-  QSqlDatabase database = Database();
   const QUrl url(QString::fromStdString(m_address)); // of an invalid one, the default server would be used
   const bool isUrl = url.isValid() && url.port() != 0 && !url.hasFragment() && m_address.starts_with("postgres");
   if (IsServer(m_address) && !isUrl)
     return Fail(QStringLiteral("A journal is a file or postgresql://user@host:port/database."));
-  if (!database.isValid())
+  if (!m_database.isValid())
     return Fail(QStringLiteral("Qt's driver %1 is missing (%2).").arg(m_dialect.driver, m_dialect.package));
   // To open it would leave files beside it that block its owner.
   const bool isProtected = QFile::exists(QString::fromStdString(m_file)) && !MachineFiles().CanWrite(m_file);
   if (m_use == JournalUse::Enter && isProtected) return Fail(QStringLiteral("The journal is write-protected."));
-  if (!database.open()) return Fail(database.lastError());
+  if (!m_database.open()) return Fail(m_database.lastError());
   if (m_use == JournalUse::Enter)
     for (const char* const statement : m_dialect.onConnect)
       static_cast<void>(Run(statement));
@@ -135,11 +133,11 @@ bool SqlConnection::OpenDatabase() {
     const auto isOpen = [&] { return QFile::exists(QString::fromStdString(m_file + "-wal")); };
     if ((isOpen() || !isProtected) && Run("SELECT 1 FROM sqlite_master")) return true;
     if (isOpen()) return false;
-    database.close();
-    database.setDatabaseName(UriOf(m_file, "?immutable=1"));
-    database.setConnectOptions(FrozenFileOptions);
+    m_database.close();
+    m_database.setDatabaseName(UriOf(m_file, "?immutable=1"));
+    m_database.setConnectOptions(FrozenFileOptions);
   }
-  return database.isOpen() || database.open() || Fail(database.lastError());
+  return m_database.isOpen() || m_database.open() || Fail(m_database.lastError());
 }
 
 // Entries in a file that was moved or deleted would be lost, and another file in its place would not have the rows.
@@ -156,7 +154,7 @@ bool SqlConnection::CheckFile() {
   // files.
   const bool mayBeJournal = found.kind == FileKind::Regular && (found.size == 0 || found.size >= SmallestDatabase);
   if (!mayBeJournal) return Fail("The file is not a journal.");
-  if (Database().isOpen()) m_fileId = id;
+  if (m_database.isOpen()) m_fileId = id;
   return true;
 }
 
@@ -205,7 +203,7 @@ bool SqlConnection::Fail(const QString& error) {
   m_error = error.toStdString();
   m_details.clear();
   m_failure = SqlFailure::Other;
-  Database().close();
+  m_database.close();
   return false;
 }
 
@@ -219,7 +217,7 @@ bool SqlConnection::Fail(const QSqlError& error) {
 }
 
 bool SqlConnection::InTransaction(const std::function<bool()>& steps) {
-  return Run(m_dialect.begin) && steps() && (m_mayCommit() || Fail(QSqlError())) && Run("COMMIT") && CheckFile();
+  return Run(m_dialect.begin) && steps() && Run("COMMIT") && CheckFile();
 }
 
 std::optional<QSqlQuery> SqlConnection::Run(const QString& statement, const Values& values) {
@@ -229,7 +227,7 @@ std::optional<QSqlQuery> SqlConnection::Run(const QString& statement, const Valu
 std::optional<QSqlQuery> SqlConnection::RunAll(const QStringList& statements, const Values& values) {
   QStringList filled;
   for (const QString& statement : statements)
-    filled.append(WithValues(Database(), StatementFor(m_dialect, statement), values));
+    filled.append(WithValues(m_database, StatementFor(m_dialect, statement), values));
   if (m_dialect.takesSeveral) return Execute(filled.join(QLatin1Char(';')), static_cast<int>(filled.size()));
   std::optional<QSqlQuery> query;
   for (const QString& sql : filled) {
@@ -240,11 +238,12 @@ std::optional<QSqlQuery> SqlConnection::RunAll(const QStringList& statements, co
 }
 
 std::optional<QSqlQuery> SqlConnection::Execute(const QString& sql, int results) {
-  if (!Database().isOpen()) { // the driver has noticed that the server is gone
+  // The driver may have noticed that the server is gone.
+  if (!m_database.isOpen() || !m_mayContinue()) {
     Fail(QSqlError());
     return std::nullopt;
   }
-  std::optional<QSqlQuery> query(std::in_place, Database());
+  std::optional<QSqlQuery> query(std::in_place, m_database);
   query->setForwardOnly(true);
   bool isDone = query->exec(sql);
   for (int i = 1; isDone && i < results; ++i)

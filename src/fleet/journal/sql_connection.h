@@ -26,9 +26,8 @@ using Values = std::vector<std::pair<QString, QVariant>>; // values for the name
 // transaction. The next Open connects again.
 class SqlConnection {
 public:
-  // `mayCommit` becomes false when the caller no longer waits for the result.
-  SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayCommit);
-  ~SqlConnection();
+  // No statement is executed once `mayContinue` returns false, because the caller no longer waits for the result.
+  SqlConnection(const std::string& address, JournalUse use, std::function<bool()> mayContinue);
   SqlConnection(const SqlConnection&) = delete;
   SqlConnection& operator=(const SqlConnection&) = delete;
 
@@ -50,8 +49,7 @@ private:
     bool operator==(const FileId&) const = default;
   };
 
-  [[nodiscard]] QSqlDatabase Database() const { return QSqlDatabase::database(m_name, false); }
-  void UseServer(QSqlDatabase& database);
+  void UseServer();
   [[nodiscard]] bool OpenDatabase();
   [[nodiscard]] bool CheckFile();
   [[nodiscard]] bool UpgradeSchema();
@@ -63,9 +61,9 @@ private:
 
   const std::string m_address, m_file; // the file is "" for a server
   const JournalUse m_use;
-  const QString m_name;
   const Dialect& m_dialect;
-  const std::function<bool()> m_mayCommit;
+  const std::function<bool()> m_mayContinue;
+  QSqlDatabase m_database;        // invalid without its driver
   std::optional<FileId> m_fileId; // id of the file that was opened
   std::string m_error, m_details;
   SqlFailure m_failure = SqlFailure::Other;

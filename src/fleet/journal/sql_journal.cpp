@@ -97,10 +97,11 @@ constexpr char AnswerLost[] =
     " WHERE outcome = 'begun' AND bench = :bench AND port = :port";
 // If this journal still has a claim, or its port has begun an attempt, they come from a call whose answer was lost, and
 // nothing was written. A silent bench's claim for the radio is released.
-const QStringList BeforeClaim = {LockLists,
-                                 Heard, // locks the bench's entry, so an abandoned call is over before the next one
-                                 AnswerLost, QString(SetFree) + "claim = :claim",
-                                 QString(SetFree) + "id_number = :id AND {isSilent}"};
+QStringList BeforeClaim() {
+  return {LockLists,
+          Heard, // locks the bench's entry, so an abandoned call is over before the next one
+          AnswerLost, QString(SetFree) + "claim = :claim", QString(SetFree) + "id_number = :id AND {isSilent}"};
+}
 constexpr char TakeDone[] = "UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, stamp = '',"
                             " changed = {now} WHERE plan = :plan AND state = 'done' AND id_number = :id";
 // What a plan that has begun before takes over from another one.
@@ -109,13 +110,13 @@ constexpr char CarryOver[] =
     " id_number = excluded.id_number, stamp = excluded.stamp, changed = {now}"
     " WHERE fleet_row.state = 'free' AND excluded.state = 'done'";
 // The plan's lock prevents two benches from making the same row.
-const QStringList MakeRow = {
+constexpr const char* MakeRow[] = {
     "SELECT plan FROM fleet_plan WHERE plan = :plan{lock}",
     "INSERT INTO fleet_row (plan, number) SELECT :plan, coalesce(max(number), 0) + 1 FROM fleet_row WHERE plan = :plan"
     " HAVING NOT EXISTS (SELECT 1 FROM fleet_row WHERE plan = :plan AND"
     " (radio IN ('', :id) AND {isFree} OR id_number = :id AND state <> 'free'))"};
 // What other lists of the template have given out since the bench began. Rows without labels may be alike.
-const QString IsElsewhere =
+constexpr char IsElsewhere[] =
     "EXISTS (SELECT 1 FROM fleet_row other WHERE other.changed > 0 AND other.changed > :begun AND :begun > 0"
     " AND other.plan IN (SELECT plan FROM fleet_plan WHERE plan <> :plan AND template ="
     " (SELECT template FROM fleet_plan WHERE plan = :plan)) AND other.state <> 'free' AND other.content <> ''"
@@ -123,33 +124,39 @@ const QString IsElsewhere =
 // The radio's number may also be at another port, or its bench has died and may have written it. The row is queried
 // again, because the selected state may be older than its lock. A second of these statements finds that the radio has a
 // row.
-const QString TakeFree =
-    QString("UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = '',"
-            " changed = {now} WHERE plan = :plan AND {isFree} AND number ="
-            " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
-            " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
-            " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
-            " AND held.state <> 'free') AND NOT ") +
-    IsElsewhere + "%1 ORDER BY number LIMIT 1{skip})";
-const QString EnterBegun = "INSERT INTO fleet_attempt (" + ColumnList() +
-                           ") SELECT number, 'begun', :started, '', label, :id_number, :firmware, :band, :port, :bench,"
-                           " '', '', '', plan, :attempt_key, '', :operator_name FROM fleet_row"
-                           " WHERE plan = :plan AND state = 'taken' AND claim = :claim"
-                           " ON CONFLICT (attempt_key) DO UPDATE SET number = excluded.number,"
-                           " label = excluded.label, outcome = 'begun'";
+QString TakeFree(const char* condition) {
+  return QString("UPDATE fleet_row SET state = 'taken', bench = :bench, claim = :claim, id_number = :id, stamp = '',"
+                 " changed = {now} WHERE plan = :plan AND {isFree} AND number ="
+                 " (SELECT number FROM fleet_row WHERE plan = :plan AND {isFree} AND radio = CASE WHEN EXISTS"
+                 " (SELECT 1 FROM fleet_row named WHERE named.plan = :plan AND named.radio = :id) THEN :id ELSE '' END"
+                 " AND NOT EXISTS (SELECT 1 FROM fleet_row held WHERE held.plan = :plan AND held.id_number = :id"
+                 " AND held.state <> 'free') AND NOT ") +
+         IsElsewhere + condition + " ORDER BY number LIMIT 1{skip})";
+}
+QString EnterBegun() {
+  return "INSERT INTO fleet_attempt (" + ColumnList() +
+         ") SELECT number, 'begun', :started, '', label, :id_number, :firmware, :band, :port, :bench,"
+         " '', '', '', plan, :attempt_key, '', :operator_name FROM fleet_row"
+         " WHERE plan = :plan AND state = 'taken' AND claim = :claim"
+         " ON CONFLICT (attempt_key) DO UPDATE SET number = excluded.number,"
+         " label = excluded.label, outcome = 'begun'";
+}
 // The last column: the row that was the radio's until a person gave it out again, or 0.
-const QString SelectClaim = QString("SELECT ") + RowColumns +
-                            ", claim = :claim, (SELECT CASE last.outcome WHEN 'reissued' THEN last.number ELSE 0 END"
-                            " FROM fleet_attempt last WHERE last.id_number = :id AND outcome IN"
-                            " ('verified', 'reissued') ORDER BY last.started DESC, CASE last.outcome"
-                            " WHEN 'reissued' THEN 1 ELSE 0 END, last.attempt_key DESC LIMIT 1) FROM fleet_row WHERE "
-                            "plan = :plan AND id_number = :id"
-                            " AND state <> 'free'";
+QString SelectClaim() {
+  return QString("SELECT ") + RowColumns +
+         ", claim = :claim, (SELECT CASE last.outcome WHEN 'reissued' THEN last.number ELSE 0 END"
+         " FROM fleet_attempt last WHERE last.id_number = :id AND outcome IN"
+         " ('verified', 'reissued') ORDER BY last.started DESC, CASE last.outcome"
+         " WHEN 'reissued' THEN 1 ELSE 0 END, last.attempt_key DESC LIMIT 1) FROM fleet_row WHERE "
+         "plan = :plan AND id_number = :id"
+         " AND state <> 'free'";
+}
 
 class SqlJournal final : public Journal {
 public:
-  SqlJournal(const std::string& address, JournalUse use, const std::string& claimName, std::function<bool()> mayCommit)
-      : m_database(address, use, std::move(mayCommit)), m_claimName(Text(claimName)) {}
+  SqlJournal(const std::string& address, JournalUse use, const std::string& claimName,
+             std::function<bool()> mayContinue)
+      : m_database(address, use, std::move(mayContinue)), m_claimName(Text(claimName)) {}
 
   bool Begin(const PlanHead& plan, const std::vector<JournalRow>& rows) override;
   std::optional<PlanHistory> History(const PlanHead& plan) override;
@@ -247,12 +254,12 @@ Claim SqlJournal::ClaimRow(const Attempt& attempt, const ClaimRequest& request) 
   values.emplace_back(":claim", m_claimName);
   values.emplace_back(":request", QVariant::fromValue(request.row));
   values.emplace_back(":begun", QVariant::fromValue(request.begun));
-  QStringList statements = BeforeClaim;
+  QStringList statements = BeforeClaim();
   if (request.takesDone) statements += TakeDone;
-  if (request.isEndless) statements += MakeRow;
-  if (request.row > 0) statements += TakeFree.arg(QStringLiteral(" AND (radio <> '' OR number = :request)"));
-  if (request.row == 0 || !request.isChosen) statements += TakeFree.arg(QString());
-  statements << EnterBegun << SelectClaim;
+  if (request.isEndless) statements += QStringList(std::begin(MakeRow), std::end(MakeRow));
+  if (request.row > 0) statements += TakeFree(" AND (radio <> '' OR number = :request)");
+  if (request.row == 0 || !request.isChosen) statements += TakeFree("");
+  statements << EnterBegun() << SelectClaim();
   Claim claim;
   const auto take = [&] {
     auto query = m_database.RunAll(statements, values);
@@ -407,8 +414,8 @@ std::optional<std::vector<Attempt>> SqlJournal::Attempts(const std::string& plan
 
 std::unique_ptr<Journal> OpenJournal(const std::string& address, JournalUse use) {
   const std::string claimName = NewAttemptKey();
-  const auto open = [=](std::function<bool()> mayCommit) {
-    return std::make_unique<SqlJournal>(address, use, claimName, std::move(mayCommit));
+  const auto open = [=](std::function<bool()> mayContinue) {
+    return std::make_unique<SqlJournal>(address, use, claimName, std::move(mayContinue));
   };
   if (FileOfJournal(address).empty()) return std::make_unique<TimedJournal>(open);
   return open([] { return true; });

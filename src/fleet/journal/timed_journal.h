@@ -1,6 +1,7 @@
 // A journal on a server that may hold the connection without answering. No call takes longer than a few seconds. Each
 // call runs in a separate thread. A call that takes too long is abandoned with its thread and connection, and can no
-// longer commit anything.
+// longer commit anything. Its thread may still be at work while the process ends, so no code that it runs uses global
+// objects with destructors.
 #pragma once
 
 #include "journal.h"
@@ -14,8 +15,8 @@ namespace mr4500x {
 
 class TimedJournal final : public Journal {
 public:
-  // Called in the thread. `mayCommit` returns false as soon as the call has been abandoned.
-  using OpenFunction = std::function<std::unique_ptr<Journal>(std::function<bool()> mayCommit)>;
+  // Called in the thread. `mayContinue` returns false as soon as the call has been abandoned.
+  using OpenFunction = std::function<std::unique_ptr<Journal>(std::function<bool()> mayContinue)>;
 
   explicit TimedJournal(OpenFunction open) : m_open(std::move(open)) {}
   ~TimedJournal() override;

@@ -59,7 +59,10 @@ struct SqlJournals : testing::TestWithParam<const char*> {
     }
     address = IsServer() ? m_server->Address() : "sqlite:" + m_folder.filePath("fleet.journal").toStdString();
   }
-  void TearDown() override { QSqlDatabase::removeDatabase(QSqlDatabase::defaultConnection); }
+  void TearDown() override {
+    if (m_server) AwaitAbandonedCalls();
+    QSqlDatabase::removeDatabase(QSqlDatabase::defaultConnection);
+  }
   [[nodiscard]] bool IsServer() const { return std::string(GetParam()) == "PostgreSQL"; }
 
   // For what no journal does.
@@ -81,11 +84,23 @@ struct SqlJournals : testing::TestWithParam<const char*> {
     Execute(QString("UPDATE fleet_bench SET heard = heard - %1 WHERE bench = '%2'").arg(seconds).arg(bench.c_str()));
   }
 
+  // They must not outlive the server and the application.
+  void AwaitAbandonedCalls() const {
+    QSqlQuery sessions(Connect());
+    QElapsedTimer time;
+    time.start();
+    do
+      ASSERT_TRUE(sessions.exec("SELECT pid FROM pg_stat_activity WHERE backend_type = 'client backend'"
+                                " AND pid <> pg_backend_pid()"));
+    while (sessions.next() && time.elapsed() < 10'000);
+    EXPECT_FALSE(sessions.isValid()) << "a session is left";
+  }
+
   void MeetAnotherBench();
   void MoveTheFile(Journal& journal, const Attempt& attempt);
 
   int argumentCount = 0;
-  QCoreApplication application{argumentCount, nullptr};
+  std::optional<QCoreApplication> application{std::in_place, argumentCount, nullptr};
   std::string address;
   QTemporaryDir m_folder;
   std::optional<PostgresServer> m_server;
@@ -390,6 +405,8 @@ TEST_P(SqlJournals, DoNotHangWithTheirServer) {
   journal.reset();
   EXPECT_LT(time.elapsed(), 5000);
   EXPECT_FALSE(longList.get());
+  application.reset(); // the abandoned calls outlive it
+  application.emplace(argumentCount, nullptr);
   m_server->Resume();
   journal = OpenJournal(address, JournalUse::Enter);
   // The server keeps the row locked for the connection that was given up until it notices its end.
