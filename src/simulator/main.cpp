@@ -126,7 +126,8 @@ std::string NumberProblem(const std::string& text) {
 
 int Main(int argc, char** argv) {
   Options options;
-  CLI::App app("A simulated LR7200 radio. Prints the path of its serial device and serves it until interrupted.");
+  CLI::App app("A simulated LR7200 radio. Prints the path of its serial device and serves it until interrupted.",
+               "lr7200-simulator");
   app.add_option("--memory", options.memoryFile, "Keep the radio's memory in this file; made when missing")
       ->type_name("FILE");
   app.add_option("--link", options.link, "Make a symbolic link to the device here")->type_name("PATH");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "files_fixture.h"
+#include "rows.h"
 
 #include <signal.h>
 
@@ -87,6 +88,21 @@ protected:
       EXPECT_TRUE(ended.output.starts_with(output)) << arguments << ": " << ended.output;
       EXPECT_EQ(ended.output.empty(), output.empty() && status == 0) << arguments << ": " << ended.output;
     }
+  }
+  // The lines of a file like command_lines.txt, in the test's folder.
+  void ExpectLines(const char* cases) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(Path(""));
+    setenv("cli", MR4500X_CLI, 1);
+    setenv("port", port.c_str(), 1);
+    for (const Row& row : RowsOf(cases, "(\\d) (.*?)(?: -> (.*?)(\\.\\.\\.)?)?")) {
+      const auto [status, output] = Cli(row[2]);
+      std::string expected = std::regex_replace(Unescaped(row[3]), std::regex("\\$port"), port);
+      expected = std::regex_replace(expected, std::regex("HERE"), std::filesystem::current_path().string());
+      EXPECT_EQ(std::to_string(status), row[1]) << row[0];
+      EXPECT_EQ(row[4].empty() ? output : output.substr(0, expected.size()), expected) << row[0];
+    }
+    std::filesystem::current_path(before);
   }
 
   const std::string file = Path("a.K4X");
