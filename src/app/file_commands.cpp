@@ -75,13 +75,11 @@ CloseEnd CloseData(const CommandContext& context) {
   return CloseEnd::Closed;
 }
 
-// The editor shows kept work, which is in no file of the user's yet.
+// The editor has been closed and filled with kept work, which is in no file of the user's yet.
 void BelongToNothing(const CommandContext& context, const KeptCopy& copy) {
-  context.SetOrigin(NoOrigin());
   if (copy.info) context.image.EmbeddedInfoBlock = *copy.info;
   context.keeper.WorkTaken(copy);
   context.closeItem.setEnabled(true);
-  context.state.ModifiedFlag = true;
   context.state.ImageIsPartial = false;
 }
 
@@ -94,11 +92,8 @@ void ReportMissing(const CommandContext& context, const std::string& path) {
 // Returns the error message, if any.
 std::optional<Message> LoadImage(const CommandContext& context, const std::function<LoadResult()>& load) {
   LoadResult result;
-  const bool isRead = Succeeds([&] {
-    result = load();
-    return true;
-  });
-  if (isRead && result.markerNotEmpty) context.Show(NewVersionNotice);
+  static_cast<void>(Succeeds([&] { return result = load(), true; }));
+  if (result.markerNotEmpty) context.Show(NewVersionNotice);
   return MessageFor(result.outcome);
 }
 
@@ -141,7 +136,7 @@ void WriteFile(const CommandContext& context, SaveCommand command) {
   const bool isOnOtherDrive = isSame && context.state.device != DeviceOfFolder(context.services.files, path);
   if (isOnOtherDrive && context.Show(OtherDriveQuestion(path), MessageButtons::YesNo) != Answer::Yes) return;
   const auto content = isSame ? ContentHash(context.services.files, path) : std::nullopt;
-  const bool isChanged = content && context.state.content && content != context.state.content;
+  const bool isChanged = content && content != context.state.content;
   if (isChanged && context.Show(ChangedFileQuestion(path), MessageButtons::YesNo) != Answer::Yes) return;
   if (!Succeeds([&] { return SaveDataFile(context.services.files, path, context.image); }))
     return static_cast<void>(context.Show(MessageForFailed(command)));

@@ -5,6 +5,7 @@ namespace mr4500x {
 namespace {
 
 TEST_F(ProgramTest, RefusesFilesThatAreNotDataFiles) {
+  image.ChannelBlock(4, 0) = 0x81;
   PutDataFile("good.K4X");
   const std::string good = Content("good.K4X");
   const struct {
@@ -14,9 +15,9 @@ TEST_F(ProgramTest, RefusesFilesThatAreNotDataFiles) {
     std::string message;
     bool opens = false;
   } cases[] = {
-      {"cut off", 600, 1000, "", damaged},
       {"another version", 4 + 17, 2, "18", "i|Error|Error Version of this File!"},
       {"another radio", 4 + 13, 6, "LR7209", "i|Error|Later Version of this File!"},
+      {"cut off", 600, 1000, "", damaged},
       {"newer", 51, 2, std::string("\x02\0\x01\0", 4),
        "!|New Version File|This software version isn't applied to the radio, please use new software.", true},
   };
@@ -26,6 +27,7 @@ TEST_F(ProgramTest, RefusesFilesThatAreNotDataFiles) {
     EXPECT_EQ(HappenedAt("mnuFileOpen", {}, "b.K4X"), (Lines{"dialog Open", message}));
     EXPECT_EQ(Title(), opens ? TitleOf("b.K4X") : std::string(ProgramTitle));
     EXPECT_EQ(Item("mnuFileClose")->isEnabled(), opens);
+    EXPECT_EQ(window->State().ImageIsPartial, at == 600);
   }
 }
 

@@ -208,6 +208,7 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
 }
 
 TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {
+  image.ChannelBlock(4, 0) = 0x81; // which new data has not
   PutDataFile("a.K4X");
   const struct {
     const char* name;
@@ -288,6 +289,13 @@ TEST_F(KeptWorkTest, AsksBeforeDataIsStoredWhoseUnshownPartWasLost) {
     Choose(command);
   }
   EXPECT_EQ(Happened(), Lines{"dialog Save"}) << "nothing of new data is lost";
+  WhenDialogOpens([](QWidget* dialog) { dialog->findChild<QPushButton*>("cmdOK")->click(); });
+  for (const char* const command : {"mnuProgramRead", "mnuFileRecover", "mnuFileSave"}) {
+    radio.frames.clear();
+    desktop.happened.clear();
+    Choose(command);
+  }
+  EXPECT_EQ(Happened(), Lines{"dialog Save"}) << "nor of a kept copy";
 }
 
 TEST_F(KeptWorkTest, NamesACopyThatCannotBeOpened) {

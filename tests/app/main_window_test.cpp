@@ -157,28 +157,5 @@ TEST_F(ProgramTest, AsksAtTheLogoutAsExitDoesAndOnceOnly) {
   EXPECT_EQ(Happened(), (Lines{question, question, "geometry"}));
 }
 
-TEST_F(ProgramTest, OpensADataFileThatIsDroppedOnIt) {
-  PutDataFile("a.k4x");
-  Put("b.txt", "");
-  const QMimeData gone;
-  const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
-      {"a text", {"b.txt"}, std::string(ProgramTitle)},
-      {"two files", {"a.k4x", "a.k4x"}, std::string(ProgramTitle)},
-      {"gone", {"a.k4x"}, std::string(ProgramTitle)},
-      {"a data file", {"a.k4x"}, TitleOf("a.k4x")},
-  };
-  for (const auto& [name, dragged, title] : cases) {
-    QMimeData data;
-    QList<QUrl> urls;
-    for (const std::string& file : dragged)
-      urls.append(QUrl::fromLocalFile(QString::fromStdString(Path(file))));
-    data.setUrls(urls);
-    if (urls.size() > 1) data.setData("text/csv", "no list"); // what file managers add to them
-    Drop(data, name == std::string("gone") ? &gone : nullptr);
-    EXPECT_EQ(Title(), title) << name;
-  }
-  EXPECT_EQ(Happened(), Lines());
-}
-
 } // namespace
 } // namespace mr4500x

@@ -59,9 +59,11 @@ TEST_F(WindowCommandsTest, EmbeddedInformationChangesAloneAndOnlyIfConfirmed) {
 }
 
 TEST_F(WindowCommandsTest, CommandsStoreAnOpenCell) {
+  PutDataFile("a.K4X");
+  OpenFile("a.K4X");
   for (const char* const command :
-       {"mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFileImport", "mnuFileExport", "mnuFileSample",
-        "mnuFileCompareRadio", "mnuFileRecover", "mnuChannelsCompare", "mnuEmbedRead", "mnuEmbedWrite",
+       {"mnuRecent(1)", "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFileImport", "mnuFileExport",
+        "mnuFileSample", "mnuFileCompareRadio", "mnuFileRecover", "mnuChannelsCompare", "mnuEmbedRead", "mnuEmbedWrite",
         "mnuHelpContents", "mnuHelpIndex", "mnuProgramRead"}) {
     QTest::keyClick(window->findChild<QTableView*>("gridChannel"), Qt::Key_Space);
     EXPECT_TRUE(window->findChild<QLineEdit*>("txtChFreq")->isVisible()) << command;

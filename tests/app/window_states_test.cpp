@@ -48,9 +48,15 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
       states.words[name] = [act](const QString& rest) { return act(rest.toStdString()), true; };
     };
     word("start", [this](const auto&) { Start(); });
-    word("splash", [this](const auto&) { window.reset(), splash.emplace().show(); });
+    word("splash", [this](const auto&) { window.reset(), splash.emplace().ShowPainted(); });
+    word("tip", [this](const std::string& name) {
+      QHelpEvent tip(QEvent::ToolTip, {}, {});
+      QCoreApplication::sendEvent(states.Find<QWidget>(QString::fromStdString(name)), &tip);
+    });
     word("file", [this](const std::string& name) { desktop.paths.emplace_back(Path(name)); });
-    word("put", [this](const std::string& name) { Put(name, "LR7200"); });
+    word("put", [this](const std::string& name) {
+      Put(name, name == "large.csv" ? "number\n" + std::string(std::size_t{1} << 20, '\n') : "LR7200");
+    });
     word("kept", [this](const auto&) {
       std::filesystem::create_directory(Path("kept"));
       Put("kept/2004-11-03_09-05-07_0.K4X", "");
@@ -61,7 +67,23 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
       Start();
       static_cast<void>(window->OpenLeftWork());
     });
-    word("list", [this](const std::string& lines) { Put("list.csv", Unescaped(lines)); });
+    word("list", [this](const std::string& lines) {
+      for (const char* const name : {"list.csv", "LIST.CSV"})
+        Put(name, Unescaped(lines));
+    });
+    word("drop", [this](const std::string& what) {
+      QMimeData data;
+      const QMimeData gone; // the program that it comes from has ended
+      QList<QUrl> urls;
+      for (const QString& name : QString::fromStdString(what).split(' '))
+        urls.append(QUrl::fromLocalFile(QString::fromStdString(Path(name.toStdString()))));
+      if (what.starts_with("text "))
+        data.setData("text/csv", QByteArray::fromStdString(Unescaped(what.substr(5))));
+      else
+        data.setUrls(urls);
+      if (urls.size() == 2 && data.hasUrls()) data.setData("text/csv", "no list"); // what file managers add to them
+      Drop(data, what == "gone.K4X" ? &gone : nullptr);
+    });
     word("silent", [this](const auto&) { radio.openFailure = "gone"; });
     word("ports", [this](const std::string& numbers) {
       std::istringstream in(numbers);

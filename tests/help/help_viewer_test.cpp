@@ -19,7 +19,7 @@ protected:
   // Replaces Assistant. $0.log has the commands that it has received.
   std::string Script(const std::string& lines, const std::string& shell = "/bin/sh") {
     Put("viewer", "#!" + shell + "\n" + lines + "\n");
-    std::filesystem::permissions(Path("viewer"), std::filesystem::perms(0500));
+    std::filesystem::permissions(Path("viewer"), std::filesystem::perms(0700));
     return Path("viewer");
   }
   Answer Show(MessageIcon, std::string_view, std::string_view text, MessageButtons) override {
@@ -32,22 +32,43 @@ protected:
 };
 
 TEST_F(HelpViewerTest, DirectsOneViewerUntilTheReaderClosesIt) {
-  QtHelpViewer help(*this, Path("MR4500X.hlp"), Script("echo \"$1 ${2##*/} $3\" >>$0.log; head -n 2 >>$0.log"));
+  QtHelpViewer help(*this, Path("MR4500X.hlp"), Script("echo \"$1 ${2##*/} $3 $4 $5\" >>$0.log; head -n 3 >>$0.log"));
   std::string expected;
   for (int viewer = 1; viewer <= 2; ++viewer) {
     help.OpenContents();
     help.OpenIndex();
+    help.OpenPage("scan.html#delay");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !help.IsRunning(); }));
-    expected += "-collectionFile MR4500X.qhc -enableRemoteControl\n"
-                "show contents;expandToc 1;setSource qthelp://mr4500x/help/index.html\nshow index\n";
+    expected += "-collectionFile MR4500X.qhc -enableRemoteControl -qwindowgeometry 800x700+0+50\n"
+                "show contents;expandToc 1;setSource qthelp://mr4500x/help/index.html\nshow index\n"
+                "show contents;setSource qthelp://mr4500x/help/scan.html#delay;syncContents\n";
     EXPECT_EQ(Content("viewer.log"), expected);
   }
   EXPECT_EQ(Reported(), "");
 }
 
+TEST_F(HelpViewerTest, EndsTheViewerWithTheProgramAndReportsItsFailureAtTheNextRequest) {
+  std::filesystem::remove(Path("MR4500X.hlp.sha256")); // a copied help file has none
+  const std::string viewer = Script("trap 'echo ended >$0.log; exit' TERM; touch $0.run; while sleep 0.05; do :; done");
+  {
+    QtHelpViewer help(*this, Path("MR4500X.hlp"), viewer);
+    help.OpenContents();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(viewer + ".run"); }));
+  }
+  EXPECT_EQ(Content("viewer.log"), "ended\n");
+  QtHelpViewer help(*this, Path("MR4500X.hlp"), Script("printf 'a\\nno display\\n' >&2; exit 3"));
+  help.OpenContents();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !help.IsRunning(); }));
+  EXPECT_EQ(Reported(), "");
+  help.OpenContents();
+  EXPECT_EQ(Reported(), "The help viewer " + viewer + " has failed: no display");
+}
+
 TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
   std::string bytes = Content("MR4500X.hlp");
   Put("short.hlp", bytes.substr(0, 1000));
+  Put("header.hlp", bytes.substr(0, 99));
+  Put("text.hlp", std::string(4096, '\0'));
   bytes[bytes.size() / 2] ^= 1;
   Put("middle.hlp", bytes);
   std::filesystem::copy(Path("MR4500X.hlp.sha256"), Path("middle.hlp.sha256"));
@@ -56,6 +77,8 @@ TEST_F(HelpViewerTest, SaysWhyItCanNotShowTheHelp) {
   const std::tuple<const char*, std::string, std::string> cases[] = {
       {"none.hlp", "true", "The help file FILE is missing."},
       {"short.hlp", "true", damaged},
+      {"header.hlp", "true", damaged},
+      {"text.hlp", "true", damaged},
       {"middle.hlp", "true", damaged},
       {".", "true", damaged},
       {"MR4500X.hlp", "no-such-viewer", "The help viewer is missing. Please install the package assistant-qt6."},

@@ -69,8 +69,8 @@ struct ScriptedPrinter final : Printer {
   void SetScale(double scale) override {
     if (scale < 1) happened.push_back("at " + std::to_string(std::lround(100 * scale)) + " %");
   }
-  void PrintText(double x, double y, const PrintFont& /*font*/, std::string_view text) override {
-    if (x == 800 && y < 1300) happened.emplace_back(text);
+  void PrintText(double /*x*/, double y, const PrintFont& font, std::string_view text) override {
+    if (font.points == 12 && y < 1300) happened.emplace_back(text);
   }
   void PrintLine(double /*x1*/, double /*y1*/, double /*x2*/, double /*y2*/, double /*thickness*/) override {}
   std::optional<std::string> EndJob() override { return Do("end"); }

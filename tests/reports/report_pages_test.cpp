@@ -63,13 +63,17 @@ TEST_F(ReportPagesTest, WhatIsTooHighIsScaledAndEndsAboveTheFooter) {
     ReportPage page;
   } cases[] = {
       {"margins of 2.5 mm", Paper.height, false, ChannelReportPage(TextsOf(FullValues()), setting)},
+      {"moved up", 16400, false, ChannelReportPage(TextsOf(FullValues()), {measure, {11226, 16400}})},
+      {"a rule at the footer", 7560, true, TtsReportPage(TextsOf(NewValues()), {measure, {11226, 7560}})},
       {"6 mm", 16158, true, ChannelReportPage(TextsOf(FullValues()), {measure, {11226, 16158}})},
       {"high text", Paper.height, true, InfoReportPage(TextsOf(NewValues(), HighText()), setting)},
   };
   for (const auto& [name, height, isScaled, page] : cases) {
     SCOPED_TRACE(name);
     EXPECT_EQ(page.scale < 1, isScaled);
-    const double footer = std::ranges::max(page.rules, {}, &PageRule::y1).y1;
+    const double footer = page.rules.back().y1;
+    for (const PageRule& rule : page.rules)
+      EXPECT_LE(rule.y2, footer);
     for (const PageText& text : page.texts)
       EXPECT_TRUE(text.y > footer || text.y + measure.TextHeight(text.font) < footer) << text.text;
     EXPECT_NEAR((footer + 1100) * page.scale, height, 0.01);
@@ -87,13 +91,17 @@ TEST(PrintReportsTest, AJobHasOnePageForEachChosenReportOrIsAbandoned) {
       {"all",
        {true, true, true},
        "",
-       {"begin", "Channel Settings", "page", "TTS", "page", "No Embedded Information.", "end"}},
-      {"one", {false, false, true}, "", {"begin", "No Embedded Information.", "end"}},
+       {"begin", "Channel Settings", "page", "TTS", "page", "Embedded Information", "No Embedded Information.", "end"}},
+      {"one", {false, false, true}, "", {"begin", "Embedded Information", "No Embedded Information.", "end"}},
       {"none", {false, false, false}, "", {}},
       {"no job", {true, true, false}, "begin", {"begin", "abandon"}},
       {"no page", {true, true, false}, "page", {"begin", "Channel Settings", "page", "abandon"}},
       {"no end", {false, true, false}, "end", {"begin", "TTS", "end", "abandon"}},
-      {"a high page", {false, true, true}, "", {"begin", "TTS", "page", "at 79 %", "end"}, HighText()},
+      {"a high page",
+       {false, true, true},
+       "",
+       {"begin", "TTS", "page", "at 79 %", "Embedded Information", "end"},
+       HighText()},
   };
   for (const auto& [name, choice, failing, happened, text] : cases) {
     SCOPED_TRACE(name);

@@ -46,7 +46,6 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 }
 
 void Prepare(QFileDialog& dialog, const FileQuestion& question) {
-  dialog.setObjectName(QStringLiteral("fileDialog"));
   dialog.setWindowTitle(QString::fromUtf8(question.title));
   dialog.setDirectory(QString::fromStdString(question.folder));
   dialog.setOption(QFileDialog::HideNameFilterDetails); // the names contain the patterns
@@ -125,8 +124,7 @@ Answer QtMessageView::Show(MessageIcon icon, std::string_view title, std::string
   const std::span<const BoxButton> offered = ButtonsOf(buttons);
   for (const BoxButton& button : offered)
     box.addButton(button.button)->setObjectName(QLatin1String(button.name));
-  const bool isFirstDefault = buttons == MessageButtons::Ok || buttons == MessageButtons::YesNoCancel;
-  box.setDefaultButton((isFirstDefault ? offered.front() : offered.back()).button);
+  box.setDefaultButton((buttons == MessageButtons::YesNoCancel ? offered.front() : offered.back()).button);
   const int pressed = box.exec();
   for (const BoxButton& button : offered)
     if (button.button == pressed) return button.answer;
@@ -155,7 +153,6 @@ std::optional<std::string> QtFileDialogs::AskSave(const FileQuestion& question) 
   QFileDialog dialog(OwnerWindow());
   Prepare(dialog, question);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
   dialog.selectFile(QString::fromStdString(question.proposedName));
   while (const std::optional<QString> path = Chosen(dialog)) {
     const QString whole = WithExtension(*path, question, ChosenFilter(dialog));
@@ -177,7 +174,6 @@ std::optional<FontDescription> QtFontDialog::AskFont(const FontDescription& pres
   font.setStyleName(drawn.styleName());
 
   QFontDialog dialog(font, OwnerWindow());
-  dialog.setObjectName(QStringLiteral("fontDialog"));
   HideEffects(dialog);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const QFont chosen = dialog.selectedFont();

@@ -7,7 +7,6 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace mr4500x {
@@ -44,7 +43,7 @@ void QtProgressView::Open(std::string_view title, std::string_view text, int max
 
 void QtProgressView::SetValue(int value) {
   if (!m_window) return;
-  m_bar->setValue(std::clamp(value, m_bar->minimum(), m_bar->maximum()));
+  m_bar->setValue(value);
   m_window->repaint();
 }
 

@@ -10,7 +10,6 @@ namespace mr4500x {
 
 bool AskForPrinter(QPrinter& printer, const QString& title) {
   QPrintDialog dialog(&printer, OwnerWindow());
-  dialog.setObjectName(QStringLiteral("printerDialog"));
   dialog.setWindowTitle(title);
   dialog.setOptions(QAbstractPrintDialog::PrintToFile);
   const auto* const buttons = dialog.findChild<QDialogButtonBox*>();

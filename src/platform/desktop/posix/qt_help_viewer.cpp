@@ -72,9 +72,7 @@ QtHelpViewer::QtHelpViewer(MessageView& messages, std::string helpFile, std::str
 QtHelpViewer::~QtHelpViewer() {
   if (!IsRunning()) return;
   m_process->terminate();
-  if (m_process->waitForFinished(EndMilliseconds)) return;
-  m_process->kill();
-  m_process->waitForFinished(EndMilliseconds);
+  m_process->waitForFinished(EndMilliseconds); // after which QProcess kills it
 }
 
 bool QtHelpViewer::IsRunning() const {
