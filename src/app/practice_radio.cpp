@@ -38,6 +38,7 @@ void PracticeRadio::Stop() {
   m_process.terminate();
   if (m_process.state() == QProcess::NotRunning || m_process.waitForFinished(EndMilliseconds)) return;
   m_process.kill();
+  m_process.waitForFinished(EndMilliseconds);
 }
 
 } // namespace mr4500x

@@ -163,7 +163,7 @@ std::optional<KeptCopy> WorkKeeper::TakeLeft(RadioImage& image) {
     const Message notice = UnreadableCopiesNotice(unreadable);
     m_services.messages.Show(notice.icon, notice.title, notice.text, MessageButtons::Ok);
   }
-  for (; copy; copy = m_copies.NextLeft()) {
+  for (; copy && !m_isEnding; copy = m_copies.NextLeft()) {
     const Message question = KeptWorkQuestion(*copy);
     const Answer answer = m_services.messages.Show(question.icon, question.title, question.text, MessageButtons::YesNo);
     if (m_isEnding) break; // the user has not answered
