@@ -49,12 +49,11 @@ bool StoreEmbeddedText(EmbeddedInfo& block, std::u16string_view text) {
 
 std::u16string TextToStore(std::u16string_view shown) {
   std::u16string stored;
-  for (std::size_t i = 0; i < shown.size(); ++i) {
-    if (shown.substr(i, LineEnd.size()) == LineEnd) ++i;
-    if (LineEnds.find(shown[i]) != std::u16string_view::npos)
+  for (const char16_t character : shown) {
+    if (LineEnds.find(character) != std::u16string_view::npos)
       stored += LineEnd;
-    else if (shown[i] != u'\0')
-      stored += shown[i];
+    else if (character != u'\0')
+      stored += character;
   }
   return stored;
 }

@@ -21,8 +21,8 @@ inline constexpr std::size_t MostEmbeddedCharacters = 119; // 16-bit units; a li
 // False, with the block unchanged, for a text of more than 119 characters.
 [[nodiscard]] bool StoreEmbeddedText(EmbeddedInfo& block, std::u16string_view text);
 
-// Converts the text of a box to its stored form. Every kind of line end becomes carriage return and line feed. Zero
-// characters are removed, because they would end the text.
+// Converts the text of a box to its stored form. Each line end, one character in a box, becomes carriage return and
+// line feed. Zero characters are removed, because they would end the text.
 [[nodiscard]] std::u16string TextToStore(std::u16string_view shown);
 // The length that a stored text has in the box, where a line end is one character.
 [[nodiscard]] std::size_t ShownLength(std::u16string_view stored);

@@ -2,20 +2,23 @@
 #include "editor_fixture.h"
 
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QMenu>
 
 namespace mr4500x {
 namespace {
 
 TEST_F(ChannelTest, AMenuOpensAtThePointerInTheOtherViewAlso) {
-  panel.ShowFunctionView();
-  QContextMenuEvent asked(QContextMenuEvent::Mouse, {3, 3}, panel.mapToGlobal(QPoint(3, 3)));
-  QCoreApplication::sendEvent(&panel, &asked);
-  auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  ASSERT_NE(menu, nullptr);
-  EXPECT_EQ(menu->actions().size(), 4);
-  EXPECT_EQ(menu->pos(), asked.globalPos());
-  menu->close();
+  for (QWidget* const over : {grid.verticalHeader()->viewport(), static_cast<QWidget*>(&panel)}) {
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, {3, 3}, over->mapToGlobal(QPoint(3, 3)));
+    QCoreApplication::sendEvent(over, &asked);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().size(), over == &panel ? 4 : 15);
+    EXPECT_EQ(menu->pos(), asked.globalPos());
+    menu->close();
+    panel.ShowFunctionView();
+  }
 }
 
 TEST(ChannelCommands, BeginAtTheFirstChannelInAGridThatNeverHadTheFocus) {

@@ -234,10 +234,7 @@ void EntryBox::Leave(Qt::FocusReason reason) {
 }
 
 void EntryBox::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::MiddleButton) { // pastes, on X11 only
-    deselect();
-    return insert(Pasted(QClipboard::Selection));
-  }
+  if (event->button() == Qt::MiddleButton) return insert(Pasted(QClipboard::Selection)); // pastes, on X11 only
   QLineEdit::mouseReleaseEvent(event);
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit Clicked();
 }
