@@ -1,7 +1,9 @@
 #include "verified_command.h"
 
 #include "attempt_json.h"
+#include "file_access.h"
 #include "fleet_session.h"
+#include "machine_files.h"
 #include "processes.h"
 #include "sql_journal.h"
 #include "words.h"
@@ -26,7 +28,11 @@ void VerifiedCommand::RunNow(Attempt verified) {
     verified.text = CommandReason(end.status, end.error, CommandLimit);
     for (std::string Attempt::*const part : {&Attempt::backup, &Attempt::sha256, &Attempt::stamp})
       (verified.*part).clear();
-    static_cast<void>(m_pending.Enter(*OpenJournal(m_journal, JournalUse::Enter), verified));
+    // A file that is missing is not created again, because a new journal would have no rows.
+    const std::string file = FileOfJournal(m_journal);
+    const bool isMissing = !file.empty() && IsMissing(MachineFiles(), file);
+    const auto journal = OpenJournal(m_journal, isMissing ? JournalUse::List : JournalUse::Enter);
+    static_cast<void>(m_pending.Enter(*journal, verified));
   }
   --m_running;
   m_onEnded(verified);

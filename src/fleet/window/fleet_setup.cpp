@@ -2,6 +2,7 @@
 
 #include "port_devices.h"
 #include "settings.h"
+#include "shown_text.h"
 
 #include <QCheckBox>
 #include <QDate>
@@ -32,6 +33,7 @@ FleetSetup::FleetSetup(FileSystem& files, std::string settingsFile, std::functio
   all->addWidget(m_choices, 1);
   all->addWidget(m_summary, 1);
   m_summary->setTextFormat(Qt::PlainText);
+  m_summary->setWordWrap(true);
   m_summary->hide();
   auto* const grid = new QGridLayout(m_choices);
   grid->setContentsMargins(4, 4, 4, 4);
@@ -188,10 +190,10 @@ void FleetSetup::SetRunning(bool isRunning) {
     if (!edit->text().isEmpty()) names.append(QFileInfo(edit->text()).fileName());
   for (const QCheckBox* const option : {m_quick, m_otherBand, m_rewritesDone})
     if (option->isChecked()) names.append(option->text().remove(QLatin1Char('&')));
-  m_summary->setText(names.join(QStringLiteral(", ")));
+  m_summary->setText(Breakable(names.join(QStringLiteral(", "))));
   m_choices->setEnabled(!isRunning);
-  m_choices->setVisible(!isRunning);
-  m_summary->setVisible(isRunning);
+  (isRunning ? m_choices : m_summary)->hide(); // first, or the window would become wide enough for both
+  (isRunning ? m_summary : m_choices)->show();
 }
 
 void FleetSetup::FindPorts() {

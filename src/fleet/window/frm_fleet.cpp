@@ -123,6 +123,8 @@ void FrmFleet::ForgetPlan() {
   ++m_loads;
   ShowMessage({});
   m_rows.Show({});
+  m_open = {};
+  ShowFailed();
   m_counts->clear();
   ShowState();
   m_loadSoon.start(); // after the user has finished typing
@@ -180,8 +182,8 @@ void FrmFleet::LoadOpenRadios() {
     return attempts ? std::optional(OpenRadiosOf(*attempts)) : std::nullopt;
   };
   RunInWorker(work, [this, plan = m_plan](const std::optional<OpenRadios>& open) {
-    if (plan != m_plan || m_session) return; // a bench reports its own
-    m_open = open.value_or(OpenRadios());
+    if (plan != m_plan || m_session || !open) return; // a bench reports its own
+    m_open = *open;
     ShowFailed();
     ShowCounts();
   });
@@ -242,7 +244,8 @@ void FrmFleet::StartWith(EarlierRows earlier) {
     }
     ShowState();
     // Not the button, because a blank in a scanned label would press it.
-    if (m_session) m_next->isEnabled() ? m_next->setFocus() : m_stop->setFocus();
+    QWidget* const running = m_next->isEnabled() ? static_cast<QWidget*>(m_next) : m_stop;
+    (m_session ? running : m_start)->setFocus();
   });
 }
 

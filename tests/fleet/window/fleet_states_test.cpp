@@ -5,6 +5,9 @@
 
 #include "window_states.h"
 
+#include <QSqlDatabase>
+#include <QSqlQuery>
+
 namespace mr4500x {
 namespace {
 
@@ -14,14 +17,15 @@ struct FleetRun : FleetFixture {
     states.main = [this] { return window.get(); };
     states.isLate = [this] {
       const auto frames = window ? window->findChildren<QFrame*>() : QList<QFrame*>();
-      return std::ranges::any_of(frames, [](auto* frame) { return frame->accessibleName().endsWith(": FAILED"); });
+      return std::ranges::any_of(
+          frames, [](auto* frame) { return frame->accessibleName().endsWith(": FAILED") && !IsSwapped(*frame); });
     };
     states.replaced = {
         {QRegularExpression(QChar(0x200B)), ""}, // where a long word may be broken
         {QRegularExpression(QRegularExpression::escape(QString::fromStdString(Path("")))), "FOLDER/"},
         {QRegularExpression("/dev/pts/\\d+|\\b\\d+(?=\")(?<=COM\\d  \\d)"), "DEVICE"},
         {QRegularExpression("(COM\\d  )\\d+"), "\\1DEVICE"},
-        {QRegularExpression("\\d\\d:\\d\\d(:\\d\\d)?(?= |\")"), "TIME"},
+        {QRegularExpression("\\d?\\d:\\d\\d(:\\d\\d)?(?= |\")"), "TIME"},
         {QRegularExpression("\\d{4}-\\d\\d-\\d\\d"), "DATE"},
         {QRegularExpression("[^ \"]+-\\d+-[0-9a-f]{1,4}\\b"), "BENCH"},
         {QRegularExpression("(?<=LR-1_)\\d+_\\d+|(?<=SHA-256 )[0-9a-f]+|(?<=DATE  )\\S+ +|\\d+\\.\\d +(?=\")"),
@@ -49,13 +53,21 @@ struct FleetRun : FleetFixture {
       return std::ranges::any_of(frames, [&](auto* frame) { return frame->accessibleName().toStdString() == name; });
     });
     word("close", [this](const std::string&) { return window->close(), true; });
-    word("activate", [this](const std::string&) {
+    word("activate", [this](const std::string& box) {
       QEvent activated(QEvent::WindowActivate);
-      return QCoreApplication::sendEvent(window.get(), &activated), true;
+      QCoreApplication::sendEvent(window.get(), &activated);
+      if (!box.empty()) states.Find<QLineEdit>(QString::fromStdString(box))->clear();
+      return true;
+    });
+    word("sql", [this](const std::string& statement) {
+      QSqlDatabase journal = QSqlDatabase::addDatabase("QSQLITE", "of another bench");
+      journal.setDatabaseName(QString::fromStdString(Path("taxi.journal")));
+      return journal.open() && journal.exec(QString::fromStdString(statement)).isActive();
     });
     word("cards", [this](const std::string&) { return ShowCards(), true; });
   }
   void TestBody() override {}
+  static bool IsSwapped(const QFrame& card) { return card.accessibleDescription().contains("LR-9 was read back"); }
   // One in each state, with each hint.
   void ShowCards() {
     auto* const layout = new QVBoxLayout(&cards);
