@@ -146,7 +146,7 @@ private:
     if (kind == FieldKind::WholeNumber && number) return std::to_string(*number);
     const bool isTime = at.field->place == FieldPlace(Box::AutoResetTime); // its one text is OFF
     if (value.is_string() && (kind != FieldKind::WholeNumber || isTime)) return value.get<std::string>();
-    const bool isCode = kind == FieldKind::Choice && value.is_object() && value.size() == 1 && value.contains("code");
+    const bool isCode = kind == FieldKind::Choice && value.size() == 1 && value.contains("code");
     const auto code = isCode ? WholeOf(value["code"]) : std::nullopt;
     return code ? std::optional("{\"code\": " + std::to_string(*code) + '}') : std::nullopt;
   }

@@ -33,7 +33,7 @@ bool Matches(FieldAt at, const std::vector<std::string_view>& pattern, bool mayB
   const std::vector<std::string_view> parts = PartsOf(identifier);
   if (pattern.size() > parts.size() || (pattern.size() < parts.size() && !mayBeGroup)) return false;
   for (std::size_t i = 0; i < pattern.size(); ++i) {
-    const std::optional<int> entry = i == 1 && IsArray(at.field->group) ? ParseWhole(parts[i]) : std::nullopt;
+    const std::optional<int> entry = ParseWhole(parts[i]);  // no other part is a number
     if (mayBeGroup && i > 0 && pattern[i] == "*") continue; // "channels.3.*"
     if (entry ? !Covers(pattern[i], *entry, EntriesOf(at.field->group)) : pattern[i] != parts[i]) return false;
   }

@@ -128,7 +128,7 @@ ExitStatus ChangeFile(FileSystem& files, const FileChange& given, Terminal& term
   const auto& [path, output, input, isDryRun] = given;
   if (!CheckOutput(files, output, input, terminal) || (path == Stream && !CheckOutput(files, output, path, terminal)))
     return ExitStatus::UnusableArguments;
-  const bool isReplaced = path != Stream && (path == output || IsSameFile(files, path, output));
+  const bool isReplaced = path != Stream && IsSameFile(files, path, output);
   if (isReplaced && IsWrittenInto(path)) return Refuse(terminal, path + ": can't be replaced; use --output");
   const std::optional<OpenFile> lock = isReplaced ? Lock(files, path) : OpenFile();
   if (!lock) return Fail(terminal, path + ": another program is changing it; nothing was changed");
@@ -157,7 +157,7 @@ FileResult StoreForCommand(FileSystem& files, const std::string& path, std::span
                            Surplus surplus, Terminal& terminal) {
   const std::uintmax_t links = LinksTo(path);
   FileResult stored = StoreOutput(files, path, bytes, surplus, terminal.out);
-  if (stored && links > 1 && LinksTo(path) == 1)
+  if (links > 1 && LinksTo(path) == 1)
     terminal.err << Printable(path) << ": its other hard links keep the old content\n";
   return stored;
 }

@@ -60,7 +60,7 @@ std::string UnknownOption(const CLI::App& app, std::span<char* const> words) {
         const bool isFlag = option->get_items_expected_max() == 0;
         if (isFlag && names.back() == name && name != word) return names.back() + ": takes no value";
       }
-    if (!name.starts_with("--") || name == "--" || std::ranges::find(names, name) != names.end()) continue;
+    if (!name.starts_with("--") || std::ranges::find(names, name) != names.end()) continue;
     const std::string nearest = NearestOf(name, names);
     if (!nearest.empty()) return Printable(name) + ": unknown option; did you mean " + nearest + "?";
   }
@@ -93,7 +93,7 @@ std::string MisreadWord(const CLI::App* at, std::span<char* const> words) {
           return Printable(value) + ": unknown option";
     }
   for (const std::string_view word : words)
-    if (word.starts_with('[') && word.ends_with(']') && std::ranges::find(values, word) == values.end())
+    if (word.starts_with('[') && std::ranges::find(values, word) == values.end())
       return Printable(word) + ": can't be in brackets";
   return "";
 }

@@ -74,7 +74,6 @@ bool TerminalObserver::AcceptsOtherBand() {
 void TerminalObserver::Began(Transfer transfer, int maximum) {
   m_text = ProgressOf(transfer).text;
   m_maximum = maximum;
-  m_percent = -1;
   Progress(0);
 }
 

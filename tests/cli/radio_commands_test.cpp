@@ -22,7 +22,7 @@ protected:
     ResetToDefaults(image, {2001, 2, 3, 4, 5, 6});
     image.ChannelBlock(2, 2) = 0x15;
     EXPECT_TRUE(SaveDataFile(files, file, image));
-    std::copy_n("LR7200/../004217", 16, radio.memory.begin() + 0x1F0);
+    std::copy_n("LR7200/~./004217", 16, radio.memory.begin() + 0x1F0);
     std::copy_n("V1.02   ", 8, radio.memory.begin() + 0x3F8);
     std::copy_n("\xB8\x01\xD6\x01", 4, radio.memory.begin() + 0x3F0);
     std::copy_n("20040304050607\0", 16, radio.memory.begin() + 0x200);
@@ -50,7 +50,7 @@ protected:
 
 TEST_F(RadioCommandsTest, IdentifyAndReadPrintWhichRadioItIsAndChangeNothing) {
   const auto before = radio.memory;
-  const std::string identity = "ID Number              LR7200/../004217\n"
+  const std::string identity = "ID Number              LR7200/~./004217\n"
                                "Version of Firmware    V1.02\n"
                                "Frequency Band         440 to 470 MHz\n"
                                "Last Programming Time  2004-03-04, 05:06:07\n";
@@ -61,7 +61,7 @@ TEST_F(RadioCommandsTest, IdentifyAndReadPrintWhichRadioItIsAndChangeNothing) {
   EXPECT_EQ(RunIdentify(command, true), Done);
   EXPECT_EQ(Printed(), R"({
   "format": 1,
-  "id_number": "LR7200/../004217",
+  "id_number": "LR7200/~./004217",
   "firmware_version": "V1.02",
   "band": {
     "lower": 440,
@@ -196,6 +196,12 @@ TEST_F(RadioCommandsTest, WriteWritesNothingWithoutItsBackup) {
   const std::pair<const char*, std::function<void()>> cases[] = {
       {"a.K4X", [] {}},
       {"taken text", [] {}},
+      {"only the text",
+       [&] {
+         files.alter = [&](const std::string& path, FileStatus& status) {
+           if (path == Path("only the text/" + stem + ".K4X")) status.mode = 0;
+         };
+       }},
       {"unwritable",
        [&] {
          files.unwritable = {Path("unwritable"), std::filesystem::path(file).parent_path()};
