@@ -58,6 +58,8 @@ TEST_F(ChannelTest, ADragOverTheLabelsSelectsRows) {
     if (row == 99) QTest::mouseRelease(labels, Qt::LeftButton, {}, place);
   }
   EXPECT_EQ(selected, "12 12 9 10 9 10 9 10 ");
+  QTest::mouseClick(labels, Qt::RightButton, Qt::ControlModifier, {5, Centre(5, 1).y()}); // selects it alone
+  EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 1);
 }
 
 TEST_F(ChannelTest, KeysMoveWithinTheCheckBoxesAndTabLeavesThem) {

@@ -126,8 +126,7 @@ void FrmTwoFive::txtFiveSig_LostFocus(Qt::FocusReason reason) {
   if (!isVisible() || !m_txtFiveSig->isEnabled()) return;
   // Skipped when a button is clicked: OK checks the code itself, Cancel and "OFF" discard it.
   const QWidget* const next = QApplication::focusWidget();
-  const bool byTab = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-  if (!byTab && (next == m_cmdOK || next == m_cmdCancel || next == m_optSig[Off])) return;
+  if (reason != Qt::TabFocusReason && (next == m_cmdOK || next == m_cmdCancel || next == m_optSig[Off])) return;
   txtFiveSig_Validate();
 }
 

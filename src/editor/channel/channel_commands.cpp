@@ -69,7 +69,6 @@ ChannelCommands::ChannelCommands(EditorPanel& panel, ChannelGrid& grid, EditHist
 
 void ChannelCommands::ShowMenu(const QPoint& at, Menu which) {
   m_panel.CommitCells();
-  if (which == Menu::Whole) m_grid.setFocus();
   auto* const menu = new QMenu(&m_panel);
   menu->setObjectName(QStringLiteral("mnuChannels"));
   menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -99,7 +99,6 @@ void FrmEmbed::LayOut(const QString& lastTime) {
   layout->addWidget(m_rtxtbEmbed);
   layout->addLayout(time);
   layout->addLayout(buttons.row);
-  m_rtxtbEmbed->setFocus();
 }
 
 void FrmEmbed::ApplyFont() {

@@ -50,7 +50,6 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
   const QString label = QString::fromUtf8(LabelOf(setting));
   auto* const box = new EntryBox(objectName, MostIdCharacters, filter, label, this);
   NameSetting(*box, setting);
-  box->setText(QString::fromUtf8(NoNumberText));
   box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   AddField(Fields(), row, Right, label, box);
   const auto selectDashes = [box] {
@@ -69,8 +68,8 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
 
 void GlobalSettingsFrame::UseIdBoxes() {
   const int pttId = List(ChoiceList::PttId).currentIndex();
-  UseIdBox(*m_connect, pttId >= 0 && SendsConnectId(pttId));
-  UseIdBox(*m_disconnect, pttId >= 0 && SendsDisconnectId(pttId));
+  UseIdBox(*m_connect, SendsConnectId(pttId));
+  UseIdBox(*m_disconnect, SendsDisconnectId(pttId));
 }
 
 // The choice of "PTT ID" may put the placeholder into the boxes, so they come last.
