@@ -13,12 +13,13 @@ std::string ChangedBytes(const RadioImage& before, const RadioImage& after) {
   std::ostringstream changed;
   changed << std::hex << std::uppercase << std::setfill('0');
   for (std::uint16_t address = 0, next = 0xFFFF; address < 0x400; ++address) {
-    const BlockLocation* const place = LocationOf(address);
-    const std::size_t i = address - (place != nullptr ? place->address : 0);
-    if (place == nullptr || BlockBytes(before, place->block)[i] == BlockBytes(after, place->block)[i]) continue;
+    const std::size_t i = address % RecordBytes; // in a record, because some blocks do not fill their last one
+    const auto record = static_cast<std::uint16_t>(address - i);
+    const auto was = TakeRecord(before, record), is = TakeRecord(after, record);
+    if (!was || was->at(i) == is->at(i)) continue;
     changed << (changed.tellp() > 0 ? " " : "");
     if (address != std::exchange(next, address + 1)) changed << std::setw(3) << address << '=';
-    changed << std::setw(2) << int{BlockBytes(after, place->block)[i]};
+    changed << std::setw(2) << int{is->at(i)};
   }
   return changed.str();
 }
