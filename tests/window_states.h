@@ -164,17 +164,21 @@ private:
     QEvent pointer(word == "point" ? QEvent::Enter : QEvent::Leave);
     if (word == "point" || word == "leave") QCoreApplication::sendEvent(widget, &pointer);
     if (word == "click") QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(9, widget->height() / 2));
-    if (auto* const table = qobject_cast<QTableView*>(widget); word == "cell" || word == "label") {
+    if (auto* const table = qobject_cast<QTableView*>(widget); QStringList({"cell", "label", "drag"}).contains(word)) {
       const int row = rest.section(' ', 1, 1).toInt() - 1, column = std::max(rest.section(' ', 2).toInt() - 1, 0);
       const QPoint place = table->visualRect(table->model()->index(row, column)).center();
-      const bool isLabel = word == "label";
-      QTest::mouseClick(isLabel ? table->verticalHeader()->viewport() : table->viewport(), Qt::LeftButton,
+      const bool isLabel = word != "cell";
+      QTest::mouseEvent(word == "drag"          ? QTest::MouseMove
+                        : rest.contains("held") ? QTest::MousePress
+                                                : QTest::MouseClick,
+                        isLabel ? table->verticalHeader()->viewport() : table->viewport(), Qt::LeftButton,
                         rest.endsWith("Shift")  ? Qt::ShiftModifier
                         : rest.endsWith("Ctrl") ? Qt::ControlModifier
                                                 : Qt::NoModifier,
-                        isLabel ? QPoint(9, place.y()) : place);
+                        isLabel ? QPoint(9, row < 0 ? -9 : place.y()) : place);
     }
-    return QStringList({"wait", "await", "menu", "focus", "point", "leave", "click", "cell", "label"}).contains(word);
+    return QStringList({"wait", "await", "menu", "focus", "point", "leave", "click", "cell", "label", "drag"})
+        .contains(word);
   }
   QStringList Describe() const {
     QString text = (DescribeWindows(main()) + happened()).join('\n');

@@ -1,8 +1,6 @@
 // The grid's cells: colours, clicks and keys.
 #include "editor_fixture.h"
 
-#include <QHeaderView>
-
 namespace mr4500x {
 namespace {
 
@@ -43,23 +41,6 @@ TEST_F(ChannelTest, OnlyALeftReleaseOnACellCounts) {
   QTest::mouseDClick(cells, Qt::LeftButton, {}, Centre(1, 12)); // only the second press of a double click
   QTest::mouseRelease(cells, Qt::LeftButton, {}, Centre(1, 12));
   EXPECT_EQ(Cell(1, 12), "OFF");
-}
-
-TEST_F(ChannelTest, ADragOverTheLabelsSelectsRows) {
-  QWidget* const labels = grid.verticalHeader()->viewport();
-  std::string selected;
-  grid.setCurrentCell(8, 0);
-  for (const int row : {12, 12, 10, 99, 13}) {
-    const QPoint place(5, row > 16 ? 9999 : Centre(row, 1).y());
-    selected.empty() ? QTest::mousePress(labels, Qt::LeftButton, Qt::ControlModifier, place)
-                     : QTest::mouseMove(labels, place);
-    for (const QModelIndex& index : grid.selectionModel()->selectedRows())
-      selected += std::to_string(index.row() + 1) + ' ';
-    if (row == 99) QTest::mouseRelease(labels, Qt::LeftButton, {}, place);
-  }
-  EXPECT_EQ(selected, "12 12 9 10 9 10 9 10 ");
-  QTest::mouseClick(labels, Qt::RightButton, Qt::ControlModifier, {5, Centre(5, 1).y()}); // selects it alone
-  EXPECT_EQ(grid.selectionModel()->selectedRows().size(), 1);
 }
 
 TEST_F(ChannelTest, KeysMoveWithinTheCheckBoxesAndTabLeavesThem) {

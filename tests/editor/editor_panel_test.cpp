@@ -1,7 +1,6 @@
 #include "editor_fixture.h"
 #include "random_image.h"
 
-#include <QAccessible>
 #include <QHeaderView>
 #include <QScrollArea>
 
@@ -39,11 +38,6 @@ TEST_F(PanelTest, FillAndCollectThroughTheControls) {
 }
 
 constexpr int RxSelCall = 3, TxSelCall = 9, GroupCall = 13; // columns of the table
-
-TEST_F(PanelTest, AnEditorOfACellBelongsToItsFrame) {
-  auto* const frame = QAccessible::queryAccessibleInterface(&Get<QWidget>("fraTTS"));
-  EXPECT_NE(frame->indexOfChild(QAccessible::queryAccessibleInterface(&Box("txtTTSFreq"))), -1);
-}
 
 // The image still holds the codes of the mode that it was filled with. A refused entry restores the filled limit, which
 // is then no longer the current one.
