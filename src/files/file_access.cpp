@@ -179,7 +179,7 @@ std::optional<FileResult> ReplaceByNew(FileSystem& files, const TargetFile& targ
   const bool isNew = old.kind == FileKind::Missing;
   Temporary temporary(files, FolderOf(path), isNew ? newFileMode : PrivateMode);
   if (!temporary.IsOpen() || (!isNew && !temporary.TakeOver(old))) return std::nullopt;
-  const bool hasSurplus = !isNew && surplus == Surplus::Keep && old.size > bytes.size();
+  const bool hasSurplus = surplus == Surplus::Keep && old.size > bytes.size();
   FileResult written = temporary.Write(bytes);
   if (written && hasSurplus) written = temporary.WriteSurplus(path, bytes.size());
   if (written) written = temporary.Sync();
@@ -193,9 +193,8 @@ FileResult WriteInPlace(FileSystem& files, const TargetFile& target, const NewCo
   OpenFile file(files, files.OpenToWrite(target.path, newFileMode));
   if (!file) return SystemFailed();
   FileResult written = WriteAll(files, *file, bytes);
-  const bool isComplete =
-      written && (surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file);
-  if (written && !isComplete) written = SystemFailed();
+  if (written && !((surplus == Surplus::Keep || files.SetSize(*file, bytes.size())) && files.Sync(*file)))
+    written = SystemFailed();
   file.Close();
   if (!written && target.status.kind == FileKind::Missing) static_cast<void>(files.Remove(target.path));
   return written;
@@ -223,7 +222,7 @@ ReadResult ReadFile(FileSystem& files, const std::string& path, std::size_t limi
   bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(status.size + 1, limit)));
   std::size_t filled = 0;
   std::optional<std::size_t> count = 1;
-  while (count && *count > 0 && filled < bytes.size()) {
+  while (count && *count > 0) { // 0 also at the limit
     count = files.ReadAt(*file, filled, std::span(bytes).subspan(filled));
     filled += count.value_or(0);
     if (filled == bytes.size()) bytes.resize(std::min(limit, 2 * filled));

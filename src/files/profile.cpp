@@ -57,7 +57,7 @@ KeyPosition FindKey(std::string_view text, std::string_view section, std::string
     }
     if (isInFirst && !content.empty()) position.sectionEnd = line.next;
     const auto equals = content.find('=');
-    if (!isInside || content.starts_with(';') || content.starts_with('[') || equals == std::string_view::npos ||
+    if (!isInside || content.starts_with(';') || equals == std::string_view::npos ||
         !SameName(content.substr(0, equals), key))
       continue;
     const auto value = text.find_first_not_of(Blanks, text.find('=', line.begin) + 1);
@@ -152,7 +152,7 @@ bool WriteProfileStrings(FileSystem& files, const std::string& file, std::span<c
   for (const ProfileValue& value : values)
     if (!SetIniValue(text, value.section, value.key, value.value)) return false;
   if (text == before) return true;
-  if (outcome == ReadOutcome::Missing && !MakeFolderOf(files, file)) return false;
+  if (!MakeFolderOf(files, file)) return false;
   return ReplaceFile(files, file, std::vector<std::uint8_t>(text.begin(), text.end()), Surplus::Drop);
 }
 

@@ -16,7 +16,6 @@ namespace {
 constexpr std::string_view SettingsFileName = "MR4500X.ini";
 constexpr std::string_view PortSection = "Comm Port";
 constexpr std::string_view PortKey = "Common Port";
-constexpr std::string_view NoPort = "No Comm";
 constexpr std::string_view FileSection = "File Name";
 constexpr std::string_view FileKey = "Default File";
 constexpr std::string_view WriteSection = "Write";
@@ -27,7 +26,7 @@ constexpr std::string_view DeviceKey = "COM"; // plus the number
 
 // 0 unless the whole text is a finite number.
 double NumericValue(std::string_view text) {
-  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+  if (text.starts_with('+')) text.remove_prefix(1);
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
   return error == std::errc{} && end == text.data() + text.size() && std::isfinite(value) ? value : 0;
@@ -55,13 +54,12 @@ std::string SettingsFilePath(FileSystem& files, const std::string& programFolder
   const std::string ofProgram = InFolder(programFolder);
   const auto status = files.Status(ofProgram);
   const bool exists = status && status->kind != FileKind::Missing;
-  if (exists && LeadsToOtherUser(files, ofProgram)) return InFolder(userConfigFolder);
+  if (LeadsToOtherUser(files, ofProgram)) return InFolder(userConfigFolder);
   return exists || MayKeepFilesIn(files, programFolder) ? ofProgram : InFolder(userConfigFolder);
 }
 
 int LoadPortSetting(FileSystem& files, const std::string& settingsFile) {
-  const std::string text = ProfileString(ProfileText(files, settingsFile), PortSection, PortKey, NoPort);
-  if (text.empty() || text.starts_with(NoPort)) return LowestPort;
+  const std::string text = ProfileString(ProfileText(files, settingsFile), PortSection, PortKey, "");
   const double port = std::clamp<double>(NumericValue(Trimmed(text)), LowestPort, HighestPort);
   return static_cast<int>(std::nearbyint(port)); // in the default rounding mode: half to even
 }

@@ -213,11 +213,5 @@ TEST_F(CommandLineTest, ManAndManualKnowEveryCommandAndOption) {
   EXPECT_EQ(texts + Shell(LR7200_SIMULATOR " --help").output, std::string(std::istreambuf_iterator<char>(help), {}));
 }
 
-TEST_F(CommandLineTest, CommandsThatChangeOneFileAtOnceLoseNoChange) {
-  const std::string set = MR4500X_CLI " set " + file + " channels.$i.in_use=true";
-  EXPECT_EQ(Shell("for i in 2 3 4 5 6 7 8 9; do " + set + " & done; wait").output, "");
-  EXPECT_EQ(Cli("get " + file + " channels.2-9.in_use | grep -c true").output, "8\n");
-}
-
 } // namespace
 } // namespace mr4500x

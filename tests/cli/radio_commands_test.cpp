@@ -58,18 +58,6 @@ TEST_F(RadioCommandsTest, IdentifyAndReadPrintWhichRadioItIsAndChangeNothing) {
   EXPECT_EQ(Printed(), identity);
   EXPECT_LT(radio.now, 1s);
   EXPECT_EQ(Frames(), 8u);
-  EXPECT_EQ(RunIdentify(command, true), Done);
-  EXPECT_EQ(Printed(), R"({
-  "format": 1,
-  "id_number": "LR7200/~./004217",
-  "firmware_version": "V1.02",
-  "band": {
-    "lower": 440,
-    "upper": 470
-  },
-  "last_programming_time": "2004-03-04, 05:06:07"
-}
-)");
   EXPECT_EQ(RunRead(command, Path("{date}-{id}-{time}.K4X"), false), Done);
   EXPECT_EQ(Printed(), identity);
   EXPECT_EQ(Names(), (std::set<std::string>{"a.K4X", "20261104-LR7200____004217-090507.K4X"}));
@@ -142,21 +130,6 @@ TEST_F(RadioCommandsTest, VerifyFindsTheOneWrongByte) {
     EXPECT_EQ(RunVerify(command, file, DiffForm::Labels), Failed);
     EXPECT_TRUE(err.str().starts_with(reported)) << err.str();
   }
-}
-
-TEST_F(RadioCommandsTest, PortsListsDeviceAndStateOfAllSixteen) {
-  SomePorts ports;
-  ports.working = {2};
-  const auto deviceOf = [](int number) { return number < 4 ? "/dev/ttyUSB" + std::to_string(number) : ""; };
-  EXPECT_EQ(RunPorts(ports, deviceOf, false, terminal), Done);
-  const std::string lines = Printed();
-  EXPECT_TRUE(lines.starts_with("COM1   /dev/ttyUSB1             does not open: Device or resource busy\n"
-                                "COM2   /dev/ttyUSB2             opens\n"
-                                "COM3   /dev/ttyUSB3             does not open: Device or resource busy\n"
-                                "COM4   -                        no device\n"))
-      << lines;
-  EXPECT_TRUE(lines.ends_with("COM16  -                        no device\n")) << lines;
-  EXPECT_FALSE(ports.open);
 }
 
 TEST_F(RadioCommandsTest, WriteBacksUpTheRadioAndTheTextCanBeRestored) {

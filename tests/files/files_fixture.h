@@ -106,6 +106,7 @@ public:
     if (renamed) unsyncedFolder = std::filesystem::path(to).parent_path().string();
     return renamed;
   }
+  [[nodiscard]] bool IsSynced() const { return !m_unsynced.contains(""); } // what was written in place
   bool Remove(Path path) override { return Try(&FileSystem::Remove, path); }
   bool SyncFolder(Path path) override {
     {

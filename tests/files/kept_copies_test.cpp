@@ -20,15 +20,20 @@ protected:
     RadioImage image;
     image.ChannelBlock.bytes.fill(byte);
     const auto data = BuildDataFile(image);
-    return {{data.begin(), data.end()}, at, "/home/a b/Fleet 1.K4X", "CH3 Rx Freq (MHz): 446.00000 -> 446.00625\n"};
+    const std::string differences =
+        "CH3 Rx Freq (MHz): 446.00000 -> 446.00625\n" + std::string(byte == 2 ? 70'000 : 0, 'x');
+    return {{data.begin(), data.end()}, at, "/home/a\nb/Fleet 1.K4X", differences};
   }
   void LeaveCopy(const std::string& at, std::uint8_t byte = 1) {
     KeptCopies ended(files, Folder());
     ASSERT_TRUE(ended.Keep(Copy(at, byte)));
   }
-  void Damage() {
+  // Leaves a copy of which only the beginning is there.
+  void LeaveDamaged(std::size_t size) {
+    const auto before = Kept();
+    LeaveCopy("2026-11-25 04:10:33");
     for (const std::string& name : Kept())
-      if (name.ends_with(".K4X")) std::filesystem::resize_file(Folder() + '/' + name, 300);
+      if (name.ends_with(".K4X") && !before.contains(name)) std::filesystem::resize_file(Folder() + '/' + name, size);
   }
 };
 
@@ -46,7 +51,7 @@ TEST_F(KeptCopiesTest, AWindowTakesOnlyTheCopiesOfWindowsThatHaveEnded) {
   const KeptCopy expected = Copy("2026-11-25 04:10:32", 3);
   EXPECT_EQ(newest->data, expected.data);
   EXPECT_EQ(newest->at, expected.at);
-  EXPECT_EQ(newest->source, expected.source);
+  EXPECT_EQ(newest->source, "/home/a b/Fleet 1.K4X");
   EXPECT_EQ(newest->differences, expected.differences);
   EXPECT_EQ(KeptCopies(files, Folder()).NextLeft()->at, "2026-11-25 04:10:31") << "held by a window that asks";
   next.PutLeftAside();
@@ -57,7 +62,9 @@ TEST_F(KeptCopiesTest, AWindowTakesOnlyTheCopiesOfWindowsThatHaveEnded) {
 
 TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
   std::filesystem::create_directories(Folder());
-  std::ofstream(Folder() + "/0 my own.K4X") << "a user's file";
+  for (const char* const own :
+       {"0 my own.K4X", "2026-11-25 my own file.K4X", "2026-11-25_04-10-00_a", "my own file is a co_py.K4X"})
+    std::ofstream(Folder() + '/' + own) << "a user's file";
   KeptCopies copies(files, Folder());
   for (int second = 10; second < 22; ++second) {
     ASSERT_TRUE(copies.Keep(Copy("2026-11-25 04:10:" + std::to_string(second))));
@@ -65,9 +72,10 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
   }
   std::string seconds;
   for (const std::string& name : Kept())
-    if (name.ends_with(".K4X"))
+    if (!name.ends_with(".lock"))
       seconds += name.starts_with("2026-11-25_04-10-") ? name.substr(17, 2) + ' ' : name + ' ';
-  EXPECT_EQ(seconds, "0 my own.K4X 12 13 14 15 16 17 18 19 20 21 ");
+  EXPECT_EQ(seconds,
+            "0 my own.K4X 2026-11-25 my own file.K4X 00 12 13 14 15 16 17 18 19 20 21 my own file is a co_py.K4X ");
   ASSERT_TRUE(copies.Keep(Copy("2004-01-01 00:00:00"))); // the clock is wrong
   copies.PutAside();
   const auto isLate = [](const std::string& name) { return name.starts_with("2004"); };
@@ -83,8 +91,7 @@ TEST_F(KeptCopiesTest, TheTenNewestOfThosePutAsideStay) {
 }
 
 TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {
-  LeaveCopy("2026-11-25 04:10:33");
-  Damage();
+  LeaveDamaged(DataFileBytes);
   files.alter = [](const std::string& path, FileStatus& status) {
     if (path.ends_with(".K4X")) status.changed = {2026, 11, 25, 4, 10, 33};
   };
@@ -92,6 +99,7 @@ TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {
   EXPECT_FALSE(next.NextLeft());
   const auto unreadable = next.TakeUnreadable();
   ASSERT_EQ(unreadable.size(), 1U);
+  EXPECT_EQ(Kept().size(), 1U) << "its lock is left";
   EXPECT_TRUE(unreadable[0].starts_with(Folder() + "/2026-11-25_04-10-33_")) << unreadable[0];
   for (int second = 10; second < 19; ++second) {
     ASSERT_TRUE(next.Keep(Copy("2026-11-25 04:10:" + std::to_string(second))));
@@ -105,8 +113,8 @@ TEST_F(KeptCopiesTest, ADamagedCopyKeepsItsDateAndItsTurnToGo) {
 }
 
 TEST_F(KeptCopiesTest, EachCopyIsOfferedOnceEvenIfItsFolderCannotBeWritten) {
-  LeaveCopy("2026-11-25 04:10:30");
-  Damage();
+  for (const std::size_t size : {std::size_t{300}, DataFileBytes, DataFileBytes + 3, DataFileBytes + 27})
+    LeaveDamaged(size);
   LeaveCopy("2026-11-25 04:10:31");
   LeaveCopy("2026-11-25 04:10:32");
   files.canRename = files.canCreate = files.canWrite = false;
@@ -118,7 +126,7 @@ TEST_F(KeptCopiesTest, EachCopyIsOfferedOnceEvenIfItsFolderCannotBeWritten) {
     next.PutLeftAside();
   }
   EXPECT_FALSE(next.NextLeft()) << "asked for ever";
-  EXPECT_EQ(next.TakeUnreadable().size(), 1U);
+  EXPECT_EQ(next.TakeUnreadable().size(), 4U);
 }
 
 // Some network file systems lock only files that are open for writing, others none at all.
@@ -131,17 +139,18 @@ TEST_F(KeptCopiesTest, CopiesAreKeptAndOfferedWhateverTheFileSystemLocks) {
     KeptCopies running(files, Folder());
     ASSERT_TRUE(running.Keep(Copy("2026-11-25 04:10:33", 7)));
     EXPECT_EQ(Kept().size(), 2U) << "lock files of attempts are left";
-    KeptCopies next(files, Folder());
-    EXPECT_FALSE(next.NextLeft()) << "of a running window";
+    auto next = std::make_unique<KeptCopies>(files, Folder());
+    EXPECT_FALSE(next->NextLeft()) << "of a running window";
     EXPECT_EXIT( // leaves its copy as a crash does
         {
           auto* const crashed = new KeptCopies(files, Folder());
           _exit(crashed->Keep(Copy("2026-11-25 04:10:34", 8)) ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
-    ASSERT_TRUE(next.NextLeft());
-    next.TakeLeft();
-    EXPECT_EQ(Kept().size(), 4U);
+    ASSERT_TRUE(next->NextLeft());
+    next->TakeLeft();
+    next.reset();
+    EXPECT_EQ(Kept().size(), 4U) << "the taken copy or its lock is lost";
   }
 }
 
@@ -165,6 +174,7 @@ TEST_F(KeptCopiesTest, AFileIsOpenElsewhereWhileAnotherWindowHasIt) {
       testing::ExitedWithCode(0), "");
   EXPECT_FALSE(here.IsOpenElsewhere(Path("a.K4X"))) << "the other windows have closed it or crashed";
   EXPECT_FALSE(there.NextLeft());
+  KeptCopies(files, Folder()).SetOpenFile(Path("b.K4X")); // and closes
   EXPECT_EQ(Kept().size(), 2U) << "the one that crashed is held no longer";
 }
 

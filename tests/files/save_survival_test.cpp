@@ -50,6 +50,7 @@ protected:
     if (!scene.before) return;
     Put("file", *scene.before);
     chmod(Path("file").c_str(), 0640);
+    static_cast<void>(!chown(Path("file").c_str(), -1, 4711)); // if the user may
   }
   std::optional<std::string> File() {
     return std::filesystem::exists(Path("file")) ? std::optional(Content("file")) : std::nullopt;
@@ -86,8 +87,11 @@ TEST_F(SaveSurvival, AnyCallThatFailsOrIsTheLastLeavesTheOldOrTheNewFile) {
       for (bool goesOn = true; goesOn && !HasFailure();) {
         SCOPED_TRACE(testing::Message() << scene.name << (killed ? ", killed at call " : ", fault at call ") << ++call);
         Prepare(scene);
+        const auto groupOf = [&] { return files.Status(Path("file"))->group; };
+        const std::uint32_t group = groupOf();
         Put(Leftover, "of a killed save");
         goesOn = SaveWithFault(scene, call, killed);
+        EXPECT_TRUE(!scene.before || groupOf() == group);
         EXPECT_TRUE(!scene.before || ModeOf("file") == 0640);
         Prepare(scene);
         EXPECT_TRUE(scene.save(files, Path("away/link")));
@@ -131,7 +135,7 @@ TEST_F(SaveSurvival, AFileThatCanBeWrittenIsSavedInPlaceWhereNoNewOneCanTakeItsP
         faulty.failAt = call;
         const bool saved = scene.save(faulty, Path("away/link"));
         goesOn = faulty.calls >= call;
-        EXPECT_TRUE(saved ? File() == scene.after : goesOn && (scene.before || !File()));
+        EXPECT_TRUE(saved ? File() == scene.after && faulty.IsSynced() : goesOn && !scene.before == !File());
         EXPECT_TRUE(!saved || !scene.before || Content("same") == scene.after) << "it is another file";
         Prepare(scene);
         EXPECT_TRUE(scene.save(files, Path("away/link")));
@@ -148,10 +152,13 @@ TEST_F(SaveSurvival, MistakesNoOtherTemporaryForALeftover) {
   };
   EXPECT_TRUE(SaveDataFile(files, Path("cleared"), ImageOf(1)));
   std::optional<FileSystem::Handle> cleaner;
+  std::string taken;
   files.beforeLock = [&](FileSystem::Handle) {
     for (const std::string& name : Names())
-      if (name.starts_with(".mr4500x-save-")) cleaner = files.OpenToRead(Path(name));
+      if (name.starts_with(".mr4500x-save-")) taken = Path(name);
+    cleaner = files.OpenToRead(taken);
     EXPECT_EQ(files.Lock(cleaner.value()), LockOutcome::Taken);
+    files.beforeSync = [&] { std::filesystem::remove(taken); };
   };
   EXPECT_TRUE(SaveDataFile(files, Path("held"), ImageOf(1)));
   files.Close(cleaner.value());

@@ -45,6 +45,13 @@ TEST_F(FilesTest, PathsOfOver255CharactersAreNotStored) {
                 "\nRecentFile2=c\nRecentFile3=c\n[Comm Port]\nCommon Port=1\n[File Name]\nDefault File=\n");
 }
 
+TEST_F(FilesTest, ThePortSettingIsANumberFromOneToSixteen) {
+  for (const Row& row : RowsOf(CASES "port_settings.txt", "(.*) -> (\\d+)")) {
+    Put("MR4500X.ini", "[Comm Port]\nCommon Port=" + row[1] + '\n');
+    EXPECT_EQ(std::to_string(LoadPortSetting(files, Path("MR4500X.ini"))), row[2]) << row[0];
+  }
+}
+
 TEST_F(FilesTest, ATraceGoesToAFileOnly) {
   std::filesystem::create_directory(Path("folder"));
   mkfifo(Path("pipe").c_str(), 0600);
@@ -82,6 +89,7 @@ TEST_F(FilesTest, SettingsAreBesideTheProgramIfTheyCanBe) {
   std::filesystem::create_directories(installed);
   for (const std::string& folder : {installed, std::string("/usr/bin")}) // also for root, who can write both
     EXPECT_EQ(SettingsFilePath(files, folder, user), user + "/MR4500X.ini") << folder;
+  EXPECT_EQ(SettingsFilePath(files, "/usr/local/lib", user).starts_with("/usr/"), files.CanWrite("/usr/local/lib"));
   files.unwritable = {program};
   EXPECT_EQ(SettingsFilePath(files, program, user), user + "/MR4500X.ini");
   std::filesystem::create_directory(user);

@@ -32,6 +32,8 @@ TEST(PortDevices, UsbAdaptersComeFirstNumbersCountAsNumbersAndSparePortsAreLeftO
       {"rfcomm0", "", -1},    {"ttyUSB10", usb, -1},
       {"ttyS9", builtIn, 4},  {"ttyUSB2", usb, -1},
       {"ttyUSB", usb, -1},    {"cu.usbserial-1410", "", -1},
+      {"rfcommx", "", -1},    {"rfcomm1a10", "", -1},
+      {"rfcomm01a3", "", -1}, {"rfcomm1a2", "", -1},
   };
   std::vector<SerialDevice> devices;
   for (const auto& [name, hardware, uartType] : terminals) {
@@ -42,13 +44,9 @@ TEST(PortDevices, UsbAdaptersComeFirstNumbersCountAsNumbersAndSparePortsAreLeftO
     if (uartType >= 0) std::ofstream(terminal / "type") << uartType << '\n';
     if (const auto device = DescribeDevice(root / "tty", name)) devices.push_back(*device);
   }
-  const std::vector<std::string> expected = {"/dev/cu.usbserial-1410",
-                                             "/dev/ttyUSB",
-                                             "/dev/ttyUSB2",
-                                             "/dev/ttyUSB10",
-                                             "/dev/ttyS9",
-                                             "/dev/ttyS10",
-                                             "/dev/rfcomm0"};
+  const std::vector<std::string> expected = {
+      "/dev/cu.usbserial-1410", "/dev/ttyUSB",    "/dev/ttyUSB2",    "/dev/ttyUSB10",   "/dev/ttyS9",  "/dev/ttyS10",
+      "/dev/rfcomm0",           "/dev/rfcomm1a2", "/dev/rfcomm01a3", "/dev/rfcomm1a10", "/dev/rfcommx"};
   EXPECT_EQ(InPortOrder(devices), expected);
 }
 
