@@ -223,7 +223,7 @@ void KeptCopies::Drop() {
 }
 
 void KeptCopies::PutAside() {
-  if (m_own && PutAside(*m_own)) m_own->at.clear();
+  if (m_own && !m_own->at.empty() && PutAside(*m_own)) m_own->at.clear();
 }
 
 std::vector<std::string> KeptCopies::Numbers() {

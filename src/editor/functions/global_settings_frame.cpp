@@ -68,8 +68,8 @@ EntryBox* GlobalSettingsFrame::AddIdBox(int row, const QString& objectName, Box 
 
 void GlobalSettingsFrame::UseIdBoxes() {
   const int pttId = List(ChoiceList::PttId).currentIndex();
-  UseIdBox(*m_connect, SendsConnectId(pttId));
-  UseIdBox(*m_disconnect, SendsDisconnectId(pttId));
+  UseIdBox(*m_connect, pttId >= 0 && SendsConnectId(pttId));
+  UseIdBox(*m_disconnect, pttId >= 0 && SendsDisconnectId(pttId));
 }
 
 // The choice of "PTT ID" may put the placeholder into the boxes, so they come last.
