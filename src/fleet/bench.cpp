@@ -28,8 +28,7 @@ Bench::Bench(const BenchContext& context, const std::vector<BenchPort>& ports, c
 }
 
 Bench::~Bench() {
-  m_context.state.StopAfterTheseRadios();
-  Wait();
+  m_context.state.StopAfterTheseRadios(); // the threads are joined when they are destroyed
 }
 
 void Bench::Wait() {

@@ -108,6 +108,7 @@ const std::map<std::string, std::function<void(Fleet&)>> RunEvents = {
     {"R-0 has row 2 since 2026", [](Fleet& fleet) { fleet.tables.rows[1] = DoneRow("20260101000000"); }},
     {"R-9 in its place", [](Fleet& fleet) { fleet.cables[0].Exchange("R-9"); }},
     {"another number", [](Fleet& fleet) { fleet.cables[0].Spoil(0x1F0); }},
+    {"another firmware", [](Fleet& fleet) { fleet.cables[0].Spoil(0x3F8); }},
     {"another setting", [](Fleet& fleet) { fleet.cables[0].Spoil(0x10C); }},
     {"another text", [](Fleet& fleet) { fleet.cables[0].Spoil(0x210); }},
     {"a busy port", [](Fleet& fleet) { fleet.cables[0].openFailure = "busy"; }},
@@ -275,7 +276,7 @@ TEST(FleetTest, APortThatCannotBeCreatedAffectsNoOther) {
     return std::make_unique<MemoryJournal>(fleet.tables);
   }).Wait();
   const auto stopped = std::ranges::find(fleet.shown, PortState::Stopped, &PortStatus::state);
-  EXPECT_TRUE(stopped != fleet.shown.end() && stopped->port == 1);
+  EXPECT_TRUE(stopped != fleet.shown.end() && stopped->port == 1 && stopped->text == "no driver");
   EXPECT_NE(fleet.States().find("FINISHED"), std::string::npos);
 }
 

@@ -2,6 +2,7 @@
 #include "attempt_records.h"
 #include "open_radios.h"
 #include "port_machine.h"
+#include "row_queue.h"
 #include "rows.h"
 #include "words.h"
 
@@ -76,7 +77,9 @@ TEST(FleetWords, AreAsInTheFile) {
   for (const std::string& line :
        {LostReason("J"), RenamedReason("J"), ChangedTemplateReason("T"), BusyWithEarlierReason("B"), LineForPending(1),
         LineForPending(2), AtOtherPortReason("COM3"), ChoiceGoneReason(7), ReissuedReason(7), OtherBandReason("", "R"),
-        OtherBandReason("B", "R"), BackupReason("F", "why"), CommandReason(3, "why", 60s), CommandReason({}, "", 60s)})
+        OtherBandReason("B", "R"), BackupReason("F", "why"), CommandReason(3, "why", 60s), CommandReason({}, "", 60s),
+        NoFreeRowReason({1, 2, 0, 3, {4, "", "", RowState::Taken, "B", ""}}), LineForProgress({7, 40, 2, 12}),
+        LinesForOutdated(std::vector(3, JournalRow()), 2).back()})
     lines += line + '\n';
   std::ifstream file(CASES "words.txt");
   EXPECT_EQ(lines, std::string(std::istreambuf_iterator<char>(file), {}));

@@ -37,7 +37,10 @@ TEST(RowQueueTest, TakesChangesFromLists) {
   EXPECT_EQ(queue.BeginList(1), std::nullopt) << "another port makes the first list";
   const JournalRow free{1, "", "", RowState::Free, "", ""}, done{2, "", "", RowState::Done, "A", "R-2"};
   EXPECT_EQ(queue.EndList({{done, free}, 5}), 1U);
+  queue.Hold(1, 1, "COM2");
+  EXPECT_EQ(queue.PortThatHolds(1), "COM2");
   EXPECT_EQ(queue.BeginList(1), 5);
+  EXPECT_EQ(queue.PortThatHolds(1), "");
   EXPECT_EQ(queue.EndList({{{1, "", "", RowState::Taken, "A", "R-1"}, {2, "", "", RowState::Free, "", ""}}, 6}), 0U);
   EXPECT_EQ(queue.NextFor(0, true).row, 2U);
   EXPECT_EQ(queue.EndList({{done}, 7}), 1U);
