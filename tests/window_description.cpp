@@ -87,11 +87,17 @@ private:
                      painter()->combinedTransform().mapRect(place)});
   }
   void AddShape(int points) {
-    const auto colour = [](bool isUsed, const char* word, const QColor& of) { return isUsed ? word + of.name() : ""; };
+    const auto colour = [](bool isUsed, const char* word, const QColor& of) {
+      return isUsed ? word + of.name(of.alpha() < 255 ? QColor::HexArgb : QColor::HexRgb) : "";
+    };
+    QString stops;
+    if (painter()->brush().gradient() != nullptr)
+      for (const auto& [at, stop] : painter()->brush().gradient()->stops())
+        stops += ' ' + stop.name();
     const QPen pen = painter()->pen();
     const QBrush brush = painter()->brush();
     shapes.append(QString::number(points) + " points" + colour(pen.style() != Qt::NoPen, " in ", pen.color()) +
-                  colour(brush.style() != Qt::NoBrush, " filled ", brush.color()));
+                  colour(brush.style() != Qt::NoBrush && stops.isEmpty(), " filled ", brush.color()) + stops);
   }
 
   QWidget& m_widget;
@@ -274,6 +280,12 @@ private:
     constexpr int mostRows = 20;
     const QAbstractItemModel& model = *view.model();
     const bool isList = IsOneOf<QListView>(view);
+    if (const auto* const table = qobject_cast<const QTableView*>(&view)) {
+      const QHeaderView &headings = *table->horizontalHeader(), &labels = *table->verticalHeader();
+      Add(depth, "headings " + KeyOf(headings.defaultAlignment()) + (headings.highlightSections() ? " bold" : "") +
+                     (headings.stretchLastSection() ? " stretched" : "") +
+                     (labels.isHidden() ? "" : ", labels " + KeyOf(labels.defaultAlignment())));
+    }
     const auto named = [](const QString& text, const QString& tip) {
       return Quoted(text) + (tip.isEmpty() || tip == text ? "" : " toolTip=" + Quoted(tip));
     };

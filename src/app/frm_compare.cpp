@@ -168,9 +168,7 @@ FrmCompare::FrmCompare(EditorPanel& panel, FileSystem& files, const ComparedSour
   addActions(panel.actions()); // undo and redo
   m_look.setSingleShot(true);
   m_look.callOnTimeout(this, &FrmCompare::Renew);
-  const auto lookSoon = [this] { m_look.start(0); };
-  connect(&panel, &EditorPanel::Changed, this, lookSoon);
-  connect(&panel, &EditorPanel::Filled, this, lookSoon);
+  connect(&panel, &EditorPanel::Changed, this, [this] { m_look.start(0); });
   QCoreApplication::instance()->installEventFilter(this);
   Renew();
   m_table->setFocus();

@@ -152,7 +152,6 @@ DecodeEnd EditorPanel::Fill() {
   SettleAfterFill(m_image);
   ShowDecoded(decoded);
   m_history->Restart();
-  emit Filled();
   repaint(); // a message box would cover the old view
   ShowKeyConflicts(m_messages, decoded.keyConflicts);
   if (decoded.end == DecodeEnd::DataError)
@@ -163,7 +162,6 @@ DecodeEnd EditorPanel::Fill() {
 void EditorPanel::FillReset(const LocalTime& now) {
   ShowDecoded({NewConfiguration(m_image, m_texts, now)});
   m_history->Restart();
-  emit Filled();
 }
 
 void EditorPanel::ShowDecoded(const Decoded& decoded) {

@@ -63,8 +63,7 @@ public:
   void UpdateWhenShown(QMenu& menu); // greys the commands in it that can't be used when it opens
 
 signals:
-  void Changed();
-  void Filled(); // other data is shown
+  void Changed(); // also when other data is shown
   void CompareAsked();
   void MenuAsked(const QPoint& at);           // screen position, outside the channels and the text boxes
   void StatusMessage(const QString& message); // for the status bar

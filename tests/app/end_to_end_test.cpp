@@ -39,6 +39,7 @@ protected:
     if (dialog == nullptr) return;
     reported.push_back(dialog->windowTitle().toStdString());
     if (qobject_cast<QFileDialog*>(dialog) != nullptr) {
+      EXPECT_EQ(qobject_cast<QFileDialog*>(dialog)->directory().path(), QCoreApplication::applicationDirPath());
       dialog->findChild<QLineEdit*>("fileNameEdit")->setText(file);
       QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
     } else {

@@ -52,50 +52,6 @@ TEST_F(ProgramTest, AFileWithoutAStoredStandardKeepsTheOneThatItNames) {
   }
 }
 
-TEST_F(ProgramTest, SavesWhereTheDataBelongs) {
-  // name, command, chosen in the dialog (none: cancelled), effect, proposed, written file
-  const std::tuple<const char*, const char*, const char*, Lines, std::string, std::string> cases[] = {
-      {"new, cancelled", "mnuFileSave", "", {"dialog Save"}, "", ""},
-      {"new", "mnuFileSave", "a.K4X", {"dialog Save"}, "", "a.K4X"},
-      {"elsewhere, cancelled", "mnuFileSaveAs", "", {"dialog Save As"}, "a.K4X", ""},
-      {"elsewhere", "mnuFileSaveAs", "c.K4X", {"dialog Save As"}, "a.K4X", "c.K4X"},
-      {"once more", "mnuFileSave", "", {}, "a.K4X", "c.K4X"},
-  };
-  constexpr std::size_t firstFlags = 73; // byte 0 of channel 1; the other channels' flags follow
-  std::string title(ProgramTitle);
-  for (std::size_t channel = 1; const auto& [name, command, chosen, effect, proposed, written] : cases) {
-    SCOPED_TRACE(name);
-    window->findChild<QCheckBox*>(QStringLiteral("chkCH(%1)").arg(channel))->click(); // takes it into use
-    EXPECT_EQ(HappenedAt(command, {}, chosen), effect);
-    EXPECT_EQ(desktop.lastQuestion.proposedName, proposed.empty() ? "" : Path(proposed));
-    if (!written.empty()) {
-      title = TitleOf(written);
-      EXPECT_EQ(Content(written).substr(firstFlags + channel, 1), "\x81");
-      std::filesystem::remove(Path(written));
-    }
-    std::set<std::string> names = Names();
-    names.erase("kept");
-    EXPECT_EQ(names, std::set<std::string>{"MR4500X.ini"});
-    EXPECT_EQ(Title(), title);
-    EXPECT_EQ(window->State().ModifiedFlag, written.empty());
-    ++channel;
-  }
-}
-
-TEST_F(ProgramTest, ReportsAFileThatCouldNotBeSaved) {
-  PutDataFile("a.K4X");
-  OpenFile("a.K4X");
-  Edit();
-  files.unwritable = {Path("a.K4X")};
-  EXPECT_EQ(HappenedAt("mnuFileSave"), Lines{"!|Save File Error|File hasn't been saved. Please try again!"});
-  EXPECT_EQ(HappenedAt("mnuFileSaveAs", {}, "nowhere/b.K4X"),
-            (Lines{"dialog Save As", "!|Save File Error|File hasn't been saved. Please redo!"}));
-  EXPECT_EQ(desktop.lastQuestion.folder, Path(""));
-  EXPECT_EQ(Title(), TitleOf("a.K4X"));
-  EXPECT_EQ(Recent(), Lines{" 1 " + Path("a.K4X")});
-  EXPECT_TRUE(window->State().ModifiedFlag);
-}
-
 TEST_F(ProgramTest, OpensFilesAndRemembersThemUntilTheyAreMissing) {
   image.ChannelBlock(0, 1) = 0x21;
   for (const char* name : {"a & b.K4X", "c.K4X"}) {
@@ -144,35 +100,6 @@ TEST_F(ProgramTest, OpensAFileOfTheCommandLineUnderItsPlainPath) {
   }
   EXPECT_EQ(Recent(),
             (Lines{" 1 " + folder + "[*]x[*][*].K4X", " 2 " + folder + "far/a.K4X", " 3 " + folder + "a.K4X"}));
-}
-
-TEST_F(ProgramTest, ListsAreExportedAndImportedByTheMenu) {
-  desktop.paths = {Path("sample.csv"), Path("sample.csv"),      Path("a.csv"),
-                   Path("b.csv"),      Path("no folder/c.csv"), Path("no folder/d.csv")};
-  for (const char* const command : {"mnuFileSample", "mnuFileImport"})
-    Choose(command);
-  EXPECT_EQ(Status(1), "Channels imported: 3");
-  EXPECT_EQ(desktop.lastQuestion.folder, Path(""));
-  EXPECT_EQ(window->Panel().Shown().channels[1][GridColumn::TxTone], "DCS023");
-  desktop.filter = 0;
-  Choose("mnuFileExport");
-  EXPECT_EQ(Content("a.csv").substr(0, 21), "CH No.,Rx Freq (MHz),");
-  EXPECT_EQ(desktop.lastQuestion.proposedName, "radio.csv");
-  desktop.filter = 1;
-  PutDataFile("taxi.K4X");
-  window->OpenArgument(QString::fromStdString(Path("taxi.K4X")));
-  Choose("mnuFileExport");
-  EXPECT_EQ(desktop.lastQuestion.proposedName, "taxi.csv");
-  EXPECT_EQ(Content("b.csv").substr(0, 22), "number,in_use,rx_freq,");
-  EXPECT_EQ(Status(1), "Saved to " + Path("b.csv"));
-  for (const char* const command : {"mnuFileExport", "mnuFileSample"})
-    Choose(command);
-  const std::string failed = " can't be written (No such file or directory).";
-  EXPECT_EQ(
-      Happened(),
-      (Lines{"dialog Save Sample List", "dialog Import Channels", "dialog Export Channels", "dialog Export Channels",
-             "dialog Export Channels", "!|Export Channels|The file " + Path("no folder/c.csv") + failed,
-             "dialog Save Sample List", "!|Save Sample List|The file " + Path("no folder/d.csv") + failed}));
 }
 
 } // namespace

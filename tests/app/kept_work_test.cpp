@@ -205,6 +205,9 @@ TEST_F(KeptWorkTest, KeepsTheEmbeddedInformationThatIsInNoRadioYet) {
   ASSERT_EQ(Kept("2004-").size(), 1U) << "replaced";
   EXPECT_EQ(Kept("session-").size(), 1U) << "the settings are still unsaved";
   EXPECT_NE(Content("kept/" + Kept("2004-").front()).find("-> \"Fleet 7\"\n"), std::string::npos);
+  Choose("mnuEmbedRead");
+  AwaitCopies();
+  EXPECT_EQ(Kept("2004-").size(), 1U) << "nothing was entered that it replaces";
 }
 
 TEST_F(KeptWorkTest, PutsAsideWhatOtherDataReplaces) {

@@ -69,6 +69,7 @@ TEST_F(ProgramTest, ItsStatusBarHasTheTimeAndSomeMessagesForAWhile) {
 TEST_F(ProgramTest, KeysActOnTheFramedCellAfterEveryCommand) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   EXPECT_EQ(window->focusWidget()->objectName(), "gridChannel") << "at the start";
+  EXPECT_EQ(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << "lower than its panel";
   PutDataFile("a.K4X");
   OpenFile("a.K4X");
   radio.openFailure = "gone";

@@ -119,18 +119,6 @@ protected:
     return Happened();
   }
 
-  // What is delivered differs if the program that it comes from has ended.
-  void Drop(const QMimeData& data, const QMimeData* delivered = nullptr) {
-    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
-    const QPoint onABox = window->findChild<QWidget*>("txtFreqBandL")->mapTo(window.get(), QPoint(3, 3));
-    QDragEnterEvent enter(onABox, offered, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window->windowHandle(), &enter);
-    QDropEvent drop(onABox, offered, delivered != nullptr ? delivered : &data, Qt::LeftButton, Qt::ShiftModifier);
-    if (enter.isAccepted()) QCoreApplication::sendEvent(window->windowHandle(), &drop);
-    EXPECT_TRUE(!drop.isAccepted() || drop.dropAction() == Qt::CopyAction);
-    QCoreApplication::processEvents();
-  }
-
   void PutDataFile(const std::string& name) { EXPECT_TRUE(SaveDataFile(files, Path(name), image)); }
   // The image of files, with channel 5 in use.
   void PutInRadio() {

@@ -37,29 +37,41 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
         line.prepend("clipboard: ");
       for (const std::string& line : desktop.happened)
         lines.append("happened: " + QString::fromStdString(line));
+      if (const auto& [title, filter, folder, name, extension, chosen] = desktop.lastQuestion; !title.empty())
+        lines.append(QString::fromStdString("asked in " + folder + " for " + name + " of " + filter));
       return lines;
     };
-    states.replaced = {{QRegularExpression(QRegularExpression::escape(QString::fromStdString(Path("")))), "FOLDER/"},
-                       {QRegularExpression("\"Version [0-9][^\"]*"), "\"VERSION"},
-                       {QRegularExpression("Qt [0-9.]+"), "Qt VERSION"},
-                       {QRegularExpression("installed in[^\"]*"), "installed in FOLDER"},
-                       {QRegularExpression("\"\\d\\d:\\d\\d\""), "\"TIME\""}};
+    states.replaced = {
+        {QRegularExpression(QRegularExpression::escape(QString::fromStdString(Path(""))) + '?'), "FOLDER/"},
+        {QRegularExpression("\"Version [0-9][^\"]*"), "\"VERSION"},
+        {QRegularExpression("Qt [0-9.]+"), "Qt VERSION"},
+        {QRegularExpression("installed in[^\"]*"), "installed in FOLDER"},
+        {QRegularExpression("\"\\d\\d:\\d\\d\""), "\"TIME\""}};
     const auto word = [this](const char* name, auto act) {
       states.words[name] = [act](const QString& rest) { return act(rest.toStdString()), true; };
     };
     word("start", [this](const auto&) { Start(); });
-    word("splash", [this](const auto&) { window.reset(), splash.emplace().ShowPainted(); });
+    word("splash", [this](const auto&) {
+      window.reset(), splash.emplace().ShowPainted();
+      EXPECT_EQ(splash->geometry().center(), splash->screen()->availableGeometry().center());
+    });
     word("tip", [this](const std::string& name) {
       QHelpEvent tip(QEvent::ToolTip, {}, {});
       QCoreApplication::sendEvent(states.Find<QWidget>(QString::fromStdString(name)), &tip);
     });
     word("file", [this](const std::string& name) { desktop.paths.emplace_back(Path(name)); });
     word("put", [this](const std::string& name) {
-      Put(name, name == "large.csv" ? "number\n" + std::string(std::size_t{1} << 20, '\n') : "LR7200");
+      Put(name,
+          name == "a_list_that_is_too_large.csv" ? "number\n" + std::string(std::size_t{1} << 20, '\n') : "LR7200");
     });
     word("kept", [this](const auto&) {
       std::filesystem::create_directory(Path("kept"));
       Put("kept/2004-11-03_09-05-07_0.K4X", "");
+    });
+    word("unwritable", [this](const std::string& name) { files.unwritable = {Path(name)}; });
+    word("filter", [this](const std::string& number) { desktop.filter = std::stoul(number); });
+    word("content", [this](const std::string& name) {
+      desktop.happened.push_back(name + " begins " + Content(name).substr(0, 60));
     });
     word("crash", [this](const auto&) {
       window->KeepForSession();
@@ -82,7 +94,16 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
       else
         data.setUrls(urls);
       if (urls.size() == 2 && data.hasUrls()) data.setData("text/csv", "no list"); // what file managers add to them
-      Drop(data, what == "gone.K4X" ? &gone : nullptr);
+      const Qt::DropActions offered = what == "moved.K4X" ? Qt::MoveAction : Qt::CopyAction | Qt::MoveAction;
+      const QPoint onABox = window->findChild<QWidget*>("txtFreqBandL")->mapTo(window.get(), QPoint(3, 3));
+      QDragEnterEvent enter(onABox, offered, &data, Qt::LeftButton, {});
+      QCoreApplication::sendEvent(window->windowHandle(), &enter);
+      QDropEvent drop(onABox, offered, what == "gone.K4X" ? &gone : &data, Qt::LeftButton, Qt::ShiftModifier);
+      if (enter.isAccepted()) QCoreApplication::sendEvent(window->windowHandle(), &drop);
+      desktop.happened.emplace_back(!enter.isAccepted()                                       ? "drag refused"
+                                    : !drop.isAccepted()                                      ? "drop refused"
+                                    : enter.dropAction() & drop.dropAction() & Qt::CopyAction ? "copied"
+                                                                                              : "moved");
     });
     word("silent", [this](const auto&) { radio.openFailure = "gone"; });
     word("ports", [this](const std::string& numbers) {
@@ -129,9 +150,8 @@ struct ProgramStates : ProgramTest, testing::WithParamInterface<std::string> {
          [this](const std::string& turns) { TurnWheel(*states.Find<QComboBox>("cboTuneSwitch"), std::stoi(turns)); });
     word("models", [this](const auto&) {
       const auto fatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
-      for (const auto* const table :
-           {states.Find<QTableView>("tblDifferences"), states.Find<QTableView>("gridChannel")}) {
-        const QAbstractItemModelTester tester(table->model(), fatal);
+      for (auto* const table : {states.Find<QTableView>("tblDifferences"), states.Find<QTableView>("gridChannel")}) {
+        new QAbstractItemModelTester(table->model(), fatal, table); // also of what follows
         EXPECT_FALSE(table->model()->data({}, Qt::DisplayRole).isValid());
       }
     });
@@ -155,6 +175,8 @@ constexpr char Table[] = STATES "window_states.txt";
 
 TEST_P(ProgramStates, AreAsDescribed) {
   states.Check(Table, STATES "window_states/", GetParam());
+  if (window == nullptr) return;
+  EXPECT_TRUE(std::ranges::all_of(window->findChildren<QDialog*>(), &QWidget::isVisible)) << "a closed one is left";
 }
 INSTANTIATE_TEST_SUITE_P(, ProgramStates, testing::ValuesIn(WindowStates::NamesIn(Table)),
                          [](const auto& state) { return state.param; });
