@@ -23,13 +23,12 @@ bool IsNumber(std::string_view text) {
 std::optional<PortAddress> ParsePortAddress(const std::string& text) {
   std::string_view digits = text;
   const bool isCom = text.starts_with("COM") || text.starts_with("com");
-  if (isCom && IsNumber(digits.substr(3))) digits.remove_prefix(3);
+  if (isCom) digits.remove_prefix(3);
   if (text.empty()) return std::nullopt;
   if (!IsNumber(digits)) return PortAddress{0, DeviceNamed(text)};
   int number = 0;
-  const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (digits.size() <= MostDigits && parsed.ec == std::errc() && number >= 1 && number <= PortCount)
-    return PortAddress{number, {}};
+  std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (digits.size() <= MostDigits && number >= 1 && number <= PortCount) return PortAddress{number, {}};
   if (isCom && DeviceExists(text)) return PortAddress{0, text}; // the system's own name
   return std::nullopt;
 }

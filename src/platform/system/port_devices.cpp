@@ -28,7 +28,7 @@ PortDevice PinnedDevice(PortDevice device) {
 
 PortDevice DeviceOfPort(int n, std::span<const std::string> pins, const std::vector<std::string>& devices) {
   const auto index = static_cast<std::size_t>(n) - 1;
-  if (n < 1 || index >= pins.size()) return {};
+  if (index >= pins.size()) return {}; // also below 1
   if (!pins[index].empty()) return PinnedDevice({pins[index]});
   return {index < devices.size() ? devices[index] : std::string()};
 }

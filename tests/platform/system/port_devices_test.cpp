@@ -55,7 +55,8 @@ TEST(PortAddressTest, IsANumberOrAPath) {
     EXPECT_FALSE(ParsePortAddress(bad)) << bad;
   EXPECT_EQ(DisplayName(*ParsePortAddress("16")), "COM16");
   EXPECT_EQ(DisplayName(*ParsePortAddress("com3")), "COM3");
-  EXPECT_EQ(DisplayName(*ParsePortAddress("/dev/ttyUSB0")), "/dev/ttyUSB0");
+  for (const char* const device : {"/dev/ttyUSB0", "COM", "COMx"})
+    EXPECT_EQ(DisplayName(*ParsePortAddress(device)), device);
 }
 
 } // namespace

@@ -144,6 +144,18 @@ TEST_F(SerialPortTest, EveryOperationFailsOnceTheOtherEndIsGone) {
   EXPECT_FALSE(m_port->IsOpen());
 }
 
+TEST_F(SerialPortTest, IsReadyAgainWithoutOldBytesWhenItsDeviceIsBack) {
+  const auto port = MakeSerialPort([&](int) { return PortDevice{m_device}; });
+  ASSERT_EQ(port->Open(Line), std::nullopt);
+  EXPECT_TRUE(port->Write(Bytes(1'000'000)));
+  HangUp();
+  EXPECT_FALSE(port->BytesToTransmit());
+  close(m_slave);
+  SetUp();
+  ASSERT_EQ(port->Open(Line), std::nullopt);
+  EXPECT_EQ(port->BytesToTransmit(), 0U);
+}
+
 TEST_F(SerialPortTest, SetsUpTheLineAsRequestedAndDrainsIt) {
   m_port->AwaitSent();
   EXPECT_EQ(drained, 0) << "before it was opened";
