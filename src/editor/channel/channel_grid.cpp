@@ -225,7 +225,6 @@ void ChannelGrid::SelectTo(int row) {
 }
 
 void ChannelGrid::RowClicked(int row, Qt::MouseButton button, Qt::KeyboardModifiers keys) {
-  setFocus(Qt::MouseFocusReason);
   std::set<int> rows = SelectedRows();
   if (button == Qt::RightButton && rows.contains(row)) return;
   if (button == Qt::LeftButton && keys.testFlag(Qt::ShiftModifier)) return SelectTo(row);
