@@ -28,7 +28,8 @@ Bench::Bench(const BenchContext& context, const std::vector<BenchPort>& ports, c
 }
 
 Bench::~Bench() {
-  m_context.state.StopAfterTheseRadios(); // the threads are joined when they are destroyed
+  m_context.state.StopAfterTheseRadios();
+  Wait();
 }
 
 void Bench::Wait() {

@@ -19,6 +19,7 @@ void Show(PortMachine& port, PortState state, const std::string& text = {}, int 
 }
 
 void ForgetRadio(PortMachine& port) {
+  port.radio.reset();
   port.waitsForRow = false;
   port.badIdentities = port.silentTries = 0;
   port.status.row = 0;
@@ -85,8 +86,8 @@ PortAction On(PortMachine& port, const JournalPolled& event, const BenchView& be
   if (event.error && isIdle) return LoseJournal(port, *event.error);
   const bool isBack = port.phase == PortPhase::JournalLost;
   if (isBack && port.status.idNumber.empty()) Search(port);
-  if (isBack) port.phase = PortPhase::Searching; // but a full disk may still refuse the radio's row
-  if (port.waitsForRow) port.radio.reset();      // a row may be free now
+  if (isBack) port.phase = PortPhase::Searching;      // but a full disk may still refuse the radio's row
+  if (isBack || port.waitsForRow) port.radio.reset(); // a row may be free now
   return bench.hasSlot ? PortAction::Identify : PortAction::Wait;
 }
 

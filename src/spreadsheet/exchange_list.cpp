@@ -106,7 +106,7 @@ private:
       Refuse("DtcsPolarity", "NN, NR, RN or RR");
     std::string code = Cell(column);
     if (code.size() < 3) code.insert(0, 3 - code.size(), '0'); // a spreadsheet drops the zeros
-    return (polarity[side] == 'R' ? "-DCS" : "DCS") + code;
+    return (polarity.size() == 2 && polarity[side] == 'R' ? "-DCS" : "DCS") + code;
   }
 
   void ReadTones() {

@@ -91,7 +91,7 @@ EarlierRows AskAboutEarlier(const PlanStart& start, Terminal& terminal) {
   const std::string answer = Lower(std::string(Trimmed(line, " \t\r")));
   const auto is = [&](std::string_view word) { return !answer.empty() && word.starts_with(answer); };
   if (is(isLost ? "yes" : "start over")) return EarlierRows::StartOver;
-  return is("carry over") ? EarlierRows::CarryOver : EarlierRows::Ask;
+  return !isLost && is("carry over") ? EarlierRows::CarryOver : EarlierRows::Ask;
 }
 
 // Whether backups and traces can be stored. Otherwise prints a message.

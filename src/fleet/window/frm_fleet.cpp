@@ -403,7 +403,7 @@ bool FrmFleet::MayLogOut() {
 }
 
 bool FrmFleet::IsAtWork() const {
-  return std::ranges::any_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); });
+  return m_session && std::ranges::any_of(m_cards, [](const PortCard* card) { return IsUnderway(card->State()); });
 }
 
 void FrmFleet::CloseAfterTheseRadios() {

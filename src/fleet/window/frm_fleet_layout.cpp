@@ -62,7 +62,7 @@ void FrmFleet::BuildPartKeys() {
     QWidget* next = parts[at == count ? 0 : (at + step + count) % count];
     if (next == m_cardArea) next = m_cards.front();
     const auto takesFocus = [](const QWidget* widget) {
-      return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible();
+      return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled();
     };
     for (const QWidget* const part = next; !takesFocus(next) && next->nextInFocusChain() != part;)
       next = next->nextInFocusChain();
