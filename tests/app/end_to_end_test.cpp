@@ -125,7 +125,7 @@ TEST_F(EndToEndTest, PractisesWithARadioOfItsOwn) {
   EXPECT_EQ(status(1) + '|' + status(2), "Practising with a simulated radio on COM15|COM 15");
   DoTransfer(Qt::Key_F3, TitleOf(RadioOrigin{Transfer::ReadInfo}));
   EXPECT_EQ(reported, Lines{"Read Information Completely"});
-  EXPECT_EQ(window->State().PortToKeep(), 1);
+  EXPECT_EQ(std::pair(window->State().CommPortNumber, window->State().PortToKeep()), std::pair(15, 1));
   item.trigger();
   EXPECT_FALSE(item.isChecked());
   EXPECT_EQ(status(1) + '|' + status(2), std::string(ProgramTitle) + "|COM 1");

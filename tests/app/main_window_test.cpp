@@ -32,6 +32,8 @@ TEST_F(ProgramTest, RunsTheCommandThatTheManualNamesForEachKey) {
     QTest::keySequence(window.get(), QKeySequence(command.captured(2)));
     EXPECT_EQ(ran, command.captured(1).toStdString()) << command.captured(2).toStdString();
   }
+  Choose("mnuHelpWhatsThis");
+  EXPECT_TRUE(QWhatsThis::inWhatsThisMode());
   QWhatsThis::leaveWhatsThisMode();
   EXPECT_EQ(actions, 0) << "keys that the manual does not name";
 }

@@ -1,6 +1,9 @@
 // The transfers and Port, through the main window, with a radio on COM3.
+#include "end_signals.h"
 #include "messages.h"
 #include "program_fixture.h"
+
+#include <csignal>
 
 namespace mr4500x {
 namespace {
@@ -135,6 +138,26 @@ TEST_F(TransferTest, BacksUpAndVerifiesAWriteOnlyIfTheUserWantsIt) {
   radio.frames.clear();
   EXPECT_EQ(HappenedAt("mnuProgramWrite").size(), 1U) << "the backup was interrupted";
   EXPECT_LT(radio.frames.size(), 13U) << "and nothing was written";
+}
+
+TEST_F(TransferTest, StartsNoFurtherTransferAfterASignal) {
+  for (const char* const item : {"mnuProgramVerify", "mnuProgramBackUp"})
+    Choose(item);
+  const auto sessions = [&] {
+    return std::ranges::count_if(radio.frames, [](auto& frame) { return frame[0] != 0x57; });
+  };
+  for (const int step : {1, 2, 3}) { // the backup, the write and the verification
+    SCOPED_TRACE(step);
+    int reported = 0;
+    const EndSignalsHeard heard([&](int /*signal*/) { ++reported; }, NextSignal::IsReported);
+    radio.frames.clear();
+    radio.spoil = [&, isRaised = false](std::size_t /*frame*/, LineBytes& /*reply*/) mutable {
+      if (sessions() == step && !std::exchange(isRaised, true)) std::raise(SIGTERM);
+    };
+    EXPECT_EQ(HappenedAt("mnuProgramWrite").size(), step == 1 ? 0U : 1U) << "not only that it is written";
+    EXPECT_EQ(sessions(), step);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reported == 1; }));
+  }
 }
 
 } // namespace

@@ -29,6 +29,7 @@ TEST_F(WindowCommandsTest, PrintTakesWhatTheWindowShowsCollectedOrNot) {
   Print({"chkPrintOutput(0)", "chkPrintOutput(2)", "cmdOK"});
   EXPECT_EQ(desktop.lastQuestion.proposedName, "Taxi 446.1.pdf");
   EXPECT_EQ(Status(1), "Printed to " + Path("out.pdf"));
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   EXPECT_EQ(std::system(("pdftotext -layout " + Path("out.pdf")).c_str()), 0);
   const QString text = QString::fromStdString(Content("out.txt")).remove(' ');
   for (const char* const expected : {"SquelchLevel:3", "440.00000", "NoEmbeddedInformation.", "4Nov200409:05:07"})

@@ -175,6 +175,7 @@ constexpr char Table[] = STATES "window_states.txt";
 
 TEST_P(ProgramStates, AreAsDescribed) {
   states.Check(Table, STATES "window_states/", GetParam());
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   if (window == nullptr) return;
   EXPECT_TRUE(std::ranges::all_of(window->findChildren<QDialog*>(), &QWidget::isVisible)) << "a closed one is left";
 }
