@@ -50,7 +50,7 @@ protected:
     if (!scene.before) return;
     Put("file", *scene.before);
     chmod(Path("file").c_str(), 0640);
-    static_cast<void>(!chown(Path("file").c_str(), -1, 4711)); // if the user may
+    static_cast<void>(!chown(Path("file").c_str(), static_cast<uid_t>(-1), 4711)); // if the user may
   }
   std::optional<std::string> File() {
     return std::filesystem::exists(Path("file")) ? std::optional(Content("file")) : std::nullopt;
