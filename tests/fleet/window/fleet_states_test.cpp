@@ -28,7 +28,7 @@ struct FleetRun : FleetFixture {
         {QRegularExpression("\\d?\\d:\\d\\d(:\\d\\d)?(?= |\")"), "TIME"},
         {QRegularExpression("\\d{4}-\\d\\d-\\d\\d"), "DATE"},
         {QRegularExpression("[^ \"]+-\\d+-[0-9a-f]{1,4}\\b"), "BENCH"},
-        {QRegularExpression("(?<=LR-1_)\\d+_\\d+|(?<=SHA-256 )[0-9a-f]+|(?<=DATE  )\\S+ +"), "VALUE"},
+        {QRegularExpression("(?<=LR-1_)\\d+_\\d+|(?<=SHA-256 )[0-9a-f]{64}|(?<=DATE  )\\S+ +"), "VALUE"},
         {QRegularExpression(" +\\d+\\.\\d +(?=\")"), " VALUE"}, // a mean time, which fills its column on a slow machine
         {QRegularExpression("\\(\\d,\\d\\) (?=Frame)"), ""}};   // as many cards side by side as fit
     const auto word = [this](const char* name, auto act) {

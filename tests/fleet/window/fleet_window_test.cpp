@@ -283,6 +283,8 @@ TEST_F(FleetWindowTest, TheJournalIsSummedUp) {
                        day + "10 0 1 0 0.0\n");
   const std::string partly = "May be only partly programmed: radio LR-1";
   EXPECT_EQ(LinesForRadio(attempts, "LR-1 ").back(), partly);
+  more.push_back(attempt(Dismissed, "2026-11-05 00:00:00Z", "2026-11-05 00:00:00Z", ""));
+  EXPECT_EQ(LinesForOpen(more), std::vector{partly}) << "a person has dismissed it, which does not complete it";
   QPrinter printer;
   printer.setOutputFileName(QString::fromStdString(Path("a.pdf")));
   // A row of an earlier list, which has changed since, and one that another list of the template has, too.
