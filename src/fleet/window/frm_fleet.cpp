@@ -372,7 +372,7 @@ void FrmFleet::RefreshRows() {
 void FrmFleet::ShowCounts() {
   const int done = m_rows.Count(RowState::Done), taken = m_rows.Count(RowState::Taken), left = m_rows.rowCount() - done;
   QString text = tr("%1 of %2 rows done, %3 taken, %4 free").arg(done).arg(done + left).arg(taken).arg(left - taken);
-  if (m_plan && m_plan->plan.isEndless) text = tr("%1 radios done").arg(done);
+  if (m_plan && m_plan->plan.isEndless) text = tr("Radios done: %1").arg(done);
   if (!m_changes.isEmpty()) text += tr("; the list has changed: %1").arg(m_changes);
   if (m_plan && !m_plan->problems.empty()) text = tr("Problems in the template and the rows");
   if (!m_journalError.isEmpty()) text = tr("The journal: %1").arg(m_journalError);
