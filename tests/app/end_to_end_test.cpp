@@ -140,12 +140,12 @@ TEST_F(EndToEndTest, TheDemonstrationEndsWithAWrittenRadio) {
   for (int tries = 0; tries < 3 && end != 0; ++tries) // a radio may answer late on a busy machine
     end = std::system(("cd " + Path("") + " && ./demo pictures >said").c_str());
   EXPECT_EQ(end, 0);
-  // What it prints, the pictures that it takes, and which of them are the same.
-  EXPECT_EQ(
-      std::system(("cd " + Path("pictures") + " && { sed \"s:$PWD:FOLDER:\" ../said; ls; sha1sum *.png | sort | " +
-                   "uniq -D -w 40; } | diff " DATA "demo.txt -")
-                      .c_str()),
-      0);
+  // What it prints, the pictures that it takes, and that all but the one of the saved data are different.
+  EXPECT_EQ(std::system(("cd " + Path("pictures") +
+                         " && { sed \"s:$PWD:FOLDER:\" ../said; ls; sha1sum [!0]*.png 0[!8]*.png | sort | " +
+                         "uniq -D -w 40; } | diff " DATA "demo.txt -")
+                            .c_str()),
+            0);
   EXPECT_LT(QImage(QString::fromStdString(Path("pictures/02-progress.png"))).height(), 200) << "of another window";
 }
 
